@@ -1,0 +1,25 @@
+option(WARDLOCK_TESTS "Build the tests" ON)
+option(WARDLOCK_BENCHMARKS "Build the benchmarks" OFF)
+option(WARDLOCK_FUZZERS "Build the fuzz targets (clang only)" OFF)
+option(WARDLOCK_WINDOW "Build the window (needs Qt 6)" ON)
+set(WARDLOCK_SANITIZE "" CACHE STRING "Sanitizers to build with: a list for -fsanitize=")
+set(WARDLOCK_REPOSITORY_HOST "repo.tavix.example" CACHE STRING "Host of the package listing")
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+# Everything built lies in one folder, so that a program started from the build tree finds its libraries and modules
+# where an installed one would.
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
+
+add_compile_options(-Wall -Wextra -Wpedantic -Werror)
+if(WARDLOCK_SANITIZE)
+  add_compile_options(-fsanitize=${WARDLOCK_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  add_link_options(-fsanitize=${WARDLOCK_SANITIZE})
+endif()

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "platform/foundation/Export.h"
+#include "platform/foundation/Object.h"
+
+#include <memory>
+#include <span>
+#include <string_view>
+
+namespace platform {
+
+/// A class that can be named at run time. Instances have static storage duration in the module that defines the class.
+class WARDLOCK_API Class {
+public:
+    using Factory = std::shared_ptr<Object> (*)();
+    using Meta = Object& (*)();
+
+    /// `create` makes an instance (`alloc`/`init`), null where the class offers none; `meta` answers the object that
+    /// carries the class methods, null where there are none.
+    constexpr Class(std::string_view name, Factory create, Meta meta = nullptr)
+        : name_(name), create_(create), meta_(meta) {}
+
+    constexpr std::string_view name() const { return name_; }
+    /// A new instance, or null where the class makes none.
+    std::shared_ptr<Object> create() const { return create_ ? create_() : nullptr; }
+    /// The class methods as the protocol asked for; null where the class has none of that kind.
+    template <class Protocol>
+    Protocol* classMethods() const {
+        return meta_ ? dynamic_cast<Protocol*>(&meta_()) : nullptr;
+    }
+
+private:
+    std::string_view name_;
+    Factory create_;
+    Meta meta_;
+};
+
+/// Makes a default-constructible `T` for Class.
+template <class T>
+std::shared_ptr<Object> makeInstance() {
+    return std::make_shared<T>();
+}
+
+/// What a module hands over when it is loaded: the classes it offers by name. A module defines
+///     extern "C" WARDLOCK_API platform::ClassTable wardlock_classes();
+using ClassTable = std::span<const Class* const>;
+inline constexpr const char* classTableEntry = "wardlock_classes";
+
+/// The class registered under the name, or null. Classes of later tables hide those of earlier ones.
+WARDLOCK_API const Class* objc_getClass(std::string_view name);
+
+/// Registers and withdraws a table; used by dlopen/dlclose and by a program for its own classes.
+WARDLOCK_API void registerClasses(ClassTable table);
+WARDLOCK_API void withdrawClasses(ClassTable table);
+
+}  // namespace platform

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "platform/foundation/Export.h"
+#include "platform/foundation/Value.h"
+
+#include <concepts>
+#include <cstdint>
+#include <initializer_list>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+
+namespace platform {
+
+/// One argument of a format: a number, a text, or an object ("%@"); an absent object prints as "(null)".
+class WARDLOCK_API FormatArgument {
+public:
+    template <std::integral T>
+    FormatArgument(T number) {
+        if constexpr (std::unsigned_integral<T>)
+            argument_ = static_cast<std::uint64_t>(number);
+        else
+            argument_ = static_cast<std::int64_t>(number);
+    }
+    FormatArgument(double number) : argument_(number) {}
+    FormatArgument(std::string_view text) : argument_(text) {}
+    FormatArgument(const std::string& text) : argument_(std::string_view(text)) {}
+    FormatArgument(const char* text) { if (text) argument_ = std::string_view(text); }
+    FormatArgument(const Value* object) { if (object) argument_ = object; }
+    FormatArgument(const Value& object) : argument_(&object) {}
+    FormatArgument(const Array& object) : argument_(Value(object)) {}
+    FormatArgument(const Dictionary& object) : argument_(Value(object)) {}
+    FormatArgument(const std::optional<Dictionary>& object) { if (object) argument_ = Value(*object); }
+    FormatArgument(std::nullptr_t) {}
+
+    using Argument =
+        std::variant<std::monostate, std::int64_t, std::uint64_t, double, std::string_view, const Value*, Value>;
+    const Argument& argument() const { return argument_; }
+
+private:
+    Argument argument_;
+};
+
+/// Formats as the platform's strings do: "%@" an object's description, and the printf conversions
+/// d i u o x X c s f F e E g G a A p % with flags, width, precision, length modifiers (accepted, without effect:
+/// arguments know their size) and positions ("%2$@"). Independent of the process's locale. A conversion without an
+/// argument, or one that does not fit its argument, prints the argument as "%@" would ("(null)" for none); widths and
+/// precisions are bounded.
+WARDLOCK_API std::string formatString(std::string_view format, std::initializer_list<FormatArgument> arguments);
+
+template <class... Args>
+std::string stringWithFormat(std::string_view format, const Args&... arguments) {
+    return formatString(format, {FormatArgument(arguments)...});
+}
+
+/// The platform's description form of a value: a string bare at the top, quoted inside a collection where it needs it;
+/// collections in parentheses and braces, one element a line.
+WARDLOCK_API std::string description(const Value& value);
+
+}  // namespace platform

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/foundation/Class.h"
+#include "platform/foundation/Export.h"
+#include "platform/foundation/Value.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <typeinfo>
+
+namespace platform {
+
+/// A folder that carries a module and its resources beside an Info.plist.
+class WARDLOCK_API NSBundle {
+public:
+    /// The bundle in the folder at a device path; null when there is no Info.plist there that is a dictionary.
+    static std::shared_ptr<NSBundle> bundleWithPath(std::string_view devicePath);
+    /// The bundle whose module defines the class of the object or the class named; the folder of the program or library
+    /// where that is no bundle. Never null.
+    static std::shared_ptr<NSBundle> bundleForObject(const Object& object);
+    static std::shared_ptr<NSBundle> bundleForClass(const std::type_info& type);
+
+    /// The folder, a path of this machine.
+    const std::string& bundlePath() const { return path_; }
+    const Dictionary& infoDictionary() const { return info_; }
+    /// "CFBundleIdentifier"; empty when absent.
+    std::string bundleIdentifier() const;
+    /// A path of this machine for the resource "name.type" of the bundle, or none where there is no such file.
+    std::optional<std::string> pathForResource(std::string_view name, std::string_view type) const;
+
+    /// Opens the module ("CFBundleExecutable") and answers the class named by "NSPrincipalClass"; null when either
+    /// fails, with the reason in `reason`. A loaded bundle is never unloaded.
+    const Class* principalClass(std::string& reason);
+
+private:
+    NSBundle(std::string path, Dictionary info);
+
+    std::string path_;
+    Dictionary info_;
+};
+
+}  // namespace platform

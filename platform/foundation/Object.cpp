@@ -1,0 +1,7 @@
+#include "platform/foundation/Object.h"
+
+namespace platform {
+
+Object::~Object() = default;
+
+}  // namespace platform

@@ -1,0 +1,4 @@
+#pragma once
+
+#include "platform/foundation/Array.h"
+#include "platform/foundation/Dictionary.h"

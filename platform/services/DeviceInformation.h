@@ -1,0 +1,37 @@
+#pragma once
+
+#include "platform/foundation/Export.h"
+#include "platform/foundation/Geometry.h"
+
+#include <string>
+
+namespace platform {
+
+inline constexpr long UIUserInterfaceIdiomPhone = 0;
+inline constexpr long UIUserInterfaceIdiomPad = 1;
+inline constexpr long UIInterfaceOrientationUnknown = 0;
+inline constexpr long UIInterfaceOrientationPortrait = 1;
+inline constexpr long UIInterfaceOrientationPortraitUpsideDown = 2;
+inline constexpr long UIInterfaceOrientationLandscapeLeft = 3;
+inline constexpr long UIInterfaceOrientationLandscapeRight = 4;
+
+/// What the device says of itself. Main thread only; each call asks anew.
+class WARDLOCK_API DeviceInformation {
+public:
+    virtual ~DeviceInformation();
+
+    virtual long userInterfaceIdiom() = 0;
+    /// The main screen's bounds in points.
+    virtual CGRect screenBounds() = 0;
+    virtual long statusBarOrientation() = 0;
+    /// The version of the operating system, "12" or "12.5".
+    virtual std::string systemVersion() = 0;
+    /// The machine field of uname: the hardware model code.
+    virtual std::string machine() = 0;
+
+    static DeviceInformation& current();
+    /// Null brings the machine's own back. Does not take ownership.
+    static void setCurrent(DeviceInformation* information);
+};
+
+}  // namespace platform
