@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/foundation/Object.h"
+#include "platform/foundation/Value.h"
+#include "platform/ui/UIImage.h"
+
+#include <memory>
+#include <string_view>
+
+namespace platform {
+
+/// The device path of the module that offers the class "ALApplicationList".
+inline constexpr const char* appListLibraryPath = "/Library/MobileSubstrate/DynamicLibraries/AppList.dylib";
+
+/// The installed applications.
+class WARDLOCK_API ALApplicationList : public Object {
+public:
+    ~ALApplicationList() override;
+
+    /// Display identifier to display name (a string), every installed application.
+    virtual Dictionary applications() = 0;
+    /// A square icon of `size` points; null when the application is not installed or has none.
+    virtual std::shared_ptr<UIImage> iconOfSize(int size, std::string_view displayIdentifier) = 0;
+};
+
+/// The class methods of "ALApplicationList".
+class WARDLOCK_API ALApplicationListClass : public Object {
+public:
+    ~ALApplicationListClass() override;
+    virtual ALApplicationList& sharedApplicationList() = 0;
+};
+
+} // namespace platform

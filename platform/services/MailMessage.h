@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace platform {
+
+struct MailAttachment {
+    std::string data;
+    std::string mimeType;
+    std::string fileName;
+};
+
+/// A mail as the composer holds it; texts are UTF-8.
+struct MailMessage {
+    std::vector<std::string> recipients;
+    std::string subject;
+    std::string body;
+    bool isHTML = false;
+    std::vector<MailAttachment> attachments;
+};
+
+} // namespace platform

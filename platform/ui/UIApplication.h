@@ -1,0 +1,43 @@
+#pragma once
+
+#include "platform/foundation/Object.h"
+#include "platform/ui/UIWindow.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace platform {
+
+/// Posted to the default centre when the whole application loses the focus, is minimised or suspended.
+inline constexpr const char* UIApplicationWillResignActiveNotification =
+    "UIApplicationWillResignActiveNotification";
+
+/// The host application as pages see it. Main thread only.
+class WARDLOCK_API UIApplication : public Object {
+public:
+    static UIApplication& sharedApplication();
+    ~UIApplication() override;
+
+    /// Null while the host shows no window.
+    const std::shared_ptr<UIWindow>& keyWindow() const { return keyWindow_; }
+    void setKeyWindow(std::shared_ptr<UIWindow> window);
+
+    /// Whether a handler for the URL's scheme was there and took it.
+    bool openURL(std::string_view url);
+    using URLOpener = std::function<bool(std::string_view url)>;
+    /// How openURL opens; empty: it opens nothing.
+    void setURLOpener(URLOpener opener);
+
+    /// Posts UIApplicationWillResignActiveNotification.
+    void resignActive();
+
+private:
+    UIApplication() = default;
+
+    std::shared_ptr<UIWindow> keyWindow_;
+    URLOpener opener_;
+};
+
+} // namespace platform

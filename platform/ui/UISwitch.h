@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/ui/UIControl.h"
+
+namespace platform {
+
+class WARDLOCK_API UISwitch : public UIControl {
+public:
+    using UIControl::UIControl;
+    ~UISwitch() override;
+
+    bool isOn() const { return on_; }
+    /// Sends no event.
+    void setOn(bool on, bool animated);
+    /// What a tap does: the other state, then the value-changed event.
+    void toggle();
+
+private:
+    bool on_ = false;
+};
+
+} // namespace platform

@@ -1,0 +1,85 @@
+#pragma once
+
+#include "platform/foundation/Geometry.h"
+#include "platform/foundation/Object.h"
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace platform {
+
+enum UIViewAutoresizing : unsigned {
+    UIViewAutoresizingNone = 0,
+    UIViewAutoresizingFlexibleWidth = 2,
+    UIViewAutoresizingFlexibleTopMargin = 8,
+    UIViewAutoresizingFlexibleHeight = 16,
+};
+
+/// A rectangle in a tree of rectangles, without drawing: a superview owns its subviews, a subview knows its
+/// superview weakly. Changes are told to the DisplayObserver. Main thread only.
+class WARDLOCK_API UIView : public Object {
+public:
+    UIView() = default;
+    explicit UIView(const CGRect& frame) : frame_(frame) {}
+    ~UIView() override;
+
+    const CGRect& frame() const { return frame_; }
+    void setFrame(const CGRect& frame);
+    /// The frame's size at origin (0, 0).
+    CGRect bounds() const { return {{}, frame_.size}; }
+    CGPoint center() const;
+    /// Moves the frame so that its middle lies at the point.
+    void setCenter(CGPoint center);
+
+    double alpha() const { return alpha_; }
+    /// Inside the block of animateWithDuration the change is shown over the animation's time; alpha() answers
+    /// the new value at once, presentationAlpha() what is to be seen now.
+    void setAlpha(double alpha);
+    double presentationAlpha() const;
+
+    bool isHidden() const { return hidden_; }
+    void setHidden(bool hidden);
+    unsigned autoresizingMask() const { return autoresizingMask_; }
+    void setAutoresizingMask(unsigned mask) { autoresizingMask_ = mask; }
+    long tag() const { return tag_; }
+    void setTag(long tag) { tag_ = tag; }
+
+    const std::vector<std::shared_ptr<UIView>>& subviews() const { return subviews_; }
+    std::shared_ptr<UIView> superview() const { return superview_.lock(); }
+    /// Puts the view on top of the subviews, taking it out of another superview first.
+    void addSubview(const std::shared_ptr<UIView>& view);
+    void removeFromSuperview();
+
+    /// Ends the typing of text in this view: what was typed is stored, the keyboard closes. Answers true: the
+    /// one who shows the view never refuses.
+    bool endEditing(bool force);
+
+    /// Runs `animations` now; the changes of alpha it makes are shown over `seconds` on the AnimationClock;
+    /// then `completion` is called with whether the time ran out (always true here: animations are not
+    /// cancelled).
+    static void animateWithDuration(double seconds, const std::function<void()>& animations,
+                                    std::function<void(bool finished)> completion = {});
+
+protected:
+    /// Tells the DisplayObserver that this view looks different now.
+    void changed();
+
+private:
+    struct Fade {
+        double from = 0;
+        double start = 0;
+        double seconds = 0;
+    };
+
+    CGRect frame_;
+    double alpha_ = 1;
+    Fade fade_;
+    bool hidden_ = false;
+    unsigned autoresizingMask_ = UIViewAutoresizingNone;
+    long tag_ = 0;
+    std::vector<std::shared_ptr<UIView>> subviews_;
+    std::weak_ptr<UIView> superview_;
+};
+
+} // namespace platform

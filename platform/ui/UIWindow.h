@@ -1,0 +1,14 @@
+#pragma once
+
+#include "platform/ui/UIView.h"
+
+namespace platform {
+
+/// The view over everything else; what is added to it lies over the pages.
+class WARDLOCK_API UIWindow : public UIView {
+public:
+    using UIView::UIView;
+    ~UIWindow() override;
+};
+
+} // namespace platform
