@@ -1,0 +1,30 @@
+#pragma once
+
+/// The one message the pages send to other processes: a key of the preferences document or of an account
+/// record has a new value. Name "identifier/post" on the distributed centre, no object, user info of exactly
+/// "key" and "object", delivered immediately. Main thread only.
+
+#include "platform/foundation/CFNotificationCenter.h"
+#include "platform/foundation/Export.h"
+#include "platform/foundation/Value.h"
+
+#include <string>
+#include <string_view>
+
+namespace wardlock {
+
+/// Entries of the user info: the key that was changed and its new value.
+inline constexpr std::string_view ChangeKey = "key";
+inline constexpr std::string_view ChangeObject = "object";
+
+WARDLOCK_API std::string changeNotificationName(std::string_view identifier, std::string_view post);
+
+/// Announces a change that has been written.
+WARDLOCK_API void postChange(std::string_view identifier, std::string_view post, std::string_view key,
+                             const platform::Value& object);
+
+/// Registers `callback` for the changes of all processes, this one included. `observer` is handed back to it.
+WARDLOCK_API void observeChanges(std::string_view identifier, std::string_view post, void* observer,
+                                 platform::CFNotificationCallback callback);
+
+} // namespace wardlock

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/foundation/Export.h"
+#include "platform/foundation/PropertyListFile.h"
+#include "platform/foundation/Value.h"
+
+#include <functional>
+#include <optional>
+#include <string_view>
+
+namespace wardlock {
+
+/// The preferences document of a bundle identifier as it is on disk now; none when it is missing or no
+/// document. Never creates it.
+WARDLOCK_API std::optional<platform::Dictionary> document(std::string_view identifier);
+
+/// Changes it on disk, as platform::updateFile does: `change` gets all its entries as they are now and
+/// answers whether to write.
+WARDLOCK_API platform::Update updateDocument(std::string_view identifier,
+                                             const std::function<bool(platform::MutableDictionary&)>& change);
+
+} // namespace wardlock

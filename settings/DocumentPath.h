@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/foundation/Export.h"
+
+#include <string>
+#include <string_view>
+
+namespace wardlock {
+
+/// The device path of the preferences document of a bundle identifier, formatted anew at each call.
+WARDLOCK_API std::string documentPath(std::string_view identifier);
+
+} // namespace wardlock

@@ -1,0 +1,19 @@
+#pragma once
+
+/// Geometry as text for log lines, six digits after the decimal point.
+
+#include "platform/foundation/Export.h"
+#include "platform/foundation/Geometry.h"
+
+#include <string>
+
+namespace wardlock {
+
+/// "{x, y, width, height}"
+WARDLOCK_API std::string frameToString(const platform::CGRect& frame);
+/// "{width, height}"
+WARDLOCK_API std::string sizeToString(const platform::CGSize& size);
+/// "{x, y}"
+WARDLOCK_API std::string pointToString(const platform::CGPoint& point);
+
+} // namespace wardlock
