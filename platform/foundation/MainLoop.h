@@ -20,6 +20,8 @@ public:
     /// A loop for hosts that have none: processes until `done` answers true or the deadline passes; returns what `done`
     /// answered last.
     bool runUntil(const std::function<bool()>& done, std::chrono::milliseconds timeout);
+    /// From any thread: makes the descriptor readable, so that the host calls process().
+    void wakeUp();
 
 private:
     MainLoop();

@@ -54,6 +54,9 @@ private:
 
     NSNotificationCenter() = default;
 
+    template <class Matches>
+    void removeIf(Matches matches);
+
     std::vector<std::shared_ptr<Registration>> registrations_;
 };
 

@@ -16,6 +16,8 @@ public:
     void addOperation(std::function<void()> operation);
     /// Main thread: runs the tasks that are queued now; those that they add wait for the next call.
     void drain();
+    /// From any thread: whether no task waits.
+    bool empty() const;
     /// Whether the caller is the thread on which the platform library was loaded.
     static bool isMainThread();
 
