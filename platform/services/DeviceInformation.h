@@ -30,8 +30,13 @@ public:
     virtual std::string machine() = 0;
 
     static DeviceInformation& current();
+    /// What a host knows better than the machine, told to the machine's own information: the size its window
+    /// gives the screen (390 x 844 until then; portrait unless wider than high) and the idiom it shows (a
+    /// phone's until then).
+    static void setScreenSize(CGSize size);
+    static void setUserInterfaceIdiom(long idiom);
     /// Null brings the machine's own back. Does not take ownership.
     static void setCurrent(DeviceInformation* information);
 };
 
-}  // namespace platform
+} // namespace platform

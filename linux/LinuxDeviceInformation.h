@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/services/DeviceInformation.h"
+
+#include <string_view>
+
+namespace platform {
+
+/// The device as this machine and the host's window make it out. Main thread only.
+class LinuxDeviceInformation final : public DeviceInformation {
+public:
+    long userInterfaceIdiom() override { return idiom_; }
+    CGRect screenBounds() override { return {{}, screenSize_}; }
+    /// Portrait unless the screen is wider than high.
+    long statusBarOrientation() override;
+    /// VERSION_ID of os-release; the kernel's release where the system names no version.
+    std::string systemVersion() override;
+    std::string machine() override;
+
+    void becomeIdiom(long idiom) { idiom_ = idiom; }
+    void becomeScreenSize(CGSize size) { screenSize_ = size; }
+
+private:
+    long idiom_ = UIUserInterfaceIdiomPhone;
+    CGSize screenSize_{390, 844};
+};
+
+/// The unquoted VERSION_ID in the text of an os-release file; empty where there is none.
+WARDLOCK_API std::string versionInRelease(std::string_view text);
+
+} // namespace platform
