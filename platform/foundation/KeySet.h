@@ -1,0 +1,75 @@
+#pragma once
+
+#include "platform/foundation/Reference.h"
+
+#include <atomic>
+#include <cstdint>
+#include <memory>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace platform {
+
+/// The keys of dictionaries, in order. Records of one kind have the same keys, so their dictionaries share
+/// one key set and hold only values. Shared key sets are never changed; one with a single owner may grow.
+/// Keys are found through a small hash index, in large sets through a sorted one, which no choice of keys
+/// makes slow.
+class KeySet {
+public:
+    static constexpr std::size_t notFound = static_cast<std::size_t>(-1);
+
+    /// An empty set with room for the keys and the text told.
+    static Reference<KeySet> create(std::size_t keys = 0, std::size_t text = 0);
+    /// A copy with one owner, without the key at an index where one is given.
+    Reference<KeySet> clone(std::size_t without = notFound) const;
+
+    std::size_t size() const { return spans_.size(); }
+    std::string_view operator[](std::size_t index) const {
+        return {text_.data() + spans_[index].offset, spans_[index].length};
+    }
+    /// The place of the key, or notFound. Allocates nothing.
+    std::size_t find(std::string_view key) const noexcept;
+    /// The place of the key, which is added at the end when it is new. Only by the single owner.
+    std::size_t add(std::string_view key);
+
+    bool hasSingleOwner() const { return references_.load(std::memory_order_acquire) == 1; }
+    void retain() { references_.fetch_add(1, std::memory_order_relaxed); }
+    void release() {
+        if (references_.fetch_sub(1, std::memory_order_acq_rel) == 1)
+            delete this;
+    }
+
+private:
+    struct Span {
+        std::size_t offset;
+        std::size_t length;
+    };
+    struct ByText {
+        using is_transparent = void;
+        const KeySet* keys;
+        bool operator()(std::uint32_t a, std::uint32_t b) const { return (*keys)[a] < (*keys)[b]; }
+        bool operator()(std::uint32_t a, std::string_view b) const { return (*keys)[a] < b; }
+        bool operator()(std::string_view a, std::uint32_t b) const { return a < (*keys)[b]; }
+    };
+    using SortedIndex = std::set<std::uint32_t, ByText>;
+
+    KeySet() = default;
+    ~KeySet() = default;
+
+    void append(std::string_view key);
+    void index(std::uint32_t place);
+    void hashInto(std::uint32_t place);
+    void resizeSlots(std::size_t keys);
+    void sortKeys();
+
+    std::atomic<std::uint32_t> references_{1};
+    std::string text_;
+    std::vector<Span> spans_;
+    /// Open addressing: place + 1, 0 for a free slot; a power of two, at least twice the keys.
+    std::vector<std::uint8_t> slots_;
+    std::unique_ptr<SortedIndex> sorted_;
+};
+
+} // namespace platform

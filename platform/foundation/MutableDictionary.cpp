@@ -1,0 +1,90 @@
+#include "platform/foundation/MutableDictionary.h"
+
+#include "platform/foundation/NSException.h"
+#include "platform/foundation/Value.h"
+
+namespace platform {
+
+MutableDictionary::MutableDictionary() = default;
+
+MutableDictionary::MutableDictionary(const Dictionary& dictionary) {
+    if (dictionary.empty())
+        return;
+    KeySet* keys = dictionary.block_->keys();
+    keys->retain();
+    keys_ = Reference<KeySet>::adopt(keys);
+    const Value* values = dictionary.block_->values();
+    values_.assign(values, values + dictionary.size());
+}
+
+MutableDictionary::MutableDictionary(const MutableDictionary& other) = default;
+MutableDictionary::MutableDictionary(MutableDictionary&& other) noexcept = default;
+MutableDictionary& MutableDictionary::operator=(const MutableDictionary& other) = default;
+MutableDictionary& MutableDictionary::operator=(MutableDictionary&& other) noexcept = default;
+MutableDictionary::~MutableDictionary() = default;
+
+std::size_t MutableDictionary::size() const {
+    return values_.size();
+}
+
+bool MutableDictionary::empty() const {
+    return values_.empty();
+}
+
+const Value* MutableDictionary::find(std::string_view key) const noexcept {
+    const std::size_t place = keys_ ? keys_->find(key) : KeySet::notFound;
+    return place == KeySet::notFound ? nullptr : &values_[place];
+}
+
+DictionaryIterator MutableDictionary::begin() const {
+    return {keys_.get(), values_.data(), 0};
+}
+
+DictionaryIterator MutableDictionary::end() const {
+    return {keys_.get(), values_.data(), values_.size()};
+}
+
+void MutableDictionary::addEntries(const Dictionary& dictionary) {
+    if (empty()) {
+        *this = MutableDictionary(dictionary);
+        return;
+    }
+    for (const auto& [key, value] : dictionary)
+        set(key, value);
+}
+
+void MutableDictionary::set(std::string_view key, Value value) {
+    if (!keys_)
+        keys_ = KeySet::create();
+    std::size_t place = keys_->find(key);
+    if (place != KeySet::notFound) {
+        values_[place] = std::move(value);
+        return;
+    }
+    values_.reserve(values_.size() + 1);
+    if (!keys_->hasSingleOwner())
+        keys_ = keys_->clone();
+    keys_->add(key);
+    values_.push_back(std::move(value));
+}
+
+void MutableDictionary::set(std::string_view key, const Value* valueOrNil) {
+    if (!valueOrNil)
+        throw NSException(NSInvalidArgumentException, "object cannot be nil (key: " + std::string(key) + ")");
+    set(key, *valueOrNil);
+}
+
+void MutableDictionary::remove(std::string_view key) {
+    const std::size_t place = keys_ ? keys_->find(key) : KeySet::notFound;
+    if (place == KeySet::notFound)
+        return;
+    keys_ = keys_->clone(place);
+    values_.erase(values_.begin() + static_cast<std::ptrdiff_t>(place));
+}
+
+Dictionary MutableDictionary::copy() const {
+    std::vector<Value> values = values_;
+    return Dictionary(ContainerBlock::create(values.data(), values.size(), keys_));
+}
+
+} // namespace platform

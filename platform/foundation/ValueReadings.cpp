@@ -1,0 +1,110 @@
+#include "platform/foundation/Value.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace platform {
+
+namespace {
+
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+std::string_view withoutLeadingSpace(std::string_view text) {
+    const std::size_t start = text.find_first_not_of(" \t\n\r\v\f");
+    return start == std::string_view::npos ? std::string_view() : text.substr(start);
+}
+
+/// Takes a sign off the front; answers whether it was a minus.
+bool takeSign(std::string_view& text) {
+    if (text.empty() || (text.front() != '-' && text.front() != '+'))
+        return false;
+    const bool minus = text.front() == '-';
+    text.remove_prefix(1);
+    return minus;
+}
+
+/// A sign and zeroes may stand before what decides.
+bool textIsTrue(std::string_view text) {
+    text = withoutLeadingSpace(text);
+    takeSign(text);
+    const std::size_t start = text.find_first_not_of('0');
+    if (start == std::string_view::npos)
+        return false;
+    const char first = text[start];
+    return first == 'Y' || first == 'y' || first == 'T' || first == 't' || (first >= '1' && first <= '9');
+}
+
+/// What std::from_chars leaves untold of a decimal out of range: whether it is too large or too small.
+bool isTooLarge(std::string_view decimal) {
+    const std::size_t exponentAt = decimal.find_first_of("eE");
+    const std::string_view digits = decimal.substr(0, exponentAt);
+    const std::size_t point = std::min(digits.find('.'), digits.size());
+    const std::size_t firstDigit = digits.find_first_not_of("0.");
+    double magnitude = static_cast<double>(point) - static_cast<double>(firstDigit);
+    if (exponentAt != std::string_view::npos) {
+        std::string_view exponent = decimal.substr(exponentAt + 1);
+        const bool minus = takeSign(exponent);
+        long long power = std::numeric_limits<long long>::max();
+        std::from_chars(exponent.data(), exponent.data() + exponent.size(), power);
+        magnitude += minus ? -static_cast<double>(power) : static_cast<double>(power);
+    }
+    return magnitude > 0;
+}
+
+double leadingNumber(std::string_view text) {
+    text = withoutLeadingSpace(text);
+    const bool minus = takeSign(text);
+    const bool number =
+        !text.empty() && (isDigit(text[0]) || (text.size() > 1 && text[0] == '.' && isDigit(text[1])));
+    if (!number)
+        return 0;
+    double result = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), result);
+    if (error == std::errc::result_out_of_range)
+        result = isTooLarge({text.data(), end}) ? HUGE_VAL : 0;
+    return minus ? -result : result;
+}
+
+double number(const Value& value) {
+    switch (value.kind()) {
+    case Value::Kind::Boolean:
+        return value.boolean() ? 1 : 0;
+    case Value::Kind::Integer:
+        return value.isUnsigned() ? static_cast<double>(value.unsignedInteger())
+                                  : static_cast<double>(value.integer());
+    case Value::Kind::Real:
+        return value.real();
+    case Value::Kind::String:
+        return leadingNumber(value.string());
+    default:
+        return 0;
+    }
+}
+
+/// A double beyond the range of float is the infinity of its sign.
+float narrow(double wide) {
+    if (std::abs(wide) > static_cast<double>(std::numeric_limits<float>::max()) && std::isfinite(wide))
+        return std::copysign(std::numeric_limits<float>::infinity(),
+                             static_cast<float>(std::signbit(wide) ? -1 : 1));
+    return static_cast<float>(wide);
+}
+
+} // namespace
+
+bool boolValue(const Value* value) {
+    if (!value)
+        return false;
+    if (value->is(Value::Kind::String))
+        return textIsTrue(value->string());
+    return number(*value) != 0;
+}
+
+float floatValue(const Value* value) {
+    return value ? narrow(number(*value)) : 0;
+}
+
+} // namespace platform
