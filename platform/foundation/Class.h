@@ -3,8 +3,8 @@
 #include "platform/foundation/Export.h"
 #include "platform/foundation/Object.h"
 
+#include <cstddef>
 #include <memory>
-#include <span>
 #include <string_view>
 
 namespace platform {
@@ -43,7 +43,19 @@ std::shared_ptr<Object> makeInstance() {
 
 /// What a module hands over when it is loaded: the classes it offers by name. A module defines
 ///     extern "C" WARDLOCK_API platform::ClassTable wardlock_classes();
-using ClassTable = std::span<const Class* const>;
+/// Plain data, as an entry with C linkage wants it; the classes are of static storage duration.
+struct ClassTable {
+    ClassTable() = default;
+    template <std::size_t Count>
+    constexpr ClassTable(const Class* const (&table)[Count]) : classes(table), count(Count) {}
+
+    constexpr const Class* const* begin() const { return classes; }
+    constexpr const Class* const* end() const { return classes + count; }
+    constexpr std::size_t size() const { return count; }
+
+    const Class* const* classes;
+    std::size_t count;
+};
 inline constexpr const char* classTableEntry = "wardlock_classes";
 
 /// The class registered under the name, or null. Classes of later tables hide those of earlier ones.
