@@ -1,0 +1,108 @@
+#!/usr/bin/env python3
+"""The rules find what they are there for: each planted violation is reported, a clean tree is not."""
+import os
+import tempfile
+import unittest
+
+import includes
+import sizes
+
+
+class Tree(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.top = folder.name
+
+    def plant(self, path, text):
+        os.makedirs(os.path.join(self.top, os.path.dirname(path)), exist_ok=True)
+        with open(os.path.join(self.top, path), "w", encoding="utf-8") as file:
+            file.write(text)
+
+    def refused(self, path, include, *others):
+        for other in others:
+            self.plant(other, "")
+        self.plant(path, f"#pragma once\n#include {include}\n")
+        found = includes.violations(self.top)
+        self.assertEqual(len(found), 1, found)
+        self.assertIn(path, found[0])
+
+
+class Includes(Tree):
+    def test_a_clean_tree_passes(self):
+        self.plant("platform/foundation/Value.h", "#include <string>\n")
+        self.plant("settings/Settings.cpp", '#include "platform/foundation/Value.h"\n#include <vector>\n')
+        self.plant("account/Page.cpp", '#include "root/SelectedIndex.h"\n')
+        self.plant("root/SelectedIndex.h", "#pragma once\n")
+        self.plant("linux/Files.cpp", "#include <sys/stat.h>\n#include <systemd/sd-bus.h>\n")
+        self.plant("app/Window.cpp", "#include <QQuickView>\n")
+        self.assertEqual(includes.violations(self.top), [])
+
+    def test_the_bundle_may_not_see_the_operating_system(self):
+        for number, header in enumerate(["<sys/stat.h>", "<unistd.h>", "<fcntl.h>", "<dlfcn.h>", "<poll.h>"]):
+            with self.subTest(header=header):
+                self.plant("settings/File.cpp", f"#include {header}\n")
+                self.assertEqual(len(includes.violations(self.top)), 1, number)
+
+    def test_every_room_of_the_bundle_is_held_to_it(self):
+        for room in ["settings", "specifiers", "passcode", "root", "account", "apps", "info"]:
+            for header in ["<QObject>", "<glib.h>", "<gio/gio.h>", "<systemd/sd-bus.h>", "<curl/curl.h>", "<unistd.h>"]:
+                with self.subTest(room=room, header=header):
+                    self.plant(f"{room}/File.cpp", f"#include {header}\n")
+                    self.assertEqual(len(includes.violations(self.top)), 1)
+                    self.plant(f"{room}/File.cpp", "")
+
+    def test_the_foundation_may_not_see_the_user_interface(self):
+        self.refused("platform/foundation/A.h", '"platform/ui/View.h"', "platform/ui/View.h")
+
+    def test_the_settings_library_may_see_device_information_only_of_the_services(self):
+        self.refused("settings/A.cpp", '"platform/services/Mail.h"', "platform/services/Mail.h")
+
+    def test_pages_may_see_only_the_selected_index_of_the_root(self):
+        self.refused("account/A.cpp", '"root/SettingsListController.h"', "root/SettingsListController.h")
+
+    def test_pages_may_not_see_a_face(self):
+        self.refused("apps/A.cpp", '"shell/Navigation.h"', "shell/Navigation.h")
+
+    def test_the_window_may_not_see_a_page(self):
+        self.refused("app/A.cpp", '"account/AppsController.h"', "account/AppsController.h")
+
+    def test_only_the_window_may_see_qt(self):
+        self.refused("shell/A.cpp", "<QtCore/QString>")
+
+    def test_only_the_linux_room_may_see_the_bus(self):
+        self.refused("cli/A.cpp", "<systemd/sd-bus.h>")
+
+    def test_a_folder_that_is_no_room_is_refused(self):
+        self.plant("attic/A.cpp", "")
+        self.assertEqual(len(includes.violations(self.top)), 1)
+
+    def test_an_include_that_is_no_path_from_the_top_is_refused(self):
+        self.refused("settings/A.cpp", '"settings/Gone.h"')
+
+    def test_a_circle_is_found(self):
+        self.plant("settings/A.h", '#include "settings/B.h"\n')
+        self.plant("settings/B.h", '#include "settings/A.h"\n')
+        found = includes.violations(self.top)
+        self.assertEqual(len(found), 1, found)
+        self.assertIn("circle", found[0])
+
+
+class Sizes(Tree):
+    def test_files_within_their_size_pass(self):
+        self.plant("settings/A.h", "\n" * sizes.HEADER)
+        self.plant("settings/A.cpp", "\n" * sizes.SOURCE)
+        self.plant("tests/settings/ATest.cpp", "\n" * 1000)
+        self.assertEqual([line for line in sizes.violations(self.top) if line.startswith("settings")], [])
+
+    def test_a_long_header_is_found(self):
+        self.plant("settings/A.h", "\n" * (sizes.HEADER + 1))
+        self.assertTrue(any(line.startswith("settings/A.h") for line in sizes.violations(self.top)))
+
+    def test_a_long_source_is_found(self):
+        self.plant("settings/A.cpp", "\n" * (sizes.SOURCE + 1))
+        self.assertTrue(any(line.startswith("settings/A.cpp") for line in sizes.violations(self.top)))
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,37 @@
+#!/usr/bin/env python3
+"""How long a file may be: headers 150 lines, sources 300; tests aside.
+
+    sizes.py FOLDER     prints one line per violation; exit 1 when there is one
+"""
+import os
+import sys
+
+from includes import source_files
+
+HEADER = 150
+SOURCE = 300
+
+# path: (limit, why it may be longer)
+LONGER = {
+    "platform/foundation/Value.h": (200, "the bodies that reading and copying a document run through stand inline"),
+}
+
+
+def violations(top):
+    found = []
+    for path in source_files(top):
+        if path.startswith("tests/"):
+            continue
+        with open(os.path.join(top, path), encoding="utf-8") as file:
+            lines = sum(1 for _ in file)
+        limit = LONGER.get(path, (HEADER if path.endswith((".h", ".hpp")) else SOURCE,))[0]
+        if lines > limit:
+            found.append(f"{path}: {lines} lines, {limit} allowed; split it by purpose")
+    return found + [f"{path}: stands among the longer files, but is gone" for path in LONGER
+                    if not os.path.exists(os.path.join(top, path))]
+
+
+if __name__ == "__main__":
+    lines = violations(sys.argv[1])
+    print("\n".join(lines))
+    sys.exit(1 if lines else 0)
