@@ -1,0 +1,98 @@
+// The root page's new accounts.
+
+#include "account/AppsController.h"
+#include "platform/ui/UIAlertController.h"
+#include "root/DocumentSnapshot.h"
+#include "root/SettingsListController.h"
+#include "settings/ChangeNotification.h"
+#include "settings/Constants.h"
+#include "settings/DefaultSettings.h"
+#include "settings/Document.h"
+#include "settings/Keys.h"
+#include "settings/Log.h"
+#include "specifiers/PreferenceHelper.h"
+
+namespace wardlock {
+
+using platform::NSNotificationCenter;
+using platform::UIAlertAction;
+using platform::UIAlertActionStyle;
+using platform::UIAlertController;
+
+namespace {
+
+platform::Dictionary newAccountRecord(const std::string& name) {
+    const auto defaults = DefaultSettings();
+    platform::MutableDictionary record(defaults.find(kAccounts)->array().at(0).dictionary());
+    record.set(kAccountName, platform::Value(name));
+    return record.copy();
+}
+
+/// Answers false, having changed nothing, when there is no list to append to.
+bool appendAccount(platform::MutableDictionary& document, const platform::Dictionary& record) {
+    const auto* stored = platform::arrayValue(document.find(kAccounts));
+    if (!stored)
+        return false;
+    platform::MutableArray accounts(*stored);
+    accounts.append(platform::Value(record));
+    document.set(kAccounts, platform::Value(accounts.copy()));
+    return true;
+}
+
+} // namespace
+
+void SettingsListController::addAccount() {
+    const auto alert = UIAlertController::alertControllerWithTitle("New Account", "",
+                                                                   platform::UIAlertControllerStyle::Alert);
+    alert->addTextFieldWithConfigurationHandler([this](const std::shared_ptr<platform::UITextField>& field) {
+        field->setPlaceholder("New Account Name");
+        NSNotificationCenter::defaultCenter().addObserver(
+            shared_from_this(),
+            NSNotificationCenter::Action::of<&SettingsListController::alertTextFieldDidChange>(
+                "alertTextFieldDidChange:"),
+            platform::UITextFieldTextDidChangeNotification, field);
+    });
+    // Leaves the registration above standing: the dismissed field posts nothing any more.
+    alert->addAction(UIAlertAction::actionWithTitle("Cancel", UIAlertActionStyle::Cancel, {}));
+
+    // The alert owns the handler, so the handler must not own the alert.
+    const std::weak_ptr<UIAlertController> weakAlert = alert;
+    const auto createTapped = [page = self(this), weakAlert](UIAlertAction&) {
+        const auto shown = weakAlert.lock();
+        if (!shown)
+            return;
+        const auto field = shown->textFields().front();
+        NSNotificationCenter::defaultCenter().removeObserver(*page,
+                                                             platform::UITextFieldTextDidChangeNotification);
+        page->createAccountWithName(field->text());
+    };
+    const auto create = UIAlertAction::actionWithTitle("Create", UIAlertActionStyle::Default, createTapped);
+    create->setEnabled(false);
+    alert->addAction(create);
+    presentViewController(alert, true);
+}
+
+void SettingsListController::alertTextFieldDidChange(const platform::NSNotification& /*notification*/) {
+    const auto alert = std::dynamic_pointer_cast<UIAlertController>(presentedViewController());
+    if (!alert || alert->textFields().empty() || alert->actions().empty())
+        return;
+    alert->actions().back()->setEnabled(!alert->textFields().front()->text().empty());
+}
+
+void SettingsListController::createAccountWithName(const std::string& name) {
+    const auto record = newAccountRecord(name);
+    const auto update = updateDocument(BundleIdentifier, [&record](platform::MutableDictionary& entries) {
+        return appendAccount(entries, record);
+    });
+    if (!update.changed) {
+        jLog("No account was created: the preferences document has no list of accounts.");
+        return;
+    }
+    documentSnapshot.emplace(update.dictionary);
+    postChange(BundleIdentifier, PostName, kAccounts, platform::Value(record));
+    if (prefs_)
+        addSpecifier(prefs_->link(name, &AppsController::theClass()), true);
+    reloadSpecifiers();
+}
+
+} // namespace wardlock

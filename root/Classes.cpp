@@ -1,0 +1,19 @@
+// What the bundle's module hands over when it is loaded: its pages, by name.
+
+#include "account/AppsController.h"
+#include "apps/AppsListController.h"
+#include "info/ChangeLogController.h"
+#include "info/DeveloperController.h"
+#include "platform/foundation/Class.h"
+#include "root/SettingsListController.h"
+
+extern "C" WARDLOCK_API platform::ClassTable wardlock_classes();
+
+platform::ClassTable wardlock_classes() {
+    static const platform::Class* const pages[] = {
+        &wardlock::SettingsListController::theClass(), &wardlock::AppsController::theClass(),
+        &wardlock::AppsListController::theClass(),     &wardlock::ChangeLogController::theClass(),
+        &wardlock::DeveloperController::theClass(),
+    };
+    return pages;
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/foundation/Value.h"
+
+#include <optional>
+
+namespace wardlock {
+
+/// The preferences document as the root page last read or wrote it; none while there is no document. Shared
+/// by all root pages of the process; passcode and account creation replace it after each write. Main thread
+/// only.
+extern std::optional<platform::MutableDictionary> documentSnapshot;
+
+/// Replaces it by the document on disk.
+void readDocumentSnapshot();
+
+} // namespace wardlock

@@ -1,0 +1,84 @@
+// The root page's passcode: setting it, and changing it after the current one was entered.
+
+#include "passcode/PasscodeView.h"
+#include "platform/ui/UIApplication.h"
+#include "root/DocumentSnapshot.h"
+#include "root/SettingsListController.h"
+#include "settings/ChangeNotification.h"
+#include "settings/Constants.h"
+#include "settings/Document.h"
+#include "settings/Keys.h"
+
+#include <optional>
+#include <string_view>
+
+namespace wardlock {
+namespace {
+
+constexpr const char* EnterCurrentPasscode = "Enter Current Passcode";
+constexpr const char* EnterNewPasscode = "Enter New Passcode";
+constexpr std::int32_t ToleratedFailures = 3;
+
+/// None, which no entry equals, when the document has no passcode; not to be confused with the empty one.
+std::optional<std::string_view> currentPasscode() {
+    return documentSnapshot ? platform::stringValue(documentSnapshot->find(kPasscode)) : std::nullopt;
+}
+
+} // namespace
+
+void SettingsListController::passcodePressed() {
+    setPasscodeView(PasscodeView::initWithDefaultSize());
+    passcodeView_->setDelegate(self(this));
+    failedCount_ = 0;
+    passcodeView_->setStatus(currentPasscode() == "" ? EnterNewPasscode : EnterCurrentPasscode);
+    if (const auto& window = platform::UIApplication::sharedApplication().keyWindow())
+        window->addSubview(passcodeView_);
+}
+
+void SettingsListController::passcodeViewEnteredPasscode(PasscodeView& view, const std::string& passcode) {
+    const auto keypad = view.keypad();
+    if (!keypad || keypad->_statusText() != EnterCurrentPasscode) {
+        savePasscode(passcode);
+        view.destroyPasscodeWithCompletion({});
+        return;
+    }
+    if (currentPasscode() == passcode) {
+        view.setStatus(EnterNewPasscode);
+        view.reset();
+        return;
+    }
+    if (++failedCount_ > ToleratedFailures) {
+        failedCount_ = 0;
+        cancelPasscodeView(view);
+    } else {
+        keypad->resetForFailedPasscode();
+    }
+}
+
+void SettingsListController::passcodeDidCancel(PasscodeView& view) {
+    cancelPasscodeView(view);
+}
+
+void SettingsListController::passcodeViewDidDestroy(PasscodeView& /*view*/) {
+    setPasscodeView(nullptr);
+}
+
+void SettingsListController::cancelPasscodeView(PasscodeView& view) {
+    view.destroyPasscodeWithCompletion({});
+}
+
+void SettingsListController::applicationWillResign(const platform::NSNotification& /*notification*/) {
+    if (const auto view = passcodeView_)
+        cancelPasscodeView(*view);
+}
+
+void SettingsListController::savePasscode(const std::string& passcode) {
+    const auto setPasscode = [&](platform::MutableDictionary& entries) {
+        entries.set(kPasscode, platform::Value(passcode));
+        return true;
+    };
+    documentSnapshot.emplace(updateDocument(BundleIdentifier, setPasscode).dictionary);
+    postChange(BundleIdentifier, PostName, kPasscode, platform::Value(passcode));
+}
+
+} // namespace wardlock

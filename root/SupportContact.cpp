@@ -1,0 +1,76 @@
+// The root page's ways to the maker: the profile and a ready-made support mail.
+
+#include "platform/foundation/DeviceRoot.h"
+#include "platform/foundation/Format.h"
+#include "platform/services/DeviceInformation.h"
+#include "platform/ui/UIApplication.h"
+#include "root/Maker.h"
+#include "root/SettingsListController.h"
+#include "settings/Constants.h"
+
+#include <fstream>
+#include <iterator>
+#include <optional>
+
+namespace wardlock {
+
+using platform::MFMailComposeViewController;
+using platform::stringWithFormat;
+
+namespace {
+
+constexpr const char* ProductName = "Wardlock";
+constexpr const char* SubjectFormat = "Wardlock -- %@(%@)";
+constexpr const char* BodyFormat =
+    "Application: %@\nDevice: %@\nFirmware: %@\n\nComments:\n%@\n\nReproduce:\n%@";
+constexpr const char* PackageListPath = "/tmp/dpkgl.log";
+
+std::optional<std::string> contentsOfFile(std::string_view devicePath) {
+    std::ifstream file(platform::pathOnDevice(devicePath), std::ios::binary);
+    if (!file)
+        return std::nullopt;
+    std::string contents{std::istreambuf_iterator<char>(file), {}};
+    // A folder opens too, and fails only here.
+    if (file.bad())
+        return std::nullopt;
+    return contents;
+}
+
+void attach(MFMailComposeViewController& composer, std::string_view devicePath, std::string fileName) {
+    if (auto contents = contentsOfFile(devicePath))
+        composer.addAttachmentData(std::move(*contents), "text/plain", std::move(fileName));
+}
+
+} // namespace
+
+void SettingsListController::openTwitter(platform::PSSpecifier& /*specifier*/) {
+    platform::UIApplication::sharedApplication().openURL(ProfileURL);
+}
+
+void SettingsListController::openEmail(platform::PSSpecifier& /*specifier*/) {
+    if (!MFMailComposeViewController::canSendMail())
+        return;
+    auto& device = platform::DeviceInformation::current();
+    const auto machine = device.machine();
+    const auto version = device.systemVersion();
+
+    const auto composer = std::make_shared<MFMailComposeViewController>();
+    composer->setMailComposeDelegate(self(this));
+    composer->setToRecipients({std::string(SupportAddress)});
+    composer->setSubject(stringWithFormat(SubjectFormat, machine, version));
+    composer->setMessageBody(stringWithFormat(BodyFormat, ProductName, machine, version,
+                                              "Please describe in detail what's wrong",
+                                              "How can I reproduce this issue?"),
+                             false);
+    attach(*composer, stringWithFormat(LogPathFormat, BundleIdentifier), "log");
+    attach(*composer, PackageListPath, "dpkgl.log");
+    presentViewController(composer, true);
+}
+
+void SettingsListController::mailComposeControllerDidFinishWithResult(
+    MFMailComposeViewController& controller, platform::MFMailComposeResult /*result*/,
+    const std::string& /*error*/) {
+    controller.dismissViewControllerAnimated(true);
+}
+
+} // namespace wardlock
