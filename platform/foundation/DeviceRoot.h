@@ -7,14 +7,16 @@
 
 namespace platform {
 
-/// The folder below which every device path is looked up: WARDLOCK_DEVICE_ROOT; else "/" where /var/mobile exists; else
-/// wardlock/device in the user's XDG data folder. Read anew at each call. No trailing slash, except "/" itself.
+/// The folder below which every device path is looked up: WARDLOCK_DEVICE_ROOT; else "/" where /var/mobile
+/// exists; else wardlock/device in the user's XDG data folder. Read anew at each call. Absolute; no trailing
+/// slash, except "/" itself.
 WARDLOCK_API std::string deviceRoot();
 
 /// Whether the root is the machine's own or the user's default one, and not one named by the environment.
 WARDLOCK_API bool deviceRootIsOwn();
 
-/// The path of this machine for an absolute device path.
+/// The path of this machine for an absolute device path. As on the device itself, ".." does not lead above
+/// the root.
 WARDLOCK_API std::string pathOnDevice(std::string_view devicePath);
 
-}  // namespace platform
+} // namespace platform

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/foundation/Export.h"
+#include "platform/foundation/Sync.h"
 #include "platform/foundation/Value.h"
 
 #include <functional>
@@ -9,16 +10,13 @@
 
 namespace platform {
 
-/// How far a write is pushed towards the disk before it counts: not at all, the file's data, or the data and the folder
-/// entry.
-enum class Sync { None, Data, Full };
-
-/// The dictionary in the property list at a device path; none when the file is missing, unreadable, no property list or
-/// its root is no dictionary.
+/// The dictionary in the property list at a device path; none when the file is missing, unreadable, no
+/// property list or its root is no dictionary.
 WARDLOCK_API std::optional<Dictionary> dictionaryWithContentsOfFile(std::string_view devicePath);
 
-/// Replaces the file at a device path by the dictionary's XML form, atomically; readers see the old bytes or the new.
-/// A file there that is no document is kept beside as "<name>.damaged" first. Returns whether the new content stands.
+/// Replaces the file at a device path by the dictionary's XML form, atomically; readers see the old bytes or
+/// the new. A file there that is no document is kept beside as "<name>.damaged" first. Returns whether the
+/// new content stands.
 WARDLOCK_API bool writeToFileAtomically(const Dictionary& dictionary, std::string_view devicePath,
                                         Sync sync = Sync::Full);
 
@@ -30,10 +28,11 @@ struct Update {
     bool written = false;
 };
 
-/// The one read-modify-write: a new mutable dictionary receives all entries of the file as it now is on disk (none when
-/// it is missing or no document), `change` is applied, and the whole is written back atomically. When `change` answers
-/// false nothing is written. What `change` throws passes through; nothing is written then.
-WARDLOCK_API Update updateFile(std::string_view devicePath, const std::function<bool(MutableDictionary&)>& change,
-                               Sync sync = Sync::Full);
+/// The one read-modify-write: a new mutable dictionary receives all entries of the file as it now is on disk
+/// (none when it is missing or no document), `change` is applied, and the whole is written back atomically.
+/// When `change` answers false nothing is written. What `change` throws passes through; nothing is written
+/// then.
+WARDLOCK_API Update updateFile(std::string_view devicePath,
+                               const std::function<bool(MutableDictionary&)>& change, Sync sync = Sync::Full);
 
-}  // namespace platform
+} // namespace platform

@@ -1,0 +1,79 @@
+#include "platform/foundation/DeviceRoot.h"
+
+#include "platform/foundation/FileSystem.h"
+#include "platform/foundation/RealFileSystem.h"
+
+#include <cstdlib>
+#include <filesystem>
+
+namespace platform {
+
+namespace {
+
+constexpr const char* rootVariable = "WARDLOCK_DEVICE_ROOT";
+
+std::string environment(const char* name) {
+    const char* value = std::getenv(name);
+    return value ? value : "";
+}
+
+std::string withoutTrailingSlashes(std::string path) {
+    while (path.size() > 1 && path.back() == '/')
+        path.pop_back();
+    return path;
+}
+
+/// A relative root would be another folder, and another device, after each change of the working folder.
+std::string absolute(const std::string& path) {
+    std::error_code failed;
+    const std::filesystem::path whole = std::filesystem::absolute(path, failed).lexically_normal();
+    return withoutTrailingSlashes(failed ? path : whole.string());
+}
+
+bool machineIsDevice() {
+    FileStatus status;
+    return !FileSystem::current().status("/var/mobile", Links::Follow, status) &&
+           status.kind == FileKind::Folder;
+}
+
+/// Relative paths in these variables count as absent.
+std::string dataFolder() {
+    if (const std::string data = environment("XDG_DATA_HOME"); data.starts_with('/'))
+        return withoutTrailingSlashes(data);
+    std::string home = environment("HOME");
+    if (!home.starts_with('/'))
+        home = homeFolderOfUser().value_or("/nonexistent");
+    return withoutTrailingSlashes(home) + "/.local/share";
+}
+
+} // namespace
+
+std::string deviceRoot() {
+    if (const std::string named = environment(rootVariable); !named.empty())
+        return absolute(named);
+    if (machineIsDevice())
+        return "/";
+    const std::string data = dataFolder();
+    return (data == "/" ? "" : data) + "/wardlock/device";
+}
+
+bool deviceRootIsOwn() {
+    return environment(rootVariable).empty();
+}
+
+std::string pathOnDevice(std::string_view devicePath) {
+    std::string path = deviceRoot();
+    const std::size_t rootLength = path == "/" ? 0 : path.size();
+    path.resize(rootLength);
+    while (!devicePath.empty()) {
+        const std::string_view component = devicePath.substr(0, devicePath.find('/'));
+        devicePath.remove_prefix(std::min(component.size() + 1, devicePath.size()));
+        if (component == "..")
+            path.resize(path.size() > rootLength ? path.rfind('/') : rootLength);
+        else if (!component.empty() && component != ".")
+            path.append("/").append(component);
+    }
+    return path.empty() ? "/" : path;
+}
+
+} // namespace platform
