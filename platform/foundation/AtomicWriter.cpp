@@ -40,7 +40,7 @@ std::string temporaryName(const std::string& path) {
     const std::uint64_t number = nextNumber().fetch_add(0x9e3779b97f4a7c15);
     char text[numberDigits];
     const char* end = std::to_chars(text, text + numberDigits, number, 16).ptr;
-    const std::string digits(text, end);
+    const std::string_view digits(text, static_cast<std::size_t>(end - text));
     const std::string name = path.substr(path.rfind('/') + 1, longestNamePart);
     std::string result = "." + name + "." + std::string(numberDigits - digits.size(), '0');
     return result.append(digits).append(temporaryEnding);
