@@ -12,7 +12,10 @@ namespace {
 
 constexpr unsigned privateMode = 0600;
 constexpr int longestLinkChain = 40; // the kernel's own bound
-constexpr int attempts = 8;
+// Only several processes writing all the time in one folder, each looking through the others' temporaries,
+// ever need more than one; where a name keeps being taken or a temporary keeps vanishing, something is wrong
+// for good.
+constexpr int attempts = 64;
 
 // ".NAME.0123456789abcdef.wardlock-new"
 constexpr std::string_view temporaryEnding = ".wardlock-new";

@@ -333,7 +333,7 @@ TEST_F(PosixFileSystem, TellsTheTemporaryOfALiveProcessFromThatOfAKilledOne) {
 }
 
 TEST_F(PosixFileSystem, LetsManyProcessesWriteTheSameFile) {
-    constexpr int writers = 4;
+    constexpr int writers = 8;
     constexpr int writes = 100;
     std::vector<pid_t> children;
     for (int writer = 0; writer < writers; ++writer) {
