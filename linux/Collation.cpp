@@ -1,0 +1,60 @@
+#include "platform/foundation/Collation.h"
+
+#include "platform/foundation/CaseFolding.h"
+
+#include <cstring>
+#include <locale.h>
+#include <string.h>
+
+namespace platform {
+namespace {
+
+/// The user's collation, apart from the process's locale, which the host may set or leave alone. Null when
+/// there is none. Lives as long as the process.
+locale_t userCollation() {
+    static const locale_t collation = newlocale(LC_COLLATE_MASK | LC_CTYPE_MASK, "", nullptr);
+    return collation;
+}
+
+/// The key of a text without a null character inside.
+void appendTransformed(const char* text, std::string& keys) {
+    const std::size_t start = keys.size();
+    std::size_t room = 4 * std::strlen(text) + 1;
+    for (;;) {
+        keys.resize(start + room);
+        const std::size_t needed = strxfrm_l(keys.data() + start, text, room, userCollation());
+        if (needed < room) {
+            keys.resize(start + needed);
+            return;
+        }
+        room = needed + 1;
+    }
+}
+
+} // namespace
+
+void appendLocalizedKey(std::string_view text, std::string& keys) {
+    if (!userCollation()) {
+        appendCaseFolded(text, keys);
+        return;
+    }
+    thread_local std::string folded;
+    folded.clear();
+    appendCaseFolded(text, folded);
+    // The transformation ends at a null character: what follows one is transformed apart.
+    for (std::size_t i = 0; i <= folded.size(); i += std::strlen(folded.c_str() + i) + 1) {
+        if (i != 0)
+            keys.push_back('\0');
+        appendTransformed(folded.c_str() + i, keys);
+    }
+}
+
+int localizedCaseInsensitiveCompare(std::string_view a, std::string_view b) {
+    std::string keyA;
+    std::string keyB;
+    appendLocalizedKey(a, keyA);
+    appendLocalizedKey(b, keyB);
+    return keyA.compare(keyB);
+}
+
+} // namespace platform

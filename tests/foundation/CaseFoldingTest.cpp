@@ -1,0 +1,89 @@
+#include "platform/foundation/CaseFolding.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdio>
+#include <map>
+#include <memory>
+#include <string>
+
+namespace platform {
+namespace {
+
+/// Another maker's Unicode data: for each character that Python knows, its full folding where that is one
+/// character, else its lower case where that is one character, which is what the standard calls the simple
+/// folding. The version comes first. Three pairs were made equal by 15.1 and so may be missing there.
+constexpr const char* Reference = R"(python3 -c '
+import unicodedata
+def simple(c):
+    for form in (c.casefold(), c.lower()):
+        if len(form) == 1: return form
+    return c
+for code in range(0x110000):
+    c = chr(code)
+    if not 0xD800 <= code < 0xE000 and unicodedata.category(c) != "Cn":
+        print(code, ord(simple(c)))
+')";
+
+std::map<char32_t, char32_t> referenceFoldings() {
+    std::map<char32_t, char32_t> foldings;
+    std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(Reference, "r"), &pclose);
+    unsigned code = 0;
+    unsigned fold = 0;
+    while (pipe && std::fscanf(pipe.get(), "%u %u", &code, &fold) == 2)
+        foldings[code] = fold;
+    return foldings;
+}
+
+TEST(CaseFolding, AgreesWithAnotherSourceOnEveryCharacterThatSourceKnows) {
+    const std::map<char32_t, char32_t> reference = referenceFoldings();
+    ASSERT_GT(reference.size(), 200000u) << "python3 is needed for this test";
+    const std::map<char32_t, char32_t> since15_1{{0x1FD3, 0x390}, {0x1FE3, 0x3B0}, {0xFB05, 0xFB06}};
+    for (const auto& [code, fold] : reference) {
+        const auto newer = since15_1.find(code);
+        EXPECT_EQ(simpleCaseFolding(code), newer == since15_1.end() ? fold : newer->second)
+            << "U+" << std::hex << static_cast<std::uint32_t>(code);
+    }
+}
+
+TEST(CaseFolding, LeavesEveryFoldedCharacterAsItIs) {
+    for (char32_t code = 0; code <= 0x10FFFF; ++code)
+        EXPECT_EQ(simpleCaseFolding(simpleCaseFolding(code)), simpleCaseFolding(code));
+}
+
+TEST(CaseFolding, FindsNamesEqualThatDifferInCaseOnly) {
+    EXPECT_EQ(caseInsensitiveCompare("WARDLOCK", "wardlock"), 0);
+    EXPECT_EQ(caseInsensitiveCompare("ÅÄÖ", "åäö"), 0);
+    EXPECT_EQ(caseInsensitiveCompare("ΣΊΣΥΦΟΣ", "σίσυφος"), 0);
+    EXPECT_EQ(caseInsensitiveCompare("ПРИВЕТ", "привет"), 0);
+    EXPECT_EQ(caseInsensitiveCompare("𐐀", "𐐨"), 0);
+}
+
+TEST(CaseFolding, KeepsOneCharacterOne) {
+    EXPECT_NE(caseInsensitiveCompare("straße", "STRASSE"), 0);
+    EXPECT_EQ(caseInsensitiveCompare("STRAẞE", "straße"), 0);
+    EXPECT_NE(caseInsensitiveCompare("İ", "i"), 0);
+}
+
+TEST(CaseFolding, OrdersByCharacterOtherwise) {
+    EXPECT_LT(caseInsensitiveCompare("apple", "Banana"), 0);
+    EXPECT_GT(caseInsensitiveCompare("zebra", "Apple"), 0);
+    EXPECT_LT(caseInsensitiveCompare("Note", "Notebook"), 0);
+    EXPECT_LT(caseInsensitiveCompare("zebra", "Äpfel"), 0);
+    EXPECT_LT(caseInsensitiveCompare("", "a"), 0);
+}
+
+TEST(CaseFolding, TakesBytesThatAreNoTextAsTheyAre) {
+    for (const std::string_view broken :
+         {"\xff", "a\xc3", "\xed\xa0\x80", "\xc0\xaf", "\xf4\x90\x80\x80", "\x80"}) {
+        std::string folded;
+        appendCaseFolded(broken, folded);
+        EXPECT_EQ(folded, broken);
+    }
+    EXPECT_EQ(caseInsensitiveCompare("A\xff", "a\xff"), 0);
+    EXPECT_NE(caseInsensitiveCompare("a\xfe", "a\xff"), 0);
+}
+
+} // namespace
+} // namespace platform
