@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/foundation/Class.h"
+#include "platform/preferences/PSListController.h"
+
+namespace wardlock {
+
+/// The page of the restricted applications of one account. It has no rows of its own: each time it is about
+/// to appear it shows a new AppsListView, and so the document as it is now.
+class AppsListController : public platform::PSListController {
+public:
+    static const platform::Class& theClass();
+
+    std::string navigationTitle() const override;
+    void viewWillAppear(bool animated) override;
+};
+
+} // namespace wardlock

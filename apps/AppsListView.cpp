@@ -1,0 +1,178 @@
+#include "apps/AppsListView.h"
+
+#include "apps/ApplicationOrder.h"
+#include "platform/foundation/Class.h"
+#include "platform/foundation/DynamicLibrary.h"
+#include "platform/foundation/PropertyListFile.h"
+#include "platform/services/ALApplicationList.h"
+#include "platform/ui/UISwitch.h"
+#include "root/SelectedIndex.h"
+#include "settings/ChangeNotification.h"
+#include "settings/Constants.h"
+#include "settings/DocumentPath.h"
+#include "settings/Keys.h"
+
+namespace wardlock {
+namespace {
+
+using platform::Array;
+using platform::Dictionary;
+using platform::MutableArray;
+using platform::MutableDictionary;
+using platform::Value;
+using Comparison = platform::NameOrder::Comparison;
+
+constexpr const char* CellIdentifier = "theCell";
+constexpr int IconSize = 29;
+constexpr double RowHeight = 35;
+
+const std::string PreferencesPath = documentPath(BundleIdentifier);
+
+/// The record of the account that the picker opened last edits.
+std::optional<Dictionary> SelectedAccount;
+
+/// The list of a device that has the AppList library; the class is looked up each time, since the library may
+/// come and go.
+platform::ALApplicationList* sharedApplicationList() {
+    const platform::Class* found = platform::objc_getClass("ALApplicationList");
+    auto* methods = found ? found->classMethods<platform::ALApplicationListClass>() : nullptr;
+    return methods ? &methods->sharedApplicationList() : nullptr;
+}
+
+/// The element at SelectedIndex when it is a record; none when there are no accounts.
+std::optional<Dictionary> selectedRecord(const Array* accounts) {
+    if (!accounts)
+        return std::nullopt;
+    const Dictionary* record =
+        platform::dictionaryValue(&accounts->at(static_cast<std::size_t>(SelectedIndex)));
+    return record ? std::optional(*record) : std::nullopt;
+}
+
+} // namespace
+
+std::shared_ptr<AppsListView> AppsListView::initWithFrame(const platform::CGRect& frame) {
+    auto view = std::make_shared<AppsListView>(frame);
+    const std::optional<Dictionary> document = platform::dictionaryWithContentsOfFile(PreferencesPath);
+    SelectedAccount = selectedRecord(document ? platform::arrayValue(document->find(kAccounts)) : nullptr);
+    view->applist_ = platform::dlopen(platform::appListLibraryPath, platform::RTLD_Lazy);
+    view->setupTableViewWithFrame(frame);
+    return view;
+}
+
+AppsListView::~AppsListView() {
+    platform::dlclose(applist_);
+}
+
+void AppsListView::setupArrays() {
+    platform::ALApplicationList* list = sharedApplicationList();
+    setApplications(list ? list->applications() : Dictionary());
+    ApplicationOrder candidates(applications_);
+    candidates.addAll();
+    candidates.remove(hiddenDisplayIdentifiers());
+    candidates.sort(Comparison::LocalizedCaseInsensitive);
+
+    const Array* stored =
+        SelectedAccount ? platform::arrayValue(SelectedAccount->find(kAppsRestricted)) : nullptr;
+    setEnabled(stored ? std::optional<IdentifierList>(*stored) : std::nullopt);
+    const Array restricted = stored ? *stored : Array();
+    candidates.remove(restricted);
+
+    ApplicationOrder top(applications_);
+    top.add(restricted);
+    top.sort(Comparison::CaseInsensitive);
+    candidates.sort(Comparison::CaseInsensitive);
+    MutableArray rows;
+    top.appendTo(rows);
+    candidates.appendTo(rows);
+    setAllApps(std::move(rows));
+}
+
+void AppsListView::savePreferences() {
+    const auto change = [this](MutableDictionary& document) {
+        const Array* present = platform::arrayValue(document.find(kAccounts));
+        MutableArray accounts(present ? *present : Array());
+        if (accounts.empty())
+            return false;
+        const auto index = static_cast<std::size_t>(SelectedIndex);
+        const Dictionary* record = platform::dictionaryValue(&accounts.at(index));
+        if (!record)
+            return false;
+        MutableDictionary account(*record);
+        const std::optional<Value> list = enabled_ ? std::optional<Value>(enabled_->copy()) : std::nullopt;
+        account.set(kAppsRestricted, list ? &*list : nullptr);
+        SelectedAccount = account.copy();
+        accounts.replace(index, *SelectedAccount);
+        document.set(kAccounts, accounts.copy());
+        return true;
+    };
+    if (platform::updateFile(PreferencesPath, change).changed)
+        postChange(BundleIdentifier, PostName, kAppsRestricted, enabled_->copy());
+}
+
+void AppsListView::setupTableViewWithFrame(const platform::CGRect& frame) {
+    setupArrays();
+    setTableView(std::make_shared<platform::UITableView>(frame, platform::UITableViewStyle::Grouped));
+    const std::shared_ptr<AppsListView> view = self(this);
+    tableView_->setDelegate(view);
+    tableView_->setDataSource(view);
+    tableView_->setAutoresizingMask(platform::UIViewAutoresizingFlexibleWidth |
+                                    platform::UIViewAutoresizingFlexibleHeight);
+    addSubview(tableView_);
+}
+
+std::size_t AppsListView::numberOfSectionsInTableView(platform::UITableView&) {
+    return 1;
+}
+
+std::size_t AppsListView::tableViewNumberOfRowsInSection(platform::UITableView&, std::size_t) {
+    return allApps_.size();
+}
+
+double AppsListView::tableViewHeightForRowAtIndexPath(platform::UITableView&, platform::NSIndexPath) {
+    return RowHeight;
+}
+
+std::shared_ptr<platform::UITableViewCell>
+AppsListView::tableViewCellForRowAtIndexPath(platform::UITableView& table, platform::NSIndexPath path) {
+    std::shared_ptr<platform::UITableViewCell> cell = table.dequeueReusableCellWithIdentifier(CellIdentifier);
+    if (!cell)
+        cell = makeCell();
+    const std::string_view identifier = allApps_.at(path.row).string();
+    auto& appSwitch = static_cast<platform::UISwitch&>(*cell->accessoryView());
+    appSwitch.setTag(static_cast<long>(path.row));
+    appSwitch.setOn(enabled_ && enabled_->contains(identifier), false);
+    platform::ALApplicationList* list = sharedApplicationList();
+    cell->setImage(list ? list->iconOfSize(IconSize, identifier) : nullptr);
+    cell->textLabel().setText(
+        std::string(platform::stringValue(applications_.find(identifier)).value_or("")));
+    cell->detailTextLabel().setText(std::string(identifier));
+    cell->detailTextLabel().setHidden(true);
+    return cell;
+}
+
+std::shared_ptr<platform::UITableViewCell> AppsListView::makeCell() {
+    auto cell =
+        platform::UITableViewCell::initWithStyle(platform::UITableViewCellStyle::Value1, CellIdentifier);
+    cell->setSelectionStyle(platform::UITableViewCellSelectionStyle::None);
+    auto appSwitch = std::make_shared<platform::UISwitch>(platform::CGRectZero);
+    appSwitch->addTarget(self(this),
+                         platform::UIControl::Action::of<&AppsListView::switchChanged>("switchChanged"),
+                         platform::UIControlEventValueChanged);
+    appSwitch->setOn(false, false);
+    cell->setAccessoryView(appSwitch);
+    return cell;
+}
+
+void AppsListView::switchChanged(platform::UIControl& sender) {
+    const auto cell = std::dynamic_pointer_cast<platform::UITableViewCell>(sender.superview());
+    if (!cell)
+        return;
+    const std::string& identifier = cell->detailTextLabel().text();
+    if (enabled_ && static_cast<platform::UISwitch&>(sender).isOn())
+        enabled_->append(identifier);
+    else if (enabled_)
+        enabled_->remove(identifier);
+    savePreferences();
+}
+
+} // namespace wardlock

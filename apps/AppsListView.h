@@ -1,0 +1,72 @@
+#pragma once
+
+#include "apps/IdentifierList.h"
+#include "platform/foundation/Value.h"
+#include "platform/ui/UIControl.h"
+#include "platform/ui/UITableView.h"
+
+#include <memory>
+#include <optional>
+
+namespace wardlock {
+
+/// The installed applications with a switch each: on when the application is restricted for the account whose
+/// page the picker was opened from, the one at SelectedIndex. Every switch change is saved at once. Rows keep
+/// their places while the view lives; the next one groups the restricted applications first. Main thread
+/// only.
+class AppsListView : public platform::UIView,
+                     public platform::UITableViewDataSource,
+                     public platform::UITableViewDelegate {
+public:
+    /// Reads the account, opens the AppList library and builds model and table. Throws NSRangeException when
+    /// SelectedIndex lies outside "kAccounts".
+    static std::shared_ptr<AppsListView> initWithFrame(const platform::CGRect& frame);
+    explicit AppsListView(const platform::CGRect& frame) : UIView(frame) {}
+    ~AppsListView() override;
+
+    /// Display identifier to display name, as the AppList library reports them.
+    const platform::Dictionary& applications() const { return applications_; }
+    void setApplications(platform::Dictionary applications) { applications_ = std::move(applications); }
+    /// What is saved; none when the account record has no list.
+    const std::optional<IdentifierList>& enabled() const { return enabled_; }
+    void setEnabled(std::optional<IdentifierList> enabled) { enabled_ = std::move(enabled); }
+    /// Without a role: nothing fills or reads it.
+    const std::optional<platform::MutableArray>& disabled() const { return disabled_; }
+    void setDisabled(std::optional<platform::MutableArray> disabled) { disabled_ = std::move(disabled); }
+    /// The rows' identifiers: the restricted applications, then the others offered, each by name.
+    const platform::MutableArray& allApps() const { return allApps_; }
+    void setAllApps(platform::MutableArray allApps) { allApps_ = std::move(allApps); }
+    const std::shared_ptr<platform::UITableView>& tableView() const { return tableView_; }
+    void setTableView(std::shared_ptr<platform::UITableView> table) { tableView_ = std::move(table); }
+
+    /// The applications that are never offered: services of the system that nobody opens by hand. A new array
+    /// at each call.
+    platform::Array hiddenDisplayIdentifiers() const;
+    /// Builds `applications`, `enabled` and `allApps`.
+    void setupArrays();
+    void setupTableViewWithFrame(const platform::CGRect& frame);
+    /// Writes `enabled` into the account's record and announces it. Throws NSInvalidArgumentException, and
+    /// writes nothing, when there is no list to store.
+    void savePreferences();
+    void switchChanged(platform::UIControl& sender);
+
+    std::size_t numberOfSectionsInTableView(platform::UITableView& table) override;
+    std::size_t tableViewNumberOfRowsInSection(platform::UITableView& table, std::size_t section) override;
+    double tableViewHeightForRowAtIndexPath(platform::UITableView& table,
+                                            platform::NSIndexPath path) override;
+    std::shared_ptr<platform::UITableViewCell>
+    tableViewCellForRowAtIndexPath(platform::UITableView& table, platform::NSIndexPath path) override;
+
+private:
+    std::shared_ptr<platform::UITableViewCell> makeCell();
+
+    platform::Dictionary applications_;
+    std::optional<IdentifierList> enabled_;
+    std::optional<platform::MutableArray> disabled_;
+    platform::MutableArray allApps_;
+    std::shared_ptr<platform::UITableView> tableView_;
+    /// The AppList library; null when it could not be opened.
+    void* applist_ = nullptr;
+};
+
+} // namespace wardlock

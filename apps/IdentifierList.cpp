@@ -1,0 +1,30 @@
+#include "apps/IdentifierList.h"
+
+namespace wardlock {
+
+IdentifierList::IdentifierList(const platform::Array& stored) : elements_(stored) {
+    present_.reserve(stored.size());
+    for (const platform::Value& element : stored) {
+        if (const auto identifier = platform::stringValue(&element))
+            present_.emplace(*identifier);
+    }
+}
+
+bool IdentifierList::contains(std::string_view identifier) const {
+    return present_.contains(identifier);
+}
+
+void IdentifierList::append(std::string_view identifier) {
+    elements_.append(identifier);
+    present_.emplace(identifier);
+}
+
+void IdentifierList::remove(std::string_view identifier) {
+    const auto found = present_.find(identifier);
+    if (found == present_.end())
+        return;
+    elements_.removeObject(identifier);
+    present_.erase(found);
+}
+
+} // namespace wardlock

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "platform/foundation/Value.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+
+namespace wardlock {
+
+/// The restricted applications of an account in the order in which they are stored, with a quick answer to
+/// whether one is among them: every cell asks. Elements that are no strings are kept in their places, so that
+/// saving does not lose them, but stand for no application.
+class IdentifierList {
+public:
+    explicit IdentifierList(const platform::Array& stored);
+
+    const platform::MutableArray& elements() const { return elements_; }
+    platform::Array copy() const { return elements_.copy(); }
+
+    bool contains(std::string_view identifier) const;
+    void append(std::string_view identifier);
+    /// Every occurrence.
+    void remove(std::string_view identifier);
+
+private:
+    struct Hash {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>()(text); }
+    };
+
+    platform::MutableArray elements_;
+    std::unordered_set<std::string, Hash, std::equal_to<>> present_;
+};
+
+} // namespace wardlock
