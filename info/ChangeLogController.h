@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/foundation/Class.h"
+#include "platform/preferences/PSListController.h"
+
+namespace wardlock {
+
+/// The page of the history of changes; a new ChangeLog each time it is about to appear.
+class ChangeLogController : public platform::PSListController {
+public:
+    static const platform::Class& theClass();
+
+    std::string navigationTitle() const override;
+    void viewWillAppear(bool animated) override;
+};
+
+} // namespace wardlock

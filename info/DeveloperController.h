@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/foundation/Class.h"
+#include "platform/preferences/PSListController.h"
+
+namespace wardlock {
+
+/// The page of the maker's other packages; a new DeveloperView, and so a new load of the listing, each time
+/// it is about to appear.
+class DeveloperController : public platform::PSListController {
+public:
+    static const platform::Class& theClass();
+
+    std::string navigationTitle() const override;
+    void viewWillAppear(bool animated) override;
+};
+
+} // namespace wardlock

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/ui/UIActivityIndicatorView.h"
+#include "platform/ui/UIWebView.h"
+
+#include <memory>
+#include <string>
+
+namespace wardlock {
+
+/// The repository's listing of the maker's packages in a web view, under a spinner that turns while a page
+/// loads. A load that fails leaves the page as it is and says nothing.
+class DeveloperView : public platform::UIView, public platform::UIWebViewDelegate {
+public:
+    /// Starts the load.
+    static std::shared_ptr<DeveloperView> initWithFrame(const platform::CGRect& frame);
+    explicit DeveloperView(const platform::CGRect& frame) : UIView(frame) {}
+
+    const std::shared_ptr<platform::UIActivityIndicatorView>& activity() const { return activity_; }
+    void setActivity(std::shared_ptr<platform::UIActivityIndicatorView> activity) {
+        activity_ = std::move(activity);
+    }
+
+    void setupTextViewWithFrame(const platform::CGRect& frame);
+
+    void webViewDidStartLoad(platform::UIWebView& webView) override;
+    void webViewDidFinishLoad(platform::UIWebView& webView) override;
+    void webViewDidFailLoadWithError(platform::UIWebView& webView, const std::string& error) override;
+
+private:
+    std::shared_ptr<platform::UIActivityIndicatorView> activity_;
+};
+
+} // namespace wardlock
