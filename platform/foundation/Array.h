@@ -19,6 +19,7 @@ public:
     /// Note that braces make elements: `Array{other}` is an array of one array, `Array(other)` a copy.
     Array(std::initializer_list<Value> values);
     explicit Array(std::vector<Value> values);
+    explicit Array(Reference<ContainerBlock> block) : block_(std::move(block)) {}
 
     std::size_t size() const { return block_ ? block_->size() : 0; }
     bool empty() const { return !block_; }
@@ -34,9 +35,6 @@ public:
 
 private:
     friend class Value;
-    friend class ValueBuilder;
-
-    explicit Array(Reference<ContainerBlock> block) : block_(std::move(block)) {}
 
     Reference<ContainerBlock> block_;
 };

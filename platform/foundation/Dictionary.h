@@ -55,6 +55,8 @@ public:
     Dictionary() = default;
     /// Of equal keys the last value counts, at the place of the first.
     Dictionary(std::initializer_list<std::pair<std::string_view, Value>> entries);
+    /// A block with keys.
+    explicit Dictionary(Reference<ContainerBlock> block) : block_(std::move(block)) {}
 
     std::size_t size() const { return block_ ? block_->size() : 0; }
     bool empty() const { return !block_; }
@@ -62,6 +64,8 @@ public:
     const Value* find(std::string_view key) const noexcept;
     DictionaryIterator begin() const;
     DictionaryIterator end() const;
+    /// The keys, which dictionaries may share; null when there are none.
+    Reference<KeySet> keys() const;
 
     /// Whether both are handles on the very same entries. Empty dictionaries are all the same object.
     bool isSameObject(const Dictionary& other) const { return block_ == other.block_; }
@@ -71,9 +75,6 @@ public:
 private:
     friend class MutableDictionary;
     friend class Value;
-    friend class ValueBuilder;
-
-    explicit Dictionary(Reference<ContainerBlock> block) : block_(std::move(block)) {}
 
     Reference<ContainerBlock> block_;
 };

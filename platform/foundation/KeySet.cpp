@@ -1,7 +1,8 @@
 #include "platform/foundation/KeySet.h"
 
+#include "platform/foundation/TextHash.h"
+
 #include <bit>
-#include <cstring>
 
 namespace platform {
 
@@ -10,34 +11,6 @@ namespace {
 /// Beyond this many keys the hash index, whose worst case is a walk over all of them, gives way to the sorted
 /// one.
 constexpr std::size_t largestHashed = 64;
-
-template <class Word>
-std::uint64_t load(const char* from) {
-    Word word;
-    std::memcpy(&word, from, sizeof word);
-    return word;
-}
-
-/// Keys of one record differ in their length, first or last letters; what collides is told apart by
-/// comparing.
-std::size_t hash(std::string_view key) {
-    const char* text = key.data();
-    const std::size_t length = key.size();
-    std::uint64_t head = 0;
-    std::uint64_t tail = 0;
-    if (length >= 8) {
-        head = load<std::uint64_t>(text);
-        tail = load<std::uint64_t>(text + length - 8);
-    } else if (length >= 4) {
-        head = load<std::uint32_t>(text);
-        tail = load<std::uint32_t>(text + length - 4);
-    } else if (length > 0) {
-        head = static_cast<unsigned char>(text[0]);
-        tail = static_cast<unsigned char>(text[length - 1]);
-    }
-    const std::uint64_t mixed = (head ^ std::rotl(tail, 23) ^ length) * 0x9E3779B97F4A7C15u;
-    return static_cast<std::size_t>(mixed >> 32 ^ mixed >> 56);
-}
 
 } // namespace
 
@@ -66,7 +39,7 @@ std::size_t KeySet::find(std::string_view key) const noexcept {
     if (slots_.empty())
         return notFound;
     const std::size_t mask = slots_.size() - 1;
-    for (std::size_t slot = hash(key) & mask; slots_[slot] != 0; slot = (slot + 1) & mask) {
+    for (std::size_t slot = textHash(key) & mask; slots_[slot] != 0; slot = (slot + 1) & mask) {
         const std::size_t place = slots_[slot] - 1u;
         if ((*this)[place] == key)
             return place;
@@ -104,7 +77,7 @@ void KeySet::index(std::uint32_t place) {
 
 void KeySet::hashInto(std::uint32_t place) {
     const std::size_t mask = slots_.size() - 1;
-    std::size_t slot = hash((*this)[place]) & mask;
+    std::size_t slot = textHash((*this)[place]) & mask;
     while (slots_[slot] != 0)
         slot = (slot + 1) & mask;
     slots_[slot] = static_cast<std::uint8_t>(place + 1);

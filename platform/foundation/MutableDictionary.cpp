@@ -10,9 +10,7 @@ MutableDictionary::MutableDictionary() = default;
 MutableDictionary::MutableDictionary(const Dictionary& dictionary) {
     if (dictionary.empty())
         return;
-    KeySet* keys = dictionary.block_->keys();
-    keys->retain();
-    keys_ = Reference<KeySet>::adopt(keys);
+    keys_ = dictionary.keys();
     const Value* values = dictionary.block_->values();
     values_.assign(values, values + dictionary.size());
 }

@@ -1,10 +1,23 @@
 #include "platform/foundation/Utf8.h"
 
+#include <cstdint>
+#include <cstring>
+
 namespace platform {
 namespace {
 
-bool isCharacter(char32_t code) {
-    return code < 0xD800 || (code > 0xDFFF && code <= 0x10FFFF);
+/// The first place from `at` on that is no ASCII. Most of a document is, so it is passed over in large steps.
+std::size_t skipAscii(std::string_view text, std::size_t at) {
+    constexpr std::uint64_t highBits = 0x8080808080808080u;
+    std::uint64_t words[4];
+    for (; text.size() - at >= sizeof words; at += sizeof words) {
+        std::memcpy(words, text.data() + at, sizeof words);
+        if ((words[0] | words[1] | words[2] | words[3]) & highBits)
+            break;
+    }
+    while (at < text.size() && static_cast<unsigned char>(text[at]) < 0x80)
+        ++at;
+    return at;
 }
 
 /// Length and first bits of a sequence by its lead byte; length 0 for none.
@@ -28,6 +41,10 @@ Lead leadOf(unsigned char byte) {
 
 } // namespace
 
+bool isCharacter(char32_t code) {
+    return code < 0xD800 || (code > 0xDFFF && code <= 0x10FFFF);
+}
+
 DecodedCharacter decodeUtf8(std::string_view text, std::size_t position) {
     const Lead lead = leadOf(static_cast<unsigned char>(text[position]));
     if (lead.length == 0 || text.size() - position < lead.length)
@@ -45,7 +62,7 @@ DecodedCharacter decodeUtf8(std::string_view text, std::size_t position) {
 }
 
 bool isValidUtf8(std::string_view text) {
-    for (std::size_t i = 0; i < text.size();) {
+    for (std::size_t i = skipAscii(text, 0); i < text.size(); i = skipAscii(text, i)) {
         const DecodedCharacter decoded = decodeUtf8(text, i);
         if (decoded.length == 0)
             return false;

@@ -40,6 +40,8 @@ public:
     Value(const char* text) : Value(std::string_view(text)) {}
     Value(platform::Array array) : kind_(Kind::Array), array_(std::move(array)) {}
     Value(platform::Dictionary dictionary) : kind_(Kind::Dictionary), dictionary_(std::move(dictionary)) {}
+    /// A string or data.
+    Value(Kind kind, Reference<ByteBlock> bytes) : kind_(kind), bytes_(std::move(bytes)) {}
     Value(const void*) = delete;
     Value(std::nullptr_t) = delete;
     static Value data(std::string_view bytes) { return {Kind::Data, ByteBlock::create(bytes)}; }
@@ -75,9 +77,6 @@ public:
 
 private:
     friend class ContainerBlock;
-    friend class ValueBuilder;
-
-    Value(Kind kind, Reference<ByteBlock> bytes) : kind_(kind), bytes_(std::move(bytes)) {}
 
     std::string_view bytes() const { return bytes_ ? bytes_->bytes() : std::string_view(); }
     /// Takes the shared elements out of a container, which becomes empty; null for none and for other kinds.

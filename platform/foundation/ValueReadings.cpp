@@ -1,17 +1,12 @@
+#include "platform/foundation/Decimal.h"
 #include "platform/foundation/Value.h"
 
-#include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <limits>
 
 namespace platform {
 
 namespace {
-
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
 
 std::string_view withoutLeadingSpace(std::string_view text) {
     const std::size_t start = text.find_first_not_of(" \t\n\r\v\f");
@@ -38,35 +33,11 @@ bool textIsTrue(std::string_view text) {
     return first == 'Y' || first == 'y' || first == 'T' || first == 't' || (first >= '1' && first <= '9');
 }
 
-/// What std::from_chars leaves untold of a decimal out of range: whether it is too large or too small.
-bool isTooLarge(std::string_view decimal) {
-    const std::size_t exponentAt = decimal.find_first_of("eE");
-    const std::string_view digits = decimal.substr(0, exponentAt);
-    const std::size_t point = std::min(digits.find('.'), digits.size());
-    const std::size_t firstDigit = digits.find_first_not_of("0.");
-    double magnitude = static_cast<double>(point) - static_cast<double>(firstDigit);
-    if (exponentAt != std::string_view::npos) {
-        std::string_view exponent = decimal.substr(exponentAt + 1);
-        const bool minus = takeSign(exponent);
-        long long power = std::numeric_limits<long long>::max();
-        std::from_chars(exponent.data(), exponent.data() + exponent.size(), power);
-        magnitude += minus ? -static_cast<double>(power) : static_cast<double>(power);
-    }
-    return magnitude > 0;
-}
-
 double leadingNumber(std::string_view text) {
     text = withoutLeadingSpace(text);
     const bool minus = takeSign(text);
-    const bool number =
-        !text.empty() && (isDigit(text[0]) || (text.size() > 1 && text[0] == '.' && isDigit(text[1])));
-    if (!number)
-        return 0;
-    double result = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), result);
-    if (error == std::errc::result_out_of_range)
-        result = isTooLarge({text.data(), end}) ? HUGE_VAL : 0;
-    return minus ? -result : result;
+    const double magnitude = leadingDecimal(text).value;
+    return minus ? -magnitude : magnitude;
 }
 
 double number(const Value& value) {

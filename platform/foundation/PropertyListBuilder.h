@@ -1,0 +1,71 @@
+#pragma once
+
+#include "platform/foundation/DictionaryMaker.h"
+#include "platform/foundation/StringPool.h"
+#include "platform/foundation/Value.h"
+
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace platform {
+
+/// Builds a value from a document's elements in the order in which they stand there. A function that answers
+/// false has met an element where it may not stand.
+class PropertyListBuilder {
+public:
+    /// Deeper documents are refused.
+    static constexpr std::size_t deepestNesting = 512;
+
+    /// `documentSize` in bytes.
+    explicit PropertyListBuilder(std::size_t documentSize);
+
+    /// How many containers are open.
+    std::size_t depth() const { return frames_.size(); }
+
+    bool openArray() { return open(Value::Kind::Array); }
+    bool openDictionary() { return open(Value::Kind::Dictionary); }
+    /// Closes the innermost container, which must be of that kind and, for a dictionary, have a value for
+    /// each key.
+    bool close(Value::Kind kind);
+
+    /// The text must stay where it is until the value is taken.
+    bool addKey(std::string_view key);
+
+    bool add(Value value);
+    bool addString(std::string_view text);
+
+    /// The one value that was built, once no container is open.
+    std::optional<Value> take();
+
+private:
+    struct Frame {
+        Value::Kind kind;
+        std::size_t firstValue;
+        std::size_t firstKey;
+        std::size_t keyCount;
+        /// The keys of the last dictionary of this depth, as long as this one's are the same; then only they
+        /// are counted, not kept.
+        KeySet* expected;
+    };
+
+    bool open(Value::Kind kind);
+    /// Whether a value may stand here: anywhere in an array, after a key in a dictionary, once on the
+    /// outside.
+    bool mayAdd() const;
+    bool mayAddKey() const;
+    std::size_t valueCount(const Frame& frame) const { return values_.size() - frame.firstValue; }
+    Dictionary closedDictionary(Frame& frame);
+    void spellOutKeys(Frame& frame);
+
+    DictionaryMaker dictionaries_;
+    StringPool strings_;
+    std::vector<Frame> frames_;
+    /// The elements of all open containers, and the keys that were not as expected.
+    std::vector<Value> values_;
+    std::vector<std::string_view> keys_;
+    /// By depth: the keys of the dictionary closed last.
+    std::vector<Reference<KeySet>> lastKeys_;
+};
+
+} // namespace platform

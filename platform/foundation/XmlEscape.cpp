@@ -1,0 +1,89 @@
+#include "platform/foundation/XmlEscape.h"
+
+#include "platform/foundation/TextHash.h"
+#include "platform/foundation/Utf8.h"
+
+#include <algorithm>
+
+namespace platform {
+
+namespace {
+
+constexpr std::uint64_t everyByte(unsigned char byte) {
+    return 0x0101010101010101u * byte;
+}
+
+/// Eight characters at once: the highest bit of some byte of the result is set exactly when one of the word's
+/// is zero.
+constexpr std::uint64_t zeroBytes(std::uint64_t word) {
+    return (word - everyByte(1)) & ~word;
+}
+
+/// Whether one of the eight is a control character, "&", "<", ">" or no ASCII.
+constexpr bool hasSpecial(std::uint64_t word) {
+    const std::uint64_t control = (word - everyByte(0x20)) & ~word;
+    const std::uint64_t ampersand = zeroBytes(word ^ everyByte('&'));
+    // "<" and ">" differ in one bit.
+    const std::uint64_t angle = zeroBytes((word | everyByte('<' ^ '>')) ^ everyByte('>'));
+    return ((control | ampersand | angle | word) & everyByte(0x80)) != 0;
+}
+
+bool isSpecial(char c) {
+    return static_cast<unsigned char>(c) < 0x20 || static_cast<unsigned char>(c) >= 0x80 || c == '&' ||
+           c == '<' || c == '>';
+}
+
+void appendAscii(std::string& text, char c) {
+    switch (c) {
+    case '&':
+        text += "&amp;";
+        return;
+    case '<':
+        text += "&lt;";
+        return;
+    case '>':
+        text += "&gt;";
+        return;
+    case '\t':
+    case '\n':
+        text += c;
+        return;
+    default:
+        if (static_cast<unsigned char>(c) >= 0x20)
+            text += c;
+        else
+            text.append("&#").append(std::to_string(int(c))).append(";");
+    }
+}
+
+} // namespace
+
+bool needsNoEscape(std::string_view text) {
+    const char* const begin = text.data();
+    const std::size_t length = text.size();
+    if (length < 8)
+        return std::none_of(text.begin(), text.end(), isSpecial);
+    for (std::size_t at = 0; at + 8 <= length; at += 8)
+        if (hasSpecial(loadWord<std::uint64_t>(begin + at)))
+            return false;
+    return !hasSpecial(loadWord<std::uint64_t>(begin + length - 8));
+}
+
+void appendEscaped(std::string& text, std::string_view characters) {
+    if (needsNoEscape(characters)) {
+        text += characters;
+        return;
+    }
+    for (std::size_t at = 0; at < characters.size();) {
+        const std::size_t length = decodeUtf8(characters, at).length;
+        if (length == 1)
+            appendAscii(text, characters[at]);
+        else if (length > 1)
+            text += characters.substr(at, length);
+        else
+            text += "\xEF\xBF\xBD";
+        at += std::max<std::size_t>(length, 1);
+    }
+}
+
+} // namespace platform

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "platform/foundation/PropertyListBuilder.h"
+#include "platform/foundation/Value.h"
+#include "platform/foundation/XmlCursor.h"
+#include "platform/foundation/XmlText.h"
+
+#include <optional>
+#include <string_view>
+
+namespace platform {
+
+/// Reads the XML form of a property list in one pass. Entities are never declared nor looked up; a DOCTYPE is
+/// passed over, one with declarations of its own refused.
+class XmlPropertyListReader {
+public:
+    /// The document in UTF-8, without a byte-order mark; it must outlive the reader.
+    explicit XmlPropertyListReader(std::string_view document)
+        : cursor_(document), builder_(document.size()) {}
+
+    /// None unless the whole document is a property list. To be called once.
+    std::optional<Value> read();
+
+private:
+    enum class Element {
+        PropertyList,
+        Array,
+        Dictionary,
+        Key,
+        String,
+        True,
+        False,
+        Integer,
+        Real,
+        Date,
+        Data
+    };
+    struct Tag {
+        Element element;
+        bool closing;
+        bool empty;
+    };
+
+    bool skipMiscellany();
+    bool skipDocumentType();
+    bool readProlog();
+    bool readElement();
+    bool readLeaf(const Tag& tag);
+    bool addLeaf(Element element, std::string_view text);
+    bool open(Element element, bool empty);
+    bool close(Element element);
+    std::optional<Tag> takeTag();
+    std::optional<Element> takeName();
+    bool skipAttributes(Tag& tag);
+
+    XmlCursor cursor_;
+    PropertyListBuilder builder_;
+    XmlText text_;
+    bool wrapped_ = false;
+};
+
+} // namespace platform
