@@ -9,14 +9,15 @@
 
 namespace platform {
 
-/// A class that can be named at run time. Instances have static storage duration in the module that defines the class.
+/// A class that can be named at run time. Instances have static storage duration in the module that defines
+/// the class.
 class WARDLOCK_API Class {
 public:
     using Factory = std::shared_ptr<Object> (*)();
     using Meta = Object& (*)();
 
-    /// `create` makes an instance (`alloc`/`init`), null where the class offers none; `meta` answers the object that
-    /// carries the class methods, null where there are none.
+    /// `create` makes an instance (`alloc`/`init`), null where the class offers none; `meta` answers the
+    /// object that carries the class methods, null where there are none.
     constexpr Class(std::string_view name, Factory create, Meta meta = nullptr)
         : name_(name), create_(create), meta_(meta) {}
 
@@ -53,16 +54,21 @@ struct ClassTable {
     constexpr const Class* const* end() const { return classes + count; }
     constexpr std::size_t size() const { return count; }
 
-    const Class* const* classes;
-    std::size_t count;
+    const Class* const* classes = nullptr;
+    std::size_t count = 0;
 };
 inline constexpr const char* classTableEntry = "wardlock_classes";
 
-/// The class registered under the name, or null. Classes of later tables hide those of earlier ones.
+/// The class registered under the name, or null. Classes of later tables hide those of earlier ones. Any
+/// thread.
 WARDLOCK_API const Class* objc_getClass(std::string_view name);
 
-/// Registers and withdraws a table; used by dlopen/dlclose and by a program for its own classes.
+/// The table's class of that name, or null.
+WARDLOCK_API const Class* classInTable(const ClassTable& table, std::string_view name);
+
+/// Registers and withdraws a table; used by dlopen/dlclose and by a program for its own classes. A table
+/// registered twice is withdrawn twice.
 WARDLOCK_API void registerClasses(ClassTable table);
 WARDLOCK_API void withdrawClasses(ClassTable table);
 
-}  // namespace platform
+} // namespace platform

@@ -15,23 +15,26 @@ namespace platform {
 /// A folder that carries a module and its resources beside an Info.plist.
 class WARDLOCK_API NSBundle {
 public:
-    /// The bundle in the folder at a device path; null when there is no Info.plist there that is a dictionary.
+    /// The bundle in the folder at a device path; null when there is no Info.plist there that is a
+    /// dictionary.
     static std::shared_ptr<NSBundle> bundleWithPath(std::string_view devicePath);
-    /// The bundle whose module defines the class of the object or the class named; the folder of the program or library
-    /// where that is no bundle. Never null.
+    /// The bundle whose module defines the class of the object or the class named: the nearest folder above
+    /// the module's file with an Info.plist; the folder of the program or library where that is no bundle.
+    /// Never null.
     static std::shared_ptr<NSBundle> bundleForObject(const Object& object);
     static std::shared_ptr<NSBundle> bundleForClass(const std::type_info& type);
 
-    /// The folder, a path of this machine.
+    /// The folder, a path of this machine without links.
     const std::string& bundlePath() const { return path_; }
     const Dictionary& infoDictionary() const { return info_; }
     /// "CFBundleIdentifier"; empty when absent.
     std::string bundleIdentifier() const;
-    /// A path of this machine for the resource "name.type" of the bundle, or none where there is no such file.
+    /// A path of this machine for the resource "name.type" of the bundle, or none where there is no such
+    /// file. A name that leads out of the bundle names none.
     std::optional<std::string> pathForResource(std::string_view name, std::string_view type) const;
 
-    /// Opens the module ("CFBundleExecutable") and answers the class named by "NSPrincipalClass"; null when either
-    /// fails, with the reason in `reason`. A loaded bundle is never unloaded.
+    /// Opens the module ("CFBundleExecutable") and answers its class named by "NSPrincipalClass"; null when
+    /// either fails, with the reason in `reason`. A loaded bundle is never unloaded.
     const Class* principalClass(std::string& reason);
 
 private:
@@ -39,6 +42,7 @@ private:
 
     std::string path_;
     Dictionary info_;
+    void* module_ = nullptr;
 };
 
-}  // namespace platform
+} // namespace platform

@@ -1,0 +1,85 @@
+#include "platform/foundation/DocumentFile.h"
+
+#include "platform/foundation/AtomicWriter.h"
+#include "platform/foundation/PropertyList.h"
+
+#include <charconv>
+#include <utility>
+
+namespace platform {
+
+namespace {
+
+// A document holds a few kilobytes. The bound keeps a log or an image in its place out of the memory.
+constexpr std::size_t largestDocument = std::size_t(16) << 20;
+constexpr int mostDamaged = 9;
+
+/// The name under which the bytes of a damaged file are kept, the first, second, ... time.
+std::string damagedName(const std::string& path, int number) {
+    char digit[2] = {};
+    std::to_chars(digit, digit + 1, number);
+    return number == 1 ? path + ".damaged" : path + ".damaged." + digit;
+}
+
+} // namespace
+
+DocumentFile::DocumentFile(FileSystem& files, std::string path) : files_(files), path_(std::move(path)) {
+    std::string bytes;
+    const std::error_code error =
+        uninterrupted([&] { return files_.readFile(path_, largestDocument, bytes); });
+    if (error) {
+        state_ = error == std::errc::no_such_file_or_directory ? State::Missing : State::Unreadable;
+        return;
+    }
+    const std::optional<Value> root = propertyListWithData(bytes);
+    if (root && root->kind() == Value::Kind::Dictionary) {
+        state_ = State::Document;
+        dictionary_ = root->dictionary();
+    } else {
+        state_ = State::Damaged;
+        damaged_ = std::move(bytes);
+    }
+}
+
+bool DocumentFile::replace(const Dictionary& dictionary, Sync sync) {
+    if (keepOld(sync))
+        return false;
+    // The mode that kept us from reading the old file would do so with the new one.
+    const Attributes attributes = state_ == State::Unreadable ? Attributes::Private : Attributes::OfOldFile;
+    return !AtomicWriter(files_).write(path_, dataWithPropertyList(dictionary), sync, attributes);
+}
+
+std::error_code DocumentFile::keepOld(Sync sync) {
+    if (state_ == State::Damaged)
+        return copyAside(sync);
+    return state_ == State::Unreadable ? linkAside() : std::error_code();
+}
+
+std::error_code DocumentFile::copyAside(Sync sync) {
+    for (int number = 1; number <= mostDamaged; ++number) {
+        std::string kept;
+        const std::string name = damagedName(path_, number);
+        const std::error_code error =
+            uninterrupted([&] { return files_.readFile(name, largestDocument, kept); });
+        if (!error && kept == damaged_)
+            return {};
+        if (error == std::errc::no_such_file_or_directory || number == mostDamaged)
+            return AtomicWriter(files_).write(name, damaged_, sync, Attributes::Private);
+    }
+    return {};
+}
+
+std::error_code DocumentFile::linkAside() {
+    std::string file;
+    if (std::error_code error = uninterrupted([&] { return files_.resolve(path_, file); }))
+        return error;
+    std::error_code error;
+    for (int number = 1; number <= mostDamaged; ++number) {
+        error = uninterrupted([&] { return files_.link(file, damagedName(path_, number)); });
+        if (error != std::errc::file_exists)
+            break;
+    }
+    return error;
+}
+
+} // namespace platform

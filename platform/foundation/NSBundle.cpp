@@ -1,0 +1,103 @@
+#include "platform/foundation/NSBundle.h"
+
+#include "platform/foundation/DeviceRoot.h"
+#include "platform/foundation/DocumentFile.h"
+#include "platform/foundation/DynamicLibrary.h"
+#include "platform/foundation/FileSystem.h"
+#include "platform/foundation/Module.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace platform {
+
+namespace {
+
+constexpr const char* infoFile = "/Info.plist";
+// A module lies in its bundle or in a folder or two inside; what lies further up is not about it.
+constexpr int foldersLookedAt = 3;
+
+std::optional<Dictionary> infoIn(const std::string& folder) {
+    return DocumentFile(FileSystem::current(), folder + infoFile).dictionary();
+}
+
+std::string stringIn(const Dictionary& info, std::string_view key) {
+    return std::string(stringValue(info.find(key)).value_or(""));
+}
+
+/// Whether a name stays inside the folder it is looked up in.
+bool staysInside(std::string_view name) {
+    while (!name.empty()) {
+        const std::string_view component = name.substr(0, name.find('/'));
+        if (component == "..")
+            return false;
+        name.remove_prefix(std::min(component.size() + 1, name.size()));
+    }
+    return true;
+}
+
+} // namespace
+
+NSBundle::NSBundle(std::string path, Dictionary info) : path_(std::move(path)), info_(std::move(info)) {}
+
+std::shared_ptr<NSBundle> NSBundle::bundleWithPath(std::string_view devicePath) {
+    std::string folder;
+    if (FileSystem::current().resolve(pathOnDevice(devicePath), folder))
+        return nullptr;
+    std::optional<Dictionary> info = infoIn(folder);
+    return info ? std::shared_ptr<NSBundle>(new NSBundle(folder, *info)) : nullptr;
+}
+
+std::shared_ptr<NSBundle> NSBundle::bundleForObject(const Object& object) {
+    return bundleForClass(typeid(object));
+}
+
+std::shared_ptr<NSBundle> NSBundle::bundleForClass(const std::type_info& type) {
+    const std::string own = folderOf(moduleHolding(&type));
+    std::string folder = own;
+    for (int looked = 0; looked < foldersLookedAt; ++looked) {
+        if (const std::optional<Dictionary> info = infoIn(folder))
+            return std::shared_ptr<NSBundle>(new NSBundle(folder, *info));
+        folder = folderOf(folder);
+    }
+    return std::shared_ptr<NSBundle>(new NSBundle(own, Dictionary()));
+}
+
+std::string NSBundle::bundleIdentifier() const {
+    return stringIn(info_, "CFBundleIdentifier");
+}
+
+std::optional<std::string> NSBundle::pathForResource(std::string_view name, std::string_view type) const {
+    std::string file(name);
+    if (!type.empty())
+        file.append(".").append(type);
+    if (file.empty() || !staysInside(file))
+        return std::nullopt;
+    std::string path = path_ + '/' + file;
+    FileStatus status;
+    const bool found = !FileSystem::current().status(path, Links::Follow, status);
+    return found && status.kind == FileKind::Regular ? std::optional(std::move(path)) : std::nullopt;
+}
+
+const Class* NSBundle::principalClass(std::string& reason) {
+    const std::string executable = stringIn(info_, "CFBundleExecutable");
+    const std::string name = stringIn(info_, "NSPrincipalClass");
+    if (executable.empty() || !staysInside(executable)) {
+        reason = path_ + infoFile + " names no module in CFBundleExecutable";
+        return nullptr;
+    }
+    if (name.empty()) {
+        reason = path_ + infoFile + " names no class in NSPrincipalClass";
+        return nullptr;
+    }
+    // One handle for each bundle object, and never given back: a bundle stays loaded.
+    if (!module_)
+        module_ = openModule(path_ + '/' + executable, RTLD_Lazy, reason);
+    if (!module_)
+        return nullptr;
+    const Class* const found = classInTable(classesOfModule(module_), name);
+    reason = found ? "" : "The module of " + path_ + " has no class " + name;
+    return found;
+}
+
+} // namespace platform

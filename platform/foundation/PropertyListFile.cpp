@@ -1,0 +1,37 @@
+#include "platform/foundation/PropertyListFile.h"
+
+#include "platform/foundation/DeviceRoot.h"
+#include "platform/foundation/DocumentFile.h"
+
+namespace platform {
+
+namespace {
+
+DocumentFile fileOnDevice(std::string_view devicePath) {
+    return DocumentFile(FileSystem::current(), pathOnDevice(devicePath));
+}
+
+} // namespace
+
+std::optional<Dictionary> dictionaryWithContentsOfFile(std::string_view devicePath) {
+    return fileOnDevice(devicePath).dictionary();
+}
+
+bool writeToFileAtomically(const Dictionary& dictionary, std::string_view devicePath, Sync sync) {
+    return fileOnDevice(devicePath).replace(dictionary, sync);
+}
+
+Update updateFile(std::string_view devicePath, const std::function<bool(MutableDictionary&)>& change,
+                  Sync sync) {
+    DocumentFile file = fileOnDevice(devicePath);
+    MutableDictionary entries;
+    if (file.dictionary())
+        entries = MutableDictionary(*file.dictionary());
+    Update update;
+    update.changed = change(entries);
+    update.dictionary = entries.copy();
+    update.written = update.changed && file.replace(update.dictionary, sync);
+    return update;
+}
+
+} // namespace platform
