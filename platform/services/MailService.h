@@ -25,8 +25,9 @@ public:
     /// Tries the routes in their order; `done` is called on the main thread, possibly before this returns.
     virtual void send(const MailMessage& message, std::function<void(const MailOutcome&)> done) = 0;
 
+    /// The process's service; one that can send nothing while none is set.
     static MailService& current();
-    /// Null brings the machine's own back. Not owned.
+    /// Null takes it back. Not owned.
     static void setCurrent(MailService* service);
 };
 

@@ -13,6 +13,8 @@ namespace platform {
 enum class UIAlertControllerStyle : int { ActionSheet = 0, Alert = 1 };
 enum class UIAlertActionStyle : int { Default = 0, Cancel = 1, Destructive = 2 };
 
+class UIAlertController;
+
 /// A button of an alert.
 class WARDLOCK_API UIAlertAction : public Object {
 public:
@@ -35,11 +37,12 @@ private:
     UIAlertActionStyle style_;
     Handler handler_;
     bool enabled_ = true;
+    std::weak_ptr<UIAlertController> alert_;
 };
 
 /// A question over the page: a title, a message, text fields and buttons. Presented by a page; a tap on a
-/// button dismisses it, then runs that button's handler. After that all handlers are dropped, so that what
-/// they kept alive goes.
+/// button dismisses it, then runs that button's handler. With the dismissal all handlers are dropped, so that
+/// what they kept alive goes.
 class WARDLOCK_API UIAlertController : public UIViewController {
 public:
     static std::shared_ptr<UIAlertController> alertControllerWithTitle(std::string title, std::string message,
@@ -56,6 +59,9 @@ public:
     void addAction(std::shared_ptr<UIAlertAction> action);
     /// What a tap on a button does; nothing when it is disabled or no button of this alert.
     void choose(const std::shared_ptr<UIAlertAction>& action);
+
+protected:
+    void didDismiss() override;
 
 private:
     UIAlertController(std::string title, std::string message, UIAlertControllerStyle style);

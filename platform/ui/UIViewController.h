@@ -64,6 +64,8 @@ public:
 protected:
     /// The view of a controller that was given none: empty, the size of the screen.
     virtual std::shared_ptr<UIView> loadView();
+    /// This controller was presented and has been taken down.
+    virtual void didDismiss() {}
     void changed();
 
 private:

@@ -1,0 +1,31 @@
+#include "platform/ui/DisplayObserver.h"
+
+namespace platform {
+
+namespace {
+
+class NobodyWatching : public DisplayObserver {
+    void viewChanged(UIView&) override {}
+    void controllerChanged(UIViewController&) override {}
+    void listReloaded(UIViewController&) override {}
+    void rowReloaded(UIViewController&, NSIndexPath) override {}
+    void rowInserted(UIViewController&, NSIndexPath, bool) override {}
+    void endEditing(UIView&) override {}
+};
+
+DisplayObserver* currentObserver = nullptr;
+
+} // namespace
+
+DisplayObserver::~DisplayObserver() = default;
+
+DisplayObserver& DisplayObserver::current() {
+    static NobodyWatching nobody;
+    return currentObserver ? *currentObserver : nobody;
+}
+
+void DisplayObserver::setCurrent(DisplayObserver* observer) {
+    currentObserver = observer;
+}
+
+} // namespace platform

@@ -1,0 +1,34 @@
+#include "platform/ui/UIApplication.h"
+
+#include "platform/foundation/NSNotificationCenter.h"
+
+#include <utility>
+
+namespace platform {
+
+UIApplication::~UIApplication() = default;
+
+UIApplication& UIApplication::sharedApplication() {
+    static const std::shared_ptr<UIApplication> application(new UIApplication);
+    return *application;
+}
+
+void UIApplication::setKeyWindow(std::shared_ptr<UIWindow> window) {
+    keyWindow_ = std::move(window);
+}
+
+bool UIApplication::openURL(std::string_view url) {
+    const URLOpener opener = opener_;
+    return opener && opener(url);
+}
+
+void UIApplication::setURLOpener(URLOpener opener) {
+    opener_ = std::move(opener);
+}
+
+void UIApplication::resignActive() {
+    NSNotificationCenter::defaultCenter().postNotification(UIApplicationWillResignActiveNotification,
+                                                           shared_from_this());
+}
+
+} // namespace platform

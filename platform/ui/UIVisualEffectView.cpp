@@ -1,0 +1,7 @@
+#include "platform/ui/UIVisualEffectView.h"
+
+namespace platform {
+
+UIVisualEffectView::~UIVisualEffectView() = default;
+
+} // namespace platform

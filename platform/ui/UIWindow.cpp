@@ -1,0 +1,7 @@
+#include "platform/ui/UIWindow.h"
+
+namespace platform {
+
+UIWindow::~UIWindow() = default;
+
+} // namespace platform
