@@ -1,7 +1,7 @@
 #include "platform/ui/UIViewController.h"
 
-#include "platform/services/DeviceInformation.h"
 #include "platform/ui/DisplayObserver.h"
+#include "platform/ui/UIApplication.h"
 
 #include <utility>
 
@@ -38,7 +38,8 @@ void UIViewController::setView(std::shared_ptr<UIView> view) {
 }
 
 std::shared_ptr<UIView> UIViewController::loadView() {
-    return std::make_shared<UIView>(DeviceInformation::current().screenBounds());
+    const auto& window = UIApplication::sharedApplication().keyWindow();
+    return std::make_shared<UIView>(window ? window->bounds() : CGRectZero);
 }
 
 void UIViewController::presentViewController(const std::shared_ptr<UIViewController>& controller, bool) {

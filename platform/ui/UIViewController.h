@@ -62,7 +62,7 @@ public:
     void dismissViewControllerAnimated(bool animated);
 
 protected:
-    /// The view of a controller that was given none: empty, the size of the screen.
+    /// The view of a controller that was given none: empty, the size of the key window.
     virtual std::shared_ptr<UIView> loadView();
     /// This controller was presented and has been taken down.
     virtual void didDismiss() {}
