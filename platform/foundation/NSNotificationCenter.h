@@ -20,9 +20,9 @@ struct NSNotification {
     std::optional<Dictionary> userInfo;
 };
 
-/// Notifications inside the process. Main thread only. Observers and objects are not retained: an observer that is gone
-/// is dropped. Dispatch works on a snapshot of the observers: one added meanwhile is not told, one removed meanwhile
-/// neither.
+/// Notifications inside the process. Main thread only. Observers and objects are not retained: an observer
+/// that is gone is dropped. Dispatch works on a snapshot of the observers: one added meanwhile is not told,
+/// one removed meanwhile neither.
 class WARDLOCK_API NSNotificationCenter {
 public:
     using Action = Selector<void(const NSNotification&)>;
@@ -35,7 +35,8 @@ public:
     /// Removes the observer altogether. Takes a plain reference so that a destructor can call it.
     void removeObserver(const Object& observer);
     /// Removes the observer's registrations for the name; `object` null: of any object.
-    void removeObserver(const Object& observer, std::string_view name, const std::shared_ptr<Object>& object = nullptr);
+    void removeObserver(const Object& observer, std::string_view name,
+                        const std::shared_ptr<Object>& object = nullptr);
     /// Tells the observers in the order of their registration before it returns.
     void postNotification(std::string_view name, const std::shared_ptr<Object>& object = nullptr,
                           std::optional<Dictionary> userInfo = std::nullopt);
@@ -60,4 +61,4 @@ private:
     std::vector<std::shared_ptr<Registration>> registrations_;
 };
 
-}  // namespace platform
+} // namespace platform
