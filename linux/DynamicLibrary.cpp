@@ -16,7 +16,7 @@ namespace platform {
 namespace {
 
 struct OpenModule {
-    ClassTable classes;
+    ClassTable classes = ClassTable();
     std::size_t handles = 0;
 };
 

@@ -44,7 +44,8 @@ std::shared_ptr<Object> makeInstance() {
 
 /// What a module hands over when it is loaded: the classes it offers by name. A module defines
 ///     extern "C" WARDLOCK_API platform::ClassTable wardlock_classes();
-/// Plain data, as an entry with C linkage wants it; the classes are of static storage duration.
+/// Plain data, as an entry with C linkage wants it: without member initialisers, so make an empty one as
+/// ClassTable(). The classes are of static storage duration.
 struct ClassTable {
     ClassTable() = default;
     template <std::size_t Count>
@@ -54,8 +55,8 @@ struct ClassTable {
     constexpr const Class* const* end() const { return classes + count; }
     constexpr std::size_t size() const { return count; }
 
-    const Class* const* classes = nullptr;
-    std::size_t count = 0;
+    const Class* const* classes;
+    std::size_t count;
 };
 inline constexpr const char* classTableEntry = "wardlock_classes";
 

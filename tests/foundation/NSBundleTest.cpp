@@ -165,7 +165,8 @@ TEST_F(NSBundle, OfAnObjectIsTheOneWhoseModuleDefinesItsClass) {
     const auto object = found->create();
     EXPECT_EQ(platform::NSBundle::bundleForObject(*object)->bundleIdentifier(), "com.example.greeter");
     EXPECT_EQ(platform::NSBundle::bundleForObject(*object)->bundlePath(), onDisk(place));
-    EXPECT_EQ(platform::NSBundle::bundleForClass(typeid(*object.get()))->bundlePath(), onDisk(place));
+    const platform::Object& same = *object;
+    EXPECT_EQ(platform::NSBundle::bundleForClass(typeid(same))->bundlePath(), onDisk(place));
 }
 
 TEST_F(NSBundle, OfAModuleDeeperInsideIsTheNearestFolderWithAnInfoDictionary) {
