@@ -30,4 +30,4 @@ private:
     std::unique_ptr<State> state_;
 };
 
-}  // namespace platform
+} // namespace platform

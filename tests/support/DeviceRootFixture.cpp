@@ -22,7 +22,7 @@ DeviceRootFixture::DeviceRootFixture() : root_(folder_ / "device") {
     environment.set("XDG_CONFIG_HOME", folder_ / "config");
     environment.set("XDG_CACHE_HOME", folder_ / "cache");
     environment.set("XDG_RUNTIME_DIR", folder_ / "run");
-    environment.unset("DBUS_SESSION_BUS_ADDRESS");
+    environment.set("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + folder_ / "no-bus");
 }
 
 DeviceRootFixture::~DeviceRootFixture() = default;

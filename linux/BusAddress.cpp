@@ -1,0 +1,70 @@
+#include "linux/BusAddress.h"
+
+#include <charconv>
+#include <cstdlib>
+#include <string_view>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace platform {
+
+namespace {
+
+const char* environmentVariable(const char* name) {
+    const char* value =
+        std::getenv(name); // NOLINT(concurrency-mt-unsafe): nothing here changes the environment
+    return value && *value ? value : nullptr;
+}
+
+/// The run-time folder, where it is one and ours: a shell of another user may have handed its own down.
+std::string runtimeFolder() {
+    const char* path = environmentVariable("XDG_RUNTIME_DIR");
+    struct stat status {};
+    if (!path || *path != '/' || stat(path, &status) != 0 || !S_ISDIR(status.st_mode) ||
+        status.st_uid != geteuid())
+        return {};
+    return path;
+}
+
+bool isSocket(const std::string& path) {
+    struct stat status {};
+    return stat(path.c_str(), &status) == 0 && S_ISSOCK(status.st_mode);
+}
+
+std::string folderBelowTmp() {
+    char digits[20];
+    const auto end = std::to_chars(digits, digits + sizeof digits, geteuid()).ptr;
+    return "/tmp/wardlock-bus-" + std::string(digits, end);
+}
+
+bool goesUnescaped(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
+           std::string_view("-_/.\\*").find(c) != std::string_view::npos;
+}
+
+} // namespace
+
+std::string busAddressOfSocket(const std::string& path) {
+    constexpr char hexDigits[] = "0123456789abcdef";
+    std::string address = "unix:path=";
+    for (const char c : path) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (goesUnescaped(c))
+            address += c;
+        else
+            address.append({'%', hexDigits[byte >> 4], hexDigits[byte & 15]});
+    }
+    return address;
+}
+
+BusAddress busAddress() {
+    if (const char* named = environmentVariable("DBUS_SESSION_BUS_ADDRESS"))
+        return {named, {}};
+    const std::string runtime = runtimeFolder();
+    if (!runtime.empty() && isSocket(runtime + "/bus"))
+        return {busAddressOfSocket(runtime + "/bus"), {}};
+    const std::string folder = runtime.empty() ? folderBelowTmp() : runtime + "/wardlock-bus";
+    return {busAddressOfSocket(folder + "/bus"), folder};
+}
+
+} // namespace platform

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+
+namespace platform {
+
+/// The same text in every process that uses the same folder as device root, by whatever path: "DEVICE:INODE"
+/// in decimal. A root that does not exist yet is named by its path, "path:" before it.
+std::string deviceRootIdentity();
+
+} // namespace platform

@@ -1,0 +1,110 @@
+#include "linux/OwnBus.h"
+
+#include "linux/BusAddress.h"
+#include "linux/Daemon.h"
+#include "linux/FileDescriptor.h"
+#include "linux/PrivateFolder.h"
+
+#include <cerrno>
+#include <charconv>
+#include <cstring>
+#include <fcntl.h>
+#include <string_view>
+#include <sys/file.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+namespace platform {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// Only this user comes in; beyond that a session bus's rules, and its limits.
+constexpr std::string_view configuration =
+    R"(<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
+ "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
+<busconfig>
+  <listen>@ADDRESS@</listen>
+  <auth>EXTERNAL</auth>
+  <keep_umask/>
+  <policy context="default">
+    <deny user="*"/>
+    <allow user="@USER@"/>
+    <allow send_destination="*" eavesdrop="true"/>
+    <allow eavesdrop="true"/>
+    <allow own="*"/>
+  </policy>
+  <limit name="max_incoming_bytes">1000000000</limit>
+  <limit name="max_outgoing_bytes">1000000000</limit>
+  <limit name="max_message_size">134217728</limit>
+  <limit name="max_completed_connections">10000</limit>
+  <limit name="max_incomplete_connections">1000</limit>
+  <limit name="max_connections_per_user">10000</limit>
+</busconfig>
+)";
+
+void replace(std::string& text, std::string_view placeholder, std::string_view by) {
+    text.replace(text.find(placeholder), placeholder.size(), by);
+}
+
+/// Whether a process listens at the socket, however busy it is.
+bool isListening(const std::string& path) {
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    if (path.size() >= sizeof address.sun_path)
+        return false;
+    std::memcpy(address.sun_path, path.c_str(), path.size() + 1);
+    const FileDescriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+    return connect(socket.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0 ||
+           errno == EAGAIN;
+}
+
+bool writeAll(int descriptor, std::string_view text) {
+    while (!text.empty()) {
+        const ssize_t written = write(descriptor, text.data(), text.size());
+        if (written < 0 && errno == EINTR)
+            continue;
+        if (written <= 0)
+            return false;
+        text.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+}
+
+} // namespace
+
+OwnBus::Start OwnBus::start() const {
+    if (!preparePrivateFolder(folder_))
+        return Start::Failed;
+    const FileDescriptor lock(
+        open((folder_ + "/lock").c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR));
+    if (!lock)
+        return Start::Failed;
+    if (flock(lock.get(), LOCK_EX | LOCK_NB) != 0)
+        return errno == EWOULDBLOCK ? Start::StartedByOther : Start::Failed;
+    if (isListening(socketPath()))
+        return Start::Running;
+    unlink(socketPath().c_str());
+    // The daemon goes into the background once it listens.
+    if (!writeConfiguration() || !runDaemon({"dbus-daemon", "--config-file=" + configurationPath(), "--fork",
+                                             "--nopidfile", "--nosyslog"},
+                                            500ms))
+        return Start::Failed;
+    return Start::Running;
+}
+
+bool OwnBus::writeConfiguration() const {
+    char digits[20];
+    const auto end = std::to_chars(digits, digits + sizeof digits, geteuid()).ptr;
+    std::string text(configuration);
+    // In its escaped form the address needs no escaping for XML.
+    replace(text, "@ADDRESS@", busAddressOfSocket(socketPath()));
+    replace(text, "@USER@", std::string_view(digits, static_cast<std::size_t>(end - digits)));
+    const FileDescriptor file(open(configurationPath().c_str(),
+                                   O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR));
+    return file && writeAll(file.get(), text);
+}
+
+} // namespace platform

@@ -1,0 +1,182 @@
+#include "tests/support/BusFixture.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <fcntl.h>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <poll.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+namespace wardlock::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string contents(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+/// No bus but the one that the product starts by itself, which a test must end itself.
+class OwnBusTest : public BusFixture {
+protected:
+    OwnBusTest() { environment.unset("DBUS_SESSION_BUS_ADDRESS"); }
+    ~OwnBusTest() override {
+        for (const int daemon : daemons())
+            end(daemon);
+    }
+
+    std::string busFolder() const { return folder() / "run/wardlock-bus"; }
+
+    /// The processes that serve this test's folder.
+    std::vector<int> daemons() const {
+        std::vector<int> found;
+        for (const auto& entry : fs::directory_iterator("/proc")) {
+            const std::string name = entry.path().filename();
+            if (name.find_first_not_of("0123456789") == std::string::npos &&
+                contents(entry.path() / "cmdline").find("=" + busFolder() + "/bus.conf") != std::string::npos)
+                found.push_back(std::stoi(name));
+        }
+        return found;
+    }
+
+    static void end(int process) {
+        const int descriptor = static_cast<int>(syscall(SYS_pidfd_open, process, 0));
+        kill(process, SIGKILL);
+        pollfd ended{descriptor, POLLIN, 0};
+        EXPECT_EQ(poll(&ended, 1, 10'000), 1);
+        close(descriptor);
+    }
+};
+
+TEST_F(OwnBusTest, IsStartedWhereThereIsNoOther) {
+    const auto observer = observe({"N"});
+    post({"N"});
+    EXPECT_EQ(observer->readLine(), "N|-|-");
+    EXPECT_EQ(daemons().size(), 1u);
+}
+
+TEST_F(OwnBusTest, IsOneForAllProcessesThatStartAtOnce) {
+    constexpr int count = 6;
+    std::vector<std::unique_ptr<Process>> observers;
+    for (int i = 0; i < count; ++i)
+        observers.push_back(std::make_unique<Process>(WARDLOCK_PROGRAM_FOLDER "/test-observer",
+                                                      std::vector<std::string>{"N"}));
+    for (const auto& observer : observers)
+        EXPECT_EQ(observer->readLine(), "ready");
+    post({"N", "--object", "all"});
+    for (const auto& observer : observers)
+        EXPECT_EQ(observer->readLine(), "N|all|-");
+    EXPECT_EQ(daemons().size(), 1u);
+}
+
+TEST_F(OwnBusTest, StandsInAFolderThatNobodyElseMayEnter) {
+    post({"N"});
+    struct stat status {};
+    ASSERT_EQ(stat(busFolder().c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode, S_IFDIR | S_IRWXU);
+    EXPECT_EQ(status.st_uid, geteuid());
+}
+
+TEST_F(OwnBusTest, LivesOnAfterTheProcessThatStartedIt) {
+    post({"N"});
+    ASSERT_EQ(daemons().size(), 1u);
+    const int daemon = daemons().front();
+    const auto observer = observe({"N"});
+    EXPECT_EQ(daemons(), std::vector<int>{daemon});
+}
+
+TEST_F(OwnBusTest, IsDetachedFromTheProcessThatStartedIt) {
+    const int leaked = open("/dev/null", O_RDONLY); // without close-on-exec
+    post({"N"});
+    close(leaked);
+    ASSERT_EQ(daemons().size(), 1u);
+    const int daemon = daemons().front();
+    EXPECT_NE(getsid(daemon), getsid(0));
+    for (const auto& entry : fs::directory_iterator("/proc/" + std::to_string(daemon) + "/fd")) {
+        const std::string target = fs::read_symlink(entry.path());
+        const bool own =
+            target.starts_with("socket:") || target.starts_with("anon_inode:") || target.starts_with("pipe:");
+        const bool nothing = target == "/dev/null" && std::stoi(entry.path().filename()) <= 2;
+        EXPECT_TRUE(own || nothing) << target;
+    }
+}
+
+TEST_F(OwnBusTest, IsStartedAgainWhenItWasKilled) {
+    const auto observer = observe({"N"});
+    ASSERT_EQ(daemons().size(), 1u);
+    end(daemons().front());
+    EXPECT_EQ(observer->readLine(), "N|-|-");
+    post({"N", "--object", "after"});
+    EXPECT_EQ(observer->readLine(), "N|after|-");
+    EXPECT_EQ(daemons().size(), 1u);
+}
+
+TEST_F(OwnBusTest, IsNotStartedWhereABusIsNamedThatIsGone) {
+    bus.kill();
+    post({"N"}, with("DBUS_SESSION_BUS_ADDRESS", bus.address()));
+    EXPECT_FALSE(fs::exists(busFolder()));
+}
+
+TEST_F(OwnBusTest, IsNotStartedWhereTheUserHasABus) {
+    fs::create_symlink(bus.address().substr(std::string("unix:path=").size()), folder() / "run/bus");
+    const auto observer = observe({"N"});
+    post({"N"});
+    EXPECT_EQ(observer->readLine(), "N|-|-");
+    EXPECT_FALSE(fs::exists(busFolder()));
+}
+
+TEST_F(OwnBusTest, IsNotStartedInAFolderThatOthersMayEnter) {
+    fs::create_directory(busFolder());
+    fs::permissions(busFolder(), fs::perms::all);
+    post({"N"});
+    EXPECT_TRUE(fs::is_empty(busFolder()));
+}
+
+TEST_F(OwnBusTest, IsNotStartedBehindASymbolicLink) {
+    const TemporaryFolder elsewhere;
+    fs::create_directory_symlink(elsewhere.path(), busFolder());
+    post({"N"});
+    EXPECT_TRUE(fs::is_empty(elsewhere.path()));
+}
+
+TEST_F(OwnBusTest, IsNotStartedInARuntimeFolderOfAnother) {
+    if (geteuid() != 0)
+        GTEST_SKIP() << "only root can give a folder away";
+    const std::string runtime = folder() / "run";
+    ASSERT_EQ(chown(runtime.c_str(), 65534, 65534), 0);
+    // Without a daemon to start: the one below /tmp is no test's own.
+    post({"N"}, with("PATH", "/nonexistent"));
+    EXPECT_FALSE(fs::exists(busFolder()));
+}
+
+TEST_F(OwnBusTest, MissingDaemonMeansNoBus) {
+    const ProcessSetup withoutDaemon = with("PATH", "/nonexistent");
+    const auto observer = observe({"N"}, withoutDaemon);
+    post({"N"}, withoutDaemon);
+    EXPECT_TRUE(daemons().empty());
+}
+
+TEST_F(OwnBusTest, IsFoundInAFolderWhoseNameNeedsEscaping) {
+    const TemporaryFolder odd;
+    const std::string runtime = odd / "a b,ü%;='&<";
+    fs::create_directory(runtime);
+    fs::permissions(runtime, fs::perms::owner_all);
+    environment.set("XDG_RUNTIME_DIR", runtime);
+    const auto observer = observe({"N"});
+    post({"N"});
+    EXPECT_EQ(observer->readLine(), "N|-|-");
+    for (const auto& entry : fs::directory_iterator("/proc")) {
+        if (contents(entry.path() / "cmdline").find(runtime) != std::string::npos &&
+            contents(entry.path() / "comm") == "dbus-daemon\n")
+            end(std::stoi(entry.path().filename()));
+    }
+}
+
+} // namespace
+} // namespace wardlock::test

@@ -1,0 +1,23 @@
+#include "tests/support/BusFixture.h"
+
+namespace wardlock::test {
+
+ProcessSetup BusFixture::with(const std::string& variable, const std::string& value) {
+    ProcessSetup setup;
+    setup.environment[variable] = value;
+    return setup;
+}
+
+std::unique_ptr<Process> BusFixture::observe(const std::vector<std::string>& arguments,
+                                             const ProcessSetup& setup) {
+    auto observer = std::make_unique<Process>(WARDLOCK_PROGRAM_FOLDER "/test-observer", arguments, setup);
+    EXPECT_EQ(observer->readLine(), "ready");
+    return observer;
+}
+
+void BusFixture::post(const std::vector<std::string>& arguments, const ProcessSetup& setup) {
+    const auto result = runProcess(WARDLOCK_PROGRAM_FOLDER "/test-poster", arguments, setup);
+    EXPECT_EQ(result.exitCode, 0) << result.errors;
+}
+
+} // namespace wardlock::test
