@@ -1,6 +1,6 @@
 #include "platform/foundation/KeySet.h"
 
-#include "platform/foundation/TextHash.h"
+#include "platform/foundation/ShortText.h"
 
 #include <bit>
 
@@ -41,7 +41,7 @@ std::size_t KeySet::find(std::string_view key) const noexcept {
     const std::size_t mask = slots_.size() - 1;
     for (std::size_t slot = textHash(key) & mask; slots_[slot] != 0; slot = (slot + 1) & mask) {
         const std::size_t place = slots_[slot] - 1u;
-        if ((*this)[place] == key)
+        if (sameShortText((*this)[place], key))
             return place;
     }
     return notFound;

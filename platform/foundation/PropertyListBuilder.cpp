@@ -1,5 +1,7 @@
 #include "platform/foundation/PropertyListBuilder.h"
 
+#include "platform/foundation/ShortText.h"
+
 namespace platform {
 
 PropertyListBuilder::PropertyListBuilder(std::size_t documentSize)
@@ -54,8 +56,8 @@ bool PropertyListBuilder::addKey(std::string_view key) {
     if (!mayAddKey())
         return false;
     Frame& frame = frames_.back();
-    const bool expected =
-        frame.expected && frame.keyCount < frame.expected->size() && (*frame.expected)[frame.keyCount] == key;
+    const bool expected = frame.expected && frame.keyCount < frame.expected->size() &&
+                          sameShortText((*frame.expected)[frame.keyCount], key);
     if (!expected) {
         spellOutKeys(frame);
         keys_.push_back(key);

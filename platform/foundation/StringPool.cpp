@@ -1,6 +1,6 @@
 #include "platform/foundation/StringPool.h"
 
-#include "platform/foundation/TextHash.h"
+#include "platform/foundation/ShortText.h"
 
 #include <algorithm>
 #include <bit>
@@ -23,7 +23,7 @@ Value StringPool::string(std::string_view text) {
     if (text.size() > longestShared)
         return Value(text);
     Reference<ByteBlock>& slot = slots_[textHash(text) & (slots_.size() - 1)];
-    if (!slot || slot->bytes() != text)
+    if (!slot || !sameShortText(slot->bytes(), text))
         slot = ByteBlock::create(text);
     return Value(Value::Kind::String, slot);
 }

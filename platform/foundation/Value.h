@@ -101,12 +101,20 @@ static_assert(sizeof(Value) == 16);
 
 /// The platform's readings, tolerant of nil and of other kinds. Numbers by their value; strings by their
 /// beginning: "YES", "true", digits. Everything else reads as false and as 0.
-WARDLOCK_API bool boolValue(const Value* value);
+bool boolValue(const Value* value);
 WARDLOCK_API float floatValue(const Value* value);
 /// Null, or none, for nil and for another kind.
 WARDLOCK_API const Array* arrayValue(const Value* value);
 WARDLOCK_API const Dictionary* dictionaryValue(const Value* value);
 WARDLOCK_API std::optional<std::string_view> stringValue(const Value* value);
+
+/// boolValue() of what is no boolean.
+WARDLOCK_API bool boolValueOfOther(const Value& value);
+inline bool boolValue(const Value* value) {
+    if (!value)
+        return false;
+    return value->is(Value::Kind::Boolean) ? value->boolean() : boolValueOfOther(*value);
+}
 
 inline bool Value::boolean() const {
     assert(kind_ == Kind::Boolean);

@@ -66,12 +66,8 @@ float narrow(double wide) {
 
 } // namespace
 
-bool boolValue(const Value* value) {
-    if (!value)
-        return false;
-    if (value->is(Value::Kind::String))
-        return textIsTrue(value->string());
-    return number(*value) != 0;
+bool boolValueOfOther(const Value& value) {
+    return value.is(Value::Kind::String) ? textIsTrue(value.string()) : number(value) != 0;
 }
 
 float floatValue(const Value* value) {

@@ -1,6 +1,6 @@
 #include "platform/foundation/XmlEscape.h"
 
-#include "platform/foundation/TextHash.h"
+#include "platform/foundation/ShortText.h"
 #include "platform/foundation/Utf8.h"
 
 #include <algorithm>

@@ -16,8 +16,8 @@ std::optional<Value> XmlPropertyListReader::read() {
     if (!skipMiscellany())
         return std::nullopt;
     if (wrapped_) {
-        const auto tag = takeTag();
-        if (!tag || !tag->closing || tag->element != Element::PropertyList || !skipMiscellany())
+        const bool closed = takeTag() && tagKind_ == TagKind::Closing && element_ == Element::PropertyList;
+        if (!closed || !skipMiscellany())
             return std::nullopt;
     }
     return cursor_.atEnd() ? builder_.take() : std::nullopt;
@@ -62,20 +62,19 @@ bool XmlPropertyListReader::readProlog() {
     XmlCursor ahead = cursor_;
     if (!ahead.take("<plist"))
         return true;
-    const auto tag = takeTag();
     wrapped_ = true;
-    return tag && !tag->empty;
+    return takeTag() && tagKind_ == TagKind::Opening;
 }
 
 bool XmlPropertyListReader::readElement() {
-    const auto tag = takeTag();
-    if (!tag)
+    if (!takeTag())
         return false;
-    if (tag->closing)
-        return close(tag->element);
-    if (tag->element == Element::Array || tag->element == Element::Dictionary)
-        return open(tag->element, tag->empty);
-    return readLeaf(*tag);
+    if (tagKind_ == TagKind::Closing)
+        return close(element_);
+    const bool empty = tagKind_ == TagKind::Empty;
+    if (element_ == Element::Array || element_ == Element::Dictionary)
+        return open(element_, empty);
+    return empty ? addLeaf(element_, {}) : readLeaf(element_);
 }
 
 bool XmlPropertyListReader::open(Element element, bool empty) {
@@ -89,14 +88,10 @@ bool XmlPropertyListReader::close(Element element) {
     return element == Element::Dictionary && builder_.close(Value::Kind::Dictionary);
 }
 
-bool XmlPropertyListReader::readLeaf(const Tag& tag) {
-    if (tag.empty)
-        return addLeaf(tag.element, {});
+bool XmlPropertyListReader::readLeaf(Element element) {
     const auto text = text_.take(cursor_);
-    if (!text)
-        return false;
-    const auto end = takeTag();
-    return end && end->closing && end->element == tag.element && addLeaf(tag.element, *text);
+    const bool closed = text && takeTag() && tagKind_ == TagKind::Closing && element_ == element;
+    return closed && addLeaf(element, *text);
 }
 
 bool XmlPropertyListReader::addLeaf(Element element, std::string_view text) {
@@ -126,53 +121,46 @@ bool XmlPropertyListReader::addLeaf(Element element, std::string_view text) {
     }
 }
 
-std::optional<XmlPropertyListReader::Tag> XmlPropertyListReader::takeTag() {
+bool XmlPropertyListReader::takeTag() {
     if (!cursor_.take("<"))
-        return std::nullopt;
-    const bool closing = cursor_.take("/");
-    const auto element = takeName();
-    if (!element)
-        return std::nullopt;
-    Tag tag{*element, closing, false};
-    if (cursor_.take(">"))
-        return tag;
-    if (!skipAttributes(tag) || (closing && tag.empty))
-        return std::nullopt;
-    return tag;
+        return false;
+    tagKind_ = cursor_.take("/") ? TagKind::Closing : TagKind::Opening;
+    element_ = takeName();
+    return element_ != Element::None && (cursor_.take(">") || skipAttributes());
 }
 
-std::optional<XmlPropertyListReader::Element> XmlPropertyListReader::takeName() {
+XmlPropertyListReader::Element XmlPropertyListReader::takeName() {
     switch (cursor_.peek()) {
     case 'k':
-        return cursor_.take("key") ? std::optional(Element::Key) : std::nullopt;
+        return cursor_.take("key") ? Element::Key : Element::None;
     case 's':
-        return cursor_.take("string") ? std::optional(Element::String) : std::nullopt;
+        return cursor_.take("string") ? Element::String : Element::None;
     case 't':
-        return cursor_.take("true") ? std::optional(Element::True) : std::nullopt;
+        return cursor_.take("true") ? Element::True : Element::None;
     case 'f':
-        return cursor_.take("false") ? std::optional(Element::False) : std::nullopt;
+        return cursor_.take("false") ? Element::False : Element::None;
     case 'a':
-        return cursor_.take("array") ? std::optional(Element::Array) : std::nullopt;
+        return cursor_.take("array") ? Element::Array : Element::None;
     case 'i':
-        return cursor_.take("integer") ? std::optional(Element::Integer) : std::nullopt;
+        return cursor_.take("integer") ? Element::Integer : Element::None;
     case 'r':
-        return cursor_.take("real") ? std::optional(Element::Real) : std::nullopt;
+        return cursor_.take("real") ? Element::Real : Element::None;
     case 'p':
-        return cursor_.take("plist") ? std::optional(Element::PropertyList) : std::nullopt;
+        return cursor_.take("plist") ? Element::PropertyList : Element::None;
     case 'd':
         if (cursor_.take("dict"))
             return Element::Dictionary;
         if (cursor_.take("date"))
             return Element::Date;
-        return cursor_.take("data") ? std::optional(Element::Data) : std::nullopt;
+        return cursor_.take("data") ? Element::Data : Element::None;
     default:
-        return std::nullopt;
+        return Element::None;
     }
 }
 
 /// Takes the rest of a tag after its name. Attributes, which a property list gives no meaning, are passed
 /// over.
-bool XmlPropertyListReader::skipAttributes(Tag& tag) {
+bool XmlPropertyListReader::skipAttributes() {
     const char next = cursor_.peek();
     if (next != '/' && next != ' ' && next != '\t' && next != '\n' && next != '\r')
         return false;
@@ -180,8 +168,9 @@ bool XmlPropertyListReader::skipAttributes(Tag& tag) {
         if (cursor_.take(">"))
             return true;
         if (cursor_.take("/>")) {
-            tag.empty = true;
-            return true;
+            const bool opening = tagKind_ == TagKind::Opening;
+            tagKind_ = TagKind::Empty;
+            return opening;
         }
         const char c = cursor_.peek();
         cursor_.skip(1);

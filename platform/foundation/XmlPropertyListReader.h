@@ -22,7 +22,8 @@ public:
     std::optional<Value> read();
 
 private:
-    enum class Element {
+    enum class Element : int {
+        None,
         PropertyList,
         Array,
         Dictionary,
@@ -35,27 +36,26 @@ private:
         Date,
         Data
     };
-    struct Tag {
-        Element element;
-        bool closing;
-        bool empty;
-    };
+    enum class TagKind : int { Opening, Closing, Empty };
 
     bool skipMiscellany();
     bool skipDocumentType();
     bool readProlog();
     bool readElement();
-    bool readLeaf(const Tag& tag);
+    bool readLeaf(Element element);
     bool addLeaf(Element element, std::string_view text);
     bool open(Element element, bool empty);
     bool close(Element element);
-    std::optional<Tag> takeTag();
-    std::optional<Element> takeName();
-    bool skipAttributes(Tag& tag);
+    bool takeTag();
+    Element takeName();
+    bool skipAttributes();
 
     XmlCursor cursor_;
     PropertyListBuilder builder_;
     XmlText text_;
+    /// The tag taken last.
+    Element element_ = Element::None;
+    TagKind tagKind_ = TagKind::Opening;
     bool wrapped_ = false;
 };
 

@@ -4,6 +4,7 @@
 #include "platform/foundation/CalendarDate.h"
 #include "platform/foundation/XmlEscape.h"
 #include "platform/foundation/XmlNumber.h"
+#include "platform/foundation/XmlSize.h"
 
 #include <algorithm>
 
@@ -20,7 +21,10 @@ constexpr std::string_view epilog = "</plist>\n";
 } // namespace
 
 std::string XmlPropertyListWriter::write(const Value& root) {
-    text_ = prolog;
+    // A little more than the estimate, for what it leaves out.
+    const std::size_t estimate = xmlSizeEstimate(root);
+    text_.reserve(prolog.size() + estimate + estimate / 16 + epilog.size());
+    text_ += prolog;
     writeElement(root);
     while (!frames_.empty()) {
         Frame& frame = frames_.back();

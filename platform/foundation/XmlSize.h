@@ -1,0 +1,11 @@
+#pragma once
+
+#include "platform/foundation/Value.h"
+
+namespace platform {
+
+/// About how long the value's XML form is: exact but for prolog, numbers, data and what has to be escaped. A
+/// text that grows by doubling instead is copied several times over.
+std::size_t xmlSizeEstimate(const Value& root);
+
+} // namespace platform
