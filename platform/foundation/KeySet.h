@@ -29,8 +29,8 @@ public:
     std::string_view operator[](std::size_t index) const {
         return {text_.data() + spans_[index].offset, spans_[index].length};
     }
-    /// The length of all keys together.
-    std::size_t textLength() const { return text_.size(); }
+    /// All keys, one after the other.
+    std::string_view text() const { return text_; }
     /// The place of the key, or notFound. Allocates nothing.
     std::size_t find(std::string_view key) const noexcept;
     /// The place of the key, which is added at the end when it is new. Only by the single owner.

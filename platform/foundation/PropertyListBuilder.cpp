@@ -10,37 +10,44 @@ PropertyListBuilder::PropertyListBuilder(std::size_t documentSize)
 bool PropertyListBuilder::open(Value::Kind kind) {
     if (!mayAdd() || depth() == deepestNesting)
         return false;
-    if (lastKeys_.size() == depth())
-        lastKeys_.emplace_back();
-    KeySet* expected = kind == Value::Kind::Dictionary ? lastKeys_[depth()].get() : nullptr;
-    frames_.push_back({kind, values_.size(), keys_.size(), 0, expected});
+    if (last_.size() == depth())
+        last_.emplace_back();
+    const LastKeys& last = last_[depth()];
+    const KeySet* expected = kind == Value::Kind::Dictionary ? last.keys.get() : nullptr;
+    frames_.push_back({kind, last.spelledPlainly, values_.size(), keys_.size(), 0, expected});
     return true;
 }
 
 bool PropertyListBuilder::close(Value::Kind kind) {
     if (frames_.empty() || frames_.back().kind != kind)
         return false;
-    Frame frame = frames_.back();
-    if (kind == Value::Kind::Dictionary && frame.keyCount != valueCount(frame))
+    Frame& frame = frames_.back();
+    const std::size_t count = valueCount(frame);
+    if (kind == Value::Kind::Dictionary && frame.keyCount != count)
         return false;
     Value* const first = values_.data() + frame.firstValue;
-    Value closed = kind == Value::Kind::Array ? Value(Array(ContainerBlock::create(first, valueCount(frame))))
+    Value closed = kind == Value::Kind::Array ? Value(Array(ContainerBlock::create(first, count)))
                                               : Value(closedDictionary(frame));
-    frames_.pop_back();
-    values_.erase(values_.begin() + static_cast<std::ptrdiff_t>(frame.firstValue), values_.end());
+    values_.erase(values_.end() - static_cast<std::ptrdiff_t>(count), values_.end());
     keys_.resize(frame.firstKey);
+    frames_.pop_back();
     values_.push_back(std::move(closed));
     return true;
 }
 
 Dictionary PropertyListBuilder::closedDictionary(Frame& frame) {
     Value* const values = values_.data() + frame.firstValue;
+    LastKeys& last = last_[depth() - 1];
     if (frame.expected && frame.keyCount == frame.expected->size())
-        return Dictionary(ContainerBlock::create(values, frame.keyCount, lastKeys_[depth() - 1]));
+        return Dictionary(ContainerBlock::create(values, frame.keyCount, last.keys));
     spellOutKeys(frame);
     Dictionary dictionary = dictionaries_.make({keys_.data() + frame.firstKey, frame.keyCount}, values);
-    if (!dictionary.empty())
-        lastKeys_[depth() - 1] = dictionary.keys();
+    if (!dictionary.empty()) {
+        last.keys = dictionary.keys();
+        const std::string_view text = last.keys->text();
+        last.spelledPlainly =
+            text.find('&') == std::string_view::npos && text.find('<') == std::string_view::npos;
+    }
     return dictionary;
 }
 
@@ -66,32 +73,8 @@ bool PropertyListBuilder::addKey(std::string_view key) {
     return true;
 }
 
-bool PropertyListBuilder::add(Value value) {
-    if (!mayAdd())
-        return false;
-    values_.push_back(std::move(value));
-    return true;
-}
-
 bool PropertyListBuilder::addString(std::string_view text) {
-    if (!mayAdd())
-        return false;
-    values_.push_back(strings_.string(text));
-    return true;
-}
-
-bool PropertyListBuilder::mayAdd() const {
-    if (frames_.empty())
-        return values_.empty();
-    const Frame& frame = frames_.back();
-    return frame.kind == Value::Kind::Array || valueCount(frame) < frame.keyCount;
-}
-
-bool PropertyListBuilder::mayAddKey() const {
-    if (frames_.empty())
-        return false;
-    const Frame& frame = frames_.back();
-    return frame.kind == Value::Kind::Dictionary && valueCount(frame) == frame.keyCount;
+    return add(strings_.string(text));
 }
 
 std::optional<Value> PropertyListBuilder::take() {

@@ -6,12 +6,13 @@
 
 #include <optional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace platform {
 
-/// Builds a value from a document's elements in the order in which they stand there. A function that answers
-/// false has met an element where it may not stand.
+/// Builds a value from an XML document's elements in the order in which they stand there. A function that
+/// answers false has met an element where it may not stand.
 class PropertyListBuilder {
 public:
     /// Deeper documents are refused.
@@ -29,10 +30,24 @@ public:
     /// each key.
     bool close(Value::Kind kind);
 
+    /// The key that the last dictionary of this depth had in this place, if a key may stand here and that one
+    /// is written in XML as it is; else empty.
+    std::string_view expectedKey() const {
+        return mayAddKey() && frames_.back().spelledPlainly ? frames_.back().expectedKey()
+                                                            : std::string_view();
+    }
+    /// Takes the key that expectedKey() answered.
+    void addExpectedKey() { ++frames_.back().keyCount; }
     /// The text must stay where it is until the value is taken.
     bool addKey(std::string_view key);
 
-    bool add(Value value);
+    template <class Content>
+    bool add(Content&& content) {
+        if (!mayAdd())
+            return false;
+        values_.emplace_back(std::forward<Content>(content));
+        return true;
+    }
     bool addString(std::string_view text);
 
     /// The one value that was built, once no container is open.
@@ -41,19 +56,40 @@ public:
 private:
     struct Frame {
         Value::Kind kind;
+        bool spelledPlainly;
         std::size_t firstValue;
         std::size_t firstKey;
         std::size_t keyCount;
         /// The keys of the last dictionary of this depth, as long as this one's are the same; then only they
         /// are counted, not kept.
-        KeySet* expected;
+        const KeySet* expected;
+
+        /// Empty when there is none.
+        std::string_view expectedKey() const {
+            return expected && keyCount < expected->size() ? (*expected)[keyCount] : std::string_view();
+        }
+    };
+    struct LastKeys {
+        Reference<KeySet> keys;
+        /// Whether no key has characters that XML writes otherwise.
+        bool spelledPlainly = false;
     };
 
     bool open(Value::Kind kind);
     /// Whether a value may stand here: anywhere in an array, after a key in a dictionary, once on the
     /// outside.
-    bool mayAdd() const;
-    bool mayAddKey() const;
+    bool mayAdd() const {
+        if (frames_.empty())
+            return values_.empty();
+        const Frame& frame = frames_.back();
+        return frame.kind == Value::Kind::Array || valueCount(frame) < frame.keyCount;
+    }
+    bool mayAddKey() const {
+        if (frames_.empty())
+            return false;
+        const Frame& frame = frames_.back();
+        return frame.kind == Value::Kind::Dictionary && valueCount(frame) == frame.keyCount;
+    }
     std::size_t valueCount(const Frame& frame) const { return values_.size() - frame.firstValue; }
     Dictionary closedDictionary(Frame& frame);
     void spellOutKeys(Frame& frame);
@@ -64,8 +100,8 @@ private:
     /// The elements of all open containers, and the keys that were not as expected.
     std::vector<Value> values_;
     std::vector<std::string_view> keys_;
-    /// By depth: the keys of the dictionary closed last.
-    std::vector<Reference<KeySet>> lastKeys_;
+    /// By depth.
+    std::vector<LastKeys> last_;
 };
 
 } // namespace platform

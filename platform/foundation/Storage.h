@@ -15,10 +15,10 @@ class Value;
 /// The counted blocks behind values. Immutable once made; they may be shared between threads.
 
 /// The bytes of a string or of data.
-class WARDLOCK_API ByteBlock {
+class ByteBlock {
 public:
     /// Null for no bytes.
-    static Reference<ByteBlock> create(std::string_view bytes);
+    WARDLOCK_API static Reference<ByteBlock> create(std::string_view bytes);
 
     std::string_view bytes() const { return {reinterpret_cast<const char*>(this + 1), length_}; }
     void retain() { references_.fetch_add(1, std::memory_order_relaxed); }
@@ -29,14 +29,14 @@ public:
 
 private:
     explicit ByteBlock(std::size_t length) : length_(length) {}
-    void destroy();
+    WARDLOCK_API void destroy();
 
     std::atomic<std::uint32_t> references_{1};
     std::size_t length_;
 };
 
 /// The elements of an array, or the values of a dictionary beside their keys.
-class WARDLOCK_API ContainerBlock {
+class ContainerBlock {
 public:
     /// Moves the values in; null for none. A dictionary's `keys` are as many as its values, an array's are
     /// null.
@@ -59,7 +59,7 @@ private:
     bool dropsLastReference() { return references_.fetch_sub(1, std::memory_order_acq_rel) == 1; }
     Value* mutableValues() { return reinterpret_cast<Value*>(this + 1); }
     /// Frees the block and all that only it held, however deep, without recursion.
-    static void destroy(ContainerBlock* block);
+    WARDLOCK_API static void destroy(ContainerBlock* block);
     static ContainerBlock* release(Value& value);
 
     std::atomic<std::uint32_t> references_{1};

@@ -85,14 +85,6 @@ Value& Value::operator=(Value&& other) noexcept {
     return *this;
 }
 
-ContainerBlock* Value::detachContainer() {
-    if (kind_ == Kind::Array)
-        return array_.block_.detach();
-    if (kind_ == Kind::Dictionary)
-        return dictionary_.block_.detach();
-    return nullptr;
-}
-
 bool Value::operator==(const Value& other) const {
     // The pairs left to compare, so that the depth of the nesting costs no stack.
     Pairs pairs;

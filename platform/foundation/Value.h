@@ -193,6 +193,11 @@ inline void Value::destroy() {
     else if (kind_ == Kind::String || kind_ == Kind::Data)
         bytes_.~Reference();
 }
+inline ContainerBlock* Value::detachContainer() {
+    if (kind_ == Kind::Array)
+        return array_.block_.detach();
+    return kind_ == Kind::Dictionary ? dictionary_.block_.detach() : nullptr;
+}
 inline Value::Value(const Value& other) {
     copyFrom(other);
 }

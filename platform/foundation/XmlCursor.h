@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/foundation/ShortText.h"
+
 #include <cstddef>
 #include <cstring>
 #include <string_view>
@@ -24,6 +26,17 @@ public:
         if (rest().size() < length || std::memcmp(at_, literal, length) != 0)
             return false;
         at_ += length;
+        return true;
+    }
+
+    /// Takes the text and the literal after it, when both come next.
+    template <std::size_t Size>
+    bool take(std::string_view text, const char (&literal)[Size]) {
+        constexpr std::size_t length = Size - 1;
+        if (rest().size() < text.size() + length || !sameShortText({at_, text.size()}, text) ||
+            std::memcmp(at_ + text.size(), literal, length) != 0)
+            return false;
+        at_ += text.size() + length;
         return true;
     }
 

@@ -67,6 +67,20 @@ bool XmlPropertyListReader::readProlog() {
 }
 
 bool XmlPropertyListReader::readElement() {
+    // Most of a document is this: the next key of a record like the last one, a boolean.
+    if (cursor_.take("<key>")) {
+        const std::string_view expected = builder_.expectedKey();
+        if (expected.empty() || !cursor_.take(expected, "</key>"))
+            return readLeaf(Element::Key);
+        builder_.addExpectedKey();
+        return true;
+    }
+    if (cursor_.take("<true/>"))
+        return builder_.add(true);
+    if (cursor_.take("<false/>"))
+        return builder_.add(false);
+    if (cursor_.take("<string>"))
+        return readLeaf(Element::String);
     if (!takeTag())
         return false;
     if (tagKind_ == TagKind::Closing)

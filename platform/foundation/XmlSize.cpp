@@ -29,7 +29,7 @@ std::size_t containerSize(const Value& value, std::size_t depth, std::vector<Pen
         return containerTags;
     const auto keys = dictionary.keys();
     pending.push_back({&(*dictionary.begin()).value, dictionary.size(), depth + 1});
-    return containerTags + depth + keys->textLength() + keys->size() * (keyTags + depth + 1);
+    return containerTags + depth + keys->text().size() + keys->size() * (keyTags + depth + 1);
 }
 
 } // namespace
