@@ -6,9 +6,6 @@ namespace platform {
 
 namespace {
 
-/// A document has few kinds of records; what is older is only worth its memory when it comes again.
-constexpr std::size_t mostRemembered = 16;
-
 bool hasKeys(const KeySet& set, std::span<const std::string_view> keys) {
     if (set.size() != keys.size())
         return false;
@@ -40,19 +37,17 @@ Dictionary DictionaryMaker::make(std::span<const std::string_view> keys, Value* 
 }
 
 Reference<KeySet> DictionaryMaker::recentSet(std::span<const std::string_view> keys) {
-    const auto found =
-        std::find_if(recent_.begin(), recent_.end(), [&](const auto& set) { return hasKeys(*set, keys); });
-    if (found != recent_.end()) {
-        std::rotate(recent_.begin(), found, found + 1);
-        return recent_.front();
+    // The one found, the first free place, or the oldest, which makes room.
+    auto place = std::find_if(recent_.begin(), recent_.end() - 1,
+                              [&](const auto& set) { return !set || hasKeys(*set, keys); });
+    if (!*place || !hasKeys(**place, keys)) {
+        auto set = newSet(keys);
+        if (!set)
+            return {};
+        *place = std::move(set);
     }
-    auto set = newSet(keys);
-    if (!set)
-        return {};
-    if (recent_.size() == mostRemembered)
-        recent_.pop_back();
-    recent_.insert(recent_.begin(), set);
-    return set;
+    std::rotate(recent_.begin(), place, place + 1);
+    return recent_.front();
 }
 
 Dictionary DictionaryMaker::withDuplicates(std::span<const std::string_view> keys, Value* values) const {

@@ -2,9 +2,9 @@
 
 #include "platform/foundation/Value.h"
 
+#include <array>
 #include <span>
 #include <string_view>
-#include <vector>
 
 namespace platform {
 
@@ -25,8 +25,9 @@ private:
     Dictionary withDuplicates(std::span<const std::string_view> keys, Value* values) const;
 
     Duplicates duplicates_;
-    /// The sets met last, the latest first.
-    std::vector<Reference<KeySet>> recent_;
+    /// The sets met last, the latest first. A document has few kinds of records; what is older is only worth
+    /// its memory when it comes again.
+    std::array<Reference<KeySet>, 16> recent_;
 };
 
 } // namespace platform

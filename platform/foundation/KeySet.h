@@ -2,6 +2,7 @@
 
 #include "platform/foundation/Reference.h"
 
+#include <array>
 #include <atomic>
 #include <cstdint>
 #include <memory>
@@ -57,21 +58,26 @@ private:
     };
     using SortedIndex = std::set<std::uint32_t, ByText>;
 
+    /// Beyond this many keys the hash index, whose worst case is a walk over all of them, gives way to the
+    /// sorted one.
+    static constexpr std::size_t largestHashed = 64;
+
     KeySet() = default;
     ~KeySet() = default;
 
     void append(std::string_view key);
-    void index(std::uint32_t place);
-    void hashInto(std::uint32_t place);
-    void resizeSlots(std::size_t keys);
+    std::size_t slotOf(std::string_view key) const;
+    void useSlots(std::size_t count);
     void sortKeys();
 
     std::atomic<std::uint32_t> references_{1};
+    /// Of the hash index: a power of two, at least twice the keys.
+    std::uint32_t slotCount_ = 8;
+    /// Open addressing: place + 1, 0 for a free slot.
+    std::array<std::uint8_t, 2 * largestHashed> slots_{};
+    std::unique_ptr<SortedIndex> sorted_;
     std::string text_;
     std::vector<Span> spans_;
-    /// Open addressing: place + 1, 0 for a free slot; a power of two, at least twice the keys.
-    std::vector<std::uint8_t> slots_;
-    std::unique_ptr<SortedIndex> sorted_;
 };
 
 } // namespace platform

@@ -16,7 +16,7 @@ std::optional<Value> propertyListWithData(std::string_view bytes) {
 }
 
 std::string dataWithPropertyList(const Value& value) {
-    return XmlPropertyListWriter().write(value);
+    return XmlPropertyListWriter(value).write();
 }
 
 std::string dataWithPropertyList(const Dictionary& dictionary) {

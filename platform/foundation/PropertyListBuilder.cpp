@@ -5,7 +5,13 @@
 namespace platform {
 
 PropertyListBuilder::PropertyListBuilder(std::size_t documentSize)
-    : dictionaries_(Duplicates::KeepLast), strings_(documentSize) {}
+    : dictionaries_(Duplicates::KeepLast), strings_(documentSize) {
+    // Enough for a document of one record.
+    frames_.reserve(4);
+    last_.reserve(4);
+    values_.reserve(32);
+    keys_.reserve(32);
+}
 
 bool PropertyListBuilder::open(Value::Kind kind) {
     if (!mayAdd() || depth() == deepestNesting)

@@ -43,24 +43,25 @@ ContainerBlock* ContainerBlock::release(Value& value) {
 }
 
 void ContainerBlock::destroy(ContainerBlock* block) {
-    // The blocks waiting to be freed are chained through themselves: nothing is allocated, and the depth of
-    // the nesting costs no stack.
-    ContainerBlock* dead = nullptr;
-    const auto bury = [&dead](ContainerBlock* each) {
+    // The blocks being taken apart, innermost first, are chained through themselves: nothing is allocated,
+    // and the depth of the nesting costs no stack. A block counts down the values it still has.
+    ContainerBlock* innermost = nullptr;
+    const auto enter = [&innermost](ContainerBlock* each) {
         if (each->keys_)
             each->keys_->release();
-        each->nextDead_ = dead;
-        dead = each;
+        each->outer_ = innermost;
+        innermost = each;
     };
-    bury(block);
-    while (dead) {
-        ContainerBlock* current = dead;
-        dead = current->nextDead_;
-        for (std::size_t i = 0; i < current->count_; ++i)
-            if (ContainerBlock* child = release(current->mutableValues()[i]))
-                bury(child);
-        current->~ContainerBlock();
-        ::operator delete(current);
+    enter(block);
+    while (innermost) {
+        if (innermost->count_ > 0) {
+            if (ContainerBlock* child = release(innermost->mutableValues()[--innermost->count_]))
+                enter(child);
+            continue;
+        }
+        ContainerBlock* const empty = std::exchange(innermost, innermost->outer_);
+        empty->~ContainerBlock();
+        ::operator delete(empty);
     }
 }
 

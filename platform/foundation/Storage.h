@@ -60,13 +60,15 @@ private:
     Value* mutableValues() { return reinterpret_cast<Value*>(this + 1); }
     /// Frees the block and all that only it held, however deep, without recursion.
     WARDLOCK_API static void destroy(ContainerBlock* block);
+    /// Ends the value; answers its block when that has no owner left.
     static ContainerBlock* release(Value& value);
 
     std::atomic<std::uint32_t> references_{1};
     std::uint32_t count_;
     union {
         KeySet* keys_;
-        ContainerBlock* nextDead_;
+        /// While blocks are being freed: the one this was in.
+        ContainerBlock* outer_;
     };
 };
 

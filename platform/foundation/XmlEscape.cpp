@@ -49,11 +49,20 @@ void appendAscii(std::string& text, char c) {
         text += c;
         return;
     default:
-        if (static_cast<unsigned char>(c) >= 0x20)
-            text += c;
-        else
-            text.append("&#").append(std::to_string(int(c))).append(";");
+        text.append("&#").append(std::to_string(int(c))).append(";");
     }
+}
+
+/// The special character at the front; answers how many bytes it takes.
+std::size_t appendSpecial(std::string& text, std::string_view characters) {
+    const std::size_t length = decodeUtf8(characters, 0).length;
+    if (length == 1)
+        appendAscii(text, characters.front());
+    else if (length > 1)
+        text += characters.substr(0, length);
+    else
+        text += "\xEF\xBF\xBD";
+    return std::max<std::size_t>(length, 1);
 }
 
 } // namespace
@@ -69,20 +78,17 @@ bool needsNoEscape(std::string_view text) {
     return !hasSpecial(loadWord<std::uint64_t>(begin + length - 8));
 }
 
-void appendEscaped(std::string& text, std::string_view characters) {
-    if (needsNoEscape(characters)) {
-        text += characters;
-        return;
-    }
-    for (std::size_t at = 0; at < characters.size();) {
-        const std::size_t length = decodeUtf8(characters, at).length;
-        if (length == 1)
-            appendAscii(text, characters[at]);
-        else if (length > 1)
-            text += characters.substr(at, length);
-        else
-            text += "\xEF\xBF\xBD";
-        at += std::max<std::size_t>(length, 1);
+std::string escaped(std::string_view text) {
+    std::string result;
+    result.reserve(text.size() + text.size() / 4);
+    for (;;) {
+        const auto special = std::find_if(text.begin(), text.end(), isSpecial);
+        const auto plain = static_cast<std::size_t>(special - text.begin());
+        result += text.substr(0, plain);
+        text.remove_prefix(plain);
+        if (text.empty())
+            return result;
+        text.remove_prefix(appendSpecial(result, text));
     }
 }
 

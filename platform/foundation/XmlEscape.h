@@ -5,12 +5,12 @@
 
 namespace platform {
 
-/// Appends the text as XML characters that read back to it. What XML has no other way to keep - control
-/// characters, and carriage returns, which other readers turn into line feeds - becomes a numeric reference.
-/// Bytes that are no UTF-8 become U+FFFD each, since one of them would make the whole document unreadable.
-void appendEscaped(std::string& text, std::string_view characters);
-
 /// Whether the text stands for itself in XML. May answer false for one that does.
 bool needsNoEscape(std::string_view text);
+
+/// The text as XML characters that read back to it. What XML has no other way to keep - control characters,
+/// and carriage returns, which other readers turn into line feeds - becomes a numeric reference. Bytes that
+/// are no UTF-8 become U+FFFD each, since one of them would make the whole document unreadable.
+std::string escaped(std::string_view text);
 
 } // namespace platform

@@ -12,88 +12,125 @@ namespace platform {
 
 namespace {
 
-constexpr std::string_view prolog = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-                                    "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
-                                    "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
-                                    "<plist version=\"1.0\">\n";
-constexpr std::string_view epilog = "</plist>\n";
+constexpr char prolog[] = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                          "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
+                          "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
+                          "<plist version=\"1.0\">\n";
+constexpr char epilog[] = "</plist>\n";
+
+/// A little more than the estimate, for what it leaves out.
+std::size_t expectedLength(const Value& root) {
+    const std::size_t estimate = xmlSizeEstimate(root);
+    return sizeof prolog + sizeof epilog + estimate + estimate / 16;
+}
 
 } // namespace
 
-std::string XmlPropertyListWriter::write(const Value& root) {
-    // A little more than the estimate, for what it leaves out.
-    const std::size_t estimate = xmlSizeEstimate(root);
-    text_.reserve(prolog.size() + estimate + estimate / 16 + epilog.size());
-    text_ += prolog;
-    writeElement(root);
+XmlPropertyListWriter::XmlPropertyListWriter(const Value& root) : root_(root), text_(expectedLength(root)) {}
+
+std::string XmlPropertyListWriter::write() {
+    text_.put(prolog);
+    writeElement(root_);
     while (!frames_.empty()) {
         Frame& frame = frames_.back();
         if (frame.next == frame.end) {
-            const bool dictionary = frame.keys;
-            frames_.pop_back();
-            line(dictionary ? "</dict>\n" : "</array>\n");
+            close();
             continue;
         }
         if (frame.keys) {
-            indent();
-            text_ += "<key>";
-            appendEscaped(text_, (*frame.keys)[frame.place++]);
-            text_ += "</key>\n";
+            writeKey(frame);
+            ++frame.place;
         }
         writeElement(*frame.next++);
     }
-    text_ += epilog;
-    return std::move(text_);
+    text_.put(epilog);
+    return text_.take();
 }
 
 void XmlPropertyListWriter::open(const Value& container) {
     if (container.is(Value::Kind::Array)) {
         const Array& array = container.array();
-        line(array.empty() ? "<array/>\n" : "<array>\n");
-        if (!array.empty())
-            frames_.push_back({array.begin(), array.end(), nullptr, 0});
+        if (array.empty())
+            return text_.put("<array/>\n");
+        text_.put("<array>\n");
+        frames_.push_back({array.begin(), array.end(), nullptr, false, 0});
     } else {
         const Dictionary& dictionary = container.dictionary();
-        line(dictionary.empty() ? "<dict/>\n" : "<dict>\n");
-        if (!dictionary.empty()) {
-            const Value* first = &(*dictionary.begin()).value;
-            frames_.push_back({first, first + dictionary.size(), dictionary.keys().get(), 0});
-        }
+        if (dictionary.empty())
+            return text_.put("<dict/>\n");
+        text_.put("<dict>\n");
+        const Value* first = &(*dictionary.begin()).value;
+        const auto keys = dictionary.keys();
+        frames_.push_back({first, first + dictionary.size(), keys.get(), needsNoEscape(keys->text()), 0});
     }
 }
 
+void XmlPropertyListWriter::close() {
+    const bool dictionary = frames_.back().keys;
+    frames_.pop_back();
+    indent();
+    if (dictionary)
+        text_.put("</dict>\n");
+    else
+        text_.put("</array>\n");
+}
+
+void XmlPropertyListWriter::writeKey(const Frame& frame) {
+    const std::string_view key = (*frame.keys)[frame.place];
+    indent();
+    text_.put("<key>");
+    if (frame.keysNeedNoEscape)
+        text_.put(key);
+    else
+        text_.put(std::string_view(escaped(key)));
+    text_.put("</key>\n");
+}
+
 void XmlPropertyListWriter::writeElement(const Value& value) {
-    const auto wrap = [this](std::string_view open, const auto& appendContent, std::string_view close) {
-        line(open);
-        appendContent();
-        text_ += close;
-    };
+    indent();
     switch (value.kind()) {
     case Value::Kind::Boolean:
-        return line(value.boolean() ? "<true/>\n" : "<false/>\n");
-    case Value::Kind::Integer:
-        return wrap(
-            "<integer>", [&] { appendInteger(text_, value); }, "</integer>\n");
-    case Value::Kind::Real:
-        return wrap(
-            "<real>", [&] { appendReal(text_, value.real()); }, "</real>\n");
-    case Value::Kind::Date:
-        return wrap(
-            "<date>", [&] { appendDateText(text_, value.date()); }, "</date>\n");
+        if (value.boolean())
+            return text_.put("<true/>\n");
+        return text_.put("<false/>\n");
     case Value::Kind::String:
-        return wrap(
-            "<string>", [&] { appendEscaped(text_, value.string()); }, "</string>\n");
+        return writeString(value.string());
     case Value::Kind::Data:
         return writeData(value.data());
     case Value::Kind::Array:
     case Value::Kind::Dictionary:
         return open(value);
+    default:
+        return writeNumber(value);
     }
 }
 
-void XmlPropertyListWriter::line(std::string_view element) {
-    indent();
-    text_ += element;
+void XmlPropertyListWriter::writeString(std::string_view text) {
+    text_.put("<string>");
+    if (needsNoEscape(text))
+        text_.put(text);
+    else
+        text_.put(std::string_view(escaped(text)));
+    text_.put("</string>\n");
+}
+
+/// Dates too, which are numbers of seconds.
+void XmlPropertyListWriter::writeNumber(const Value& value) {
+    std::string element;
+    if (value.is(Value::Kind::Integer)) {
+        element = "<integer>";
+        appendInteger(element, value);
+        element += "</integer>\n";
+    } else if (value.is(Value::Kind::Real)) {
+        element = "<real>";
+        appendReal(element, value.real());
+        element += "</real>\n";
+    } else {
+        element = "<date>";
+        appendDateText(element, value.date());
+        element += "</date>\n";
+    }
+    text_.put(std::string_view(element));
 }
 
 /// Base64 on lines of its own. Indentation counts against the width of a line, and stops growing where it
@@ -104,13 +141,15 @@ void XmlPropertyListWriter::writeData(std::string_view bytes) {
     constexpr std::size_t deepestIndent = 8;
     const std::size_t tabs = std::min(frames_.size(), deepestIndent);
     const std::size_t bytesPerLine = (lineWidth - tabWidth * tabs) / 4 * 3;
-    line("<data>\n");
+    text_.put("<data>\n");
     for (std::size_t at = 0; at < bytes.size(); at += bytesPerLine) {
-        text_.append(tabs, '\t');
-        appendBase64(text_, bytes.substr(at, bytesPerLine));
-        text_ += '\n';
+        std::string line(tabs, '\t');
+        appendBase64(line, bytes.substr(at, bytesPerLine));
+        line += '\n';
+        text_.put(std::string_view(line));
     }
-    line("</data>\n");
+    indent();
+    text_.put("</data>\n");
 }
 
 } // namespace platform

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/foundation/OutputText.h"
 #include "platform/foundation/Value.h"
 
 #include <string>
@@ -11,8 +12,11 @@ namespace platform {
 /// indented.
 class XmlPropertyListWriter {
 public:
+    /// The root must outlive the writer.
+    explicit XmlPropertyListWriter(const Value& root);
+
     /// The whole document. To be called once.
-    std::string write(const Value& root);
+    std::string write();
 
 private:
     /// A container whose elements are being written.
@@ -21,17 +25,21 @@ private:
         const Value* end;
         /// Null in an array.
         const KeySet* keys;
+        bool keysNeedNoEscape;
         std::size_t place;
     };
 
     void open(const Value& container);
+    void close();
+    void writeKey(const Frame& frame);
     void writeElement(const Value& value);
+    void writeNumber(const Value& value);
     void writeString(std::string_view text);
     void writeData(std::string_view bytes);
-    void indent() { text_.append(frames_.size(), '\t'); }
-    void line(std::string_view element);
+    void indent() { text_.putTabs(frames_.size()); }
 
-    std::string text_;
+    const Value& root_;
+    OutputText text_;
     std::vector<Frame> frames_;
 };
 

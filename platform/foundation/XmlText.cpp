@@ -75,7 +75,7 @@ std::optional<std::string_view> XmlText::take(XmlCursor& cursor) {
     while (!isTag(cursor))
         if (!appendPiece(cursor, text))
             return std::nullopt;
-    return resolved_.emplace_back(std::move(text));
+    return resolved_.emplace_front(std::move(text));
 }
 
 /// Takes a CDATA section, a comment or an instruction, and the plain text after it.

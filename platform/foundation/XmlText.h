@@ -2,7 +2,7 @@
 
 #include "platform/foundation/XmlCursor.h"
 
-#include <deque>
+#include <forward_list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -20,7 +20,7 @@ public:
 private:
     bool appendPiece(XmlCursor& cursor, std::string& text);
 
-    std::deque<std::string> resolved_;
+    std::forward_list<std::string> resolved_;
 };
 
 } // namespace platform
