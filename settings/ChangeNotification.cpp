@@ -1,0 +1,27 @@
+#include "settings/ChangeNotification.h"
+
+#include "platform/foundation/Format.h"
+#include "settings/Constants.h"
+
+namespace wardlock {
+
+std::string changeNotificationName(std::string_view identifier, std::string_view post) {
+    return platform::stringWithFormat(ChangeNotificationNameFormat, identifier, post);
+}
+
+void postChange(std::string_view identifier, std::string_view post, std::string_view key,
+                const platform::Value& object) {
+    const platform::Dictionary userInfo{{ChangeKey, key}, {ChangeObject, object}};
+    platform::CFNotificationCenterPostNotification(platform::CFNotificationCenterGetDistributedCenter(),
+                                                   changeNotificationName(identifier, post), nullptr,
+                                                   &userInfo, true);
+}
+
+void observeChanges(std::string_view identifier, std::string_view post, void* observer,
+                    platform::CFNotificationCallback callback) {
+    platform::CFNotificationCenterAddObserver(platform::CFNotificationCenterGetDistributedCenter(), observer,
+                                              callback, changeNotificationName(identifier, post), nullptr,
+                                              platform::CFNotificationSuspensionBehavior::DeliverImmediately);
+}
+
+} // namespace wardlock

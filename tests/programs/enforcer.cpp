@@ -1,0 +1,29 @@
+// The enforcing half as a test needs it: starts as it does on a device, says "ready", then tells in a line
+// what each change said and which account counts after it. Ends after as many changes as its argument says.
+
+#include "platform/foundation/Format.h"
+#include "platform/foundation/MainLoop.h"
+#include "settings/Constants.h"
+#include "settings/EnabledAccount.h"
+#include "settings/Keys.h"
+#include "settings/Settings.h"
+
+#include <chrono>
+#include <cstdlib>
+#include <iostream>
+
+int main(int argc, char** argv) {
+    constexpr std::chrono::seconds patience(20);
+    const int expected = argc > 1 ? std::atoi(argv[1]) : 1;
+    int heard = 0;
+    wardlock::InitSettingsWithUpdateNameAndCallback(
+        wardlock::PostName, [&](const platform::Value* key, const platform::Value* object) {
+            ++heard;
+            std::cout << platform::stringWithFormat("%@ = %@; account %@; tweak %d", key, object,
+                                                    wardlock::AccountString(wardlock::kAccountName),
+                                                    wardlock::TweakEnabled())
+                      << std::endl;
+        });
+    std::cout << "ready" << std::endl;
+    return platform::MainLoop::shared().runUntil([&] { return heard >= expected; }, patience) ? 0 : 1;
+}

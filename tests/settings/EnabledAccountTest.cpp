@@ -1,0 +1,175 @@
+#include "settings/EnabledAccount.h"
+
+#include "settings/DefaultSettings.h"
+#include "settings/Keys.h"
+#include "settings/Settings.h"
+#include "tests/support/SettingsFixture.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+using namespace wardlock;
+using platform::Array;
+using platform::Dictionary;
+using platform::Value;
+
+namespace {
+
+class EnabledAccountTest : public test::SettingsFixture {
+protected:
+    void writeAccounts(const Value& accounts) {
+        writeDocument({{"kEnabled", true}, {"kPasscode", ""}, {"kAccounts", accounts}});
+    }
+
+    const Dictionary& cachedAccount(std::size_t index) {
+        return TweakSettings->find("kAccounts")->array().at(index).dictionary();
+    }
+};
+
+} // namespace
+
+TEST_F(EnabledAccountTest, IsNoneInTheDefaultDocument) {
+    EXPECT_FALSE(AccountEnabled());
+    EXPECT_TRUE(boolForKey("kEnabled"));
+    EXPECT_FALSE(TweakEnabled());
+    const Dictionary account = DefaultSettings().find("kAccounts")->array().at(0).dictionary();
+    for (const auto& [key, value] : account) {
+        EXPECT_FALSE(AccountBool(key)) << key;
+        EXPECT_EQ(AccountObject(key), nullptr) << key;
+    }
+}
+
+TEST_F(EnabledAccountTest, IsTheFirstOfSeveral) {
+    writeDocument(documentWithAccounts({false, true, true}));
+    const auto account = EnabledAccountNew();
+    ASSERT_TRUE(account);
+    EXPECT_EQ(*account->find("kAccountName"), Value("B"));
+}
+
+TEST_F(EnabledAccountTest, IsTheVeryRecordInTheCache) {
+    writeDocument(documentWithAccounts({false, true}));
+    EXPECT_TRUE(EnabledAccountNew()->isSameObject(cachedAccount(1)));
+    EXPECT_TRUE(EnabledAccountFetchIfNecessary()->isSameObject(cachedAccount(1)));
+    EXPECT_TRUE(EnabledAccount->isSameObject(cachedAccount(1)));
+}
+
+TEST_F(EnabledAccountTest, SearchingAfreshLeavesTheVariableAlone) {
+    writeDocument(documentWithAccounts({true}));
+    EXPECT_TRUE(EnabledAccountNew());
+    EXPECT_FALSE(EnabledAccount);
+}
+
+TEST_F(EnabledAccountTest, IsNoneWhereTheListIsEmpty) {
+    writeAccounts(Array{});
+    EXPECT_FALSE(EnabledAccountNew());
+}
+
+TEST_F(EnabledAccountTest, IsNoneWhereTheListIsGone) {
+    SettingsCreateIfNecessary().remove("kAccounts");
+    EXPECT_FALSE(EnabledAccountNew());
+}
+
+TEST_F(EnabledAccountTest, IsNoneWhereTheListIsOfAnotherKind) {
+    for (const Value& accounts :
+         {Value("accounts"), Value(true), Value(Dictionary{{"kAccountEnabled", true}})}) {
+        writeAccounts(accounts);
+        TweakSettings.reset();
+        EXPECT_FALSE(EnabledAccountNew());
+    }
+}
+
+TEST_F(EnabledAccountTest, PassesOverElementsThatAreNoRecords) {
+    writeAccounts(
+        Array{"text", true, Array{true}, Dictionary{{"kAccountEnabled", true}, {"kAccountName", "Real"}}});
+    EXPECT_EQ(*AccountObject("kAccountName"), Value("Real"));
+}
+
+TEST_F(EnabledAccountTest, PassesOverRecordsThatDoNotSayWhetherTheyAreEnabled) {
+    writeAccounts(Array{Dictionary{{"kAccountName", "Silent"}},
+                        Dictionary{{"kAccountEnabled", 1}, {"kAccountName", "By number"}}});
+    EXPECT_EQ(*AccountObject("kAccountName"), Value("By number"));
+}
+
+TEST_F(EnabledAccountTest, EveryAccessorFetchesIt) {
+    writeDocument(documentWithAccounts({true}));
+    const std::vector<void (*)()> accessors{
+        [] { AccountObject("kAccountName"); },
+        [] { AccountBool("kAccountName"); },
+        [] { AccountFloat("kAccountName"); },
+        [] { AccountString("kAccountName"); },
+        [] { AccountEnabled(); },
+        [] { TweakEnabled(); },
+        [] { EnabledAccountFetchIfNecessary(); },
+    };
+    for (const auto accessor : accessors) {
+        EnabledAccount.reset();
+        accessor();
+        EXPECT_TRUE(EnabledAccount);
+    }
+}
+
+TEST_F(EnabledAccountTest, IsKeptOnceFoundEvenIfTheCacheChanges) {
+    writeDocument(documentWithAccounts({true, true}));
+    EXPECT_EQ(*AccountObject("kAccountName"), Value("A"));
+    SettingsCreateIfNecessary().set("kAccounts", Array{});
+    EXPECT_EQ(*AccountObject("kAccountName"), Value("A"));
+    EXPECT_TRUE(AccountEnabled());
+}
+
+TEST_F(EnabledAccountTest, IsSearchedForAgainWhileThereIsNone) {
+    EXPECT_FALSE(AccountEnabled());
+    SettingsCreateIfNecessary().set("kAccounts",
+                                    Array{Dictionary{{"kAccountEnabled", true}, {"kAccountName", "Late"}}});
+    EXPECT_TRUE(AccountEnabled());
+    EXPECT_EQ(*AccountString("kAccountName"), Value("Late"));
+}
+
+TEST_F(EnabledAccountTest, StaysValidWhateverBecomesOfTheCache) {
+    writeDocument(documentWithAccounts({true}));
+    AccountEnabled();
+    TweakSettings.reset();
+    EXPECT_EQ(*EnabledAccount->find("kAccountName"), Value("A"));
+}
+
+TEST_F(EnabledAccountTest, DoesNotFallBackOnTheDefaults) {
+    writeAccounts(Array{Dictionary{{"kAccountEnabled", true}}});
+    EXPECT_TRUE(
+        DefaultSettings().find("kAccounts")->array().at(0).dictionary().find(kRestrictUninstall)->boolean());
+    EXPECT_FALSE(AccountBool("kRestrictUninstall"));
+    EXPECT_EQ(AccountFloat("kRestrictUninstall"), 0.0F);
+    EXPECT_EQ(AccountObject("kRestrictUninstall"), nullptr);
+    EXPECT_EQ(AccountString("kRestrictUninstall"), nullptr);
+}
+
+TEST_F(EnabledAccountTest, AnswersTheValuesOfTheRecord) {
+    writeAccounts(Array{Dictionary{
+        {"kAccountEnabled", true}, {"kRestrictSiri", true}, {"kAccountName", "Mia"}, {"level", "2.5"}}});
+    EXPECT_TRUE(AccountBool("kRestrictSiri"));
+    EXPECT_EQ(AccountFloat("level"), 2.5F);
+    EXPECT_EQ(*AccountString("kAccountName"), Value("Mia"));
+    EXPECT_EQ(*AccountString("kRestrictSiri"), Value(true));
+}
+
+TEST_F(EnabledAccountTest, ReadsRespondersAsFalseInANewRecord) {
+    platform::MutableDictionary record(DefaultSettings().find("kAccounts")->array().at(0).dictionary());
+    record.set("kAccountEnabled", true);
+    writeAccounts(Array{record.copy()});
+    ASSERT_TRUE(AccountObject("kRestrictResponders"));
+    EXPECT_FALSE(AccountBool("kRestrictResponders"));
+}
+
+TEST_F(EnabledAccountTest, IsLeftUntouchedWhereTheExtensionIsSwitchedOff) {
+    writeDocument({{"kEnabled", false},
+                   {"kPasscode", ""},
+                   {"kAccounts", Array{Dictionary{{"kAccountEnabled", true}}}}});
+    EXPECT_FALSE(TweakEnabled());
+    EXPECT_FALSE(EnabledAccount);
+    EXPECT_TRUE(AccountEnabled());
+    EXPECT_FALSE(TweakEnabled());
+}
+
+TEST_F(EnabledAccountTest, CountsWhereTheExtensionIsSwitchedOn) {
+    writeDocument(documentWithAccounts({true}));
+    EXPECT_TRUE(TweakEnabled());
+}

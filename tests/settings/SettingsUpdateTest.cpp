@@ -1,0 +1,188 @@
+#include "settings/DefaultSettings.h"
+#include "settings/EnabledAccount.h"
+#include "settings/Settings.h"
+#include "tests/support/SettingsFixture.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+using namespace wardlock;
+using platform::Array;
+using platform::Dictionary;
+using platform::Value;
+
+namespace {
+
+constexpr std::string_view changeName = "com.tavix.wardlock/update";
+
+class SettingsUpdateTest : public test::SettingsFixture {
+protected:
+    /// What the callback was told, in order.
+    using Change = std::pair<std::optional<Value>, std::optional<Value>>;
+
+    ChangeCallback recordingCallback() {
+        return [this](const Value* key, const Value* object) {
+            changes.emplace_back(copied(key), copied(object));
+        };
+    }
+
+    static std::optional<Value> copied(const Value* value) {
+        return value ? std::optional<Value>(*value) : std::nullopt;
+    }
+
+    std::vector<Change> changes;
+};
+
+} // namespace
+
+TEST_F(SettingsUpdateTest, ObservesTheChangeNotificationOfThePostName) {
+    InitSettingsWithUpdateName("update");
+    ASSERT_EQ(center.observers.size(), 1U);
+    const auto& registration = center.observers[0];
+    EXPECT_EQ(registration.name, changeName);
+    EXPECT_EQ(registration.callback, &SettingsUpdateCallback);
+    EXPECT_EQ(registration.observer, nullptr);
+    EXPECT_FALSE(registration.object);
+    EXPECT_EQ(registration.suspension, platform::CFNotificationSuspensionBehavior::DeliverImmediately);
+}
+
+TEST_F(SettingsUpdateTest, FormsTheNameFromThePostNameGiven) {
+    InitSettingsWithUpdateName("other");
+    ASSERT_EQ(center.observers.size(), 1U);
+    EXPECT_EQ(center.observers[0].name, "com.tavix.wardlock/other");
+}
+
+TEST_F(SettingsUpdateTest, RegistersBeforeItLoads) {
+    bool loaded = true;
+    center.onAddObserver = [&](const auto&) {
+        loaded = TweakSettings || EnabledAccount || exists(documentFile);
+    };
+    InitSettingsWithUpdateName("update");
+    EXPECT_FALSE(loaded);
+    EXPECT_TRUE(TweakSettings);
+    EXPECT_EQ(readDocument(), DefaultSettings());
+}
+
+TEST_F(SettingsUpdateTest, KeepsTheCallbackBeforeItRegisters) {
+    bool kept = false;
+    center.onAddObserver = [&](const auto&) { kept = static_cast<bool>(UpdateCallback); };
+    InitSettingsWithUpdateNameAndCallback("update", recordingCallback());
+    EXPECT_TRUE(kept);
+    EXPECT_EQ(center.observers.size(), 1U);
+    EXPECT_TRUE(TweakSettings);
+}
+
+TEST_F(SettingsUpdateTest, DoesNotCallTheCallbackAtStart) {
+    InitSettingsWithUpdateNameAndCallback("update", recordingCallback());
+    EXPECT_TRUE(changes.empty());
+}
+
+TEST_F(SettingsUpdateTest, PostsNothingItself) {
+    InitSettingsWithUpdateNameAndCallback("update", recordingCallback());
+    center.deliver(changeName);
+    EXPECT_TRUE(center.posts.empty());
+}
+
+TEST_F(SettingsUpdateTest, HandsTheChangeToTheCallbackAfterReloading) {
+    std::optional<bool> enabledDuringCall;
+    InitSettingsWithUpdateNameAndCallback("update", [&](const Value* key, const Value* object) {
+        enabledDuringCall = boolForKey("kEnabled");
+        changes.emplace_back(copied(key), copied(object));
+    });
+    EXPECT_TRUE(boolForKey("kEnabled"));
+    writeDocument({{"kEnabled", false}, {"kPasscode", ""}, {"kAccounts", Array{}}});
+    const Dictionary userInfo{{"key", "kEnabled"}, {"object", false}};
+    center.deliver(changeName, nullptr, &userInfo);
+    EXPECT_EQ(enabledDuringCall, false);
+    EXPECT_EQ(changes, (std::vector<Change>{{Value("kEnabled"), Value(false)}}));
+}
+
+TEST_F(SettingsUpdateTest, ReloadsFromDiskWhateverTheNotificationCarries) {
+    InitSettingsWithUpdateNameAndCallback("update", recordingCallback());
+    const Dictionary userInfo{{"key", "kEnabled"}, {"object", false}};
+    center.deliver(changeName, nullptr, &userInfo);
+    EXPECT_TRUE(boolForKey("kEnabled"));
+    EXPECT_EQ(changes.size(), 1U);
+}
+
+TEST_F(SettingsUpdateTest, OnlyReloadsWithoutUserInfo) {
+    InitSettingsWithUpdateNameAndCallback("update", recordingCallback());
+    writeDocument({{"kEnabled", false}, {"kPasscode", ""}, {"kAccounts", Array{}}});
+    center.deliver(changeName);
+    EXPECT_FALSE(boolForKey("kEnabled"));
+    EXPECT_TRUE(changes.empty());
+}
+
+TEST_F(SettingsUpdateTest, OnlyReloadsWithEmptyUserInfo) {
+    InitSettingsWithUpdateNameAndCallback("update", recordingCallback());
+    writeDocument({{"kEnabled", false}, {"kPasscode", ""}, {"kAccounts", Array{}}});
+    const Dictionary empty;
+    center.deliver(changeName, nullptr, &empty);
+    EXPECT_FALSE(boolForKey("kEnabled"));
+    EXPECT_TRUE(changes.empty());
+}
+
+TEST_F(SettingsUpdateTest, OnlyReloadsWithoutACallback) {
+    InitSettingsWithUpdateName("update");
+    writeDocument({{"kEnabled", false}, {"kPasscode", ""}, {"kAccounts", Array{}}});
+    const Dictionary userInfo{{"key", "kEnabled"}, {"object", false}};
+    center.deliver(changeName, nullptr, &userInfo);
+    EXPECT_FALSE(boolForKey("kEnabled"));
+}
+
+TEST_F(SettingsUpdateTest, HandsOnWhatIsMissingAsNull) {
+    InitSettingsWithUpdateNameAndCallback("update", recordingCallback());
+    const Dictionary keyOnly{{"key", "kEnabled"}};
+    const Dictionary objectOnly{{"object", 7}};
+    const Dictionary neither{{"other", 1}};
+    center.deliver(changeName, nullptr, &keyOnly);
+    center.deliver(changeName, nullptr, &objectOnly);
+    center.deliver(changeName, nullptr, &neither);
+    EXPECT_EQ(changes, (std::vector<Change>{{Value("kEnabled"), std::nullopt},
+                                            {std::nullopt, Value(7)},
+                                            {std::nullopt, std::nullopt}}));
+}
+
+TEST_F(SettingsUpdateTest, CreatesADocumentThatWentMissing) {
+    InitSettingsWithUpdateName("update");
+    removeFile(documentFile);
+    center.deliver(changeName);
+    EXPECT_EQ(readDocument(), DefaultSettings());
+}
+
+TEST_F(SettingsUpdateTest, ReplacesAnEarlierCallback) {
+    int earlier = 0;
+    InitSettingsWithUpdateNameAndCallback("update", [&](const Value*, const Value*) { ++earlier; });
+    UpdateCallback = recordingCallback();
+    const Dictionary userInfo{{"key", "kEnabled"}, {"object", true}};
+    center.deliver(changeName, nullptr, &userInfo);
+    EXPECT_EQ(earlier, 0);
+    EXPECT_EQ(changes.size(), 1U);
+}
+
+TEST_F(SettingsUpdateTest, LetsTheCallbackReplaceItselfDuringTheCall) {
+    const std::string held = "held by the callback that is running";
+    std::string seen;
+    InitSettingsWithUpdateNameAndCallback("update", [&seen, held](const Value*, const Value*) {
+        UpdateCallback = nullptr;
+        seen = held;
+    });
+    const Dictionary userInfo{{"key", "kEnabled"}, {"object", true}};
+    center.deliver(changeName, nullptr, &userInfo);
+    EXPECT_EQ(seen, held);
+    EXPECT_FALSE(UpdateCallback);
+}
+
+TEST_F(SettingsUpdateTest, AnswersFromTheNextEnabledAccountAfterAChange) {
+    writeDocument(documentWithAccounts({false, true, true}));
+    InitSettingsWithUpdateName("update");
+    EXPECT_EQ(*AccountObject("kAccountName"), Value("B"));
+    writeDocument(documentWithAccounts({false, false, true}));
+    const Dictionary userInfo{{"key", "kAccountEnabled"}, {"object", false}};
+    center.deliver(changeName, nullptr, &userInfo);
+    EXPECT_EQ(*AccountObject("kAccountName"), Value("C"));
+}
