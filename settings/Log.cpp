@@ -1,0 +1,57 @@
+#include "settings/Log.h"
+
+#include "platform/foundation/AtomicWriter.h"
+#include "platform/foundation/DeviceRoot.h"
+#include "platform/foundation/FileSystem.h"
+#include "platform/foundation/NSOperationQueue.h"
+#include "platform/foundation/Utf8.h"
+#include "settings/Constants.h"
+
+#include <cstddef>
+#include <system_error>
+#include <utility>
+
+namespace wardlock {
+
+namespace {
+
+constexpr std::string_view entryFormat = "\n%@";
+constexpr std::string_view replacementCharacter = "\xef\xbf\xbd";
+// A log beyond this is no longer looked through, and kept.
+constexpr std::size_t longestLogRead = std::size_t{1} << 30;
+
+/// Bytes that are no UTF-8 would cost the whole log at the next entry.
+std::string asUtf8(std::string_view text) {
+    if (platform::isValidUtf8(text))
+        return std::string(text);
+    std::string out;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t length = platform::decodeUtf8(text, at).length;
+        out += length > 0 ? text.substr(at, length) : replacementCharacter;
+        at += length > 0 ? length : 1;
+    }
+    return out;
+}
+
+/// Reading serves only to tell whether there is a log in UTF-8; where there is none an empty one takes its
+/// place. What fails after that costs the entry.
+void writeEntry(const std::string& entry) {
+    platform::FileSystem& files = platform::FileSystem::current();
+    const std::string path =
+        platform::pathOnDevice(platform::stringWithFormat(LogPathFormat, BundleIdentifier));
+    std::string text;
+    const std::error_code unread =
+        platform::uninterrupted([&] { return files.readFile(path, longestLogRead, text); });
+    if (unread ? unread != std::errc::file_too_large : !platform::isValidUtf8(text))
+        platform::AtomicWriter(files).write(path, "", platform::Sync::None);
+    platform::appendToFile(files, path, entry);
+}
+
+} // namespace
+
+void appendToLog(std::string_view message) {
+    platform::NSOperationQueue::mainQueue().addOperation(
+        [entry = platform::stringWithFormat(entryFormat, asUtf8(message))] { writeEntry(entry); });
+}
+
+} // namespace wardlock

@@ -1,0 +1,229 @@
+#include "settings/Log.h"
+
+#include "platform/foundation/FileSystem.h"
+#include "platform/foundation/NSOperationQueue.h"
+#include "tests/doubles/FaultyFileSystem.h"
+#include "tests/doubles/MemoryFileSystem.h"
+#include "tests/support/SettingsFixture.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <filesystem>
+#include <string>
+#include <thread>
+#include <vector>
+
+using namespace wardlock;
+using platform::FileSystem;
+using platform::NSOperationQueue;
+
+namespace {
+
+class LogTest : public test::SettingsFixture {
+protected:
+    ~LogTest() override { FileSystem::setCurrent(nullptr); }
+
+    static void runQueue() { NSOperationQueue::mainQueue().drain(); }
+};
+
+} // namespace
+
+TEST_F(LogTest, FirstEntryMakesTheFile) {
+    jLog("%@", "a");
+    runQueue();
+    EXPECT_EQ(readFile(logFile), "\na");
+}
+
+TEST_F(LogTest, EntriesFollowEachOtherInCallOrder) {
+    jLog("first %d", 1);
+    jLog("second %@", "2");
+    runQueue();
+    EXPECT_EQ(readFile(logFile), "\nfirst 1\nsecond 2");
+}
+
+TEST_F(LogTest, WritesNothingBeforeTheMainQueueRuns) {
+    jLog("later");
+    EXPECT_FALSE(exists(logFile));
+    runQueue();
+    EXPECT_EQ(readFile(logFile), "\nlater");
+}
+
+TEST_F(LogTest, FormatsAtTheTimeOfTheCall) {
+    std::string text = "before";
+    jLog("%@", text);
+    text = "after!";
+    runQueue();
+    EXPECT_EQ(readFile(logFile), "\nbefore");
+}
+
+TEST_F(LogTest, AppendsToTheLogThatIsThere) {
+    writeFile(logFile, "\nold \xe2\x82\xac");
+    jLog("new");
+    runQueue();
+    EXPECT_EQ(readFile(logFile), "\nold \xe2\x82\xac\nnew");
+}
+
+TEST_F(LogTest, EmptiesALogThatIsNoUtf8) {
+    writeFile(logFile, "\nold \xff\xfe bytes");
+    jLog("new");
+    runQueue();
+    EXPECT_EQ(readFile(logFile), "\nnew");
+}
+
+TEST_F(LogTest, EmptiesALogThatEndsWithinACharacter) {
+    writeFile(logFile, "\nold \xe2\x82");
+    jLog("new");
+    runQueue();
+    EXPECT_EQ(readFile(logFile), "\nnew");
+}
+
+TEST_F(LogTest, ValidatesTheWholeLogAtEachEntry) {
+    jLog("one");
+    runQueue();
+    writeFile(logFile, readFile(logFile) + "\xff");
+    jLog("two");
+    runQueue();
+    EXPECT_EQ(readFile(logFile), "\ntwo");
+}
+
+TEST_F(LogTest, IsNotCostByBytesInAMessageThatAreNoUtf8) {
+    jLog("%@", "broken \xff\xc3(\xe2\x82 end");
+    jLog("next");
+    runQueue();
+    EXPECT_EQ(readFile(logFile), "\nbroken \xef\xbf\xbd\xef\xbf\xbd(\xef\xbf\xbd\xef\xbf\xbd end\nnext");
+}
+
+TEST_F(LogTest, KeepsLettersOfAllLengthsInAMessage) {
+    const std::string letters = "a\xc3\xa9\xe2\x82\xac\xf0\x9f\x98\x80";
+    jLog("%@", letters);
+    jLog("%@", letters + "\xff");
+    runQueue();
+    EXPECT_EQ(readFile(logFile), "\n" + letters + "\n" + letters + "\xef\xbf\xbd");
+}
+
+TEST_F(LogTest, KeepsLineFeedsAndConversionsInsideAMessage) {
+    jLog("%@", "two\nlines, 100%");
+    runQueue();
+    EXPECT_EQ(readFile(logFile), "\ntwo\nlines, 100%");
+}
+
+TEST_F(LogTest, LosesOnlyTheEntryThatCannotBeWritten) {
+    makeFolder(logFile);
+    jLog("lost");
+    runQueue();
+    EXPECT_TRUE(std::filesystem::is_directory(onDisk(logFile)));
+    std::filesystem::remove(onDisk(logFile));
+    jLog("kept");
+    runQueue();
+    EXPECT_EQ(readFile(logFile), "\nkept");
+}
+
+TEST_F(LogTest, MakesNoFolder) {
+    std::filesystem::remove_all(onDisk("/var/mobile"));
+    jLog("lost");
+    runQueue();
+    EXPECT_FALSE(exists("/var/mobile"));
+}
+
+TEST_F(LogTest, KeepsTheLogWhereItCannotBeOpenedForWriting) {
+    writeFile(logFile, "\nold");
+    test::FaultyFileSystem files(FileSystem::current());
+    files.failEvery("openToAppend", std::errc::permission_denied);
+    FileSystem::setCurrent(&files);
+    jLog("lost");
+    runQueue();
+    EXPECT_EQ(readFile(logFile), "\nold");
+}
+
+TEST_F(LogTest, KeepsALogThatIsTooLongToBeLookedThrough) {
+    writeFile(logFile, "\nold");
+    test::FaultyFileSystem files(FileSystem::current());
+    files.failEvery("readFile", std::errc::file_too_large);
+    FileSystem::setCurrent(&files);
+    jLog("new");
+    runQueue();
+    EXPECT_EQ(readFile(logFile), "\nold\nnew");
+}
+
+TEST_F(LogTest, ReplacesALogThatCannotBeRead) {
+    writeFile(logFile, "\nold");
+    test::FaultyFileSystem files(FileSystem::current());
+    files.failEvery("readFile", std::errc::permission_denied);
+    FileSystem::setCurrent(&files);
+    jLog("new");
+    runQueue();
+    EXPECT_EQ(readFile(logFile), "\nnew");
+}
+
+TEST_F(LogTest, WritesTheWholeEntryHoweverShortTheWrites) {
+    test::FaultyFileSystem files(FileSystem::current());
+    files.limitWrites(3);
+    files.interruptCalls();
+    FileSystem::setCurrent(&files);
+    jLog("%@", std::string(100, 'x'));
+    runQueue();
+    EXPECT_EQ(readFile(logFile), "\n" + std::string(100, 'x'));
+}
+
+TEST_F(LogTest, OpensTheLogForWritingOnlyOnceThereIsOne) {
+    test::MemoryFileSystem files;
+    files.addFolder(onDisk("/var/mobile"));
+    FileSystem::setCurrent(&files);
+    jLog("a");
+    runQueue();
+    EXPECT_EQ(files.contents(onDisk(logFile)), "\na");
+    EXPECT_EQ(files.openHandles(), 0U);
+
+    files.forgetCalls();
+    jLog("b");
+    runQueue();
+    EXPECT_EQ(files.contents(onDisk(logFile)), "\na\nb");
+    for (const std::string& call : files.calls())
+        EXPECT_NE(call.substr(0, 6), "rename") << "an existing log is appended to, not replaced";
+}
+
+TEST_F(LogTest, TakesEntriesFromAnyThreadWithoutMixingThem) {
+    constexpr int threadCount = 8;
+    constexpr int entriesEach = 50;
+    std::vector<std::thread> threads;
+    for (int thread = 0; thread < threadCount; ++thread)
+        threads.emplace_back([thread] {
+            for (int entry = 0; entry < entriesEach; ++entry)
+                jLog("%d:%d", thread, entry);
+        });
+    for (std::thread& thread : threads)
+        thread.join();
+    runQueue();
+
+    const std::string log = readFile(logFile);
+    std::array<int, threadCount> next{};
+    std::size_t at = 0;
+    while (at < log.size()) {
+        ASSERT_EQ(log[at], '\n');
+        const std::size_t end = std::min(log.find('\n', at + 1), log.size());
+        const std::string entry = log.substr(at + 1, end - at - 1);
+        const int thread = std::stoi(entry);
+        ASSERT_LT(thread, threadCount);
+        EXPECT_EQ(entry, std::to_string(thread) + ":" + std::to_string(next[thread]++));
+        at = end;
+    }
+    for (const int count : next)
+        EXPECT_EQ(count, entriesEach);
+}
+
+TEST_F(LogTest, WritesWhileOtherThreadsLog) {
+    constexpr int entries = 200;
+    std::thread writer([] {
+        for (int entry = 0; entry < entries; ++entry)
+            jLog("%d", entry);
+    });
+    for (int round = 0; round < 50; ++round)
+        runQueue();
+    writer.join();
+    runQueue();
+    std::string expected;
+    for (int entry = 0; entry < entries; ++entry)
+        expected += "\n" + std::to_string(entry);
+    EXPECT_EQ(readFile(logFile), expected);
+}
