@@ -7,7 +7,7 @@
 namespace platform {
 
 /// The device as this machine and the host's window make it out. Main thread only.
-class LinuxDeviceInformation final : public DeviceInformation {
+class WARDLOCK_API LinuxDeviceInformation final : public DeviceInformation {
 public:
     long userInterfaceIdiom() override { return idiom_; }
     CGRect screenBounds() override { return {{}, screenSize_}; }
