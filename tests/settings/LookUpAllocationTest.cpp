@@ -19,16 +19,17 @@ class LookUpAllocationTest : public wardlock::test::SettingsFixture {};
 
 } // namespace
 
-void* operator new(std::size_t size) {
+// Not inlined: the compiler must not see that what `new` gives was given by malloc.
+[[gnu::noinline]] void* operator new(std::size_t size) {
     ++allocations;
     if (void* block = std::malloc(size > 0 ? size : 1))
         return block;
     throw std::bad_alloc();
 }
-void operator delete(void* block) noexcept {
+[[gnu::noinline]] void operator delete(void* block) noexcept {
     std::free(block);
 }
-void operator delete(void* block, std::size_t) noexcept {
+[[gnu::noinline]] void operator delete(void* block, std::size_t) noexcept {
     std::free(block);
 }
 
