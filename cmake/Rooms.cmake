@@ -9,6 +9,4 @@ function(wardlock_sources target)
     endif()
     target_sources(${target} PRIVATE ${sources})
   endforeach()
-  set_source_files_properties("${PROJECT_SOURCE_DIR}/info/DeveloperView.cpp" PROPERTIES
-    COMPILE_DEFINITIONS "WARDLOCK_REPOSITORY_HOST=\"${WARDLOCK_REPOSITORY_HOST}\"")
 endfunction()

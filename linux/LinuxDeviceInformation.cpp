@@ -43,6 +43,10 @@ void DeviceInformation::setScreenSize(CGSize size) {
     machineInformation().becomeScreenSize(size);
 }
 
+void DeviceInformation::setScreenScale(double pixelsPerPoint) {
+    machineInformation().becomeScreenScale(pixelsPerPoint);
+}
+
 void DeviceInformation::setUserInterfaceIdiom(long idiom) {
     machineInformation().becomeIdiom(idiom);
 }

@@ -11,6 +11,7 @@ class WARDLOCK_API LinuxDeviceInformation final : public DeviceInformation {
 public:
     long userInterfaceIdiom() override { return idiom_; }
     CGRect screenBounds() override { return {{}, screenSize_}; }
+    double screenScale() override { return screenScale_; }
     /// Portrait unless the screen is wider than high.
     long statusBarOrientation() override;
     /// VERSION_ID of os-release; the kernel's release where the system names no version.
@@ -19,10 +20,12 @@ public:
 
     void becomeIdiom(long idiom) { idiom_ = idiom; }
     void becomeScreenSize(CGSize size) { screenSize_ = size; }
+    void becomeScreenScale(double scale) { screenScale_ = scale; }
 
 private:
     long idiom_ = UIUserInterfaceIdiomPhone;
     CGSize screenSize_{390, 844};
+    double screenScale_ = 2;
 };
 
 /// The unquoted VERSION_ID in the text of an os-release file; empty where there is none.

@@ -23,6 +23,9 @@ public:
     virtual long userInterfaceIdiom() = 0;
     /// The main screen's bounds in points.
     virtual CGRect screenBounds() = 0;
+    /// The main screen's pixels per point. 2 where nobody knows better: a picture that is too fine looks
+    /// right, one that is too coarse does not.
+    virtual double screenScale() { return 2; }
     virtual long statusBarOrientation() = 0;
     /// The version of the operating system, "12" or "12.5".
     virtual std::string systemVersion() = 0;
@@ -31,9 +34,10 @@ public:
 
     static DeviceInformation& current();
     /// What a host knows better than the machine, told to the machine's own information: the size its window
-    /// gives the screen (390 x 844 until then; portrait unless wider than high) and the idiom it shows (a
-    /// phone's until then).
+    /// gives the screen (390 x 844 until then; portrait unless wider than high), its scale, and the idiom it
+    /// shows (a phone's until then).
     static void setScreenSize(CGSize size);
+    static void setScreenScale(double pixelsPerPoint);
     static void setUserInterfaceIdiom(long idiom);
     /// Null brings the machine's own back. Does not take ownership.
     static void setCurrent(DeviceInformation* information);

@@ -1,0 +1,119 @@
+#include "linux/applist/BundleApplications.h"
+
+#include "platform/foundation/DeviceRoot.h"
+#include "platform/foundation/FileSystem.h"
+#include "platform/foundation/PropertyList.h"
+#include "platform/foundation/Value.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <string_view>
+
+namespace platform::applist {
+namespace {
+
+constexpr std::string_view Suffix = ".app";
+constexpr std::size_t LargestInfo = 1u << 20;
+constexpr std::size_t LongestText = 1024;
+constexpr std::size_t MostIcons = 32;
+
+/// Where .app folders stand: directly, or one folder per application further down.
+struct Place {
+    std::string_view devicePath;
+    bool inContainers;
+};
+
+constexpr std::array Places{
+    Place{"/Applications", false},
+    Place{"/var/mobile/Applications", true},
+    Place{"/var/containers/Bundle/Application", true},
+};
+
+std::vector<std::string> sortedNames(const std::string& folder) {
+    std::vector<std::string> names;
+    if (FileSystem::current().list(folder, names))
+        names.clear();
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+std::string_view text(const Dictionary& info, std::string_view key) {
+    const std::string_view found = stringValue(info.find(key)).value_or("");
+    return found.size() <= LongestText ? found : std::string_view();
+}
+
+void addIcons(const Value* files, std::vector<std::string>& icons) {
+    const Array* names = arrayValue(files);
+    for (const Value& name : names ? *names : Array()) {
+        const auto icon = stringValue(&name);
+        if (icon && icons.size() < MostIcons)
+            icons.emplace_back(*icon);
+    }
+}
+
+std::vector<std::string> iconsOf(const Dictionary& info) {
+    std::vector<std::string> icons;
+    for (const char* key : {"CFBundleIcons", "CFBundleIcons~ipad"}) {
+        const Dictionary* sets = dictionaryValue(info.find(key));
+        const Dictionary* primary = sets ? dictionaryValue(sets->find("CFBundlePrimaryIcon")) : nullptr;
+        if (primary)
+            addIcons(primary->find("CFBundleIconFiles"), icons);
+    }
+    addIcons(info.find("CFBundleIconFiles"), icons);
+    if (const std::string_view single = text(info, "CFBundleIconFile"); !single.empty())
+        icons.emplace_back(single);
+    return icons;
+}
+
+std::optional<Application> applicationIn(const std::string& folder, std::string_view folderName) {
+    FileSystem& files = FileSystem::current();
+    std::string bytes;
+    const std::string path = folder + "/Info.plist";
+    if (files.readFile(path, LargestInfo, bytes))
+        return std::nullopt;
+    const std::optional<Value> list = propertyListWithData(bytes);
+    const Dictionary* info = list ? dictionaryValue(&*list) : nullptr;
+    if (!info || text(*info, "CFBundleIdentifier").empty())
+        return std::nullopt;
+    Application application;
+    application.identifier = text(*info, "CFBundleIdentifier");
+    application.name = text(*info, "CFBundleDisplayName");
+    if (application.name.empty())
+        application.name = text(*info, "CFBundleName");
+    if (application.name.empty())
+        application.name = folderName;
+    application.folder = folder;
+    if (FileStatus status; !files.status(path, Links::Follow, status))
+        application.version = status.inode ^ (status.size << 32);
+    application.icons = iconsOf(*info);
+    return application;
+}
+
+/// The applications directly in a folder.
+void addApplications(const std::string& folder, std::vector<Application>& applications) {
+    for (const std::string& name : sortedNames(folder)) {
+        if (name.size() <= Suffix.size() || !name.ends_with(Suffix))
+            continue;
+        const auto folderName = std::string_view(name).substr(0, name.size() - Suffix.size());
+        if (auto application = applicationIn(folder + "/" + name, folderName))
+            applications.push_back(std::move(*application));
+    }
+}
+
+} // namespace
+
+std::vector<Application> bundleApplications() {
+    std::vector<Application> applications;
+    for (const Place& place : Places) {
+        const std::string folder = pathOnDevice(place.devicePath);
+        if (!place.inContainers)
+            addApplications(folder, applications);
+        for (const std::string& container :
+             place.inContainers ? sortedNames(folder) : std::vector<std::string>())
+            addApplications(folder + "/" + container, applications);
+    }
+    return applications;
+}
+
+} // namespace platform::applist

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "linux/applist/Application.h"
+
+#include <vector>
+
+namespace platform::applist {
+
+/// The applications that stand in .app folders below the device root, where the device keeps them, in a fixed
+/// order. A folder without an Info.plist that names an identifier is none.
+std::vector<Application> bundleApplications();
+
+} // namespace platform::applist

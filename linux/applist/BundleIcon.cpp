@@ -1,0 +1,99 @@
+#include "linux/applist/BundleIcon.h"
+
+#include "linux/applist/IconFile.h"
+#include "platform/foundation/FileSystem.h"
+
+#include <array>
+#include <limits>
+#include <string_view>
+
+namespace platform::applist {
+namespace {
+
+/// Names stand without scale, idiom and often without extension.
+constexpr std::array<std::string_view, 3> Scales{"@3x", "@2x", ""};
+constexpr std::array<std::string_view, 3> Idioms{"", "~iphone", "~ipad"};
+constexpr std::array<std::string_view, 3> Extensions{".png", ".svg", ".jpg"};
+/// What a folder has where Info.plist names none.
+constexpr std::array<std::string_view, 2> UsualNames{"Icon", "icon"};
+
+struct Choice {
+    std::string path;
+    int pixels = 0;
+};
+
+/// Sizes above the wanted one count by how little they are above, those below after all of them. A picture
+/// that scales fits exactly.
+bool isBetter(const Choice& candidate, const Choice& best, int wanted) {
+    const auto cost = [wanted](int pixels) {
+        if (pixels == 0)
+            return 0;
+        return pixels >= wanted ? pixels - wanted : std::numeric_limits<int>::max() / 2 - pixels;
+    };
+    return best.path.empty() || cost(candidate.pixels) < cost(best.pixels);
+}
+
+bool isInside(const std::string& path, const std::string& folder) {
+    return path.size() > folder.size() && path.starts_with(folder) && path[folder.size()] == '/';
+}
+
+class Search {
+public:
+    Search(const std::string& folder, int wanted) : wanted_(wanted) {
+        if (FileSystem::current().resolve(folder, folder_))
+            folder_.clear();
+    }
+
+    void consider(const std::string& name) {
+        std::string path;
+        if (folder_.empty() || FileSystem::current().resolve(folder_ + "/" + name, path) ||
+            !isInside(path, folder_))
+            return;
+        const std::optional<IconFile> icon = IconFile::look(path);
+        if (!icon)
+            return;
+        Choice candidate{std::move(path), icon->pixels};
+        if (isBetter(candidate, best_, wanted_))
+            best_ = std::move(candidate);
+    }
+
+    /// All forms of a name without scale, idiom and extension.
+    void considerForms(std::string_view base) {
+        for (const std::string_view scale : Scales)
+            for (const std::string_view idiom : Idioms)
+                for (const std::string_view extension : Extensions)
+                    consider(std::string(base).append(scale).append(idiom).append(extension));
+    }
+
+    const std::string& best() const { return best_.path; }
+
+private:
+    std::string folder_;
+    int wanted_;
+    Choice best_;
+};
+
+std::string_view withoutExtension(std::string_view name) {
+    for (const std::string_view extension : Extensions) {
+        if (name.ends_with(extension))
+            name.remove_suffix(extension.size());
+    }
+    return name;
+}
+
+} // namespace
+
+std::string bundleIcon(const Application& application, int pixels) {
+    Search search(application.folder, pixels);
+    for (const std::string& name : application.icons) {
+        search.consider(name);
+        search.considerForms(withoutExtension(name));
+    }
+    for (const std::string_view name : UsualNames) {
+        if (search.best().empty())
+            search.considerForms(name);
+    }
+    return search.best();
+}
+
+} // namespace platform::applist

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "linux/applist/Application.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace platform::applist {
+
+/// The desktop's own applications, those it would show in its menus, with names in the user's language. The
+/// identifier is the entry's name without ".desktop".
+std::vector<Application> desktopApplications();
+
+/// The file of the entry's icon for a square of so many pixels; empty when there is none.
+std::string desktopIcon(std::string_view identifier, int pixels);
+
+} // namespace platform::applist

@@ -1,0 +1,137 @@
+#include "platform/services/DeviceInformation.h"
+#include "tests/support/AppListFixture.h"
+
+#include <filesystem>
+#include <fstream>
+
+namespace wardlock::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Entries of the desktop, seen from the user's own device root.
+class AppListDesktop : public AppListFixture {
+protected:
+    AppListDesktop() { useOwnRoot(); }
+
+    void writeTheme(const std::string& theme, std::string_view inherits, std::string_view folders) {
+        writeDesktop("icons/" + theme + "/index.theme", "[Icon Theme]\nName=" + theme +
+                                                            "\nInherits=" + std::string(inherits) + "\n" +
+                                                            std::string(folders));
+    }
+    void chooseTheme(const std::string& theme) {
+        const fs::path file = fs::path(std::getenv("XDG_CONFIG_HOME")) / "gtk-3.0/settings.ini";
+        fs::create_directories(file.parent_path());
+        std::ofstream(file) << "[Settings]\ngtk-icon-theme-name=" << theme << "\n";
+    }
+    std::string iconPath(std::string_view identifier, int size = 29) {
+        const auto icon = list().iconOfSize(size, identifier);
+        return icon ? fs::relative(icon->path(), dataFolder()).string() : "";
+    }
+};
+
+constexpr const char* TwoSizes = "Directories=32x32/apps,64x64/apps\n"
+                                 "[32x32/apps]\nSize=32\nType=Threshold\n"
+                                 "[64x64/apps]\nSize=64\nType=Fixed\n";
+
+TEST_F(AppListDesktop, HasThoseEntriesThatMenusShow) {
+    writeEntry("org.shown.desktop", "Name=Shown\n");
+    writeEntry("vendor/tool.desktop", "Name=Tool\n");
+    writeEntry("org.nodisplay.desktop", "Name=NoDisplay\nNoDisplay=true\n");
+    writeEntry("org.hidden.desktop", "Name=Hidden\nHidden=true\n");
+    writeEntry("org.elsewhere.desktop", "Name=Elsewhere\nOnlyShowIn=Other;\n");
+    EXPECT_EQ(list().applications(), (platform::Dictionary{{"org.shown", "Shown"}, {"vendor-tool", "Tool"}}));
+}
+
+TEST_F(AppListDesktop, NamesApplicationsInTheUsersLanguage) {
+    environment.set("LC_ALL", "de_DE.UTF-8");
+    environment.set("LANGUAGE", "de");
+    writeEntry("org.files.desktop", "Name=Files\nName[de]=Dateien\nName[fr]=Fichiers\n");
+    EXPECT_EQ(nameOf("org.files"), "Dateien");
+}
+
+TEST_F(AppListDesktop, SkipsBrokenEntriesAndKeepsTheOthers) {
+    writeEntry("org.good.desktop", "Name=Good\n");
+    writeDesktop("applications/garbage.desktop", "garbage");
+    writeDesktop("applications/empty.desktop", "");
+    writeDesktop("applications/link.desktop", "[Desktop Entry]\nType=Link\nURL=http://x\nName=Link\n");
+    writeDesktop("applications/noexec.desktop",
+                 "[Desktop Entry]\nType=Application\nName=No\nExec=/no/such/program\n");
+    fs::create_symlink("nowhere.desktop", dataFolder() + "/applications/dangling.desktop");
+    EXPECT_EQ(list().applications(), (platform::Dictionary{{"org.good", "Good"}}));
+}
+
+TEST_F(AppListDesktop, GivesWayToAFolderOfTheSameIdentifier) {
+    writeEntry("org.a.desktop", "Name=Entry\n");
+    writeFile("/unused", "");
+    const fs::path app = fs::path(std::getenv("XDG_DATA_HOME")) / "wardlock/device/Applications/A.app";
+    fs::create_directories(app);
+    std::ofstream(app / "Info.plist") << "<plist><dict><key>CFBundleIdentifier</key><string>org.a</string>"
+                                         "<key>CFBundleName</key><string>Folder</string></dict></plist>";
+    EXPECT_EQ(nameOf("org.a"), "Folder");
+}
+
+TEST_F(AppListDesktop, FindsIconsInTheThemeThenInThoseItInheritsThenInTheLast) {
+    chooseTheme("Mine");
+    writeTheme("Mine", "Base", TwoSizes);
+    writeTheme("Base", "", TwoSizes);
+    writeTheme("hicolor", "", TwoSizes);
+    for (const char* name : {"one", "two", "three"})
+        writeEntry(std::string(name) + ".desktop", "Name=x\nIcon=" + std::string(name) + "\n");
+    writeDesktop("icons/Mine/64x64/apps/one.png", png(64));
+    writeDesktop("icons/Base/64x64/apps/one.png", png(64));
+    writeDesktop("icons/Base/64x64/apps/two.png", png(64));
+    writeDesktop("icons/hicolor/64x64/apps/two.png", png(64));
+    writeDesktop("icons/hicolor/64x64/apps/three.png", png(64));
+    EXPECT_EQ(iconPath("one"), "icons/Mine/64x64/apps/one.png");
+    EXPECT_EQ(iconPath("two"), "icons/Base/64x64/apps/two.png");
+    EXPECT_EQ(iconPath("three"), "icons/hicolor/64x64/apps/three.png");
+}
+
+TEST_F(AppListDesktop, TakesTheIconThatFitsThenAScalableThenALargerThenASmallerOne) {
+    writeTheme("hicolor", "",
+               "Directories=16x16/apps,32x32/apps,256x256/apps,scalable/apps\n"
+               "[16x16/apps]\nSize=16\nType=Fixed\n[32x32/apps]\nSize=32\nType=Threshold\nThreshold=4\n"
+               "[256x256/apps]\nSize=256\nType=Fixed\n"
+               "[scalable/apps]\nSize=48\nMinSize=128\nMaxSize=512\nType=Scalable\n");
+    platform::DeviceInformation::setScreenScale(1);
+    writeEntry("a.desktop", "Name=x\nIcon=a\n");
+    writeEntry("b.desktop", "Name=x\nIcon=b\n");
+    writeEntry("c.desktop", "Name=x\nIcon=c\n");
+    for (const char* folder : {"16x16", "32x32", "256x256"})
+        writeDesktop("icons/hicolor/" + std::string(folder) + "/apps/a.png", png(8));
+    writeDesktop("icons/hicolor/256x256/apps/b.png", png(8));
+    writeDesktop("icons/hicolor/scalable/apps/b.svg", "<svg/>");
+    writeDesktop("icons/hicolor/16x16/apps/c.png", png(8));
+    writeDesktop("icons/hicolor/256x256/apps/c.png", png(8));
+    EXPECT_EQ(iconPath("a"), "icons/hicolor/32x32/apps/a.png");
+    EXPECT_EQ(iconPath("b"), "icons/hicolor/scalable/apps/b.svg");
+    EXPECT_EQ(iconPath("c"), "icons/hicolor/256x256/apps/c.png");
+}
+
+TEST_F(AppListDesktop, TakesIconsByPathAndFromFoldersWithoutATheme) {
+    writeEntry("path.desktop", "Name=x\nIcon=" + dataFolder() + "/own.png\n");
+    writeDesktop("own.png", png(58));
+    writeEntry("plain.desktop", "Name=x\nIcon=plain\n");
+    writeDesktop("pixmaps/plain.png", png(58));
+    writeEntry("none.desktop", "Name=x\nIcon=nowhere\n");
+    writeEntry("without.desktop", "Name=x\n");
+    writeEntry("climber.desktop", "Name=x\nIcon=../own\n");
+    EXPECT_EQ(iconPath("path"), "own.png");
+    EXPECT_EQ(iconPath("plain"), "pixmaps/plain.png");
+    EXPECT_EQ(iconPath("none"), "");
+    EXPECT_EQ(iconPath("without"), "");
+    EXPECT_EQ(iconPath("climber"), "");
+}
+
+TEST_F(AppListDesktop, SurvivesThemesThatInheritEachOtherOrAreBroken) {
+    chooseTheme("Ring");
+    writeTheme("Ring", "Gnir,Ring,Missing,../../etc", TwoSizes);
+    writeTheme("Gnir", "Ring", "Directories=64x64/apps,none\n[64x64/apps]\nSize=-5\nScale=99999999999\n");
+    writeEntry("a.desktop", "Name=x\nIcon=a\n");
+    writeDesktop("icons/Gnir/64x64/apps/a.png", png(64));
+    EXPECT_EQ(iconPath("a"), "icons/Gnir/64x64/apps/a.png");
+}
+
+} // namespace
+} // namespace wardlock::test
