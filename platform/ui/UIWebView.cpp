@@ -42,8 +42,9 @@ void UIWebView::didStartLoad() {
     changed();
 }
 
-void UIWebView::didFinishLoad(std::string text) {
+void UIWebView::didFinishLoad(std::string text, std::vector<WebLink> links) {
     text_ = std::move(text);
+    links_ = std::move(links);
     if (const auto delegate = delegate_.lock())
         delegate->webViewDidFinishLoad(*this);
     changed();

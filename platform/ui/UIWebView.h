@@ -4,12 +4,20 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace platform {
 
 /// A request with the platform's default cache policy and time-out.
 struct NSURLRequest {
     std::string url;
+};
+
+/// A place in a page that leads to another one.
+struct WebLink {
+    std::string text;
+    std::string url;
+    bool operator==(const WebLink&) const = default;
 };
 
 class UIWebView;
@@ -52,16 +60,19 @@ public:
     const std::string& url() const { return url_; }
     /// The page's text as far as the engine gives it, for those who cannot show the page itself.
     const std::string& text() const { return text_; }
+    /// Where the page's links lead, as far as the engine tells, for those who let a person follow one.
+    const std::vector<WebLink>& links() const { return links_; }
 
     /// The engine's reports.
     void didStartLoad();
-    void didFinishLoad(std::string text);
+    void didFinishLoad(std::string text, std::vector<WebLink> links = {});
     void didFailLoad(const std::string& error);
 
 private:
     std::weak_ptr<UIWebViewDelegate> delegate_;
     std::string url_;
     std::string text_;
+    std::vector<WebLink> links_;
 };
 
 } // namespace platform

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "platform/services/TextWebEngine.h"
+
+#include <atomic>
+#include <functional>
+#include <memory>
+#include <string>
+#include <thread>
+
+namespace platform {
+
+/// What a fetch brought.
+struct FetchedPage {
+    /// Why there is no page; empty when there is one. A server's own error page is a page.
+    std::string error;
+    std::string bytes;
+    /// As the server named it, "text/html; charset=utf-8"; may be empty.
+    std::string contentType;
+    /// The address after redirections.
+    std::string url;
+};
+
+/// Fetches one page in a thread of its own. Going away gives the fetch up and waits for the thread, which
+/// ends at once.
+class PageFetch {
+public:
+    /// Runs in the fetch's thread, at its end; not when the fetch was given up.
+    using Completion = std::function<void(FetchedPage)>;
+
+    /// Given up as soon as `reader` is gone.
+    PageFetch(std::string url, TextWebEngineOptions options, std::weak_ptr<const void> reader,
+              Completion completion);
+    ~PageFetch();
+    PageFetch(const PageFetch&) = delete;
+    PageFetch& operator=(const PageFetch&) = delete;
+
+private:
+    void run();
+    bool isWanted() const { return !givenUp_ && !reader_.expired(); }
+
+    const std::string url_;
+    const TextWebEngineOptions options_;
+    const std::weak_ptr<const void> reader_;
+    const Completion completion_;
+    std::atomic<bool> givenUp_ = false;
+    /// The CURLM of the thread; made before it starts, so that it can be woken at any time.
+    void* const transfers_;
+    std::thread thread_;
+};
+
+} // namespace platform

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/foundation/Export.h"
+#include "platform/ui/UIWebView.h"
+
+#include <chrono>
+#include <cstddef>
+#include <memory>
+#include <string>
+
+namespace platform {
+
+/// The bounds of one load, and for tests another address to connect to.
+struct TextWebEngineOptions {
+    std::size_t largestPage = 1u << 20;
+    /// From the beginning of a load to its end, redirections included.
+    std::chrono::milliseconds patience = std::chrono::seconds(20);
+    /// "host:port:address:port": connections to the first pair go to the second.
+    std::string connectTo;
+};
+
+/// An engine that fetches pages over http and https and gives their text and links, for faces that cannot
+/// show a page itself. It runs no scripts, keeps no cookies and loads nothing that a page embeds. Main thread
+/// only; its reports come from the main queue. When it goes, what it was loading is given up.
+WARDLOCK_API std::shared_ptr<WebEngine> makeTextWebEngine(const TextWebEngineOptions& options = {});
+
+} // namespace platform

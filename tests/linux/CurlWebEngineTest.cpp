@@ -1,0 +1,207 @@
+#include "platform/foundation/MainLoop.h"
+#include "platform/services/TextWebEngine.h"
+#include "tests/support/Environment.h"
+#include "tests/support/HttpServer.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <vector>
+
+namespace wardlock::test {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// Writes down what a web view tells.
+class Reports : public platform::Object, public platform::UIWebViewDelegate {
+public:
+    void webViewDidStartLoad(platform::UIWebView&) override { all.push_back("start"); }
+    void webViewDidFinishLoad(platform::UIWebView&) override { all.push_back("finish"); }
+    void webViewDidFailLoadWithError(platform::UIWebView&, const std::string& error) override {
+        all.push_back("fail");
+        lastError = error;
+    }
+
+    std::vector<std::string> all;
+    std::string lastError;
+};
+
+using Told = std::vector<std::string>;
+
+class CurlWebEngine : public ::testing::Test {
+protected:
+    CurlWebEngine() {
+        for (const char* proxy :
+             {"http_proxy", "HTTP_PROXY", "all_proxy", "ALL_PROXY", "https_proxy", "HTTPS_PROXY"})
+            environment.unset(proxy);
+        use({});
+        view->setDelegate(reports);
+    }
+    ~CurlWebEngine() override { platform::WebEngine::setCurrent(nullptr); }
+
+    void use(const platform::TextWebEngineOptions& options) {
+        engine = platform::makeTextWebEngine(options);
+        platform::WebEngine::setCurrent(engine.get());
+    }
+    bool waitUntil(const std::function<bool()>& done) {
+        // In slices: what the server sees wakes no loop here.
+        const auto deadline = std::chrono::steady_clock::now() + 20s;
+        while (!platform::MainLoop::shared().runUntil(done, 10ms)) {
+            if (std::chrono::steady_clock::now() > deadline)
+                return false;
+        }
+        return true;
+    }
+    /// Runs the loop until as many reports have come.
+    Told after(std::size_t count) {
+        EXPECT_TRUE(waitUntil([&] { return reports->all.size() >= count; }));
+        return reports->all;
+    }
+
+    Environment environment;
+    HttpServer server;
+    std::shared_ptr<platform::WebEngine> engine;
+    std::shared_ptr<Reports> reports = std::make_shared<Reports>();
+    std::shared_ptr<platform::UIWebView> view = std::make_shared<platform::UIWebView>(platform::CGRectZero);
+};
+
+TEST_F(CurlWebEngine, TellsStartAndFinishAndGivesTextAndLinks) {
+    server.answer("/list?a=b", "<h1>Packages</h1><a href=one>One</a>");
+    view->loadRequest({server.url("/list?a=b")});
+    EXPECT_EQ(reports->all, Told());
+    EXPECT_EQ(after(2), (Told{"start", "finish"}));
+    EXPECT_EQ(view->text(), "Packages\n\nOne [1]\n");
+    EXPECT_EQ(view->links(), (std::vector<platform::WebLink>{{"One", server.url("/one")}}));
+}
+
+TEST_F(CurlWebEngine, TellsAFailureWhereTheConnectionIsRefused) {
+    view->loadRequest({"http://127.0.0.1:" + std::to_string(refusingPort()) + "/"});
+    EXPECT_EQ(after(2), (Told{"start", "fail"}));
+    EXPECT_EQ(view->text(), "");
+    EXPECT_NE(reports->lastError, "");
+}
+
+TEST_F(CurlWebEngine, GivesUpOnAServerThatStaysSilent) {
+    use({.largestPage = 1000, .patience = 200ms, .connectTo = ""});
+    server.hang("/slow");
+    view->loadRequest({server.url("/slow")});
+    EXPECT_EQ(after(2), (Told{"start", "fail"}));
+    EXPECT_EQ(reports->lastError, "Timeout was reached");
+}
+
+TEST_F(CurlWebEngine, RefusesAPageThatIsTooLarge) {
+    use({.largestPage = 1000, .patience = 20s, .connectTo = ""});
+    server.answer("/large", std::string(1001, 'x'));
+    server.answerRaw("/endless", "HTTP/1.1 200 OK\r\n\r\n" + std::string(5000, 'x'));
+    server.answer("/fits", std::string(1000, 'x'));
+    view->loadRequest({server.url("/large")});
+    EXPECT_EQ(after(2), (Told{"start", "fail"}));
+    view->loadRequest({server.url("/endless")});
+    EXPECT_EQ(after(4), (Told{"start", "fail", "start", "fail"}));
+    view->loadRequest({server.url("/fits")});
+    EXPECT_EQ(after(6).back(), "finish");
+}
+
+TEST_F(CurlWebEngine, FollowsRedirectionsToWebPagesOnlyAndNotForEver) {
+    server.redirect("/old", "/new/");
+    server.answer("/new/", "<a href=x>x</a>");
+    server.redirect("/ring", "/ring");
+    server.redirect("/file", "file:///etc/passwd");
+    view->loadRequest({server.url("/old")});
+    EXPECT_EQ(after(2).back(), "finish");
+    EXPECT_EQ(view->links().at(0).url, server.url("/new/x"));
+    view->loadRequest({server.url("/ring")});
+    EXPECT_EQ(after(4).back(), "fail");
+    view->loadRequest({server.url("/file")});
+    EXPECT_EQ(after(6).back(), "fail");
+}
+
+TEST_F(CurlWebEngine, LoadsNothingButWebAddresses) {
+    for (const char* url : {"file:///etc/passwd", "ftp://127.0.0.1/", "", "nonsense:", "http://"}) {
+        reports->all.clear();
+        view->loadRequest({url});
+        EXPECT_EQ(after(2), (Told{"start", "fail"})) << url;
+    }
+}
+
+TEST_F(CurlWebEngine, ShowsTheServersOwnErrorPage) {
+    view->loadRequest({server.url("/missing")});
+    EXPECT_EQ(after(2), (Told{"start", "finish"}));
+    EXPECT_EQ(view->text(), "Nothing here\n");
+}
+
+TEST_F(CurlWebEngine, ShowsPlainTextAsItIsAndOtherKindsAsNothing) {
+    server.answer("/text", "a <b>\nc", "text/plain");
+    server.answer("/image", "\x89PNG", "image/png");
+    view->loadRequest({server.url("/text")});
+    after(2);
+    EXPECT_EQ(view->text(), "a <b>\nc\n");
+    view->loadRequest({server.url("/image")});
+    EXPECT_EQ(after(4).back(), "finish");
+    EXPECT_EQ(view->text(), "");
+}
+
+TEST_F(CurlWebEngine, GivesUpALoadWithoutAWordWhenAnotherIsAskedFor) {
+    server.hang("/slow");
+    server.answer("/fast", "fast");
+    view->loadRequest({server.url("/slow")});
+    EXPECT_TRUE(waitUntil([&] { return server.requests().size() == 1; }));
+    view->loadRequest({server.url("/fast")});
+    EXPECT_EQ(after(3), (Told{"start", "start", "finish"}));
+    EXPECT_EQ(view->text(), "fast\n");
+    EXPECT_TRUE(waitUntil([&] { return server.abandoned() == 1; }));
+}
+
+TEST_F(CurlWebEngine, OfTwoLoadsAskedForAtOnceMakesOnlyTheSecond) {
+    server.answer("/one", "one");
+    server.answer("/two", "two");
+    view->loadRequest({server.url("/one")});
+    view->loadRequest({server.url("/two")});
+    EXPECT_EQ(after(2), (Told{"start", "finish"}));
+    EXPECT_EQ(server.requests(), (std::vector<std::string>{"/two"}));
+}
+
+TEST_F(CurlWebEngine, GivesUpWhenTheViewIsGone) {
+    server.hang("/slow");
+    view->loadRequest({server.url("/slow")});
+    EXPECT_TRUE(waitUntil([&] { return server.requests().size() == 1; }));
+    view = nullptr;
+    EXPECT_TRUE(waitUntil([&] { return server.abandoned() == 1; }));
+    EXPECT_EQ(reports->all, (Told{"start"}));
+}
+
+TEST_F(CurlWebEngine, GivesUpEverythingWhenItGoes) {
+    server.hang("/slow");
+    view->loadRequest({server.url("/slow")});
+    EXPECT_TRUE(waitUntil([&] { return server.requests().size() == 1; }));
+    platform::WebEngine::setCurrent(nullptr);
+    engine = nullptr;
+    EXPECT_TRUE(waitUntil([&] { return server.abandoned() == 1; }));
+    EXPECT_EQ(reports->all, (Told{"start"}));
+}
+
+TEST_F(CurlWebEngine, LoadsForSeveralViewsAtOnce) {
+    const auto other = std::make_shared<platform::UIWebView>(platform::CGRectZero);
+    const auto otherReports = std::make_shared<Reports>();
+    other->setDelegate(otherReports);
+    server.hang("/slow");
+    server.answer("/fast", "fast");
+    view->loadRequest({server.url("/slow")});
+    other->loadRequest({server.url("/fast")});
+    EXPECT_TRUE(waitUntil([&] { return otherReports->all.size() == 2; }));
+    EXPECT_EQ(reports->all, (Told{"start"}));
+}
+
+TEST_F(CurlWebEngine, ConnectsElsewhereWhenATestSaysSo) {
+    platform::TextWebEngineOptions options;
+    options.connectTo = "listing.example:80:127.0.0.1:" + std::to_string(server.port());
+    use(options);
+    server.answer("/page", "here");
+    view->loadRequest({"http://listing.example/page"});
+    EXPECT_EQ(after(2), (Told{"start", "finish"}));
+    EXPECT_NE(server.lastRequest().find("Host: listing.example"), std::string::npos);
+}
+
+} // namespace
+} // namespace wardlock::test

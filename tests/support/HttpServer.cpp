@@ -1,0 +1,153 @@
+#include "tests/support/HttpServer.h"
+
+#include <algorithm>
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <poll.h>
+#include <stdexcept>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace wardlock::test {
+namespace {
+
+constexpr int TurnMilliseconds = 20;
+constexpr int RequestMilliseconds = 5000;
+
+int listenOnLoopback(int& port) {
+    const int listener = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t length = sizeof address;
+    auto* generic = reinterpret_cast<sockaddr*>(&address);
+    if (listener < 0 || bind(listener, generic, length) != 0 || listen(listener, 16) != 0 ||
+        getsockname(listener, generic, &length) != 0)
+        throw std::runtime_error("no loopback interface");
+    port = ntohs(address.sin_port);
+    return listener;
+}
+
+bool isReadable(int descriptor, int milliseconds) {
+    pollfd wait{descriptor, POLLIN, 0};
+    return poll(&wait, 1, milliseconds) > 0;
+}
+
+std::string readRequest(int connection) {
+    std::string request;
+    char buffer[4096];
+    while (request.find("\r\n\r\n") == std::string::npos && isReadable(connection, RequestMilliseconds)) {
+        const ssize_t count = read(connection, buffer, sizeof buffer);
+        if (count <= 0)
+            break;
+        request.append(buffer, static_cast<std::size_t>(count));
+    }
+    return request;
+}
+
+void writeAll(int connection, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t count = send(connection, bytes.data(), bytes.size(), MSG_NOSIGNAL);
+        if (count <= 0)
+            return;
+        bytes.remove_prefix(static_cast<std::size_t>(count));
+    }
+}
+
+std::string response(const std::string& status, const std::string& header, const std::string& body) {
+    return "HTTP/1.1 " + status + "\r\n" + header + "\r\nContent-Length: " + std::to_string(body.size()) +
+           "\r\nConnection: close\r\n\r\n" + body;
+}
+
+} // namespace
+
+HttpServer::HttpServer() : listener_(listenOnLoopback(port_)), thread_([this] { run(); }) {}
+
+HttpServer::~HttpServer() {
+    stopping_ = true;
+    thread_.join();
+    for (const int connection : silent_)
+        close(connection);
+    close(listener_);
+}
+
+void HttpServer::answer(const std::string& path, const std::string& body, const std::string& contentType) {
+    answerRaw(path, response("200 OK", "Content-Type: " + contentType, body));
+}
+
+void HttpServer::redirect(const std::string& path, const std::string& location) {
+    answerRaw(path, response("302 Found", "Location: " + location, ""));
+}
+
+void HttpServer::hang(const std::string& path) {
+    answerRaw(path, "");
+}
+
+void HttpServer::answerRaw(const std::string& path, const std::string& bytes) {
+    const std::lock_guard lock(mutex_);
+    responses_[path] = bytes;
+}
+
+std::string HttpServer::url(const std::string& path) const {
+    return "http://127.0.0.1:" + std::to_string(port_) + path;
+}
+
+std::vector<std::string> HttpServer::requests() const {
+    const std::lock_guard lock(mutex_);
+    return requests_;
+}
+
+std::string HttpServer::lastRequest() const {
+    const std::lock_guard lock(mutex_);
+    return lastRequest_;
+}
+
+void HttpServer::run() {
+    while (!stopping_) {
+        lookAtSilentOnes();
+        if (!isReadable(listener_, TurnMilliseconds))
+            continue;
+        const int connection = accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC);
+        if (connection >= 0)
+            serve(connection);
+    }
+}
+
+void HttpServer::serve(int connection) {
+    const std::string request = readRequest(connection);
+    const std::size_t start = request.find(' ') + 1;
+    const std::string path = request.substr(start, request.find(' ', start) - start);
+    std::string bytes = response("404 Not Found", "Content-Type: text/html", "<p>Nothing here</p>");
+    {
+        const std::lock_guard lock(mutex_);
+        requests_.push_back(path);
+        lastRequest_ = request;
+        if (const auto found = responses_.find(path); found != responses_.end())
+            bytes = found->second;
+    }
+    if (bytes.empty()) {
+        silent_.push_back(connection);
+        return;
+    }
+    writeAll(connection, bytes);
+    close(connection);
+}
+
+void HttpServer::lookAtSilentOnes() {
+    std::erase_if(silent_, [this](int connection) {
+        char byte = 0;
+        if (!isReadable(connection, 0) || recv(connection, &byte, 1, MSG_PEEK) > 0)
+            return false;
+        close(connection);
+        ++abandoned_;
+        return true;
+    });
+}
+
+int refusingPort() {
+    int port = 0;
+    close(listenOnLoopback(port));
+    return port;
+}
+
+} // namespace wardlock::test

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <atomic>
+#include <map>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace wardlock::test {
+
+/// A web server on the loopback interface for the life of this object, one connection after another.
+class HttpServer {
+public:
+    HttpServer();
+    ~HttpServer();
+    HttpServer(const HttpServer&) = delete;
+    HttpServer& operator=(const HttpServer&) = delete;
+
+    /// What a path with its query answers; other paths answer 404 with a page of their own.
+    void answer(const std::string& path, const std::string& body,
+                const std::string& contentType = "text/html; charset=utf-8");
+    void redirect(const std::string& path, const std::string& location);
+    /// The connection stays open and silent.
+    void hang(const std::string& path);
+    /// Raw bytes of a whole response.
+    void answerRaw(const std::string& path, const std::string& response);
+
+    int port() const { return port_; }
+    /// "http://127.0.0.1:PORT" and the path.
+    std::string url(const std::string& path) const;
+    /// The paths asked for so far, and the whole of the last request.
+    std::vector<std::string> requests() const;
+    std::string lastRequest() const;
+    /// How many of the silent connections the other side has closed.
+    int abandoned() const { return abandoned_; }
+
+private:
+    void run();
+    void serve(int connection);
+    void lookAtSilentOnes();
+
+    int port_ = 0;
+    int listener_;
+    std::atomic<bool> stopping_ = false;
+    std::atomic<int> abandoned_ = 0;
+    mutable std::mutex mutex_;
+    std::map<std::string, std::string> responses_;
+    std::vector<std::string> requests_;
+    std::string lastRequest_;
+    std::vector<int> silent_;
+    std::thread thread_;
+};
+
+/// A port of the loopback interface on which nobody listens.
+int refusingPort();
+
+} // namespace wardlock::test
