@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace platform {
+
+/// The scheme of a URL in lower case; empty when it has none that is valid.
+std::string schemeOf(std::string_view url);
+
+/// Whether a program is registered for URLs of the scheme, so that a desktop would open them. Bounded.
+bool schemeHasHandler(std::string_view scheme);
+
+/// Whether there is a display on which a program could show itself.
+bool hasDisplay();
+
+} // namespace platform

@@ -1,0 +1,28 @@
+#include "linux/Program.h"
+#include "linux/UrlHandlers.h"
+#include "platform/services/SystemURLOpener.h"
+
+#include <algorithm>
+
+namespace platform {
+
+namespace {
+
+/// How long a failure to open may take to show; a handler that is still running then has the URL.
+constexpr std::chrono::milliseconds patience{1500};
+
+bool isPlain(std::string_view url) {
+    return std::ranges::all_of(url, [](char byte) { return byte > ' ' && byte != 0x7F; });
+}
+
+} // namespace
+
+bool openURLOnSystem(std::string_view url) {
+    const std::string scheme = schemeOf(url);
+    if (scheme.empty() || !isPlain(url) || !hasDisplay() || !schemeHasHandler(scheme))
+        return false;
+    const auto code = startProgram({"xdg-open", std::string(url)}, patience);
+    return code && *code == 0;
+}
+
+} // namespace platform
