@@ -39,6 +39,8 @@ inline constexpr const char* max = "max";
 inline constexpr const char* showValue = "showValue";
 inline constexpr const char* iconImage = "iconImage";
 inline constexpr const char* defaultValue = "default";
+/// A boolean; a row without it is enabled.
+inline constexpr const char* enabled = "enabled";
 } // namespace PSKey
 
 /// The record of one row or group of a list page. The target is not retained: reading from one that is gone

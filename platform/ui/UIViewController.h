@@ -41,6 +41,7 @@ public:
 
     /// Made by loadView() when first asked for.
     const std::shared_ptr<UIView>& view();
+    bool isViewLoaded() const { return view_ != nullptr; }
     void setView(std::shared_ptr<UIView> view);
 
     /// A page is about to be on top, is on top, is about to be covered or left, is covered or left. The

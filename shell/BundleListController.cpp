@@ -1,0 +1,79 @@
+#include "shell/BundleListController.h"
+
+#include "platform/ui/UIAlertController.h"
+#include "platform/ui/UINavigationController.h"
+
+namespace wardlock::shell {
+
+using platform::PSCellType;
+using platform::PSSpecifier;
+
+namespace {
+
+std::shared_ptr<PSSpecifier> specifierNamed(const std::string& name, PSCellType cell) {
+    return PSSpecifier::preferenceSpecifierNamed(name, nullptr, {}, {}, nullptr, cell, nullptr);
+}
+
+} // namespace
+
+BundleListController::~BundleListController() = default;
+
+const platform::PSListController::Specifiers& BundleListController::specifiers() {
+    if (hasSpecifiers())
+        return PSListController::specifiers();
+    bundles_ = BundleList();
+    Specifiers rows{specifierNamed("", PSCellType::Group)};
+    std::string footer;
+    for (const auto& sentence : bundles_.leftOut())
+        footer += (footer.empty() ? "" : "\n") + sentence;
+    if (bundles_.entries().empty())
+        footer = "There are no settings bundles on this device." + (footer.empty() ? "" : "\n" + footer);
+    if (!footer.empty())
+        rows.front()->setProperty(platform::Value(footer), platform::PSKey::footerText);
+    for (const auto& entry : bundles_.entries()) {
+        rows.push_back(specifierNamed(entry.name, PSCellType::Link));
+        if (entry.icon)
+            rows.back()->setProperty(entry.icon, platform::PSKey::iconImage);
+    }
+    setSpecifiers(std::move(rows));
+    return PSListController::specifiers();
+}
+
+void BundleListController::viewWillAppear(bool animated) {
+    if (hasSpecifiers())
+        reloadSpecifiers();
+    PSListController::viewWillAppear(animated);
+}
+
+void BundleListController::tableViewDidSelectRowAtIndexPath(platform::NSIndexPath path) {
+    if (path.section == 0 && path.row < bundles_.entries().size()) {
+        const BundleEntry entry = bundles_.entries()[path.row];
+        open(entry);
+    }
+}
+
+void BundleListController::open(const BundleEntry& entry) {
+    std::string reason;
+    const platform::Class* principal = entry.bundle->principalClass(reason);
+    if (!principal)
+        return tellFailure(entry, reason);
+    const auto page = std::dynamic_pointer_cast<platform::UIViewController>(principal->create());
+    if (!page)
+        return tellFailure(entry, std::string(principal->name()) + " is no page");
+    if (page->title().empty())
+        page->setTitle(entry.name);
+    if (page->title().empty())
+        page->navigationItem().setTitle(entry.name);
+    if (const auto navigation = navigationController())
+        navigation->pushViewController(page, true);
+}
+
+void BundleListController::tellFailure(const BundleEntry& entry, const std::string& reason) {
+    const auto alert = platform::UIAlertController::alertControllerWithTitle(
+        "Cannot Open " + entry.name, reason, platform::UIAlertControllerStyle::Alert);
+    alert->addAction(
+        platform::UIAlertAction::actionWithTitle("OK", platform::UIAlertActionStyle::Cancel, {}));
+    presentViewController(alert, true);
+}
+
+} // namespace wardlock::shell

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/preferences/PSListController.h"
+#include "shell/BundleList.h"
+
+namespace wardlock::shell {
+
+/// The application's own first page: a row for each settings bundle of the device. A tap loads the bundle and
+/// shows its first page; when that fails, an alert tells the reason.
+class BundleListController : public platform::PSListController {
+public:
+    ~BundleListController() override;
+
+    const Specifiers& specifiers() override;
+    std::string navigationTitle() const override { return "Settings"; }
+    /// Looks again which bundles there are.
+    void viewWillAppear(bool animated) override;
+    void tableViewDidSelectRowAtIndexPath(platform::NSIndexPath path) override;
+
+    const BundleList& bundles() const { return bundles_; }
+
+private:
+    void open(const BundleEntry& entry);
+    void tellFailure(const BundleEntry& entry, const std::string& reason);
+
+    BundleList bundles_;
+};
+
+} // namespace wardlock::shell

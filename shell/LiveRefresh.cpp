@@ -1,0 +1,67 @@
+#include "shell/LiveRefresh.h"
+
+#include "settings/ChangeNotification.h"
+#include "settings/Constants.h"
+
+#include <cstdint>
+
+namespace wardlock::shell {
+
+namespace {
+
+LiveRefresh* current = nullptr;
+/// Which registration is the current one's; earlier ones hear the notification too and must not count.
+std::uintptr_t registration = 0;
+
+} // namespace
+
+LiveRefresh::LiveRefresh(Screen& screen, ScreenChanges& changes, Door& door)
+    : screen_(screen), changes_(changes), door_(door) {
+    current = this;
+    ++registration;
+    observeChanges(BundleIdentifier, PostName, reinterpret_cast<void*>(registration), hear);
+}
+
+LiveRefresh::~LiveRefresh() {
+    current = nullptr;
+}
+
+void LiveRefresh::hear(platform::CFNotificationCenter&, void* observer, std::string_view, const std::string*,
+                       const platform::Dictionary* userInfo) {
+    if (current && reinterpret_cast<std::uintptr_t>(observer) == registration)
+        current->heard(userInfo);
+}
+
+void LiveRefresh::heard(const platform::Dictionary* userInfo) {
+    Announcement announcement;
+    announcement.own = door_.personIsInside();
+    if (userInfo) {
+        announcement.key = platform::stringValue(userInfo->find(ChangeKey)).value_or("");
+        if (const platform::Value* object = userInfo->find(ChangeObject))
+            announcement.object = *object;
+    }
+    changes_.announced(announcement);
+    if (announcement.own)
+        return;
+    needed_ = true;
+    if (!door_.isInside())
+        refreshIfNeeded();
+}
+
+void LiveRefresh::refreshIfNeeded() {
+    if (!needed_)
+        return;
+    needed_ = false;
+    door_.enterFromLoop([&] {
+        const auto& pages = screen_.pages();
+        for (std::size_t i = 1; i < pages.size(); ++i) {
+            if (i == 1 && pages[i]->isList())
+                pages[i]->rebuild();
+            else if (pages[i]->isList())
+                for (const auto path : pages[i]->refreshValues())
+                    changes_.row(pages[i], path);
+        }
+    });
+}
+
+} // namespace wardlock::shell

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "shell/Answer.h"
+#include "shell/Screen.h"
+#include "shell/ScreenChanges.h"
+
+#include <string>
+#include <string_view>
+
+namespace wardlock::shell {
+
+/// What a person can do with the page. Each call answers why not when a person could not: something covers
+/// the page, the row is disabled or of another kind. Whatever a person does elsewhere first ends the typing
+/// in a text row, and so stores what was typed. Nothing is thrown: an exception of a page ends the process.
+/// Main thread only.
+class PageInput {
+public:
+    PageInput(Screen& screen, ScreenChanges& changes, Door& door)
+        : screen_(screen), changes_(changes), door_(door) {}
+
+    /// Flips a switch, begins the typing in a text row, and selects any other row.
+    Answer tapRow(platform::NSIndexPath path);
+    Answer setSwitch(platform::NSIndexPath path, bool on);
+    /// A continuous slider is let go of here; `value` lies between the row's min and max.
+    Answer moveSlider(platform::NSIndexPath path, double value);
+
+    Answer beginEditing(platform::NSIndexPath path);
+    /// The whole text as it stands in the row now.
+    Answer typeText(std::string text);
+    /// Return, loss of focus: stores what was typed. Nothing where nobody types.
+    void endEditing();
+
+    /// The switch of a row of the page's table.
+    Answer flipTableSwitch(platform::NSIndexPath path);
+
+    /// Begins to drag the list.
+    Answer dragList();
+    Answer tapBarButton();
+    /// The back button, or a finished back swipe.
+    Answer goBack();
+    /// A link of the page's web view.
+    Answer followLink(std::string_view url);
+
+private:
+    std::optional<std::string> obstacleToRow(platform::NSIndexPath path);
+    void store(platform::NSIndexPath path, const platform::Value& value);
+    void beginEditingNow(platform::NSIndexPath path);
+    bool isEditing(platform::NSIndexPath path) const;
+
+    Page& page() const { return *screen_.page(); }
+
+    Screen& screen_;
+    ScreenChanges& changes_;
+    Door& door_;
+};
+
+} // namespace wardlock::shell

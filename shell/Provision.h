@@ -1,0 +1,31 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace wardlock::shell {
+
+/// What a device root lacks is made before the pages are shown: its folders (private to the user), the links
+/// to the settings bundle and the application-list module of the running program's installation, and the
+/// document of the enforcing half's first start. A preferences document that exists is never touched. On the
+/// machine's own root ("/") nothing is made: there all this is the package's and the device's business.
+class Provision {
+public:
+    /// Links that cannot be made and folders that cannot be created are told in problems(). `furnish` is run
+    /// when the folders stand and before the first start: it may add applications.
+    explicit Provision(const std::function<void()>& furnish = {});
+
+    /// One sentence each, for the person; empty when the root is complete.
+    const std::vector<std::string>& problems() const { return problems_; }
+
+private:
+    void makeFolders();
+    void makeFolder(const std::string& path);
+    void link(const std::string& devicePath, const std::string& target);
+    void firstStart();
+
+    std::vector<std::string> problems_;
+};
+
+} // namespace wardlock::shell

@@ -1,0 +1,99 @@
+#include "shell/SettingsApplication.h"
+
+#include "platform/foundation/MainLoop.h"
+#include "platform/foundation/NSOperationQueue.h"
+#include "platform/services/SystemMailService.h"
+#include "platform/services/SystemURLOpener.h"
+#include "platform/ui/UIApplication.h"
+#include "shell/BundleListController.h"
+
+namespace wardlock::shell {
+
+using platform::UIApplication;
+
+SettingsApplication::SettingsApplication(platform::AnimationClock& clock, double transitionSeconds)
+    : door_([this] { settle(); }), clock_(clock, door_),
+      screen_(std::make_shared<BundleListController>(), door_),
+      changes_(screen_.stack(), [this](platform::UIView& view) { endEditingIn(view); }),
+      pageInput_(screen_, changes_, door_), sheetInput_(screen_, changes_, door_),
+      liveRefresh_(screen_, changes_, door_) {
+    platform::AnimationClock::setCurrent(&clock_);
+    platform::DisplayObserver::setCurrent(&changes_);
+    UIApplication::sharedApplication().setKeyWindow(screen_.window());
+    UIApplication::sharedApplication().setURLOpener(platform::openURLOnSystem);
+    platform::MailService::setCurrent(&platform::systemMailService());
+    setTransitionSeconds(transitionSeconds);
+}
+
+SettingsApplication::~SettingsApplication() {
+    close();
+    changes_.setObserver(nullptr);
+    platform::MailService::setCurrent(nullptr);
+    UIApplication::sharedApplication().setURLOpener({});
+    UIApplication::sharedApplication().setKeyWindow(nullptr);
+    platform::DisplayObserver::setCurrent(nullptr);
+    platform::AnimationClock::setCurrent(nullptr);
+}
+
+void SettingsApplication::setTransitionSeconds(double seconds) {
+    screen_.navigation().setTransitionSeconds(seconds);
+}
+
+void SettingsApplication::process() {
+    door_.enterFromLoop([&] {
+        platform::MainLoop::shared().process();
+        liveRefresh_.refreshIfNeeded();
+    });
+}
+
+void SettingsApplication::resignActive() {
+    door_.enter([] { UIApplication::sharedApplication().resignActive(); });
+}
+
+void SettingsApplication::dismissNotice() {
+    door_.enter([&] {
+        if (screen_.notice().empty())
+            return;
+        screen_.setNotice({});
+        changes_.notice();
+    });
+}
+
+void SettingsApplication::close() {
+    if (closed_)
+        return;
+    closed_ = true;
+    pageInput_.endEditing();
+    door_.enterFromLoop([] { platform::NSOperationQueue::mainQueue().drain(); });
+}
+
+void SettingsApplication::endEditingIn(platform::UIView& view) {
+    for (const auto& page : screen_.pages())
+        if (page->edit() && page->holds(view))
+            return pageInput_.endEditing();
+}
+
+void SettingsApplication::settle() {
+    watchMail();
+    if (screen_.stack().follow())
+        changes_.pages(screen_.isInTransition());
+    if (std::exchange(inTransition_, screen_.isInTransition()) && !inTransition_)
+        changes_.transitionEnded();
+    changes_.deliver();
+}
+
+void SettingsApplication::watchMail() {
+    if (const auto composer = screen_.composer())
+        mail_ = composer;
+    if (!mail_)
+        return;
+    if (mail_->outcome()) {
+        screen_.setNotice(mail_->outcome()->message);
+        changes_.notice();
+        mail_.reset();
+    } else if (!mail_->isSending() && mail_ != screen_.composer()) {
+        mail_.reset();
+    }
+}
+
+} // namespace wardlock::shell

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/preferences/PSSpecifier.h"
+
+#include <memory>
+#include <string>
+
+namespace wardlock::shell {
+
+/// The typing in one text row: from the tap on it to its end, when what was typed is stored.
+struct TextEdit {
+    std::shared_ptr<platform::PSSpecifier> specifier;
+    std::string text;
+    /// A field that was only looked at stores nothing.
+    bool typed = false;
+};
+
+} // namespace wardlock::shell
