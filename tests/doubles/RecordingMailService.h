@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/services/MailService.h"
+
+#include <functional>
+#include <utility>
+#include <vector>
+
+namespace wardlock::test {
+
+/// Keeps the mails that are sent; their outcome is told when the test says so.
+class RecordingMailService final : public platform::MailService {
+public:
+    bool canSendMail() override { return canSend; }
+    void send(const platform::MailMessage& message,
+              std::function<void(const platform::MailOutcome&)> done) override {
+        sent.push_back(message);
+        waiting_.push_back(std::move(done));
+    }
+    void finish(const platform::MailOutcome& outcome) {
+        for (const auto& done : std::exchange(waiting_, {}))
+            done(outcome);
+    }
+
+    bool canSend = true;
+    std::vector<platform::MailMessage> sent;
+
+private:
+    std::vector<std::function<void(const platform::MailOutcome&)>> waiting_;
+};
+
+} // namespace wardlock::test

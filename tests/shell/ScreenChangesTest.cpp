@@ -1,0 +1,144 @@
+#include "tests/support/SettingsApplicationFixture.h"
+
+#include <algorithm>
+
+using platform::NSIndexPath;
+using wardlock::shell::Page;
+
+namespace {
+
+/// Writes down what a face is told.
+class Recorder : public wardlock::shell::ScreenObserver {
+public:
+    void pagesChanged(bool animated) override { add(animated ? "pages animated" : "pages"); }
+    void transitionEnded() override { add("transition ended"); }
+    void pageChanged(Page&) override { add("page"); }
+    void listReset(Page&) override { add("list"); }
+    void rowChanged(Page&, NSIndexPath path) override { add("row " + text(path)); }
+    void rowInserted(Page&, NSIndexPath path, bool animated) override {
+        add("inserted " + text(path) + (animated ? " animated" : ""));
+    }
+    void contentChanged(Page&) override { add("content"); }
+    void tableRowChanged(Page&, NSIndexPath path) override { add("table row " + text(path)); }
+    void overlayChanged() override { add("overlay"); }
+    void presentationChanged() override { add("presentation"); }
+    void editingChanged() override { add("editing"); }
+    void noticeChanged() override { add("notice"); }
+
+    std::vector<std::string> take() { return std::exchange(told_, {}); }
+
+private:
+    void add(std::string what) { told_.push_back(std::move(what)); }
+    static std::string text(NSIndexPath path) {
+        return std::to_string(path.section) + '/' + std::to_string(path.row);
+    }
+
+    std::vector<std::string> told_;
+};
+
+bool has(const std::vector<std::string>& told, std::string_view what) {
+    return std::find(told.begin(), told.end(), what) != told.end();
+}
+
+class ScreenChangesTest : public wardlock::test::SettingsApplicationFixture {
+protected:
+    void open(double transitionSeconds = 0) {
+        installFixtureBundle();
+        start(transitionSeconds);
+        tap("Fixture");
+        clock.step(transitionSeconds);
+        settings().setObserver(&told);
+    }
+
+    Recorder told;
+};
+
+} // namespace
+
+TEST_F(ScreenChangesTest, TellOfAPushWithoutATransition) {
+    open();
+    tap("Table");
+    const auto told = this->told.take();
+    EXPECT_TRUE(has(told, "pages"));
+    EXPECT_FALSE(has(told, "transition ended"));
+}
+
+TEST_F(ScreenChangesTest, TellOfAPushAndItsEnd) {
+    open(0.35);
+    tap("Table");
+    EXPECT_TRUE(has(told.take(), "pages animated"));
+    EXPECT_TRUE(settings().screen().isInTransition());
+    clock.step(0.35);
+    EXPECT_TRUE(has(told.take(), "transition ended"));
+    EXPECT_FALSE(settings().screen().isInTransition());
+}
+
+TEST_F(ScreenChangesTest, NameTheRowWhoseControlMoved) {
+    open();
+    tap("On");
+    EXPECT_EQ(told.take(), std::vector<std::string>{"row 0/0"});
+}
+
+TEST_F(ScreenChangesTest, TellOfTyping) {
+    open();
+    const auto path = pathOf("Nickname");
+    ASSERT_EQ(path, (NSIndexPath{1, 2}));
+    tap("Nickname");
+    EXPECT_EQ(told.take(), (std::vector<std::string>{"row 1/2", "editing"}));
+    EXPECT_TRUE(settings().page().typeText("T"));
+    EXPECT_EQ(told.take(), std::vector<std::string>{"row 1/2"});
+    settings().page().endEditing();
+    EXPECT_EQ(told.take(), (std::vector<std::string>{"editing", "row 1/2"}));
+}
+
+TEST_F(ScreenChangesTest, TellOfAnInsertion) {
+    open();
+    const auto end = page().section(4).rowCount;
+    tap("Grow");
+    EXPECT_TRUE(has(told.take(), "inserted 4/" + std::to_string(end) + " animated"));
+}
+
+TEST_F(ScreenChangesTest, TellOfAnAlertComingChangingAndGoing) {
+    open();
+    tap("Ask");
+    EXPECT_TRUE(has(told.take(), "presentation"));
+    EXPECT_TRUE(settings().sheets().typeIntoAlert(0, "x"));
+    EXPECT_TRUE(has(told.take(), "presentation"));
+    chooseInAlert("No");
+    EXPECT_TRUE(has(told.take(), "presentation"));
+}
+
+TEST_F(ScreenChangesTest, NameTheTableRowWhoseSwitchMoved) {
+    open();
+    tap("Table");
+    const auto row = page().table()->show({0, 4});
+    told.take();
+    EXPECT_TRUE(settings().page().flipTableSwitch({0, 4}));
+    EXPECT_EQ(told.take(), std::vector<std::string>{"table row 0/4"});
+}
+
+TEST_F(ScreenChangesTest, AreToldWhenThePagesAreDone) {
+    // The face reads the screen while it is told: everything has to be in place by then.
+    struct Reader : wardlock::shell::ScreenObserver {
+        explicit Reader(wardlock::shell::SettingsApplication& settings) : settings(settings) {}
+        void pagesChanged(bool) override { title = settings.screen().page()->title(); }
+        wardlock::shell::SettingsApplication& settings;
+        std::string title;
+    };
+    open();
+    Reader reader(settings());
+    settings().setObserver(&reader);
+    tap("Table");
+    EXPECT_EQ(reader.title, "Table");
+    settings().setObserver(nullptr);
+}
+
+TEST_F(ScreenChangesTest, ComeOnceForARepeatedChange) {
+    start();
+    tap("Wardlock");
+    tap("Passcode");
+    settings().setObserver(&told);
+    clock.step(0.4);
+    press("1");
+    EXPECT_EQ(told.take(), std::vector<std::string>{"overlay"});
+}

@@ -1,0 +1,131 @@
+#include "tests/support/SettingsApplicationFixture.h"
+
+#include "platform/foundation/PropertyListFile.h"
+#include "platform/ui/UIApplication.h"
+#include "settings/DefaultSettings.h"
+#include "settings/Keys.h"
+#include "shell/Provision.h"
+
+#include <filesystem>
+
+namespace wardlock::test {
+
+namespace fs = std::filesystem;
+using platform::Dictionary;
+using platform::NSIndexPath;
+
+SettingsApplicationFixture::SettingsApplicationFixture() = default;
+
+SettingsApplicationFixture::~SettingsApplicationFixture() {
+    settings_.reset();
+    platform::MailService::setCurrent(nullptr);
+}
+
+void SettingsApplicationFixture::installFixtureBundle() const {
+    makeFolder("/Library/PreferenceBundles");
+    fs::create_directory_symlink(fs::path(WARDLOCK_TEST_MODULES) / "Fixture.bundle",
+                                 onDisk("/Library/PreferenceBundles/Fixture.bundle"));
+}
+
+Dictionary SettingsApplicationFixture::fixtureValues() const {
+    return platform::dictionaryWithContentsOfFile("/var/mobile/Library/Preferences/test.fixture.plist")
+        .value_or(Dictionary());
+}
+
+void SettingsApplicationFixture::start(double transitionSeconds) {
+    const shell::Provision provision;
+    EXPECT_EQ(provision.problems(), std::vector<std::string>());
+    settings_ = std::make_unique<shell::SettingsApplication>(clock, transitionSeconds);
+    platform::MailService::setCurrent(&mail);
+    platform::UIApplication::sharedApplication().setURLOpener([this](std::string_view url) {
+        openedUrls.emplace_back(url);
+        return true;
+    });
+}
+
+NSIndexPath SettingsApplicationFixture::pathOf(std::string_view label) {
+    for (std::size_t section = 0; section < page().sectionCount(); ++section)
+        for (std::size_t row = 0; row < page().section(section).rowCount; ++row) {
+            const shell::Row shown = page().row({section, row});
+            if ((shown.label.empty() ? shown.placeholder : shown.label) == label)
+                return {section, row};
+        }
+    ADD_FAILURE() << "no row \"" << label << "\" on the page \"" << page().title() << '"';
+    return {};
+}
+
+bool SettingsApplicationFixture::hasRow(std::string_view label) {
+    const auto all = labels();
+    return std::find(all.begin(), all.end(), label) != all.end();
+}
+
+void SettingsApplicationFixture::tap(std::string_view label) {
+    const auto answer = settings().page().tapRow(pathOf(label));
+    EXPECT_TRUE(answer) << label << ": " << answer.why();
+}
+
+void SettingsApplicationFixture::type(std::string_view label, std::string text) {
+    const auto begun = settings().page().beginEditing(pathOf(label));
+    EXPECT_TRUE(begun) << label << ": " << begun.why();
+    const auto typed = settings().page().typeText(std::move(text));
+    EXPECT_TRUE(typed) << label << ": " << typed.why();
+}
+
+void SettingsApplicationFixture::press(std::string_view digits) {
+    for (const char digit : digits) {
+        const auto answer = settings().sheets().pressDigit(digit - '0');
+        EXPECT_TRUE(answer) << answer.why();
+    }
+}
+
+void SettingsApplicationFixture::chooseInAlert(std::string_view title) {
+    const auto alert = settings().screen().alert();
+    ASSERT_TRUE(alert);
+    for (std::size_t i = 0; i < alert->actions().size(); ++i)
+        if (alert->actions()[i]->title() == title) {
+            const auto answer = settings().sheets().chooseAlertAction(i);
+            EXPECT_TRUE(answer) << answer.why();
+            return;
+        }
+    ADD_FAILURE() << "no button \"" << title << "\" in the alert";
+}
+
+std::vector<std::string> SettingsApplicationFixture::labels() {
+    std::vector<std::string> labels;
+    for (std::size_t section = 0; section < page().sectionCount(); ++section)
+        for (std::size_t row = 0; row < page().section(section).rowCount; ++row)
+            labels.push_back(page().row({section, row}).label);
+    return labels;
+}
+
+Dictionary SettingsApplicationFixture::document() const {
+    const auto document = platform::dictionaryWithContentsOfFile(documentPath);
+    EXPECT_TRUE(document) << "there is no document";
+    return document.value_or(Dictionary());
+}
+
+void SettingsApplicationFixture::writeDocument(const Dictionary& document) const {
+    ASSERT_TRUE(platform::writeToFileAtomically(document, documentPath));
+}
+
+void SettingsApplicationFixture::changeElsewhere(const Dictionary& document, std::string_view key) {
+    writeDocument(document);
+    const platform::Value* object = document.find(key);
+    const Dictionary userInfo{{"key", key}, {"object", object ? *object : platform::Value(false)}};
+    center.deliver("com.tavix.wardlock/update", &userInfo);
+}
+
+Dictionary SettingsApplicationFixture::documentOf(std::initializer_list<std::string_view> accountNames) {
+    const Dictionary defaults = DefaultSettings();
+    platform::MutableArray accounts;
+    for (const auto name : accountNames) {
+        platform::MutableDictionary account(defaults.find(kAccounts)->array().at(0).dictionary());
+        account.set(kAccountName, name);
+        accounts.append(account.copy());
+    }
+    platform::MutableDictionary document(defaults);
+    document.set(kAccounts, accounts.copy());
+    return document.copy();
+}
+
+} // namespace wardlock::test

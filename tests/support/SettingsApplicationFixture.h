@@ -1,0 +1,68 @@
+#pragma once
+
+#include "platform/foundation/Value.h"
+#include "shell/ManualClock.h"
+#include "shell/SettingsApplication.h"
+#include "tests/doubles/LoopbackNotificationCenter.h"
+#include "tests/doubles/RecordingMailService.h"
+#include "tests/support/DeviceRootFixture.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace wardlock::test {
+
+/// A test of the Settings application without a face: a device root of its own, provisioned with the bundle
+/// of this build; a clock that is stepped; a centre without other processes; mails and opened URLs that are
+/// only written down.
+class SettingsApplicationFixture : public DeviceRootFixture {
+protected:
+    static constexpr const char* documentPath = "/var/mobile/Library/Preferences/com.tavix.wardlock.plist";
+
+    SettingsApplicationFixture();
+    ~SettingsApplicationFixture() override;
+
+    /// Links the bundle with a row of every kind into the device root.
+    void installFixtureBundle() const;
+    /// The values that its rows have stored.
+    platform::Dictionary fixtureValues() const;
+
+    /// Provisions the device root and starts the application; once.
+    void start(double transitionSeconds = 0);
+    shell::SettingsApplication& settings() { return *settings_; }
+    shell::Page& page() { return *settings_->screen().page(); }
+    /// Ends it as closing the window does.
+    void quit() { settings_.reset(); }
+
+    /// The first row whose label, or placeholder where it has none, is this; a failed expectation when the
+    /// page has none.
+    platform::NSIndexPath pathOf(std::string_view label);
+    shell::Row row(std::string_view label) { return page().row(pathOf(label)); }
+    bool hasRow(std::string_view label);
+    /// Expects that the tap is accepted.
+    void tap(std::string_view label);
+    void type(std::string_view label, std::string text);
+    void press(std::string_view digits);
+    void chooseInAlert(std::string_view title);
+    /// The labels of all rows, in order.
+    std::vector<std::string> labels();
+
+    platform::Dictionary document() const;
+    void writeDocument(const platform::Dictionary& document) const;
+    /// What another process does when it changes the settings: a document, then the notification.
+    void changeElsewhere(const platform::Dictionary& document, std::string_view key = "kAccounts");
+    /// A document of these accounts, switched on, without a passcode.
+    static platform::Dictionary documentOf(std::initializer_list<std::string_view> accountNames);
+
+    LoopbackNotificationCenter center;
+    shell::ManualClock clock;
+    RecordingMailService mail;
+    std::vector<std::string> openedUrls;
+
+private:
+    std::unique_ptr<shell::SettingsApplication> settings_;
+};
+
+} // namespace wardlock::test
