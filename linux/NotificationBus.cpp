@@ -103,8 +103,9 @@ void NotificationBus::scheduleNextAttempt() {
     // A post that looks for the bus in between puts nothing off.
     if (Clock::now() < nextAttempt_ && !startingElsewhere_)
         return;
-    backOff_ = std::clamp<Clock::duration>(backOff_ * 2, firstBackOff, longestBackOff);
-    nextAttempt_ = Clock::now() + (startingElsewhere_ ? Clock::duration(pauseWhileOtherStarts) : backOff_);
+    const Clock::duration shortest = startingElsewhere_ ? pauseWhileOtherStarts : firstBackOff;
+    backOff_ = std::clamp<Clock::duration>(backOff_ * 2, shortest, longestBackOff);
+    nextAttempt_ = Clock::now() + backOff_;
 }
 
 void NotificationBus::advance() {
