@@ -55,11 +55,13 @@ void SettingsListController::addAccount() {
     // Leaves the registration above standing: the dismissed field posts nothing any more.
     alert->addAction(UIAlertAction::actionWithTitle("Cancel", UIAlertActionStyle::Cancel, {}));
 
-    // The alert owns the handler, so the handler must not own the alert.
+    // The page owns the alert and the alert the handler, so the handler owns neither.
     const std::weak_ptr<UIAlertController> weakAlert = alert;
-    const auto createTapped = [page = self(this), weakAlert](UIAlertAction&) {
+    const std::weak_ptr<SettingsListController> weakPage = self(this);
+    const auto createTapped = [weakPage, weakAlert](UIAlertAction&) {
+        const auto page = weakPage.lock();
         const auto shown = weakAlert.lock();
-        if (!shown)
+        if (!page || !shown)
             return;
         const auto field = shown->textFields().front();
         NSNotificationCenter::defaultCenter().removeObserver(*page,

@@ -1,6 +1,7 @@
 // The root page's ways to the maker: the profile and a ready-made support mail.
 
 #include "platform/foundation/DeviceRoot.h"
+#include "platform/foundation/FileSystem.h"
 #include "platform/foundation/Format.h"
 #include "platform/services/DeviceInformation.h"
 #include "platform/ui/UIApplication.h"
@@ -8,8 +9,7 @@
 #include "root/SettingsListController.h"
 #include "settings/Constants.h"
 
-#include <fstream>
-#include <iterator>
+#include <limits>
 #include <optional>
 
 namespace wardlock {
@@ -26,14 +26,11 @@ constexpr const char* BodyFormat =
 constexpr const char* PackageListPath = "/tmp/dpkgl.log";
 
 std::optional<std::string> contentsOfFile(std::string_view devicePath) {
-    std::ifstream file(platform::pathOnDevice(devicePath), std::ios::binary);
-    if (!file)
-        return std::nullopt;
-    std::string contents{std::istreambuf_iterator<char>(file), {}};
-    // A folder opens too, and fails only here.
-    if (file.bad())
-        return std::nullopt;
-    return contents;
+    auto& files = platform::FileSystem::current();
+    const auto path = platform::pathOnDevice(devicePath);
+    std::string contents;
+    const auto read = [&] { return files.readFile(path, std::numeric_limits<std::size_t>::max(), contents); };
+    return platform::uninterrupted(read) ? std::nullopt : std::optional(std::move(contents));
 }
 
 void attach(MFMailComposeViewController& composer, std::string_view devicePath, std::string fileName) {

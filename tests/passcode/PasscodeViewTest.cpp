@@ -1,0 +1,431 @@
+#include "passcode/PasscodeView.h"
+
+#include "platform/foundation/Class.h"
+#include "tests/doubles/FakeDevice.h"
+#include "tests/doubles/ManualClock.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace wardlock::test {
+namespace {
+
+using platform::UIView;
+
+using Events = std::vector<std::string>;
+
+class Recorder : public PasscodeViewDelegate {
+public:
+    explicit Recorder(Events& events) : events_(events) {}
+
+    void passcodeViewEnteredPasscode(PasscodeView&, const std::string& passcode) override {
+        events_.push_back("delegate entered " + passcode);
+    }
+    void passcodeDidCancel(PasscodeView&) override { events_.push_back("delegate cancelled"); }
+    void passcodeDidPressEmergency(PasscodeView&) override { events_.push_back("delegate emergency"); }
+    void passcodeViewDidDestroy(PasscodeView&) override { events_.push_back("delegate destroyed"); }
+
+private:
+    Events& events_;
+};
+
+class Overlay : public testing::Test {
+protected:
+    void show() {
+        view = PasscodeView::initWithDefaultSize();
+        window->addSubview(view);
+        clock.step(0.4);
+    }
+    void recordBlocks() {
+        view->setPasscodeCancelledBlock([this](PasscodeView&) { events.push_back("block cancelled"); });
+        view->setPasscodeEnteredBlock([this](PasscodeView&, const std::string& passcode) {
+            events.push_back("block entered " + passcode);
+        });
+        view->setPasscodeViewDestroyedBlock([this](PasscodeView&) { events.push_back("block destroyed"); });
+        view->setEmergencyPressedBlock([this](PasscodeView&) { events.push_back("block emergency"); });
+    }
+    void enter(const char* digits) {
+        const auto keypad = view->keypad();
+        for (; *digits; ++digits)
+            keypad->pressDigit(*digits - '0');
+    }
+
+    FakeDevice device;
+    doubles::ManualClock clock;
+    std::shared_ptr<UIView> window = std::make_shared<UIView>(device.bounds);
+    std::shared_ptr<PasscodeView> view;
+    Events events;
+    std::shared_ptr<Recorder> recorder = std::make_shared<Recorder>(events);
+};
+
+TEST_F(Overlay, HasTheBoundsOfTheScreen) {
+    device.bounds = {{0, 0}, {414, 736}};
+    view = PasscodeView::initWithDefaultSize();
+    EXPECT_EQ(view->frame(), device.bounds);
+}
+
+TEST_F(Overlay, HasADarkBlurBeneathTheKeypad) {
+    view = PasscodeView::initWithDefaultSize();
+    ASSERT_EQ(view->subviews().size(), 2u);
+    EXPECT_EQ(view->subviews()[0], view->blurView());
+    EXPECT_EQ(view->subviews()[1], view->keypad());
+    EXPECT_EQ(static_cast<int>(view->blurView()->effect().style), 2);
+    EXPECT_EQ(view->blurView()->autoresizingMask(), 10u);
+    EXPECT_EQ(view->blurView()->frame(), view->bounds());
+}
+
+TEST_F(Overlay, ABlurMadeByItselfStartsOutInvisible) {
+    show();
+    const auto first = view->blurView();
+    view->createBlurView();
+    EXPECT_NE(view->blurView(), first);
+    EXPECT_EQ(view->blurView()->alpha(), 0);
+    EXPECT_EQ(view->subviews().back(), view->blurView());
+}
+
+TEST_F(Overlay, AllowsFourAttemptsToItsDelegate) {
+    view = PasscodeView::initWithDefaultSize();
+    EXPECT_EQ(view->maxAttempts(), 4);
+    EXPECT_EQ(view->failedCount(), 0);
+}
+
+TEST_F(Overlay, NeverTouchesTheCountsItKeepsForItsDelegate) {
+    show();
+    view->setFailedCount(2);
+    view->setMaxAttempts(7);
+    enter("1234");
+    view->reset();
+    enter("5678");
+    EXPECT_EQ(view->failedCount(), 2);
+    EXPECT_EQ(view->maxAttempts(), 7);
+}
+
+TEST_F(Overlay, HidesTheKeypadsBackgroundAndEmergencyButton) {
+    view = PasscodeView::initWithDefaultSize();
+    EXPECT_EQ(view->keypad()->backgroundAlpha(), 0);
+    EXPECT_FALSE(view->keypad()->showsEmergencyCallButton());
+}
+
+TEST_F(Overlay, FadesKeypadAndBlurInOverFourTenthsOfASecond) {
+    view = PasscodeView::initWithDefaultSize();
+    EXPECT_EQ(view->keypad()->presentationAlpha(), 0);
+    EXPECT_EQ(view->blurView()->presentationAlpha(), 0);
+    clock.step(0.2);
+    EXPECT_DOUBLE_EQ(view->keypad()->presentationAlpha(), 0.5);
+    EXPECT_DOUBLE_EQ(view->blurView()->presentationAlpha(), 0.5);
+    clock.step(0.2);
+    EXPECT_DOUBLE_EQ(view->keypad()->presentationAlpha(), 1);
+    EXPECT_DOUBLE_EQ(view->blurView()->presentationAlpha(), 1);
+}
+
+TEST_F(Overlay, TakesDigitsWhileItFadesIn) {
+    view = PasscodeView::initWithDefaultSize();
+    view->setDelegate(recorder);
+    clock.step(0.1);
+    enter("1234");
+    EXPECT_EQ(events, Events{"delegate entered 1234"});
+}
+
+TEST_F(Overlay, TakesNoDigitsWhileItFadesOut) {
+    show();
+    view->setDelegate(recorder);
+    view->destroyPasscode();
+    clock.step(0.1);
+    enter("1234");
+    EXPECT_EQ(events, Events{});
+}
+
+/// A factory of keypads under the system's name, in front of the system's own.
+class CountingFactory : public platform::SBUIPasscodeLockViewFactory {
+public:
+    std::shared_ptr<PasscodeView::Keypad> passcodeLockViewForStyle(int style) override {
+        styles.push_back(style);
+        return offersKeypads ? std::make_shared<PasscodeView::Keypad>(platform::CGRect{}) : nullptr;
+    }
+    static CountingFactory& instance() {
+        static const auto factory = std::make_shared<CountingFactory>();
+        return *factory;
+    }
+    static Object& classMethods() { return instance(); }
+
+    std::vector<int> styles;
+    bool offersKeypads = true;
+};
+
+const platform::Class countingFactory("SBUIPasscodeLockViewFactory", nullptr, &CountingFactory::classMethods);
+const platform::Class* const factoryTable[] = {&countingFactory};
+
+TEST_F(Overlay, AsksTheFactoryThatHasTheNameThenForTheSimpleFourDigitKeypad) {
+    platform::registerClasses(factoryTable);
+    view = PasscodeView::initWithDefaultSize();
+    platform::withdrawClasses(factoryTable);
+    EXPECT_EQ(CountingFactory::instance().styles, std::vector<int>{0});
+    EXPECT_NE(view->keypad(), nullptr);
+}
+
+TEST_F(Overlay, WithoutAKeypadDropsWhatIsAskedOfIt) {
+    CountingFactory::instance().offersKeypads = false;
+    platform::registerClasses(factoryTable);
+    view = PasscodeView::initWithDefaultSize();
+    platform::withdrawClasses(factoryTable);
+    EXPECT_EQ(view->keypad(), nullptr);
+    view->setStatus("Enter Passcode");
+    view->resetStatus();
+    view->reset();
+    view->setShowEmergency(true);
+    view->setDelegate(recorder);
+    view->destroyPasscode();
+    clock.step(0.4);
+    EXPECT_EQ(events, Events{"delegate destroyed"});
+}
+
+TEST_F(Overlay, SetsTheStatusTextAndShowsItWithoutASubtitle) {
+    show();
+    view->setStatus("Enter New Passcode");
+    EXPECT_EQ(view->keypad()->_statusText(), "Enter New Passcode");
+    EXPECT_EQ(view->keypad()->shownText(), "Enter New Passcode");
+    EXPECT_EQ(view->keypad()->shownSubtitle(), "");
+}
+
+TEST_F(Overlay, ResetsTheStatusToTheKeypadsDefault) {
+    show();
+    view->setStatus("Enter New Passcode");
+    view->resetStatus();
+    EXPECT_EQ(view->keypad()->_statusText(), view->keypad()->_defaultStatusText());
+    EXPECT_EQ(view->keypad()->shownText(), view->keypad()->_defaultStatusText());
+}
+
+TEST_F(Overlay, ResetClearsTheDigits) {
+    show();
+    enter("12");
+    view->reset();
+    EXPECT_EQ(view->keypad()->passcode(), "");
+    EXPECT_EQ(view->keypad()->failures(), 0);
+}
+
+TEST_F(Overlay, ShowsTheEmergencyButtonWhenAskedTo) {
+    show();
+    view->setShowEmergency(true);
+    EXPECT_TRUE(view->keypad()->showsEmergencyCallButton());
+    view->setShowEmergency(false);
+    EXPECT_FALSE(view->keypad()->showsEmergencyCallButton());
+}
+
+TEST_F(Overlay, HidingFadesAndThenCallsItsCompletion) {
+    show();
+    int calls = 0;
+    view->setPasscodeHidden(true, [&calls] { ++calls; });
+    clock.step(0.39);
+    EXPECT_EQ(calls, 0);
+    clock.step(0.02);
+    EXPECT_EQ(calls, 1);
+    EXPECT_EQ(view->keypad()->presentationAlpha(), 0);
+    EXPECT_EQ(view->blurView()->presentationAlpha(), 0);
+    view->setPasscodeHidden(false, {});
+    clock.step(0.41);
+    EXPECT_EQ(view->keypad()->presentationAlpha(), 1);
+    EXPECT_EQ(calls, 1);
+}
+
+TEST_F(Overlay, TellsDelegateThenBlockOfAnEntry) {
+    show();
+    view->setDelegate(recorder);
+    recordBlocks();
+    enter("0907");
+    EXPECT_EQ(events, (Events{"delegate entered 0907", "block entered 0907"}));
+}
+
+TEST_F(Overlay, TreatsAnEntryByTheSecondPathLikeATypedOne) {
+    show();
+    view->setDelegate(recorder);
+    recordBlocks();
+    view->keypad()->enterViaMesa("0907");
+    EXPECT_EQ(events, (Events{"delegate entered 0907", "block entered 0907"}));
+}
+
+TEST_F(Overlay, TellsDelegateThenBlockOfACancel) {
+    show();
+    view->setDelegate(recorder);
+    recordBlocks();
+    view->keypad()->pressCancel();
+    EXPECT_EQ(events, (Events{"delegate cancelled", "block cancelled"}));
+}
+
+TEST_F(Overlay, CancelsWhenAskedToAsIfTheButtonWasPressed) {
+    show();
+    view->setDelegate(recorder);
+    recordBlocks();
+    view->cancelPasscode();
+    EXPECT_EQ(events, (Events{"delegate cancelled", "block cancelled"}));
+    EXPECT_NE(view->keypad(), nullptr);
+}
+
+TEST_F(Overlay, TellsDelegateThenBlockOfAnEmergencyCall) {
+    show();
+    view->setShowEmergency(true);
+    view->setDelegate(recorder);
+    recordBlocks();
+    view->keypad()->pressEmergencyCall();
+    EXPECT_EQ(events, (Events{"delegate emergency", "block emergency"}));
+}
+
+TEST_F(Overlay, TellsCompletionThenDelegateThenBlockOfItsEnd) {
+    show();
+    view->setDelegate(recorder);
+    recordBlocks();
+    view->destroyPasscodeWithCompletion([this] { events.push_back("completion"); });
+    clock.step(0.39);
+    EXPECT_EQ(events, Events{});
+    clock.step(0.02);
+    EXPECT_EQ(events, (Events{"completion", "delegate destroyed", "block destroyed"}));
+}
+
+TEST_F(Overlay, IsEmptyHiddenAndDetachedBeforeAnybodyHearsOfItsEnd) {
+    show();
+    bool checked = false;
+    view->destroyPasscodeWithCompletion([this, &checked] {
+        checked = true;
+        EXPECT_TRUE(view->subviews().empty());
+        EXPECT_EQ(view->keypad(), nullptr);
+        EXPECT_EQ(view->blurView(), nullptr);
+        EXPECT_TRUE(view->isHidden());
+        EXPECT_EQ(view->superview(), nullptr);
+        EXPECT_TRUE(window->subviews().empty());
+    });
+    EXPECT_FALSE(view->isHidden());
+    EXPECT_EQ(view->superview(), window);
+    clock.step(0.41);
+    EXPECT_TRUE(checked);
+}
+
+TEST_F(Overlay, FadesOutBeforeItGoes) {
+    show();
+    view->destroyPasscode();
+    clock.step(0.2);
+    EXPECT_DOUBLE_EQ(view->keypad()->presentationAlpha(), 0.5);
+    EXPECT_DOUBLE_EQ(view->blurView()->presentationAlpha(), 0.5);
+    EXPECT_EQ(window->subviews().size(), 1u);
+}
+
+TEST_F(Overlay, WithoutASuperviewTellsOfItsEndAllTheSame) {
+    view = PasscodeView::initWithDefaultSize();
+    view->setDelegate(recorder);
+    recordBlocks();
+    view->destroyPasscodeWithCompletion([this] { events.push_back("completion"); });
+    clock.step(0.41);
+    EXPECT_EQ(events, (Events{"completion", "delegate destroyed", "block destroyed"}));
+}
+
+TEST_F(Overlay, DestroyedTwiceRunsBothCompletions) {
+    show();
+    view->destroyPasscodeWithCompletion([this] { events.push_back("first"); });
+    clock.step(0.1);
+    view->destroyPasscodeWithCompletion([this] { events.push_back("second"); });
+    clock.step(0.35);
+    EXPECT_EQ(events, Events{"first"});
+    clock.step(0.1);
+    EXPECT_EQ(events, (Events{"first", "second"}));
+}
+
+TEST_F(Overlay, DropsEveryEventThatNobodyWants) {
+    class Indifferent : public PasscodeViewDelegate {};
+    show();
+    const auto indifferent = std::make_shared<Indifferent>();
+    view->setDelegate(indifferent);
+    view->setShowEmergency(true);
+    enter("1234");
+    view->keypad()->enterViaMesa("1234");
+    view->keypad()->pressEmergencyCall();
+    view->keypad()->pressCancel();
+    EXPECT_EQ(view->superview(), window);
+    view->destroyPasscode();
+    clock.step(0.41);
+    EXPECT_EQ(view->superview(), nullptr);
+}
+
+TEST_F(Overlay, DoesNotRetainItsDelegate) {
+    show();
+    view->setDelegate(recorder);
+    recordBlocks();
+    const std::weak_ptr<Recorder> gone = recorder;
+    recorder.reset();
+    EXPECT_TRUE(gone.expired());
+    EXPECT_EQ(view->delegate(), nullptr);
+    enter("1234");
+    EXPECT_EQ(events, Events{"block entered 1234"});
+}
+
+TEST_F(Overlay, LetGoInMidFadeLivesToItsEndAndNoLonger) {
+    show();
+    view->setDelegate(recorder);
+    const std::weak_ptr<PasscodeView> weak = view;
+    const std::weak_ptr<PasscodeView::Keypad> keypad = view->keypad();
+    view->destroyPasscode();
+    clock.step(0.1);
+    view->removeFromSuperview();
+    view.reset();
+    EXPECT_FALSE(weak.expired());
+    clock.step(0.31);
+    EXPECT_EQ(events, Events{"delegate destroyed"});
+    EXPECT_TRUE(weak.expired());
+    EXPECT_TRUE(keypad.expired());
+}
+
+TEST_F(Overlay, LetGoWhileItFadesInIsGoneAtOnce) {
+    view = PasscodeView::initWithDefaultSize();
+    const std::weak_ptr<PasscodeView> weak = view;
+    clock.step(0.1);
+    view.reset();
+    EXPECT_TRUE(weak.expired());
+    clock.step(1);
+}
+
+TEST_F(Overlay, OutlivesItsDelegateInMidFade) {
+    show();
+    view->setDelegate(recorder);
+    recordBlocks();
+    view->destroyPasscode();
+    recorder.reset();
+    clock.step(0.41);
+    EXPECT_EQ(events, Events{"block destroyed"});
+}
+
+TEST_F(Overlay, SurvivesABlockThatReplacesItself) {
+    show();
+    view->setPasscodeCancelledBlock([this](PasscodeView& cancelled) {
+        cancelled.setPasscodeCancelledBlock({});
+        events.push_back("cancelled");
+    });
+    view->cancelPasscode();
+    view->cancelPasscode();
+    EXPECT_EQ(events, Events{"cancelled"});
+}
+
+TEST_F(Overlay, SurvivesABlockThatLetsItGo) {
+    show();
+    const std::weak_ptr<PasscodeView> weak = view;
+    view->setPasscodeEnteredBlock([this](PasscodeView& entered, const std::string& passcode) {
+        view->removeFromSuperview();
+        view.reset();
+        events.push_back(passcode + " in " + std::to_string(entered.subviews().size()));
+    });
+    enter("1234");
+    EXPECT_EQ(events, Events{"1234 in 2"});
+    EXPECT_TRUE(weak.expired());
+}
+
+TEST_F(Overlay, HasPlainAccessorsForItsViews) {
+    view = PasscodeView::initWithDefaultSize();
+    const auto keypad = std::make_shared<PasscodeView::Keypad>(device.bounds);
+    const auto blur = std::make_shared<platform::UIVisualEffectView>(
+        platform::UIBlurEffect::effectWithStyle(platform::UIBlurEffectStyle::Light));
+    view->setKeypad(keypad);
+    view->setBlurView(blur);
+    EXPECT_EQ(view->keypad(), keypad);
+    EXPECT_EQ(view->blurView(), blur);
+}
+
+} // namespace
+} // namespace wardlock::test

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "platform/foundation/Value.h"
+#include "platform/preferences/PSListController.h"
+#include "platform/ui/UIWindow.h"
+#include "tests/doubles/FakeDevice.h"
+#include "tests/doubles/FaultyFileSystem.h"
+#include "tests/doubles/ManualClock.h"
+#include "tests/doubles/RecordingNotificationCenter.h"
+#include "tests/support/DeviceRootFixture.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace wardlock::test {
+
+/// A test of pages: a device root of its own with the document at its place, a recorded distributed centre,
+/// a clock that is stepped, a device that is made up and a key window.
+class PageFixture : public DeviceRootFixture {
+protected:
+    PageFixture();
+    ~PageFixture() override;
+
+    static constexpr const char* documentPath = "/var/mobile/Library/Preferences/com.tavix.wardlock.plist";
+
+    void writeDocument(const platform::Dictionary& document) const;
+    /// The document on disk; a failed expectation and an empty one when there is none.
+    platform::Dictionary document() const;
+    platform::Array accounts() const;
+    platform::Dictionary account(std::size_t index) const;
+    /// A document that holds these accounts, the master switch and an empty passcode.
+    void writeAccounts(const platform::Array& accounts) const;
+
+    /// Expects exactly one post since the last call, in the form of every change notification, made when
+    /// the document on disk was already the one that is there now.
+    void expectOneChange(std::string_view key, const platform::Value& object);
+    void expectNoChange();
+
+    /// From now on no file can be written; what stands can still be read.
+    void refuseWrites();
+
+    FakeDevice device;
+    doubles::ManualClock clock;
+    RecordingNotificationCenter changes;
+    /// The document as it was on disk when each of the changes was posted.
+    std::vector<std::optional<platform::Dictionary>> documentThen;
+    std::shared_ptr<platform::UIWindow> window;
+
+private:
+    FaultyFileSystem faulty_{platform::FileSystem::current()};
+};
+
+/// The account record that the defaults hold, under another name.
+platform::Dictionary accountNamed(std::string_view name, bool enabled = false);
+
+/// The first row with the label; null when the page has none.
+std::shared_ptr<platform::PSSpecifier> rowNamed(platform::PSListController& page, std::string_view label);
+/// The row of the key; null when the page has none.
+std::shared_ptr<platform::PSSpecifier> rowOfKey(platform::PSListController& page, std::string_view key);
+/// What a tap on the row does.
+void tap(platform::PSListController& page, std::string_view label);
+/// The labels of the page's rows and groups in their order.
+std::vector<std::string> names(platform::PSListController& page);
+
+} // namespace wardlock::test
