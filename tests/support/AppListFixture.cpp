@@ -23,7 +23,7 @@ AppListFixture::AppListFixture() {
 platform::ALApplicationList& AppListFixture::list() {
     if (list_)
         return *list_;
-    void* module = ::dlopen(WARDLOCK_BUILD_FOLDER "/lib/wardlock/AppList.dylib", RTLD_NOW | RTLD_NODELETE);
+    void* module = ::dlopen(WARDLOCK_APPLIST_MODULE, RTLD_NOW | RTLD_NODELETE);
     if (!module)
         throw std::runtime_error(::dlerror());
     const auto entry =

@@ -1,0 +1,92 @@
+#include "info/ChangeLog.h"
+
+#include "info/ChangeLogController.h"
+#include "platform/foundation/NSBundle.h"
+#include "platform/ui/UITextView.h"
+#include "tests/support/PageFixture.h"
+
+#include <filesystem>
+#include <fstream>
+
+namespace wardlock::test {
+namespace {
+
+constexpr platform::CGRect frame{{3, 4}, {300, 400}};
+
+/// In the tests the pages lie in the test program itself, so its folder stands for the bundle.
+class ChangeLogPage : public PageFixture {
+protected:
+    ChangeLogPage() {
+        const auto bundle = platform::NSBundle::bundleForClass(typeid(ChangeLog));
+        resource = std::filesystem::path(bundle->bundlePath()) / "changelog.txt";
+    }
+    ~ChangeLogPage() override { std::filesystem::remove(resource); }
+
+    void writeResource(std::string_view text) { std::ofstream(resource, std::ios::binary) << text; }
+    static std::shared_ptr<platform::UITextView> textViewOf(const platform::UIView& view) {
+        return view.subviews().size() == 1
+                   ? std::dynamic_pointer_cast<platform::UITextView>(view.subviews()[0])
+                   : nullptr;
+    }
+    std::string text() {
+        const auto textView = textViewOf(*ChangeLog::initWithFrame(frame));
+        return textView ? textView->text() : "no text view";
+    }
+
+    std::filesystem::path resource;
+    std::shared_ptr<ChangeLogController> page = std::make_shared<ChangeLogController>();
+};
+
+TEST_F(ChangeLogPage, IsMadeByNameAndTitledChangeLog) {
+    EXPECT_EQ(ChangeLogController::theClass().name(), "ChangeLogController");
+    EXPECT_NE(std::dynamic_pointer_cast<ChangeLogController>(ChangeLogController::theClass().create()),
+              nullptr);
+    EXPECT_EQ(page->navigationTitle(), "Change Log");
+    EXPECT_EQ(page->title(), "Change Log");
+    page->viewWillAppear(false);
+    EXPECT_EQ(page->navigationItem().title(), "Change Log");
+}
+
+TEST_F(ChangeLogPage, ShowsTheTextReadOnlyInASystemFontOfFifteenPoints) {
+    writeResource("0.1.0\n\n- Größe\n");
+    const auto view = ChangeLog::initWithFrame(frame);
+    EXPECT_EQ(view->frame(), frame);
+    const auto textView = textViewOf(*view);
+    ASSERT_NE(textView, nullptr);
+    EXPECT_EQ(textView->text(), "0.1.0\n\n- Größe\n");
+    EXPECT_EQ(textView->frame(), frame) << "the very rectangle, unchanged";
+    EXPECT_FALSE(textView->isEditable());
+    EXPECT_FALSE(textView->isSelectable());
+    EXPECT_EQ(textView->font().size, 15.0);
+}
+
+TEST_F(ChangeLogPage, OfAMissingResourceIsEmpty) {
+    EXPECT_EQ(text(), "");
+}
+
+TEST_F(ChangeLogPage, OfAResourceThatIsNoUtf8IsEmpty) {
+    writeResource("0.1.0 Gr\xf6\xdf"
+                  "e");
+    EXPECT_EQ(text(), "");
+}
+
+TEST_F(ChangeLogPage, ReadsTheResourceAnewEachTimeItAppears) {
+    page->setView(std::make_shared<platform::UIView>(frame));
+    writeResource("old");
+    page->viewWillAppear(false);
+    const auto first = page->view();
+    writeResource("new");
+    page->viewWillAppear(true);
+    EXPECT_NE(page->view(), first);
+    EXPECT_EQ(page->view()->frame(), frame);
+    EXPECT_EQ(textViewOf(*page->view())->text(), "new");
+    EXPECT_FALSE(page->showsList());
+}
+
+TEST_F(ChangeLogPage, HoldsALongText) {
+    writeResource(std::string(1u << 20, 'x'));
+    EXPECT_EQ(text().size(), 1u << 20);
+}
+
+} // namespace
+} // namespace wardlock::test

@@ -1,0 +1,116 @@
+#include "info/DeveloperController.h"
+#include "info/DeveloperView.h"
+#include "platform/foundation/MainLoop.h"
+#include "platform/services/TextWebEngine.h"
+#include "tests/support/HttpServer.h"
+#include "tests/support/PageFixture.h"
+
+namespace wardlock::test {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr const char* Listing = "/packagesfordev.php?name=kitbay";
+
+/// The page of other packages over a server that stands for the repository's host.
+class Listed : public PageFixture {
+protected:
+    Listed() {
+        environment.unset("http_proxy");
+        environment.unset("HTTP_PROXY");
+        environment.unset("all_proxy");
+        environment.unset("ALL_PROXY");
+        use(20s, server.port());
+    }
+    ~Listed() override { platform::WebEngine::setCurrent(nullptr); }
+
+    void use(std::chrono::milliseconds patience, int port) {
+        platform::TextWebEngineOptions options;
+        options.patience = patience;
+        options.connectTo = WARDLOCK_REPOSITORY_HOST ":80:127.0.0.1:" + std::to_string(port);
+        engine = platform::makeTextWebEngine(options);
+        platform::WebEngine::setCurrent(engine.get());
+    }
+    void show() { page->viewWillAppear(false); }
+    DeveloperView& view() { return dynamic_cast<DeveloperView&>(*page->view()); }
+    platform::UIWebView& webView() { return dynamic_cast<platform::UIWebView&>(*view().subviews().at(0)); }
+    bool isLoading() { return view().activity()->isAnimating(); }
+    bool waitUntil(const std::function<bool()>& done) {
+        const auto deadline = std::chrono::steady_clock::now() + 20s;
+        while (!platform::MainLoop::shared().runUntil(done, 10ms)) {
+            if (std::chrono::steady_clock::now() > deadline)
+                return false;
+        }
+        return true;
+    }
+    /// A whole load, from the spinner's start to its end.
+    bool waitForLoad() {
+        return waitUntil([this] { return isLoading(); }) && waitUntil([this] { return !isLoading(); });
+    }
+
+    HttpServer server;
+    std::shared_ptr<platform::WebEngine> engine;
+    std::shared_ptr<DeveloperController> page = std::make_shared<DeveloperController>();
+};
+
+TEST_F(Listed, ShowsTheListingUnderASpinnerThatStops) {
+    server.answer(Listing, "<h1>Other packages</h1>");
+    show();
+    EXPECT_FALSE(isLoading());
+    EXPECT_TRUE(waitForLoad());
+    EXPECT_EQ(webView().text(), "Other packages\n");
+}
+
+TEST_F(Listed, SpinsForAsLongAsTheServerTakes) {
+    use(300ms, server.port());
+    server.hang(Listing);
+    show();
+    EXPECT_TRUE(waitUntil([this] { return server.requests().size() == 1; }));
+    EXPECT_TRUE(isLoading());
+    EXPECT_TRUE(waitUntil([this] { return !isLoading(); }));
+    EXPECT_EQ(webView().text(), "");
+}
+
+TEST_F(Listed, StaysBlankAndSilentWhereNobodyAnswers) {
+    use(20s, refusingPort());
+    show();
+    EXPECT_TRUE(waitForLoad());
+    EXPECT_EQ(webView().text(), "");
+    EXPECT_EQ(page->presentedViewController(), nullptr);
+}
+
+TEST_F(Listed, FollowsALinkInsideWithTheSpinnerOnceMore) {
+    server.answer(Listing, "<a href='/package.php?id=7'>Seven</a>");
+    server.answer("/package.php?id=7", "Package seven");
+    show();
+    EXPECT_TRUE(waitForLoad());
+    ASSERT_EQ(webView().links().size(), 1u);
+    webView().loadRequest({webView().links()[0].url});
+    EXPECT_TRUE(waitForLoad());
+    EXPECT_EQ(webView().text(), "Package seven\n");
+    EXPECT_EQ(server.requests(), (std::vector<std::string>{Listing, "/package.php?id=7"}));
+}
+
+TEST_F(Listed, GivesALoadUpWhenThePageIsLeft) {
+    server.hang(Listing);
+    show();
+    EXPECT_TRUE(waitUntil([this] { return server.requests().size() == 1; }));
+    page = nullptr;
+    EXPECT_TRUE(waitUntil([this] { return server.abandoned() == 1; }));
+}
+
+TEST_F(Listed, LoadsFromTheStartWhenThePageIsShownAgain) {
+    server.answer(Listing, "<a href='/other'>Other</a>");
+    server.answer("/other", "Other");
+    show();
+    EXPECT_TRUE(waitForLoad());
+    webView().loadRequest({webView().links().at(0).url});
+    EXPECT_TRUE(waitForLoad());
+    show();
+    EXPECT_TRUE(waitForLoad());
+    EXPECT_EQ(webView().text(), "Other [1]\n");
+    EXPECT_EQ(server.requests().back(), Listing);
+}
+
+} // namespace
+} // namespace wardlock::test
