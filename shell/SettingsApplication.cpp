@@ -59,11 +59,19 @@ void SettingsApplication::dismissNotice() {
     });
 }
 
+/// A page owns its alert, and an alert's handler may keep its page alive until it is dismissed.
+void SettingsApplication::dismissSheets() {
+    for (const auto& page : screen_.pages())
+        if (page->controller().presentedViewController())
+            page->controller().dismissViewControllerAnimated(false);
+}
+
 void SettingsApplication::close() {
     if (closed_)
         return;
     closed_ = true;
     pageInput_.endEditing();
+    door_.enter([&] { dismissSheets(); });
     door_.enterFromLoop([] { platform::NSOperationQueue::mainQueue().drain(); });
 }
 

@@ -55,6 +55,7 @@ private:
     void settle();
     void endEditingIn(platform::UIView& view);
     void watchMail();
+    void dismissSheets();
 
     Door door_;
     DoorClock clock_;
