@@ -1,5 +1,6 @@
 // The enforcing half as a test needs it: starts as it does on a device, says "ready", then tells in a line
-// what each change said and which account counts after it. Ends after as many changes as its argument says.
+// what each change said and which account counts after it. Ends after as many changes as its first argument
+// says; a second one names a restriction whose state in that account is told too.
 
 #include "platform/foundation/Format.h"
 #include "platform/foundation/MainLoop.h"
@@ -21,8 +22,10 @@ int main(int argc, char** argv) {
             ++heard;
             std::cout << platform::stringWithFormat("%@ = %@; account %@; tweak %d", key, object,
                                                     wardlock::AccountString(wardlock::kAccountName),
-                                                    wardlock::TweakEnabled())
-                      << std::endl;
+                                                    wardlock::TweakEnabled());
+            if (argc > 2)
+                std::cout << platform::stringWithFormat("; %@ %d", argv[2], wardlock::AccountBool(argv[2]));
+            std::cout << std::endl;
         });
     std::cout << "ready" << std::endl;
     return platform::MainLoop::shared().runUntil([&] { return heard >= expected; }, patience) ? 0 : 1;
