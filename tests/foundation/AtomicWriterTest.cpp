@@ -294,10 +294,18 @@ TEST_F(AtomicWriter, BeginsAgainWhenItsTemporaryWasTakenForALeftover) {
             EXPECT_FALSE(memory.remove("/d/" + name));
     };
     for (const char* moment : {"lock", "rename"}) {
+        memory.forgetCalls();
         files.before(moment, sweep);
         ASSERT_FALSE(write(moment)) << moment;
         EXPECT_EQ(memory.contents("/d/a"), moment);
+        EXPECT_EQ(std::ranges::count(memory.calls(), "create /d/TEMPORARY"), 2) << moment;
     }
+}
+
+TEST_F(AtomicWriter, WritesNothingIntoATemporaryThatIsGoneAlready) {
+    files.before("lock", [this] { EXPECT_FALSE(memory.remove("/d/" + memory.names("/d").front())); });
+    ASSERT_FALSE(write("new"));
+    EXPECT_EQ(std::ranges::count(memory.calls(), "write /d/TEMPORARY"), 1);
 }
 
 TEST_F(AtomicWriter, BeginsAgainWhileAnotherProcessHoldsItsTemporary) {
@@ -309,6 +317,7 @@ TEST_F(AtomicWriter, BeginsAgainWhileAnotherProcessHoldsItsTemporary) {
     ASSERT_FALSE(write("new"));
     EXPECT_EQ(memory.contents("/d/a"), "new");
     EXPECT_EQ(memory.names("/d"), std::vector<std::string>{"a"});
+    EXPECT_EQ(std::ranges::count(memory.calls(), "create /d/TEMPORARY"), 2);
 }
 
 TEST_F(AtomicWriter, GivesUpWhenItsTemporariesKeepVanishing) {
