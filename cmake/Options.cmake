@@ -27,3 +27,7 @@ if(WARDLOCK_SANITIZE)
   add_compile_options(-fsanitize=${WARDLOCK_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
   add_link_options(-fsanitize=${WARDLOCK_SANITIZE})
 endif()
+if(WARDLOCK_FUZZERS)
+  # The fuzzers steer by what the libraries execute.
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()

@@ -20,8 +20,8 @@ public:
         length_ += Size - 1;
     }
     void put(std::string_view piece) {
-        std::memcpy(room(piece.size()), piece.data(), piece.size());
-        length_ += piece.size();
+        // Of a piece that may be empty, and then without an address.
+        length_ += piece.copy(room(piece.size()), piece.size());
     }
     void putTabs(std::size_t count) {
         std::fill_n(room(count), count, '\t');

@@ -71,6 +71,11 @@ TEST(XmlWriter, WritesEmptyContainersAsOneTag) {
     EXPECT_EQ(written(Dictionary()), "<dict/>\n");
 }
 
+TEST(XmlWriter, WritesEmptyStringsAndKeys) {
+    EXPECT_EQ(written(""), "<string></string>\n");
+    EXPECT_EQ(written(Dictionary{{"", ""}}), "<dict>\n\t<key></key>\n\t<string></string>\n</dict>\n");
+}
+
 TEST(XmlWriter, WritesWhatXmlHasNoOtherWayToKeepAsReferences) {
     EXPECT_EQ(written(std::string("<&>\r\n\t\x01\x1F\0]]>", 12)),
               "<string>&lt;&amp;&gt;&#13;\n\t&#1;&#31;&#0;]]&gt;</string>\n");

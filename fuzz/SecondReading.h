@@ -1,0 +1,10 @@
+#pragma once
+
+#include "platform/foundation/Value.h"
+
+namespace wardlock::fuzz {
+
+/// Writes what was read and reads it again: the same value must come back. Ends the process when it does not.
+void expectSameValueAgain(const platform::Value& value);
+
+} // namespace wardlock::fuzz

@@ -1,0 +1,13 @@
+// Any bytes as an XML property list, in whatever encoding they claim.
+#include "fuzz/SecondReading.h"
+#include "platform/foundation/PropertyList.h"
+
+#include <cstddef>
+#include <cstdint>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+    if (const auto value = platform::propertyListWithData(bytes))
+        wardlock::fuzz::expectSameValueAgain(*value);
+    return 0;
+}
