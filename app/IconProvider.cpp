@@ -1,0 +1,99 @@
+#include "app/IconProvider.h"
+
+#include "app/Text.h"
+
+#include <QBuffer>
+#include <QHash>
+#include <QImageReader>
+#include <QMutexLocker>
+#include <QUrl>
+
+#include <cstdint>
+
+namespace wardlock::app {
+
+namespace {
+
+constexpr int largestSide = 2048;
+constexpr int megabytesToDecode = 32;
+constexpr int picturesKept = 512;
+constexpr QSize unknownSize(58, 58);
+
+/// Pictures that exist only as bytes, by the number that stands in their address.
+class KeptPictures {
+public:
+    quint64 keep(const std::shared_ptr<platform::UIImage>& image) {
+        const QMutexLocker lock(&mutex_);
+        const auto known = numbers_.constFind(image.get());
+        if (known != numbers_.constEnd() && images_.contains(*known))
+            return *known;
+        const quint64 number = ++last_;
+        numbers_.insert(image.get(), number);
+        images_.insert(number, new std::shared_ptr<platform::UIImage>(image));
+        if (numbers_.size() > 4 * picturesKept)
+            numbers_.removeIf([this](auto entry) { return !images_.contains(entry.value()); });
+        return number;
+    }
+    std::shared_ptr<platform::UIImage> find(quint64 number) {
+        const QMutexLocker lock(&mutex_);
+        const auto* image = images_.object(number);
+        return image ? *image : nullptr;
+    }
+
+private:
+    QMutex mutex_;
+    quint64 last_ = 0;
+    QHash<const platform::UIImage*, quint64> numbers_;
+    QCache<quint64, std::shared_ptr<platform::UIImage>> images_{picturesKept};
+};
+
+KeptPictures& keptPictures() {
+    static KeptPictures pictures;
+    return pictures;
+}
+
+QImage decode(QImageReader& reader, const QSize& requestedSize) {
+    reader.setAutoTransform(true);
+    const QSize natural = reader.size();
+    if (natural.width() > largestSide || natural.height() > largestSide)
+        return {};
+    const QSize wanted = requestedSize.isValid() && !requestedSize.isEmpty() ? requestedSize : unknownSize;
+    if (natural.isValid())
+        reader.setScaledSize(natural.scaled(wanted, Qt::KeepAspectRatio));
+    return reader.read();
+}
+
+} // namespace
+
+IconProvider::IconProvider()
+    : QQuickImageProvider(QQuickImageProvider::Image, QQmlImageProviderBase::ForceAsynchronousImageLoading) {
+    QImageReader::setAllocationLimit(megabytesToDecode);
+}
+
+QString IconProvider::urlFor(const std::shared_ptr<platform::UIImage>& image) {
+    if (!image)
+        return {};
+    if (image->bytes().empty())
+        return QStringLiteral("image://device/file/") +
+               QString::fromLatin1(QUrl::toPercentEncoding(toQt(image->path())));
+    return QStringLiteral("image://device/bytes/%1").arg(keptPictures().keep(image));
+}
+
+QImage IconProvider::requestImage(const QString& id, QSize* size, const QSize& requestedSize) {
+    QImage image;
+    if (id.startsWith(QLatin1String("file/"))) {
+        QImageReader reader(QUrl::fromPercentEncoding(id.mid(5).toLatin1()));
+        image = decode(reader, requestedSize);
+    } else if (const auto picture = keptPictures().find(id.mid(6).toULongLong())) {
+        QByteArray bytes =
+            QByteArray::fromRawData(picture->bytes().data(), static_cast<qsizetype>(picture->bytes().size()));
+        QBuffer buffer(&bytes);
+        QImageReader reader(&buffer);
+        image = decode(reader, requestedSize);
+    }
+    if (size)
+        *size = image.size();
+    return image;
+}
+
+} // namespace wardlock::app

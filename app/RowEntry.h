@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+namespace wardlock::app {
+
+/// One line of a list page as QML shows it: a section's header or footer, or a row.
+struct RowEntry {
+    Q_GADGET
+    Q_PROPERTY(QString entry MEMBER entry)
+    Q_PROPERTY(QString text MEMBER text)
+    Q_PROPERTY(int section MEMBER section)
+    Q_PROPERTY(int row MEMBER row)
+    Q_PROPERTY(QString kind MEMBER kind)
+    Q_PROPERTY(QString label MEMBER label)
+    Q_PROPERTY(QString value MEMBER value)
+    Q_PROPERTY(bool on MEMBER on)
+    Q_PROPERTY(bool enabled MEMBER enabled)
+    Q_PROPERTY(bool marked MEMBER marked)
+    Q_PROPERTY(QString icon MEMBER icon)
+    Q_PROPERTY(QString placeholder MEMBER placeholder)
+    Q_PROPERTY(bool numberPad MEMBER numberPad)
+    Q_PROPERTY(bool editing MEMBER editing)
+    Q_PROPERTY(double min MEMBER min)
+    Q_PROPERTY(double max MEMBER max)
+    Q_PROPERTY(double position MEMBER position)
+    Q_PROPERTY(bool showsValue MEMBER showsValue)
+    Q_PROPERTY(bool first MEMBER first)
+    Q_PROPERTY(bool last MEMBER last)
+
+public:
+    /// "header", "footer" or "row".
+    QString entry;
+    /// Of a header or footer.
+    QString text;
+    int section = 0;
+    int row = 0;
+    /// "link", "linkList", "slider", "switch", "staticText", "editText", "secureEditText" or "button".
+    QString kind;
+    QString label;
+    QString value;
+    bool on = false;
+    bool enabled = true;
+    bool marked = false;
+    /// An address, empty for none.
+    QString icon;
+    QString placeholder;
+    bool numberPad = false;
+    bool editing = false;
+    double min = 0;
+    double max = 1;
+    double position = 0;
+    bool showsValue = false;
+    /// Whether it is the first or last row of its card.
+    bool first = false;
+    bool last = false;
+
+    bool operator==(const RowEntry&) const = default;
+};
+
+} // namespace wardlock::app

@@ -1,0 +1,123 @@
+#include "app/TableModel.h"
+
+#include "app/IconProvider.h"
+#include "app/Text.h"
+
+#include <algorithm>
+
+namespace wardlock::app {
+
+using platform::NSIndexPath;
+
+namespace {
+
+/// More rows than any window shows at a time.
+constexpr int rowsHeld = 160;
+
+quint64 number(NSIndexPath path) {
+    return quint64(path.section) << 40 | path.row;
+}
+
+} // namespace
+
+TableModel::TableModel(std::shared_ptr<shell::Table> table) : table_(std::move(table)), shown_(rowsHeld) {
+    readPaths();
+}
+
+void TableModel::readPaths() {
+    const std::size_t sections = table_->sectionCount();
+    for (std::size_t section = 0; section < sections; ++section) {
+        const std::size_t rows = table_->rowCount(section);
+        for (std::size_t row = 0; row < rows; ++row)
+            paths_.push_back({section, row});
+    }
+}
+
+int TableModel::rowCount(const QModelIndex& parent) const {
+    if (parent.isValid())
+        return 0;
+    return static_cast<int>(filter_.isEmpty() ? paths_.size() : passing_.size());
+}
+
+NSIndexPath TableModel::pathOf(int row) const {
+    const auto place = static_cast<std::size_t>(row);
+    return paths_[filter_.isEmpty() ? place : passing_[place]];
+}
+
+std::shared_ptr<shell::TableRow> TableModel::shown(NSIndexPath path) const {
+    if (auto* held = shown_.object(number(path)))
+        return *held;
+    auto row = table_->show(path);
+    shown_.insert(number(path), new std::shared_ptr<shell::TableRow>(row));
+    return row;
+}
+
+QVariant TableModel::data(const QModelIndex& index, int role) const {
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+        return {};
+    const NSIndexPath path = pathOf(index.row());
+    if (role == RowHeightRole)
+        return table_->rowHeight(path);
+    const auto row = shown(path);
+    if (!row)
+        return {};
+    switch (role) {
+    case TitleRole:
+        return toQt(row->title());
+    case DetailRole:
+        return toQt(row->detail());
+    case KeyRole:
+        return toQt(row->key());
+    case IconRole:
+        return IconProvider::urlFor(row->icon());
+    case OnRole:
+        return row->isOn();
+    case HasSwitchRole:
+        return row->switchControl() != nullptr;
+    default:
+        return {};
+    }
+}
+
+QHash<int, QByteArray> TableModel::roleNames() const {
+    return {{TitleRole, "title"},        {DetailRole, "detail"}, {KeyRole, "key"},
+            {IconRole, "icon"},          {OnRole, "on"},         {HasSwitchRole, "hasSwitch"},
+            {RowHeightRole, "rowHeight"}};
+}
+
+void TableModel::setFilter(const QString& filter) {
+    beginResetModel();
+    filter_ = filter.trimmed();
+    passing_.clear();
+    if (!filter_.isEmpty())
+        for (std::size_t place = 0; place < paths_.size(); ++place)
+            if (passes(place))
+                passing_.push_back(place);
+    endResetModel();
+}
+
+bool TableModel::passes(std::size_t place) {
+    if (texts_.size() <= place) {
+        const auto row = table_->show(paths_[place]);
+        texts_.push_back(row ? Text{toQt(row->title()), toQt(row->key())} : Text{});
+    }
+    const Text& text = texts_[place];
+    return text.title.contains(filter_, Qt::CaseInsensitive) ||
+           text.key.contains(filter_, Qt::CaseInsensitive);
+}
+
+void TableModel::rowChanged(NSIndexPath path) {
+    const auto same = std::find(paths_.begin(), paths_.end(), path);
+    if (same == paths_.end())
+        return;
+    auto place = same - paths_.begin();
+    if (!filter_.isEmpty()) {
+        const auto passing = std::find(passing_.begin(), passing_.end(), static_cast<std::size_t>(place));
+        if (passing == passing_.end())
+            return;
+        place = passing - passing_.begin();
+    }
+    emit dataChanged(index(static_cast<int>(place)), index(static_cast<int>(place)));
+}
+
+} // namespace wardlock::app

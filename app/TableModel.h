@@ -1,0 +1,62 @@
+#pragma once
+
+#include "shell/Table.h"
+
+#include <QAbstractListModel>
+#include <QCache>
+
+#include <memory>
+#include <vector>
+
+namespace wardlock::app {
+
+/// The rows of a page's table as a ListView wants them. A row's cell is asked for when the view asks for the
+/// row, and given back once enough others have been shown since: rows out of sight cost nothing. A filter
+/// leaves the rows whose title or key holds its text.
+class TableModel : public QAbstractListModel {
+    Q_OBJECT
+
+public:
+    enum Role {
+        TitleRole = Qt::UserRole,
+        DetailRole,
+        KeyRole,
+        IconRole,
+        OnRole,
+        HasSwitchRole,
+        RowHeightRole
+    };
+
+    explicit TableModel(std::shared_ptr<shell::Table> table);
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QHash<int, QByteArray> roleNames() const override;
+
+    void setFilter(const QString& filter);
+    void rowChanged(platform::NSIndexPath path);
+    /// The place in the table of a row of this model.
+    platform::NSIndexPath pathOf(int row) const;
+
+private:
+    struct Text {
+        QString title;
+        QString key;
+    };
+
+    std::shared_ptr<shell::TableRow> shown(platform::NSIndexPath path) const;
+    void readPaths();
+    bool passes(std::size_t place);
+
+    std::shared_ptr<shell::Table> table_;
+    QString filter_;
+    /// Every row of the table.
+    std::vector<platform::NSIndexPath> paths_;
+    /// The texts of every row, once a filter has been asked for.
+    std::vector<Text> texts_;
+    /// Places in paths_ that pass the filter; unused without one.
+    std::vector<std::size_t> passing_;
+    mutable QCache<quint64, std::shared_ptr<shell::TableRow>> shown_;
+};
+
+} // namespace wardlock::app

@@ -1,0 +1,38 @@
+#include "app/WindowHost.h"
+
+#include "app/BlurredBackdrop.h"
+#include "app/IconProvider.h"
+
+#include <QGuiApplication>
+#include <QQmlContext>
+
+namespace wardlock::app {
+
+WindowHost::WindowHost(platform::AnimationClock& clock, double transitionSeconds)
+    : settings_(clock, transitionSeconds) {
+    qmlRegisterType<BlurredBackdrop>("Wardlock.Native", 1, 0, "BlurredBackdrop");
+    engine_.addImageProvider(QStringLiteral("device"), new IconProvider);
+    engine_.rootContext()->setContextProperty(QStringLiteral("settings"), &settings_);
+    engine_.rootContext()->setContextProperty(QStringLiteral("appearance"), &appearance_);
+    engine_.addImportPath(QStringLiteral("qrc:/"));
+    engine_.load(QUrl(QStringLiteral("qrc:/Wardlock/Main.qml")));
+    connect(qApp, &QGuiApplication::applicationStateChanged, this, &WindowHost::followApplicationState);
+}
+
+WindowHost::~WindowHost() {
+    // The views go before the models they show.
+    delete window();
+}
+
+QQuickWindow* WindowHost::window() const {
+    return engine_.rootObjects().isEmpty() ? nullptr
+                                           : qobject_cast<QQuickWindow*>(engine_.rootObjects().constFirst());
+}
+
+void WindowHost::followApplicationState(Qt::ApplicationState state) {
+    const bool wasActive = std::exchange(active_, state == Qt::ApplicationActive);
+    if (wasActive && !active_)
+        settings_.resignActive();
+}
+
+} // namespace wardlock::app

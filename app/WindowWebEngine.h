@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/ui/UIWebView.h"
+
+#include <QObject>
+
+namespace wardlock::app {
+
+/// The engine of the window: the page's QML does the loading, so a load is only passed on to whoever shows
+/// the view. A view that nobody shows yet is loaded when it is.
+class WindowWebEngine : public QObject, public platform::WebEngine {
+    Q_OBJECT
+
+public:
+    /// Is the process's engine while it lives.
+    WindowWebEngine();
+    ~WindowWebEngine() override;
+
+    void load(const std::shared_ptr<platform::UIWebView>& view,
+              const platform::NSURLRequest& request) override;
+
+signals:
+    void loadAsked(const platform::UIWebView* view);
+};
+
+} // namespace wardlock::app

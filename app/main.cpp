@@ -1,0 +1,64 @@
+#include "app/Options.h"
+#include "app/Screenshots.h"
+#include "app/WindowClock.h"
+#include "app/WindowHost.h"
+#include "shell/LastRites.h"
+#include "shell/Provision.h"
+
+#include <QGuiApplication>
+
+#include <cstdio>
+
+using namespace wardlock;
+
+namespace {
+
+constexpr double transitionSeconds = 0.35;
+
+int usageError(const std::string& error) {
+    std::fprintf(stderr, "wardlock-settings: %s\nTry: wardlock-settings --help\n", error.c_str());
+    return 2;
+}
+
+int openWindow(const app::Options& options, const std::vector<std::string>& problems) {
+    app::WindowClock clock;
+    app::WindowHost host(clock, transitionSeconds);
+    if (!host.window()) {
+        std::fputs("wardlock-settings: the window could not be made\n", stderr);
+        return 1;
+    }
+    host.appearance().force(options.dark);
+    host.appearance().forceTextScale(options.textScale);
+    host.settings().tell(problems);
+    host.window()->show();
+    return QGuiApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const auto options = app::Options::parse({argv + 1, argv + argc});
+    if (!options.error.empty())
+        return usageError(options.error);
+    if (options.help)
+        return std::fputs(app::Options::usage(), stdout) < 0;
+    if (options.version)
+        return std::puts("wardlock-settings " WARDLOCK_VERSION) < 0;
+    if (!options.deviceRoot.empty())
+        qputenv("WARDLOCK_DEVICE_ROOT", options.deviceRoot.c_str());
+    if (!options.screenshots.empty()) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        qputenv("QT_QUICK_BACKEND", "software");
+    }
+    // A web engine that is loaded later shares its pictures with the window.
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    QGuiApplication application(argc, argv);
+    QGuiApplication::setApplicationName(QStringLiteral("Settings"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("wardlock-settings"));
+
+    shell::installLastRites(nullptr);
+    const shell::Provision provision;
+    if (!options.screenshots.empty())
+        return app::takeScreenshots(options);
+    return openWindow(options, provision.problems());
+}

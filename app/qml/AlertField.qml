@@ -1,0 +1,50 @@
+import QtQuick
+
+// A text field of an alert.
+Item {
+    id: field
+    property alias input: input
+    property string placeholder
+    signal typed(string text)
+    signal entered()
+
+    height: 16 + 34
+
+    Rectangle {
+        y: 16
+        width: parent.width
+        height: 34
+        radius: 7
+        color: Look.field
+        border.color: Look.separator
+
+        TextInput {
+            id: input
+            anchors.fill: parent
+            anchors.leftMargin: 8
+            anchors.rightMargin: 8
+            verticalAlignment: TextInput.AlignVCenter
+            color: Look.label
+            selectionColor: Look.tint
+            font.family: Look.family
+            font.pixelSize: Math.round(15 * Look.textScale)
+            clip: true
+            selectByMouse: true
+            activeFocusOnTab: true
+            Accessible.role: Accessible.EditableText
+            Accessible.name: field.placeholder
+            onTextEdited: field.typed(text)
+            onAccepted: field.entered()
+
+            Label {
+                anchors.fill: parent
+                verticalAlignment: Text.AlignVCenter
+                visible: input.text === "" && input.preeditText === ""
+                text: field.placeholder
+                font.pixelSize: input.font.pixelSize
+                color: Look.placeholder
+                Accessible.ignored: true
+            }
+        }
+    }
+}

@@ -1,0 +1,131 @@
+import QtQuick
+
+// A question over the page.
+Item {
+    id: sheet
+    required property var alert
+
+    anchors.fill: parent
+    focus: true
+    Accessible.role: Accessible.AlertMessage
+    Accessible.name: alert.title
+    Accessible.description: alert.message
+
+    readonly property bool sideBySide: alert.actions.length === 2
+
+    function chooseStyle(style) {
+        for (let i = 0; i < alert.actions.length; ++i)
+            if (alert.actions[i].style === style && alert.actions[i].enabled)
+                return alert.choose(i);
+    }
+    Keys.onEscapePressed: chooseStyle("cancel")
+    Component.onCompleted: {
+        if (fields.count > 0)
+            fields.itemAt(0).input.forceActiveFocus();
+        else
+            forceActiveFocus();
+        appear.start();
+    }
+
+    Rectangle {
+        id: scrim
+        anchors.fill: parent
+        color: Look.scrim
+        MouseArea {
+            anchors.fill: parent
+            hoverEnabled: true
+            onWheel: (wheel) => wheel.accepted = true
+        }
+    }
+    Rectangle {
+        id: box
+        objectName: "alert"
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: Math.round((parent.height - height) * (fields.count > 0 ? 0.38 : 0.5))
+        width: Math.min(Math.round(270 * Math.max(1, Math.min(Look.textScale, 1.4))), parent.width - 32)
+        height: column.height
+        radius: 14
+        color: Look.sheet
+
+        Column {
+            id: column
+            width: parent.width
+            topPadding: 20
+
+            Label {
+                x: 16
+                width: parent.width - 32
+                text: sheet.alert.title
+                font.weight: Font.DemiBold
+                horizontalAlignment: Text.AlignHCenter
+                wrapMode: Text.Wrap
+                elide: Text.ElideNone
+            }
+            Label {
+                x: 16
+                width: parent.width - 32
+                visible: sheet.alert.message !== ""
+                topPadding: 4
+                text: sheet.alert.message
+                font.pixelSize: Look.small
+                horizontalAlignment: Text.AlignHCenter
+                wrapMode: Text.Wrap
+                elide: Text.ElideNone
+            }
+            Repeater {
+                id: fields
+                model: sheet.alert.fields
+                AlertField {
+                    required property int index
+                    required property string modelData
+                    objectName: "alert:field"
+                    x: 16
+                    width: column.width - 32
+                    placeholder: modelData
+                    onTyped: (text) => sheet.alert.type(index, text)
+                    onEntered: sheet.chooseStyle("default")
+                }
+            }
+            Item { width: 1; height: 20 }
+            Hairline { width: parent.width }
+            Flow {
+                id: buttons
+                width: parent.width
+                Repeater {
+                    model: sheet.alert.actions
+                    Item {
+                        required property var modelData
+                        required property int index
+                        width: sheet.sideBySide ? buttons.width / 2 : buttons.width
+                        height: Math.max(44, Look.rowHeight)
+                        PlainButton {
+                            objectName: "alert:" + modelData.title
+                            anchors.fill: parent
+                            text: modelData.title
+                            enabled: modelData.enabled
+                            strong: modelData.style === "cancel"
+                            color: modelData.style === "destructive" ? Look.destructive : Look.tint
+                            onPressed: sheet.alert.choose(index)
+                        }
+                        Rectangle {
+                            visible: sheet.sideBySide && index === 1
+                            width: 1
+                            height: parent.height
+                            color: Look.separator
+                        }
+                        Hairline {
+                            visible: !sheet.sideBySide && index > 0
+                            width: parent.width
+                        }
+                    }
+                }
+            }
+        }
+    }
+    ParallelAnimation {
+        id: appear
+        NumberAnimation { target: scrim; property: "opacity"; from: 0; to: 1; duration: 160 }
+        NumberAnimation { target: box; property: "opacity"; from: 0; to: 1; duration: 160 }
+        NumberAnimation { target: box; property: "scale"; from: 1.12; to: 1; duration: 200; easing.type: Easing.OutCubic }
+    }
+}

@@ -1,0 +1,45 @@
+import QtQuick
+
+// A file that goes with a mail.
+Item {
+    id: row
+    property string name
+    property real size: 0
+    signal removed()
+
+    width: parent ? parent.width : 0
+    height: 52
+
+    function readable(bytes) {
+        return bytes < 1024 ? qsTr("%1 bytes").arg(bytes)
+             : bytes < 1048576 ? qsTr("%1 KB").arg(Math.round(bytes / 1024))
+             : qsTr("%1 MB").arg((bytes / 1048576).toFixed(1));
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        anchors.leftMargin: Look.inset
+        anchors.rightMargin: Look.inset
+        anchors.bottomMargin: 8
+        radius: 8
+        color: Look.ground
+
+        Label {
+            x: 12
+            anchors.verticalCenter: parent.verticalCenter
+            width: parent.width - remove.width - 36
+            text: row.name + " · " + row.readable(row.size)
+            font.pixelSize: Math.round(15 * Look.textScale)
+        }
+        PlainButton {
+            id: remove
+            objectName: "mail:remove:" + row.name
+            anchors.right: parent.right
+            anchors.rightMargin: 12
+            height: parent.height
+            size: Math.round(15 * Look.textScale)
+            text: qsTr("Remove")
+            onPressed: row.removed()
+        }
+    }
+}

@@ -1,0 +1,47 @@
+import QtQuick
+
+// A line of the mail sheet: what it is, and its text.
+Item {
+    id: field
+    property string name
+    property string value
+    signal edited(string text)
+
+    width: parent ? parent.width : 0
+    height: Look.rowHeight
+
+    Label {
+        id: label
+        x: Look.inset
+        anchors.verticalCenter: parent.verticalCenter
+        text: field.name
+        color: Look.secondary
+        Accessible.ignored: true
+    }
+    TextInput {
+        id: input
+        objectName: "mail:" + field.name
+        anchors.left: label.right
+        anchors.leftMargin: 8
+        anchors.right: parent.right
+        anchors.rightMargin: Look.inset
+        anchors.verticalCenter: parent.verticalCenter
+        color: Look.label
+        selectionColor: Look.tint
+        font.family: Look.family
+        font.pixelSize: Look.body
+        clip: true
+        selectByMouse: true
+        activeFocusOnTab: true
+        Accessible.role: Accessible.EditableText
+        Accessible.name: field.name
+        Component.onCompleted: text = field.value
+        onTextEdited: field.edited(text)
+    }
+    Hairline {
+        anchors.bottom: parent.bottom
+        anchors.left: parent.left
+        anchors.leftMargin: Look.inset
+        anchors.right: parent.right
+    }
+}

@@ -1,0 +1,124 @@
+import QtQuick
+
+// The mail sheet: everything can be read and changed before the mail goes.
+FocusScope {
+    id: sheet
+    required property var composer
+
+    anchors.fill: parent
+    focus: true
+    Component.onCompleted: {
+        forceActiveFocus();
+        rise.start();
+    }
+    Keys.onEscapePressed: composer.cancel()
+    Accessible.role: Accessible.Dialog
+    Accessible.name: qsTr("New Message")
+
+    Rectangle {
+        id: scrim
+        anchors.fill: parent
+        color: Look.scrim
+        MouseArea { anchors.fill: parent; hoverEnabled: true; onWheel: (wheel) => wheel.accepted = true }
+    }
+    Rectangle {
+        id: paper
+        objectName: "composer"
+        width: Math.min(parent.width, Look.widest)
+        height: parent.height - 24
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: 24
+        radius: 12
+        color: Look.card
+
+        Item {
+            id: bar
+            width: parent.width
+            height: Look.barHeight
+            PlainButton {
+                objectName: "mail:cancel"
+                x: Look.inset
+                height: parent.height
+                text: qsTr("Cancel")
+                enabled: !sheet.composer.sending
+                onPressed: sheet.composer.cancel()
+            }
+            Label {
+                anchors.centerIn: parent
+                text: qsTr("New Message")
+                font.weight: Font.DemiBold
+            }
+            PlainButton {
+                objectName: "mail:send"
+                anchors.right: parent.right
+                anchors.rightMargin: Look.inset
+                height: parent.height
+                text: sheet.composer.sending ? qsTr("Sending") : qsTr("Send")
+                strong: true
+                enabled: !sheet.composer.sending && sheet.composer.recipients !== ""
+                onPressed: sheet.composer.send()
+            }
+            Hairline { anchors.bottom: parent.bottom; width: parent.width }
+        }
+        Flickable {
+            anchors.top: bar.bottom
+            anchors.bottom: parent.bottom
+            width: parent.width
+            clip: true
+            contentHeight: column.height
+
+            Column {
+                id: column
+                width: parent.width
+                ComposerField {
+                    name: qsTr("To:")
+                    value: sheet.composer.recipients
+                    onEdited: (text) => sheet.composer.setRecipients(text)
+                }
+                ComposerField {
+                    name: qsTr("Subject:")
+                    value: sheet.composer.subject
+                    onEdited: (text) => sheet.composer.setSubject(text)
+                }
+                TextEdit {
+                    id: body
+                    objectName: "mail:body"
+                    width: parent.width
+                    padding: Look.inset
+                    color: Look.label
+                    selectionColor: Look.tint
+                    font.family: Look.family
+                    font.pixelSize: Look.body
+                    wrapMode: TextEdit.Wrap
+                    selectByMouse: true
+                    activeFocusOnTab: true
+                    textFormat: TextEdit.PlainText
+                    Accessible.role: Accessible.EditableText
+                    Accessible.name: qsTr("Message")
+                    Component.onCompleted: text = sheet.composer.body
+                    onTextChanged: if (activeFocus) sheet.composer.setBody(text)
+                }
+                Repeater {
+                    model: sheet.composer.attachments
+                    AttachmentRow {
+                        required property int index
+                        required property var modelData
+                        name: modelData.name
+                        size: modelData.size
+                        onRemoved: sheet.composer.removeAttachment(index)
+                    }
+                }
+                Item { width: 1; height: 40 }
+            }
+        }
+    }
+    NumberAnimation {
+        id: rise
+        target: paper
+        property: "y"
+        from: sheet.height
+        to: 24
+        duration: 280
+        easing.type: Easing.OutCubic
+    }
+}

@@ -1,0 +1,12 @@
+import QtQuick
+
+// Shows where the keyboard is.
+Rectangle {
+    property Item target: parent
+    anchors.fill: target
+    visible: target.activeFocus
+    color: "transparent"
+    radius: Look.corner
+    border.color: Look.focus
+    border.width: 3
+}

@@ -1,0 +1,8 @@
+import QtQuick
+import QtQuick.Window
+
+// A line as thin as the screen can show.
+Rectangle {
+    height: 1 / Screen.devicePixelRatio
+    color: Look.separator
+}

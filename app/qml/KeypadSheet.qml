@@ -1,0 +1,155 @@
+import QtQuick
+import Wardlock.Native
+
+// The four-digit keypad over a dark blur of what lies beneath.
+FocusScope {
+    id: sheet
+    required property var keypad
+    required property Item backdrop
+
+    anchors.fill: parent
+    focus: true
+    Component.onCompleted: forceActiveFocus()
+    Accessible.role: Accessible.Dialog
+    Accessible.name: keypad.statusText
+
+    readonly property real unit: Math.min(75, Math.floor(Math.min(width / 5.2, height / 10.5)))
+    readonly property real gap: Math.round(unit * 0.3)
+
+    Keys.onPressed: (event) => {
+        if (event.key >= Qt.Key_0 && event.key <= Qt.Key_9)
+            keypad.pressDigit(event.key - Qt.Key_0);
+        else if (event.key === Qt.Key_Backspace || event.key === Qt.Key_Delete)
+            keypad.pressDelete();
+        else if (event.key === Qt.Key_Escape)
+            keypad.pressCancel();
+        else
+            return;
+        event.accepted = true;
+    }
+
+    FrameAnimation {
+        running: sheet.keypad.fading
+        onTriggered: sheet.keypad.tick()
+    }
+    MouseArea {
+        anchors.fill: parent
+        hoverEnabled: true
+        onWheel: (wheel) => wheel.accepted = true
+    }
+    BlurredBackdrop {
+        anchors.fill: parent
+        source: sheet.backdrop
+        opacity: sheet.keypad.blurOpacity
+    }
+
+    Column {
+        id: pad
+        objectName: "keypad"
+        opacity: sheet.keypad.opacity
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.horizontalCenterOffset: shakeOffset
+        y: Math.max(12, Math.round((parent.height - height) / 2))
+        spacing: 0
+        property real shakeOffset: 0
+
+        Label {
+            objectName: "keypad:status"
+            anchors.horizontalCenter: parent.horizontalCenter
+            width: Math.min(implicitWidth, sheet.width - 32)
+            text: sheet.keypad.statusText
+            color: "white"
+            font.pixelSize: Math.round(20 * Math.min(Look.textScale, 1.4))
+            horizontalAlignment: Text.AlignHCenter
+        }
+        Label {
+            anchors.horizontalCenter: parent.horizontalCenter
+            visible: sheet.keypad.subtitle !== ""
+            text: sheet.keypad.subtitle
+            color: "#ccffffff"
+            font.pixelSize: Look.small
+        }
+        Item { width: 1; height: sheet.gap }
+        Row {
+            id: dots
+            anchors.horizontalCenter: parent.horizontalCenter
+            spacing: Math.round(sheet.unit * 0.32)
+            Accessible.role: Accessible.StaticText
+            Accessible.name: qsTr("%n of 4 digits entered", "", sheet.keypad.digitCount)
+            Repeater {
+                model: 4
+                Rectangle {
+                    required property int index
+                    width: 13
+                    height: 13
+                    radius: 6.5
+                    color: index < sheet.keypad.digitCount ? "white" : "transparent"
+                    border.color: "white"
+                    border.width: 1.2
+                }
+            }
+        }
+        Item { width: 1; height: Math.round(sheet.unit * 0.55) }
+        Grid {
+            id: grid
+            columns: 3
+            spacing: sheet.gap
+            LayoutMirroring.enabled: false
+            Repeater {
+                model: 9
+                KeypadKey {
+                    required property int index
+                    digit: index + 1
+                    width: sheet.unit
+                    height: sheet.unit
+                    onPressed: (digit) => sheet.keypad.pressDigit(digit)
+                }
+            }
+            PlainButton {
+                objectName: "keypad:emergency"
+                width: sheet.unit
+                height: sheet.unit
+                enabled: sheet.keypad.showsEmergency
+                opacity: sheet.keypad.showsEmergency ? 1 : 0
+                text: qsTr("Emergency")
+                size: Look.small
+                color: "white"
+                onPressed: sheet.keypad.pressEmergency()
+            }
+            KeypadKey {
+                digit: 0
+                width: sheet.unit
+                height: sheet.unit
+                onPressed: (digit) => sheet.keypad.pressDigit(digit)
+            }
+            PlainButton {
+                objectName: sheet.keypad.digitCount > 0 ? "keypad:delete" : "keypad:cancel"
+                width: sheet.unit
+                height: sheet.unit
+                text: sheet.keypad.digitCount > 0 ? qsTr("Delete") : qsTr("Cancel")
+                size: Math.round(15 * Math.min(Look.textScale, 1.2))
+                color: "white"
+                onPressed: sheet.keypad.digitCount > 0 ? sheet.keypad.pressDelete() : sheet.keypad.pressCancel()
+            }
+        }
+    }
+
+    property int failuresSeen: keypad.failures
+    Connections {
+        target: sheet.keypad
+        function onChanged() {
+            if (sheet.keypad.failures > sheet.failuresSeen) {
+                sheet.failuresSeen = sheet.keypad.failures;
+                shake.restart();
+            }
+        }
+    }
+    SequentialAnimation {
+        id: shake
+        NumberAnimation { target: pad; property: "shakeOffset"; to: -28; duration: 60; easing.type: Easing.OutQuad }
+        NumberAnimation { target: pad; property: "shakeOffset"; to: 24; duration: 90 }
+        NumberAnimation { target: pad; property: "shakeOffset"; to: -16; duration: 80 }
+        NumberAnimation { target: pad; property: "shakeOffset"; to: 8; duration: 70 }
+        NumberAnimation { target: pad; property: "shakeOffset"; to: 0; duration: 60; easing.type: Easing.OutQuad }
+    }
+}

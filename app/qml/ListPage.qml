@@ -1,0 +1,38 @@
+import QtQuick
+
+// A page of sections and rows.
+PullList {
+    id: listPage
+    model: page.rows
+
+    delegate: Item {
+        id: line
+        required property var entry
+        required property int index
+
+        readonly property real side: Look.sideMargin(width)
+
+        width: ListView.view ? ListView.view.width : 0
+        height: content.item ? content.item.implicitHeight : 0
+
+        Loader {
+            id: content
+            x: line.side
+            width: line.width - 2 * line.side
+            height: item ? item.implicitHeight : 0
+            sourceComponent: line.entry.entry === "row" ? rowComponent : textComponent
+        }
+        Component {
+            id: rowComponent
+            SettingsRow { page: listPage.page; entry: line.entry }
+        }
+        Component {
+            id: textComponent
+            SectionText {
+                text: line.entry.text
+                isHeader: line.entry.entry === "header"
+                isFirst: line.index === 0
+            }
+        }
+    }
+}

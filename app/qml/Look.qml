@@ -1,0 +1,45 @@
+pragma Singleton
+import QtQuick
+
+// Every colour, size and duration of the window. Sizes are in points and grow with the text.
+QtObject {
+    property bool dark: false
+    property real textScale: 1
+
+    readonly property string family: "Inter"
+    readonly property int body: Math.round(17 * textScale)
+    readonly property int small: Math.round(13 * textScale)
+
+    readonly property color ground: dark ? "#000000" : "#f2f2f7"
+    readonly property color card: dark ? "#1c1c1e" : "#ffffff"
+    readonly property color pressed: dark ? "#2c2c2e" : "#d9d9de"
+    readonly property color bar: dark ? "#161618" : "#f9f9f9"
+    readonly property color label: dark ? "#ffffff" : "#000000"
+    readonly property color secondary: dark ? "#8e8e93" : "#6d6d72"
+    readonly property color value: dark ? "#98989f" : "#8a8a8e"
+    readonly property color placeholder: dark ? "#5f5f63" : "#bcbcc0"
+    readonly property color separator: dark ? "#38383a" : "#c6c6c8"
+    readonly property color chevron: dark ? "#5a5a5e" : "#c4c4c7"
+    readonly property color tint: dark ? "#0a84ff" : "#007aff"
+    readonly property color destructive: dark ? "#ff453a" : "#ff3b30"
+    readonly property color on: dark ? "#30d158" : "#34c759"
+    readonly property color off: dark ? "#39393d" : "#e9e9ea"
+    readonly property color sheet: dark ? "#2c2c2e" : "#f4f4f4"
+    readonly property color field: dark ? "#1c1c1e" : "#ffffff"
+    readonly property color search: dark ? "#1c1c1e" : "#e3e3e8"
+    readonly property color scrim: "#66000000"
+    readonly property color focus: dark ? "#800a84ff" : "#80007aff"
+
+    readonly property int rowHeight: Math.max(44, Math.round(44 * textScale))
+    readonly property int barHeight: Math.max(52, Math.round(52 * textScale))
+    readonly property int margin: 16
+    readonly property int inset: 16
+    readonly property int corner: 10
+    readonly property int icon: 29
+    readonly property int widest: 720
+
+    // The margin that keeps a column readable on a wide window.
+    function sideMargin(width) {
+        return Math.max(margin, Math.round((width - widest) / 2));
+    }
+}

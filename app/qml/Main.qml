@@ -1,0 +1,69 @@
+import QtQuick
+import QtQuick.Window
+
+Window {
+    id: window
+    title: "Settings"
+    width: 390
+    height: 844
+    minimumWidth: 280
+    minimumHeight: 360
+    color: Look.ground
+
+    Component.onCompleted: {
+        Look.dark = Qt.binding(() => appearance.dark);
+        Look.textScale = Qt.binding(() => appearance.textScale);
+    }
+    onClosing: settings.close()
+
+    Item {
+        id: root
+        anchors.fill: parent
+        LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
+        LayoutMirroring.childrenInherit: true
+
+        FocusScope {
+            id: pages
+            anchors.fill: parent
+            focus: true
+            enabled: settings.alert === null && settings.composer === null && settings.keypad === null
+            Keys.onEscapePressed: settings.goBack()
+            Keys.onBackPressed: settings.goBack()
+            PageStack {
+                id: stack
+                anchors.fill: parent
+            }
+        }
+        Loader {
+            anchors.fill: parent
+            active: settings.composer !== null
+            focus: active
+            sourceComponent: ComposerSheet { composer: settings.composer }
+        }
+        Loader {
+            anchors.fill: parent
+            active: settings.alert !== null
+            focus: active
+            sourceComponent: AlertSheet { alert: settings.alert }
+        }
+        NoticeBar { text: settings.notice }
+    }
+    Loader {
+        anchors.fill: parent
+        active: settings.keypad !== null
+        focus: active
+        sourceComponent: KeypadSheet { keypad: settings.keypad; backdrop: root }
+    }
+    Shortcut {
+        sequences: [StandardKey.Find]
+        onActivated: {
+            const top = stack.topView();
+            if (top && top.content && top.content.search)
+                top.content.search();
+        }
+    }
+    Shortcut {
+        sequences: [StandardKey.Back]
+        onActivated: settings.goBack()
+    }
+}

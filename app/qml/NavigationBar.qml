@@ -1,0 +1,100 @@
+import QtQuick
+
+// The bar over a page: the way back, the title, the page's button.
+Rectangle {
+    id: bar
+    required property var page
+
+    height: Look.barHeight
+    color: Look.bar
+
+    readonly property real side: Math.max(back.visible ? back.width : 0, add.visible ? add.width : 0) + 12
+
+    Item {
+        id: back
+        objectName: "back"
+        visible: bar.page.backTitle !== ""
+        height: parent.height
+        width: Math.min(backLabel.implicitWidth + 34, bar.width * 0.35)
+        anchors.left: parent.left
+        activeFocusOnTab: true
+        Accessible.role: Accessible.Button
+        Accessible.name: qsTr("Back to %1").arg(bar.page.backTitle)
+        Accessible.focusable: true
+        Accessible.onPressAction: settings.goBack()
+        Keys.onSpacePressed: settings.goBack()
+        Keys.onReturnPressed: settings.goBack()
+        opacity: backTap.pressed ? 0.4 : 1
+
+        Chevron {
+            id: arrow
+            back: true
+            color: Look.tint
+            thickness: 2.5
+            width: 12
+            height: 20
+            anchors.left: parent.left
+            anchors.leftMargin: 10
+            anchors.verticalCenter: parent.verticalCenter
+        }
+        Label {
+            id: backLabel
+            anchors.left: arrow.right
+            anchors.leftMargin: 6
+            anchors.right: parent.right
+            anchors.verticalCenter: parent.verticalCenter
+            text: bar.page.backTitle
+            color: Look.tint
+            Accessible.ignored: true
+        }
+        FocusRing {}
+        TapHandler {
+            id: backTap
+            gesturePolicy: TapHandler.ReleaseWithinBounds
+            onTapped: settings.goBack()
+        }
+    }
+
+    Label {
+        objectName: "title"
+        anchors.verticalCenter: parent.verticalCenter
+        anchors.horizontalCenter: parent.horizontalCenter
+        width: Math.min(implicitWidth, bar.width - 2 * bar.side)
+        text: bar.page.title
+        font.weight: Font.DemiBold
+        Accessible.role: Accessible.Heading
+        Accessible.name: text
+    }
+
+    Item {
+        id: add
+        objectName: "add"
+        visible: bar.page.hasAddButton
+        height: parent.height
+        width: 52
+        anchors.right: parent.right
+        activeFocusOnTab: true
+        Accessible.role: Accessible.Button
+        Accessible.name: qsTr("Add")
+        Accessible.focusable: true
+        Accessible.onPressAction: settings.tapBarButton()
+        Keys.onSpacePressed: settings.tapBarButton()
+        Keys.onReturnPressed: settings.tapBarButton()
+        opacity: addTap.pressed ? 0.4 : 1
+
+        Rectangle { anchors.centerIn: parent; width: 20; height: 2; radius: 1; color: Look.tint }
+        Rectangle { anchors.centerIn: parent; width: 2; height: 20; radius: 1; color: Look.tint }
+        FocusRing {}
+        TapHandler {
+            id: addTap
+            gesturePolicy: TapHandler.ReleaseWithinBounds
+            onTapped: settings.tapBarButton()
+        }
+    }
+
+    Hairline {
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.bottom: parent.bottom
+    }
+}

@@ -1,0 +1,45 @@
+import QtQuick
+
+// A sentence of the application itself, to be read and dismissed.
+Rectangle {
+    id: notice
+    property string text
+
+    objectName: "notice"
+    visible: text !== ""
+    width: Math.min(parent.width - 2 * Look.margin, 520)
+    height: Math.max(words.implicitHeight + 28, 60)
+    anchors.horizontalCenter: parent.horizontalCenter
+    anchors.bottom: parent.bottom
+    anchors.bottomMargin: 24
+    radius: 14
+    color: Look.dark ? "#3a3a3c" : "#3a3a3c"
+    Accessible.role: Accessible.AlertMessage
+    Accessible.name: text
+
+    Label {
+        id: words
+        anchors.left: parent.left
+        anchors.leftMargin: 16
+        anchors.right: ok.left
+        anchors.rightMargin: 12
+        anchors.verticalCenter: parent.verticalCenter
+        text: notice.text
+        color: "white"
+        font.pixelSize: Math.round(15 * Look.textScale)
+        wrapMode: Text.Wrap
+        elide: Text.ElideNone
+        Accessible.ignored: true
+    }
+    PlainButton {
+        id: ok
+        objectName: "notice:ok"
+        anchors.right: parent.right
+        anchors.rightMargin: 16
+        anchors.verticalCenter: parent.verticalCenter
+        text: qsTr("OK")
+        color: "#6cb6ff"
+        strong: true
+        onPressed: settings.dismissNotice()
+    }
+}

@@ -1,0 +1,37 @@
+import QtQuick
+
+// One page: its bar and what it shows.
+FocusScope {
+    id: view
+    required property var page
+
+    readonly property alias content: content.item
+
+    Rectangle {
+        anchors.fill: parent
+        color: Look.ground
+    }
+    Loader {
+        id: content
+        anchors.top: bar.bottom
+        anchors.bottom: parent.bottom
+        anchors.left: parent.left
+        anchors.right: parent.right
+        focus: true
+        Component.onCompleted: show()
+        function show() {
+            const files = { list: "ListPage.qml", table: "TablePage.qml", text: "TextPage.qml", web: "WebPage.qml" };
+            if (files[view.page.kind])
+                setSource(files[view.page.kind], { page: view.page });
+            else
+                source = "";
+        }
+        readonly property string kind: view.page.kind
+        onKindChanged: show()
+    }
+    NavigationBar {
+        id: bar
+        width: parent.width
+        page: view.page
+    }
+}

@@ -1,0 +1,42 @@
+import QtQuick
+
+// A text that can be pressed.
+Item {
+    id: button
+    property string text
+    property color color: Look.tint
+    property bool strong: false
+    property int size: Look.body
+    signal pressed()
+
+    implicitWidth: label.implicitWidth
+    implicitHeight: Math.max(label.implicitHeight, 44)
+    activeFocusOnTab: enabled
+
+    Accessible.role: Accessible.Button
+    Accessible.name: text
+    Accessible.focusable: true
+    Accessible.onPressAction: if (enabled) pressed()
+    Keys.onSpacePressed: pressed()
+    Keys.onReturnPressed: pressed()
+    Keys.onEnterPressed: pressed()
+
+    Label {
+        id: label
+        anchors.fill: parent
+        text: button.text
+        color: button.enabled ? button.color : Look.placeholder
+        opacity: tap.pressed ? 0.4 : 1
+        font.weight: button.strong ? Font.DemiBold : Font.Normal
+        font.pixelSize: button.size
+        horizontalAlignment: Text.AlignHCenter
+        verticalAlignment: Text.AlignVCenter
+        Accessible.ignored: true
+    }
+    FocusRing {}
+    TapHandler {
+        id: tap
+        gesturePolicy: TapHandler.ReleaseWithinBounds
+        onTapped: button.pressed()
+    }
+}

@@ -1,0 +1,48 @@
+import QtQuick
+
+// The text field of a row. What is typed is handed on at once and stored when the editing ends.
+TextInput {
+    id: field
+    required property var page
+    required property var entry
+    readonly property bool secure: entry.kind === "secureEditText"
+
+    color: enabled ? Look.label : Look.placeholder
+    selectionColor: Look.tint
+    selectedTextColor: "white"
+    font.family: Look.family
+    font.pixelSize: Look.body
+    verticalAlignment: TextInput.AlignVCenter
+    clip: true
+    selectByMouse: true
+    activeFocusOnTab: true
+    echoMode: secure ? TextInput.Password : TextInput.Normal
+    inputMethodHints: entry.numberPad ? Qt.ImhDigitsOnly : Qt.ImhNone
+    Accessible.role: Accessible.EditableText
+    Accessible.name: entry.label !== "" ? entry.label : entry.placeholder
+    Accessible.passwordEdit: secure
+
+    Component.onCompleted: text = entry.value
+    onEntryChanged: if (!activeFocus && text !== entry.value) text = entry.value
+    onActiveFocusChanged: {
+        if (activeFocus) {
+            page.beginEditing(entry.section, entry.row);
+            if (secure)
+                text = "";
+        } else {
+            page.endEditing();
+            text = entry.value;
+        }
+    }
+    onTextEdited: page.typeText(text)
+    onAccepted: focus = false
+
+    Label {
+        anchors.fill: parent
+        verticalAlignment: Text.AlignVCenter
+        visible: field.text === "" && field.preeditText === ""
+        text: field.entry.placeholder
+        color: Look.placeholder
+        Accessible.ignored: true
+    }
+}

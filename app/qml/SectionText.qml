@@ -1,0 +1,30 @@
+import QtQuick
+
+// A section's header or footer; an empty header is the gap between two cards.
+Item {
+    id: line
+    property string text
+    property bool isHeader: false
+    property bool isFirst: false
+
+    readonly property int above: isHeader ? (isFirst ? 20 : 24) : 7
+    readonly property int below: isHeader ? 7 : 0
+
+    implicitHeight: text === "" ? (isHeader ? (isFirst ? 20 : 28) : 0) : above + words.implicitHeight + below
+
+    Label {
+        id: words
+        visible: line.text !== ""
+        x: Look.inset
+        y: line.above
+        width: line.width - 2 * Look.inset
+        text: line.isHeader ? line.text.toUpperCase() : line.text
+        color: Look.secondary
+        font.pixelSize: Look.small
+        wrapMode: Text.Wrap
+        elide: Text.ElideNone
+        lineHeight: 1.15
+        Accessible.role: line.isHeader ? Accessible.Heading : Accessible.StaticText
+        Accessible.name: line.text
+    }
+}

@@ -1,0 +1,127 @@
+import QtQuick
+
+// One row of a list page, of any kind.
+Item {
+    id: row
+    required property var page
+    required property var entry
+
+    readonly property string kind: entry.kind
+    readonly property bool isField: kind === "editText" || kind === "secureEditText"
+    readonly property bool selects: kind === "link" || kind === "linkList" || kind === "button"
+                                    || kind === "staticText"
+    readonly property bool leadsOn: kind === "link" || kind === "linkList"
+
+    objectName: "row:" + (entry.label !== "" ? entry.label : entry.placeholder)
+    implicitHeight: Look.rowHeight
+    enabled: entry.enabled
+    activeFocusOnTab: selects && kind !== "staticText"
+
+    Accessible.role: leadsOn ? Accessible.Link : kind === "button" ? Accessible.Button : Accessible.ListItem
+    Accessible.name: entry.label
+    Accessible.description: entry.value
+    Accessible.focusable: activeFocusOnTab
+    Accessible.ignored: !selects
+    Accessible.checkable: entry.marked
+    Accessible.checked: entry.marked
+    Accessible.onPressAction: if (selects) tap()
+    Keys.onSpacePressed: if (selects) tap()
+    Keys.onReturnPressed: if (selects) tap()
+    Keys.onEnterPressed: if (selects) tap()
+
+    function tap() {
+        page.tapRow(entry.section, entry.row);
+    }
+
+    Card {
+        anchors.fill: parent
+        first: row.entry.first
+        last: row.entry.last
+        color: row.selects && press.pressed ? Look.pressed : Look.card
+        separatorInset: label.visible ? label.x : Look.inset
+    }
+    RowIcon {
+        id: icon
+        source: row.entry.icon
+        anchors.left: parent.left
+        anchors.leftMargin: Look.inset
+        anchors.verticalCenter: parent.verticalCenter
+    }
+    Label {
+        id: label
+        visible: row.entry.label !== ""
+        anchors.left: parent.left
+        anchors.leftMargin: icon.visible ? Look.inset + Look.icon + 15 : Look.inset
+        anchors.verticalCenter: parent.verticalCenter
+        width: Math.min(implicitWidth, row.width - anchors.leftMargin - rightSide.width - Look.inset - 12)
+        text: row.entry.label
+        color: !row.entry.enabled ? Look.placeholder : row.kind === "button" ? Look.tint : Look.label
+        Accessible.ignored: true
+    }
+
+    Row {
+        id: rightSide
+        anchors.right: parent.right
+        anchors.rightMargin: Look.inset
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: 8
+
+        Label {
+            visible: row.leadsOn && row.entry.value !== ""
+            text: row.entry.value
+            color: Look.value
+            width: Math.min(implicitWidth, row.width * 0.5)
+            anchors.verticalCenter: parent.verticalCenter
+            Accessible.ignored: true
+        }
+        Chevron {
+            visible: row.leadsOn
+            anchors.verticalCenter: parent.verticalCenter
+        }
+        CheckMark {
+            visible: row.entry.marked
+            anchors.verticalCenter: parent.verticalCenter
+        }
+        Loader {
+            active: row.kind === "switch"
+            visible: active
+            sourceComponent: Toggle {
+                objectName: "switch:" + row.entry.label
+                label: row.entry.label
+                on: row.entry.on
+                onAsked: (on) => row.page.setSwitch(row.entry.section, row.entry.row, on)
+            }
+        }
+    }
+
+    Loader {
+        active: row.kind === "slider"
+        anchors.left: label.visible ? label.right : parent.left
+        anchors.leftMargin: label.visible ? 12 : Look.inset
+        anchors.right: parent.right
+        anchors.rightMargin: Look.inset
+        anchors.verticalCenter: parent.verticalCenter
+        sourceComponent: SliderRow { entry: row.entry; page: row.page }
+    }
+    Loader {
+        active: row.isField
+        anchors.left: label.visible ? label.right : parent.left
+        anchors.leftMargin: label.visible ? 16 : Look.inset
+        anchors.right: parent.right
+        anchors.rightMargin: Look.inset
+        anchors.top: parent.top
+        anchors.bottom: parent.bottom
+        sourceComponent: RowField {
+            objectName: "field:" + (row.entry.label !== "" ? row.entry.label : row.entry.placeholder)
+            entry: row.entry
+            page: row.page
+        }
+    }
+    FocusRing { visible: row.activeFocus }
+    TapHandler {
+        id: press
+        enabled: row.selects
+        gesturePolicy: TapHandler.ReleaseWithinBounds
+        onTapped: row.tap()
+    }
+}

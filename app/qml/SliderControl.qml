@@ -1,0 +1,74 @@
+import QtQuick
+
+// A slider between 0 and 1. It stores when it is let go of.
+Item {
+    id: slider
+    property real position: 0
+    property string label
+    signal movedTo(real position)
+
+    readonly property real shown: drag.active ? held : position
+    property real held: 0
+    readonly property real track: width - 28
+
+    implicitHeight: 31
+    activeFocusOnTab: true
+    Accessible.role: Accessible.Slider
+    Accessible.name: label
+    Accessible.focusable: true
+    Accessible.onIncreaseAction: step(0.1)
+    Accessible.onDecreaseAction: step(-0.1)
+    Keys.onLeftPressed: step(LayoutMirroring.enabled ? 0.05 : -0.05)
+    Keys.onRightPressed: step(LayoutMirroring.enabled ? -0.05 : 0.05)
+
+    function step(by) {
+        movedTo(Math.max(0, Math.min(1, position + by)));
+    }
+    function at(x) {
+        const along = Math.max(0, Math.min(1, (x - 14) / track));
+        return LayoutMirroring.enabled ? 1 - along : along;
+    }
+
+    Rectangle {
+        anchors.verticalCenter: parent.verticalCenter
+        x: 14
+        width: slider.track
+        height: 4
+        radius: 2
+        color: Look.off
+        Rectangle {
+            anchors.left: parent.left
+            width: parent.width * slider.shown
+            height: parent.height
+            radius: 2
+            color: Look.tint
+        }
+    }
+    Rectangle {
+        width: 28
+        height: 28
+        radius: 14
+        anchors.verticalCenter: parent.verticalCenter
+        x: slider.track * (slider.LayoutMirroring.enabled ? 1 - slider.shown : slider.shown)
+        color: "white"
+        border.color: "#24000000"
+    }
+    FocusRing {}
+    DragHandler {
+        id: drag
+        target: null
+        yAxis.enabled: false
+        dragThreshold: 2
+        onCentroidChanged: if (active) slider.held = slider.at(centroid.position.x)
+        onActiveChanged: {
+            if (active)
+                slider.held = slider.position;
+            else
+                slider.movedTo(slider.held);
+        }
+    }
+    TapHandler {
+        gesturePolicy: TapHandler.ReleaseWithinBounds
+        onTapped: (eventPoint) => slider.movedTo(slider.at(eventPoint.position.x))
+    }
+}

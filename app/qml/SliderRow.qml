@@ -1,0 +1,32 @@
+import QtQuick
+
+// The slider of a row, with its number where the row shows it.
+Item {
+    id: sliderRow
+    required property var page
+    required property var entry
+
+    implicitHeight: slider.implicitHeight
+
+    SliderControl {
+        id: slider
+        objectName: "slider:" + sliderRow.entry.label
+        label: sliderRow.entry.label
+        position: sliderRow.entry.position
+        anchors.left: parent.left
+        anchors.right: number.visible ? number.left : parent.right
+        anchors.rightMargin: number.visible ? 10 : 0
+        onMovedTo: (position) => sliderRow.page.moveSlider(
+            sliderRow.entry.section, sliderRow.entry.row,
+            sliderRow.entry.min + position * (sliderRow.entry.max - sliderRow.entry.min))
+    }
+    Label {
+        id: number
+        visible: sliderRow.entry.showsValue
+        anchors.right: parent.right
+        anchors.verticalCenter: parent.verticalCenter
+        text: (sliderRow.entry.min + slider.shown * (sliderRow.entry.max - sliderRow.entry.min)).toFixed(2)
+        color: Look.value
+        Accessible.ignored: true
+    }
+}

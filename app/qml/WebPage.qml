@@ -1,0 +1,46 @@
+import QtQuick
+
+// A page of the web. The engine is loaded only now; where there is none the page says so.
+Rectangle {
+    id: webPage
+    required property var page
+    readonly property var web: page.web
+
+    color: "white"
+
+    Loader {
+        anchors.fill: parent
+        active: webPage.web !== null && webPage.web.missing === ""
+        source: "WebEnginePage.qml"
+        onStatusChanged: if (status === Loader.Error) webPage.web.engineMissing()
+        onLoaded: item.web = Qt.binding(() => webPage.web)
+    }
+    Column {
+        visible: webPage.web !== null && webPage.web.missing !== ""
+        anchors.centerIn: parent
+        width: Math.min(parent.width - 2 * Look.margin, 400)
+        spacing: 8
+        Label {
+            objectName: "web:missing"
+            width: parent.width
+            text: webPage.web ? webPage.web.missing : ""
+            color: "#6d6d72"
+            wrapMode: Text.Wrap
+            elide: Text.ElideNone
+            horizontalAlignment: Text.AlignHCenter
+        }
+        PlainButton {
+            objectName: "web:browser"
+            width: parent.width
+            text: qsTr("Open in Browser")
+            color: "#007aff"
+            onPressed: webPage.web.openInBrowser()
+        }
+    }
+    Spinner {
+        objectName: "spinner"
+        anchors.centerIn: parent
+        running: webPage.web !== null && webPage.web.loading
+        color: webPage.web && webPage.web.spinnerIsBlack ? "black" : "white"
+    }
+}
