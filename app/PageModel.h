@@ -3,6 +3,7 @@
 #include "app/RowsModel.h"
 #include "app/TableModel.h"
 #include "app/WebModel.h"
+#include "platform/ui/UITextView.h"
 #include "shell/Page.h"
 #include "shell/SettingsApplication.h"
 
