@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/foundation/Export.h"
+
 #include <optional>
 #include <string>
 #include <string_view>
@@ -11,6 +13,6 @@ namespace platform {
 std::optional<std::string> bytesFromBase64(std::string_view text);
 
 /// Appends the padded base64 of the bytes.
-void appendBase64(std::string& text, std::string_view bytes);
+WARDLOCK_API void appendBase64(std::string& text, std::string_view bytes);
 
 } // namespace platform

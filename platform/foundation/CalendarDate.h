@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/foundation/Export.h"
+
 #include <optional>
 #include <string>
 #include <string_view>
@@ -12,6 +14,6 @@ std::optional<double> secondsFromDateText(std::string_view text);
 
 /// Appends the whole second in that form. What lies beyond the calendar's years is written as its first or
 /// last second.
-void appendDateText(std::string& text, double secondsSince2001);
+WARDLOCK_API void appendDateText(std::string& text, double secondsSince2001);
 
 } // namespace platform

@@ -23,7 +23,12 @@ bool writeToFileAtomically(const Dictionary& dictionary, std::string_view device
 
 Update updateFile(std::string_view devicePath, const std::function<bool(MutableDictionary&)>& change,
                   Sync sync) {
-    DocumentFile file = fileOnDevice(devicePath);
+    return updateFileOfMachine(pathOnDevice(devicePath), change, sync);
+}
+
+Update updateFileOfMachine(const std::string& path, const std::function<bool(MutableDictionary&)>& change,
+                           Sync sync) {
+    DocumentFile file(FileSystem::current(), path);
     MutableDictionary entries;
     if (file.dictionary())
         entries = MutableDictionary(*file.dictionary());

@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace platform {
@@ -34,5 +35,10 @@ struct Update {
 /// then.
 WARDLOCK_API Update updateFile(std::string_view devicePath,
                                const std::function<bool(MutableDictionary&)>& change, Sync sync = Sync::Full);
+
+/// The same for a file at a path of this machine.
+WARDLOCK_API Update updateFileOfMachine(const std::string& path,
+                                        const std::function<bool(MutableDictionary&)>& change,
+                                        Sync sync = Sync::Full);
 
 } // namespace platform
