@@ -1,0 +1,22 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace wardlock::cli {
+
+/// The command's exit codes; scripts rely on them.
+enum class ExitCode { Done = 0, Failed = 1, WrongUsage = 2, NotAPropertyList = 3 };
+
+/// Ends a verb: the message goes to standard error as one line, the code becomes the process's.
+class CommandError : public std::runtime_error {
+public:
+    CommandError(ExitCode code, const std::string& message) : std::runtime_error(message), code_(code) {}
+
+    ExitCode code() const { return code_; }
+
+private:
+    ExitCode code_;
+};
+
+} // namespace wardlock::cli

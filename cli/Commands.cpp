@@ -1,0 +1,14 @@
+#include "cli/Commands.h"
+
+#include <array>
+
+namespace wardlock::cli {
+
+std::span<const Verb* const> verbs() {
+    static constexpr std::array all{&statusVerb,       &getVerb,       &accountVerb,
+                                    &watchVerb,        &announceVerb,  &plistDumpVerb,
+                                    &plistConvertVerb, &plistLintVerb, &plistSetVerb};
+    return all;
+}
+
+} // namespace wardlock::cli

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "cli/Verb.h"
+
+namespace wardlock::cli {
+
+/// The verbs, each defined in the source of its family.
+extern const Verb statusVerb;
+extern const Verb getVerb;
+extern const Verb accountVerb;
+extern const Verb watchVerb;
+extern const Verb announceVerb;
+extern const Verb plistDumpVerb;
+extern const Verb plistConvertVerb;
+extern const Verb plistLintVerb;
+extern const Verb plistSetVerb;
+
+} // namespace wardlock::cli

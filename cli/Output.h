@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string_view>
+
+namespace wardlock::cli {
+
+/// Standard output of the command. What cannot be written ends the verb with a CommandError instead of being
+/// lost, and a reader that went away is such a failure too, not a signal's death.
+class Output {
+public:
+    /// Once, before anything is opened: keeps the three standard descriptors from being given to a file or a
+    /// bus where the caller closed them.
+    static void prepare();
+
+    /// Adds a line; it reaches the reader with the next flush() at the latest.
+    static void line(std::string_view text);
+    /// Adds text as it is.
+    static void text(std::string_view text);
+    static void flush();
+    /// One line to standard error; failures there have nobody to be told to.
+    static void error(std::string_view text);
+};
+
+} // namespace wardlock::cli

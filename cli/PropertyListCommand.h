@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/foundation/Sync.h"
+#include "platform/foundation/Value.h"
+
+#include <string>
+#include <string_view>
+
+namespace wardlock::cli {
+
+/// Whether nothing stands at the path.
+bool isMissing(const std::string& path);
+
+/// The bytes of a file at a path of this machine. Throws CommandError (Failed) with the reason.
+std::string fileBytes(const std::string& path);
+
+/// The property list in the file. Throws CommandError: Failed when it cannot be read, NotAPropertyList.
+platform::Value propertyListInFile(const std::string& path);
+
+/// Replaces the file by the value's XML form in one step. Throws CommandError (Failed) unless it is stored.
+void storePropertyList(const platform::Value& value, const std::string& path, platform::Sync sync);
+
+/// A value given in words: TYPE bool, int, real or string. Throws CommandError (WrongUsage) for an unknown
+/// type, for a text that is no such value, and for an integer outside -2^63...2^64-1.
+platform::Value valueFromText(std::string_view type, std::string_view text);
+
+/// Throws CommandError (WrongUsage) when the text is no UTF-8: no property list could hold it.
+void requireText(std::string_view text);
+
+} // namespace wardlock::cli
