@@ -1,0 +1,122 @@
+#include "bench/Listener.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <poll.h>
+#include <signal.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <time.h>
+#include <unistd.h>
+
+namespace wardlock::bench {
+
+namespace {
+
+constexpr const char* pipeVariable = "WARDLOCK_BENCH_ANSWERS";
+constexpr std::uint64_t readyValue = UINT64_MAX;
+constexpr int startMilliseconds = 10'000;
+constexpr int answerMilliseconds = 2'000;
+constexpr int warmUps = 20;
+constexpr int toleratedLosses = 5;
+
+int eventCount() {
+    const char* events = std::getenv("BENCH_EVENTS");
+    return events ? std::atoi(events) : 1000;
+}
+
+/// Lets both processes come to rest, so that one event's end is not part of the next.
+void pauseBetweenEvents() {
+    constexpr timespec millisecond{0, 1'000'000};
+    nanosleep(&millisecond, nullptr);
+}
+
+} // namespace
+
+Listener::Listener(const std::vector<std::string>& arguments) {
+    int ends[2];
+    if (pipe(ends) != 0)
+        std::exit(1);
+    std::vector<char*> words;
+    char self[] = "/proc/self/exe";
+    words.push_back(self);
+    for (const std::string& argument : arguments)
+        words.push_back(const_cast<char*>(argument.c_str()));
+    words.push_back(nullptr);
+    setenv(pipeVariable, std::to_string(ends[1]).c_str(), 1);
+    process_ = fork();
+    if (process_ == 0) {
+        prctl(PR_SET_PDEATHSIG, SIGTERM);
+        close(ends[0]);
+        execv(self, words.data());
+        _exit(127);
+    }
+    close(ends[1]);
+    answers_ = ends[0];
+    Answer answer;
+    if (!receive(answer, startMilliseconds) || answer.value != readyValue) {
+        std::fputs("the listener did not start\n", stderr);
+        kill(process_, SIGTERM);
+        std::exit(1);
+    }
+}
+
+Listener::~Listener() {
+    kill(process_, SIGTERM);
+    waitpid(process_, nullptr, 0);
+    close(answers_);
+}
+
+void Listener::measure(const Row& row, const std::function<void(bool)>& change) {
+    Samples samples;
+    int lost = 0;
+    for (int i = -warmUps; i < eventCount() && lost < toleratedLosses; ++i) {
+        const bool value = i & 1;
+        pauseBetweenEvents();
+        const std::uint64_t start = wallNanoseconds();
+        change(value);
+        const std::uint64_t seen = timeOf(value);
+        if (seen == 0)
+            ++lost;
+        else if (i >= 0)
+            samples.wall.push_back(static_cast<double>(seen - start));
+    }
+    if (lost || stale_)
+        std::fprintf(stderr, "%s %s: %d lost, %d stale callbacks\n", row.operation.c_str(), row.name.c_str(),
+                     lost, stale_);
+    if (lost < toleratedLosses)
+        report(row, "ns", std::move(samples));
+}
+
+std::uint64_t Listener::timeOf(bool value) const {
+    Answer answer;
+    while (receive(answer, answerMilliseconds)) {
+        if (answer.value == static_cast<std::uint64_t>(value))
+            return answer.time;
+        ++stale_;
+    }
+    return 0;
+}
+
+bool Listener::receive(Answer& answer, int milliseconds) const {
+    pollfd wait{answers_, POLLIN, 0};
+    return poll(&wait, 1, milliseconds) == 1 &&
+           read(answers_, &answer, sizeof answer) == static_cast<ssize_t>(sizeof answer);
+}
+
+void Listener::tell(std::uint64_t value) {
+    static const int descriptor = std::atoi(std::getenv(pipeVariable));
+    const Answer answer{wallNanoseconds(), value};
+    if (write(descriptor, &answer, sizeof answer) != static_cast<ssize_t>(sizeof answer))
+        _exit(0);
+}
+
+void Listener::ready() {
+    tell(readyValue);
+}
+
+void Listener::saw(bool value) {
+    tell(value);
+}
+
+} // namespace wardlock::bench

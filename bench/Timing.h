@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <vector>
+
+namespace wardlock::bench {
+
+/// What a line of results says it measured.
+struct Row {
+    std::string operation;
+    /// "project", "peer" or "floor".
+    std::string kind;
+    std::string name;
+};
+
+/// Exit code of a program that does not offer the operation asked for.
+inline constexpr int notOffered = 3;
+
+std::uint64_t wallNanoseconds();
+
+/// Times of single operations in nanoseconds; `processor` may be empty.
+struct Samples {
+    std::vector<double> wall;
+    std::vector<double> processor;
+};
+
+/// One tab-separated line on standard output: operation, case ($BENCH_CASE), kind, name, unit, median of the
+/// wall and of the processor time, shortest wall time, its 99th percentile, number of samples.
+void report(const Row& row, std::string_view unit, Samples samples);
+
+/// Calls `operation` for about $BENCH_SECONDS (0.5) and reports; one call counts as `per` operations.
+void measure(const Row& row, const std::function<void()>& operation, double per = 1);
+
+/// Reports this process's peak resident memory.
+void reportPeakMemory(const Row& row);
+
+/// Keeps the compiler from dropping the computation of a number or address that nothing else uses.
+template <class T>
+requires std::is_scalar_v<T>
+inline void keep(T value) {
+    asm volatile("" : : "g"(value) : "memory");
+}
+
+} // namespace wardlock::bench
