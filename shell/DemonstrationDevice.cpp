@@ -1,0 +1,58 @@
+#include "shell/DemonstrationDevice.h"
+
+#include "platform/foundation/DeviceRoot.h"
+#include "platform/services/SystemMailService.h"
+#include "shell/DemonstrationApplications.h"
+#include "shell/DemonstrationIcon.h"
+#include "shell/DemonstrationInfo.h"
+
+#include <filesystem>
+#include <fstream>
+#include <system_error>
+
+namespace wardlock::shell {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::string_view IconFile = "Icon.svg";
+
+bool writeFile(const fs::path& path, const std::string& bytes) {
+    std::ofstream file(path, std::ios::binary | std::ios::trunc);
+    file << bytes;
+    return file.flush().good();
+}
+
+/// The list comes last: it is what makes the folder an application.
+bool install(const DemonstrationApplication& application, const fs::path& folder) {
+    const fs::path info = folder / "Info.plist";
+    std::error_code error;
+    if (fs::exists(fs::symlink_status(info, error)))
+        return true;
+    fs::create_directories(folder, error);
+    return writeFile(folder / IconFile, demonstrationIcon(application)) &&
+           writeFile(info, demonstrationInfo(application, IconFile));
+}
+
+} // namespace
+
+std::vector<std::string> furnishDemonstration() {
+    std::vector<std::string> problems;
+    const fs::path applications = platform::pathOnDevice("/Applications");
+    for (const DemonstrationApplication& application : demonstrationApplications()) {
+        const fs::path folder = applications / (std::string(application.folder) + ".app");
+        if (!install(application, folder))
+            problems.push_back("The application " + folder.string() + " cannot be made.");
+    }
+    const fs::path outbox = platform::pathOnDevice(platform::mailOutboxPath);
+    std::error_code error;
+    fs::create_directories(outbox, error);
+    if (error)
+        problems.push_back("The folder " + outbox.string() + " cannot be made: " + error.message() + ".");
+    else
+        fs::permissions(outbox, fs::perms::owner_all, error);
+    return problems;
+}
+
+} // namespace wardlock::shell
