@@ -1,0 +1,115 @@
+#include "platform/foundation/MainLoop.h"
+#include "platform/services/TextWebEngine.h"
+#include "platform/ui/UIActivityIndicatorView.h"
+#include "platform/ui/UITextView.h"
+#include "tests/support/HttpServer.h"
+#include "tests/support/SettingsApplicationFixture.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+
+namespace wardlock::test {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr const char* Listing = "/packagesfordev.php?name=kitbay";
+
+/// The information pages of this build's bundle, used as a person does.
+class InformationInSettings : public SettingsApplicationFixture {
+protected:
+    InformationInSettings() {
+        for (const char* proxy : {"http_proxy", "HTTP_PROXY", "all_proxy", "ALL_PROXY"})
+            environment.unset(proxy);
+    }
+    ~InformationInSettings() override { platform::WebEngine::setCurrent(nullptr); }
+
+    void open(std::string_view rowLabel) {
+        start();
+        tap("Wardlock");
+        tap(rowLabel);
+    }
+    void useEngine(int port) {
+        platform::TextWebEngineOptions options;
+        options.connectTo = WARDLOCK_REPOSITORY_HOST ":80:127.0.0.1:" + std::to_string(port);
+        engine = platform::makeTextWebEngine(options);
+        platform::WebEngine::setCurrent(engine.get());
+    }
+    std::shared_ptr<platform::UIWebView> web() { return page().contentView<platform::UIWebView>(); }
+    bool isLoading() { return page().contentView<platform::UIActivityIndicatorView>()->isAnimating(); }
+    bool waitUntil(const std::function<bool()>& done) {
+        const auto deadline = std::chrono::steady_clock::now() + 20s;
+        while (!platform::MainLoop::shared().runUntil(done, 10ms)) {
+            if (std::chrono::steady_clock::now() > deadline)
+                return false;
+        }
+        return true;
+    }
+    bool waitForLoad() {
+        return waitUntil([this] { return isLoading(); }) && waitUntil([this] { return !isLoading(); });
+    }
+
+    HttpServer server;
+    std::shared_ptr<platform::WebEngine> engine;
+};
+
+TEST_F(InformationInSettings, ShowsThisProjectsOwnChangeLog) {
+    open("Change Log");
+    EXPECT_EQ(page().title(), "Change Log");
+    const auto textView = page().contentView<platform::UITextView>();
+    ASSERT_NE(textView, nullptr);
+    std::ifstream file(WARDLOCK_SOURCE_FOLDER "/resources/changelog.txt", std::ios::binary);
+    const std::string text{std::istreambuf_iterator<char>(file), {}};
+    EXPECT_EQ(textView->text(), text);
+    EXPECT_NE(text.find("0.1.0"), std::string::npos);
+    EXPECT_FALSE(textView->isEditable());
+}
+
+TEST_F(InformationInSettings, ShowsTheListingAndFollowsItsLinks) {
+    useEngine(server.port());
+    server.answer(Listing, "<a href='/one'>One</a>");
+    server.answer("/one", "First package");
+    open("More From Tavix");
+    EXPECT_EQ(page().title(), "Other Tweaks");
+    ASSERT_TRUE(waitForLoad());
+    EXPECT_EQ(web()->text(), "One [1]\n");
+    const auto answer = settings().page().followLink(web()->links().at(0).url);
+    ASSERT_TRUE(answer) << answer.why();
+    ASSERT_TRUE(waitForLoad());
+    EXPECT_EQ(web()->text(), "First package\n");
+}
+
+TEST_F(InformationInSettings, SaysNothingWhereTheListingFails) {
+    useEngine(refusingPort());
+    open("More From Tavix");
+    ASSERT_TRUE(waitForLoad());
+    EXPECT_EQ(web()->text(), "");
+    EXPECT_EQ(settings().screen().alert(), nullptr);
+    EXPECT_EQ(settings().screen().notice(), "");
+}
+
+TEST_F(InformationInSettings, GivesTheListingUpWhenItsPageIsLeft) {
+    useEngine(server.port());
+    server.hang(Listing);
+    open("More From Tavix");
+    ASSERT_TRUE(waitUntil([this] { return server.requests().size() == 1; }));
+    ASSERT_TRUE(settings().page().goBack());
+    EXPECT_TRUE(waitUntil([this] { return server.abandoned() == 1; }));
+    EXPECT_EQ(page().title(), "Wardlock");
+}
+
+TEST_F(InformationInSettings, LoadsTheListingAnewOnEachVisit) {
+    useEngine(server.port());
+    server.answer(Listing, "Listing");
+    open("More From Tavix");
+    ASSERT_TRUE(waitForLoad());
+    ASSERT_TRUE(settings().page().goBack());
+    tap("More From Tavix");
+    ASSERT_TRUE(waitForLoad());
+    EXPECT_EQ(server.requests(), (std::vector<std::string>{Listing, Listing}));
+}
+
+} // namespace
+} // namespace wardlock::test
