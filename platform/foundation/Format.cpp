@@ -153,6 +153,27 @@ private:
 
 } // namespace
 
+FormatArgument::FormatArgument(const char* text) {
+    if (text)
+        argument_ = std::string_view(text);
+}
+
+FormatArgument::FormatArgument(const Value* object) {
+    if (object)
+        argument_ = object;
+}
+
+FormatArgument::FormatArgument(const Array& object) : argument_(Value(object)) {}
+
+FormatArgument::FormatArgument(const Dictionary& object) : argument_(Value(object)) {}
+
+FormatArgument::FormatArgument(const std::optional<Dictionary>& object) {
+    if (object)
+        argument_ = Value(*object);
+}
+
+FormatArgument::~FormatArgument() = default;
+
 std::string formatString(std::string_view format, std::initializer_list<FormatArgument> arguments) {
     return Formatter(format, std::span(arguments.begin(), arguments.size())).run();
 }

@@ -10,6 +10,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <variant>
 
 namespace platform {
@@ -18,31 +19,23 @@ namespace platform {
 class WARDLOCK_API FormatArgument {
 public:
     template <std::integral T>
-    FormatArgument(T number) : bytes_(sizeof(T) < sizeof(int) ? sizeof(int) : sizeof(T)) {
-        if constexpr (std::unsigned_integral<T>)
-            argument_ = static_cast<std::uint64_t>(number);
-        else
-            argument_ = static_cast<std::int64_t>(number);
-    }
+    FormatArgument(T number)
+        : argument_(static_cast<std::conditional_t<std::unsigned_integral<T>, std::uint64_t, std::int64_t>>(
+              number)),
+          bytes_(sizeof(T) < sizeof(int) ? sizeof(int) : sizeof(T)) {}
     FormatArgument(double number) : argument_(number) {}
     FormatArgument(std::string_view text) : argument_(text) {}
     FormatArgument(const std::string& text) : argument_(std::string_view(text)) {}
-    FormatArgument(const char* text) {
-        if (text)
-            argument_ = std::string_view(text);
-    }
-    FormatArgument(const Value* object) {
-        if (object)
-            argument_ = object;
-    }
     FormatArgument(const Value& object) : argument_(&object) {}
-    FormatArgument(const Array& object) : argument_(Value(object)) {}
-    FormatArgument(const Dictionary& object) : argument_(Value(object)) {}
-    FormatArgument(const std::optional<Dictionary>& object) {
-        if (object)
-            argument_ = Value(*object);
-    }
     FormatArgument(std::nullptr_t) {}
+    // The rest stands out of line: inlined at each call it costs code, and gcc 12 takes the object for
+    // uninitialised.
+    FormatArgument(const char* text);
+    FormatArgument(const Value* object);
+    FormatArgument(const Array& object);
+    FormatArgument(const Dictionary& object);
+    FormatArgument(const std::optional<Dictionary>& object);
+    ~FormatArgument();
 
     using Argument = std::variant<std::monostate, std::int64_t, std::uint64_t, double, std::string_view,
                                   const Value*, Value>;
