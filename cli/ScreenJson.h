@@ -1,0 +1,22 @@
+#pragma once
+
+#include "cli/Json.h"
+#include "shell/Screen.h"
+
+#include <nlohmann/json.hpp>
+
+#include <cstddef>
+#include <optional>
+
+namespace wardlock::cli {
+
+/// Which rows of a table a script wants to see; a table may have very many.
+struct TableExtent {
+    std::size_t first = 0;
+    std::optional<std::size_t> count;
+};
+
+/// What a person sees now, as docs/automation.md tells it. What is not there is left out.
+Json screenJson(shell::Screen& screen, const TableExtent& extent);
+
+} // namespace wardlock::cli

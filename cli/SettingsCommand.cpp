@@ -1,0 +1,50 @@
+#include "cli/Commands.h"
+#include "cli/Output.h"
+#include "cli/ScriptSettings.h"
+#include "cli/TerminalSettings.h"
+#include "cli/WindowProgram.h"
+#include "shell/Provision.h"
+
+#include <array>
+
+namespace wardlock::cli {
+
+namespace {
+
+constexpr Option scriptOption{"--script", "FILE", "obey JSON commands, one a line; \"-\" reads them from standard input"};
+constexpr Option terminalOption{"--terminal", "", "use the terminal though there is a display"};
+
+ExitCode settings(const Arguments& arguments) {
+    const auto script = arguments.value(scriptOption.name);
+    if (!script && !arguments.has(terminalOption.name))
+        openWindowProgram();
+    const shell::Provision provision;
+    for (const auto& problem : provision.problems())
+        Output::error(problem);
+    return script ? runScriptSettings(*script) : runTerminalSettings();
+}
+
+constexpr std::array settingsOptions{scriptOption, terminalOption};
+
+} // namespace
+
+const Verb settingsVerb{
+    "settings",
+    "",
+    "open Settings: in a window, in the terminal, or for a script",
+    "Opens Settings in a window where there is a display, and in the terminal\n"
+    "otherwise. What the device root lacks is made first: its folders, the link to\n"
+    "the settings bundle, and the default document where there is none.\n"
+    "\n"
+    "In the terminal, a number taps the row, b goes back and ? lists the rest.\n"
+    "\n"
+    "With --script, every line of FILE is a JSON command and is answered by one line\n"
+    "of JSON on standard output; docs/automation.md describes them. Commands that\n"
+    "cannot be carried out are answered by an \"error\" and end nothing.\n",
+    settingsOptions,
+    0,
+    0,
+    settings,
+};
+
+} // namespace wardlock::cli
