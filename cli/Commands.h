@@ -5,6 +5,7 @@
 namespace wardlock::cli {
 
 /// The verbs, each defined in the source of its family.
+extern const Verb settingsVerb;
 extern const Verb statusVerb;
 extern const Verb getVerb;
 extern const Verb accountVerb;

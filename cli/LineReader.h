@@ -1,37 +1,33 @@
 #pragma once
 
-#include <chrono>
 #include <functional>
 #include <optional>
 #include <string>
 
 namespace wardlock::cli {
 
-/// Waits until the main loop's descriptor is readable or the time is over.
-void waitForMainLoop(std::chrono::milliseconds timeout);
-
-/// Lines of a descriptor, read while the main loop goes on.
+/// The lines of a descriptor.
 class LineReader {
 public:
-    /// No line is longer; what is beyond is left out of it, and tooLong() tells so.
+    /// Of a longer line the rest is left out, and tooLong() tells so.
     static constexpr std::size_t longestLine = 1024 * 1024;
 
-    /// `process` lets the main loop do what is due.
-    LineReader(int descriptor, std::function<void()> process)
-        : descriptor_(descriptor), process_(std::move(process)) {}
+    /// `wait` comes back with true when the descriptor is readable, and with false to end the reading.
+    LineReader(int descriptor, std::function<bool(int descriptor)> wait)
+        : descriptor_(descriptor), wait_(std::move(wait)) {}
 
-    /// The next line without its line feed; none at the end. Throws std::system_error when reading fails.
+    /// The next line without its line feed; none at the end. A last line without one counts. Throws
+    /// std::system_error when reading fails.
     std::optional<std::string> next();
-    /// Whether the line just read was longer than longestLine.
     bool tooLong() const { return tooLong_; }
 
 private:
-    /// False at the end of the input.
+    /// False at the end.
     bool readMore();
     std::string take(std::size_t length);
 
     int descriptor_;
-    std::function<void()> process_;
+    std::function<bool(int)> wait_;
     std::string buffer_;
     bool ended_ = false;
     bool tooLong_ = false;

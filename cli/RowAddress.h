@@ -9,9 +9,9 @@
 
 namespace wardlock::cli {
 
-/// A row as a script names it: "row" is its label (its placeholder where it has none, its title in a table) or
-/// its number within "section"; "key" is its key. "section" is a number, or the header of the section to look
-/// in.
+/// A row as a script names it: "row" is its label (its placeholder where it has none, its title in a table)
+/// or its number within "section"; "key" is its key. "section" is a number, or the header of the section to
+/// look in.
 class RowAddress {
 public:
     /// Throws ScriptError when the members name no row.

@@ -142,9 +142,8 @@ Json mailJson(const platform::MFMailComposeViewController& composer) {
     json["body"] = message.body;
     json["attachments"] = Json::array();
     for (const auto& attachment : message.attachments)
-        json["attachments"].push_back({{"name", attachment.fileName},
-                                       {"type", attachment.mimeType},
-                                       {"size", attachment.data.size()}});
+        json["attachments"].push_back(
+            {{"name", attachment.fileName}, {"type", attachment.mimeType}, {"size", attachment.data.size()}});
     if (composer.isSending())
         json["sending"] = true;
     return json;

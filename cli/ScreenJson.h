@@ -3,9 +3,8 @@
 #include "cli/Json.h"
 #include "shell/Screen.h"
 
-#include <nlohmann/json.hpp>
-
 #include <cstddef>
+#include <nlohmann/json.hpp>
 #include <optional>
 
 namespace wardlock::cli {

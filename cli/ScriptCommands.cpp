@@ -1,6 +1,5 @@
 #include "cli/ScriptCommands.h"
 
-#include "cli/LineReader.h"
 #include "cli/RowAddress.h"
 #include "cli/ScreenJson.h"
 #include "cli/ScriptError.h"
@@ -50,8 +49,9 @@ const std::vector<ScriptCommands::Entry>& ScriptCommands::table() {
     return table;
 }
 
-ScriptCommands::ScriptCommands(shell::SettingsApplication& settings, shell::ManualClock& clock)
-    : settings_(settings), clock_(clock), sheets_(settings) {
+ScriptCommands::ScriptCommands(shell::SettingsApplication& settings, shell::ManualClock& clock,
+                               SettingsLoop& loop)
+    : settings_(settings), clock_(clock), loop_(loop), sheets_(settings) {
     settings_.setObserver(this);
 }
 
@@ -191,9 +191,10 @@ void ScriptCommands::posts(const ScriptFields& fields, Json& answer) {
     fields.allowOnly({});
     answer["posts"] = Json::array();
     for (const auto& announcement : std::exchange(announced_, {}))
-        answer["posts"].push_back({{"key", announcement.key},
-                                   {"object", typedJson(announcement.object ? &*announcement.object : nullptr)},
-                                   {"own", announcement.own}});
+        answer["posts"].push_back(
+            {{"key", announcement.key},
+             {"object", typedJson(announcement.object ? &*announcement.object : nullptr)},
+             {"own", announcement.own}});
 }
 
 void ScriptCommands::wait(const ScriptFields& fields, Json&) {
@@ -203,15 +204,9 @@ void ScriptCommands::wait(const ScriptFields& fields, Json&) {
     if (what != "change" && what != "load" && what != "mail")
         throw ScriptError("\"for\" must be \"change\", \"load\" or \"mail\"");
     const double seconds = within(fields.optionalNumber("seconds").value_or(usualWait), longestWait);
-    const auto deadline =
-        std::chrono::steady_clock::now() + std::chrono::milliseconds(std::llround(seconds * 1000));
-    while (!hasHappened(what)) {
-        const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now());
-        if (left.count() <= 0)
-            throw ScriptError("it did not happen in time");
-        waitForMainLoop(left);
-        settings_.process();
-    }
+    const std::chrono::milliseconds patience(std::llround(seconds * 1000));
+    if (!loop_.waitUntil([&] { return hasHappened(what); }, patience))
+        throw ScriptError("it did not happen in time");
 }
 
 bool ScriptCommands::hasHappened(std::string_view what) {

@@ -3,12 +3,12 @@
 #include "cli/Json.h"
 #include "cli/ScriptFields.h"
 #include "cli/ScriptSheets.h"
+#include "cli/SettingsLoop.h"
 #include "shell/ManualClock.h"
 #include "shell/SettingsApplication.h"
 
-#include <nlohmann/json.hpp>
-
 #include <chrono>
+#include <nlohmann/json.hpp>
 #include <vector>
 
 namespace wardlock::cli {
@@ -17,7 +17,7 @@ namespace wardlock::cli {
 /// docs/automation.md for what they are.
 class ScriptCommands : private shell::ScreenObserver {
 public:
-    ScriptCommands(shell::SettingsApplication& settings, shell::ManualClock& clock);
+    ScriptCommands(shell::SettingsApplication& settings, shell::ManualClock& clock, SettingsLoop& loop);
     ~ScriptCommands() override;
 
     /// The answer, an object. Never throws for what the command says.
@@ -59,6 +59,7 @@ private:
 
     shell::SettingsApplication& settings_;
     shell::ManualClock& clock_;
+    SettingsLoop& loop_;
     ScriptSheets sheets_;
     /// Since the last question for them.
     std::vector<shell::Announcement> announced_;

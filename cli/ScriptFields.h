@@ -2,10 +2,9 @@
 
 #include "cli/Json.h"
 
-#include <nlohmann/json.hpp>
-
 #include <cstddef>
 #include <initializer_list>
+#include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
 #include <string_view>

@@ -4,6 +4,7 @@
 #include "cli/LineReader.h"
 #include "cli/Output.h"
 #include "cli/ScriptCommands.h"
+#include "cli/TextWeb.h"
 #include "shell/LastRites.h"
 
 #include <cerrno>
@@ -60,10 +61,12 @@ void flushAnswers() {
 ExitCode runScriptSettings(std::string_view file) {
     const ScriptFile script(file);
     shell::installLastRites(flushAnswers);
+    const TextWeb web;
     shell::ManualClock clock;
     shell::SettingsApplication settings(clock);
-    ScriptCommands commands(settings, clock);
-    LineReader lines(script.descriptor(), [&] { settings.process(); });
+    SettingsLoop loop(settings, nullptr);
+    ScriptCommands commands(settings, clock, loop);
+    LineReader lines(script.descriptor(), [&](int descriptor) { return loop.waitForInput(descriptor); });
     while (!commands.isOver()) {
         const auto line = lines.next();
         if (!line)

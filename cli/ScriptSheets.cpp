@@ -10,8 +10,7 @@ namespace {
 
 std::size_t actionIndex(const platform::UIAlertController& alert, const std::string& title) {
     const auto& actions = alert.actions();
-    const auto found =
-        std::ranges::find(actions, title, [](const auto& action) { return action->title(); });
+    const auto found = std::ranges::find(actions, title, [](const auto& action) { return action->title(); });
     if (found == actions.end())
         throw ScriptError("the alert has no button \"" + title + '"');
     return static_cast<std::size_t>(found - actions.begin());
@@ -20,7 +19,8 @@ std::size_t actionIndex(const platform::UIAlertController& alert, const std::str
 } // namespace
 
 void ScriptSheets::typeIntoAlert(const ScriptFields& fields) {
-    expectDone(settings_.sheets().typeIntoAlert(fields.optionalIndex("field").value_or(0), fields.text("text")));
+    expectDone(
+        settings_.sheets().typeIntoAlert(fields.optionalIndex("field").value_or(0), fields.text("text")));
 }
 
 void ScriptSheets::choose(const ScriptFields& fields) {
@@ -82,7 +82,8 @@ std::size_t ScriptSheets::attachmentIndex(const ScriptFields& fields) const {
     if (!which->is_string())
         return *fields.optionalIndex("remove");
     const auto& attachments = settings_.screen().composer()->message().attachments;
-    const auto found = std::ranges::find(attachments, fields.text("remove"), &platform::MailAttachment::fileName);
+    const auto found =
+        std::ranges::find(attachments, fields.text("remove"), &platform::MailAttachment::fileName);
     if (found == attachments.end())
         throw ScriptError("the mail has no such attachment");
     return static_cast<std::size_t>(found - attachments.begin());

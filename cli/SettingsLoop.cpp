@@ -1,0 +1,60 @@
+#include "cli/SettingsLoop.h"
+
+#include "platform/foundation/MainLoop.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cmath>
+#include <poll.h>
+#include <system_error>
+
+namespace wardlock::cli {
+
+namespace {
+
+constexpr std::chrono::milliseconds forever{3'600'000};
+
+} // namespace
+
+bool SettingsLoop::waitForInput(int descriptor) {
+    while (!stopped_)
+        if (turn(descriptor, forever))
+            return true;
+    return false;
+}
+
+bool SettingsLoop::waitUntil(const std::function<bool()>& done, std::chrono::milliseconds timeout) {
+    const auto deadline = std::chrono::steady_clock::now() + timeout;
+    while (!stopped_) {
+        if (done())
+            return true;
+        const auto left =
+            std::chrono::ceil<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now());
+        if (left.count() <= 0)
+            return false;
+        turn(-1, left);
+    }
+    return false;
+}
+
+bool SettingsLoop::turn(int descriptor, std::chrono::milliseconds longest) {
+    if (const auto seconds = clock_ ? clock_->secondsToNext() : std::nullopt)
+        longest = std::min(longest, std::chrono::milliseconds(std::llround(std::ceil(*seconds * 1000))));
+    std::array<pollfd, 3> waits{pollfd{descriptor, POLLIN, 0},
+                                pollfd{platform::MainLoop::shared().descriptor(), POLLIN, 0},
+                                pollfd{stop_.descriptor(), POLLIN, 0}};
+    const int ready = poll(waits.data(), waits.size(), static_cast<int>(longest.count()));
+    if (ready < 0 && errno != EINTR)
+        throw std::system_error(errno, std::generic_category(), "poll");
+    if (ready > 0 && waits[1].revents != 0)
+        settings_.process();
+    if (clock_)
+        clock_->runDue();
+    stopped_ = ready > 0 && waits[2].revents != 0;
+    if (turn_)
+        turn_();
+    return ready > 0 && waits[0].revents != 0;
+}
+
+} // namespace wardlock::cli

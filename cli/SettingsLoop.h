@@ -1,0 +1,40 @@
+#pragma once
+
+#include "cli/StopSignal.h"
+#include "shell/SettingsApplication.h"
+#include "shell/SteadyClock.h"
+
+#include <chrono>
+#include <functional>
+
+namespace wardlock::cli {
+
+/// The main loop of a face without a window: lets the application and its clock do what is due while it
+/// waits. SIGINT and SIGTERM end the waiting.
+class SettingsLoop {
+public:
+    /// `clock` may be null: then time stands still here.
+    SettingsLoop(shell::SettingsApplication& settings, shell::SteadyClock* clock)
+        : settings_(settings), clock_(clock) {}
+
+    /// Called at every turn, when the application has done what was due, a resized terminal included.
+    void setTurn(std::function<void()> turn) { turn_ = std::move(turn); }
+
+    /// Waits until the descriptor is readable; false when the process is asked to end.
+    bool waitForInput(int descriptor);
+    /// Waits until `done` holds; false when the time is over or the process is asked to end.
+    bool waitUntil(const std::function<bool()>& done, std::chrono::milliseconds timeout);
+    bool isStopped() const { return stopped_; }
+
+private:
+    /// One turn; answers whether the descriptor is readable (-1: none).
+    bool turn(int descriptor, std::chrono::milliseconds longest);
+
+    shell::SettingsApplication& settings_;
+    shell::SteadyClock* clock_;
+    std::function<void()> turn_;
+    StopSignal stop_;
+    bool stopped_ = false;
+};
+
+} // namespace wardlock::cli

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstddef>
+
+namespace wardlock::cli {
+
+/// The terminal behind standard input and output, as far as there is one.
+class Terminal {
+public:
+    static bool readsInput();
+    /// Whether output may be coloured: a terminal that can, and no NO_COLOR.
+    static bool hasColours();
+    /// At least 20, at most 100 columns: longer lines are hard to read.
+    static std::size_t columns();
+    /// At least 10.
+    static std::size_t lines();
+
+    /// From now on a change of the terminal's size wakes the loop; answers whether it has changed since the
+    /// last call.
+    static bool takeResize();
+
+    /// Typed text is not shown while this lives.
+    class Hidden {
+    public:
+        Hidden();
+        ~Hidden();
+        Hidden(const Hidden&) = delete;
+        Hidden& operator=(const Hidden&) = delete;
+    };
+    /// Gives the terminal back as it was; for the end of the process, whatever it came by.
+    static void restore();
+};
+
+} // namespace wardlock::cli

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "cli/SettingsLoop.h"
+#include "cli/TerminalDialog.h"
+#include "cli/TerminalSheets.h"
+#include "cli/TextPage.h"
+#include "shell/SettingsApplication.h"
+
+#include <string>
+#include <vector>
+
+namespace wardlock::cli {
+
+/// One conversation in a terminal: shows what a person sees, topmost first, and asks what to do. Whatever is
+/// over the page - keypad, alert, mail - is asked for before the page.
+class TerminalFace : private shell::ScreenObserver {
+public:
+    TerminalFace(shell::SettingsApplication& settings, SettingsLoop& loop, TextStyle style);
+    ~TerminalFace() override;
+
+    /// Until the input ends or the person quits.
+    void run();
+    /// Shows the page and returns.
+    void showPage();
+
+private:
+    // What changes while nobody is asked is shown at the next question.
+    void listReset(shell::Page&) override { stale_ = true; }
+    void rowChanged(shell::Page&, platform::NSIndexPath) override { stale_ = true; }
+    void contentChanged(shell::Page&) override { stale_ = true; }
+    void noticeChanged() override { stale_ = true; }
+
+    void askPage();
+    void obeyOnPage(const std::string& word);
+    void touchRow(platform::NSIndexPath path);
+    void askText(platform::NSIndexPath path, const shell::Row& row);
+    void askSlider(platform::NSIndexPath path, const shell::Row& row);
+    void turnTable(bool forward);
+    void showHelp();
+    void showNotice();
+    void redrawIfStale();
+
+    shell::SettingsApplication& settings_;
+    SettingsLoop& loop_;
+    TerminalDialog dialog_;
+    TerminalSheets sheets_;
+    std::vector<platform::NSIndexPath> rows_;
+    /// Which table rows are shown, of which page.
+    const shell::Page* shownPage_ = nullptr;
+    std::size_t firstTableRow_ = 0;
+    std::size_t tableRowsShown_ = 0;
+    std::size_t tableRowCount_ = 0;
+    bool stale_ = false;
+    bool pageIsAsked_ = false;
+};
+
+} // namespace wardlock::cli

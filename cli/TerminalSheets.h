@@ -1,0 +1,37 @@
+#pragma once
+
+#include "cli/SettingsLoop.h"
+#include "cli/TerminalDialog.h"
+#include "shell/SettingsApplication.h"
+
+#include <string>
+
+namespace wardlock::cli {
+
+/// What lies over the pages, in a terminal: the keypad, an alert, the mail sheet. Each call shows it, asks
+/// once and does what was answered.
+class TerminalSheets {
+public:
+    TerminalSheets(shell::SettingsApplication& settings, SettingsLoop& loop, TerminalDialog& dialog)
+        : settings_(settings), loop_(loop), dialog_(dialog) {}
+
+    /// Whether there was anything to ask for.
+    bool ask();
+
+private:
+    void askKeypad(const shell::Overlay& overlay);
+    void enter(const std::string& digits, const shell::Overlay& overlay);
+    void askAlert(const platform::UIAlertController& alert);
+    void askAlertText(const platform::UIAlertController& alert, std::size_t field);
+    void askMail(const platform::MFMailComposeViewController& composer);
+    void showMail(const platform::MailMessage& message);
+    void obeyOnMail(const std::string& word);
+    void askBody();
+    void waitForMail();
+
+    shell::SettingsApplication& settings_;
+    SettingsLoop& loop_;
+    TerminalDialog& dialog_;
+};
+
+} // namespace wardlock::cli

@@ -1,0 +1,28 @@
+#pragma once
+
+/// How many columns of a terminal a UTF-8 text takes, without the process's locale.
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace wardlock::cli {
+
+/// 0 for what stands on the character before it, 2 for wide ones, 1 for all others.
+std::size_t columnsOf(char32_t character);
+std::size_t columnsOf(std::string_view text);
+
+/// The text as one line that a terminal only shows: control characters and bytes that are no UTF-8 become
+/// U+FFFD, line feeds and tabs blanks.
+std::string printable(std::string_view text);
+
+/// At most `columns` wide; one that was cut ends in an ellipsis. Precondition: printable.
+std::string truncated(std::string_view text, std::size_t columns);
+/// With blanks up to `columns`.
+std::string padded(std::string text, std::size_t columns);
+
+/// Lines of at most `columns`, broken at blanks where there are some; line feeds break as well.
+std::vector<std::string> wrapped(std::string_view text, std::size_t columns);
+
+} // namespace wardlock::cli
