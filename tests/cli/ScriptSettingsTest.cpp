@@ -1,0 +1,263 @@
+#include "cli/Json.h"
+#include "tests/cli/CommandFixture.h"
+#include "tests/support/BusFixture.h"
+
+#include <cerrno>
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <sstream>
+#include <sys/stat.h>
+#include <system_error>
+
+namespace wardlock::test {
+namespace {
+
+using cli::Json;
+
+/// A script that goes on while the test does other things: commands go through a named pipe.
+class Conversation {
+public:
+    explicit Conversation(const std::string& pipe) {
+        if (mkfifo(pipe.c_str(), 0600) != 0)
+            throw std::system_error(errno, std::generic_category(), "mkfifo");
+        process_.emplace(command, std::vector<std::string>{"settings", "--script", pipe});
+        commands_.open(pipe);
+    }
+    void send(const std::string& line) { commands_ << line << std::endl; }
+    /// The answer.
+    std::string say(const std::string& line) {
+        send(line);
+        return process_->readLine().value_or("");
+    }
+    Process& process() { return *process_; }
+
+private:
+    std::optional<Process> process_;
+    std::ofstream commands_;
+};
+
+/// Scripts that the real command obeys.
+class ScriptSettings : public BusFixture {
+protected:
+    static ProcessResult runScript(const std::string& script) {
+        ProcessSetup setup;
+        setup.input = script;
+        return wardlockCommand({"settings", "--script", "-"}, setup);
+    }
+    /// The answers of a script that ends well.
+    static std::vector<Json> answersTo(const std::string& script) {
+        const ProcessResult result = runScript(script);
+        EXPECT_EQ(result.exitCode, 0) << result.errors;
+        std::vector<Json> answers;
+        std::istringstream lines(result.output);
+        for (std::string line; std::getline(lines, line);) {
+            const auto answer = cli::parseJson(line);
+            EXPECT_TRUE(answer) << line;
+            answers.push_back(answer.value_or(Json()));
+        }
+        return answers;
+    }
+    static Json lastAnswerTo(const std::string& script) {
+        const auto answers = answersTo(script);
+        EXPECT_FALSE(answers.empty());
+        return answers.empty() ? Json() : answers.back();
+    }
+    static std::string error(const Json& answer) { return answer.value("error", ""); }
+
+    static std::string documentOf(const std::vector<std::string>& names) {
+        std::string accounts;
+        for (const auto& name : names)
+            accounts += "<dict><key>kAccountName</key><string>" + name + "</string></dict>";
+        return xml("<dict><key>kAccounts</key><array>" + accounts + "</array></dict>");
+    }
+    void installFixtureBundle() const {
+        makeFolder("/Library/PreferenceBundles");
+        std::filesystem::create_directory_symlink(std::filesystem::path(WARDLOCK_BUILD_FOLDER) /
+                                                      "lib/test-modules/Fixture.bundle",
+                                                  onDisk("/Library/PreferenceBundles/Fixture.bundle"));
+    }
+    /// The row of the key on the page of the picture.
+    static Json rowOfKey(const Json& picture, std::string_view key) {
+        for (const auto& section : picture["page"]["sections"])
+            for (const auto& row : section["rows"])
+                if (row.value("key", "") == key)
+                    return row;
+        ADD_FAILURE() << "no row of key " << key << " in " << picture;
+        return Json::object();
+    }
+};
+
+const std::string openFixture = "{\"do\":\"tap\",\"row\":\"Fixture\"}\n";
+
+TEST_F(ScriptSettings, SeesARowOfEveryKind) {
+    installFixtureBundle();
+    const Json seen = lastAnswerTo(openFixture + R"({"do":"see"})");
+    EXPECT_EQ(rowOfKey(seen, "on"), Json::parse(R"({"kind":"switch","label":"On","key":"on","on":false})"));
+    EXPECT_EQ(rowOfKey(seen, "flavour"), Json::parse(R"({"kind":"linkList","label":"Flavour","key":"flavour",
+        "text":"","choices":["Vanilla","Chocolate"]})"));
+    EXPECT_EQ(rowOfKey(seen, "volume"), Json::parse(R"({"kind":"slider","label":"","key":"volume","value":0.0,
+        "min":0.0,"max":10.0,"text":"0"})"));
+    EXPECT_EQ(rowOfKey(seen, "pin"), Json::parse(R"({"kind":"secureEditText","label":"","key":"pin","text":"",
+        "placeholder":"PIN","numberPad":true})"));
+    EXPECT_EQ(rowOfKey(seen, "locked"),
+              Json::parse(R"({"kind":"switch","label":"Locked","key":"locked","on":false,
+        "enabled":false})"));
+    EXPECT_EQ(seen["page"]["sections"][1]["header"], "Values");
+    EXPECT_EQ(seen["page"]["sections"][1]["footer"], "All of them are kept.");
+    EXPECT_EQ(seen["page"]["button"], "Add");
+    EXPECT_EQ(seen["page"]["back"], "Settings");
+}
+
+TEST_F(ScriptSettings, ChangesARowOfEveryKind) {
+    installFixtureBundle();
+    const Json seen = lastAnswerTo(openFixture + R"({"do":"tap","key":"on"}
+{"do":"set","key":"volume","to":7.5}
+{"do":"type","row":"Nickname","text":"Tom"}
+{"do":"type","row":"PIN","text":"1234"}
+{"do":"tap","row":"Flavour"}
+{"do":"tap","row":"Chocolate"}
+{"do":"back"}
+{"do":"see"})");
+    EXPECT_EQ(rowOfKey(seen, "on")["on"], true);
+    EXPECT_EQ(rowOfKey(seen, "volume")["value"], 7.5);
+    EXPECT_EQ(rowOfKey(seen, "nickname")["text"], "Tom");
+    EXPECT_EQ(rowOfKey(seen, "pin")["text"], "••••");
+    EXPECT_EQ(rowOfKey(seen, "flavour")["text"], "Choc");
+}
+
+TEST_F(ScriptSettings, TellsTheMarkedChoice) {
+    installFixtureBundle();
+    const Json seen = lastAnswerTo(openFixture + R"({"do":"tap","row":"Flavour"}
+{"do":"tap","row":"Vanilla"}
+{"do":"see"})");
+    EXPECT_EQ(seen["page"]["sections"][0]["rows"][0]["marked"], true);
+    EXPECT_FALSE(seen["page"]["sections"][0]["rows"][1].contains("marked"));
+}
+
+TEST_F(ScriptSettings, SeesPartOfALongTable) {
+    installFixtureBundle();
+    const Json seen = lastAnswerTo(openFixture + R"({"do":"tap","row":"Table"}
+{"do":"tap","key":"row.9000"}
+{"do":"see","first":8999,"count":2})");
+    const Json section = seen["page"]["table"][0];
+    EXPECT_EQ(section["count"], 10'000);
+    ASSERT_EQ(section["rows"].size(), 2U);
+    EXPECT_EQ(section["rows"][0], Json::parse(R"({"label":"Row 8999","key":"row.8999","on":false})"));
+    EXPECT_EQ(section["rows"][1]["on"], true);
+}
+
+TEST_F(ScriptSettings, TellsWhereRowsOfOneNameStand) {
+    installFixtureBundle();
+    EXPECT_EQ(error(lastAnswerTo(openFixture + R"({"do":"tap","row":"Grow"}
+{"do":"tap","row":"Grow"}
+{"do":"tap","row":"Grown"})")),
+              "the page has 2 rows \"Grown\": section 4 row 0, section 4 row 1");
+}
+
+TEST_F(ScriptSettings, RefusesWhatIsNoCommand) {
+    EXPECT_EQ(error(lastAnswerTo("[1]")), "a command is an object");
+    EXPECT_EQ(error(lastAnswerTo("{}")), "\"do\" is missing");
+    EXPECT_EQ(error(lastAnswerTo(R"({"do":7})")), "\"do\" must be a text");
+    EXPECT_EQ(error(lastAnswerTo(R"({"do":"tap"})")), "\"row\" or \"key\" is missing");
+    EXPECT_EQ(error(lastAnswerTo(R"({"do":"tap","row":-1,"section":0})")),
+              "\"row\" must be a whole number from 0");
+    EXPECT_EQ(error(lastAnswerTo(R"({"do":"step","seconds":-1})")), "\"seconds\" is out of range");
+    EXPECT_EQ(error(lastAnswerTo(R"({"do":"see","do":"see"})")), "the line is no JSON");
+    EXPECT_EQ(error(lastAnswerTo("{\"do\":\"\xFF\"}")), "the line is no JSON");
+    EXPECT_EQ(error(lastAnswerTo(std::string(200'000, '['))), "the line is no JSON");
+}
+
+TEST_F(ScriptSettings, RefusesALineThatIsTooLongAndGoesOn) {
+    const auto answers = answersTo(std::string(3'000'000, 'x') + "\n{\"do\":\"back\"}\n");
+    ASSERT_EQ(answers.size(), 2U);
+    EXPECT_EQ(error(answers[0]), "the line is too long");
+    EXPECT_EQ(error(answers[1]), "this is the first page");
+}
+
+TEST_F(ScriptSettings, SkipsBlankLinesAndRemarks) {
+    EXPECT_TRUE(answersTo("\n  \n# a remark\n\t# another\r\n").empty());
+}
+
+TEST_F(ScriptSettings, StoresAtTheEndOfTheInputWhatIsBeingTyped) {
+    EXPECT_EQ(answersTo(R"({"do":"tap","row":"Wardlock"}
+{"do":"tap","row":"Default"}
+{"do":"type","row":"Account Name","text":"Tom"})")
+                  .size(),
+              3U);
+    EXPECT_NE(readFile(documentPath).find("<string>Tom</string>"), std::string::npos);
+}
+
+TEST_F(ScriptSettings, StoresOnATerminationSignal) {
+    Conversation settings(folder() / "fifo");
+    settings.say(R"({"do":"tap","row":"Wardlock"})");
+    settings.say(R"({"do":"tap","row":"Default"})");
+    settings.say(R"({"do":"type","row":"Account Name","text":"Tom"})");
+    settings.process().send(SIGTERM);
+    EXPECT_EQ(settings.process().wait().exitCode, 0);
+    EXPECT_NE(readFile(documentPath).find("<string>Tom</string>"), std::string::npos);
+}
+
+TEST_F(ScriptSettings, FailsWithoutItsFile) {
+    const ProcessResult result = wardlockCommand({"settings", "--script", "/nowhere/at/all"});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.errors, "wardlock settings: /nowhere/at/all: No such file or directory\n");
+}
+
+TEST_F(ScriptSettings, EndsWhenAPageFailsAfterItsAnswers) {
+    installFixtureBundle();
+    const ProcessResult result = runScript(openFixture + R"({"do":"tap","row":"Fail"}
+{"do":"see"})");
+    EXPECT_EQ(result.signal, SIGABRT);
+    EXPECT_EQ(result.output, "{\"ok\":true}\n");
+}
+
+TEST_F(ScriptSettings, WritesTheReportOfAFailedPageIntoTheLog) {
+    writeFile(documentPath, documentOf({"Ann", "Tom"}));
+    Conversation settings(folder() / "fifo");
+    settings.say(R"({"do":"tap","row":"Wardlock"})");
+    settings.say(R"({"do":"tap","row":"Tom"})");
+    // Somebody else deletes the account and does not tell: storing into it runs beyond the list.
+    writeFile(documentPath, documentOf({"Ann"}));
+    settings.send(R"({"do":"tap","row":"Siri"})");
+    EXPECT_EQ(settings.process().wait().signal, SIGABRT);
+    EXPECT_NE(readFile("/var/mobile/com.tavix.wardlock_log").find("NSRangeException"), std::string::npos);
+}
+
+TEST_F(ScriptSettings, ShowsAnotherProcesssChange) {
+    writeFile(documentPath, documentOf({"Ann"}));
+    Conversation settings(folder() / "fifo");
+    settings.say(R"({"do":"tap","row":"Wardlock"})");
+    writeFile(documentPath, documentOf({"Ann", "Tom"}));
+    EXPECT_EQ(wardlockCommand({"announce", "kAccounts"}).exitCode, 0);
+    EXPECT_EQ(settings.say(R"({"do":"wait","for":"change"})"), R"({"ok":true})");
+    EXPECT_EQ(settings.say(R"({"do":"tap","row":"Tom"})"), R"({"ok":true})");
+    EXPECT_NE(settings.say(R"({"do":"posts"})").find(R"("own":false)"), std::string::npos);
+}
+
+TEST_F(ScriptSettings, SavesTheSupportMailInTheOutbox) {
+    makeFolder("/var/mobile/Library/Mail/Outbox");
+    writeFile("/tmp/dpkgl.log", "packages");
+    ProcessSetup setup = with("DISPLAY", "");
+    setup.environment["WAYLAND_DISPLAY"] = std::nullopt;
+    setup.input = R"({"do":"tap","row":"Wardlock"}
+{"do":"tap","row":"support@tavix.example"}
+{"do":"mail","subject":"Hilfe für Tom","remove":"nothing"}
+{"do":"mail","body":"Hallo\nTom","press":"send"}
+{"do":"wait","for":"mail"}
+{"do":"see"})";
+    const ProcessResult result = wardlockCommand({"settings", "--script", "-"}, setup);
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_NE(result.output.find(R"({"error":"the mail has no such attachment"})"), std::string::npos);
+    EXPECT_NE(result.output.find(R"("notice":"The mail was saved as )"), std::string::npos) << result.output;
+    std::vector<std::filesystem::path> mails;
+    for (const auto& entry : std::filesystem::directory_iterator(onDisk("/var/mobile/Library/Mail/Outbox")))
+        mails.push_back(entry.path());
+    ASSERT_EQ(mails.size(), 1U);
+    EXPECT_EQ(mails[0].extension(), ".eml");
+}
+
+} // namespace
+} // namespace wardlock::test
