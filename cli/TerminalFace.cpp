@@ -5,6 +5,7 @@
 #include "cli/TextWidth.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace wardlock::cli {
 
@@ -22,6 +23,8 @@ TerminalFace::TerminalFace(shell::SettingsApplication& settings, SettingsLoop& l
     : settings_(settings), loop_(loop), dialog_(loop, style), sheets_(settings, loop, dialog_) {
     settings_.setObserver(this);
     loop_.setTurn([this] { redrawIfStale(); });
+    // From here on a resize is noticed.
+    static_cast<void>(Terminal::takeResize());
 }
 
 TerminalFace::~TerminalFace() {
@@ -71,7 +74,8 @@ void TerminalFace::showNotice() {
 }
 
 void TerminalFace::askPage() {
-    showPage();
+    if (stale_ || !std::exchange(pageStands_, false))
+        showPage();
     const bool first = settings_.screen().pages().size() < 2;
     std::string prompt = "Number";
     if (!first)
@@ -87,7 +91,8 @@ void TerminalFace::askPage() {
 
 void TerminalFace::obeyOnPage(const std::string& word) {
     if (const auto number = wholeNumber(word)) {
-        if (*number == 0 || *number > rows_.size())
+        pageStands_ = *number == 0 || *number > rows_.size();
+        if (pageStands_)
             dialog_.tellError("There is no row " + std::to_string(*number) + ".");
         else
             touchRow(rows_[*number - 1]);
@@ -106,6 +111,7 @@ void TerminalFace::obeyOnPage(const std::string& word) {
     } else if (word == "?") {
         showHelp();
     } else {
+        pageStands_ = true;
         dialog_.tellError("\u201C" + truncated(printable(word), longestQuote) +
                           "\u201D is no answer here; ? lists them.");
     }
@@ -158,6 +164,7 @@ void TerminalFace::turnTable(bool forward) {
 }
 
 void TerminalFace::showHelp() {
+    pageStands_ = true;
     Output::text("\n"
                  "  1, 2, ...  tap the row of that number\n"
                  "  b          go back\n"

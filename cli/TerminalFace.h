@@ -52,6 +52,8 @@ private:
     std::size_t tableRowCount_ = 0;
     bool stale_ = false;
     bool pageIsAsked_ = false;
+    /// Whether the page as it is stands right above: after a complaint or the help it is not shown again.
+    bool pageStands_ = false;
 };
 
 } // namespace wardlock::cli

@@ -62,6 +62,7 @@ std::size_t bytesWithin(std::string_view text, std::size_t columns) {
 }
 
 void wrapParagraph(std::string_view text, std::size_t columns, std::vector<std::string>& lines) {
+    const std::size_t before = lines.size();
     while (columnsOf(text) > columns) {
         std::size_t end = bytesWithin(text, columns);
         if (end < text.size() && text[end] != ' ')
@@ -74,7 +75,8 @@ void wrapParagraph(std::string_view text, std::size_t columns, std::vector<std::
         text.remove_prefix(end);
         text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
     }
-    lines.emplace_back(text);
+    if (!text.empty() || lines.size() == before)
+        lines.emplace_back(text);
 }
 
 } // namespace

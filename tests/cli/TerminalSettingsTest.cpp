@@ -1,0 +1,187 @@
+#include "tests/cli/CommandFixture.h"
+#include "tests/support/BusFixture.h"
+#include "tests/support/TerminalProcess.h"
+
+#include <csignal>
+
+namespace wardlock::test {
+namespace {
+
+constexpr const char* question = "q quit: ";
+
+class TerminalSettings : public BusFixture {
+protected:
+    TerminalSettings() {
+        environment.set("TERM", "xterm");
+        environment.set("NO_COLOR", "1");
+        environment.unset("DISPLAY");
+        environment.unset("WAYLAND_DISPLAY");
+    }
+    static std::vector<std::string> words() { return {"settings"}; }
+    static std::string rule(int columns) {
+        std::string rule;
+        for (int column = 0; column < columns; ++column)
+            rule += "─";
+        return rule;
+    }
+    bool documentHolds(std::string_view text) const {
+        return readFile(documentPath).find(text) != std::string::npos;
+    }
+};
+
+TEST_F(TerminalSettings, ShowsTheOnlyBundlesPageWithNumberedRows) {
+    TerminalProcess terminal(command, words());
+    const std::string page = terminal.waitFor(question);
+    EXPECT_NE(page.find("‹ Settings   Wardlock   [+]"), std::string::npos) << page;
+    EXPECT_NE(page.find("  1  Enabled"), std::string::npos) << page;
+    EXPECT_NE(page.find("  3  Default"), std::string::npos) << page;
+    EXPECT_NE(page.find("Use the '+' button"), std::string::npos) << page;
+    EXPECT_EQ(page.find('\x1B'), std::string::npos) << "no colours were wanted";
+}
+
+TEST_F(TerminalSettings, TapsTheRowOfANumber) {
+    TerminalProcess terminal(command, words());
+    terminal.waitFor(question);
+    terminal.type("1\n");
+    EXPECT_NE(terminal.waitFor(question).find("off"), std::string::npos);
+    EXPECT_TRUE(documentHolds("<false/>"));
+    terminal.type("q\n");
+    EXPECT_EQ(terminal.wait(), 0);
+}
+
+TEST_F(TerminalSettings, AsksForTextAndGoesBack) {
+    TerminalProcess terminal(command, words());
+    terminal.waitFor(question);
+    terminal.type("3\n");
+    EXPECT_NE(terminal.waitFor(question).find("Delete Account"), std::string::npos);
+    terminal.type("2\n");
+    terminal.waitFor("empties it): ");
+    terminal.type("Jürgen 中文\n");
+    terminal.waitFor(question);
+    terminal.type("b\n");
+    EXPECT_NE(terminal.waitFor(question).find("Jürgen 中文  "), std::string::npos);
+    EXPECT_TRUE(documentHolds("Jürgen 中文"));
+}
+
+TEST_F(TerminalSettings, EnterKeepsTheTextAndQuotesEmptyIt) {
+    TerminalProcess terminal(command, words());
+    terminal.waitFor(question);
+    terminal.type("3\n");
+    terminal.waitFor(question);
+    const std::string before = readFile(documentPath);
+    terminal.type("2\n");
+    terminal.waitFor("empties it): ");
+    terminal.type("\n");
+    terminal.waitFor(question);
+    EXPECT_EQ(readFile(documentPath), before);
+    terminal.type("2\n");
+    terminal.waitFor("empties it): ");
+    terminal.type("\"\"\n");
+    terminal.waitFor(question);
+    EXPECT_TRUE(documentHolds("<string>Blank</string>"));
+}
+
+TEST_F(TerminalSettings, DoesNotShowThePasscode) {
+    TerminalProcess terminal(command, words());
+    terminal.waitFor(question);
+    EXPECT_TRUE(terminal.echoes());
+    terminal.type("2\n");
+    EXPECT_NE(terminal.waitFor("cancels): ").find("Enter New Passcode"), std::string::npos);
+    EXPECT_FALSE(terminal.echoes());
+    terminal.type("4711\n");
+    const std::string after = terminal.waitFor(question);
+    EXPECT_EQ(after.find("4711"), std::string::npos) << after;
+    EXPECT_TRUE(terminal.echoes());
+    EXPECT_TRUE(documentHolds("<string>4711</string>"));
+}
+
+TEST_F(TerminalSettings, TellsAWrongPasscodeAndClosesAfterTheFourth) {
+    writeFile(documentPath, xml("<dict><key>kPasscode</key><string>4711</string></dict>"));
+    TerminalProcess terminal(command, words());
+    terminal.waitFor(question);
+    terminal.type("2\n");
+    for (int attempt = 0; attempt < 3; ++attempt) {
+        EXPECT_NE(terminal.waitFor("cancels): ").find("Enter Current Passcode"), std::string::npos);
+        terminal.type("0000\n");
+        terminal.waitFor("Wrong passcode.");
+    }
+    terminal.waitFor("cancels): ");
+    terminal.type("0000\n");
+    EXPECT_EQ(terminal.waitFor(question).find("Wrong"), std::string::npos);
+}
+
+TEST_F(TerminalSettings, GivesTheEchoBackWhenItIsInterrupted) {
+    TerminalProcess terminal(command, words());
+    terminal.waitFor(question);
+    terminal.type("2\n");
+    terminal.waitFor("cancels): ");
+    EXPECT_FALSE(terminal.echoes());
+    terminal.send(SIGINT);
+    EXPECT_EQ(terminal.wait(), 0);
+    EXPECT_TRUE(terminal.echoes());
+}
+
+TEST_F(TerminalSettings, EndsWithItsInput) {
+    TerminalProcess terminal(command, words());
+    terminal.waitFor(question);
+    terminal.type("\x04");
+    EXPECT_EQ(terminal.wait(), 0);
+}
+
+TEST_F(TerminalSettings, CreatesAnAccountThroughTheAlert) {
+    TerminalProcess terminal(command, words());
+    terminal.waitFor(question);
+    terminal.type("+\n");
+    EXPECT_NE(terminal.waitFor("Number: ").find("Create (not yet)"), std::string::npos);
+    terminal.type("3\n");
+    terminal.waitFor("That cannot be done: the button is disabled.");
+    terminal.waitFor("Number: ");
+    terminal.type("1\n");
+    terminal.waitFor("New Account Name: ");
+    terminal.type("Ann\n");
+    terminal.waitFor("Number: ");
+    terminal.type("3\n");
+    EXPECT_NE(terminal.waitFor(question).find("  4  Ann"), std::string::npos);
+}
+
+TEST_F(TerminalSettings, ShowsHarmlesslyWhatANameHolds) {
+    writeFile(documentPath, xml("<dict><key>kAccounts</key><array><dict><key>kAccountName</key>"
+                                "<string>a&#x1B;]0;title&#x7;b</string></dict></array></dict>"));
+    TerminalProcess terminal(command, words());
+    EXPECT_EQ(terminal.waitFor(question).find('\x1B'), std::string::npos);
+}
+
+TEST_F(TerminalSettings, FitsTheWidthOfTheTerminal) {
+    TerminalProcess terminal(command, words(), {40, 24});
+    const std::string page = terminal.waitFor(question);
+    EXPECT_NE(page.find("\r\n" + rule(40) + "\r\n"), std::string::npos) << page;
+    terminal.resize({60, 24});
+    EXPECT_NE(terminal.waitFor(question).find("  1  Enabled" + std::string(46, ' ') + "on\r\n"),
+              std::string::npos);
+}
+
+TEST_F(TerminalSettings, ShowsAnotherProcesssChange) {
+    TerminalProcess terminal(command, words());
+    terminal.waitFor(question);
+    writeFile(documentPath, xml("<dict><key>kAccounts</key><array><dict><key>kAccountName</key>"
+                                "<string>Elsewhere</string></dict></array></dict>"));
+    EXPECT_EQ(wardlockCommand({"announce", "kAccounts"}).exitCode, 0);
+    EXPECT_NE(terminal.waitFor(question).find("  3  Elsewhere"), std::string::npos);
+}
+
+TEST_F(TerminalSettings, ColoursOnlyWhereTheyAreWanted) {
+    environment.unset("NO_COLOR");
+    TerminalProcess terminal(command, words());
+    EXPECT_NE(terminal.waitFor(question).find("\x1B[1mWardlock\x1B[0m"), std::string::npos);
+}
+
+TEST_F(TerminalSettings, WithoutATerminalShowsThePageAndHowToGoOn) {
+    const ProcessResult result = wardlockCommand({"settings"});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.errors, "");
+    EXPECT_NE(result.output.find("  2  Passcode"), std::string::npos);
+    EXPECT_NE(result.output.find("--script FILE"), std::string::npos);
+}
+
+} // namespace
+} // namespace wardlock::test
