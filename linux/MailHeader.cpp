@@ -10,45 +10,62 @@ namespace platform {
 namespace {
 
 constexpr std::size_t longestLine = 76;
-/// What an encoded word of 75 characters holds, in whole groups of three bytes.
-constexpr std::size_t mostBytesOfWord = 45;
+/// "=?UTF-8?B?" and "?=".
+constexpr std::size_t charactersAroundWord = 12;
+/// A word that does not fit here any more moves to the next line.
+constexpr std::size_t fewestBytesOfWord = 12;
 
 bool isAscii(std::string_view text) {
     return std::ranges::all_of(text, [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
 }
 
+/// How many bytes an encoded word holds on a line of which `used` characters are taken.
+std::size_t bytesBeside(std::size_t used) {
+    const std::size_t room = longestLine - std::min(longestLine, used + charactersAroundWord);
+    return room / 4 * 3;
+}
+
 /// Bytes of `text` from its beginning, cut between characters.
-std::size_t lengthOfWord(std::string_view text) {
+std::size_t lengthOfWord(std::string_view text, std::size_t most) {
     std::size_t length = 0;
     while (length < text.size()) {
         const std::size_t next = std::max<std::size_t>(1, decodeUtf8(text, length).length);
-        if (length + next > mostBytesOfWord)
+        if (length + next > most)
             break;
         length += next;
     }
     return length;
 }
 
-std::string encodedWords(std::string_view text) {
+/// Encoded words that begin on a line of which `used` characters are taken.
+std::string encodedWords(std::string_view text, std::size_t used) {
     std::string words;
+    if (bytesBeside(used) < fewestBytesOfWord) {
+        words = "\r\n ";
+        used = 1;
+    }
     while (!text.empty()) {
-        const std::size_t length = lengthOfWord(text);
-        words += words.empty() ? "=?UTF-8?B?" : "\r\n =?UTF-8?B?";
+        const std::size_t length = lengthOfWord(text, bytesBeside(used));
+        words += "=?UTF-8?B?";
         appendBase64(words, text.substr(0, length));
-        words += "?=";
         text.remove_prefix(length);
+        words += text.empty() ? "?=" : "?=\r\n ";
+        used = 1;
     }
     return words;
 }
 
 /// Breaks at blanks where the line grows too long; a word longer than a line stays whole.
-std::string folded(std::string text) {
+std::string folded(const std::string& name, std::string text) {
+    // Not right behind the name: a line of blanks only would be its first.
+    const std::size_t begin = name.size() + 2;
+    text.insert(0, name + ": ");
     std::size_t lineStart = 0;
     std::size_t blank = std::string::npos;
     for (std::size_t i = 0; i < text.size(); ++i) {
         if (text[i] == '\n')
             lineStart = i + 1;
-        if (text[i] == ' ' && i > lineStart)
+        if (text[i] == ' ' && i > lineStart && i >= begin)
             blank = i;
         if (i - lineStart < longestLine || blank == std::string::npos || blank <= lineStart)
             continue;
@@ -69,7 +86,7 @@ std::string encodedAddress(std::string_view address) {
         name.remove_suffix(1);
     while (!name.empty() && (name.front() == ' ' || name.front() == '"'))
         name.remove_prefix(1);
-    return encodedWords(name) + ' ' + std::string(address.substr(angle));
+    return encodedWords(name, longestLine / 2) + ' ' + std::string(address.substr(angle));
 }
 
 bool needsEscape(char byte) {
@@ -103,7 +120,7 @@ std::string withoutControls(std::string_view text) {
 
 std::string mailHeader(std::string_view name, std::string_view text) {
     const std::string clean = withoutControls(text);
-    return folded(std::string(name) + ": " + (isAscii(clean) ? clean : encodedWords(clean))) + "\r\n";
+    return folded(std::string(name), isAscii(clean) ? clean : encodedWords(clean, name.size() + 2)) + "\r\n";
 }
 
 std::string mailAddressHeader(std::string_view name, std::string_view addresses) {
@@ -119,18 +136,17 @@ std::string mailAddressHeader(std::string_view name, std::string_view addresses)
             list += (list.empty() ? "" : ", ") + encodedAddress(address);
         rest.remove_prefix(std::min(comma + 1, rest.size()));
     }
-    return folded(std::string(name) + ": " + list) + "\r\n";
+    return folded(std::string(name), list) + "\r\n";
 }
 
 std::string mailFileNameParameter(std::string_view parameter, std::string_view fileName) {
     const std::string clean = withoutControls(fileName);
+    if (!isAscii(clean))
+        return ";\r\n " + std::string(parameter) + "*=UTF-8''" + percentEncoded(clean);
     std::string plain;
     for (const char byte : clean)
-        plain += static_cast<unsigned char>(byte) >= 0x80 || byte == '"' || byte == '\\' ? '_' : byte;
-    std::string text = "; " + std::string(parameter) + "=\"" + plain + '"';
-    if (!isAscii(clean))
-        text += ";\r\n " + std::string(parameter) + "*=UTF-8''" + percentEncoded(clean);
-    return text;
+        plain += byte == '"' || byte == '\\' ? '_' : byte;
+    return "; " + std::string(parameter) + "=\"" + plain + '"';
 }
 
 } // namespace platform

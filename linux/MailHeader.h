@@ -12,7 +12,7 @@ std::string mailHeader(std::string_view name, std::string_view text);
 /// The same for a list of addresses: the name before a "<...>" is encoded, the address itself never.
 std::string mailAddressHeader(std::string_view name, std::string_view addresses);
 
-/// `; filename="..."`, with the extended form beside it where the name is not ASCII.
+/// `; filename="..."`, or the extended form where the name is not ASCII.
 std::string mailFileNameParameter(std::string_view parameter, std::string_view fileName);
 
 /// The text without control characters.
