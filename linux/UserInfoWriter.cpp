@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstring>
 #include <variant>
 #include <vector>
 
@@ -160,7 +159,7 @@ bool UserInfoWriter::writeText(std::string_view text) {
     bytes_ += text.size();
     if (bytes_ > format::mostBytes || sd_bus_message_append_string_space(message_, text.size(), &space) < 0)
         return false;
-    std::memcpy(space, text.data(), text.size());
+    text.copy(space, text.size());
     return true;
 }
 
