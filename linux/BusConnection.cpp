@@ -58,10 +58,9 @@ void BusConnection::process() {
     }
 }
 
-void BusConnection::wait(Clock::time_point deadline) const {
+bool BusConnection::wait(Clock::time_point deadline) const {
     const auto left = std::chrono::ceil<std::chrono::microseconds>(deadline - Clock::now()).count();
-    if (left > 0)
-        sd_bus_wait(bus_, static_cast<std::uint64_t>(left));
+    return left > 0 && sd_bus_wait(bus_, static_cast<std::uint64_t>(left)) != 0;
 }
 
 bool BusConnection::send(sd_bus_message* message) {

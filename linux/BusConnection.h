@@ -36,8 +36,8 @@ public:
     std::optional<Clock::time_point> deadline() const;
     /// Does what can be done without waiting, and not more than a bounded number of messages.
     void process();
-    /// Waits until there is something to process.
-    void wait(Clock::time_point deadline) const;
+    /// Waits until there is something to process. False: the time is over.
+    bool wait(Clock::time_point deadline) const;
 
     /// Writes the message as far as the socket takes it and queues the rest. False: the connection is lost.
     bool send(sd_bus_message* message);

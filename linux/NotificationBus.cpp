@@ -24,6 +24,7 @@ constexpr auto handshakeTime = 500ms;
 constexpr auto subscriptionTime = 1000ms;
 constexpr auto subscriptionRetryTime = 1000ms;
 constexpr auto socketTime = 500ms;
+constexpr auto longestSocketTime = 5000ms;
 /// What is kept for a bus that is away, and what for one that does not read.
 constexpr std::size_t mostPending = 256;
 constexpr std::uint64_t mostUnsent = 64;
@@ -209,12 +210,15 @@ void NotificationBus::waitForHandshake() {
     handshakeAwaited_ = !advanceUntil(Clock::now() + handshakeTime, [this] { return isReady(); });
 }
 
-/// A process may end right after a post: what the socket did not take at once would be lost with it.
+/// A process may end right after a post: what the socket did not take at once would be lost with it. A bus
+/// that reads a large message piece by piece is given longer than one that reads nothing.
 void NotificationBus::waitForSocket() {
-    if (!isReady() || stalled_ || connection_->unsent() == 0)
-        return;
-    stalled_ = !advanceUntil(Clock::now() + socketTime,
-                             [this] { return !connection_ || connection_->unsent() == 0; });
+    const auto latest = Clock::now() + longestSocketTime;
+    while (isReady() && !stalled_ && connection_->unsent() > 0) {
+        const auto patience = std::min(Clock::now() + socketTime, latest);
+        stalled_ = !connection_->wait(patience) || Clock::now() >= latest;
+        advance();
+    }
 }
 
 } // namespace platform

@@ -15,7 +15,7 @@ namespace platform {
 
 /// Carries notifications to and from the other processes of this user, whatever becomes of the bus: looks for
 /// it, connects, subscribes, and begins again after a loss. Main thread only. Every wait is bounded: half a
-/// second in the worst case, a whole one for a subscription.
+/// second for a bus that does nothing, a whole one for a subscription.
 class NotificationBus : public LoopSource {
 public:
     struct Events {

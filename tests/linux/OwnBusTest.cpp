@@ -49,6 +49,7 @@ protected:
 
     static void end(int process) {
         const int descriptor = static_cast<int>(syscall(SYS_pidfd_open, process, 0));
+        ASSERT_GE(descriptor, 0);
         kill(process, SIGKILL);
         pollfd ended{descriptor, POLLIN, 0};
         EXPECT_EQ(poll(&ended, 1, 10'000), 1);

@@ -61,8 +61,8 @@ Value arraysInOneAnother(int levels) {
 
 Dictionary wide() {
     MutableDictionary dictionary;
-    for (int i = 0; i < 10'000; ++i)
-        dictionary.set("key " + std::to_string(i * 7919 % 10'000), i);
+    for (int i = 0; i < 2'000; ++i)
+        dictionary.set("key " + std::to_string(i * 7919 % 2'000), i);
     return dictionary.copy();
 }
 

@@ -12,7 +12,7 @@ namespace wardlock::test {
 ///   odd        keys and strings that are no D-Bus text, at several levels
 ///   deep       120 levels of both containers, each with a few values of other kinds
 ///   deepest    a million arrays in one another
-///   wide       a dictionary of ten thousand entries
+///   wide       a dictionary of two thousand entries
 ///   large      data of eight million bytes
 ///   too-large  data that no bus carries in one message
 /// Any other name: {"sample": the name}.
