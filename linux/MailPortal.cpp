@@ -24,9 +24,9 @@ std::optional<MailOutcome> MailPortal::send(const MailMessage& message) {
     if (!version)
         return std::nullopt;
     const MailFolder folder(message.attachments);
-    const auto response = folder.complete()
-                              ? composeEmail(*bus, *version, message, folder.files(), patienceForPerson)
-                              : std::nullopt;
+    std::optional<PortalResponse> response;
+    if (folder.complete())
+        response = composeEmail(*bus, *version, message, folder.files(), patienceForPerson);
     // The portal holds the open files; their names are nobody's business any more.
     folder.remove();
     if (response == PortalResponse::Done)
