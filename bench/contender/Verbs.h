@@ -20,6 +20,11 @@ void measureReadModifyWrite(const std::string& file, const std::string& mode);
 /// One boolean of the enabled account, and one of a record in hand.
 void measureLookUp(const std::string& file);
 
+/// The applications of the desktop, as the AppList library of this build lists them.
+void measureApplicationList();
+/// The lines of FILE by name, keys prepared.
+void measureSort(const std::string& file);
+
 /// Operations between two processes; each starts its own second one.
 void measureNotify();
 /// Changes a copy of FILE beside it.

@@ -5,6 +5,8 @@
 //   contender save FILE OUT none|fdatasync|full
 //   contender rmw FILE none|fdatasync|full           changes FILE
 //   contender notify FILE
+//   contender applist
+//   contender sort NAMESFILE
 //   contender propagate FILE none|fdatasync|full     changes a copy beside FILE
 
 #include "bench/NotificationPair.h"
@@ -22,6 +24,8 @@ int main(int count, char** words) {
     const std::vector<std::string> arguments(words + 1, words + count);
     if (arguments == std::vector<std::string>{listenForNotificationsVerb})
         listenForNotifications();
+    if (arguments == std::vector<std::string>{"applist"})
+        return measureApplicationList(), 0;
     if (arguments.size() < 2)
         return notOffered;
     const std::string& verb = arguments[0];
@@ -46,6 +50,8 @@ int main(int count, char** words) {
         measureSave(file, std::filesystem::absolute(arguments[2]), mode);
     else if (verb == "rmw" && arguments.size() == 3)
         measureReadModifyWrite(file, mode);
+    else if (verb == "sort")
+        measureSort(file);
     else if (verb == "notify")
         measureNotify();
     else if (verb == "propagate" && arguments.size() == 3)

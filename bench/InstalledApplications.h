@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/foundation/Value.h"
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace wardlock::bench {
+
+/// As many names of applications, in mixed case, one in eight of another script; the same at each call.
+std::vector<std::string> sampleNames(std::size_t count);
+
+/// While it lives, the class "ALApplicationList" is found by name and has these applications, without icons:
+/// what remains of the picker's time is its own.
+class InstalledApplications {
+public:
+    explicit InstalledApplications(std::size_t count);
+    ~InstalledApplications();
+    InstalledApplications(const InstalledApplications&) = delete;
+    InstalledApplications& operator=(const InstalledApplications&) = delete;
+};
+
+} // namespace wardlock::bench
