@@ -29,11 +29,9 @@ std::optional<MailOutcome> MailPortal::send(const MailMessage& message) {
         response = composeEmail(*bus, *version, message, folder.files(), patienceForPerson);
     // The portal holds the open files; their names are nobody's business any more.
     folder.remove();
-    if (!response)
-        return std::nullopt;
-    if (*response == PortalResponse::Done)
+    if (response == PortalResponse::Done)
         return MailOutcome{MailOutcome::Kind::HandedOver, "The mail was handed to your mail program."};
-    if (*response == PortalResponse::Cancelled)
+    if (response == PortalResponse::Cancelled)
         return MailOutcome{MailOutcome::Kind::Failed, "The mail was not sent: no mail program was chosen."};
     return std::nullopt;
 }
