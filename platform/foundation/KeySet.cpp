@@ -24,10 +24,13 @@ Reference<KeySet> KeySet::clone(std::size_t without) const {
 }
 
 std::size_t KeySet::find(std::string_view key) const noexcept {
-    if (!sorted_)
+    if (!index_)
         return slots_[slotOf(key)] - std::size_t(1);
-    const auto found = sorted_->find(key);
-    return found == sorted_->end() ? notFound : *found;
+    return findInIndex(key, KeyIndex::hashOf(key));
+}
+
+std::size_t KeySet::findInIndex(std::string_view key, std::uint32_t hash) const {
+    return index_->find(hash, [&](std::size_t place) { return (*this)[place] == key; });
 }
 
 /// The slot the key is in, or the free one it would take.
@@ -40,14 +43,15 @@ std::size_t KeySet::slotOf(std::string_view key) const {
 }
 
 std::size_t KeySet::add(std::string_view key) {
-    if (!sorted_ && size() == largestHashed)
-        sortKeys();
-    if (sorted_) {
-        const std::size_t place = find(key);
+    if (!index_ && size() == largestHashed)
+        makeIndex();
+    if (index_) {
+        const std::uint32_t hash = KeyIndex::hashOf(key);
+        const std::size_t place = findInIndex(key, hash);
         if (place != notFound)
             return place;
         append(key);
-        sorted_->insert(static_cast<std::uint32_t>(size() - 1));
+        index_->add(hash, size() - 1);
         return size() - 1;
     }
     if (size() * 2 == slotCount_)
@@ -72,10 +76,10 @@ void KeySet::useSlots(std::size_t count) {
         slots_[slotOf((*this)[place])] = static_cast<std::uint8_t>(place + 1);
 }
 
-void KeySet::sortKeys() {
-    sorted_ = std::make_unique<SortedIndex>(ByText{this});
-    for (std::uint32_t place = 0; place < size(); ++place)
-        sorted_->insert(place);
+void KeySet::makeIndex() {
+    index_ = std::make_unique<KeyIndex>(spans_.capacity());
+    for (std::size_t place = 0; place < size(); ++place)
+        index_->add(KeyIndex::hashOf((*this)[place]), place);
 }
 
 } // namespace platform

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "platform/foundation/KeyIndex.h"
 #include "platform/foundation/Reference.h"
 
 #include <array>
 #include <atomic>
 #include <cstdint>
 #include <memory>
-#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,11 +15,11 @@ namespace platform {
 
 /// The keys of dictionaries, in order. Records of one kind have the same keys, so their dictionaries share
 /// one key set and hold only values. Shared key sets are never changed; one with a single owner may grow.
-/// Keys are found through a small hash index, in large sets through a sorted one, which no choice of keys
+/// Keys are found through a small hash index, in large sets through a keyed one, which no choice of keys
 /// makes slow.
 class KeySet {
 public:
-    static constexpr std::size_t notFound = static_cast<std::size_t>(-1);
+    static constexpr std::size_t notFound = KeyIndex::none;
 
     /// An empty set with room for the keys and the text told.
     static Reference<KeySet> create(std::size_t keys = 0, std::size_t text = 0);
@@ -49,17 +49,9 @@ private:
         std::size_t offset;
         std::size_t length;
     };
-    struct ByText {
-        using is_transparent = void;
-        const KeySet* keys;
-        bool operator()(std::uint32_t a, std::uint32_t b) const { return (*keys)[a] < (*keys)[b]; }
-        bool operator()(std::uint32_t a, std::string_view b) const { return (*keys)[a] < b; }
-        bool operator()(std::string_view a, std::uint32_t b) const { return a < (*keys)[b]; }
-    };
-    using SortedIndex = std::set<std::uint32_t, ByText>;
 
-    /// Beyond this many keys the hash index, whose worst case is a walk over all of them, gives way to the
-    /// sorted one.
+    /// Beyond this many keys the small hash index, whose worst case is a walk over all of them, gives way to
+    /// the keyed one.
     static constexpr std::size_t largestHashed = 64;
 
     KeySet() = default;
@@ -67,15 +59,16 @@ private:
 
     void append(std::string_view key);
     std::size_t slotOf(std::string_view key) const;
+    std::size_t findInIndex(std::string_view key, std::uint32_t hash) const;
     void useSlots(std::size_t count);
-    void sortKeys();
+    void makeIndex();
 
     std::atomic<std::uint32_t> references_{1};
     /// Of the hash index: a power of two, at least twice the keys.
     std::uint32_t slotCount_ = 8;
     /// Open addressing: place + 1, 0 for a free slot.
     std::array<std::uint8_t, 2 * largestHashed> slots_{};
-    std::unique_ptr<SortedIndex> sorted_;
+    std::unique_ptr<KeyIndex> index_;
     std::string text_;
     std::vector<Span> spans_;
 };

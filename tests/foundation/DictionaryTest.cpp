@@ -136,6 +136,26 @@ TEST(MutableDictionary, FindsEachOfManyKeysThatLookAlike) {
     EXPECT_EQ(copy.find(alike(count)), nullptr);
 }
 
+TEST(MutableDictionary, FindsEachOfVeryManyKeysAndNoneThatWasRemoved) {
+    constexpr int count = 10000;
+    MutableDictionary dictionary;
+    for (int i = 0; i < count; ++i)
+        dictionary.set(std::string(static_cast<std::size_t>(i % 20), 'k') + std::to_string(i), i);
+    for (const int gone : {0, 77, count - 1})
+        dictionary.remove(std::string(static_cast<std::size_t>(gone % 20), 'k') + std::to_string(gone));
+    ASSERT_EQ(dictionary.size(), std::size_t(count - 3));
+    const Dictionary copy = dictionary.copy();
+    for (int i = 0; i < count; ++i) {
+        const Value* found =
+            copy.find(std::string(static_cast<std::size_t>(i % 20), 'k') + std::to_string(i));
+        if (i == 0 || i == 77 || i == count - 1)
+            ASSERT_EQ(found, nullptr) << i;
+        else
+            ASSERT_TRUE(found && *found == Value(i)) << i;
+    }
+    EXPECT_EQ(copy.find(""), nullptr);
+}
+
 TEST(MutableDictionary, KeepsAKeyOfItsOwnThatIsSetAgain) {
     MutableDictionary dictionary(Dictionary{{"first", 1}, {"second", 2}});
     const auto key = (*dictionary.begin()).key;
