@@ -143,9 +143,8 @@ AppsListView::tableViewCellForRowAtIndexPath(platform::UITableView& table, platf
     appSwitch.setOn(enabled_ && enabled_->contains(identifier), false);
     platform::ALApplicationList* list = sharedApplicationList();
     cell->setImage(list ? list->iconOfSize(IconSize, identifier) : nullptr);
-    cell->textLabel().setText(
-        std::string(platform::stringValue(applications_.find(identifier)).value_or("")));
-    cell->detailTextLabel().setText(std::string(identifier));
+    cell->textLabel().setText(platform::stringValue(applications_.find(identifier)).value_or(""));
+    cell->detailTextLabel().setText(identifier);
     cell->detailTextLabel().setHidden(true);
     return cell;
 }

@@ -4,8 +4,8 @@ namespace platform {
 
 UILabel::~UILabel() = default;
 
-void UILabel::setText(std::string text) {
-    text_ = std::move(text);
+void UILabel::setText(std::string_view text) {
+    text_ = text;
     changed();
 }
 

@@ -3,6 +3,7 @@
 #include "platform/ui/UIView.h"
 
 #include <string>
+#include <string_view>
 
 namespace platform {
 
@@ -13,7 +14,7 @@ public:
     ~UILabel() override;
 
     const std::string& text() const { return text_; }
-    void setText(std::string text);
+    void setText(std::string_view text);
 
 private:
     std::string text_;
