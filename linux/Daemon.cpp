@@ -60,6 +60,7 @@ bool hasEnded(pid_t process, int& status) {
 
 bool runDaemon(const std::vector<std::string>& command, std::chrono::milliseconds timeout) {
     std::vector<char*> arguments;
+    arguments.reserve(command.size() + 1);
     for (const std::string& word : command)
         arguments.push_back(
             const_cast<char*>(word.c_str())); // what exec's signature asks for; it does not write there
