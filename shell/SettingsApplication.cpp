@@ -15,7 +15,7 @@ SettingsApplication::SettingsApplication(platform::AnimationClock& clock, double
     : door_([this] { settle(); }), clock_(clock, door_),
       screen_(std::make_shared<BundleListController>(), door_),
       changes_(screen_.stack(), [this](platform::UIView& view) { endEditingIn(view); }),
-      pageInput_(screen_, changes_, door_), sheetInput_(screen_, changes_, door_),
+      pageInput_(screen_, changes_, door_), sheetInput_(screen_, door_),
       liveRefresh_(screen_, changes_, door_) {
     platform::AnimationClock::setCurrent(&clock_);
     platform::DisplayObserver::setCurrent(&changes_);

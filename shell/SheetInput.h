@@ -2,7 +2,6 @@
 
 #include "shell/Answer.h"
 #include "shell/Screen.h"
-#include "shell/ScreenChanges.h"
 
 #include <cstddef>
 #include <string>
@@ -15,8 +14,7 @@ namespace wardlock::shell {
 /// thread only.
 class SheetInput {
 public:
-    SheetInput(Screen& screen, ScreenChanges& changes, Door& door)
-        : screen_(screen), changes_(changes), door_(door) {}
+    SheetInput(Screen& screen, Door& door) : screen_(screen), door_(door) {}
 
     /// 0 to 9.
     Answer pressDigit(int digit);
@@ -45,7 +43,6 @@ private:
     Answer onComposer(Do act);
 
     Screen& screen_;
-    ScreenChanges& changes_;
     Door& door_;
 };
 
