@@ -146,8 +146,8 @@ void TerminalFace::askText(NSIndexPath path, const Row& row) {
 }
 
 void TerminalFace::askSlider(NSIndexPath path, const Row& row) {
-    const auto text =
-        dialog_.ask("From " + std::to_string(row.min) + " to " + std::to_string(row.max) + ": ");
+    const auto text = dialog_.ask("From " + shell::fieldText(platform::Value(row.min)) + " to " +
+                                  shell::fieldText(platform::Value(row.max)) + ": ");
     if (!text || text->empty())
         return;
     if (const auto value = decimalNumber(*text))

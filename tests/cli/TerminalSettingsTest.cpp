@@ -3,6 +3,7 @@
 #include "tests/support/TerminalProcess.h"
 
 #include <csignal>
+#include <filesystem>
 
 namespace wardlock::test {
 namespace {
@@ -18,6 +19,12 @@ protected:
         environment.unset("WAYLAND_DISPLAY");
     }
     static std::vector<std::string> words() { return {"settings"}; }
+    void installFixtureBundle() const {
+        makeFolder("/Library/PreferenceBundles");
+        std::filesystem::create_directory_symlink(std::filesystem::path(WARDLOCK_BUILD_FOLDER) /
+                                                      "lib/test-modules/Fixture.bundle",
+                                                  onDisk("/Library/PreferenceBundles/Fixture.bundle"));
+    }
     static std::string rule(int columns) {
         std::string rule;
         for (int column = 0; column < columns; ++column)
@@ -173,6 +180,59 @@ TEST_F(TerminalSettings, ColoursOnlyWhereTheyAreWanted) {
     environment.unset("NO_COLOR");
     TerminalProcess terminal(command, words());
     EXPECT_NE(terminal.waitFor(question).find("\x1B[1mWardlock\x1B[0m"), std::string::npos);
+}
+
+TEST_F(TerminalSettings, ShowsALongTableAScreenAtATime) {
+    installFixtureBundle();
+    TerminalProcess terminal(command, words());
+    EXPECT_NE(terminal.waitFor(question).find("  1  Fixture"), std::string::npos)
+        << "two bundles: their list";
+    terminal.type("1\n");
+    EXPECT_NE(terminal.waitFor(question).find(" 12  Table"), std::string::npos);
+    terminal.type("12\n");
+    EXPECT_NE(terminal.waitFor(question).find("Rows 1 to 18 of 10000"), std::string::npos);
+    terminal.type("n\n");
+    EXPECT_NE(terminal.waitFor(question).find("  1  Row 18 "), std::string::npos);
+    terminal.type("2\n");
+    EXPECT_NE(terminal.waitFor(question).find("  2  Row 19" + std::string(67, ' ') + "on"),
+              std::string::npos);
+    terminal.type("p\n");
+    EXPECT_NE(terminal.waitFor(question).find("  1  Row 0 "), std::string::npos);
+}
+
+TEST_F(TerminalSettings, AsksForSlidersAndSecureText) {
+    installFixtureBundle();
+    TerminalProcess terminal(command, words());
+    terminal.waitFor(question);
+    terminal.type("1\n");
+    terminal.waitFor(question);
+    terminal.type("3\n");
+    terminal.waitFor(": ");
+    terminal.type("11\n");
+    terminal.waitFor("the slider does not go that far");
+    terminal.waitFor(question);
+    terminal.type("3\n");
+    terminal.waitFor(": ");
+    terminal.type("2.5\n");
+    EXPECT_NE(terminal.waitFor(question).find(" 2.5\r\n"), std::string::npos);
+    terminal.type("5\n");
+    terminal.waitFor("empties it): ");
+    EXPECT_FALSE(terminal.echoes());
+    terminal.type("secret\n");
+    const std::string page = terminal.waitFor(question);
+    EXPECT_EQ(page.find("secret"), std::string::npos);
+    EXPECT_NE(page.find("••••••"), std::string::npos);
+}
+
+TEST_F(TerminalSettings, GivesTheTerminalBackWhenAPageFails) {
+    installFixtureBundle();
+    TerminalProcess terminal(command, words());
+    terminal.waitFor(question);
+    terminal.type("1\n");
+    EXPECT_NE(terminal.waitFor(question).find(" 10  Fail"), std::string::npos);
+    terminal.type("10\n");
+    EXPECT_EQ(terminal.wait(), -1) << "a signal ends it";
+    EXPECT_TRUE(terminal.echoes());
 }
 
 TEST_F(TerminalSettings, WithoutATerminalShowsThePageAndHowToGoOn) {
