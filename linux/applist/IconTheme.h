@@ -8,7 +8,7 @@
 namespace platform::applist {
 
 /// Icons by name from the user's icon theme, the themes it inherits from, "hicolor" and the folders of icons
-/// without a theme, in this order, as the freedesktop icon theme specification has it, for one size at a
+/// without a theme, in this order, which is that of every free desktop, for one size at a
 /// time. Themes are read once. Main thread only.
 class IconTheme {
 public:
