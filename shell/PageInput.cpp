@@ -1,22 +1,14 @@
 #include "shell/PageInput.h"
 
 #include "platform/ui/UIWebView.h"
+#include "shell/OneLine.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace wardlock::shell {
 
 using platform::NSIndexPath;
 using platform::Value;
-
-namespace {
-
-bool isControlCharacter(char byte) {
-    return static_cast<unsigned char>(byte) < 0x20 || byte == 0x7F;
-}
-
-} // namespace
 
 std::optional<std::string> PageInput::obstacleToRow(NSIndexPath path) {
     if (auto why = screen_.obstacle())
@@ -117,10 +109,8 @@ Answer PageInput::typeText(std::string text) {
         const auto* edit = page().edit();
         if (!edit)
             return Answer::refused("no text field is being edited");
-        if (std::ranges::any_of(text, isControlCharacter))
-            return Answer::refused("a text field is one line");
         const auto path = page().find(*edit->specifier);
-        page().changeEdit(std::move(text));
+        page().changeEdit(oneLine(std::move(text)));
         if (path)
             changes_.row(screen_.page(), *path);
         return Answer::done();

@@ -25,7 +25,7 @@ public:
     Answer moveSlider(platform::NSIndexPath path, double value);
 
     Answer beginEditing(platform::NSIndexPath path);
-    /// The whole text as it stands in the row now.
+    /// The whole text as it stands in the row now, taken as one line.
     Answer typeText(std::string text);
     /// Return, loss of focus: stores what was typed. Nothing where nobody types.
     void endEditing();

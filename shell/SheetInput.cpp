@@ -1,5 +1,7 @@
 #include "shell/SheetInput.h"
 
+#include "shell/OneLine.h"
+
 #include <utility>
 
 namespace wardlock::shell {
@@ -67,7 +69,7 @@ Answer SheetInput::typeIntoAlert(std::size_t field, std::string text) {
             return Answer::refused(*why);
         if (field >= alert->textFields().size())
             return Answer::refused("the alert has no such text field");
-        alert->textFields()[field]->edit(std::move(text));
+        alert->textFields()[field]->edit(oneLine(std::move(text)));
         return Answer::done();
     });
 }

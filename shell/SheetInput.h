@@ -24,7 +24,7 @@ public:
     /// The second way to enter: a whole passcode recognised otherwise.
     Answer enterPasscode(std::string passcode);
 
-    /// The whole text as it stands in the alert's field now.
+    /// The whole text as it stands in the alert's field now, taken as one line.
     Answer typeIntoAlert(std::size_t field, std::string text);
     Answer chooseAlertAction(std::size_t action);
 

@@ -175,10 +175,10 @@ TEST_F(RowsTest, SecureTextIsShownAsBullets) {
 }
 
 TEST_F(RowsTest, ATextFieldIsOneLine) {
-    tap("Nickname");
-    EXPECT_FALSE(settings().page().typeText("a\nb"));
-    EXPECT_FALSE(settings().page().typeText("a\x1B[31m"));
-    EXPECT_TRUE(settings().page().typeText("a b"));
+    type("Nickname", "a\nb\tc\x1B[31m\x7F\n");
+    EXPECT_EQ(row("Nickname").text, "a b c [31m");
+    settings().page().endEditing();
+    expectValue("nickname", Value("a b c [31m"));
 }
 
 TEST_F(RowsTest, TypingNeedsAField) {
@@ -238,6 +238,14 @@ TEST_F(RowsTest, AnAlertsFieldTakesText) {
     EXPECT_TRUE(settings().sheets().typeIntoAlert(0, "because"));
     EXPECT_EQ(settings().screen().alert()->textFields()[0]->text(), "because");
     EXPECT_FALSE(settings().sheets().typeIntoAlert(1, "x"));
+}
+
+TEST_F(RowsTest, AnAlertsFieldIsOneLine) {
+    tap("Ask");
+    EXPECT_TRUE(settings().sheets().typeIntoAlert(0, "be\ncause\r\n"));
+    EXPECT_EQ(settings().screen().alert()->textFields()[0]->text(), "be cause");
+    EXPECT_TRUE(settings().sheets().typeIntoAlert(0, "\n"));
+    EXPECT_EQ(settings().screen().alert()->textFields()[0]->text(), "");
 }
 
 TEST_F(RowsTest, ReturningToAPageReadsItsValuesAgain) {
