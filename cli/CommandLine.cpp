@@ -55,10 +55,11 @@ ExitCode runWithoutVerb(Words words) {
         Output::line("wardlock " WARDLOCK_VERSION);
     else if (isFamily(words[0]) && words.size() > 1 && words[1] == "--help")
         Output::text(overview(words[0]));
-    else if (isFamily(words[0]))
+    else if (isFamily(words[0]) && words.size() == 1)
         throw CommandError(ExitCode::WrongUsage, std::string(words[0]) + " needs a verb of its own");
     else
-        throw CommandError(ExitCode::WrongUsage, "no such verb: " + std::string(words[0]));
+        throw CommandError(ExitCode::WrongUsage, "no such verb: " + std::string(words[0]) +
+                                                     (isFamily(words[0]) ? ' ' + std::string(words[1]) : ""));
     return ExitCode::Done;
 }
 

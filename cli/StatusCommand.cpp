@@ -2,6 +2,7 @@
 #include "cli/CommonOptions.h"
 #include "cli/Json.h"
 #include "cli/Output.h"
+#include "cli/TextWidth.h"
 #include "settings/DefaultSettings.h"
 #include "settings/EnabledAccount.h"
 #include "settings/Keys.h"
@@ -82,7 +83,7 @@ Json asJson(const std::optional<AccountStatus>& account) {
 void printList(std::string_view title, const std::vector<std::string>& entries) {
     Output::line(std::string(title) + (entries.empty() ? " nothing" : ""));
     for (const std::string& entry : entries)
-        Output::line("  " + entry);
+        Output::line("  " + printable(entry));
 }
 
 void printAccount(const std::optional<AccountStatus>& account) {
@@ -90,7 +91,7 @@ void printAccount(const std::optional<AccountStatus>& account) {
         Output::line("Enabled account: none");
         return;
     }
-    Output::line("Enabled account: " + account->name.value_or("without a name") + " (account " +
+    Output::line("Enabled account: " + printable(account->name.value_or("without a name")) + " (account " +
                  std::to_string(account->index + 1) + " of " + std::to_string(account->count) + ")");
     printList("Restrictions:", account->restrictions);
     printList("Restricted apps:", account->apps);

@@ -103,9 +103,11 @@ void TerminalSheets::askAlert(const platform::UIAlertController& alert) {
     const auto word = dialog_.ask("Number: ");
     const auto chosen = word ? wholeNumber(*word) : std::nullopt;
     const std::size_t fields = alert.textFields().size();
-    if (!chosen || *chosen == 0 || *chosen > number)
+    if (!word || word->empty())
         return;
-    if (*chosen <= fields)
+    if (!chosen || *chosen == 0 || *chosen > number)
+        dialog_.tellError("The numbers are 1 to " + std::to_string(number) + ".");
+    else if (*chosen <= fields)
         askAlertText(alert, *chosen - 1);
     else
         dialog_.tell(settings_.sheets().chooseAlertAction(*chosen - 1 - fields));
@@ -159,6 +161,8 @@ void TerminalSheets::obeyOnMail(const std::string& word) {
         askBody();
     } else if (number > 3) {
         dialog_.tell(sheets.removeAttachment(number - 4));
+    } else if (!word.empty()) {
+        dialog_.tellError("That is no answer here.");
     }
 }
 

@@ -3,6 +3,7 @@
 #include "cli/Json.h"
 #include "cli/Output.h"
 #include "cli/StopSignal.h"
+#include "cli/TextWidth.h"
 #include "cli/TypedJson.h"
 #include "platform/foundation/Format.h"
 #include "platform/foundation/MainLoop.h"
@@ -35,7 +36,7 @@ std::string changeAsJson(const Value* key, const Value* object) {
 }
 
 std::string changeAsText(const Value* key, const Value* object) {
-    std::string text(platform::stringValue(key).value_or("(no key)"));
+    std::string text = printable(platform::stringValue(key).value_or("(no key)"));
     text += " = " + (object ? jsonLine(typedJson(*object)) : "(no value)");
     text += TweakEnabled() ? "; in force" : "; not in force";
     return text + (AccountEnabled() ? ", an account is enabled" : ", no account is enabled");

@@ -107,6 +107,15 @@ TEST_F(CommandLine, RefusesWrongUsageInOneLine) {
     EXPECT_FALSE(exists(documentPath));
 }
 
+TEST_F(CommandLine, NamesTheWholeVerbThatItDoesNotKnow) {
+    EXPECT_EQ(wardlockCommand({"frobnicate"}).errors,
+              "wardlock: no such verb: frobnicate (see wardlock --help)\n");
+    EXPECT_EQ(wardlockCommand({"plist", "frobnicate"}).errors,
+              "wardlock: no such verb: plist frobnicate (see wardlock --help)\n");
+    EXPECT_EQ(wardlockCommand({"plist"}).errors,
+              "wardlock: plist needs a verb of its own (see wardlock --help)\n");
+}
+
 TEST_F(CommandLine, FailsInOneLineWhenTheOutputIsClosed) {
     ProcessSetup setup;
     setup.closedOutput = true;

@@ -49,6 +49,17 @@ TEST_F(SettingsCommands, StatusTellsWhenTheMasterSwitchIsOff) {
                                                   "Restrictions: nothing\nRestricted apps: nothing\n");
 }
 
+TEST_F(SettingsCommands, StatusKeepsEachNameOnItsLineAndControlCharactersFromTheTerminal) {
+    writeFile(
+        documentPath,
+        xml("<dict><key>kEnabled</key><true/><key>kPasscode</key><string/><key>kAccounts</key><array><dict>"
+            "<key>kAccountEnabled</key><true/><key>kAccountName</key><string>a\nb\x7F</string>"
+            "<key>kAppsRestricted</key><array><string>c\nd</string></array></dict></array></dict>"));
+    EXPECT_EQ(wardlockCommand({"status"}).output, "Master switch: on\nIn force: yes\n"
+                                                  "Enabled account: a b\uFFFD (account 1 of 1)\n"
+                                                  "Restrictions: nothing\nRestricted apps:\n  c d\n");
+}
+
 TEST_F(SettingsCommands, GetPrintsTopLevelKeys) {
     writeFile(documentPath, threeAccounts);
     EXPECT_EQ(wardlockCommand({"get", "kEnabled"}).output, "true\n");

@@ -135,6 +135,17 @@ TEST_F(TerminalSettings, EndsWithItsInput) {
     EXPECT_EQ(terminal.wait(), 0);
 }
 
+TEST_F(TerminalSettings, TellsWhichNumbersAnAlertTakes) {
+    TerminalProcess terminal(command, words());
+    terminal.waitFor(question);
+    terminal.type("+\n");
+    terminal.waitFor("Number: ");
+    terminal.type("4\n");
+    EXPECT_NE(terminal.waitFor("Number: ").find("The numbers are 1 to 3."), std::string::npos);
+    terminal.type("Create\n");
+    EXPECT_NE(terminal.waitFor("Number: ").find("The numbers are 1 to 3."), std::string::npos);
+}
+
 TEST_F(TerminalSettings, CreatesAnAccountThroughTheAlert) {
     TerminalProcess terminal(command, words());
     terminal.waitFor(question);
