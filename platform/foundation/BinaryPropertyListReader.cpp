@@ -99,6 +99,7 @@ std::optional<Value> BinaryPropertyListReader::valueAt(std::size_t offset, std::
     case Utf16String:
         return wideString(*content, object);
     case Uid:
+        object.height = 1;
         return uid(*content);
     case ArrayKind:
         return array(*content, depth, object);

@@ -56,7 +56,9 @@ struct Sip {
 
 std::uint64_t wordOf(const char* bytes, std::size_t count) {
     std::uint64_t word = 0;
-    std::memcpy(&word, bytes, count);
+    // The empty key may have no address.
+    if (count > 0)
+        std::memcpy(&word, bytes, count);
     return word;
 }
 

@@ -3,6 +3,8 @@
 #include "platform/foundation/NSException.h"
 #include "platform/foundation/Value.h"
 
+#include <algorithm>
+
 namespace platform {
 
 MutableDictionary::MutableDictionary() = default;
@@ -59,7 +61,9 @@ void MutableDictionary::set(std::string_view key, Value value) {
         values_[place] = std::move(value);
         return;
     }
-    values_.reserve(values_.size() + 1);
+    // Room first, so that nothing can fail once the key is in.
+    if (values_.size() == values_.capacity())
+        values_.reserve(std::max<std::size_t>(8, 2 * values_.size()));
     if (!keys_->hasSingleOwner())
         keys_ = keys_->clone();
     keys_->add(key);

@@ -36,21 +36,31 @@ inline std::size_t textHash(std::string_view text) {
     return static_cast<std::size_t>(mixed >> 32 ^ mixed >> 56);
 }
 
+/// Whether the first and the last bytes of two texts of one length are the same, a word of each.
+template <class Word>
+bool sameEnds(std::string_view a, std::string_view b) {
+    const std::size_t last = a.size() - sizeof(Word);
+    return loadWord<Word>(a.data()) == loadWord<Word>(b.data()) &&
+           loadWord<Word>(a.data() + last) == loadWord<Word>(b.data() + last);
+}
+
 /// Equality of short texts, without the call that a comparison of any length costs.
 inline bool sameShortText(std::string_view a, std::string_view b) {
-    if (a.size() != b.size())
-        return false;
     const std::size_t length = a.size();
-    if (length < 8) {
-        for (std::size_t i = 0; i < length; ++i)
-            if (a[i] != b[i])
+    if (length != b.size())
+        return false;
+    if (length >= 8) {
+        for (std::size_t at = 8; at + 8 < length; at += 8)
+            if (loadWord<std::uint64_t>(a.data() + at) != loadWord<std::uint64_t>(b.data() + at))
                 return false;
-        return true;
+        return sameEnds<std::uint64_t>(a, b);
     }
-    for (std::size_t at = 0; at + 8 < length; at += 8)
-        if (loadWord<std::uint64_t>(a.data() + at) != loadWord<std::uint64_t>(b.data() + at))
+    if (length >= 4)
+        return sameEnds<std::uint32_t>(a, b);
+    for (std::size_t i = 0; i < length; ++i)
+        if (a[i] != b[i])
             return false;
-    return loadWord<std::uint64_t>(a.data() + length - 8) == loadWord<std::uint64_t>(b.data() + length - 8);
+    return true;
 }
 
 } // namespace platform

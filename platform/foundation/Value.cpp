@@ -5,6 +5,8 @@
 
 namespace platform {
 
+static_assert(sizeof(Value) == 16);
+
 namespace {
 
 bool sameNumber(double a, double b) {
@@ -70,6 +72,17 @@ Value Value::date(double seconds) {
     Value value(seconds);
     value.kind_ = Kind::Date;
     return value;
+}
+
+Value::Value(const Value& other) : kind_(other.kind_), unsigned_(other.unsigned_) {
+    if (kind_ == Kind::Array)
+        new (&array_) platform::Array(other.array_);
+    else if (kind_ == Kind::Dictionary)
+        new (&dictionary_) platform::Dictionary(other.dictionary_);
+    else if (kind_ == Kind::String || kind_ == Kind::Data)
+        new (&bytes_) Reference<ByteBlock>(other.bytes_);
+    else
+        bits_ = other.bits_;
 }
 
 Value& Value::operator=(const Value& other) {

@@ -33,8 +33,7 @@ public:
           bits_(static_cast<std::uint64_t>(number)) {}
     template <std::floating_point T>
     Value(T number) : kind_(Kind::Real), bits_(std::bit_cast<std::uint64_t>(static_cast<double>(number))) {}
-    /// UTF-8. A string with any other bytes can be held, but not be written as a property list that is read
-    /// back.
+    /// UTF-8. Other bytes are held, but written to a document as U+FFFD.
     Value(std::string_view text) : Value(Kind::String, ByteBlock::create(text)) {}
     Value(const std::string& text) : Value(std::string_view(text)) {}
     Value(const char* text) : Value(std::string_view(text)) {}
@@ -43,13 +42,12 @@ public:
     /// A string or data.
     Value(Kind kind, Reference<ByteBlock> bytes) : kind_(kind), bytes_(std::move(bytes)) {}
     Value(const void*) = delete;
-    Value(std::nullptr_t) = delete;
     static Value data(std::string_view bytes) { return {Kind::Data, ByteBlock::create(bytes)}; }
     /// Seconds since 2001-01-01T00:00:00Z.
     static Value date(double seconds);
 
     Value(const Value& other);
-    Value(Value&& other) noexcept;
+    Value(Value&& other) noexcept { moveFrom(other); }
     Value& operator=(const Value& other);
     Value& operator=(Value&& other) noexcept;
     ~Value() { destroy(); }
@@ -58,19 +56,25 @@ public:
     bool is(Kind kind) const { return kind_ == kind; }
 
     /// The content; each only of a value of that kind.
-    bool boolean() const;
+    bool boolean() const { return content(Kind::Boolean).bits_ != 0; }
     /// Not of a number above the largest signed one.
-    std::int64_t integer() const;
+    std::int64_t integer() const {
+        assert(!isUnsigned());
+        return static_cast<std::int64_t>(bits_);
+    }
     /// Whether the integer is above the largest signed one.
-    bool isUnsigned() const;
+    bool isUnsigned() const { return content(Kind::Integer).unsigned_; }
     /// Not of a negative number.
-    std::uint64_t unsignedInteger() const;
-    double real() const;
-    std::string_view string() const;
-    std::string_view data() const;
-    double date() const;
-    const platform::Array& array() const;
-    const platform::Dictionary& dictionary() const;
+    std::uint64_t unsignedInteger() const {
+        assert(isUnsigned() || integer() >= 0);
+        return bits_;
+    }
+    double real() const { return std::bit_cast<double>(content(Kind::Real).bits_); }
+    std::string_view string() const { return content(Kind::String).bytes(); }
+    std::string_view data() const { return content(Kind::Data).bytes(); }
+    double date() const { return std::bit_cast<double>(content(Kind::Date).bits_); }
+    const platform::Array& array() const { return content(Kind::Array).array_; }
+    const platform::Dictionary& dictionary() const { return content(Kind::Dictionary).dictionary_; }
 
     /// Same kind and content. Dictionaries compare whatever their order; a NaN equals a NaN.
     bool operator==(const Value& other) const;
@@ -78,10 +82,13 @@ public:
 private:
     friend class ContainerBlock;
 
+    const Value& content([[maybe_unused]] Kind kind) const {
+        assert(kind_ == kind);
+        return *this;
+    }
     std::string_view bytes() const { return bytes_ ? bytes_->bytes() : std::string_view(); }
     /// Takes the shared elements out of a container, which becomes empty; null for none and for other kinds.
     ContainerBlock* detachContainer();
-    void copyFrom(const Value& other);
     void moveFrom(Value& other) noexcept;
     void destroy();
 
@@ -97,78 +104,18 @@ private:
     };
 };
 
-static_assert(sizeof(Value) == 16);
-
 /// The platform's readings, tolerant of nil and of other kinds. Numbers by their value; strings by their
 /// beginning: "YES", "true", digits. Everything else reads as false and as 0.
-bool boolValue(const Value* value);
+WARDLOCK_API bool boolValueOfOther(const Value& value);
+inline bool boolValue(const Value* value) {
+    return value && (value->is(Value::Kind::Boolean) ? value->boolean() : boolValueOfOther(*value));
+}
 WARDLOCK_API float floatValue(const Value* value);
 /// Null, or none, for nil and for another kind.
 WARDLOCK_API const Array* arrayValue(const Value* value);
 WARDLOCK_API const Dictionary* dictionaryValue(const Value* value);
 WARDLOCK_API std::optional<std::string_view> stringValue(const Value* value);
 
-/// boolValue() of what is no boolean.
-WARDLOCK_API bool boolValueOfOther(const Value& value);
-inline bool boolValue(const Value* value) {
-    if (!value)
-        return false;
-    return value->is(Value::Kind::Boolean) ? value->boolean() : boolValueOfOther(*value);
-}
-
-inline bool Value::boolean() const {
-    assert(kind_ == Kind::Boolean);
-    return bits_ != 0;
-}
-inline std::int64_t Value::integer() const {
-    assert(kind_ == Kind::Integer && !unsigned_);
-    return static_cast<std::int64_t>(bits_);
-}
-inline bool Value::isUnsigned() const {
-    assert(kind_ == Kind::Integer);
-    return unsigned_;
-}
-inline std::uint64_t Value::unsignedInteger() const {
-    assert(kind_ == Kind::Integer && (unsigned_ || static_cast<std::int64_t>(bits_) >= 0));
-    return bits_;
-}
-inline double Value::real() const {
-    assert(kind_ == Kind::Real);
-    return std::bit_cast<double>(bits_);
-}
-inline std::string_view Value::string() const {
-    assert(kind_ == Kind::String);
-    return bytes();
-}
-inline std::string_view Value::data() const {
-    assert(kind_ == Kind::Data);
-    return bytes();
-}
-inline double Value::date() const {
-    assert(kind_ == Kind::Date);
-    return std::bit_cast<double>(bits_);
-}
-inline const Array& Value::array() const {
-    assert(kind_ == Kind::Array);
-    return array_;
-}
-inline const Dictionary& Value::dictionary() const {
-    assert(kind_ == Kind::Dictionary);
-    return dictionary_;
-}
-
-inline void Value::copyFrom(const Value& other) {
-    kind_ = other.kind_;
-    unsigned_ = other.unsigned_;
-    if (kind_ == Kind::Array)
-        new (&array_) platform::Array(other.array_);
-    else if (kind_ == Kind::Dictionary)
-        new (&dictionary_) platform::Dictionary(other.dictionary_);
-    else if (kind_ == Kind::String || kind_ == Kind::Data)
-        new (&bytes_) Reference<ByteBlock>(other.bytes_);
-    else
-        bits_ = other.bits_;
-}
 inline void Value::moveFrom(Value& other) noexcept {
     kind_ = other.kind_;
     unsigned_ = other.unsigned_;
@@ -197,12 +144,6 @@ inline ContainerBlock* Value::detachContainer() {
     if (kind_ == Kind::Array)
         return array_.block_.detach();
     return kind_ == Kind::Dictionary ? dictionary_.block_.detach() : nullptr;
-}
-inline Value::Value(const Value& other) {
-    copyFrom(other);
-}
-inline Value::Value(Value&& other) noexcept {
-    moveFrom(other);
 }
 
 } // namespace platform

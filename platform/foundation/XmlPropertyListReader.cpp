@@ -104,7 +104,13 @@ bool XmlPropertyListReader::close(Element element) {
 
 bool XmlPropertyListReader::readLeaf(Element element) {
     const auto text = text_.take(cursor_);
-    const bool closed = text && takeTag() && tagKind_ == TagKind::Closing && element_ == element;
+    if (!text)
+        return false;
+    if (element == Element::String && cursor_.take("</string>"))
+        return builder_.addString(*text);
+    if (element == Element::Key && cursor_.take("</key>"))
+        return builder_.addKey(*text);
+    const bool closed = takeTag() && tagKind_ == TagKind::Closing && element_ == element;
     return closed && addLeaf(element, *text);
 }
 

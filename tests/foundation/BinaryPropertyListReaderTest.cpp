@@ -230,14 +230,13 @@ TEST(BinaryReader, RefusesTextThatSharedReferencesMakeTooLarge) {
     EXPECT_EQ(reading(list.bytes()), "no document");
 }
 
-/// Arrays one in another; the innermost is empty.
-std::string nested(int levels) {
+/// Arrays one in another around the innermost object.
+std::string nested(int levels, const std::string& innermost = "\xA0") {
     std::string objects;
     std::string table;
     for (int i = 0; i < levels; ++i) {
         table += bigEndian(8 + objects.size(), 4);
-        objects +=
-            i + 1 < levels ? "\xA1" + bigEndian(static_cast<std::uint64_t>(i) + 1, 4) : std::string("\xA0");
+        objects += i + 1 < levels ? "\xA1" + bigEndian(static_cast<std::uint64_t>(i) + 1, 4) : innermost;
     }
     return "bplist00" + objects + table + std::string(6, '\0') + "\x04\x04" +
            bigEndian(static_cast<std::uint64_t>(levels), 8) + bigEndian(0, 8) +
@@ -247,6 +246,12 @@ std::string nested(int levels) {
 TEST(BinaryReader, ReadsNestingUpToItsBound) {
     EXPECT_NE(reading(nested(512)), "no document");
     EXPECT_EQ(reading(nested(513)), "no document");
+}
+
+TEST(BinaryReader, CountsAUidAsTheDictionaryItBecomes) {
+    EXPECT_NE(reading(nested(512, "\x80\x05")), "no document");
+    EXPECT_EQ(reading(nested(513, "\x80\x05")), "no document");
+    EXPECT_NE(reading(nested(513, "\x09")), "no document");
 }
 
 TEST(BinaryReader, RefusesNestingAMillionDeep) {

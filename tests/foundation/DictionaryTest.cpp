@@ -153,7 +153,14 @@ TEST(MutableDictionary, FindsEachOfVeryManyKeysAndNoneThatWasRemoved) {
         else
             ASSERT_TRUE(found && *found == Value(i)) << i;
     }
-    EXPECT_EQ(copy.find(""), nullptr);
+    EXPECT_EQ(copy.find(std::string_view()), nullptr);
+}
+
+TEST(MutableDictionary, TakesAPieceOfItsOwnKeyForANewOne) {
+    MutableDictionary dictionary;
+    dictionary.set("first key", 1);
+    dictionary.set((*dictionary.begin()).key.substr(0, 5), 2);
+    EXPECT_EQ(text(dictionary.copy()), "{\"first key\": 1, \"first\": 2}");
 }
 
 TEST(MutableDictionary, KeepsAKeyOfItsOwnThatIsSetAgain) {

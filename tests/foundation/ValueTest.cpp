@@ -7,7 +7,9 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <thread>
 #include <type_traits>
+#include <vector>
 
 namespace platform {
 namespace {
@@ -110,6 +112,24 @@ TEST(Value, IsFreedHoweverDeepItIs) {
 TEST(Value, IsComparedHoweverDeepItIs) {
     EXPECT_EQ(nested(deep), nested(deep));
     EXPECT_NE(nested(deep), nested(deep + 2));
+}
+
+TEST(Value, MayBeCopiedAndDroppedByManyThreads) {
+    const Value shared = Dictionary{{"name", "Ada"}, {"apps", Array{"one", "two"}}};
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 4; ++i) {
+        threads.emplace_back([copy = shared]() mutable {
+            for (int round = 0; round < 10'000; ++round) {
+                MutableDictionary changed(copy.dictionary());
+                changed.set("round", round);
+                const Value inner = *changed.copy().find("apps");
+                copy = Value(copy);
+            }
+        });
+    }
+    for (std::thread& thread : threads)
+        thread.join();
+    EXPECT_EQ(text(shared), "{\"name\": \"Ada\", \"apps\": [\"one\", \"two\"]}");
 }
 
 TEST(Value, OutlivesTheContainerItCameFrom) {
