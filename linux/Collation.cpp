@@ -18,17 +18,16 @@ locale_t userCollation() {
 
 /// The key of a text without a null character inside.
 void appendTransformed(const char* text, std::string& keys) {
-    const std::size_t start = keys.size();
-    std::size_t room = 4 * std::strlen(text) + 1;
-    for (;;) {
-        keys.resize(start + room);
-        const std::size_t needed = strxfrm_l(keys.data() + start, text, room, userCollation());
-        if (needed < room) {
-            keys.resize(start + needed);
-            return;
-        }
-        room = needed + 1;
+    char usual[1024];
+    const std::size_t needed = strxfrm_l(usual, text, sizeof usual, userCollation());
+    if (needed < sizeof usual) {
+        keys.append(usual, needed);
+        return;
     }
+    const std::size_t start = keys.size();
+    keys.resize(start + needed + 1);
+    strxfrm_l(keys.data() + start, text, needed + 1, userCollation());
+    keys.resize(start + needed);
 }
 
 } // namespace
