@@ -49,6 +49,21 @@ std::string charsetOf(std::string_view bytes, std::string_view contentType) {
     return charset.empty() ? Utf8 : charset;
 }
 
+/// iconv lets bytes through that only look like UTF-8.
+std::string validated(std::string_view text) {
+    std::string valid;
+    valid.reserve(text.size());
+    for (std::size_t i = 0; i < text.size();) {
+        const DecodedCharacter decoded = decodeUtf8(text, i);
+        if (decoded.length == 0)
+            valid.append(Replacement);
+        else
+            valid.append(text.substr(i, decoded.length));
+        i += std::max<std::size_t>(decoded.length, 1);
+    }
+    return valid;
+}
+
 class Converter {
 public:
     explicit Converter(const std::string& charset) : handle_(iconv_open(Utf8, charset.c_str())) {
@@ -91,7 +106,7 @@ private:
 
 std::string decodedPage(std::string_view bytes, std::string_view contentType) {
     constexpr std::string_view mark = "\xEF\xBB\xBF";
-    std::string text = Converter(charsetOf(bytes, contentType)).convert(bytes);
+    std::string text = validated(Converter(charsetOf(bytes, contentType)).convert(bytes));
     if (text.starts_with(mark))
         text.erase(0, mark.size());
     return text;

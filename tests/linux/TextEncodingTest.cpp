@@ -1,5 +1,7 @@
 #include "linux/TextEncoding.h"
 
+#include "platform/foundation/Utf8.h"
+
 #include <gtest/gtest.h>
 
 namespace platform {
@@ -30,6 +32,12 @@ TEST(TextEncoding, IsThatOfTheByteOrderMarkBeforeAll) {
                                            6),
                           "text/html; charset=latin1"),
               "A€");
+}
+
+TEST(TextEncoding, IsValidWhateverTheBytes) {
+    for (const std::string_view bytes : {"\xff\xff\xfe\xfd", "\xf8\x88\x80\x80\x80", "\xed\xa0\x80",
+                                         "\xf4\x90\x80\x80", "\xef\xbb\xbf\xff\xff\xfe\xfd"})
+        EXPECT_TRUE(isValidUtf8(decodedPage(bytes, "text/html; charset=utf-8")));
 }
 
 TEST(TextEncoding, ReplacesWhatTheEncodingDoesNotHave) {
