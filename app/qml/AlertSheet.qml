@@ -92,29 +92,31 @@ Item {
                 id: buttons
                 width: parent.width
                 Repeater {
-                    model: sheet.alert.actions
+                    // By number, so that a button stays the same one when it is enabled.
+                    model: sheet.alert.actions.length
                     Item {
-                        required property var modelData
+                        id: place
                         required property int index
+                        readonly property var action: sheet.alert.actions[index]
                         width: sheet.sideBySide ? buttons.width / 2 : buttons.width
                         height: Math.max(44, Look.rowHeight)
                         PlainButton {
-                            objectName: "alert:" + modelData.title
+                            objectName: "alert:" + place.action.title
                             anchors.fill: parent
-                            text: modelData.title
-                            enabled: modelData.enabled
-                            strong: modelData.style === "cancel"
-                            color: modelData.style === "destructive" ? Look.destructive : Look.tint
-                            onPressed: sheet.alert.choose(index)
+                            text: place.action.title
+                            enabled: place.action.enabled
+                            strong: place.action.style === "cancel"
+                            color: place.action.style === "destructive" ? Look.destructive : Look.tint
+                            onPressed: sheet.alert.choose(place.index)
                         }
                         Rectangle {
-                            visible: sheet.sideBySide && index === 1
+                            visible: sheet.sideBySide && place.index === 1
                             width: 1
                             height: parent.height
                             color: Look.separator
                         }
                         Hairline {
-                            visible: !sheet.sideBySide && index > 0
+                            visible: !sheet.sideBySide && place.index > 0
                             width: parent.width
                         }
                     }

@@ -70,24 +70,11 @@ FocusScope {
             font.pixelSize: Look.small
         }
         Item { width: 1; height: sheet.gap }
-        Row {
-            id: dots
+        KeypadDots {
+            objectName: "keypad:dots"
             anchors.horizontalCenter: parent.horizontalCenter
             spacing: Math.round(sheet.unit * 0.32)
-            Accessible.role: Accessible.StaticText
-            Accessible.name: qsTr("%n of 4 digits entered", "", sheet.keypad.digitCount)
-            Repeater {
-                model: 4
-                Rectangle {
-                    required property int index
-                    width: 13
-                    height: 13
-                    radius: 6.5
-                    color: index < sheet.keypad.digitCount ? "white" : "transparent"
-                    border.color: "white"
-                    border.width: 1.2
-                }
-            }
+            count: sheet.keypad.digitCount
         }
         Item { width: 1; height: Math.round(sheet.unit * 0.55) }
         Grid {
@@ -111,6 +98,7 @@ FocusScope {
                 height: sheet.unit
                 enabled: sheet.keypad.showsEmergency
                 opacity: sheet.keypad.showsEmergency ? 1 : 0
+                Accessible.ignored: !sheet.keypad.showsEmergency
                 text: qsTr("Emergency")
                 size: Look.small
                 color: "white"
@@ -134,15 +122,12 @@ FocusScope {
         }
     }
 
-    property int failuresSeen: keypad.failures
-    Connections {
-        target: sheet.keypad
-        function onChanged() {
-            if (sheet.keypad.failures > sheet.failuresSeen) {
-                sheet.failuresSeen = sheet.keypad.failures;
-                shake.restart();
-            }
-        }
+    readonly property int failures: keypad.failures
+    property int failuresShown: 0
+    onFailuresChanged: {
+        if (failures > failuresShown)
+            shake.restart();
+        failuresShown = failures;
     }
     SequentialAnimation {
         id: shake

@@ -15,6 +15,11 @@ PullList {
         width: ListView.view ? ListView.view.width : 0
         height: content.item ? content.item.implicitHeight : 0
 
+        // A row that scrolls out of sight takes no more keys.
+        ListView.onPooled: if (activeFocusInside) listPage.list.forceActiveFocus()
+        readonly property bool activeFocusInside: content.item !== null && content.item.holdsFocus === true
+        readonly property Item focusTarget: content.item && content.item.focusTarget ? content.item.focusTarget : null
+
         Loader {
             id: content
             x: line.side

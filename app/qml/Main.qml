@@ -16,6 +16,10 @@ Window {
     }
     onClosing: settings.close()
 
+    // What covered the pages has gone: the keyboard is theirs again, where it was.
+    readonly property bool covered: settings.alert !== null || settings.composer !== null || settings.keypad !== null
+    onCoveredChanged: if (!covered) pages.forceActiveFocus()
+
     Item {
         id: root
         anchors.fill: parent
@@ -26,7 +30,7 @@ Window {
             id: pages
             anchors.fill: parent
             focus: true
-            enabled: settings.alert === null && settings.composer === null && settings.keypad === null
+            enabled: !window.covered
             Keys.onEscapePressed: settings.goBack()
             Keys.onBackPressed: settings.goBack()
             PageStack {
@@ -56,6 +60,7 @@ Window {
     }
     Shortcut {
         sequences: [StandardKey.Find]
+        enabled: !window.covered
         onActivated: {
             const top = stack.topView();
             if (top && top.content && top.content.search)
@@ -63,7 +68,9 @@ Window {
         }
     }
     Shortcut {
-        sequences: [StandardKey.Back]
+        // Not the platform's sequences for it: Backspace is one of them.
+        sequences: ["Alt+Left"]
+        enabled: !window.covered
         onActivated: settings.goBack()
     }
 }

@@ -5,8 +5,31 @@ Rectangle {
     id: bar
     required property var page
 
+    /// The keyboard leaves the bar at its end or its beginning.
+    signal tabbedOut(bool forward)
+    readonly property bool hasButtons: back.visible || add.visible
+
     height: Look.barHeight
     color: Look.bar
+
+    function takeFocus(forward) {
+        const buttons = [back, add].filter((button) => button.visible);
+        if (buttons.length > 0)
+            buttons[forward ? 0 : buttons.length - 1].forceActiveFocus(Qt.TabFocusReason);
+        else
+            tabbedOut(forward);
+    }
+    Keys.onPressed: (event) => {
+        if (event.key !== Qt.Key_Tab && event.key !== Qt.Key_Backtab)
+            return;
+        const forward = event.key === Qt.Key_Tab;
+        const other = forward ? add : back;
+        if (other.visible && !other.activeFocus)
+            other.forceActiveFocus(Qt.TabFocusReason);
+        else
+            tabbedOut(forward);
+        event.accepted = true;
+    }
 
     readonly property real side: Math.max(back.visible ? back.width : 0, add.visible ? add.width : 0) + 12
 

@@ -1,10 +1,12 @@
 import QtQuick
 
 // The pages one over another: a pushed one slides in from the side, a popped one out, the one beneath follows a little.
+// A swipe from the edge takes the topmost away under the finger.
 Item {
     id: stack
-    property alias count: pages.count
     readonly property int duration: Math.round(settings.transitionSeconds * 1000)
+    /// Counts comings and goings, for what asks the repeater for its items.
+    property int changes: 0
 
     function topView() {
         for (let i = pages.count - 1; i >= 0; --i)
@@ -16,6 +18,8 @@ Item {
     Repeater {
         id: pages
         model: settings.pages
+        onItemAdded: ++stack.changes
+        onItemRemoved: ++stack.changes
 
         FocusScope {
             id: slot
@@ -23,41 +27,43 @@ Item {
             required property string place
             required property int index
 
+            property alias content: pageView.content
             readonly property int direction: LayoutMirroring.enabled ? -1 : 1
             readonly property bool isTop: place === "top" || place === "entering"
-            property bool ready: false
-            property real rest: place === "leaving" ? direction * width
-                              : place === "below" ? -direction * Math.round(width * 0.3) : 0
+            readonly property Item above: stack.changes >= 0 && index + 1 < pages.count ? pages.itemAt(index + 1) : null
+            /// How far it is out of the window: 0 in its place, 1 gone.
+            property real out: 0
 
             objectName: "page:" + page.title
             width: stack.width
             height: stack.height
+            x: Math.round(direction * width * (out - (above ? 0.3 * (1 - above.out) : 0)))
+            visible: out < 1 && (above === null || above.out > 0)
             enabled: place === "top"
             focus: isTop
-            visible: isTop || place === "leaving" || index >= pages.count - 2 && covered.running
-                     || index === pages.count - 2 && pages.itemAt(index + 1) !== null
-                     && (pages.itemAt(index + 1).x !== 0)
-            x: edge.active ? Math.max(0, direction * edge.translation.x) * direction : rest
 
-            Behavior on x {
-                enabled: slot.ready && !edge.active
-                NumberAnimation { id: covered; duration: stack.duration; easing.type: Easing.OutCubic }
+            function slideTo(target) {
+                slide.from = out;
+                slide.to = target;
+                slide.restart();
             }
             Component.onCompleted: {
-                if (place === "entering") {
-                    const target = Qt.binding(() => edge.active
-                        ? Math.max(0, direction * edge.translation.x) * direction : rest);
-                    x = direction * width;
-                    ready = true;
-                    x = target;
-                } else {
-                    ready = true;
-                }
+                if (place !== "entering" || stack.duration === 0)
+                    return;
+                out = 1;
+                slideTo(0);
+            }
+            onPlaceChanged: if (place === "leaving") slideTo(1)
+            NumberAnimation {
+                id: slide
+                target: slot
+                property: "out"
+                duration: stack.duration
+                easing.type: Easing.OutCubic
             }
 
             PageView {
                 id: pageView
-                objectName: "view"
                 anchors.fill: parent
                 page: slot.page
                 focus: true
@@ -65,23 +71,33 @@ Item {
             Rectangle {
                 width: 1
                 height: parent.height
-                x: -1
+                x: slot.direction > 0 ? -1 : slot.width
                 color: Look.separator
-                visible: slot.x !== 0
+                visible: slot.out > 0
             }
             Item {
+                objectName: "edge"
                 width: 24
                 height: parent.height
                 anchors.left: parent.left
-                enabled: slot.place === "top" && slot.page.backTitle !== ""
                 DragHandler {
                     id: edge
                     target: null
                     yAxis.enabled: false
-                    onActiveChanged: if (!active && slot.direction * translation.x > slot.width * 0.4) settings.goBack()
+                    enabled: slot.place === "top" && slot.page.backTitle !== ""
+                    grabPermissions: PointerHandler.CanTakeOverFromAnything
+                    onTranslationChanged: if (active)
+                        slot.out = Math.max(0, Math.min(1, slot.direction * translation.x / slot.width))
+                    onActiveChanged: {
+                        if (active)
+                            return slide.stop();
+                        if (slot.out > 0.4)
+                            settings.goBack();
+                        if (slot.place === "top")
+                            slot.slideTo(0);
+                    }
                 }
             }
-            property alias content: pageView.content
         }
     }
 }

@@ -29,8 +29,18 @@ FocusScope {
         readonly property string kind: view.page.kind
         onKindChanged: show()
     }
+    Connections {
+        target: content.item && content.item.tabbedOut ? content.item : null
+        function onTabbedOut(forward) { bar.takeFocus(forward); }
+    }
     NavigationBar {
         id: bar
+        onTabbedOut: (forward) => {
+            const list = content.item && content.item.focusRow ? content.item : null;
+            const inList = list !== null && list.focusRow(forward ? -1 : list.list.count, forward ? 1 : -1);
+            if (!inList && hasButtons)
+                takeFocus(forward);
+        }
         width: parent.width
         page: view.page
     }

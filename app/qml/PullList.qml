@@ -8,6 +8,40 @@ Item {
     property alias model: list.model
     property alias delegate: list.delegate
 
+    /// The keyboard leaves the list over its first or last row.
+    signal tabbedOut(bool forward)
+
+    // Rows are made as they come into sight, so the view's own order of focus knows only some of them, and those in any
+    // order.
+    function focusRow(from, step) {
+        for (let i = from + step; i >= 0 && i < list.count; i += step) {
+            list.positionViewAtIndex(i, ListView.Contain);
+            const row = list.itemAtIndex(i);
+            if (row && row.focusTarget) {
+                row.focusTarget.forceActiveFocus(step > 0 ? Qt.TabFocusReason : Qt.BacktabFocusReason);
+                return true;
+            }
+        }
+        return false;
+    }
+    function focusedRow() {
+        for (let i = 0; i < list.count; ++i) {
+            const row = list.itemAtIndex(i);
+            if (row && row.focusTarget && row.focusTarget.activeFocus)
+                return i;
+        }
+        return -1;
+    }
+    Keys.onPressed: (event) => {
+        const tab = event.key === Qt.Key_Tab || event.key === Qt.Key_Backtab;
+        if (!tab && event.key !== Qt.Key_Down && event.key !== Qt.Key_Up)
+            return;
+        const forward = event.key === Qt.Key_Tab || event.key === Qt.Key_Down;
+        if (!focusRow(focusedRow(), forward ? 1 : -1) && tab)
+            tabbedOut(forward);
+        event.accepted = true;
+    }
+
     function search() {
         field.begin();
     }

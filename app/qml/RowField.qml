@@ -5,6 +5,8 @@ TextInput {
     id: field
     required property var page
     required property var entry
+    /// What the entry said last.
+    property bool editing: false
     readonly property bool secure: entry.kind === "secureEditText"
 
     color: enabled ? Look.label : Look.placeholder
@@ -23,12 +25,19 @@ TextInput {
     Accessible.passwordEdit: secure
 
     Component.onCompleted: text = entry.value
-    onEntryChanged: if (!activeFocus && text !== entry.value) text = entry.value
+    onEntryChanged: {
+        // The page has ended the editing, for example since its list is dragged.
+        if (activeFocus && editing && !entry.editing)
+            focus = false;
+        else if (!activeFocus && text !== entry.value)
+            text = entry.value;
+        editing = entry.editing;
+    }
     onActiveFocusChanged: {
         if (activeFocus) {
-            page.beginEditing(entry.section, entry.row);
             if (secure)
                 text = "";
+            page.beginEditing(entry.section, entry.row);
         } else {
             page.endEditing();
             text = entry.value;

@@ -12,6 +12,12 @@ Item {
                                     || kind === "staticText"
     readonly property bool leadsOn: kind === "link" || kind === "linkList"
 
+    /// What takes the keyboard of this row; null for none.
+    readonly property Item focusTarget: !entry.enabled ? null
+        : selects ? (kind === "staticText" ? null : row)
+        : kind === "switch" ? toggle.item : kind === "slider" ? (slider.item ? slider.item.control : null) : field.item
+    readonly property bool holdsFocus: focusTarget !== null && focusTarget.activeFocus
+
     objectName: "row:" + (entry.label !== "" ? entry.label : entry.placeholder)
     implicitHeight: Look.rowHeight
     enabled: entry.enabled
@@ -83,6 +89,7 @@ Item {
             anchors.verticalCenter: parent.verticalCenter
         }
         Loader {
+            id: toggle
             active: row.kind === "switch"
             visible: active
             sourceComponent: Toggle {
@@ -95,6 +102,7 @@ Item {
     }
 
     Loader {
+        id: slider
         active: row.kind === "slider"
         anchors.left: label.visible ? label.right : parent.left
         anchors.leftMargin: label.visible ? 12 : Look.inset
@@ -104,6 +112,7 @@ Item {
         sourceComponent: SliderRow { entry: row.entry; page: row.page }
     }
     Loader {
+        id: field
         active: row.isField
         anchors.left: label.visible ? label.right : parent.left
         anchors.leftMargin: label.visible ? 16 : Look.inset

@@ -6,6 +6,8 @@ Item {
     required property var page
     required property var entry
 
+    readonly property alias control: slider
+
     implicitHeight: slider.implicitHeight
 
     SliderControl {

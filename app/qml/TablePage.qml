@@ -19,6 +19,9 @@ PullList {
 
         readonly property real side: Look.sideMargin(width)
 
+        readonly property Item focusTarget: hasSwitch ? toggle : null
+        ListView.onPooled: if (toggle.activeFocus) tablePage.list.forceActiveFocus()
+
         objectName: "cell:" + key
         width: ListView.view ? ListView.view.width : 0
         height: Math.max(rowHeight, Math.round(rowHeight * Look.textScale))

@@ -1,0 +1,128 @@
+#include "settings/Keys.h"
+#include "tests/app/WindowFixture.h"
+
+#include <gtest/gtest.h>
+
+namespace wardlock::test {
+
+class WindowPicker : public WindowFixture {
+protected:
+    void openPicker() {
+        openAccount();
+        scene().tap("row:Apps");
+        scene().item("page:Apps");
+    }
+    void install() {
+        installApplication("org.zebra", "zebra");
+        installApplication("org.apple", "Apple Tree");
+        installApplication("org.berry", "berry");
+        setAccounts({"Anna"});
+        setInAccount(0, kAppsRestricted, platform::Array{"org.zebra"});
+    }
+    std::vector<std::string> restricted() const {
+        std::vector<std::string> all;
+        const platform::Value list = account(0, kAppsRestricted);
+        for (const auto& identifier : list.array())
+            all.emplace_back(identifier.string());
+        return all;
+    }
+};
+
+TEST_F(WindowPicker, ListsTheRestrictedFirstThenTheOthersByName) {
+    install();
+    openPicker();
+    EXPECT_EQ(scene().namesWith("cell:"), (std::vector<std::string>{"org.zebra", "org.apple", "org.berry"}));
+    EXPECT_TRUE(scene().item("switch:org.zebra")->property("on").toBool());
+    EXPECT_FALSE(scene().item("switch:org.berry")->property("on").toBool());
+    EXPECT_EQ(scene().item("cell:org.zebra")->height(), 35);
+    EXPECT_TRUE(scene().showsText("Apple Tree"));
+}
+
+TEST_F(WindowPicker, SavesASwitchAtOnceAndMovesNoRow) {
+    install();
+    openPicker();
+    const auto other = listen();
+    scene().tap("switch:org.berry");
+    EXPECT_EQ(restricted(), (std::vector<std::string>{"org.zebra", "org.berry"}));
+    EXPECT_TRUE(scene().item("switch:org.berry")->property("on").toBool());
+    EXPECT_EQ(scene().namesWith("cell:"), (std::vector<std::string>{"org.zebra", "org.apple", "org.berry"}));
+    const auto line = other->readLine();
+    ASSERT_TRUE(line);
+    EXPECT_EQ(line->rfind("kAppsRestricted = ", 0), 0U) << *line;
+}
+
+TEST_F(WindowPicker, GroupsAnewWhenItIsOpenedAgain) {
+    install();
+    openPicker();
+    scene().tap("switch:org.zebra");
+    scene().touch("switch:org.berry");
+    scene().tap("back");
+    scene().expectGone("page:Apps");
+    scene().tap("row:Apps");
+    scene().item("page:Apps");
+    EXPECT_EQ(scene().namesWith("cell:"), (std::vector<std::string>{"org.berry", "org.apple", "org.zebra"}));
+}
+
+TEST_F(WindowPicker, KeepsItsRowsWhenAnotherProcessChangesThem) {
+    install();
+    openPicker();
+    setInAccount(0, kAppsRestricted, platform::Array{"org.apple"});
+    announce();
+    scene().settle();
+    EXPECT_EQ(scene().namesWith("cell:"), (std::vector<std::string>{"org.zebra", "org.apple", "org.berry"}));
+}
+
+TEST_F(WindowPicker, FindsByNameAndByIdentifier) {
+    install();
+    openPicker();
+    scene().press(Qt::Key_F, Qt::ControlModifier);
+    scene().item("search");
+    scene().type("apple");
+    EXPECT_TRUE(until([&] { return scene().namesWith("cell:") == std::vector<std::string>{"org.apple"}; }));
+    scene().press(Qt::Key_A, Qt::ControlModifier);
+    scene().type("ORG.B");
+    EXPECT_TRUE(until([&] { return scene().namesWith("cell:") == std::vector<std::string>{"org.berry"}; }));
+    scene().tap("switch:org.berry");
+    EXPECT_EQ(restricted(), (std::vector<std::string>{"org.zebra", "org.berry"}));
+    scene().press(Qt::Key_Escape);
+    EXPECT_TRUE(until([&] { return scene().namesWith("cell:").size() == 3; }));
+    EXPECT_EQ(scene().text("title"), "Apps");
+}
+
+TEST_F(WindowPicker, ShowsAnEmptySectionWithoutApplications) {
+    setAccounts({"Anna"});
+    setInAccount(0, kAppsRestricted, platform::Array{});
+    openPicker();
+    EXPECT_EQ(scene().namesWith("cell:"), std::vector<std::string>());
+}
+
+TEST_F(WindowPicker, BuildsOnlyTheRowsInSight) {
+    setAccounts({"Anna"});
+    platform::MutableArray many;
+    for (int i = 0; i < 2000; ++i)
+        many.append("org.app" + std::to_string(i));
+    setInAccount(0, kAppsRestricted, many.copy());
+    openPicker();
+    auto* list = scene().item("list");
+    EXPECT_EQ(list->property("count").toInt(), 2000);
+    auto* content = list->property("contentItem").value<QQuickItem*>();
+    EXPECT_LT(content->childItems().size(), 60);
+}
+
+TEST_F(WindowPicker, ShowsAScrolledSwitchAsItIsSaved) {
+    setAccounts({"Anna"});
+    platform::MutableArray many;
+    for (int i = 0; i < 200; ++i)
+        many.append("org.app" + std::to_string(i));
+    setInAccount(0, kAppsRestricted, many.copy());
+    openPicker();
+    const QString first = QString::fromStdString(scene().namesWith("switch:").front());
+    scene().tap("switch:" + first);
+    auto* list = scene().item("list");
+    list->setProperty("contentY", 5000);
+    scene().expectGone("switch:" + first);
+    scene().reveal("switch:" + first);
+    EXPECT_FALSE(scene().item("switch:" + first)->property("on").toBool());
+}
+
+} // namespace wardlock::test
