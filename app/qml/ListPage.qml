@@ -16,7 +16,13 @@ PullList {
         height: content.item ? content.item.implicitHeight : 0
 
         // A row that scrolls out of sight takes no more keys.
-        ListView.onPooled: if (activeFocusInside) listPage.list.forceActiveFocus()
+        // Nor is it told to assistive technology.
+        ListView.onPooled: {
+            if (activeFocusInside)
+                listPage.forceActiveFocus();
+            visible = false;
+        }
+        ListView.onReused: visible = true
         readonly property bool activeFocusInside: content.item !== null && content.item.holdsFocus === true
         readonly property Item focusTarget: content.item && content.item.focusTarget ? content.item.focusTarget : null
 

@@ -82,7 +82,8 @@ Rectangle {
         objectName: "title"
         anchors.verticalCenter: parent.verticalCenter
         anchors.horizontalCenter: parent.horizontalCenter
-        width: Math.min(implicitWidth, bar.width - 2 * bar.side)
+        width: 2 * Math.floor(Math.min(implicitWidth + 1, bar.width - 2 * bar.side) / 2)
+        horizontalAlignment: Text.AlignHCenter
         text: bar.page.title
         font.weight: Font.DemiBold
         Accessible.role: Accessible.Heading

@@ -15,7 +15,8 @@ Item {
 
     Accessible.role: Accessible.Button
     Accessible.name: text
-    Accessible.focusable: true
+    Accessible.description: enabled ? "" : qsTr("Not available")
+    Accessible.focusable: enabled
     Accessible.onPressAction: if (enabled) pressed()
     Keys.onSpacePressed: pressed()
     Keys.onReturnPressed: pressed()

@@ -10,6 +10,7 @@ Item {
 
     /// The keyboard leaves the list over its first or last row.
     signal tabbedOut(bool forward)
+    focus: true
 
     // Rows are made as they come into sight, so the view's own order of focus knows only some of them, and those in any
     // order.
@@ -50,7 +51,7 @@ Item {
         id: field
         width: parent.width
         onTextChanged: pullList.page.filter = text
-        onClosed: list.forceActiveFocus()
+        onClosed: pullList.forceActiveFocus()
     }
     ListView {
         id: list
@@ -61,6 +62,8 @@ Item {
         anchors.right: parent.right
         clip: true
         reuseItems: true
+        // A current row would be kept when it is out of sight.
+        currentIndex: -1
         boundsBehavior: Flickable.DragAndOvershootBounds
         flickDeceleration: 2200
         maximumFlickVelocity: 6000

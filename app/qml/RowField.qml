@@ -22,6 +22,8 @@ TextInput {
     inputMethodHints: entry.numberPad ? Qt.ImhDigitsOnly : Qt.ImhNone
     Accessible.role: Accessible.EditableText
     Accessible.name: entry.label !== "" ? entry.label : entry.placeholder
+    // Some readers are not told the name of a secret.
+    Accessible.description: secure ? Accessible.name : ""
     Accessible.passwordEdit: secure
 
     Component.onCompleted: text = entry.value

@@ -10,7 +10,7 @@ Item {
     readonly property int above: isHeader ? (isFirst ? 20 : 24) : 7
     readonly property int below: isHeader ? 7 : 0
 
-    implicitHeight: text === "" ? (isHeader ? (isFirst ? 20 : 28) : 0) : above + words.implicitHeight + below
+    implicitHeight: text === "" ? (isHeader ? (isFirst ? 20 : 28) : 0) : above + Math.ceil(words.implicitHeight) + below
 
     Label {
         id: words

@@ -14,7 +14,7 @@ Item {
         id: slider
         objectName: "slider:" + sliderRow.entry.label
         label: sliderRow.entry.label
-        position: sliderRow.entry.position
+        position: (sliderRow.entry.position - sliderRow.entry.min) / (sliderRow.entry.max - sliderRow.entry.min)
         anchors.left: parent.left
         anchors.right: number.visible ? number.left : parent.right
         anchors.rightMargin: number.visible ? 10 : 0

@@ -20,7 +20,12 @@ PullList {
         readonly property real side: Look.sideMargin(width)
 
         readonly property Item focusTarget: hasSwitch ? toggle : null
-        ListView.onPooled: if (toggle.activeFocus) tablePage.list.forceActiveFocus()
+        ListView.onPooled: {
+            if (toggle.activeFocus)
+                tablePage.forceActiveFocus();
+            visible = false;
+        }
+        ListView.onReused: visible = true
 
         objectName: "cell:" + key
         width: ListView.view ? ListView.view.width : 0

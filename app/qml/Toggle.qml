@@ -15,6 +15,7 @@ Item {
 
     Accessible.role: Accessible.CheckBox
     Accessible.name: label
+    Accessible.description: enabled ? "" : qsTr("Not available")
     Accessible.checkable: true
     Accessible.checked: on
     Accessible.focusable: true

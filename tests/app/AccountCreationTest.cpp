@@ -60,8 +60,10 @@ TEST_F(WindowAccountCreation, TakesTheSameNameTwice) {
         scene().expectGone("alert");
     }
     EXPECT_EQ(accountNames(), (std::vector<std::string>{"Default", "Twin", "Twin"}));
-    const auto rows = scene().namesWith("row:");
-    EXPECT_EQ(std::count(rows.begin(), rows.end(), "Twin"), 2);
+    EXPECT_TRUE(until([&] {
+        const auto rows = scene().namesWith("row:");
+        return std::count(rows.begin(), rows.end(), "Twin") == 2;
+    }));
 }
 
 TEST_F(WindowAccountCreation, IsCancelledByButtonAndEscape) {

@@ -14,12 +14,26 @@ protected:
 TEST_F(WindowAccountPage, ShowsEveryRowOfThePage) {
     openAccount();
     EXPECT_EQ(scene().text("title"), "Default");
-    for (const char* row :
-         {"switch:Enabled", "field:Account Name", "row:Apps", "switch:Disable Lockscreen Passcode", "switch:Hide Icons",
-          "switch:Editing", "switch:Dragging", "switch:Uninstall", "switch:Power Down", "switch:Siri",
-          "switch:Control Center", "switch:Notification Center", "switch:App Switcher",
-          "switch:App Switcher Contacts", "switch:Keyboard", "switch:Volume Buttons", "switch:Vibrate Switch",
-          "switch:Camera", "switch:Video", "row:Delete Account"})
+    for (const char* row : {"switch:Enabled",
+                            "field:Account Name",
+                            "row:Apps",
+                            "switch:Disable Lockscreen Passcode",
+                            "switch:Hide Icons",
+                            "switch:Editing",
+                            "switch:Dragging",
+                            "switch:Uninstall",
+                            "switch:Power Down",
+                            "switch:Siri",
+                            "switch:Control Center",
+                            "switch:Notification Center",
+                            "switch:App Switcher",
+                            "switch:App Switcher Contacts",
+                            "switch:Keyboard",
+                            "switch:Volume Buttons",
+                            "switch:Vibrate Switch",
+                            "switch:Camera",
+                            "switch:Video",
+                            "row:Delete Account"})
         EXPECT_TRUE(scene().reveal(row)) << row;
 }
 
@@ -86,7 +100,8 @@ TEST_F(WindowAccountPage, ClosesTheKeyboardWhenTheListIsDragged) {
     EXPECT_TRUE(nameField()->hasActiveFocus());
     scene().touchDrag({195, 600}, {195, 300});
     EXPECT_EQ(accountNames(), (std::vector<std::string>{"DefaultX"}));
-    EXPECT_TRUE(until([&] { return !scene().shows("field:Account Name") || !nameField()->hasActiveFocus(); }));
+    EXPECT_TRUE(
+        until([&] { return !scene().shows("field:Account Name") || !nameField()->hasActiveFocus(); }));
 }
 
 TEST_F(WindowAccountPage, AsksBeforeItDeletes) {

@@ -1,10 +1,10 @@
 #include "tests/app/WindowFixture.h"
 #include "tests/support/Process.h"
 
+#include <gtest/gtest.h>
+
 #include <sys/stat.h>
 #include <unistd.h>
-
-#include <gtest/gtest.h>
 
 namespace wardlock::test {
 
@@ -12,8 +12,9 @@ using WindowHostMessages = WindowFixture;
 
 TEST_F(WindowHostMessages, TellWhyABundleDoesNotOpen) {
     const std::string bundle = "/Library/PreferenceBundles/Broken.bundle";
-    writeFile(bundle + "/Info.plist", "<plist version=\"1.0\"><dict><key>CFBundleExecutable</key><string>Broken</string>"
-                                      "<key>NSPrincipalClass</key><string>Nothing</string></dict></plist>");
+    writeFile(bundle + "/Info.plist",
+              "<plist version=\"1.0\"><dict><key>CFBundleExecutable</key><string>Broken</string>"
+              "<key>NSPrincipalClass</key><string>Nothing</string></dict></plist>");
     writeFile(bundle + "/Broken", "no module");
     ::chmod(onDisk(bundle + "/Broken").c_str(), 0700);
     open();

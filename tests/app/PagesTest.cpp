@@ -28,6 +28,7 @@ TEST_F(WindowMail, IsWrittenChangedAndSent) {
     scene().tap("row:support@tavix.example");
     scene().item("composer");
     EXPECT_EQ(scene().text("mail:To:"), "support@tavix.example");
+    EXPECT_TRUE(until([&] { return scene().item("composer")->y() == 24; }));
     scene().tap("mail:Subject:");
     scene().press(Qt::Key_End);
     scene().type("!");
@@ -44,6 +45,7 @@ TEST_F(WindowMail, GoesWithoutARemovedAttachment) {
     writeFile("/tmp/dpkgl.log", "packages");
     openWardlock();
     scene().tap("row:support@tavix.example");
+    EXPECT_TRUE(until([&] { return scene().item("composer")->y() == 24; }));
     scene().tap("mail:remove:dpkgl.log");
     scene().expectGone("mail:remove:dpkgl.log");
     scene().tap("mail:send");

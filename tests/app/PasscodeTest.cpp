@@ -161,7 +161,8 @@ TEST_F(WindowPasscode, LiesOverADarkBlurOfThePage) {
         const QImage picture = window().grabWindow();
         int steepest = 0;
         for (int y = 1; y < picture.height(); ++y)
-            steepest = std::max(steepest, std::abs(qGray(picture.pixel(6, y)) - qGray(picture.pixel(6, y - 1))));
+            steepest =
+                std::max(steepest, std::abs(qGray(picture.pixel(6, y)) - qGray(picture.pixel(6, y - 1))));
         return steepest < 24;
     }));
 }

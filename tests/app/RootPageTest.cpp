@@ -20,8 +20,8 @@ TEST_F(WindowRootPage, ShowsItsRowsInOrder) {
     setAccounts({"Anna", "Ben"});
     openWardlock();
     EXPECT_EQ(scene().namesWith("row:"),
-              (std::vector<std::string>{"Enabled", "Passcode", "Anna", "Ben", "@TavixCo", "support@tavix.example",
-                                        "Change Log", "More From Tavix"}));
+              (std::vector<std::string>{"Enabled", "Passcode", "Anna", "Ben", "@TavixCo",
+                                        "support@tavix.example", "Change Log", "More From Tavix"}));
 }
 
 TEST_F(WindowRootPage, StoresItsSwitchAndAnnouncesIt) {
@@ -47,8 +47,8 @@ TEST_F(WindowRootPage, ShowsNoAccountsOfAnEmptyList) {
     setAccounts({});
     openWardlock();
     EXPECT_EQ(scene().namesWith("row:"),
-              (std::vector<std::string>{"Enabled", "Passcode", "@TavixCo", "support@tavix.example", "Change Log",
-                                        "More From Tavix"}));
+              (std::vector<std::string>{"Enabled", "Passcode", "@TavixCo", "support@tavix.example",
+                                        "Change Log", "More From Tavix"}));
     EXPECT_TRUE(scene().showsText("ACCOUNTS"));
 }
 

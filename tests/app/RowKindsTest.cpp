@@ -35,7 +35,8 @@ TEST_F(WindowRowKinds, StoreASliderWhenItIsLetGoOf) {
     scene().drag({left, y}, {right + 40, y});
     EXPECT_EQ(platform::floatValue(fixtureValues().find("volume")), 10);
     EXPECT_TRUE(scene().showsText("10.00"));
-    scene().tapAt({(left + right) / 2, y});
+    // The number beside it has grown.
+    scene().tapAt({scene().middleOf("slider:").x(), y});
     EXPECT_NEAR(platform::floatValue(fixtureValues().find("volume")), 5, 0.2);
 }
 

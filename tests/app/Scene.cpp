@@ -5,7 +5,6 @@
 #include <QMetaEnum>
 #include <QTest>
 #include <QTimer>
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -50,8 +49,6 @@ std::string states(const QAccessible::State& state) {
     std::string text;
     if (state.checkable)
         text += state.checked ? " on" : " off";
-    if (state.disabled)
-        text += " disabled";
     if (state.passwordEdit)
         text += " secret";
     return text;
@@ -64,8 +61,12 @@ void describe(QAccessibleInterface* element, int depth, std::string& text) {
     const std::string name = element->text(QAccessible::Name).toStdString();
     const auto roles = QMetaEnum::fromType<QAccessible::Role>();
     if (depth > 0)
-        text += std::string(static_cast<std::size_t>(depth - 1) * 2, ' ') + roles.valueToKey(role) + ": " + name +
-                states(element->state()) + '\n';
+        text += std::string(static_cast<std::size_t>(depth - 1) * 2, ' ') + roles.valueToKey(role) + ": " +
+                name + states(element->state());
+    if (const QString more = element->text(QAccessible::Description); depth > 0 && !more.isEmpty())
+        text += " (" + more.toStdString() + ')';
+    if (depth > 0)
+        text += '\n';
     for (int i = 0; i < element->childCount(); ++i)
         describe(element->child(i), depth + 1, text);
 }
@@ -86,11 +87,13 @@ bool until(const std::function<bool()>& condition) {
 }
 
 QQuickItem* Scene::find(const QString& name) const {
-    return findBelow(window_.contentItem(), [&](const QQuickItem& item) { return item.objectName() == name; });
+    return findBelow(window_.contentItem(),
+                     [&](const QQuickItem& item) { return item.objectName() == name; });
 }
 
 QQuickItem* Scene::item(const QString& name) const {
-    EXPECT_TRUE(until([&] { return shows(name); })) << "nothing named \"" << name.toStdString() << "\" can be seen";
+    EXPECT_TRUE(until([&] { return shows(name); }))
+        << "nothing named \"" << name.toStdString() << "\" can be seen";
     return find(name);
 }
 
@@ -154,8 +157,10 @@ void Scene::drag(QPointF from, QPointF to) {
 void Scene::touchDrag(QPointF from, QPointF to) {
     constexpr int steps = 8;
     QTest::touchEvent(&window_, finger()).press(0, from.toPoint());
-    for (int step = 1; step <= steps; ++step)
+    for (int step = 1; step <= steps; ++step) {
         QTest::touchEvent(&window_, finger()).move(0, (from + (to - from) * step / steps).toPoint());
+        frame();
+    }
     QTest::touchEvent(&window_, finger()).release(0, to.toPoint());
 }
 
@@ -196,6 +201,14 @@ QQuickItem* Scene::reveal(const QString& name) {
     }
     EXPECT_TRUE(inside()) << '"' << name.toStdString() << "\" is nowhere in the list";
     return find(name);
+}
+
+void Scene::frame() const {
+    bool drawn = false;
+    const auto connection = QObject::connect(&window_, &QQuickWindow::frameSwapped, [&] { drawn = true; });
+    window_.update();
+    EXPECT_TRUE(until([&] { return drawn; }));
+    QObject::disconnect(connection);
 }
 
 void Scene::settle() const {

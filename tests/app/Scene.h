@@ -15,8 +15,8 @@ namespace wardlock::test {
 /// Lets the loop run until the condition holds; answers whether it did within the time a test may take.
 bool until(const std::function<bool()>& condition);
 
-/// What is on the screen of a window, by the objectName of its items, and a person's hands on it. Items that cannot be
-/// seen do not exist here.
+/// What is on the screen of a window, by the objectName of its items, and a person's hands on it. Items that
+/// cannot be seen do not exist here.
 class Scene {
 public:
     explicit Scene(QQuickWindow& window) : window_(window) {}
@@ -48,6 +48,8 @@ public:
     QQuickItem* reveal(const QString& name);
     /// Runs the loop until nothing moves and nothing is waiting.
     void settle() const;
+    /// Waits until the window has been drawn once more: touches that move are delivered frame by frame.
+    void frame() const;
 
     /// What assistive technology is told of an item.
     QAccessibleInterface* accessible(const QString& name) const;

@@ -14,8 +14,9 @@
 
 namespace wardlock::test {
 
-/// A test of the window: a device root and a bus of its own, provisioned with the bundle of this build; the window as
-/// a person gets it, drawn in memory; a clock that is stepped; mails and opened URLs that are only written down.
+/// A test of the window: a device root and a bus of its own, provisioned with the bundle of this build; the
+/// window as a person gets it, drawn in memory; a clock that is stepped; mails and opened URLs that are only
+/// written down.
 class WindowFixture : public BusFixture {
 protected:
     static constexpr const char* documentPath = "/var/mobile/Library/Preferences/com.tavix.wardlock.plist";
