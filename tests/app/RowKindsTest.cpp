@@ -133,6 +133,9 @@ TEST_F(WindowRowKinds, FilterByTheSearchThatIsPulledDown) {
     EXPECT_TRUE(until([&] { return scene().namesWith("row:") == std::vector<std::string>{"Starred"}; }));
     scene().tap("row:Starred");
     EXPECT_EQ(count("pressed"), 1);
+    const auto* cancel = scene().item("search:cancel");
+    // The field slides open, and its button can be touched once it has.
+    EXPECT_TRUE(until([&] { return cancel->parentItem()->height() >= cancel->height(); }));
     scene().tap("search:cancel");
     EXPECT_TRUE(until([&] { return scene().namesWith("row:").size() > 5; }));
     scene().expectGone("search");
