@@ -41,9 +41,9 @@ bool SettingsLoop::waitUntil(const std::function<bool()>& done, std::chrono::mil
 bool SettingsLoop::turn(int descriptor, std::chrono::milliseconds longest) {
     if (const auto seconds = clock_ ? clock_->secondsToNext() : std::nullopt)
         longest = std::min(longest, std::chrono::milliseconds(std::llround(std::ceil(*seconds * 1000))));
-    std::array<pollfd, 3> waits{pollfd{descriptor, POLLIN, 0},
-                                pollfd{platform::MainLoop::shared().descriptor(), POLLIN, 0},
-                                pollfd{stop_.descriptor(), POLLIN, 0}};
+    std::array<pollfd, 4> waits{
+        pollfd{descriptor, POLLIN, 0}, pollfd{platform::MainLoop::shared().descriptor(), POLLIN, 0},
+        pollfd{stop_.descriptor(), POLLIN, 0}, pollfd{resize_.descriptor(), POLLIN, 0}};
     const int ready = poll(waits.data(), waits.size(), static_cast<int>(longest.count()));
     if (ready < 0 && errno != EINTR)
         throw std::system_error(errno, std::generic_category(), "poll");
@@ -51,6 +51,7 @@ bool SettingsLoop::turn(int descriptor, std::chrono::milliseconds longest) {
         settings_.process();
     if (clock_)
         clock_->runDue();
+    resize_.take();
     stopped_ = ready > 0 && waits[2].revents != 0;
     if (turn_)
         turn_();

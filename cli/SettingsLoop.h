@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/StopSignal.h"
+#include "cli/Signals.h"
 #include "shell/SettingsApplication.h"
 #include "shell/SteadyClock.h"
 
@@ -17,7 +17,7 @@ public:
     SettingsLoop(shell::SettingsApplication& settings, shell::SteadyClock* clock)
         : settings_(settings), clock_(clock) {}
 
-    /// Called at every turn, when the application has done what was due, a resized terminal included.
+    /// Called at every turn, when the application has done what was due. A resized terminal makes one.
     void setTurn(std::function<void()> turn) { turn_ = std::move(turn); }
 
     /// Waits until the descriptor is readable; false when the process is asked to end.
@@ -33,7 +33,8 @@ private:
     shell::SettingsApplication& settings_;
     shell::SteadyClock* clock_;
     std::function<void()> turn_;
-    StopSignal stop_;
+    Signals stop_{SIGINT, SIGTERM};
+    Signals resize_{SIGWINCH};
     bool stopped_ = false;
 };
 

@@ -12,15 +12,9 @@ namespace wardlock::cli {
 
 namespace {
 
-volatile std::sig_atomic_t resized = 0;
-
 /// As it was before the echo was switched off; meaningful while hidden.
 termios before{};
 volatile std::sig_atomic_t hidden = 0;
-
-void noteResize(int) {
-    resized = 1;
-}
 
 winsize size() {
     winsize size{};
@@ -55,19 +49,6 @@ std::size_t Terminal::lines() {
     constexpr std::size_t usual = 24;
     const std::size_t lines = size().ws_row;
     return lines == 0 ? usual : std::max<std::size_t>(lines, 10);
-}
-
-bool Terminal::takeResize() {
-    static const bool watching = [] {
-        struct sigaction action {};
-        action.sa_handler = noteResize;
-        // Not restarted: the wait it interrupts comes back and looks.
-        sigaction(SIGWINCH, &action, nullptr);
-        return true;
-    }();
-    const bool was = watching && resized;
-    resized = 0;
-    return was;
 }
 
 Terminal::Hidden::Hidden() {

@@ -15,10 +15,6 @@ public:
     /// At least 10.
     static std::size_t lines();
 
-    /// From now on a change of the terminal's size wakes the loop; answers whether it has changed since the
-    /// last call.
-    static bool takeResize();
-
     /// Typed text is not shown while this lives.
     class Hidden {
     public:

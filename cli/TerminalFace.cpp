@@ -17,14 +17,16 @@ namespace {
 
 constexpr std::size_t longestQuote = 40;
 
+TextPage::Size terminalSize() {
+    return {Terminal::columns(), Terminal::lines()};
+}
+
 } // namespace
 
 TerminalFace::TerminalFace(shell::SettingsApplication& settings, SettingsLoop& loop, TextStyle style)
     : settings_(settings), loop_(loop), dialog_(loop, style), sheets_(settings, loop, dialog_) {
     settings_.setObserver(this);
     loop_.setTurn([this] { redrawIfStale(); });
-    // From here on a resize is noticed.
-    static_cast<void>(Terminal::takeResize());
 }
 
 TerminalFace::~TerminalFace() {
@@ -41,8 +43,7 @@ void TerminalFace::run() {
 }
 
 void TerminalFace::redrawIfStale() {
-    const bool resized = Terminal::takeResize();
-    if (!pageIsAsked_ || dialog_.prompt().empty() || !(stale_ || resized))
+    if (!pageIsAsked_ || dialog_.prompt().empty() || !(stale_ || terminalSize() != shownSize_))
         return;
     Output::line("");
     showNotice();
@@ -57,7 +58,8 @@ void TerminalFace::showPage() {
         shownPage_ = screen.page().get();
         firstTableRow_ = 0;
     }
-    const TextPage page(screen, dialog_.style(), {Terminal::columns(), Terminal::lines()}, firstTableRow_);
+    shownSize_ = terminalSize();
+    const TextPage page(screen, dialog_.style(), shownSize_, firstTableRow_);
     Output::text(page.text());
     rows_ = page.rows();
     tableRowsShown_ = page.tableRowsShown();

@@ -47,6 +47,7 @@ private:
     std::vector<platform::NSIndexPath> rows_;
     /// Which table rows are shown, of which page.
     const shell::Page* shownPage_ = nullptr;
+    TextPage::Size shownSize_{};
     std::size_t firstTableRow_ = 0;
     std::size_t tableRowsShown_ = 0;
     std::size_t tableRowCount_ = 0;

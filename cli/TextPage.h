@@ -17,6 +17,7 @@ public:
     struct Size {
         std::size_t columns;
         std::size_t lines;
+        bool operator==(const Size&) const = default;
     };
 
     TextPage(shell::Screen& screen, TextStyle style, Size size, std::size_t firstTableRow);

@@ -2,7 +2,7 @@
 #include "cli/CommonOptions.h"
 #include "cli/Json.h"
 #include "cli/Output.h"
-#include "cli/StopSignal.h"
+#include "cli/Signals.h"
 #include "cli/TextWidth.h"
 #include "cli/TypedJson.h"
 #include "platform/foundation/Format.h"
@@ -43,7 +43,7 @@ std::string changeAsText(const Value* key, const Value* object) {
 }
 
 /// Waits for something to do; false once the verb is to end.
-bool waitForWork(const StopSignal& stop) {
+bool waitForWork(const Signals& stop) {
     std::array<pollfd, 3> waits{
         pollfd{platform::MainLoop::shared().descriptor(), POLLIN, 0},
         pollfd{stop.descriptor(), POLLIN, 0},
@@ -59,7 +59,7 @@ bool waitForWork(const StopSignal& stop) {
 
 ExitCode watch(const Arguments& arguments) {
     const bool json = arguments.has(jsonOption.name);
-    const StopSignal stop;
+    const Signals stop{SIGINT, SIGTERM};
     // Printed after the dispatch: a failure must not be thrown through the bus.
     std::string arrived;
     InitSettingsWithUpdateNameAndCallback(PostName, [json, &arrived](const Value* key, const Value* object) {
