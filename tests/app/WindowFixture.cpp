@@ -6,6 +6,7 @@
 #include "settings/DefaultSettings.h"
 #include "settings/Keys.h"
 #include "shell/Provision.h"
+#include "tests/support/Places.h"
 
 #include <QAccessible>
 
@@ -71,7 +72,7 @@ void WindowFixture::openFixtureBundle() {
 
 void WindowFixture::installFixtureBundle() const {
     makeFolder("/Library/PreferenceBundles");
-    fs::create_directory_symlink(fs::path(WARDLOCK_BUILD_FOLDER) / "lib/test-modules/Fixture.bundle",
+    fs::create_directory_symlink(fs::path(buildFolder()) / "lib/test-modules/Fixture.bundle",
                                  onDisk("/Library/PreferenceBundles/Fixture.bundle"));
 }
 
@@ -135,7 +136,7 @@ void WindowFixture::setInAccount(std::size_t index, std::string_view key, Value 
 }
 
 std::unique_ptr<Process> WindowFixture::listen(int count) const {
-    auto enforcer = std::make_unique<Process>(WARDLOCK_PROGRAM_FOLDER "/test-enforcer",
+    auto enforcer = std::make_unique<Process>(programFolder() + "/test-enforcer",
                                               std::vector<std::string>{std::to_string(count)});
     EXPECT_EQ(enforcer->readLine(), "ready");
     return enforcer;

@@ -1,6 +1,7 @@
 #include "apps/AppsListController.h"
 #include "platform/foundation/DynamicLibrary.h"
 #include "tests/apps/PickerFixture.h"
+#include "tests/support/Places.h"
 
 #include <filesystem>
 
@@ -19,7 +20,7 @@ protected:
     }
 
     void installLibrary() {
-        std::filesystem::create_symlink(WARDLOCK_APPLIST_MODULE, onDisk(platform::appListLibraryPath));
+        std::filesystem::create_symlink(appListModule(), onDisk(platform::appListLibraryPath));
     }
     static bool isRegistered() { return platform::objc_getClass("ALApplicationList") != nullptr; }
 };

@@ -1,20 +1,24 @@
 #include "tests/bundle/BundleFixture.h"
 
+#include "tests/support/Places.h"
+
 #include <dlfcn.h>
 #include <filesystem>
 
 namespace wardlock::test {
+
 namespace {
 
-constexpr const char* builtBundle =
-    WARDLOCK_BUILD_FOLDER "/lib/wardlock/PreferenceBundles/WardlockSettings.bundle";
+std::string builtBundle() {
+    return buildFolder() + "/lib/wardlock/PreferenceBundles/WardlockSettings.bundle";
+}
 
 } // namespace
 
 BundleFixture::BundleFixture() {
     const std::filesystem::path link = onDisk(bundlePath);
     std::filesystem::create_directories(link.parent_path());
-    std::filesystem::create_directory_symlink(builtBundle, link);
+    std::filesystem::create_directory_symlink(builtBundle(), link);
     bundle = platform::NSBundle::bundleWithPath(bundlePath);
 }
 
@@ -26,7 +30,7 @@ std::shared_ptr<platform::PSListController> BundleFixture::makePage() {
 }
 
 void* BundleFixture::exported(const char* name) {
-    const std::string module = std::string(builtBundle) + "/WardlockSettings";
+    const std::string module = builtBundle() + "/WardlockSettings";
     void* const loaded = ::dlopen(module.c_str(), RTLD_NOLOAD | RTLD_LAZY);
     EXPECT_NE(loaded, nullptr) << "not loaded";
     return loaded ? ::dlsym(loaded, name) : nullptr;

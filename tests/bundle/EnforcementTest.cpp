@@ -2,6 +2,7 @@
 // and the enforcing process knows.
 
 #include "settings/Keys.h"
+#include "tests/support/Places.h"
 #include "tests/support/PrivateBus.h"
 #include "tests/support/Process.h"
 #include "tests/support/SettingsApplicationFixture.h"
@@ -42,7 +43,7 @@ protected:
 
 /// An enforcing process that has registered and loaded; it ends after so many changes.
 std::unique_ptr<Process> enforce(int changes, const std::string& key) {
-    auto enforcer = std::make_unique<Process>(std::string(WARDLOCK_BUILD_FOLDER) + "/bin/test-enforcer",
+    auto enforcer = std::make_unique<Process>(buildFolder() + "/bin/test-enforcer",
                                               std::vector<std::string>{std::to_string(changes), key});
     EXPECT_EQ(enforcer->readLine(), "ready");
     return enforcer;

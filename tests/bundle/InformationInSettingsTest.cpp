@@ -3,6 +3,7 @@
 #include "platform/ui/UIActivityIndicatorView.h"
 #include "platform/ui/UITextView.h"
 #include "tests/support/HttpServer.h"
+#include "tests/support/Places.h"
 #include "tests/support/SettingsApplicationFixture.h"
 
 #include <gtest/gtest.h>
@@ -60,7 +61,7 @@ TEST_F(InformationInSettings, ShowsThisProjectsOwnChangeLog) {
     EXPECT_EQ(page().title(), "Change Log");
     const auto textView = page().contentView<platform::UITextView>();
     ASSERT_NE(textView, nullptr);
-    std::ifstream file(WARDLOCK_SOURCE_FOLDER "/resources/changelog.txt", std::ios::binary);
+    std::ifstream file(sourceFolder() + "/resources/changelog.txt", std::ios::binary);
     const std::string text{std::istreambuf_iterator<char>(file), {}};
     EXPECT_EQ(textView->text(), text);
     EXPECT_NE(text.find("0.1.0"), std::string::npos);

@@ -1,6 +1,7 @@
 #include "cli/Json.h"
 #include "tests/cli/CommandFixture.h"
 #include "tests/support/BusFixture.h"
+#include "tests/support/Places.h"
 
 #include <fstream>
 #include <nlohmann/json.hpp>
@@ -39,7 +40,7 @@ std::vector<Example> examplesOf(const std::string& file) {
 class Automation : public BusFixture {};
 
 TEST_F(Automation, AnswersAsItsDocumentSays) {
-    const auto examples = examplesOf(WARDLOCK_SOURCE_FOLDER "/docs/automation.md");
+    const auto examples = examplesOf(sourceFolder() + "/docs/automation.md");
     ASSERT_GE(examples.size(), 5U);
     for (const auto& example : examples) {
         SCOPED_TRACE("docs/automation.md:" + std::to_string(example.line));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tests/support/DeviceRootFixture.h"
+#include "tests/support/Places.h"
 #include "tests/support/Process.h"
 
 #include <string>
@@ -9,7 +10,7 @@
 namespace wardlock::test {
 
 /// The real command, run as a process with a device root of its own.
-inline const std::string command = WARDLOCK_BUILD_FOLDER "/bin/wardlock";
+inline const std::string command = buildFolder() + "/bin/wardlock";
 
 inline ProcessResult wardlockCommand(const std::vector<std::string>& arguments,
                                      const ProcessSetup& setup = {}) {

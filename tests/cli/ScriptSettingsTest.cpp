@@ -1,6 +1,7 @@
 #include "cli/Json.h"
 #include "tests/cli/CommandFixture.h"
 #include "tests/support/BusFixture.h"
+#include "tests/support/Places.h"
 
 #include <cerrno>
 #include <csignal>
@@ -75,7 +76,7 @@ protected:
     }
     void installFixtureBundle() const {
         makeFolder("/Library/PreferenceBundles");
-        std::filesystem::create_directory_symlink(std::filesystem::path(WARDLOCK_BUILD_FOLDER) /
+        std::filesystem::create_directory_symlink(std::filesystem::path(buildFolder()) /
                                                       "lib/test-modules/Fixture.bundle",
                                                   onDisk("/Library/PreferenceBundles/Fixture.bundle"));
     }

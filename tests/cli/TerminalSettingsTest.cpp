@@ -1,5 +1,6 @@
 #include "tests/cli/CommandFixture.h"
 #include "tests/support/BusFixture.h"
+#include "tests/support/Places.h"
 #include "tests/support/TerminalProcess.h"
 
 #include <csignal>
@@ -21,7 +22,7 @@ protected:
     static std::vector<std::string> words() { return {"settings"}; }
     void installFixtureBundle() const {
         makeFolder("/Library/PreferenceBundles");
-        std::filesystem::create_directory_symlink(std::filesystem::path(WARDLOCK_BUILD_FOLDER) /
+        std::filesystem::create_directory_symlink(std::filesystem::path(buildFolder()) /
                                                       "lib/test-modules/Fixture.bundle",
                                                   onDisk("/Library/PreferenceBundles/Fixture.bundle"));
     }

@@ -1,4 +1,5 @@
 #include "platform/foundation/PropertyList.h"
+#include "tests/support/Places.h"
 #include "tests/support/PropertyListReading.h"
 #include "tests/support/ValueText.h"
 
@@ -17,7 +18,7 @@ using wardlock::test::reading;
 using wardlock::test::text;
 
 std::string golden(const std::string& name) {
-    std::ifstream file(WARDLOCK_SOURCE_FOLDER "/tests/foundation/golden/" + name, std::ios::binary);
+    std::ifstream file(wardlock::test::sourceFolder() + "/tests/foundation/golden/" + name, std::ios::binary);
     EXPECT_TRUE(file) << name;
     std::stringstream bytes;
     bytes << file.rdbuf();

@@ -1,4 +1,5 @@
 #include "tests/support/BusFixture.h"
+#include "tests/support/Places.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +12,7 @@ namespace {
 using NotificationDocumentationTest = BusFixture;
 
 TEST_F(NotificationDocumentationTest, ListensWithTheExampleForShells) {
-    Process listener(WARDLOCK_SOURCE_FOLDER "/docs/examples/listen-to-notifications", {root()});
+    Process listener(sourceFolder() + "/docs/examples/listen-to-notifications", {root()});
     // The bus takes the monitor's own name away when it begins to listen.
     std::optional<std::string> line;
     do
@@ -35,7 +36,7 @@ TEST_F(NotificationDocumentationTest, ListensWithTheExampleForShells) {
 }
 
 TEST_F(NotificationDocumentationTest, PostsWithTheCommandForShells) {
-    std::ifstream page(WARDLOCK_SOURCE_FOLDER "/docs/notification.md");
+    std::ifstream page(sourceFolder() + "/docs/notification.md");
     const std::string text{std::istreambuf_iterator<char>(page), std::istreambuf_iterator<char>()};
     const auto begin = text.find("    gdbus emit");
     ASSERT_NE(begin, std::string::npos);

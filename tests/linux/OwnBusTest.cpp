@@ -1,4 +1,5 @@
 #include "tests/support/BusFixture.h"
+#include "tests/support/Places.h"
 
 #include <gtest/gtest.h>
 
@@ -68,8 +69,8 @@ TEST_F(OwnBusTest, IsOneForAllProcessesThatStartAtOnce) {
     constexpr int count = 6;
     std::vector<std::unique_ptr<Process>> observers;
     for (int i = 0; i < count; ++i)
-        observers.push_back(std::make_unique<Process>(WARDLOCK_PROGRAM_FOLDER "/test-observer",
-                                                      std::vector<std::string>{"N"}));
+        observers.push_back(
+            std::make_unique<Process>(programFolder() + "/test-observer", std::vector<std::string>{"N"}));
     for (const auto& observer : observers)
         EXPECT_EQ(observer->readLine(), "ready");
     post({"N", "--object", "all"});

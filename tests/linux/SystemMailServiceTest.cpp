@@ -2,6 +2,7 @@
 
 #include "platform/foundation/MainLoop.h"
 #include "tests/support/BusFixture.h"
+#include "tests/support/Places.h"
 
 #include <filesystem>
 #include <fstream>
@@ -194,7 +195,7 @@ TEST_F(SystemMailService, PassesNoOptionOffAsAnAddress) {
 TEST_F(SystemMailService, AsksThePortalFirst) {
     makeFolder(outbox);
     installMailProgram();
-    Process portal(WARDLOCK_PROGRAM_FOLDER "/test-email-portal", {"0"});
+    Process portal(programFolder() + "/test-email-portal", {"0"});
     ASSERT_EQ(portal.readLine(), "ready");
     EXPECT_TRUE(platform::systemMailService().canSendMail());
     EXPECT_EQ(send().kind, MailOutcome::Kind::HandedOver);
@@ -208,7 +209,7 @@ TEST_F(SystemMailService, AsksThePortalFirst) {
 }
 
 TEST_F(SystemMailService, GivesAnOldPortalOneAddress) {
-    Process portal(WARDLOCK_PROGRAM_FOLDER "/test-email-portal", {"0", "2"});
+    Process portal(programFolder() + "/test-email-portal", {"0", "2"});
     ASSERT_EQ(portal.readLine(), "ready");
     EXPECT_EQ(send().kind, MailOutcome::Kind::HandedOver);
     EXPECT_EQ(portal.readLine(), "address=help@example.org");
@@ -216,7 +217,7 @@ TEST_F(SystemMailService, GivesAnOldPortalOneAddress) {
 
 TEST_F(SystemMailService, TellsThatThePersonChoseNoProgram) {
     makeFolder(outbox);
-    Process portal(WARDLOCK_PROGRAM_FOLDER "/test-email-portal", {"1"});
+    Process portal(programFolder() + "/test-email-portal", {"1"});
     ASSERT_EQ(portal.readLine(), "ready");
     EXPECT_EQ(send().kind, MailOutcome::Kind::Failed);
     EXPECT_TRUE(savedMails().empty());
@@ -224,7 +225,7 @@ TEST_F(SystemMailService, TellsThatThePersonChoseNoProgram) {
 
 TEST_F(SystemMailService, TakesTheNextWayWhereThePortalFails) {
     makeFolder(outbox);
-    Process portal(WARDLOCK_PROGRAM_FOLDER "/test-email-portal", {"2"});
+    Process portal(programFolder() + "/test-email-portal", {"2"});
     ASSERT_EQ(portal.readLine(), "ready");
     EXPECT_EQ(send().kind, MailOutcome::Kind::SavedToOutbox);
 }

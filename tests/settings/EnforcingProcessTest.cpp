@@ -5,6 +5,7 @@
 #include "settings/Constants.h"
 #include "settings/DefaultSettings.h"
 #include "settings/Keys.h"
+#include "tests/support/Places.h"
 #include "tests/support/PrivateBus.h"
 #include "tests/support/Process.h"
 #include "tests/support/SettingsFixture.h"
@@ -29,7 +30,7 @@ protected:
     }
 
     static Process startEnforcer(int changes) {
-        return Process(WARDLOCK_PROGRAM_FOLDER "/test-enforcer", {std::to_string(changes)});
+        return Process(test::programFolder() + "/test-enforcer", {std::to_string(changes)});
     }
 
     static void post(std::string_view key, const platform::Value& object) {

@@ -1,6 +1,7 @@
 #include "tests/support/AppListFixture.h"
 
 #include "platform/foundation/Class.h"
+#include "tests/support/Places.h"
 
 #include <cstdlib>
 #include <dlfcn.h>
@@ -23,7 +24,7 @@ AppListFixture::AppListFixture() {
 platform::ALApplicationList& AppListFixture::list() {
     if (list_)
         return *list_;
-    void* module = ::dlopen(WARDLOCK_APPLIST_MODULE, RTLD_NOW | RTLD_NODELETE);
+    void* module = ::dlopen(appListModule().c_str(), RTLD_NOW | RTLD_NODELETE);
     if (!module)
         throw std::runtime_error(::dlerror());
     const auto entry =

@@ -1,5 +1,7 @@
 #include "tests/support/BusFixture.h"
 
+#include "tests/support/Places.h"
+
 namespace wardlock::test {
 
 ProcessSetup BusFixture::with(const std::string& variable, const std::string& value) {
@@ -10,13 +12,13 @@ ProcessSetup BusFixture::with(const std::string& variable, const std::string& va
 
 std::unique_ptr<Process> BusFixture::observe(const std::vector<std::string>& arguments,
                                              const ProcessSetup& setup) {
-    auto observer = std::make_unique<Process>(WARDLOCK_PROGRAM_FOLDER "/test-observer", arguments, setup);
+    auto observer = std::make_unique<Process>(programFolder() + "/test-observer", arguments, setup);
     EXPECT_EQ(observer->readLine(), "ready");
     return observer;
 }
 
 void BusFixture::post(const std::vector<std::string>& arguments, const ProcessSetup& setup) {
-    const auto result = runProcess(WARDLOCK_PROGRAM_FOLDER "/test-poster", arguments, setup);
+    const auto result = runProcess(programFolder() + "/test-poster", arguments, setup);
     EXPECT_EQ(result.exitCode, 0) << result.errors;
 }
 

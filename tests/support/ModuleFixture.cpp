@@ -1,5 +1,7 @@
 #include "tests/support/ModuleFixture.h"
 
+#include "tests/support/Places.h"
+
 #include <filesystem>
 
 namespace wardlock::test {
@@ -10,7 +12,7 @@ void ModuleFixture::putModule(std::string_view name, std::string_view devicePath
     const fs::path file = onDisk(devicePath);
     fs::create_directories(file.parent_path());
     fs::permissions(file.parent_path(), fs::perms::owner_all);
-    fs::copy_file(fs::path(WARDLOCK_TEST_MODULES) / (std::string(name) + ".so"), file);
+    fs::copy_file(fs::path(testModulesFolder()) / (std::string(name) + ".so"), file);
     fs::permissions(file, fs::perms::owner_all);
 }
 

@@ -5,6 +5,7 @@
 #include "settings/DefaultSettings.h"
 #include "settings/Keys.h"
 #include "shell/Provision.h"
+#include "tests/support/Places.h"
 
 #include <filesystem>
 
@@ -23,7 +24,7 @@ SettingsApplicationFixture::~SettingsApplicationFixture() {
 
 void SettingsApplicationFixture::installFixtureBundle() const {
     makeFolder("/Library/PreferenceBundles");
-    fs::create_directory_symlink(fs::path(WARDLOCK_TEST_MODULES) / "Fixture.bundle",
+    fs::create_directory_symlink(fs::path(testModulesFolder()) / "Fixture.bundle",
                                  onDisk("/Library/PreferenceBundles/Fixture.bundle"));
 }
 
