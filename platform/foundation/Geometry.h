@@ -23,4 +23,4 @@ struct CGRect {
 
 inline constexpr CGRect CGRectZero{};
 
-}  // namespace platform
+} // namespace platform

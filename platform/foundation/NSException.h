@@ -13,8 +13,9 @@ inline constexpr const char* NSInvalidArgumentException = "NSInvalidArgumentExce
 inline constexpr const char* NSRangeException = "NSRangeException";
 inline constexpr const char* NSGenericException = "NSGenericException";
 
-/// The platform's exception: storing nothing where a value is needed, an index out of range, a message to an object of
-/// the wrong class. Nobody catches it; it ends the process after the uncaught-exception handler has run.
+/// The platform's exception: storing nothing where a value is needed, an index out of range, a message to an
+/// object of the wrong class. Nobody catches it; it ends the process after the uncaught-exception handler has
+/// run.
 class WARDLOCK_API NSException : public std::exception {
 public:
     /// Takes the addresses of the calling stack here, where the throwing frames still stand.
@@ -27,7 +28,8 @@ public:
 
     /// Unsigned integers, innermost frame first.
     const Array& callStackReturnAddresses() const { return addresses_; }
-    /// Strings, one per return address: module, symbol and offset as far as they are known. Looked up at each call.
+    /// Strings, one per return address: module, symbol and offset as far as they are known. Looked up at each
+    /// call.
     Array callStackSymbols() const;
 
     /// "name: reason".
@@ -44,13 +46,14 @@ private:
 using NSUncaughtExceptionHandler = void (*)(const NSException&);
 
 /// Makes `handler` the process's handler of exceptions that nobody catches; null removes it. It runs from the
-/// terminate handler, in the thread that threw; when it returns the process ends by SIGABRT. An exception of another
-/// type reaches the handler as an NSGenericException with the other's message as reason.
+/// terminate handler, in the thread that threw; when it returns the process ends by SIGABRT. An exception of
+/// another type reaches the handler as an NSGenericException with the other's message as reason.
 WARDLOCK_API void NSSetUncaughtExceptionHandler(NSUncaughtExceptionHandler handler);
 WARDLOCK_API NSUncaughtExceptionHandler NSGetUncaughtExceptionHandler();
 
-/// For a `noexcept` door's host: runs `last` after the uncaught-exception handler and before the process ends, once,
-/// for example to write the queued log entries and give the terminal back. Replaces the previous one.
+/// For a `noexcept` door's host: runs `last` after the uncaught-exception handler and before the process
+/// ends, once, for example to write the queued log entries and give the terminal back. Replaces the previous
+/// one.
 WARDLOCK_API void setLastRites(void (*last)());
 
-}  // namespace platform
+} // namespace platform

@@ -4,4 +4,4 @@ namespace platform {
 
 Object::~Object() = default;
 
-}  // namespace platform
+} // namespace platform

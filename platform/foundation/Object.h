@@ -6,9 +6,9 @@
 
 namespace platform {
 
-/// What can be the target of a selector, the observer of a notification or the instance of a class made by name.
-/// Objects live in std::shared_ptr; whoever does not own one holds std::weak_ptr. Protocols do not derive from Object,
-/// so that a class has exactly one enable_shared_from_this.
+/// What can be the target of a selector, the observer of a notification or the instance of a class made by
+/// name. Objects live in std::shared_ptr; whoever does not own one holds std::weak_ptr. Protocols do not
+/// derive from Object, so that a class has exactly one enable_shared_from_this.
 class WARDLOCK_API Object : public std::enable_shared_from_this<Object> {
 public:
     Object(const Object&) = delete;
@@ -25,4 +25,4 @@ protected:
     }
 };
 
-}  // namespace platform
+} // namespace platform

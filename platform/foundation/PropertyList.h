@@ -9,12 +9,12 @@
 
 namespace platform {
 
-/// Reads a property list, XML or binary, told apart by its first bytes. One pass; nesting and the number of values are
-/// bounded. Anything that is not a property list gives none, never an exception.
+/// Reads a property list, XML or binary, told apart by its first bytes. One pass; nesting and the number of
+/// values are bounded. Anything that is not a property list gives none, never an exception.
 WARDLOCK_API std::optional<Value> propertyListWithData(std::string_view bytes);
 
 /// The XML form: declaration, DOCTYPE, <plist version="1.0">, tabs, one element a line, final newline.
 WARDLOCK_API std::string dataWithPropertyList(const Value& value);
 WARDLOCK_API std::string dataWithPropertyList(const Dictionary& dictionary);
 
-}  // namespace platform
+} // namespace platform

@@ -12,22 +12,23 @@ namespace platform {
 template <class Signature>
 class Selector;
 
-/// A message an object answers: its name, for people, and the member function behind it. Copyable; the empty selector
-/// (default-constructed) is the platform's null selector. The name must outlive the selector: use a literal.
+/// A message an object answers: its name, for people, and the member function behind it. Copyable; the empty
+/// selector (default-constructed) is the platform's null selector. The name must outlive the selector: use a
+/// literal.
 template <class R, class... Args>
 class Selector<R(Args...)> {
 public:
     constexpr Selector() = default;
 
-    /// A selector for `Method`, a pointer to a member function taking (Args...), or fewer: a method that ignores the
-    /// sender takes nothing.
+    /// A selector for `Method`, a pointer to a member function taking (Args...), or fewer: a method that
+    /// ignores the sender takes nothing.
     template <auto Method>
     static constexpr Selector of(std::string_view name) {
         return Selector(name, &call<Method>);
     }
 
-    /// Sends the message. Throws NSInvalidArgumentException when the target's class has no such method and when the
-    /// selector is empty.
+    /// Sends the message. Throws NSInvalidArgumentException when the target's class has no such method and
+    /// when the selector is empty.
     R operator()(Object& target, Args... args) const {
         if (!invoke_)
             throw NSException(NSInvalidArgumentException, "empty selector sent");
@@ -68,4 +69,4 @@ private:
     Invoke invoke_ = nullptr;
 };
 
-}  // namespace platform
+} // namespace platform

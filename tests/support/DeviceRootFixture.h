@@ -12,9 +12,9 @@ namespace wardlock::test {
 
 /// A test with a device root of its own, named by WARDLOCK_DEVICE_ROOT: var/mobile/Library/Preferences, tmp,
 /// Applications and Library/MobileSubstrate/DynamicLibraries, all empty. HOME, XDG_DATA_HOME,
-/// XDG_CONFIG_HOME, XDG_CACHE_HOME and XDG_RUNTIME_DIR (0700) are private folders beside it, and nobody listens at
-/// the session bus that is named: without a name the product would start a bus that outlives the test. BusFixture.h
-/// has a bus. The environment is put back and everything removed at the end.
+/// XDG_CONFIG_HOME, XDG_CACHE_HOME and XDG_RUNTIME_DIR (0700) are private folders beside it, and nobody
+/// listens at the session bus that is named: without a name the product would start a bus that outlives the
+/// test. BusFixture.h has a bus. The environment is put back and everything removed at the end.
 ///
 /// Paths are device paths ("/var/mobile/..."). The helpers use the machine's own file calls, never the
 /// product's.
