@@ -1,4 +1,7 @@
-# What other programs need: the programs, the shared libraries with their headers, and how CMake and pkg-config find them.
+# What an installation holds, in three components that are packages of their own:
+#   wardlock          the window, the command, the bundle, the modules, and what a desktop needs to list them
+#   libwardlock       the two shared libraries
+#   libwardlock-dev   their headers, and how CMake and pkg-config find them
 include(CMakePackageConfigHelpers)
 
 set(package_folder "${CMAKE_INSTALL_LIBDIR}/cmake/Wardlock")
@@ -7,24 +10,45 @@ set_target_properties(wardlock-platform PROPERTIES EXPORT_NAME platform)
 set_target_properties(wardlock-settings-library PROPERTIES EXPORT_NAME settings INSTALL_RPATH "$ORIGIN")
 target_compile_features(wardlock-platform INTERFACE cxx_std_20)
 install(TARGETS wardlock-platform wardlock-settings-library EXPORT WardlockTargets
-  LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}")
-install(DIRECTORY platform settings DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/wardlock"
+  LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT libwardlock NAMELINK_COMPONENT libwardlock-dev)
+install(DIRECTORY platform settings DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/wardlock" COMPONENT libwardlock-dev
   FILES_MATCHING PATTERN "*.h")
 
-install(EXPORT WardlockTargets NAMESPACE Wardlock:: DESTINATION "${package_folder}")
+install(EXPORT WardlockTargets NAMESPACE Wardlock:: DESTINATION "${package_folder}" COMPONENT libwardlock-dev)
 file(CONFIGURE OUTPUT "${CMAKE_BINARY_DIR}/WardlockConfig.cmake"
   CONTENT "include(\"\${CMAKE_CURRENT_LIST_DIR}/WardlockTargets.cmake\")\n" @ONLY)
 write_basic_package_version_file("${CMAKE_BINARY_DIR}/WardlockConfigVersion.cmake" COMPATIBILITY SameMinorVersion)
 install(FILES "${CMAKE_BINARY_DIR}/WardlockConfig.cmake" "${CMAKE_BINARY_DIR}/WardlockConfigVersion.cmake"
-  DESTINATION "${package_folder}")
+  DESTINATION "${package_folder}" COMPONENT libwardlock-dev)
 
 file(RELATIVE_PATH include_from_lib "/${CMAKE_INSTALL_LIBDIR}" "/${CMAKE_INSTALL_INCLUDEDIR}")
 configure_file(cmake/wardlock-settings.pc.in "${CMAKE_BINARY_DIR}/wardlock-settings.pc" @ONLY)
-install(FILES "${CMAKE_BINARY_DIR}/wardlock-settings.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+install(FILES "${CMAKE_BINARY_DIR}/wardlock-settings.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig"
+  COMPONENT libwardlock-dev)
 
 foreach(program IN ITEMS wardlock-command wardlock-window-program)
   if(TARGET ${program})
     set_target_properties(${program} PROPERTIES INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
-    install(TARGETS ${program} RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
+    install(TARGETS ${program} RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT wardlock)
   endif()
 endforeach()
+
+# How a desktop lists the window.
+if(TARGET wardlock-window-program)
+  configure_file(packaging/desktop/com.tavix.wardlock.metainfo.xml.in
+    "${CMAKE_BINARY_DIR}/com.tavix.wardlock.metainfo.xml" @ONLY)
+  install(FILES "${CMAKE_BINARY_DIR}/com.tavix.wardlock.metainfo.xml"
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/metainfo" COMPONENT wardlock)
+  install(FILES packaging/desktop/wardlock-settings.desktop
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/applications" COMPONENT wardlock)
+  set(icons "${CMAKE_INSTALL_DATADIR}/icons/hicolor")
+  install(FILES resources/icon.svg RENAME wardlock-settings.svg
+    DESTINATION "${icons}/scalable/apps" COMPONENT wardlock)
+  foreach(size IN ITEMS 48 128)
+    install(FILES packaging/desktop/wardlock-settings-${size}.png RENAME wardlock-settings.png
+      DESTINATION "${icons}/${size}x${size}/apps" COMPONENT wardlock)
+  endforeach()
+endif()
+
+# What the build makes for below share/ lies so in the build tree: man/man1, bash-completion/completions, ...
+install(DIRECTORY "${CMAKE_BINARY_DIR}/share/" DESTINATION "${CMAKE_INSTALL_DATADIR}" COMPONENT wardlock OPTIONAL)

@@ -2,6 +2,7 @@ option(WARDLOCK_TESTS "Build the tests" ON)
 option(WARDLOCK_BENCHMARKS "Build the benchmarks" OFF)
 option(WARDLOCK_FUZZERS "Build the fuzz targets (clang only)" OFF)
 option(WARDLOCK_WINDOW "Build the window (needs Qt 6)" ON)
+option(WARDLOCK_PACKAGES "Make the Debian packages when cpack is run" OFF)
 set(WARDLOCK_SANITIZE "" CACHE STRING "Sanitizers to build with: a list for -fsanitize=")
 set(WARDLOCK_REPOSITORY_HOST "repo.tavix.example" CACHE STRING "Host of the package listing")
 
