@@ -16,12 +16,13 @@ const char* environmentVariable(const char* name) {
     return value && *value ? value : nullptr;
 }
 
-/// The run-time folder, where it is one and ours: a shell of another user may have handed its own down.
+/// The run-time folder, where it is one and ours: a shell of another user may have handed its own down. In
+/// one that others can write to, the bus could be anybody's.
 std::string runtimeFolder() {
     const char* path = environmentVariable("XDG_RUNTIME_DIR");
     struct stat status {};
     if (!path || *path != '/' || stat(path, &status) != 0 || !S_ISDIR(status.st_mode) ||
-        status.st_uid != geteuid())
+        status.st_uid != geteuid() || (status.st_mode & (S_IWGRP | S_IWOTH)) != 0)
         return {};
     return path;
 }

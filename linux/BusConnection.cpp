@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <poll.h>
+#include <sys/socket.h>
+#include <unistd.h>
 
 namespace platform {
 
@@ -10,15 +12,24 @@ namespace {
 /// Messages of one turn: a sender that floods the bus must not keep the host from its other work.
 constexpr int messagesAtOnce = 64;
 
+/// Whether the process that began to listen at the other end was this user's.
+bool listenerIsOwn(int socket) {
+    ucred listener{};
+    socklen_t size = sizeof listener;
+    return socket >= 0 && getsockopt(socket, SOL_SOCKET, SO_PEERCRED, &listener, &size) == 0 &&
+           listener.uid == geteuid();
+}
+
 } // namespace
 
-std::unique_ptr<BusConnection> BusConnection::open(const std::string& address) {
+std::unique_ptr<BusConnection> BusConnection::open(const std::string& address, Peer peer) {
     sd_bus* bus = nullptr;
     if (sd_bus_new(&bus) < 0)
         return nullptr;
     std::unique_ptr<BusConnection> connection(new BusConnection(bus));
     if (sd_bus_set_address(bus, address.c_str()) < 0 || sd_bus_set_bus_client(bus, 1) < 0 ||
-        sd_bus_set_exit_on_disconnect(bus, 0) < 0 || sd_bus_start(bus) < 0)
+        sd_bus_set_exit_on_disconnect(bus, 0) < 0 || sd_bus_start(bus) < 0 ||
+        (peer == Peer::OwnUser && !listenerIsOwn(sd_bus_get_fd(bus))))
         return nullptr;
     return connection;
 }

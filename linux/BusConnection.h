@@ -18,8 +18,11 @@ class BusConnection {
 public:
     using Clock = LoopSource::Clock;
 
-    /// Begins to connect. Null: nobody listens.
-    static std::unique_ptr<BusConnection> open(const std::string& address);
+    /// Whose process may be at the other end.
+    enum class Peer { Any, OwnUser };
+
+    /// Begins to connect. Null: nobody listens, or somebody whom `peer` rules out.
+    static std::unique_ptr<BusConnection> open(const std::string& address, Peer peer);
     ~BusConnection();
     BusConnection(const BusConnection&) = delete;
     BusConnection& operator=(const BusConnection&) = delete;

@@ -2,6 +2,7 @@
 
 #include "linux/FileDescriptor.h"
 #include "linux/MailHeader.h"
+#include "linux/PrivateFolder.h"
 #include "platform/foundation/Utf8.h"
 
 #include <algorithm>
@@ -85,8 +86,7 @@ bool writeNewFile(const std::string& path, std::string_view bytes) {
 
 MailFolder::MailFolder(const std::vector<MailAttachment>& attachments) {
     const fs::path parent = parentFolder();
-    std::error_code error;
-    if (parent.empty() || (fs::create_directories(parent, error), error))
+    if (parent.empty() || !prepareOwnFolder(parent.string()))
         return;
     removeOldFolders(parent);
     path_ = (parent / (std::string(folderName) + "XXXXXX")).string();

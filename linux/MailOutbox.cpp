@@ -2,6 +2,7 @@
 
 #include "linux/MailFolder.h"
 #include "linux/MimeMessage.h"
+#include "linux/PrivateFolder.h"
 #include "platform/foundation/DeviceRoot.h"
 #include "platform/services/SystemMailService.h"
 
@@ -31,8 +32,7 @@ std::string timeForName(std::time_t time) {
 
 bool MailOutbox::isOpen() {
     const std::string folder = pathOnDevice(mailOutboxPath);
-    std::error_code error;
-    return fs::is_directory(folder, error) && access(folder.c_str(), W_OK | X_OK) == 0;
+    return isFolderOfOwnUser(folder) && access(folder.c_str(), W_OK | X_OK) == 0;
 }
 
 std::optional<MailOutcome> MailOutbox::send(const MailMessage& message) {

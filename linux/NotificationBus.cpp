@@ -1,6 +1,5 @@
 #include "linux/NotificationBus.h"
 
-#include "linux/BusAddress.h"
 #include "linux/NotificationFormat.h"
 #include "linux/NotificationMessage.h"
 #include "linux/OwnBus.h"
@@ -86,18 +85,29 @@ void NotificationBus::connectIfDue(Clock::time_point due) {
 void NotificationBus::connect() {
     const BusAddress address = busAddress();
     startingElsewhere_ = false;
-    connection_ = BusConnection::open(address.text);
-    if (!connection_ && !address.ownFolder.empty()) {
-        const auto start = OwnBus(address.ownFolder).start();
-        startingElsewhere_ = start == OwnBus::Start::StartedByOther;
-        if (start == OwnBus::Start::Running)
-            connection_ = BusConnection::open(address.text);
-    }
+    if (address.ownFolder.empty())
+        connection_ = BusConnection::open(address.text, BusConnection::Peer::Any);
+    else
+        connectToOwnBus(address);
     handshakeAwaited_ = false;
     if (!connection_) {
         lastFailure_ = Clock::now();
         scheduleNextAttempt();
     }
+}
+
+/// The folder first: in one that somebody else has laid in its place somebody else listens.
+void NotificationBus::connectToOwnBus(const BusAddress& address) {
+    const OwnBus bus(address.ownFolder);
+    if (!bus.folderIsPrivate())
+        return;
+    connection_ = BusConnection::open(address.text, BusConnection::Peer::OwnUser);
+    if (connection_)
+        return;
+    const auto start = bus.start();
+    startingElsewhere_ = start == OwnBus::Start::StartedByOther;
+    if (start == OwnBus::Start::Running)
+        connection_ = BusConnection::open(address.text, BusConnection::Peer::OwnUser);
 }
 
 void NotificationBus::scheduleNextAttempt() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "linux/BusAddress.h"
 #include "linux/BusConnection.h"
 #include "linux/BusPointers.h"
 #include "linux/LoopSource.h"
@@ -45,6 +46,7 @@ private:
     bool isReady() const { return connection_ && connection_->isReady(); }
     void connectIfDue(Clock::time_point due);
     void connect();
+    void connectToOwnBus(const BusAddress& address);
     void scheduleNextAttempt();
     /// One step of what there is to do: an attempt that is due, what the bus has sent, what waits to be sent.
     void advance();

@@ -75,8 +75,12 @@ bool writeAll(int descriptor, std::string_view text) {
 
 } // namespace
 
+bool OwnBus::folderIsPrivate() const {
+    return preparePrivateFolder(folder_);
+}
+
 OwnBus::Start OwnBus::start() const {
-    if (!preparePrivateFolder(folder_))
+    if (!folderIsPrivate())
         return Start::Failed;
     const FileDescriptor lock(
         open((folder_ + "/lock").c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR));

@@ -16,6 +16,10 @@ public:
 
     explicit OwnBus(std::string folder) : folder_(std::move(folder)) {}
 
+    /// Makes the folder where it is missing. False: it is not this user's alone, and whoever listens there is
+    /// not to be trusted.
+    bool folderIsPrivate() const;
+
     /// Starts the daemon where nobody listens. Bounded: at most half a second.
     Start start() const;
 

@@ -1,10 +1,10 @@
 #include "linux/PosixFileSystem.h"
 
 #include "linux/Descriptor.h"
+#include "linux/OwnLink.h"
 #include "platform/foundation/RealFileSystem.h"
 
 #include <cerrno>
-#include <climits>
 #include <cstdio>
 #include <cstdlib>
 #include <dirent.h>
@@ -54,13 +54,34 @@ FileStatus statusOf(const struct stat& found) {
             .size = static_cast<std::uint64_t>(found.st_size)};
 }
 
+/// In a process without standard output the next file takes its number, and what is printed would land in it.
+std::error_code aboveStandardOnes(Descriptor& opened, FileHandle& file) {
+    const int number = opened.number();
+    const int moved = number > STDERR_FILENO ? number : ::fcntl(number, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+    if (moved < 0)
+        return lastError();
+    if (moved == number)
+        opened.release();
+    file = moved;
+    return {};
+}
+
 /// Opens a regular file, and nothing else: O_NONBLOCK keeps a pipe without a writer from holding us.
-std::error_code openRegular(const std::string& path, int flags, FileHandle& file, FileStatus& status) {
+std::error_code openRegular(const std::string& path, int flags, Links links, FileHandle& file,
+                            FileStatus& status) {
     if (hasNul(path))
         return invalidName();
-    Descriptor opened(::open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
+    int number = noFile;
+    flags |= O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
+    if (links == Links::Keep)
+        number = ::open(path.c_str(), flags | O_NOFOLLOW);
+    else if (std::error_code error = openThroughOwnLinks(path, flags, number))
+        return error;
+    if (number < 0)
+        return lastError();
+    Descriptor opened(number);
     struct stat found;
-    if (opened.number() < 0 || ::fstat(opened.number(), &found) != 0)
+    if (::fstat(opened.number(), &found) != 0)
         return lastError();
     status = statusOf(found);
     if (status.kind == FileKind::Folder)
@@ -123,12 +144,7 @@ std::error_code PosixFileSystem::status(FileHandle file, FileStatus& status) {
 std::error_code PosixFileSystem::readLink(const std::string& path, std::string& target) {
     if (hasNul(path))
         return invalidName();
-    char text[PATH_MAX];
-    const ssize_t length = ::readlink(path.c_str(), text, sizeof text);
-    if (length < 0)
-        return lastError();
-    target.assign(text, static_cast<std::size_t>(length));
-    return {};
+    return readOwnLink(path, target);
 }
 
 std::error_code PosixFileSystem::resolve(const std::string& path, std::string& resolved) {
@@ -144,7 +160,8 @@ std::error_code PosixFileSystem::resolve(const std::string& path, std::string& r
 std::error_code PosixFileSystem::readFile(const std::string& path, std::size_t maximum, std::string& bytes) {
     FileHandle file = noFile;
     FileStatus status;
-    if (std::error_code error = uninterrupted([&] { return openRegular(path, O_RDONLY, file, status); }))
+    if (std::error_code error =
+            uninterrupted([&] { return openRegular(path, O_RDONLY, Links::Follow, file, status); }))
         return error;
     const Descriptor opened(file);
     if (status.size > maximum)
@@ -176,21 +193,22 @@ std::error_code PosixFileSystem::list(const std::string& folder, std::vector<std
 std::error_code PosixFileSystem::create(const std::string& path, unsigned mode, FileHandle& file) {
     if (hasNul(path))
         return invalidName();
-    const int opened = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, mode);
-    if (opened < 0)
-        return lastError();
-    file = opened;
-    return {};
+    Descriptor opened(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, mode));
+    return opened.number() < 0 ? lastError() : aboveStandardOnes(opened, file);
 }
 
 std::error_code PosixFileSystem::open(const std::string& path, FileHandle& file) {
     FileStatus status;
-    return openRegular(path, O_RDONLY | O_NOFOLLOW, file, status);
+    return openRegular(path, O_RDONLY, Links::Keep, file, status);
 }
 
 std::error_code PosixFileSystem::openToAppend(const std::string& path, FileHandle& file) {
     FileStatus status;
-    return openRegular(path, O_WRONLY | O_APPEND, file, status);
+    FileHandle opened = noFile;
+    if (std::error_code error = openRegular(path, O_WRONLY | O_APPEND, Links::Follow, opened, status))
+        return error;
+    Descriptor owned(opened);
+    return aboveStandardOnes(owned, file);
 }
 
 std::error_code PosixFileSystem::lock(FileHandle file) {

@@ -1,6 +1,7 @@
 #include "linux/PrivateFolder.h"
 
 #include "linux/FileDescriptor.h"
+#include "linux/PosixFileSystem.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -18,6 +19,24 @@ bool preparePrivateFolder(const std::string& path) {
     if (made && fchmod(folder.get(), S_IRWXU) != 0)
         return false;
     return made || (status.st_mode & ALLPERMS) == S_IRWXU;
+}
+
+bool prepareOwnFolder(const std::string& path) {
+    PosixFileSystem files;
+    if (makeFolders(files, path, S_IRWXU))
+        return false;
+    const FileDescriptor folder(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    struct stat status {};
+    return folder && fstat(folder.get(), &status) == 0 && status.st_uid == geteuid() &&
+           (status.st_mode & (S_IWGRP | S_IWOTH)) == 0;
+}
+
+bool isFolderOfOwnUser(const std::string& path) {
+    PosixFileSystem files;
+    std::string folder = path;
+    FileStatus status;
+    return !followLinks(files, folder, status) && status.kind == FileKind::Folder &&
+           (status.owner == geteuid() || status.owner == 0);
 }
 
 } // namespace platform

@@ -1,5 +1,6 @@
 #include "shell/DemonstrationDevice.h"
 
+#include "platform/foundation/AtomicWriter.h"
 #include "platform/foundation/DeviceRoot.h"
 #include "platform/services/SystemMailService.h"
 #include "shell/DemonstrationApplications.h"
@@ -7,7 +8,6 @@
 #include "shell/DemonstrationInfo.h"
 
 #include <filesystem>
-#include <fstream>
 #include <system_error>
 
 namespace wardlock::shell {
@@ -18,10 +18,14 @@ namespace {
 
 constexpr std::string_view IconFile = "Icon.svg";
 
+constexpr unsigned privateMode = 0700;
+
 bool writeFile(const fs::path& path, const std::string& bytes) {
-    std::ofstream file(path, std::ios::binary | std::ios::trunc);
-    file << bytes;
-    return file.flush().good();
+    return !platform::AtomicWriter().write(path.string(), bytes, platform::Sync::None);
+}
+
+std::error_code makeFolder(const fs::path& path) {
+    return platform::makeFolders(platform::FileSystem::current(), path.string(), privateMode);
 }
 
 /// The list comes last: it is what makes the folder an application.
@@ -30,8 +34,7 @@ bool install(const DemonstrationApplication& application, const fs::path& folder
     std::error_code error;
     if (fs::exists(fs::symlink_status(info, error)))
         return true;
-    fs::create_directories(folder, error);
-    return writeFile(folder / IconFile, demonstrationIcon(application)) &&
+    return !makeFolder(folder) && writeFile(folder / IconFile, demonstrationIcon(application)) &&
            writeFile(info, demonstrationInfo(application, IconFile));
 }
 
@@ -46,12 +49,8 @@ std::vector<std::string> furnishDemonstration() {
             problems.push_back("The application " + folder.string() + " cannot be made.");
     }
     const fs::path outbox = platform::pathOnDevice(platform::mailOutboxPath);
-    std::error_code error;
-    fs::create_directories(outbox, error);
-    if (error)
+    if (const auto error = makeFolder(outbox))
         problems.push_back("The folder " + outbox.string() + " cannot be made: " + error.message() + ".");
-    else
-        fs::permissions(outbox, fs::perms::owner_all, error);
     return problems;
 }
 

@@ -1,6 +1,7 @@
 #include "shell/Provision.h"
 
 #include "platform/foundation/DeviceRoot.h"
+#include "platform/foundation/FileSystem.h"
 #include "platform/services/ALApplicationList.h"
 #include "settings/Constants.h"
 #include "settings/DocumentPath.h"
@@ -25,6 +26,7 @@ constexpr std::array deviceFolders{
     "/tmp",          "/var/mobile/Library/Preferences",
 };
 
+constexpr unsigned privateMode = 0700;
 constexpr const char* settingsBundle = "WardlockSettings.bundle";
 constexpr const char* appListModule = "AppList.dylib";
 
@@ -49,8 +51,9 @@ Provision::Provision(const std::function<void()>& furnish) {
 
 void Provision::makeFolders() {
     const std::string root = platform::deviceRoot();
-    std::error_code error;
-    fs::create_directories(fs::path(root).parent_path(), error);
+    // For the user alone, whatever the creation mask; what cannot be made is told of the root itself.
+    static_cast<void>(
+        platform::makeFolders(platform::FileSystem::current(), platform::folderOf(root), privateMode));
     makeFolder(root);
     for (const char* folder : deviceFolders) {
         fs::path path;

@@ -11,7 +11,6 @@ namespace platform {
 namespace {
 
 constexpr unsigned privateMode = 0600;
-constexpr int longestLinkChain = 40; // the kernel's own bound
 // Only several processes writing all the time in one folder, each looking through the others' temporaries,
 // ever need more than one; where a name keeps being taken or a temporary keeps vanishing, something is wrong
 // for good.
@@ -83,28 +82,18 @@ std::error_code AtomicWriter::write(const std::string& path, std::string_view by
 
 std::error_code AtomicWriter::find(const std::string& path, Target& target) {
     target.path = path;
-    for (int links = 0; links <= longestLinkChain; ++links) {
-        FileStatus status;
-        const std::error_code error =
-            uninterrupted([&] { return files_.status(target.path, Links::Keep, status); });
-        if (error == std::errc::no_such_file_or_directory)
-            return {};
-        if (error)
-            return error;
-        if (status.kind == FileKind::Folder)
-            return std::make_error_code(std::errc::is_a_directory);
-        if (status.kind == FileKind::Other)
-            return std::make_error_code(std::errc::not_supported);
-        if (status.kind == FileKind::Regular) {
-            target.old = status;
-            return {};
-        }
-        std::string leadsTo;
-        if (std::error_code failed = uninterrupted([&] { return files_.readLink(target.path, leadsTo); }))
-            return failed;
-        target.path = leadsTo.starts_with('/') ? leadsTo : inFolder(folderOf(target.path), leadsTo);
-    }
-    return std::make_error_code(std::errc::too_many_symbolic_link_levels);
+    FileStatus status;
+    const std::error_code error = followLinks(files_, target.path, status);
+    if (error == std::errc::no_such_file_or_directory)
+        return {};
+    if (error)
+        return error;
+    if (status.kind == FileKind::Folder)
+        return std::make_error_code(std::errc::is_a_directory);
+    if (status.kind != FileKind::Regular)
+        return std::make_error_code(std::errc::not_supported);
+    target.old = status;
+    return {};
 }
 
 void AtomicWriter::removeStale(const std::string& folder) {

@@ -22,9 +22,10 @@ enum class Attributes { OfOldFile, Private };
 /// gone, and every write removes those of its folder. A process number could not tell that: numbers are used
 /// again, and mean nothing in another container that shares the folder.
 ///
-/// A symbolic link stays, the file it leads to is replaced. Where the owner cannot be kept (only root may
-/// give files away) the write goes on as the user's own file, and the old group's rights are not handed to
-/// another group. Extended attributes are not kept. No folder is ever made.
+/// A symbolic link stays, the file it leads to is replaced; that of another user (root aside) is refused.
+/// Where the owner cannot be kept (only root may give files away) the write goes on as the user's own file,
+/// and the old group's rights are not handed to another group. Extended attributes are not kept. No folder is
+/// ever made.
 class WARDLOCK_API AtomicWriter {
 public:
     explicit AtomicWriter(FileSystem& files = FileSystem::current()) : files_(files) {}

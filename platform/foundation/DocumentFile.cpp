@@ -28,7 +28,7 @@ DocumentFile::DocumentFile(FileSystem& files, std::string path) : files_(files),
     const std::error_code error =
         uninterrupted([&] { return files_.readFile(path_, largestDocument, bytes); });
     if (error) {
-        state_ = error == std::errc::no_such_file_or_directory ? State::Missing : State::Unreadable;
+        state_ = stateAfter(error);
         return;
     }
     const std::optional<Value> root = propertyListWithData(bytes);
@@ -41,8 +41,17 @@ DocumentFile::DocumentFile(FileSystem& files, std::string path) : files_(files),
     }
 }
 
+DocumentFile::State DocumentFile::stateAfter(std::error_code error) {
+    if (error == std::errc::no_such_file_or_directory)
+        return State::Missing;
+    const bool shortOfMeans = error == std::errc::too_many_files_open ||
+                              error == std::errc::too_many_files_open_in_system ||
+                              error == std::errc::not_enough_memory;
+    return shortOfMeans ? State::Unknown : State::Unreadable;
+}
+
 bool DocumentFile::replace(const Dictionary& dictionary, Sync sync) {
-    if (keepOld(sync))
+    if (state_ == State::Unknown || keepOld(sync))
         return false;
     // The mode that kept us from reading the old file would do so with the new one.
     const Attributes attributes = state_ == State::Unreadable ? Attributes::Private : Attributes::OfOldFile;
@@ -70,15 +79,16 @@ std::error_code DocumentFile::copyAside(Sync sync) {
 }
 
 std::error_code DocumentFile::linkAside() {
-    std::string file;
-    if (std::error_code error = uninterrupted([&] { return files_.resolve(path_, file); }))
+    std::string file = path_;
+    FileStatus status;
+    if (std::error_code error = followLinks(files_, file, status))
         return error;
-    std::error_code error;
-    for (int number = 1; number <= mostDamaged; ++number) {
+    // A folder or a pipe is not replaced, and so needs no other name.
+    if (status.kind != FileKind::Regular)
+        return std::make_error_code(std::errc::not_supported);
+    std::error_code error = std::make_error_code(std::errc::file_exists);
+    for (int number = 1; error == std::errc::file_exists && number <= mostDamaged; ++number)
         error = uninterrupted([&] { return files_.link(file, damagedName(path_, number)); });
-        if (error != std::errc::file_exists)
-            break;
-    }
     return error;
 }
 

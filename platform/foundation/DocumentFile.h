@@ -23,12 +23,14 @@ public:
     /// Bytes that are no document are kept beside the file first, as "NAME.damaged" with mode 0600, and
     /// "NAME.damaged.2" up to 9 when that holds other bytes already; only the last of them is ever replaced.
     /// A file that cannot be read (or is too large to be a document) is given such a name instead of a copy.
-    /// Where nothing can be kept, nothing is written.
+    /// Where nothing can be kept, nothing is written; nor where this process was short of descriptors or
+    /// memory when it looked: the document may be as good as ever.
     bool replace(const Dictionary& dictionary, Sync sync);
 
 private:
-    enum class State { Missing, Document, Damaged, Unreadable };
+    enum class State { Missing, Document, Damaged, Unreadable, Unknown };
 
+    static State stateAfter(std::error_code error);
     std::error_code keepOld(Sync sync);
     std::error_code copyAside(Sync sync);
     std::error_code linkAside();

@@ -50,7 +50,8 @@ public:
 
     virtual std::error_code status(const std::string& path, Links links, FileStatus& status) = 0;
     virtual std::error_code status(FileHandle file, FileStatus& status) = 0;
-    /// The text of a symbolic link.
+    /// The text of a symbolic link; std::errc::permission_denied where it belongs neither to this user nor to
+    /// root. Nothing below follows such a link in the last component either.
     virtual std::error_code readLink(const std::string& path, std::string& target) = 0;
     /// The path without links, "." and ".."; it must exist.
     virtual std::error_code resolve(const std::string& path, std::string& resolved) = 0;
@@ -108,6 +109,16 @@ WARDLOCK_API std::error_code writeAll(FileSystem& files, FileHandle file, std::s
 
 /// Writes at the end of an existing file; never creates one.
 WARDLOCK_API std::error_code appendToFile(FileSystem& files, const std::string& path, std::string_view bytes);
+
+/// More links in a row lead nowhere; the kernel's own bound.
+inline constexpr int longestLinkChain = 40;
+
+/// Where a symbolic link with this text leads.
+WARDLOCK_API std::string throughLink(const std::string& link, const std::string& text);
+
+/// Follows links in the last component. `path` becomes the name of what is no link, or of nothing
+/// (std::errc::no_such_file_or_directory); `status` is of what stands there.
+WARDLOCK_API std::error_code followLinks(FileSystem& files, std::string& path, FileStatus& status);
 
 /// The folder part of a path: "/" of "/a", "." of "a".
 WARDLOCK_API std::string folderOf(const std::string& path);

@@ -1,16 +1,12 @@
+#include "tests/support/BusDaemons.h"
 #include "tests/support/BusFixture.h"
 #include "tests/support/Places.h"
 
 #include <gtest/gtest.h>
 
-#include <csignal>
 #include <fcntl.h>
 #include <filesystem>
-#include <fstream>
-#include <poll.h>
-#include <sstream>
 #include <sys/stat.h>
-#include <sys/syscall.h>
 #include <unistd.h>
 
 namespace wardlock::test {
@@ -18,44 +14,18 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string contents(const fs::path& path) {
-    // A process may end while its file is read: a stream then holds what there was.
-    std::ostringstream bytes;
-    bytes << std::ifstream(path, std::ios::binary).rdbuf();
-    return bytes.str();
-}
-
 /// No bus but the one that the product starts by itself, which a test must end itself.
 class OwnBusTest : public BusFixture {
 protected:
     OwnBusTest() { environment.unset("DBUS_SESSION_BUS_ADDRESS"); }
     ~OwnBusTest() override {
         for (const int daemon : daemons())
-            end(daemon);
+            endBusDaemon(daemon);
     }
 
     std::string busFolder() const { return folder() / "run/wardlock-bus"; }
 
-    /// The processes that serve this test's folder.
-    std::vector<int> daemons() const {
-        std::vector<int> found;
-        for (const auto& entry : fs::directory_iterator("/proc")) {
-            const std::string name = entry.path().filename();
-            if (name.find_first_not_of("0123456789") == std::string::npos &&
-                contents(entry.path() / "cmdline").find("=" + busFolder() + "/bus.conf") != std::string::npos)
-                found.push_back(std::stoi(name));
-        }
-        return found;
-    }
-
-    static void end(int process) {
-        const int descriptor = static_cast<int>(syscall(SYS_pidfd_open, process, 0));
-        ASSERT_GE(descriptor, 0);
-        kill(process, SIGKILL);
-        pollfd ended{descriptor, POLLIN, 0};
-        EXPECT_EQ(poll(&ended, 1, 10'000), 1);
-        close(descriptor);
-    }
+    std::vector<int> daemons() const { return busDaemonsOf(busFolder()); }
 };
 
 TEST_F(OwnBusTest, IsStartedWhereThereIsNoOther) {
@@ -114,7 +84,7 @@ TEST_F(OwnBusTest, IsDetachedFromTheProcessThatStartedIt) {
 TEST_F(OwnBusTest, IsStartedAgainWhenItWasKilled) {
     const auto observer = observe({"N"});
     ASSERT_EQ(daemons().size(), 1u);
-    end(daemons().front());
+    endBusDaemon(daemons().front());
     EXPECT_EQ(observer->readLine(), "N|-|-");
     post({"N", "--object", "after"});
     EXPECT_EQ(observer->readLine(), "N|after|-");
@@ -175,11 +145,8 @@ TEST_F(OwnBusTest, IsFoundInAFolderWhoseNameNeedsEscaping) {
     const auto observer = observe({"N"});
     post({"N"});
     EXPECT_EQ(observer->readLine(), "N|-|-");
-    for (const auto& entry : fs::directory_iterator("/proc")) {
-        if (contents(entry.path() / "cmdline").find(runtime) != std::string::npos &&
-            contents(entry.path() / "comm") == "dbus-daemon\n")
-            end(std::stoi(entry.path().filename()));
-    }
+    for (const int daemon : busDaemonsOf(runtime + "/wardlock-bus"))
+        endBusDaemon(daemon);
 }
 
 } // namespace

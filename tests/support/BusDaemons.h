@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace wardlock::test {
+
+/// The processes that serve the own bus of a folder. The product starts them to live on after their starter,
+/// so a test ends them itself.
+std::vector<int> busDaemonsOf(const std::string& folder);
+
+/// Kills the process and waits for its end.
+void endBusDaemon(int process);
+
+} // namespace wardlock::test
