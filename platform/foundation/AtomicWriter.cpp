@@ -28,6 +28,15 @@ std::error_code takenForStale() {
     return std::make_error_code(std::errc::operation_canceled);
 }
 
+/// Whether a file system or a system without the right says that an attribute is not to be had: there is
+/// nothing to keep then. Any other error is the disk's, and may be gone the next time.
+bool isRefusal(std::error_code error) {
+    return error == std::errc::operation_not_permitted || error == std::errc::permission_denied ||
+           error == std::errc::not_supported || error == std::errc::function_not_supported ||
+           // The owner has no number in this container.
+           error == std::errc::invalid_argument || error == std::errc::value_too_large;
+}
+
 std::uint64_t randomNumber() {
     std::random_device source;
     return std::uint64_t(source()) << 32 | source();
@@ -163,25 +172,33 @@ std::error_code AtomicWriter::fill(FileHandle file, const Target& target, std::s
 std::error_code AtomicWriter::keepAttributes(FileHandle file, const FileStatus& created,
                                              const Target& target) {
     // Set for a new file too: the creation mask may have taken more than it should.
-    const unsigned mode = target.old ? keepOwner(file, created, *target.old) : privateMode;
+    unsigned mode = privateMode;
+    if (target.old)
+        if (std::error_code error = keepOwner(file, created, *target.old, mode))
+            return error;
     if (mode == created.mode)
         return {};
     const std::error_code error = uninterrupted([&] { return files_.setMode(file, mode); });
-    // File systems without modes say so; there is nothing to keep then.
-    return error == std::errc::operation_not_permitted || error == std::errc::not_supported
-               ? std::error_code()
-               : error;
+    return isRefusal(error) ? std::error_code() : error;
 }
 
-unsigned AtomicWriter::keepOwner(FileHandle file, const FileStatus& created, const FileStatus& old) {
-    const bool same = created.owner == old.owner && created.group == old.group;
-    if (same || !uninterrupted([&] { return files_.setOwner(file, old.owner, old.group); }))
-        return old.mode;
+std::error_code AtomicWriter::keepOwner(FileHandle file, const FileStatus& created, const FileStatus& old,
+                                        unsigned& mode) {
+    mode = old.mode;
+    if (created.owner == old.owner && created.group == old.group)
+        return {};
+    std::error_code error = uninterrupted([&] { return files_.setOwner(file, old.owner, old.group); });
+    if (!isRefusal(error))
+        return error;
     // Set-id bits would lend the rights of somebody else than before.
-    const unsigned mode = old.mode & 0777;
-    if (created.group == old.group || !uninterrupted([&] { return files_.setGroup(file, old.group); }))
-        return mode;
-    return (mode & 0707) | (mode & (mode & 0007) << 3);
+    mode &= 0777;
+    if (created.group == old.group)
+        return {};
+    error = uninterrupted([&] { return files_.setGroup(file, old.group); });
+    if (!isRefusal(error))
+        return error;
+    mode = (mode & 0707) | (mode & (mode & 0007) << 3);
+    return {};
 }
 
 } // namespace platform

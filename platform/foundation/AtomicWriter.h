@@ -47,7 +47,8 @@ private:
     std::error_code attempt(const Target& target, std::string_view bytes, Sync sync);
     std::error_code fill(FileHandle file, const Target& target, std::string_view bytes, Sync sync);
     std::error_code keepAttributes(FileHandle file, const FileStatus& created, const Target& target);
-    unsigned keepOwner(FileHandle file, const FileStatus& created, const FileStatus& old);
+    std::error_code keepOwner(FileHandle file, const FileStatus& created, const FileStatus& old,
+                              unsigned& mode);
 
     FileSystem& files_;
 };

@@ -25,8 +25,14 @@ std::string damagedName(const std::string& path, int number) {
 
 DocumentFile::DocumentFile(FileSystem& files, std::string path) : files_(files), path_(std::move(path)) {
     std::string bytes;
-    const std::error_code error =
-        uninterrupted([&] { return files_.readFile(path_, largestDocument, bytes); });
+    const auto read = [&] {
+        return uninterrupted([&] { return files_.readFile(path_, largestDocument, bytes); });
+    };
+    std::error_code error = read();
+    // A disk or a remote folder may fail once and not again; taking the document for unreadable would put
+    // another in its place that has lost its entries.
+    if (error && error != std::errc::no_such_file_or_directory)
+        error = read();
     if (error) {
         state_ = stateAfter(error);
         return;

@@ -1,16 +1,27 @@
 #include "tests/doubles/FaultyFileSystem.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace wardlock::test {
 
 void FaultyFileSystem::failCall(std::size_t number, std::errc error) {
     failingCalls_[number] = error;
 }
 
+bool FaultyFileSystem::needsRoom(std::string_view function) {
+    constexpr std::string_view functions[] = {"create",           "write",      "sync",      "rename", "link",
+                                              "makeSymbolicLink", "syncFolder", "makeFolder"};
+    return std::ranges::find(functions, function) != std::end(functions);
+}
+
 std::error_code FaultyFileSystem::fault(const std::string& function) {
-    ++calls_;
-    if (calls_ >= killed_)
-        return std::make_error_code(std::errc::io_error);
-    if (interrupting_ && function != "close") {
+    functions_.push_back(function);
+    if (isKilled() || calls() >= failingFrom_.from)
+        return std::make_error_code(isKilled() ? std::errc::io_error : failingFrom_.error);
+    if (calls() >= fullFrom_ && needsRoom(function))
+        return std::make_error_code(std::errc::no_space_on_device);
+    if (calls() >= interruptingFrom_ && function != "close") {
         interruptedLast_ = !interruptedLast_;
         if (interruptedLast_)
             return std::make_error_code(std::errc::interrupted);
@@ -19,7 +30,7 @@ std::error_code FaultyFileSystem::fault(const std::string& function) {
         action.mapped()();
     if (const auto failing = failing_.find(function); failing != failing_.end())
         return std::make_error_code(failing->second);
-    const auto failing = failingCalls_.find(calls_);
+    const auto failing = failingCalls_.find(calls());
     return failing == failingCalls_.end() ? std::error_code() : std::make_error_code(failing->second);
 }
 
@@ -66,7 +77,10 @@ std::error_code FaultyFileSystem::lock(platform::FileHandle file) {
 
 std::error_code FaultyFileSystem::write(platform::FileHandle file, std::string_view bytes,
                                         std::size_t& written) {
-    return run("write", [&] { return files_.write(file, bytes.substr(0, longestWrite_), written); });
+    return run("write", [&] {
+        const bool limited = calls() >= limit_.first && calls() <= limit_.last;
+        return files_.write(file, limited ? bytes.substr(0, limit_.bytes) : bytes, written);
+    });
 }
 
 std::error_code FaultyFileSystem::setMode(platform::FileHandle file, unsigned mode) {
@@ -89,7 +103,7 @@ std::error_code FaultyFileSystem::sync(platform::FileHandle file, platform::Sync
 std::error_code FaultyFileSystem::close(platform::FileHandle file) {
     // The handle is gone even when closing reports a failure; a killed process's are gone by themselves.
     const std::error_code error = fault("close");
-    const std::error_code closed = calls_ < killed_ ? files_.close(file) : std::error_code();
+    const std::error_code closed = !isKilled() ? files_.close(file) : std::error_code();
     return error ? error : closed;
 }
 

@@ -7,6 +7,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace wardlock::test {
 
@@ -17,20 +18,34 @@ public:
 
     /// The call of that number fails, without effect.
     void failCall(std::size_t number, std::errc error);
+    /// The call of that number and all after it fail, without effect.
+    void failFrom(std::size_t number, std::errc error) { failingFrom_ = {number, error}; }
+    /// From that call on the disk is full: what needs room on it fails, everything else goes on.
+    void fillDiskFrom(std::size_t number) { fullFrom_ = number; }
     /// Every call of the function fails, without effect.
     void failEvery(const std::string& function, std::errc error) { failing_[function] = error; }
     /// From that call on nothing has an effect any more: the process has been killed before it.
     void killFrom(std::size_t number) { killed_ = number; }
     /// A write takes no more than that many bytes.
-    void limitWrites(std::size_t bytes) { longestWrite_ = bytes; }
+    void limitWrites(std::size_t bytes) { limitWritesFrom(1, bytes); }
+    /// The same from that call on, or for that call alone.
+    void limitWritesFrom(std::size_t number, std::size_t bytes) { limit_ = {number, forEver, bytes}; }
+    void limitWrite(std::size_t number, std::size_t bytes) { limit_ = {number, number, bytes}; }
     /// Every call but close (whose handle is gone either way) is interrupted once before it gets through.
-    void interruptCalls() { interrupting_ = true; }
+    void interruptCalls() { interruptCallsFrom(1); }
+    /// The same from that call on.
+    void interruptCallsFrom(std::size_t number) { interruptingFrom_ = number; }
     /// Runs before the function's next call, once.
     void before(const std::string& function, std::function<void()> action) {
         actions_[function] = std::move(action);
     }
 
-    std::size_t calls() const { return calls_; }
+    std::size_t calls() const { return functions_.size(); }
+    /// The functions called so far, "rename" for the call of number functions().size() say.
+    const std::vector<std::string>& functions() const { return functions_; }
+    bool isKilled() const { return calls() >= killed_; }
+    /// Whether the function takes room on the disk, so that a full one refuses it.
+    static bool needsRoom(std::string_view function);
 
     std::error_code status(const std::string& path, platform::Links links,
                            platform::FileStatus& status) override;
@@ -64,14 +79,27 @@ private:
         return error ? error : call();
     }
 
+    static constexpr std::size_t forEver = std::size_t(-1);
+    struct Failing {
+        std::size_t from = forEver;
+        std::errc error = {};
+    };
+    struct Limit {
+        std::size_t first = forEver;
+        std::size_t last = forEver;
+        std::size_t bytes = 0;
+    };
+
     platform::FileSystem& files_;
-    std::size_t calls_ = 0;
+    std::vector<std::string> functions_;
     std::map<std::size_t, std::errc> failingCalls_;
+    Failing failingFrom_;
+    std::size_t fullFrom_ = forEver;
     std::map<std::string, std::errc> failing_;
     std::map<std::string, std::function<void()>> actions_;
-    std::size_t killed_ = std::size_t(-1);
-    std::size_t longestWrite_ = std::size_t(-1);
-    bool interrupting_ = false;
+    std::size_t killed_ = forEver;
+    Limit limit_;
+    std::size_t interruptingFrom_ = forEver;
     bool interruptedLast_ = false;
 };
 

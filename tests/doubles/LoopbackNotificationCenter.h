@@ -2,6 +2,7 @@
 
 #include "platform/foundation/CFNotificationCenter.h"
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,6 +28,8 @@ public:
     void postNotification(std::string_view name, const std::string*, const platform::Dictionary* userInfo,
                           bool) override {
         posts.push_back({std::string(name), userInfo ? *userInfo : platform::Dictionary()});
+        if (onPost)
+            onPost();
         deliver(name, userInfo);
     }
     /// As another process's post arrives.
@@ -38,6 +41,8 @@ public:
     }
 
     std::vector<Post> posts;
+    /// Called within each post, when set: for what must have happened before.
+    std::function<void()> onPost;
 
 private:
     struct Observer {

@@ -29,6 +29,33 @@ struct MemoryFileSystem::Node {
     FileStatus status;
     std::string text; // a file's bytes, a link's target
     std::set<std::string> afterPowerCut = {""};
+    FileStatus synced; // mode and owner on the disk
+
+    bool attributesAreSynced() const {
+        return status.mode == synced.mode && status.owner == synced.owner && status.group == synced.group;
+    }
+    /// The node as a power cut leaves it with these bytes and these attributes.
+    std::shared_ptr<Node> kept(const std::string& bytes, const FileStatus& attributes) const {
+        auto node = std::make_shared<Node>(*this);
+        node->text = bytes;
+        node->afterPowerCut = {bytes};
+        node->status.mode = attributes.mode;
+        node->status.owner = attributes.owner;
+        node->status.group = attributes.group;
+        node->status.size = bytes.size();
+        node->synced = node->status;
+        return node;
+    }
+    std::vector<std::shared_ptr<Node>> waysToKeep() const {
+        std::vector<std::shared_ptr<Node>> ways;
+        const bool isFile = status.kind == FileKind::Regular;
+        for (const std::string& bytes : isFile ? afterPowerCut : std::set<std::string>{text}) {
+            ways.push_back(kept(bytes, status));
+            if (!attributesAreSynced())
+                ways.push_back(kept(bytes, synced));
+        }
+        return ways;
+    }
 };
 
 MemoryFileSystem::MemoryFileSystem() {
@@ -49,6 +76,7 @@ void MemoryFileSystem::addFile(const std::string& path, std::string_view bytes, 
     node->status.owner = owner;
     node->status.group = group;
     node->status.links = 1;
+    node->synced = node->status;
     node->text = bytes;
     node->afterPowerCut = {node->text};
     names_[path] = node;
@@ -105,6 +133,43 @@ std::set<std::optional<std::string>> MemoryFileSystem::afterPowerCut(const std::
     return found;
 }
 
+/// The nodes that the names lead to, in every mixture of the ways in which each could be kept.
+std::vector<MemoryFileSystem::Nodes> MemoryFileSystem::waysToKeep(const Names& names) {
+    std::vector<Nodes> mixtures = {{}};
+    for (const auto& [path, node] : names) {
+        std::vector<Nodes> more;
+        for (const Nodes& mixture : mixtures) {
+            if (mixture.contains(node.get()))
+                more.push_back(mixture);
+            else
+                for (const auto& kept : node->waysToKeep())
+                    more.emplace_back(mixture).emplace(node.get(), kept);
+        }
+        mixtures = std::move(more);
+    }
+    return mixtures;
+}
+
+std::vector<std::unique_ptr<MemoryFileSystem>> MemoryFileSystem::disksAfterPowerCut() const {
+    std::vector<std::unique_ptr<MemoryFileSystem>> disks;
+    for (const Names& names : namesSinceSync_)
+        for (const Nodes& nodes : waysToKeep(names)) {
+            auto disk = std::make_unique<MemoryFileSystem>();
+            disk->names_.clear();
+            for (const auto& [node, kept] : nodes)
+                kept->status.links = 0;
+            for (const auto& [path, node] : names) {
+                disk->names_[path] = nodes.at(node.get());
+                ++disk->names_[path]->status.links;
+            }
+            disk->namesSinceSync_ = {disk->names_};
+            disk->nextInode_ = nextInode_;
+            disk->actAs(user_, group_);
+            disks.push_back(std::move(disk));
+        }
+    return disks;
+}
+
 void MemoryFileSystem::record(const std::string& call) {
     calls_.push_back(call);
 }
@@ -135,6 +200,7 @@ std::shared_ptr<MemoryFileSystem::Node> MemoryFileSystem::makeNode(FileKind kind
     auto node = std::make_shared<Node>();
     node->status = {
         .kind = kind, .mode = mode, .owner = user_, .group = group_, .device = 1, .inode = nextInode_++};
+    node->synced = node->status;
     return node;
 }
 
@@ -321,6 +387,8 @@ std::error_code MemoryFileSystem::sync(FileHandle file, Sync sync) {
     record((sync == Sync::Full ? "sync all of " : "sync data of ") + pathOf(file));
     Node& node = *handles_.at(file).node;
     node.afterPowerCut = {node.text};
+    if (sync == Sync::Full)
+        node.synced = node.status;
     return {};
 }
 

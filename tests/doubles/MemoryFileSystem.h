@@ -45,6 +45,9 @@ public:
     /// sync are there up to any point of their order, as on a journaled file system; bytes since the last
     /// file sync wholly, half or not.
     std::set<std::optional<std::string>> afterPowerCut(const std::string& path) const;
+    /// The same as whole disks, one for every way in which the power could have been cut now. Mode and owner
+    /// of a file are those of its last full sync or those of now. Nobody has a file of theirs open.
+    std::vector<std::unique_ptr<MemoryFileSystem>> disksAfterPowerCut() const;
 
     /// The calls so far, such as "rename /d/TEMPORARY /d/a"; the writer's temporary files under that one
     /// name.
@@ -83,7 +86,9 @@ private:
         bool writable = false;
     };
     using Names = std::map<std::string, std::shared_ptr<Node>>;
+    using Nodes = std::map<const Node*, std::shared_ptr<Node>>;
 
+    static std::vector<Nodes> waysToKeep(const Names& names);
     void record(const std::string& call);
     std::string pathOf(platform::FileHandle file) const;
     std::shared_ptr<Node> find(std::string path, platform::Links links, std::error_code& error) const;

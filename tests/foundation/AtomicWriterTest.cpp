@@ -182,6 +182,29 @@ TEST_F(AtomicWriter, GivesTheOldGroupsRightsToNoOtherGroup) {
     EXPECT_EQ(memory.statusOf("/shared/a")->group, parent);
 }
 
+TEST_F(AtomicWriter, LeavesTheOldFileWhereADiskErrorKeepsTheOwnerFromBeingSet) {
+    memory.addFile("/d/a", "old", 0640, parent, parent);
+    files.failEvery("setOwner", std::errc::io_error);
+    EXPECT_EQ(write("new"), std::errc::io_error);
+    EXPECT_EQ(memory.contents("/d/a"), "old");
+    EXPECT_EQ(memory.statusOf("/d/a")->owner, parent);
+}
+
+TEST_F(AtomicWriter, LeavesTheOldFileWhereADiskErrorKeepsTheGroupFromBeingSet) {
+    memory.addFile("/d/a", "old", 0640, parent, parent);
+    files.failEvery("setOwner", std::errc::operation_not_permitted);
+    files.failEvery("setGroup", std::errc::io_error);
+    EXPECT_EQ(write("new"), std::errc::io_error);
+    EXPECT_EQ(memory.contents("/d/a"), "old");
+}
+
+TEST_F(AtomicWriter, WritesWhereTheOldOwnerHasNoNumber) {
+    memory.addFile("/d/a", "old", 0640, parent, parent);
+    files.failEvery("setOwner", std::errc::invalid_argument);
+    ASSERT_FALSE(write("new"));
+    EXPECT_EQ(memory.contents("/d/a"), "new");
+}
+
 TEST_F(AtomicWriter, WritesWhereTheFileSystemHasNoModes) {
     memory.addFile("/d/a", "old", 0755);
     files.failEvery("setMode", std::errc::operation_not_permitted);

@@ -324,6 +324,20 @@ TEST_P(PropertyListFileFault, OnAFullDiskLosesNothing) {
     EXPECT_EQ(stage.memory.names("/d"), std::vector<std::string>{"a"});
 }
 
+TEST_F(PropertyListFile, WhoseReadingFailsOnceIsUpdatedFromItsEntriesAllTheSame) {
+    MemoryFileSystem memory;
+    FaultyFileSystem files(memory);
+    memory.addFolder("/d");
+    memory.addFile("/d/a", platform::dataWithPropertyList(Dictionary{{"kept", true}}));
+    files.failCall(1, std::errc::io_error);
+    platform::FileSystem::setCurrent(&files);
+    const Update update = platform::updateFileOfMachine("/d/a", setTwo);
+    platform::FileSystem::setCurrent(nullptr);
+    EXPECT_TRUE(platform::boolValue(update.dictionary.find("kept")));
+    EXPECT_EQ(memory.contents("/d/a"), platform::dataWithPropertyList(update.dictionary));
+    EXPECT_EQ(memory.names("/d"), std::vector<std::string>{"a"});
+}
+
 TEST_P(PropertyListFileFault, WhoseBytesCannotBeReadKeepsThemUnderAnotherName) {
     Stage stage(GetParam());
     stage.files.failEvery("readFile", std::errc::io_error);
