@@ -8,6 +8,9 @@
 
 namespace wardlock::bench {
 
+/// The rows of the picker wherever the window is measured.
+inline constexpr std::size_t pickerRows = 10'000;
+
 /// As many names of applications, in mixed case, one in eight of another script; the same at each call.
 std::vector<std::string> sampleNames(std::size_t count);
 

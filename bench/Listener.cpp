@@ -1,5 +1,6 @@
 #include "bench/Listener.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <poll.h>
@@ -68,24 +69,44 @@ Listener::~Listener() {
 }
 
 void Listener::measure(const Row& row, const std::function<void(bool)>& change) {
+    const Measured measured{row, *this, change};
     Samples samples;
     int lost = 0;
-    for (int i = -warmUps; i < eventCount() && lost < toleratedLosses; ++i) {
-        const bool value = i & 1;
-        pauseBetweenEvents();
-        const std::uint64_t start = wallNanoseconds();
-        change(value);
-        const std::uint64_t seen = timeOf(value);
-        if (seen == 0)
-            ++lost;
-        else if (i >= 0)
-            samples.wall.push_back(static_cast<double>(seen - start));
-    }
-    if (lost || stale_)
-        std::fprintf(stderr, "%s %s: %d lost, %d stale callbacks\n", row.operation.c_str(), row.name.c_str(),
-                     lost, stale_);
+    for (int i = -warmUps; i < eventCount() && lost < toleratedLosses; ++i)
+        lost += !measureOnce(measured, i & 1, i < 0 ? nullptr : &samples);
+    reportWith(measured, std::move(samples), lost);
+}
+
+void Listener::measureInTurn(const Measured& one, const Measured& other) {
+    Samples ofOne, ofOther;
+    int lostByOne = 0, lostByOther = 0;
+    for (int i = -warmUps; i < eventCount() && std::max(lostByOne, lostByOther) < toleratedLosses; ++i)
+        for (const bool first : {i % 2 == 0, i % 2 != 0}) {
+            Samples* const samples = first ? &ofOne : &ofOther;
+            const bool arrived = measureOnce(first ? one : other, i & 1, i < 0 ? nullptr : samples);
+            (first ? lostByOne : lostByOther) += !arrived;
+        }
+    reportWith(one, std::move(ofOne), lostByOne);
+    reportWith(other, std::move(ofOther), lostByOther);
+}
+
+bool Listener::measureOnce(const Measured& measured, bool value, Samples* samples) {
+    pauseBetweenEvents();
+    const std::uint64_t start = wallNanoseconds();
+    measured.change(value);
+    const std::uint64_t seen = measured.listener.timeOf(value);
+    if (seen != 0 && samples)
+        samples->wall.push_back(static_cast<double>(seen - start));
+    return seen != 0;
+}
+
+void Listener::reportWith(const Measured& measured, Samples samples, int lost) {
+    const int stale = measured.listener.stale_;
+    if (lost || stale)
+        std::fprintf(stderr, "%s %s: %d lost, %d stale callbacks\n", measured.row.operation.c_str(),
+                     measured.row.name.c_str(), lost, stale);
     if (lost < toleratedLosses)
-        report(row, "ns", std::move(samples));
+        report(measured.row, "ns", std::move(samples));
 }
 
 std::uint64_t Listener::timeOf(bool value) const {

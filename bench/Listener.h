@@ -24,6 +24,16 @@ public:
     /// reports the time from the start of the change to the listener's callback that saw it.
     void measure(const Row& row, const std::function<void(bool)>& change);
 
+    /// Something that is changed, and who listens.
+    struct Measured {
+        Row row;
+        Listener& listener;
+        std::function<void(bool)> change;
+    };
+
+    /// The same for two, change by change in turn.
+    static void measureInTurn(const Measured& one, const Measured& other);
+
     /// Waits for the callback that saw `value`; its time, or 0 when none came.
     std::uint64_t timeOf(bool value) const;
 
@@ -38,6 +48,9 @@ private:
         std::uint64_t value;
     };
 
+    /// Makes one change; false when its callback did not come. A null `samples` is a warm-up.
+    static bool measureOnce(const Measured& measured, bool value, Samples* samples);
+    static void reportWith(const Measured& measured, Samples samples, int lost);
     static void tell(std::uint64_t value);
     bool receive(Answer& answer, int milliseconds) const;
     int process_ = -1;

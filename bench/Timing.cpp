@@ -27,6 +27,15 @@ double budgetNanoseconds() {
     return (seconds ? std::atof(seconds) : 0.5) * 1e9;
 }
 
+/// Adds the times of one call.
+void sample(const std::function<void()>& operation, Samples& samples) {
+    const std::uint64_t processor = processorNanoseconds();
+    const std::uint64_t wall = wallNanoseconds();
+    operation();
+    samples.wall.push_back(static_cast<double>(wallNanoseconds() - wall));
+    samples.processor.push_back(static_cast<double>(processorNanoseconds() - processor));
+}
+
 std::size_t sampleCount(double once, std::size_t batch) {
     constexpr double tooSlowForMany = 1.5e9;
     if (once > tooSlowForMany)
@@ -41,19 +50,26 @@ std::uint64_t wallNanoseconds() {
     return nanoseconds(CLOCK_MONOTONIC);
 }
 
-void report(const Row& row, std::string_view unit, Samples samples) {
+std::uint64_t processorNanoseconds() {
+    return nanoseconds(CLOCK_PROCESS_CPUTIME_ID);
+}
+
+void report(const Row& row, std::string_view unit, Samples samples, double quantile) {
     if (samples.wall.empty())
         return;
     std::ranges::sort(samples.wall);
     std::ranges::sort(samples.processor);
-    const std::size_t count = samples.wall.size();
-    const double wall = samples.wall[count / 2];
-    const double processor = samples.processor.empty() ? wall : samples.processor[count / 2];
-    const std::size_t late = std::min(static_cast<std::size_t>(0.99 * static_cast<double>(count)), count - 1);
+    const auto at = [](const std::vector<double>& sorted, double share) {
+        const auto place = static_cast<std::size_t>(share * static_cast<double>(sorted.size()));
+        return sorted[std::min(place, sorted.size() - 1)];
+    };
+    const double wall = at(samples.wall, quantile);
+    const double processor = samples.processor.empty() ? wall : at(samples.processor, quantile);
     const char* name = std::getenv("BENCH_CASE");
     std::printf("%s\t%s\t%s\t%s\t%.*s\t%.3f\t%.3f\t%.3f\t%.3f\t%zu\n", row.operation.c_str(),
                 name ? name : "-", row.kind.c_str(), row.name.c_str(), static_cast<int>(unit.size()),
-                unit.data(), wall, processor, samples.wall.front(), samples.wall[late], count);
+                unit.data(), wall, processor, samples.wall.front(), at(samples.wall, 0.99),
+                samples.wall.size());
     std::fflush(stdout);
 }
 
@@ -68,15 +84,33 @@ void measure(const Row& row, const std::function<void()>& operation, double per)
     const double divisor = static_cast<double>(batch) * per;
     Samples samples;
     for (std::size_t left = sampleCount(once, batch); left > 0; --left) {
-        const std::uint64_t processor = nanoseconds(CLOCK_PROCESS_CPUTIME_ID);
+        const std::uint64_t processor = processorNanoseconds();
         const std::uint64_t wall = wallNanoseconds();
         for (std::size_t i = 0; i < batch; ++i)
             operation();
         samples.wall.push_back(static_cast<double>(wallNanoseconds() - wall) / divisor);
-        samples.processor.push_back(static_cast<double>(nanoseconds(CLOCK_PROCESS_CPUTIME_ID) - processor) /
-                                    divisor);
+        samples.processor.push_back(static_cast<double>(processorNanoseconds() - processor) / divisor);
     }
     report(row, "ns", std::move(samples));
+}
+
+void measureInTurn(const Pair& pair) {
+    // The first calls pay for what later ones find ready.
+    Samples first, samples, beside;
+    for (int i = 0; i < 3; ++i) {
+        pair.between();
+        sample(pair.operation, first);
+        pair.between();
+        sample(pair.beside, first);
+    }
+    const double once = std::max(first.wall[first.wall.size() - 2], first.wall.back());
+    for (std::size_t i = 0, count = sampleCount(once, 1); i < count; ++i)
+        for (const bool own : {i % 2 == 0, i % 2 != 0}) {
+            pair.between();
+            sample(own ? pair.operation : pair.beside, own ? samples : beside);
+        }
+    report(pair.row, "ns", std::move(samples));
+    report(pair.besideRow, "ns", std::move(beside));
 }
 
 void reportPeakMemory(const Row& row) {

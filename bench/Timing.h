@@ -21,6 +21,8 @@ struct Row {
 inline constexpr int notOffered = 3;
 
 std::uint64_t wallNanoseconds();
+/// Of the whole process.
+std::uint64_t processorNanoseconds();
 
 /// Times of single operations in nanoseconds; `processor` may be empty.
 struct Samples {
@@ -29,11 +31,25 @@ struct Samples {
 };
 
 /// One tab-separated line on standard output: operation, case ($BENCH_CASE), kind, name, unit, median of the
-/// wall and of the processor time, shortest wall time, its 99th percentile, number of samples.
-void report(const Row& row, std::string_view unit, Samples samples);
+/// wall and of the processor time (or the given quantile), shortest wall time, its 99th percentile, number of
+/// samples.
+void report(const Row& row, std::string_view unit, Samples samples, double quantile = 0.5);
 
 /// Calls `operation` for about $BENCH_SECONDS (0.5) and reports; one call counts as `per` operations.
 void measure(const Row& row, const std::function<void()>& operation, double per = 1);
+
+/// An operation and what stands beside it. `between` runs before each call of either and is not timed.
+struct Pair {
+    Row row;
+    std::function<void()> operation;
+    Row besideRow;
+    std::function<void()> beside;
+    std::function<void()> between = [] {};
+};
+
+/// Calls both in turn, call by call, for about $BENCH_SECONDS each, and reports a line each: whatever the
+/// machine does meanwhile meets both alike.
+void measureInTurn(const Pair& pair);
 
 /// Reports this process's peak resident memory.
 void reportPeakMemory(const Row& row);

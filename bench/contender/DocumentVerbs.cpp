@@ -1,4 +1,5 @@
 #include "bench/SampleDocument.h"
+#include "bench/SyncMode.h"
 #include "bench/Timing.h"
 #include "bench/contender/Verbs.h"
 #include "platform/foundation/PropertyList.h"
@@ -9,6 +10,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <string_view>
 
 namespace wardlock::bench {
 
@@ -47,12 +49,6 @@ void measureLookUpBy(const std::string& name, const std::vector<std::string_view
 }
 
 } // namespace
-
-platform::Sync syncOf(std::string_view mode) {
-    return mode == "full"        ? platform::Sync::Full
-           : mode == "fdatasync" ? platform::Sync::Data
-                                 : platform::Sync::None;
-}
 
 void measureParse(const std::string& file) {
     const std::string bytes = fileBytes(file);

@@ -2,6 +2,7 @@
 #include "bench/NotificationPair.h"
 #include "bench/PrivateDevice.h"
 #include "bench/SampleDocument.h"
+#include "bench/SyncMode.h"
 #include "bench/Timing.h"
 #include "bench/contender/Verbs.h"
 #include "platform/foundation/DeviceRoot.h"

@@ -1,10 +1,6 @@
 #pragma once
 
-#include "platform/foundation/Sync.h"
-
-#include <span>
 #include <string>
-#include <string_view>
 
 namespace wardlock::bench {
 
@@ -30,8 +26,5 @@ void measureNotify();
 /// Changes a copy of FILE beside it.
 void measurePropagate(const std::string& file, const std::string& mode);
 void listenForChanges(const std::string& key);
-
-/// "none", "fdatasync" or "full".
-platform::Sync syncOf(std::string_view mode);
 
 } // namespace wardlock::bench

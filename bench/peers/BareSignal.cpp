@@ -38,7 +38,9 @@ int arrived(sd_bus_message* message, void*, sd_bus_error*) {
     return 0;
 }
 
-[[noreturn]] void listen() {
+} // namespace
+
+void listenForBareSignals() {
     sd_bus* bus = openBus();
     sd_bus_match_signal(bus, nullptr, nullptr, path, interface, member, arrived, nullptr);
     sd_bus_flush(bus);
@@ -52,27 +54,30 @@ int arrived(sd_bus_message* message, void*, sd_bus_error*) {
     }
 }
 
-void post(sd_bus* bus, bool value) {
+BareSignal::BareSignal() : bus_(openBus()) {}
+
+BareSignal::~BareSignal() {
+    sd_bus_unref(bus_);
+}
+
+void BareSignal::post(bool value) {
     sd_bus_message* message = nullptr;
-    sd_bus_message_new_signal(bus, &message, path, interface, member);
+    sd_bus_message_new_signal(bus_, &message, path, interface, member);
     sd_bus_message_append(message, "sa{ss}", "settings.changed", 2, "key", "kRestrictSiri", "object",
                           value ? "1" : "0");
-    sd_bus_send(bus, message, nullptr);
-    sd_bus_flush(bus);
+    sd_bus_send(bus_, message, nullptr);
+    sd_bus_flush(bus_);
     sd_bus_message_unref(message);
 }
 
-} // namespace
-
 int measureBareSignal(const std::string& operation) {
-    if (operation == "listen")
-        listen();
+    if (operation == listenForBareSignalsVerb)
+        listenForBareSignals();
     if (operation != "notify")
         return notOffered;
-    sd_bus* bus = openBus();
-    Listener listener({"sd-bus", "listen"});
-    listener.measure({"notify", "peer", "D-Bus signal (sd-bus)"}, [bus](bool value) { post(bus, value); });
-    sd_bus_unref(bus);
+    BareSignal signal;
+    Listener listener({"sd-bus", listenForBareSignalsVerb});
+    listener.measure({"notify", "peer", "D-Bus signal (sd-bus)"}, [&](bool value) { signal.post(value); });
     return 0;
 }
 

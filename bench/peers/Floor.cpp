@@ -1,11 +1,13 @@
 // The file calls alone: what no program that replaces a file in one step goes below.
 #include "bench/SampleDocument.h"
+#include "bench/SyncMode.h"
 #include "bench/Timing.h"
 #include "bench/peers/Peers.h"
 
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
+#include <filesystem>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -20,7 +22,14 @@ void require(bool done, const std::string& path) {
     }
 }
 
-/// Reads into `buffer`, which keeps its room between calls.
+void syncFolder(const std::string& path) {
+    const int folder = open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    require(folder >= 0 && fsync(folder) == 0, path);
+    close(folder);
+}
+
+} // namespace
+
 std::size_t readFile(const std::string& path, std::string& buffer) {
     const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
     struct stat status;
@@ -34,16 +43,17 @@ std::size_t readFile(const std::string& path, std::string& buffer) {
     return length;
 }
 
-} // namespace
-
-void replaceFile(const std::string& path, const std::string& bytes, bool sync) {
+void replaceFile(const std::string& path, const std::string& bytes, platform::Sync sync) {
     const std::string temporary = path + ".tmp";
     const int file = open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
     require(file >= 0, temporary);
     require(write(file, bytes.data(), bytes.size()) == static_cast<ssize_t>(bytes.size()), temporary);
-    require(!sync || fdatasync(file) == 0, temporary);
+    if (sync != platform::Sync::None)
+        require((sync == platform::Sync::Full ? fsync(file) : fdatasync(file)) == 0, temporary);
     close(file);
     require(rename(temporary.c_str(), path.c_str()) == 0, path);
+    if (sync == platform::Sync::Full)
+        syncFolder(std::filesystem::path(path).parent_path());
 }
 
 int measureFloor(const std::string& operation, const std::string& file, const std::string& mode) {
@@ -51,7 +61,7 @@ int measureFloor(const std::string& operation, const std::string& file, const st
     if (operation == "load")
         measure({"load", "floor", "open + read"}, [&] { keep(readFile(file, buffer)); });
     else if (operation == "rmw")
-        measure({"rmw-" + mode, "floor", "read + write + rename"}, [&, sync = mode != "none"] {
+        measure({"rmw-" + mode, "floor", "read + write + rename"}, [&, sync = syncOf(mode)] {
             readFile(file, buffer);
             replaceFile(file, buffer, sync);
         });

@@ -1,4 +1,5 @@
 #include "bench/SampleDocument.h"
+#include "bench/SyncMode.h"
 #include "bench/Timing.h"
 #include "bench/peers/Peers.h"
 
@@ -31,7 +32,7 @@ std::string serialise(plist_t document) {
     return bytes;
 }
 
-void flip(const std::string& file, const std::string& key, bool sync) {
+void flip(const std::string& file, const std::string& key, platform::Sync sync) {
     plist_t document = load(file);
     plist_t account = plist_array_get_item(plist_dict_get_item(document, "kAccounts"), 0);
     plist_t node = plist_dict_get_item(account, key.c_str());
@@ -65,7 +66,7 @@ int measureLibplist(const std::string& operation, const std::string& file, const
     else if (operation == "serialise")
         measureSerialise(file);
     else if (operation == "rmw")
-        measure({"rmw-" + mode, "peer", name}, [&] { flip(file, "kRestrictSiri", mode != "none"); });
+        measure({"rmw-" + mode, "peer", name}, [&] { flip(file, "kRestrictSiri", syncOf(mode)); });
     else if (operation == "rss") {
         plist_t document = load(file);
         reportPeakMemory({"rss", "peer", name});

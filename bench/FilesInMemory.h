@@ -1,0 +1,24 @@
+#pragma once
+
+#include "tests/doubles/MemoryFileSystem.h"
+
+namespace wardlock::bench {
+
+/// While it lives the device's files are those of a memory double: the document, and what the pages read of
+/// their bundle. What is measured then is the pages, not the disk.
+class FilesInMemory {
+public:
+    /// Copies what is on the disk now.
+    FilesInMemory();
+    ~FilesInMemory();
+    FilesInMemory(const FilesInMemory&) = delete;
+    FilesInMemory& operator=(const FilesInMemory&) = delete;
+
+private:
+    void copyFile(const std::string& path);
+    void makeFoldersAbove(const std::string& path);
+
+    test::MemoryFileSystem files_;
+};
+
+} // namespace wardlock::bench

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "bench/Person.h"
+#include "bench/ProvisionedDevice.h"
+#include "shell/ManualClock.h"
+
+namespace wardlock::bench {
+
+/// Settings without a face on a device of its own, opened at Wardlock's first page. One at a time.
+class OpenSettings {
+public:
+    explicit OpenSettings(std::string_view document) : device_(document) { person.tap("Wardlock"); }
+
+private:
+    ProvisionedDevice device_;
+    shell::ManualClock clock_;
+
+public:
+    shell::SettingsApplication application{clock_};
+    Person person{application};
+};
+
+} // namespace wardlock::bench

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "bench/PrivateDevice.h"
+
+#include <string_view>
+
+namespace wardlock::bench {
+
+/// A private device with the bundle of this build and a document. Ends the process when that cannot be made.
+class ProvisionedDevice {
+public:
+    explicit ProvisionedDevice(std::string_view document);
+
+private:
+    PrivateDevice device_;
+};
+
+} // namespace wardlock::bench

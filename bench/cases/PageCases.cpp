@@ -1,0 +1,67 @@
+#include "bench/FilesInMemory.h"
+#include "bench/OpenSettings.h"
+#include "bench/SampleDocument.h"
+#include "bench/peers/Peers.h"
+#include "platform/foundation/DeviceRoot.h"
+#include "platform/foundation/PropertyList.h"
+#include "settings/Constants.h"
+#include "settings/DocumentPath.h"
+
+#include <benchmark/benchmark.h>
+
+namespace wardlock::bench {
+namespace {
+
+std::string bytesOf(const benchmark::State& state) {
+    return platform::dataWithPropertyList(sampleDocument(static_cast<std::size_t>(state.range(0))));
+}
+
+/// The list alone: its one read of the document, its rows, their sections.
+void BuildRootPage(benchmark::State& state) {
+    OpenSettings settings(bytesOf(state));
+    const FilesInMemory files;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(settings.person.rebuildPage());
+}
+
+/// With every row asked for, its value included.
+void ShowRootPage(benchmark::State& state) {
+    OpenSettings settings(bytesOf(state));
+    const FilesInMemory files;
+    for (auto _ : state) {
+        settings.person.rebuildPage();
+        settings.person.readRows();
+    }
+}
+
+void ParseForRootPage(benchmark::State& state) {
+    const std::string bytes = bytesOf(state);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(platform::propertyListWithData(bytes));
+}
+
+void TapSwitch(benchmark::State& state) {
+    OpenSettings settings(bytesOf(state));
+    settings.person.tap({1, 0});
+    const auto path = settings.person.find("Siri");
+    for (auto _ : state)
+        settings.person.tap(path);
+}
+
+void ReplaceBytes(benchmark::State& state) {
+    const PrivateDevice device;
+    const std::string path = platform::pathOnDevice("/document");
+    std::filesystem::create_directory(std::filesystem::path(path).parent_path());
+    const std::string bytes = bytesOf(state);
+    for (auto _ : state)
+        replaceFile(path, bytes, platform::Sync::Full);
+}
+
+BENCHMARK(ParseForRootPage)->Arg(1000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BuildRootPage)->Arg(1000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(ShowRootPage)->Arg(1000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(ReplaceBytes)->Arg(1)->Arg(100)->Unit(benchmark::kMicrosecond)->UseRealTime();
+BENCHMARK(TapSwitch)->Arg(1)->Arg(100)->Unit(benchmark::kMicrosecond)->UseRealTime();
+
+} // namespace
+} // namespace wardlock::bench

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+
+namespace wardlock::bench {
+
+/// Each measures an operation and what stands beside it in turn, and prints a line each. FILE is the path of
+/// a document, which stays as it is.
+
+/// The root page's list over the memory double of the files, and parsing the document alone.
+void measurePage(const std::string& file);
+/// The same with every row asked for, its value included.
+void measureShownPage(const std::string& file);
+/// A tap on a switch of the first account's page, until it returns: stored, synced and announced. Beside it
+/// the same bytes with the same syncs.
+void measureTap(const std::string& file);
+/// updateFile beside its floor; changes copies of FILE beside it. `mode` is "none", "fdatasync" or "full".
+void measureReadModifyWrite(const std::string& file, const std::string& mode);
+/// A notification to another process beside a bare signal.
+void measureNotify();
+
+} // namespace wardlock::bench

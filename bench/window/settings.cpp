@@ -1,0 +1,136 @@
+// Wardlock's window, measured from within.
+//
+//   bench-settings-window picker    10,000 rows, from the ready model until they are painted
+//   bench-settings-window scroll    frames of the picker while it scrolls
+//   bench-settings-window pages     resident memory when every page but the web page was open
+
+#include "app/WindowHost.h"
+#include "bench/InstalledApplications.h"
+#include "bench/Person.h"
+#include "bench/ProvisionedDevice.h"
+#include "bench/SampleDocument.h"
+#include "bench/window/FrameWatch.h"
+#include "platform/foundation/DeviceRoot.h"
+#include "platform/foundation/PropertyList.h"
+#include "platform/services/ALApplicationList.h"
+#include "shell/ManualClock.h"
+
+#include <QGuiApplication>
+
+#include <cstdio>
+#include <filesystem>
+#include <string_view>
+
+using namespace wardlock;
+using namespace wardlock::bench;
+
+namespace {
+
+constexpr int times = 15;
+
+/// Starts the clock again when the pages are ready and the window is about to hear of them.
+class FromReadyModel final : public shell::ScreenObserver {
+public:
+    FromReadyModel(app::SettingsWindow& window, FrameWatch& watch) : window_(window), watch_(watch) {
+        window_.application().setObserver(this);
+    }
+    ~FromReadyModel() override { window_.application().setObserver(&window_); }
+    FromReadyModel(const FromReadyModel&) = delete;
+    FromReadyModel& operator=(const FromReadyModel&) = delete;
+
+private:
+    void pagesChanged(bool animated) override {
+        watch_.start();
+        static_cast<shell::ScreenObserver&>(window_).pagesChanged(animated);
+    }
+
+    app::SettingsWindow& window_;
+    FrameWatch& watch_;
+};
+
+/// The window, with the pages of a device of its own.
+struct Opened {
+    ProvisionedDevice device{platform::dataWithPropertyList(sampleDocument(1))};
+    shell::ManualClock clock;
+    app::WindowHost host{clock, 0};
+    Person person{host.settings().application()};
+};
+
+/// The rows come from the benchmark, not from the machine.
+void goToAccount(Person& person) {
+    std::filesystem::remove(platform::pathOnDevice(platform::appListLibraryPath));
+    person.tap("Wardlock");
+    person.tap({1, 0});
+}
+
+void measurePicker(Opened& opened) {
+    FrameWatch watch(*opened.host.window());
+    const InstalledApplications installed(pickerRows);
+    goToAccount(opened.person);
+    const auto apps = opened.person.find("Apps");
+    Samples samples;
+    for (int i = 0; i <= times; ++i) {
+        watch.settle();
+        {
+            const FromReadyModel ready(opened.host.settings(), watch);
+            opened.person.tap(apps);
+        }
+        watch.finish(samples);
+        watch.settle();
+        opened.person.goBack();
+        if (i == 0)
+            samples = {};
+    }
+    report({"picker", "project", "wardlock"}, "ns", std::move(samples));
+}
+
+void measureScroll(Opened& opened) {
+    const InstalledApplications installed(pickerRows);
+    goToAccount(opened.person);
+    opened.person.tap("Apps");
+    FrameWatch watch(*opened.host.window());
+    watch.settle();
+    watch.measureScrolling({"scroll", "project", "wardlock"});
+}
+
+/// Stays as it is until it is ended, so that it can be looked at from outside.
+int visitPages(Opened& opened) {
+    FrameWatch watch(*opened.host.window());
+    Person& person = opened.person;
+    const auto look = [&](std::string_view label) {
+        person.tap(label);
+        watch.settle();
+    };
+    look("Wardlock");
+    look("Change Log");
+    person.goBack();
+    look("Account 0 & family");
+    look("Apps");
+    person.goBack();
+    person.goBack();
+    watch.settle();
+    std::puts("ready");
+    std::fflush(stdout);
+    return QGuiApplication::exec();
+}
+
+} // namespace
+
+int main(int count, char** words) {
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    const QGuiApplication application(count, words);
+    const std::string_view verb = count > 1 ? words[1] : "";
+    Opened opened;
+    if (!opened.host.window())
+        return 1;
+    opened.host.window()->show();
+    if (verb == "pages")
+        return visitPages(opened);
+    if (verb == "picker")
+        measurePicker(opened);
+    else if (verb == "scroll")
+        measureScroll(opened);
+    else
+        return notOffered;
+    return 0;
+}
