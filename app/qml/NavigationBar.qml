@@ -82,7 +82,8 @@ Rectangle {
         objectName: "title"
         anchors.verticalCenter: parent.verticalCenter
         anchors.horizontalCenter: parent.horizontalCenter
-        width: 2 * Math.floor(Math.min(implicitWidth + 1, bar.width - 2 * bar.side) / 2)
+        // Even, so that its letters stand on whole pixels; never less than the text needs.
+        width: 2 * Math.min(Math.ceil(implicitWidth / 2), Math.floor(bar.width / 2 - bar.side))
         horizontalAlignment: Text.AlignHCenter
         text: bar.page.title
         font.weight: Font.DemiBold
