@@ -37,6 +37,9 @@ public:
         visitSheets();
         tap("Change Log");
         take("8-change-log");
+        host_.settings().goBack();
+        tap("More From Tavix");
+        take("9-more");
         return complete_;
     }
 
