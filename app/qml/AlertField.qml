@@ -8,12 +8,13 @@ Item {
     signal typed(string text)
     signal entered()
 
-    height: 16 + 34
+    height: 16 + box.height
 
     Rectangle {
+        id: box
         y: 16
         width: parent.width
-        height: 34
+        height: Math.max(34, Math.round(34 * Look.textScale))
         radius: 7
         color: Look.field
         border.color: Look.separator

@@ -31,6 +31,7 @@ Item {
         font.family: Look.family
         font.pixelSize: Look.body
         clip: true
+        autoScroll: activeFocus
         selectByMouse: true
         activeFocusOnTab: true
         Accessible.role: Accessible.EditableText

@@ -40,12 +40,14 @@ FocusScope {
                 x: Look.inset
                 height: parent.height
                 text: qsTr("Cancel")
+                size: Look.barText
                 enabled: !sheet.composer.sending
                 onPressed: sheet.composer.cancel()
             }
             Label {
                 anchors.centerIn: parent
                 text: qsTr("New Message")
+                font.pixelSize: Look.barText
                 font.weight: Font.DemiBold
             }
             PlainButton {
@@ -55,6 +57,7 @@ FocusScope {
                 height: parent.height
                 text: sheet.composer.sending ? qsTr("Sending") : qsTr("Send")
                 strong: true
+                size: Look.barText
                 enabled: !sheet.composer.sending && sheet.composer.recipients !== ""
                 onPressed: sheet.composer.send()
             }

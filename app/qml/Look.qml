@@ -8,6 +8,9 @@ QtObject {
 
     readonly property string family: "Inter"
     readonly property int body: Math.round(17 * textScale)
+    // A bar has to hold three texts beside each other: they grow less.
+    readonly property real barScale: Math.min(textScale, 1.3)
+    readonly property int barText: Math.round(17 * barScale)
     readonly property int small: Math.round(13 * textScale)
 
     readonly property color ground: dark ? "#000000" : "#f2f2f7"
@@ -31,7 +34,7 @@ QtObject {
     readonly property color focus: dark ? "#800a84ff" : "#80007aff"
 
     readonly property int rowHeight: Math.max(44, Math.round(44 * textScale))
-    readonly property int barHeight: Math.max(52, Math.round(52 * textScale))
+    readonly property int barHeight: Math.max(52, Math.round(52 * barScale))
     readonly property int margin: 16
     readonly property int inset: 16
     readonly property int corner: 10

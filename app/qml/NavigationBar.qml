@@ -31,14 +31,16 @@ Rectangle {
         event.accepted = true;
     }
 
-    readonly property real side: Math.max(back.visible ? back.width : 0, add.visible ? add.width : 0) + 12
+    /// What the title leaves free at its beginning and its end.
+    readonly property real before: (back.visible ? back.width : 0) + 12
+    readonly property real after: (add.visible ? add.width : 0) + 12
 
     Item {
         id: back
         objectName: "back"
         visible: bar.page.backTitle !== ""
         height: parent.height
-        width: Math.min(backLabel.implicitWidth + 34, bar.width * 0.35)
+        width: 34 + backLabel.implicitWidth
         anchors.left: parent.left
         activeFocusOnTab: true
         Accessible.role: Accessible.Button
@@ -64,10 +66,10 @@ Rectangle {
             id: backLabel
             anchors.left: arrow.right
             anchors.leftMargin: 6
-            anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
-            text: bar.page.backTitle
+            text: fullBack.width + 34 <= bar.width * 0.35 ? bar.page.backTitle : qsTr("Back")
             color: Look.tint
+            font.pixelSize: Look.barText
             Accessible.ignored: true
         }
         FocusRing {}
@@ -78,14 +80,28 @@ Rectangle {
         }
     }
 
+    TextMetrics {
+        id: fullBack
+        font: backLabel.font
+        text: bar.page.backTitle
+    }
+    TextMetrics {
+        id: fullTitle
+        font: title.font
+        text: title.text
+    }
     Label {
+        id: title
         objectName: "title"
         anchors.verticalCenter: parent.verticalCenter
-        anchors.horizontalCenter: parent.horizontalCenter
-        // Even, so that its letters stand on whole pixels; never less than the text needs.
-        width: 2 * Math.min(Math.ceil(implicitWidth / 2), Math.floor(bar.width / 2 - bar.side))
+        // In the middle of the bar as long as it fits there, and never over a button.
+        x: LayoutMirroring.enabled ? bar.width - width - start : start
+        readonly property real start: Math.max(bar.before, Math.min(Math.round((bar.width - width) / 2),
+                                                                    bar.width - bar.after - width))
+        width: Math.min(Math.ceil(fullTitle.advanceWidth) + 2, Math.floor(bar.width - bar.before - bar.after))
         horizontalAlignment: Text.AlignHCenter
         text: bar.page.title
+        font.pixelSize: Look.barText
         font.weight: Font.DemiBold
         Accessible.role: Accessible.Heading
         Accessible.name: text

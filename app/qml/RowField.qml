@@ -16,6 +16,8 @@ TextInput {
     font.pixelSize: Look.body
     verticalAlignment: TextInput.AlignVCenter
     clip: true
+    // A long text shows its beginning until it is edited.
+    autoScroll: activeFocus
     selectByMouse: true
     activeFocusOnTab: true
     echoMode: secure ? TextInput.Password : TextInput.Normal

@@ -19,7 +19,7 @@ Item {
     readonly property bool holdsFocus: focusTarget !== null && focusTarget.activeFocus
 
     objectName: "row:" + (entry.label !== "" ? entry.label : entry.placeholder)
-    implicitHeight: Look.rowHeight
+    implicitHeight: Math.max(Look.rowHeight, label.visible ? label.height + 20 : 0)
     enabled: entry.enabled
     activeFocusOnTab: selects && kind !== "staticText"
 
@@ -61,6 +61,9 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         width: Math.min(implicitWidth, row.width - anchors.leftMargin - rightSide.width - Look.inset - 12)
         text: row.entry.label
+        // Large letters take another line rather than lose the end.
+        wrapMode: Look.textScale > 1 ? Text.Wrap : Text.NoWrap
+        maximumLineCount: Look.textScale > 1 ? 3 : 1
         color: !row.entry.enabled ? Look.placeholder : row.kind === "button" ? Look.tint : Look.label
         Accessible.ignored: true
     }
