@@ -15,8 +15,10 @@ struct RowEntry {
     Q_PROPERTY(QString kind MEMBER kind)
     Q_PROPERTY(QString label MEMBER label)
     Q_PROPERTY(QString value MEMBER value)
+    Q_PROPERTY(QString key MEMBER key)
     Q_PROPERTY(bool on MEMBER on)
     Q_PROPERTY(bool enabled MEMBER enabled)
+    Q_PROPERTY(bool choice MEMBER choice)
     Q_PROPERTY(bool marked MEMBER marked)
     Q_PROPERTY(QString icon MEMBER icon)
     Q_PROPERTY(QString placeholder MEMBER placeholder)
@@ -40,8 +42,12 @@ public:
     QString kind;
     QString label;
     QString value;
+    /// Of the stored value, empty for none.
+    QString key;
     bool on = false;
     bool enabled = true;
+    /// One of several to choose from, and whether it is the one chosen.
+    bool choice = false;
     bool marked = false;
     /// An address, empty for none.
     QString icon;

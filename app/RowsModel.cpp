@@ -2,6 +2,7 @@
 
 #include "app/IconProvider.h"
 #include "app/Text.h"
+#include "platform/preferences/PSListItemsController.h"
 
 #include <algorithm>
 
@@ -17,6 +18,7 @@ RowEntry entryFor(const shell::Row& row) {
     entry.kind = toQt(shell::name(row.kind));
     entry.label = toQt(row.label);
     entry.value = toQt(row.text);
+    entry.key = toQt(row.key);
     entry.on = row.isOn();
     entry.enabled = row.enabled;
     entry.marked = row.marked;
@@ -135,6 +137,7 @@ RowEntry RowsModel::entry(const Line& line) const {
         if (!page_->has(line.path))
             return entry;
         entry = entryFor(page_->row(line.path));
+        entry.choice = dynamic_cast<platform::PSListItemsController*>(page_->listController()) != nullptr;
     } else {
         entry.entry = line.kind == Line::Kind::Header ? QStringLiteral("header") : QStringLiteral("footer");
         entry.text = toQt(line.name);

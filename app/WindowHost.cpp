@@ -1,7 +1,9 @@
 #include "app/WindowHost.h"
 
+#include "app/AccessibleItem.h"
 #include "app/BlurredBackdrop.h"
 #include "app/IconProvider.h"
+#include "app/Layer.h"
 
 #include <QGuiApplication>
 #include <QQmlContext>
@@ -11,6 +13,8 @@ namespace wardlock::app {
 WindowHost::WindowHost(platform::AnimationClock& clock, double transitionSeconds)
     : settings_(clock, transitionSeconds) {
     qmlRegisterType<BlurredBackdrop>("Wardlock.Native", 1, 0, "BlurredBackdrop");
+    qmlRegisterType<Layer>("Wardlock.Native", 1, 0, "Layer");
+    installAccessibility();
     engine_.addImageProvider(QStringLiteral("device"), new IconProvider);
     engine_.rootContext()->setContextProperty(QStringLiteral("settings"), &settings_);
     engine_.rootContext()->setContextProperty(QStringLiteral("appearance"), &appearance_);

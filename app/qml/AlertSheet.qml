@@ -104,7 +104,7 @@ Item {
                             objectName: "alert:" + place.action.title
                             anchors.fill: parent
                             text: place.action.title
-                            enabled: place.action.enabled
+                            available: place.action.enabled
                             strong: place.action.style === "cancel"
                             color: place.action.style === "destructive" ? Look.destructive : Look.tint
                             onPressed: sheet.alert.choose(place.index)

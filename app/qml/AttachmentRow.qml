@@ -9,6 +9,8 @@ Item {
 
     width: parent ? parent.width : 0
     height: 52
+    Accessible.role: Accessible.StaticText
+    Accessible.name: name + ", " + readable(size)
 
     function readable(bytes) {
         return bytes < 1024 ? qsTr("%1 bytes").arg(bytes)
@@ -30,6 +32,7 @@ Item {
             width: parent.width - remove.width - 36
             text: row.name + " · " + row.readable(row.size)
             font.pixelSize: Math.round(15 * Look.textScale)
+            Accessible.ignored: true
         }
         PlainButton {
             id: remove
@@ -39,6 +42,7 @@ Item {
             height: parent.height
             size: Math.round(15 * Look.textScale)
             text: qsTr("Remove")
+            Accessible.name: qsTr("Remove %1").arg(row.name)
             onPressed: row.removed()
         }
     }

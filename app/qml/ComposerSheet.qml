@@ -41,7 +41,7 @@ FocusScope {
                 height: parent.height
                 text: qsTr("Cancel")
                 size: Look.barText
-                enabled: !sheet.composer.sending
+                available: !sheet.composer.sending
                 onPressed: sheet.composer.cancel()
             }
             Label {
@@ -58,7 +58,7 @@ FocusScope {
                 text: sheet.composer.sending ? qsTr("Sending") : qsTr("Send")
                 strong: true
                 size: Look.barText
-                enabled: !sheet.composer.sending && sheet.composer.recipients !== ""
+                available: !sheet.composer.sending && sheet.composer.recipients !== ""
                 onPressed: sheet.composer.send()
             }
             Hairline { anchors.bottom: parent.bottom; width: parent.width }

@@ -3,6 +3,7 @@ import QtQuick
 // Shows where the keyboard is.
 Rectangle {
     property Item target: parent
+    objectName: "ring"
     anchors.fill: target
     visible: target.activeFocus
     color: "transparent"

@@ -96,7 +96,7 @@ FocusScope {
                 objectName: "keypad:emergency"
                 width: sheet.unit
                 height: sheet.unit
-                enabled: sheet.keypad.showsEmergency
+                available: sheet.keypad.showsEmergency
                 opacity: sheet.keypad.showsEmergency ? 1 : 0
                 Accessible.ignored: !sheet.keypad.showsEmergency
                 text: qsTr("Emergency")

@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Window
+import Wardlock.Native
 
 Window {
     id: window
@@ -20,17 +21,21 @@ Window {
     readonly property bool covered: settings.alert !== null || settings.composer !== null || settings.keypad !== null
     onCoveredChanged: if (!covered) pages.forceActiveFocus()
 
-    Item {
+    Layer {
         id: root
         anchors.fill: parent
+        focus: true
+        covered: settings.keypad !== null
+        Accessible.role: Accessible.Grouping
         LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
         LayoutMirroring.childrenInherit: true
 
-        FocusScope {
+        Layer {
             id: pages
             anchors.fill: parent
             focus: true
-            enabled: !window.covered
+            covered: settings.alert !== null || settings.composer !== null
+            Accessible.role: Accessible.Grouping
             Keys.onEscapePressed: settings.goBack()
             Keys.onBackPressed: settings.goBack()
             PageStack {

@@ -11,6 +11,18 @@ FocusScope {
         anchors.fill: parent
         color: Look.ground
     }
+    // First, as it is read first; the content is clipped and never lies over it.
+    NavigationBar {
+        id: bar
+        onTabbedOut: (forward) => {
+            const list = content.item && content.item.focusRow ? content.item : null;
+            const inList = list !== null && list.focusRow(forward ? -1 : list.list.count, forward ? 1 : -1);
+            if (!inList && hasButtons)
+                takeFocus(forward);
+        }
+        width: parent.width
+        page: view.page
+    }
     Loader {
         id: content
         anchors.top: bar.bottom
@@ -32,16 +44,5 @@ FocusScope {
     Connections {
         target: content.item && content.item.tabbedOut ? content.item : null
         function onTabbedOut(forward) { bar.takeFocus(forward); }
-    }
-    NavigationBar {
-        id: bar
-        onTabbedOut: (forward) => {
-            const list = content.item && content.item.focusRow ? content.item : null;
-            const inList = list !== null && list.focusRow(forward ? -1 : list.list.count, forward ? 1 : -1);
-            if (!inList && hasButtons)
-                takeFocus(forward);
-        }
-        width: parent.width
-        page: view.page
     }
 }

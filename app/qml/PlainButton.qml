@@ -7,17 +7,20 @@ Item {
     property color color: Look.tint
     property bool strong: false
     property int size: Look.body
+    /// Whether it can be pressed at all; one that is only covered looks as ever.
+    property bool available: true
     signal pressed()
 
     implicitWidth: label.implicitWidth
     implicitHeight: Math.max(label.implicitHeight, 44)
-    activeFocusOnTab: enabled
+    enabled: available
+    activeFocusOnTab: available
 
     Accessible.role: Accessible.Button
     Accessible.name: text
-    Accessible.description: enabled ? "" : qsTr("Not available")
-    Accessible.focusable: enabled
-    Accessible.onPressAction: if (enabled) pressed()
+    Accessible.description: available ? "" : qsTr("Not available")
+    Accessible.focusable: available
+    Accessible.onPressAction: if (available) pressed()
     Keys.onSpacePressed: pressed()
     Keys.onReturnPressed: pressed()
     Keys.onEnterPressed: pressed()
@@ -26,7 +29,7 @@ Item {
         id: label
         anchors.fill: parent
         text: button.text
-        color: button.enabled ? button.color : Look.placeholder
+        color: button.available ? button.color : Look.placeholder
         opacity: tap.pressed ? 0.4 : 1
         font.weight: button.strong ? Font.DemiBold : Font.Normal
         font.pixelSize: button.size

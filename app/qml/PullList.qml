@@ -33,13 +33,48 @@ Item {
         }
         return -1;
     }
+    /// To the next row, from the first in sight where none has the keyboard. The texts beyond the last row are shown too.
+    function step(forward, tab) {
+        const focused = focusedRow();
+        const start = focused < 0 && !list.atYBeginning ? list.indexAt(list.width / 2, list.contentY) - (forward ? 1 : 0) : focused;
+        if (focusRow(start, forward ? 1 : -1))
+            return;
+        if (tab)
+            tabbedOut(forward);
+        else if (forward)
+            list.positionViewAtEnd();
+        else
+            list.positionViewAtBeginning();
+    }
+    function toEnd(last) {
+        if (!focusRow(last ? list.count : -1, last ? -1 : 1))
+            return;
+        if (last)
+            list.positionViewAtEnd();
+        else
+            list.positionViewAtBeginning();
+    }
+    /// As far as the window shows at a time, and the keyboard with it.
+    function turnPage(forward) {
+        const first = list.originY - list.topMargin;
+        const last = Math.max(first, list.originY + list.contentHeight + list.bottomMargin - list.height);
+        const way = (forward ? 1 : -1) * Math.max(Look.rowHeight, list.height - Look.rowHeight);
+        const ends = forward ? list.contentY + way >= last : list.contentY + way <= first;
+        if (ends)
+            return toEnd(forward);
+        list.contentY += way;
+        focusRow(list.indexAt(list.width / 2, list.contentY) - 1, 1);
+    }
     Keys.onPressed: (event) => {
         const tab = event.key === Qt.Key_Tab || event.key === Qt.Key_Backtab;
-        if (!tab && event.key !== Qt.Key_Down && event.key !== Qt.Key_Up)
+        if (tab || event.key === Qt.Key_Down || event.key === Qt.Key_Up)
+            step(event.key === Qt.Key_Tab || event.key === Qt.Key_Down, tab);
+        else if (event.key === Qt.Key_Home || event.key === Qt.Key_End)
+            toEnd(event.key === Qt.Key_End);
+        else if (event.key === Qt.Key_PageUp || event.key === Qt.Key_PageDown)
+            turnPage(event.key === Qt.Key_PageDown);
+        else
             return;
-        const forward = event.key === Qt.Key_Tab || event.key === Qt.Key_Down;
-        if (!focusRow(focusedRow(), forward ? 1 : -1) && tab)
-            tabbedOut(forward);
         event.accepted = true;
     }
 
@@ -62,8 +97,9 @@ Item {
         anchors.right: parent.right
         clip: true
         reuseItems: true
-        // A current row would be kept when it is out of sight.
+        // A current row would be kept when it is out of sight, and the view's own keys make one.
         currentIndex: -1
+        keyNavigationEnabled: false
         boundsBehavior: Flickable.DragAndOvershootBounds
         flickDeceleration: 2200
         maximumFlickVelocity: 6000

@@ -9,7 +9,7 @@ TextInput {
     property bool editing: false
     readonly property bool secure: entry.kind === "secureEditText"
 
-    color: enabled ? Look.label : Look.placeholder
+    color: entry.enabled ? Look.label : Look.placeholder
     selectionColor: Look.tint
     selectedTextColor: "white"
     font.family: Look.family
@@ -24,8 +24,6 @@ TextInput {
     inputMethodHints: entry.numberPad ? Qt.ImhDigitsOnly : Qt.ImhNone
     Accessible.role: Accessible.EditableText
     Accessible.name: entry.label !== "" ? entry.label : entry.placeholder
-    // Some readers are not told the name of a secret.
-    Accessible.description: secure ? Accessible.name : ""
     Accessible.passwordEdit: secure
 
     Component.onCompleted: text = entry.value

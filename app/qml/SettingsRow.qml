@@ -10,30 +10,32 @@ Item {
     readonly property bool isField: kind === "editText" || kind === "secureEditText"
     readonly property bool selects: kind === "link" || kind === "linkList" || kind === "button"
                                     || kind === "staticText"
+    readonly property bool takesKeys: selects && (kind !== "staticText" || entry.choice)
     readonly property bool leadsOn: kind === "link" || kind === "linkList"
 
     /// What takes the keyboard of this row; null for none.
     readonly property Item focusTarget: !entry.enabled ? null
-        : selects ? (kind === "staticText" ? null : row)
+        : selects ? (takesKeys ? row : null)
         : kind === "switch" ? toggle.item : kind === "slider" ? (slider.item ? slider.item.control : null) : field.item
     readonly property bool holdsFocus: focusTarget !== null && focusTarget.activeFocus
 
     objectName: "row:" + (entry.label !== "" ? entry.label : entry.placeholder)
     implicitHeight: Math.max(Look.rowHeight, label.visible ? label.height + 20 : 0)
     enabled: entry.enabled
-    activeFocusOnTab: selects && kind !== "staticText"
+    activeFocusOnTab: takesKeys
 
-    Accessible.role: leadsOn ? Accessible.Link : kind === "button" ? Accessible.Button : Accessible.ListItem
+    Accessible.role: leadsOn ? Accessible.Link : kind === "button" ? Accessible.Button
+        : entry.choice ? Accessible.RadioButton : Accessible.StaticText
     Accessible.name: entry.label
     Accessible.description: entry.value
-    Accessible.focusable: activeFocusOnTab
+    Accessible.focusable: takesKeys
     Accessible.ignored: !selects
-    Accessible.checkable: entry.marked
+    Accessible.checkable: entry.choice
     Accessible.checked: entry.marked
     Accessible.onPressAction: if (selects) tap()
-    Keys.onSpacePressed: if (selects) tap()
-    Keys.onReturnPressed: if (selects) tap()
-    Keys.onEnterPressed: if (selects) tap()
+    Keys.onSpacePressed: if (takesKeys) tap()
+    Keys.onReturnPressed: if (takesKeys) tap()
+    Keys.onEnterPressed: if (takesKeys) tap()
 
     function tap() {
         page.tapRow(entry.section, entry.row);
@@ -43,7 +45,7 @@ Item {
         anchors.fill: parent
         first: row.entry.first
         last: row.entry.last
-        color: row.selects && press.pressed ? Look.pressed : Look.card
+        color: row.takesKeys && press.pressed ? Look.pressed : Look.card
         separatorInset: label.visible ? label.x : Look.inset
     }
     RowIcon {
@@ -98,6 +100,7 @@ Item {
             sourceComponent: Toggle {
                 objectName: "switch:" + row.entry.label
                 label: row.entry.label
+                available: row.entry.enabled
                 on: row.entry.on
                 onAsked: (on) => row.page.setSwitch(row.entry.section, row.entry.row, on)
             }

@@ -5,6 +5,11 @@ Item {
     id: slider
     property real position: 0
     property string label
+    /// For assistive technology: what the two ends stand for, and what it shows.
+    property real minimumValue: 0
+    property real maximumValue: 1
+    readonly property real value: minimumValue + shown * (maximumValue - minimumValue)
+    readonly property real stepSize: 0.05 * (maximumValue - minimumValue)
     signal movedTo(real position)
 
     readonly property real shown: drag.active ? held : position

@@ -13,7 +13,9 @@ Item {
     SliderControl {
         id: slider
         objectName: "slider:" + sliderRow.entry.label
-        label: sliderRow.entry.label
+        label: sliderRow.entry.label !== "" ? sliderRow.entry.label : sliderRow.entry.key
+        minimumValue: sliderRow.entry.min
+        maximumValue: sliderRow.entry.max
         position: (sliderRow.entry.position - sliderRow.entry.min) / (sliderRow.entry.max - sliderRow.entry.min)
         anchors.left: parent.left
         anchors.right: number.visible ? number.left : parent.right

@@ -8,9 +8,22 @@ Flickable {
     objectName: "text"
     contentHeight: words.implicitHeight + 32
     clip: true
+    focus: true
     boundsBehavior: Flickable.DragAndOvershootBounds
     Accessible.role: Accessible.StaticText
     Accessible.name: page.text
+
+    function scrollTo(y) {
+        contentY = Math.max(0, Math.min(y, contentHeight - height));
+    }
+    Keys.onPressed: (event) => {
+        const steps = { [Qt.Key_Down]: 40, [Qt.Key_Up]: -40, [Qt.Key_PageDown]: height - 40, [Qt.Key_PageUp]: 40 - height,
+                        [Qt.Key_Space]: height - 40, [Qt.Key_End]: contentHeight, [Qt.Key_Home]: -contentHeight };
+        if (steps[event.key] === undefined)
+            return;
+        scrollTo(contentY + steps[event.key]);
+        event.accepted = true;
+    }
 
     Label {
         id: words

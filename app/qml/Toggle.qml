@@ -6,16 +6,19 @@ Item {
     property bool on: false
     property bool animated: true
     property string label
+    /// Whether it can be flipped at all; one that is only covered looks as ever.
+    property bool available: true
     signal asked(bool on)
 
     implicitWidth: 51
     implicitHeight: 31
     activeFocusOnTab: true
-    opacity: enabled ? 1 : 0.5
+    enabled: available
+    opacity: available ? 1 : 0.5
 
     Accessible.role: Accessible.CheckBox
     Accessible.name: label
-    Accessible.description: enabled ? "" : qsTr("Not available")
+    Accessible.description: available ? "" : qsTr("Not available")
     Accessible.checkable: true
     Accessible.checked: on
     Accessible.focusable: true

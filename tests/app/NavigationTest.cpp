@@ -137,6 +137,17 @@ TEST_F(WindowNavigation, MovesTheKeyboardThroughTheRowsInTheirOrder) {
     EXPECT_EQ(window().activeFocusItem()->objectName(), "row:Change Log");
 }
 
+TEST_F(WindowNavigation, BringsTheRowOfTheKeyboardIntoSight) {
+    openAccount();
+    for (int step = 0; step < 20; ++step)
+        scene().press(Qt::Key_Down);
+    EXPECT_EQ(window().activeFocusItem()->objectName(), "row:Delete Account");
+    const auto* row = scene().item("row:Delete Account");
+    ASSERT_TRUE(row);
+    EXPECT_TRUE(row->hasActiveFocus());
+    EXPECT_LE(row->mapToScene({0, row->height()}).y(), window().height());
+}
+
 TEST_F(WindowNavigation, MirrorsFromRightToLeft) {
     QGuiApplication::setLayoutDirection(Qt::RightToLeft);
     openSlowly();

@@ -47,6 +47,10 @@ QPointingDevice* finger() {
 
 std::string states(const QAccessible::State& state) {
     std::string text;
+    if (state.focused)
+        text += " focused";
+    if (state.disabled)
+        text += " disabled";
     if (state.checkable)
         text += state.checked ? " on" : " off";
     if (state.passwordEdit)
