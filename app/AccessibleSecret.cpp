@@ -34,6 +34,9 @@ QAccessibleInterface* AccessibleSecret::makeIfSecret(QQuickItem& item) {
 QString AccessibleSecret::text(QAccessible::Text kind) const {
     if (kind == QAccessible::Value)
         return item().property("displayText").toString();
+    // Of a password field Qt hands out no name that was said with Accessible.
+    if (kind == QAccessible::Name)
+        return item().property("spokenName").toString();
     return AccessibleItem::text(kind);
 }
 

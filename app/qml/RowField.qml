@@ -23,7 +23,8 @@ TextInput {
     echoMode: secure ? TextInput.Password : TextInput.Normal
     inputMethodHints: entry.numberPad ? Qt.ImhDigitsOnly : Qt.ImhNone
     Accessible.role: Accessible.EditableText
-    Accessible.name: entry.label !== "" ? entry.label : entry.placeholder
+    readonly property string spokenName: entry.label !== "" ? entry.label : entry.placeholder
+    Accessible.name: spokenName
     Accessible.passwordEdit: secure
 
     Component.onCompleted: text = entry.value
