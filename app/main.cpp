@@ -2,6 +2,7 @@
 #include "app/Screenshots.h"
 #include "app/WindowClock.h"
 #include "app/WindowHost.h"
+#include "platform/services/Superuser.h"
 #include "shell/LastRites.h"
 #include "shell/Provision.h"
 
@@ -50,6 +51,9 @@ int main(int argc, char** argv) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
         qputenv("QT_QUICK_BACKEND", "software");
     }
+    // The web engine would end the process: there is no sandbox for the superuser.
+    if (platform::isSuperuser())
+        qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
     // A web engine that is loaded later shares its pictures with the window.
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     QGuiApplication application(argc, argv);

@@ -1,5 +1,7 @@
 // The tests of the window, without a display: pictures are drawn in memory.
 
+#include "platform/services/Superuser.h"
+
 #include <QCoreApplication>
 #include <QGuiApplication>
 #include <gtest/gtest.h>
@@ -7,7 +9,8 @@
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("QT_QUICK_BACKEND", "software");
-    qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+    if (platform::isSuperuser())
+        qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     QGuiApplication application(argc, argv);
     ::testing::InitGoogleTest(&argc, argv);

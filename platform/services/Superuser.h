@@ -1,0 +1,10 @@
+#pragma once
+
+#include "platform/foundation/Export.h"
+
+namespace platform {
+
+/// Whether this process acts with the superuser's rights, which some engines refuse to be sandboxed with.
+WARDLOCK_API bool isSuperuser();
+
+} // namespace platform
