@@ -8,8 +8,7 @@ namespace platform {
 
 namespace {
 
-/// How long a failure to open may take to show; a handler that is still running then has the URL.
-constexpr std::chrono::milliseconds patience{1500};
+constexpr std::chrono::milliseconds usualPatience{1500};
 
 bool isPlain(std::string_view url) {
     return std::ranges::all_of(url, [](char byte) { return byte > ' ' && byte != 0x7F; });
@@ -18,6 +17,10 @@ bool isPlain(std::string_view url) {
 } // namespace
 
 bool openURLOnSystem(std::string_view url) {
+    return openURLOnSystem(url, usualPatience);
+}
+
+bool openURLOnSystem(std::string_view url, std::chrono::milliseconds patience) {
     const std::string scheme = schemeOf(url);
     if (scheme.empty() || !isPlain(url) || !hasDisplay() || !schemeHasHandler(scheme))
         return false;

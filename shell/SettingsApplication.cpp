@@ -20,7 +20,8 @@ SettingsApplication::SettingsApplication(platform::AnimationClock& clock, double
     platform::AnimationClock::setCurrent(&clock_);
     platform::DisplayObserver::setCurrent(&changes_);
     UIApplication::sharedApplication().setKeyWindow(screen_.window());
-    UIApplication::sharedApplication().setURLOpener(platform::openURLOnSystem);
+    UIApplication::sharedApplication().setURLOpener(
+        [](std::string_view url) { return platform::openURLOnSystem(url); });
     platform::MailService::setCurrent(&platform::systemMailService());
     setTransitionSeconds(transitionSeconds);
 }

@@ -1,5 +1,7 @@
 #include "tests/app/Scene.h"
 
+#include "tests/support/Patience.h"
+
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QMetaEnum>
@@ -12,8 +14,6 @@
 namespace wardlock::test {
 
 namespace {
-
-constexpr int patienceMilliseconds = 10000;
 
 bool canBeSeen(const QQuickItem& item) {
     return item.isVisible() && item.opacity() > 0.01;

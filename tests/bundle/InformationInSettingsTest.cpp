@@ -3,6 +3,7 @@
 #include "platform/ui/UIActivityIndicatorView.h"
 #include "platform/ui/UITextView.h"
 #include "tests/support/HttpServer.h"
+#include "tests/support/Patience.h"
 #include "tests/support/Places.h"
 #include "tests/support/SettingsApplicationFixture.h"
 
@@ -34,6 +35,7 @@ protected:
     }
     void useEngine(int port) {
         platform::TextWebEngineOptions options;
+        options.patience = patience;
         options.connectTo = WARDLOCK_REPOSITORY_HOST ":80:127.0.0.1:" + std::to_string(port);
         engine = platform::makeTextWebEngine(options);
         platform::WebEngine::setCurrent(engine.get());
@@ -41,7 +43,7 @@ protected:
     std::shared_ptr<platform::UIWebView> web() { return page().contentView<platform::UIWebView>(); }
     bool isLoading() { return page().contentView<platform::UIActivityIndicatorView>()->isAnimating(); }
     bool waitUntil(const std::function<bool()>& done) {
-        const auto deadline = std::chrono::steady_clock::now() + 20s;
+        const auto deadline = std::chrono::steady_clock::now() + patience;
         while (!platform::MainLoop::shared().runUntil(done, 10ms)) {
             if (std::chrono::steady_clock::now() > deadline)
                 return false;
@@ -83,7 +85,8 @@ TEST_F(InformationInSettings, ShowsTheListingAndFollowsItsLinks) {
 }
 
 TEST_F(InformationInSettings, SaysNothingWhereTheListingFails) {
-    useEngine(refusingPort());
+    const RefusingPort nobody;
+    useEngine(nobody.port());
     open("More From Tavix");
     ASSERT_TRUE(waitForLoad());
     EXPECT_EQ(web()->text(), "");

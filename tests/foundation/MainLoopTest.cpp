@@ -1,6 +1,7 @@
 #include "platform/foundation/MainLoop.h"
 
 #include "platform/foundation/NSOperationQueue.h"
+#include "tests/support/Patience.h"
 
 #include <gtest/gtest.h>
 
@@ -51,7 +52,7 @@ TEST(MainLoop, StaysReadableForWhatAnOperationThatThrowsLeavesBehind) {
 TEST(MainLoop, WakesAHostThatWaitsWhenAnotherThreadAddsAnOperation) {
     bool ran = false;
     std::thread other([&] { NSOperationQueue::mainQueue().addOperation([&] { ran = true; }); });
-    EXPECT_TRUE(MainLoop::shared().runUntil([&] { return ran; }, 10s));
+    EXPECT_TRUE(MainLoop::shared().runUntil([&] { return ran; }, wardlock::test::patience));
     other.join();
 }
 

@@ -3,26 +3,24 @@
 #include "info/ChangeLogController.h"
 #include "platform/foundation/NSBundle.h"
 #include "platform/ui/UITextView.h"
+#include "tests/doubles/MemoryFileSystem.h"
 #include "tests/support/PageFixture.h"
-
-#include <filesystem>
-#include <fstream>
 
 namespace wardlock::test {
 namespace {
 
 constexpr platform::CGRect frame{{3, 4}, {300, 400}};
 
-/// In the tests the pages lie in the test program itself, so its folder stands for the bundle.
+/// In the tests the pages lie in the test program itself, so its folder stands for the bundle. Its files are
+/// in memory: on the disk all tests running at the time would share it.
 class ChangeLogPage : public PageFixture {
 protected:
-    ChangeLogPage() {
-        const auto bundle = platform::NSBundle::bundleForClass(typeid(ChangeLog));
-        resource = std::filesystem::path(bundle->bundlePath()) / "changelog.txt";
-    }
-    ~ChangeLogPage() override { std::filesystem::remove(resource); }
+    ChangeLogPage() { platform::FileSystem::setCurrent(&files); }
 
-    void writeResource(std::string_view text) { std::ofstream(resource, std::ios::binary) << text; }
+    void writeResource(std::string_view text) {
+        const auto bundle = platform::NSBundle::bundleForClass(typeid(ChangeLog));
+        files.addFile(std::string(bundle->bundlePath()) + "/changelog.txt", text);
+    }
     static std::shared_ptr<platform::UITextView> textViewOf(const platform::UIView& view) {
         return view.subviews().size() == 1
                    ? std::dynamic_pointer_cast<platform::UITextView>(view.subviews()[0])
@@ -33,7 +31,7 @@ protected:
         return textView ? textView->text() : "no text view";
     }
 
-    std::filesystem::path resource;
+    MemoryFileSystem files;
     std::shared_ptr<ChangeLogController> page = std::make_shared<ChangeLogController>();
 };
 

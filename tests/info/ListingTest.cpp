@@ -4,6 +4,7 @@
 #include "platform/services/TextWebEngine.h"
 #include "tests/support/HttpServer.h"
 #include "tests/support/PageFixture.h"
+#include "tests/support/Patience.h"
 
 namespace wardlock::test {
 namespace {
@@ -20,11 +21,11 @@ protected:
         environment.unset("HTTP_PROXY");
         environment.unset("all_proxy");
         environment.unset("ALL_PROXY");
-        use(20s, server.port());
+        use(server.port());
     }
     ~Listed() override { platform::WebEngine::setCurrent(nullptr); }
 
-    void use(std::chrono::milliseconds patience, int port) {
+    void use(int port) {
         platform::TextWebEngineOptions options;
         options.patience = patience;
         options.connectTo = WARDLOCK_REPOSITORY_HOST ":80:127.0.0.1:" + std::to_string(port);
@@ -36,7 +37,7 @@ protected:
     platform::UIWebView& webView() { return dynamic_cast<platform::UIWebView&>(*view().subviews().at(0)); }
     bool isLoading() { return view().activity()->isAnimating(); }
     bool waitUntil(const std::function<bool()>& done) {
-        const auto deadline = std::chrono::steady_clock::now() + 20s;
+        const auto deadline = std::chrono::steady_clock::now() + patience;
         while (!platform::MainLoop::shared().runUntil(done, 10ms)) {
             if (std::chrono::steady_clock::now() > deadline)
                 return false;
@@ -62,17 +63,18 @@ TEST_F(Listed, ShowsTheListingUnderASpinnerThatStops) {
 }
 
 TEST_F(Listed, SpinsForAsLongAsTheServerTakes) {
-    use(300ms, server.port());
     server.hang(Listing);
     show();
     EXPECT_TRUE(waitUntil([this] { return server.requests().size() == 1; }));
     EXPECT_TRUE(isLoading());
+    server.hangUp();
     EXPECT_TRUE(waitUntil([this] { return !isLoading(); }));
     EXPECT_EQ(webView().text(), "");
 }
 
 TEST_F(Listed, StaysBlankAndSilentWhereNobodyAnswers) {
-    use(20s, refusingPort());
+    const RefusingPort nobody;
+    use(nobody.port());
     show();
     EXPECT_TRUE(waitForLoad());
     EXPECT_EQ(webView().text(), "");

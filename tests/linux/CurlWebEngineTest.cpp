@@ -2,6 +2,7 @@
 #include "platform/services/TextWebEngine.h"
 #include "tests/support/Environment.h"
 #include "tests/support/HttpServer.h"
+#include "tests/support/Patience.h"
 
 #include <gtest/gtest.h>
 
@@ -46,7 +47,7 @@ protected:
     }
     bool waitUntil(const std::function<bool()>& done) {
         // In slices: what the server sees wakes no loop here.
-        const auto deadline = std::chrono::steady_clock::now() + 20s;
+        const auto deadline = std::chrono::steady_clock::now() + patience;
         while (!platform::MainLoop::shared().runUntil(done, 10ms)) {
             if (std::chrono::steady_clock::now() > deadline)
                 return false;
@@ -76,7 +77,8 @@ TEST_F(CurlWebEngine, TellsStartAndFinishAndGivesTextAndLinks) {
 }
 
 TEST_F(CurlWebEngine, TellsAFailureWhereTheConnectionIsRefused) {
-    view->loadRequest({"http://127.0.0.1:" + std::to_string(refusingPort()) + "/"});
+    const RefusingPort nobody;
+    view->loadRequest({"http://127.0.0.1:" + std::to_string(nobody.port()) + "/"});
     EXPECT_EQ(after(2), (Told{"start", "fail"}));
     EXPECT_EQ(view->text(), "");
     EXPECT_NE(reports->lastError, "");
@@ -91,7 +93,7 @@ TEST_F(CurlWebEngine, GivesUpOnAServerThatStaysSilent) {
 }
 
 TEST_F(CurlWebEngine, RefusesAPageThatIsTooLarge) {
-    use({.largestPage = 1000, .patience = 20s, .connectTo = ""});
+    use({.largestPage = 1000, .patience = patience, .connectTo = ""});
     server.answer("/large", std::string(1001, 'x'));
     server.answerRaw("/endless", "HTTP/1.1 200 OK\r\n\r\n" + std::string(5000, 'x'));
     server.answer("/fits", std::string(1000, 'x'));

@@ -1,6 +1,7 @@
 #include "platform/foundation/CFNotificationCenter.h"
 #include "platform/foundation/MainLoop.h"
 #include "tests/support/BusFixture.h"
+#include "tests/support/Patience.h"
 #include "tests/support/SampleUserInfo.h"
 #include "tests/support/ValueText.h"
 
@@ -16,8 +17,6 @@ using wardlock::test::sampleUserInfo;
 
 namespace wardlock::test {
 namespace {
-
-using namespace std::chrono_literals;
 
 /// What an observer in this process was told. Observers are never removed, so it outlives every test.
 struct Heard {
@@ -49,7 +48,7 @@ protected:
         CFNotificationCenterPostNotification(center(), name, object, userInfo, true);
     }
     static bool hears(const Heard& heard, std::size_t count) {
-        return platform::MainLoop::shared().runUntil([&] { return heard.lines.size() >= count; }, 10s);
+        return platform::MainLoop::shared().runUntil([&] { return heard.lines.size() >= count; }, patience);
     }
 };
 

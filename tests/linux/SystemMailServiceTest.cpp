@@ -2,6 +2,7 @@
 
 #include "platform/foundation/MainLoop.h"
 #include "tests/support/BusFixture.h"
+#include "tests/support/Patience.h"
 #include "tests/support/Places.h"
 
 #include <filesystem>
@@ -57,8 +58,7 @@ protected:
     MailOutcome send() {
         std::optional<MailOutcome> outcome;
         platform::systemMailService().send(message_, [&](const MailOutcome& result) { outcome = result; });
-        EXPECT_TRUE(platform::MainLoop::shared().runUntil([&] { return outcome.has_value(); },
-                                                          std::chrono::seconds(30)));
+        EXPECT_TRUE(platform::MainLoop::shared().runUntil([&] { return outcome.has_value(); }, patience));
         return outcome.value_or(MailOutcome());
     }
     std::vector<fs::path> savedMails() const {

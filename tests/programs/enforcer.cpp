@@ -8,13 +8,12 @@
 #include "settings/EnabledAccount.h"
 #include "settings/Keys.h"
 #include "settings/Settings.h"
+#include "tests/support/Patience.h"
 
-#include <chrono>
 #include <cstdlib>
 #include <iostream>
 
 int main(int argc, char** argv) {
-    constexpr std::chrono::seconds patience(20);
     const int expected = argc > 1 ? std::atoi(argv[1]) : 1;
     int heard = 0;
     wardlock::InitSettingsWithUpdateNameAndCallback(
@@ -28,5 +27,7 @@ int main(int argc, char** argv) {
             std::cout << std::endl;
         });
     std::cout << "ready" << std::endl;
-    return platform::MainLoop::shared().runUntil([&] { return heard >= expected; }, patience) ? 0 : 1;
+    return platform::MainLoop::shared().runUntil([&] { return heard >= expected; }, wardlock::test::patience)
+               ? 0
+               : 1;
 }

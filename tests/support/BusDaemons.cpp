@@ -1,5 +1,7 @@
 #include "tests/support/BusDaemons.h"
 
+#include "tests/support/Patience.h"
+
 #include <gtest/gtest.h>
 
 #include <csignal>
@@ -41,7 +43,7 @@ void endBusDaemon(int process) {
     ASSERT_GE(descriptor, 0);
     kill(process, SIGKILL);
     pollfd ended{descriptor, POLLIN, 0};
-    EXPECT_EQ(poll(&ended, 1, 20'000), 1);
+    EXPECT_EQ(poll(&ended, 1, patienceMilliseconds), 1);
     close(descriptor);
 }
 

@@ -1,5 +1,7 @@
 #include "tests/support/HttpServer.h"
 
+#include "tests/support/Patience.h"
+
 #include <algorithm>
 #include <arpa/inet.h>
 #include <netinet/in.h>
@@ -12,19 +14,25 @@ namespace wardlock::test {
 namespace {
 
 constexpr int TurnMilliseconds = 20;
-constexpr int RequestMilliseconds = 5000;
 
-int listenOnLoopback(int& port) {
-    const int listener = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+/// A socket of the loopback interface with a port of its own.
+int bindToLoopback(int& port) {
+    const int bound = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
     sockaddr_in address{};
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     socklen_t length = sizeof address;
     auto* generic = reinterpret_cast<sockaddr*>(&address);
-    if (listener < 0 || bind(listener, generic, length) != 0 || listen(listener, 16) != 0 ||
-        getsockname(listener, generic, &length) != 0)
+    if (bound < 0 || bind(bound, generic, length) != 0 || getsockname(bound, generic, &length) != 0)
         throw std::runtime_error("no loopback interface");
     port = ntohs(address.sin_port);
+    return bound;
+}
+
+int listenOnLoopback(int& port) {
+    const int listener = bindToLoopback(port);
+    if (listen(listener, 16) != 0)
+        throw std::runtime_error("no loopback interface");
     return listener;
 }
 
@@ -36,7 +44,7 @@ bool isReadable(int descriptor, int milliseconds) {
 std::string readRequest(int connection) {
     std::string request;
     char buffer[4096];
-    while (request.find("\r\n\r\n") == std::string::npos && isReadable(connection, RequestMilliseconds)) {
+    while (request.find("\r\n\r\n") == std::string::npos && isReadable(connection, patienceMilliseconds)) {
         const ssize_t count = read(connection, buffer, sizeof buffer);
         if (count <= 0)
             break;
@@ -134,6 +142,11 @@ void HttpServer::serve(int connection) {
 }
 
 void HttpServer::lookAtSilentOnes() {
+    if (hangingUp_.exchange(false)) {
+        for (const int connection : silent_)
+            close(connection);
+        silent_.clear();
+    }
     std::erase_if(silent_, [this](int connection) {
         char byte = 0;
         if (!isReadable(connection, 0) || recv(connection, &byte, 1, MSG_PEEK) > 0)
@@ -144,10 +157,10 @@ void HttpServer::lookAtSilentOnes() {
     });
 }
 
-int refusingPort() {
-    int port = 0;
-    close(listenOnLoopback(port));
-    return port;
+RefusingPort::RefusingPort() : socket_(bindToLoopback(port_)) {}
+
+RefusingPort::~RefusingPort() {
+    close(socket_);
 }
 
 } // namespace wardlock::test

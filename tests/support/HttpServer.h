@@ -23,6 +23,8 @@ public:
     void redirect(const std::string& path, const std::string& location);
     /// The connection stays open and silent.
     void hang(const std::string& path);
+    /// Closes the connections that were kept silent until now.
+    void hangUp() { hangingUp_ = true; }
     /// Raw bytes of a whole response.
     void answerRaw(const std::string& path, const std::string& response);
 
@@ -43,6 +45,7 @@ private:
     int port_ = 0;
     int listener_;
     std::atomic<bool> stopping_ = false;
+    std::atomic<bool> hangingUp_ = false;
     std::atomic<int> abandoned_ = 0;
     mutable std::mutex mutex_;
     std::map<std::string, std::string> responses_;
@@ -52,7 +55,19 @@ private:
     std::thread thread_;
 };
 
-/// A port of the loopback interface on which nobody listens.
-int refusingPort();
+/// A port of the loopback interface on which nobody listens, and nobody else can for the life of this object.
+class RefusingPort {
+public:
+    RefusingPort();
+    ~RefusingPort();
+    RefusingPort(const RefusingPort&) = delete;
+    RefusingPort& operator=(const RefusingPort&) = delete;
+
+    int port() const { return port_; }
+
+private:
+    int port_ = 0;
+    int socket_;
+};
 
 } // namespace wardlock::test

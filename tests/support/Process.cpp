@@ -1,5 +1,7 @@
 #include "tests/support/Process.h"
 
+#include "tests/support/Patience.h"
+
 #include <gtest/gtest.h>
 
 #include <array>

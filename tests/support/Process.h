@@ -33,8 +33,6 @@ struct ProcessSetup {
 /// expectation. A process still running at the end of this object's life is killed.
 class Process {
 public:
-    static constexpr std::chrono::seconds patience{20};
-
     /// Throws std::system_error when the program cannot be started.
     explicit Process(const std::string& program, const std::vector<std::string>& arguments = {},
                      const ProcessSetup& setup = {});

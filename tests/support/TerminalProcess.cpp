@@ -1,5 +1,7 @@
 #include "tests/support/TerminalProcess.h"
 
+#include "tests/support/Patience.h"
+
 #include <gtest/gtest.h>
 
 #include <array>
@@ -17,8 +19,6 @@
 namespace wardlock::test {
 
 namespace {
-
-constexpr int patienceMilliseconds = 20'000;
 
 winsize asWinsize(TerminalProcess::Size size) {
     winsize window{};
