@@ -5,9 +5,9 @@
 namespace wardlock::cli {
 
 std::span<const Verb* const> verbs() {
-    static constexpr std::array all{&settingsVerb,     &statusVerb,    &getVerb,        &accountVerb,
-                                    &watchVerb,        &announceVerb,  &deviceInitVerb, &plistDumpVerb,
-                                    &plistConvertVerb, &plistLintVerb, &plistSetVerb};
+    static constexpr std::array all{&settingsVerb,  &statusVerb,       &getVerb,       &accountVerb,
+                                    &watchVerb,     &announceVerb,     &doctorVerb,    &deviceInitVerb,
+                                    &plistDumpVerb, &plistConvertVerb, &plistLintVerb, &plistSetVerb};
     return all;
 }
 

@@ -11,6 +11,7 @@ extern const Verb getVerb;
 extern const Verb accountVerb;
 extern const Verb watchVerb;
 extern const Verb announceVerb;
+extern const Verb doctorVerb;
 extern const Verb deviceInitVerb;
 extern const Verb plistDumpVerb;
 extern const Verb plistConvertVerb;

@@ -1,9 +1,16 @@
 #pragma once
 
+#include <string>
+
 namespace wardlock::cli {
 
-/// Becomes the program that shows Settings in a window, where that is installed beside this one and there is
-/// a display. Returns otherwise.
+/// The program that shows Settings in a window, where it is installed beside this one; else empty.
+std::string windowProgramPath();
+
+/// Whether the environment names a display.
+bool hasDisplay();
+
+/// Becomes that program, where it is installed and there is a display. Returns otherwise.
 void openWindowProgram();
 
 } // namespace wardlock::cli

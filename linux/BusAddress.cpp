@@ -60,12 +60,12 @@ std::string busAddressOfSocket(const std::string& path) {
 
 BusAddress busAddress() {
     if (const char* named = environmentVariable("DBUS_SESSION_BUS_ADDRESS"))
-        return {named, {}};
+        return {named, {}, true};
     const std::string runtime = runtimeFolder();
     if (!runtime.empty() && isSocket(runtime + "/bus"))
-        return {busAddressOfSocket(runtime + "/bus"), {}};
+        return {busAddressOfSocket(runtime + "/bus"), {}, false};
     const std::string folder = runtime.empty() ? folderBelowTmp() : runtime + "/wardlock-bus";
-    return {busAddressOfSocket(folder + "/bus"), folder};
+    return {busAddressOfSocket(folder + "/bus"), folder, false};
 }
 
 } // namespace platform

@@ -10,6 +10,8 @@ struct BusAddress {
     std::string text;
     /// The folder of a bus that we start ourselves when nobody listens at the address; empty: another's bus.
     std::string ownFolder;
+    /// Whether the environment names it.
+    bool isNamed = false;
 };
 
 /// DBUS_SESSION_BUS_ADDRESS; else the user's bus in XDG_RUNTIME_DIR, where it exists; else one of our own, in

@@ -17,14 +17,6 @@ namespace {
 /// A tap on the mail row waits this long for each route at most.
 constexpr std::chrono::seconds patience{3};
 
-/// Asks beside the main thread; a route that does not answer in time counts as closed.
-bool opensInTime(const std::shared_ptr<MailRoute>& route) {
-    auto promise = std::make_shared<std::promise<bool>>();
-    auto open = promise->get_future();
-    std::thread([route, promise] { promise->set_value(route->isOpen()); }).detach();
-    return open.wait_for(patience) == std::future_status::ready && open.get();
-}
-
 MailOutcome sendBy(const std::vector<std::shared_ptr<MailRoute>>& routes, const MailMessage& message) {
     for (const auto& route : routes)
         if (route->isOpen())
@@ -41,6 +33,13 @@ void sendAndTell(const std::vector<std::shared_ptr<MailRoute>>& routes, const Ma
 }
 
 } // namespace
+
+bool opensInTime(const std::shared_ptr<MailRoute>& route) {
+    auto promise = std::make_shared<std::promise<bool>>();
+    auto open = promise->get_future();
+    std::thread([route, promise] { promise->set_value(route->isOpen()); }).detach();
+    return open.wait_for(patience) == std::future_status::ready && open.get();
+}
 
 bool LinuxMailService::canSendMail() {
     return std::ranges::any_of(routes_, opensInTime);

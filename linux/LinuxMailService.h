@@ -7,6 +7,10 @@
 
 namespace platform {
 
+/// Whether the route is open. Asked beside the calling thread; one that does not answer within seconds counts
+/// as closed.
+bool opensInTime(const std::shared_ptr<MailRoute>& route);
+
 /// Sends by the first of its routes that takes the mail. Routes wait for other programs, so they are walked
 /// beside the main thread; a desktop that hangs holds nobody up.
 class LinuxMailService : public MailService {

@@ -39,4 +39,10 @@ bool isFolderOfOwnUser(const std::string& path) {
            (status.owner == geteuid() || status.owner == 0);
 }
 
+bool isPrivateFolder(const std::string& path) {
+    struct stat status {};
+    return lstat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode) && status.st_uid == geteuid() &&
+           (status.st_mode & ALLPERMS) == S_IRWXU;
+}
+
 } // namespace platform

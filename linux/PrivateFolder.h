@@ -15,4 +15,7 @@ bool prepareOwnFolder(const std::string& path);
 /// Whether a folder stands there, maybe behind a link of this user or root, that belongs to one of these two.
 bool isFolderOfOwnUser(const std::string& path);
 
+/// Whether it is such a folder already.
+bool isPrivateFolder(const std::string& path);
+
 } // namespace platform

@@ -27,7 +27,6 @@ constexpr std::array deviceFolders{
 };
 
 constexpr unsigned privateMode = 0700;
-constexpr const char* settingsBundle = "WardlockSettings.bundle";
 constexpr const char* appListModule = "AppList.dylib";
 
 } // namespace
@@ -40,8 +39,8 @@ Provision::Provision(const std::function<void()>& furnish) {
     if (installed.empty()) {
         problems_.push_back("The settings bundle was not found beside this program.");
     } else {
-        link(std::string(preferenceBundlesPath) + '/' + settingsBundle,
-             installed + "/PreferenceBundles/" + settingsBundle);
+        link(std::string(preferenceBundlesPath) + '/' + settingsBundleName,
+             installed + "/PreferenceBundles/" + settingsBundleName);
         link(platform::appListLibraryPath, installed + "/DynamicLibraries/" + appListModule);
     }
     if (furnish)

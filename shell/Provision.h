@@ -6,6 +6,9 @@
 
 namespace wardlock::shell {
 
+/// The folder of the settings bundle, among the device root's preference bundles.
+inline constexpr const char* settingsBundleName = "WardlockSettings.bundle";
+
 /// What a device root lacks is made before the pages are shown: its folders (private to the user), the links
 /// to the settings bundle and the application-list module of the running program's installation, and the
 /// document of the enforcing half's first start. A preferences document that exists is never touched. On the
