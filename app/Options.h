@@ -1,10 +1,21 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace wardlock::app {
+
+/// An option of the command line, for help and manual page.
+struct OptionText {
+    std::string_view name;
+    /// What its value is called; empty for an option that takes none.
+    std::string_view value;
+    /// May take several lines; no full stop.
+    std::string_view help;
+};
 
 /// What the command line asks for.
 struct Options {
@@ -21,7 +32,9 @@ struct Options {
     std::string error;
 
     static Options parse(const std::vector<std::string>& arguments);
-    static const char* usage();
+    /// Every option, in the order of the help.
+    static std::span<const OptionText> texts();
+    static std::string usage();
 };
 
 } // namespace wardlock::app

@@ -42,7 +42,7 @@ int main(int argc, char** argv) {
     if (!options.error.empty())
         return usageError(options.error);
     if (options.help)
-        return std::fputs(app::Options::usage(), stdout) < 0;
+        return std::fputs(app::Options::usage().c_str(), stdout) < 0;
     if (options.version)
         return std::puts("wardlock-settings " WARDLOCK_VERSION) < 0;
     if (!options.deviceRoot.empty())

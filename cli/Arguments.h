@@ -16,6 +16,8 @@ struct Option {
     /// What the option's value is called; empty for an option that takes none.
     std::string_view value;
     std::string_view help;
+    /// The verb cannot do without it.
+    bool required = false;
 };
 
 /// The words after a verb, told apart into options and operands. "--name=value" and "--name value" are the

@@ -17,7 +17,7 @@ namespace {
 
 using platform::Sync;
 
-constexpr Option outOption{"-o", "OUT", "the file to write"};
+constexpr Option outOption{"-o", "OUT", "the file to write", true};
 
 ExitCode dump(const Arguments& arguments) {
     Output::line(jsonLine(typedJson(propertyListInFile(std::string(arguments.operand(0))))));

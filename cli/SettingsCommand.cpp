@@ -12,7 +12,7 @@ namespace wardlock::cli {
 namespace {
 
 constexpr Option scriptOption{"--script", "FILE",
-                              "obey JSON commands, one a line; \"-\" reads them from standard input"};
+                              "obey the JSON commands in FILE, one a line;\n\"-\" reads them from standard input"};
 constexpr Option terminalOption{"--terminal", "", "use the terminal though there is a display"};
 
 ExitCode settings(const Arguments& arguments) {

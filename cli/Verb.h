@@ -17,7 +17,7 @@ struct Verb {
     std::string_view name;
     /// The operands as the synopsis shows them; empty when it takes none.
     std::string_view operands;
-    /// One line, without a full stop.
+    /// One line, without a full stop; the help of an option may take several.
     std::string_view summary;
     /// Paragraphs, wrapped at 80 columns, ending in a line feed.
     std::string_view description;
@@ -31,8 +31,27 @@ struct Verb {
 /// Every verb, in the order in which the help lists them.
 std::span<const Verb* const> verbs();
 
+/// A variable of the environment that the command heeds.
+struct Variable {
+    std::string_view name;
+    std::string_view meaning;
+};
+std::span<const Variable> variables();
+
+/// What an exit code of the command means.
+struct ExitCodeText {
+    ExitCode code;
+    std::string_view meaning;
+};
+std::span<const ExitCodeText> exitCodes();
+
+/// The option every verb takes.
+inline constexpr Option helpOption{"--help", "", "print this"};
+
 /// "wardlock plist set [--sync MODE] FILE KEY TYPE VALUE".
 std::string synopsis(const Verb& verb);
+/// "--sync MODE".
+std::string optionSynopsis(const Option& option);
 /// What `wardlock VERB --help` prints.
 std::string helpText(const Verb& verb);
 /// What `wardlock --help` prints; with a family ("plist"), what is said of its verbs.

@@ -51,6 +51,7 @@ ROOMS = {
     "shell": (["platform/", "settings/", "shell/"], ["the standard library"]),
     "app": (["platform/", "shell/", "app/"], ["the standard library", "Qt"]),
     "cli": (["platform/", "settings/", "shell/", "cli/"], ["the standard library", "the operating system", "JSON"]),
+    "manual": (["app/Options.h", "settings/", "cli/", "manual/"], ["the standard library"]),
     "tests": (EVERYTHING, [kind for kind, _ in KINDS]),
     "bench": (EVERYTHING, [kind for kind, _ in KINDS]),
     "fuzz": (EVERYTHING, [kind for kind, _ in KINDS]),

@@ -1,0 +1,121 @@
+#include "manual/Description.h"
+
+#include "app/Options.h"
+#include "cli/Verb.h"
+#include "settings/DefaultSettings.h"
+#include "settings/Keys.h"
+
+#include <algorithm>
+#include <sstream>
+
+namespace wardlock::manual {
+
+namespace {
+
+using Kind = Candidates::Kind;
+
+std::vector<std::string> keysOf(const platform::Dictionary& dictionary) {
+    std::vector<std::string> keys;
+    for (const auto& [key, value] : dictionary)
+        keys.emplace_back(key);
+    return keys;
+}
+
+/// The keys a verb takes: of the document, of an account, or of both.
+std::vector<std::string> keysFor(std::string_view verb) {
+    const platform::Dictionary defaults = DefaultSettings();
+    const platform::Value& account = platform::arrayValue(defaults.find(kAccounts))->at(0);
+    if (verb == "account")
+        return keysOf(account.dictionary());
+    std::vector<std::string> keys = keysOf(defaults);
+    if (verb == "announce")
+        std::ranges::copy(keysOf(account.dictionary()), std::back_inserter(keys));
+    return keys;
+}
+
+Candidates candidatesFor(std::string_view verb, std::string_view placeholder) {
+    if (placeholder == "FILE" || placeholder == "OUT")
+        return {Kind::Files, {}};
+    if (placeholder == "DIR")
+        return {Kind::Folders, {}};
+    if (placeholder == "KEY")
+        return {Kind::Words, keysFor(verb)};
+    if (placeholder == "TYPE")
+        return {Kind::Words, {"bool", "int", "real", "string"}};
+    if (placeholder == "MODE")
+        return {Kind::Words, {"none", "data", "full"}};
+    return {};
+}
+
+OptionEntry entryOf(std::string_view verb, const cli::Option& option) {
+    return {option, candidatesFor(verb, option.value)};
+}
+
+std::vector<OperandEntry> operandsOf(const cli::Verb& verb) {
+    std::vector<OperandEntry> operands;
+    std::istringstream words{std::string(verb.operands)};
+    for (std::string word; words >> word;) {
+        const bool repeated = word.ends_with("...");
+        if (repeated)
+            word.resize(word.size() - 3);
+        operands.push_back({word, repeated, candidatesFor(verb.name, word)});
+    }
+    return operands;
+}
+
+Use useOf(const cli::Verb& verb) {
+    Use use;
+    use.verb = verb.name;
+    use.summary = verb.summary;
+    use.synopsis = cli::synopsis(verb);
+    use.description = verb.description;
+    for (const cli::Option& option : verb.options)
+        use.options.push_back(entryOf(verb.name, option));
+    use.options.push_back(entryOf(verb.name, cli::helpOption));
+    use.operands = operandsOf(verb);
+    return use;
+}
+
+void addOnce(std::vector<std::string>& words, const std::string& word) {
+    if (std::ranges::find(words, word) == words.end())
+        words.push_back(word);
+}
+
+} // namespace
+
+Program commandDescription() {
+    Program program{"wardlock", "settings of a device-restriction extension, from the command line", {}};
+    for (const cli::Verb* verb : cli::verbs())
+        program.uses.push_back(useOf(*verb));
+    return program;
+}
+
+Program windowDescription() {
+    Use use;
+    use.summary = "open Settings in a window";
+    use.synopsis = "wardlock-settings [OPTION]...";
+    use.description = "Opens the Settings application in a window. What the device root lacks is made\n"
+                      "first: its folders, the link to the settings bundle, and the default document\n"
+                      "where there is none. Every change is saved at once, and other processes hear of\n"
+                      "it at once; what other processes change is shown as it happens.\n";
+    for (const app::OptionText& text : app::Options::texts())
+        use.options.push_back(entryOf("", {text.name, text.value, text.help}));
+    return {"wardlock-settings", "Settings in a window", {use}};
+}
+
+std::vector<std::string> firstWords(const Program& program) {
+    std::vector<std::string> words;
+    for (const Use& use : program.uses)
+        addOnce(words, use.verb.substr(0, use.verb.find(' ')));
+    return words;
+}
+
+std::vector<std::string> secondWords(const Program& program, std::string_view family) {
+    std::vector<std::string> words;
+    for (const Use& use : program.uses)
+        if (use.verb.starts_with(std::string(family) + ' '))
+            addOnce(words, use.verb.substr(family.size() + 1));
+    return words;
+}
+
+} // namespace wardlock::manual

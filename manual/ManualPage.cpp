@@ -1,0 +1,163 @@
+#include "cli/Verb.h"
+#include "manual/Pages.h"
+#include "manual/Roff.h"
+
+#include <algorithm>
+#include <array>
+
+namespace wardlock::manual {
+
+namespace {
+
+struct FileText {
+    std::string_view path;
+    std::string_view meaning;
+};
+
+/// Paths of the device, and so below the device root.
+constexpr std::array files{
+    FileText{
+        "/var/mobile/Library/Preferences/com.tavix.wardlock.plist",
+        "The preferences document. It is replaced in one step by every change; what cannot be read is kept "
+        "beside it under the same name and .damaged."},
+    FileText{"/var/mobile/com.tavix.wardlock_log",
+             "The log, which goes with a support mail. It only grows; it may be removed."},
+    FileText{"/Library/PreferenceBundles/WardlockSettings.bundle", "The settings bundle: the pages."},
+    FileText{"/Library/MobileSubstrate/DynamicLibraries/AppList.dylib",
+             "The list of installed applications."},
+    FileText{"/Applications", "The installed applications of the device root."},
+    FileText{"/var/mobile/Library/Mail/Outbox",
+             "Where it exists, support mails that no mail program takes are saved here."},
+};
+
+struct Example {
+    std::string_view purpose;
+    std::string_view command;
+};
+
+constexpr std::array commandExamples{
+    Example{"Make a device to try everything out on, and open Settings there in the terminal:",
+            "export WARDLOCK_DEVICE_ROOT=$(wardlock device init --demo ~/my-device)\nwardlock settings "
+            "--terminal"},
+    Example{"Find out what does not work:", "wardlock doctor"},
+    Example{"Switch everything off and tell every process:",
+            "wardlock plist set "
+            "\"$WARDLOCK_DEVICE_ROOT\"/var/mobile/Library/Preferences/com.tavix.wardlock.plist \\\n"
+            "    kEnabled bool false\nwardlock announce kEnabled"},
+    Example{"Tap through the pages from a script:",
+            "echo '{\"do\":\"tap\",\"row\":\"Wardlock\"}' | wardlock settings --script -"},
+};
+
+constexpr std::array windowExamples{
+    Example{"Show another device, in the dark:", "wardlock-settings --dark --device-root ~/my-device"},
+};
+
+std::string section(std::string_view title) {
+    return ".SH " + std::string(title) + '\n';
+}
+
+std::string items(const std::vector<OptionEntry>& options) {
+    std::string text;
+    for (const OptionEntry& entry : options)
+        text += ".TP\n" + roffSynopsis(cli::optionSynopsis(entry.option)) + '\n' +
+                roffParagraphs(std::string(entry.option.help) + ".\n");
+    return text;
+}
+
+/// Without the one that every verb has.
+std::vector<OptionEntry> ownOptions(const Use& use) {
+    std::vector<OptionEntry> options = use.options;
+    std::erase_if(options,
+                  [](const OptionEntry& entry) { return entry.option.name == cli::helpOption.name; });
+    return options;
+}
+
+std::string verbs(const Program& program) {
+    std::string text;
+    for (const Use& use : program.uses)
+        text += ".SS " + roffSynopsis(use.synopsis) + '\n' + roffParagraphs(use.description) +
+                items(ownOptions(use));
+    return text;
+}
+
+std::string synopsis(const Program& program) {
+    std::string text;
+    for (const Use& use : program.uses)
+        text += (text.empty() ? "" : ".br\n") + roffSynopsis(use.synopsis) + '\n';
+    if (program.hasVerbs())
+        text += ".br\n" + roffSynopsis(program.name + " --help") + "\n.br\n" +
+                roffSynopsis(program.name + " --version") + '\n';
+    return text;
+}
+
+std::string environment() {
+    std::string text = section("ENVIRONMENT");
+    for (const cli::Variable& variable : cli::variables())
+        text +=
+            ".TP\n" + roffText(variable.name) + '\n' + roffParagraphs(std::string(variable.meaning) + ".\n");
+    return text;
+}
+
+std::string fileList() {
+    std::string text = section("FILES") + "Paths of the device; they lie below the device root.\n";
+    for (const FileText& file : files)
+        text += ".TP\n.I " + roffVerbatim(file.path) + '\n' + roffText(file.meaning) + '\n';
+    return text;
+}
+
+std::string exitStatus() {
+    std::string text = section("EXIT STATUS");
+    for (const cli::ExitCodeText& code : cli::exitCodes())
+        text +=
+            ".TP\n.B " + std::to_string(static_cast<int>(code.code)) + '\n' + roffText(code.meaning) + ".\n";
+    return text;
+}
+
+std::string examples(std::span<const Example> list) {
+    std::string text = section("EXAMPLES");
+    for (const Example& example : list) {
+        std::string indented = "  ";
+        for (const char c : example.command)
+            indented += c == '\n' ? "\n  " : std::string(1, c);
+        text += (text.ends_with("EXAMPLES\n") ? "" : ".PP\n") + roffText(example.purpose) + '\n' +
+                roffParagraphs(indented + '\n');
+    }
+    return text;
+}
+
+std::string upper(std::string text) {
+    std::ranges::transform(text, text.begin(), [](char c) {
+        return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+    });
+    return text;
+}
+
+/// What the person reads who does not know yet what the program is about.
+constexpr std::string_view about =
+    "Wardlock restricts what a child can do on a device. A parent makes an account for the child, switches "
+    "restrictions on and off, and chooses the applications that are kept away. All settings are one "
+    "document; "
+    "the process that enforces them hears of every change at once.\n";
+
+constexpr std::string_view everyVerb = "Every verb takes --help, which prints what stands here.\n";
+
+} // namespace
+
+std::string manualPage(const Program& program) {
+    const bool isCommand = program.hasVerbs();
+    std::string text = ".\\\" Made from the tables behind --help.\n.TH " + upper(program.name) +
+                       " 1 " WARDLOCK_RELEASE_DATE " \"Wardlock " WARDLOCK_VERSION "\" \"User Commands\"\n";
+    text += section("NAME") + roffVerbatim(program.name) + " \\- " + roffText(program.summary) + '\n';
+    text += section("SYNOPSIS") + ".nh\n.ad l\n" + synopsis(program) + ".ad\n.hy\n";
+    text += section("DESCRIPTION") + roffParagraphs(about);
+    if (isCommand)
+        text += section("VERBS") + roffParagraphs(everyVerb) + verbs(program) + exitStatus();
+    else
+        text += ".PP\n" + roffParagraphs(program.uses.front().description) + section("OPTIONS") +
+                items(program.uses.front().options);
+    text += environment() + fileList();
+    text += isCommand ? examples(commandExamples) : examples(windowExamples);
+    return text + section("SEE ALSO") + (isCommand ? ".BR wardlock\\-settings (1)\n" : ".BR wardlock (1)\n");
+}
+
+} // namespace wardlock::manual

@@ -1,0 +1,121 @@
+#include "manual/Pages.h"
+
+#include <algorithm>
+
+namespace wardlock::manual {
+
+namespace {
+
+/// Text inside single quotes and inside the brackets and colons of `_arguments`.
+std::string described(std::string_view text) {
+    std::string result;
+    for (const char c : text) {
+        if (c == '\'')
+            result += "'\\''";
+        else if (c == '\n')
+            result += ' ';
+        else if (c == '[' || c == ']' || c == ':' || c == '\\')
+            result += std::string("\\") + c;
+        else
+            result += c;
+    }
+    return result;
+}
+
+std::string action(const Candidates& candidates) {
+    switch (candidates.kind) {
+    case Candidates::Kind::Files:
+        return "_files";
+    case Candidates::Kind::Folders:
+        return "_files -/";
+    case Candidates::Kind::Words: {
+        std::string text = "(";
+        for (const std::string& word : candidates.words)
+            text += (text.size() == 1 ? "" : " ") + word;
+        return text + ')';
+    }
+    case Candidates::Kind::Nothing:
+        break;
+    }
+    return " ";
+}
+
+/// The call of `_arguments` for one use.
+std::string arguments(const Use& use, const std::string& indent) {
+    std::string text = indent + "_arguments";
+    for (const OptionEntry& entry : use.options) {
+        text += " \\\n" + indent + "    '" + std::string(entry.option.name) + '[' +
+                described(entry.option.help) + ']';
+        if (!entry.option.value.empty())
+            text += ":" + std::string(entry.option.value) + ':' + action(entry.values);
+        text += '\'';
+    }
+    for (std::size_t i = 0; i < use.operands.size(); ++i) {
+        const OperandEntry& operand = use.operands[i];
+        text += " \\\n" + indent + "    '" + (operand.repeated ? "*" : std::to_string(i + 1)) + ':' +
+                operand.name + ':' + action(operand.values) + '\'';
+    }
+    return text + '\n';
+}
+
+std::string joined(const std::vector<std::string>& words) {
+    std::string text;
+    for (const std::string& word : words)
+        text += (text.empty() ? "" : ", ") + word;
+    return text;
+}
+
+const Use* useOf(const Program& program, const std::string& verb) {
+    const auto found = std::ranges::find(program.uses, verb, &Use::verb);
+    return found == program.uses.end() ? nullptr : &*found;
+}
+
+/// "status:tell whether..."; a family is told by its verbs.
+std::string choices(const Program& program, const std::vector<std::string>& words, const std::string& prefix,
+                    const std::string& indent) {
+    std::string text = indent + "choices=(\n";
+    for (const std::string& word : words) {
+        const Use* use = useOf(program, prefix + word);
+        text += indent + "    '" + word + ':' +
+                described(use ? use->summary : joined(secondWords(program, word))) + "'\n";
+    }
+    return text + indent + ")\n" + indent + "_describe verb choices\n";
+}
+
+/// A function for a family: completes the second word, then goes by it.
+std::string familyFunction(const Program& program, const std::string& family) {
+    const auto words = secondWords(program, family);
+    std::string text = "_wardlock_" + family + "() {\n    local -a choices\n    if ((CURRENT == 2)); then\n" +
+                       choices(program, words, family + ' ', "        ") +
+                       "        return\n    fi\n    shift words\n    ((CURRENT--))\n    case $words[1] in\n";
+    for (const std::string& word : words)
+        text += "    " + word + ")\n" + arguments(*useOf(program, family + ' ' + word), "        ") +
+                "        ;;\n";
+    return text + "    esac\n}\n\n";
+}
+
+std::string withVerbs(const Program& program) {
+    std::string functions;
+    std::string cases;
+    for (const std::string& word : firstWords(program)) {
+        const Use* use = useOf(program, word);
+        if (!use)
+            functions += familyFunction(program, word);
+        cases += "    " + word + ")\n" +
+                 (use ? arguments(*use, "        ") : "        _wardlock_" + word + '\n') + "        ;;\n";
+    }
+    return functions + "_wardlock() {\n    local -a choices\n    if ((CURRENT == 2)); then\n" +
+           choices(program, firstWords(program), "", "        ") +
+           "        _arguments '--help[print the list of verbs]' '--version[print the version]'\n"
+           "        return\n    fi\n    shift words\n    ((CURRENT--))\n    case $words[1] in\n" +
+           cases + "    esac\n}\n\n_wardlock \"$@\"\n";
+}
+
+} // namespace
+
+std::string zshCompletion(const Program& program) {
+    const std::string head = "#compdef " + program.name + "\n# Made from the tables behind --help.\n\n";
+    return head + (program.hasVerbs() ? withVerbs(program) : arguments(program.uses.front(), ""));
+}
+
+} // namespace wardlock::manual
