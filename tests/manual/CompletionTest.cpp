@@ -14,8 +14,12 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-std::string completionFile(const std::string& shell, const std::string& file) {
-    return buildFolder() + "/share/" + shell + "/completions/" + file;
+std::string bashFile(const std::string& program) {
+    return buildFolder() + "/share/bash-completion/completions/" + program;
+}
+
+std::string zshFolder() {
+    return buildFolder() + "/zsh-completions";
 }
 
 class BashCompletion : public DeviceRootFixture {
@@ -26,9 +30,9 @@ protected:
         for (const std::string& word : words)
             line += " '" + word + '\'';
         const std::string program = words.front();
-        const std::string script = "cd '" + root() + "'\nsource '" +
-                                   completionFile("bash-completion", program) + "'\nCOMP_WORDS=(" + line +
-                                   " )\nCOMP_CWORD=" + std::to_string(words.size() - 1) + '\n' + function +
+        const std::string script = "cd '" + root() + "'\nsource '" + bashFile(program) + "'\nCOMP_WORDS=(" +
+                                   line + " )\nCOMP_CWORD=" + std::to_string(words.size() - 1) + '\n' +
+                                   function +
                                    "\n((${#COMPREPLY[@]} == 0)) || printf '%s\\n' \"${COMPREPLY[@]}\"\n";
         const ProcessResult result = runProcess("/bin/bash", {"--norc", "--noprofile", "-c", script});
         EXPECT_EQ(result.exitCode, 0);
@@ -55,10 +59,8 @@ Words wordsOf(const cli::Verb& verb) {
 
 TEST_F(BashCompletion, IsRegisteredForThePrograms) {
     for (const char* program : {"wardlock", "wardlock-settings"}) {
-        const ProcessResult result =
-            runProcess("/bin/bash", {"--norc", "-c",
-                                     "source '" + completionFile("bash-completion", program) +
-                                         "'; complete -p " + program});
+        const ProcessResult result = runProcess(
+            "/bin/bash", {"--norc", "-c", "source '" + bashFile(program) + "'; complete -p " + program});
         EXPECT_TRUE(result.output.starts_with("complete -F _wardlock")) << result.output << result.errors;
     }
 }
@@ -147,7 +149,7 @@ class ZshCompletion : public DeviceRootFixture {};
 
 TEST_F(ZshCompletion, IsValid) {
     for (const char* file : {"_wardlock", "_wardlock-settings"}) {
-        const ProcessResult result = runProcess("/usr/bin/env", {"zsh", "-n", completionFile("zsh", file)});
+        const ProcessResult result = runProcess("/usr/bin/env", {"zsh", "-n", zshFolder() + '/' + file});
         EXPECT_EQ(result.exitCode, 0) << result.errors;
         EXPECT_EQ(result.errors, "");
     }
@@ -156,9 +158,9 @@ TEST_F(ZshCompletion, IsValid) {
 TEST_F(ZshCompletion, CompletesWhatIsTypedAtThePrompt) {
     environment.set("TERM", "xterm");
     TerminalProcess shell("/usr/bin/env", {"zsh", "-f", "-i"});
-    const std::string folder = buildFolder() + "/share/zsh/completions";
     // In two parts, so that what is typed is not taken for the prompt.
-    shell.type("fpath=('" + folder + "' $fpath); autoload -Uz compinit; compinit -u -D; PS1='ready''> '\n");
+    shell.type("fpath=('" + zshFolder() +
+               "' $fpath); autoload -Uz compinit; compinit -u -D; PS1='ready''> '\n");
     shell.waitFor("ready> ");
     const auto completes = [&](const std::string& typed, const std::string& rest) {
         shell.type("\025" + typed + '\t');

@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 #include <sstream>
 
 namespace wardlock::test {
@@ -13,11 +11,6 @@ namespace {
 
 std::string pageFile(const std::string& name) {
     return buildFolder() + "/share/man/man1/" + name + ".1";
-}
-
-std::string textOf(const std::string& path) {
-    std::ifstream file(path);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
 /// The page as a reader sees it, without its type faces and on one line.
@@ -42,12 +35,6 @@ TEST_P(ManualPage, SatisfiesTheCheckersOfManualPages) {
         runProcess("/usr/bin/env", {"groff", "-man", "-Tutf8", "-ww", "-z", pageFile(GetParam())});
     EXPECT_EQ(groff.exitCode, 0);
     EXPECT_EQ(groff.output + groff.errors, "");
-}
-
-TEST_P(ManualPage, IsInstalledCompressed) {
-    const ProcessResult unpacked = runProcess("/usr/bin/env", {"gzip", "-dc", pageFile(GetParam()) + ".gz"});
-    EXPECT_EQ(unpacked.output, textOf(pageFile(GetParam())));
-    EXPECT_NE(unpacked.output, "");
 }
 
 TEST_P(ManualPage, SaysWhatItIsAboutAndWhereToReadOn) {
