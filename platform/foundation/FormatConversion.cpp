@@ -137,6 +137,22 @@ std::string realDigits(const Conversion& conversion, double magnitude) {
     return {begin, std::to_chars(begin, end, magnitude, form, precision).ptr};
 }
 
+/// The alternate form has its point, and of the general one all digits that the precision asks for, zeros as
+/// well.
+void completeAlternate(const Conversion& conversion, std::string& text) {
+    if (text.find('.') == std::string::npos)
+        text.insert(std::min(text.find_first_of("ep"), text.size()), 1, '.');
+    if ((conversion.letter | 0x20) != 'g')
+        return;
+    const std::size_t end = std::min(text.find('e'), text.size());
+    const std::size_t found = text.find_first_of("123456789");
+    const std::size_t first = found < end ? found : 0;
+    const std::size_t digits = end - first - (text.find('.') > first ? 1 : 0);
+    const auto wanted = std::max<std::size_t>(conversion.precision.value_or(6), 1);
+    if (digits < wanted)
+        text.insert(end, wanted - digits, '0');
+}
+
 std::string realText(const Conversion& conversion, double number) {
     const bool finite = std::isfinite(number);
     std::string text = realDigits(conversion, std::abs(number));
@@ -147,8 +163,8 @@ std::string realText(const Conversion& conversion, double number) {
         prefix = conversion.sign;
     if (finite && (conversion.letter | 0x20) == 'a')
         prefix += "0x";
-    if (finite && conversion.alternate && text.find('.') == std::string::npos)
-        text.insert(std::min(text.find_first_of("ep"), text.size()), 1, '.');
+    if (finite && conversion.alternate)
+        completeAlternate(conversion, text);
     if (conversion.letter >= 'A' && conversion.letter <= 'Z') {
         makeUpper(text);
         makeUpper(prefix);

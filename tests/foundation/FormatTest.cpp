@@ -89,6 +89,12 @@ TEST(Format, PrintsTheAlternateForms) {
     EXPECT_EQ(stringWithFormat("%#.0f", 1.0), "1.");
 }
 
+TEST(Format, KeepsTrailingZerosInTheAlternateGeneralForm) {
+    EXPECT_EQ(stringWithFormat("%#.17g", 1e22), "1.0000000000000000e+22");
+    EXPECT_EQ(stringWithFormat("%#g %#g %#G", 0.0, 0.00012, 1e10), "0.00000 0.000120000 1.00000E+10");
+    EXPECT_EQ(stringWithFormat("%#.0g %#.3g %#g", 2.0, 12.5, 123456.0), "2. 12.5 123456.");
+}
+
 TEST(Format, AppliesAnIntegersPrecision) {
     EXPECT_EQ(stringWithFormat("%.3d", 7), "007");
     EXPECT_EQ(stringWithFormat("[%.0d]", 0), "[]");
