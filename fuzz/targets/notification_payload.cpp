@@ -1,34 +1,22 @@
-// The reader of notifications, on whatever a program on the bus may send: the input is the plan of a message.
-// What the reader accepts, the writer must be able to write, and the reader to read again to the same.
+// The reader of notifications, on whatever well-formed message a program on the bus may send: the input is
+// the plan of a message.
 
+#include "fuzz/BusPair.h"
+#include "fuzz/Check.h"
+#include "fuzz/NotificationCheck.h"
+#include "fuzz/Plan.h"
 #include "linux/BusPointers.h"
 #include "linux/NotificationFormat.h"
-#include "linux/NotificationMessage.h"
-
-#include <systemd/sd-bus.h>
 
 #include <cstdint>
-#include <cstdlib>
-#include <fuzzer/FuzzedDataProvider.h>
 #include <string>
-#include <sys/socket.h>
 
 namespace {
 
-using platform::BusMessage;
+using wardlock::fuzz::Plan;
 
-/// Messages need a bus, but no bus needs to be there.
-sd_bus* unconnectedBus() {
-    sd_bus* bus = nullptr;
-    int ends[2];
-    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0, ends) != 0 ||
-        sd_bus_new(&bus) < 0 || sd_bus_set_fd(bus, ends[0], ends[0]) < 0 || sd_bus_start(bus) < 0)
-        std::abort();
-    return bus;
-}
-
-std::string textOf(FuzzedDataProvider& plan) {
-    std::string text = plan.ConsumeRandomLengthString(16);
+std::string textOf(Plan& plan) {
+    std::string text = plan.bytes();
     for (char& c : text)
         c = static_cast<char>((c & 0x7F) ? (c & 0x7F) : 'x');
     return text;
@@ -36,15 +24,15 @@ std::string textOf(FuzzedDataProvider& plan) {
 
 class MessagePlanner {
 public:
-    MessagePlanner(sd_bus_message* message, FuzzedDataProvider& plan) : message_(message), plan_(plan) {}
+    MessagePlanner(sd_bus_message* message, Plan& plan) : message_(message), plan_(plan) {}
 
     void appendNotification() {
         sd_bus_message_append(message_, "ss", "1:2", textOf(plan_).c_str());
         sd_bus_message_open_container(message_, 'a', "s");
-        for (int count = plan_.ConsumeIntegralInRange(0, 2); count > 0; --count)
+        for (auto count = plan_.below(3); count > 0; --count)
             sd_bus_message_append(message_, "s", textOf(plan_).c_str());
         sd_bus_message_close_container(message_);
-        appendVariants(plan_.ConsumeIntegralInRange(0, 2), 0);
+        appendVariants(static_cast<int>(plan_.below(3)), 0);
     }
 
 private:
@@ -59,18 +47,17 @@ private:
         static constexpr const char* deepSignatures[] = {"av", "a{sv}", "(av)"};
         static constexpr const char* flatSignatures[] = {"b", "y", "n", "q",  "i",  "u",   "x",    "t",
                                                          "d", "s", "o", "as", "ay", "(d)", "(ay)", "(su)"};
-        const bool deep = level < 30 && plan_.ConsumeBool();
-        const std::string signature =
-            deep ? plan_.PickValueInArray(deepSignatures) : plan_.PickValueInArray(flatSignatures);
+        const bool deep = level < 30 && plan_.yes();
+        const std::string signature = deep ? plan_.choice(deepSignatures) : plan_.choice(flatSignatures);
         sd_bus_message_open_container(message_, 'v', signature.c_str());
         appendContents(signature, level);
         sd_bus_message_close_container(message_);
     }
 
     void appendContents(const std::string& signature, int level) {
-        const auto number = plan_.ConsumeIntegral<std::uint64_t>();
+        const auto number = plan_.number<std::uint64_t>();
         const std::string text = textOf(plan_);
-        const std::string bytes = plan_.ConsumeRandomLengthString(16);
+        const std::string bytes = plan_.bytes();
         if (signature.front() == '(') {
             const std::string inner = signature.substr(1, signature.size() - 2);
             sd_bus_message_open_container(message_, 'r', inner.c_str());
@@ -116,36 +103,22 @@ private:
     }
 
     sd_bus_message* message_;
-    FuzzedDataProvider& plan_;
+    Plan& plan_;
 };
-
-/// As a receiver gets it.
-bool seal(sd_bus_message* message) {
-    return sd_bus_message_seal(message, 1, 0) >= 0 && sd_bus_message_rewind(message, 1) >= 0;
-}
 
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-    static sd_bus* const bus = unconnectedBus();
+    static const wardlock::fuzz::BusPair pair;
     namespace format = platform::notificationformat;
-    FuzzedDataProvider plan(bytes, size);
+    Plan plan({reinterpret_cast<const char*>(bytes), size});
     sd_bus_message* created = nullptr;
-    if (sd_bus_message_new_signal(bus, &created, format::path, format::interface, format::member) < 0)
-        std::abort();
-    const BusMessage message(created);
+    wardlock::fuzz::check(sd_bus_message_new_signal(pair.receiver(), &created, format::path,
+                                                    format::interface, format::member) >= 0,
+                          "a new message");
+    const platform::BusMessage message(created);
     MessagePlanner(created, plan).appendNotification();
-    if (!seal(created))
-        return 0;
-    const auto notification = platform::readNotification(created);
-    if (!notification)
-        return 0;
-    const BusMessage written = platform::notificationMessage(bus, *notification);
-    if (!written || !seal(written.get()))
-        std::abort();
-    const auto again = platform::readNotification(written.get());
-    if (!again || again->name != notification->name || again->object != notification->object ||
-        again->userInfo != notification->userInfo)
-        std::abort();
+    if (wardlock::fuzz::seal(created))
+        wardlock::fuzz::checkNotification(pair.receiver(), created);
     return 0;
 }
