@@ -84,7 +84,9 @@ std::string integerText(const Conversion& conversion, bool negative, std::uint64
         else if (conversion.sign)
             prefix = conversion.sign;
     }
-    if (conversion.precision == 0 && magnitude == 0)
+    // The octal alternate form keeps its zero.
+    const bool keepsZero = conversion.letter == 'o' && conversion.alternate;
+    if (conversion.precision == 0 && magnitude == 0 && !keepsZero)
         number.clear();
     if (conversion.precision && number.size() < *conversion.precision)
         number.insert(0, *conversion.precision - number.size(), '0');

@@ -98,6 +98,7 @@ TEST(Format, KeepsTrailingZerosInTheAlternateGeneralForm) {
 TEST(Format, AppliesAnIntegersPrecision) {
     EXPECT_EQ(stringWithFormat("%.3d", 7), "007");
     EXPECT_EQ(stringWithFormat("[%.0d]", 0), "[]");
+    EXPECT_EQ(stringWithFormat("[%.0o %#.0o]", 0, 0), "[ 0]");
     EXPECT_EQ(stringWithFormat("[%05.3d]", 7), "[  007]");
 }
 
