@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <fstream>
 #include <iterator>
 
@@ -11,8 +12,54 @@ namespace {
 
 using NotificationDocumentationTest = BusFixture;
 
-TEST_F(NotificationDocumentationTest, ListensWithTheExampleForShells) {
-    Process listener(sourceFolder() + "/docs/examples/listen-to-notifications", {root()});
+/// The command of docs/notification.md that begins so.
+std::string documentedCommand(const std::string& beginning) {
+    std::ifstream page(sourceFolder() + "/docs/notification.md");
+    const std::string text{std::istreambuf_iterator<char>(page), std::istreambuf_iterator<char>()};
+    const auto begin = text.find("    " + beginning);
+    if (begin == std::string::npos) {
+        ADD_FAILURE() << "docs/notification.md has no " << beginning;
+        return "false";
+    }
+    return text.substr(begin + 4, text.find("\n\n", begin) - begin - 4);
+}
+
+TEST_F(NotificationDocumentationTest, ListensWithTheExampleInPython) {
+    Process listener(sourceFolder() + "/examples/listen.py", {root()});
+    ASSERT_EQ(listener.readLine(), "ready") << listener.wait().errors;
+    const TemporaryFolder otherRoot;
+    const std::string name = "com.tavix.wardlock/update";
+    post({name, "--sample", "change"}, with("WARDLOCK_DEVICE_ROOT", otherRoot.path()));
+    post({"another/name", "--sample", "change"});
+    post({name, "--sample", "change"});
+    EXPECT_EQ(listener.readLine(), "changed: kRestrictSiri = True");
+    post({name});
+    EXPECT_EQ(listener.readLine(), "changed");
+}
+
+TEST_F(NotificationDocumentationTest, ReadsEveryKindOfValueWithTheExampleInPython) {
+    Process listener(sourceFolder() + "/examples/listen.py", {root()});
+    ASSERT_EQ(listener.readLine(), "ready") << listener.wait().errors;
+    const std::string name = "com.tavix.wardlock/update";
+    post({name, "--sample", "kinds"});
+    EXPECT_EQ(listener.readLine(), "changed: None = None");
+    post({name, "--sample", "deep"});
+    const auto line = listener.readLine().value_or("");
+    EXPECT_TRUE(line.starts_with("changed: deep = {'level': 1, 'inner': [2, {'level': 3, ")) << line;
+    EXPECT_NE(line.find("'inside'"), std::string::npos) << line;
+    listener.send(SIGTERM);
+    EXPECT_EQ(listener.wait().errors, "");
+}
+
+TEST_F(NotificationDocumentationTest, SaysWhenTheExampleInPythonFindsNoBus) {
+    const auto result = runProcess(sourceFolder() + "/examples/listen.py", {root()},
+                                   with("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere"));
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_TRUE(result.errors.starts_with("listen.py: ")) << result.errors;
+}
+
+TEST_F(NotificationDocumentationTest, ListensWithTheCommandForShells) {
+    Process listener("/bin/sh", {"-c", "exec " + documentedCommand("dbus-monitor")});
     // The bus takes the monitor's own name away when it begins to listen.
     std::optional<std::string> line;
     do
@@ -36,12 +83,8 @@ TEST_F(NotificationDocumentationTest, ListensWithTheExampleForShells) {
 }
 
 TEST_F(NotificationDocumentationTest, PostsWithTheCommandForShells) {
-    std::ifstream page(sourceFolder() + "/docs/notification.md");
-    const std::string text{std::istreambuf_iterator<char>(page), std::istreambuf_iterator<char>()};
-    const auto begin = text.find("    gdbus emit");
-    ASSERT_NE(begin, std::string::npos);
     const auto observer = observe({"com.tavix.wardlock/update"});
-    const auto result = runProcess("/bin/sh", {"-c", text.substr(begin, text.find("\n\n", begin) - begin)});
+    const auto result = runProcess("/bin/sh", {"-c", documentedCommand("gdbus emit")});
     EXPECT_EQ(result.exitCode, 0) << result.errors;
     EXPECT_EQ(observer->readLine(), R"(com.tavix.wardlock/update|-|{"key": "kEnabled", "object": true})");
 }

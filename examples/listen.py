@@ -1,0 +1,125 @@
+#!/usr/bin/python3
+"""Hears of every change of Wardlock's settings over D-Bus: one line "changed: KEY = VALUE" each.
+
+    listen.py [DEVICE-ROOT]     the device: WARDLOCK_DEVICE_ROOT, or the user's own, when none is given
+
+Needs PyGObject (python3-gi). docs/notification.md describes the signal and why it looks as it does.
+"""
+import datetime
+import os
+import stat
+import sys
+
+from gi.repository import Gio, GLib
+
+NAME = "com.tavix.wardlock/update"
+EPOCH = datetime.datetime(2001, 1, 1, tzinfo=datetime.timezone.utc)
+
+
+def device_root():
+    if os.environ.get("WARDLOCK_DEVICE_ROOT"):
+        return os.environ["WARDLOCK_DEVICE_ROOT"]
+    if os.path.exists("/var/mobile"):
+        return "/"
+    return os.path.join(GLib.get_user_data_dir(), "wardlock", "device")
+
+
+def identity(root):
+    """What the signal calls a device root: several may share one bus."""
+    status = os.stat(root)
+    return f"{status.st_dev}:{status.st_ino}"
+
+
+def is_private_folder(path):
+    """Whether nobody else could have put a bus there."""
+    if not os.path.isabs(path) or not os.path.isdir(path):
+        return False
+    status = os.stat(path)
+    return status.st_uid == os.geteuid() and not status.st_mode & (stat.S_IWGRP | stat.S_IWOTH)
+
+
+def bus_address():
+    if os.environ.get("DBUS_SESSION_BUS_ADDRESS"):
+        return os.environ["DBUS_SESSION_BUS_ADDRESS"]
+    runtime = os.environ.get("XDG_RUNTIME_DIR", "")
+    if not is_private_folder(runtime):
+        own = f"/tmp/wardlock-bus-{os.geteuid()}/bus"
+    elif os.path.exists(f"{runtime}/bus"):
+        own = f"{runtime}/bus"
+    else:
+        own = f"{runtime}/wardlock-bus/bus"
+    return f"unix:path={Gio.dbus_address_escape_value(own)}"
+
+
+def plain(value):
+    """The value inside a variant of the signal; its signature tells the kind."""
+    kind = value.get_type_string()
+    if kind == "v":
+        return plain(value.get_variant())
+    if kind == "a{sv}":
+        return {pair.get_child_value(0).get_string(): plain(pair.get_child_value(1)) for pair in children(value)}
+    if kind == "av":
+        return [plain(item) for item in children(value)]
+    if kind == "(av)":
+        return flattened(plain_or_start(item.get_variant()) for item in children(value.get_child_value(0)))
+    if kind == "(ay)":
+        return bytes(value.unpack()[0]).decode("utf-8", "replace")
+    if kind == "ay":
+        return bytes(value.unpack())
+    if kind == "(d)":
+        return EPOCH + datetime.timedelta(seconds=value.unpack()[0])
+    return value.unpack()  # b, x, t, d, s
+
+
+def children(container):
+    return (container.get_child_value(i) for i in range(container.n_children()))
+
+
+def plain_or_start(value):
+    """A start of a container stays a pair of its kind and size; all else is a value."""
+    return value.unpack() if value.get_type_string() == "(su)" else plain(value)
+
+
+def flattened(items):
+    """A container whose nesting is deeper than a bus allows comes as the list of what is read in it."""
+    item = next(items)
+    if not isinstance(item, tuple):
+        return item
+    kind, size = item
+    if kind == "array":
+        return [flattened(items) for _ in range(size)]
+    return {flattened(items): flattened(items) for _ in range(size)}
+
+
+def heard(_bus, _sender, _path, _interface, _member, arguments):
+    if arguments.get_type_string() != "(ssasav)" or arguments.get_child_value(1).get_string() != NAME:
+        return
+    user_info = [plain(item) for item in children(arguments.get_child_value(3))]
+    if user_info:
+        print(f"changed: {user_info[0].get('key')} = {user_info[0].get('object')!r}", flush=True)
+    else:
+        # Something may have changed: whoever keeps settings in memory reads them again.
+        print("changed", flush=True)
+
+
+def main():
+    root = sys.argv[1] if len(sys.argv) > 1 else device_root()
+    flags = Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION
+    try:
+        bus = Gio.DBusConnection.new_for_address_sync(bus_address(), flags)
+        bus.signal_subscribe(None, "com.tavix.DistributedNotifications", "Notification",
+                             "/com/tavix/DistributedNotifications", identity(root), Gio.DBusSignalFlags.NONE, heard)
+        # An answer from the bus: by now it has taken the subscription, too.
+        bus.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "GetId", None, None,
+                      Gio.DBusCallFlags.NONE, -1)
+    except (GLib.Error, OSError) as error:
+        sys.exit(f"listen.py: {error}")
+    print("ready", flush=True)
+    loop = GLib.MainLoop()
+    bus.connect("closed", lambda *_: loop.quit())
+    loop.run()
+    sys.exit("listen.py: the bus has gone")
+
+
+if __name__ == "__main__":
+    main()
