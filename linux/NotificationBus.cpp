@@ -19,10 +19,11 @@ constexpr auto longestBackOff = 4000ms;
 /// Posts while there is no bus look for one themselves, but not each of a burst.
 constexpr auto pauseAfterFailure = 20ms;
 constexpr auto pauseWhileOtherStarts = 5ms;
-constexpr auto handshakeTime = 500ms;
-constexpr auto subscriptionTime = 1000ms;
+/// Generous, for a busy machine: only a bus that accepts and then does nothing takes as long.
+constexpr auto handshakeTime = 2000ms;
+constexpr auto subscriptionTime = 3000ms;
 constexpr auto subscriptionRetryTime = 1000ms;
-constexpr auto socketTime = 500ms;
+constexpr auto socketTime = 2000ms;
 constexpr auto longestSocketTime = 5000ms;
 /// What is kept for a bus that is away, and what for one that does not read.
 constexpr std::size_t mostPending = 256;

@@ -15,8 +15,8 @@
 namespace platform {
 
 /// Carries notifications to and from the other processes of this user, whatever becomes of the bus: looks for
-/// it, connects, subscribes, and begins again after a loss. Main thread only. Every wait is bounded: half a
-/// second for a bus that does nothing, a whole one for a subscription.
+/// it, connects, subscribes, and begins again after a loss. Main thread only. Every wait is bounded: two
+/// seconds for a bus that accepts and does nothing, three for a subscription; none where nobody listens.
 class NotificationBus : public LoopSource {
 public:
     struct Events {

@@ -21,6 +21,9 @@ namespace {
 
 using namespace std::chrono_literals;
 
+/// Until the daemon listens, on a machine that has much else to do; one that cannot start says so at once.
+constexpr auto startTime = 3000ms;
+
 /// Only this user comes in; beyond that a session bus's rules, and its limits.
 constexpr std::string_view configuration =
     R"(<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
@@ -94,7 +97,7 @@ OwnBus::Start OwnBus::start() const {
     // The daemon goes into the background once it listens.
     if (!writeConfiguration() || !runDaemon({"dbus-daemon", "--config-file=" + configurationPath(), "--fork",
                                              "--nopidfile", "--nosyslog"},
-                                            500ms))
+                                            startTime))
         return Start::Failed;
     return Start::Running;
 }

@@ -20,7 +20,7 @@ public:
     /// not to be trusted.
     bool folderIsPrivate() const;
 
-    /// Starts the daemon where nobody listens. Bounded: at most half a second.
+    /// Starts the daemon where nobody listens. Bounded: at most three seconds.
     Start start() const;
 
 private:
