@@ -1,6 +1,5 @@
 #include "platform/foundation/DynamicLibrary.h"
 
-#include "linux/ModuleTrust.h"
 #include "platform/foundation/DeviceRoot.h"
 #include "platform/foundation/FileSystem.h"
 #include "platform/foundation/Module.h"
@@ -56,7 +55,7 @@ void* openModule(const std::string& path, int mode, std::string& reason) {
         reason = path + ": " + error.message();
         return nullptr;
     }
-    reason = reasonToDistrust(file);
+    reason = reasonToDistrust(path);
     if (!reason.empty())
         return nullptr;
     const std::lock_guard lock(openModules().guard);
@@ -101,6 +100,12 @@ std::string moduleHolding(const void* address) {
 
 void* dlopen(std::string_view devicePath, int mode) {
     return openModule(pathOnDevice(devicePath), mode, lastReason());
+}
+
+std::string reasonToDistrustModule(std::string_view devicePath) {
+    const std::string path = pathOnDevice(devicePath);
+    FileStatus status;
+    return realFileSystem().status(path, Links::Follow, status) ? "" : reasonToDistrust(path);
 }
 
 void dlclose(void* handle) {

@@ -1,14 +1,11 @@
-#include "linux/ModuleTrust.h"
-
+#include "linux/TrustedUsers.h"
 #include "platform/foundation/FileSystem.h"
+#include "platform/foundation/Module.h"
 #include "platform/foundation/RealFileSystem.h"
 
-#include <cerrno>
-#include <grp.h>
-#include <pwd.h>
-#include <string_view>
-#include <unistd.h>
-#include <vector>
+#include <algorithm>
+#include <filesystem>
+#include <utility>
 
 namespace platform {
 
@@ -16,50 +13,102 @@ namespace {
 
 constexpr unsigned writableByGroup = 0020;
 constexpr unsigned writableByAll = 0002;
+constexpr unsigned sticky = 01000;
 
-/// Many systems give each user a group of the same name and let everybody create files it may write. Those
-/// are the user's own all the same.
-bool isGroupOfUserAlone(gid_t id) {
-    std::vector<char> room(1024);
-    passwd userEntry = {};
-    passwd* user = nullptr;
-    while (::getpwuid_r(::geteuid(), &userEntry, room.data(), room.size(), &user) == ERANGE)
-        room.resize(room.size() * 2);
-    if (!user || user->pw_gid != id)
-        return false;
-    const std::string name = user->pw_name;
-    group groupEntry = {};
-    group* found = nullptr;
-    while (::getgrgid_r(id, &groupEntry, room.data(), room.size(), &found) == ERANGE)
-        room.resize(room.size() * 2);
-    if (!found || name != found->gr_name)
-        return false;
-    for (char** member = found->gr_mem; *member; ++member)
-        if (name != *member)
-            return false;
-    return true;
+enum class Place { File, FolderOfFile, FolderAbove };
+
+bool isAbove(const std::string& folder, const std::string& path) {
+    const std::string start = folder == "/" ? folder : folder + '/';
+    return path.size() > start.size() && path.starts_with(start);
 }
 
-std::string reasonToDistrust(const std::string& path, FileKind kind) {
-    FileStatus status;
-    if (std::error_code error = realFileSystem().status(path, Links::Follow, status))
-        return path + ": " + error.message();
-    if (status.kind != kind)
-        return path + ": " + (kind == FileKind::Regular ? "not a file" : "not a folder");
-    if (status.owner != 0 && status.owner != ::geteuid())
-        return path + " belongs to another user";
-    if (status.mode & writableByAll)
-        return path + " can be changed by every user";
-    if ((status.mode & writableByGroup) && !isGroupOfUserAlone(status.group))
-        return path + " can be changed by a group of users";
-    return "";
-}
+/// Goes down a path through the links in it, and judges everything on its way.
+class Walk {
+public:
+    explicit Walk(std::string path) : rest_(std::move(path)) {}
+
+    /// Why not to trust what the path leads to; empty when there is no reason.
+    std::string toTheEnd() {
+        std::string reason;
+        while (reason.empty() && !rest_.empty()) {
+            const std::string name = nextName();
+            if (name == "..")
+                here_ = folderOf(here_);
+            else if (!name.empty() && name != ".")
+                reason = step(here_ == "/" ? here_ + name : here_ + '/' + name);
+        }
+        if (reason.empty())
+            reason = judge(here_, Place::File);
+        return reason.empty() ? judge(folderOf(here_), Place::FolderOfFile) : reason;
+    }
+
+private:
+    std::string nextName() {
+        const std::size_t end = std::min(rest_.find('/'), rest_.size());
+        std::string name = rest_.substr(0, end);
+        rest_.erase(0, end + 1);
+        return name;
+    }
+
+    std::string step(const std::string& path) {
+        FileStatus status;
+        if (std::error_code error = realFileSystem().status(path, Links::Keep, status))
+            return path + ": " + error.message();
+        if (status.kind == FileKind::Link)
+            return follow(path, status);
+        here_ = path;
+        return rest_.empty() ? "" : judge(path, Place::FolderAbove);
+    }
+
+    std::string follow(const std::string& link, const FileStatus& status) {
+        if (++links_ > longestLinkChain)
+            return link + ": too many symbolic links";
+        if (!users_.include(status.owner))
+            return link + " is a symbolic link of another user";
+        std::error_code error;
+        const std::string text = std::filesystem::read_symlink(link, error).string();
+        if (error)
+            return link + ": " + error.message();
+        if (text.starts_with('/'))
+            here_ = "/";
+        rest_ = rest_.empty() ? text : text + '/' + rest_;
+        return "";
+    }
+
+    std::string judge(const std::string& path, Place place) const {
+        // Who can change what lies above this library can change the library.
+        if (place != Place::File && isAbove(path, library_))
+            return "";
+        FileStatus status;
+        if (std::error_code error = realFileSystem().status(path, Links::Keep, status))
+            return path + ": " + error.message();
+        if (status.kind != (place == Place::File ? FileKind::Regular : FileKind::Folder))
+            return path + ": " + (place == Place::File ? "not a file" : "not a folder");
+        if (!users_.include(status.owner))
+            return path + " belongs to another user";
+        // In a sticky folder nobody can put something in the place of what belongs to another; but a module
+        // is not laid among everybody's files.
+        if (place == Place::FolderAbove && (status.mode & sticky))
+            return "";
+        if (status.mode & writableByAll)
+            return path + " can be changed by every user";
+        if ((status.mode & writableByGroup) && !users_.haveGroupAlone(path, status.group))
+            return path + " can be changed by a group of users";
+        return "";
+    }
+
+    const TrustedUsers users_;
+    const std::string library_ = moduleHolding(&writableByAll);
+    /// Where the walk stands, a path without links, and what of the path is still ahead.
+    std::string here_ = "/";
+    std::string rest_;
+    int links_ = 0;
+};
 
 } // namespace
 
 std::string reasonToDistrust(const std::string& path) {
-    const std::string reason = reasonToDistrust(path, FileKind::Regular);
-    return reason.empty() ? reasonToDistrust(folderOf(path), FileKind::Folder) : reason;
+    return Walk(path).toTheEnd();
 }
 
 } // namespace platform

@@ -56,13 +56,16 @@ BundleList::BundleList() {
 }
 
 void BundleList::add(const std::string& folderName) {
-    const auto leaveOut = [&](const char* why) {
+    const auto leaveOut = [&](const std::string& why) {
         leftOut_.push_back("\u201c" + folderName + "\u201d was left out: " + why + ".");
     };
     const auto bundle =
         platform::NSBundle::bundleWithPath(std::string(preferenceBundlesPath) + '/' + folderName);
     if (!bundle)
         leaveOut("it has no Info.plist that can be read");
+    else if (const std::string reason = bundle->reasonToDistrust(); !reason.empty())
+        // Not even its name is shown: it could be another's.
+        leaveOut(reason);
     else if (text(*bundle, "CFBundleExecutable").empty())
         leaveOut("its Info.plist names no module");
     else if (text(*bundle, "NSPrincipalClass").empty())

@@ -22,7 +22,7 @@ struct BundleEntry {
 inline constexpr const char* preferenceBundlesPath = "/Library/PreferenceBundles";
 
 /// The settings bundles of the device root as they are on disk now: each folder "NAME.bundle" with an
-/// Info.plist that names a module and a principal class.
+/// Info.plist that names a module and a principal class, and that nobody else could have changed.
 class BundleList {
 public:
     /// Reads the folder; loads nothing. Never throws.

@@ -1,6 +1,7 @@
 #include "shell/Provision.h"
 
 #include "platform/foundation/DeviceRoot.h"
+#include "platform/foundation/DynamicLibrary.h"
 #include "platform/foundation/FileSystem.h"
 #include "platform/services/ALApplicationList.h"
 #include "settings/Constants.h"
@@ -32,8 +33,12 @@ constexpr const char* appListModule = "AppList.dylib";
 } // namespace
 
 Provision::Provision(const std::function<void()>& furnish) {
-    if (platform::deviceRoot() == "/")
-        return;
+    if (platform::deviceRoot() != "/")
+        makeWhatIsMissing(furnish);
+    lookAtAppList();
+}
+
+void Provision::makeWhatIsMissing(const std::function<void()>& furnish) {
     makeFolders();
     const std::string installed = installedFolder();
     if (installed.empty()) {
@@ -98,6 +103,12 @@ void Provision::firstStart() {
     const fs::path document = platform::pathOnDevice(documentPath(BundleIdentifier));
     if (fs::symlink_status(document, error).type() == fs::file_type::not_found)
         InitSettings();
+}
+
+void Provision::lookAtAppList() {
+    const std::string reason = platform::reasonToDistrustModule(platform::appListLibraryPath);
+    if (!reason.empty())
+        problems_.push_back("The list of applications stays empty: " + reason + ".");
 }
 
 } // namespace wardlock::shell

@@ -15,18 +15,21 @@ inline constexpr const char* settingsBundleName = "WardlockSettings.bundle";
 /// machine's own root ("/") nothing is made: there all this is the package's and the device's business.
 class Provision {
 public:
-    /// Links that cannot be made and folders that cannot be created are told in problems(). `furnish` is run
-    /// when the folders stand and before the first start: it may add applications.
+    /// Links that cannot be made, folders that cannot be created and an application-list module that others
+    /// can change, which the picker then does without, are told in problems(). `furnish` is run when the
+    /// folders stand and before the first start: it may add applications.
     explicit Provision(const std::function<void()>& furnish = {});
 
     /// One sentence each, for the person; empty when the root is complete.
     const std::vector<std::string>& problems() const { return problems_; }
 
 private:
+    void makeWhatIsMissing(const std::function<void()>& furnish);
     void makeFolders();
     void makeFolder(const std::string& path);
     void link(const std::string& devicePath, const std::string& target);
     void firstStart();
+    void lookAtAppList();
 
     std::vector<std::string> problems_;
 };

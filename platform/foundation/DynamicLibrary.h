@@ -15,6 +15,9 @@ inline constexpr int RTLD_Lazy = 1;
 WARDLOCK_API void* dlopen(std::string_view devicePath, int mode);
 /// Gives the handle back; the last one withdraws the module's classes. Null is accepted and does nothing.
 WARDLOCK_API void dlclose(void* handle);
+/// Why dlopen does not even look into the file at a device path: somebody else could have changed it, or a
+/// folder on the way to it. Empty when nobody could, and when there is no file.
+WARDLOCK_API std::string reasonToDistrustModule(std::string_view devicePath);
 /// Why the last dlopen of this thread failed, in one line; empty when it did not.
 WARDLOCK_API std::string dlerror();
 

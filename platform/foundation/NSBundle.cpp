@@ -38,14 +38,16 @@ bool staysInside(std::string_view name) {
 
 } // namespace
 
-NSBundle::NSBundle(std::string path, Dictionary info) : path_(std::move(path)), info_(std::move(info)) {}
+NSBundle::NSBundle(std::string way, std::string path, Dictionary info)
+    : way_(std::move(way)), path_(std::move(path)), info_(std::move(info)) {}
 
 std::shared_ptr<NSBundle> NSBundle::bundleWithPath(std::string_view devicePath) {
+    const std::string way = pathOnDevice(devicePath);
     std::string folder;
-    if (FileSystem::current().resolve(pathOnDevice(devicePath), folder))
+    if (FileSystem::current().resolve(way, folder))
         return nullptr;
     std::optional<Dictionary> info = infoIn(folder);
-    return info ? std::shared_ptr<NSBundle>(new NSBundle(folder, *info)) : nullptr;
+    return info ? std::shared_ptr<NSBundle>(new NSBundle(way, folder, *info)) : nullptr;
 }
 
 std::shared_ptr<NSBundle> NSBundle::bundleForObject(const Object& object) {
@@ -57,10 +59,10 @@ std::shared_ptr<NSBundle> NSBundle::bundleForClass(const std::type_info& type) {
     std::string folder = own;
     for (int looked = 0; looked < foldersLookedAt; ++looked) {
         if (const std::optional<Dictionary> info = infoIn(folder))
-            return std::shared_ptr<NSBundle>(new NSBundle(folder, *info));
+            return std::shared_ptr<NSBundle>(new NSBundle(folder, folder, *info));
         folder = folderOf(folder);
     }
-    return std::shared_ptr<NSBundle>(new NSBundle(own, Dictionary()));
+    return std::shared_ptr<NSBundle>(new NSBundle(own, own, Dictionary()));
 }
 
 std::string NSBundle::bundleIdentifier() const {
@@ -79,7 +81,13 @@ std::optional<std::string> NSBundle::pathForResource(std::string_view name, std:
     return found && status.kind == FileKind::Regular ? std::optional(std::move(path)) : std::nullopt;
 }
 
+std::string NSBundle::reasonToDistrust() const {
+    return platform::reasonToDistrust(way_ + infoFile);
+}
+
 const Class* NSBundle::principalClass(std::string& reason) {
+    if (reason = reasonToDistrust(); !reason.empty())
+        return nullptr;
     const std::string executable = stringIn(info_, "CFBundleExecutable");
     const std::string name = stringIn(info_, "NSPrincipalClass");
     if (executable.empty() || !staysInside(executable)) {
@@ -92,7 +100,7 @@ const Class* NSBundle::principalClass(std::string& reason) {
     }
     // One handle for each bundle object, and never given back: a bundle stays loaded.
     if (!module_)
-        module_ = openModule(path_ + '/' + executable, RTLD_Lazy, reason);
+        module_ = openModule(way_ + '/' + executable, RTLD_Lazy, reason);
     if (!module_)
         return nullptr;
     const Class* const found = classInTable(classesOfModule(module_), name);

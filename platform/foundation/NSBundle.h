@@ -33,13 +33,18 @@ public:
     /// file. A name that leads out of the bundle names none.
     std::optional<std::string> pathForResource(std::string_view name, std::string_view type) const;
 
+    /// Why nothing of the bundle is to be used: somebody else could have changed what its Info.plist says.
+    /// Empty when nobody could.
+    std::string reasonToDistrust() const;
     /// Opens the module ("CFBundleExecutable") and answers its class named by "NSPrincipalClass"; null when
     /// either fails, with the reason in `reason`. A loaded bundle is never unloaded.
     const Class* principalClass(std::string& reason);
 
 private:
-    NSBundle(std::string path, Dictionary info);
+    NSBundle(std::string way, std::string path, Dictionary info);
 
+    /// The path it was found by, links included: whoever can change a folder on it chooses the bundle.
+    std::string way_;
     std::string path_;
     Dictionary info_;
     void* module_ = nullptr;
