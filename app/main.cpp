@@ -1,8 +1,8 @@
+#include "app/Graphics.h"
 #include "app/Options.h"
 #include "app/Screenshots.h"
 #include "app/WindowClock.h"
 #include "app/WindowHost.h"
-#include "platform/services/Superuser.h"
 #include "shell/LastRites.h"
 #include "shell/Provision.h"
 
@@ -47,15 +47,7 @@ int main(int argc, char** argv) {
         return std::puts("wardlock-settings " WARDLOCK_VERSION) < 0;
     if (!options.deviceRoot.empty())
         qputenv("WARDLOCK_DEVICE_ROOT", options.deviceRoot.c_str());
-    if (!options.screenshots.empty()) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-        qputenv("QT_QUICK_BACKEND", "software");
-    }
-    // The web engine would end the process: there is no sandbox for the superuser.
-    if (platform::isSuperuser())
-        qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
-    // A web engine that is loaded later shares its pictures with the window.
-    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    app::chooseGraphics(options.screenshots.empty() ? app::DrawnOn::Display : app::DrawnOn::Memory);
     QGuiApplication application(argc, argv);
     QGuiApplication::setApplicationName(QStringLiteral("Settings"));
     QGuiApplication::setDesktopFileName(QStringLiteral("wardlock-settings"));
