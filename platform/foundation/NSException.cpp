@@ -3,7 +3,6 @@
 #include "platform/foundation/CallStack.h"
 
 #include <atomic>
-#include <chrono>
 #include <cstdint>
 #include <cstdlib>
 #include <mutex>
@@ -60,9 +59,10 @@ void attempt(void (*step)()) {
         if (const auto last = lastRites.exchange(nullptr))
             attempt(last);
     } else if (nobody != std::this_thread::get_id()) {
-        // Another thread is ending the process and may be in the middle of its report.
-        for (;;)
-            std::this_thread::sleep_for(std::chrono::hours(1));
+        // Another thread is ending the process and may be in the middle of its report: this one waits for an
+        // end that it does not see.
+        static std::atomic_flag never;
+        never.wait(false);
     }
     if (const auto end = defaultEnd.load())
         end();
