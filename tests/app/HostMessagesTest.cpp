@@ -1,3 +1,4 @@
+#include "shell/LastRites.h"
 #include "tests/app/WindowFixture.h"
 #include "tests/support/Process.h"
 
@@ -41,6 +42,7 @@ TEST_F(WindowHostMessages, ReportAPageThatThrowsBeforeTheProcessEnds) {
     // The report is the uncaught-exception handler's, which the bundle of this build installs.
     EXPECT_EXIT(
         {
+            shell::installLastRites(nullptr);
             installFixtureBundle();
             open();
             scene().tap("row:Wardlock");
@@ -53,6 +55,7 @@ TEST_F(WindowHostMessages, ReportAPageThatThrowsBeforeTheProcessEnds) {
             std::_Exit(0);
         },
         ::testing::KilledBySignal(SIGABRT), "");
+    EXPECT_NE(readFile(logPath).find("the fixture fails when asked to"), std::string::npos);
 }
 
 } // namespace wardlock::test

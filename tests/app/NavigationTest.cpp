@@ -20,6 +20,23 @@ protected:
     }
 };
 
+TEST_F(WindowNavigation, ShowsShortTitlesWhole) {
+    const auto isWhole = [this](const char* title) {
+        return scene().text("title") == title && !scene().item("title")->property("truncated").toBool();
+    };
+    openAccount();
+    scene().tap("row:Apps");
+    EXPECT_TRUE(until([&] { return isWhole("Apps"); }));
+    scene().tap("back");
+    scene().tap("back");
+    EXPECT_TRUE(until([&] { return isWhole("Wardlock"); }));
+    scene().tap("row:Change Log");
+    EXPECT_TRUE(until([&] { return isWhole("Change Log"); }));
+    scene().tap("back");
+    scene().tap("back");
+    EXPECT_TRUE(until([&] { return isWhole("Settings"); }));
+}
+
 TEST_F(WindowNavigation, SlidesAPageInAndTheOneBelowAside) {
     openSlowly();
     EXPECT_GT(wardlockPage()->x(), 0);

@@ -19,6 +19,14 @@ protected:
         setAccounts({"Anna"});
         setInAccount(0, kAppsRestricted, platform::Array{"org.zebra"});
     }
+    /// One account that restricts as many applications.
+    void restrictMany(int count) {
+        setAccounts({"Anna"});
+        platform::MutableArray many;
+        for (int i = 0; i < count; ++i)
+            many.append("org.app" + std::to_string(i));
+        setInAccount(0, kAppsRestricted, many.copy());
+    }
     std::vector<std::string> restricted() const {
         std::vector<std::string> all;
         const platform::Value list = account(0, kAppsRestricted);
@@ -68,7 +76,6 @@ TEST_F(WindowPicker, KeepsItsRowsWhenAnotherProcessChangesThem) {
     openPicker();
     setInAccount(0, kAppsRestricted, platform::Array{"org.apple"});
     announce();
-    scene().settle();
     EXPECT_EQ(scene().namesWith("cell:"), (std::vector<std::string>{"org.zebra", "org.apple", "org.berry"}));
 }
 
@@ -97,11 +104,7 @@ TEST_F(WindowPicker, ShowsAnEmptySectionWithoutApplications) {
 }
 
 TEST_F(WindowPicker, BuildsOnlyTheRowsInSight) {
-    setAccounts({"Anna"});
-    platform::MutableArray many;
-    for (int i = 0; i < 2000; ++i)
-        many.append("org.app" + std::to_string(i));
-    setInAccount(0, kAppsRestricted, many.copy());
+    restrictMany(2000);
     openPicker();
     auto* list = scene().item("list");
     EXPECT_EQ(list->property("count").toInt(), 2000);
@@ -110,11 +113,7 @@ TEST_F(WindowPicker, BuildsOnlyTheRowsInSight) {
 }
 
 TEST_F(WindowPicker, ShowsAScrolledSwitchAsItIsSaved) {
-    setAccounts({"Anna"});
-    platform::MutableArray many;
-    for (int i = 0; i < 200; ++i)
-        many.append("org.app" + std::to_string(i));
-    setInAccount(0, kAppsRestricted, many.copy());
+    restrictMany(200);
     openPicker();
     const QString first = QString::fromStdString(scene().namesWith("switch:").front());
     scene().tap("switch:" + first);
