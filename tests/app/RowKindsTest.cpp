@@ -1,4 +1,5 @@
 #include "tests/app/WindowFixture.h"
+#include "tests/support/FixtureValues.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,6 @@
 #include "tests/app/WindowFixture.h"
 
+#include "platform/foundation/CFNotificationCenter.h"
 #include "platform/foundation/PropertyListFile.h"
 #include "platform/services/SystemMailService.h"
 #include "platform/ui/UIApplication.h"
@@ -70,17 +71,6 @@ void WindowFixture::openFixtureBundle() {
     scene().item("row:Flavour");
 }
 
-void WindowFixture::installFixtureBundle() const {
-    makeFolder("/Library/PreferenceBundles");
-    fs::create_directory_symlink(fs::path(buildFolder()) / "lib/test-modules/Fixture.bundle",
-                                 onDisk("/Library/PreferenceBundles/Fixture.bundle"));
-}
-
-Dictionary WindowFixture::fixtureValues() const {
-    return platform::dictionaryWithContentsOfFile("/var/mobile/Library/Preferences/test.fixture.plist")
-        .value_or(Dictionary());
-}
-
 void WindowFixture::installApplication(const std::string& identifier, const std::string& name) const {
     writeFile("/Applications/" + identifier + ".app/Info.plist",
               "<plist version=\"1.0\"><dict><key>CFBundleIdentifier</key><string>" + identifier +
@@ -143,7 +133,20 @@ std::unique_ptr<Process> WindowFixture::listen(int count) const {
 }
 
 void WindowFixture::announce() {
+    using namespace platform;
+    static int heard = 0;
+    // The centre keeps its observers, each once, and tells them in the order they came in: this one after the
+    // window.
+    CFNotificationCenterAddObserver(
+        CFNotificationCenterGetDistributedCenter(), &heard,
+        [](CFNotificationCenter&, void*, std::string_view, const std::string*, const Dictionary*) {
+            ++heard;
+        },
+        "com.tavix.wardlock/update", nullptr, CFNotificationSuspensionBehavior::DeliverImmediately);
+    const int before = heard;
     post({"com.tavix.wardlock/update"});
+    EXPECT_TRUE(until([&] { return heard > before; }));
+    scene().settle();
 }
 
 } // namespace wardlock::test

@@ -19,8 +19,6 @@ namespace wardlock::test {
 /// written down.
 class WindowFixture : public BusFixture {
 protected:
-    static constexpr const char* documentPath = "/var/mobile/Library/Preferences/com.tavix.wardlock.plist";
-
     WindowFixture();
     ~WindowFixture() override;
 
@@ -36,8 +34,6 @@ protected:
     QQuickWindow& window() { return *host_->window(); }
     Scene scene() { return Scene(*host_->window()); }
 
-    void installFixtureBundle() const;
-    platform::Dictionary fixtureValues() const;
     void installApplication(const std::string& identifier, const std::string& name) const;
     /// The device's document before the window opens.
     void setAccounts(std::initializer_list<std::string_view> names) const;
@@ -48,7 +44,7 @@ protected:
     void setInAccount(std::size_t index, std::string_view key, platform::Value value) const;
     /// Another process that hears the announcements; its readLine() tells "key = object; ...".
     std::unique_ptr<Process> listen(int count = 1) const;
-    /// What another process does after it has changed the document.
+    /// What another process does after it has changed the document; until the window has heard it.
     void announce();
 
     shell::ManualClock clock;

@@ -74,12 +74,6 @@ protected:
             accounts += "<dict><key>kAccountName</key><string>" + name + "</string></dict>";
         return xml("<dict><key>kAccounts</key><array>" + accounts + "</array></dict>");
     }
-    void installFixtureBundle() const {
-        makeFolder("/Library/PreferenceBundles");
-        std::filesystem::create_directory_symlink(std::filesystem::path(buildFolder()) /
-                                                      "lib/test-modules/Fixture.bundle",
-                                                  onDisk("/Library/PreferenceBundles/Fixture.bundle"));
-    }
     /// The row of the key on the page of the picture.
     static Json rowOfKey(const Json& picture, std::string_view key) {
         for (const auto& section : picture["page"]["sections"])

@@ -20,12 +20,6 @@ protected:
         environment.unset("WAYLAND_DISPLAY");
     }
     static std::vector<std::string> words() { return {"settings"}; }
-    void installFixtureBundle() const {
-        makeFolder("/Library/PreferenceBundles");
-        std::filesystem::create_directory_symlink(std::filesystem::path(buildFolder()) /
-                                                      "lib/test-modules/Fixture.bundle",
-                                                  onDisk("/Library/PreferenceBundles/Fixture.bundle"));
-    }
     static std::string rule(int columns) {
         std::string rule;
         for (int column = 0; column < columns; ++column)

@@ -30,8 +30,7 @@ TEST_F(LocalizedOrder, FollowsTheUsersLanguageWhateverTheProgramsLocale) {
     const std::string target = locales / "en_US.UTF-8";
     const auto made =
         wardlock::test::runProcess("/usr/bin/localedef", {"-f", "UTF-8", "-i", "en_US", target});
-    if (made.exitCode != 0)
-        GTEST_SKIP() << "no locale can be made here: " << made.errors;
+    ASSERT_EQ(made.exitCode, 0) << made.errors;
     environment.set("LOCPATH", locales.path());
     speak("en_US.UTF-8");
     ASSERT_STREQ(std::setlocale(LC_ALL, nullptr), "C");

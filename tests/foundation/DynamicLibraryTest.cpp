@@ -4,6 +4,7 @@
 #include "platform/foundation/NSException.h"
 #include "tests/modules/Greeting.h"
 #include "tests/support/ModuleFixture.h"
+#include "tests/support/OtherUser.h"
 
 #include <filesystem>
 #include <thread>
@@ -167,8 +168,7 @@ TEST_F(DynamicLibrary, IsJudgedByTheFolderItsLinkLeadsTo) {
 }
 
 TEST_F(DynamicLibrary, ThatAForeignGroupCanChangeIsRefused) {
-    if (::geteuid() != 0)
-        GTEST_SKIP() << "only the superuser may give files away";
+    SKIP_WITHOUT_OTHER_USER();
     putModule("greeter", library);
     ASSERT_EQ(::chown(onDisk(library).c_str(), 0, 65534), 0);
     setMode(library, 0770);
@@ -186,8 +186,7 @@ TEST_F(DynamicLibrary, ThatTheUsersOwnGroupCanChangeIsOpened) {
 }
 
 TEST_F(DynamicLibrary, ThatBelongsToAnotherUserIsRefused) {
-    if (::geteuid() != 0)
-        GTEST_SKIP() << "only the superuser may give files away";
+    SKIP_WITHOUT_OTHER_USER();
     putModule("greeter", library);
     ASSERT_EQ(::chown(onDisk(library).c_str(), 65534, 65534), 0);
     expectRefused(library, "belongs to another user");

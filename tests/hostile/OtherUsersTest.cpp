@@ -53,8 +53,8 @@ TEST_F(OtherUsers, CannotReadANewDocument) {
     SKIP_WITHOUT_OTHER_USER();
     letOthersIn();
     SettingsNew();
-    EXPECT_EQ(modeOf(onDisk(documentFile)), 0600u);
-    EXPECT_EQ(OtherUser::reads(onDisk(documentFile)), EACCES);
+    EXPECT_EQ(modeOf(onDisk(documentPath)), 0600u);
+    EXPECT_EQ(OtherUser::reads(onDisk(documentPath)), EACCES);
 }
 
 TEST_F(OtherUsers, CannotReadTheDocumentAfterAChange) {
@@ -62,7 +62,7 @@ TEST_F(OtherUsers, CannotReadTheDocumentAfterAChange) {
     letOthersIn();
     SettingsNew();
     ASSERT_TRUE(updateDocument(BundleIdentifier, setPasscode).written);
-    EXPECT_EQ(OtherUser::reads(onDisk(documentFile)), EACCES);
+    EXPECT_EQ(OtherUser::reads(onDisk(documentPath)), EACCES);
 }
 
 TEST_F(OtherUsers, CannotReadTheTemporaryThatBecomesTheDocument) {
@@ -81,7 +81,7 @@ TEST_F(OtherUsers, CannotReadTheTemporaryThatBecomesTheDocument) {
         };
         SettingsNew();
         // A mode that is set, or the call in question would not be made.
-        fs::permissions(onDisk(documentFile), static_cast<fs::perms>(0400));
+        fs::permissions(onDisk(documentPath), static_cast<fs::perms>(0400));
         files.before(call, everyTemporary);
         EXPECT_TRUE(updateDocument(BundleIdentifier, setPasscode).written);
         EXPECT_EQ(tried, 1) << call;
@@ -92,11 +92,11 @@ TEST_F(OtherUsers, CannotReadTheTemporaryThatBecomesTheDocument) {
 TEST_F(OtherUsers, CannotReadTheKeptCopyOfADamagedDocument) {
     SKIP_WITHOUT_OTHER_USER();
     letOthersIn();
-    writeFile(documentFile, "<string>1234</string> and no more");
-    fs::permissions(onDisk(documentFile), static_cast<fs::perms>(0600));
+    writeFile(documentPath, "<string>1234</string> and no more");
+    fs::permissions(onDisk(documentPath), static_cast<fs::perms>(0600));
     ASSERT_TRUE(updateDocument(BundleIdentifier, setPasscode).written);
-    EXPECT_EQ(contents(onDisk(documentFile) + ".damaged"), "<string>1234</string> and no more");
-    EXPECT_EQ(OtherUser::reads(onDisk(documentFile) + ".damaged"), EACCES);
+    EXPECT_EQ(contents(onDisk(documentPath) + ".damaged"), "<string>1234</string> and no more");
+    EXPECT_EQ(OtherUser::reads(onDisk(documentPath) + ".damaged"), EACCES);
 }
 
 TEST_F(OtherUsers, CannotReadTheLog) {
@@ -104,8 +104,8 @@ TEST_F(OtherUsers, CannotReadTheLog) {
     letOthersIn();
     jLog("the page was opened");
     platform::NSOperationQueue::mainQueue().drain();
-    EXPECT_EQ(readFile(logFile), "\nthe page was opened");
-    EXPECT_EQ(OtherUser::reads(onDisk(logFile)), EACCES);
+    EXPECT_EQ(readFile(logPath), "\nthe page was opened");
+    EXPECT_EQ(OtherUser::reads(onDisk(logPath)), EACCES);
 }
 
 TEST_F(OtherUsers, CannotEnterTheFoldersOfANewDevice) {
@@ -114,7 +114,7 @@ TEST_F(OtherUsers, CannotEnterTheFoldersOfANewDevice) {
     const std::string above = folder() / "some/where";
     environment.set("WARDLOCK_DEVICE_ROOT", above + "/device");
     const shell::Provision provision(shell::furnishDemonstration);
-    ASSERT_TRUE(fs::exists(above + "/device" + std::string(documentFile)));
+    ASSERT_TRUE(fs::exists(above + "/device" + std::string(documentPath)));
     EXPECT_EQ(modeOf(above), 0700u);
     for (const auto& entry : fs::recursive_directory_iterator(above))
         EXPECT_TRUE(entry.is_symlink() || (modeOf(entry.path()) & 0022) == 0) << entry.path();

@@ -50,7 +50,7 @@ protected:
 
 TEST_F(PlantedLinks, AtTheDocumentDoNotDirectItsWriting) {
     SKIP_WITHOUT_OTHER_USER();
-    plant(secret(), documentFile);
+    plant(secret(), documentPath);
     EXPECT_FALSE(writesDocument());
     EXPECT_EQ(contents(secret()), "secret");
     EXPECT_EQ(entriesOf(documentFolder), 1) << "neither a temporary nor a second name of the secret is left";
@@ -58,7 +58,7 @@ TEST_F(PlantedLinks, AtTheDocumentDoNotDirectItsWriting) {
 
 TEST_F(PlantedLinks, AtTheDocumentThatLeadNowhereMakeNoFileThere) {
     SKIP_WITHOUT_OTHER_USER();
-    plant(folder() / "made", documentFile);
+    plant(folder() / "made", documentPath);
     EXPECT_FALSE(writesDocument());
     EXPECT_FALSE(fs::exists(folder() / "made"));
 }
@@ -66,7 +66,7 @@ TEST_F(PlantedLinks, AtTheDocumentThatLeadNowhereMakeNoFileThere) {
 TEST_F(PlantedLinks, AtTheDocumentDoNotDirectItsReading) {
     SKIP_WITHOUT_OTHER_USER();
     writeFile("/other.plist", aDocument);
-    plant(onDisk("/other.plist"), documentFile);
+    plant(onDisk("/other.plist"), documentPath);
     EXPECT_FALSE(document(BundleIdentifier));
 }
 
@@ -75,7 +75,7 @@ TEST_F(PlantedLinks, BehindALinkOfOursAreNotFollowedEither) {
     writeFile("/other.plist", aDocument);
     makeFolder("/shared");
     plant(onDisk("/other.plist"), "/shared/link");
-    fs::create_symlink(onDisk("/shared/link"), onDisk(documentFile));
+    fs::create_symlink(onDisk("/shared/link"), onDisk(documentPath));
     EXPECT_FALSE(document(BundleIdentifier));
     EXPECT_FALSE(writesDocument());
     EXPECT_EQ(readFile("/other.plist"), aDocument);
@@ -83,18 +83,18 @@ TEST_F(PlantedLinks, BehindALinkOfOursAreNotFollowedEither) {
 
 TEST_F(PlantedLinks, AreRefusedForAReasonThatSaysSo) {
     SKIP_WITHOUT_OTHER_USER();
-    plant(secret(), documentFile);
-    const auto error = platform::AtomicWriter().write(onDisk(documentFile), "x", platform::Sync::None);
+    plant(secret(), documentPath);
+    const auto error = platform::AtomicWriter().write(onDisk(documentPath), "x", platform::Sync::None);
     EXPECT_EQ(error, std::errc::permission_denied);
     EXPECT_EQ(error.message(), "The symbolic link belongs to another user");
 }
 
 TEST_F(PlantedLinks, OfOursAtTheDocumentAreFollowedAndKept) {
     writeFile("/elsewhere/real.plist", aDocument);
-    fs::create_symlink("../../../../elsewhere/real.plist", onDisk(documentFile));
+    fs::create_symlink("../../../../elsewhere/real.plist", onDisk(documentPath));
     ASSERT_TRUE(document(BundleIdentifier));
     EXPECT_TRUE(writesDocument());
-    EXPECT_TRUE(fs::is_symlink(onDisk(documentFile)));
+    EXPECT_TRUE(fs::is_symlink(onDisk(documentPath)));
     EXPECT_EQ(document(BundleIdentifier)->find("kPasscode")->string(), "1234");
     EXPECT_NE(readFile("/elsewhere/real.plist"), aDocument);
 }
@@ -105,17 +105,17 @@ TEST_F(PlantedLinks, OfRootAreFollowedByAnOrdinaryUser) {
     writeFile("/elsewhere/real.plist", aDocument);
     fs::permissions(onDisk("/elsewhere"), static_cast<fs::perms>(0755));
     fs::permissions(onDisk("/elsewhere/real.plist"), static_cast<fs::perms>(0644));
-    fs::create_symlink(onDisk("/elsewhere/real.plist"), onDisk(documentFile));
+    fs::create_symlink(onDisk("/elsewhere/real.plist"), onDisk(documentPath));
     EXPECT_EQ(OtherUser::does([] { return document(BundleIdentifier) ? 0 : 1; }), 0);
 }
 
 TEST_F(PlantedLinks, AtTheKeptCopyOfADamagedDocumentLeaveTheirTargetAlone) {
     SKIP_WITHOUT_OTHER_USER();
-    writeFile(documentFile, "damaged");
-    plant(secret(), std::string(documentFile) + ".damaged");
+    writeFile(documentPath, "damaged");
+    plant(secret(), std::string(documentPath) + ".damaged");
     EXPECT_TRUE(writesDocument());
     EXPECT_EQ(contents(secret()), "secret");
-    EXPECT_EQ(readFile(std::string(documentFile) + ".damaged.2"), "damaged");
+    EXPECT_EQ(readFile(std::string(documentPath) + ".damaged.2"), "damaged");
 }
 
 TEST_F(PlantedLinks, WithATemporarysNameLeaveTheirTargetAlone) {
@@ -127,11 +127,11 @@ TEST_F(PlantedLinks, WithATemporarysNameLeaveTheirTargetAlone) {
 
 TEST_F(PlantedLinks, AtTheLogDoNotDirectItsEntries) {
     SKIP_WITHOUT_OTHER_USER();
-    plant(secret(), logFile);
+    plant(secret(), logPath);
     jLog("an entry");
     platform::NSOperationQueue::mainQueue().drain();
     EXPECT_EQ(contents(secret()), "secret");
-    EXPECT_TRUE(fs::is_symlink(onDisk(logFile)));
+    EXPECT_TRUE(fs::is_symlink(onDisk(logPath)));
 }
 
 TEST_F(PlantedLinks, AtAnInfoListMakeNoBundle) {

@@ -1,5 +1,6 @@
 #include "tests/support/BusDaemons.h"
 #include "tests/support/BusFixture.h"
+#include "tests/support/OtherUser.h"
 #include "tests/support/Places.h"
 
 #include <gtest/gtest.h>
@@ -123,8 +124,7 @@ TEST_F(OwnBusTest, IsNotStartedBehindASymbolicLink) {
 }
 
 TEST_F(OwnBusTest, IsNotStartedInARuntimeFolderOfAnother) {
-    if (geteuid() != 0)
-        GTEST_SKIP() << "only root can give a folder away";
+    SKIP_WITHOUT_OTHER_USER();
     const std::string runtime = folder() / "run";
     ASSERT_EQ(chown(runtime.c_str(), 65534, 65534), 0);
     // Without a daemon to start: the one below /tmp is no test's own.

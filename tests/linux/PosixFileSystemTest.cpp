@@ -1,6 +1,7 @@
 #include "linux/PosixFileSystem.h"
 
 #include "platform/foundation/AtomicWriter.h"
+#include "tests/support/OtherUser.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -247,8 +248,7 @@ TEST_F(PosixFileSystem, MakesAnAtomicallyWrittenFilePrivateWhateverTheMask) {
 }
 
 TEST_F(PosixFileSystem, KeepsTheOwnerAcrossAnAtomicWriteOfTheSuperuser) {
-    if (::geteuid() != 0)
-        GTEST_SKIP() << "only the superuser may give files away";
+    SKIP_WITHOUT_OTHER_USER();
     put(path(), "old");
     ASSERT_EQ(::chown(path().c_str(), nobody, nobody), 0);
     ASSERT_EQ(::chmod(path().c_str(), 02640), 0);
@@ -267,8 +267,7 @@ TEST_F(PosixFileSystem, ReportsAFolderAnOrdinaryUserMayNotWrite) {
 }
 
 TEST_F(PosixFileSystem, ReplacesAForeignFileInASharedFolderAsTheUsersOwn) {
-    if (::geteuid() != 0)
-        GTEST_SKIP() << "needs two users";
+    SKIP_WITHOUT_OTHER_USER();
     put(path(), "old");
     ASSERT_EQ(::chmod(path().c_str(), 0664), 0);
     ASSERT_EQ(::chmod(folder.path().c_str(), 0777), 0);

@@ -26,7 +26,7 @@ TEST(DocumentPath, IsFormattedWithTheIdentifier) {
 
 TEST_F(DocumentTest, IsNoneWhereNoFileIsAndIsNotCreated) {
     EXPECT_FALSE(document(BundleIdentifier));
-    EXPECT_FALSE(exists(documentFile));
+    EXPECT_FALSE(exists(documentPath));
 }
 
 TEST_F(DocumentTest, IsWhatIsOnDiskNow) {

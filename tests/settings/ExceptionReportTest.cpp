@@ -21,7 +21,7 @@ protected:
     std::string report(const NSException& exception) {
         TweakExceptionHandler(exception);
         NSOperationQueue::mainQueue().drain();
-        return readFile(logFile);
+        return readFile(logPath);
     }
 };
 
@@ -58,9 +58,9 @@ TEST_F(ExceptionReportTest, KeepsConversionsInWhatItReports) {
 
 TEST_F(ExceptionReportTest, IsQueuedOnly) {
     TweakExceptionHandler(NSException("N", "R"));
-    EXPECT_FALSE(exists(logFile));
+    EXPECT_FALSE(exists(logPath));
     NSOperationQueue::mainQueue().drain();
-    EXPECT_TRUE(exists(logFile));
+    EXPECT_TRUE(exists(logPath));
 }
 
 using ExceptionReportDeathTest = ExceptionReportTest;
@@ -73,7 +73,7 @@ TEST_F(ExceptionReportDeathTest, ReachesTheLogWhereTheQueueRunsBeforeTheEnd) {
             throwThroughNoexceptDoor(+[]() { throw NSException("NSRangeException", "beyond the end"); });
         },
         testing::KilledBySignal(SIGABRT), "");
-    EXPECT_NE(readFile(logFile).find("Name: NSRangeException\nReason: beyond the end\n"), std::string::npos);
+    EXPECT_NE(readFile(logPath).find("Name: NSRangeException\nReason: beyond the end\n"), std::string::npos);
 }
 
 TEST_F(ExceptionReportDeathTest, IsLostWhereNothingRunsTheQueue) {
@@ -83,5 +83,5 @@ TEST_F(ExceptionReportDeathTest, IsLostWhereNothingRunsTheQueue) {
             throwThroughNoexceptDoor(+[]() { throw NSException("NSRangeException", "beyond the end"); });
         },
         testing::KilledBySignal(SIGABRT), "NSRangeException: beyond the end");
-    EXPECT_FALSE(exists(logFile));
+    EXPECT_FALSE(exists(logPath));
 }

@@ -32,21 +32,21 @@ protected:
 TEST_F(LogTest, FirstEntryMakesTheFile) {
     jLog("%@", "a");
     runQueue();
-    EXPECT_EQ(readFile(logFile), "\na");
+    EXPECT_EQ(readFile(logPath), "\na");
 }
 
 TEST_F(LogTest, EntriesFollowEachOtherInCallOrder) {
     jLog("first %d", 1);
     jLog("second %@", "2");
     runQueue();
-    EXPECT_EQ(readFile(logFile), "\nfirst 1\nsecond 2");
+    EXPECT_EQ(readFile(logPath), "\nfirst 1\nsecond 2");
 }
 
 TEST_F(LogTest, WritesNothingBeforeTheMainQueueRuns) {
     jLog("later");
-    EXPECT_FALSE(exists(logFile));
+    EXPECT_FALSE(exists(logPath));
     runQueue();
-    EXPECT_EQ(readFile(logFile), "\nlater");
+    EXPECT_EQ(readFile(logPath), "\nlater");
 }
 
 TEST_F(LogTest, FormatsAtTheTimeOfTheCall) {
@@ -54,44 +54,44 @@ TEST_F(LogTest, FormatsAtTheTimeOfTheCall) {
     jLog("%@", text);
     text = "after!";
     runQueue();
-    EXPECT_EQ(readFile(logFile), "\nbefore");
+    EXPECT_EQ(readFile(logPath), "\nbefore");
 }
 
 TEST_F(LogTest, AppendsToTheLogThatIsThere) {
-    writeFile(logFile, "\nold \xe2\x82\xac");
+    writeFile(logPath, "\nold \xe2\x82\xac");
     jLog("new");
     runQueue();
-    EXPECT_EQ(readFile(logFile), "\nold \xe2\x82\xac\nnew");
+    EXPECT_EQ(readFile(logPath), "\nold \xe2\x82\xac\nnew");
 }
 
 TEST_F(LogTest, EmptiesALogThatIsNoUtf8) {
-    writeFile(logFile, "\nold \xff\xfe bytes");
+    writeFile(logPath, "\nold \xff\xfe bytes");
     jLog("new");
     runQueue();
-    EXPECT_EQ(readFile(logFile), "\nnew");
+    EXPECT_EQ(readFile(logPath), "\nnew");
 }
 
 TEST_F(LogTest, EmptiesALogThatEndsWithinACharacter) {
-    writeFile(logFile, "\nold \xe2\x82");
+    writeFile(logPath, "\nold \xe2\x82");
     jLog("new");
     runQueue();
-    EXPECT_EQ(readFile(logFile), "\nnew");
+    EXPECT_EQ(readFile(logPath), "\nnew");
 }
 
 TEST_F(LogTest, ValidatesTheWholeLogAtEachEntry) {
     jLog("one");
     runQueue();
-    writeFile(logFile, readFile(logFile) + "\xff");
+    writeFile(logPath, readFile(logPath) + "\xff");
     jLog("two");
     runQueue();
-    EXPECT_EQ(readFile(logFile), "\ntwo");
+    EXPECT_EQ(readFile(logPath), "\ntwo");
 }
 
 TEST_F(LogTest, IsNotCostByBytesInAMessageThatAreNoUtf8) {
     jLog("%@", "broken \xff\xc3(\xe2\x82 end");
     jLog("next");
     runQueue();
-    EXPECT_EQ(readFile(logFile), "\nbroken \xef\xbf\xbd\xef\xbf\xbd(\xef\xbf\xbd\xef\xbf\xbd end\nnext");
+    EXPECT_EQ(readFile(logPath), "\nbroken \xef\xbf\xbd\xef\xbf\xbd(\xef\xbf\xbd\xef\xbf\xbd end\nnext");
 }
 
 TEST_F(LogTest, KeepsLettersOfAllLengthsInAMessage) {
@@ -99,24 +99,24 @@ TEST_F(LogTest, KeepsLettersOfAllLengthsInAMessage) {
     jLog("%@", letters);
     jLog("%@", letters + "\xff");
     runQueue();
-    EXPECT_EQ(readFile(logFile), "\n" + letters + "\n" + letters + "\xef\xbf\xbd");
+    EXPECT_EQ(readFile(logPath), "\n" + letters + "\n" + letters + "\xef\xbf\xbd");
 }
 
 TEST_F(LogTest, KeepsLineFeedsAndConversionsInsideAMessage) {
     jLog("%@", "two\nlines, 100%");
     runQueue();
-    EXPECT_EQ(readFile(logFile), "\ntwo\nlines, 100%");
+    EXPECT_EQ(readFile(logPath), "\ntwo\nlines, 100%");
 }
 
 TEST_F(LogTest, LosesOnlyTheEntryThatCannotBeWritten) {
-    makeFolder(logFile);
+    makeFolder(logPath);
     jLog("lost");
     runQueue();
-    EXPECT_TRUE(std::filesystem::is_directory(onDisk(logFile)));
-    std::filesystem::remove(onDisk(logFile));
+    EXPECT_TRUE(std::filesystem::is_directory(onDisk(logPath)));
+    std::filesystem::remove(onDisk(logPath));
     jLog("kept");
     runQueue();
-    EXPECT_EQ(readFile(logFile), "\nkept");
+    EXPECT_EQ(readFile(logPath), "\nkept");
 }
 
 TEST_F(LogTest, MakesNoFolder) {
@@ -127,33 +127,33 @@ TEST_F(LogTest, MakesNoFolder) {
 }
 
 TEST_F(LogTest, KeepsTheLogWhereItCannotBeOpenedForWriting) {
-    writeFile(logFile, "\nold");
+    writeFile(logPath, "\nold");
     test::FaultyFileSystem files(FileSystem::current());
     files.failEvery("openToAppend", std::errc::permission_denied);
     FileSystem::setCurrent(&files);
     jLog("lost");
     runQueue();
-    EXPECT_EQ(readFile(logFile), "\nold");
+    EXPECT_EQ(readFile(logPath), "\nold");
 }
 
 TEST_F(LogTest, KeepsALogThatIsTooLongToBeLookedThrough) {
-    writeFile(logFile, "\nold");
+    writeFile(logPath, "\nold");
     test::FaultyFileSystem files(FileSystem::current());
     files.failEvery("readFile", std::errc::file_too_large);
     FileSystem::setCurrent(&files);
     jLog("new");
     runQueue();
-    EXPECT_EQ(readFile(logFile), "\nold\nnew");
+    EXPECT_EQ(readFile(logPath), "\nold\nnew");
 }
 
 TEST_F(LogTest, ReplacesALogThatCannotBeRead) {
-    writeFile(logFile, "\nold");
+    writeFile(logPath, "\nold");
     test::FaultyFileSystem files(FileSystem::current());
     files.failEvery("readFile", std::errc::permission_denied);
     FileSystem::setCurrent(&files);
     jLog("new");
     runQueue();
-    EXPECT_EQ(readFile(logFile), "\nnew");
+    EXPECT_EQ(readFile(logPath), "\nnew");
 }
 
 TEST_F(LogTest, WritesTheWholeEntryHoweverShortTheWrites) {
@@ -163,7 +163,7 @@ TEST_F(LogTest, WritesTheWholeEntryHoweverShortTheWrites) {
     FileSystem::setCurrent(&files);
     jLog("%@", std::string(100, 'x'));
     runQueue();
-    EXPECT_EQ(readFile(logFile), "\n" + std::string(100, 'x'));
+    EXPECT_EQ(readFile(logPath), "\n" + std::string(100, 'x'));
 }
 
 TEST_F(LogTest, OpensTheLogForWritingOnlyOnceThereIsOne) {
@@ -172,13 +172,13 @@ TEST_F(LogTest, OpensTheLogForWritingOnlyOnceThereIsOne) {
     FileSystem::setCurrent(&files);
     jLog("a");
     runQueue();
-    EXPECT_EQ(files.contents(onDisk(logFile)), "\na");
+    EXPECT_EQ(files.contents(onDisk(logPath)), "\na");
     EXPECT_EQ(files.openHandles(), 0U);
 
     files.forgetCalls();
     jLog("b");
     runQueue();
-    EXPECT_EQ(files.contents(onDisk(logFile)), "\na\nb");
+    EXPECT_EQ(files.contents(onDisk(logPath)), "\na\nb");
     for (const std::string& call : files.calls())
         EXPECT_NE(call.substr(0, 6), "rename") << "an existing log is appended to, not replaced";
 }
@@ -196,7 +196,7 @@ TEST_F(LogTest, TakesEntriesFromAnyThreadWithoutMixingThem) {
         thread.join();
     runQueue();
 
-    const std::string log = readFile(logFile);
+    const std::string log = readFile(logPath);
     std::array<int, threadCount> next{};
     std::size_t at = 0;
     while (at < log.size()) {
@@ -225,5 +225,5 @@ TEST_F(LogTest, WritesWhileOtherThreadsLog) {
     std::string expected;
     for (int entry = 0; entry < entries; ++entry)
         expected += "\n" + std::to_string(entry);
-    EXPECT_EQ(readFile(logFile), expected);
+    EXPECT_EQ(readFile(logPath), expected);
 }

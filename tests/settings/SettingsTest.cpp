@@ -25,7 +25,7 @@ class SettingsNewTest : public test::SettingsFixture {
 protected:
     void expectDefaultsWritten() {
         EXPECT_EQ(SettingsNew(), DefaultSettings());
-        EXPECT_EQ(readFile(documentFile), platform::dataWithPropertyList(DefaultSettings()));
+        EXPECT_EQ(readFile(documentPath), platform::dataWithPropertyList(DefaultSettings()));
     }
 };
 
@@ -62,31 +62,31 @@ TEST_F(SettingsNewTest, TreatsAnEmptyDictionaryAsMissing) {
 }
 
 TEST_F(SettingsNewTest, TreatsAnEmptyFileAsMissing) {
-    writeFile(documentFile, "");
+    writeFile(documentPath, "");
     expectDefaultsWritten();
 }
 
 TEST_F(SettingsNewTest, TreatsAFileThatIsNoPropertyListAsMissing) {
-    writeFile(documentFile, "\x01\x02 not a property list");
+    writeFile(documentPath, "\x01\x02 not a property list");
     expectDefaultsWritten();
 }
 
 TEST_F(SettingsNewTest, TreatsARootThatIsNoDictionaryAsMissing) {
-    writeFile(documentFile, platform::dataWithPropertyList(Value(Array{"kEnabled"})));
+    writeFile(documentPath, platform::dataWithPropertyList(Value(Array{"kEnabled"})));
     expectDefaultsWritten();
 }
 
 TEST_F(SettingsNewTest, AnswersTheDefaultsWhereAFolderStandsInTheDocumentsPlace) {
-    makeFolder(documentFile);
+    makeFolder(documentPath);
     EXPECT_EQ(SettingsNew(), DefaultSettings());
-    EXPECT_TRUE(std::filesystem::is_directory(onDisk(documentFile)));
+    EXPECT_TRUE(std::filesystem::is_directory(onDisk(documentPath)));
 }
 
 TEST_F(SettingsNewTest, AnswersTheDefaultsWhereTheDocumentCannotBeWritten) {
     std::filesystem::remove_all(onDisk("/var/mobile"));
     writeFile("/var/mobile", "a file where the folder should be");
     EXPECT_EQ(SettingsNew(), DefaultSettings());
-    EXPECT_FALSE(exists(documentFile));
+    EXPECT_FALSE(exists(documentPath));
 }
 
 TEST_F(SettingsNewTest, AddsTheMissingKeysToADocumentThatHoldsOnlyAPasscode) {
@@ -103,9 +103,9 @@ TEST_F(SettingsNewTest, DoesNotRewriteADocumentWithAllTopLevelKeys) {
     // A comment, which a rewritten document would have lost.
     std::string bytes = platform::dataWithPropertyList(wholeDocument);
     bytes.insert(bytes.find("<dict>"), "<!-- untouched -->");
-    writeFile(documentFile, bytes);
+    writeFile(documentPath, bytes);
     EXPECT_EQ(SettingsNew(), wholeDocument);
-    EXPECT_EQ(readFile(documentFile), bytes);
+    EXPECT_EQ(readFile(documentPath), bytes);
 }
 
 TEST_F(SettingsNewTest, KeepsAnEmptyListOfAccountsEmpty) {
@@ -175,9 +175,9 @@ TEST_F(SettingsTest, LookUpsDoNotReadTheDiskAgain) {
     EXPECT_FALSE(boolForKey("kEnabled"));
     writeDocument({{"kEnabled", true}, {"kPasscode", "1234"}, {"kAccounts", Array{}}});
     EXPECT_FALSE(boolForKey("kEnabled"));
-    removeFile(documentFile);
+    removeFile(documentPath);
     EXPECT_FALSE(boolForKey("kEnabled"));
-    EXPECT_FALSE(exists(documentFile));
+    EXPECT_FALSE(exists(documentPath));
 }
 
 TEST_F(SettingsTest, AnswersTheCacheItself) {
@@ -235,7 +235,7 @@ TEST_F(SettingsTest, ChangesInMemoryAreLostAtTheNextReload) {
 TEST_F(SettingsTest, WriteSettingsWritesNothingWhileTheCacheIsEmpty) {
     writeSettings();
     EXPECT_FALSE(exists(siblingFile));
-    EXPECT_FALSE(exists(documentFile));
+    EXPECT_FALSE(exists(documentPath));
     EXPECT_FALSE(TweakSettings);
 }
 

@@ -59,7 +59,7 @@ TEST_F(SettingsUpdateTest, FormsTheNameFromThePostNameGiven) {
 TEST_F(SettingsUpdateTest, RegistersBeforeItLoads) {
     bool loaded = true;
     center.onAddObserver = [&](const auto&) {
-        loaded = TweakSettings || EnabledAccount || exists(documentFile);
+        loaded = TweakSettings || EnabledAccount || exists(documentPath);
     };
     InitSettingsWithUpdateName("update");
     EXPECT_FALSE(loaded);
@@ -149,7 +149,7 @@ TEST_F(SettingsUpdateTest, HandsOnWhatIsMissingAsNull) {
 
 TEST_F(SettingsUpdateTest, CreatesADocumentThatWentMissing) {
     InitSettingsWithUpdateName("update");
-    removeFile(documentFile);
+    removeFile(documentPath);
     center.deliver(changeName);
     EXPECT_EQ(readDocument(), DefaultSettings());
 }

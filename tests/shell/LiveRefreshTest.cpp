@@ -1,6 +1,7 @@
 #include "platform/foundation/PropertyListFile.h"
 #include "settings/Constants.h"
 #include "settings/Keys.h"
+#include "tests/support/FixtureValues.h"
 #include "tests/support/SettingsApplicationFixture.h"
 
 using platform::Value;
@@ -116,7 +117,7 @@ TEST_F(LiveRefreshTest, CarriesTheTypingOverWhenTheListIsBuiltAnew) {
     EXPECT_TRUE(row("Nickname").editing);
     EXPECT_EQ(row("Nickname").text, "half");
     settings().page().endEditing();
-    EXPECT_EQ(fixtureValues().find("nickname")->string(), "half");
+    EXPECT_EQ(wardlock::test::fixtureValues().find("nickname")->string(), "half");
 }
 
 TEST_F(LiveRefreshTest, NothingIsReloadedForTheProcesssOwnPosts) {

@@ -1,4 +1,5 @@
 #include "platform/foundation/PropertyListFile.h"
+#include "tests/support/FixtureValues.h"
 #include "tests/support/SettingsApplicationFixture.h"
 
 #include <csignal>
@@ -19,12 +20,12 @@ protected:
     }
 
     void expectValue(std::string_view key, const Value& value) {
-        const auto values = fixtureValues();
+        const auto values = wardlock::test::fixtureValues();
         const Value* stored = values.find(key);
         ASSERT_TRUE(stored) << key;
         EXPECT_EQ(*stored, value) << key;
     }
-    bool hasValue(std::string_view key) { return fixtureValues().find(key) != nullptr; }
+    bool hasValue(std::string_view key) { return wardlock::test::fixtureValues().find(key) != nullptr; }
 };
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "tests/support/DeviceRootFixture.h"
 
+#include "tests/support/Places.h"
+
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -56,6 +58,12 @@ void DeviceRootFixture::removeFile(std::string_view devicePath) const {
 
 void DeviceRootFixture::makeFolder(std::string_view devicePath) const {
     fs::create_directories(onDisk(devicePath));
+}
+
+void DeviceRootFixture::installFixtureBundle() const {
+    makeFolder("/Library/PreferenceBundles");
+    fs::create_directory_symlink(fs::path(testModulesFolder()) / "Fixture.bundle",
+                                 onDisk("/Library/PreferenceBundles/Fixture.bundle"));
 }
 
 } // namespace wardlock::test

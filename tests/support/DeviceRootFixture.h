@@ -20,6 +20,9 @@ namespace wardlock::test {
 /// product's.
 class DeviceRootFixture : public ::testing::Test {
 protected:
+    static constexpr const char* documentPath = "/var/mobile/Library/Preferences/com.tavix.wardlock.plist";
+    static constexpr const char* logPath = "/var/mobile/com.tavix.wardlock_log";
+
     DeviceRootFixture();
     ~DeviceRootFixture() override;
 
@@ -38,6 +41,8 @@ protected:
     bool exists(std::string_view devicePath) const;
     void removeFile(std::string_view devicePath) const;
     void makeFolder(std::string_view devicePath) const;
+    /// Links the bundle with a row of every kind into the device root.
+    void installFixtureBundle() const;
 
     Environment environment;
 

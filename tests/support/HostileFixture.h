@@ -12,10 +12,7 @@ namespace wardlock::test {
 /// what the product does itself keeps them out.
 class HostileFixture : public DeviceRootFixture {
 protected:
-    static constexpr std::string_view documentFile =
-        "/var/mobile/Library/Preferences/com.tavix.wardlock.plist";
     static constexpr std::string_view documentFolder = "/var/mobile/Library/Preferences";
-    static constexpr std::string_view logFile = "/var/mobile/com.tavix.wardlock_log";
 
     /// Lets others into the test's folder and every folder in it; into `folder` they may even write.
     void letOthersIn() const;

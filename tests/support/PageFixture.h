@@ -24,8 +24,6 @@ protected:
     PageFixture();
     ~PageFixture() override;
 
-    static constexpr const char* documentPath = "/var/mobile/Library/Preferences/com.tavix.wardlock.plist";
-
     void writeDocument(const platform::Dictionary& document) const;
     /// The document on disk; a failed expectation and an empty one when there is none.
     platform::Dictionary document() const;

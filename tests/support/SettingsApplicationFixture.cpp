@@ -22,17 +22,6 @@ SettingsApplicationFixture::~SettingsApplicationFixture() {
     platform::MailService::setCurrent(nullptr);
 }
 
-void SettingsApplicationFixture::installFixtureBundle() const {
-    makeFolder("/Library/PreferenceBundles");
-    fs::create_directory_symlink(fs::path(testModulesFolder()) / "Fixture.bundle",
-                                 onDisk("/Library/PreferenceBundles/Fixture.bundle"));
-}
-
-Dictionary SettingsApplicationFixture::fixtureValues() const {
-    return platform::dictionaryWithContentsOfFile("/var/mobile/Library/Preferences/test.fixture.plist")
-        .value_or(Dictionary());
-}
-
 void SettingsApplicationFixture::start(double transitionSeconds) {
     const shell::Provision provision;
     EXPECT_EQ(provision.problems(), std::vector<std::string>());

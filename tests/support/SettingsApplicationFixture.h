@@ -19,15 +19,8 @@ namespace wardlock::test {
 /// only written down.
 class SettingsApplicationFixture : public DeviceRootFixture {
 protected:
-    static constexpr const char* documentPath = "/var/mobile/Library/Preferences/com.tavix.wardlock.plist";
-
     SettingsApplicationFixture();
     ~SettingsApplicationFixture() override;
-
-    /// Links the bundle with a row of every kind into the device root.
-    void installFixtureBundle() const;
-    /// The values that its rows have stored.
-    platform::Dictionary fixtureValues() const;
 
     /// Provisions the device root and starts the application; once.
     void start(double transitionSeconds = 0);

@@ -29,7 +29,7 @@ SettingsFixture::~SettingsFixture() {
 }
 
 void SettingsFixture::writeDocument(const platform::Dictionary& dictionary) const {
-    writeFile(documentFile, platform::dataWithPropertyList(dictionary));
+    writeFile(documentPath, platform::dataWithPropertyList(dictionary));
 }
 
 platform::Dictionary SettingsFixture::readDocument(std::string_view devicePath) const {

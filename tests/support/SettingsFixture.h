@@ -13,17 +13,14 @@ namespace wardlock::test {
 /// and the library's state as it is at load.
 class SettingsFixture : public DeviceRootFixture {
 protected:
-    static constexpr std::string_view documentFile =
-        "/var/mobile/Library/Preferences/com.tavix.wardlock.plist";
     static constexpr std::string_view siblingFile = "/var/mobile/Library/Preferences/com.tavix.kitbay.plist";
-    static constexpr std::string_view logFile = "/var/mobile/com.tavix.wardlock_log";
 
     SettingsFixture();
     ~SettingsFixture() override;
 
     void writeDocument(const platform::Dictionary& dictionary) const;
     /// The document on disk; a failed expectation and an empty dictionary where there is none.
-    platform::Dictionary readDocument(std::string_view devicePath = documentFile) const;
+    platform::Dictionary readDocument(std::string_view devicePath = documentPath) const;
 
     /// A document of all three keys whose accounts are named "A", "B", ... and enabled as given.
     static platform::Dictionary documentWithAccounts(std::initializer_list<bool> enabled);
