@@ -1,30 +1,26 @@
+#include "tests/documentation/Console.h"
 #include "tests/support/BusFixture.h"
 #include "tests/support/Places.h"
 
 #include <gtest/gtest.h>
 
 #include <csignal>
-#include <fstream>
-#include <iterator>
 
 namespace wardlock::test {
 namespace {
 
-using NotificationDocumentationTest = BusFixture;
+using Listeners = BusFixture;
 
 /// The command of docs/notification.md that begins so.
 std::string documentedCommand(const std::string& beginning) {
-    std::ifstream page(sourceFolder() + "/docs/notification.md");
-    const std::string text{std::istreambuf_iterator<char>(page), std::istreambuf_iterator<char>()};
-    const auto begin = text.find("    " + beginning);
-    if (begin == std::string::npos) {
-        ADD_FAILURE() << "docs/notification.md has no " << beginning;
-        return "false";
-    }
-    return text.substr(begin + 4, text.find("\n\n", begin) - begin - 4);
+    for (const Step& step : stepsOf(Page("docs/notification.md")))
+        if (step.command.starts_with(beginning))
+            return step.command;
+    ADD_FAILURE() << "docs/notification.md has no " << beginning;
+    return "false";
 }
 
-TEST_F(NotificationDocumentationTest, ListensWithTheExampleInPython) {
+TEST_F(Listeners, InPythonHearOfTheChangesOfTheirDevice) {
     Process listener(sourceFolder() + "/examples/listen.py", {root()});
     ASSERT_EQ(listener.readLine(), "ready") << listener.wait().errors;
     const TemporaryFolder otherRoot;
@@ -37,7 +33,7 @@ TEST_F(NotificationDocumentationTest, ListensWithTheExampleInPython) {
     EXPECT_EQ(listener.readLine(), "changed");
 }
 
-TEST_F(NotificationDocumentationTest, ReadsEveryKindOfValueWithTheExampleInPython) {
+TEST_F(Listeners, InPythonReadEveryKindOfValue) {
     Process listener(sourceFolder() + "/examples/listen.py", {root()});
     ASSERT_EQ(listener.readLine(), "ready") << listener.wait().errors;
     const std::string name = "com.tavix.wardlock/update";
@@ -51,14 +47,14 @@ TEST_F(NotificationDocumentationTest, ReadsEveryKindOfValueWithTheExampleInPytho
     EXPECT_EQ(listener.wait().errors, "");
 }
 
-TEST_F(NotificationDocumentationTest, SaysWhenTheExampleInPythonFindsNoBus) {
+TEST_F(Listeners, InPythonSayThatThereIsNoBus) {
     const auto result = runProcess(sourceFolder() + "/examples/listen.py", {root()},
                                    with("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere"));
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_TRUE(result.errors.starts_with("listen.py: ")) << result.errors;
 }
 
-TEST_F(NotificationDocumentationTest, ListensWithTheCommandForShells) {
+TEST_F(Listeners, InAShellHearOfTheChangesOfTheirDevice) {
     Process listener("/bin/sh", {"-c", "exec " + documentedCommand("dbus-monitor")});
     // The bus takes the monitor's own name away when it begins to listen.
     std::optional<std::string> line;
@@ -82,7 +78,7 @@ TEST_F(NotificationDocumentationTest, ListensWithTheCommandForShells) {
     EXPECT_EQ(said.find("foreign"), std::string::npos) << said;
 }
 
-TEST_F(NotificationDocumentationTest, PostsWithTheCommandForShells) {
+TEST_F(Listeners, InCppHearWhatAShellPosts) {
     const auto observer = observe({"com.tavix.wardlock/update"});
     const auto result = runProcess("/bin/sh", {"-c", documentedCommand("gdbus emit")});
     EXPECT_EQ(result.exitCode, 0) << result.errors;

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace wardlock::test {
+
+/// A kind of command that the pages show and no test does: a row of the table in docs/contributing.md, which
+/// is where people read why.
+struct Untested {
+    std::size_t line = 0;
+    /// The words such a command begins with.
+    std::string beginning;
+    std::string reason;
+
+    bool covers(const std::string& command) const;
+};
+
+inline constexpr const char* UntestedPage = "docs/contributing.md";
+
+std::vector<Untested> untestedCommands();
+bool isUntested(const std::string& command);
+
+} // namespace wardlock::test
