@@ -1,7 +1,7 @@
 # What an installation holds, in three components that are packages of their own:
 #   wardlock          the window, the command, the bundle, the modules, and what a desktop needs to list them
 #   libwardlock       the two shared libraries
-#   libwardlock-dev   their headers, and how CMake and pkg-config find them
+#   libwardlock-dev   their headers, how CMake and pkg-config find them, and examples
 include(CMakePackageConfigHelpers)
 
 set(package_folder "${CMAKE_INSTALL_LIBDIR}/cmake/Wardlock")
@@ -20,6 +20,9 @@ file(CONFIGURE OUTPUT "${CMAKE_BINARY_DIR}/WardlockConfig.cmake"
 write_basic_package_version_file("${CMAKE_BINARY_DIR}/WardlockConfigVersion.cmake" COMPATIBILITY SameMinorVersion)
 install(FILES "${CMAKE_BINARY_DIR}/WardlockConfig.cmake" "${CMAKE_BINARY_DIR}/WardlockConfigVersion.cmake"
   DESTINATION "${package_folder}" COMPONENT libwardlock-dev)
+
+install(DIRECTORY examples DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/libwardlock-dev" COMPONENT libwardlock-dev
+  USE_SOURCE_PERMISSIONS)
 
 file(RELATIVE_PATH include_from_lib "/${CMAKE_INSTALL_LIBDIR}" "/${CMAKE_INSTALL_INCLUDEDIR}")
 configure_file(cmake/wardlock-settings.pc.in "${CMAKE_BINARY_DIR}/wardlock-settings.pc" @ONLY)

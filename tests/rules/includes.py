@@ -59,12 +59,14 @@ ROOMS = {
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]')
 SOURCES = (".h", ".cpp", ".c", ".hpp", ".cc")
+# Below the top: what was built, and projects of their own, which see what is installed and nothing else.
+NOT_OURS = ("build", "examples")
 
 
 def source_files(top):
-    """Paths below `top` of all source files, build trees and hidden folders aside."""
+    """Paths below `top` of all source files, hidden folders and those that are not ours aside."""
     for folder, folders, files in os.walk(top):
-        folders[:] = sorted(f for f in folders if not f.startswith(".") and not (folder == top and f == "build"))
+        folders[:] = sorted(f for f in folders if not f.startswith(".") and not (folder == top and f in NOT_OURS))
         for name in sorted(files):
             if name.endswith(SOURCES):
                 yield os.path.relpath(os.path.join(folder, name), top)
