@@ -14,16 +14,20 @@ namespace {
 constexpr double usualDotsPerInch = 96;
 constexpr double smallestScale = 0.8;
 constexpr double largestScale = 2.5;
+/// A desktop that takes longer is followed when it answers; the window is not kept back for it.
+constexpr std::chrono::milliseconds firstAnswer{150};
 
 } // namespace
 
-Appearance::Appearance() {
+Appearance::Appearance() : desktop_(platform::watchDesktopLook([this] { emit changed(); })) {
     qApp->installEventFilter(this);
 }
 
 bool Appearance::isDark() const {
     if (dark_)
         return *dark_;
+    if (const auto dark = look().dark)
+        return *dark;
     const QPalette palette = QGuiApplication::palette();
     return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
 }
@@ -43,6 +47,16 @@ void Appearance::force(std::optional<bool> dark) {
 
 void Appearance::forceTextScale(std::optional<double> scale) {
     textScale_ = scale;
+    emit changed();
+}
+
+void Appearance::awaitDesktop() {
+    if (desktop_)
+        desktop_->waitForAnswer(firstAnswer);
+}
+
+void Appearance::leaveDesktop() {
+    desktop_.reset();
     emit changed();
 }
 

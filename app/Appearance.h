@@ -1,32 +1,47 @@
 #pragma once
 
+#include "platform/services/DesktopLook.h"
+
 #include <QObject>
 
+#include <memory>
 #include <optional>
 
 namespace wardlock::app {
 
-/// Light or dark, and the size of the text: the system's unless forced. Follows the system while it runs.
+/// Light or dark, the size of the text, contrast and motion: the desktop's unless forced. Follows the desktop
+/// while it runs: its settings portal first, and where that has no preference, the palette.
 class Appearance : public QObject {
     Q_OBJECT
     Q_PROPERTY(bool dark READ isDark NOTIFY changed)
+    Q_PROPERTY(bool highContrast READ highContrast NOTIFY changed)
+    Q_PROPERTY(bool reducedMotion READ reducedMotion NOTIFY changed)
     Q_PROPERTY(double textScale READ textScale NOTIFY changed)
 
 public:
     Appearance();
 
     bool isDark() const;
+    bool highContrast() const { return look().highContrast; }
+    bool reducedMotion() const { return look().reducedMotion; }
     double textScale() const;
-    /// None: as the system has it.
+    /// None: as the desktop has it.
     void force(std::optional<bool> dark);
     void forceTextScale(std::optional<double> scale);
+
+    /// Gives the desktop a moment to answer, so that the first frame is right already.
+    void awaitDesktop();
+    /// From now on the desktop's portal has no say: for pictures that are the same everywhere.
+    void leaveDesktop();
 
 signals:
     void changed();
 
 private:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    platform::DesktopLook look() const { return desktop_ ? desktop_->look() : platform::DesktopLook(); }
 
+    std::unique_ptr<platform::DesktopLookWatch> desktop_;
     std::optional<bool> dark_;
     std::optional<double> textScale_;
 };

@@ -19,6 +19,7 @@ class Photographer {
 public:
     Photographer(const Options& options, QString suffix, bool dark, QSize size)
         : folder_(toQt(options.screenshots)), suffix_(std::move(suffix)), host_(clock_, 0) {
+        host_.appearance().leaveDesktop();
         host_.appearance().force(dark);
         host_.appearance().forceTextScale(options.textScale.value_or(1));
         if (auto* window = host_.window()) {

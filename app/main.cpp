@@ -31,6 +31,7 @@ int openWindow(const app::Options& options, const std::vector<std::string>& prob
     host.appearance().force(options.dark);
     host.appearance().forceTextScale(options.textScale);
     host.settings().tell(problems);
+    host.appearance().awaitDesktop();
     host.window()->show();
     return QGuiApplication::exec();
 }

@@ -1,6 +1,7 @@
 #include "linux/MailPortalRequest.h"
 
 #include "linux/BusPointers.h"
+#include "linux/DesktopPortal.h"
 #include "linux/FileDescriptor.h"
 #include "linux/MailHeader.h"
 
@@ -13,8 +14,9 @@ namespace platform {
 
 namespace {
 
-constexpr const char* service = "org.freedesktop.portal.Desktop";
-constexpr const char* object = "/org/freedesktop/portal/desktop";
+using desktopportal::object;
+using desktopportal::service;
+
 constexpr const char* emailInterface = "org.freedesktop.portal.Email";
 constexpr const char* requestInterface = "org.freedesktop.portal.Request";
 /// From this version on, a mail may have several recipients.

@@ -128,6 +128,6 @@ Item {
         id: appear
         NumberAnimation { target: scrim; property: "opacity"; from: 0; to: 1; duration: 160 }
         NumberAnimation { target: box; property: "opacity"; from: 0; to: 1; duration: 160 }
-        NumberAnimation { target: box; property: "scale"; from: 1.12; to: 1; duration: 200; easing.type: Easing.OutCubic }
+        NumberAnimation { target: box; property: "scale"; from: Look.reducedMotion ? 1 : 1.12; to: 1; duration: 200; easing.type: Easing.OutCubic }
     }
 }

@@ -118,9 +118,9 @@ FocusScope {
     NumberAnimation {
         id: rise
         target: paper
-        property: "y"
-        from: sheet.height
-        to: 24
+        property: Look.reducedMotion ? "opacity" : "y"
+        from: Look.reducedMotion ? 0 : sheet.height
+        to: Look.reducedMotion ? 1 : 24
         duration: 280
         easing.type: Easing.OutCubic
     }

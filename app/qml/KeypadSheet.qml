@@ -71,6 +71,7 @@ FocusScope {
         }
         Item { width: 1; height: sheet.gap }
         KeypadDots {
+            id: dots
             objectName: "keypad:dots"
             anchors.horizontalCenter: parent.horizontalCenter
             spacing: Math.round(sheet.unit * 0.32)
@@ -126,7 +127,7 @@ FocusScope {
     property int failuresShown: 0
     onFailuresChanged: {
         if (failures > failuresShown)
-            shake.restart();
+            (Look.reducedMotion ? blink : shake).restart();
         failuresShown = failures;
     }
     SequentialAnimation {
@@ -136,5 +137,11 @@ FocusScope {
         NumberAnimation { target: pad; property: "shakeOffset"; to: -16; duration: 80 }
         NumberAnimation { target: pad; property: "shakeOffset"; to: 8; duration: 70 }
         NumberAnimation { target: pad; property: "shakeOffset"; to: 0; duration: 60; easing.type: Easing.OutQuad }
+    }
+    SequentialAnimation {
+        id: blink
+        loops: 2
+        NumberAnimation { target: dots; property: "opacity"; to: 0; duration: 120 }
+        NumberAnimation { target: dots; property: "opacity"; to: 1; duration: 120 }
     }
 }

@@ -13,6 +13,8 @@ Window {
 
     Component.onCompleted: {
         Look.dark = Qt.binding(() => appearance.dark);
+        Look.highContrast = Qt.binding(() => appearance.highContrast);
+        Look.reducedMotion = Qt.binding(() => appearance.reducedMotion);
         Look.textScale = Qt.binding(() => appearance.textScale);
     }
     onClosing: settings.close()

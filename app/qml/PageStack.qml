@@ -37,7 +37,8 @@ Item {
             objectName: "page:" + page.title
             width: stack.width
             height: stack.height
-            x: Math.round(direction * width * (out - (above ? 0.3 * (1 - above.out) : 0)))
+            x: Look.reducedMotion ? 0 : Math.round(direction * width * (out - (above ? 0.3 * (1 - above.out) : 0)))
+            opacity: Look.reducedMotion ? 1 - out : 1
             visible: out < 1 && (above === null || above.out > 0)
             enabled: place === "top"
             focus: isTop
@@ -73,7 +74,7 @@ Item {
                 height: parent.height
                 x: slot.direction > 0 ? -1 : slot.width
                 color: Look.separator
-                visible: slot.out > 0
+                visible: slot.out > 0 && !Look.reducedMotion
             }
             Item {
                 objectName: "edge"
