@@ -111,15 +111,15 @@ void PageFetch::run() {
     configure(handle.get(), url_, options_, body);
     curl_easy_setopt(handle.get(), CURLOPT_CONNECT_TO, connectTo.get());
     const auto result = transfer(transfers_, handle.get(), [this] { return isWanted(); });
-    if (!result)
+    if (givenUp_)
         return;
     FetchedPage page;
     page.contentType = information(handle.get(), CURLINFO_CONTENT_TYPE);
     page.url = information(handle.get(), CURLINFO_EFFECTIVE_URL);
-    if (*result == CURLE_OK)
+    if (result == CURLE_OK)
         page.bytes = std::move(body.bytes);
     else
-        page.error = curl_easy_strerror(*result);
+        page.error = curl_easy_strerror(result.value_or(CURLE_ABORTED_BY_CALLBACK));
     completion_(std::move(page));
 }
 

@@ -25,10 +25,10 @@ struct FetchedPage {
 /// ends at once.
 class PageFetch {
 public:
-    /// Runs in the fetch's thread, at its end; not when the fetch was given up.
+    /// Runs in the fetch's thread, at its end, the reader gone or not; not when the fetch itself goes away.
     using Completion = std::function<void(FetchedPage)>;
 
-    /// Given up as soon as `reader` is gone.
+    /// Ends with an error as soon as `reader` is gone.
     PageFetch(std::string url, TextWebEngineOptions options, std::weak_ptr<const void> reader,
               Completion completion);
     ~PageFetch();

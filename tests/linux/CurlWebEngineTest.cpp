@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <iterator>
 #include <memory>
 #include <vector>
 
@@ -29,6 +31,11 @@ public:
 };
 
 using Told = std::vector<std::string>;
+
+/// Of this process.
+std::ptrdiff_t openDescriptors() {
+    return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
+}
 
 class CurlWebEngine : public ::testing::Test {
 protected:
@@ -171,6 +178,19 @@ TEST_F(CurlWebEngine, GivesUpWhenTheViewIsGone) {
     view = nullptr;
     EXPECT_TRUE(waitUntil([&] { return server.abandoned() == 1; }));
     EXPECT_EQ(reports->all, (Told{"start"}));
+}
+
+TEST_F(CurlWebEngine, KeepsNothingOfALoadWhoseViewIsGone) {
+    server.answer("/", "first");
+    view->loadRequest({server.url("/")});
+    after(2);
+    const auto before = openDescriptors();
+    server.hang("/slow");
+    view->loadRequest({server.url("/slow")});
+    EXPECT_TRUE(waitUntil([&] { return server.requests().size() == 2; }));
+    EXPECT_GT(openDescriptors(), before);
+    view = nullptr;
+    EXPECT_TRUE(waitUntil([&] { return openDescriptors() == before; }));
 }
 
 TEST_F(CurlWebEngine, GivesUpEverythingWhenItGoes) {
