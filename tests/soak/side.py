@@ -1,0 +1,119 @@
+"""One of the two Settings of a soak."""
+import json
+import random
+import signal
+
+import person
+import processes
+
+# What somebody else announces, when everything announced before it has to have arrived.
+MARKER = {"key": "soakMarker", "object": {"int": "7"}}
+LOOK = ({"do": "posts"}, {"do": "see"})
+
+
+class Failure(Exception):
+    """What had to hold does not."""
+
+
+def require(holds, text):
+    if not holds:
+        raise Failure(text)
+
+
+class Side:
+    """A Settings process, the person at it, and what it has announced and heard of since everybody agreed last."""
+
+    def __init__(self, world, name, seed):
+        self.world, self.name = world, name
+        self.person = person.Person(random.Random(seed), lambda: world.read()["kPasscode"])
+        self.actions = self.refused = self.ends = 0
+        self.trail = []
+        self.start()
+
+    def start(self):
+        self.process = self.world.start(self.world.program("wardlock"), "settings", "--script", "-")
+        self.born = self.actions
+        self.rests = []
+        self.own, self.heard = [], []
+        self.look()
+
+    def look(self):
+        """Asks for the picture and what was announced."""
+        self.take(self.process.ask(*LOOK))
+
+    def take(self, answers):
+        posts, self.picture = answers
+        for post in posts["posts"]:
+            (self.own if post["own"] else self.heard).append({"key": post["key"], "object": post["object"]})
+
+    def choose(self):
+        self.commands = self.person.next(self.picture)
+
+    def deletes(self):
+        return {"do": "choose", "action": "Delete"} in self.commands
+
+    def begin(self):
+        """Sends what was chosen, and the questions behind it."""
+        self.trail = (self.trail + self.commands)[-40:]
+        self.process.send(*self.commands, *LOOK)
+
+    def finish(self):
+        """Takes the answers. Raises processes.Ended when a page has ended the process."""
+        self.actions += len(self.commands)
+        self.refused += sum("error" in answer for answer in self.process.objects(len(self.commands)))
+        self.take(self.process.objects(len(LOOK)))
+
+    def hear(self, count):
+        """Waits until it has heard of that many announcements."""
+        while len(self.heard) < count:
+            answer, *look = self.process.ask({"do": "wait", "for": "change", "seconds": processes.PATIENCE / 2}, *LOOK)
+            require("ok" in answer, f"{self.name} has heard of {len(self.heard)} announcements and not of {count}")
+            self.take(look)
+
+    def hear_marker(self):
+        while MARKER not in self.heard:
+            self.hear(len(self.heard) + 1)
+        self.heard.remove(MARKER)
+
+    def home(self):
+        """Goes back to the first page of the bundle, with nothing over it."""
+        self.process.ask({"do": "transitions", "seconds": 0})
+        for _ in range(100):
+            self.look()
+            command = self.way_home()
+            if not command:
+                return
+            self.process.ask(command)
+        raise Failure(f"{self.name} does not come home: {json.dumps(self.picture)}")
+
+    def way_home(self):
+        page = self.picture["page"]
+        if "keypad" in self.picture:
+            if self.picture["keypad"]["takesInput"]:
+                return {"do": "keypad", "press": "cancel"}
+            return {"do": "step", "seconds": 1}
+        if page.get("moving"):
+            return {"do": "step", "seconds": 1}
+        if "notice" in self.picture:
+            return {"do": "dismiss"}
+        if "mail" in self.picture:
+            sending = self.picture["mail"].get("sending")
+            return {"do": "wait", "for": "mail"} if sending else {"do": "mail", "press": "cancel"}
+        if "alert" in self.picture:
+            return {"do": "choose", "action": "Cancel"}
+        if "back" not in page:
+            return {"do": "tap", "row": "Wardlock"}
+        return None if "button" in page else {"do": "back"}
+
+    def stands_in_account(self):
+        return person.stands_in_account(self.picture)
+
+    def rest(self):
+        """Takes note of what the process takes while nothing goes on."""
+        self.rests.append(self.process.takes())
+
+    def ended(self):
+        """A page has ended the process, as it must when its account is gone, and in no other way."""
+        code = self.process.process.wait(processes.PATIENCE)
+        require(code == -signal.SIGABRT, f"{self.name} has ended with {code}")
+        self.ends += 1

@@ -1,0 +1,256 @@
+#!/usr/bin/env python3
+"""Two Settings on one preferences document, driven at random, with somebody who looks on.
+
+Both are driven by script, at the same time, through all that a person can do; a program over the settings library
+observes the changes as the enforcing half does; a watcher is told of whatever happens to the document. Now and then
+everybody stops, and it has to hold that
+
+  - the document was replaced and never touched otherwise, was whole whenever the watcher looked, and holds what it held
+    beyond the pages' keys,
+  - every replacement was announced, once, and every announcement has arrived, once and in the order of its sender, at
+    each of the others,
+  - the observer's view, and the first page of both Settings, show the document as it lies on the disk,
+  - no temporary file is left, no descriptor, and no memory that grows with the actions.
+
+The two may overwrite each other's change: nothing is locked. When one deletes an account that the other stands in, the
+other's page ends its process with a range exception, reported in the log; it is then started again, and counted. In the
+first and last tenth of a run this is let happen. In between deletions wait until nobody stands in an account, and nothing
+may end a process, so that its memory can be watched for long.
+
+The same seed takes the same decisions on the same pictures; what the two do at once meets as the machine lets it.
+"""
+import argparse
+import json
+import os
+import plistlib
+import sys
+import time
+
+import judges
+import processes
+import world
+from side import MARKER, Failure, Side, require
+
+# Rounds between stops: so many, and no more than so many stops in a long run.
+FEWEST_ROUNDS = 15
+MOST_STOPS = 1000
+
+
+class Soak:
+    def __init__(self, arguments):
+        self.arguments = arguments
+        self.world = world.World(arguments.programs)
+        self.writes = self.stops = self.mails = self.ends = 0
+        self.lives = []
+        self.observer_rests = []
+        try:
+            watcher = os.path.join(os.path.dirname(os.path.abspath(__file__)), "watcher.py")
+            self.watcher = self.world.start(sys.executable, "-B", watcher, self.world.document)
+            self.observer = self.world.start(self.world.program("test-view"))
+            for process in (self.watcher, self.observer):
+                require(process.line() == "ready", f"{process.process.args} does not start")
+            self.sides = [Side(self.world, name, 2 * arguments.seed + number)
+                          for number, name in enumerate(("the first", "the second"))]
+        except BaseException:
+            self.world.print_last_words()
+            self.world.end()
+            raise
+
+    def run(self):
+        rounds = max(FEWEST_ROUNDS, self.arguments.actions // MOST_STOPS)
+        while self.sides[0].actions < self.arguments.actions:
+            for _ in range(rounds):
+                self.round()
+            self.stop()
+        for side in self.sides:
+            self.judge_life(side)
+            require(side.process.end() == 0, f"{side.name} does not end well")
+        self.judge_growth("the observer", self.observer_rests, self.sides[0].actions)
+        for process in (self.observer, self.watcher):
+            require(process.end() == 0, f"{process.process.args} does not end well")
+
+    def is_calm(self):
+        done = self.sides[0].actions / self.arguments.actions
+        return 0.1 <= done < 0.9
+
+    def round(self):
+        """Both do something, at the same time."""
+        calm = self.is_calm()
+        for side, other in self.pairs():
+            side.person.may_delete = not calm or not other.stands_in_account()
+            side.choose()
+        deleting = [side for side in self.sides if side.deletes()][:1] if calm else []
+        ended = self.act(deleting or self.sides)
+        if ended:
+            require(not calm, f"a page of {ended[0].name} has ended it, and no account had gone")
+            self.start_again(ended)
+        for side, other in self.pairs():
+            if side in deleting:
+                other.hear(len(side.own))
+
+    def act(self, acting):
+        """Who was ended by a page over it."""
+        for side in acting:
+            side.begin()
+        return [side for side in acting if not self.answered(side.finish)]
+
+    def pairs(self):
+        one, two = self.sides
+        return (one, two), (two, one)
+
+    def answered(self, call):
+        try:
+            call()
+            return True
+        except processes.Ended:
+            return False
+
+    def start_again(self, ended):
+        for side in ended:
+            side.ended()
+            self.judge_life(side)
+        self.ends += len(ended)
+        reports = self.world.reports()
+        require(reports == self.ends, f"{self.ends} processes were ended and the log tells of {reports}")
+        self.agree(ended)
+        for side in ended:
+            side.start()
+
+    def stop(self):
+        """Everybody comes to rest; then all of them have to agree."""
+        while ended := [side for side in self.sides if not self.answered(side.home)]:
+            self.start_again(ended)
+        self.agree()
+        settings = self.world.read()
+        for side in self.sides:
+            self.check_picture(side, settings)
+            side.rest()
+        self.observer_rests.append(self.observer.takes())
+        self.stops += 1
+        self.mails += self.world.empty_outbox()
+
+    def agree(self, ended=()):
+        """Everybody hears what was announced since the last time; then nothing more may come."""
+        self.watched, = self.watcher.ask("?")
+        require(not self.watched["problems"], "\n".join(self.watched["problems"]))
+        writes = self.watched["writes"] - self.writes
+        self.writes += writes
+        observed = self.observe(writes)
+        for side in self.alive(ended):
+            side.hear(writes - len(side.own))
+        self.check_document(self.view(observed))
+        # Last, for it makes everybody read the document again.
+        self.world.run("announce", MARKER["key"])
+        for side in self.alive(ended):
+            side.hear_marker()
+        while (change := self.observer.object()) != MARKER:
+            observed.append(change)
+        self.check_order(observed, ended)
+        for side in self.sides:
+            side.own, side.heard = [], []
+
+    def alive(self, ended):
+        return [side for side in self.sides if side not in ended]
+
+    def observe(self, writes):
+        observed = []
+        try:
+            while len(observed) < writes:
+                observed.append(self.observer.object())
+        except TimeoutError as error:
+            raise Failure(f"the document was written {writes} times and announced {len(observed)} times") from error
+        return observed
+
+    def view(self, observed):
+        """What the observer holds. What it still hears of is put with the rest."""
+        self.observer.send("?")
+        while "settings" not in (view := self.observer.object()):
+            observed.append(view)
+        return view
+
+    def check_document(self, view):
+        require(not self.world.leftovers(), f"left beside the document: {self.world.leftovers()}")
+        data = self.world.bytes()
+        require(not judges.document_problem(data), f"the document is not whole: {judges.document_problem(data)}")
+        settings = plistlib.loads(data)
+        for key, value in world.FOREIGN.items():
+            require(settings.get(key) == value, f"{key} is now {settings.get(key)}")
+        require(view["settings"].encode() == data, f"the observer holds {view['settings']}, on the disk lies {data}")
+        enabled = next((record for record in settings["kAccounts"] if record["kAccountEnabled"]), None)
+        account = plistlib.loads(view["account"].encode()) if "account" in view else None
+        require(account == enabled, f"the observer's account is {account}, not {enabled}")
+
+    def check_order(self, observed, ended):
+        for side, other in self.pairs():
+            if side in ended and other not in ended:
+                # What it did last it could not tell any more; the other has heard of it.
+                side.own += other.heard[len(side.own):]
+            # What it heard last it could not tell any more either.
+            sent = side.own[:len(other.heard)] if other in ended else side.own
+            wrong = judges.order_problem(sent, other.heard)
+            require(not wrong, f"of what {side.name} announced {other.name} heard otherwise: {wrong}")
+        if len(ended) < 2:
+            wrong = judges.merge_problem(*(side.own for side in self.sides), observed)
+            require(not wrong, f"of what both announced the observer heard otherwise: {wrong}")
+
+    def check_picture(self, side, settings):
+        sections = side.picture["page"]["sections"]
+        shown = [row["label"] for section in sections if section.get("header") == "Accounts" for row in section["rows"]]
+        stored = [record["kAccountName"] for record in settings["kAccounts"]]
+        require(shown == stored, f"{side.name} shows the accounts {shown}, on the disk lie {stored}")
+        on = next(row["on"] for section in sections for row in section["rows"] if row.get("key") == "kEnabled")
+        require(on == settings["kEnabled"], f"{side.name} shows the master switch as {on}")
+
+    def judge_life(self, side):
+        self.judge_growth(side.name, side.rests, side.actions - side.born)
+
+    def judge_growth(self, name, rests, actions):
+        wrong = judges.growth_problem(rests, memory_counts=not self.arguments.sanitized)
+        require(not wrong, f"{name} grows: {wrong}: {rests}")
+        if len(rests) >= judges.FEWEST_RESTS:
+            self.lives.append((name, rests, actions))
+
+    def print_last_words(self):
+        for side in self.sides:
+            print(f"last commands of {side.name}: {json.dumps(side.trail)}", file=sys.stderr)
+        self.world.print_last_words()
+
+
+def figures(soak, seconds):
+    one, two = soak.sides
+    yield "seed", soak.arguments.seed
+    yield "actions", f"{one.actions} and {two.actions} at once, of them refused {one.refused} and {two.refused}"
+    yield "writes", f"{soak.writes}, each announced once; {soak.watched['generations']} looked at, each whole"
+    yield "stops", f"{soak.stops}; support mails {soak.mails}"
+    yield "ended by a page", f"{one.ends} and {two.ends} times, each reported"
+    for name, rests, actions in soak.lives:
+        (size, opened), (last, opened_last) = rests[len(rests) // 4], rests[-1]
+        yield "memory", (f"{name}: {last // 1024} KiB after {actions} actions, {(last - size) // 1024:+d} in the last three "
+                         f"quarters; {opened_last} descriptors, {opened_last - opened:+d}")
+    yield "seconds", f"{seconds:.0f}"
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("--actions", type=int, required=True, help="of the first Settings; the second does about as many")
+    parser.add_argument("--seed", type=int, required=True)
+    parser.add_argument("--programs", required=True, help="the folder of the built programs")
+    parser.add_argument("--sanitized", action="store_true", help="memory is not judged: sanitizers keep what was freed")
+    arguments = parser.parse_args()
+    begun = time.monotonic()
+    soak = Soak(arguments)
+    try:
+        soak.run()
+    except BaseException as error:
+        soak.print_last_words()
+        if isinstance(error, Failure):
+            sys.exit(f"seed {arguments.seed}: {error}")
+        raise
+    finally:
+        soak.world.end()
+    for name, figure in figures(soak, time.monotonic() - begun):
+        print(f"{name:17}{figure}")
+
+
+if __name__ == "__main__":
+    main()
