@@ -170,7 +170,9 @@ std::vector<std::string> pagesWith(std::string_view language) {
 }
 
 std::string nameOf(const std::string& page) {
-    return std::filesystem::path(page).stem().string();
+    std::string name = std::filesystem::path(page).stem().string();
+    std::ranges::replace(name, '-', '_');
+    return name;
 }
 
 std::string sourceText(const std::string& path) {

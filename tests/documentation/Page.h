@@ -81,7 +81,7 @@ private:
 std::vector<std::string> pagesOfTheDocumentation();
 /// Those of them with a block in that language.
 std::vector<std::string> pagesWith(std::string_view language);
-/// The page's name without folder and ending, which names its test.
+/// The page's name without folder and ending, in letters that the name of a test may have.
 std::string nameOf(const std::string& page);
 /// The text of a file below the source folder; a failed expectation and nothing where there is none.
 std::string sourceText(const std::string& path);
