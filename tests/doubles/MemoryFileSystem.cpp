@@ -1,6 +1,7 @@
 #include "tests/doubles/MemoryFileSystem.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace wardlock::test {
 
@@ -109,6 +110,11 @@ std::optional<FileStatus> MemoryFileSystem::statusOf(const std::string& path) co
     std::error_code error;
     const auto node = find(path, Links::Keep, error);
     return node ? std::optional(node->status) : std::nullopt;
+}
+
+std::string MemoryFileSystem::textOf(const std::string& path) const {
+    const auto found = names_.find(path);
+    return found == names_.end() ? "" : found->second->text;
 }
 
 std::vector<std::string> MemoryFileSystem::names(const std::string& folder) const {
@@ -429,7 +435,16 @@ std::error_code MemoryFileSystem::makeSymbolicLink(const std::string& target, co
 
 std::error_code MemoryFileSystem::syncFolder(const std::string& folder) {
     record("syncFolder " + folder);
-    namesSinceSync_ = {names_};
+    // The names of other folders stay as uncertain as they were.
+    const auto isInside = [&folder](const auto& name) { return platform::folderOf(name.first) == folder; };
+    std::vector<Names> since;
+    for (Names& names : namesSinceSync_) {
+        std::erase_if(names, isInside);
+        std::copy_if(names_.begin(), names_.end(), std::inserter(names, names.end()), isInside);
+        if (since.empty() || since.back() != names)
+            since.push_back(std::move(names));
+    }
+    namesSinceSync_ = std::move(since);
     return {};
 }
 

@@ -37,13 +37,15 @@ public:
 
     std::optional<std::string> contents(const std::string& path) const;
     std::optional<platform::FileStatus> statusOf(const std::string& path) const;
+    /// A file's bytes or a link's target; nothing where nothing stands.
+    std::string textOf(const std::string& path) const;
     /// The names below a folder.
     std::vector<std::string> names(const std::string& folder) const;
     std::size_t openHandles() const { return handles_.size(); }
 
-    /// What could stand at the path after a power cut now; nothing for no file. Names since the last folder
-    /// sync are there up to any point of their order, as on a journaled file system; bytes since the last
-    /// file sync wholly, half or not.
+    /// What could stand at the path after a power cut now; nothing for no file. A folder's names since its
+    /// last sync are there up to any point of their order, as on a journaled file system; bytes since the
+    /// last file sync wholly, half or not.
     std::set<std::optional<std::string>> afterPowerCut(const std::string& path) const;
     /// The same as whole disks, one for every way in which the power could have been cut now. Mode and owner
     /// of a file are those of its last full sync or those of now. Nobody has a file of theirs open.

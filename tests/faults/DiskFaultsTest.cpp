@@ -7,7 +7,7 @@
 #include "settings/Document.h"
 #include "tests/doubles/FaultyFileSystem.h"
 #include "tests/doubles/MemoryFileSystem.h"
-#include "tests/faults/Writers.h"
+#include "tests/faults/WriterCase.h"
 #include "tests/support/SettingsApplicationFixture.h"
 
 #include <algorithm>
@@ -24,29 +24,14 @@ using platform::FileStatus;
 using platform::FileSystem;
 using platform::Links;
 
-/// What stands at the document's place before the act.
-enum class Before { Linked, Missing, Damaged };
-
-struct Case {
-    Writer writer;
-    Before before;
-    std::string documentBefore;
-    std::string documentAfter;
-};
-
-void PrintTo(const Case& given, std::ostream* out) {
-    *out << given.writer.name;
-}
-
 constexpr std::uint32_t parent = 1000;
 constexpr std::uint32_t family = 1001;
-constexpr const char* damaged = "<plist><dict><key>kEnabled</key>";
 constexpr const char* ending = ".wardlock-new";
 
 /// The disk with the document on it, and the one process that writes. The document is a symbolic link to
 /// another user's file in another folder, and a process that was killed has left its temporary beside it.
 struct Stage {
-    Stage(const Case& given, const std::string& path) : document(path), file(path) {
+    Stage(const WriterCase& given, const std::string& path) : document(path), file(path) {
         const std::string folder = platform::folderOf(path);
         disk.addFolder(folder);
         if (given.before == Before::Linked) {
@@ -68,13 +53,13 @@ struct Stage {
     std::vector<std::set<std::optional<std::string>>> announced;
 };
 
-class DiskFaults : public SettingsApplicationFixture, public ::testing::WithParamInterface<Case> {
+class DiskFaults : public SettingsApplicationFixture, public ::testing::WithParamInterface<WriterCase> {
 protected:
     DiskFaults() { writeFile(applicationInfoPath, applicationInfo()); }
     ~DiskFaults() override {
         FileSystem::setCurrent(nullptr);
         quit();
-        std::cout << points << " points survived\n";
+        std::cout << points << (HasFailure() ? " points tried\n" : " points survived\n");
         RecordProperty("points", static_cast<int>(points));
     }
 
@@ -117,13 +102,7 @@ protected:
 
     using Contents = std::optional<std::string>;
 
-    /// In words: a failed expectation then tells what it found, and not two whole documents.
-    static std::string what(const Contents& bytes) {
-        const bool isOld = GetParam().before == Before::Missing ? !bytes : bytes == GetParam().documentBefore;
-        if (isOld || bytes == GetParam().documentAfter)
-            return isOld ? "the old document" : "the new document";
-        return bytes ? "neither document: " + *bytes : "no document";
-    }
+    static std::string what(const Contents& bytes) { return GetParam().what(bytes); }
 
     /// Beside the document, under whichever name was free.
     static bool keepsTheOldBytes(const MemoryFileSystem& disk, const Stage& stage) {
@@ -349,22 +328,8 @@ TEST_P(DiskFaults, AnInterruptionOrAShortWriteChangesNothing) {
     }
 }
 
-std::vector<Case> cases() {
-    std::vector<Case> all;
-    for (const Writer& writer : writers())
-        all.push_back({writer, Before::Linked, documentBefore(), writer.documentAfter()});
-    const std::string switchedOn = platform::dataWithPropertyList(platform::Dictionary{{"kEnabled", true}});
-    all.push_back({writers().front(), Before::Missing, "", switchedOn});
-    all.push_back({writers().front(), Before::Damaged, damaged, switchedOn});
-    return all;
-}
-
-std::string nameOf(const ::testing::TestParamInfo<Case>& info) {
-    constexpr const char* suffixes[] = {"", "WithoutADocument", "OverADamagedDocument"};
-    return info.param.writer.name + suffixes[static_cast<int>(info.param.before)];
-}
-
-INSTANTIATE_TEST_SUITE_P(Of, DiskFaults, ::testing::ValuesIn(cases()), nameOf);
+INSTANTIATE_TEST_SUITE_P(Of, DiskFaults, ::testing::ValuesIn(writerCases()),
+                         [](const auto& info) { return info.param.name(); });
 
 } // namespace
 } // namespace wardlock::test
