@@ -175,6 +175,20 @@ std::string nameOf(const std::string& page) {
     return name;
 }
 
+bool existsInSource(const std::string& path) {
+    const auto star = path.find('*');
+    if (star == std::string::npos)
+        return std::filesystem::exists(sourceFolder() + '/' + path);
+    const auto slash = path.rfind('/');
+    const std::filesystem::path above = sourceFolder() + '/' + path.substr(0, slash);
+    std::string name = std::regex_replace(path.substr(slash + 1), std::regex("[.]"), "[.]");
+    const std::regex pattern(std::regex_replace(name, std::regex("[*]"), ".*"));
+    return std::filesystem::is_directory(above) &&
+           std::ranges::any_of(std::filesystem::directory_iterator(above), [&](const auto& entry) {
+               return std::regex_match(entry.path().filename().string(), pattern);
+           });
+}
+
 std::string sourceText(const std::string& path) {
     std::ifstream file(sourceFolder() + '/' + path);
     EXPECT_TRUE(file.is_open()) << path << " cannot be read";

@@ -83,6 +83,8 @@ std::vector<std::string> pagesOfTheDocumentation();
 std::vector<std::string> pagesWith(std::string_view language);
 /// The page's name without folder and ending, in letters that the name of a test may have.
 std::string nameOf(const std::string& page);
+/// Whether something in the source folder has the path, in which "*" stands for a part of its last name.
+bool existsInSource(const std::string& path);
 /// The text of a file below the source folder; a failed expectation and nothing where there is none.
 std::string sourceText(const std::string& path);
 

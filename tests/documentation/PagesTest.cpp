@@ -43,21 +43,6 @@ TEST(Pages, LinkToWhatIsThere) {
         }
 }
 
-/// Whether something in the source folder has the path, in which "*" stands for a part of its last name.
-bool pathExists(const std::string& path) {
-    const auto star = path.find('*');
-    if (star == std::string::npos)
-        return fs::exists(sourceFolder() + '/' + path);
-    const auto slash = path.rfind('/');
-    const fs::path above = sourceFolder() + '/' + path.substr(0, slash);
-    std::string name = std::regex_replace(path.substr(slash + 1), std::regex("[.]"), "[.]");
-    const std::regex pattern(std::regex_replace(name, std::regex("[*]"), ".*"));
-    return fs::is_directory(above) &&
-           std::ranges::any_of(fs::directory_iterator(above), [&](const auto& entry) {
-               return std::regex_match(entry.path().filename().string(), pattern);
-           });
-}
-
 /// Whether the text reads as a path below one of the source's folders.
 bool namesAFile(const std::string& text) {
     static const std::regex path("(?:[.]/)?([A-Za-z][A-Za-z0-9_-]*)/[A-Za-z0-9_./*-]*");
@@ -70,7 +55,7 @@ bool namesAFile(const std::string& text) {
 TEST(Pages, NameFilesThatAreThere) {
     for (const Page& page : pages())
         for (const Span& span : page.spans())
-            EXPECT_TRUE(!namesAFile(span.text) || pathExists(span.text))
+            EXPECT_TRUE(!namesAFile(span.text) || existsInSource(span.text))
                 << page.place(span.line) << ": " << span.text;
 }
 

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <nlohmann/json.hpp>
+#include <regex>
 
 // The tables that say what the program shows and stores are held to what it does show and store.
 
@@ -56,6 +57,18 @@ TEST(DocumentFormat, TellsEveryTopLevelKeyInItsOrder) {
 
 TEST(DocumentFormat, TellsEveryKeyOfAnAccountInItsOrder) {
     EXPECT_EQ(describedEntries("Keys of an account"), entriesOf(defaultAccount()));
+}
+
+TEST(Architecture, SaysWhereEachThingIsChanged) {
+    const Page page("docs/architecture.md");
+    for (const TableRow& row : page.tableBelow("Where would I change X?")) {
+        static const std::regex code("`([^`]+)`");
+        const std::string& where = row.cells.at(1);
+        std::sregex_iterator path(where.begin(), where.end(), code);
+        EXPECT_NE(path, std::sregex_iterator()) << page.place(row.line) << ": no file";
+        for (; path != std::sregex_iterator(); ++path)
+            EXPECT_TRUE(existsInSource((*path)[1])) << page.place(row.line) << ": " << (*path)[1];
+    }
 }
 
 /// What the pages show a person, by way of the script face.
