@@ -44,6 +44,8 @@ class Side:
     def take(self, answers):
         posts, self.picture = answers
         for post in posts["posts"]:
+            if not post["key"]:
+                continue  # Not an announcement: that some may have been missed. If so, their number tells.
             (self.own if post["own"] else self.heard).append({"key": post["key"], "object": post["object"]})
 
     def choose(self):

@@ -158,7 +158,7 @@ class Soak:
             while len(observed) < writes:
                 observed.append(self.observer.object())
         except TimeoutError as error:
-            raise Failure(f"the document was written {writes} times and announced {len(observed)} times") from error
+            raise Failure(f"{writes} writes, and {len(observed)} announcements of them have arrived") from error
         return observed
 
     def view(self, observed):
