@@ -11,8 +11,8 @@ namespace wardlock::cli {
 
 namespace {
 
-constexpr Option scriptOption{"--script", "FILE",
-                              "obey the JSON commands in FILE, one a line;\n\"-\" reads them from standard input"};
+constexpr Option scriptOption{
+    "--script", "FILE", "obey the JSON commands in FILE, one a line;\n\"-\" reads them from standard input"};
 constexpr Option terminalOption{"--terminal", "", "use the terminal though there is a display"};
 
 ExitCode settings(const Arguments& arguments) {

@@ -3,6 +3,7 @@ option(WARDLOCK_BENCHMARKS "Build the benchmarks" OFF)
 option(WARDLOCK_FUZZERS "Build the fuzz targets (clang only)" OFF)
 option(WARDLOCK_WINDOW "Build the window (needs Qt 6)" ON)
 option(WARDLOCK_PACKAGES "Make the Debian packages when cpack is run" OFF)
+option(WARDLOCK_COVERAGE "Count which lines run (gcc only)" OFF)
 set(WARDLOCK_SANITIZE "" CACHE STRING "Sanitizers to build with: a list for -fsanitize=")
 set(WARDLOCK_REPOSITORY_HOST "repo.tavix.example" CACHE STRING "Host of the package listing")
 
@@ -29,6 +30,12 @@ endif()
 if(WARDLOCK_SANITIZE)
   add_compile_options(-fsanitize=${WARDLOCK_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
   add_link_options(-fsanitize=${WARDLOCK_SANITIZE})
+endif()
+if(WARDLOCK_COVERAGE)
+  # Processes of one test run at the same time, so the counts are added up in one step; and one that is killed or ends by
+  # _exit leaves none.
+  add_compile_options(--coverage -fprofile-update=atomic)
+  add_link_options(--coverage)
 endif()
 if(WARDLOCK_FUZZERS)
   # The fuzzers steer by what the libraries execute.

@@ -16,7 +16,8 @@ class Value;
 class WARDLOCK_API Array {
 public:
     Array() = default;
-    /// Note that braces make elements: `Array{other}` is an array of one array, `Array(other)` a copy.
+    /// An array of one array is `Array{Value(other)}`: of `Array{other}` gcc makes the same, but clang a
+    /// copy.
     Array(std::initializer_list<Value> values);
     explicit Array(std::vector<Value> values);
     explicit Array(Reference<ContainerBlock> block) : block_(std::move(block)) {}

@@ -51,7 +51,7 @@ TEST(XmlWriter, WritesThePlatformsForm) {
         {"numbers", Array{0, -7, std::numeric_limits<std::uint64_t>::max(), 1.5, 0.1}},
         {"when", Value::date(86399)},
         {"bytes", Value::data(allCharactersBelow(128))},
-        {"deeper", Array{Array{Value::data(allCharactersBelow(100))}}},
+        {"deeper", Array{Value(Array{Value::data(allCharactersBelow(100))})}},
         {"none", Value::data("")},
         {"text", "\"quoted\"\ttab 'and' \u00fcnicode"}};
     EXPECT_EQ(dataWithPropertyList(document), golden("EveryKind.plist"));

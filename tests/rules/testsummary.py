@@ -18,11 +18,16 @@ DISABLED = '<testcase name="e" status="disabled"><system-out>Disabled</system-ou
 
 class Summary(unittest.TestCase):
     def summary(self, *cases, log=""):
+        return self.summary_of_runs((cases, log))
+
+    def summary_of_runs(self, *runs):
         with tempfile.TemporaryDirectory() as folder:
-            paths = [os.path.join(folder, name) for name in ("results.xml", "log")]
-            for path, text in zip(paths, (f"<testsuite>{''.join(cases)}</testsuite>", log)):
-                with open(path, "w", encoding="utf-8") as file:
-                    file.write(text)
+            paths = []
+            for number, (cases, log) in enumerate(runs):
+                for name, text in ("results", f"<testsuite>{''.join(cases)}</testsuite>"), ("log", log):
+                    paths.append(os.path.join(folder, f"{number}.{name}"))
+                    with open(paths[-1], "w", encoding="utf-8") as file:
+                        file.write(text)
             done = subprocess.run([sys.executable, "-B", PROGRAM] + paths, capture_output=True, text=True)
         return done.returncode, done.stdout
 
@@ -44,6 +49,23 @@ class Summary(unittest.TestCase):
     def test_nothing_run_is_no_success(self):
         self.assertEqual(self.summary(), (1, "0 passed, 0 failed\n"))
         self.assertEqual(self.summary(SKIPPED)[0], 1)
+
+    def test_several_runs_are_added_up(self):
+        self.assertEqual(self.summary_of_runs(([PASSED, SKIPPED], ""), ([PASSED, PASSED], "")),
+                         (0, "1 skipped\n3 passed, 0 failed\n"))
+
+    def test_a_failure_in_either_run_is_told_with_the_reason_of_its_own_log(self):
+        reason = "2/2 Test #2: b .....***%s   1.00 sec\n"
+        for first in (0, 1):
+            runs = [([PASSED], reason % "Another"), ([FAILED], reason % "Timeout")]
+            with self.subTest(first=first):
+                code, text = self.summary_of_runs(runs[first], runs[1 - first])
+                self.assertEqual((code, text.splitlines()[-1]), (1, "1 passed, 1 failed"))
+                self.assertIn("FAILED: b (Timeout)\n", text)
+
+    def test_a_run_of_nothing_is_no_success_beside_another(self):
+        self.assertEqual(self.summary_of_runs(([PASSED], ""), ([], "")), (1, "1 passed, 0 failed\n"))
+        self.assertEqual(self.summary_of_runs(([SKIPPED], ""), ([PASSED], ""))[0], 1)
 
 
 if __name__ == "__main__":

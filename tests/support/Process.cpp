@@ -167,6 +167,8 @@ bool Process::waitForError(std::string_view text) {
 }
 
 void Process::send(int signal) const {
+    // Once it has been waited for there is no such process; kill would take -1 for every process there is.
+    ASSERT_GT(pid_, 0) << "the process has ended";
     kill(pid_, signal);
 }
 

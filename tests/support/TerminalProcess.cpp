@@ -90,6 +90,8 @@ void TerminalProcess::resize(Size size) {
 }
 
 void TerminalProcess::send(int signal) const {
+    // Once it has been waited for there is no such process; kill would take -1 for every process there is.
+    ASSERT_GT(pid_, 0) << "the process has ended";
     EXPECT_EQ(kill(pid_, signal), 0);
 }
 
