@@ -77,8 +77,9 @@ const Verb plistDumpVerb{
     "Prints the value in a property list, XML or binary, as JSON on one line:\n"
     "  {\"bool\":true} {\"int\":\"-12\"} {\"real\":\"1.5\"} {\"string\":\"x\"} {\"data\":\"BASE64\"}\n"
     "  {\"date\":\"2001-01-01T00:00:00Z\"} {\"array\":[V,...]} {\"dict\":[[\"key\",V],...]}\n"
-    "A real reads back as the same number; it may be nan, inf or -inf. FILE is a\n"
-    "path of this machine.\n",
+    "Numbers are texts, so that no reader rounds them; a real may be nan, inf or\n"
+    "-inf, and a dictionary is a list of pairs, which keeps its order. FILE is a\n"
+    "path of this machine, not of the device.\n",
     {},
     1,
     1,
@@ -90,7 +91,8 @@ const Verb plistConvertVerb{
     "FILE",
     "write a property list anew in its XML form",
     "Reads a property list, XML or binary, and writes it to OUT as XML. OUT is\n"
-    "replaced in one step, and may be FILE itself. Both are paths of this machine.\n",
+    "replaced in one step, and may be FILE itself. Both are paths of this machine,\n"
+    "not of the device.\n",
     convertOptions,
     1,
     1,
@@ -101,11 +103,11 @@ const Verb plistLintVerb{
     "plist lint",
     "FILE...",
     "tell which files are property lists",
-    "Prints a line a file: \"FILE: OK\", or why it is none. Exit code 3 when one of\n"
-    "them is not a property list, else 1 when one cannot be read. FILE is a path of\n"
-    "this machine.\n"
+    "Prints one line for each FILE: \"FILE: OK\", or why it is no property list.\n"
+    "Exit code 3 when one of them is none, else 1 when one cannot be read. FILE is\n"
+    "a path of this machine, not of the device.\n"
     "\n"
-    "With --json an object a line: \"file\", \"ok\", and \"reason\" when it is none.\n",
+    "With --json an object a line: \"file\", \"ok\", and \"reason\" when it is not.\n",
     lintOptions,
     1,
     std::numeric_limits<std::size_t>::max(),

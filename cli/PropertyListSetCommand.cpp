@@ -12,7 +12,7 @@ namespace {
 
 using platform::Sync;
 
-constexpr Option syncOption{"--sync", "MODE", "none, data or full (default): how far towards the disk"};
+constexpr Option syncOption{"--sync", "MODE", "what is on the disk before this ends: none, data\n(the bytes) or full (the name too; the default)"};
 constexpr std::array setOptions{syncOption};
 
 Sync syncNamed(std::string_view name) {
@@ -60,7 +60,7 @@ const Verb plistSetVerb{
     "or false), int, real or string; a VALUE that begins with a dash and is no\n"
     "number comes after \"--\". Exit code 0 only when the change is stored; 3, and\n"
     "nothing changed, when FILE is not a property list. FILE is a path of this\n"
-    "machine. Nobody is told: see `wardlock announce`.\n",
+    "machine, not of the device. Nobody is told: see `wardlock announce`.\n",
     setOptions,
     4,
     4,
