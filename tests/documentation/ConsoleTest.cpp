@@ -2,7 +2,6 @@
 
 #include "tests/support/TemporaryFolder.h"
 
-#include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -76,8 +75,9 @@ TEST(ShownOutput, LeavesOutWhatDotsStandFor) {
     EXPECT_FALSE(isAsShown({"...", "d"}, "a\nd\ne\n"));
 }
 
-TEST(DocumentationPage, RefusesCodeWithoutAFence) {
-    EXPECT_NONFATAL_FAILURE(Page("page", "Text:\n\n    rm -r /\n"), "code without a fence");
+TEST(DocumentationPage, FindsCodeWithoutAFence) {
+    const Page page("page", "Text:\n\n    rm -r /\n\n- a list\n    goes on\n");
+    EXPECT_EQ(page.indentedLines(), std::vector<std::size_t>{3});
 }
 
 TEST(DocumentationPage, FindsLinksPicturesAndAnchors) {

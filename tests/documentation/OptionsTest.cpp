@@ -86,7 +86,9 @@ void expectPossible(const std::string& command) {
         else
             EXPECT_TRUE(words[1] == "VERB" || !cli::overview(words[1]).empty()) << "no such verb";
     } else if (program == "wardlock" || program == "wardlock-settings") {
-        expectOptions(words, helpOf(programFolder() + '/' + program));
+        // A build without the window has not all of them.
+        if (std::filesystem::exists(programFolder() + '/' + program))
+            expectOptions(words, helpOf(programFolder() + '/' + program));
     } else if (program == "cmake") {
         expectPreset(words);
     } else if (program == "./run" || program == "./test" || program.starts_with("tools/") ||

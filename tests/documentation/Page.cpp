@@ -77,7 +77,8 @@ Page::Page(const std::string& path, const std::string& source) : path_(path) {
             inBlock = true;
             readFence(line, number);
         } else {
-            EXPECT_FALSE(afterBlank && line.starts_with("    ")) << place(number) << ": code without a fence";
+            if (afterBlank && line.starts_with("    "))
+                indentedLines_.push_back(number);
             readText(line, number);
         }
         afterBlank = line.empty();
@@ -157,6 +158,19 @@ std::vector<std::string> pagesOfTheDocumentation() {
         if (entry.path().extension() == ".md")
             pages.push_back("docs/" + entry.path().filename().string());
     std::ranges::sort(pages);
+    return pages;
+}
+
+std::vector<std::string> pagesOfTheSource() {
+    std::vector<std::string> pages;
+    std::filesystem::recursive_directory_iterator entry(sourceFolder());
+    for (const auto end = std::filesystem::end(entry); entry != end; ++entry) {
+        const std::string name = entry->path().filename();
+        if (entry->is_directory() && (name.starts_with('.') || (entry.depth() == 0 && name == "build")))
+            entry.disable_recursion_pending();
+        else if (name.ends_with(".md"))
+            pages.push_back(std::filesystem::relative(entry->path(), sourceFolder()));
+    }
     return pages;
 }
 

@@ -39,8 +39,7 @@ struct TableRow {
     std::vector<std::string> cells;
 };
 
-/// A page of the documentation, taken apart. Code stands between fences only: a block that is merely indented
-/// is a failed expectation, so that no command hides from the tests.
+/// A page of the documentation, taken apart.
 class Page {
 public:
     /// The path is relative to the source folder.
@@ -51,6 +50,8 @@ public:
     const std::vector<Block>& blocks() const { return blocks_; }
     const std::vector<Link>& links() const { return links_; }
     const std::vector<Span>& spans() const { return spans_; }
+    /// Where code stands that is merely indented: no commands are found there.
+    const std::vector<std::size_t>& indentedLines() const { return indentedLines_; }
     /// What a link may name behind `#`.
     const std::set<std::string>& anchors() const { return anchors_; }
     /// The rows of the tables below the heading of that text, up to the next heading.
@@ -72,6 +73,7 @@ private:
     std::vector<Block> blocks_;
     std::vector<Link> links_;
     std::vector<Span> spans_;
+    std::vector<std::size_t> indentedLines_;
     std::vector<TableRow> rows_;
     std::vector<Heading> headings_;
     std::set<std::string> anchors_;
@@ -79,7 +81,9 @@ private:
 
 /// README.md and the pages of docs/, by path.
 std::vector<std::string> pagesOfTheDocumentation();
-/// Those of them with a block in that language.
+/// Every page of the source, those beside examples and tools included.
+std::vector<std::string> pagesOfTheSource();
+/// Those of the documentation with a block in that language.
 std::vector<std::string> pagesWith(std::string_view language);
 /// The page's name without folder and ending, in letters that the name of a test may have.
 std::string nameOf(const std::string& page);

@@ -15,11 +15,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::vector<Page> pages() {
-    std::vector<Page> pages;
-    for (const std::string& path : pagesOfTheDocumentation())
-        pages.emplace_back(path);
-    return pages;
+std::vector<Page> pages(const std::vector<std::string>& paths = pagesOfTheDocumentation()) {
+    return {paths.begin(), paths.end()};
 }
 
 void expectTarget(const Page& page, const std::string& target) {
@@ -36,7 +33,7 @@ void expectTarget(const Page& page, const std::string& target) {
 }
 
 TEST(Pages, LinkToWhatIsThere) {
-    for (const Page& page : pages())
+    for (const Page& page : pages(pagesOfTheSource()))
         for (const Link& link : page.links()) {
             SCOPED_TRACE(page.place(link.line) + ": " + link.target);
             expectTarget(page, link.target);
@@ -67,6 +64,12 @@ TEST(Pages, HaveOnlyBlocksOfKnownKinds) {
         for (const Block& block : page.blocks())
             EXPECT_NE(std::ranges::find(known, block.language), known.end())
                 << page.place(block.line) << ": " << block.language;
+}
+
+TEST(Pages, HaveNoCodeWithoutAFence) {
+    for (const Page& page : pages())
+        for (const std::size_t line : page.indentedLines())
+            ADD_FAILURE() << page.place(line);
 }
 
 TEST(Pages, HideNoCommandInATextBlock) {
