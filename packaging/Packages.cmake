@@ -50,10 +50,11 @@ endforeach()
 
 set(CPACK_DEBIAN_WARDLOCK_PACKAGE_SECTION utils)
 set(CPACK_COMPONENT_WARDLOCK_DEPENDS libwardlock)
-# No library tells of these: what the window's QML files import, how icons are decoded, and a font (without one a
-# minimal system shows no text at all).
+# No library tells of these: what the window's QML files import, how icons are decoded, where the icons of applications
+# are looked for, and a font (without one a minimal system shows no text at all).
 string(JOIN ", " CPACK_DEBIAN_WARDLOCK_PACKAGE_DEPENDS
-  qml6-module-qtquick qml6-module-qtquick-window qml6-module-qtqml qml6-module-qtqml-workerscript libqt6svg6 fonts-inter)
+  qml6-module-qtquick qml6-module-qtquick-window qml6-module-qtqml qml6-module-qtqml-workerscript libqt6svg6 hicolor-icon-theme
+  fonts-inter)
 # The web page in the window, mail and links, and the window on Wayland.
 set(CPACK_DEBIAN_WARDLOCK_PACKAGE_RECOMMENDS "qml6-module-qtwebengine, qt6-wayland, xdg-utils")
 
