@@ -92,10 +92,10 @@ void expectPossible(const std::string& command) {
     } else if (program == "cmake") {
         expectPreset(words);
     } else if (program == "./run" || program == "./test" || program.starts_with("tools/") ||
-               program.starts_with("packaging/")) {
+               program.starts_with("packaging/") || program.starts_with("tests/")) {
         const std::string path = sourceFolder() + '/' + program;
         ASSERT_TRUE(std::filesystem::exists(path));
-        if (std::filesystem::is_regular_file(path) && words.size() > 1)
+        if (std::ranges::any_of(words, [](const auto& word) { return word.starts_with("--"); }))
             expectOptions(words, helpOf(path));
         expectPreset(words);
     }
