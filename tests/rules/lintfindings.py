@@ -1,0 +1,28 @@
+#!/usr/bin/env python3
+"""tools/lint tells every finding of clang-tidy, each apart from the others.
+
+    lintfindings.py PROGRAM
+"""
+import runpy
+import sys
+import types
+import unittest
+
+FIRST = "settings/A.cpp:3:5: error: one thing [check-one,-warnings-as-errors]\n    code;\n    ^\nsettings/A.h:9:1: note: from here\n"
+SECOND = "settings/A.h:4:1: warning: another [check-two]\n"
+
+
+class Findings(unittest.TestCase):
+    def test_are_told_apart_with_what_explains_them(self):
+        self.assertEqual(lint.findings(FIRST + SECOND), [FIRST, SECOND])
+
+    def test_name_their_files_from_the_top(self):
+        self.assertEqual(lint.findings(f"{lint.TOP}/{SECOND}"), [SECOND])
+
+    def test_are_none_in_silence(self):
+        self.assertEqual(lint.findings("\n"), [])
+
+
+if __name__ == "__main__":
+    lint = types.SimpleNamespace(**runpy.run_path(sys.argv.pop(1)))
+    unittest.main()
