@@ -3,9 +3,15 @@ import QtWebEngine
 
 // The engine's view. It shows no error page of its own: a load that fails leaves what was there.
 WebEngineView {
-    property var web: null
+    objectName: "web"
+    property QtObject web: null
 
-    url: web ? web.url : ""
+    // Never a binding: it would load anew at every change of the model, its reports of a load included.
+    function open() {
+        if (web)
+            url = web.url;
+    }
+    onWebChanged: open()
     settings.errorPageEnabled: false
     onLoadingChanged: (info) => {
         if (!web)
@@ -19,6 +25,6 @@ WebEngineView {
     }
     Connections {
         target: web
-        function onLoadAsked() { url = web.url; }
+        function onLoadAsked() { open(); }
     }
 }

@@ -4,7 +4,7 @@ import QtQuick
 Rectangle {
     id: webPage
     required property var page
-    readonly property var web: page.web
+    readonly property QtObject web: page.web
 
     color: "white"
 

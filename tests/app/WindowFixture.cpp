@@ -24,6 +24,7 @@ using platform::Value;
 WindowFixture::WindowFixture() {
     // The desktop's applications are none of the test's.
     environment.set("XDG_DATA_DIRS", folder() / "desktop");
+    mapWebTo("~NOTFOUND");
     QAccessible::setActive(true);
 }
 
@@ -69,6 +70,15 @@ void WindowFixture::openFixtureBundle() {
     open();
     scene().tap("row:Fixture");
     scene().item("row:Flavour");
+}
+
+void WindowFixture::mapWebTo(const std::string& address) {
+    // Containers have no sandbox to offer and little shared memory in /dev/shm; the only pages are the test's
+    // own.
+    environment.set("QTWEBENGINE_DISABLE_SANDBOX", "1");
+    environment.set("QTWEBENGINE_CHROMIUM_FLAGS", "--disable-gpu --disable-dev-shm-usage --no-proxy-server "
+                                                  "--host-resolver-rules=\"MAP * " +
+                                                      address + "\"");
 }
 
 void WindowFixture::installApplication(const std::string& identifier, const std::string& name) const {

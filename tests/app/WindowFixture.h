@@ -34,6 +34,9 @@ protected:
     QQuickWindow& window() { return *host_->window(); }
     Scene scene() { return Scene(*host_->window()); }
 
+    /// Where a web engine finds every host of the web, "ADDRESS:PORT"; before the first page of the web.
+    /// Without it there is no host at all.
+    void mapWebTo(const std::string& address);
     void installApplication(const std::string& identifier, const std::string& name) const;
     /// The device's document before the window opens.
     void setAccounts(std::initializer_list<std::string_view> names) const;

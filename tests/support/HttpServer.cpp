@@ -1,7 +1,5 @@
 #include "tests/support/HttpServer.h"
 
-#include "tests/support/Patience.h"
-
 #include <algorithm>
 #include <arpa/inet.h>
 #include <netinet/in.h>
@@ -41,18 +39,6 @@ bool isReadable(int descriptor, int milliseconds) {
     return poll(&wait, 1, milliseconds) > 0;
 }
 
-std::string readRequest(int connection) {
-    std::string request;
-    char buffer[4096];
-    while (request.find("\r\n\r\n") == std::string::npos && isReadable(connection, patienceMilliseconds)) {
-        const ssize_t count = read(connection, buffer, sizeof buffer);
-        if (count <= 0)
-            break;
-        request.append(buffer, static_cast<std::size_t>(count));
-    }
-    return request;
-}
-
 void writeAll(int connection, std::string_view bytes) {
     while (!bytes.empty()) {
         const ssize_t count = send(connection, bytes.data(), bytes.size(), MSG_NOSIGNAL);
@@ -75,6 +61,8 @@ HttpServer::~HttpServer() {
     stopping_ = true;
     thread_.join();
     for (const int connection : silent_)
+        close(connection);
+    for (const auto& [connection, request] : asking_)
         close(connection);
     close(listener_);
 }
@@ -113,16 +101,37 @@ std::string HttpServer::lastRequest() const {
 void HttpServer::run() {
     while (!stopping_) {
         lookAtSilentOnes();
-        if (!isReadable(listener_, TurnMilliseconds))
-            continue;
-        const int connection = accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC);
-        if (connection >= 0)
-            serve(connection);
+        std::vector<pollfd> waits{{listener_, POLLIN, 0}};
+        for (const auto& [connection, request] : asking_)
+            waits.push_back({connection, POLLIN, 0});
+        poll(waits.data(), waits.size(), TurnMilliseconds);
+        if (waits.front().revents != 0)
+            if (const int connection = accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC); connection >= 0)
+                asking_[connection];
+        for (std::size_t i = 1; i < waits.size(); ++i)
+            if (waits[i].revents != 0)
+                readMore(waits[i].fd);
     }
 }
 
-void HttpServer::serve(int connection) {
-    const std::string request = readRequest(connection);
+void HttpServer::readMore(int connection) {
+    char buffer[4096];
+    const ssize_t count = read(connection, buffer, sizeof buffer);
+    if (count <= 0) {
+        asking_.erase(connection);
+        close(connection);
+        return;
+    }
+    std::string& request = asking_[connection];
+    request.append(buffer, static_cast<std::size_t>(count));
+    if (request.find("\r\n\r\n") == std::string::npos)
+        return;
+    const std::string whole = std::move(request);
+    asking_.erase(connection);
+    serve(connection, whole);
+}
+
+void HttpServer::serve(int connection, const std::string& request) {
     const std::size_t start = request.find(' ') + 1;
     const std::string path = request.substr(start, request.find(' ', start) - start);
     std::string bytes = response("404 Not Found", "Content-Type: text/html", "<p>Nothing here</p>");

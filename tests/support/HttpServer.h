@@ -9,7 +9,8 @@
 
 namespace wardlock::test {
 
-/// A web server on the loopback interface for the life of this object, one connection after another.
+/// A web server on the loopback interface for the life of this object. Connections on which nobody asks for
+/// anything, as browsers keep some ready, hold up no others.
 class HttpServer {
 public:
     HttpServer();
@@ -39,7 +40,8 @@ public:
 
 private:
     void run();
-    void serve(int connection);
+    void readMore(int connection);
+    void serve(int connection, const std::string& request);
     void lookAtSilentOnes();
 
     int port_ = 0;
@@ -51,6 +53,8 @@ private:
     std::map<std::string, std::string> responses_;
     std::vector<std::string> requests_;
     std::string lastRequest_;
+    /// The connections whose requests are not whole yet, with what has come of them.
+    std::map<int, std::string> asking_;
     std::vector<int> silent_;
     std::thread thread_;
 };
