@@ -127,6 +127,7 @@ protected:
     }
 
     void expectRights(const MemoryFileSystem& disk, const Stage& stage) {
+        expectPrivate(disk, stage);
         const bool wasMissing = GetParam().before == Before::Missing;
         if (GetParam().before == Before::Linked) {
             EXPECT_EQ(disk.statusOf(stage.document)->kind, FileKind::Link);
@@ -138,6 +139,18 @@ protected:
         EXPECT_EQ(status->mode, wasMissing ? 0600u : 0640u);
         EXPECT_EQ(status->owner, wasMissing ? 0u : parent);
         EXPECT_EQ(status->group, wasMissing ? 0u : family);
+    }
+
+    /// Nobody reads the document in its temporary who may not read it in its place.
+    static void expectPrivate(const MemoryFileSystem& disk, const Stage& stage) {
+        for (const std::string& folder : {platform::folderOf(stage.document), platform::folderOf(stage.file)})
+            for (const std::string& name : disk.names(folder)) {
+                if (!name.ends_with(ending))
+                    continue;
+                const FileStatus left = *disk.statusOf(folder + '/' + name);
+                const bool asTheDocument = left.mode == 0640 && left.owner == parent && left.group == family;
+                EXPECT_TRUE(left.mode == 0600 || asTheDocument) << std::oct << left.mode << ' ' << name;
+            }
     }
 
     static bool hasTemporary(const MemoryFileSystem& disk, const Stage& stage) {

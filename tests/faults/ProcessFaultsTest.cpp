@@ -124,7 +124,16 @@ protected:
         }
         expectRights(disk);
     }
+    /// Nobody reads the document in its temporary who may not read it in its place.
+    void expectPrivate(const DiskImage& disk) const {
+        for (const std::string& name : disk.named(".wardlock-new")) {
+            const FileImage& left = *disk.find(name);
+            const bool asTheDocument = left.mode == 0640 && left.owner == parent && left.group == family;
+            EXPECT_TRUE(left.mode == 0600 || asTheDocument) << std::oct << left.mode << ' ' << name;
+        }
+    }
     void expectRights(const DiskImage& disk) const {
+        expectPrivate(disk);
         if (given().before == Before::Linked) {
             const FileImage* link = disk.find(document);
             ASSERT_TRUE(link && link->kind == FileKind::Link) << "the link is gone";
