@@ -1,0 +1,193 @@
+"""The mutants: ways to break the product of which a proof has to find each.
+
+A mutant is a few replacements of text in the sources; the old text has to stand in its file exactly once, so that a mutant
+whose place has changed is noticed. `proofs` names those of run's table that have to fail, each by itself.
+"""
+from dataclasses import dataclass, field
+
+WRITER = "platform/foundation/AtomicWriter.cpp"
+FILE = "platform/foundation/DocumentFile.cpp"
+SYSTEM = "platform/foundation/FileSystem.cpp"
+REAL_FILES = "linux/PosixFileSystem.cpp"
+FAULTS = ("memory", "processes")
+
+
+@dataclass
+class Mutant:
+    name: str
+    tells: str
+    proofs: tuple
+    edits: list = field(default_factory=list)
+
+
+ALL = [
+    # The order of a write, and what of it is on the disk.
+    Mutant("write-in-place", "the document itself is opened and overwritten", ("processes", "soak"), [
+        (WRITER, "path = inFolder(folderOf(target.path), temporaryName(target.path));", "path = target.path;"),
+        (REAL_FILES, "O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, mode", "O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, mode"),
+        (WRITER, "std::string temporaryName(", "[[maybe_unused]] std::string temporaryName("),
+    ]),
+    Mutant("no-file-sync", "the new file gets its name before its bytes are on the disk", FAULTS, [
+        (WRITER, "return sync == Sync::None ? std::error_code() : uninterrupted([&] { return files_.sync(file, sync); });",
+         "static_cast<void>(sync);\n    return {};"),
+    ]),
+    Mutant("no-folder-sync", "nobody waits until the new name is on the disk", FAULTS, [
+        (WRITER, "if (!error && sync == Sync::Full)\n        error", "if (!error && sync == Sync::Full && bytes.empty())\n        error"),
+    ]),
+    Mutant("wrong-folder-synced", "the folder of the link is synced, not that of the file", FAULTS, [
+        (WRITER, "return files_.syncFolder(folder);", "return files_.syncFolder(folderOf(path));"),
+    ]),
+    Mutant("sync-before-rename", "the folder is synced before the file has its name", FAULTS, [
+        (WRITER, "        error = uninterrupted([&] { return files_.rename(temporary, target.path); });",
+         "        error = uninterrupted([&] { return files_.syncFolder(folderOf(target.path)); });\n"
+         "        if (!error)\n"
+         "            error = uninterrupted([&] { return files_.rename(temporary, target.path); });"),
+        (WRITER, "if (!error && sync == Sync::Full)\n        error", "if (!error && sync == Sync::Full && bytes.empty())\n        error"),
+    ]),
+    # What is written.
+    Mutant("byte-dropped", "the last byte is not written", FAULTS + ("soak",), [
+        (WRITER, "writeAll(files_, file, bytes)", "writeAll(files_, file, bytes.substr(0, bytes.size() - 1))"),
+    ]),
+    Mutant("short-write-is-enough", "what a short write has left is not written", FAULTS, [
+        (SYSTEM, "bytes.remove_prefix(written);", "bytes = {};"),
+    ]),
+    Mutant("interrupted-write-is-an-error", "an interrupted write is not repeated", FAULTS, [
+        (SYSTEM, "uninterrupted([&] { return files.write(file, bytes, written); })", "files.write(file, bytes, written)"),
+    ]),
+    # Rights and links.
+    Mutant("loose-temporary", "the temporary can be read by everybody", FAULTS, [
+        (WRITER, "return files_.create(path, privateMode, file);", "return files_.create(path, 0644, file);"),
+    ]),
+    Mutant("mode-forgotten", "the new file does not get the mode of the old one", FAULTS, [
+        (WRITER, "if (mode == created.mode)\n", "if (mode != 0)\n"),
+    ]),
+    Mutant("owner-forgotten", "the new file does not get the owner of the old one", ("memory",), [
+        (WRITER, "if (created.owner == old.owner && created.group == old.group)\n        return {};", "if (created.links != 0 && old.links != 0)\n        return {};"),
+    ]),
+    Mutant("mode-before-owner", "for a moment the old mode lets in the wrong group", ("memory",), [
+        (WRITER, "    unsigned mode = privateMode;\n    if (target.old)\n",
+         "    unsigned mode = privateMode;\n    if (target.old)\n        files_.setMode(file, target.old->mode);\n    if (target.old)\n"),
+    ]),
+    Mutant("link-replaced", "the symbolic link is replaced, and not the file", FAULTS, [
+        (WRITER, "followLinks(files_, target.path, status);", "files_.status(target.path, Links::Follow, status);"),
+    ]),
+    # Errors.
+    Mutant("rename-error-swallowed", "a failed rename counts as a success", ("processes",), [
+        (WRITER, "return files_.rename(temporary, target.path); });\n        if (error == std::errc::no_such_file_or_directory)\n            error = takenForStale();",
+         "return files_.rename(temporary, target.path); });\n        if (error) {\n            files_.remove(temporary);\n            error = {};\n        }"),
+    ]),
+    Mutant("temporary-left", "a write that fails leaves its temporary", FAULTS, [
+        (WRITER, "    if (error)\n        uninterrupted([&] { return files_.remove(temporary); });\n    return error;", "    return error;"),
+    ]),
+    Mutant("leftovers-not-cleared", "what killed processes have left stays", FAULTS, [
+        (WRITER, "    removeStale(folder);\n", ""),
+        (WRITER, "void AtomicWriter::removeStale(", "[[maybe_unused]] void AtomicWriter::removeStale("),
+    ]),
+    Mutant("one-read-error-is-the-end", "a read that fails once makes the document unreadable", FAULTS, [
+        (FILE, "if (error && error != std::errc::no_such_file_or_directory)\n        error = read();", "static_cast<void>(read);"),
+    ]),
+    Mutant("damaged-not-kept", "the bytes of a damaged document are not kept", FAULTS, [
+        (FILE, "if (state_ == State::Unknown || keepOld(sync))", "if (state_ == State::Unknown)"),
+    ]),
+    Mutant("damaged-not-synced", "the kept bytes are not on the disk when the document is replaced", FAULTS, [
+        (FILE, "return copyAside(sync);", "return copyAside(Sync::None);"),
+    ]),
+    # Announcements: each writer's own.
+    Mutant("switch-announces-first", "a row's value is announced before it is written", FAULTS, [
+        ("specifiers/PreferenceHelper.cpp",
+         "    updateDocument(identifier_, setKey);\n    if (!post_.empty())\n        postChange(identifier_, post_, key, *value);",
+         "    if (!post_.empty())\n        postChange(identifier_, post_, key, *value);\n    updateDocument(identifier_, setKey);"),
+    ]),
+    Mutant("passcode-announces-first", "the passcode is announced before it is written", FAULTS, [
+        ("root/PasscodeWorkflow.cpp",
+         "    documentSnapshot.emplace(updateDocument(BundleIdentifier, setPasscode).dictionary);\n",
+         "    postChange(BundleIdentifier, PostName, kPasscode, platform::Value(passcode));\n"
+         "    documentSnapshot.emplace(updateDocument(BundleIdentifier, setPasscode).dictionary);\n    return;\n"),
+    ]),
+    Mutant("creation-announces-first", "a new account is announced before it is written", FAULTS, [
+        ("root/AccountCreation.cpp", "    const auto record = newAccountRecord(name);\n    const auto update",
+         "    const auto record = newAccountRecord(name);\n"
+         "    postChange(BundleIdentifier, PostName, kAccounts, platform::Value(record));\n    const auto update"),
+        ("root/AccountCreation.cpp",
+         "    documentSnapshot.emplace(update.dictionary);\n    postChange(BundleIdentifier, PostName, kAccounts, platform::Value(record));\n",
+         "    documentSnapshot.emplace(update.dictionary);\n"),
+    ]),
+    Mutant("account-announces-first", "a value of an account is announced before it is written", FAULTS, [
+        ("account/AccountValues.cpp", "    const auto update = updateDocument(BundleIdentifier, [&key, value](",
+         "    postChange(BundleIdentifier, PostName, key, *value);\n"
+         "    const auto update = updateDocument(BundleIdentifier, [&key, value]("),
+        ("account/AccountValues.cpp", "    if (update.changed)\n        postChange(BundleIdentifier, PostName, key, *value);\n",
+         "    static_cast<void>(update);\n"),
+    ]),
+    Mutant("deletion-announces-first", "a deletion is announced before it is written", FAULTS, [
+        ("account/AccountValues.cpp", "    const auto update = updateDocument(BundleIdentifier, removeAccount);\n    if (update.changed)\n",
+         "    postChange(BundleIdentifier, PostName, kAccounts, Value(Array()));\n"
+         "    const auto update = updateDocument(BundleIdentifier, removeAccount);\n    if (!update.changed)\n"),
+    ]),
+    Mutant("picker-announces-first", "the picker announces before it writes", FAULTS, [
+        ("apps/AppsListView.cpp", "    if (platform::updateFile(PreferencesPath, change).changed)\n        postChange(",
+         "    if (enabled_)\n        postChange("),
+        ("apps/AppsListView.cpp", "kAppsRestricted, enabled_->copy());\n}", "kAppsRestricted, enabled_->copy());\n"
+         "    platform::updateFile(PreferencesPath, change);\n}"),
+    ]),
+    Mutant("announced-twice", "every change is announced twice", FAULTS + ("soak",), [
+        ("settings/ChangeNotification.cpp", "    const platform::Dictionary userInfo{{ChangeKey, key}, {ChangeObject, object}};\n",
+         "    const platform::Dictionary userInfo{{ChangeKey, key}, {ChangeObject, object}};\n"
+         "    platform::CFNotificationCenterPostNotification(platform::CFNotificationCenterGetDistributedCenter(),\n"
+         "                                                   changeNotificationName(identifier, post), nullptr,\n"
+         "                                                   &userInfo, true);\n"),
+    ]),
+    Mutant("descriptor-leaked", "every write leaves a descriptor open", ("soak",), [
+        (REAL_FILES, "return ::fsync(opened.number()) == 0 || errno == EINVAL ? std::error_code() : lastError();",
+         "static_cast<void>(::dup(opened.number()));\n"
+         "    return ::fsync(opened.number()) == 0 || errno == EINVAL ? std::error_code() : lastError();"),
+    ]),
+    # Property lists.
+    Mutant("xml-reader-loses-a-key", "a dictionary's empty key is lost in reading", ("fuzz.value",), [
+        ("platform/foundation/PropertyListBuilder.cpp", "    Dictionary dictionary = dictionaries_.make(",
+         "    if (frame.keyCount > 1 && keys_[frame.firstKey].empty())\n"
+         "        return Dictionary{{keys_[frame.firstKey + 1], values[1]}};\n    Dictionary dictionary = dictionaries_.make("),
+    ]),
+    Mutant("binary-reader-loses-a-key", "a dictionary's last entry is lost in reading", ("fuzz.value",), [
+        ("platform/foundation/BinaryPropertyListReader.cpp", "    return Value(dictionaries_.make(texts, values.data()));",
+         "    if (texts.size() > 2)\n        texts.pop_back();\n    return Value(dictionaries_.make(texts, values.data()));"),
+    ]),
+    Mutant("ampersand-not-escaped", "\"&\" is written as it is", ("fuzz.value", "fuzz.xml_reader"), [
+        ("platform/foundation/XmlEscape.cpp", 'text += "&amp;";', "text += '&';"),
+    ]),
+    Mutant("carriage-return-not-escaped", "a carriage return is written as it is, and read as a line feed", ("fuzz.value",), [
+        ("platform/foundation/XmlEscape.cpp", "    case '\\n':\n        text += c;", "    case '\\n':\n    case '\\r':\n        text += c;"),
+    ]),
+    Mutant("keys-not-escaped", "keys are written as they are", ("fuzz.value", "fuzz.xml_reader"), [
+        ("platform/foundation/XmlPropertyListWriter.cpp", "        text_.put(std::string_view(escaped(key)));", "        text_.put(key);"),
+    ]),
+    Mutant("reals-rounded", "the last bits of a real are lost in writing", ("fuzz.value", "fuzz.xml_reader", "fuzz.binary_reader"), [
+        ("platform/foundation/XmlPropertyListWriter.cpp", "appendReal(element, value.real());", "appendReal(element, static_cast<float>(value.real()));"),
+    ]),
+    Mutant("binary-integers-unsigned", "eight bytes are read as an unsigned integer", ("fuzz.value",), [
+        ("platform/foundation/BinaryPropertyListReader.cpp", "        return Value(static_cast<std::int64_t>(low));\n    const std::uint64_t high",
+         "        return Value(low);\n    const std::uint64_t high"),
+    ]),
+    # What else is fuzzed.
+    Mutant("octal-zero-twice", "\"%#o\" puts a zero before a zero", ("fuzz.format",), [
+        ("platform/foundation/FormatConversion.cpp", "if (conversion.alternate && number.front() != '0')", "if (conversion.alternate)"),
+    ]),
+    Mutant("hexadecimal-prefix-of-zero", "\"%#x\" puts a prefix before a zero", ("fuzz.format",), [
+        ("platform/foundation/FormatConversion.cpp", "(conversion.alternate && magnitude != 0)", "conversion.alternate"),
+    ]),
+    Mutant("posted-dates-are-numbers", "a date in a notification arrives as a number", ("fuzz.notification_payload",), [
+        ("linux/UserInfoWriter.cpp", "return open('v', \"(d)\") && open('r', \"d\") && appendBasic('d', &seconds) && close() && close();",
+         "return open('v', \"d\") && appendBasic('d', &seconds) && close();"),
+    ]),
+    Mutant("script-links-followed", "a web page's link may lead to a script", ("fuzz.web_page",), [
+        ("linux/HtmlText.cpp", "return address.starts_with(\"http://\") || address.starts_with(\"https://\") ? address : std::string();",
+         "return address;"),
+    ]),
+    Mutant("answer-without-id", "an error does not say which command it answers", ("fuzz.script",), [
+        ("cli/ScriptCommands.cpp", 'answer.erase("ok");', 'answer.erase("ok");\n        answer.erase("id");'),
+    ]),
+    Mutant("last-account-deletable", "deleting the last account leaves none", ("fuzz.script",), [
+        ("account/AccountValues.cpp", "entries.set(kAccounts, accounts.empty() ? *defaults.find(kAccounts) : Value(accounts.copy()));",
+         "entries.set(kAccounts, Value(accounts.copy()));"),
+    ]),
+]
