@@ -93,10 +93,12 @@ protected:
         return run.journal;
     }
 
-    /// The numbers of the calls to try: those from the first that changes anything on, or all of them; of
-    /// which `part` says the how manieth, so that all writers together try them all.
+    /// The numbers of the calls to try: of those from the first that changes anything on one in `part`, at
+    /// each writer another, so that all writers together try them all. WARDLOCK_FAULTS_EVERYWHERE asks for
+    /// more: "changes" for all of those, anything else for every call.
     std::vector<std::size_t> chosen(const Journal& journal, std::size_t part) const {
-        const bool all = std::getenv("WARDLOCK_FAULTS_EVERYWHERE") != nullptr;
+        const char* everywhere = std::getenv("WARDLOCK_FAULTS_EVERYWHERE");
+        const bool all = everywhere && std::string_view(everywhere) != "changes";
         const auto& entries = journal.entries();
         const auto first = std::ranges::find_if(entries, &JournalEntry::changes);
         const std::size_t begin = all || first == entries.end() ? 1 : first->number;
@@ -107,7 +109,7 @@ protected:
             cases.begin());
         std::vector<std::size_t> numbers;
         for (std::size_t number = begin; number <= journal.calls(); ++number)
-            if (all || (number + position) % part == 0)
+            if (everywhere || (number + position) % part == 0)
                 numbers.push_back(number);
         return numbers;
     }

@@ -1,7 +1,7 @@
 """The mutants: ways to break the product of which a proof has to find each.
 
 A mutant is a few replacements of text in the sources; the old text has to stand in its file exactly once, so that a mutant
-whose place has changed is noticed. `proofs` names those of run's table that have to fail, each by itself.
+whose place has changed is noticed. `proofs` names those that have to fail, each by itself; see proof_named in run.
 """
 from dataclasses import dataclass, field
 
@@ -9,7 +9,12 @@ WRITER = "platform/foundation/AtomicWriter.cpp"
 FILE = "platform/foundation/DocumentFile.cpp"
 SYSTEM = "platform/foundation/FileSystem.cpp"
 REAL_FILES = "linux/PosixFileSystem.cpp"
-FAULTS = ("memory", "processes")
+
+
+def both(fault):
+    """The fault over a disk in memory, and upon processes over the real one."""
+    return (f"memory.{fault}", f"processes.{fault}")
+
 
 
 @dataclass
@@ -22,22 +27,22 @@ class Mutant:
 
 ALL = [
     # The order of a write, and what of it is on the disk.
-    Mutant("write-in-place", "the document itself is opened and overwritten", ("processes", "soak"), [
+    Mutant("write-in-place", "the document itself is opened and overwritten", ("processes.killed", "processes.power-cut", "soak"), [
         (WRITER, "path = inFolder(folderOf(target.path), temporaryName(target.path));", "path = target.path;"),
         (REAL_FILES, "O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, mode", "O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, mode"),
         (WRITER, "std::string temporaryName(", "[[maybe_unused]] std::string temporaryName("),
     ]),
-    Mutant("no-file-sync", "the new file gets its name before its bytes are on the disk", FAULTS, [
+    Mutant("no-file-sync", "the new file gets its name before its bytes are on the disk", both("power-cut"), [
         (WRITER, "return sync == Sync::None ? std::error_code() : uninterrupted([&] { return files_.sync(file, sync); });",
          "static_cast<void>(sync);\n    return {};"),
     ]),
-    Mutant("no-folder-sync", "nobody waits until the new name is on the disk", FAULTS, [
+    Mutant("no-folder-sync", "nobody waits until the new name is on the disk", both("power-cut"), [
         (WRITER, "if (!error && sync == Sync::Full)\n        error", "if (!error && sync == Sync::Full && bytes.empty())\n        error"),
     ]),
-    Mutant("wrong-folder-synced", "the folder of the link is synced, not that of the file", FAULTS, [
+    Mutant("wrong-folder-synced", "the folder of the link is synced, not that of the file", both("power-cut"), [
         (WRITER, "return files_.syncFolder(folder);", "return files_.syncFolder(folderOf(path));"),
     ]),
-    Mutant("sync-before-rename", "the folder is synced before the file has its name", FAULTS, [
+    Mutant("sync-before-rename", "the folder is synced before the file has its name", both("power-cut"), [
         (WRITER, "        error = uninterrupted([&] { return files_.rename(temporary, target.path); });",
          "        error = uninterrupted([&] { return files_.syncFolder(folderOf(target.path)); });\n"
          "        if (!error)\n"
@@ -45,66 +50,66 @@ ALL = [
         (WRITER, "if (!error && sync == Sync::Full)\n        error", "if (!error && sync == Sync::Full && bytes.empty())\n        error"),
     ]),
     # What is written.
-    Mutant("byte-dropped", "the last byte is not written", FAULTS + ("soak",), [
+    Mutant("byte-dropped", "the last byte is not written", both("killed") + ("soak",), [
         (WRITER, "writeAll(files_, file, bytes)", "writeAll(files_, file, bytes.substr(0, bytes.size() - 1))"),
     ]),
-    Mutant("short-write-is-enough", "what a short write has left is not written", FAULTS, [
+    Mutant("short-write-is-enough", "what a short write has left is not written", both("interrupted"), [
         (SYSTEM, "bytes.remove_prefix(written);", "bytes = {};"),
     ]),
-    Mutant("interrupted-write-is-an-error", "an interrupted write is not repeated", FAULTS, [
+    Mutant("interrupted-write-is-an-error", "an interrupted write is not repeated", both("interrupted"), [
         (SYSTEM, "uninterrupted([&] { return files.write(file, bytes, written); })", "files.write(file, bytes, written)"),
     ]),
     # Rights and links.
-    Mutant("loose-temporary", "the temporary can be read by everybody", FAULTS, [
+    Mutant("loose-temporary", "the temporary can be read by everybody", both("killed"), [
         (WRITER, "return files_.create(path, privateMode, file);", "return files_.create(path, 0644, file);"),
     ]),
-    Mutant("mode-forgotten", "the new file does not get the mode of the old one", FAULTS, [
+    Mutant("mode-forgotten", "the new file does not get the mode of the old one", both("killed"), [
         (WRITER, "if (mode == created.mode)\n", "if (mode != 0)\n"),
     ]),
-    Mutant("owner-forgotten", "the new file does not get the owner of the old one", ("memory",), [
+    Mutant("owner-forgotten", "the new file does not get the owner of the old one", ("memory.killed",), [
         (WRITER, "if (created.owner == old.owner && created.group == old.group)\n        return {};", "if (created.links != 0 && old.links != 0)\n        return {};"),
     ]),
-    Mutant("mode-before-owner", "for a moment the old mode lets in the wrong group", ("memory",), [
+    Mutant("mode-before-owner", "for a moment the old mode lets in the wrong group", ("memory.killed",), [
         (WRITER, "    unsigned mode = privateMode;\n    if (target.old)\n",
          "    unsigned mode = privateMode;\n    if (target.old)\n        files_.setMode(file, target.old->mode);\n    if (target.old)\n"),
     ]),
-    Mutant("link-replaced", "the symbolic link is replaced, and not the file", FAULTS, [
+    Mutant("link-replaced", "the symbolic link is replaced, and not the file", both("killed"), [
         (WRITER, "followLinks(files_, target.path, status);", "files_.status(target.path, Links::Follow, status);"),
     ]),
     # Errors.
-    Mutant("rename-error-swallowed", "a failed rename counts as a success", ("processes",), [
+    Mutant("rename-error-swallowed", "a failed rename counts as a success", ("processes.error-once/PropertyListSet",), [
         (WRITER, "return files_.rename(temporary, target.path); });\n        if (error == std::errc::no_such_file_or_directory)\n            error = takenForStale();",
          "return files_.rename(temporary, target.path); });\n        if (error) {\n            files_.remove(temporary);\n            error = {};\n        }"),
     ]),
-    Mutant("temporary-left", "a write that fails leaves its temporary", FAULTS, [
+    Mutant("temporary-left", "a write that fails leaves its temporary", both("disk-full"), [
         (WRITER, "    if (error)\n        uninterrupted([&] { return files_.remove(temporary); });\n    return error;", "    return error;"),
     ]),
-    Mutant("leftovers-not-cleared", "what killed processes have left stays", FAULTS, [
+    Mutant("leftovers-not-cleared", "what killed processes have left stays", both("killed"), [
         (WRITER, "    removeStale(folder);\n", ""),
         (WRITER, "void AtomicWriter::removeStale(", "[[maybe_unused]] void AtomicWriter::removeStale("),
     ]),
-    Mutant("one-read-error-is-the-end", "a read that fails once makes the document unreadable", FAULTS, [
+    Mutant("one-read-error-is-the-end", "a read that fails once makes the document unreadable", ("memory.error-once",), [
         (FILE, "if (error && error != std::errc::no_such_file_or_directory)\n        error = read();", "static_cast<void>(read);"),
     ]),
-    Mutant("damaged-not-kept", "the bytes of a damaged document are not kept", FAULTS, [
+    Mutant("damaged-not-kept", "the bytes of a damaged document are not kept", both("killed"), [
         (FILE, "if (state_ == State::Unknown || keepOld(sync))", "if (state_ == State::Unknown)"),
     ]),
-    Mutant("damaged-not-synced", "the kept bytes are not on the disk when the document is replaced", FAULTS, [
+    Mutant("damaged-not-synced", "the kept bytes are not on the disk when the document is replaced", both("power-cut"), [
         (FILE, "return copyAside(sync);", "return copyAside(Sync::None);"),
     ]),
     # Announcements: each writer's own.
-    Mutant("switch-announces-first", "a row's value is announced before it is written", FAULTS, [
+    Mutant("switch-announces-first", "a row's value is announced before it is written", both("killed"), [
         ("specifiers/PreferenceHelper.cpp",
          "    updateDocument(identifier_, setKey);\n    if (!post_.empty())\n        postChange(identifier_, post_, key, *value);",
          "    if (!post_.empty())\n        postChange(identifier_, post_, key, *value);\n    updateDocument(identifier_, setKey);"),
     ]),
-    Mutant("passcode-announces-first", "the passcode is announced before it is written", FAULTS, [
+    Mutant("passcode-announces-first", "the passcode is announced before it is written", both("killed/Passcode"), [
         ("root/PasscodeWorkflow.cpp",
          "    documentSnapshot.emplace(updateDocument(BundleIdentifier, setPasscode).dictionary);\n",
          "    postChange(BundleIdentifier, PostName, kPasscode, platform::Value(passcode));\n"
          "    documentSnapshot.emplace(updateDocument(BundleIdentifier, setPasscode).dictionary);\n    return;\n"),
     ]),
-    Mutant("creation-announces-first", "a new account is announced before it is written", FAULTS, [
+    Mutant("creation-announces-first", "a new account is announced before it is written", both("killed/AccountCreation"), [
         ("root/AccountCreation.cpp", "    const auto record = newAccountRecord(name);\n    const auto update",
          "    const auto record = newAccountRecord(name);\n"
          "    postChange(BundleIdentifier, PostName, kAccounts, platform::Value(record));\n    const auto update"),
@@ -112,25 +117,25 @@ ALL = [
          "    documentSnapshot.emplace(update.dictionary);\n    postChange(BundleIdentifier, PostName, kAccounts, platform::Value(record));\n",
          "    documentSnapshot.emplace(update.dictionary);\n"),
     ]),
-    Mutant("account-announces-first", "a value of an account is announced before it is written", FAULTS, [
+    Mutant("account-announces-first", "a value of an account is announced before it is written", both("killed/TextField"), [
         ("account/AccountValues.cpp", "    const auto update = updateDocument(BundleIdentifier, [&key, value](",
          "    postChange(BundleIdentifier, PostName, key, *value);\n"
          "    const auto update = updateDocument(BundleIdentifier, [&key, value]("),
         ("account/AccountValues.cpp", "    if (update.changed)\n        postChange(BundleIdentifier, PostName, key, *value);\n",
          "    static_cast<void>(update);\n"),
     ]),
-    Mutant("deletion-announces-first", "a deletion is announced before it is written", FAULTS, [
+    Mutant("deletion-announces-first", "a deletion is announced before it is written", both("killed/AccountDeletion"), [
         ("account/AccountValues.cpp", "    const auto update = updateDocument(BundleIdentifier, removeAccount);\n    if (update.changed)\n",
          "    postChange(BundleIdentifier, PostName, kAccounts, Value(Array()));\n"
          "    const auto update = updateDocument(BundleIdentifier, removeAccount);\n    if (!update.changed)\n"),
     ]),
-    Mutant("picker-announces-first", "the picker announces before it writes", FAULTS, [
+    Mutant("picker-announces-first", "the picker announces before it writes", both("killed/Picker"), [
         ("apps/AppsListView.cpp", "    if (platform::updateFile(PreferencesPath, change).changed)\n        postChange(",
          "    if (enabled_)\n        postChange("),
         ("apps/AppsListView.cpp", "kAppsRestricted, enabled_->copy());\n}", "kAppsRestricted, enabled_->copy());\n"
          "    platform::updateFile(PreferencesPath, change);\n}"),
     ]),
-    Mutant("announced-twice", "every change is announced twice", FAULTS + ("soak",), [
+    Mutant("announced-twice", "every change is announced twice", ("memory.errors", "processes.killed", "soak"), [
         ("settings/ChangeNotification.cpp", "    const platform::Dictionary userInfo{{ChangeKey, key}, {ChangeObject, object}};\n",
          "    const platform::Dictionary userInfo{{ChangeKey, key}, {ChangeObject, object}};\n"
          "    platform::CFNotificationCenterPostNotification(platform::CFNotificationCenterGetDistributedCenter(),\n"
