@@ -2,6 +2,7 @@
 
 #include "app/AccessibleGroup.h"
 #include "app/AccessibleSecret.h"
+#include "app/AccessibleToggle.h"
 #include "app/Layer.h"
 
 #include <QQuickWindow>
@@ -18,6 +19,8 @@ QAccessibleInterface* make(const QString&, QObject* object) {
         return new AccessibleGroup(*item, QAccessible::Grouping);
     if (item->inherits("QQuickListView"))
         return new AccessibleGroup(*item, QAccessible::List);
+    if (auto* toggle = qobject_cast<Toggle*>(item))
+        return new AccessibleToggle(*toggle);
     return AccessibleSecret::makeIfSecret(*item);
 }
 

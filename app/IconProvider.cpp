@@ -18,6 +18,7 @@ constexpr int largestSide = 2048;
 constexpr int megabytesToDecode = 32;
 constexpr int picturesKept = 512;
 constexpr QSize unknownSize(58, 58);
+const QLatin1String addressStart("image://device/");
 
 /// Pictures that exist only as bytes, by the number that stands in their address.
 class KeptPictures {
@@ -52,7 +53,7 @@ KeptPictures& keptPictures() {
     return pictures;
 }
 
-QImage decode(QImageReader& reader, const QSize& requestedSize) {
+QImage read(QImageReader& reader, const QSize& requestedSize) {
     reader.setAutoTransform(true);
     const QSize natural = reader.size();
     if (natural.width() > largestSide || natural.height() > largestSide)
@@ -74,23 +75,29 @@ QString IconProvider::urlFor(const std::shared_ptr<platform::UIImage>& image) {
     if (!image)
         return {};
     if (image->bytes().empty())
-        return QStringLiteral("image://device/file/") +
+        return addressStart + QStringLiteral("file/") +
                QString::fromLatin1(QUrl::toPercentEncoding(toQt(image->path())));
-    return QStringLiteral("image://device/bytes/%1").arg(keptPictures().keep(image));
+    return addressStart + QStringLiteral("bytes/%1").arg(keptPictures().keep(image));
 }
 
-QImage IconProvider::requestImage(const QString& id, QSize* size, const QSize& requestedSize) {
-    QImage image;
+QImage IconProvider::decode(const QString& address, const QSize& requestedSize) {
+    const QString id = address.mid(addressStart.size());
     if (id.startsWith(QLatin1String("file/"))) {
         QImageReader reader(QUrl::fromPercentEncoding(id.mid(5).toLatin1()));
-        image = decode(reader, requestedSize);
-    } else if (const auto picture = keptPictures().find(id.mid(6).toULongLong())) {
+        return read(reader, requestedSize);
+    }
+    if (const auto picture = keptPictures().find(id.mid(6).toULongLong())) {
         QByteArray bytes =
             QByteArray::fromRawData(picture->bytes().data(), static_cast<qsizetype>(picture->bytes().size()));
         QBuffer buffer(&bytes);
         QImageReader reader(&buffer);
-        image = decode(reader, requestedSize);
+        return read(reader, requestedSize);
     }
+    return {};
+}
+
+QImage IconProvider::requestImage(const QString& id, QSize* size, const QSize& requestedSize) {
+    const QImage image = decode(addressStart + id, requestedSize);
     if (size)
         *size = image.size();
     return image;

@@ -21,6 +21,9 @@ public:
     /// long as it is among the last few hundred asked for.
     static QString urlFor(const std::shared_ptr<platform::UIImage>& image);
 
+    /// The picture at an address, no larger than asked for; null where it cannot be had. Any thread.
+    static QImage decode(const QString& address, const QSize& requestedSize);
+
     QImage requestImage(const QString& id, QSize* size, const QSize& requestedSize) override;
 };
 

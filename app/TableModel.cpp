@@ -1,6 +1,7 @@
 #include "app/TableModel.h"
 
 #include "app/IconProvider.h"
+#include "app/TableEntry.h"
 #include "app/Text.h"
 
 #include <algorithm>
@@ -52,37 +53,31 @@ std::shared_ptr<shell::TableRow> TableModel::shown(NSIndexPath path) const {
     return row;
 }
 
+TableEntry TableModel::entry(int row) const {
+    const NSIndexPath path = pathOf(row);
+    TableEntry entry;
+    entry.height = table_->rowHeight(path);
+    entry.row = row;
+    entry.place = {row == 0, row + 1 == rowCount()};
+    const auto shownRow = shown(path);
+    if (!shownRow)
+        return entry;
+    entry.title = toQt(shownRow->title());
+    entry.key = toQt(shownRow->key());
+    entry.icon = IconProvider::urlFor(shownRow->icon());
+    entry.on = shownRow->isOn();
+    entry.hasSwitch = shownRow->switchControl() != nullptr;
+    return entry;
+}
+
 QVariant TableModel::data(const QModelIndex& index, int role) const {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+    if (role != EntryRole || !checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
-    const NSIndexPath path = pathOf(index.row());
-    if (role == RowHeightRole)
-        return table_->rowHeight(path);
-    const auto row = shown(path);
-    if (!row)
-        return {};
-    switch (role) {
-    case TitleRole:
-        return toQt(row->title());
-    case DetailRole:
-        return toQt(row->detail());
-    case KeyRole:
-        return toQt(row->key());
-    case IconRole:
-        return IconProvider::urlFor(row->icon());
-    case OnRole:
-        return row->isOn();
-    case HasSwitchRole:
-        return row->switchControl() != nullptr;
-    default:
-        return {};
-    }
+    return QVariant::fromValue(entry(index.row()));
 }
 
 QHash<int, QByteArray> TableModel::roleNames() const {
-    return {{TitleRole, "title"},        {DetailRole, "detail"}, {KeyRole, "key"},
-            {IconRole, "icon"},          {OnRole, "on"},         {HasSwitchRole, "hasSwitch"},
-            {RowHeightRole, "rowHeight"}};
+    return {{EntryRole, "entry"}};
 }
 
 void TableModel::setFilter(const QString& filter) {

@@ -10,6 +10,8 @@
 
 namespace wardlock::app {
 
+struct TableEntry;
+
 /// The rows of a page's table as a ListView wants them. A row's cell is asked for when the view asks for the
 /// row, and given back once enough others have been shown since: rows out of sight cost nothing. A filter
 /// leaves the rows whose title or key holds its text.
@@ -17,15 +19,7 @@ class TableModel : public QAbstractListModel {
     Q_OBJECT
 
 public:
-    enum Role {
-        TitleRole = Qt::UserRole,
-        DetailRole,
-        KeyRole,
-        IconRole,
-        OnRole,
-        HasSwitchRole,
-        RowHeightRole
-    };
+    enum Role { EntryRole = Qt::UserRole };
 
     explicit TableModel(std::shared_ptr<shell::Table> table);
 
@@ -45,6 +39,7 @@ private:
     };
 
     std::shared_ptr<shell::TableRow> shown(platform::NSIndexPath path) const;
+    TableEntry entry(int row) const;
     void readPaths();
     bool passes(std::size_t place);
 

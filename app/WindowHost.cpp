@@ -4,6 +4,8 @@
 #include "app/BlurredBackdrop.h"
 #include "app/IconProvider.h"
 #include "app/Layer.h"
+#include "app/Look.h"
+#include "app/TableCell.h"
 
 #include <QGuiApplication>
 #include <QQmlContext>
@@ -14,6 +16,9 @@ WindowHost::WindowHost(platform::AnimationClock& clock, double transitionSeconds
     : settings_(clock, transitionSeconds) {
     qmlRegisterType<BlurredBackdrop>("Wardlock.Native", 1, 0, "BlurredBackdrop");
     qmlRegisterType<Layer>("Wardlock.Native", 1, 0, "Layer");
+    qmlRegisterType<TableCell>("Wardlock.Native", 1, 0, "TableCell");
+    qmlRegisterType<Toggle>("Wardlock.Native", 1, 0, "Toggle");
+    Look::install();
     installAccessibility();
     engine_.addImageProvider(QStringLiteral("device"), new IconProvider);
     engine_.rootContext()->setContextProperty(QStringLiteral("settings"), &settings_);

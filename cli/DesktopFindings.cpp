@@ -16,7 +16,7 @@ using platform::BusState;
 using platform::MailWay;
 using Condition = platform::BusState::Condition;
 
-/// The family the window asks for; app/qml/Look.qml has it too.
+/// The family the window asks for; app/Look.h has it too.
 constexpr std::string_view windowFont = "Inter";
 
 std::string nameOf(const BusState& bus) {

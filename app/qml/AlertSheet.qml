@@ -1,4 +1,5 @@
 import QtQuick
+import Wardlock.Native
 
 // A question over the page.
 Item {

@@ -1,4 +1,5 @@
 import QtQuick
+import Wardlock.Native
 
 // A file that goes with a mail.
 Item {

@@ -1,4 +1,5 @@
 import QtQuick
+import Wardlock.Native
 
 // The ground of one row: part of a card whose first and last rows have round corners.
 Item {

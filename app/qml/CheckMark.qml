@@ -1,4 +1,5 @@
 import QtQuick
+import Wardlock.Native
 
 // The mark of the chosen one.
 Item {

@@ -1,4 +1,5 @@
 import QtQuick
+import Wardlock.Native
 
 // The arrow that leads on, or, turned, back.
 Item {

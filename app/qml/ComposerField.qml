@@ -1,4 +1,5 @@
 import QtQuick
+import Wardlock.Native
 
 // A line of the mail sheet: what it is, and its text.
 Item {

@@ -1,4 +1,5 @@
 import QtQuick
+import Wardlock.Native
 
 // The mail sheet: everything can be read and changed before the mail goes.
 FocusScope {

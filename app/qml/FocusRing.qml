@@ -1,4 +1,5 @@
 import QtQuick
+import Wardlock.Native
 
 // Shows where the keyboard is.
 Rectangle {

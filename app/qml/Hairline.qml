@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Window
+import Wardlock.Native
 
 // A line as thin as the screen can show.
 Rectangle {

@@ -1,4 +1,5 @@
 import QtQuick
+import Wardlock.Native
 
 // Text in the window's type.
 Text {

@@ -1,4 +1,5 @@
 import QtQuick
+import Wardlock.Native
 
 // A page of sections and rows.
 PullList {

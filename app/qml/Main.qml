@@ -11,12 +11,6 @@ Window {
     minimumHeight: 360
     color: Look.ground
 
-    Component.onCompleted: {
-        Look.dark = Qt.binding(() => appearance.dark);
-        Look.highContrast = Qt.binding(() => appearance.highContrast);
-        Look.reducedMotion = Qt.binding(() => appearance.reducedMotion);
-        Look.textScale = Qt.binding(() => appearance.textScale);
-    }
     onClosing: settings.close()
 
     // What covered the pages has gone: the keyboard is theirs again, where it was.

@@ -1,4 +1,5 @@
 import QtQuick
+import Wardlock.Native
 
 // The bar over a page: the way back, the title, the page's button.
 Rectangle {

@@ -1,4 +1,5 @@
 import QtQuick
+import Wardlock.Native
 
 // A sentence of the application itself, to be read and dismissed.
 Rectangle {

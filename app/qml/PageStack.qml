@@ -1,4 +1,5 @@
 import QtQuick
+import Wardlock.Native
 
 // The pages one over another: a pushed one slides in from the side, a popped one out, the one beneath follows a little.
 // A swipe from the edge takes the topmost away under the finger.

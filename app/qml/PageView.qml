@@ -1,4 +1,5 @@
 import QtQuick
+import Wardlock.Native
 
 // One page: its bar and what it shows.
 FocusScope {

@@ -1,4 +1,5 @@
 import QtQuick
+import Wardlock.Native
 
 // A text that can be pressed.
 Item {

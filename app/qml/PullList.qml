@@ -1,4 +1,5 @@
 import QtQuick
+import Wardlock.Native
 
 // A scrolling list that opens the page's search when it is pulled down, or with the keys for it.
 Item {

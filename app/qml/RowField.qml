@@ -1,4 +1,5 @@
 import QtQuick
+import Wardlock.Native
 
 // The text field of a row. What is typed is handed on at once and stored when the editing ends.
 TextInput {

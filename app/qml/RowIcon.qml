@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Window
+import Wardlock.Native
 
 // A row's picture, square; nothing where there is none.
 Image {

@@ -1,4 +1,5 @@
 import QtQuick
+import Wardlock.Native
 
 // Shows how far a list is scrolled while it moves.
 Rectangle {

@@ -1,4 +1,5 @@
 import QtQuick
+import Wardlock.Native
 
 // Pulled down over a list: filters its rows.
 Item {

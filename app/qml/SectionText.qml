@@ -1,4 +1,5 @@
 import QtQuick
+import Wardlock.Native
 
 // A section's header or footer; an empty header is the gap between two cards.
 Item {

@@ -1,4 +1,5 @@
 import QtQuick
+import Wardlock.Native
 
 // One row of a list page, of any kind.
 Item {

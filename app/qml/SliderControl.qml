@@ -1,4 +1,5 @@
 import QtQuick
+import Wardlock.Native
 
 // A slider between 0 and 1. It stores when it is let go of.
 Item {

@@ -1,4 +1,5 @@
 import QtQuick
+import Wardlock.Native
 
 // The slider of a row, with its number where the row shows it.
 Item {

@@ -1,4 +1,5 @@
 import QtQuick
+import Wardlock.Native
 
 // A page of the web. The engine is loaded only now; where there is none the page says so.
 Rectangle {

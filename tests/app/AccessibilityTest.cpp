@@ -76,7 +76,7 @@ TEST_F(WindowAccessibility, TellsTheMailAndTheChangeLog) {
 TEST_F(WindowAccessibility, TellsEveryKindOfRow) {
     openFixtureBundle();
     expectTold({"CheckBox: On off", "Link: Flavour", "EditableText: Nickname", "EditableText: PIN",
-                "CheckBox: Locked off (Not available)", "Button: Starred", "StaticText: Version 1"});
+                "CheckBox: Locked disabled off (Not available)", "Button: Starred", "StaticText: Version 1"});
 }
 
 TEST_F(WindowAccessibility, DoesWhatAssistiveTechnologyAsks) {

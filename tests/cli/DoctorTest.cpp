@@ -301,10 +301,11 @@ TEST_F(DoctorsSearch, LooksForFontsOfTheUserToo) {
 }
 
 TEST_F(Doctor, LooksForTheFontThatTheWindowAsksFor) {
-    std::ifstream file(sourceFolder() + "/app/qml/Look.qml");
+    std::ifstream file(sourceFolder() + "/app/Look.h");
     const std::string look{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
     const std::string family = finding("fonts", 0)["family"];
-    EXPECT_NE(look.find("family: \"" + family + '"'), std::string::npos) << family;
+    EXPECT_NE(look.find("family() const { return QStringLiteral(\"" + family + '"'), std::string::npos)
+        << family;
 }
 
 } // namespace

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "app/TableEntry.h"
+#include "app/Toggle.h"
+
+#include <QImage>
+#include <QPointer>
+#include <QQuickPaintedItem>
+
+namespace wardlock::app {
+
+/// One row of a table page: its part of the card with icon and title, painted, and the switch. One item, as a
+/// list makes a window full of them before its first frame.
+class TableCell : public QQuickPaintedItem {
+    Q_OBJECT
+    Q_PROPERTY(wardlock::app::TableEntry entry READ entry WRITE setEntry NOTIFY entryChanged)
+    Q_PROPERTY(QString text READ text NOTIFY entryChanged)
+    /// What takes the keyboard of this row; null for none.
+    Q_PROPERTY(QQuickItem* focusTarget READ focusTarget NOTIFY entryChanged)
+
+public:
+    explicit TableCell(QQuickItem* parent = nullptr);
+
+    const TableEntry& entry() const { return entry_; }
+    void setEntry(const TableEntry& entry);
+    const QString& text() const { return entry_.title; }
+    QQuickItem* focusTarget() const { return entry_.hasSwitch ? toggle_ : nullptr; }
+
+    void paint(QPainter* painter) override;
+
+signals:
+    void entryChanged();
+    /// The switch of the row of that number was tapped.
+    void flipped(int row);
+
+protected:
+    void componentComplete() override;
+    void geometryChange(const QRectF& now, const QRectF& before) override;
+
+private:
+    void followLook();
+    void showSwitch(bool sameRow);
+    void showIcon();
+    void placeSwitch();
+
+    TableEntry entry_;
+    QPointer<Look> look_;
+    Toggle* toggle_ = nullptr;
+    QImage icon_;
+    QMetaObject::Connection awaited_;
+};
+
+} // namespace wardlock::app
