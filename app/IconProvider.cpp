@@ -1,6 +1,9 @@
 #include "app/IconProvider.h"
 
+#include "app/PictureBounds.h"
 #include "app/Text.h"
+#include "platform/foundation/Diagnostics.h"
+#include "platform/foundation/FileSystem.h"
 
 #include <QBuffer>
 #include <QHash>
@@ -53,7 +56,22 @@ KeptPictures& keptPictures() {
     return pictures;
 }
 
-QImage read(QImageReader& reader, const QSize& requestedSize) {
+/// The picture's bytes; none when it is no file of bounded size.
+QByteArray bytesOfFile(const QString& path) {
+    std::string bytes;
+    auto& files = platform::FileSystem::current();
+    if (files.readFile(path.toStdString(), platform::UIImage::largestFile, bytes))
+        return {};
+    return QByteArray::fromStdString(bytes);
+}
+
+/// Empty for a picture that is broken or out of bounds.
+QImage read(QByteArray bytes, const QSize& requestedSize) {
+    const QByteArray decoder = decoderFor(bytes);
+    if (decoder.isEmpty())
+        return {};
+    QBuffer buffer(&bytes);
+    QImageReader reader(&buffer, decoder);
     reader.setAutoTransform(true);
     const QSize natural = reader.size();
     if (natural.width() > largestSide || natural.height() > largestSide)
@@ -83,16 +101,17 @@ QString IconProvider::urlFor(const std::shared_ptr<platform::UIImage>& image) {
 QImage IconProvider::decode(const QString& address, const QSize& requestedSize) {
     const QString id = address.mid(addressStart.size());
     if (id.startsWith(QLatin1String("file/"))) {
-        QImageReader reader(QUrl::fromPercentEncoding(id.mid(5).toLatin1()));
-        return read(reader, requestedSize);
+        const QString path = QUrl::fromPercentEncoding(id.mid(5).toLatin1());
+        QImage image = read(bytesOfFile(path), requestedSize);
+        if (image.isNull())
+            platform::diagnose("The picture " + path.toStdString() +
+                               " is left out: it is broken, or too much for a row.");
+        return image;
     }
-    if (const auto picture = keptPictures().find(id.mid(6).toULongLong())) {
-        QByteArray bytes =
-            QByteArray::fromRawData(picture->bytes().data(), static_cast<qsizetype>(picture->bytes().size()));
-        QBuffer buffer(&bytes);
-        QImageReader reader(&buffer);
-        return read(reader, requestedSize);
-    }
+    if (const auto picture = keptPictures().find(id.mid(6).toULongLong()))
+        return read(
+            QByteArray::fromRawData(picture->bytes().data(), static_cast<qsizetype>(picture->bytes().size())),
+            requestedSize);
     return {};
 }
 

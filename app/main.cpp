@@ -3,6 +3,7 @@
 #include "app/Screenshots.h"
 #include "app/WindowClock.h"
 #include "app/WindowHost.h"
+#include "platform/services/ProcessStart.h"
 #include "shell/LastRites.h"
 #include "shell/Provision.h"
 
@@ -39,6 +40,7 @@ int openWindow(const app::Options& options, const std::vector<std::string>& prob
 } // namespace
 
 int main(int argc, char** argv) {
+    platform::prepareProcess();
     const auto options = app::Options::parse({argv + 1, argv + argc});
     if (!options.error.empty())
         return usageError(options.error);

@@ -3,6 +3,7 @@
 #include "cli/Finding.h"
 #include "cli/TextWidth.h"
 #include "platform/foundation/DeviceRoot.h"
+#include "platform/foundation/DocumentFile.h"
 #include "platform/foundation/FileSystem.h"
 #include "platform/foundation/Format.h"
 #include "platform/foundation/PropertyList.h"
@@ -11,7 +12,6 @@
 #include "settings/DocumentPath.h"
 #include "settings/Keys.h"
 
-#include <limits>
 #include <optional>
 
 namespace wardlock::cli {
@@ -133,7 +133,7 @@ Finding lookAtDocument() {
                              "Open Settings, or run: wardlock status. Either writes the default document.");
     std::string bytes;
     const auto read = [&] {
-        return platform::FileSystem::current().readFile(path, std::numeric_limits<std::size_t>::max(), bytes);
+        return platform::FileSystem::current().readFile(path, platform::DocumentFile::largest, bytes);
     };
     if (const std::error_code error = platform::uninterrupted(read))
         return finding.fails(path + " cannot be read: " + error.message(),

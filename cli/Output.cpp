@@ -3,10 +3,8 @@
 #include "cli/CommandError.h"
 
 #include <cerrno>
-#include <csignal>
 #include <cstdio>
 #include <cstring>
-#include <fcntl.h>
 #include <string>
 
 namespace wardlock::cli {
@@ -18,16 +16,6 @@ namespace {
 }
 
 } // namespace
-
-void Output::prepare() {
-    std::signal(SIGPIPE, SIG_IGN);
-    for (int descriptor = 0; descriptor <= 2; ++descriptor) {
-        // Opened the wrong way round on purpose: a write to a closed standard output has to fail, not to
-        // vanish.
-        if (fcntl(descriptor, F_GETFD) < 0 && errno == EBADF)
-            static_cast<void>(open("/dev/null", descriptor == 0 ? O_WRONLY : O_RDONLY));
-    }
-}
 
 void Output::line(std::string_view text) {
     Output::text(text);

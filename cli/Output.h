@@ -8,10 +8,6 @@ namespace wardlock::cli {
 /// lost, and a reader that went away is such a failure too, not a signal's death.
 class Output {
 public:
-    /// Once, before anything is opened: keeps the three standard descriptors from being given to a file or a
-    /// bus where the caller closed them.
-    static void prepare();
-
     /// Adds a line; it reaches the reader with the next flush() at the latest.
     static void line(std::string_view text);
     /// Adds text as it is.

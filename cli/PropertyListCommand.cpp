@@ -8,7 +8,6 @@
 
 #include <charconv>
 #include <cstdint>
-#include <limits>
 #include <nlohmann/json.hpp>
 #include <optional>
 
@@ -17,6 +16,9 @@ namespace wardlock::cli {
 namespace {
 
 using platform::Value;
+
+/// Far more than a property list of settings has, and less than the memory of any machine.
+constexpr std::size_t largestFile = std::size_t{256} << 20;
 
 [[noreturn]] void refuse(std::string_view text, std::string_view why) {
     throw CommandError(ExitCode::WrongUsage, "\"" + std::string(text) + "\" " + std::string(why));
@@ -49,9 +51,7 @@ bool isMissing(const std::string& path) {
 
 std::string fileBytes(const std::string& path) {
     std::string bytes;
-    const auto read = [&] {
-        return platform::FileSystem::current().readFile(path, std::numeric_limits<std::size_t>::max(), bytes);
-    };
+    const auto read = [&] { return platform::FileSystem::current().readFile(path, largestFile, bytes); };
     if (const std::error_code error = platform::uninterrupted(read))
         throw CommandError(ExitCode::Failed, path + ": " + error.message());
     return bytes;

@@ -1,12 +1,12 @@
 #include "cli/CommandLine.h"
-#include "cli/Output.h"
+#include "platform/services/ProcessStart.h"
 
 #include <string_view>
 #include <vector>
 
 int main(int count, char** words) {
     using namespace wardlock::cli;
-    Output::prepare();
+    platform::prepareProcess();
     const std::vector<std::string_view> given(words + (count > 0 ? 1 : 0), words + count);
     return static_cast<int>(runCommandLine(given));
 }

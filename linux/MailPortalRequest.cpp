@@ -1,5 +1,6 @@
 #include "linux/MailPortalRequest.h"
 
+#include "linux/BusAddress.h"
 #include "linux/BusPointers.h"
 #include "linux/DesktopPortal.h"
 #include "linux/FileDescriptor.h"
@@ -117,8 +118,15 @@ void waitForResponse(sd_bus& bus, const Response& response, std::chrono::microse
 } // namespace
 
 PortalBus openPortalBus() {
-    sd_bus* bus = nullptr;
-    return sd_bus_open_user(&bus) >= 0 ? PortalBus(bus) : nullptr;
+    const BusAddress address = busAddress();
+    // No portal stands at a bus of our own.
+    sd_bus* made = nullptr;
+    if (!address.ownFolder.empty() || sd_bus_new(&made) < 0)
+        return nullptr;
+    PortalBus bus(made);
+    const bool started = sd_bus_set_address(made, address.text.c_str()) >= 0 &&
+                         sd_bus_set_bus_client(made, 1) >= 0 && sd_bus_start(made) >= 0;
+    return started ? std::move(bus) : nullptr;
 }
 
 std::optional<std::uint32_t> emailPortalVersion(sd_bus& bus, std::chrono::microseconds timeout) {

@@ -52,16 +52,22 @@ void replace(std::string& text, std::string_view placeholder, std::string_view b
     text.replace(text.find(placeholder), placeholder.size(), by);
 }
 
+enum class Listener { None, Some, Unknown };
+
 /// Whether a process listens at the socket, however busy it is.
-bool isListening(const std::string& path) {
+Listener listenerAt(const std::string& path) {
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
     if (path.size() >= sizeof address.sun_path)
-        return false;
+        return Listener::Unknown;
     std::memcpy(address.sun_path, path.c_str(), path.size() + 1);
     const FileDescriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
-    return connect(socket.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0 ||
-           errno == EAGAIN;
+    if (!socket)
+        return Listener::Unknown;
+    if (connect(socket.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0 ||
+        errno == EAGAIN)
+        return Listener::Some;
+    return errno == ENOENT || errno == ECONNREFUSED ? Listener::None : Listener::Unknown;
 }
 
 bool writeAll(int descriptor, std::string_view text) {
@@ -91,8 +97,10 @@ OwnBus::Start OwnBus::start() const {
         return Start::Failed;
     if (flock(lock.get(), LOCK_EX | LOCK_NB) != 0)
         return errno == EWOULDBLOCK ? Start::StartedByOther : Start::Failed;
-    if (isListening(socketPath()))
-        return Start::Running;
+    const Listener listener = listenerAt(socketPath());
+    // A process without descriptors to spare must not take the bus away from all others.
+    if (listener != Listener::None)
+        return listener == Listener::Some ? Start::Running : Start::Failed;
     unlink(socketPath().c_str());
     // The daemon goes into the background once it listens.
     if (!writeConfiguration() || !runDaemon({"dbus-daemon", "--config-file=" + configurationPath(), "--fork",

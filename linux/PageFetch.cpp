@@ -11,6 +11,8 @@ namespace {
 
 constexpr const char* Schemes = "http,https";
 constexpr long MostRedirections = 10;
+/// Of all answers of one fetch, redirections included.
+constexpr std::size_t LargestHeaders = 256 * 1024;
 /// How often a fetch looks whether its reader is still there.
 constexpr int LookMilliseconds = 250;
 
@@ -25,6 +27,7 @@ using EasyHandle = std::unique_ptr<CURL, EasyRelease>;
 struct Body {
     std::string bytes;
     std::size_t limit;
+    std::size_t headers = 0;
 };
 
 /// Takes less than it is given, which ends the transfer, when the page grows too large; counted after
@@ -36,6 +39,13 @@ std::size_t append(char* data, std::size_t size, std::size_t count, void* target
         return 0;
     body.bytes.append(data, length);
     return length;
+}
+
+/// Headers are kept by the library itself; a server that sends nothing else must come to an end too.
+std::size_t countHeader(char*, std::size_t size, std::size_t count, void* target) {
+    auto& body = *static_cast<Body*>(target);
+    body.headers += size * count;
+    return body.headers <= LargestHeaders ? size * count : 0;
 }
 
 CURLM* makeTransfers() {
@@ -59,6 +69,8 @@ void configure(CURL* handle, const std::string& url, const TextWebEngineOptions&
     curl_easy_setopt(handle, CURLOPT_QUICK_EXIT, 1L);
     curl_easy_setopt(handle, CURLOPT_WRITEFUNCTION, &append);
     curl_easy_setopt(handle, CURLOPT_WRITEDATA, &body);
+    curl_easy_setopt(handle, CURLOPT_HEADERFUNCTION, &countHeader);
+    curl_easy_setopt(handle, CURLOPT_HEADERDATA, &body);
 }
 
 std::string information(CURL* handle, CURLINFO what) {
@@ -107,7 +119,7 @@ void PageFetch::run() {
     const EasyHandle handle(curl_easy_init());
     const std::unique_ptr<curl_slist, ListRelease> connectTo(
         options_.connectTo.empty() ? nullptr : curl_slist_append(nullptr, options_.connectTo.c_str()));
-    Body body{{}, options_.largestPage};
+    Body body{{}, options_.largestPage, 0};
     configure(handle.get(), url_, options_, body);
     curl_easy_setopt(handle.get(), CURLOPT_CONNECT_TO, connectTo.get());
     const auto result = transfer(transfers_, handle.get(), [this] { return isWanted(); });

@@ -43,6 +43,7 @@ public:
         sigemptyset(&defaults);
         sigaddset(&defaults, SIGPIPE);
         sigaddset(&defaults, SIGINT);
+        sigaddset(&defaults, SIGXFSZ);
         posix_spawnattr_setsigdefault(&attributes_, &defaults);
         posix_spawnattr_setflags(&attributes_,
                                  POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
@@ -99,6 +100,14 @@ bool readAll(int descriptor, Clock::time_point deadline, std::string& output) {
     }
 }
 
+bool takeStatus(pid_t process, int& status) {
+    pid_t taken = 0;
+    do
+        taken = waitpid(process, &status, 0);
+    while (taken < 0 && errno == EINTR);
+    return taken == process;
+}
+
 /// Waits for the process's end and takes its status; none when the time is over before.
 std::optional<int> waitFor(pid_t process, Clock::time_point deadline) {
     const FileDescriptor handle(static_cast<int>(syscall(SYS_pidfd_open, process, 0)));
@@ -110,7 +119,7 @@ std::optional<int> waitFor(pid_t process, Clock::time_point deadline) {
             return std::nullopt;
     }
     int status = 0;
-    return waitpid(process, &status, 0) == process ? std::optional(exitCodeOf(status)) : std::nullopt;
+    return takeStatus(process, status) ? std::optional(exitCodeOf(status)) : std::nullopt;
 }
 
 } // namespace
@@ -148,7 +157,8 @@ std::optional<ProgramResult> runProgram(const std::vector<std::string>& words,
     }
     // Its whole session: what it started holds the pipe as well.
     kill(-*process, SIGKILL);
-    waitpid(*process, nullptr, 0);
+    int ignored = 0;
+    takeStatus(*process, ignored);
     return std::nullopt;
 }
 
@@ -159,7 +169,10 @@ std::optional<int> startProgram(const std::vector<std::string>& words, std::chro
     if (const auto code = waitFor(*process, Clock::now() + patience))
         return code;
     // Somebody has to take its status when it ends.
-    std::thread([process = *process] { waitpid(process, nullptr, 0); }).detach();
+    std::thread([process = *process] {
+        int ignored = 0;
+        takeStatus(process, ignored);
+    }).detach();
     return 0;
 }
 

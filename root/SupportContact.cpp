@@ -1,6 +1,7 @@
 // The root page's ways to the maker: the profile and a ready-made support mail.
 
 #include "platform/foundation/DeviceRoot.h"
+#include "platform/foundation/Diagnostics.h"
 #include "platform/foundation/FileSystem.h"
 #include "platform/foundation/Format.h"
 #include "platform/services/DeviceInformation.h"
@@ -9,7 +10,7 @@
 #include "root/SettingsListController.h"
 #include "settings/Constants.h"
 
-#include <limits>
+#include <cstddef>
 #include <optional>
 
 namespace wardlock {
@@ -24,13 +25,18 @@ constexpr const char* SubjectFormat = "Wardlock -- %@(%@)";
 constexpr const char* BodyFormat =
     "Application: %@\nDevice: %@\nFirmware: %@\n\nComments:\n%@\n\nReproduce:\n%@";
 constexpr const char* PackageListPath = "/tmp/dpkgl.log";
+// No mail server takes more.
+constexpr std::size_t LargestAttachment = std::size_t{64} << 20;
 
 std::optional<std::string> contentsOfFile(std::string_view devicePath) {
     auto& files = platform::FileSystem::current();
     const auto path = platform::pathOnDevice(devicePath);
     std::string contents;
-    const auto read = [&] { return files.readFile(path, std::numeric_limits<std::size_t>::max(), contents); };
-    return platform::uninterrupted(read) ? std::nullopt : std::optional(std::move(contents));
+    const std::error_code error =
+        platform::uninterrupted([&] { return files.readFile(path, LargestAttachment, contents); });
+    if (error == std::errc::file_too_large)
+        platform::diagnose(path + " is not attached: it is too large for a mail.");
+    return error ? std::nullopt : std::optional(std::move(contents));
 }
 
 void attach(MFMailComposeViewController& composer, std::string_view devicePath, std::string fileName) {

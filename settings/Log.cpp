@@ -18,7 +18,7 @@ namespace {
 constexpr std::string_view entryFormat = "\n%@";
 constexpr std::string_view replacementCharacter = "\xef\xbf\xbd";
 // A log beyond this is no longer looked through, and kept.
-constexpr std::size_t longestLogRead = std::size_t{1} << 30;
+constexpr std::size_t longestLogRead = std::size_t{16} << 20;
 
 /// Bytes that are no UTF-8 would cost the whole log at the next entry.
 std::string asUtf8(std::string_view text) {

@@ -13,8 +13,15 @@ namespace fs = std::filesystem;
 
 namespace {
 
+/// Longer ones are no names, and would only fill memory and screen; they count as absent.
+constexpr std::size_t longestText = 1024;
+/// Beyond these nobody finds anything on a page, and each costs the reading of a file.
+constexpr std::size_t mostBundles = 500;
+constexpr std::size_t mostSentences = 20;
+
 std::string text(const platform::NSBundle& bundle, std::string_view key) {
-    return std::string(platform::stringValue(bundle.infoDictionary().find(key)).value_or(""));
+    const auto found = platform::stringValue(bundle.infoDictionary().find(key)).value_or("");
+    return std::string(found.size() <= longestText ? found : "");
 }
 
 std::string nameOf(const platform::NSBundle& bundle, const std::string& folderName) {
@@ -50,9 +57,18 @@ BundleList::BundleList() {
         if (it->path().extension() == ".bundle")
             folders.push_back(it->path().filename().string());
     std::ranges::sort(folders);
-    for (const auto& folder : folders)
-        add(folder);
+    const std::size_t looked = std::min(folders.size(), mostBundles);
+    for (std::size_t i = 0; i < looked; ++i)
+        add(folders[i]);
+    summarise(folders.size() - looked);
     std::ranges::stable_sort(entries_, {}, [](const BundleEntry& entry) { return lowered(entry.name); });
+}
+
+void BundleList::summarise(std::size_t notLookedAt) {
+    const std::size_t more = leftOut_.size() - std::min(leftOut_.size(), mostSentences) + notLookedAt;
+    leftOut_.resize(std::min(leftOut_.size(), mostSentences));
+    if (more > 0)
+        leftOut_.push_back(std::to_string(more) + " more were left out.");
 }
 
 void BundleList::add(const std::string& folderName) {

@@ -30,11 +30,14 @@ public:
 
     /// By name, letter case aside.
     const std::vector<BundleEntry>& entries() const { return entries_; }
-    /// One sentence for each bundle that was left out, with the reason.
+    /// One sentence for each bundle that was left out, with the reason; of very many only the first, and
+    /// how many more there are.
     const std::vector<std::string>& leftOut() const { return leftOut_; }
 
 private:
     void add(const std::string& folderName);
+    /// Keeps the sentences to as many as a page can show.
+    void summarise(std::size_t notLookedAt);
 
     std::vector<BundleEntry> entries_;
     std::vector<std::string> leftOut_;

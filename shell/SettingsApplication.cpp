@@ -1,10 +1,12 @@
 #include "shell/SettingsApplication.h"
 
+#include "platform/foundation/Diagnostics.h"
 #include "platform/foundation/MainLoop.h"
 #include "platform/foundation/NSOperationQueue.h"
 #include "platform/services/SystemMailService.h"
 #include "platform/services/SystemURLOpener.h"
 #include "platform/ui/UIApplication.h"
+#include "settings/Log.h"
 #include "shell/BundleListController.h"
 
 namespace wardlock::shell {
@@ -17,6 +19,7 @@ SettingsApplication::SettingsApplication(platform::AnimationClock& clock, double
       changes_(screen_.stack(), [this](platform::UIView& view) { endEditingIn(view); }),
       pageInput_(screen_, changes_, door_), sheetInput_(screen_, door_),
       liveRefresh_(screen_, changes_, door_) {
+    platform::setDiagnosticsKeeper(&appendToLog);
     platform::AnimationClock::setCurrent(&clock_);
     platform::DisplayObserver::setCurrent(&changes_);
     UIApplication::sharedApplication().setKeyWindow(screen_.window());
@@ -34,6 +37,7 @@ SettingsApplication::~SettingsApplication() {
     UIApplication::sharedApplication().setKeyWindow(nullptr);
     platform::DisplayObserver::setCurrent(nullptr);
     platform::AnimationClock::setCurrent(nullptr);
+    platform::setDiagnosticsKeeper(nullptr);
 }
 
 void SettingsApplication::setTransitionSeconds(double seconds) {

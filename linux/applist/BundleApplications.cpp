@@ -1,6 +1,7 @@
 #include "linux/applist/BundleApplications.h"
 
 #include "platform/foundation/DeviceRoot.h"
+#include "platform/foundation/Diagnostics.h"
 #include "platform/foundation/FileSystem.h"
 #include "platform/foundation/PropertyList.h"
 #include "platform/foundation/Value.h"
@@ -17,6 +18,8 @@ constexpr std::string_view Suffix = ".app";
 constexpr std::size_t LargestInfo = 1u << 20;
 constexpr std::size_t LongestText = 1024;
 constexpr std::size_t MostIcons = 32;
+/// A device has a few hundred.
+constexpr std::size_t MostApplications = 10000;
 
 /// Where .app folders stand: directly, or one folder per application further down.
 struct Place {
@@ -29,6 +32,10 @@ constexpr std::array Places{
     Place{"/var/mobile/Applications", true},
     Place{"/var/containers/Bundle/Application", true},
 };
+
+std::string tooMany(const std::string& folder) {
+    return "There are more applications in " + folder + " than a list can show: the others are left out.";
+}
 
 std::vector<std::string> sortedNames(const std::string& folder) {
     std::vector<std::string> names;
@@ -47,7 +54,8 @@ void addIcons(const Value* files, std::vector<std::string>& icons) {
     const Array* names = arrayValue(files);
     for (const Value& name : names ? *names : Array()) {
         const auto icon = stringValue(&name);
-        if (icon && icons.size() < MostIcons)
+        if (icon && icon->size() <= LongestText && icons.size() < MostIcons &&
+            std::find(icons.begin(), icons.end(), *icon) == icons.end())
             icons.emplace_back(*icon);
     }
 }
@@ -70,12 +78,17 @@ std::optional<Application> applicationIn(const std::string& folder, std::string_
     FileSystem& files = FileSystem::current();
     std::string bytes;
     const std::string path = folder + "/Info.plist";
-    if (files.readFile(path, LargestInfo, bytes))
+    if (const std::error_code error = files.readFile(path, LargestInfo, bytes)) {
+        if (error != std::errc::no_such_file_or_directory)
+            diagnose(path + " is left out: " + error.message() + '.');
         return std::nullopt;
+    }
     const std::optional<Value> list = propertyListWithData(bytes);
     const Dictionary* info = list ? dictionaryValue(&*list) : nullptr;
-    if (!info || text(*info, "CFBundleIdentifier").empty())
+    if (!info || text(*info, "CFBundleIdentifier").empty()) {
+        diagnose(path + " is left out: it names no application.");
         return std::nullopt;
+    }
     Application application;
     application.identifier = text(*info, "CFBundleIdentifier");
     application.name = text(*info, "CFBundleDisplayName");
@@ -95,6 +108,8 @@ void addApplications(const std::string& folder, std::vector<Application>& applic
     for (const std::string& name : sortedNames(folder)) {
         if (name.size() <= Suffix.size() || !name.ends_with(Suffix))
             continue;
+        if (applications.size() >= MostApplications)
+            return diagnose(tooMany(folder));
         const auto folderName = std::string_view(name).substr(0, name.size() - Suffix.size());
         if (auto application = applicationIn(folder + "/" + name, folderName))
             applications.push_back(std::move(*application));
@@ -107,10 +122,16 @@ std::vector<Application> bundleApplications() {
     std::vector<Application> applications;
     for (const Place& place : Places) {
         const std::string folder = pathOnDevice(place.devicePath);
-        if (!place.inContainers)
+        if (!place.inContainers) {
             addApplications(folder, applications);
-        for (const std::string& container :
-             place.inContainers ? sortedNames(folder) : std::vector<std::string>())
+            continue;
+        }
+        std::vector<std::string> containers = sortedNames(folder);
+        if (containers.size() > MostApplications) {
+            diagnose(tooMany(folder));
+            containers.resize(MostApplications);
+        }
+        for (const std::string& container : containers)
             addApplications(folder + "/" + container, applications);
     }
     return applications;

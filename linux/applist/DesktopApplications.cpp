@@ -6,10 +6,13 @@
 
 #include <gio/gdesktopappinfo.h>
 
+#include <algorithm>
+
 namespace platform::applist {
 namespace {
 
 constexpr std::string_view Suffix = ".desktop";
+constexpr std::size_t LongestText = 1024;
 
 /// Takes the list with all that is in it.
 std::vector<ObjectPointer<GAppInfo>> allEntries() {
@@ -34,7 +37,9 @@ std::vector<Application> desktopApplications() {
         const std::string_view name = orEmpty(g_app_info_get_display_name(entry.get()));
         if (identifier.ends_with(Suffix))
             identifier.remove_suffix(Suffix.size());
-        if (identifier.empty() || !g_app_info_should_show(entry.get()) || !isValidUtf8(identifier) ||
+        const bool isOfLength =
+            !identifier.empty() && std::max(identifier.size(), name.size()) <= LongestText;
+        if (!isOfLength || !g_app_info_should_show(entry.get()) || !isValidUtf8(identifier) ||
             !isValidUtf8(name))
             continue;
         Application& application = applications.emplace_back();

@@ -56,7 +56,11 @@ bool BinaryPropertyListReader::readTrailer() {
     if (!sizesAreSound || objectCount_ == 0 || table < magic.size() || table > trailer)
         return false;
     table_ = static_cast<std::size_t>(table);
-    return objectCount_ <= (trailer - table_) / offsetSize_;
+    // Each object has a byte of its own, at an offset of its own: a table of millions costs its writer as
+    // much.
+    const std::uint64_t offsets = offsetSize_ < 8 ? std::uint64_t(1) << (8 * offsetSize_) : objectCount_;
+    const std::uint64_t room = std::min<std::uint64_t>(table_ - magic.size(), offsets);
+    return objectCount_ <= std::min<std::uint64_t>(room, (trailer - table_) / offsetSize_);
 }
 
 /// Null when the object is none, contains itself, or is nested too deeply.

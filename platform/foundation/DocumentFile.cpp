@@ -10,8 +10,6 @@ namespace platform {
 
 namespace {
 
-// A document holds a few kilobytes. The bound keeps a log or an image in its place out of the memory.
-constexpr std::size_t largestDocument = std::size_t(16) << 20;
 constexpr int mostDamaged = 9;
 
 /// The name under which the bytes of a damaged file are kept, the first, second, ... time.
@@ -25,9 +23,7 @@ std::string damagedName(const std::string& path, int number) {
 
 DocumentFile::DocumentFile(FileSystem& files, std::string path) : files_(files), path_(std::move(path)) {
     std::string bytes;
-    const auto read = [&] {
-        return uninterrupted([&] { return files_.readFile(path_, largestDocument, bytes); });
-    };
+    const auto read = [&] { return uninterrupted([&] { return files_.readFile(path_, largest, bytes); }); };
     std::error_code error = read();
     // A disk or a remote folder may fail once and not again; taking the document for unreadable would put
     // another in its place that has lost its entries.
@@ -74,8 +70,7 @@ std::error_code DocumentFile::copyAside(Sync sync) {
     for (int number = 1; number <= mostDamaged; ++number) {
         std::string kept;
         const std::string name = damagedName(path_, number);
-        const std::error_code error =
-            uninterrupted([&] { return files_.readFile(name, largestDocument, kept); });
+        const std::error_code error = uninterrupted([&] { return files_.readFile(name, largest, kept); });
         if (!error && kept == damaged_)
             return {};
         if (error == std::errc::no_such_file_or_directory || number == mostDamaged)

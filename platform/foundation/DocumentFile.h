@@ -12,6 +12,10 @@ namespace platform {
 /// making, and its replacement.
 class DocumentFile {
 public:
+    /// A document holds a few kilobytes. The bound, in bytes, keeps a log or an image in its place out of the
+    /// memory.
+    static constexpr std::size_t largest = std::size_t(16) << 20;
+
     DocumentFile(FileSystem& files, std::string path);
 
     /// The dictionary; none when the file is missing, unreadable or no document. An empty dictionary is a

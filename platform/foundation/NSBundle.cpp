@@ -16,6 +16,8 @@ namespace {
 constexpr const char* infoFile = "/Info.plist";
 // A module lies in its bundle or in a folder or two inside; what lies further up is not about it.
 constexpr int foldersLookedAt = 3;
+// No file and no class is called longer, and reasons name them.
+constexpr std::size_t longestName = 1024;
 
 std::optional<Dictionary> infoIn(const std::string& folder) {
     return DocumentFile(FileSystem::current(), folder + infoFile).dictionary();
@@ -90,11 +92,11 @@ const Class* NSBundle::principalClass(std::string& reason) {
         return nullptr;
     const std::string executable = stringIn(info_, "CFBundleExecutable");
     const std::string name = stringIn(info_, "NSPrincipalClass");
-    if (executable.empty() || !staysInside(executable)) {
+    if (executable.empty() || executable.size() > longestName || !staysInside(executable)) {
         reason = path_ + infoFile + " names no module in CFBundleExecutable";
         return nullptr;
     }
-    if (name.empty()) {
+    if (name.empty() || name.size() > longestName) {
         reason = path_ + infoFile + " names no class in NSPrincipalClass";
         return nullptr;
     }

@@ -1,6 +1,7 @@
 #include "platform/ui/UIImage.h"
 
-#include <fstream>
+#include "platform/foundation/Diagnostics.h"
+#include "platform/foundation/FileSystem.h"
 
 namespace platform {
 
@@ -8,7 +9,12 @@ UIImage::~UIImage() = default;
 
 std::shared_ptr<UIImage> UIImage::imageWithContentsOfFile(std::string_view path) {
     std::string name(path);
-    if (std::ifstream file(name, std::ios::binary); !file || file.peek() == std::ifstream::traits_type::eof())
+    // Never opens a pipe or a device, at which a reader could wait for ever.
+    std::string bytes;
+    const std::error_code error = FileSystem::current().readFile(name, largestFile, bytes);
+    if (error && error != std::errc::no_such_file_or_directory)
+        diagnose("The picture " + name + " is left out: " + error.message() + '.');
+    if (error || bytes.empty())
         return nullptr;
     return std::make_shared<UIImage>(std::move(name), std::string());
 }

@@ -2,6 +2,7 @@
 
 #include "platform/foundation/Object.h"
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -14,6 +15,9 @@ class WARDLOCK_API UIImage : public Object {
 public:
     UIImage(std::string path, std::string bytes) : path_(std::move(path)), bytes_(std::move(bytes)) {}
     ~UIImage() override;
+
+    /// Of a picture's file, in bytes; larger ones are not read.
+    static constexpr std::size_t largestFile = std::size_t{4} << 20;
 
     /// The image in a file of this machine; null when there is none that can be read.
     static std::shared_ptr<UIImage> imageWithContentsOfFile(std::string_view path);

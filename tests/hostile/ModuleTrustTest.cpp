@@ -152,7 +152,8 @@ std::string accessListFor(std::uint32_t user) {
 
 TEST_F(ModuleTrust, EndsAtAFolderWhoseAccessListLetsAnotherUserChangeIt) {
     setMode(folderAbove, 0775);
-    ASSERT_EQ(refusal(), "") << "the group is this user's own";
+    if (!refusal().empty())
+        GTEST_SKIP() << "this user has no group alone";
     const std::string list = accessListFor(65534);
     if (::setxattr(onDisk(folderAbove).c_str(), "system.posix_acl_access", list.data(), list.size(), 0) != 0)
         GTEST_SKIP() << "the file system of the temporary folder keeps no access lists";

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/foundation/Export.h"
+
+namespace platform {
+
+/// What a program does before all else, so that it can answer for what happens to it: a write to a pipe that
+/// nobody reads any more, or beyond the limit on the size of files, fails with a reason instead of ending the
+/// process in the middle of a change; and standard descriptors that the caller closed are taken, so that no
+/// file or bus gets their numbers. A write to a closed standard output still fails.
+WARDLOCK_API void prepareProcess();
+
+} // namespace platform
