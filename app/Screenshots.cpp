@@ -97,7 +97,8 @@ private:
     void take(const char* name) {
         settle();
         const QString path = folder_.filePath(QString::fromLatin1(name) + suffix_ + QStringLiteral(".png"));
-        if (host_.window()->grabWindow().save(path))
+        const QImage picture = host_.window()->grabWindow().convertToFormat(QImage::Format_RGB888);
+        if (picture.save(path, "PNG", smallestFile))
             return;
         std::fprintf(stderr, "wardlock-settings: cannot write %s\n", path.toLocal8Bit().constData());
         complete_ = false;
@@ -105,6 +106,8 @@ private:
 
     static constexpr double fade = 0.5;
     static constexpr int settleMilliseconds = 700;
+    /// Of a format that loses nothing, the quality is the time spent on packing.
+    static constexpr int smallestFile = 0;
 
     QDir folder_;
     QString suffix_;

@@ -28,7 +28,8 @@ Item {
         color: Look.ground
 
         Label {
-            x: 12
+            anchors.left: parent.left
+            anchors.leftMargin: 12
             anchors.verticalCenter: parent.verticalCenter
             width: parent.width - remove.width - 36
             text: row.name + " · " + row.readable(row.size)

@@ -13,7 +13,8 @@ Item {
 
     Label {
         id: label
-        x: Look.inset
+        anchors.left: parent.left
+        anchors.leftMargin: Look.inset
         anchors.verticalCenter: parent.verticalCenter
         text: field.name
         color: Look.secondary
@@ -27,6 +28,7 @@ Item {
         anchors.right: parent.right
         anchors.rightMargin: Look.inset
         anchors.verticalCenter: parent.verticalCenter
+        horizontalAlignment: TextInput.AlignLeft
         color: Look.label
         selectionColor: Look.tint
         font.family: Look.family

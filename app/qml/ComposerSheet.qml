@@ -26,7 +26,8 @@ FocusScope {
         id: paper
         objectName: "composer"
         width: Math.min(parent.width, Look.widest)
-        height: parent.height - 24
+        // Its lower corners lie below the window.
+        height: parent.height - 24 + radius
         anchors.horizontalCenter: parent.horizontalCenter
         y: 24
         radius: 12
@@ -38,7 +39,8 @@ FocusScope {
             height: Look.barHeight
             PlainButton {
                 objectName: "mail:cancel"
-                x: Look.inset
+                anchors.left: parent.left
+                anchors.leftMargin: Look.inset
                 height: parent.height
                 text: qsTr("Cancel")
                 size: Look.barText

@@ -15,6 +15,7 @@ TextInput {
     selectedTextColor: "white"
     font.family: Look.family
     font.pixelSize: Look.body
+    horizontalAlignment: TextInput.AlignLeft
     verticalAlignment: TextInput.AlignVCenter
     clip: true
     // A long text shows its beginning until it is edited.

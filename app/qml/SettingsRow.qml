@@ -47,7 +47,7 @@ Item {
         first: row.entry.first
         last: row.entry.last
         color: row.takesKeys && press.pressed ? Look.pressed : Look.card
-        separatorInset: label.visible ? label.x : Look.inset
+        separatorInset: label.visible ? label.anchors.leftMargin : Look.inset
     }
     RowIcon {
         id: icon

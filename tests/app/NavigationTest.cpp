@@ -179,4 +179,23 @@ TEST_F(WindowNavigation, MirrorsFromRightToLeft) {
     QGuiApplication::setLayoutDirection(Qt::LeftToRight);
 }
 
+TEST_F(WindowNavigation, MirrorsTheLinesBetweenRows) {
+    QGuiApplication::setLayoutDirection(Qt::RightToLeft);
+    openWardlock();
+    const auto* row = scene().item("row:Enabled");
+    const QPoint line = row->mapToScene({row->width() / 2, row->height() - 1}).toPoint();
+    EXPECT_TRUE(until([&] { return window().grabWindow().pixelColor(line).lightness() < 220; }));
+    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
+}
+
+TEST_F(WindowNavigation, MirrorsTheMailSheet) {
+    QGuiApplication::setLayoutDirection(Qt::RightToLeft);
+    openWardlock();
+    scene().tap("row:support@tavix.example");
+    EXPECT_GT(scene().middleOf("mail:cancel").x(), 195);
+    EXPECT_LT(scene().middleOf("mail:send").x(), 195);
+    EXPECT_GT(scene().item("mail:To:")->width(), 195);
+    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
+}
+
 } // namespace wardlock::test
