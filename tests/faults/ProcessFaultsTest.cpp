@@ -276,7 +276,7 @@ private:
 TEST_P(ProcessFaults, AKilledProcessLeavesTheOldOrTheNewDocumentAndNoFalseAnnouncement) {
     const Journal whole = calls();
     std::size_t leftBehind = 0;
-    for (const std::size_t number : chosen(whole, 1))
+    for (const std::size_t number : chosen(whole, 2))
         for (const bool torn : {false, true}) {
             if (torn && whole.call(number).function != "write")
                 continue;
