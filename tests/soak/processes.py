@@ -30,13 +30,13 @@ class Process:
         except BrokenPipeError:
             pass  # Reading tells.
 
-    def line(self):
+    def line(self, patience=PATIENCE):
         """The next line. Ended when there is none any more."""
-        deadline = time.monotonic() + PATIENCE
+        deadline = time.monotonic() + patience
         while (end := self._buffer.find(b"\n")) < 0:
             left = deadline - time.monotonic()
             if left <= 0 or not select.select([self.process.stdout], [], [], left)[0]:
-                raise TimeoutError(f"{self.process.args[0]} has said nothing in {PATIENCE} seconds")
+                raise TimeoutError(f"{self.process.args[0]} has said nothing in {patience} seconds")
             more = os.read(self.process.stdout.fileno(), 1 << 16)
             if not more:
                 raise Ended
@@ -44,8 +44,8 @@ class Process:
         line, self._buffer = self._buffer[:end], self._buffer[end + 1:]
         return line.decode()
 
-    def object(self):
-        return json.loads(self.line())
+    def object(self, patience=PATIENCE):
+        return json.loads(self.line(patience))
 
     def objects(self, count):
         return [self.object() for _ in range(count)]

@@ -5,25 +5,16 @@ import signal
 
 import person
 import processes
+from listener import Failure, Listener, require
 
-# What somebody else announces, when everything announced before it has to have arrived.
-MARKER = {"key": "soakMarker", "object": {"int": "7"}}
 LOOK = ({"do": "posts"}, {"do": "see"})
 
 
-class Failure(Exception):
-    """What had to hold does not."""
-
-
-def require(holds, text):
-    if not holds:
-        raise Failure(text)
-
-
-class Side:
+class Side(Listener):
     """A Settings process, the person at it, and what it has announced and heard of since everybody agreed last."""
 
     def __init__(self, world, name, seed):
+        super().__init__()
         self.world, self.name = world, name
         self.person = person.Person(random.Random(seed), lambda: world.read()["kPasscode"])
         self.actions = self.refused = self.ends = 0
@@ -34,7 +25,7 @@ class Side:
         self.process = self.world.start(self.world.program("wardlock"), "settings", "--script", "-")
         self.born = self.actions
         self.rests = []
-        self.own, self.heard = [], []
+        self.own, self.heard, self.markers = [], [], 0
         self.look()
 
     def look(self):
@@ -46,7 +37,11 @@ class Side:
         for post in posts["posts"]:
             if not post["key"]:
                 continue  # Not an announcement: that some may have been missed. If so, their number tells.
-            (self.own if post["own"] else self.heard).append({"key": post["key"], "object": post["object"]})
+            announcement = {"key": post["key"], "object": post["object"]}
+            if post["own"]:
+                self.own.append(announcement)
+            else:
+                self.take_heard(announcement)
 
     def choose(self):
         self.commands = self.person.next(self.picture)
@@ -65,17 +60,11 @@ class Side:
         self.refused += sum("error" in answer for answer in self.process.objects(len(self.commands)))
         self.take(self.process.objects(len(LOOK)))
 
-    def hear(self, count):
-        """Waits until it has heard of that many announcements."""
-        while len(self.heard) < count:
-            answer, *look = self.process.ask({"do": "wait", "for": "change", "seconds": processes.PATIENCE / 2}, *LOOK)
-            require("ok" in answer, f"{self.name} has heard of {len(self.heard)} announcements and not of {count}")
-            self.take(look)
-
-    def hear_marker(self):
-        while MARKER not in self.heard:
-            self.hear(len(self.heard) + 1)
-        self.heard.remove(MARKER)
+    def listen(self, seconds=processes.PATIENCE):
+        """Waits for an announcement. Whether one came in time."""
+        answer, *look = self.process.ask({"do": "wait", "for": "change", "seconds": seconds}, *LOOK)
+        self.take(look)
+        return "ok" in answer
 
     def home(self):
         """Goes back to the first page of the bundle, with nothing over it."""

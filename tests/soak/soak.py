@@ -29,11 +29,14 @@ import time
 import judges
 import processes
 import world
-from side import MARKER, Failure, Side, require
+from listener import MARKER, Failure, Observer, require
+from side import Side
 
 # Rounds between stops: so many, and no more than so many stops in a long run.
 FEWEST_ROUNDS = 15
 MOST_STOPS = 1000
+# For the first announcement to be heard of, before there is another one.
+SECONDS_FOR_EARS = 5
 
 
 class Soak:
@@ -42,15 +45,14 @@ class Soak:
         self.world = world.World(arguments.programs)
         self.writes = self.stops = self.mails = self.ends = 0
         self.lives = []
-        self.observer_rests = []
         try:
             watcher = os.path.join(os.path.dirname(os.path.abspath(__file__)), "watcher.py")
             self.watcher = self.world.start(sys.executable, "-B", watcher, self.world.document)
-            self.observer = self.world.start(self.world.program("test-view"))
-            for process in (self.watcher, self.observer):
-                require(process.line() == "ready", f"{process.process.args} does not start")
+            require(self.watcher.line() == "ready", "the watcher does not start")
+            self.observer = Observer(self.world)
             self.sides = [Side(self.world, name, 2 * arguments.seed + number)
                           for number, name in enumerate(("the first", "the second"))]
+            self.wait_for_ears((*self.sides, self.observer))
         except BaseException:
             self.world.print_last_words()
             self.world.end()
@@ -65,9 +67,9 @@ class Soak:
         for side in self.sides:
             self.judge_life(side)
             require(side.process.end() == 0, f"{side.name} does not end well")
-        self.judge_growth("the observer", self.observer_rests, self.sides[0].actions)
-        for process in (self.observer, self.watcher):
-            require(process.end() == 0, f"{process.process.args} does not end well")
+        self.judge_growth(self.observer, self.sides[0].actions)
+        require(self.observer.process.end() == 0, "the observer does not end well")
+        require(self.watcher.end() == 0, "the watcher does not end well")
 
     def is_calm(self):
         done = self.sides[0].actions / self.arguments.actions
@@ -115,6 +117,20 @@ class Soak:
         self.agree(ended)
         for side in ended:
             side.start()
+        self.wait_for_ears(ended)
+
+    def wait_for_ears(self, newcomers):
+        """Who begins to observe waits for a busy bus only so long, and then goes on without hearing yet."""
+        deadline = time.monotonic() + processes.PATIENCE
+        while deaf := [one for one in newcomers if not one.markers]:
+            require(time.monotonic() < deadline, f"{deaf[0].name} hears nothing")
+            self.world.run("announce", MARKER["key"])
+            for one in newcomers:
+                one.listen(SECONDS_FOR_EARS)
+        for one in (*self.sides, self.observer):
+            while not one.markers:
+                one.listen()
+            one.markers = 0
 
     def stop(self):
         """Everybody comes to rest; then all of them have to agree."""
@@ -125,7 +141,7 @@ class Soak:
         for side in self.sides:
             self.check_picture(side, settings)
             side.rest()
-        self.observer_rests.append(self.observer.takes())
+        self.observer.rest()
         self.stops += 1
         self.mails += self.world.empty_outbox()
 
@@ -135,38 +151,21 @@ class Soak:
         require(not self.watched["problems"], "\n".join(self.watched["problems"]))
         writes = self.watched["writes"] - self.writes
         self.writes += writes
-        observed = self.observe(writes)
+        self.observer.hear(writes)
         for side in self.alive(ended):
             side.hear(writes - len(side.own))
-        self.check_document(self.view(observed))
+        self.check_document(self.observer.view())
         # Last, for it makes everybody read the document again.
         self.world.run("announce", MARKER["key"])
-        for side in self.alive(ended):
-            side.hear_marker()
-        while (change := self.observer.object()) != MARKER:
-            observed.append(change)
-        self.check_order(observed, ended)
+        for listener in (*self.alive(ended), self.observer):
+            listener.hear_marker()
+        self.check_order(ended)
+        self.observer.heard = []
         for side in self.sides:
             side.own, side.heard = [], []
 
     def alive(self, ended):
         return [side for side in self.sides if side not in ended]
-
-    def observe(self, writes):
-        observed = []
-        try:
-            while len(observed) < writes:
-                observed.append(self.observer.object())
-        except TimeoutError as error:
-            raise Failure(f"{writes} writes, and {len(observed)} announcements of them have arrived") from error
-        return observed
-
-    def view(self, observed):
-        """What the observer holds. What it still hears of is put with the rest."""
-        self.observer.send("?")
-        while "settings" not in (view := self.observer.object()):
-            observed.append(view)
-        return view
 
     def check_document(self, view):
         require(not self.world.leftovers(), f"left beside the document: {self.world.leftovers()}")
@@ -180,7 +179,7 @@ class Soak:
         account = plistlib.loads(view["account"].encode()) if "account" in view else None
         require(account == enabled, f"the observer's account is {account}, not {enabled}")
 
-    def check_order(self, observed, ended):
+    def check_order(self, ended):
         for side, other in self.pairs():
             if side in ended and other not in ended:
                 # What it did last it could not tell any more; the other has heard of it.
@@ -190,7 +189,7 @@ class Soak:
             wrong = judges.order_problem(sent, other.heard)
             require(not wrong, f"of what {side.name} announced {other.name} heard otherwise: {wrong}")
         if len(ended) < 2:
-            wrong = judges.merge_problem(*(side.own for side in self.sides), observed)
+            wrong = judges.merge_problem(*(side.own for side in self.sides), self.observer.heard)
             require(not wrong, f"of what both announced the observer heard otherwise: {wrong}")
 
     def check_picture(self, side, settings):
@@ -202,17 +201,18 @@ class Soak:
         require(on == settings["kEnabled"], f"{side.name} shows the master switch as {on}")
 
     def judge_life(self, side):
-        self.judge_growth(side.name, side.rests, side.actions - side.born)
+        self.judge_growth(side, side.actions - side.born)
 
-    def judge_growth(self, name, rests, actions):
-        wrong = judges.growth_problem(rests, memory_counts=not self.arguments.sanitized)
-        require(not wrong, f"{name} grows: {wrong}: {rests}")
-        if len(rests) >= judges.FEWEST_RESTS:
-            self.lives.append((name, rests, actions))
+    def judge_growth(self, who, actions):
+        wrong = judges.growth_problem(who.rests, memory_counts=not self.arguments.sanitized)
+        require(not wrong, f"{who.name} grows: {wrong}: {who.rests}")
+        if len(who.rests) >= judges.FEWEST_RESTS:
+            self.lives.append((who.name, who.rests, actions))
 
     def print_last_words(self):
         for side in self.sides:
             print(f"last commands of {side.name}: {json.dumps(side.trail)}", file=sys.stderr)
+            print(f"it announced {json.dumps(side.own)} and heard of {json.dumps(side.heard)}", file=sys.stderr)
         self.world.print_last_words()
 
 
