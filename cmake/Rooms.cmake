@@ -2,11 +2,6 @@
 function(wardlock_sources target)
   foreach(folder IN LISTS ARGN)
     file(GLOB sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/${folder}/*.cpp")
-    if(NOT sources)
-      # An empty room is no error, but CMake wants a source in every target.
-      set(sources "${CMAKE_CURRENT_BINARY_DIR}/${target}-empty.cpp")
-      file(CONFIGURE OUTPUT "${sources}" CONTENT "")
-    endif()
     target_sources(${target} PRIVATE ${sources})
   endforeach()
 endfunction()

@@ -22,9 +22,11 @@ public:
 
     int get() const { return descriptor_; }
     explicit operator bool() const { return descriptor_ >= 0; }
+    /// Not closed then: the caller owns it.
+    int release() { return std::exchange(descriptor_, -1); }
     void reset() {
         if (descriptor_ >= 0)
-            ::close(std::exchange(descriptor_, -1));
+            ::close(release());
     }
 
 private:

@@ -2,11 +2,11 @@
 
 #include "linux/FileDescriptor.h"
 #include "linux/MailHeader.h"
+#include "linux/PosixFileSystem.h"
 #include "linux/PrivateFolder.h"
 #include "platform/foundation/Utf8.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <chrono>
 #include <cstdlib>
 #include <fcntl.h>
@@ -43,18 +43,6 @@ void removeOldFolders(const fs::path& parent) {
     }
 }
 
-bool writeWhole(int file, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t count = write(file, bytes.data(), bytes.size());
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count <= 0)
-            return false;
-        bytes.remove_prefix(static_cast<std::size_t>(count));
-    }
-    return fsync(file) == 0;
-}
-
 } // namespace
 
 std::string safeFileName(std::string_view text) {
@@ -78,7 +66,8 @@ bool writeNewFile(const std::string& path, std::string_view bytes) {
     const FileDescriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0600));
     if (!file)
         return false;
-    if (writeWhole(file.get(), bytes))
+    PosixFileSystem files;
+    if (!writeAll(files, file.get(), bytes) && !files.sync(file.get(), Sync::Full))
         return true;
     unlink(path.c_str());
     return false;

@@ -3,6 +3,7 @@
 #include "linux/BusAddress.h"
 #include "linux/Daemon.h"
 #include "linux/FileDescriptor.h"
+#include "linux/PosixFileSystem.h"
 #include "linux/PrivateFolder.h"
 
 #include <cerrno>
@@ -70,18 +71,6 @@ Listener listenerAt(const std::string& path) {
     return errno == ENOENT || errno == ECONNREFUSED ? Listener::None : Listener::Unknown;
 }
 
-bool writeAll(int descriptor, std::string_view text) {
-    while (!text.empty()) {
-        const ssize_t written = write(descriptor, text.data(), text.size());
-        if (written < 0 && errno == EINTR)
-            continue;
-        if (written <= 0)
-            return false;
-        text.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return true;
-}
-
 } // namespace
 
 bool OwnBus::folderIsPrivate() const {
@@ -119,7 +108,8 @@ bool OwnBus::writeConfiguration() const {
     replace(text, "@USER@", std::string_view(digits, static_cast<std::size_t>(end - digits)));
     const FileDescriptor file(open(configurationPath().c_str(),
                                    O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR));
-    return file && writeAll(file.get(), text);
+    PosixFileSystem files;
+    return file && !writeAll(files, file.get(), text);
 }
 
 } // namespace platform

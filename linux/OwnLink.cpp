@@ -1,6 +1,6 @@
 #include "linux/OwnLink.h"
 
-#include "linux/Descriptor.h"
+#include "linux/FileDescriptor.h"
 #include "platform/foundation/FileSystem.h"
 
 #include <cerrno>
@@ -35,16 +35,16 @@ const std::error_category& foreignLink() {
 } // namespace
 
 std::error_code readOwnLink(const std::string& path, std::string& target) {
-    const Descriptor link(::open(path.c_str(), O_PATH | O_NOFOLLOW | O_CLOEXEC));
+    const FileDescriptor link(::open(path.c_str(), O_PATH | O_NOFOLLOW | O_CLOEXEC));
     struct stat found;
-    if (link.number() < 0 || ::fstat(link.number(), &found) != 0)
+    if (!link || ::fstat(link.get(), &found) != 0)
         return lastError();
     if (!S_ISLNK(found.st_mode))
         return std::make_error_code(std::errc::invalid_argument);
     if (found.st_uid != 0 && found.st_uid != ::geteuid())
         return {1, foreignLink()};
     char text[PATH_MAX];
-    const ssize_t length = ::readlinkat(link.number(), "", text, sizeof text);
+    const ssize_t length = ::readlinkat(link.get(), "", text, sizeof text);
     if (length < 0)
         return lastError();
     target.assign(text, static_cast<std::size_t>(length));

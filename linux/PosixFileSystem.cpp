@@ -1,6 +1,6 @@
 #include "linux/PosixFileSystem.h"
 
-#include "linux/Descriptor.h"
+#include "linux/FileDescriptor.h"
 #include "linux/OwnLink.h"
 #include "platform/foundation/RealFileSystem.h"
 
@@ -55,8 +55,8 @@ FileStatus statusOf(const struct stat& found) {
 }
 
 /// In a process without standard output the next file takes its number, and what is printed would land in it.
-std::error_code aboveStandardOnes(Descriptor& opened, FileHandle& file) {
-    const int number = opened.number();
+std::error_code aboveStandardOnes(FileDescriptor& opened, FileHandle& file) {
+    const int number = opened.get();
     const int moved = number > STDERR_FILENO ? number : ::fcntl(number, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
     if (moved < 0)
         return lastError();
@@ -79,9 +79,9 @@ std::error_code openRegular(const std::string& path, int flags, Links links, Fil
         return error;
     if (number < 0)
         return lastError();
-    Descriptor opened(number);
+    FileDescriptor opened(number);
     struct stat found;
-    if (::fstat(opened.number(), &found) != 0)
+    if (::fstat(opened.get(), &found) != 0)
         return lastError();
     status = statusOf(found);
     if (status.kind == FileKind::Folder)
@@ -163,7 +163,7 @@ std::error_code PosixFileSystem::readFile(const std::string& path, std::size_t m
     if (std::error_code error =
             uninterrupted([&] { return openRegular(path, O_RDONLY, Links::Follow, file, status); }))
         return error;
-    const Descriptor opened(file);
+    const FileDescriptor opened(file);
     if (status.size > maximum)
         return std::make_error_code(std::errc::file_too_large);
     return readToEnd(file, status.size, maximum, bytes);
@@ -193,8 +193,8 @@ std::error_code PosixFileSystem::list(const std::string& folder, std::vector<std
 std::error_code PosixFileSystem::create(const std::string& path, unsigned mode, FileHandle& file) {
     if (hasNul(path))
         return invalidName();
-    Descriptor opened(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, mode));
-    return opened.number() < 0 ? lastError() : aboveStandardOnes(opened, file);
+    FileDescriptor opened(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, mode));
+    return opened ? aboveStandardOnes(opened, file) : lastError();
 }
 
 std::error_code PosixFileSystem::open(const std::string& path, FileHandle& file) {
@@ -207,7 +207,7 @@ std::error_code PosixFileSystem::openToAppend(const std::string& path, FileHandl
     FileHandle opened = noFile;
     if (std::error_code error = openRegular(path, O_WRONLY | O_APPEND, Links::Follow, opened, status))
         return error;
-    Descriptor owned(opened);
+    FileDescriptor owned(opened);
     return aboveStandardOnes(owned, file);
 }
 
@@ -261,10 +261,10 @@ std::error_code PosixFileSystem::makeSymbolicLink(const std::string& target, con
 std::error_code PosixFileSystem::syncFolder(const std::string& folder) {
     if (hasNul(folder))
         return invalidName();
-    const Descriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (opened.number() < 0)
+    const FileDescriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!opened)
         return lastError();
-    return ::fsync(opened.number()) == 0 || errno == EINVAL ? std::error_code() : lastError();
+    return ::fsync(opened.get()) == 0 || errno == EINVAL ? std::error_code() : lastError();
 }
 
 std::error_code PosixFileSystem::remove(const std::string& path) {

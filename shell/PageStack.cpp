@@ -25,9 +25,4 @@ std::shared_ptr<Page> PageStack::pageOf(const platform::UIViewController& contro
     return found == pages_.end() ? nullptr : *found;
 }
 
-std::shared_ptr<Page> PageStack::pageThatHolds(const platform::UIView& view) const {
-    const auto found = std::ranges::find_if(pages_, [&](const auto& page) { return page->holds(view); });
-    return found == pages_.end() ? nullptr : *found;
-}
-
 } // namespace wardlock::shell

@@ -21,8 +21,6 @@ public:
     const std::shared_ptr<Page>& top() const { return pages_.back(); }
     /// Null when the controller is on no page.
     std::shared_ptr<Page> pageOf(const platform::UIViewController& controller) const;
-    /// The page whose view the view is or lies in; null when there is none.
-    std::shared_ptr<Page> pageThatHolds(const platform::UIView& view) const;
 
 private:
     std::shared_ptr<platform::UINavigationController> navigation_;

@@ -7,6 +7,7 @@
 namespace wardlock::shell {
 
 using Keypad = platform::SBUIPasscodeLockViewSimple4DigitKeypad;
+using Alert = platform::UIAlertController;
 using Composer = platform::MFMailComposeViewController;
 
 template <class Press>
@@ -60,33 +61,35 @@ Answer SheetInput::enterPasscode(std::string passcode) {
     });
 }
 
-Answer SheetInput::typeIntoAlert(std::size_t field, std::string text) {
+template <class Do>
+Answer SheetInput::onAlert(Do act) {
     return door_.enter([&] {
         const auto alert = screen_.alert();
         if (!alert)
             return Answer::refused("there is no alert");
         if (const auto why = screen_.obstacleToSheets())
             return Answer::refused(*why);
-        if (field >= alert->textFields().size())
+        return act(*alert);
+    });
+}
+
+Answer SheetInput::typeIntoAlert(std::size_t field, std::string text) {
+    return onAlert([&](Alert& alert) {
+        if (field >= alert.textFields().size())
             return Answer::refused("the alert has no such text field");
-        alert->textFields()[field]->edit(oneLine(std::move(text)));
+        alert.textFields()[field]->edit(oneLine(std::move(text)));
         return Answer::done();
     });
 }
 
 Answer SheetInput::chooseAlertAction(std::size_t action) {
-    return door_.enter([&] {
-        const auto alert = screen_.alert();
-        if (!alert)
-            return Answer::refused("there is no alert");
-        if (const auto why = screen_.obstacleToSheets())
-            return Answer::refused(*why);
-        if (action >= alert->actions().size())
+    return onAlert([&](Alert& alert) {
+        if (action >= alert.actions().size())
             return Answer::refused("the alert has no such button");
-        const auto chosen = alert->actions()[action];
+        const auto chosen = alert.actions()[action];
         if (!chosen->isEnabled())
             return Answer::refused("the button is disabled");
-        alert->choose(chosen);
+        alert.choose(chosen);
         return Answer::done();
     });
 }

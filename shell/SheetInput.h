@@ -40,6 +40,8 @@ private:
     template <class Press>
     Answer onKeypad(Press press);
     template <class Do>
+    Answer onAlert(Do act);
+    template <class Do>
     Answer onComposer(Do act);
 
     Screen& screen_;

@@ -43,7 +43,7 @@ protected:
 
 /// An enforcing process that has registered and loaded; it ends after so many changes.
 std::unique_ptr<Process> enforce(int changes, const std::string& key) {
-    auto enforcer = std::make_unique<Process>(buildFolder() + "/bin/test-enforcer",
+    auto enforcer = std::make_unique<Process>(programFolder() + "/test-enforcer",
                                               std::vector<std::string>{std::to_string(changes), key});
     EXPECT_EQ(enforcer->readLine(), "ready");
     return enforcer;

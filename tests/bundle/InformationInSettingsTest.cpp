@@ -1,9 +1,6 @@
-#include "platform/foundation/MainLoop.h"
-#include "platform/services/TextWebEngine.h"
 #include "platform/ui/UIActivityIndicatorView.h"
 #include "platform/ui/UITextView.h"
-#include "tests/support/HttpServer.h"
-#include "tests/support/Patience.h"
+#include "tests/support/LocalWeb.h"
 #include "tests/support/Places.h"
 #include "tests/support/SettingsApplicationFixture.h"
 
@@ -15,47 +12,21 @@
 namespace wardlock::test {
 namespace {
 
-using namespace std::chrono_literals;
-
 constexpr const char* Listing = "/packagesfordev.php?name=kitbay";
 
 /// The information pages of this build's bundle, used as a person does.
-class InformationInSettings : public SettingsApplicationFixture {
+class InformationInSettings : public SettingsApplicationFixture, protected LocalWeb {
 protected:
-    InformationInSettings() {
-        for (const char* proxy : {"http_proxy", "HTTP_PROXY", "all_proxy", "ALL_PROXY"})
-            environment.unset(proxy);
-    }
-    ~InformationInSettings() override { platform::WebEngine::setCurrent(nullptr); }
-
     void open(std::string_view rowLabel) {
         start();
         tap("Wardlock");
         tap(rowLabel);
     }
-    void useEngine(int port) {
-        platform::TextWebEngineOptions options;
-        options.patience = patience;
-        options.connectTo = WARDLOCK_REPOSITORY_HOST ":80:127.0.0.1:" + std::to_string(port);
-        engine = platform::makeTextWebEngine(options);
-        platform::WebEngine::setCurrent(engine.get());
-    }
     std::shared_ptr<platform::UIWebView> web() { return page().contentView<platform::UIWebView>(); }
     bool isLoading() { return page().contentView<platform::UIActivityIndicatorView>()->isAnimating(); }
-    bool waitUntil(const std::function<bool()>& done) {
-        const auto deadline = std::chrono::steady_clock::now() + patience;
-        while (!platform::MainLoop::shared().runUntil(done, 10ms)) {
-            if (std::chrono::steady_clock::now() > deadline)
-                return false;
-        }
-        return true;
-    }
     bool waitForLoad() {
         return waitUntil([this] { return isLoading(); }) && waitUntil([this] { return !isLoading(); });
     }
-
-    HttpServer server;
-    std::shared_ptr<platform::WebEngine> engine;
 };
 
 TEST_F(InformationInSettings, ShowsThisProjectsOwnChangeLog) {
@@ -71,7 +42,7 @@ TEST_F(InformationInSettings, ShowsThisProjectsOwnChangeLog) {
 }
 
 TEST_F(InformationInSettings, ShowsTheListingAndFollowsItsLinks) {
-    useEngine(server.port());
+    useFor(WARDLOCK_REPOSITORY_HOST, server.port());
     server.answer(Listing, "<a href='/one'>One</a>");
     server.answer("/one", "First package");
     open("More From Tavix");
@@ -86,7 +57,7 @@ TEST_F(InformationInSettings, ShowsTheListingAndFollowsItsLinks) {
 
 TEST_F(InformationInSettings, SaysNothingWhereTheListingFails) {
     const RefusingPort nobody;
-    useEngine(nobody.port());
+    useFor(WARDLOCK_REPOSITORY_HOST, nobody.port());
     open("More From Tavix");
     ASSERT_TRUE(waitForLoad());
     EXPECT_EQ(web()->text(), "");
@@ -95,7 +66,7 @@ TEST_F(InformationInSettings, SaysNothingWhereTheListingFails) {
 }
 
 TEST_F(InformationInSettings, GivesTheListingUpWhenItsPageIsLeft) {
-    useEngine(server.port());
+    useFor(WARDLOCK_REPOSITORY_HOST, server.port());
     server.hang(Listing);
     open("More From Tavix");
     ASSERT_TRUE(waitUntil([this] { return server.requests().size() == 1; }));
@@ -105,7 +76,7 @@ TEST_F(InformationInSettings, GivesTheListingUpWhenItsPageIsLeft) {
 }
 
 TEST_F(InformationInSettings, LoadsTheListingAnewOnEachVisit) {
-    useEngine(server.port());
+    useFor(WARDLOCK_REPOSITORY_HOST, server.port());
     server.answer(Listing, "Listing");
     open("More From Tavix");
     ASSERT_TRUE(waitForLoad());

@@ -13,6 +13,7 @@
 #include "tests/doubles/FaultyFileSystem.h"
 #include "tests/doubles/RecordingNotificationCenter.h"
 #include "tests/support/HostileFixture.h"
+#include "tests/support/Patience.h"
 
 #include <cerrno>
 #include <filesystem>
@@ -132,8 +133,7 @@ TEST_F(OtherUsers, CannotReadAMailThatWasSaved) {
         {"support@example.org"}, "Help", "text", false, {{"a log", "text/plain", "log"}}};
     platform::systemMailService().send(message,
                                        [&](const platform::MailOutcome& outcome) { told = outcome; });
-    ASSERT_TRUE(
-        platform::MainLoop::shared().runUntil([&] { return told.has_value(); }, std::chrono::seconds(30)));
+    ASSERT_TRUE(platform::MainLoop::shared().runUntil([&] { return told.has_value(); }, patience));
     ASSERT_EQ(told->kind, platform::MailOutcome::Kind::SavedToOutbox) << told->message;
     int mails = 0;
     for (const auto& mail : fs::directory_iterator(onDisk(platform::mailOutboxPath))) {

@@ -1,56 +1,27 @@
 #include "info/DeveloperController.h"
 #include "info/DeveloperView.h"
-#include "platform/foundation/MainLoop.h"
-#include "platform/services/TextWebEngine.h"
-#include "tests/support/HttpServer.h"
+#include "tests/support/LocalWeb.h"
 #include "tests/support/PageFixture.h"
-#include "tests/support/Patience.h"
 
 namespace wardlock::test {
 namespace {
 
-using namespace std::chrono_literals;
-
 constexpr const char* Listing = "/packagesfordev.php?name=kitbay";
 
 /// The page of other packages over a server that stands for the repository's host.
-class Listed : public PageFixture {
+class Listed : public PageFixture, protected LocalWeb {
 protected:
-    Listed() {
-        environment.unset("http_proxy");
-        environment.unset("HTTP_PROXY");
-        environment.unset("all_proxy");
-        environment.unset("ALL_PROXY");
-        use(server.port());
-    }
-    ~Listed() override { platform::WebEngine::setCurrent(nullptr); }
+    Listed() { useFor(WARDLOCK_REPOSITORY_HOST, server.port()); }
 
-    void use(int port) {
-        platform::TextWebEngineOptions options;
-        options.patience = patience;
-        options.connectTo = WARDLOCK_REPOSITORY_HOST ":80:127.0.0.1:" + std::to_string(port);
-        engine = platform::makeTextWebEngine(options);
-        platform::WebEngine::setCurrent(engine.get());
-    }
     void show() { page->viewWillAppear(false); }
     DeveloperView& view() { return dynamic_cast<DeveloperView&>(*page->view()); }
     platform::UIWebView& webView() { return dynamic_cast<platform::UIWebView&>(*view().subviews().at(0)); }
     bool isLoading() { return view().activity()->isAnimating(); }
-    bool waitUntil(const std::function<bool()>& done) {
-        const auto deadline = std::chrono::steady_clock::now() + patience;
-        while (!platform::MainLoop::shared().runUntil(done, 10ms)) {
-            if (std::chrono::steady_clock::now() > deadline)
-                return false;
-        }
-        return true;
-    }
     /// A whole load, from the spinner's start to its end.
     bool waitForLoad() {
         return waitUntil([this] { return isLoading(); }) && waitUntil([this] { return !isLoading(); });
     }
 
-    HttpServer server;
-    std::shared_ptr<platform::WebEngine> engine;
     std::shared_ptr<DeveloperController> page = std::make_shared<DeveloperController>();
 };
 
@@ -74,7 +45,7 @@ TEST_F(Listed, SpinsForAsLongAsTheServerTakes) {
 
 TEST_F(Listed, StaysBlankAndSilentWhereNobodyAnswers) {
     const RefusingPort nobody;
-    use(nobody.port());
+    useFor(WARDLOCK_REPOSITORY_HOST, nobody.port());
     show();
     EXPECT_TRUE(waitForLoad());
     EXPECT_EQ(webView().text(), "");

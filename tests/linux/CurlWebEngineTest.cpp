@@ -1,7 +1,4 @@
-#include "platform/foundation/MainLoop.h"
-#include "platform/services/TextWebEngine.h"
-#include "tests/support/Environment.h"
-#include "tests/support/HttpServer.h"
+#include "tests/support/LocalWeb.h"
 #include "tests/support/Patience.h"
 
 #include <gtest/gtest.h>
@@ -37,39 +34,19 @@ std::ptrdiff_t openDescriptors() {
     return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
 }
 
-class CurlWebEngine : public ::testing::Test {
+class CurlWebEngine : public ::testing::Test, protected LocalWeb {
 protected:
     CurlWebEngine() {
-        for (const char* proxy :
-             {"http_proxy", "HTTP_PROXY", "all_proxy", "ALL_PROXY", "https_proxy", "HTTPS_PROXY"})
-            environment.unset(proxy);
         use({});
         view->setDelegate(reports);
     }
-    ~CurlWebEngine() override { platform::WebEngine::setCurrent(nullptr); }
 
-    void use(const platform::TextWebEngineOptions& options) {
-        engine = platform::makeTextWebEngine(options);
-        platform::WebEngine::setCurrent(engine.get());
-    }
-    bool waitUntil(const std::function<bool()>& done) {
-        // In slices: what the server sees wakes no loop here.
-        const auto deadline = std::chrono::steady_clock::now() + patience;
-        while (!platform::MainLoop::shared().runUntil(done, 10ms)) {
-            if (std::chrono::steady_clock::now() > deadline)
-                return false;
-        }
-        return true;
-    }
     /// Runs the loop until as many reports have come.
     Told after(std::size_t count) {
         EXPECT_TRUE(waitUntil([&] { return reports->all.size() >= count; }));
         return reports->all;
     }
 
-    Environment environment;
-    HttpServer server;
-    std::shared_ptr<platform::WebEngine> engine;
     std::shared_ptr<Reports> reports = std::make_shared<Reports>();
     std::shared_ptr<platform::UIWebView> view = std::make_shared<platform::UIWebView>(platform::CGRectZero);
 };
@@ -197,8 +174,7 @@ TEST_F(CurlWebEngine, GivesUpEverythingWhenItGoes) {
     server.hang("/slow");
     view->loadRequest({server.url("/slow")});
     EXPECT_TRUE(waitUntil([&] { return server.requests().size() == 1; }));
-    platform::WebEngine::setCurrent(nullptr);
-    engine = nullptr;
+    endEngine();
     EXPECT_TRUE(waitUntil([&] { return server.abandoned() == 1; }));
     EXPECT_EQ(reports->all, (Told{"start"}));
 }
@@ -216,9 +192,7 @@ TEST_F(CurlWebEngine, LoadsForSeveralViewsAtOnce) {
 }
 
 TEST_F(CurlWebEngine, ConnectsElsewhereWhenATestSaysSo) {
-    platform::TextWebEngineOptions options;
-    options.connectTo = "listing.example:80:127.0.0.1:" + std::to_string(server.port());
-    use(options);
+    useFor("listing.example", server.port());
     server.answer("/page", "here");
     view->loadRequest({"http://listing.example/page"});
     EXPECT_EQ(after(2), (Told{"start", "finish"}));

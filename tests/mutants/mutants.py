@@ -143,9 +143,25 @@ ALL = [
          "                                                   &userInfo, true);\n"),
     ]),
     Mutant("descriptor-leaked", "every write leaves a descriptor open", ("soak",), [
-        (REAL_FILES, "return ::fsync(opened.number()) == 0 || errno == EINVAL ? std::error_code() : lastError();",
-         "static_cast<void>(::dup(opened.number()));\n"
-         "    return ::fsync(opened.number()) == 0 || errno == EINVAL ? std::error_code() : lastError();"),
+        (REAL_FILES, "return ::fsync(opened.get()) == 0 || errno == EINVAL ? std::error_code() : lastError();",
+         "static_cast<void>(::dup(opened.get()));\n"
+         "    return ::fsync(opened.get()) == 0 || errno == EINVAL ? std::error_code() : lastError();"),
+    ]),
+    Mutant("some-changes-unannounced", "every fiftieth change of a process is not announced", ("soak",), [
+        ("settings/ChangeNotification.cpp", "    const platform::Dictionary userInfo{{ChangeKey, key}, {ChangeObject, object}};\n",
+         "    static int posts = 0;\n    if (++posts % 50 == 0)\n        return;\n"
+         "    const platform::Dictionary userInfo{{ChangeKey, key}, {ChangeObject, object}};\n"),
+    ]),
+    Mutant("announcements-swapped", "of announcements that wait, the last is told first", ("soak",), [
+        ("linux/DistributedCenter.cpp", "std::move(inbox_.front());\n        inbox_.pop_front();",
+         "std::move(inbox_.back());\n        inbox_.pop_back();"),
+    ]),
+    Mutant("old-view-kept", "an observer does not always read the document again", ("soak",), [
+        ("settings/Settings.cpp", "    InitSettings();\n    // The callback", "    static int calls = 0;\n    if (++calls % 50 != 0)\n"
+         "        InitSettings();\n    // The callback"),
+    ]),
+    Mutant("page-not-refreshed", "what another process has changed is not shown", ("soak",), [
+        ("shell/LiveRefresh.cpp", "    needed_ = true;\n", ""),
     ]),
     # Property lists.
     Mutant("xml-reader-loses-a-key", "a dictionary's empty key is lost in reading", ("fuzz.value",), [

@@ -1,0 +1,42 @@
+#include "tests/support/LocalWeb.h"
+
+#include "platform/foundation/MainLoop.h"
+#include "tests/support/Patience.h"
+
+namespace wardlock::test {
+
+using namespace std::chrono_literals;
+
+LocalWeb::LocalWeb() {
+    for (const char* proxy :
+         {"http_proxy", "HTTP_PROXY", "all_proxy", "ALL_PROXY", "https_proxy", "HTTPS_PROXY"})
+        environment_.unset(proxy);
+}
+
+void LocalWeb::use(const platform::TextWebEngineOptions& options) {
+    engine_ = platform::makeTextWebEngine(options);
+    platform::WebEngine::setCurrent(engine_.get());
+}
+
+void LocalWeb::useFor(const std::string& host, int port) {
+    platform::TextWebEngineOptions options;
+    options.patience = patience;
+    options.connectTo = host + ":80:127.0.0.1:" + std::to_string(port);
+    use(options);
+}
+
+void LocalWeb::endEngine() {
+    platform::WebEngine::setCurrent(nullptr);
+    engine_ = nullptr;
+}
+
+bool LocalWeb::waitUntil(const std::function<bool()>& done) {
+    const auto deadline = std::chrono::steady_clock::now() + patience;
+    while (!platform::MainLoop::shared().runUntil(done, 10ms)) {
+        if (std::chrono::steady_clock::now() > deadline)
+            return false;
+    }
+    return true;
+}
+
+} // namespace wardlock::test
