@@ -10,6 +10,7 @@
 #include <QGuiApplication>
 
 #include <cstdio>
+#include <cstdlib>
 
 using namespace wardlock;
 
@@ -20,6 +21,18 @@ constexpr double transitionSeconds = 0.35;
 int usageError(const std::string& error) {
     std::fprintf(stderr, "wardlock-settings: %s\nTry: wardlock-settings --help\n", error.c_str());
     return 2;
+}
+
+/// Qt ends the process when it reaches no display, advising to install the application anew.
+void tellOfMissingDisplay(QtMsgType kind, const QMessageLogContext&, const QString& text) {
+    if (kind != QtFatalMsg) {
+        std::fprintf(stderr, "%s\n", qPrintable(text));
+        return;
+    }
+    std::fputs("wardlock-settings: no window can be opened: there is no display, or it does not answer\n"
+               "Settings in the terminal: wardlock settings --terminal\n",
+               stderr);
+    std::_Exit(1);
 }
 
 int openWindow(const app::Options& options, const std::vector<std::string>& problems) {
@@ -51,7 +64,9 @@ int main(int argc, char** argv) {
     if (!options.deviceRoot.empty())
         qputenv("WARDLOCK_DEVICE_ROOT", options.deviceRoot.c_str());
     app::chooseGraphics(options.screenshots.empty() ? app::DrawnOn::Display : app::DrawnOn::Memory);
+    qInstallMessageHandler(tellOfMissingDisplay);
     QGuiApplication application(argc, argv);
+    qInstallMessageHandler(nullptr);
     QGuiApplication::setApplicationName(QStringLiteral("Settings"));
     QGuiApplication::setDesktopFileName(QStringLiteral("wardlock-settings"));
 

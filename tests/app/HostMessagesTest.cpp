@@ -1,5 +1,6 @@
 #include "shell/LastRites.h"
 #include "tests/app/WindowFixture.h"
+#include "tests/support/Places.h"
 #include "tests/support/Process.h"
 
 #include <gtest/gtest.h>
@@ -36,6 +37,14 @@ TEST_F(WindowHostMessages, TellWhatIsWrongWithTheDeviceRootAndOpenAllTheSame) {
     EXPECT_TRUE(scene().shows("page:Settings"));
     scene().tap("notice:ok");
     scene().expectGone("notice");
+}
+
+TEST_F(WindowHostMessages, TellWhereNoWindowCanBeOpened) {
+    const auto result =
+        runProcess(programFolder() + "/wardlock-settings", {}, with("QT_QPA_PLATFORM", "absent"));
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_NE(result.errors.find("no window can be opened"), std::string::npos) << result.errors;
+    EXPECT_NE(result.errors.find("wardlock settings --terminal"), std::string::npos) << result.errors;
 }
 
 TEST_F(WindowHostMessages, ReportAPageThatThrowsBeforeTheProcessEnds) {
