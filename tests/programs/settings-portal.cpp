@@ -112,10 +112,15 @@ int main(int count, char** arguments) {
     sd_bus* bus = nullptr;
     if (sd_bus_open_user(&bus) < 0)
         return 1;
-    if (count == 3 && std::strcmp(arguments[1], "--tell") == 0)
-        return sd_bus_call_method(bus, service, object, tests, "Tell", nullptr, nullptr, "s", arguments[2]) <
-               0;
-    for (int i = 1; i < count; ++i)
-        keep(arguments[i]);
-    return serve(bus);
+    int result = 0;
+    if (count == 3 && std::strcmp(arguments[1], "--tell") == 0) {
+        result =
+            sd_bus_call_method(bus, service, object, tests, "Tell", nullptr, nullptr, "s", arguments[2]) < 0;
+    } else {
+        for (int i = 1; i < count; ++i)
+            keep(arguments[i]);
+        result = serve(bus);
+    }
+    sd_bus_close_unref(bus);
+    return result;
 }
