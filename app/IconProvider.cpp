@@ -21,7 +21,7 @@ constexpr int largestSide = 2048;
 constexpr int megabytesToDecode = 32;
 constexpr int picturesKept = 512;
 constexpr QSize unknownSize(58, 58);
-const QLatin1String addressStart("image://device/");
+const QLatin1String addressStart("picture:");
 
 /// Pictures that exist only as bytes, by the number that stands in their address.
 class KeptPictures {
@@ -84,11 +84,6 @@ QImage read(QByteArray bytes, const QSize& requestedSize) {
 
 } // namespace
 
-IconProvider::IconProvider()
-    : QQuickImageProvider(QQuickImageProvider::Image, QQmlImageProviderBase::ForceAsynchronousImageLoading) {
-    QImageReader::setAllocationLimit(megabytesToDecode);
-}
-
 QString IconProvider::urlFor(const std::shared_ptr<platform::UIImage>& image) {
     if (!image)
         return {};
@@ -99,6 +94,7 @@ QString IconProvider::urlFor(const std::shared_ptr<platform::UIImage>& image) {
 }
 
 QImage IconProvider::decode(const QString& address, const QSize& requestedSize) {
+    QImageReader::setAllocationLimit(megabytesToDecode);
     const QString id = address.mid(addressStart.size());
     if (id.startsWith(QLatin1String("file/"))) {
         const QString path = QUrl::fromPercentEncoding(id.mid(5).toLatin1());
@@ -113,13 +109,6 @@ QImage IconProvider::decode(const QString& address, const QSize& requestedSize) 
             QByteArray::fromRawData(picture->bytes().data(), static_cast<qsizetype>(picture->bytes().size())),
             requestedSize);
     return {};
-}
-
-QImage IconProvider::requestImage(const QString& id, QSize* size, const QSize& requestedSize) {
-    const QImage image = decode(addressStart + id, requestedSize);
-    if (size)
-        *size = image.size();
-    return image;
 }
 
 } // namespace wardlock::app

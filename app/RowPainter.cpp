@@ -53,12 +53,8 @@ void RowPainter::separator(double start) const {
 }
 
 void RowPainter::icon(const QImage& picture) const {
-    if (picture.isNull())
-        return;
-    const QSizeF size = QSizeF(picture.size()).scaled(look_.icon, look_.icon, Qt::KeepAspectRatio);
-    const double x = left(look_.inset, look_.icon) + (look_.icon - size.width()) / 2;
-    painter_.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter_.drawImage(QRectF({x, std::ceil((row_.height() - size.height()) / 2)}, size), picture);
+    const double top = std::ceil((row_.height() - look_.icon) / 2);
+    drawPicture(painter_, picture, QRectF(left(look_.inset, look_.icon), top, look_.icon, look_.icon));
 }
 
 void RowPainter::text(const QString& text, double start, double end, QColor color) const {
@@ -78,6 +74,15 @@ void RowPainter::text(const QString& text, double start, double end, QColor colo
     const double top = std::round((row_.height() - std::ceil(layout.boundingRect().height())) / 2);
     painter_.setPen(color);
     layout.draw(&painter_, {left(start, width), top});
+}
+
+void drawPicture(QPainter& painter, const QImage& picture, const QRectF& square) {
+    if (picture.isNull())
+        return;
+    QRectF place({}, QSizeF(picture.size()).scaled(square.size(), Qt::KeepAspectRatio));
+    place.moveCenter(square.center());
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(place, picture);
 }
 
 } // namespace wardlock::app

@@ -40,4 +40,7 @@ private:
     bool mirrored_;
 };
 
+/// The picture, as large as it fits into the square, in its middle.
+void drawPicture(QPainter& painter, const QImage& picture, const QRectF& square);
+
 } // namespace wardlock::app

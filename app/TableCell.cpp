@@ -1,9 +1,6 @@
 #include "app/TableCell.h"
 
-#include "app/Pictures.h"
-
 #include <QGuiApplication>
-#include <QQuickWindow>
 
 #include <algorithm>
 #include <utility>
@@ -25,7 +22,7 @@ void TableCell::componentComplete() {
     look_ = Look::of(*this);
     connect(look_, &Look::changed, this, &TableCell::followLook);
     followLook();
-    showIcon();
+    icon_.show(entry_.icon, look_->icon);
 }
 
 void TableCell::setEntry(const TableEntry& entry) {
@@ -38,7 +35,7 @@ void TableCell::setEntry(const TableEntry& entry) {
     if (look_ && entry_.height != before.height)
         followLook();
     if (look_ && entry_.icon != before.icon)
-        showIcon();
+        icon_.show(entry_.icon, look_->icon);
     auto onlySwitched = before;
     onlySwitched.on = entry_.on;
     if (onlySwitched != entry_)
@@ -85,29 +82,6 @@ void TableCell::geometryChange(const QRectF& now, const QRectF& before) {
         placeSwitch();
 }
 
-void TableCell::showIcon() {
-    disconnect(awaited_);
-    icon_ = {};
-    if (entry_.icon.isEmpty())
-        return;
-    const double scale = window() ? window()->effectiveDevicePixelRatio() : 1;
-    const int side = qRound(look_->icon * scale);
-    auto& pictures = Pictures::shared();
-    if (const auto known = pictures.find(entry_.icon, side)) {
-        icon_ = *known;
-        return;
-    }
-    awaited_ =
-        connect(&pictures, &Pictures::arrived, this, [this](const QString& address, const QImage& picture) {
-            if (address != entry_.icon)
-                return;
-            disconnect(awaited_);
-            icon_ = picture;
-            update();
-        });
-    pictures.fetch(entry_.icon, side);
-}
-
 void TableCell::paint(QPainter* painter) {
     if (!look_)
         return;
@@ -115,7 +89,7 @@ void TableCell::paint(QPainter* painter) {
     row.card(entry_.place, look_->card());
     if (!entry_.place.last)
         row.separator(look_->besideIcon());
-    row.icon(icon_);
+    row.icon(icon_.image());
     const double taken = entry_.hasSwitch ? toggle_->width() + look_->inset + besideSwitch : look_->inset;
     row.text(entry_.title, look_->besideIcon(), width() - taken, look_->label());
 }

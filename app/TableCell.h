@@ -1,9 +1,9 @@
 #pragma once
 
+#include "app/AwaitedPicture.h"
 #include "app/TableEntry.h"
 #include "app/Toggle.h"
 
-#include <QImage>
 #include <QPointer>
 #include <QQuickPaintedItem>
 
@@ -40,14 +40,12 @@ protected:
 private:
     void followLook();
     void showSwitch(bool sameRow);
-    void showIcon();
     void placeSwitch();
 
     TableEntry entry_;
     QPointer<Look> look_;
     Toggle* toggle_ = nullptr;
-    QImage icon_;
-    QMetaObject::Connection awaited_;
+    AwaitedPicture icon_{*this, [this] { update(); }};
 };
 
 } // namespace wardlock::app

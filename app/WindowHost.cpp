@@ -2,9 +2,10 @@
 
 #include "app/AccessibleItem.h"
 #include "app/BlurredBackdrop.h"
-#include "app/IconProvider.h"
+#include "app/Chevron.h"
 #include "app/Layer.h"
 #include "app/Look.h"
+#include "app/RowIcon.h"
 #include "app/TableCell.h"
 
 #include <QGuiApplication>
@@ -15,12 +16,13 @@ namespace wardlock::app {
 WindowHost::WindowHost(platform::AnimationClock& clock, double transitionSeconds)
     : settings_(clock, transitionSeconds) {
     qmlRegisterType<BlurredBackdrop>("Wardlock.Native", 1, 0, "BlurredBackdrop");
+    qmlRegisterType<Chevron>("Wardlock.Native", 1, 0, "Chevron");
     qmlRegisterType<Layer>("Wardlock.Native", 1, 0, "Layer");
+    qmlRegisterType<RowIcon>("Wardlock.Native", 1, 0, "RowIcon");
     qmlRegisterType<TableCell>("Wardlock.Native", 1, 0, "TableCell");
     qmlRegisterType<Toggle>("Wardlock.Native", 1, 0, "Toggle");
     Look::install();
     installAccessibility();
-    engine_.addImageProvider(QStringLiteral("device"), new IconProvider);
     engine_.rootContext()->setContextProperty(QStringLiteral("settings"), &settings_);
     engine_.rootContext()->setContextProperty(QStringLiteral("appearance"), &appearance_);
     engine_.addImportPath(QStringLiteral("qrc:/"));

@@ -8,13 +8,13 @@ Rectangle {
 
     /// The keyboard leaves the bar at its end or its beginning.
     signal tabbedOut(bool forward)
-    readonly property bool hasButtons: back.visible || add.visible
+    readonly property bool hasButtons: back.visible || add.active
 
     height: Look.barHeight
     color: Look.bar
 
     function takeFocus(forward) {
-        const buttons = [back, add].filter((button) => button.visible);
+        const buttons = (back.visible ? [back] : []).concat(add.active ? [add.item] : []);
         if (buttons.length > 0)
             buttons[forward ? 0 : buttons.length - 1].forceActiveFocus(Qt.TabFocusReason);
         else
@@ -24,8 +24,8 @@ Rectangle {
         if (event.key !== Qt.Key_Tab && event.key !== Qt.Key_Backtab)
             return;
         const forward = event.key === Qt.Key_Tab;
-        const other = forward ? add : back;
-        if (other.visible && !other.activeFocus)
+        const other = forward ? add.item : back.visible ? back : null;
+        if (other && !other.activeFocus)
             other.forceActiveFocus(Qt.TabFocusReason);
         else
             tabbedOut(forward);
@@ -34,7 +34,7 @@ Rectangle {
 
     /// What the title leaves free at its beginning and its end.
     readonly property real before: (back.visible ? back.width : 0) + 12
-    readonly property real after: (add.visible ? add.width : 0) + 12
+    readonly property real after: (add.active ? add.width : 0) + 12
 
     Item {
         id: back
@@ -108,30 +108,12 @@ Rectangle {
         Accessible.name: text
     }
 
-    Item {
+    Loader {
         id: add
-        objectName: "add"
-        visible: bar.page.hasAddButton
+        active: bar.page.hasAddButton
         height: parent.height
-        width: 52
         anchors.right: parent.right
-        activeFocusOnTab: true
-        Accessible.role: Accessible.Button
-        Accessible.name: qsTr("Add")
-        Accessible.focusable: true
-        Accessible.onPressAction: settings.tapBarButton()
-        Keys.onSpacePressed: settings.tapBarButton()
-        Keys.onReturnPressed: settings.tapBarButton()
-        opacity: addTap.pressed ? 0.4 : 1
-
-        Rectangle { anchors.centerIn: parent; width: 20; height: 2; radius: 1; color: Look.tint }
-        Rectangle { anchors.centerIn: parent; width: 2; height: 20; radius: 1; color: Look.tint }
-        FocusRing {}
-        TapHandler {
-            id: addTap
-            gesturePolicy: TapHandler.ReleaseWithinBounds
-            onTapped: settings.tapBarButton()
-        }
+        sourceComponent: AddButton {}
     }
 
     Hairline {

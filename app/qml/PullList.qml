@@ -109,6 +109,8 @@ Item {
         Accessible.role: Accessible.List
         Accessible.name: pullList.page.title
 
+        onMovementStarted: indicator.active = true
+
         property bool pulled: false
         onDragStarted: {
             pulled = false;
@@ -117,12 +119,19 @@ Item {
         onVerticalOvershootChanged: if (dragging && verticalOvershoot < -56) pulled = true
         onDragEnded: if (pulled && !field.shown) field.begin()
     }
-    ScrollIndicator { list: list }
-    Label {
-        visible: pullList.page.filter !== "" && list.count === 0
+    Loader {
+        id: indicator
+        active: false
+        anchors.right: parent.right
+        sourceComponent: ScrollIndicator { list: pullList.list }
+    }
+    Loader {
+        active: pullList.page.filter !== "" && list.count === 0
         anchors.horizontalCenter: parent.horizontalCenter
         y: field.height + 40
-        text: qsTr("Nothing found")
-        color: Look.secondary
+        sourceComponent: Label {
+            text: qsTr("Nothing found")
+            color: Look.secondary
+        }
     }
 }

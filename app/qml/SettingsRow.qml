@@ -86,13 +86,17 @@ Item {
             anchors.verticalCenter: parent.verticalCenter
             Accessible.ignored: true
         }
-        Chevron {
-            visible: row.leadsOn
+        Loader {
+            active: row.leadsOn
+            visible: active
             anchors.verticalCenter: parent.verticalCenter
+            sourceComponent: Chevron { color: Look.chevron }
         }
-        CheckMark {
-            visible: row.entry.marked
+        Loader {
+            active: row.entry.marked
+            visible: active
             anchors.verticalCenter: parent.verticalCenter
+            sourceComponent: CheckMark {}
         }
         Loader {
             id: toggle

@@ -69,11 +69,7 @@ protected:
         return !image.isNull() && image.pixelColor(image.width() / 2, image.height() / 2).red() > 200;
     }
     static QImage shownAt(const QString& url) {
-        const QString start = QStringLiteral("image://device/");
-        EXPECT_TRUE(url.startsWith(start));
-        app::IconProvider provider;
-        QSize size;
-        return provider.requestImage(url.mid(start.size()), &size, QSize(58, 58));
+        return app::IconProvider::decode(url, QSize(58, 58));
     }
 };
 

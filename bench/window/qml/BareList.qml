@@ -1,7 +1,8 @@
 import QtQuick
 import QtQuick.Window
 
-// A list of texts and nothing else. It is made when it is asked for.
+// A list of texts and nothing else: of the picker's type and height of row, and as much of it in sight. It is made when it
+// is asked for.
 Window {
     width: 390
     height: 844
@@ -11,6 +12,8 @@ Window {
     Loader {
         id: loader
         anchors.fill: parent
+        // The picker's bar and the space over its first row.
+        anchors.topMargin: 72
         active: false
         sourceComponent: ListView {
             objectName: "list"
@@ -20,6 +23,9 @@ Window {
                 required property string display
                 height: 35
                 text: display
+                textFormat: Text.PlainText
+                font.family: "Inter"
+                font.pixelSize: 17
             }
         }
     }

@@ -1,0 +1,43 @@
+#include "app/RowIcon.h"
+
+#include "app/Look.h"
+#include "app/RowPainter.h"
+
+namespace wardlock::app {
+
+RowIcon::RowIcon(QQuickItem* parent) : QQuickPaintedItem(parent) {
+    setVisible(false);
+}
+
+void RowIcon::setSource(const QString& source) {
+    if (source == source_)
+        return;
+    source_ = source;
+    setVisible(!source.isEmpty());
+    if (isComponentComplete())
+        showSource();
+    emit sourceChanged();
+}
+
+void RowIcon::componentComplete() {
+    QQuickPaintedItem::componentComplete();
+    if (const auto* look = Look::of(*this))
+        setImplicitSize(look->icon, look->icon);
+    showSource();
+}
+
+void RowIcon::itemChange(ItemChange change, const ItemChangeData& data) {
+    QQuickPaintedItem::itemChange(change, data);
+    if (change == ItemDevicePixelRatioHasChanged && isComponentComplete())
+        showSource();
+}
+
+void RowIcon::showSource() {
+    picture_.show(source_, qRound(implicitWidth()));
+}
+
+void RowIcon::paint(QPainter* painter) {
+    drawPicture(*painter, picture_.image(), boundingRect());
+}
+
+} // namespace wardlock::app

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "app/AwaitedPicture.h"
+
+#include <QQuickPaintedItem>
+
+namespace wardlock::app {
+
+/// A row's picture, square; nothing where there is none.
+class RowIcon : public QQuickPaintedItem {
+    Q_OBJECT
+    /// An address of IconProvider's, empty for none.
+    Q_PROPERTY(QString source READ source WRITE setSource NOTIFY sourceChanged)
+
+public:
+    explicit RowIcon(QQuickItem* parent = nullptr);
+
+    const QString& source() const { return source_; }
+    void setSource(const QString& source);
+    void paint(QPainter* painter) override;
+
+signals:
+    void sourceChanged();
+
+protected:
+    void componentComplete() override;
+    void itemChange(ItemChange change, const ItemChangeData& data) override;
+
+private:
+    void showSource();
+
+    QString source_;
+    AwaitedPicture picture_{*this, [this] { update(); }};
+};
+
+} // namespace wardlock::app

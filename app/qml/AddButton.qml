@@ -1,0 +1,25 @@
+import QtQuick
+import Wardlock.Native
+
+// The page's button, at the end of its bar.
+Item {
+    objectName: "add"
+    implicitWidth: 52
+    activeFocusOnTab: true
+    Accessible.role: Accessible.Button
+    Accessible.name: qsTr("Add")
+    Accessible.focusable: true
+    Accessible.onPressAction: settings.tapBarButton()
+    Keys.onSpacePressed: settings.tapBarButton()
+    Keys.onReturnPressed: settings.tapBarButton()
+    opacity: tap.pressed ? 0.4 : 1
+
+    Rectangle { anchors.centerIn: parent; width: 20; height: 2; radius: 1; color: Look.tint }
+    Rectangle { anchors.centerIn: parent; width: 2; height: 20; radius: 1; color: Look.tint }
+    FocusRing {}
+    TapHandler {
+        id: tap
+        gesturePolicy: TapHandler.ReleaseWithinBounds
+        onTapped: settings.tapBarButton()
+    }
+}

@@ -1,0 +1,59 @@
+import QtQuick
+import Wardlock.Native
+
+// The field to type into and the button that ends the search.
+Item {
+    id: box
+    property alias text: input.text
+    signal cancelled()
+
+    function begin() {
+        input.forceActiveFocus();
+    }
+
+    Rectangle {
+        anchors.left: parent.left
+        anchors.leftMargin: Look.sideMargin(box.width)
+        anchors.right: cancel.left
+        anchors.rightMargin: 12
+        y: 8
+        height: 36
+        radius: 10
+        color: Look.search
+
+        TextInput {
+            id: input
+            objectName: "search"
+            anchors.fill: parent
+            anchors.leftMargin: 12
+            anchors.rightMargin: 12
+            verticalAlignment: TextInput.AlignVCenter
+            color: Look.label
+            selectionColor: Look.tint
+            font.family: Look.family
+            font.pixelSize: Look.body
+            clip: true
+            activeFocusOnTab: true
+            Accessible.role: Accessible.EditableText
+            Accessible.name: qsTr("Search")
+            Keys.onEscapePressed: box.cancelled()
+            Label {
+                anchors.fill: parent
+                verticalAlignment: Text.AlignVCenter
+                visible: input.text === "" && input.preeditText === ""
+                text: qsTr("Search")
+                color: Look.value
+                Accessible.ignored: true
+            }
+        }
+    }
+    PlainButton {
+        id: cancel
+        objectName: "search:cancel"
+        anchors.right: parent.right
+        anchors.rightMargin: Look.sideMargin(box.width)
+        y: 4
+        text: qsTr("Cancel")
+        onPressed: box.cancelled()
+    }
+}
