@@ -39,13 +39,15 @@ bool isReadable(int descriptor, int milliseconds) {
     return poll(&wait, 1, milliseconds) > 0;
 }
 
-void writeAll(int connection, std::string_view bytes) {
+/// False: the other side has gone.
+bool writeAll(int connection, std::string_view bytes) {
     while (!bytes.empty()) {
         const ssize_t count = send(connection, bytes.data(), bytes.size(), MSG_NOSIGNAL);
         if (count <= 0)
-            return;
+            return false;
         bytes.remove_prefix(static_cast<std::size_t>(count));
     }
+    return true;
 }
 
 std::string response(const std::string& status, const std::string& header, const std::string& body) {
@@ -73,6 +75,19 @@ void HttpServer::answer(const std::string& path, const std::string& body, const 
 
 void HttpServer::redirect(const std::string& path, const std::string& location) {
     answerRaw(path, response("302 Found", "Location: " + location, ""));
+}
+
+void HttpServer::answerForEver(const std::string& path, const std::string& beginning,
+                               const std::string& then) {
+    const std::lock_guard lock(mutex_);
+    responses_[path] = beginning.empty() ? then : beginning;
+    endless_[path] = {then, false};
+}
+
+void HttpServer::drip(const std::string& path, const std::string& beginning, const std::string& then) {
+    answerForEver(path, beginning, then);
+    const std::lock_guard lock(mutex_);
+    endless_[path].drips = true;
 }
 
 void HttpServer::hang(const std::string& path) {
@@ -146,8 +161,24 @@ void HttpServer::serve(int connection, const std::string& request) {
         silent_.push_back(connection);
         return;
     }
-    writeAll(connection, bytes);
+    if (writeAll(connection, bytes))
+        goOn(connection, path);
     close(connection);
+}
+
+void HttpServer::goOn(int connection, const std::string& path) {
+    Endless endless{};
+    {
+        const std::lock_guard lock(mutex_);
+        const auto found = endless_.find(path);
+        if (found == endless_.end())
+            return;
+        endless = found->second;
+    }
+    // Whoever has asked says no more: what comes is the end.
+    while (!stopping_ && !isReadable(connection, endless.drips ? TurnMilliseconds : 0))
+        if (!writeAll(connection, endless.then))
+            return;
 }
 
 void HttpServer::lookAtSilentOnes() {

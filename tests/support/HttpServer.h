@@ -22,6 +22,10 @@ public:
     void answer(const std::string& path, const std::string& body,
                 const std::string& contentType = "text/html; charset=utf-8");
     void redirect(const std::string& path, const std::string& location);
+    /// A beginning, and then the same again and again for as long as anybody takes it; the second form at the
+    /// pace of a drip.
+    void answerForEver(const std::string& path, const std::string& beginning, const std::string& then);
+    void drip(const std::string& path, const std::string& beginning, const std::string& then);
     /// The connection stays open and silent.
     void hang(const std::string& path);
     /// Closes the connections that were kept silent until now.
@@ -42,6 +46,7 @@ private:
     void run();
     void readMore(int connection);
     void serve(int connection, const std::string& request);
+    void goOn(int connection, const std::string& path);
     void lookAtSilentOnes();
 
     int port_ = 0;
@@ -50,7 +55,13 @@ private:
     std::atomic<bool> hangingUp_ = false;
     std::atomic<int> abandoned_ = 0;
     mutable std::mutex mutex_;
+    struct Endless {
+        std::string then;
+        bool drips;
+    };
+
     std::map<std::string, std::string> responses_;
+    std::map<std::string, Endless> endless_;
     std::vector<std::string> requests_;
     std::string lastRequest_;
     /// The connections whose requests are not whole yet, with what has come of them.
