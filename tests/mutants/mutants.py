@@ -95,7 +95,7 @@ ALL = [
         (FILE, "if (state_ == State::Unknown || keepOld(sync))", "if (state_ == State::Unknown)"),
     ]),
     Mutant("damaged-not-synced", "the kept bytes are not on the disk when the document is replaced", both("power-cut"), [
-        (FILE, "return copyAside(sync);", "return copyAside(Sync::None);"),
+        (FILE, "return copyAside(sync);", "return copyAside(sync == Sync::Full ? Sync::None : sync);"),
     ]),
     # Announcements: each writer's own.
     Mutant("switch-announces-first", "a row's value is announced before it is written", both("killed"), [
