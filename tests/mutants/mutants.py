@@ -176,9 +176,6 @@ ALL = [
     Mutant("ampersand-not-escaped", "\"&\" is written as it is", ("fuzz.value", "fuzz.xml_reader"), [
         ("platform/foundation/XmlEscape.cpp", 'text += "&amp;";', "text += '&';"),
     ]),
-    Mutant("carriage-return-not-escaped", "a carriage return is written as it is, and read as a line feed", ("fuzz.value",), [
-        ("platform/foundation/XmlEscape.cpp", "    case '\\n':\n        text += c;", "    case '\\n':\n    case '\\r':\n        text += c;"),
-    ]),
     Mutant("keys-not-escaped", "keys are written as they are", ("fuzz.value", "fuzz.xml_reader"), [
         ("platform/foundation/XmlPropertyListWriter.cpp", "        text_.put(std::string_view(escaped(key)));", "        text_.put(key);"),
     ]),
