@@ -8,6 +8,7 @@
 #include "shell/Provision.h"
 
 #include <QGuiApplication>
+#include <QLocale>
 
 #include <cstdio>
 #include <cstdlib>
@@ -69,6 +70,8 @@ int main(int argc, char** argv) {
     qInstallMessageHandler(nullptr);
     QGuiApplication::setApplicationName(QStringLiteral("Settings"));
     QGuiApplication::setDesktopFileName(QStringLiteral("wardlock-settings"));
+    // Qt itself would take it from a translation, and there is none.
+    QGuiApplication::setLayoutDirection(QLocale().textDirection());
 
     shell::installLastRites(nullptr);
     const shell::Provision provision;
