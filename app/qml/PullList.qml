@@ -42,26 +42,26 @@ Item {
             return;
         if (tab)
             tabbedOut(forward);
-        else if (forward)
-            list.positionViewAtEnd();
         else
-            list.positionViewAtBeginning();
+            showEnd(forward);
+    }
+    readonly property real firstY: list.originY - list.topMargin
+    readonly property real lastY: Math.max(firstY, list.originY + list.contentHeight + list.bottomMargin - list.height)
+    function showEnd(last) {
+        if (!last)
+            return list.positionViewAtBeginning();
+        // Makes the last rows, but leaves out the margin below them.
+        list.positionViewAtEnd();
+        list.contentY = lastY;
     }
     function toEnd(last) {
-        if (!focusRow(last ? list.count : -1, last ? -1 : 1))
-            return;
-        if (last)
-            list.positionViewAtEnd();
-        else
-            list.positionViewAtBeginning();
+        if (focusRow(last ? list.count : -1, last ? -1 : 1))
+            showEnd(last);
     }
     /// As far as the window shows at a time, and the keyboard with it.
     function turnPage(forward) {
-        const first = list.originY - list.topMargin;
-        const last = Math.max(first, list.originY + list.contentHeight + list.bottomMargin - list.height);
         const way = (forward ? 1 : -1) * Math.max(Look.rowHeight, list.height - Look.rowHeight);
-        const ends = forward ? list.contentY + way >= last : list.contentY + way <= first;
-        if (ends)
+        if (forward ? list.contentY + way >= lastY : list.contentY + way <= firstY)
             return toEnd(forward);
         list.contentY += way;
         focusRow(list.indexAt(list.width / 2, list.contentY) - 1, 1);

@@ -165,6 +165,36 @@ TEST_F(WindowNavigation, BringsTheRowOfTheKeyboardIntoSight) {
     EXPECT_LE(row->mapToScene({0, row->height()}).y(), window().height());
 }
 
+TEST_F(WindowNavigation, JumpsToTheEndsOfAListByKey) {
+    openAccount();
+    scene().press(Qt::Key_End);
+    EXPECT_EQ(window().activeFocusItem()->objectName(), "row:Delete Account");
+    EXPECT_TRUE(scene().item("list")->property("atYEnd").toBool());
+    scene().press(Qt::Key_Home);
+    EXPECT_EQ(window().activeFocusItem()->objectName(), "switch:Enabled");
+    EXPECT_TRUE(scene().item("list")->property("atYBeginning").toBool());
+}
+
+TEST_F(WindowNavigation, TurnsThePagesOfAListByKey) {
+    const auto isInSight = [this](const QQuickItem* row) {
+        const auto* list = scene().item("list");
+        const double top = row->mapToItem(list, {0, 0}).y();
+        return top >= 0 && top + row->height() <= list->height();
+    };
+    openAccount();
+    scene().press(Qt::Key_Down);
+    const auto first = window().activeFocusItem()->objectName();
+    scene().press(Qt::Key_PageDown);
+    const double turned = scene().item("list")->property("contentY").toDouble();
+    EXPECT_GT(turned, 400);
+    EXPECT_NE(window().activeFocusItem()->objectName(), first);
+    EXPECT_TRUE(isInSight(window().activeFocusItem()));
+    for (int page = 0; page < 3; ++page)
+        scene().press(Qt::Key_PageUp);
+    EXPECT_EQ(window().activeFocusItem()->objectName(), first);
+    EXPECT_TRUE(scene().item("list")->property("atYBeginning").toBool());
+}
+
 TEST_F(WindowNavigation, MirrorsFromRightToLeft) {
     QGuiApplication::setLayoutDirection(Qt::RightToLeft);
     openSlowly();

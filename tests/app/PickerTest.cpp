@@ -112,6 +112,19 @@ TEST_F(WindowPicker, BuildsOnlyTheRowsInSight) {
     EXPECT_LT(content->childItems().size(), 60);
 }
 
+TEST_F(WindowPicker, BringsTheKeyboardToItsLastRowAndBack) {
+    restrictMany(2000);
+    openPicker();
+    const auto cells = scene().namesWith("cell:");
+    scene().press(Qt::Key_End);
+    const auto last = window().activeFocusItem()->objectName();
+    EXPECT_TRUE(last.startsWith("switch:org.app")) << last.toStdString();
+    EXPECT_TRUE(scene().item("list")->property("atYEnd").toBool());
+    EXPECT_FALSE(scene().shows("cell:" + QString::fromStdString(cells.front())));
+    scene().press(Qt::Key_Home);
+    EXPECT_EQ(window().activeFocusItem()->objectName(), "switch:" + QString::fromStdString(cells.front()));
+}
+
 TEST_F(WindowPicker, ShowsAScrolledSwitchAsItIsSaved) {
     restrictMany(200);
     openPicker();
