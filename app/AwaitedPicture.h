@@ -16,7 +16,7 @@ public:
     AwaitedPicture(const AwaitedPicture&) = delete;
     AwaitedPicture& operator=(const AwaitedPicture&) = delete;
 
-    /// An address of IconProvider's, empty for none, and the side of the square in points.
+    /// An address of PictureSource's, empty for none, and the side of the square in points.
     void show(const QString& address, int side);
     const QImage& image() const { return image_; }
 

@@ -1,4 +1,4 @@
-#include "app/IconProvider.h"
+#include "app/PictureSource.h"
 
 #include "app/PictureBounds.h"
 #include "app/Text.h"
@@ -6,9 +6,10 @@
 #include "platform/foundation/FileSystem.h"
 
 #include <QBuffer>
+#include <QCache>
 #include <QHash>
 #include <QImageReader>
-#include <QMutexLocker>
+#include <QMutex>
 #include <QUrl>
 
 #include <cstdint>
@@ -84,7 +85,7 @@ QImage read(QByteArray bytes, const QSize& requestedSize) {
 
 } // namespace
 
-QString IconProvider::urlFor(const std::shared_ptr<platform::UIImage>& image) {
+QString PictureSource::urlFor(const std::shared_ptr<platform::UIImage>& image) {
     if (!image)
         return {};
     if (image->bytes().empty())
@@ -93,7 +94,7 @@ QString IconProvider::urlFor(const std::shared_ptr<platform::UIImage>& image) {
     return addressStart + QStringLiteral("bytes/%1").arg(keptPictures().keep(image));
 }
 
-QImage IconProvider::decode(const QString& address, const QSize& requestedSize) {
+QImage PictureSource::decode(const QString& address, const QSize& requestedSize) {
     QImageReader::setAllocationLimit(megabytesToDecode);
     const QString id = address.mid(addressStart.size());
     if (id.startsWith(QLatin1String("file/"))) {

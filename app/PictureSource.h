@@ -2,9 +2,8 @@
 
 #include "platform/ui/UIImage.h"
 
-#include <QCache>
 #include <QImage>
-#include <QMutex>
+#include <QString>
 
 #include <memory>
 
@@ -12,7 +11,7 @@ namespace wardlock::app {
 
 /// Gives the pages' pictures addresses and decodes them. Pictures come from modules and applications that
 /// nobody vouches for, so they are decoded within bounds; one that is too large or broken is empty.
-class IconProvider {
+class PictureSource {
 public:
     /// The address of the picture; empty for null. Main thread only. A picture made of bytes stays known as
     /// long as it is among the last few hundred asked for.

@@ -1,6 +1,6 @@
 #include "app/Pictures.h"
 
-#include "app/IconProvider.h"
+#include "app/PictureSource.h"
 
 #include <QCoreApplication>
 
@@ -35,7 +35,7 @@ void Pictures::fetch(const QString& address, int side) {
 }
 
 void Pictures::decode(const Key& key) {
-    const QImage picture = IconProvider::decode(key.first, {key.second, key.second});
+    const QImage picture = PictureSource::decode(key.first, {key.second, key.second});
     QMetaObject::invokeMethod(
         this, [this, key, picture] { keep(key, picture); }, Qt::QueuedConnection);
 }

@@ -19,7 +19,7 @@ public:
     /// Lives as long as the application.
     static Pictures& shared();
 
-    /// The picture at an address of IconProvider's, for a square of so many pixels. None: not decoded yet.
+    /// The picture at an address of PictureSource's, for a square of so many pixels. None: not decoded yet.
     std::optional<QImage> find(const QString& address, int side) const;
     /// Has it decoded; arrived() tells of it, later. A null image: it cannot be.
     void fetch(const QString& address, int side);

@@ -9,7 +9,7 @@ namespace wardlock::app {
 /// A row's picture, square; nothing where there is none.
 class RowIcon : public QQuickPaintedItem {
     Q_OBJECT
-    /// An address of IconProvider's, empty for none.
+    /// An address of PictureSource's, empty for none.
     Q_PROPERTY(QString source READ source WRITE setSource NOTIFY sourceChanged)
 
 public:

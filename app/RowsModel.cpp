@@ -1,6 +1,6 @@
 #include "app/RowsModel.h"
 
-#include "app/IconProvider.h"
+#include "app/PictureSource.h"
 #include "app/Text.h"
 #include "platform/preferences/PSListItemsController.h"
 
@@ -22,7 +22,7 @@ RowEntry entryFor(const shell::Row& row) {
     entry.on = row.isOn();
     entry.enabled = row.enabled;
     entry.marked = row.marked;
-    entry.icon = IconProvider::urlFor(row.icon);
+    entry.icon = PictureSource::urlFor(row.icon);
     entry.placeholder = toQt(row.placeholder);
     entry.numberPad = row.numberPad;
     entry.editing = row.editing;

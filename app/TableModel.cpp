@@ -1,6 +1,6 @@
 #include "app/TableModel.h"
 
-#include "app/IconProvider.h"
+#include "app/PictureSource.h"
 #include "app/TableEntry.h"
 #include "app/Text.h"
 
@@ -64,7 +64,7 @@ TableEntry TableModel::entry(int row) const {
         return entry;
     entry.title = toQt(shownRow->title());
     entry.key = toQt(shownRow->key());
-    entry.icon = IconProvider::urlFor(shownRow->icon());
+    entry.icon = PictureSource::urlFor(shownRow->icon());
     entry.on = shownRow->isOn();
     entry.hasSwitch = shownRow->switchControl() != nullptr;
     return entry;

@@ -16,8 +16,6 @@ using platform::NSNotificationCenter;
 using platform::UIAlertController;
 using platform::Value;
 
-constexpr const char* logPath = "/var/mobile/com.tavix.wardlock_log";
-
 class AccountCreation : public PageFixture {
 protected:
     AccountCreation() {
