@@ -58,6 +58,8 @@ protected:
     DiskFaults() { writeFile(applicationInfoPath, applicationInfo()); }
     ~DiskFaults() override {
         FileSystem::setCurrent(nullptr);
+        // It takes leave of the application.
+        script_.reset();
         quit();
         std::cout << points << (HasFailure() ? " points tried\n" : " points survived\n");
         RecordProperty("points", static_cast<int>(points));
