@@ -166,15 +166,7 @@ protected:
     /// Another process writes: it can, keeps what is there, and leaves nothing lying about.
     void expectNextWriteWorks(MemoryFileSystem& disk, const Stage& stage) {
         FileSystem::setCurrent(&disk);
-        const auto before = document_();
-        const auto update = updateDocument(BundleIdentifier, [](platform::MutableDictionary& entries) {
-            entries.set("kNext", true);
-            return true;
-        });
-        EXPECT_TRUE(update.written);
-        platform::MutableDictionary expected(before.value_or(platform::Dictionary()));
-        expected.set("kNext", true);
-        EXPECT_EQ(document_(), expected.copy());
+        expectNextChangeKeepsTheRest();
         FileSystem::setCurrent(nullptr);
         EXPECT_FALSE(hasTemporary(disk, stage));
         EXPECT_EQ(disk.openHandles(), 0u);
@@ -223,8 +215,6 @@ protected:
     std::vector<std::string> functions;
 
 private:
-    static std::optional<platform::Dictionary> document_() { return wardlock::document(BundleIdentifier); }
-
     void leadUp() {
         script_.reset();
         loop_.reset();

@@ -153,15 +153,7 @@ protected:
 
     /// This process writes over the disk as it is: it can, keeps what is there, and leaves nothing about.
     void expectNextWriteWorks() const {
-        const auto before = wardlock::document(BundleIdentifier);
-        const auto update = updateDocument(BundleIdentifier, [](platform::MutableDictionary& entries) {
-            entries.set("kNext", true);
-            return true;
-        });
-        EXPECT_TRUE(update.written);
-        platform::MutableDictionary expected(before.value_or(platform::Dictionary()));
-        expected.set("kNext", true);
-        EXPECT_EQ(wardlock::document(BundleIdentifier), expected.copy());
+        expectNextChangeKeepsTheRest();
         const DiskImage disk = DiskImage::of(folders);
         EXPECT_EQ(disk.named(".wardlock-new"), std::vector<std::string>()) << "left lying about";
         expectRights(disk);

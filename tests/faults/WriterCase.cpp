@@ -1,6 +1,10 @@
 #include "tests/faults/WriterCase.h"
 
 #include "platform/foundation/PropertyList.h"
+#include "settings/Constants.h"
+#include "settings/Document.h"
+
+#include <gtest/gtest.h>
 
 #include <ostream>
 
@@ -37,6 +41,18 @@ std::string WriterCase::name() const {
 const std::vector<WriterCase>& writerCases() {
     static const std::vector<WriterCase> all = makeCases();
     return all;
+}
+
+void expectNextChangeKeepsTheRest() {
+    const auto before = document(BundleIdentifier);
+    const auto update = updateDocument(BundleIdentifier, [](platform::MutableDictionary& entries) {
+        entries.set("kNext", true);
+        return true;
+    });
+    EXPECT_TRUE(update.written);
+    platform::MutableDictionary expected(before.value_or(platform::Dictionary()));
+    expected.set("kNext", true);
+    EXPECT_EQ(document(BundleIdentifier), expected.copy());
 }
 
 void PrintTo(const WriterCase& given, std::ostream* out) {

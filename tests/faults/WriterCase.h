@@ -29,6 +29,9 @@ struct WriterCase {
 /// Every writer over a linked document, and one of them over the other things.
 const std::vector<WriterCase>& writerCases();
 
+/// A further change to the document as this process reads it now: it is written, and keeps what is there.
+void expectNextChangeKeepsTheRest();
+
 void PrintTo(const WriterCase& given, std::ostream* out);
 
 } // namespace wardlock::test
