@@ -19,4 +19,9 @@ WARDLOCK_API std::optional<platform::Dictionary> document(std::string_view ident
 WARDLOCK_API platform::Update updateDocument(std::string_view identifier,
                                              const std::function<bool(platform::MutableDictionary&)>& change);
 
+/// Makes the folders above the document, for the user alone, in a device root that lacks them; whether they
+/// were missing and stand now. Nothing is made on the device itself (the root "/"), where the system has made
+/// them for the one they belong to.
+WARDLOCK_API bool makeMissingDocumentFolder(std::string_view identifier);
+
 } // namespace wardlock

@@ -33,7 +33,11 @@ std::optional<platform::MutableDictionary> TweakSettings;
 ChangeCallback UpdateCallback;
 
 platform::Dictionary SettingsNew() {
-    return updateDocument(BundleIdentifier, fillMissingKeys).dictionary;
+    platform::Update loaded = updateDocument(BundleIdentifier, fillMissingKeys);
+    // A device has had the folder from the start; a device root that is used for the first time has not.
+    if (loaded.changed && !loaded.written && makeMissingDocumentFolder(BundleIdentifier))
+        loaded = updateDocument(BundleIdentifier, fillMissingKeys);
+    return loaded.dictionary;
 }
 
 platform::MutableDictionary& SettingsCreateIfNecessary() {

@@ -25,8 +25,8 @@ extern WARDLOCK_API std::optional<platform::MutableDictionary> TweakSettings;
 /// Called after each change; empty when the host supplied none.
 extern WARDLOCK_API ChangeCallback UpdateCallback;
 
-/// Loads the document, fills missing top-level keys and writes it back when it had to. Leaves the cache
-/// alone.
+/// Loads the document, fills missing top-level keys and writes it back when it had to, in a new device root
+/// with the folders above it. Leaves the cache alone.
 WARDLOCK_API platform::Dictionary SettingsNew();
 /// The cache, filled by SettingsNew() on first use.
 WARDLOCK_API platform::MutableDictionary& SettingsCreateIfNecessary();

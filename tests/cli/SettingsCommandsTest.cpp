@@ -2,6 +2,7 @@
 #include "tests/support/BusFixture.h"
 
 #include <csignal>
+#include <filesystem>
 
 namespace wardlock::test {
 namespace {
@@ -33,6 +34,12 @@ TEST_F(SettingsCommands, StatusTellsTheEnabledAccountAndWhatItRestricts) {
 TEST_F(SettingsCommands, StatusCreatesAMissingDocument) {
     EXPECT_EQ(wardlockCommand({"status", "--json"}).output,
               "{\"enabled\":true,\"tweakEnabled\":false,\"account\":null}\n");
+    EXPECT_TRUE(exists(documentPath));
+}
+
+TEST_F(SettingsCommands, GetCreatesTheDocumentOfANewDeviceRoot) {
+    std::filesystem::remove_all(root());
+    EXPECT_EQ(wardlockCommand({"get", "kEnabled"}).output, "true\n");
     EXPECT_TRUE(exists(documentPath));
 }
 

@@ -12,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 
 using namespace wardlock;
@@ -46,6 +47,16 @@ TEST_F(EnforcingProcessTest, CreatesTheDocumentAtItsStart) {
     Process enforcer = startEnforcer(1);
     EXPECT_EQ(enforcer.readLine(), "ready");
     EXPECT_EQ(readDocument(), DefaultSettings());
+}
+
+TEST_F(EnforcingProcessTest, MayBeTheFirstInANewDeviceRoot) {
+    std::filesystem::remove_all(root());
+    Process enforcer = startEnforcer(1);
+    ASSERT_EQ(enforcer.readLine(), "ready");
+    EXPECT_EQ(readDocument(), DefaultSettings());
+    writeDocument(documentWithAccounts({true}));
+    post("kAccountEnabled", true);
+    EXPECT_EQ(enforcer.readLine(), "kAccountEnabled = 1; account A; tweak 1");
 }
 
 TEST_F(EnforcingProcessTest, HearsOfAChangeMadeElsewhere) {

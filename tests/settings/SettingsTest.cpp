@@ -1,9 +1,11 @@
 #include "settings/Settings.h"
 
+#include "platform/foundation/FileSystem.h"
 #include "platform/foundation/PropertyList.h"
 #include "platform/foundation/PropertyListFile.h"
 #include "settings/DefaultSettings.h"
 #include "settings/EnabledAccount.h"
+#include "tests/doubles/MemoryFileSystem.h"
 #include "tests/support/SettingsFixture.h"
 
 #include <gtest/gtest.h>
@@ -87,6 +89,25 @@ TEST_F(SettingsNewTest, AnswersTheDefaultsWhereTheDocumentCannotBeWritten) {
     writeFile("/var/mobile", "a file where the folder should be");
     EXPECT_EQ(SettingsNew(), DefaultSettings());
     EXPECT_FALSE(exists(documentPath));
+}
+
+TEST_F(SettingsNewTest, MakesTheFoldersOfANewDeviceRootForItsUserAlone) {
+    namespace fs = std::filesystem;
+    fs::remove_all(root());
+    expectDefaultsWritten();
+    for (fs::path path = fs::path(onDisk(documentPath)).parent_path(); path != fs::path(root()).parent_path();
+         path = path.parent_path())
+        EXPECT_EQ(fs::status(path).permissions(), fs::perms::owner_all) << path;
+}
+
+TEST_F(SettingsNewTest, MakesNoFolderOnTheDeviceItself) {
+    test::MemoryFileSystem files;
+    files.addFolder("/var/mobile");
+    environment.set("WARDLOCK_DEVICE_ROOT", "/");
+    platform::FileSystem::setCurrent(&files);
+    EXPECT_EQ(SettingsNew(), DefaultSettings());
+    platform::FileSystem::setCurrent(nullptr);
+    EXPECT_EQ(files.names("/var/mobile"), std::vector<std::string>());
 }
 
 TEST_F(SettingsNewTest, AddsTheMissingKeysToADocumentThatHoldsOnlyAPasscode) {
