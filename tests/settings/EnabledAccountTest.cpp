@@ -169,6 +169,14 @@ TEST_F(EnabledAccountTest, IsLeftUntouchedWhereTheExtensionIsSwitchedOff) {
     EXPECT_FALSE(TweakEnabled());
 }
 
+TEST_F(EnabledAccountTest, StaysFoundWhereTheExtensionIsSwitchedOff) {
+    writeDocument(documentWithAccounts({true}));
+    EXPECT_TRUE(TweakEnabled());
+    SettingsCreateIfNecessary().set("kEnabled", false);
+    EXPECT_FALSE(TweakEnabled());
+    EXPECT_TRUE(EnabledAccount);
+}
+
 TEST_F(EnabledAccountTest, CountsWhereTheExtensionIsSwitchedOn) {
     writeDocument(documentWithAccounts({true}));
     EXPECT_TRUE(TweakEnabled());

@@ -75,6 +75,13 @@ TEST(PreferenceHelperOfABundle, InstallsTheExceptionReport) {
     EXPECT_EQ(NSGetUncaughtExceptionHandler(), &TweakExceptionHandler);
 }
 
+TEST(PreferenceHelperOfABundle, InstallsTheExceptionReportEachTime) {
+    PreferenceHelper::initWithBundleIdentifier("com.tavix.wardlock", "update");
+    platform::NSSetUncaughtExceptionHandler(nullptr);
+    PreferenceHelper::initWithBundleIdentifier("com.tavix.wardlock", "update");
+    EXPECT_EQ(NSGetUncaughtExceptionHandler(), &TweakExceptionHandler);
+}
+
 TEST(PreferenceHelperOfABundle, IsNotKeptAliveByItself) {
     const std::weak_ptr<PreferenceHelper> helper =
         PreferenceHelper::initWithBundleIdentifier("com.tavix.wardlock", "update");
