@@ -1,10 +1,9 @@
 #!/usr/bin/python3
 """Hears of every change of Wardlock's settings over D-Bus: one line "changed: KEY = VALUE" each.
 
-    listen.py [DEVICE-ROOT]     the device: WARDLOCK_DEVICE_ROOT, or the user's own, when none is given
-
 Needs PyGObject (python3-gi). docs/notification.md describes the signal and why it looks as it does.
 """
+import argparse
 import datetime
 import os
 import stat
@@ -103,7 +102,10 @@ def heard(_bus, _sender, _path, _interface, _member, arguments):
 
 
 def main():
-    root = sys.argv[1] if len(sys.argv) > 1 else device_root()
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("root", metavar="DEVICE-ROOT", nargs="?",
+                        help="the device; WARDLOCK_DEVICE_ROOT, or the user's own, when none is given")
+    root = parser.parse_args().root or device_root()
     flags = Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION
     try:
         bus = Gio.DBusConnection.new_for_address_sync(bus_address(), flags)

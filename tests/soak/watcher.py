@@ -2,11 +2,10 @@
 """Watches the preferences document: counts its replacements, judges what it then holds, and notices whatever else is done
 to it, such as being written in place, or gone for a moment.
 
-    watcher.py DOCUMENT
-
 Says "ready", answers each line of its input with an object: how many "writes" there were so far, how many "generations" it
 got to see and the "problems" it found; and ends with its input.
 """
+import argparse
 import ctypes
 import json
 import os
@@ -99,4 +98,6 @@ def main(path):
 
 
 if __name__ == "__main__":
-    main(sys.argv[1])
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("document", metavar="DOCUMENT")
+    main(parser.parse_args().document)
