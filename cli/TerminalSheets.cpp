@@ -9,16 +9,10 @@ namespace wardlock::cli {
 
 namespace {
 
-constexpr std::size_t passcodeLength = 4;
 /// Longer than any fade.
 constexpr std::chrono::seconds fadePatience{5};
 /// The person may have to choose a mail program first.
 constexpr std::chrono::minutes mailPatience{10};
-
-bool isPasscode(const std::string& text) {
-    return text.size() == passcodeLength &&
-           std::ranges::all_of(text, [](char digit) { return digit >= '0' && digit <= '9'; });
-}
 
 std::vector<std::string> addressesIn(const std::string& text) {
     std::vector<std::string> addresses;
@@ -67,7 +61,7 @@ void TerminalSheets::askKeypad(const shell::Overlay& overlay) {
     const auto digits = dialog_.askHidden("Four digits (Enter cancels): ");
     if (!digits || digits->empty())
         static_cast<void>(settings_.sheets().cancelKeypad());
-    else if (isPasscode(*digits))
+    else if (platform::SBUIPasscodeLockViewSimple4DigitKeypad::isPasscode(*digits))
         enter(*digits, overlay);
     else
         dialog_.tellError("A passcode is four digits.");

@@ -56,6 +56,8 @@ Answer SheetInput::pressEmergency() {
 
 Answer SheetInput::enterPasscode(std::string passcode) {
     return onKeypad([&](Keypad& keypad) {
+        if (!Keypad::isPasscode(passcode))
+            return Answer::refused("a passcode is four digits");
         keypad.enterViaMesa(std::move(passcode));
         return Answer::done();
     });

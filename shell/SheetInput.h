@@ -21,7 +21,7 @@ public:
     Answer pressDelete();
     Answer cancelKeypad();
     Answer pressEmergency();
-    /// The second way to enter: a whole passcode recognised otherwise.
+    /// The second way to enter: a whole passcode, four digits, recognised otherwise.
     Answer enterPasscode(std::string passcode);
 
     /// The whole text as it stands in the alert's field now, taken as one line.

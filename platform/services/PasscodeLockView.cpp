@@ -1,5 +1,6 @@
 #include "platform/services/PasscodeLockView.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace platform {
@@ -84,13 +85,18 @@ void SBUIPasscodeLockViewSimple4DigitKeypad::pressEmergencyCall() {
 }
 
 void SBUIPasscodeLockViewSimple4DigitKeypad::enterViaMesa(std::string passcode) {
-    if (!takesInput())
+    if (!takesInput() || !isPasscode(passcode))
         return;
     const auto keepAlive = shared_from_this();
     passcode_ = std::move(passcode);
     changed();
     if (const auto delegate = delegate_.lock())
         delegate->passcodeLockViewPasscodeEnteredViaMesa(*this);
+}
+
+bool SBUIPasscodeLockViewSimple4DigitKeypad::isPasscode(std::string_view text) {
+    return text.size() == digitCount &&
+           std::ranges::all_of(text, [](char digit) { return digit >= '0' && digit <= '9'; });
 }
 
 } // namespace platform

@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 namespace platform {
 
@@ -60,8 +61,11 @@ public:
     void pressCancel();
     /// Does nothing while the button is not shown.
     void pressEmergencyCall();
-    /// The second way to enter: a whole passcode recognised otherwise.
+    /// The second way to enter: a whole passcode recognised otherwise. Nothing but one of four digits can be
+    /// entered this way either, for no other could ever be typed again.
     void enterViaMesa(std::string passcode);
+    /// Whether the text is a passcode of this keypad: four digits.
+    static bool isPasscode(std::string_view text);
 
 private:
     std::weak_ptr<SBUIPasscodeLockViewDelegate> delegate_;

@@ -77,6 +77,13 @@ TEST_F(PasscodeLockView, ReportsTheSecondEntryPathAsSuch) {
     EXPECT_EQ(reports->log, Log{"mesa 4321"});
 }
 
+TEST_F(PasscodeLockView, TakesNothingButFourDigitsByTheSecondPath) {
+    for (const char* passcode : {"", "432", "43210", "432a", " 432", "\u0664\u0663", "4.32"})
+        keypad->enterViaMesa(passcode);
+    EXPECT_TRUE(reports->log.empty());
+    EXPECT_EQ(keypad->passcode(), "");
+}
+
 TEST_F(PasscodeLockView, ReportsAnEmergencyCallOnlyWhileItsButtonIsShown) {
     keypad->setShowsEmergencyCallButton(false);
     keypad->pressEmergencyCall();

@@ -84,6 +84,18 @@ TEST_F(SettingsApplicationTest, SetsAPasscodeOnTheKeypad) {
     EXPECT_FALSE(settings().screen().overlay());
 }
 
+TEST_F(SettingsApplicationTest, TakesAWholePasscodeOfFourDigitsAndNoOther) {
+    openWardlock();
+    tap("Passcode");
+    for (const char* none : {"", "123", "12345", "12a4"})
+        EXPECT_EQ(settings().sheets().enterPasscode(none).why(), "a passcode is four digits");
+    EXPECT_EQ(passcode(), "");
+    EXPECT_TRUE(settings().sheets().enterPasscode("0815"));
+    EXPECT_EQ(passcode(), "0815");
+    EXPECT_EQ(settings().sheets().enterPasscode("4711").why(), "the keypad is fading out");
+    EXPECT_EQ(passcode(), "0815");
+}
+
 TEST_F(SettingsApplicationTest, FadesTheOverlayOnTheClock) {
     openWardlock();
     tap("Passcode");
