@@ -3,6 +3,7 @@
 #include "platform/foundation/Class.h"
 #include "tests/doubles/FakeDevice.h"
 #include "tests/doubles/ManualClock.h"
+#include "tests/doubles/RecordingDisplay.h"
 
 #include <gtest/gtest.h>
 
@@ -189,6 +190,21 @@ TEST_F(Overlay, SetsTheStatusTextAndShowsItWithoutASubtitle) {
     EXPECT_EQ(view->keypad()->shownSubtitle(), "");
 }
 
+TEST_F(Overlay, HasItsStatusBeforeTheTextIsShown) {
+    class Witness : public doubles::RecordingDisplay {
+    public:
+        void viewChanged(UIView& view) override {
+            if (const auto* keypad = dynamic_cast<PasscodeView::Keypad*>(&view))
+                pictures.push_back(keypad->shownText() + " of " + keypad->_statusText());
+        }
+        Events pictures;
+    };
+    show();
+    Witness witness;
+    view->setStatus("Enter New Passcode");
+    EXPECT_EQ(witness.pictures, Events{"Enter New Passcode of Enter New Passcode"});
+}
+
 TEST_F(Overlay, ResetsTheStatusToTheKeypadsDefault) {
     show();
     view->setStatus("Enter New Passcode");
@@ -298,6 +314,33 @@ TEST_F(Overlay, IsEmptyHiddenAndDetachedBeforeAnybodyHearsOfItsEnd) {
     EXPECT_EQ(view->superview(), window);
     clock.step(0.41);
     EXPECT_TRUE(checked);
+}
+
+TEST_F(Overlay, IsEmptiedThenHiddenThenDetached) {
+    class Witness : public doubles::RecordingDisplay {
+    public:
+        explicit Witness(PasscodeView& overlay) : overlay_(overlay) {}
+        void viewChanged(UIView& view) override {
+            const auto above = overlay_.superview();
+            if (&view == &overlay_ || (&view == above.get()) || !above)
+                pictures.push_back(picture());
+        }
+        std::string picture() const {
+            return std::to_string(overlay_.subviews().size()) + " inside, " +
+                   (overlay_.keypad() || overlay_.blurView() ? "kept" : "let go of") +
+                   (overlay_.isHidden() ? ", hidden" : "") + (overlay_.superview() ? "" : ", detached");
+        }
+        Events pictures;
+
+    private:
+        PasscodeView& overlay_;
+    };
+    show();
+    view->destroyPasscode();
+    Witness witness(*view);
+    clock.step(0.41);
+    EXPECT_EQ(witness.pictures, (Events{"1 inside, kept", "0 inside, kept", "0 inside, let go of, hidden",
+                                        "0 inside, let go of, hidden, detached"}));
 }
 
 TEST_F(Overlay, FadesOutBeforeItGoes) {

@@ -98,6 +98,15 @@ TEST_F(AccountCreation, AcceptsANameOfAnyLength) {
     EXPECT_EQ(*account(1).find("kAccountName"), Value(name));
 }
 
+TEST_F(AccountCreation, KeepsANameOfAnyScriptAsItWasTyped) {
+    const std::string name =
+        " Zo\u00EB <&> \"q\" \u0639\u0645\u0631 \u4E2D\u6587 \U0001F469\u200D\U0001F467\t";
+    createNamed(name);
+    EXPECT_EQ(*account(1).find("kAccountName"), Value(name));
+    EXPECT_EQ(accountRows(), (std::vector<std::string>{"Ann", name}));
+    expectOneChange("kAccounts", accountNamed(name));
+}
+
 TEST_F(AccountCreation, TextOfOtherFieldsChangesNothing) {
     ask();
     // Not told of, so that only the other field's word could enable the button.
@@ -208,6 +217,20 @@ TEST_F(AccountCreation, RemovesAllTextRegistrationsWhenItCreates) {
     EXPECT_EQ(textObservers(), 2u);
     alert()->choose(create());
     EXPECT_EQ(textObservers(), 0u);
+}
+
+TEST_F(AccountCreation, RemovesTheTextRegistrationsBeforeItCreates) {
+    std::optional<std::size_t> registrationsThen;
+    changes.onPost = [&](const RecordingNotificationCenter::Post&) { registrationsThen = textObservers(); };
+    createNamed("Ben");
+    EXPECT_EQ(registrationsThen, 0u);
+}
+
+TEST_F(AccountCreation, IsGoneFromThePageWhenTheAccountIsMade) {
+    bool alertThen = true;
+    changes.onPost = [&](const RecordingNotificationCenter::Post&) { alertThen = alert() != nullptr; };
+    createNamed("Ben");
+    EXPECT_FALSE(alertThen);
 }
 
 TEST_F(AccountCreation, KeepsObservingResigningWhenItCreates) {

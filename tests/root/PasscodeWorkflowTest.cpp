@@ -2,6 +2,7 @@
 #include "platform/ui/UIApplication.h"
 #include "root/DocumentSnapshot.h"
 #include "root/SettingsListController.h"
+#include "tests/doubles/RecordingDisplay.h"
 #include "tests/support/PageFixture.h"
 
 namespace wardlock::test {
@@ -54,6 +55,31 @@ TEST_F(PasscodeWorkflow, OpensOverTheKeyWindowWithThePageAsDelegate) {
     EXPECT_EQ(page->passcodeView()->frame(), device.bounds);
 }
 
+TEST_F(PasscodeWorkflow, ComesIntoTheWindowAskingAlready) {
+    class Witness : public doubles::RecordingDisplay {
+    public:
+        Witness(platform::UIView& window, SettingsListController& page) : window_(window), page_(page) {}
+        void viewChanged(platform::UIView& view) override {
+            if (&view != &window_ || window_.subviews().empty())
+                return;
+            statusThen = page_.passcodeView()->keypad()->_statusText();
+            delegateThen = page_.passcodeView()->delegate();
+        }
+        std::string statusThen;
+        std::shared_ptr<PasscodeViewDelegate> delegateThen;
+
+    private:
+        platform::UIView& window_;
+        SettingsListController& page_;
+    };
+    writeDocument({{"kPasscode", ""}});
+    page->specifiers();
+    Witness witness(*window, *page);
+    open();
+    EXPECT_EQ(witness.statusThen, fresh);
+    EXPECT_EQ(witness.delegateThen, page);
+}
+
 TEST_F(PasscodeWorkflow, WithoutAWindowOpensUnseen) {
     platform::UIApplication::sharedApplication().setKeyWindow(nullptr);
     openWithPasscode("");
@@ -82,6 +108,15 @@ TEST_F(PasscodeWorkflow, AsksForTheCurrentPasscodeWhereTheKeyIsMissing) {
 TEST_F(PasscodeWorkflow, AsksForTheCurrentPasscodeWithoutADocument) {
     open();
     EXPECT_EQ(status(), current);
+}
+
+TEST_F(PasscodeWorkflow, NoEntryMatchesAPasscodeThatIsNoText) {
+    writeDocument({{"kPasscode", 1234}});
+    open();
+    EXPECT_EQ(status(), current);
+    enter("1234");
+    EXPECT_EQ(status(), current);
+    EXPECT_EQ(keypad()->failures(), 1);
 }
 
 TEST_F(PasscodeWorkflow, WithoutAPasscodeToMatchClosesAtTheFourthEntry) {
@@ -119,6 +154,44 @@ TEST_F(PasscodeWorkflow, AfterTheRightPasscodeAsksForTheNewOneWithClearedDigits)
     EXPECT_EQ(*document().find("kPasscode"), Value("5678"));
     expectOneChange("kPasscode", Value("5678"));
     expectClosed();
+}
+
+TEST_F(PasscodeWorkflow, AsksForTheNewPasscodeBeforeItClearsTheDigits) {
+    class Witness : public doubles::RecordingDisplay {
+    public:
+        void viewChanged(platform::UIView& view) override {
+            if (const auto* keypad = dynamic_cast<PasscodeView::Keypad*>(&view))
+                pictures.push_back(keypad->shownText() + ": " + keypad->passcode());
+        }
+        std::vector<std::string> pictures;
+    };
+    openWithPasscode("1234");
+    enter("123");
+    Witness witness;
+    enter("4");
+    EXPECT_EQ(witness.pictures,
+              (std::vector<std::string>{"Enter Current Passcode: 1234", "Enter New Passcode: 1234",
+                                        "Enter New Passcode: "}));
+}
+
+TEST_F(PasscodeWorkflow, LeavesItsCountAsItIsAtTheRightPasscode) {
+    openWithPasscode("1234");
+    enter("1111");
+    enter("2222");
+    enter("1234");
+    page->passcodeView()->setStatus(current);
+    enter("3333");
+    expectOpen();
+    enter("4444");
+    expectClosed();
+}
+
+TEST_F(PasscodeWorkflow, GoesByTheKeypadsStatusAndNotByTheTextShown) {
+    openWithPasscode("1234");
+    keypad()->updateStatusText("Enter New Passcode", "", false);
+    enter("9999");
+    EXPECT_EQ(keypad()->failures(), 1);
+    EXPECT_EQ(*document().find("kPasscode"), Value("1234"));
 }
 
 TEST_F(PasscodeWorkflow, ShowsAWrongPasscodeOnTheKeypadAndWaits) {
@@ -226,6 +299,13 @@ TEST_F(PasscodeWorkflow, IsCancelledWhenTheApplicationResigns) {
     expectClosed();
     EXPECT_EQ(*document().find("kPasscode"), Value("1234"));
     expectNoChange();
+}
+
+TEST_F(PasscodeWorkflow, IsCancelledWhoeverTellsOfTheResigning) {
+    openWithPasscode("1234");
+    platform::NSNotificationCenter::defaultCenter().postNotification(
+        "UIApplicationWillResignActiveNotification", std::make_shared<platform::UIView>());
+    expectClosed();
 }
 
 TEST_F(PasscodeWorkflow, ResigningWithoutAnOverlayDoesNothing) {

@@ -229,6 +229,20 @@ TEST_F(RootPage, ReloadsItsListWhenItIsShown) {
     EXPECT_EQ(display.events, Names{"list reloaded"});
 }
 
+TEST_F(RootPage, ResetsTheSelectedIndexOnlyOnceItsListIsReloaded) {
+    class Witness : public doubles::RecordingDisplay {
+    public:
+        void listReloaded(platform::UIViewController&) override { indexThen = SelectedIndex; }
+        std::intptr_t indexThen = -1;
+    };
+    page->specifiers();
+    SelectedIndex = 5;
+    Witness witness;
+    page->viewDidAppear(true);
+    EXPECT_EQ(witness.indexThen, 5);
+    EXPECT_EQ(SelectedIndex, 0);
+}
+
 TEST_F(RootPage, ResetsTheSelectedIndexWhenItIsShown) {
     SelectedIndex = 5;
     show();
