@@ -42,7 +42,10 @@ void writeEntry(const std::string& entry) {
     std::string text;
     const std::error_code unread =
         platform::uninterrupted([&] { return files.readFile(path, longestLogRead, text); });
-    if (unread ? unread != std::errc::file_too_large : !platform::isValidUtf8(text))
+    // The mode that kept us from reading the old log would do so with the new one, at each entry again.
+    if (unread && unread != std::errc::file_too_large)
+        platform::AtomicWriter(files).write(path, "", platform::Sync::None, platform::Attributes::Private);
+    else if (!unread && !platform::isValidUtf8(text))
         platform::AtomicWriter(files).write(path, "", platform::Sync::None);
     platform::appendToFile(files, path, entry);
 }

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <thread>
@@ -154,6 +155,19 @@ TEST_F(LogTest, ReplacesALogThatCannotBeRead) {
     jLog("new");
     runQueue();
     EXPECT_EQ(readFile(logPath), "\nnew");
+}
+
+TEST_F(LogTest, MakesALogReadableThatItsOwnerMayNotRead) {
+    constexpr std::uint32_t user = 501;
+    test::MemoryFileSystem files;
+    files.actAs(user, user);
+    files.addFolder(onDisk("/var/mobile"));
+    files.addFile(onDisk(logPath), "\nold", 0200, user, user);
+    FileSystem::setCurrent(&files);
+    jLog("one");
+    jLog("two");
+    runQueue();
+    EXPECT_EQ(files.textOf(onDisk(logPath)), "\none\ntwo");
 }
 
 TEST_F(LogTest, WritesTheWholeEntryHoweverShortTheWrites) {
