@@ -10,8 +10,8 @@
 #include "root/SelectedIndex.h"
 #include "settings/Constants.h"
 #include "settings/Keys.h"
-#include "specifiers/PSSpecifierAdditions.h"
 #include "specifiers/PreferenceHelper.h"
+#include "specifiers/PreferenceHelperAdditions.h"
 
 namespace wardlock {
 

@@ -6,7 +6,7 @@
 #include "settings/ChangeNotification.h"
 #include "settings/Document.h"
 #include "settings/ExceptionReport.h"
-#include "specifiers/PSSpecifierAdditions.h"
+#include "specifiers/PreferenceHelperAdditions.h"
 
 namespace wardlock {
 

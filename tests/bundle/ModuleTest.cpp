@@ -1,7 +1,7 @@
 #include "platform/foundation/Class.h"
 #include "platform/services/Workspace.h"
-#include "specifiers/PSSpecifierAdditions.h"
 #include "specifiers/PreferenceHelper.h"
+#include "specifiers/PreferenceHelperAdditions.h"
 #include "tests/bundle/BundleFixture.h"
 #include "tests/support/Process.h"
 

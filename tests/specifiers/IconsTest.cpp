@@ -1,6 +1,6 @@
 #include "platform/foundation/PropertyList.h"
-#include "specifiers/PSSpecifierAdditions.h"
 #include "specifiers/PreferenceHelper.h"
+#include "specifiers/PreferenceHelperAdditions.h"
 #include "tests/support/DeviceRootFixture.h"
 
 #include <filesystem>

@@ -1,4 +1,4 @@
-#include "specifiers/PSSpecifierAdditions.h"
+#include "specifiers/PreferenceHelperAdditions.h"
 
 #include "specifiers/PreferenceHelper.h"
 
