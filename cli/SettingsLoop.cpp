@@ -1,5 +1,6 @@
 #include "cli/SettingsLoop.h"
 
+#include "cli/Terminal.h"
 #include "platform/foundation/MainLoop.h"
 
 #include <algorithm>
@@ -41,14 +42,17 @@ bool SettingsLoop::waitUntil(const std::function<bool()>& done, std::chrono::mil
 bool SettingsLoop::turn(int descriptor, std::chrono::milliseconds longest) {
     if (const auto seconds = clock_ ? clock_->secondsToNext() : std::nullopt)
         longest = std::min(longest, std::chrono::milliseconds(std::llround(std::ceil(*seconds * 1000))));
-    std::array<pollfd, 4> waits{
+    std::array<pollfd, 5> waits{
         pollfd{descriptor, POLLIN, 0}, pollfd{platform::MainLoop::shared().descriptor(), POLLIN, 0},
-        pollfd{stop_.descriptor(), POLLIN, 0}, pollfd{resize_.descriptor(), POLLIN, 0}};
+        pollfd{stop_.descriptor(), POLLIN, 0}, pollfd{resize_.descriptor(), POLLIN, 0},
+        pollfd{suspend_.descriptor(), POLLIN, 0}};
     const int ready = poll(waits.data(), waits.size(), static_cast<int>(longest.count()));
     if (ready < 0 && errno != EINTR)
         throw std::system_error(errno, std::generic_category(), "poll");
     if (ready > 0 && waits[1].revents != 0)
         settings_.process();
+    if (ready > 0 && waits[4].revents != 0)
+        suspend();
     if (clock_)
         clock_->runDue();
     resize_.take();
@@ -56,6 +60,12 @@ bool SettingsLoop::turn(int descriptor, std::chrono::milliseconds longest) {
     if (turn_)
         turn_();
     return ready > 0 && waits[0].revents != 0;
+}
+
+void SettingsLoop::suspend() {
+    settings_.resignActive();
+    const Terminal::GivenBack terminal;
+    suspend_.obey(SIGTSTP);
 }
 
 } // namespace wardlock::cli

@@ -10,7 +10,8 @@
 namespace wardlock::cli {
 
 /// The main loop of a face without a window: lets the application and its clock do what is due while it
-/// waits. SIGINT and SIGTERM end the waiting.
+/// waits. SIGINT and SIGTERM end the waiting. SIGTSTP, a terminal's Ctrl+Z, stops the process once the
+/// application has resigned active.
 class SettingsLoop {
 public:
     /// `clock` may be null: then time stands still here.
@@ -29,12 +30,14 @@ public:
 private:
     /// One turn; answers whether the descriptor is readable (-1: none).
     bool turn(int descriptor, std::chrono::milliseconds longest);
+    void suspend();
 
     shell::SettingsApplication& settings_;
     shell::SteadyClock* clock_;
     std::function<void()> turn_;
     Signals stop_{SIGINT, SIGTERM};
     Signals resize_{SIGWINCH};
+    Signals suspend_{SIGTSTP};
     bool stopped_ = false;
 };
 

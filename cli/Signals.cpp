@@ -30,4 +30,11 @@ void Signals::take() const {
     }
 }
 
+void Signals::obey(int signal) const {
+    take();
+    raise(signal);
+    sigprocmask(SIG_UNBLOCK, &set_, nullptr);
+    sigprocmask(SIG_BLOCK, &set_, nullptr);
+}
+
 } // namespace wardlock::cli

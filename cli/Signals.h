@@ -19,6 +19,9 @@ public:
     int descriptor() const { return descriptor_; }
     /// Takes what has arrived.
     void take() const;
+    /// Takes what has arrived and has the signal do what it would have done: SIGTSTP stops the process,
+    /// unless nobody is there to continue it. Comes back when that is over.
+    void obey(int signal) const;
 
 private:
     sigset_t set_;

@@ -28,6 +28,16 @@ std::string_view variable(const char* name) {
     return value ? value : "";
 }
 
+void hide() {
+    if (hidden || tcgetattr(STDIN_FILENO, &before) != 0)
+        return;
+    termios quiet = before;
+    quiet.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+    quiet.c_lflag |= ECHONL;
+    hidden = 1;
+    tcsetattr(STDIN_FILENO, TCSAFLUSH, &quiet);
+}
+
 } // namespace
 
 bool Terminal::readsInput() {
@@ -52,17 +62,20 @@ std::size_t Terminal::lines() {
 }
 
 Terminal::Hidden::Hidden() {
-    if (hidden || tcgetattr(STDIN_FILENO, &before) != 0)
-        return;
-    termios quiet = before;
-    quiet.c_lflag &= ~static_cast<tcflag_t>(ECHO);
-    quiet.c_lflag |= ECHONL;
-    hidden = 1;
-    tcsetattr(STDIN_FILENO, TCSAFLUSH, &quiet);
+    hide();
 }
 
 Terminal::Hidden::~Hidden() {
     restore();
+}
+
+Terminal::GivenBack::GivenBack() : wasHidden_(hidden) {
+    restore();
+}
+
+Terminal::GivenBack::~GivenBack() {
+    if (wasHidden_)
+        hide();
 }
 
 void Terminal::restore() {

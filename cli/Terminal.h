@@ -23,6 +23,17 @@ public:
         Hidden(const Hidden&) = delete;
         Hidden& operator=(const Hidden&) = delete;
     };
+    /// The terminal is as it was before while this lives, whatever was hidden.
+    class GivenBack {
+    public:
+        GivenBack();
+        ~GivenBack();
+        GivenBack(const GivenBack&) = delete;
+        GivenBack& operator=(const GivenBack&) = delete;
+
+    private:
+        const bool wasHidden_;
+    };
     /// Gives the terminal back as it was; for the end of the process, whatever it came by.
     static void restore();
 };

@@ -26,7 +26,7 @@ TextPage::Size terminalSize() {
 TerminalFace::TerminalFace(shell::SettingsApplication& settings, SettingsLoop& loop, TextStyle style)
     : settings_(settings), loop_(loop), dialog_(loop, style), sheets_(settings, loop, dialog_) {
     settings_.setObserver(this);
-    loop_.setTurn([this] { redrawIfStale(); });
+    loop_.setTurn([this] { followTurn(); });
 }
 
 TerminalFace::~TerminalFace() {
@@ -40,6 +40,11 @@ void TerminalFace::run() {
         if (!sheets_.ask())
             askPage();
     }
+}
+
+void TerminalFace::followTurn() {
+    sheets_.followKeypad();
+    redrawIfStale();
 }
 
 void TerminalFace::redrawIfStale() {
@@ -173,7 +178,8 @@ void TerminalFace::showHelp() {
                  "  +          press the button at the top right\n"
                  "  n, p       show the next or the previous rows of a long list\n"
                  "  f ADDRESS  follow a link of the page shown\n"
-                 "  z          leave Settings for another application, and come back\n"
+                 "  z          leave Settings for another application, and come back (so does Ctrl+Z);\n"
+                 "             the keypad takes it too, and closes\n"
                  "  q          quit\n");
 }
 

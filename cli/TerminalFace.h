@@ -38,6 +38,7 @@ private:
     void turnTable(bool forward);
     void showHelp();
     void showNotice();
+    void followTurn();
     void redrawIfStale();
 
     shell::SettingsApplication& settings_;

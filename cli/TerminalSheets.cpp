@@ -4,6 +4,7 @@
 #include "cli/TextWidth.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace wardlock::cli {
 
@@ -58,13 +59,26 @@ void TerminalSheets::askKeypad(const shell::Overlay& overlay) {
     Output::line(dialog_.style().bold(printable(overlay.keypad->shownText())));
     if (!overlay.keypad->shownSubtitle().empty())
         dialog_.say(overlay.keypad->shownSubtitle());
+    asked_ = overlay.keypad;
     const auto digits = dialog_.askHidden("Four digits (Enter cancels): ");
+    if (!std::exchange(asked_, nullptr))
+        return;
     if (!digits || digits->empty())
         static_cast<void>(settings_.sheets().cancelKeypad());
+    else if (*digits == "z")
+        settings_.resignActive();
     else if (platform::SBUIPasscodeLockViewSimple4DigitKeypad::isPasscode(*digits))
         enter(*digits, overlay);
     else
         dialog_.tellError("A passcode is four digits.");
+}
+
+void TerminalSheets::followKeypad() {
+    if (!asked_ || asked_->takesInput())
+        return;
+    asked_ = nullptr;
+    Output::text("\nThe keypad has closed. Enter goes on: ");
+    Output::flush();
 }
 
 void TerminalSheets::enter(const std::string& digits, const shell::Overlay& overlay) {

@@ -4,6 +4,7 @@
 #include "cli/TerminalDialog.h"
 #include "shell/SettingsApplication.h"
 
+#include <memory>
 #include <string>
 
 namespace wardlock::cli {
@@ -17,6 +18,9 @@ public:
 
     /// Whether there was anything to ask for.
     bool ask();
+    /// Tells a person who is asked for digits that the keypad closes: Settings were left. What is typed then
+    /// goes to nobody.
+    void followKeypad();
 
 private:
     void askKeypad(const shell::Overlay& overlay);
@@ -32,6 +36,8 @@ private:
     shell::SettingsApplication& settings_;
     SettingsLoop& loop_;
     TerminalDialog& dialog_;
+    /// Whose digits are being asked for; null while they are not.
+    std::shared_ptr<platform::SBUIPasscodeLockViewSimple4DigitKeypad> asked_;
 };
 
 } // namespace wardlock::cli

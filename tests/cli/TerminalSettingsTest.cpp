@@ -112,6 +112,52 @@ TEST_F(TerminalSettings, TellsAWrongPasscodeAndClosesAfterTheFourth) {
     EXPECT_EQ(terminal.waitFor(question).find("Wrong"), std::string::npos);
 }
 
+TEST_F(TerminalSettings, ClosesTheKeypadWhenItIsLeftForAnotherApplication) {
+    writeFile(documentPath, xml("<dict><key>kPasscode</key><string></string></dict>"));
+    TerminalProcess terminal(command, words());
+    terminal.waitFor(question);
+    const std::string before = readFile(documentPath);
+    terminal.type("2\n");
+    terminal.waitFor("cancels): ");
+    terminal.type("z\n");
+    terminal.waitFor(question);
+    EXPECT_EQ(readFile(documentPath), before);
+}
+
+TEST_F(TerminalSettings, ClosesTheKeypadWhenItIsSuspendedAndTakesNoneOfItsDigits) {
+    TerminalProcess terminal(command, words());
+    terminal.waitFor(question);
+    const std::string before = readFile(documentPath);
+    terminal.type("2\n");
+    terminal.waitFor("cancels): ");
+    terminal.type("\x1A");
+    terminal.waitFor("The keypad has closed. Enter goes on: ");
+    EXPECT_FALSE(terminal.echoes());
+    terminal.type("4711\n");
+    EXPECT_EQ(terminal.waitFor(question).find("4711"), std::string::npos);
+    EXPECT_TRUE(terminal.echoes());
+    EXPECT_EQ(readFile(documentPath), before);
+}
+
+TEST_F(TerminalSettings, StopsWhenItIsSuspendedAndShowsWhatIsTypedMeanwhile) {
+    // Only a process that somebody could continue is stopped: one of a shell's jobs.
+    TerminalProcess terminal("/bin/sh", {"-mc", "\"$0\" settings; echo left; read answer; fg", command});
+    terminal.waitFor(question);
+    terminal.type("2\n");
+    terminal.waitFor("cancels): ");
+    EXPECT_FALSE(terminal.echoes());
+    terminal.type("\x1A");
+    terminal.waitFor("left");
+    EXPECT_TRUE(terminal.echoes());
+    terminal.type("\n");
+    terminal.waitFor("The keypad has closed. Enter goes on: ");
+    EXPECT_FALSE(terminal.echoes());
+    terminal.type("\n");
+    terminal.waitFor(question);
+    terminal.type("q\n");
+    EXPECT_EQ(terminal.wait(), 0);
+}
+
 TEST_F(TerminalSettings, GivesTheEchoBackWhenItIsInterrupted) {
     TerminalProcess terminal(command, words());
     terminal.waitFor(question);
