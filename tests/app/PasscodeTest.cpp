@@ -1,6 +1,7 @@
 #include "settings/Keys.h"
 #include "tests/app/WindowFixture.h"
 
+#include <QGuiApplication>
 #include <gtest/gtest.h>
 
 namespace wardlock::test {
@@ -138,6 +139,19 @@ TEST_F(WindowPasscode, GoesWhenTheApplicationLosesTheFocus) {
     host().settings().resignActive();
     clock.step(fade);
     scene().expectGone("keypad:status");
+}
+
+TEST_F(WindowPasscode, GoesWithTheActivityOfTheApplication) {
+    openKeypad();
+    scene().type("12");
+    emit qGuiApp->applicationStateChanged(Qt::ApplicationActive);
+    clock.step(fade);
+    EXPECT_TRUE(scene().shows("keypad:status"));
+    emit qGuiApp->applicationStateChanged(Qt::ApplicationInactive);
+    scene().type("34");
+    clock.step(fade);
+    scene().expectGone("keypad:status");
+    EXPECT_EQ(passcode(), "");
 }
 
 TEST_F(WindowPasscode, GivesTheKeyboardBackToThePage) {
