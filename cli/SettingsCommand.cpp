@@ -40,8 +40,10 @@ const Verb settingsVerb{
     "In the terminal, a number taps the row, b goes back and ? lists the rest.\n"
     "\n"
     "With --script, every line of FILE is a JSON command and is answered by one line\n"
-    "of JSON on standard output; docs/automation.md describes them. Commands that\n"
-    "cannot be carried out are answered by an \"error\" and end nothing.\n",
+    "of JSON on standard output. Commands that cannot be carried out are answered by\n"
+    "an \"error\" and end nothing. All of them are described in\n"
+    "\n"
+    "  docs/automation.md\n",
     settingsOptions,
     0,
     0,

@@ -1,9 +1,11 @@
 #include "cli/TerminalSettings.h"
 
 #include "cli/Output.h"
+#include "cli/PageNames.h"
 #include "cli/Terminal.h"
 #include "cli/TerminalFace.h"
 #include "cli/TextWeb.h"
+#include "shell/InstalledFiles.h"
 #include "shell/LastRites.h"
 
 #include <cstdio>
@@ -39,8 +41,10 @@ ExitCode runTerminalSettings() {
         return ExitCode::Done;
     }
     face.showPage();
-    Output::text("\nTo go on, run `wardlock settings` in a terminal, with a display for the window, or with\n"
-                 "`--script FILE` for commands as JSON lines (docs/automation.md).\n");
+    Output::text(withPagesIn(
+        shell::installedPages(),
+        "\nTo go on, run `wardlock settings` in a terminal, with a display for the window, or with\n"
+        "`--script FILE` for commands as JSON lines (docs/automation.md).\n"));
     return ExitCode::Done;
 }
 

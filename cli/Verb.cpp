@@ -1,5 +1,8 @@
 #include "cli/Verb.h"
 
+#include "cli/PageNames.h"
+#include "shell/InstalledFiles.h"
+
 #include <algorithm>
 #include <array>
 
@@ -73,7 +76,8 @@ std::string synopsis(const Verb& verb) {
 }
 
 std::string helpText(const Verb& verb) {
-    std::string text = "Usage: " + synopsis(verb) + "\n\n" + std::string(verb.description) + "\nOptions:\n";
+    std::string text = "Usage: " + synopsis(verb) + "\n\n" +
+                       withPagesIn(shell::installedPages(), verb.description) + "\nOptions:\n";
     constexpr std::size_t column = 16;
     const auto add = [&](const Option& option) {
         text += "  " + padded(optionSynopsis(option), column) + indented(option.help, column + 2) + '\n';

@@ -1,8 +1,10 @@
 # What an installation holds, in three components that are packages of their own:
-#   wardlock          the window, the command, the bundle, the modules, and what a desktop needs to list them
+#   wardlock          the window, the command, the bundle, the modules, what a desktop needs to list them, and the pages of the
+#                     documentation for who uses them
 #   libwardlock       the two shared libraries
-#   libwardlock-dev   their headers, how CMake and pkg-config find them, and examples
+#   libwardlock-dev   their headers, how CMake and pkg-config find them, examples, and the pages for who writes programs
 include(CMakePackageConfigHelpers)
+include(cmake/InstallPages.cmake)
 
 set(package_folder "${CMAKE_INSTALL_LIBDIR}/cmake/Wardlock")
 
@@ -23,6 +25,11 @@ install(FILES "${CMAKE_BINARY_DIR}/WardlockConfig.cmake" "${CMAKE_BINARY_DIR}/Wa
 
 install(DIRECTORY examples DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/libwardlock-dev" COMPONENT libwardlock-dev
   USE_SOURCE_PERMISSIONS)
+wardlock_install_pages(libwardlock-dev FOLDERS examples
+  PAGES index.md embedding.md notification.md document-format.md performance.md)
+install(DIRECTORY docs/images DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/wardlock" COMPONENT wardlock)
+wardlock_install_pages(wardlock FOLDERS images
+  PAGES index.md user-guide.md recovery.md automation.md document-format.md security.md)
 
 file(RELATIVE_PATH include_from_lib "/${CMAKE_INSTALL_LIBDIR}" "/${CMAKE_INSTALL_INCLUDEDIR}")
 configure_file(cmake/wardlock-settings.pc.in "${CMAKE_BINARY_DIR}/wardlock-settings.pc" @ONLY)

@@ -1,6 +1,7 @@
 #include "manual/Description.h"
 
 #include "app/Options.h"
+#include "cli/PageNames.h"
 #include "cli/Verb.h"
 #include "settings/DefaultSettings.h"
 #include "settings/Keys.h"
@@ -68,7 +69,7 @@ Use useOf(const cli::Verb& verb) {
     use.verb = verb.name;
     use.summary = verb.summary;
     use.synopsis = cli::synopsis(verb);
-    use.description = verb.description;
+    use.description = cli::withPagesIn(WARDLOCK_PAGES_FOLDER, verb.description);
     for (const cli::Option& option : verb.options)
         use.options.push_back(entryOf(verb.name, option));
     use.options.push_back(entryOf(verb.name, cli::helpOption));

@@ -157,7 +157,9 @@ std::string manualPage(const Program& program) {
                 items(program.uses.front().options);
     text += environment() + fileList();
     text += isCommand ? examples(commandExamples) : examples(windowExamples);
-    return text + section("SEE ALSO") + (isCommand ? ".BR wardlock\\-settings (1)\n" : ".BR wardlock (1)\n");
+    text += section("SEE ALSO") + (isCommand ? ".BR wardlock\\-settings (1)\n" : ".BR wardlock (1)\n");
+    return text + ".PP\nThe user guide and the other pages of the documentation:\n" +
+           roffParagraphs("  " WARDLOCK_PAGES_FOLDER "/index.md\n");
 }
 
 } // namespace wardlock::manual

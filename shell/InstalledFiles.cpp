@@ -7,19 +7,25 @@ namespace wardlock::shell {
 
 namespace fs = std::filesystem;
 
-std::string installedFolder() {
+namespace {
+
+/// That folder below what the program's own folder lies in; empty where it does not hold the file.
+std::string folderWith(const char* file, const fs::path& below) {
     std::error_code error;
-    // Symbolic links are resolved: a link to the program elsewhere does not move its installation.
     const fs::path program = fs::canonical("/proc/self/exe", error);
-    if (error)
-        return {};
-    const fs::path prefix = program.parent_path().parent_path();
-    for (const char* library : {"lib", WARDLOCK_LIBRARY_FOLDER}) {
-        const fs::path folder = prefix / library / "wardlock";
-        if (fs::is_directory(folder / "PreferenceBundles", error))
-            return folder.string();
-    }
-    return {};
+    const fs::path folder = program.parent_path().parent_path() / below;
+    return !error && fs::exists(folder / file, error) ? folder.string() : std::string();
+}
+
+} // namespace
+
+std::string installedFolder() {
+    const std::string folder = folderWith("PreferenceBundles", "lib/wardlock");
+    return folder.empty() ? folderWith("PreferenceBundles", WARDLOCK_LIBRARY_FOLDER "/wardlock") : folder;
+}
+
+std::string installedPages() {
+    return folderWith("index.md", WARDLOCK_PAGES_FOLDER);
 }
 
 } // namespace wardlock::shell

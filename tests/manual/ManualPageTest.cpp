@@ -39,8 +39,9 @@ TEST_P(ManualPage, SatisfiesTheCheckersOfManualPages) {
 
 TEST_P(ManualPage, SaysWhatItIsAboutAndWhereToReadOn) {
     const std::string text = rendered(GetParam());
-    for (const char* part : {"NAME wardlock", "SYNOPSIS wardlock", "WARDLOCK_DEVICE_ROOT", "SEE ALSO",
-                             "/var/mobile/Library/Preferences/com.tavix.wardlock.plist"})
+    for (const char* part :
+         {"NAME wardlock", "SYNOPSIS wardlock", "WARDLOCK_DEVICE_ROOT", "SEE ALSO",
+          "/var/mobile/Library/Preferences/com.tavix.wardlock.plist", "/share/doc/wardlock/index.md"})
         EXPECT_NE(text.find(part), std::string::npos) << part;
 }
 
@@ -73,6 +74,12 @@ TEST(ManualPageOfTheCommand, SaysOfEveryVerbWhatItsHelpSays) {
         }
         EXPECT_NE(text.find(beginning), std::string::npos) << beginning;
     }
+}
+
+TEST(ManualPageOfTheCommand, NamesPagesOfTheDocumentationWhereTheyAreInstalled) {
+    const std::string text = rendered("wardlock");
+    EXPECT_NE(text.find("/share/doc/wardlock/automation.md "), std::string::npos);
+    EXPECT_EQ(text.find(" docs/"), std::string::npos);
 }
 
 TEST(ManualPageOfTheWindow, HasEveryOptionOfItsHelp) {
