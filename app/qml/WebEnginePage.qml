@@ -13,6 +13,11 @@ WebEngineView {
     }
     onWebChanged: open()
     settings.errorPageEnabled: false
+    // There is one view: a link that asks for a window of its own is followed in it too.
+    onNewWindowRequested: (request) => {
+        if (request.userInitiated)
+            url = request.requestedUrl;
+    }
     onLoadingChanged: (info) => {
         if (!web)
             return;

@@ -50,9 +50,9 @@ protected:
 };
 
 /// A page whose title is what its body says, once its script has run.
-std::string page(const std::string& words, const std::string& color) {
+std::string page(const std::string& words, const std::string& color, const std::string& target = "_self") {
     return "<!doctype html><title>not yet</title><body style='margin:0;background:" + color +
-           "'><a href='/next' style='display:block;height:100vh'>" + words +
+           "'><a href='/next' target='" + target + "' style='display:block;height:100vh'>" + words +
            "</a><script>document.title = document.body.innerText.trim()</script>";
 }
 
@@ -83,6 +83,21 @@ TEST_F(WindowWebEngine, FollowsALinkWithinThePage) {
     scene().expectGone("spinner");
     EXPECT_EQ(scene().text("title"), "Other Tweaks");
     EXPECT_EQ(timesAsked(), 1);
+}
+
+TEST_F(WindowWebEngine, FollowsALinkThatAsksForItsOwnWindowWithinThePageToo) {
+    server.answer(listing, page("first", "#00ff00", "_blank"));
+    server.answer("/next", page("second", "#0000ff"));
+    openListing(server.port());
+    if (!engineIsInstalled())
+        return expectEngineMissing();
+    EXPECT_TRUE(titleBecomes("first"));
+    EXPECT_TRUE(middleBecomes(QColor(0, 255, 0)));
+    scene().expectGone("spinner");
+    scene().tap("web");
+    EXPECT_TRUE(titleBecomes("second"));
+    EXPECT_TRUE(middleBecomes(QColor(0, 0, 255)));
+    scene().expectGone("spinner");
 }
 
 TEST_F(WindowWebEngine, SpinsUntilTheServerAnswers) {
