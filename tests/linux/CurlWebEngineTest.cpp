@@ -148,6 +148,10 @@ TEST_F(CurlWebEngine, OfTwoLoadsAskedForAtOnceMakesOnlyTheSecond) {
     EXPECT_EQ(server.requests(), (std::vector<std::string>{"/two"}));
 }
 
+TEST_F(CurlWebEngine, IsAsPatientAsThePlatformsRequests) {
+    EXPECT_EQ(platform::TextWebEngineOptions().patience, 60s);
+}
+
 TEST_F(CurlWebEngine, GivesUpWhenTheViewIsGone) {
     server.hang("/slow");
     view->loadRequest({server.url("/slow")});
