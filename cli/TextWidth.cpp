@@ -63,9 +63,8 @@ std::size_t bytesWithin(std::string_view text, std::size_t columns) {
 
 void wrapParagraph(std::string_view text, std::size_t columns, std::vector<std::string>& lines) {
     const std::size_t before = lines.size();
-    while (columnsOf(text) > columns) {
-        std::size_t end = bytesWithin(text, columns);
-        if (end < text.size() && text[end] != ' ')
+    for (std::size_t end = bytesWithin(text, columns); end < text.size(); end = bytesWithin(text, columns)) {
+        if (text[end] != ' ')
             if (const std::size_t blank = text.rfind(' ', end); blank != std::string_view::npos && blank > 0)
                 end = blank;
         // A character that is wider than the line still has to go somewhere.
@@ -130,7 +129,9 @@ std::vector<std::string> wrapped(std::string_view text, std::size_t columns) {
     std::vector<std::string> lines;
     while (true) {
         const std::size_t end = std::min(text.find('\n'), text.size());
-        wrapParagraph(printable(text.substr(0, end)), std::max<std::size_t>(columns, 1), lines);
+        const bool endsInReturn = end > 0 && text[end - 1] == '\r';
+        wrapParagraph(printable(text.substr(0, end - endsInReturn)), std::max<std::size_t>(columns, 1),
+                      lines);
         if (end == text.size())
             return lines;
         text.remove_prefix(end + 1);

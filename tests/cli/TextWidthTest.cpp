@@ -43,6 +43,21 @@ TEST(TextWidth, WrapsAtBlanks) {
     EXPECT_EQ(wrapped("", 10), Lines{""});
 }
 
+TEST(TextWidth, TakesLinesThatEndInReturnAndLineFeed) {
+    EXPECT_EQ(wrapped("a\r\n\r\nb\rc\r\n", 10), (Lines{"a", "", "b\uFFFDc", ""}));
+}
+
+// A page of the web may be one line of a million characters: the time must not grow with the square.
+TEST(TextWidth, WrapsALineAsLongAsAPage) {
+    std::string text;
+    for (int word = 0; word < 250'000; ++word)
+        text += word == 0 ? "abc" : " abc";
+    const Lines lines = wrapped(text, 80);
+    ASSERT_EQ(lines.size(), 12'500U);
+    EXPECT_EQ(lines.front(), lines.back());
+    EXPECT_EQ(wrapped(std::string(1'000'000, 'x'), 80).size(), 12'500U);
+}
+
 TEST(TextWidth, BreaksWordsThatAreLongerThanALine) {
     EXPECT_EQ(wrapped("abcdefgh", 3), (Lines{"abc", "def", "gh"}));
     EXPECT_EQ(wrapped("中文", 1), (Lines{"中", "文"}));
