@@ -1,7 +1,5 @@
 #include "info/DeveloperView.h"
 
-#include "platform/ui/UIAlertView.h"
-
 namespace wardlock {
 namespace {
 
@@ -38,10 +36,15 @@ void DeveloperView::webViewDidFinishLoad(platform::UIWebView&) {
 void DeveloperView::webViewDidFailLoadWithError(platform::UIWebView&, const std::string&) {
     activity_->stopAnimating();
     // Made and let go: a failed load stays silent.
-    platform::UIAlertView::initWithTitle("Load Failed",
-                                         "There was an error loading Tavix apps from Cydia. Please make sure "
-                                         "you are connected to the internet.",
-                                         {}, "Dismiss", {});
+    failureAlert();
+}
+
+std::shared_ptr<platform::UIAlertView> DeveloperView::failureAlert() {
+    return platform::UIAlertView::initWithTitle(
+        "Load Failed",
+        "There was an error loading Tavix apps from Cydia. Please make sure you are connected to the "
+        "internet.",
+        {}, "Dismiss", {});
 }
 
 } // namespace wardlock

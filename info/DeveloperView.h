@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/ui/UIActivityIndicatorView.h"
+#include "platform/ui/UIAlertView.h"
 #include "platform/ui/UIWebView.h"
 
 #include <memory>
@@ -22,6 +23,9 @@ public:
     }
 
     void setupTextViewWithFrame(const platform::CGRect& frame);
+
+    /// What a failed load makes and nobody is shown.
+    static std::shared_ptr<platform::UIAlertView> failureAlert();
 
     void webViewDidStartLoad(platform::UIWebView& webView) override;
     void webViewDidFinishLoad(platform::UIWebView& webView) override;

@@ -79,6 +79,7 @@ TEST_F(ChangeLogPage, ReadsTheResourceAnewEachTimeItAppears) {
     EXPECT_EQ(page->view()->frame(), frame);
     EXPECT_EQ(textViewOf(*page->view())->text(), "new");
     EXPECT_FALSE(page->showsList());
+    EXPECT_TRUE(page->hasSpecifiers()) << "as every list page that is about to appear";
 }
 
 TEST_F(ChangeLogPage, HoldsALongText) {

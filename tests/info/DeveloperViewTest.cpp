@@ -90,6 +90,15 @@ TEST_F(DeveloperPage, SaysNothingOfAFailureAndKeepsWhatHadLoaded) {
     EXPECT_TRUE(window->subviews().empty());
 }
 
+TEST_F(DeveloperPage, KeepsTheTextsOfTheAlertThatNobodyIsShown) {
+    const auto alert = DeveloperView::failureAlert();
+    EXPECT_EQ(alert->title(), "Load Failed");
+    EXPECT_EQ(alert->message(), "There was an error loading Tavix apps from Cydia. Please make sure you are "
+                                "connected to the internet.");
+    EXPECT_EQ(alert->cancelButtonTitle(), "Dismiss");
+    EXPECT_TRUE(alert->otherButtonTitles().empty());
+}
+
 TEST_F(DeveloperPage, LoadsTheListingAnewEachTimeItAppears) {
     page->setView(std::make_shared<platform::UIView>(frame));
     page->viewWillAppear(false);
@@ -99,6 +108,7 @@ TEST_F(DeveloperPage, LoadsTheListingAnewEachTimeItAppears) {
     EXPECT_TRUE(first.expired());
     EXPECT_EQ(engine.urls.size(), 2u);
     EXPECT_EQ(engine.urls[0], engine.urls[1]);
+    EXPECT_TRUE(page->hasSpecifiers()) << "as every list page that is about to appear";
 }
 
 TEST_F(DeveloperPage, ReachesNobodyOnceItsViewIsGone) {
