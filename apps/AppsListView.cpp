@@ -155,7 +155,7 @@ std::shared_ptr<platform::UITableViewCell> AppsListView::makeCell() {
     cell->setSelectionStyle(platform::UITableViewCellSelectionStyle::None);
     auto appSwitch = std::make_shared<platform::UISwitch>(platform::CGRectZero);
     appSwitch->addTarget(self(this),
-                         platform::UIControl::Action::of<&AppsListView::switchChanged>("switchChanged"),
+                         platform::UIControl::Action::of<&AppsListView::switchChanged>("switchChanged:"),
                          platform::UIControlEventValueChanged);
     appSwitch->setOn(false, false);
     cell->setAccessoryView(appSwitch);

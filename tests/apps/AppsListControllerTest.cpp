@@ -30,6 +30,13 @@ TEST_F(AppsListPage, IsTitledApps) {
     EXPECT_EQ(page->navigationItem().title(), "Apps");
 }
 
+TEST_F(AppsListPage, HasAListWithoutRowsReadyAsEveryListPage) {
+    EXPECT_FALSE(page->hasSpecifiers());
+    page->viewWillAppear(false);
+    ASSERT_TRUE(page->hasSpecifiers());
+    EXPECT_TRUE(page->specifiers().empty());
+}
+
 TEST_F(AppsListPage, ShowsANewViewOfTheSizeOfTheOneBefore) {
     page->setView(std::make_shared<platform::UIView>(frame));
     page->viewWillAppear(true);

@@ -1,5 +1,7 @@
+#include "platform/foundation/Collation.h"
 #include "platform/foundation/NSException.h"
 #include "tests/apps/PickerFixture.h"
+#include "tests/support/EnglishLocale.h"
 
 namespace wardlock::test {
 namespace {
@@ -29,6 +31,14 @@ TEST_F(AppsListModel, OrdersNamesOfAllScriptsWithoutRegardToCase) {
     EXPECT_EQ(rows(*open()), (Identifiers{"h", "c", "d", "b", "a", "f", "e", "g"}));
 }
 
+TEST_F(AppsListModel, OrdersBothGroupsWithoutRegardToTheUsersLanguage) {
+    const EnglishLocale english(environment);
+    ASSERT_LT(platform::localizedCaseInsensitiveCompare("Äpfel", "Zebra"), 0);
+    install({{"a", "Äpfel"}, {"b", "Zebra"}, {"c", "äpfel"}, {"d", "zebra"}});
+    restrict({"a", "b"});
+    EXPECT_EQ(rows(*open()), (Identifiers{"b", "a", "d", "c"}));
+}
+
 TEST_F(AppsListModel, NeverOffersTheFiftyOneServicesOfTheSystem) {
     platform::MutableDictionary applications;
     const Array hidden = AppsListView(frame).hiddenDisplayIdentifiers();
@@ -38,10 +48,64 @@ TEST_F(AppsListModel, NeverOffersTheFiftyOneServicesOfTheSystem) {
     install(applications.copy());
     restrict({});
     EXPECT_EQ(hidden.size(), 51u);
-    EXPECT_EQ(hidden[0], Value("com.apple.Preferences"));
-    EXPECT_EQ(hidden[26], Value("com.apple.CompassCalibrationViewService"));
-    EXPECT_EQ(hidden[50], Value("com.apple.webapp1"));
     EXPECT_EQ(rows(*open()), (Identifiers{"org.shown"}));
+}
+
+TEST_F(AppsListModel, NamesTheServicesInThisOrder) {
+    EXPECT_EQ(AppsListView(frame).hiddenDisplayIdentifiers(),
+              Array({
+                  "com.apple.Preferences",
+                  "com.apple.AdSheet",
+                  "com.apple.AdSheetPhone",
+                  "com.apple.AdSheetPad",
+                  "com.apple.DataActivation",
+                  "com.apple.DemoApp",
+                  "com.apple.fieldtest",
+                  "com.apple.iosdiagnostics",
+                  "com.apple.iphoneos.iPodOut",
+                  "com.apple.TrustMe",
+                  "com.apple.WebSheet",
+                  "com.apple.springboard",
+                  "com.apple.purplebuddy",
+                  "com.apple.datadetectors.DDActionsService",
+                  "com.apple.FacebookAccountMigrationDialog",
+                  "com.apple.iad.iAdOptOut",
+                  "com.apple.ios.StoreKitUIService",
+                  "com.apple.TextInput.kbd",
+                  "com.apple.MailCompositionService",
+                  "com.apple.mobilesms.compose",
+                  "com.apple.quicklook.quicklookd",
+                  "com.apple.ShoeboxUIService",
+                  "com.apple.social.remoteui.SocialUIService",
+                  "com.apple.WebViewService",
+                  "com.apple.gamecenter.GameCenterUIService",
+                  "com.apple.appleaccount.AACredentialRecoveryDialog",
+                  "com.apple.CompassCalibrationViewService",
+                  "com.apple.WebContentFilter.remoteUI.WebContentAnalysisUI",
+                  "com.apple.PassbookUIService",
+                  "com.apple.uikit.PrintStatus",
+                  "com.apple.Copilot",
+                  "com.apple.MusicUIService",
+                  "com.apple.AccountAuthenticationDialog",
+                  "com.apple.MobileReplayer",
+                  "com.apple.SiriViewService",
+                  "com.apple.AskPermissionUI",
+                  "com.apple.CoreAuthUI",
+                  "com.apple.Diagnostics",
+                  "com.apple.family",
+                  "com.apple.GameController",
+                  "com.apple.HealthPrivacyService",
+                  "com.apple.InCallService",
+                  "com.apple.mobilesms.notification",
+                  "com.apple.PhotosViewService",
+                  "com.apple.PreBoard",
+                  "com.apple.share",
+                  "com.apple.SharedWebCredentialViewService",
+                  "com.apple.PrintKit.Print-Center",
+                  "com.apple.TencentWeiboAccountMigrationDialog",
+                  "com.apple.webapp",
+                  "com.apple.webapp1",
+              }));
 }
 
 TEST_F(AppsListModel, HidesByExactIdentifierOnly) {
@@ -107,6 +171,16 @@ TEST_F(AppsListModel, EditsTheAccountAtSelectedIndex) {
     writeAccounts({Value(accountWith({"a"})), Value(accountWith({"b"}))});
     SelectedIndex = 1;
     EXPECT_EQ(open()->enabled()->copy(), Array({"b"}));
+}
+
+TEST_F(AppsListModel, IsBuiltFromTheAccountThatThePickerOpenedLastEdits) {
+    install({{"a", "Alpha"}, {"b", "Bravo"}});
+    writeAccounts({Value(accountWith({"a"})), Value(accountWith({"b"}))});
+    const auto first = open();
+    SelectedIndex = 1;
+    const auto second = open();
+    first->setupArrays();
+    EXPECT_EQ(first->enabled()->copy(), Array({"b"}));
 }
 
 TEST_F(AppsListModel, OfAnIndexOutsideTheAccountsThrows) {

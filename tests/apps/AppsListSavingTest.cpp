@@ -38,6 +38,19 @@ TEST_F(AppsListSaving, PutsWhatWasOffAndOnAgainAtTheEndOnce) {
     EXPECT_EQ(rows(*view), (Identifiers{"a", "b", "c"}));
 }
 
+TEST_F(AppsListSaving, AppendsForEachSwitchThatIsTurnedOn) {
+    restrict({"a", "a"});
+    const auto view = open();
+    const auto first = cell(*view, 0);
+    const auto second = cell(*view, 1);
+    switchOf(*first).toggle();
+    EXPECT_TRUE(switchOf(*second).isOn()) << "nobody provides it anew";
+    switchOf(*first).toggle();
+    switchOf(*second).setOn(false, false);
+    switchOf(*second).toggle();
+    EXPECT_EQ(restricted(), Array({"a", "a"}));
+}
+
 TEST_F(AppsListSaving, LeavesOtherAccountsAndForeignKeysAsTheyAre) {
     platform::MutableDictionary record(accountWith({"a"}));
     record.set("kRestrictSiri", Value(true));

@@ -69,6 +69,19 @@ TEST_F(AppsListTable, LeavesTitleAndImageOfWhatIsNotInstalledEmpty) {
     EXPECT_TRUE(switchOf(*shown).isOn());
 }
 
+TEST_F(AppsListTable, LooksTheLibraryUpAnewForEachCell) {
+    list->setIcon("b");
+    const auto view = open();
+    EXPECT_NE(cell(*view, 0)->image(), nullptr);
+    list.reset();
+    const auto without = cell(*view, 0);
+    EXPECT_EQ(without->image(), nullptr);
+    EXPECT_EQ(without->textLabel().text(), "Bravo");
+    list.emplace();
+    const auto icon = list->setIcon("b");
+    EXPECT_EQ(cell(*view, 0)->image(), icon);
+}
+
 TEST_F(AppsListTable, SetsEveryPropertyOfAReusedCellAgain) {
     list->setIcon("b");
     const auto view = open();

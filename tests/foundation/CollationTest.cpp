@@ -1,8 +1,6 @@
 #include "platform/foundation/Collation.h"
 
-#include "tests/support/Environment.h"
-#include "tests/support/Process.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/support/EnglishLocale.h"
 
 #include <gtest/gtest.h>
 
@@ -26,13 +24,7 @@ TEST_F(LocalizedOrder, IgnoresLetterCase) {
 }
 
 TEST_F(LocalizedOrder, FollowsTheUsersLanguageWhateverTheProgramsLocale) {
-    const wardlock::test::TemporaryFolder locales;
-    const std::string target = locales / "en_US.UTF-8";
-    const auto made =
-        wardlock::test::runProcess("/usr/bin/localedef", {"-f", "UTF-8", "-i", "en_US", target});
-    ASSERT_EQ(made.exitCode, 0) << made.errors;
-    environment.set("LOCPATH", locales.path());
-    speak("en_US.UTF-8");
+    const wardlock::test::EnglishLocale english(environment);
     ASSERT_STREQ(std::setlocale(LC_ALL, nullptr), "C");
     EXPECT_LT(localizedCaseInsensitiveCompare("Äpfel", "Zebra"), 0);
     EXPECT_EQ(localizedCaseInsensitiveCompare("ÄPFEL", "äpfel"), 0);
