@@ -43,6 +43,8 @@ std::shared_ptr<UIView> UIViewController::loadView() {
 }
 
 void UIViewController::presentViewController(const std::shared_ptr<UIViewController>& controller, bool) {
+    if (presented_)
+        return;
     presented_ = controller;
     controller->presenting_ = self(this);
     changed();

@@ -58,6 +58,7 @@ public:
     const std::shared_ptr<UIViewController>& presentedViewController() const { return presented_; }
     /// Null when this controller is not presented.
     std::shared_ptr<UIViewController> presentingViewController() const { return presenting_.lock(); }
+    /// Nothing happens while this controller presents something already.
     void presentViewController(const std::shared_ptr<UIViewController>& controller, bool animated);
     /// Takes down what this controller presents; if it presents nothing, itself.
     void dismissViewControllerAnimated(bool animated);

@@ -72,6 +72,18 @@ TEST_F(AccountCreation, OffersCancelAndThenCreateDisabledAtFirst) {
     EXPECT_FALSE(alert()->actions()[1]->isEnabled());
 }
 
+TEST_F(AccountCreation, AsksOnceHoweverOftenItsButtonIsPressed) {
+    ask();
+    const auto first = alert();
+    type("Ben");
+    ask();
+    EXPECT_EQ(alert(), first);
+    EXPECT_TRUE(canCreate());
+    alert()->choose(create());
+    EXPECT_EQ(account(1), accountNamed("Ben"));
+    EXPECT_EQ(alert(), nullptr);
+}
+
 TEST_F(AccountCreation, EnablesCreateExactlyWhileThereIsText) {
     ask();
     type("B");

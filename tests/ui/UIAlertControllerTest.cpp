@@ -32,6 +32,18 @@ TEST_F(Alert, IsTakenDownBeforeTheHandlerRuns) {
     EXPECT_FALSE(presented);
 }
 
+TEST_F(Alert, TakesNoOthersPlace) {
+    const auto other =
+        UIAlertController::alertControllerWithTitle("Other", "", UIAlertControllerStyle::Alert);
+    page->presentViewController(alert, true);
+    page->presentViewController(other, true);
+    EXPECT_EQ(page->presentedViewController(), alert);
+    EXPECT_EQ(other->presentingViewController(), nullptr);
+    page->dismissViewControllerAnimated(true);
+    page->presentViewController(other, true);
+    EXPECT_EQ(page->presentedViewController(), other);
+}
+
 TEST_F(Alert, IgnoresADisabledAction) {
     int calls = 0;
     const auto action = add("OK", [&](UIAlertAction&) { ++calls; });
