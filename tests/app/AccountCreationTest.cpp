@@ -1,6 +1,8 @@
 #include "settings/Keys.h"
 #include "tests/app/WindowFixture.h"
 
+#include <QGuiApplication>
+#include <QInputMethodEvent>
 #include <gtest/gtest.h>
 
 namespace wardlock::test {
@@ -87,6 +89,43 @@ TEST_F(WindowAccountCreation, CoversThePage) {
     scene().item("alert");
     scene().tapAt(row);
     EXPECT_TRUE(document().find(kEnabled)->boolean());
+}
+
+TEST_F(WindowAccountCreation, TypesOnWhileAnotherProcessChangesTheAccounts) {
+    ask();
+    scene().type("An");
+    setAccounts({"Cleo"});
+    announce();
+    scene().item("row:Cleo");
+    scene().type("na");
+    scene().press(Qt::Key_Return);
+    scene().item("row:Anna");
+    EXPECT_EQ(accountNames(), (std::vector<std::string>{"Cleo", "Anna"}));
+}
+
+TEST_F(WindowAccountCreation, TakesANameFromAnInputMethodOnceItIsCommitted) {
+    ask();
+    const QString name = QStringLiteral("\u5F20\u4E09 \u0639\u0645\u0631 \U0001F467");
+    QInputMethodEvent composing(QStringLiteral("zhang"), {});
+    QGuiApplication::sendEvent(window().focusObject(), &composing);
+    EXPECT_FALSE(canCreate());
+    QInputMethodEvent committed;
+    committed.setCommitString(name);
+    QGuiApplication::sendEvent(window().focusObject(), &committed);
+    EXPECT_TRUE(canCreate());
+    scene().tap("alert:Create");
+    scene().expectGone("alert");
+    EXPECT_EQ(accountNames(), (std::vector<std::string>{"Default", name.toStdString()}));
+}
+
+TEST_F(WindowAccountCreation, TakesANameOfAnyLength) {
+    ask();
+    scene().type(QString(600, QLatin1Char('x')));
+    scene().press(Qt::Key_Return);
+    scene().expectGone("alert");
+    EXPECT_EQ(accountNames(), (std::vector<std::string>{"Default", std::string(600, 'x')}));
+    scene().tap("row:" + QString(600, QLatin1Char('x')));
+    scene().item("field:Account Name");
 }
 
 TEST_F(WindowAccountCreation, KeepsTheKeyboardWithinTheAlert) {

@@ -71,6 +71,16 @@ TEST_F(WindowPasscode, AsksForTheCurrentOneFirst) {
     EXPECT_EQ(passcode(), "2222");
 }
 
+TEST_F(WindowPasscode, KeepsItsDigitsWhileAnotherProcessChangesTheAccounts) {
+    openKeypad();
+    scene().type("12");
+    setAccounts({"Cleo"});
+    announce();
+    scene().item("row:Cleo");
+    scene().type("34");
+    EXPECT_EQ(passcode(), "1234");
+}
+
 TEST_F(WindowPasscode, ShakesOnAWrongEntry) {
     setPasscode("1111");
     openKeypad();

@@ -128,6 +128,30 @@ TEST_F(InSettings, CreatesAnAccountAndEditsIt) {
     EXPECT_TRUE(stored(1, kRestrictKeyboard));
 }
 
+TEST_F(InSettings, AsksOnForTheNameWhileAnotherProcessChangesTheAccounts) {
+    open({"Ann"});
+    ASSERT_TRUE(settings().page().tapBarButton());
+    ASSERT_TRUE(settings().sheets().typeIntoAlert(0, "Ben"));
+    changeElsewhere(documentOf({"Cleo", "Dan"}));
+    EXPECT_TRUE(hasRow("Dan"));
+    ASSERT_TRUE(settings().screen().alert());
+    EXPECT_EQ(settings().screen().alert()->textFields().at(0)->text(), "Ben");
+    chooseInAlert("Create");
+    EXPECT_EQ(accountNames(), (Labels{"Cleo", "Dan", "Ben"}));
+    EXPECT_EQ(pathOf("Ben"), (platform::NSIndexPath{1, 2}));
+}
+
+TEST_F(InSettings, CreatesNothingWhereAnotherProcessTookTheListAway) {
+    open({"Ann"});
+    ASSERT_TRUE(settings().page().tapBarButton());
+    ASSERT_TRUE(settings().sheets().typeIntoAlert(0, "Ben"));
+    changeElsewhere({{kEnabled, true}});
+    chooseInAlert("Create");
+    EXPECT_EQ(document(), Dictionary({{kEnabled, true}}));
+    EXPECT_FALSE(settings().screen().alert());
+    EXPECT_FALSE(hasRow("Ben"));
+}
+
 TEST_F(InSettings, DeletesAnAccountAndReturns) {
     open({"Ann", "Ben", "Cleo"}, 0.35);
     tap("Ben");
@@ -168,6 +192,34 @@ TEST_F(InSettings, SetsAndThenChangesThePasscode) {
     press("5678");
     endFade();
     EXPECT_EQ(passcode(), "5678");
+}
+
+TEST_F(InSettings, KeepsTheKeypadAndItsDigitsWhileAnotherProcessChangesTheAccounts) {
+    open({"Ann"});
+    tap("Passcode");
+    press("12");
+    changeElsewhere(documentOf({"Cleo"}));
+    EXPECT_EQ(keypadText(), "Enter New Passcode");
+    press("34");
+    EXPECT_EQ(passcode(), "1234");
+    EXPECT_EQ(accountNames(), Labels{"Cleo"});
+    endFade();
+    EXPECT_FALSE(settings().screen().overlay());
+}
+
+TEST_F(InSettings, AsksForThePasscodeThatAnotherProcessHasSetMeanwhile) {
+    open({"Ann"});
+    tap("Passcode");
+    press("1234");
+    endFade();
+    tap("Passcode");
+    platform::MutableDictionary changed(document());
+    changed.set(kPasscode, "5678");
+    changeElsewhere(changed.copy(), kPasscode);
+    press("1234");
+    EXPECT_EQ(keypadText(), "Enter Current Passcode");
+    press("5678");
+    EXPECT_EQ(keypadText(), "Enter New Passcode");
 }
 
 TEST_F(InSettings, ClosesTheKeypadAtTheFourthWrongPasscode) {
