@@ -32,7 +32,8 @@ SettingsListController::~SettingsListController() {
 }
 
 const platform::PSListController::Specifiers& SettingsListController::specifiers() {
-    if (!hasSpecifiers())
+    // An empty list counts as none: this page has rows in any case.
+    if (PSListController::specifiers().empty())
         setSpecifiers(buildSpecifiers());
     return PSListController::specifiers();
 }

@@ -162,6 +162,12 @@ TEST_F(RootPage, BuildsItsListOnceUntilItIsReloaded) {
     EXPECT_NE(rowNamed(*page, "Ben"), nullptr);
 }
 
+TEST_F(RootPage, BuildsItsListAnewInPlaceOfAnEmptyOne) {
+    page->specifiers();
+    page->setSpecifiers({});
+    EXPECT_EQ(page->specifiers().size(), 9u);
+}
+
 TEST_F(RootPage, MakesItsHelperForTheDocumentAndItsChanges) {
     page->specifiers();
     ASSERT_NE(page->prefs(), nullptr);
