@@ -60,9 +60,9 @@ public:
     // The maker.
     void openTwitter(platform::PSSpecifier& specifier);
     void openEmail(platform::PSSpecifier& specifier);
-    void mailComposeControllerDidFinishWithResult(platform::MFMailComposeViewController& controller,
-                                                  platform::MFMailComposeResult result,
-                                                  const std::string& error) override;
+    void mailComposeControllerDidFinishWithResultError(platform::MFMailComposeViewController& controller,
+                                                       platform::MFMailComposeResult result,
+                                                       const std::string& error) override;
 
 private:
     Specifiers buildSpecifiers();

@@ -70,7 +70,7 @@ void SettingsListController::openEmail(platform::PSSpecifier& /*specifier*/) {
     presentViewController(composer, true);
 }
 
-void SettingsListController::mailComposeControllerDidFinishWithResult(
+void SettingsListController::mailComposeControllerDidFinishWithResultError(
     MFMailComposeViewController& controller, platform::MFMailComposeResult /*result*/,
     const std::string& /*error*/) {
     controller.dismissViewControllerAnimated(true);

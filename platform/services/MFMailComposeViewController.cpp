@@ -69,7 +69,7 @@ void MFMailComposeViewController::cancel() {
 void MFMailComposeViewController::finish(MFMailComposeResult result, const std::string& error) {
     const auto keepAlive = shared_from_this();
     if (const auto delegate = delegate_.lock())
-        delegate->mailComposeControllerDidFinishWithResult(*this, result, error);
+        delegate->mailComposeControllerDidFinishWithResultError(*this, result, error);
     changed();
 }
 

@@ -19,9 +19,9 @@ class WARDLOCK_API MFMailComposeViewControllerDelegate {
 public:
     virtual ~MFMailComposeViewControllerDelegate();
     /// `error` is empty unless the result is Failed.
-    virtual void mailComposeControllerDidFinishWithResult(MFMailComposeViewController& controller,
-                                                          MFMailComposeResult result,
-                                                          const std::string& error) = 0;
+    virtual void mailComposeControllerDidFinishWithResultError(MFMailComposeViewController& controller,
+                                                               MFMailComposeResult result,
+                                                               const std::string& error) = 0;
 };
 
 /// The sheet in which a person reads, edits and sends a mail. Its delegate is not retained and takes the

@@ -3,6 +3,9 @@
 #include "root/SettingsListController.h"
 #include "tests/support/PageFixture.h"
 
+#include <filesystem>
+#include <sys/stat.h>
+
 namespace wardlock::test {
 namespace {
 
@@ -122,6 +125,21 @@ TEST_F(SupportContact, SkipsALogThatIsAFolder) {
     EXPECT_TRUE(writeMail().attachments.empty());
 }
 
+TEST_F(SupportContact, SkipsALogThatIsNoFile) {
+    makeFolder("/tmp");
+    ASSERT_EQ(::mkfifo(onDisk("/tmp/dpkgl.log").c_str(), 0600), 0);
+    EXPECT_TRUE(writeMail().attachments.empty());
+}
+
+TEST_F(SupportContact, SkipsALogThatIsTooLargeForAnyMail) {
+    writeFile("/tmp/dpkgl.log", "packages");
+    writeFile("/var/mobile/com.tavix.wardlock_log", "\nan entry");
+    std::filesystem::resize_file(onDisk("/var/mobile/com.tavix.wardlock_log"), (64u << 20) + 1);
+    const auto attachments = writeMail().attachments;
+    ASSERT_EQ(attachments.size(), 1u);
+    EXPECT_EQ(attachments[0].fileName, "dpkgl.log");
+}
+
 TEST_F(SupportContact, TakesTheComposerDownWhenTheMailWasSent) {
     writeMail();
     composer()->send();
@@ -148,6 +166,15 @@ TEST_F(SupportContact, TakesTheComposerDownWhenItIsCancelled) {
     composer()->cancel();
     EXPECT_TRUE(mail.sent.empty());
     EXPECT_EQ(page->presentedViewController(), nullptr);
+}
+
+TEST_F(SupportContact, TakesDownTheComposerThatFinishedWhateverTheResult) {
+    for (const int result : {0, 1, 2, 3}) {
+        writeMail();
+        page->mailComposeControllerDidFinishWithResultError(
+            *composer(), static_cast<platform::MFMailComposeResult>(result), "why");
+        EXPECT_EQ(page->presentedViewController(), nullptr) << result;
+    }
 }
 
 TEST_F(SupportContact, DoesNotKeepThePageAliveThroughTheComposer) {

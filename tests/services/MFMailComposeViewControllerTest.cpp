@@ -20,8 +20,9 @@ public:
 
 class Delegate : public Object, public MFMailComposeViewControllerDelegate {
 public:
-    void mailComposeControllerDidFinishWithResult(MFMailComposeViewController&, MFMailComposeResult result,
-                                                  const std::string& error) override {
+    void mailComposeControllerDidFinishWithResultError(MFMailComposeViewController&,
+                                                       MFMailComposeResult result,
+                                                       const std::string& error) override {
         results.push_back(result);
         lastError = error;
     }
