@@ -1,8 +1,8 @@
 #pragma once
 
 /// What PreferenceHelper adds to PSSpecifier. Icons of rows: resources of a bundle, named by file name;
-/// without an extension, or with an empty one, a
-/// ".png" is meant. A file that is not there leaves the row without an icon and without a message.
+/// without an extension, or with an empty one, a ".png" is meant. A file that is not there leaves the row
+/// without an icon and without a message.
 
 #include "platform/foundation/NSBundle.h"
 #include "platform/preferences/PSSpecifier.h"
