@@ -64,13 +64,16 @@ TEST_F(Icons, OfNoNameLeaveTheRowWithoutOne) {
 }
 
 TEST_F(Icons, OfATargetThatIsGoneLeaveTheRowWithoutOne) {
+    EXPECT_EQ(iconNamed("lock"), "lock.png");
     const auto helper = PreferenceHelper::initWithTarget(nullptr, {}, {});
     EXPECT_EQ(helper->withIcon(row, "lock"), row);
     EXPECT_EQ(row->imageForKey("iconImage"), nullptr);
 }
 
 TEST_F(Icons, AreAddedToTheVeryRow) {
+    EXPECT_EQ(iconNamed("lock"), "lock.png");
     EXPECT_EQ(addIcon(row, "missing"), row);
+    EXPECT_EQ(row->imageForKey("iconImage"), nullptr);
 }
 
 } // namespace
