@@ -5,6 +5,7 @@
 #include "tests/support/HostileFixture.h"
 #include "tests/support/Places.h"
 #include "tests/support/Process.h"
+#include "tests/support/Sanitizers.h"
 
 #include <filesystem>
 #include <fstream>
@@ -18,13 +19,7 @@ namespace fs = std::filesystem;
 
 constexpr std::uintmax_t terabyte = std::uintmax_t{1} << 40;
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr bool sanitized = true;
-#elif defined(__has_feature)
-constexpr bool sanitized = __has_feature(address_sanitizer) || __has_feature(thread_sanitizer);
-#else
-constexpr bool sanitized = false;
-#endif
+constexpr bool sanitized = hasAddressSanitizer || hasThreadSanitizer;
 
 std::string repeated(std::size_t times, std::string_view text) {
     std::string all;

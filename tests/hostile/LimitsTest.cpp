@@ -7,6 +7,7 @@
 #include "tests/support/HostileFixture.h"
 #include "tests/support/Places.h"
 #include "tests/support/Process.h"
+#include "tests/support/Sanitizers.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -27,6 +28,8 @@ constexpr const char* script = R"({"do":"tap","row":"Wardlock"}
 // From too few for the system's loader to enough for everything.
 constexpr int fewest = 4;
 constexpr int most = 16;
+
+constexpr const char* ownFile = "the thread sanitizer writes a file of its own first";
 
 class Limits : public HostileFixture {
 protected:
@@ -80,6 +83,8 @@ private:
 };
 
 TEST_F(Limits, OnTheSizeOfFilesFailAWriteWithTheReason) {
+    if (hasThreadSanitizer)
+        GTEST_SKIP() << ownFile;
     const ProcessResult result = run("ulimit -f 0", setEnabled());
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_TRUE(isOneLine(result.errors)) << result.errors;
@@ -89,6 +94,8 @@ TEST_F(Limits, OnTheSizeOfFilesFailAWriteWithTheReason) {
 }
 
 TEST_F(Limits, OnTheSizeOfFilesLeaveSettingsRunningAndTheDocumentWhole) {
+    if (hasThreadSanitizer)
+        GTEST_SKIP() << ownFile;
     const ProcessResult result = run("ulimit -f 0", {"settings", "--script", "-"}, script);
     EXPECT_EQ(result.signal, 0) << result.errors;
     EXPECT_EQ(result.exitCode, 0) << result.errors;

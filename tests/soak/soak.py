@@ -159,6 +159,8 @@ class Soak:
         self.world.run("announce", MARKER["key"])
         for listener in (*self.alive(ended), self.observer):
             listener.hear_marker()
+        announced = len(self.observer.heard)
+        require(announced == writes, f"{writes} writes were made, and {announced} announcements")
         self.check_order(ended)
         self.observer.heard = []
         for side in self.sides:
