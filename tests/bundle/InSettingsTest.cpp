@@ -74,6 +74,41 @@ TEST_F(InSettings, EditsTheAccountWhoseRowWasTapped) {
     EXPECT_FALSE(stored(2, kRestrictCamera));
 }
 
+TEST_F(InSettings, CountsAmongItsRowsWhatIsNoAccount) {
+    platform::MutableDictionary damaged(documentOf({"Ann", "Ben"}));
+    platform::MutableArray accounts(damaged.find(kAccounts)->array());
+    accounts.insert(0, "no account");
+    damaged.set(kAccounts, accounts.copy());
+    writeDocument(damaged.copy());
+    start();
+    tap("Wardlock");
+    tap("Ben");
+    EXPECT_EQ(row("Account Name").text, "Ben");
+    tap("Siri");
+    EXPECT_FALSE(stored(1, kRestrictSiri));
+    EXPECT_TRUE(stored(2, kRestrictSiri));
+}
+
+TEST_F(InSettings, ShowsAndEditsTheAccountThatHasTakenThePlaceOfItsOwn) {
+    open({"Ann", "Ben", "Cleo"});
+    tap("Ben");
+    changeElsewhere(documentOf({"Ben", "Cleo"}));
+    EXPECT_EQ(row("Account Name").text, "Cleo");
+    EXPECT_EQ(page().title(), "Ben") << "the row that led here said so";
+    tap("Siri");
+    EXPECT_FALSE(stored(0, kRestrictSiri));
+    EXPECT_TRUE(stored(1, kRestrictSiri));
+}
+
+TEST_F(InSettings, EndsOnASwitchOfAnAccountThatIsGoneAndWritesNothing) {
+    open({"Ann", "Ben"});
+    tap("Ben");
+    changeElsewhere(documentOf({"Ann"}));
+    const std::string before = readFile(documentPath);
+    EXPECT_EXIT((void)settings().page().tapRow(pathOf("Siri")), testing::KilledBySignal(SIGABRT), "");
+    EXPECT_EQ(readFile(documentPath), before);
+}
+
 TEST_F(InSettings, EnablesOneAccountAtATime) {
     open({"Ann", "Ben"});
     tap("Ann");
