@@ -28,6 +28,7 @@ Flickable {
 
     Label {
         id: words
+        objectName: "words"
         x: Look.sideMargin(textPage.width)
         y: 16
         width: textPage.width - 2 * x

@@ -1,5 +1,6 @@
 #include "tests/app/WindowFixture.h"
 
+#include <QFont>
 #include <gtest/gtest.h>
 
 namespace wardlock::test {
@@ -20,6 +21,17 @@ TEST_F(WindowChangeLog, CanBeReadAndScrolled) {
     EXPECT_TRUE(until([&] { return text->height() < 300; }));
     scene().touchDrag({195, 250}, {195, 80});
     EXPECT_GT(text->property("contentY").toDouble(), 0);
+}
+
+TEST_F(WindowChangeLog, IsSetInTypeOfFifteenPointsAndTakesNoKeys) {
+    openWardlock();
+    scene().tap("row:Change Log");
+    const auto* words = scene().item("words");
+    EXPECT_EQ(words->property("font").value<QFont>().pixelSize(), 15);
+    const std::string before = scene().text("words");
+    scene().tap("words");
+    scene().type("x");
+    EXPECT_EQ(scene().text("words"), before);
 }
 
 TEST_F(WindowMail, IsWrittenChangedAndSent) {

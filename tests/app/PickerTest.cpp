@@ -59,6 +59,16 @@ TEST_F(WindowPicker, SavesASwitchAtOnceAndMovesNoRow) {
     EXPECT_EQ(line->rfind("kAppsRestricted = ", 0), 0U) << *line;
 }
 
+TEST_F(WindowPicker, ReactsToItsSwitchesOnly) {
+    install();
+    openPicker();
+    scene().tap("cell:org.berry");
+    scene().touch("cell:org.zebra");
+    scene().settle();
+    EXPECT_EQ(restricted(), std::vector<std::string>{"org.zebra"});
+    EXPECT_EQ(scene().text("title"), "Apps");
+}
+
 TEST_F(WindowPicker, GroupsAnewWhenItIsOpenedAgain) {
     install();
     openPicker();
