@@ -72,7 +72,9 @@ TEST_F(AppsListTable, LeavesTitleAndImageOfWhatIsNotInstalledEmpty) {
 TEST_F(AppsListTable, LooksTheLibraryUpAnewForEachCell) {
     list->setIcon("b");
     const auto view = open();
-    EXPECT_NE(cell(*view, 0)->image(), nullptr);
+    auto with = cell(*view, 0);
+    EXPECT_NE(with->image(), nullptr);
+    view->tableView()->giveBack(std::move(with));
     list.reset();
     const auto without = cell(*view, 0);
     EXPECT_EQ(without->image(), nullptr);
@@ -114,6 +116,15 @@ TEST_F(AppsListTable, TellsTheSwitchsApplicationByTheHiddenLabelAlone) {
     shown->detailTextLabel().setText("elsewhere");
     switchOf(*shown).toggle();
     EXPECT_EQ(restricted(), platform::Array({"b", "elsewhere"}));
+}
+
+TEST_F(AppsListTable, IgnoresASwitchThatStandsInNoCell) {
+    const auto view = open();
+    const auto loose = std::make_shared<platform::UISwitch>(platform::CGRectZero);
+    loose->setOn(true, false);
+    view->switchChanged(*loose);
+    EXPECT_EQ(restricted(), platform::Array({"b"}));
+    expectNoChange();
 }
 
 TEST_F(AppsListTable, KeepsARowInItsPlaceWhileSwitched) {
