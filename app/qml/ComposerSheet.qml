@@ -38,6 +38,7 @@ FocusScope {
             width: parent.width
             height: Look.barHeight
             PlainButton {
+                id: cancel
                 objectName: "mail:cancel"
                 anchors.left: parent.left
                 anchors.leftMargin: Look.inset
@@ -48,12 +49,19 @@ FocusScope {
                 onPressed: sheet.composer.cancel()
             }
             Label {
+                objectName: "mail:title"
                 anchors.centerIn: parent
+                readonly property real beside: Math.max(cancel.width, send.width) + Look.inset + 8
+                width: Math.min(implicitWidth, parent.width - 2 * beside)
                 text: qsTr("New Message")
                 font.pixelSize: Look.barText
+                fontSizeMode: Text.HorizontalFit
+                minimumPixelSize: 8
+                verticalAlignment: Text.AlignVCenter
                 font.weight: Font.DemiBold
             }
             PlainButton {
+                id: send
                 objectName: "mail:send"
                 anchors.right: parent.right
                 anchors.rightMargin: Look.inset

@@ -60,7 +60,10 @@ FocusScope {
             text: sheet.keypad.statusText
             color: "white"
             font.pixelSize: Math.round(20 * Math.min(Look.textScale, 1.4))
+            fontSizeMode: Text.HorizontalFit
+            minimumPixelSize: 8
             horizontalAlignment: Text.AlignHCenter
+            verticalAlignment: Text.AlignVCenter
         }
         Label {
             anchors.horizontalCenter: parent.horizontalCenter
@@ -80,6 +83,7 @@ FocusScope {
         Item { width: 1; height: Math.round(sheet.unit * 0.55) }
         Grid {
             id: grid
+            anchors.horizontalCenter: parent.horizontalCenter
             columns: 3
             spacing: sheet.gap
             LayoutMirroring.enabled: false
@@ -102,6 +106,7 @@ FocusScope {
                 Accessible.ignored: !sheet.keypad.showsEmergency
                 text: qsTr("Emergency")
                 size: Look.small
+                shrinks: true
                 color: "white"
                 onPressed: sheet.keypad.pressEmergency()
             }
@@ -117,6 +122,7 @@ FocusScope {
                 height: sheet.unit
                 text: sheet.keypad.digitCount > 0 ? qsTr("Delete") : qsTr("Cancel")
                 size: Math.round(15 * Math.min(Look.textScale, 1.2))
+                shrinks: true
                 color: "white"
                 onPressed: sheet.keypad.digitCount > 0 ? sheet.keypad.pressDelete() : sheet.keypad.pressCancel()
             }

@@ -8,6 +8,8 @@ Item {
     property color color: Look.tint
     property bool strong: false
     property int size: Look.body
+    /// Smaller letters rather than a text that is cut off.
+    property bool shrinks: false
     /// Whether it can be pressed at all; one that is only covered looks as ever.
     property bool available: true
     signal pressed()
@@ -34,6 +36,8 @@ Item {
         opacity: tap.pressed ? 0.4 : 1
         font.weight: button.strong ? Font.DemiBold : Font.Normal
         font.pixelSize: button.size
+        fontSizeMode: button.shrinks ? Text.HorizontalFit : Text.FixedSize
+        minimumPixelSize: 8
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
         Accessible.ignored: true

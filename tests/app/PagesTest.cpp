@@ -53,6 +53,36 @@ TEST_F(WindowMail, IsWrittenChangedAndSent) {
     EXPECT_EQ(mail.sent[0].attachments.size(), 1U);
 }
 
+TEST_F(WindowMail, HasATextThatCanBeReplaced) {
+    openWardlock();
+    scene().tap("row:support@tavix.example");
+    EXPECT_TRUE(until([&] { return scene().item("composer")->y() == 24; }));
+    const std::string text = scene().text("mail:body");
+    EXPECT_EQ(text.rfind("Application: Wardlock\nDevice: ", 0), 0U) << text;
+    EXPECT_NE(text.find("\n\nComments:\nPlease describe in detail what's wrong\n\nReproduce:\n"),
+              std::string::npos);
+    scene().tap("mail:body");
+    scene().press(Qt::Key_A, Qt::ControlModifier);
+    scene().type("Nothing <b>works</b>.");
+    scene().press(Qt::Key_Return);
+    scene().tap("mail:send");
+    ASSERT_EQ(mail.sent.size(), 1U);
+    EXPECT_EQ(mail.sent[0].body, "Nothing <b>works</b>.\n");
+    EXPECT_FALSE(mail.sent[0].isHTML);
+}
+
+TEST_F(WindowMail, KeepsItsTitleBetweenItsButtons) {
+    open(0, {280, 360});
+    host().appearance().forceTextScale(2);
+    scene().tap("row:Wardlock");
+    scene().reveal("row:support@tavix.example");
+    scene().tap("row:support@tavix.example");
+    const auto* title = scene().item("mail:title");
+    const auto* cancel = scene().item("mail:cancel");
+    EXPECT_GE(title->mapToScene({}).x(), cancel->mapToScene({cancel->width(), 0}).x());
+    EXPECT_LE(title->mapToScene({title->width(), 0}).x(), scene().item("mail:send")->mapToScene({}).x());
+}
+
 TEST_F(WindowMail, GoesWithoutARemovedAttachment) {
     writeFile("/tmp/dpkgl.log", "packages");
     openWardlock();

@@ -164,6 +164,23 @@ TEST_F(WindowPasscode, GoesWithTheActivityOfTheApplication) {
     EXPECT_EQ(passcode(), "");
 }
 
+TEST_F(WindowPasscode, FitsASmallWindowAndLargeLetters) {
+    setPasscode("1111");
+    open(0, {280, 360});
+    host().appearance().forceTextScale(2);
+    scene().tap("row:Wardlock");
+    scene().reveal("row:Passcode");
+    scene().tap("row:Passcode");
+    clock.step(fade);
+    EXPECT_EQ(scene().item("keypad:status")->property("truncated"), false);
+    const auto* cancel = scene().item("keypad:cancel")->childItems().constFirst();
+    EXPECT_EQ(cancel->property("truncated"), false);
+    // The digits stand in the middle, below what is asked and what is entered.
+    for (const char* name : {"keypad:status", "keypad:dots", "key:2", "key:8", "key:0"})
+        EXPECT_NEAR(scene().middleOf(name).x(), 140, 1) << name;
+    EXPECT_LE(scene().item("key:0")->mapToScene({0, scene().item("key:0")->height()}).y(), 360);
+}
+
 TEST_F(WindowPasscode, GivesTheKeyboardBackToThePage) {
     openWardlock();
     scene().item("row:Passcode")->forceActiveFocus();
