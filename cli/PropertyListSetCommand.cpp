@@ -12,7 +12,9 @@ namespace {
 
 using platform::Sync;
 
-constexpr Option syncOption{"--sync", "MODE", "what is on the disk before this ends: none, data\n(the bytes) or full (the name too; the default)"};
+constexpr Option syncOption{
+    "--sync", "MODE",
+    "what is on the disk before this ends: none, data\n(the bytes) or full (the name too; the default)"};
 constexpr std::array setOptions{syncOption};
 
 Sync syncNamed(std::string_view name) {
@@ -44,8 +46,8 @@ ExitCode set(const Arguments& arguments) {
         dictionary.set(key, value);
         return true;
     };
-    if (!platform::updateFileOfMachine(path, change, sync).written)
-        throw CommandError(ExitCode::Failed, path + ": it could not be written");
+    if (const std::error_code error = platform::updateFileOfMachine(path, change, sync).error)
+        throw CommandError(ExitCode::Failed, path + ": it could not be written: " + error.message());
     return ExitCode::Done;
 }
 

@@ -31,6 +31,7 @@ DocumentFile::DocumentFile(FileSystem& files, std::string path) : files_(files),
         error = read();
     if (error) {
         state_ = stateAfter(error);
+        readError_ = error;
         return;
     }
     const std::optional<Value> root = propertyListWithData(bytes);
@@ -52,12 +53,14 @@ DocumentFile::State DocumentFile::stateAfter(std::error_code error) {
     return shortOfMeans ? State::Unknown : State::Unreadable;
 }
 
-bool DocumentFile::replace(const Dictionary& dictionary, Sync sync) {
-    if (state_ == State::Unknown || keepOld(sync))
-        return false;
+std::error_code DocumentFile::replace(const Dictionary& dictionary, Sync sync) {
+    if (state_ == State::Unknown)
+        return readError_;
+    if (std::error_code error = keepOld(sync))
+        return error;
     // The mode that kept us from reading the old file would do so with the new one.
     const Attributes attributes = state_ == State::Unreadable ? Attributes::Private : Attributes::OfOldFile;
-    return !AtomicWriter(files_).write(path_, dataWithPropertyList(dictionary), sync, attributes);
+    return AtomicWriter(files_).write(path_, dataWithPropertyList(dictionary), sync, attributes);
 }
 
 std::error_code DocumentFile::keepOld(Sync sync) {

@@ -22,14 +22,15 @@ public:
     /// document.
     const std::optional<Dictionary>& dictionary() const { return dictionary_; }
 
-    /// Writes the dictionary in the file's place, atomically; whether it stands.
+    /// Writes the dictionary in the file's place, atomically; the error that kept it from being written, none
+    /// when it stands.
     ///
     /// Bytes that are no document are kept beside the file first, as "NAME.damaged" with mode 0600, and
     /// "NAME.damaged.2" up to 9 when that holds other bytes already; only the last of them is ever replaced.
     /// A file that cannot be read (or is too large to be a document) is given such a name instead of a copy.
     /// Where nothing can be kept, nothing is written; nor where this process was short of descriptors or
     /// memory when it looked: the document may be as good as ever.
-    bool replace(const Dictionary& dictionary, Sync sync);
+    std::error_code replace(const Dictionary& dictionary, Sync sync);
 
 private:
     enum class State { Missing, Document, Damaged, Unreadable, Unknown };
@@ -42,6 +43,8 @@ private:
     FileSystem& files_;
     std::string path_;
     State state_ = State::Missing;
+    /// Why it could not be read.
+    std::error_code readError_;
     std::optional<Dictionary> dictionary_;
     std::string damaged_;
 };

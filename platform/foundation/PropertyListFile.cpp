@@ -18,7 +18,7 @@ std::optional<Dictionary> dictionaryWithContentsOfFile(std::string_view devicePa
 }
 
 bool writeToFileAtomically(const Dictionary& dictionary, std::string_view devicePath, Sync sync) {
-    return fileOnDevice(devicePath).replace(dictionary, sync);
+    return !fileOnDevice(devicePath).replace(dictionary, sync);
 }
 
 Update updateFile(std::string_view devicePath, const std::function<bool(MutableDictionary&)>& change,
@@ -35,7 +35,9 @@ Update updateFileOfMachine(const std::string& path, const std::function<bool(Mut
     Update update;
     update.changed = change(entries);
     update.dictionary = entries.copy();
-    update.written = update.changed && file.replace(update.dictionary, sync);
+    if (update.changed)
+        update.error = file.replace(update.dictionary, sync);
+    update.written = update.changed && !update.error;
     return update;
 }
 

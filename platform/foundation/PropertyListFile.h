@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 namespace platform {
 
@@ -27,6 +28,8 @@ struct Update {
     Dictionary dictionary;
     bool changed = false;
     bool written = false;
+    /// Why a change was not written.
+    std::error_code error;
 };
 
 /// The one read-modify-write: a new mutable dictionary receives all entries of the file as it now is on disk

@@ -88,7 +88,8 @@ TEST_F(Limits, OnTheSizeOfFilesFailAWriteWithTheReason) {
     const ProcessResult result = run("ulimit -f 0", setEnabled());
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_TRUE(isOneLine(result.errors)) << result.errors;
-    EXPECT_NE(result.errors.find(": it could not be written\n"), std::string::npos) << result.errors;
+    EXPECT_NE(result.errors.find(": it could not be written: File too large\n"), std::string::npos)
+        << result.errors;
     EXPECT_TRUE(documentIsAsBefore());
     EXPECT_TRUE(documentIsAlone());
 }
