@@ -44,7 +44,7 @@ ExitCode initialise(const Arguments& arguments) {
         Output::error("wardlock device init: " + problem);
     if (!problems.empty())
         return ExitCode::Failed;
-    Output::line(platform::deviceRoot());
+    Output::foreignLine(platform::deviceRoot());
     return ExitCode::Done;
 }
 

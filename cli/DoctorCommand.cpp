@@ -43,7 +43,7 @@ ExitCode doctor(const Arguments& arguments) {
         const Finding finding = look();
         broken += isBroken(finding);
         if (json)
-            Output::line(asJson(finding));
+            Output::foreignLine(asJson(finding));
         else
             print(finding);
     }

@@ -19,11 +19,11 @@ ExitCode printValue(const Arguments& arguments, const platform::Value* value) {
     if (!value)
         throw CommandError(ExitCode::Failed, "there is no \"" + std::string(arguments.operand(0)) + "\"");
     if (arguments.has(jsonOption.name))
-        Output::line(jsonLine(typedJson(*value)));
+        Output::foreignLine(jsonLine(typedJson(*value)));
     else if (value->kind() == platform::Value::Kind::Boolean)
         Output::line(value->boolean() ? "true" : "false");
     else
-        Output::line(platform::description(*value));
+        Output::foreignLine(platform::description(*value));
     return ExitCode::Done;
 }
 
@@ -49,6 +49,8 @@ const Verb getVerb{
     "settings library answers it. Exit code 1 when there is none. A document that\n"
     "is missing, or lacks a top-level key, is completed with the defaults and\n"
     "written, as by every process that looks the settings up.\n"
+    "A terminal is shown control characters as escapes; a pipe or file gets the value\n"
+    "as it is.\n"
     "\n"
     "With --json the value as `wardlock plist dump` prints it.\n",
     lookUpOptions,

@@ -1,18 +1,40 @@
 #include "cli/Output.h"
 
 #include "cli/CommandError.h"
+#include "cli/Terminal.h"
+#include "cli/TextWidth.h"
 
 #include <cerrno>
-#include <cstdio>
-#include <cstring>
+#include <poll.h>
 #include <string>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
 
 namespace wardlock::cli {
 
 namespace {
 
-[[noreturn]] void fail() {
-    throw CommandError(ExitCode::Failed, std::string("cannot write the output: ") + std::strerror(errno));
+/// More than that does not wait for a flush.
+constexpr std::size_t mostUnwritten = std::size_t{64} * 1024;
+
+std::string unwritten;
+
+/// 0, or the error of the system. Whoever shares a pipe or a terminal with us may have made it non-blocking:
+/// what it does not take at once it takes later.
+int writeAll(int descriptor, std::string_view text) {
+    while (!text.empty()) {
+        const ssize_t count = write(descriptor, text.data(), text.size());
+        if (count >= 0) {
+            text.remove_prefix(static_cast<std::size_t>(count));
+        } else if (errno == EAGAIN) {
+            pollfd watched{descriptor, POLLOUT, 0};
+            poll(&watched, 1, -1);
+        } else if (errno != EINTR) {
+            return errno;
+        }
+    }
+    return 0;
 }
 
 } // namespace
@@ -23,18 +45,27 @@ void Output::line(std::string_view text) {
 }
 
 void Output::text(std::string_view text) {
-    if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size())
-        fail();
+    unwritten += text;
+    if (unwritten.size() > mostUnwritten)
+        flush();
+}
+
+void Output::foreignLine(std::string_view text) {
+    line(Terminal::showsOutput() ? escaped(text, "\n\t") : std::string(text));
 }
 
 void Output::flush() {
-    if (std::fflush(stdout) != 0)
-        fail();
+    if (const int error = writeAll(STDOUT_FILENO, std::exchange(unwritten, {})))
+        throw CommandError(ExitCode::Failed,
+                           "cannot write the output: " + std::generic_category().message(error));
+}
+
+void Output::flushLast() noexcept {
+    writeAll(STDOUT_FILENO, std::exchange(unwritten, {}));
 }
 
 void Output::error(std::string_view text) {
-    const std::string line = std::string(text) + '\n';
-    std::fwrite(line.data(), 1, line.size(), stderr);
+    writeAll(STDERR_FILENO, escaped(text) + '\n');
 }
 
 } // namespace wardlock::cli

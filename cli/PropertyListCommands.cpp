@@ -20,7 +20,7 @@ using platform::Sync;
 constexpr Option outOption{"-o", "OUT", "the file to write", true};
 
 ExitCode dump(const Arguments& arguments) {
-    Output::line(jsonLine(typedJson(propertyListInFile(std::string(arguments.operand(0))))));
+    Output::foreignLine(jsonLine(typedJson(propertyListInFile(std::string(arguments.operand(0))))));
     return ExitCode::Done;
 }
 
@@ -59,8 +59,9 @@ ExitCode lint(const Arguments& arguments) {
         const auto [code, reason] = judge(path);
         unreadable = unreadable || code == ExitCode::Failed;
         notAList = notAList || code == ExitCode::NotAPropertyList;
-        Output::line(arguments.has(jsonOption.name) ? judgementAsJson(path, code, reason)
-                                                    : path + ": " + (code == ExitCode::Done ? "OK" : reason));
+        Output::foreignLine(arguments.has(jsonOption.name)
+                                ? judgementAsJson(path, code, reason)
+                                : path + ": " + (code == ExitCode::Done ? "OK" : reason));
     }
     return notAList ? ExitCode::NotAPropertyList : unreadable ? ExitCode::Failed : ExitCode::Done;
 }

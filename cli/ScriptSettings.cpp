@@ -8,7 +8,6 @@
 #include "shell/LastRites.h"
 
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
 #include <fcntl.h>
 #include <string>
@@ -51,16 +50,12 @@ Json answerTo(const std::string& line, bool tooLong, ScriptCommands& commands) {
     return command ? commands.run(*command) : Json{{"error", "the line is no JSON"}};
 }
 
-/// What has been answered reaches the reader though a page's exception ends the process.
-void flushAnswers() {
-    std::fflush(stdout);
-}
-
 } // namespace
 
 ExitCode runScriptSettings(std::string_view file) {
     const ScriptFile script(file);
-    shell::installLastRites(flushAnswers);
+    // What has been answered reaches the reader though a page's exception ends the process.
+    shell::installLastRites(Output::flushLast);
     const TextWeb web;
     shell::ManualClock clock;
     shell::SettingsApplication settings(clock);
@@ -76,7 +71,7 @@ ExitCode runScriptSettings(std::string_view file) {
         settings.process();
         const Json answer = answerTo(*line, lines.tooLong(), commands);
         settings.process();
-        Output::line(jsonLine(answer));
+        Output::foreignLine(jsonLine(answer));
         Output::flush();
     }
     return ExitCode::Done;

@@ -106,7 +106,7 @@ ExitCode status(const Arguments& arguments) {
         json["enabled"] = enabled;
         json["tweakEnabled"] = tweakEnabled;
         json["account"] = asJson(account);
-        Output::line(jsonLine(json));
+        Output::foreignLine(jsonLine(json));
         return ExitCode::Done;
     }
     Output::line(enabled ? "Master switch: on" : "Master switch: off");

@@ -44,8 +44,12 @@ bool Terminal::readsInput() {
     return isatty(STDIN_FILENO) != 0;
 }
 
+bool Terminal::showsOutput() {
+    return isatty(STDOUT_FILENO) != 0;
+}
+
 bool Terminal::hasColours() {
-    return isatty(STDOUT_FILENO) != 0 && variable("NO_COLOR").empty() && variable("TERM") != "dumb" &&
+    return showsOutput() && variable("NO_COLOR").empty() && variable("TERM") != "dumb" &&
            !variable("TERM").empty();
 }
 

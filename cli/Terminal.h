@@ -8,6 +8,7 @@ namespace wardlock::cli {
 class Terminal {
 public:
     static bool readsInput();
+    static bool showsOutput();
     /// Whether output may be coloured: a terminal that can, and no NO_COLOR.
     static bool hasColours();
     /// At least 20, at most 100 columns: longer lines are hard to read.

@@ -8,15 +8,13 @@
 #include "shell/InstalledFiles.h"
 #include "shell/LastRites.h"
 
-#include <cstdio>
-
 namespace wardlock::cli {
 
 namespace {
 
 void giveTerminalBack() {
     Terminal::restore();
-    std::fflush(stdout);
+    Output::flushLast();
 }
 
 /// Where the device has one settings bundle, the person came for that.

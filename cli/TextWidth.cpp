@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 
 namespace wardlock::cli {
 
@@ -45,6 +46,24 @@ bool isControl(char32_t character) {
     return character < 0x20 || (character >= 0x7F && character < 0xA0) || character == 0x2028 ||
            character == 0x2029 || (character >= 0x202A && character <= 0x202E) ||
            (character >= 0x2066 && character <= 0x2069);
+}
+
+void appendHex(std::string& text, std::uint32_t number, int digits) {
+    constexpr std::string_view hexDigits = "0123456789abcdef";
+    for (int shift = 4 * (digits - 1); shift >= 0; shift -= 4)
+        text += hexDigits[number >> shift & 15];
+}
+
+void appendEscape(std::string& text, char32_t control) {
+    constexpr std::string_view named = "\n\t\r\b\f";
+    constexpr std::string_view names = "ntrbf";
+    const std::size_t found = control < 0x80 ? named.find(static_cast<char>(control)) : named.npos;
+    if (found != named.npos) {
+        text.append({'\\', names[found]});
+    } else {
+        text += "\\u";
+        appendHex(text, control, 4);
+    }
 }
 
 /// Bytes from the beginning that take at most `columns`.
@@ -109,6 +128,24 @@ std::string printable(std::string_view text) {
         position += std::max<std::size_t>(decoded.length, 1);
     }
     return clean;
+}
+
+std::string escaped(std::string_view text, std::string_view kept) {
+    std::string harmless;
+    for (std::size_t position = 0; position < text.size();) {
+        const auto decoded = platform::decodeUtf8(text, position);
+        const std::string_view bytes = text.substr(position, std::max<std::size_t>(decoded.length, 1));
+        if (decoded.length == 0) {
+            harmless += "\\x";
+            appendHex(harmless, static_cast<unsigned char>(bytes[0]), 2);
+        } else if (isControl(decoded.character) && kept.find(bytes) == kept.npos) {
+            appendEscape(harmless, decoded.character);
+        } else {
+            harmless += bytes;
+        }
+        position += bytes.size();
+    }
+    return harmless;
 }
 
 std::string truncated(std::string_view text, std::size_t columns) {

@@ -1,6 +1,7 @@
 #pragma once
 
-/// How many columns of a terminal a UTF-8 text takes, without the process's locale.
+/// How a terminal shows a UTF-8 text, without the process's locale: how many columns it takes, and what of it
+/// would be obeyed instead of shown.
 
 #include <cstddef>
 #include <string>
@@ -16,6 +17,10 @@ std::size_t columnsOf(std::string_view text);
 /// The text as one line that a terminal only shows: control characters and bytes that are no UTF-8 become
 /// U+FFFD, line feeds and tabs blanks.
 std::string printable(std::string_view text);
+
+/// The text with nothing left out, and nothing in it that a terminal would obey: control characters become
+/// "\n", "\u001b" and the like, as JSON has them, and bytes that are no UTF-8 "\xff". Those in `kept` stay.
+std::string escaped(std::string_view text, std::string_view kept = {});
 
 /// At most `columns` wide; one that was cut ends in an ellipsis. Precondition: printable.
 std::string truncated(std::string_view text, std::size_t columns);

@@ -18,6 +18,8 @@
 #include <string>
 #include <system_error>
 #include <unistd.h>
+#include <utility>
+#include <vector>
 
 namespace wardlock::cli {
 
@@ -61,16 +63,16 @@ ExitCode watch(const Arguments& arguments) {
     const bool json = arguments.has(jsonOption.name);
     const Signals stop{SIGINT, SIGTERM};
     // Printed after the dispatch: a failure must not be thrown through the bus.
-    std::string arrived;
+    std::vector<std::string> arrived;
     InitSettingsWithUpdateNameAndCallback(PostName, [json, &arrived](const Value* key, const Value* object) {
-        arrived += (json ? changeAsJson(key, object) : changeAsText(key, object)) + '\n';
+        arrived.push_back(json ? changeAsJson(key, object) : changeAsText(key, object));
     });
     Output::error("Watching for changes; SIGINT or SIGTERM ends it.");
     while (waitForWork(stop)) {
         platform::MainLoop::shared().process();
-        Output::text(arrived);
+        for (const std::string& change : std::exchange(arrived, {}))
+            Output::foreignLine(change);
         Output::flush();
-        arrived.clear();
     }
     UpdateCallback = nullptr;
     return ExitCode::Done;

@@ -22,6 +22,16 @@ TEST(TextWidth, MakesTextHarmlessForATerminal) {
     EXPECT_EQ(printable("größer 中文"), "größer 中文");
 }
 
+TEST(TextWidth, EscapesWhatATerminalWouldObeyAndLosesNothing) {
+    EXPECT_EQ(escaped("a\x1B[31mb"), "a\\u001b[31mb");
+    EXPECT_EQ(escaped("a\n\tb\r", "\n\t"), "a\n\tb\\r");
+    EXPECT_EQ(escaped("a\n\tb"), "a\\n\\tb");
+    EXPECT_EQ(escaped(std::string_view("\0\x7F", 2)), "\\u0000\\u007f");
+    EXPECT_EQ(escaped("\u009B\u202E"), "\\u009b\\u202e");
+    EXPECT_EQ(escaped("a\xFF\xC3"), "a\\xff\\xc3");
+    EXPECT_EQ(escaped("größer 中文 \"\\\" 😀"), "größer 中文 \"\\\" 😀");
+}
+
 TEST(TextWidth, TruncatesBetweenCharacters) {
     EXPECT_EQ(truncated("abc", 3), "abc");
     EXPECT_EQ(truncated("abcd", 3), "ab…");
