@@ -4,6 +4,7 @@
 #include "platform/foundation/Diagnostics.h"
 #include "platform/foundation/FileSystem.h"
 #include "platform/foundation/PropertyList.h"
+#include "platform/foundation/Utf8.h"
 #include "platform/foundation/Value.h"
 
 #include <algorithm>
@@ -18,8 +19,8 @@ constexpr std::string_view Suffix = ".app";
 constexpr std::size_t LargestInfo = 1u << 20;
 constexpr std::size_t LongestText = 1024;
 constexpr std::size_t MostIcons = 32;
-/// A device has a few hundred.
-constexpr std::size_t MostApplications = 10000;
+/// Folders that are looked at, with an application in them or not. A device has a few hundred.
+constexpr std::size_t MostFolders = 10000;
 
 /// Where .app folders stand: directly, or one folder per application further down.
 struct Place {
@@ -32,10 +33,6 @@ constexpr std::array Places{
     Place{"/var/mobile/Applications", true},
     Place{"/var/containers/Bundle/Application", true},
 };
-
-std::string tooMany(const std::string& folder) {
-    return "There are more applications in " + folder + " than a list can show: the others are left out.";
-}
 
 std::vector<std::string> sortedNames(const std::string& folder) {
     std::vector<std::string> names;
@@ -94,8 +91,9 @@ std::optional<Application> applicationIn(const std::string& folder, std::string_
     application.name = text(*info, "CFBundleDisplayName");
     if (application.name.empty())
         application.name = text(*info, "CFBundleName");
+    // A folder's name need not be text.
     if (application.name.empty())
-        application.name = folderName;
+        application.name = isValidUtf8(folderName) ? folderName : application.identifier;
     application.folder = folder;
     if (FileStatus status; !files.status(path, Links::Follow, status))
         application.version = status.inode ^ (status.size << 32);
@@ -103,38 +101,60 @@ std::optional<Application> applicationIn(const std::string& folder, std::string_
     return application;
 }
 
-/// The applications directly in a folder.
-void addApplications(const std::string& folder, std::vector<Application>& applications) {
-    for (const std::string& name : sortedNames(folder)) {
-        if (name.size() <= Suffix.size() || !name.ends_with(Suffix))
-            continue;
-        if (applications.size() >= MostApplications)
-            return diagnose(tooMany(folder));
-        const auto folderName = std::string_view(name).substr(0, name.size() - Suffix.size());
-        if (auto application = applicationIn(folder + "/" + name, folderName))
-            applications.push_back(std::move(*application));
+/// Looks through folders for applications, and at so many that it ends whatever it finds there.
+class Search {
+public:
+    /// False: it has come to its end, and has said so.
+    bool lookIn(const std::string& folder) {
+        for (const std::string& name : sortedNames(folder)) {
+            if (name.size() <= Suffix.size() || !name.ends_with(Suffix))
+                continue;
+            if (!mayLookAtOneMore(folder))
+                return false;
+            const auto folderName = std::string_view(name).substr(0, name.size() - Suffix.size());
+            if (auto application = applicationIn(folder + "/" + name, folderName))
+                found_.push_back(std::move(*application));
+        }
+        return true;
     }
-}
+
+    bool lookInContainers(const std::string& folder) {
+        for (const std::string& container : sortedNames(folder)) {
+            if (++containers_ > MostFolders)
+                return tellTooMany(folder);
+            if (!lookIn(folder + "/" + container))
+                return false;
+        }
+        return true;
+    }
+
+    std::vector<Application> take() { return std::move(found_); }
+
+private:
+    bool mayLookAtOneMore(const std::string& folder) {
+        return ++folders_ <= MostFolders || tellTooMany(folder);
+    }
+    static bool tellTooMany(const std::string& folder) {
+        diagnose("There are more applications in " + folder +
+                 " than a list can show: the others are left out.");
+        return false;
+    }
+
+    std::vector<Application> found_;
+    std::size_t folders_ = 0;
+    std::size_t containers_ = 0;
+};
 
 } // namespace
 
 std::vector<Application> bundleApplications() {
-    std::vector<Application> applications;
+    Search search;
     for (const Place& place : Places) {
         const std::string folder = pathOnDevice(place.devicePath);
-        if (!place.inContainers) {
-            addApplications(folder, applications);
-            continue;
-        }
-        std::vector<std::string> containers = sortedNames(folder);
-        if (containers.size() > MostApplications) {
-            diagnose(tooMany(folder));
-            containers.resize(MostApplications);
-        }
-        for (const std::string& container : containers)
-            addApplications(folder + "/" + container, applications);
+        if (!(place.inContainers ? search.lookInContainers(folder) : search.lookIn(folder)))
+            break;
     }
-    return applications;
+    return search.take();
 }
 
 } // namespace platform::applist

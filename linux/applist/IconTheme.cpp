@@ -15,6 +15,8 @@ namespace {
 constexpr const char* LastTheme = "hicolor";
 constexpr std::size_t LargestIndex = 1u << 20;
 constexpr std::size_t MostThemes = 16;
+/// Of one theme; large ones have hundreds.
+constexpr std::size_t MostFolders = 4096;
 constexpr std::array<std::string_view, 3> Extensions{".png", ".svg", ".jpg"};
 
 /// Where settings files name the icon theme, below a configuration folder.
@@ -157,6 +159,7 @@ std::vector<IconTheme::Folder> IconTheme::foldersOf(const std::string& theme,
     std::vector<std::string> names = listOf(*index, "Icon Theme", "Directories");
     for (std::string& name : listOf(*index, "Icon Theme", "ScaledDirectories"))
         names.push_back(std::move(name));
+    names.resize(std::min(names.size(), MostFolders));
     for (const std::string& name : names) {
         const char* group = name.c_str();
         const int scale = numberOf(*index, group, "Scale", 1);

@@ -196,6 +196,25 @@ TEST_F(Bombs, OfNamesWithoutEndAreCountedAsNoNames) {
     EXPECT_LT(seen.size(), 100000u);
 }
 
+TEST_F(Bombs, OfApplicationsWithoutEndAreCutWithAWordInTheLog) {
+    putApplication("0.app", "org.example.first", "First");
+    putApplication("zzz.app", "org.example.last", "Last");
+    for (int i = 0; i < 10000; ++i)
+        fs::create_directory_symlink("0.app", onDisk("/Applications/" + std::to_string(i + 1) + ".app"));
+    const std::string seen = settings(openPicker);
+    EXPECT_TRUE(contains(seen, "org.example.first"));
+    EXPECT_FALSE(contains(seen, "org.example.last"));
+    EXPECT_TRUE(contains(readFile(logPath), "than a list can show: the others are left out."));
+}
+
+TEST_F(Bombs, OfFoldersWithoutAnApplicationAreLookedAtAsOftenOnly) {
+    for (int i = 0; i < 10000; ++i)
+        fs::create_directory(onDisk("/Applications/" + std::to_string(i) + ".app"));
+    putApplication("zzz.app", "org.example.last", "Last");
+    EXPECT_FALSE(contains(settings(openPicker), "org.example.last"));
+    EXPECT_TRUE(contains(readFile(logPath), "than a list can show: the others are left out."));
+}
+
 TEST_F(Bombs, OfBundlesWithoutEndAreCutWithAWord) {
     for (int i = 0; i < 520; ++i)
         makeFolder("/Library/PreferenceBundles/" + std::to_string(i) + ".bundle");

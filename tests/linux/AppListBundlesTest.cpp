@@ -70,6 +70,33 @@ TEST_F(AppListBundles, OfTheSameIdentifierCountOnceTheFirst) {
     EXPECT_EQ(list().applications(), (platform::Dictionary{{"org.a", "First"}}));
 }
 
+TEST_F(AppListBundles, AreNamedByIdentifierWhereTheFoldersNameIsNoText) {
+    install("/Applications/\xff\xfe.app", "org.a", "");
+    EXPECT_EQ(nameOf("org.a"), "org.a");
+}
+
+TEST_F(AppListBundles, OfAPlaceInContainersAreLookedForInSoManyContainers) {
+    const std::string place = "/var/containers/Bundle/Application";
+    for (int i = 0; i < 10000; ++i)
+        fs::create_directories(onDisk(place + "/" + std::to_string(i)));
+    install(place + "/0/A.app", "org.first", "First");
+    install(place + "/zzz/A.app", "org.last", "Last");
+    EXPECT_EQ(list().applications(), (platform::Dictionary{{"org.first", "First"}}));
+    fs::remove(onDisk(place + "/5000"));
+    EXPECT_EQ(nameOf("org.last"), "Last") << "the last one that is looked at";
+}
+
+TEST_F(AppListBundles, HaveNamesOfALimitedLength) {
+    const std::string longest(1024, 'x');
+    const std::string tooLong = longest + 'x';
+    install("/Applications/A.app", longest, longest);
+    install("/Applications/B.app", tooLong, "B");
+    install("/Applications/C.app", "org.c", tooLong, "<key>CFBundleName</key><string>Shorter</string>");
+    install("/Applications/D.app", "org.d", tooLong);
+    EXPECT_EQ(list().applications(),
+              (platform::Dictionary{{longest, longest}, {"org.c", "Shorter"}, {"org.d", "D"}}));
+}
+
 TEST_F(AppListBundles, AreLookedForAnewEachTime) {
     install("/Applications/A.app", "org.a", "A");
     EXPECT_EQ(nameOf("org.a"), "A");

@@ -61,6 +61,40 @@ TEST_F(AppListDesktop, SkipsBrokenEntriesAndKeepsTheOthers) {
     EXPECT_EQ(list().applications(), (platform::Dictionary{{"org.good", "Good"}}));
 }
 
+TEST_F(AppListDesktop, SkipsEntriesWithNamesOfTooGreatALength) {
+    const std::string longest(1024, 'x');
+    writeEntry("org.long.desktop", "Name=" + longest + "\n");
+    writeEntry("org.longer.desktop", "Name=" + longest + "x\n");
+    // Folders are part of the identifier.
+    std::string folders;
+    for (int i = 0; i < 5; ++i)
+        folders += std::string(200, 'f') + '/';
+    writeEntry(folders + std::string(19, 'i') + ".desktop", "Name=Fits\n");
+    writeEntry(folders + std::string(20, 'i') + ".desktop", "Name=Does not\n");
+    const platform::Dictionary found = list().applications();
+    EXPECT_EQ(found.size(), 2U);
+    EXPECT_EQ(nameOf("org.long"), longest);
+    for (const auto& [identifier, name] : found)
+        EXPECT_LE(identifier.size(), longest.size());
+}
+
+TEST_F(AppListDesktop, LooksIntoSoManyFoldersOfATheme) {
+    constexpr int most = 4096;
+    std::string names = "Directories=";
+    std::string groups;
+    for (int i = 1; i <= most + 1; ++i) {
+        names += std::to_string(i) + ',';
+        groups += '[' + std::to_string(i) + "]\nSize=64\nType=Fixed\n";
+    }
+    writeTheme("hicolor", "", names + '\n' + groups);
+    writeEntry("last.desktop", "Name=x\nIcon=last\n");
+    writeEntry("beyond.desktop", "Name=x\nIcon=beyond\n");
+    writeDesktop("icons/hicolor/" + std::to_string(most) + "/last.png", png(64));
+    writeDesktop("icons/hicolor/" + std::to_string(most + 1) + "/beyond.png", png(64));
+    EXPECT_EQ(iconPath("last"), "icons/hicolor/" + std::to_string(most) + "/last.png");
+    EXPECT_EQ(iconPath("beyond"), "");
+}
+
 TEST_F(AppListDesktop, GivesWayToAFolderOfTheSameIdentifier) {
     writeEntry("org.a.desktop", "Name=Entry\n");
     writeFile("/unused", "");

@@ -63,6 +63,40 @@ TEST_F(AppListIcons, AreNamedByAnyOfTheKeys) {
     EXPECT_EQ(iconOf("org.d"), "Drawn.svg");
 }
 
+TEST_F(AppListIcons, HaveNamesOfALimitedLength) {
+    const std::string file = "App.png";
+    std::string longest = file;
+    while (longest.size() + 2 <= 1024)
+        longest.insert(0, "./");
+    writeIcon(file, png(29));
+    installWithIcon(longest);
+    EXPECT_EQ(iconOf("org.a"), file);
+    for (const char* key : {"CFBundleIconFile", "CFBundleIconFiles"}) {
+        const std::string name = "<string>.//" + longest + "</string>";
+        const bool isList = std::string_view(key) == "CFBundleIconFiles";
+        install("/Applications/B.app", "org.b", key,
+                "<key>" + std::string(key) + "</key>" + (isList ? "<array>" + name + "</array>" : name));
+        writeFile("/Applications/B.app/App.png", png(29));
+        list().applications();
+        EXPECT_EQ(iconOf("org.b"), "") << key;
+    }
+}
+
+TEST_F(AppListIcons, HaveALimitedNumberOfNames) {
+    const auto installWith = [this](int names) {
+        std::string all;
+        for (int i = 1; i < names; ++i)
+            all += "<string>none" + std::to_string(i) + "</string>";
+        install("/Applications/A.app", "org.a", std::to_string(names),
+                "<key>CFBundleIconFiles</key><array>" + all + "<string>Last.png</string></array>");
+        writeIcon("Last.png", png(29));
+        list().applications();
+        return iconOf("org.a");
+    };
+    EXPECT_EQ(installWith(32), "Last.png");
+    EXPECT_EQ(installWith(33), "");
+}
+
 TEST_F(AppListIcons, OutsideTheFolderAreRefused) {
     writeFile("/secret.png", png(58));
     for (const std::string name : {"../../secret.png", "link.png", "folder/secret.png"}) {
