@@ -70,6 +70,9 @@ void LoopSources::process() {
 
 void LoopSources::refresh() {
     std::optional<LoopSource::Clock::time_point> nearest;
+    // All that is given up first: its number may be another source's by now.
+    for (Watch& each : watches_)
+        unwatch(each);
     for (Watch& each : watches_) {
         watch(each);
         const auto deadline = each.source->deadline();
@@ -79,13 +82,18 @@ void LoopSources::refresh() {
     setTimer(nearest);
 }
 
+void LoopSources::unwatch(Watch& watch) {
+    if (watch.descriptor < 0 || watch.descriptor == watch.source->descriptor())
+        return;
+    epoll_ctl(epoll_.get(), EPOLL_CTL_DEL, watch.descriptor, nullptr);
+    watch.descriptor = -1;
+}
+
 void LoopSources::watch(Watch& watch) {
     const int descriptor = watch.source->descriptor();
     const short events = descriptor >= 0 ? watch.source->events() : short{0};
     if (descriptor == watch.descriptor && events == watch.events)
         return;
-    if (watch.descriptor >= 0 && watch.descriptor != descriptor)
-        epoll_ctl(epoll_.get(), EPOLL_CTL_DEL, watch.descriptor, nullptr);
     if (descriptor >= 0) {
         epoll_event event{};
         event.events = epollEvents(events);

@@ -41,6 +41,7 @@ private:
 
     LoopSources();
 
+    void unwatch(Watch& watch);
     void watch(Watch& watch);
     void setTimer(std::optional<LoopSource::Clock::time_point> deadline);
 
