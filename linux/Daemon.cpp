@@ -76,7 +76,8 @@ bool runDaemon(const std::vector<std::string>& command, std::chrono::millisecond
     while (!hasEnded(process, status)) {
         if (Clock::now() >= deadline) {
             kill(process, SIGKILL);
-            waitpid(process, &status, 0);
+            while (waitpid(process, &status, 0) < 0 && errno == EINTR) {
+            }
             return false;
         }
         // A child's end wakes no poll, and the signal belongs to the host: look again in a moment.

@@ -3,12 +3,15 @@
 #include "linux/MailOutbox.h"
 #include "linux/MailPortal.h"
 #include "linux/MailProgram.h"
+#include "linux/QuietThread.h"
 #include "platform/foundation/NSOperationQueue.h"
 #include "platform/services/SystemMailService.h"
 
 #include <algorithm>
 #include <future>
+#include <memory>
 #include <thread>
+#include <utility>
 
 namespace platform {
 
@@ -25,10 +28,10 @@ MailOutcome sendBy(const std::vector<std::shared_ptr<MailRoute>>& routes, const 
     return {MailOutcome::Kind::Failed, "No mail program could be reached."};
 }
 
-/// On a thread of its own. `done` keeps objects of the main thread alive, so it is handed over to die there.
-void sendAndTell(const std::vector<std::shared_ptr<MailRoute>>& routes, const MailMessage& message,
-                 std::function<void(const MailOutcome&)>&& done) {
-    const MailOutcome outcome = sendBy(routes, message);
+using Told = std::function<void(const MailOutcome&)>;
+
+/// `done` keeps objects of the main thread alive: it is handed over to die there.
+void tell(const MailOutcome& outcome, Told done) {
     NSOperationQueue::mainQueue().addOperation([outcome, done = std::move(done)] { done(outcome); });
 }
 
@@ -37,7 +40,10 @@ void sendAndTell(const std::vector<std::shared_ptr<MailRoute>>& routes, const Ma
 bool opensInTime(const std::shared_ptr<MailRoute>& route) {
     auto promise = std::make_shared<std::promise<bool>>();
     auto open = promise->get_future();
-    std::thread([route, promise] { promise->set_value(route->isOpen()); }).detach();
+    std::thread asking = quietThread([route, promise] { promise->set_value(route->isOpen()); });
+    if (!asking.joinable())
+        return false;
+    asking.detach();
     return open.wait_for(patience) == std::future_status::ready && open.get();
 }
 
@@ -46,7 +52,14 @@ bool LinuxMailService::canSendMail() {
 }
 
 void LinuxMailService::send(const MailMessage& message, std::function<void(const MailOutcome&)> done) {
-    std::thread(sendAndTell, routes_, message, std::move(done)).detach();
+    const auto handedOver = std::make_shared<Told>(std::move(done));
+    std::thread sending = quietThread([routes = routes_, message, handedOver] {
+        tell(sendBy(routes, message), std::exchange(*handedOver, {}));
+    });
+    if (sending.joinable())
+        sending.detach();
+    else
+        tell({MailOutcome::Kind::Failed, "The system has no room for another thread."}, *handedOver);
 }
 
 MailService& systemMailService() {

@@ -1,5 +1,7 @@
 #include "linux/PageFetch.h"
 
+#include "linux/QuietThread.h"
+
 #include <curl/curl.h>
 
 #include <memory>
@@ -106,12 +108,20 @@ std::optional<CURLcode> transfer(CURLM* transfers, CURL* handle, Wanted isWanted
 PageFetch::PageFetch(std::string url, TextWebEngineOptions options, std::weak_ptr<const void> reader,
                      Completion completion)
     : url_(std::move(url)), options_(std::move(options)), reader_(std::move(reader)),
-      completion_(std::move(completion)), transfers_(makeTransfers()), thread_([this] { run(); }) {}
+      completion_(std::move(completion)), transfers_(makeTransfers()),
+      thread_(quietThread([this] { run(); })) {
+    if (!thread_.joinable())
+        completion_({.error = "The system has no room for another thread",
+                     .bytes = {},
+                     .contentType = {},
+                     .url = {}});
+}
 
 PageFetch::~PageFetch() {
     givenUp_ = true;
     curl_multi_wakeup(transfers_);
-    thread_.join();
+    if (thread_.joinable())
+        thread_.join();
     curl_multi_cleanup(transfers_);
 }
 

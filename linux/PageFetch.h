@@ -26,6 +26,7 @@ struct FetchedPage {
 class PageFetch {
 public:
     /// Runs in the fetch's thread, at its end, the reader gone or not; not when the fetch itself goes away.
+    /// Where there is no thread to be had it runs at once.
     using Completion = std::function<void(FetchedPage)>;
 
     /// Ends with an error as soon as `reader` is gone.

@@ -1,6 +1,7 @@
 #include "linux/Program.h"
 
 #include "linux/FileDescriptor.h"
+#include "linux/QuietThread.h"
 
 #include <algorithm>
 #include <array>
@@ -100,26 +101,35 @@ bool readAll(int descriptor, Clock::time_point deadline, std::string& output) {
     }
 }
 
-bool takeStatus(pid_t process, int& status) {
+enum class Patience { None, UntilItsEnd };
+
+/// Takes the status of a process that has ended; its exit code, none while it runs. A host that ignores its
+/// children's ends has the status taken from us: then it is that of a success.
+std::optional<int> takeExitCode(pid_t process, Patience patience) {
+    int status = 0;
     pid_t taken = 0;
     do
-        taken = waitpid(process, &status, 0);
+        taken = waitpid(process, &status, patience == Patience::None ? WNOHANG : 0);
     while (taken < 0 && errno == EINTR);
-    return taken == process;
+    if (taken < 0)
+        return 0;
+    return taken == process ? std::optional(exitCodeOf(status)) : std::nullopt;
 }
 
 /// Waits for the process's end and takes its status; none when the time is over before.
 std::optional<int> waitFor(pid_t process, Clock::time_point deadline) {
+    constexpr int lookMilliseconds = 5;
     const FileDescriptor handle(static_cast<int>(syscall(SYS_pidfd_open, process, 0)));
-    if (handle) {
-        pollfd watched{handle.get(), POLLIN, 0};
-        while (poll(&watched, 1, millisecondsUntil(deadline)) < 0 && errno == EINTR) {
-        }
-        if (!(watched.revents & POLLIN))
+    while (true) {
+        if (const auto code = takeExitCode(process, Patience::None))
+            return code;
+        const int left = millisecondsUntil(deadline);
+        if (left == 0)
             return std::nullopt;
+        // Older systems, and containers that allow only calls they know, have no handles of processes.
+        pollfd watched{handle.get(), POLLIN, 0};
+        poll(&watched, 1, handle ? left : std::min(left, lookMilliseconds));
     }
-    int status = 0;
-    return takeStatus(process, status) ? std::optional(exitCodeOf(status)) : std::nullopt;
 }
 
 } // namespace
@@ -157,8 +167,7 @@ std::optional<ProgramResult> runProgram(const std::vector<std::string>& words,
     }
     // Its whole session: what it started holds the pipe as well.
     kill(-*process, SIGKILL);
-    int ignored = 0;
-    takeStatus(*process, ignored);
+    takeExitCode(*process, Patience::UntilItsEnd);
     return std::nullopt;
 }
 
@@ -169,10 +178,9 @@ std::optional<int> startProgram(const std::vector<std::string>& words, std::chro
     if (const auto code = waitFor(*process, Clock::now() + patience))
         return code;
     // Somebody has to take its status when it ends.
-    std::thread([process = *process] {
-        int ignored = 0;
-        takeStatus(process, ignored);
-    }).detach();
+    std::thread taking = quietThread([process = *process] { takeExitCode(process, Patience::UntilItsEnd); });
+    if (taking.joinable())
+        taking.detach();
     return 0;
 }
 

@@ -1,4 +1,5 @@
 #include "tests/support/LocalWeb.h"
+#include "tests/support/NoMoreThreads.h"
 #include "tests/support/Patience.h"
 
 #include <gtest/gtest.h>
@@ -66,6 +67,14 @@ TEST_F(CurlWebEngine, TellsAFailureWhereTheConnectionIsRefused) {
     EXPECT_EQ(after(2), (Told{"start", "fail"}));
     EXPECT_EQ(view->text(), "");
     EXPECT_NE(reports->lastError, "");
+}
+
+TEST_F(CurlWebEngine, TellsAFailureWhereTheSystemHasNoMoreThreads) {
+    server.answer("/", "text");
+    const NoMoreThreads none;
+    view->loadRequest({server.url("/")});
+    EXPECT_EQ(after(2), (Told{"start", "fail"}));
+    EXPECT_EQ(reports->lastError, "The system has no room for another thread");
 }
 
 TEST_F(CurlWebEngine, GivesUpOnAServerThatStaysSilent) {

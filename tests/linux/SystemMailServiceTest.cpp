@@ -2,12 +2,15 @@
 
 #include "platform/foundation/MainLoop.h"
 #include "tests/support/BusFixture.h"
+#include "tests/support/HeldSignal.h"
+#include "tests/support/NoMoreThreads.h"
 #include "tests/support/Patience.h"
 #include "tests/support/Places.h"
 
 #include <filesystem>
 #include <fstream>
 #include <optional>
+#include <sys/stat.h>
 
 namespace wardlock::test {
 namespace {
@@ -228,6 +231,48 @@ TEST_F(SystemMailService, TakesTheNextWayWhereThePortalFails) {
     Process portal(programFolder() + "/test-email-portal", {"2"});
     ASSERT_EQ(portal.readLine(), "ready");
     EXPECT_EQ(send().kind, MailOutcome::Kind::SavedToOutbox);
+}
+
+TEST_F(SystemMailService, LeavesTheSignalsOfTheHostToIt) {
+    makeFolder(outbox);
+    const std::string person = folder() / "person";
+    ASSERT_EQ(mkfifo(person.c_str(), 0600), 0);
+    Process portal(programFolder() + "/test-email-portal", {"0", "4", person});
+    ASSERT_EQ(portal.readLine(), "ready");
+    HeldSignal signal;
+    std::optional<MailOutcome> outcome;
+    platform::systemMailService().send(message(), [&](const MailOutcome& result) { outcome = result; });
+    signal.hold();
+    while (portal.readLine().value_or("asking") != "asking") {
+    }
+    // Whoever took it would take its wait for the person's answer for ended, and send the mail by another
+    // way.
+    signal.send();
+    std::ofstream(person).close();
+    EXPECT_TRUE(platform::MainLoop::shared().runUntil([&] { return outcome.has_value(); }, patience));
+    EXPECT_EQ(outcome.value_or(MailOutcome()).kind, MailOutcome::Kind::HandedOver);
+    EXPECT_TRUE(savedMails().empty()) << "it was sent twice";
+    EXPECT_TRUE(signal.isHeld()) << "a thread has taken it";
+}
+
+TEST_F(SystemMailService, FailsWhereTheSystemHasNoMoreThreads) {
+    makeFolder(outbox);
+    const NoMoreThreads none;
+    EXPECT_FALSE(platform::systemMailService().canSendMail());
+    EXPECT_EQ(send().kind, MailOutcome::Kind::Failed);
+}
+
+TEST_F(SystemMailService, AsksNoPortalInARuntimeFolderThatOthersCanChange) {
+    Process portal(programFolder() + "/test-email-portal", {"0"});
+    ASSERT_EQ(portal.readLine(), "ready");
+    const std::string runtime = folder() / "run";
+    fs::create_symlink(bus.address().substr(std::string("unix:path=").size()), runtime + "/bus");
+    environment.unset("DBUS_SESSION_BUS_ADDRESS");
+    EXPECT_TRUE(platform::systemMailService().canSendMail()) << "or the rest would prove nothing";
+    for (const unsigned mode : {0770U, 0702U, 01777U}) {
+        fs::permissions(runtime, static_cast<fs::perms>(mode));
+        EXPECT_FALSE(platform::systemMailService().canSendMail()) << std::oct << mode;
+    }
 }
 
 TEST_F(SystemMailService, IsNotHeldUpByAStoppedBus) {

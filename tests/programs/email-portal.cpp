@@ -1,5 +1,7 @@
 // A desktop's email portal: prints what it is asked to compose, a line each, and answers with the response
-// code of its argument. "ready" says that it can be called.
+// code of its first argument; the second is its version. The third is a pipe by name: the answer comes when
+// somebody has opened it for writing, as a person who chooses a mail program lets one wait. "ready" says that
+// it can be called.
 
 #include <systemd/sd-bus.h>
 
@@ -8,6 +10,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <fcntl.h>
 #include <string>
 #include <unistd.h>
 
@@ -15,6 +18,7 @@ namespace {
 
 std::uint32_t responseCode = 0;
 std::uint32_t portalVersion = 4;
+const char* person = nullptr;
 
 std::string contentOf(int file) {
     std::array<char, 4096> room{};
@@ -61,6 +65,14 @@ void readOption(sd_bus_message* call, std::string& token) {
     sd_bus_message_exit_container(call);
 }
 
+void waitForPerson(sd_bus_message* call, const std::string& request) {
+    sd_bus_reply_method_return(call, "o", request.c_str());
+    sd_bus_flush(sd_bus_message_get_bus(call));
+    std::puts("asking");
+    std::fflush(stdout);
+    close(open(person, O_RDONLY));
+}
+
 int composeEmail(sd_bus_message* call, void*, sd_bus_error*) {
     std::string token;
     const char* parent = nullptr;
@@ -75,13 +87,15 @@ int composeEmail(sd_bus_message* call, void*, sd_bus_error*) {
     for (char& letter : sender)
         letter = letter == '.' ? '_' : letter;
     const std::string request = "/org/freedesktop/portal/desktop/request/" + sender + '/' + token;
-    // The answer before the call returns: the caller has to be listening by now.
     sd_bus* bus = sd_bus_message_get_bus(call);
+    if (person)
+        waitForPerson(call, request);
+    // Else the answer before the call returns: the caller has to be listening by now.
     sd_bus_emit_signal(bus, request.c_str(), "org.freedesktop.portal.Request", "Response", "ua{sv}",
                        responseCode, 0);
     std::puts("composed");
     std::fflush(stdout);
-    return sd_bus_reply_method_return(call, "o", request.c_str());
+    return person ? 1 : sd_bus_reply_method_return(call, "o", request.c_str());
 }
 
 const sd_bus_vtable emailTable[] = {
@@ -98,6 +112,8 @@ int main(int count, char** arguments) {
         responseCode = static_cast<std::uint32_t>(std::atoi(arguments[1]));
     if (count > 2)
         portalVersion = static_cast<std::uint32_t>(std::atoi(arguments[2]));
+    if (count > 3)
+        person = arguments[3];
     sd_bus* bus = nullptr;
     if (sd_bus_open_user(&bus) < 0 ||
         sd_bus_add_object_vtable(bus, nullptr, "/org/freedesktop/portal/desktop",
