@@ -13,6 +13,7 @@
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
+#include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -127,6 +128,35 @@ TEST_F(Bus, OfOursLetsNobodyElseInEvenWhereItsFolderStandsOpen) {
     ASSERT_EQ(OtherUser::does([this] { return connected() < 0 ? errno : 0; }), 0)
         << "the socket can be reached";
     EXPECT_EQ(OtherUser::does([this] { return entered(); }), EPERM);
+}
+
+/// All descriptors of this process are in use but so many.
+class FewDescriptors {
+public:
+    explicit FewDescriptors(rlim_t left) {
+        EXPECT_EQ(::getrlimit(RLIMIT_NOFILE, &before_), 0);
+        const int free = ::dup(STDERR_FILENO);
+        ::close(free);
+        const rlimit few{static_cast<rlim_t>(free) + left, before_.rlim_max};
+        EXPECT_EQ(::setrlimit(RLIMIT_NOFILE, &few), 0);
+    }
+    ~FewDescriptors() { EXPECT_EQ(::setrlimit(RLIMIT_NOFILE, &before_), 0); }
+    FewDescriptors(const FewDescriptors&) = delete;
+    FewDescriptors& operator=(const FewDescriptors&) = delete;
+
+private:
+    rlimit before_{};
+};
+
+TEST_F(Bus, OfOursIsNotTakenFromOthersByAProcessShortOfDescriptors) {
+    startDaemon();
+    for (rlim_t left = 0; left <= 2; ++left) {
+        const FewDescriptors few(left);
+        // One is the lock's; none is left to ask whether anybody listens.
+        EXPECT_EQ(platform::OwnBus(busFolder()).start() == platform::OwnBus::Start::Running, left == 2);
+    }
+    EXPECT_EQ(entered(), 0);
+    EXPECT_EQ(busDaemonsOf(busFolder()).size(), 1U);
 }
 
 TEST_F(Bus, OfOursIsVisitedInAFolderOfOurs) {

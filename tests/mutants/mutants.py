@@ -92,7 +92,7 @@ ALL = [
         (FILE, "if (error && error != std::errc::no_such_file_or_directory)\n        error = read();", "static_cast<void>(read);"),
     ]),
     Mutant("damaged-not-kept", "the bytes of a damaged document are not kept", both("killed"), [
-        (FILE, "if (state_ == State::Unknown || keepOld(sync))", "if (state_ == State::Unknown)"),
+        (FILE, "    if (std::error_code error = keepOld(sync))\n        return error;\n", ""),
     ]),
     Mutant("damaged-not-synced", "the kept bytes are not on the disk when the document is replaced", both("power-cut"), [
         (FILE, "return copyAside(sync);", "return copyAside(sync == Sync::Full ? Sync::None : sync);"),
