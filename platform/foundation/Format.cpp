@@ -163,14 +163,31 @@ FormatArgument::FormatArgument(const Value* object) {
         argument_ = object;
 }
 
+FormatArgument::FormatArgument(const std::string* text) {
+    if (text)
+        argument_ = std::string_view(*text);
+}
+
+FormatArgument::FormatArgument(const void* address)
+    : argument_(static_cast<std::uint64_t>(reinterpret_cast<std::uintptr_t>(address))) {}
+
 FormatArgument::FormatArgument(const Array& object) : argument_(Value(object)) {}
 
-FormatArgument::FormatArgument(const Dictionary& object) : argument_(Value(object)) {}
-
-FormatArgument::FormatArgument(const std::optional<Dictionary>& object) {
+FormatArgument::FormatArgument(const Array* object) {
     if (object)
         argument_ = Value(*object);
 }
+
+FormatArgument::FormatArgument(const Dictionary& object) : argument_(Value(object)) {}
+
+FormatArgument::FormatArgument(const Dictionary* object) {
+    if (object)
+        argument_ = Value(*object);
+}
+
+FormatArgument::FormatArgument(const MutableArray& object) : argument_(Value(object.copy())) {}
+
+FormatArgument::FormatArgument(const MutableDictionary& object) : argument_(Value(object.copy())) {}
 
 FormatArgument::~FormatArgument() = default;
 

@@ -15,7 +15,8 @@
 
 namespace platform {
 
-/// One argument of a format: a number, a text, or an object ("%@"); an absent object prints as "(null)".
+/// One argument of a format: a number, an address ("%p"), a text, or an object ("%@"). A pointer to an object
+/// and an optional one are the object; an absent object prints as "(null)".
 class WARDLOCK_API FormatArgument {
 public:
     template <std::integral T>
@@ -31,10 +32,18 @@ public:
     // The rest stands out of line: inlined at each call it costs code, and gcc 12 takes the object for
     // uninitialised.
     FormatArgument(const char* text);
+    FormatArgument(const std::string* text);
+    FormatArgument(const void* address);
     FormatArgument(const Value* object);
     FormatArgument(const Array& object);
+    FormatArgument(const Array* object);
     FormatArgument(const Dictionary& object);
-    FormatArgument(const std::optional<Dictionary>& object);
+    FormatArgument(const Dictionary* object);
+    FormatArgument(const MutableArray& object);
+    FormatArgument(const MutableDictionary& object);
+    template <class T>
+    FormatArgument(const std::optional<T>& object)
+        : FormatArgument(object ? FormatArgument(*object) : FormatArgument(nullptr)) {}
     ~FormatArgument();
 
     using Argument = std::variant<std::monostate, std::int64_t, std::uint64_t, double, std::string_view,

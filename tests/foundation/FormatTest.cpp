@@ -146,6 +146,32 @@ TEST(Format, CutsTextToThePrecisionWithoutSplittingACharacter) {
 
 TEST(Format, PrintsAddresses) {
     EXPECT_EQ(stringWithFormat("%p", std::uintptr_t{0xbeef}), "0xbeef");
+    int here = 0;
+    EXPECT_EQ(stringWithFormat("%p", &here), stringWithFormat("%p", reinterpret_cast<std::uintptr_t>(&here)));
+    EXPECT_EQ(stringWithFormat("%p", static_cast<void*>(nullptr)), "0x0");
+}
+
+TEST(Format, PrintsWhatAPointerToAnObjectPointsTo) {
+    const std::string text = "text";
+    const Array array{1};
+    const Dictionary dictionary{{"a", 2}};
+    EXPECT_EQ(stringWithFormat("%@ %@ %@", &text, &array, &dictionary), "text (\n    1\n) {\n    a = 2;\n}");
+    EXPECT_EQ(stringWithFormat("%@ %@ %@", static_cast<const std::string*>(nullptr),
+                               static_cast<const Array*>(nullptr), static_cast<const Dictionary*>(nullptr)),
+              "(null) (null) (null)");
+}
+
+TEST(Format, PrintsMutableCollectionsAsObjects) {
+    EXPECT_EQ(stringWithFormat("%@ %@", MutableArray(Array{1}), MutableDictionary(Dictionary{{"a", 2}})),
+              "(\n    1\n) {\n    a = 2;\n}");
+}
+
+TEST(Format, PrintsWhatAnOptionalHolds) {
+    EXPECT_EQ(stringWithFormat("%@ %@ %@ %d", std::optional<Value>("a"), std::optional<std::string>("b"),
+                               std::optional<MutableDictionary>(MutableDictionary()), std::optional<int>(-3)),
+              "a b {\n} -3");
+    EXPECT_EQ(stringWithFormat("%@ %@", std::optional<Value>(), std::optional<MutableDictionary>()),
+              "(null) (null)");
 }
 
 TEST(Format, TakesArgumentsByPosition) {
