@@ -27,6 +27,8 @@ WindowHost::WindowHost(platform::AnimationClock& clock, double transitionSeconds
     engine_.rootContext()->setContextProperty(QStringLiteral("appearance"), &appearance_);
     engine_.addImportPath(QStringLiteral("qrc:/"));
     engine_.load(QUrl(QStringLiteral("qrc:/Wardlock/Main.qml")));
+    // Where the display activates a window at once, the first change is missed.
+    active_ = QGuiApplication::applicationState() == Qt::ApplicationActive;
     connect(qApp, &QGuiApplication::applicationStateChanged, this, &WindowHost::followApplicationState);
 }
 

@@ -2,6 +2,7 @@
 #include "tests/app/WindowFixture.h"
 
 #include <QGuiApplication>
+#include <QWindow>
 #include <gtest/gtest.h>
 
 namespace wardlock::test {
@@ -162,6 +163,17 @@ TEST_F(WindowPasscode, GoesWithTheActivityOfTheApplication) {
     clock.step(fade);
     scene().expectGone("keypad:status");
     EXPECT_EQ(passcode(), "");
+}
+
+TEST_F(WindowPasscode, GoesAlsoWhereTheApplicationWasActiveBeforeTheWindowCame) {
+    QWindow other;
+    other.show();
+    other.requestActivate();
+    ASSERT_TRUE(until([] { return QGuiApplication::applicationState() == Qt::ApplicationActive; }));
+    openKeypad();
+    emit qGuiApp->applicationStateChanged(Qt::ApplicationInactive);
+    clock.step(fade);
+    scene().expectGone("keypad:status");
 }
 
 TEST_F(WindowPasscode, FitsASmallWindowAndLargeLetters) {
