@@ -78,6 +78,7 @@ TEST_F(List, BuildsItsRowsAnewOnReload) {
 }
 
 TEST_F(List, AddsARowAtItsEnd) {
+    ASSERT_FALSE(page->sections().at({1, 3}));
     page->addSpecifier(page->row("New", PSCellType::Link), true);
     EXPECT_EQ(display.events, std::vector<std::string>{"row inserted 1/3 animated"});
     EXPECT_EQ(page->sections().at({1, 3})->name(), "New");
