@@ -1,7 +1,5 @@
 #include "app/BlurredBackdrop.h"
 
-#include <QPainter>
-
 #include <algorithm>
 #include <vector>
 
@@ -58,12 +56,12 @@ QImage blurred(const QImage& picture, int reach) {
 }
 
 void BlurredBackdrop::componentComplete() {
-    QQuickPaintedItem::componentComplete();
+    PaintedItem::componentComplete();
     grab();
 }
 
 void BlurredBackdrop::geometryChange(const QRectF& now, const QRectF& before) {
-    QQuickPaintedItem::geometryChange(now, before);
+    PaintedItem::geometryChange(now, before);
     if (isComponentComplete() && now.size() != before.size())
         grab();
 }
@@ -82,14 +80,14 @@ void BlurredBackdrop::grab() {
     });
 }
 
-void BlurredBackdrop::paint(QPainter* painter) {
+void BlurredBackdrop::paint(QPainter& painter) {
     if (blurred_.isNull()) {
-        painter->fillRect(boundingRect(), veilAlone);
+        painter.fillRect(boundingRect(), veilAlone);
         return;
     }
-    painter->setRenderHint(QPainter::SmoothPixmapTransform);
-    painter->drawImage(boundingRect(), blurred_);
-    painter->fillRect(boundingRect(), veil);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(boundingRect(), blurred_);
+    painter.fillRect(boundingRect(), veil);
 }
 
 } // namespace wardlock::app

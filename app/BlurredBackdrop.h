@@ -1,21 +1,24 @@
 #pragma once
 
+#include "app/PaintedItem.h"
+
 #include <QImage>
 #include <QPointer>
 #include <QQuickItemGrabResult>
-#include <QQuickPaintedItem>
 #include <QSharedPointer>
 
 namespace wardlock::app {
 
 /// A dark blur of another item, as that looks when this one appears or changes its size. A small picture of
 /// it is blurred by hand, which looks the same and is as quick with every graphics backend.
-class BlurredBackdrop : public QQuickPaintedItem {
+class BlurredBackdrop : public PaintedItem {
     Q_OBJECT
     Q_PROPERTY(QQuickItem* source MEMBER source_ NOTIFY sourceChanged)
 
 public:
-    void paint(QPainter* painter) override;
+    explicit BlurredBackdrop(QQuickItem* parent = nullptr) : PaintedItem(parent) {}
+
+    void paint(QPainter& painter) override;
 
 signals:
     void sourceChanged();

@@ -1,7 +1,6 @@
 #include "app/Chevron.h"
 
 #include <QGuiApplication>
-#include <QPainter>
 
 #include <cmath>
 
@@ -13,7 +12,7 @@ constexpr double armOfHeight = 0.7;
 
 } // namespace
 
-Chevron::Chevron(QQuickItem* parent) : QQuickPaintedItem(parent) {
+Chevron::Chevron(QQuickItem* parent) : PaintedItem(parent) {
     setImplicitSize(8, 13);
     connect(this, &Chevron::changed, this, [this] { update(); });
     connect(qApp, &QGuiApplication::layoutDirectionChanged, this, [this] { update(); });
@@ -26,7 +25,7 @@ void Chevron::setColor(const QColor& color) {
     emit changed();
 }
 
-void Chevron::paint(QPainter* painter) {
+void Chevron::paint(QPainter& painter) {
     const bool mirrored = QGuiApplication::layoutDirection() == Qt::RightToLeft;
     // The arms are at right angles; their round ends are part of their length.
     const double reach = (armOfHeight * height() - thickness_) / std::sqrt(2.0);
@@ -34,9 +33,9 @@ void Chevron::paint(QPainter* painter) {
     const QPointF middle(width() / 2, height() / 2);
     const QPointF arrow[] = {middle + QPointF(-forward, -reach), middle + QPointF(forward, 0),
                              middle + QPointF(-forward, reach)};
-    painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(QPen(color_, thickness_, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter->drawPolyline(arrow, static_cast<int>(std::size(arrow)));
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(color_, thickness_, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawPolyline(arrow, static_cast<int>(std::size(arrow)));
 }
 
 } // namespace wardlock::app

@@ -1,12 +1,13 @@
 #pragma once
 
+#include "app/PaintedItem.h"
+
 #include <QColor>
-#include <QQuickPaintedItem>
 
 namespace wardlock::app {
 
 /// The arrow that leads on, or, turned, back.
-class Chevron : public QQuickPaintedItem {
+class Chevron : public PaintedItem {
     Q_OBJECT
     Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY changed)
     Q_PROPERTY(double thickness MEMBER thickness_ NOTIFY changed)
@@ -17,7 +18,7 @@ public:
 
     QColor color() const { return color_; }
     void setColor(const QColor& color);
-    void paint(QPainter* painter) override;
+    void paint(QPainter& painter) override;
 
 signals:
     void changed();

@@ -5,7 +5,7 @@
 
 namespace wardlock::app {
 
-RowIcon::RowIcon(QQuickItem* parent) : QQuickPaintedItem(parent) {
+RowIcon::RowIcon(QQuickItem* parent) : PaintedItem(parent) {
     setVisible(false);
 }
 
@@ -20,14 +20,14 @@ void RowIcon::setSource(const QString& source) {
 }
 
 void RowIcon::componentComplete() {
-    QQuickPaintedItem::componentComplete();
+    PaintedItem::componentComplete();
     if (const auto* look = Look::of(*this))
         setImplicitSize(look->icon, look->icon);
     showSource();
 }
 
 void RowIcon::itemChange(ItemChange change, const ItemChangeData& data) {
-    QQuickPaintedItem::itemChange(change, data);
+    PaintedItem::itemChange(change, data);
     if (change == ItemDevicePixelRatioHasChanged && isComponentComplete())
         showSource();
 }
@@ -36,8 +36,8 @@ void RowIcon::showSource() {
     picture_.show(source_, qRound(implicitWidth()));
 }
 
-void RowIcon::paint(QPainter* painter) {
-    drawPicture(*painter, picture_.image(), boundingRect());
+void RowIcon::paint(QPainter& painter) {
+    drawPicture(painter, picture_.image(), boundingRect());
 }
 
 } // namespace wardlock::app

@@ -1,13 +1,12 @@
 #pragma once
 
 #include "app/AwaitedPicture.h"
-
-#include <QQuickPaintedItem>
+#include "app/PaintedItem.h"
 
 namespace wardlock::app {
 
 /// A row's picture, square; nothing where there is none.
-class RowIcon : public QQuickPaintedItem {
+class RowIcon : public PaintedItem {
     Q_OBJECT
     /// An address of PictureSource's, empty for none.
     Q_PROPERTY(QString source READ source WRITE setSource NOTIFY sourceChanged)
@@ -17,7 +16,7 @@ public:
 
     const QString& source() const { return source_; }
     void setSource(const QString& source);
-    void paint(QPainter* painter) override;
+    void paint(QPainter& painter) override;
 
 signals:
     void sourceChanged();

@@ -1,28 +1,13 @@
 #include "app/RowPainter.h"
 
-#include <QFontMetricsF>
+#include "app/RowText.h"
+
 #include <QGuiApplication>
 #include <QImage>
-#include <QTextLayout>
 
 #include <cmath>
 
 namespace wardlock::app {
-
-namespace {
-
-constexpr double farAway = 1e6;
-
-/// Lays the text out in one line and answers how wide it is.
-double layOut(QTextLayout& layout) {
-    layout.beginLayout();
-    QTextLine line = layout.createLine();
-    line.setLineWidth(farAway);
-    layout.endLayout();
-    return line.naturalTextWidth();
-}
-
-} // namespace
 
 RowPainter::RowPainter(QPainter& painter, const Look& look, QSizeF row)
     : painter_(painter), look_(look), row_(row),
@@ -57,23 +42,9 @@ void RowPainter::icon(const QImage& picture) const {
     drawPicture(painter_, picture, QRectF(left(look_.inset, look_.icon), top, look_.icon, look_.icon));
 }
 
-void RowPainter::text(const QString& text, double start, double end, QColor color) const {
-    QFont font(look_.family());
-    font.setPixelSize(look_.body());
-    // The same letters at the same places as in QML's texts.
-    QTextOption option;
-    option.setWrapMode(QTextOption::NoWrap);
-    option.setUseDesignMetrics(true);
-    QTextLayout layout(text, font);
-    layout.setTextOption(option);
-    double width = layOut(layout);
-    if (width > end - start) {
-        layout.setText(QFontMetricsF(font).elidedText(text, Qt::ElideRight, end - start));
-        width = layOut(layout);
-    }
-    const double top = std::round((row_.height() - std::ceil(layout.boundingRect().height())) / 2);
-    painter_.setPen(color);
-    layout.draw(&painter_, {left(start, width), top});
+void RowPainter::text(const RowText& text, double start, QColor color) const {
+    const double top = std::round((row_.height() - text.height()) / 2);
+    text.draw(painter_, {left(start, text.width()), top}, color);
 }
 
 void drawPicture(QPainter& painter, const QImage& picture, const QRectF& square) {

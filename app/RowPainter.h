@@ -7,6 +7,8 @@
 
 namespace wardlock::app {
 
+class RowText;
+
 /// Where a row stands in its card.
 struct PlaceInCard {
     bool first = false;
@@ -27,8 +29,8 @@ public:
     void separator(double start) const;
     /// A picture within the square of an icon.
     void icon(const QImage& picture) const;
-    /// One line of body text between two places, in the middle of the row; too long a text ends in "…".
-    void text(const QString& text, double start, double end, QColor color) const;
+    /// In the middle of the row's height.
+    void text(const RowText& text, double start, QColor color) const;
 
 private:
     /// What begins at `start` and is so wide, where it is really.

@@ -8,6 +8,7 @@
 #include "shell/ScreenObserver.h"
 #include "shell/SettingsApplication.h"
 
+#include <QAccessible>
 #include <QObject>
 #include <QSocketNotifier>
 
@@ -47,6 +48,8 @@ public:
     Q_INVOKABLE void tapBarButton();
     Q_INVOKABLE void endEditing();
     Q_INVOKABLE void dismissNotice();
+    /// Somebody uses assistive technology.
+    Q_INVOKABLE bool isAssisted() const { return QAccessible::isActive(); }
     Q_INVOKABLE void resignActive() { application_.resignActive(); }
     Q_INVOKABLE void close() { application_.close(); }
 

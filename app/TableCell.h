@@ -1,19 +1,20 @@
 #pragma once
 
 #include "app/AwaitedPicture.h"
+#include "app/PaintedItem.h"
+#include "app/RowText.h"
 #include "app/TableEntry.h"
 #include "app/Toggle.h"
 
 #include <QPointer>
-#include <QQuickPaintedItem>
 
 namespace wardlock::app {
 
-/// One row of a table page: its part of the card with icon and title, painted, and the switch. One item, as a
-/// list makes a window full of them before its first frame.
-class TableCell : public QQuickPaintedItem {
+/// One row of a table page: its part of the card with icon, title and switch, painted as one picture, as a
+/// list makes a window full of them before its first frame. It grows with the text.
+class TableCell : public PaintedItem {
     Q_OBJECT
-    Q_PROPERTY(wardlock::app::TableEntry entry READ entry WRITE setEntry NOTIFY entryChanged)
+    Q_PROPERTY(wardlock::app::TableEntry entry READ entry WRITE setEntry NOTIFY entryChanged REQUIRED)
     Q_PROPERTY(QString text READ text NOTIFY entryChanged)
     /// What takes the keyboard of this row; null for none.
     Q_PROPERTY(QQuickItem* focusTarget READ focusTarget NOTIFY entryChanged)
@@ -26,7 +27,7 @@ public:
     const QString& text() const { return entry_.title; }
     QQuickItem* focusTarget() const { return entry_.hasSwitch ? toggle_ : nullptr; }
 
-    void paint(QPainter* painter) override;
+    void paint(QPainter& painter) override;
 
 signals:
     void entryChanged();
@@ -38,7 +39,8 @@ protected:
     void geometryChange(const QRectF& now, const QRectF& before) override;
 
 private:
-    void followLook();
+    RowText laidOut() const;
+    void layOut();
     void showSwitch(bool sameRow);
     void placeSwitch();
 

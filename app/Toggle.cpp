@@ -1,21 +1,16 @@
 #include "app/Toggle.h"
 
+#include "app/SwitchFace.h"
+
 #include <QAccessible>
-#include <QEasingCurve>
 #include <QGuiApplication>
-#include <QPainter>
 
 namespace wardlock::app {
 
 namespace {
 
-constexpr QSizeF whole(51, 31);
-constexpr double knob = 27;
-constexpr double rim = 2;
-constexpr double ring = 3;
 constexpr int slideMilliseconds = 160;
 constexpr double unavailableOpacity = 0.5;
-const QColor knobEdge(0, 0, 0, 40);
 
 QColor between(const QColor& from, const QColor& to, double part) {
     const auto mix = [part](int a, int b) { return qRound(a + (b - a) * part); };
@@ -24,8 +19,8 @@ QColor between(const QColor& from, const QColor& to, double part) {
 
 } // namespace
 
-Toggle::Toggle(QQuickItem* parent) : QQuickPaintedItem(parent) {
-    setImplicitSize(whole.width(), whole.height());
+Toggle::Toggle(QQuickItem* parent) : PaintedItem(parent) {
+    setImplicitSize(SwitchFace::size.width(), SwitchFace::size.height());
     setAcceptedMouseButtons(Qt::LeftButton);
     setActiveFocusOnTab(true);
 }
@@ -38,7 +33,7 @@ void Toggle::setOn(bool on) {
         slide();
     else
         position_ = on;
-    update();
+    repaint();
     tellAccessibility();
     emit changed();
 }
@@ -50,7 +45,7 @@ void Toggle::showOn(bool on) {
         return;
     on_ = on;
     position_ = on;
-    update();
+    repaint();
     emit changed();
 }
 
@@ -60,7 +55,7 @@ void Toggle::slide() {
         animation_->setDuration(slideMilliseconds);
         connect(animation_.get(), &QVariantAnimation::valueChanged, this, [this](const QVariant& value) {
             position_ = value.toDouble();
-            update();
+            repaint();
         });
     }
     animation_->stop();
@@ -91,45 +86,44 @@ void Toggle::ask() {
 
 const Look* Toggle::look() {
     if (!look_ && (look_ = Look::of(*this)))
-        connect(look_, &Look::changed, this, [this] { update(); });
+        connect(look_, &Look::changed, this, [this] { repaint(); });
     return look_;
 }
 
 void Toggle::componentComplete() {
-    QQuickPaintedItem::componentComplete();
+    PaintedItem::componentComplete();
     position_ = on_;
 }
 
 void Toggle::itemChange(ItemChange change, const ItemChangeData& data) {
-    QQuickPaintedItem::itemChange(change, data);
+    PaintedItem::itemChange(change, data);
     // Painting is no time to look for it.
     if (change == ItemSceneChange && data.window)
         look();
 }
 
-void Toggle::paint(QPainter* painter) {
+void Toggle::leavePaintingToParent() {
+    setFlag(ItemHasContents, false);
+    look();
+}
+
+void Toggle::repaint() {
+    if (flags() & ItemHasContents)
+        update();
+    else if (parentItem())
+        parentItem()->update();
+}
+
+void Toggle::paint(QPainter& painter) {
     if (!look_)
         return;
-    const QRectF all({}, whole);
-    painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(Qt::NoPen);
-    painter->setBrush(between(look_->off(), look_->on(), position_));
-    painter->drawRoundedRect(all, whole.height() / 2, whole.height() / 2);
-
-    const double way = whole.width() - knob - 2 * rim;
-    const double part = QEasingCurve(QEasingCurve::InOutQuad).valueForProgress(position_);
-    const bool mirrored = QGuiApplication::layoutDirection() == Qt::RightToLeft;
-    const QRectF circle(rim + way * (mirrored ? 1 - part : part), rim, knob, knob);
-    painter->setBrush(Qt::white);
-    painter->drawEllipse(circle);
-    painter->setBrush(Qt::NoBrush);
-    painter->setPen(QPen(knobEdge, 1));
-    painter->drawEllipse(circle.adjusted(0.5, 0.5, -0.5, -0.5));
-    if (!hasActiveFocus())
-        return;
-    painter->setPen(QPen(look_->focus(), ring));
-    const QRectF line = all.adjusted(ring / 2, ring / 2, -ring / 2, -ring / 2);
-    painter->drawRoundedRect(line, line.height() / 2, line.height() / 2);
+    SwitchFace face;
+    face.track = between(look_->off(), look_->on(), position_);
+    if (hasActiveFocus())
+        face.ring = look_->focus();
+    face.position = position_;
+    face.mirrored = QGuiApplication::layoutDirection() == Qt::RightToLeft;
+    paintSwitch(painter, face);
 }
 
 void Toggle::mousePressEvent(QMouseEvent* event) {
@@ -151,7 +145,7 @@ void Toggle::keyPressEvent(QKeyEvent* event) {
 }
 
 void Toggle::focusInEvent(QFocusEvent*) {
-    update();
+    repaint();
     if (!QAccessible::isActive())
         return;
     QAccessibleEvent event(this, QAccessible::Focus);
@@ -159,7 +153,7 @@ void Toggle::focusInEvent(QFocusEvent*) {
 }
 
 void Toggle::focusOutEvent(QFocusEvent*) {
-    update();
+    repaint();
 }
 
 void Toggle::tellAccessibility() const {

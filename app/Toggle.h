@@ -1,9 +1,9 @@
 #pragma once
 
 #include "app/Look.h"
+#include "app/PaintedItem.h"
 
 #include <QPointer>
-#include <QQuickPaintedItem>
 #include <QVariantAnimation>
 
 #include <memory>
@@ -11,7 +11,7 @@
 namespace wardlock::app {
 
 /// An on/off switch. It shows `on` and asks for the other state; it never changes by itself.
-class Toggle : public QQuickPaintedItem {
+class Toggle : public PaintedItem {
     Q_OBJECT
     Q_PROPERTY(bool on READ isOn WRITE setOn NOTIFY changed)
     /// Whether it can be flipped at all; one that is only covered looks as ever.
@@ -33,7 +33,10 @@ public:
     /// What a tap does.
     void ask();
 
-    void paint(QPainter* painter) override;
+    /// From now on its parent, which QML made, paints it as part of itself and is updated in its stead: a
+    /// picture less for each row. For one that is always available.
+    void leavePaintingToParent();
+    void paint(QPainter& painter) override;
 
 signals:
     void asked(bool on);
@@ -50,6 +53,7 @@ protected:
 
 private:
     const Look* look();
+    void repaint();
     void slide();
     void tellAccessibility() const;
 

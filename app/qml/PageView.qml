@@ -31,7 +31,12 @@ FocusScope {
         anchors.left: parent.left
         anchors.right: parent.right
         focus: true
-        Component.onCompleted: show()
+        // Not by the kind's first change too, which comes earlier: it would be made twice.
+        property bool made: false
+        Component.onCompleted: {
+            made = true;
+            show();
+        }
         function show() {
             const files = { list: "ListPage.qml", table: "TablePage.qml", text: "TextPage.qml", web: "WebPage.qml" };
             if (files[view.page.kind])
@@ -40,7 +45,7 @@ FocusScope {
                 source = "";
         }
         readonly property string kind: view.page.kind
-        onKindChanged: show()
+        onKindChanged: if (made) show()
     }
     Connections {
         target: content.item && content.item.tabbedOut ? content.item : null

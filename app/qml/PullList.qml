@@ -104,7 +104,8 @@ Item {
         boundsBehavior: Flickable.DragAndOvershootBounds
         flickDeceleration: 2200
         maximumFlickVelocity: 6000
-        cacheBuffer: 200
+        // Rows out of sight cost nothing until somebody moves there, be it with a screen reader.
+        cacheBuffer: indicator.active || settings.isAssisted() ? 200 : 0
         bottomMargin: 28
         Accessible.role: Accessible.List
         Accessible.name: pullList.page.title

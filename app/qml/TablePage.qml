@@ -10,8 +10,6 @@ PullList {
 
     delegate: TableCell {
         id: cell
-        required entry
-
         x: tablePage.side
         width: tablePage.width - 2 * tablePage.side
         onFlipped: (row) => tablePage.page.flipTableSwitch(row)

@@ -122,6 +122,34 @@ TEST_F(WindowPicker, BuildsOnlyTheRowsInSight) {
     EXPECT_LT(content->childItems().size(), 60);
 }
 
+TEST_F(WindowPicker, GivesALongNameMoreLinesWhereTheTextIsLarge) {
+    installApplication("org.short", "Mail");
+    installApplication("org.long", "Reader of Newspapers");
+    installApplication("org.endless", std::string(200, 'w'));
+    setAccounts({"Anna"});
+    openPicker();
+    for (const QString row : {"cell:org.short", "cell:org.long", "cell:org.endless"})
+        EXPECT_EQ(scene().item(row)->height(), 35) << row.toStdString();
+    host().appearance().forceTextScale(2);
+    EXPECT_EQ(scene().item("cell:org.short")->height(), 70);
+    const double twoLines = scene().item("cell:org.long")->height();
+    EXPECT_GT(twoLines, 80);
+    const double threeLines = scene().reveal("cell:org.endless")->height();
+    EXPECT_GT(threeLines, twoLines);
+    EXPECT_LT(threeLines, 2 * twoLines);
+}
+
+TEST_F(WindowPicker, FitsItsRowsToTheWidthWhereTheTextIsLarge) {
+    installApplication("org.long", "Reader of Newspapers");
+    setAccounts({"Anna"});
+    openPicker();
+    host().appearance().forceTextScale(2);
+    const double narrow = scene().item("cell:org.long")->height();
+    window().resize(1024, 768);
+    EXPECT_TRUE(until([&] { return scene().item("cell:org.long")->height() < narrow; }));
+    EXPECT_EQ(scene().item("cell:org.long")->height(), 70);
+}
+
 TEST_F(WindowPicker, BringsTheKeyboardToItsLastRowAndBack) {
     restrictMany(2000);
     openPicker();

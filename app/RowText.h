@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QPainter>
+#include <QTextLayout>
+
+namespace wardlock::app {
+
+class Look;
+
+/// The text of a row laid out in the room it has: one line of body text; large letters take more lines rather
+/// than lose the end. What is too long even so ends in "…".
+class RowText {
+public:
+    RowText(const QString& text, const Look& look, double width);
+
+    double width() const { return room_; }
+    double height() const { return height_; }
+    /// The lines begin at the left edge, or, mirrored, at the right one.
+    void draw(QPainter& painter, QPointF topLeft, QColor color) const;
+
+private:
+    /// Answers how much of the text has found room.
+    int layOut();
+
+    const double room_;
+    const int lines_;
+    const bool mirrored_;
+    double height_ = 0;
+    QTextLayout layout_;
+};
+
+} // namespace wardlock::app
