@@ -23,24 +23,24 @@ QString styleName(platform::UIAlertActionStyle style) {
 } // namespace
 
 QString AlertModel::title() const {
-    return toQt(alert_->title());
+    return shownText(alert_->title());
 }
 
 QString AlertModel::message() const {
-    return toQt(alert_->message());
+    return shownText(alert_->message());
 }
 
 QStringList AlertModel::fields() const {
     QStringList placeholders;
     for (const auto& field : alert_->textFields())
-        placeholders.append(toQt(field->placeholder()));
+        placeholders.append(shownText(field->placeholder()));
     return placeholders;
 }
 
 QVariantList AlertModel::actions() const {
     QVariantList actions;
     for (const auto& action : alert_->actions())
-        actions.append(QVariantMap{{QStringLiteral("title"), toQt(action->title())},
+        actions.append(QVariantMap{{QStringLiteral("title"), shownText(action->title())},
                                    {QStringLiteral("style"), styleName(action->style())},
                                    {QStringLiteral("enabled"), action->isEnabled()}});
     return actions;

@@ -6,11 +6,11 @@
 namespace wardlock::app {
 
 QString KeypadModel::statusText() const {
-    return toQt(overlay_.keypad->shownText());
+    return shownText(overlay_.keypad->shownText());
 }
 
 QString KeypadModel::subtitle() const {
-    return toQt(overlay_.keypad->shownSubtitle());
+    return shownText(overlay_.keypad->shownSubtitle());
 }
 
 int KeypadModel::digitCount() const {

@@ -31,7 +31,7 @@ PageModel::PageModel(std::shared_ptr<shell::Page> page, QString backTitle,
 }
 
 QString PageModel::title() const {
-    return toQt(page_->title());
+    return shownText(page_->title());
 }
 
 bool PageModel::hasAddButton() const {
@@ -48,7 +48,7 @@ QString PageModel::kind() const {
 }
 
 QString PageModel::text() const {
-    return textView_ ? toQt(textView_->text()) : QString();
+    return textView_ ? shownText(textView_->text(), longestPage) : QString();
 }
 
 double PageModel::textSize() const {

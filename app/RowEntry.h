@@ -15,6 +15,7 @@ struct RowEntry {
     Q_PROPERTY(QString kind MEMBER kind)
     Q_PROPERTY(QString label MEMBER label)
     Q_PROPERTY(QString value MEMBER value)
+    Q_PROPERTY(bool cut MEMBER cut)
     Q_PROPERTY(QString key MEMBER key)
     Q_PROPERTY(bool on MEMBER on)
     Q_PROPERTY(bool enabled MEMBER enabled)
@@ -42,6 +43,8 @@ public:
     QString kind;
     QString label;
     QString value;
+    /// The value is only the beginning of what is stored.
+    bool cut = false;
     /// Of the stored value, empty for none.
     QString key;
     bool on = false;

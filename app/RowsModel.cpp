@@ -16,14 +16,15 @@ RowEntry entryFor(const shell::Row& row) {
     RowEntry entry;
     entry.entry = QStringLiteral("row");
     entry.kind = toQt(shell::name(row.kind));
-    entry.label = toQt(row.label);
-    entry.value = toQt(row.text);
+    entry.label = shownText(row.label);
+    entry.value = shownText(row.text);
+    entry.cut = isCut(row.text);
     entry.key = toQt(row.key);
     entry.on = row.isOn();
     entry.enabled = row.enabled;
     entry.marked = row.marked;
     entry.icon = PictureSource::urlFor(row.icon);
-    entry.placeholder = toQt(row.placeholder);
+    entry.placeholder = shownText(row.placeholder);
     entry.numberPad = row.numberPad;
     entry.editing = row.editing;
     entry.min = row.min;
@@ -140,7 +141,7 @@ RowEntry RowsModel::entry(const Line& line) const {
         entry.choice = dynamic_cast<platform::PSListItemsController*>(page_->listController()) != nullptr;
     } else {
         entry.entry = line.kind == Line::Kind::Header ? QStringLiteral("header") : QStringLiteral("footer");
-        entry.text = toQt(line.name);
+        entry.text = shownText(line.name);
     }
     entry.section = static_cast<int>(line.path.section);
     entry.row = static_cast<int>(line.path.row);

@@ -38,14 +38,14 @@ SettingsWindow::~SettingsWindow() {
 }
 
 QString SettingsWindow::notice() {
-    const QString own = toQt(application_.screen().notice());
+    const QString own = shownText(application_.screen().notice());
     return own.isEmpty() ? problems_ : own;
 }
 
 void SettingsWindow::tell(const std::vector<std::string>& problems) {
     QStringList lines;
     for (const std::string& problem : problems)
-        lines.append(toQt(problem));
+        lines.append(shownText(problem));
     problems_ = lines.join(QLatin1Char('\n'));
     emit noticeChangedForQml();
 }

@@ -62,7 +62,7 @@ TableEntry TableModel::entry(int row) const {
     const auto shownRow = shown(path);
     if (!shownRow)
         return entry;
-    entry.title = toQt(shownRow->title());
+    entry.title = shownText(shownRow->title());
     entry.key = toQt(shownRow->key());
     entry.icon = PictureSource::urlFor(shownRow->icon());
     entry.on = shownRow->isOn();

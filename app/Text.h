@@ -11,4 +11,13 @@ inline QString toQt(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
+/// More than anybody reads in one line, or on one page: to lay out megabytes takes minutes.
+constexpr qsizetype longestLine = 4000;
+constexpr qsizetype longestPage = 100'000;
+
+/// A text to be looked at: too long a one is its beginning and "…". What is stored is never made of it.
+QString shownText(std::string_view text, qsizetype longest = longestLine);
+/// Whether it is only the beginning that is shown.
+bool isCut(std::string_view text, qsizetype longest = longestLine);
+
 } // namespace wardlock::app

@@ -40,7 +40,8 @@ TextInput {
     }
     onActiveFocusChanged: {
         if (activeFocus) {
-            if (secure)
+            // What cannot be seen whole is not edited but written anew; where nothing is typed, it stays.
+            if (secure || entry.cut)
                 text = "";
             page.beginEditing(entry.section, entry.row);
         } else {
