@@ -26,10 +26,12 @@ constexpr OptionText deviceRootText{"--device-root", "DIR",
 constexpr OptionText screenshotsText{"--screenshots", "DIR",
                                      "write a picture of every page, light and dark, to DIR\nand end; needs "
                                      "no display"};
+constexpr OptionText orTerminalText{"--or-terminal", "",
+                                    "go on with Settings in the terminal where no window can\nbe opened"};
 constexpr OptionText helpText{"--help", "", "show this text"};
 constexpr OptionText versionText{"--version", "", "show the version"};
-constexpr std::array allTexts{darkText,        lightText, textScaleText, deviceRootText,
-                              screenshotsText, helpText,  versionText};
+constexpr std::array allTexts{darkText,        lightText,      textScaleText, deviceRootText,
+                              screenshotsText, orTerminalText, helpText,      versionText};
 
 bool takesValue(const std::string& name) {
     const auto found = std::ranges::find(allTexts, name, &OptionText::name);
@@ -51,6 +53,8 @@ Options Options::parse(const std::vector<std::string>& arguments) {
             options.help = true;
         else if (name == versionText.name)
             options.version = true;
+        else if (name == orTerminalText.name)
+            options.orTerminal = true;
         else if (name == darkText.name || name == lightText.name)
             options.dark = name == darkText.name;
         else if (name == deviceRootText.name)

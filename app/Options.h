@@ -21,6 +21,8 @@ struct OptionText {
 struct Options {
     bool help = false;
     bool version = false;
+    /// Where no window can be opened, the terminal does.
+    bool orTerminal = false;
     /// None: as the system has it.
     std::optional<bool> dark;
     std::optional<double> textScale;

@@ -24,16 +24,27 @@ int usageError(const std::string& error) {
     return 2;
 }
 
+/// What Qt says while it looks for a display: before the application is there, or ends for want of one.
+struct DisplaySearch {
+    bool orTerminal = false;
+    QStringList said;
+};
+DisplaySearch displaySearch;
+
 /// Qt ends the process when it reaches no display, advising to install the application anew.
-void tellOfMissingDisplay(QtMsgType kind, const QMessageLogContext&, const QString& text) {
-    if (kind != QtFatalMsg) {
-        std::fprintf(stderr, "%s\n", qPrintable(text));
-        return;
-    }
-    std::fputs("wardlock-settings: no window can be opened: there is no display, or it does not answer\n"
-               "Settings in the terminal: wardlock settings --terminal\n",
-               stderr);
+[[noreturn]] void tellOfMissingDisplay() {
+    const QString reason = displaySearch.said.value(0, QStringLiteral("there is no display"));
+    std::fprintf(stderr, "wardlock-settings: no window can be opened: %s\n", qPrintable(reason.trimmed()));
+    if (displaySearch.orTerminal)
+        platform::becomeProgramBeside("wardlock", {"settings", "--terminal"});
+    std::fputs("Settings in the terminal: wardlock settings --terminal\n", stderr);
     std::_Exit(1);
+}
+
+void hearOfDisplay(QtMsgType kind, const QMessageLogContext&, const QString& text) {
+    if (kind == QtFatalMsg)
+        tellOfMissingDisplay();
+    displaySearch.said.append(text);
 }
 
 int openWindow(const app::Options& options, const std::vector<std::string>& problems) {
@@ -65,9 +76,12 @@ int main(int argc, char** argv) {
     if (!options.deviceRoot.empty())
         qputenv("WARDLOCK_DEVICE_ROOT", options.deviceRoot.c_str());
     app::chooseGraphics(options.screenshots.empty() ? app::DrawnOn::Display : app::DrawnOn::Memory);
-    qInstallMessageHandler(tellOfMissingDisplay);
+    displaySearch.orTerminal = options.orTerminal;
+    qInstallMessageHandler(hearOfDisplay);
     QGuiApplication application(argc, argv);
     qInstallMessageHandler(nullptr);
+    for (const QString& text : displaySearch.said)
+        std::fprintf(stderr, "%s\n", qPrintable(text));
     QGuiApplication::setApplicationName(QStringLiteral("Settings"));
     QGuiApplication::setDesktopFileName(QStringLiteral("wardlock-settings"));
     // Qt itself would take it from a translation, and there is none.

@@ -1,9 +1,10 @@
 #include "cli/WindowProgram.h"
 
+#include "platform/services/ProcessStart.h"
+
 #include <cstdlib>
 #include <filesystem>
 #include <system_error>
-#include <unistd.h>
 
 namespace wardlock::cli {
 
@@ -32,9 +33,8 @@ std::string windowProgramPath() {
 }
 
 void openWindowProgram() {
-    const std::string path = windowProgramPath();
-    if (!path.empty() && hasDisplay())
-        execl(path.c_str(), windowProgram, nullptr);
+    if (!windowProgramPath().empty() && hasDisplay())
+        platform::becomeProgramBeside(windowProgram, {"--or-terminal"});
 }
 
 } // namespace wardlock::cli

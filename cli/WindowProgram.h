@@ -10,7 +10,8 @@ std::string windowProgramPath();
 /// Whether the environment names a display.
 bool hasDisplay();
 
-/// Becomes that program, where it is installed and there is a display. Returns otherwise.
+/// Becomes that program, where it is installed and there is a display; where the display does not answer, it
+/// goes on with `wardlock settings --terminal`. Returns otherwise.
 void openWindowProgram();
 
 } // namespace wardlock::cli

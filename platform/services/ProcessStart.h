@@ -2,6 +2,9 @@
 
 #include "platform/foundation/Export.h"
 
+#include <string>
+#include <vector>
+
 namespace platform {
 
 /// What a program does before all else, so that it can answer for what happens to it: a write to a pipe that
@@ -9,5 +12,8 @@ namespace platform {
 /// process in the middle of a change; and standard descriptors that the caller closed are taken, so that no
 /// file or bus gets their numbers. A write to a closed standard output still fails.
 WARDLOCK_API void prepareProcess();
+
+/// Becomes the program of that name that stands beside this one; returns where it cannot.
+WARDLOCK_API void becomeProgramBeside(const std::string& name, const std::vector<std::string>& arguments);
 
 } // namespace platform

@@ -1,0 +1,66 @@
+// The command that builds Wardlock and opens it, with the programs of this build in place of those it would
+// make.
+
+#include "tests/support/BusFixture.h"
+#include "tests/support/Places.h"
+#include "tests/support/Process.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+
+namespace wardlock::test {
+
+namespace fs = std::filesystem;
+
+class Run : public BusFixture {
+protected:
+    Run() : place_(folder() / "checkout") {
+        fs::create_directories(place_ / "build/release");
+        fs::create_directories(place_ / "tools");
+        fs::create_directories(place_ / "commands");
+        fs::copy_file(sourceFolder() + "/run", place_ / "run");
+        fs::create_symlink(programFolder(), place_ / "build/release/bin");
+        writeCommandThatDoesNothing(place_ / "tools/install-packages");
+        writeCommandThatDoesNothing(place_ / "commands/cmake");
+    }
+
+    /// What it answers without a person at the terminal, where DISPLAY is such.
+    ProcessResult runWithDisplay(const std::string& display) const {
+        ProcessSetup setup;
+        setup.environment = {{"DISPLAY", display},
+                             {"WAYLAND_DISPLAY", std::nullopt},
+                             {"QT_QPA_PLATFORM", std::nullopt},
+                             {"PATH", (place_ / "commands").string() + ":/usr/bin:/bin"}};
+        return runProcess(place_ / "run", {}, setup);
+    }
+
+private:
+    static void writeCommandThatDoesNothing(const fs::path& path) {
+        std::ofstream(path) << "#!/bin/sh\n";
+        fs::permissions(path, fs::perms::owner_all);
+    }
+
+    fs::path place_;
+};
+
+TEST_F(Run, GoesOnInTheTerminalWhereTheDisplayIsNotThere) {
+    const auto result = runWithDisplay(":64123");
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(std::ranges::count(result.errors, '\n'), 1) << result.errors;
+    EXPECT_TRUE(result.errors.starts_with("wardlock-settings: no window can be opened: ")) << result.errors;
+    EXPECT_NE(result.output.find("Passcode"), std::string::npos) << result.output;
+    EXPECT_NE(result.output.find("To go on, run `wardlock settings` in a terminal"), std::string::npos)
+        << result.output;
+}
+
+TEST_F(Run, SaysNothingOfAWindowWhereNoDisplayIsNamed) {
+    const auto result = runWithDisplay("");
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.errors, "");
+    EXPECT_NE(result.output.find("Passcode"), std::string::npos) << result.output;
+}
+
+} // namespace wardlock::test
