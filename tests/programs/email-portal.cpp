@@ -3,7 +3,7 @@
 // somebody has opened it for writing, as a person who chooses a mail program lets one wait. "ready" says that
 // it can be called.
 
-#include <systemd/sd-bus.h>
+#include "tests/programs/ServedBus.h"
 
 #include <array>
 #include <cstdint>
@@ -120,9 +120,7 @@ int main(int count, char** arguments) {
                                  "org.freedesktop.portal.Email", emailTable, &portalVersion) < 0 ||
         sd_bus_request_name(bus, "org.freedesktop.portal.Desktop", 0) < 0)
         return 1;
-    std::puts("ready");
-    std::fflush(stdout);
-    while (sd_bus_process(bus, nullptr) >= 0)
-        sd_bus_wait(bus, UINT64_MAX);
+    wardlock::test::serve(bus);
+    sd_bus_close_unref(bus);
     return 0;
 }

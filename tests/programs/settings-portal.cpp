@@ -2,10 +2,9 @@
 // of appearances. "ready" says that it can be asked. With "--tell KEY=VALUE" as its arguments it has the
 // running one change a value and announce it, and ends.
 
-#include <systemd/sd-bus.h>
+#include "tests/programs/ServedBus.h"
 
 #include <cstdint>
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <map>
@@ -99,10 +98,7 @@ int serve(sd_bus* bus) {
         sd_bus_add_object_vtable(bus, nullptr, object, tests, testsTable, nullptr) < 0 ||
         sd_bus_request_name(bus, service, SD_BUS_NAME_ALLOW_REPLACEMENT | SD_BUS_NAME_REPLACE_EXISTING) < 0)
         return 1;
-    std::puts("ready");
-    std::fflush(stdout);
-    while (sd_bus_process(bus, nullptr) >= 0)
-        sd_bus_wait(bus, UINT64_MAX);
+    wardlock::test::serve(bus);
     return 0;
 }
 

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cstdint>
+#include <cstdio>
+#include <systemd/sd-bus.h>
+
+namespace wardlock::test {
+
+/// What a stand-in for a service does once it has its name: says "ready", and answers until the bus is gone.
+inline void serve(sd_bus* bus) {
+    std::puts("ready");
+    std::fflush(stdout);
+    while (sd_bus_process(bus, nullptr) >= 0)
+        sd_bus_wait(bus, UINT64_MAX);
+}
+
+} // namespace wardlock::test
