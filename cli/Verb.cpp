@@ -34,7 +34,7 @@ constexpr std::array allVariables{
     Variable{"DBUS_SESSION_BUS_ADDRESS",
              "the bus that carries changes; else the one in\nXDG_RUNTIME_DIR, else one of Wardlock's own"},
     Variable{"DISPLAY, WAYLAND_DISPLAY",
-             "where Settings opens its window; without one it opens in\nthe terminal"},
+             "where Settings opens its window; without one wardlock\nsettings opens in the terminal"},
 };
 
 constexpr std::array allExitCodes{
