@@ -17,9 +17,6 @@ namespace {
 
 using platform::Value;
 
-/// Far more than a property list of settings has, and less than the memory of any machine.
-constexpr std::size_t largestFile = std::size_t{256} << 20;
-
 [[noreturn]] void refuse(std::string_view text, std::string_view why) {
     throw CommandError(ExitCode::WrongUsage, "\"" + std::string(text) + "\" " + std::string(why));
 }
@@ -49,16 +46,16 @@ bool isMissing(const std::string& path) {
     return platform::uninterrupted(ask) == std::errc::no_such_file_or_directory;
 }
 
-std::string fileBytes(const std::string& path) {
+std::string fileBytes(const std::string& path, std::size_t largest) {
     std::string bytes;
-    const auto read = [&] { return platform::FileSystem::current().readFile(path, largestFile, bytes); };
+    const auto read = [&] { return platform::FileSystem::current().readFile(path, largest, bytes); };
     if (const std::error_code error = platform::uninterrupted(read))
         throw CommandError(ExitCode::Failed, path + ": " + error.message());
     return bytes;
 }
 
-Value propertyListInFile(const std::string& path) {
-    std::optional<Value> value = platform::propertyListWithData(fileBytes(path));
+Value propertyListInFile(const std::string& path, std::size_t largest) {
+    std::optional<Value> value = platform::propertyListWithData(fileBytes(path, largest));
     if (!value)
         throw CommandError(ExitCode::NotAPropertyList, path + ": not a property list");
     return *std::move(value);

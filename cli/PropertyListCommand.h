@@ -3,6 +3,7 @@
 #include "platform/foundation/Sync.h"
 #include "platform/foundation/Value.h"
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -11,11 +12,15 @@ namespace wardlock::cli {
 /// Whether nothing stands at the path.
 bool isMissing(const std::string& path);
 
-/// The bytes of a file at a path of this machine. Throws CommandError (Failed) with the reason.
-std::string fileBytes(const std::string& path);
+/// Far more than a property list of settings has, and less than the memory of any machine.
+inline constexpr std::size_t largestFile = std::size_t{256} << 20;
+
+/// The bytes of a file at a path of this machine, `largest` at most. Throws CommandError (Failed) with the
+/// reason.
+std::string fileBytes(const std::string& path, std::size_t largest);
 
 /// The property list in the file. Throws CommandError: Failed when it cannot be read, NotAPropertyList.
-platform::Value propertyListInFile(const std::string& path);
+platform::Value propertyListInFile(const std::string& path, std::size_t largest = largestFile);
 
 /// Replaces the file by the value's XML form in one step. Throws CommandError (Failed) unless it is stored.
 void storePropertyList(const platform::Value& value, const std::string& path, platform::Sync sync);

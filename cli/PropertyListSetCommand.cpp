@@ -1,5 +1,6 @@
 #include "cli/Commands.h"
 #include "cli/PropertyListCommand.h"
+#include "platform/foundation/DocumentFile.h"
 #include "platform/foundation/PropertyListFile.h"
 
 #include <array>
@@ -31,7 +32,8 @@ Sync syncNamed(std::string_view name) {
 void requireDictionary(const std::string& path) {
     if (isMissing(path))
         return;
-    if (propertyListInFile(path).kind() != platform::Value::Kind::Dictionary)
+    // No larger than the read-modify-write takes.
+    if (propertyListInFile(path, platform::DocumentFile::largest).kind() != platform::Value::Kind::Dictionary)
         throw CommandError(ExitCode::Failed, path + ": its outermost value is no dictionary");
 }
 

@@ -189,6 +189,17 @@ TEST_F(PropertyListCommands, SetChangesNothingWhereTheOutermostValueIsNoDictiona
     EXPECT_EQ(readFile("/tmp/list.plist"), xml("<array/>"));
 }
 
+TEST_F(PropertyListCommands, SetChangesNothingInAFileThatIsTooLargeToChange) {
+    const std::string bytes =
+        xml("<dict><key>k</key><string>" + std::string(17u << 20, 'x') + "</string></dict>");
+    const std::string path = file(bytes);
+    const ProcessResult result = wardlockCommand({"plist", "set", path, "k", "bool", "true"});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.errors, "wardlock plist set: " + path + ": File too large\n");
+    EXPECT_TRUE(readFile("/tmp/list.plist") == bytes);
+    EXPECT_FALSE(exists("/tmp/list.plist.damaged"));
+}
+
 TEST_F(PropertyListCommands, SetFailsWhenItCannotStore) {
     EXPECT_EQ(set({onDisk("/no/such/folder/x"), "k", "bool", "true"}), 1);
     EXPECT_EQ(set({onDisk("/tmp"), "k", "bool", "true"}), 1);
