@@ -25,6 +25,7 @@ public:
 
 private:
     sigset_t set_;
+    sigset_t before_;
     int descriptor_;
 };
 

@@ -34,6 +34,7 @@ void hide() {
     termios quiet = before;
     quiet.c_lflag &= ~static_cast<tcflag_t>(ECHO);
     quiet.c_lflag |= ECHONL;
+    quiet.c_cc[VQUIT] = _POSIX_VDISABLE;
     hidden = 1;
     tcsetattr(STDIN_FILENO, TCSAFLUSH, &quiet);
 }

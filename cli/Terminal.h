@@ -16,7 +16,8 @@ public:
     /// At least 10.
     static std::size_t lines();
 
-    /// Typed text is not shown while this lives.
+    /// Typed text is not shown while this lives; nor does a key abort the process, which would leave the
+    /// terminal like that. The one that interrupts ends it in order.
     class Hidden {
     public:
         Hidden();

@@ -97,6 +97,29 @@ TEST_F(TerminalSettings, DoesNotShowThePasscode) {
     EXPECT_TRUE(documentHolds("<string>4711</string>"));
 }
 
+TEST_F(TerminalSettings, LeavesNoTerminalBehindInWhichNothingTypedIsShown) {
+    TerminalProcess terminal(command, words());
+    terminal.waitFor(question);
+    terminal.type("2\n");
+    terminal.waitFor("cancels): ");
+    // The key that aborts a process.
+    terminal.type("\x1C\n");
+    terminal.waitFor("A passcode is four digits.");
+    terminal.waitFor("cancels): ");
+    EXPECT_FALSE(terminal.echoes());
+    terminal.type("\x03");
+    EXPECT_EQ(terminal.wait(), 0);
+    EXPECT_TRUE(terminal.echoes());
+}
+
+TEST_F(TerminalSettings, EndsWhenItsTerminalIsGone) {
+    // As under nohup, where the signal that tells of it is ignored.
+    TerminalProcess terminal("/bin/sh", {"-c", "trap '' HUP; exec \"$0\" settings", command});
+    terminal.waitFor(question);
+    terminal.hangUp();
+    EXPECT_EQ(terminal.wait(), 1);
+}
+
 TEST_F(TerminalSettings, TellsAWrongPasscodeAndClosesAfterTheFourth) {
     writeFile(documentPath, xml("<dict><key>kPasscode</key><string>4711</string></dict>"));
     TerminalProcess terminal(command, words());

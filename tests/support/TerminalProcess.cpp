@@ -15,6 +15,7 @@
 #include <system_error>
 #include <termios.h>
 #include <unistd.h>
+#include <utility>
 
 namespace wardlock::test {
 
@@ -50,7 +51,12 @@ TerminalProcess::~TerminalProcess() {
         kill(pid_, SIGKILL);
         waitpid(pid_, nullptr, 0);
     }
-    close(terminal_);
+    hangUp();
+}
+
+void TerminalProcess::hangUp() {
+    if (terminal_ >= 0)
+        close(std::exchange(terminal_, -1));
 }
 
 std::string TerminalProcess::waitFor(std::string_view text) {
@@ -102,7 +108,7 @@ bool TerminalProcess::echoes() const {
 }
 
 int TerminalProcess::wait() {
-    while (readMore()) {
+    while (terminal_ >= 0 && readMore()) {
     }
     int status = 0;
     EXPECT_EQ(waitpid(pid_, &status, 0), pid_);

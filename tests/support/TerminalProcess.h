@@ -27,6 +27,8 @@ public:
     void type(std::string_view keys);
     void resize(Size size);
     void send(int signal) const;
+    /// The terminal is gone: nobody sees or types anything any more.
+    void hangUp();
     /// Whether typed characters are shown now.
     bool echoes() const;
     /// Waits for its end; its exit code, or -1 when a signal ended it.
