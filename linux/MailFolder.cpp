@@ -7,6 +7,7 @@
 #include "platform/foundation/Utf8.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <chrono>
 #include <cstdlib>
 #include <fcntl.h>
@@ -62,15 +63,17 @@ std::string safeFileName(std::string_view text) {
     return name.empty() ? "unnamed" : name;
 }
 
-bool writeNewFile(const std::string& path, std::string_view bytes) {
+std::error_code writeNewFile(const std::string& path, std::string_view bytes) {
     const FileDescriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0600));
     if (!file)
-        return false;
+        return {errno, std::generic_category()};
     PosixFileSystem files;
-    if (!writeAll(files, file.get(), bytes) && !files.sync(file.get(), Sync::Full))
-        return true;
-    unlink(path.c_str());
-    return false;
+    std::error_code error = writeAll(files, file.get(), bytes);
+    if (!error)
+        error = uninterrupted([&] { return files.sync(file.get(), Sync::Full); });
+    if (error)
+        unlink(path.c_str());
+    return error;
 }
 
 MailFolder::MailFolder(const std::vector<MailAttachment>& attachments) {
@@ -89,7 +92,7 @@ MailFolder::MailFolder(const std::vector<MailAttachment>& attachments) {
         if (mkdir(folder.c_str(), 0700) != 0)
             return;
         files_.push_back((folder / safeFileName(attachment.fileName)).string());
-        if (!writeNewFile(files_.back(), attachment.data))
+        if (writeNewFile(files_.back(), attachment.data))
             return;
     }
     complete_ = true;

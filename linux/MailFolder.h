@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <vector>
 
 namespace platform {
@@ -12,9 +13,9 @@ namespace platform {
 /// a dash, not too long, never empty.
 std::string safeFileName(std::string_view text);
 
-/// Writes a new file for the user alone, wholly on the disk when this returns; false when it cannot, and then
-/// nothing is left. A file that is there already is never replaced.
-bool writeNewFile(const std::string& path, std::string_view bytes);
+/// Writes a new file for the user alone, wholly on the disk when this returns; the error when it cannot, and
+/// then nothing is left. A file that is there already is never replaced.
+std::error_code writeNewFile(const std::string& path, std::string_view bytes);
 
 /// The attachments of a mail as files of a new private folder, under their stated names, so that another
 /// program can take them. The folder stays when this object goes: a mail program may read it later. Folders

@@ -6,8 +6,10 @@
 #include "platform/foundation/DeviceRoot.h"
 #include "platform/services/SystemMailService.h"
 
+#include <cerrno>
 #include <ctime>
 #include <filesystem>
+#include <system_error>
 #include <unistd.h>
 
 namespace platform {
@@ -28,6 +30,11 @@ std::string timeForName(std::time_t time) {
            '-' + twoDigits(parts.tm_hour) + twoDigits(parts.tm_min) + twoDigits(parts.tm_sec);
 }
 
+MailOutcome notSaved(const fs::path& folder, std::error_code error) {
+    return {MailOutcome::Kind::Failed,
+            "The mail could not be saved in " + folder.string() + ": " + error.message() + "."};
+}
+
 } // namespace
 
 bool MailOutbox::isOpen() {
@@ -42,21 +49,25 @@ std::optional<MailOutcome> MailOutbox::send(const MailMessage& message) {
     const std::string name = timeForName(origin.time) + ' ' + safeFileName(message.subject);
     // Beside its place first: whoever watches the folder for mails never sees half of one.
     const std::string temporary = (folder / ('.' + origin.messageId.substr(0, 32))).string();
-    if (!writeNewFile(temporary, bytes))
-        return MailOutcome{MailOutcome::Kind::Failed,
-                           "The mail could not be saved in " + folder.string() + "."};
+    if (const std::error_code error = writeNewFile(temporary, bytes))
+        return notSaved(folder, error);
     constexpr int mostOfOneName = 1000;
+    std::error_code error;
     for (int count = 1; count <= mostOfOneName; ++count) {
         const std::string path =
             (folder / (name + (count == 1 ? "" : ' ' + std::to_string(count)) + ".eml")).string();
         // A link fails where the name is taken; a rename would replace the other mail.
-        if (link(temporary.c_str(), path.c_str()) != 0)
+        if (link(temporary.c_str(), path.c_str()) != 0) {
+            error = {errno, std::generic_category()};
+            if (error != std::errc::file_exists)
+                break;
             continue;
+        }
         unlink(temporary.c_str());
         return MailOutcome{MailOutcome::Kind::SavedToOutbox, "The mail was saved as " + path + "."};
     }
     unlink(temporary.c_str());
-    return MailOutcome{MailOutcome::Kind::Failed, "The mail could not be saved in " + folder.string() + "."};
+    return notSaved(folder, error);
 }
 
 } // namespace platform

@@ -7,9 +7,11 @@
 #include "tests/support/Patience.h"
 #include "tests/support/Places.h"
 
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <optional>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace wardlock::test {
@@ -20,6 +22,23 @@ using platform::MailMessage;
 using platform::MailOutcome;
 
 constexpr const char* outbox = "/var/mobile/Library/Mail/Outbox";
+
+/// No file of this process can grow.
+class NoRoomInFiles {
+public:
+    NoRoomInFiles() {
+        std::signal(SIGXFSZ, SIG_IGN);
+        EXPECT_EQ(getrlimit(RLIMIT_FSIZE, &before_), 0);
+        const rlimit none{0, before_.rlim_max};
+        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &none), 0);
+    }
+    ~NoRoomInFiles() { EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &before_), 0); }
+    NoRoomInFiles(const NoRoomInFiles&) = delete;
+    NoRoomInFiles& operator=(const NoRoomInFiles&) = delete;
+
+private:
+    rlimit before_{};
+};
 
 /// A machine on which nothing of a desktop is to be found but what the test puts there.
 class SystemMailService : public BusFixture {
@@ -158,6 +177,15 @@ TEST_F(SystemMailService, KeepsEveryMailOfTheSameSecond) {
     for (int count = 0; count < 5; ++count)
         EXPECT_EQ(send().kind, MailOutcome::Kind::SavedToOutbox);
     EXPECT_EQ(savedMails().size(), 5U);
+}
+
+TEST_F(SystemMailService, TellsWhyAMailCouldNotBeSaved) {
+    makeFolder(outbox);
+    const NoRoomInFiles none;
+    const MailOutcome outcome = send();
+    EXPECT_EQ(outcome.kind, MailOutcome::Kind::Failed);
+    EXPECT_EQ(outcome.message, "The mail could not be saved in " + onDisk(outbox) + ": File too large.");
+    EXPECT_TRUE(savedMails().empty());
 }
 
 TEST_F(SystemMailService, HandsTheMailToTheMailProgramOfADisplay) {
