@@ -363,7 +363,7 @@ TEST_P(ProcessFaults, ADiskFullFromAnyCallOnLeavesTheOldOrTheNewDocumentAndNoTem
     }
 }
 
-TEST_P(ProcessFaults, AnInterruptionOrAShortWriteChangesNothing) {
+TEST_P(ProcessFaults, AnInterruptionOrAShortWriteOrReadChangesNothing) {
     const Journal whole = calls();
     const auto expectUnchanged = [this](const std::string& plan) {
         SCOPED_TRACE(plan);
@@ -382,6 +382,8 @@ TEST_P(ProcessFaults, AnInterruptionOrAShortWriteChangesNothing) {
         if (call.function == "write") {
             expectUnchanged("shorten " + std::to_string(call.number) + " 7");
             expectUnchanged("shorten " + std::to_string(call.number) + "- 100");
+        } else if (call.function == "read" && call.result > 7) {
+            expectUnchanged("shorten " + std::to_string(call.number) + " 7");
         }
 }
 

@@ -99,7 +99,8 @@ ssize_t shimRead(int file, void* room, size_t size) {
     {
         const std::lock_guard guard(Desk::shared().mutex());
         if (Desk::shared().counts(file))
-            return make(upon(file, "read"), ssize_t(-1), [&](Fate) { return next(file, room, size); });
+            return make(upon(file, "read"), ssize_t(-1),
+                        [&](Fate fate) { return next(file, room, std::min(size, fate.most)); });
     }
     return next(file, room, size);
 }

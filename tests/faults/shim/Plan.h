@@ -12,7 +12,7 @@ namespace wardlock::test::shim {
 struct Fate {
     bool killed = false;                ///< the process ends before the call
     int error = 0;                      ///< the call fails with it, without effect
-    std::size_t most = std::size_t(-1); ///< a write takes no more bytes
+    std::size_t most = std::size_t(-1); ///< a write takes, a read brings no more bytes
     bool torn = false;                  ///< a write takes half of its bytes, then the process ends
 };
 
@@ -27,7 +27,7 @@ enum class Room { None, Needed };
 ///   fail N ERRNO     call N fails; `fail N- ERRNO`: so do all after it
 ///   fill N           call N finds the disk full; `fill N-`: so do all after it that need room
 ///   interrupt N      call N is interrupted; `interrupt N-`: from there on, each function once for each path
-///   shorten N BYTES  call N, a write, takes no more bytes; `shorten N- BYTES`: so do all after it
+///   shorten N BYTES  call N, a write or a read, moves no more bytes; `shorten N- BYTES`: so do all after it
 class Plan {
 public:
     /// None when the text is no plan.
