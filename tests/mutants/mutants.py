@@ -97,6 +97,51 @@ ALL = [
     Mutant("damaged-not-synced", "the kept bytes are not on the disk when the document is replaced", both("power-cut"), [
         (FILE, "return copyAside(sync);", "return copyAside(sync == Sync::Full ? Sync::None : sync);"),
     ]),
+    Mutant("live-temporary-removed", "a temporary that is being written counts as a leftover", ("tests.foundation/AtomicWriter",), [
+        (WRITER, "        if (!uninterrupted([&] { return files_.lock(file); }))\n            uninterrupted", "        uninterrupted([&] { return files_.lock(file); });\n            uninterrupted"),
+    ]),
+    Mutant("short-read-is-enough", "what a short read has left is not read", ("processes.interrupted",), [
+        (REAL_FILES, "        if (length == read.size())\n            read.resize(read.size() * 2);", "        break;"),
+    ]),
+    Mutant("reason-of-a-failure-lost", "plist set does not say why it could not store", ("tests.faults/ToldReasons",), [
+        ("cli/PropertyListSetCommand.cpp", " + error.message());", ");"),
+    ]),
+    # The pages.
+    Mutant("passcode-by-its-beginning", "a passcode that begins as the right one is taken for it", ("tests.root/PasscodeWorkflow",), [
+        ("root/PasscodeWorkflow.cpp", "    if (currentPasscode() == passcode) {", "    if (currentPasscode() && currentPasscode()->substr(0, 2) == passcode.substr(0, 2)) {"),
+    ]),
+    Mutant("two-accounts-enabled", "enabling an account leaves the one enabled before as it is", ("tests.account/EnablingAnAccount",), [
+        ("account/AccountValues.cpp", "        disabled.set(kAccountEnabled, Value(false));\n", ""),
+    ]),
+    Mutant("deleted-account-left", "of a deleted account the record stays at the list's end", both("killed/AccountDeletion"), [
+        ("account/AccountValues.cpp", "    accounts.remove(selected());\n    const auto defaults",
+         "    const Value left = accounts.at(selected());\n    accounts.remove(selected());\n    accounts.insert(accounts.size(), left);\n    const auto defaults"),
+    ]),
+    Mutant("wrong-account-restricted", "the picker writes into the first account", ("tests.apps/AppsListSaving",), [
+        ("apps/AppsListView.cpp", "        const auto index = static_cast<std::size_t>(SelectedIndex);", "        const std::size_t index = 0;"),
+    ]),
+    Mutant("enabled-account-cached", "a change of the document leaves the enabled account as it was read first", ("tests.settings/SettingsUpdateTest",), [
+        ("settings/Settings.cpp", "    EnabledAccount = EnabledAccountNew();", "    EnabledAccountFetchIfNecessary();"),
+    ]),
+    # What others may do.
+    Mutant("link-of-another-followed", "a symbolic link is followed whoever has laid it", ("tests.hostile/PlantedLinks",), [
+        ("linux/OwnLink.cpp", "if (found.st_uid != 0 && found.st_uid != ::geteuid())", "if (found.st_uid == static_cast<uid_t>(-1))"),
+    ]),
+    Mutant("module-of-another-loaded", "a module counts as trusted whoever it belongs to", ("tests.hostile/ModuleTrust",), [
+        ("linux/ModuleTrust.cpp", "        if (!users_.include(status.owner))\n            return path + \" belongs to another user\";\n", ""),
+    ]),
+    Mutant("bus-of-another-visited", "the own bus is sought in a folder that others may enter", ("tests.hostile/Bus",), [
+        ("linux/PrivateFolder.cpp", "    return made || (status.st_mode & ALLPERMS) == S_IRWXU;", "    return true;"),
+    ]),
+    Mutant("bus-taken-from-others", "a process that cannot ask who listens removes the own bus's socket", ("tests.hostile/Bus",), [
+        ("linux/OwnBus.cpp", "    if (!socket)\n        return Listener::Unknown;", "    if (!socket)\n        return Listener::None;"),
+    ]),
+    Mutant("applications-without-end", "any number of folders is looked at for applications", ("tests.hostile/Bombs",), [
+        ("linux/applist/BundleApplications.cpp", "return ++folders_ <= MostFolders || tellTooMany(folder);", "return ++folders_ != 0 || tellTooMany(folder);"),
+    ]),
+    Mutant("terminal-obeys-values", "a terminal gets the control characters of a value", ("tests.cli/Output",), [
+        ("cli/Output.cpp", "Terminal::showsOutput() ? escaped(", "Terminal::showsOutput() && text.empty() ? escaped("),
+    ]),
     # Announcements: each writer's own.
     Mutant("switch-announces-first", "a row's value is announced before it is written", both("killed"), [
         ("specifiers/PreferenceHelper.cpp",
@@ -155,6 +200,12 @@ ALL = [
     Mutant("announcements-swapped", "of announcements that wait, the last is told first", ("soak",), [
         ("linux/DistributedCenter.cpp", "std::move(inbox_.front());\n        inbox_.pop_front();",
          "std::move(inbox_.back());\n        inbox_.pop_back();"),
+    ]),
+    Mutant("echo-told", "a process hears its own announcements a second time", ("tests.linux/DistributedCenterTest",), [
+        ("linux/NotificationBus.cpp", "if (sender && bus.connection_->uniqueName() != sender) {", "if (sender) {"),
+    ]),
+    Mutant("other-device-heard", "announcements of another device root are heard", ("tests.linux/DistributedCenterTest",), [
+        ("linux/DistributedCenter.cpp", "if (notification.deviceRoot == identity)", "if (!notification.deviceRoot.empty())"),
     ]),
     Mutant("old-view-kept", "an observer reads the document again at every second announcement only", ("soak",), [
         ("settings/Settings.cpp", "    InitSettings();\n    // The callback", "    static int calls = 0;\n    if (++calls % 2 != 0)\n"
