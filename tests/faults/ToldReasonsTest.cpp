@@ -51,7 +51,8 @@ TEST_F(ToldReasons, AreThoseOfAFullDisk) {
 TEST_F(ToldReasons, AreThoseOfEveryCallThatTheWriteNeeds) {
     ASSERT_EQ(set("record").exitCode, 0);
     std::size_t refused = 0;
-    for (const JournalEntry& call : Journal::read(journal()).entries()) {
+    const Journal calls = Journal::read(journal());
+    for (const JournalEntry& call : calls.entries()) {
         if (!call.changes())
             continue;
         writeFile(list, "<plist><dict/></plist>");
