@@ -1,5 +1,6 @@
 #include "apps/AppsListController.h"
 #include "tests/apps/PickerFixture.h"
+#include "tests/doubles/UnsyncedFileSystem.h"
 
 #include <algorithm>
 #include <cctype>
@@ -58,14 +59,6 @@ private:
             c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
         return {false, lower};
     }
-};
-
-/// The real files, but nobody waits for the disk: thousands of saves follow one another here.
-class UnsyncedFileSystem : public FaultyFileSystem {
-public:
-    using FaultyFileSystem::FaultyFileSystem;
-    std::error_code sync(platform::FileHandle, platform::Sync) override { return {}; }
-    std::error_code syncFolder(const std::string&) override { return {}; }
 };
 
 class AppsListSequences : public PickerFixture {
