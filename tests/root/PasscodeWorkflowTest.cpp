@@ -203,6 +203,20 @@ TEST_F(PasscodeWorkflow, ShowsAWrongPasscodeOnTheKeypadAndWaits) {
     expectOpen();
 }
 
+TEST_F(PasscodeWorkflow, TakesNoEntryThatDiffersInOneDigit) {
+    openWithPasscode("1234");
+    int failures = 0;
+    for (const char* almost : {"9234", "1934", "1294"}) {
+        enter(almost);
+        EXPECT_EQ(keypad()->failures(), ++failures) << almost;
+        EXPECT_EQ(status(), current) << almost;
+    }
+    enter("1239");
+    EXPECT_EQ(status(), current);
+    expectClosed();
+    expectNoChange();
+}
+
 TEST_F(PasscodeWorkflow, ToleratesThreeWrongEntriesAndClosesAtTheFourth) {
     openWithPasscode("1234");
     for (int entry = 1; entry <= 3; ++entry) {
