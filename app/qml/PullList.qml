@@ -8,6 +8,8 @@ Item {
     property alias list: list
     property alias model: list.model
     property alias delegate: list.delegate
+    /// What is said where there are no rows; empty for nothing.
+    property string emptyText
 
     /// The keyboard leaves the list over its first or last row.
     signal tabbedOut(bool forward)
@@ -112,6 +114,9 @@ Item {
 
         onMovementStarted: indicator.active = true
 
+        property bool complete: false
+        Component.onCompleted: complete = true
+
         property bool pulled: false
         onDragStarted: {
             pulled = false;
@@ -127,11 +132,13 @@ Item {
         sourceComponent: ScrollIndicator { list: pullList.list }
     }
     Loader {
-        active: pullList.page.filter !== "" && list.count === 0
+        id: hint
+        active: list.complete && list.count === 0 && words !== ""
+        readonly property string words: pullList.page.filter !== "" ? qsTr("Nothing found") : pullList.emptyText
         anchors.horizontalCenter: parent.horizontalCenter
         y: field.height + 40
         sourceComponent: Label {
-            text: qsTr("Nothing found")
+            text: hint.words
             color: Look.secondary
         }
     }

@@ -5,6 +5,7 @@ import Wardlock.Native
 PullList {
     id: tablePage
     model: page.table
+    emptyText: qsTr("Nothing here")
     list.topMargin: 20
     readonly property real side: Look.sideMargin(width)
 

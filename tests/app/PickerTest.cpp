@@ -39,6 +39,7 @@ protected:
 TEST_F(WindowPicker, ListsTheRestrictedFirstThenTheOthersByName) {
     install();
     openPicker();
+    EXPECT_FALSE(scene().showsText("Nothing here"));
     EXPECT_EQ(scene().namesWith("cell:"), (std::vector<std::string>{"org.zebra", "org.apple", "org.berry"}));
     EXPECT_TRUE(scene().item("switch:org.zebra")->property("on").toBool());
     EXPECT_FALSE(scene().item("switch:org.berry")->property("on").toBool());
@@ -111,6 +112,7 @@ TEST_F(WindowPicker, ShowsAnEmptySectionWithoutApplications) {
     setInAccount(0, kAppsRestricted, platform::Array{});
     openPicker();
     EXPECT_EQ(scene().namesWith("cell:"), std::vector<std::string>());
+    EXPECT_TRUE(scene().showsText("Nothing here"));
 }
 
 TEST_F(WindowPicker, BuildsOnlyTheRowsInSight) {
