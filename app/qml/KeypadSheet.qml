@@ -17,9 +17,11 @@ FocusScope {
     readonly property real gap: Math.round(unit * 0.3)
 
     Keys.onPressed: (event) => {
-        if (event.key >= Qt.Key_0 && event.key <= Qt.Key_9)
-            keypad.pressDigit(event.key - Qt.Key_0);
-        else if (event.key === Qt.Key_Backspace || event.key === Qt.Key_Delete)
+        if (event.key >= Qt.Key_0 && event.key <= Qt.Key_9) {
+            // A key that is held is one digit: four of them would be a passcode.
+            if (!event.isAutoRepeat)
+                keypad.pressDigit(event.key - Qt.Key_0);
+        } else if (event.key === Qt.Key_Backspace || event.key === Qt.Key_Delete)
             keypad.pressDelete();
         else if (event.key === Qt.Key_Escape)
             keypad.pressCancel();

@@ -2,6 +2,8 @@
 #include "tests/app/WindowFixture.h"
 
 #include <QGuiApplication>
+#include <QKeyEvent>
+#include <QTest>
 #include <QWindow>
 #include <gtest/gtest.h>
 
@@ -51,6 +53,19 @@ TEST_F(WindowPasscode, TakesDigitsOfTheKeyboardFromTheFirstMoment) {
     scene().tap("row:Passcode");
     scene().type("4711");
     EXPECT_EQ(passcode(), "4711");
+}
+
+TEST_F(WindowPasscode, TakesAKeyThatIsHeldForOneDigit) {
+    openKeypad();
+    QTest::keyPress(&window(), Qt::Key_1);
+    for (int repeat = 0; repeat < 5; ++repeat) {
+        QKeyEvent repeated(QEvent::KeyPress, Qt::Key_1, Qt::NoModifier, QStringLiteral("1"), true);
+        QCoreApplication::sendEvent(&window(), &repeated);
+    }
+    QTest::keyRelease(&window(), Qt::Key_1);
+    EXPECT_EQ(passcode(), "");
+    scene().type("234");
+    EXPECT_EQ(passcode(), "1234");
 }
 
 TEST_F(WindowPasscode, TakesTheLastDigitBack) {

@@ -339,6 +339,17 @@ TEST_F(PasscodeWorkflow, ComparesWithTheSnapshotOfThePage) {
     EXPECT_EQ(status(), fresh);
 }
 
+TEST_F(PasscodeWorkflow, SharesItsSnapshotWithTheOtherPagesOfItsKind) {
+    writeDocument({{"kPasscode", ""}});
+    page->specifiers();
+    const auto other = std::make_shared<SettingsListController>();
+    other->savePasscode("1234");
+    open();
+    EXPECT_EQ(status(), current);
+    enter("1234");
+    EXPECT_EQ(status(), fresh);
+}
+
 TEST_F(PasscodeWorkflow, SavesIntoTheDocumentAsItIsNow) {
     openWithPasscode("");
     writeDocument({{"kEnabled", false}, {"kPasscode", "7777"}, {"unknown", 5}});
