@@ -12,6 +12,7 @@ import sys
 from gi.repository import Gio, GLib
 
 NAME = "com.tavix.wardlock/update"
+LONGEST_SOCKET = 107  # bytes of a socket's path
 EPOCH = datetime.datetime(2001, 1, 1, tzinfo=datetime.timezone.utc)
 
 
@@ -41,12 +42,11 @@ def bus_address():
     if os.environ.get("DBUS_SESSION_BUS_ADDRESS"):
         return os.environ["DBUS_SESSION_BUS_ADDRESS"]
     runtime = os.environ.get("XDG_RUNTIME_DIR", "")
-    if not is_private_folder(runtime):
-        own = f"/tmp/wardlock-bus-{os.geteuid()}/bus"
-    elif os.path.exists(f"{runtime}/bus"):
+    own = f"{runtime}/wardlock-bus/bus"
+    if is_private_folder(runtime) and os.path.exists(f"{runtime}/bus"):
         own = f"{runtime}/bus"
-    else:
-        own = f"{runtime}/wardlock-bus/bus"
+    elif not is_private_folder(runtime) or len(os.fsencode(own)) > LONGEST_SOCKET:
+        own = f"/tmp/wardlock-bus-{os.geteuid()}/bus"
     return f"unix:path={Gio.dbus_address_escape_value(own)}"
 
 

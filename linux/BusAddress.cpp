@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <string_view>
 #include <sys/stat.h>
+#include <sys/un.h>
 #include <unistd.h>
 
 namespace platform {
@@ -27,6 +28,14 @@ std::string runtimeFolder() {
     return path;
 }
 
+constexpr const char* ownFolderName = "/wardlock-bus";
+constexpr const char* ownSocketName = "/bus";
+
+/// A socket's name in the file system is short.
+bool fitsSocket(const std::string& path) {
+    return path.size() < sizeof(sockaddr_un::sun_path);
+}
+
 bool isSocket(const std::string& path) {
     struct stat status {};
     return stat(path.c_str(), &status) == 0 && S_ISSOCK(status.st_mode);
@@ -35,7 +44,7 @@ bool isSocket(const std::string& path) {
 std::string folderBelowTmp() {
     char digits[20];
     const auto end = std::to_chars(digits, digits + sizeof digits, geteuid()).ptr;
-    return "/tmp/wardlock-bus-" + std::string(digits, end);
+    return std::string("/tmp") + ownFolderName + '-' + std::string(digits, end);
 }
 
 bool goesUnescaped(char c) {
@@ -64,8 +73,10 @@ BusAddress busAddress() {
     const std::string runtime = runtimeFolder();
     if (!runtime.empty() && isSocket(runtime + "/bus"))
         return {busAddressOfSocket(runtime + "/bus"), {}, false};
-    const std::string folder = runtime.empty() ? folderBelowTmp() : runtime + "/wardlock-bus";
-    return {busAddressOfSocket(folder + "/bus"), folder, false};
+    std::string folder = runtime + ownFolderName;
+    if (runtime.empty() || !fitsSocket(folder + ownSocketName))
+        folder = folderBelowTmp();
+    return {busAddressOfSocket(folder + ownSocketName), folder, false};
 }
 
 } // namespace platform

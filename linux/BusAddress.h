@@ -15,8 +15,8 @@ struct BusAddress {
 };
 
 /// DBUS_SESSION_BUS_ADDRESS; else the user's bus in XDG_RUNTIME_DIR, where it exists; else one of our own, in
-/// a folder below XDG_RUNTIME_DIR, or below /tmp where that is not a folder of this user. Reads the
-/// environment anew at each call.
+/// a folder below XDG_RUNTIME_DIR, or below /tmp where that is not a folder of this user, or has too long a
+/// name for a socket in it. Reads the environment anew at each call.
 BusAddress busAddress();
 
 /// The D-Bus address of a socket at the path.

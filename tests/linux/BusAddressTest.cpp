@@ -60,6 +60,18 @@ TEST_F(BusAddressTest, IsOurOwnBelowTmpWithoutARuntimeFolder) {
     }
 }
 
+TEST_F(BusAddressTest, IsOurOwnBelowTmpWhereTheRuntimeFoldersNameIsTooLongForASocket) {
+    const std::string socket = "/wardlock-bus/bus";
+    const std::string runtime = folder() / std::string(107 - socket.size() - folder().path().size() - 1, 'x');
+    for (const std::string& path : {runtime, runtime + 'x'}) {
+        std::filesystem::create_directory(path);
+        std::filesystem::permissions(path, std::filesystem::perms::owner_all);
+        environment.set("XDG_RUNTIME_DIR", path);
+        const bool fits = path == runtime;
+        EXPECT_EQ(busAddress().ownFolder, fits ? path + "/wardlock-bus" : folderBelowTmp());
+    }
+}
+
 TEST(BusAddress, EscapesWhatAnAddressCannotHold) {
     EXPECT_EQ(platform::busAddressOfSocket("/a b,c;d=e%\xc3\xa4:'-_.*"),
               "unix:path=/a%20b%2cc%3bd%3de%25%c3%a4%3a%27-_.*");
