@@ -100,6 +100,15 @@ std::string attachmentPart(const MailAttachment& attachment) {
            "\r\nContent-Transfer-Encoding: base64\r\n\r\n" + base64Lines(attachment.data);
 }
 
+/// Mails are written beside the main thread, which may look users up meanwhile.
+std::string nameOfUser() {
+    std::array<char, 16384> room{};
+    passwd entry{};
+    passwd* found = nullptr;
+    getpwuid_r(geteuid(), &entry, room.data(), room.size(), &found);
+    return found ? found->pw_name : "wardlock";
+}
+
 std::string joined(const std::vector<std::string>& recipients) {
     std::string text;
     for (const auto& recipient : recipients)
@@ -113,9 +122,7 @@ MailOrigin mailOriginOfProcess() {
     std::array<char, 256> host{};
     const bool named = gethostname(host.data(), host.size() - 1) == 0 && host[0] != '\0';
     const std::string hostName = named ? host.data() : "localhost";
-    const passwd* user = getpwuid(geteuid());
-    return {std::string(user ? user->pw_name : "wardlock") + '@' + hostName, std::time(nullptr),
-            randomText() + '@' + hostName};
+    return {nameOfUser() + '@' + hostName, std::time(nullptr), randomText() + '@' + hostName};
 }
 
 std::string mimeMessage(const MailMessage& message, const MailOrigin& origin) {
