@@ -14,7 +14,6 @@ namespace wardlock::app {
 class Appearance : public QObject {
     Q_OBJECT
     Q_PROPERTY(bool dark READ isDark NOTIFY changed)
-    Q_PROPERTY(bool highContrast READ highContrast NOTIFY changed)
     Q_PROPERTY(bool reducedMotion READ reducedMotion NOTIFY changed)
     Q_PROPERTY(double textScale READ textScale NOTIFY changed)
 

@@ -19,7 +19,6 @@ class Look : public QObject {
     Q_PROPERTY(double textScale READ textScale NOTIFY changed)
     Q_PROPERTY(QString family READ family CONSTANT)
     Q_PROPERTY(int body READ body NOTIFY changed)
-    Q_PROPERTY(double barScale READ barScale NOTIFY changed)
     Q_PROPERTY(int barText READ barText NOTIFY changed)
     Q_PROPERTY(int small READ smallText NOTIFY changed)
     Q_PROPERTY(QColor ground READ ground NOTIFY changed)

@@ -50,7 +50,7 @@ public:
     Q_INVOKABLE void dismissNotice();
     /// Somebody uses assistive technology.
     Q_INVOKABLE bool isAssisted() const { return QAccessible::isActive(); }
-    Q_INVOKABLE void resignActive() { application_.resignActive(); }
+    void resignActive() { application_.resignActive(); }
     Q_INVOKABLE void close() { application_.close(); }
 
 signals:

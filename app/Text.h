@@ -7,6 +7,7 @@
 
 namespace wardlock::app {
 
+/// A text of the platform, which is UTF-8, as Qt has it.
 inline QString toQt(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }

@@ -7,9 +7,12 @@
 #include "app/Look.h"
 #include "app/RowIcon.h"
 #include "app/TableCell.h"
+#include "platform/services/DeviceInformation.h"
 
 #include <QGuiApplication>
 #include <QQmlContext>
+
+#include <algorithm>
 
 namespace wardlock::app {
 
@@ -30,6 +33,12 @@ WindowHost::WindowHost(platform::AnimationClock& clock, double transitionSeconds
     // Where the display activates a window at once, the first change is missed.
     active_ = QGuiApplication::applicationState() == Qt::ApplicationActive;
     connect(qApp, &QGuiApplication::applicationStateChanged, this, &WindowHost::followApplicationState);
+    if (!window())
+        return;
+    for (const auto changed : {&QWindow::widthChanged, &QWindow::heightChanged})
+        connect(window(), changed, this, &WindowHost::tellScreen);
+    connect(window(), &QWindow::screenChanged, this, &WindowHost::tellScreen);
+    tellScreen();
 }
 
 WindowHost::~WindowHost() {
@@ -40,6 +49,13 @@ WindowHost::~WindowHost() {
 QQuickWindow* WindowHost::window() const {
     return engine_.rootObjects().isEmpty() ? nullptr
                                            : qobject_cast<QQuickWindow*>(engine_.rootObjects().constFirst());
+}
+
+void WindowHost::tellScreen() const {
+    // Pictures are asked for no coarser than a device's: text that grows takes them along.
+    constexpr double devicesScale = 2;
+    platform::DeviceInformation::setScreenSize({double(window()->width()), double(window()->height())});
+    platform::DeviceInformation::setScreenScale(std::max(devicesScale, window()->devicePixelRatio()));
 }
 
 void WindowHost::followApplicationState(Qt::ApplicationState state) {

@@ -8,7 +8,8 @@
 
 namespace wardlock::app {
 
-/// The window itself: loads the QML over the models. Main thread only; a QGuiApplication is there.
+/// The window itself, which is the screen of the device: loads the QML over the models. Main thread only; a
+/// QGuiApplication is there.
 class WindowHost : public QObject {
 public:
     /// The clock outlives this object. See loaded() for whether it worked.
@@ -22,6 +23,7 @@ public:
 
 private:
     void followApplicationState(Qt::ApplicationState state);
+    void tellScreen() const;
 
     SettingsWindow settings_;
     Appearance appearance_;

@@ -4,6 +4,7 @@
 
 #include <memory>
 
+/// Owners of what sd-bus hands out.
 namespace platform {
 
 struct BusMessageDeleter {

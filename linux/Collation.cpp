@@ -48,12 +48,4 @@ void appendLocalizedKey(std::string_view text, std::string& keys) {
     }
 }
 
-int localizedCaseInsensitiveCompare(std::string_view a, std::string_view b) {
-    std::string keyA;
-    std::string keyB;
-    appendLocalizedKey(a, keyA);
-    appendLocalizedKey(b, keyB);
-    return keyA.compare(keyB);
-}
-
 } // namespace platform

@@ -17,8 +17,6 @@ public:
     void viewWillAppear(bool animated) override;
     void tableViewDidSelectRowAtIndexPath(platform::NSIndexPath path) override;
 
-    const BundleList& bundles() const { return bundles_; }
-
 private:
     void open(const BundleEntry& entry);
     void tellFailure(const BundleEntry& entry, const std::string& reason);

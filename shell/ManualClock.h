@@ -14,8 +14,6 @@ public:
     /// Lets `seconds` pass. Each action runs at its own time, those that it asks for in turn included, as far
     /// as they fall into the step.
     void step(double seconds);
-    /// Whether something waits for time to pass.
-    bool isWaiting() const { return actions_.nextDue().has_value(); }
 
 private:
     double now_ = 0;

@@ -34,12 +34,4 @@ void appendCaseFolded(std::string_view text, std::string& folded) {
     }
 }
 
-int caseInsensitiveCompare(std::string_view a, std::string_view b) {
-    std::string foldedA;
-    std::string foldedB;
-    appendCaseFolded(a, foldedA);
-    appendCaseFolded(b, foldedB);
-    return foldedA.compare(foldedB);
-}
-
 } // namespace platform

@@ -1,6 +1,6 @@
 #pragma once
 
-/// Comparison without regard to letter case or language, over Unicode's simple case foldings: one character
+/// Texts without regard to letter case or language, over Unicode's simple case foldings: one character
 /// stands for one character, so that "ß" and "ss" stay different. Texts are UTF-8; bytes that are none count
 /// as they are. Any thread.
 
@@ -17,8 +17,5 @@ WARDLOCK_API char32_t simpleCaseFolding(char32_t character);
 /// Appends the text's folded form. Two texts compare as the bytes of their folded forms do, so a form made
 /// once per text serves a whole sort.
 WARDLOCK_API void appendCaseFolded(std::string_view text, std::string& folded);
-
-/// Below, equal to or above 0 as `a` comes before, with or after `b`.
-WARDLOCK_API int caseInsensitiveCompare(std::string_view a, std::string_view b);
 
 } // namespace platform

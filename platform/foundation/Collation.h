@@ -15,8 +15,4 @@ namespace platform {
 /// do, so a key made once per text serves a whole sort.
 WARDLOCK_API void appendLocalizedKey(std::string_view text, std::string& keys);
 
-/// Below, equal to or above 0 as `a` comes before, with or after `b` in the user's language, letter case
-/// aside.
-WARDLOCK_API int localizedCaseInsensitiveCompare(std::string_view a, std::string_view b);
-
 } // namespace platform

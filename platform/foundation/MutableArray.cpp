@@ -3,8 +3,6 @@
 #include "platform/foundation/RangeCheck.h"
 #include "platform/foundation/Value.h"
 
-#include <algorithm>
-
 namespace platform {
 
 MutableArray::MutableArray() = default;
@@ -34,10 +32,6 @@ const Value* MutableArray::begin() const {
 
 const Value* MutableArray::end() const {
     return values_.data() + values_.size();
-}
-
-bool MutableArray::contains(const Value& value) const {
-    return std::find(begin(), end(), value) != end();
 }
 
 void MutableArray::append(Value value) {

@@ -25,7 +25,6 @@ public:
     const Value& at(std::size_t index) const;
     const Value* begin() const;
     const Value* end() const;
-    bool contains(const Value& value) const;
 
     void append(Value value);
     /// Before the element at the index; at the end where the index is the size.

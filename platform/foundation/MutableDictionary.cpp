@@ -44,15 +44,6 @@ DictionaryIterator MutableDictionary::end() const {
     return {keys_.get(), values_.data(), values_.size()};
 }
 
-void MutableDictionary::addEntries(const Dictionary& dictionary) {
-    if (empty()) {
-        *this = MutableDictionary(dictionary);
-        return;
-    }
-    for (const auto& [key, value] : dictionary)
-        set(key, value);
-}
-
 void MutableDictionary::set(std::string_view key, Value value) {
     if (!keys_)
         keys_ = KeySet::create();

@@ -28,7 +28,6 @@ public:
     DictionaryIterator begin() const;
     DictionaryIterator end() const;
 
-    void addEntries(const Dictionary& dictionary);
     void set(std::string_view key, Value value);
     /// Throws NSException (NSInvalidArgumentException) for nil; nothing is changed then.
     void set(std::string_view key, const Value* valueOrNil);

@@ -67,10 +67,6 @@ std::shared_ptr<NSBundle> NSBundle::bundleForClass(const std::type_info& type) {
     return std::shared_ptr<NSBundle>(new NSBundle(own, own, Dictionary()));
 }
 
-std::string NSBundle::bundleIdentifier() const {
-    return stringIn(info_, "CFBundleIdentifier");
-}
-
 std::optional<std::string> NSBundle::pathForResource(std::string_view name, std::string_view type) const {
     std::string file(name);
     if (!type.empty())

@@ -27,8 +27,6 @@ public:
     /// The folder, a path of this machine without links.
     const std::string& bundlePath() const { return path_; }
     const Dictionary& infoDictionary() const { return info_; }
-    /// "CFBundleIdentifier"; empty when absent.
-    std::string bundleIdentifier() const;
     /// A path of this machine for the resource "name.type" of the bundle, or none where there is no such
     /// file. A name that leads out of the bundle names none.
     std::optional<std::string> pathForResource(std::string_view name, std::string_view type) const;

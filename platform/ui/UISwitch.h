@@ -4,6 +4,7 @@
 
 namespace platform {
 
+/// An on/off switch, which tells its targets when a person has changed it.
 class WARDLOCK_API UISwitch : public UIControl {
 public:
     using UIControl::UIControl;

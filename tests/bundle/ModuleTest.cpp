@@ -41,8 +41,8 @@ protected:
 
 TEST_F(Module, IsNamedByTheBundlesInfo) {
     ASSERT_NE(bundle, nullptr);
-    EXPECT_EQ(bundle->bundleIdentifier(), "com.tavix.wardlock");
     const auto& info = bundle->infoDictionary();
+    EXPECT_EQ(*info.find("CFBundleIdentifier"), Value("com.tavix.wardlock"));
     EXPECT_EQ(*info.find("CFBundleDisplayName"), Value("Wardlock"));
     EXPECT_EQ(*info.find("CFBundleName"), Value("WardlockSettings"));
     EXPECT_EQ(*info.find("CFBundleExecutable"), Value("WardlockSettings"));

@@ -83,14 +83,6 @@ TEST(MutableArray, RemovesAtAnIndex) {
     EXPECT_EQ(text(array.copy()), "[1, 3]");
 }
 
-TEST(MutableArray, KnowsWhatItContains) {
-    const MutableArray array(Array{"a", Array{1}});
-    EXPECT_TRUE(array.contains("a"));
-    EXPECT_TRUE(array.contains(Array{1}));
-    EXPECT_FALSE(array.contains("b"));
-    EXPECT_FALSE(MutableArray().contains("a"));
-}
-
 TEST(MutableArray, ChangesNoCopyItGaveAway) {
     MutableArray array(Array{1});
     const Array before = array.copy();

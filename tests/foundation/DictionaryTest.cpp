@@ -93,12 +93,6 @@ TEST(MutableDictionary, CopiesAreIndependent) {
     EXPECT_EQ(text(second.copy()), "{\"a\": 1, \"b\": 2}");
 }
 
-TEST(MutableDictionary, TakesTheEntriesOfAnother) {
-    MutableDictionary dictionary(Dictionary{{"a", 1}, {"b", 2}});
-    dictionary.addEntries(Dictionary{{"c", 3}, {"a", 4}});
-    EXPECT_EQ(text(dictionary.copy()), "{\"a\": 4, \"b\": 2, \"c\": 3}");
-}
-
 TEST(MutableDictionary, ThrowsAndChangesNothingForNil) {
     MutableDictionary dictionary(Dictionary{{"a", 1}});
     const Value* nil = nullptr;
