@@ -10,7 +10,7 @@
 namespace wardlock::cli {
 
 /// The main loop of a face without a window: lets the application and its clock do what is due while it
-/// waits. SIGINT and SIGTERM end the waiting. SIGTSTP, a terminal's Ctrl+Z, stops the process once the
+/// waits. SIGINT, SIGTERM and SIGHUP end the waiting. SIGTSTP, a terminal's Ctrl+Z, stops the process once the
 /// application has resigned active.
 class SettingsLoop {
 public:
@@ -35,7 +35,7 @@ private:
     shell::SettingsApplication& settings_;
     shell::SteadyClock* clock_;
     std::function<void()> turn_;
-    Signals stop_{SIGINT, SIGTERM};
+    Signals stop_{SIGINT, SIGTERM, SIGHUP};
     Signals resize_{SIGWINCH};
     Signals suspend_{SIGTSTP};
     bool stopped_ = false;

@@ -182,14 +182,16 @@ TEST_F(TerminalSettings, StopsWhenItIsSuspendedAndShowsWhatIsTypedMeanwhile) {
 }
 
 TEST_F(TerminalSettings, GivesTheEchoBackWhenItIsInterrupted) {
-    TerminalProcess terminal(command, words());
-    terminal.waitFor(question);
-    terminal.type("2\n");
-    terminal.waitFor("cancels): ");
-    EXPECT_FALSE(terminal.echoes());
-    terminal.send(SIGINT);
-    EXPECT_EQ(terminal.wait(), 0);
-    EXPECT_TRUE(terminal.echoes());
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        TerminalProcess terminal(command, words());
+        terminal.waitFor(question);
+        terminal.type("2\n");
+        terminal.waitFor("cancels): ");
+        EXPECT_FALSE(terminal.echoes());
+        terminal.send(signal);
+        EXPECT_EQ(terminal.wait(), 0) << signal;
+        EXPECT_TRUE(terminal.echoes()) << signal;
+    }
 }
 
 TEST_F(TerminalSettings, EndsWithItsInput) {
