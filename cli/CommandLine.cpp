@@ -71,12 +71,15 @@ ExitCode reportingFailures(const std::string& name, Body body) {
         Output::flush();
         return code;
     } catch (const CommandError& error) {
+        // What was printed before the failure comes before it.
+        Output::flushLast();
         std::string text = name + ": " + error.what();
         if (error.code() == ExitCode::WrongUsage)
             text += " (see " + name + " --help)";
         Output::error(text);
         return error.code();
     } catch (const std::exception& error) {
+        Output::flushLast();
         Output::error(name + ": " + error.what());
         return ExitCode::Failed;
     }

@@ -77,9 +77,9 @@ TEST_F(AppListBundles, AreNamedByIdentifierWhereTheFoldersNameIsNoText) {
 
 TEST_F(AppListBundles, OfAPlaceInContainersAreLookedForInSoManyContainers) {
     const std::string place = "/var/containers/Bundle/Application";
-    for (int i = 0; i < 10000; ++i)
-        fs::create_directories(onDisk(place + "/" + std::to_string(i)));
     install(place + "/0/A.app", "org.first", "First");
+    for (int i = 1; i < 10000; ++i)
+        fs::create_directory_symlink("nowhere", onDisk(place + "/" + std::to_string(i)));
     install(place + "/zzz/A.app", "org.last", "Last");
     EXPECT_EQ(list().applications(), (platform::Dictionary{{"org.first", "First"}}));
     fs::remove(onDisk(place + "/5000"));
