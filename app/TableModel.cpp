@@ -22,27 +22,30 @@ quint64 number(NSIndexPath path) {
 } // namespace
 
 TableModel::TableModel(std::shared_ptr<shell::Table> table) : table_(std::move(table)), shown_(rowsHeld) {
-    readPaths();
+    readPlaces();
 }
 
-void TableModel::readPaths() {
-    const std::size_t sections = table_->sectionCount();
-    for (std::size_t section = 0; section < sections; ++section) {
-        const std::size_t rows = table_->rowCount(section);
-        for (std::size_t row = 0; row < rows; ++row)
-            paths_.push_back({section, row});
-    }
+void TableModel::readPlaces() {
+    std::size_t count = 0;
+    for (std::size_t section = 0, sections = table_->sectionCount(); section < sections; ++section)
+        ends_.push_back(count += table_->rowCount(section));
+}
+
+NSIndexPath TableModel::pathAt(std::size_t place) const {
+    const auto section = static_cast<std::size_t>(std::ranges::upper_bound(ends_, place) - ends_.begin());
+    return {section, place - before(section)};
 }
 
 int TableModel::rowCount(const QModelIndex& parent) const {
     if (parent.isValid())
         return 0;
-    return static_cast<int>(filter_.isEmpty() ? paths_.size() : passing_.size());
+    const std::size_t all = ends_.empty() ? 0 : ends_.back();
+    return static_cast<int>(filter_.isEmpty() ? all : passing_.size());
 }
 
 NSIndexPath TableModel::pathOf(int row) const {
     const auto place = static_cast<std::size_t>(row);
-    return paths_[filter_.isEmpty() ? place : passing_[place]];
+    return pathAt(filter_.isEmpty() ? place : passing_[place]);
 }
 
 std::shared_ptr<shell::TableRow> TableModel::shown(NSIndexPath path) const {
@@ -85,7 +88,7 @@ void TableModel::setFilter(const QString& filter) {
     filter_ = filter.trimmed();
     passing_.clear();
     if (!filter_.isEmpty())
-        for (std::size_t place = 0; place < paths_.size(); ++place)
+        for (std::size_t place = 0; !ends_.empty() && place < ends_.back(); ++place)
             if (passes(place))
                 passing_.push_back(place);
     endResetModel();
@@ -93,7 +96,7 @@ void TableModel::setFilter(const QString& filter) {
 
 bool TableModel::passes(std::size_t place) {
     if (texts_.size() <= place) {
-        const auto row = table_->show(paths_[place]);
+        const auto row = table_->show(pathAt(place));
         texts_.push_back(row ? Text{toQt(row->title()), toQt(row->key())} : Text{});
     }
     const Text& text = texts_[place];
@@ -102,15 +105,14 @@ bool TableModel::passes(std::size_t place) {
 }
 
 void TableModel::rowChanged(NSIndexPath path) {
-    const auto same = std::find(paths_.begin(), paths_.end(), path);
-    if (same == paths_.end())
+    if (path.section >= ends_.size() || before(path.section) + path.row >= ends_[path.section])
         return;
-    auto place = same - paths_.begin();
+    std::size_t place = before(path.section) + path.row;
     if (!filter_.isEmpty()) {
-        const auto passing = std::find(passing_.begin(), passing_.end(), static_cast<std::size_t>(place));
+        const auto passing = std::ranges::find(passing_, place);
         if (passing == passing_.end())
             return;
-        place = passing - passing_.begin();
+        place = static_cast<std::size_t>(passing - passing_.begin());
     }
     emit dataChanged(index(static_cast<int>(place)), index(static_cast<int>(place)));
 }

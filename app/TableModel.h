@@ -40,16 +40,20 @@ private:
 
     std::shared_ptr<shell::TableRow> shown(platform::NSIndexPath path) const;
     TableEntry entry(int row) const;
-    void readPaths();
+    void readPlaces();
+    /// How many rows stand before the section's first.
+    std::size_t before(std::size_t section) const { return section == 0 ? 0 : ends_[section - 1]; }
+    /// Of every row, counted through all sections.
+    platform::NSIndexPath pathAt(std::size_t place) const;
     bool passes(std::size_t place);
 
     std::shared_ptr<shell::Table> table_;
     QString filter_;
-    /// Every row of the table.
-    std::vector<platform::NSIndexPath> paths_;
+    /// How many rows there are up to the end of each section.
+    std::vector<std::size_t> ends_;
     /// The texts of every row, once a filter has been asked for.
     std::vector<Text> texts_;
-    /// Places in paths_ that pass the filter; unused without one.
+    /// Places that pass the filter; unused without one.
     std::vector<std::size_t> passing_;
     mutable QCache<quint64, std::shared_ptr<shell::TableRow>> shown_;
 };
