@@ -1,8 +1,9 @@
 #pragma once
 
+#include <systemd/sd-bus.h>
+
 #include <cstdint>
 #include <cstdio>
-#include <systemd/sd-bus.h>
 
 namespace wardlock::test {
 
