@@ -51,11 +51,15 @@ std::vector<std::string> sampleNames(std::size_t count) {
     return names;
 }
 
+std::string sampleIdentifier(std::size_t number) {
+    return "org.example.application" + std::to_string(number);
+}
+
 InstalledApplications::InstalledApplications(std::size_t count) {
     platform::MutableDictionary names;
     std::size_t number = 0;
     for (const std::string& name : sampleNames(count))
-        names.set("org.example.application" + std::to_string(number++), platform::Value(name));
+        names.set(sampleIdentifier(number++), platform::Value(name));
     listClass().list->names = names.copy();
     platform::registerClasses(classes);
 }

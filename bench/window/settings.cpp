@@ -13,6 +13,7 @@
 #include "platform/foundation/DeviceRoot.h"
 #include "platform/foundation/PropertyList.h"
 #include "platform/services/ALApplicationList.h"
+#include "settings/Keys.h"
 #include "shell/ManualClock.h"
 
 #include <QGuiApplication>
@@ -48,9 +49,23 @@ private:
     FrameWatch& watch_;
 };
 
+/// One account that restricts as many applications as the default one, all of them installed: every row of
+/// the picker has a name.
+platform::Dictionary document() {
+    constexpr std::size_t restricted = 9;
+    platform::MutableDictionary document(sampleDocument(1));
+    platform::MutableDictionary account(platform::arrayValue(document.find(kAccounts))->at(0).dictionary());
+    platform::MutableArray identifiers;
+    for (std::size_t i = 0; i < restricted; ++i)
+        identifiers.append(sampleIdentifier(i));
+    account.set(kAppsRestricted, identifiers.copy());
+    document.set(kAccounts, platform::Array{account.copy()});
+    return document.copy();
+}
+
 /// The window, with the pages of a device of its own.
 struct Opened {
-    ProvisionedDevice device{platform::dataWithPropertyList(sampleDocument(1))};
+    ProvisionedDevice device{platform::dataWithPropertyList(document())};
     shell::ManualClock clock;
     app::WindowHost host{clock, 0};
     Person person{host.settings().application()};
