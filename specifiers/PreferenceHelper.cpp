@@ -11,7 +11,6 @@
 namespace wardlock {
 
 using platform::PSCellType;
-using platform::PSSpecifier;
 using platform::PSTextFieldSpecifier;
 using platform::Value;
 namespace PSKey = platform::PSKey;
@@ -85,7 +84,8 @@ PreferenceHelper::Row PreferenceHelper::staticText(std::string title) {
 }
 
 PreferenceHelper::Row PreferenceHelper::link(std::string title, std::string_view identifier,
-                                             std::vector<std::string> titles, std::vector<Value> values) {
+                                             const std::vector<std::string>& titles,
+                                             std::vector<Value> values) {
     auto row = PSSpecifier::preferenceSpecifierNamed(std::move(title), target(), setAction_, getAction_,
                                                      &platform::PSListItemsController::theClass(),
                                                      PSCellType::LinkList, nullptr);

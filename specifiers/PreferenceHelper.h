@@ -62,7 +62,7 @@ public:
 
     /// Rows with a value. Sliders and text fields carry no label: their first argument is the identifier and
     /// the placeholder.
-    Row link(std::string title, std::string_view identifier, std::vector<std::string> titles,
+    Row link(std::string title, std::string_view identifier, const std::vector<std::string>& titles,
              std::vector<platform::Value> values);
     Row toggle(std::string title, std::string_view identifier);
     Row toggle(std::string title, std::string_view identifier, SetAction set, GetAction get);
