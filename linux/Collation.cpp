@@ -2,9 +2,8 @@
 
 #include "platform/foundation/CaseFolding.h"
 
+#include <clocale>
 #include <cstring>
-#include <locale.h>
-#include <string.h>
 
 namespace platform {
 namespace {

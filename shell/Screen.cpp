@@ -21,7 +21,7 @@ void collectOverlay(const std::shared_ptr<UIView>& view, Overlay& found) {
 
 } // namespace
 
-Screen::Screen(std::shared_ptr<platform::UIViewController> root, Door& door)
+Screen::Screen(const std::shared_ptr<platform::UIViewController>& root, Door& door)
     : navigation_(platform::UINavigationController::initWithRootViewController(root)),
       window_(std::make_shared<platform::UIWindow>(platform::DeviceInformation::current().screenBounds())),
       stack_(navigation_, door) {

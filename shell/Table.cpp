@@ -23,14 +23,14 @@ double Table::rowHeight(NSIndexPath path) {
 std::shared_ptr<TableRow> Table::show(NSIndexPath path) {
     std::erase_if(shown_, [](const auto& row) { return row.expired(); });
     for (const auto& weak : shown_)
-        if (const auto row = weak.lock(); row && row->path() == path)
+        if (auto row = weak.lock(); row && row->path() == path)
             return row;
     if (!has(path))
         return nullptr;
     auto cell = door_.enter([&] { return view_->takeCell(path); });
     if (!cell)
         return nullptr;
-    const auto row = std::make_shared<TableRow>(view_, path, std::move(cell));
+    auto row = std::make_shared<TableRow>(view_, path, std::move(cell));
     shown_.push_back(row);
     return row;
 }

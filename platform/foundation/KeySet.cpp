@@ -55,7 +55,7 @@ std::size_t KeySet::add(std::string_view key) {
         return size() - 1;
     }
     if (size() * 2 == slotCount_)
-        useSlots(slotCount_ * 2);
+        useSlots(std::size_t(2) * slotCount_);
     std::uint8_t& slot = slots_[slotOf(key)];
     if (slot == 0) {
         append(key);

@@ -54,9 +54,8 @@ void MutableArray::remove(std::size_t index) {
 }
 
 void MutableArray::removeObject(const Value& value) {
-    // The value may be an element of this array, which erasing would change on the way.
-    const Value wanted = value;
-    std::erase(values_, wanted);
+    // A copy: the value may be an element of this array, which erasing would change on the way.
+    std::erase(values_, Value(value));
 }
 
 Array MutableArray::copy() const {

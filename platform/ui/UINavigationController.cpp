@@ -32,7 +32,7 @@ std::shared_ptr<UIViewController> UINavigationController::popViewControllerAnima
     if (stack_.size() < 2)
         return nullptr;
     finishTransition();
-    const auto from = stack_.back();
+    auto from = stack_.back();
     stack_.pop_back();
     from->navigationController_.reset();
     run(from, stack_.back(), animated);
