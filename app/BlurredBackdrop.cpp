@@ -1,6 +1,7 @@
 #include "app/BlurredBackdrop.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <vector>
 
 namespace wardlock::app {
@@ -14,7 +15,7 @@ const QColor veil(20, 20, 24, 150);
 const QColor veilAlone(60, 60, 66, 245);
 
 /// One box filter along a line of `count` pixels, `stride` apart; `line` is scratch space.
-void boxFilter(QRgb* pixels, int count, int stride, int reach, std::vector<QRgb>& line) {
+void boxFilter(QRgb* pixels, int count, std::ptrdiff_t stride, int reach, std::vector<QRgb>& line) {
     line.resize(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
         line[static_cast<std::size_t>(i)] = pixels[i * stride];
@@ -44,7 +45,7 @@ QImage blurred(const QImage& picture, int reach) {
     if (image.isNull())
         return image;
     auto* pixels = reinterpret_cast<QRgb*>(image.bits());
-    const int stride = static_cast<int>(image.bytesPerLine() / static_cast<qsizetype>(sizeof(QRgb)));
+    const std::ptrdiff_t stride = image.bytesPerLine() / static_cast<qsizetype>(sizeof(QRgb));
     std::vector<QRgb> line;
     for (int pass = 0; pass < passes; ++pass) {
         for (int y = 0; y < image.height(); ++y)

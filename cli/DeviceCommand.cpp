@@ -28,6 +28,7 @@ void useDeviceRoot(std::string_view folder) {
         throw CommandError(ExitCode::WrongUsage, "DIR is no folder's name");
     if (root == root.root_path())
         throw CommandError(ExitCode::WrongUsage, "the machine's own root is not made by this command");
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): there is one thread yet
     setenv("WARDLOCK_DEVICE_ROOT", root.c_str(), 1);
 }
 

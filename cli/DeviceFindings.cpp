@@ -23,7 +23,7 @@ using platform::FileStatus;
 using platform::Value;
 
 constexpr unsigned accessOfOthers = 0077;
-constexpr std::uint64_t largeLog = 1024 * 1024;
+constexpr std::uint64_t largeLog = std::uint64_t(1024) * 1024;
 
 std::optional<FileStatus> statusOf(const std::string& path) {
     FileStatus status;

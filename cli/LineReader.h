@@ -10,7 +10,7 @@ namespace wardlock::cli {
 class LineReader {
 public:
     /// Of a longer line the rest is left out, and tooLong() tells so.
-    static constexpr std::size_t longestLine = 1024 * 1024;
+    static constexpr std::size_t longestLine = std::size_t(1024) * 1024;
 
     /// `wait` comes back with true when the descriptor is readable, and with false to end the reading.
     LineReader(int descriptor, std::function<bool(int descriptor)> wait)

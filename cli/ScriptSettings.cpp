@@ -8,9 +8,9 @@
 #include "shell/LastRites.h"
 
 #include <cerrno>
-#include <cstring>
 #include <fcntl.h>
 #include <string>
+#include <system_error>
 #include <unistd.h>
 
 namespace wardlock::cli {
@@ -23,7 +23,8 @@ public:
     explicit ScriptFile(std::string_view file)
         : descriptor_(file == "-" ? STDIN_FILENO : open(std::string(file).c_str(), O_RDONLY | O_CLOEXEC)) {
         if (descriptor_ < 0)
-            throw CommandError(ExitCode::Failed, std::string(file) + ": " + std::strerror(errno));
+            throw CommandError(ExitCode::Failed,
+                               std::string(file) + ": " + std::generic_category().message(errno));
     }
     ~ScriptFile() {
         if (descriptor_ != STDIN_FILENO)

@@ -14,14 +14,14 @@ Signals::Signals(std::initializer_list<int> signals) {
     descriptor_ = signalfd(-1, &set_, SFD_CLOEXEC | SFD_NONBLOCK);
     if (descriptor_ < 0)
         throw std::system_error(errno, std::generic_category(), "signalfd");
-    sigprocmask(SIG_BLOCK, &set_, &before_);
+    pthread_sigmask(SIG_BLOCK, &set_, &before_);
 }
 
 Signals::~Signals() {
     // Taken before they are let through again, or the one that ended the loop would end the process too.
     take();
     close(descriptor_);
-    sigprocmask(SIG_SETMASK, &before_, nullptr);
+    pthread_sigmask(SIG_SETMASK, &before_, nullptr);
 }
 
 void Signals::take() const {
@@ -33,8 +33,8 @@ void Signals::take() const {
 void Signals::obey(int signal) const {
     take();
     raise(signal);
-    sigprocmask(SIG_UNBLOCK, &set_, nullptr);
-    sigprocmask(SIG_BLOCK, &set_, nullptr);
+    pthread_sigmask(SIG_UNBLOCK, &set_, nullptr);
+    pthread_sigmask(SIG_BLOCK, &set_, nullptr);
 }
 
 } // namespace wardlock::cli

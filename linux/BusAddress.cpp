@@ -12,8 +12,7 @@ namespace platform {
 namespace {
 
 const char* environmentVariable(const char* name) {
-    const char* value =
-        std::getenv(name); // NOLINT(concurrency-mt-unsafe): nothing here changes the environment
+    const char* value = std::getenv(name);
     return value && *value ? value : nullptr;
 }
 

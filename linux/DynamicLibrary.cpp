@@ -37,7 +37,7 @@ std::string& lastReason() {
 }
 
 std::string systemReason() {
-    const char* text = ::dlerror(); // NOLINT(concurrency-mt-unsafe): one per thread
+    const char* text = ::dlerror();
     return text ? text : "unknown reason";
 }
 

@@ -14,7 +14,7 @@ namespace {
 constexpr const char* Schemes = "http,https";
 constexpr long MostRedirections = 10;
 /// Of all answers of one fetch, redirections included.
-constexpr std::size_t LargestHeaders = 256 * 1024;
+constexpr std::size_t LargestHeaders = std::size_t(256) * 1024;
 /// How often a fetch looks whether its reader is still there.
 constexpr int LookMilliseconds = 250;
 

@@ -178,7 +178,7 @@ std::error_code PosixFileSystem::list(const std::string& folder, std::vector<std
     std::vector<std::string> found;
     errno = 0;
     // readdir is safe on a stream no other thread has.
-    while (const dirent* entry = ::readdir(opened.get())) { // NOLINT(concurrency-mt-unsafe)
+    while (const dirent* entry = ::readdir(opened.get())) {
         const std::string_view name = entry->d_name;
         if (name != "." && name != "..")
             found.emplace_back(name);

@@ -28,6 +28,7 @@ void becomeProgramBeside(const std::string& name, const std::vector<std::string>
     std::vector<std::string> words{name};
     words.insert(words.end(), arguments.begin(), arguments.end());
     std::vector<char*> pointers;
+    pointers.reserve(words.size() + 1);
     for (std::string& word : words)
         pointers.push_back(word.data());
     pointers.push_back(nullptr);

@@ -14,8 +14,7 @@
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <thread>
-
-extern char** environ;
+#include <unistd.h>
 
 namespace platform {
 
@@ -23,7 +22,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr std::size_t mostOutput = 64 * 1024;
+constexpr std::size_t mostOutput = std::size_t(64) * 1024;
 
 /// What the new process does before it becomes the program.
 class SpawnSetup {
@@ -58,6 +57,7 @@ public:
 
     std::optional<pid_t> start(const std::vector<std::string>& words) const {
         std::vector<char*> arguments;
+        arguments.reserve(words.size() + 1);
         for (const auto& word : words)
             arguments.push_back(const_cast<char*>(word.c_str()));
         arguments.push_back(nullptr);

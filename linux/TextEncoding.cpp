@@ -97,6 +97,7 @@ public:
     }
 
 private:
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): how iconv_open tells
     bool isOpen() const { return handle_ != reinterpret_cast<iconv_t>(-1); }
 
     iconv_t handle_;

@@ -60,7 +60,7 @@ std::shared_ptr<UIImage> ApplicationList::iconOfSize(int size, std::string_view 
     return icons.emplace_back(Icon{pixels, imageOf(application->second, pixels)}).image;
 }
 
-void ApplicationList::add(std::vector<Application> found, MutableDictionary& names) {
+void ApplicationList::add(std::vector<Application>&& found, MutableDictionary& names) {
     for (Application& application : found) {
         std::string identifier = application.identifier;
         const auto [added, isNew] = applications_.try_emplace(std::move(identifier), std::move(application));

@@ -27,7 +27,7 @@ private:
         std::shared_ptr<UIImage> image;
     };
 
-    void add(std::vector<Application> found, MutableDictionary& names);
+    void add(std::vector<Application>&& found, MutableDictionary& names);
 
     Applications applications_;
     std::unordered_map<std::string, std::vector<Icon>> icons_;

@@ -13,7 +13,7 @@ namespace {
 constexpr const char* rootVariable = "WARDLOCK_DEVICE_ROOT";
 
 std::string environment(const char* name) {
-    const char* value = std::getenv(name); // NOLINT(concurrency-mt-unsafe): nobody changes it meanwhile
+    const char* value = std::getenv(name);
     return value ? value : "";
 }
 

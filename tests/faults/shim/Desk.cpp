@@ -15,7 +15,7 @@ namespace {
 
 std::string variable(const char* name) {
     // Nobody changes the environment while the process is being loaded.
-    const char* text = std::getenv(name); // NOLINT(concurrency-mt-unsafe)
+    const char* text = std::getenv(name);
     return text ? text : "";
 }
 
