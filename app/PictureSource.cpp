@@ -35,7 +35,7 @@ public:
         const quint64 number = ++last_;
         numbers_.insert(image.get(), number);
         images_.insert(number, new std::shared_ptr<platform::UIImage>(image));
-        if (numbers_.size() > 4 * picturesKept)
+        if (numbers_.size() > qsizetype(4) * picturesKept)
             numbers_.removeIf([this](auto entry) { return !images_.contains(entry.value()); });
         return number;
     }

@@ -33,7 +33,7 @@ std::string escaped(std::string_view text, bool minus) {
 }
 
 /// A line of text must not begin with what would make it a request.
-std::string line(std::string text) {
+std::string line(const std::string& text) {
     return text.starts_with('.') ? "\\&" + text : text;
 }
 
