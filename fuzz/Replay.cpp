@@ -61,15 +61,14 @@ Options parse(int count, char** words) {
     Options options;
     for (int i = 1; i < count; ++i) {
         const std::string_view word = words[i];
+        const bool last = i + 1 == count;
         if (!word.starts_with("--"))
             options.corpora.emplace_back(word);
-        else if (i + 1 == count)
-            std::exit(2);
-        else if (word == "--inputs")
+        else if (!last && word == "--inputs")
             options.inputs = std::strtoull(words[++i], nullptr, 10);
-        else if (word == "--seed")
+        else if (!last && word == "--seed")
             options.seed = std::strtoull(words[++i], nullptr, 10);
-        else if (word == "--dictionary")
+        else if (!last && word == "--dictionary")
             options.dictionary = words[++i];
         else
             std::exit(2);

@@ -88,10 +88,9 @@ void checkDocument() {
 
 /// Real time stands still here, and nothing comes from elsewhere: waiting would only take time.
 void shortenWait(Json& command) {
-    if (command.is_object() && command.value("do", Json()) == "wait" && command.contains("seconds") &&
-        command["seconds"].is_number() && command["seconds"] > 0)
-        command["seconds"] = 0;
-    else if (command.is_object() && command.value("do", Json()) == "wait" && !command.contains("seconds"))
+    if (!command.is_object() || command.value("do", Json()) != "wait")
+        return;
+    if (!command.contains("seconds") || (command["seconds"].is_number() && command["seconds"] > 0))
         command["seconds"] = 0;
 }
 

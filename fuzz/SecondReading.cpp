@@ -6,8 +6,6 @@
 
 namespace wardlock::fuzz {
 
-using platform::Array;
-using platform::Dictionary;
 using platform::Value;
 
 namespace {

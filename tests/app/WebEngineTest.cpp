@@ -12,6 +12,13 @@
 
 namespace wardlock::test {
 
+/// A page whose title is what its body says, once its script has run.
+std::string page(const std::string& words, const std::string& color, const std::string& target = "_self") {
+    return "<!doctype html><title>not yet</title><body style='margin:0;background:" + color +
+           "'><a href='/next' target='" + target + "' style='display:block;height:100vh'>" + words +
+           "</a><script>document.title = document.body.innerText.trim()</script>";
+}
+
 class WindowWebEngine : public WindowFixture {
 protected:
     static constexpr const char* listing = "/packagesfordev.php?name=kitbay";
@@ -35,6 +42,23 @@ protected:
         ASSERT_EQ(openedUrls.size(), 1U);
         EXPECT_TRUE(openedUrls[0].ends_with(listing)) << openedUrls[0];
     }
+    /// `target` is the link's.
+    void expectFollowsLink(const std::string& target) {
+        server.answer(listing, page("first", "#00ff00", target));
+        server.answer("/next", page("second", "#0000ff"));
+        openListing(server.port());
+        if (!engineIsInstalled())
+            return expectEngineMissing();
+        EXPECT_TRUE(titleBecomes("first"));
+        EXPECT_TRUE(middleBecomes(QColor(0, 255, 0)));
+        scene().expectGone("spinner");
+        scene().tap("web");
+        EXPECT_TRUE(titleBecomes("second"));
+        EXPECT_TRUE(middleBecomes(QColor(0, 0, 255)));
+        scene().expectGone("spinner");
+        EXPECT_EQ(scene().text("title"), "Other Tweaks");
+        EXPECT_EQ(timesAsked(), 1);
+    }
     std::ptrdiff_t timesAsked() const { return std::ranges::count(server.requests(), std::string(listing)); }
     QQuickItem* web() { return scene().item("web"); }
     bool titleBecomes(const QString& title) {
@@ -49,13 +73,6 @@ protected:
     HttpServer server;
 };
 
-/// A page whose title is what its body says, once its script has run.
-std::string page(const std::string& words, const std::string& color, const std::string& target = "_self") {
-    return "<!doctype html><title>not yet</title><body style='margin:0;background:" + color +
-           "'><a href='/next' target='" + target + "' style='display:block;height:100vh'>" + words +
-           "</a><script>document.title = document.body.innerText.trim()</script>";
-}
-
 TEST_F(WindowWebEngine, ShowsThePageThatTheServerGives) {
     server.answer(listing, page("Kitbay and friends", "#00ff00"));
     openListing(server.port());
@@ -69,35 +86,11 @@ TEST_F(WindowWebEngine, ShowsThePageThatTheServerGives) {
 }
 
 TEST_F(WindowWebEngine, FollowsALinkWithinThePage) {
-    server.answer(listing, page("first", "#00ff00"));
-    server.answer("/next", page("second", "#0000ff"));
-    openListing(server.port());
-    if (!engineIsInstalled())
-        return expectEngineMissing();
-    EXPECT_TRUE(titleBecomes("first"));
-    EXPECT_TRUE(middleBecomes(QColor(0, 255, 0)));
-    scene().expectGone("spinner");
-    scene().tap("web");
-    EXPECT_TRUE(titleBecomes("second"));
-    EXPECT_TRUE(middleBecomes(QColor(0, 0, 255)));
-    scene().expectGone("spinner");
-    EXPECT_EQ(scene().text("title"), "Other Tweaks");
-    EXPECT_EQ(timesAsked(), 1);
+    expectFollowsLink("_self");
 }
 
 TEST_F(WindowWebEngine, FollowsALinkThatAsksForItsOwnWindowWithinThePageToo) {
-    server.answer(listing, page("first", "#00ff00", "_blank"));
-    server.answer("/next", page("second", "#0000ff"));
-    openListing(server.port());
-    if (!engineIsInstalled())
-        return expectEngineMissing();
-    EXPECT_TRUE(titleBecomes("first"));
-    EXPECT_TRUE(middleBecomes(QColor(0, 255, 0)));
-    scene().expectGone("spinner");
-    scene().tap("web");
-    EXPECT_TRUE(titleBecomes("second"));
-    EXPECT_TRUE(middleBecomes(QColor(0, 0, 255)));
-    scene().expectGone("spinner");
+    expectFollowsLink("_blank");
 }
 
 TEST_F(WindowWebEngine, SpinsUntilTheServerAnswers) {
