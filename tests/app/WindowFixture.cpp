@@ -11,11 +11,8 @@
 
 #include <QAccessible>
 
-#include <filesystem>
-
 namespace wardlock::test {
 
-namespace fs = std::filesystem;
 using platform::Dictionary;
 using platform::MutableArray;
 using platform::MutableDictionary;

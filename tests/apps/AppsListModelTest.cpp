@@ -7,7 +7,6 @@ namespace wardlock::test {
 namespace {
 
 using platform::Array;
-using platform::Dictionary;
 using platform::Value;
 
 class AppsListModel : public PickerFixture {};

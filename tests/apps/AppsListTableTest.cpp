@@ -4,7 +4,6 @@
 namespace wardlock::test {
 namespace {
 
-using platform::Value;
 
 class AppsListTable : public PickerFixture {
 protected:

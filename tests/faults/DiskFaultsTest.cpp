@@ -22,7 +22,6 @@ namespace {
 using platform::FileKind;
 using platform::FileStatus;
 using platform::FileSystem;
-using platform::Links;
 
 constexpr std::uint32_t parent = 1000;
 constexpr std::uint32_t family = 1001;

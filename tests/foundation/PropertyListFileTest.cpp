@@ -18,7 +18,6 @@ namespace fs = std::filesystem;
 using platform::Dictionary;
 using platform::dictionaryWithContentsOfFile;
 using platform::MutableDictionary;
-using platform::Sync;
 using platform::Update;
 using platform::updateFile;
 using platform::writeToFileAtomically;

@@ -20,7 +20,6 @@ namespace wardlock::test {
 namespace {
 
 namespace fs = std::filesystem;
-using platform::Dictionary;
 using platform::MutableDictionary;
 
 constexpr std::string_view aDocument =

@@ -13,7 +13,6 @@
 
 using platform::CFNotificationCenter;
 using platform::CFNotificationSuspensionBehavior;
-using wardlock::test::sampleUserInfo;
 
 namespace wardlock::test {
 namespace {

@@ -17,7 +17,6 @@
 namespace wardlock::test {
 namespace {
 
-namespace fs = std::filesystem;
 using platform::AtomicWriter;
 using platform::FileHandle;
 using platform::FileKind;

@@ -16,7 +16,6 @@
 namespace wardlock::test {
 namespace {
 
-using platform::Array;
 using platform::Dictionary;
 using platform::NSNotificationCenter;
 using platform::PSCellType;

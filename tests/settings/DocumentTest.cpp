@@ -11,7 +11,6 @@
 using namespace wardlock;
 using platform::Dictionary;
 using platform::MutableDictionary;
-using platform::Value;
 
 namespace {
 

@@ -4,7 +4,6 @@
 #include "tests/support/SettingsApplicationFixture.h"
 
 using platform::MailOutcome;
-using platform::Value;
 using wardlock::test::SettingsApplicationFixture;
 
 namespace {

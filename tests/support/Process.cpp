@@ -17,8 +17,6 @@
 #include <system_error>
 #include <unistd.h>
 
-extern char** environ;
-
 namespace wardlock::test {
 
 namespace {

@@ -7,11 +7,8 @@
 #include "shell/Provision.h"
 #include "tests/support/Places.h"
 
-#include <filesystem>
-
 namespace wardlock::test {
 
-namespace fs = std::filesystem;
 using platform::Dictionary;
 using platform::NSIndexPath;
 
