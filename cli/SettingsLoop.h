@@ -10,8 +10,8 @@
 namespace wardlock::cli {
 
 /// The main loop of a face without a window: lets the application and its clock do what is due while it
-/// waits. SIGINT, SIGTERM and SIGHUP end the waiting. SIGTSTP, a terminal's Ctrl+Z, stops the process once the
-/// application has resigned active.
+/// waits. SIGINT, SIGTERM and SIGHUP end the waiting. SIGTSTP, a terminal's Ctrl+Z, stops the process once
+/// the application has resigned active.
 class SettingsLoop {
 public:
     /// `clock` may be null: then time stands still here.

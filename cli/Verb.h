@@ -19,7 +19,8 @@ struct Verb {
     std::string_view operands;
     /// One line, without a full stop; the help of an option may take several.
     std::string_view summary;
-    /// Paragraphs, wrapped at 80 columns, ending in a line feed; pages of the documentation as "docs/NAME.md".
+    /// Paragraphs, wrapped at 80 columns, ending in a line feed; pages of the documentation as
+    /// "docs/NAME.md".
     std::string_view description;
     std::span<const Option> options;
     std::size_t fewestOperands;

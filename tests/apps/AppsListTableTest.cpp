@@ -4,7 +4,6 @@
 namespace wardlock::test {
 namespace {
 
-
 class AppsListTable : public PickerFixture {
 protected:
     AppsListTable() {
