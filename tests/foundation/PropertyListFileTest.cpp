@@ -5,6 +5,7 @@
 #include "tests/doubles/FaultyFileSystem.h"
 #include "tests/doubles/MemoryFileSystem.h"
 #include "tests/support/DeviceRootFixture.h"
+#include "tests/support/FewDescriptors.h"
 
 #include <filesystem>
 #include <stdexcept>
@@ -206,6 +207,21 @@ TEST_F(PropertyListFile, InAFolderThatMayNotBeChangedStands) {
     EXPECT_EQ(filesInFolder(), 1u);
 }
 
+TEST_F(PropertyListFile, StandsWhileNoDescriptorIsLeftToReadIt) {
+    writeFile(file, platform::dataWithPropertyList(one()));
+    {
+        const FewDescriptors none(0);
+        EXPECT_EQ(dictionaryWithContentsOfFile(file), std::nullopt);
+        const Update update = updateFile(file, setTwo);
+        EXPECT_TRUE(update.changed);
+        EXPECT_FALSE(update.written);
+        EXPECT_EQ(update.error, std::errc::too_many_files_open);
+        EXPECT_FALSE(writeToFileAtomically(Dictionary(), file));
+    }
+    EXPECT_EQ(dictionaryWithContentsOfFile(file), one());
+    EXPECT_EQ(filesInFolder(), 1u);
+}
+
 TEST_F(PropertyListFile, IsUpdatedFromWhatIsOnDiskNow) {
     writeFile(file, platform::dataWithPropertyList(one()));
     const Update update = updateFile(file, setTwo);
@@ -337,6 +353,19 @@ TEST_F(PropertyListFile, WhoseReadingFailsOnceIsUpdatedFromItsEntriesAllTheSame)
     EXPECT_TRUE(platform::boolValue(update.dictionary.find("kept")));
     EXPECT_EQ(memory.contents("/d/a"), platform::dataWithPropertyList(update.dictionary));
     EXPECT_EQ(memory.names("/d"), std::vector<std::string>{"a"});
+}
+
+TEST_P(PropertyListFileFault, StandsWhereItsReadingWasShortOfMeansThatItsWritingHas) {
+    for (const std::errc shortage : {std::errc::too_many_files_open, std::errc::too_many_files_open_in_system,
+                                     std::errc::not_enough_memory}) {
+        Stage stage(GetParam());
+        stage.files.failEvery("readFile", shortage);
+        const Update update = updateFile("/d/a", setTwo);
+        EXPECT_FALSE(update.written);
+        EXPECT_EQ(update.error, shortage);
+        EXPECT_EQ(stage.memory.contents("/d/a"), GetParam());
+        EXPECT_EQ(stage.memory.names("/d"), std::vector<std::string>{"a"});
+    }
 }
 
 TEST_P(PropertyListFileFault, WhoseBytesCannotBeReadKeepsThemUnderAnotherName) {

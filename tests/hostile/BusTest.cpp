@@ -4,6 +4,7 @@
 #include "linux/BusConnection.h"
 #include "linux/OwnBus.h"
 #include "tests/support/BusDaemons.h"
+#include "tests/support/FewDescriptors.h"
 #include "tests/support/HostileFixture.h"
 #include "tests/support/Places.h"
 #include "tests/support/PrivateBus.h"
@@ -13,7 +14,6 @@
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
-#include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -129,24 +129,6 @@ TEST_F(Bus, OfOursLetsNobodyElseInEvenWhereItsFolderStandsOpen) {
         << "the socket can be reached";
     EXPECT_EQ(OtherUser::does([this] { return entered(); }), EPERM);
 }
-
-/// All descriptors of this process are in use but so many.
-class FewDescriptors {
-public:
-    explicit FewDescriptors(rlim_t left) {
-        EXPECT_EQ(::getrlimit(RLIMIT_NOFILE, &before_), 0);
-        const int free = ::dup(STDERR_FILENO);
-        ::close(free);
-        const rlimit few{static_cast<rlim_t>(free) + left, before_.rlim_max};
-        EXPECT_EQ(::setrlimit(RLIMIT_NOFILE, &few), 0);
-    }
-    ~FewDescriptors() { EXPECT_EQ(::setrlimit(RLIMIT_NOFILE, &before_), 0); }
-    FewDescriptors(const FewDescriptors&) = delete;
-    FewDescriptors& operator=(const FewDescriptors&) = delete;
-
-private:
-    rlimit before_{};
-};
 
 TEST_F(Bus, OfOursIsNotTakenFromOthersByAProcessShortOfDescriptors) {
     startDaemon();
