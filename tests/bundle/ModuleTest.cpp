@@ -3,6 +3,7 @@
 #include "specifiers/PreferenceHelper.h"
 #include "specifiers/PreferenceHelperAdditions.h"
 #include "tests/bundle/BundleFixture.h"
+#include "tests/support/Places.h"
 #include "tests/support/Process.h"
 
 #include <algorithm>
@@ -60,6 +61,13 @@ TEST_F(Module, OffersThePrincipalClass) {
     const auto page = makePage();
     ASSERT_NE(page, nullptr);
     EXPECT_EQ(page->specifiers().size(), 9u);
+}
+
+TEST_F(Module, FormatsTheDocumentPathForItsTwoReadersWhenItIsLoadedAndNeverAgain) {
+    writeAccounts({accountNamed("Ann")});
+    const auto result = runProcess(programFolder() + "/test-document-paths", {bundlePath});
+    EXPECT_EQ(result.exitCode, 0) << result.errors;
+    EXPECT_EQ(result.output, "loaded 2\npage 2\npicker 2\n1 change announced\nsaved 2\n");
 }
 
 TEST_F(Module, OffersItsPagesByName) {
