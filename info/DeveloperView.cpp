@@ -35,11 +35,11 @@ void DeveloperView::webViewDidFinishLoad(platform::UIWebView&) {
 
 void DeveloperView::webViewDidFailLoadWithError(platform::UIWebView&, const std::string&) {
     activity_->stopAnimating();
-    // Made and let go: a failed load stays silent.
+    // Created and released: a failed load stays silent.
     failureAlert();
 }
 
-std::shared_ptr<platform::UIAlertView> DeveloperView::failureAlert() {
+std::shared_ptr<platform::UIAlertView> DeveloperView::failureAlert() const {
     return platform::UIAlertView::initWithTitle(
         "Load Failed",
         "There was an error loading Tavix apps from Cydia. Please make sure you are connected to the "

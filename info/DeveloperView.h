@@ -24,8 +24,8 @@ public:
 
     void setupTextViewWithFrame(const platform::CGRect& frame);
 
-    /// What a failed load makes and nobody is shown.
-    static std::shared_ptr<platform::UIAlertView> failureAlert();
+    /// Creates the alert of a failed load, which is never shown. Virtual because nothing else tells of it.
+    virtual std::shared_ptr<platform::UIAlertView> failureAlert() const;
 
     void webViewDidStartLoad(platform::UIWebView& webView) override;
     void webViewDidFinishLoad(platform::UIWebView& webView) override;

@@ -90,8 +90,36 @@ TEST_F(DeveloperPage, SaysNothingOfAFailureAndKeepsWhatHadLoaded) {
     EXPECT_TRUE(window->subviews().empty());
 }
 
+TEST_F(DeveloperPage, CreatesAnAlertAtEachFailureAndReleasesItUnshown) {
+    class Witness : public DeveloperView {
+    public:
+        using DeveloperView::DeveloperView;
+        std::shared_ptr<platform::UIAlertView> failureAlert() const override {
+            auto alert = DeveloperView::failureAlert();
+            alerts.push_back(alert);
+            spinning.push_back(activity()->isAnimating());
+            return alert;
+        }
+        mutable std::vector<std::weak_ptr<platform::UIAlertView>> alerts;
+        mutable std::vector<bool> spinning;
+    };
+    const auto view = std::make_shared<Witness>(frame);
+    view->setupTextViewWithFrame(frame);
+    const auto webView = webViewOf(*view);
+    webView->didStartLoad();
+    webView->didFinishLoad("Packages");
+    EXPECT_TRUE(view->alerts.empty());
+    for (const std::size_t failures : {1u, 2u}) {
+        webView->didStartLoad();
+        webView->didFailLoad("no network");
+        ASSERT_EQ(view->alerts.size(), failures);
+        EXPECT_TRUE(view->alerts.back().expired());
+        EXPECT_FALSE(view->spinning.back()) << "the spinner stops first";
+    }
+}
+
 TEST_F(DeveloperPage, KeepsTheTextsOfTheAlertThatNobodyIsShown) {
-    const auto alert = DeveloperView::failureAlert();
+    const auto alert = DeveloperView::initWithFrame(frame)->failureAlert();
     EXPECT_EQ(alert->title(), "Load Failed");
     EXPECT_EQ(alert->message(), "There was an error loading Tavix apps from Cydia. Please make sure you are "
                                 "connected to the internet.");
