@@ -151,6 +151,30 @@ TEST_F(EnabledAccountTest, AnswersTheValuesOfTheRecord) {
     EXPECT_EQ(*AccountString("kRestrictSiri"), Value(true));
 }
 
+TEST_F(EnabledAccountTest, ReadsValuesOfOtherKindsAsBooleansAsThePlatformDoes) {
+    writeAccounts(Array{Dictionary{{"kAccountEnabled", true},
+                                   {"one", 1},
+                                   {"minus", -1},
+                                   {"half", 0.5},
+                                   {"yes", "YES"},
+                                   {"true", "true"},
+                                   {"digit", " 7"},
+                                   {"zero", 0},
+                                   {"real zero", 0.0},
+                                   {"no", "NO"},
+                                   {"digit zero", "0"},
+                                   {"empty", ""},
+                                   {"list", Array{true}},
+                                   {"record", Dictionary{{"x", true}}},
+                                   {"data", Value::data("1")},
+                                   {"date", Value::date(1)}}});
+    for (const char* key : {"one", "minus", "half", "yes", "true", "digit"})
+        EXPECT_TRUE(AccountBool(key)) << key;
+    for (const char* key :
+         {"zero", "real zero", "no", "digit zero", "empty", "list", "record", "data", "date"})
+        EXPECT_FALSE(AccountBool(key)) << key;
+}
+
 TEST_F(EnabledAccountTest, ReadsRespondersAsFalseInANewRecord) {
     platform::MutableDictionary record(DefaultSettings().find("kAccounts")->array().at(0).dictionary());
     record.set("kAccountEnabled", true);

@@ -147,6 +147,21 @@ TEST_F(LogTest, KeepsALogThatIsTooLongToBeLookedThrough) {
     EXPECT_EQ(readFile(logPath), "\nold\nnew");
 }
 
+TEST_F(LogTest, LooksThroughALogOfSixteenMegabytesAndKeepsALongerOneUnread) {
+    constexpr std::size_t bound = std::size_t{16} << 20;
+    writeFile(logPath, "\xff");
+    std::filesystem::resize_file(onDisk(logPath), bound + 1);
+    jLog("kept");
+    runQueue();
+    EXPECT_EQ(std::filesystem::file_size(onDisk(logPath)), bound + 1 + 5);
+    EXPECT_EQ(readFile(logPath).substr(bound + 1), "\nkept");
+
+    std::filesystem::resize_file(onDisk(logPath), bound);
+    jLog("replaced");
+    runQueue();
+    EXPECT_EQ(readFile(logPath), "\nreplaced");
+}
+
 TEST_F(LogTest, ReplacesALogThatCannotBeRead) {
     writeFile(logPath, "\nold");
     test::FaultyFileSystem files(FileSystem::current());

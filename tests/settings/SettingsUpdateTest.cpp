@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -154,14 +155,43 @@ TEST_F(SettingsUpdateTest, CreatesADocumentThatWentMissing) {
     EXPECT_EQ(readDocument(), DefaultSettings());
 }
 
-TEST_F(SettingsUpdateTest, ReplacesAnEarlierCallback) {
-    int earlier = 0;
-    InitSettingsWithUpdateNameAndCallback("update", [&](const Value*, const Value*) { ++earlier; });
-    UpdateCallback = recordingCallback();
+TEST_F(SettingsUpdateTest, ReplacesAndReleasesAnEarlierCallback) {
+    auto held = std::make_shared<int>(0);
+    const std::weak_ptr<int> calls = held;
+    InitSettingsWithUpdateNameAndCallback("update", [held](const Value*, const Value*) { ++*held; });
+    held.reset();
+    EXPECT_FALSE(calls.expired());
+    InitSettingsWithUpdateNameAndCallback("update", recordingCallback());
+    EXPECT_TRUE(calls.expired());
+    const Dictionary userInfo{{"key", "kEnabled"}, {"object", true}};
+    SettingsUpdateCallback(center, nullptr, changeName, nullptr, &userInfo);
+    EXPECT_EQ(changes.size(), 1U);
+}
+
+TEST_F(SettingsUpdateTest, ClearsAnEarlierCallbackWhereTheNewOneIsNull) {
+    InitSettingsWithUpdateNameAndCallback("update", recordingCallback());
+    InitSettingsWithUpdateNameAndCallback("update", nullptr);
+    EXPECT_FALSE(UpdateCallback);
     const Dictionary userInfo{{"key", "kEnabled"}, {"object", true}};
     center.deliver(changeName, nullptr, &userInfo);
-    EXPECT_EQ(earlier, 0);
+    EXPECT_TRUE(changes.empty());
+}
+
+TEST_F(SettingsUpdateTest, ObservesThePostNameGivenWithTheCallback) {
+    InitSettingsWithUpdateNameAndCallback("other", recordingCallback());
+    ASSERT_EQ(center.observers.size(), 1U);
+    EXPECT_EQ(center.observers[0].name, "com.tavix.wardlock/other");
+    const Dictionary userInfo{{"key", "kEnabled"}, {"object", true}};
+    center.deliver(changeName, nullptr, &userInfo);
+    EXPECT_TRUE(changes.empty());
+    center.deliver("com.tavix.wardlock/other", nullptr, &userInfo);
     EXPECT_EQ(changes.size(), 1U);
+}
+
+TEST_F(SettingsUpdateTest, KeepsTheCallbackThatIsThereWhenGivenAPostNameAlone) {
+    InitSettingsWithUpdateNameAndCallback("update", recordingCallback());
+    InitSettingsWithUpdateName("other");
+    EXPECT_TRUE(UpdateCallback);
 }
 
 TEST_F(SettingsUpdateTest, LetsTheCallbackReplaceItselfDuringTheCall) {
