@@ -124,6 +124,18 @@ TEST_F(DistributedCenterTest, TellsAnObserverOfThisProcessOnceAndWithinThePost) 
     EXPECT_EQ(heard.lines, (Lines{R"(N|-|{"key": "kRestrictSiri", "object": true})", "N|last|-"}));
 }
 
+TEST_F(DistributedCenterTest, PassesOverAnObserverWithoutACallback) {
+    Heard nobody;
+    CFNotificationCenterAddObserver(center(), &nobody, nullptr, "N", nullptr,
+                                    CFNotificationSuspensionBehavior::DeliverImmediately);
+    Heard& heard = observeHere("N");
+    postHere("N");
+    EXPECT_EQ(heard.lines, Lines{"N|-|-"});
+    post({"N"});
+    EXPECT_TRUE(hears(heard, 2));
+    EXPECT_TRUE(nobody.lines.empty());
+}
+
 TEST_F(DistributedCenterTest, ReachesTheOthersBeforeAnObserverOfThisProcessMayThrow) {
     const auto other = observe({"N"});
     Heard& heard = observeHere("N");

@@ -1,6 +1,8 @@
 #include "platform/foundation/PropertyList.h"
+#include "platform/ui/UIView.h"
 #include "specifiers/PreferenceHelper.h"
 #include "specifiers/PreferenceHelperAdditions.h"
+#include "tests/doubles/MemoryFileSystem.h"
 #include "tests/support/DeviceRootFixture.h"
 
 #include <filesystem>
@@ -47,6 +49,8 @@ TEST_F(Icons, WithAnEmptyExtensionArePng) {
 
 TEST_F(Icons, SplitTheirNameAtTheLastFullStop) {
     EXPECT_EQ(iconNamed("a.b.png"), "a.b.png");
+    EXPECT_EQ(iconNamed("a.b."), "a.b.png") << "the extension is empty, not \"b.\"";
+    EXPECT_EQ(iconNamed("a.b"), "") << "the extension is \"b\"";
 }
 
 TEST_F(Icons, MayLieInAFolder) {
@@ -68,6 +72,27 @@ TEST_F(Icons, OfATargetThatIsGoneLeaveTheRowWithoutOne) {
     const auto helper = PreferenceHelper::initWithTarget(nullptr, {}, {});
     EXPECT_EQ(helper->withIcon(row, "lock"), row);
     EXPECT_EQ(row->imageForKey("iconImage"), nullptr);
+}
+
+TEST_F(Icons, AreAddedFromTheHelpersBundleAndTakenWithTheTargetsBundle) {
+    // A view's class lies in the platform's library, the helper's in this program.
+    const auto target = std::make_shared<platform::UIView>(platform::CGRectZero);
+    const std::string own = platform::NSBundle::bundleForClass(typeid(PreferenceHelper))->bundlePath();
+    const std::string theirs = platform::NSBundle::bundleForObject(*target)->bundlePath();
+    ASSERT_NE(own, theirs);
+    MemoryFileSystem files;
+    files.addFile(own + "/lock.png", "picture");
+    files.addFile(theirs + "/lock.png", "picture");
+    platform::FileSystem::setCurrent(&files);
+    const auto helper = PreferenceHelper::initWithTarget(target, {}, {});
+    const auto bound = helper->link("Row", nullptr);
+    const auto added = addIcon(bound, "lock")->imageForKey("iconImage");
+    const auto taken = helper->withIcon(bound, "lock")->imageForKey("iconImage");
+    platform::FileSystem::setCurrent(nullptr);
+    ASSERT_NE(added, nullptr);
+    EXPECT_EQ(added->path(), own + "/lock.png");
+    ASSERT_NE(taken, nullptr);
+    EXPECT_EQ(taken->path(), theirs + "/lock.png");
 }
 
 TEST_F(Icons, AreAddedToTheVeryRow) {
