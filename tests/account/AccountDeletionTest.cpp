@@ -87,6 +87,20 @@ TEST_F(AccountDeletion, RemovesTheSelectedAccountAndAnnouncesTheNewList) {
     EXPECT_EQ(root->sections().sections().at(1).rows.size(), 2u);
 }
 
+TEST_F(AccountDeletion, LeavesTheSelectedIndexToTheRootPage) {
+    writeAccounts({accountNamed("Ann"), accountNamed("Ben")});
+    open(1);
+    navigation->setTransitionSeconds(0.35);
+    std::vector<std::intptr_t> indexThen;
+    changes.onPost = [&](const RecordingNotificationCenter::Post&) { indexThen.push_back(SelectedIndex); };
+    remove();
+    EXPECT_EQ(indexThen, std::vector<std::intptr_t>{1});
+    clock.step(0.34);
+    EXPECT_EQ(SelectedIndex, 1);
+    clock.step(0.02);
+    expectLeft();
+}
+
 TEST_F(AccountDeletion, OfOneOfTwoEqualAccountsRemovesOneOnly) {
     writeAccounts({accountNamed("Ann"), accountNamed("Ann")});
     open(1);

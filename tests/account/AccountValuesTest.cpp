@@ -1,6 +1,7 @@
 #include "account/AppsController.h"
 #include "platform/foundation/NSException.h"
 #include "root/SelectedIndex.h"
+#include "tests/doubles/RecordingDisplay.h"
 #include "tests/support/PageFixture.h"
 
 namespace wardlock::test {
@@ -130,6 +131,33 @@ TEST_F(AccountValues, AreStoredInTheDocumentAsItIsNow) {
                                       {"kAccounts", Array{accountNamed("Dan"), accountNamed("Cleo")}}}));
 }
 
+TEST_F(AccountValues, EqualToTheStoredOnesAreWrittenAndAnnouncedAgain) {
+    writeAccounts({accountNamed("Ann", true)});
+    const std::string written = markDocument();
+    for (const auto& row : page->specifiers()) {
+        const auto key = row->identifier();
+        if (key.empty())
+            continue;
+        SCOPED_TRACE(key);
+        markDocument();
+        store(key, *account(0).find(key));
+        EXPECT_EQ(readFile(documentPath), written);
+        expectOneChange(key, *account(0).find(key));
+    }
+}
+
+TEST_F(AccountValues, LeaveThePagesListAsItIs) {
+    writeAccounts({accountNamed("Ann", true), accountNamed("Ben")});
+    SelectedIndex = 1;
+    const auto before = page->specifiers();
+    doubles::RecordingDisplay display;
+    store("kAccountEnabled", Value(true));
+    store("kAccountName", Value("Cleo"));
+    store("kRestrictSiri", Value(true));
+    EXPECT_EQ(display.events, std::vector<std::string>{});
+    EXPECT_EQ(page->specifiers(), before);
+}
+
 TEST_F(AccountValues, GoToTheRecordThatStandsAtTheSelectedIndexThen) {
     writeAccounts({accountNamed("Ann"), accountNamed("Ben")});
     SelectedIndex = 1;
@@ -217,6 +245,16 @@ TEST_F(AccountValues, OfANameOfOneSpaceStayAsTheyAre) {
     store("kAccountName", Value(" "));
     EXPECT_EQ(account(0), accountNamed(" "));
     expectOneChange("kAccountName", Value(" "));
+}
+
+TEST_F(AccountValues, OfANameKeepTheBlanksAroundIt) {
+    writeAccounts({accountNamed("Ann")});
+    for (const char* name : {"Ben  ", "  Ben", "\tBen\n", "   "}) {
+        store("kAccountName", Value(name));
+        EXPECT_EQ(account(0), accountNamed(name));
+        expectOneChange("kAccountName", Value(name));
+        EXPECT_EQ(read("kAccountName"), Value(name));
+    }
 }
 
 TEST_F(AccountValues, NeedNoUniqueNames) {

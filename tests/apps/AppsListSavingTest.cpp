@@ -92,6 +92,15 @@ TEST_F(AppsListSaving, FollowsSelectedIndexAtTheTimeOfTheSave) {
     EXPECT_EQ(restricted(1), Array({"a"}));
 }
 
+TEST_F(AppsListSaving, OfAnEqualListIsWrittenAndAnnouncedToo) {
+    restrict({"a"});
+    const auto view = open();
+    const std::string written = markDocument();
+    view->savePreferences();
+    EXPECT_EQ(readFile(documentPath), written);
+    expectOneChange("kAppsRestricted", Array({"a"}));
+}
+
 TEST_F(AppsListSaving, OfEmptyAccountsIsSkipped) {
     restrict({"a"});
     const auto view = open();

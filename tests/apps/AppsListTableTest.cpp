@@ -98,6 +98,19 @@ TEST_F(AppsListTable, SetsEveryPropertyOfAReusedCellAgain) {
     EXPECT_EQ(switchOf(*second).tag(), 1);
 }
 
+TEST_F(AppsListTable, ClearsTheTitleOfAReusedCellWhereTheApplicationIsGone) {
+    restrict({"b", "gone"});
+    const auto view = open();
+    auto first = cell(*view, 0);
+    auto* const address = first.get();
+    EXPECT_EQ(first->textLabel().text(), "Bravo");
+    view->tableView()->giveBack(std::move(first));
+    const auto second = cell(*view, 1);
+    ASSERT_EQ(second.get(), address);
+    EXPECT_EQ(second->textLabel().text(), "");
+    EXPECT_EQ(second->detailTextLabel().text(), "gone");
+}
+
 TEST_F(AppsListTable, GivesASwitchOneTargetHoweverOftenItsCellIsReused) {
     const auto view = open();
     for (int i = 0; i < 3; ++i)

@@ -132,6 +132,17 @@ TEST_F(InSettings, StoresANameBeforeThePageIsLeft) {
     EXPECT_TRUE(hasRow("Anna"));
 }
 
+TEST_F(InSettings, KeepsTheBlanksAroundANameThatIsTyped) {
+    open({"Ann"});
+    tap("Ann");
+    type("Account Name", "  Anna  ");
+    ASSERT_TRUE(settings().page().goBack());
+    ASSERT_TRUE(settings().page().tapBarButton());
+    ASSERT_TRUE(settings().sheets().typeIntoAlert(0, " Ben "));
+    chooseInAlert("Create");
+    EXPECT_EQ(accountNames(), (Labels{"  Anna  ", " Ben "}));
+}
+
 TEST_F(InSettings, StoresAClearedNameAsBlank) {
     open({"Ann"});
     tap("Ann");

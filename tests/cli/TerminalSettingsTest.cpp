@@ -58,11 +58,11 @@ TEST_F(TerminalSettings, AsksForTextAndGoesBack) {
     EXPECT_NE(terminal.waitFor(question).find("Delete Account"), std::string::npos);
     terminal.type("2\n");
     terminal.waitFor("empties it): ");
-    terminal.type("Jürgen 中文\n");
+    terminal.type("  Jürgen 中文 \n");
     terminal.waitFor(question);
     terminal.type("b\n");
     EXPECT_NE(terminal.waitFor(question).find("Jürgen 中文  "), std::string::npos);
-    EXPECT_TRUE(documentHolds("Jürgen 中文"));
+    EXPECT_TRUE(documentHolds("<string>  Jürgen 中文 </string>"));
 }
 
 TEST_F(TerminalSettings, EnterKeepsTheTextAndQuotesEmptyIt) {

@@ -245,6 +245,31 @@ TEST_F(Overlay, HidingFadesAndThenCallsItsCompletion) {
     EXPECT_EQ(calls, 1);
 }
 
+TEST_F(Overlay, OnlyReportsACancel) {
+    show();
+    view->setDelegate(recorder);
+    recordBlocks();
+    view->keypad()->pressCancel();
+    view->cancelPasscode();
+    clock.step(1);
+    EXPECT_EQ(events,
+              (Events{"delegate cancelled", "block cancelled", "delegate cancelled", "block cancelled"}));
+    EXPECT_EQ(view->superview(), window);
+    EXPECT_EQ(view->subviews().size(), 2u);
+    EXPECT_EQ(view->keypad()->presentationAlpha(), 1);
+}
+
+TEST_F(Overlay, OnlyReportsAnEntryAndLeavesItsDigits) {
+    show();
+    view->setDelegate(recorder);
+    enter("1234");
+    clock.step(1);
+    EXPECT_EQ(events, Events{"delegate entered 1234"});
+    EXPECT_EQ(view->superview(), window);
+    EXPECT_EQ(view->keypad()->passcode(), "1234");
+    EXPECT_EQ(view->keypad()->failures(), 0);
+}
+
 TEST_F(Overlay, TellsDelegateThenBlockOfAnEntry) {
     show();
     view->setDelegate(recorder);

@@ -104,6 +104,13 @@ TEST_F(AccountCreation, AcceptsANameOfASingleBlank) {
     EXPECT_EQ(*account(1).find("kAccountName"), Value(" "));
 }
 
+TEST_F(AccountCreation, KeepsTheBlanksAroundAName) {
+    createNamed("  Ben  ");
+    EXPECT_EQ(account(1), accountNamed("  Ben  "));
+    EXPECT_EQ(accountRows(), (std::vector<std::string>{"Ann", "  Ben  "}));
+    expectOneChange("kAccounts", accountNamed("  Ben  "));
+}
+
 TEST_F(AccountCreation, AcceptsANameOfAnyLength) {
     const std::string name(5000, 'x');
     createNamed(name);

@@ -37,9 +37,17 @@ protected:
         EXPECT_NE(page->passcodeView(), nullptr);
         EXPECT_EQ(window->subviews().size(), 1u);
     }
+    /// Expects the overlay to fade out in the window and to be gone afterwards.
     void expectClosed() {
-        EXPECT_NE(page->passcodeView(), nullptr) << "closed before the fade has ended";
-        clock.step(0.41);
+        const auto view = page->passcodeView();
+        ASSERT_NE(view, nullptr) << "closed before the fade has ended";
+        clock.step(0.2);
+        EXPECT_EQ(window->subviews(), std::vector<std::shared_ptr<platform::UIView>>{view});
+        EXPECT_FALSE(view->isHidden());
+        EXPECT_DOUBLE_EQ(view->keypad()->presentationAlpha(), 0.5);
+        EXPECT_DOUBLE_EQ(view->blurView()->presentationAlpha(), 0.5);
+        EXPECT_EQ(page->passcodeView(), view);
+        clock.step(0.21);
         EXPECT_EQ(page->passcodeView(), nullptr);
         EXPECT_TRUE(window->subviews().empty());
     }
@@ -280,11 +288,12 @@ TEST_F(PasscodeWorkflow, TakesAnEntryByTheKeypadsSecondPath) {
     EXPECT_EQ(status(), fresh);
 }
 
-TEST_F(PasscodeWorkflow, StoresTheSameDigitsAgain) {
+TEST_F(PasscodeWorkflow, WritesAndAnnouncesTheSameDigitsAgain) {
     openWithPasscode("1234");
     enter("1234");
+    const std::string written = markDocument();
     enter("1234");
-    EXPECT_EQ(*document().find("kPasscode"), Value("1234"));
+    EXPECT_EQ(readFile(documentPath), written);
     expectOneChange("kPasscode", Value("1234"));
 }
 
@@ -400,11 +409,16 @@ TEST_F(PasscodeWorkflow, AnnouncesAfterTheWriteAndWithTheNewSnapshot) {
     EXPECT_EQ(snapshotThen, written);
 }
 
-TEST_F(PasscodeWorkflow, AnnouncesThePasscodeBeforeTheOverlayGoes) {
+TEST_F(PasscodeWorkflow, SavesAndAnnouncesThePasscodeBeforeTheOverlayGoes) {
     openWithPasscode("");
+    std::vector<double> alphaThen;
+    changes.onPost = [&](const RecordingNotificationCenter::Post&) {
+        alphaThen.push_back(keypad()->alpha());
+        EXPECT_EQ(*document().find("kPasscode"), Value("1234"));
+    };
     enter("1234");
-    EXPECT_EQ(changes.posts.size(), 1u);
-    EXPECT_FALSE(page->passcodeView()->isHidden());
+    EXPECT_EQ(alphaThen, std::vector<double>{1.0}) << "the overlay had begun to go";
+    EXPECT_EQ(keypad()->alpha(), 0);
     expectClosed();
 }
 

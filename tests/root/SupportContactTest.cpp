@@ -1,6 +1,7 @@
 #include "platform/services/MailService.h"
 #include "platform/ui/UIApplication.h"
 #include "root/SettingsListController.h"
+#include "tests/doubles/RecordingDisplay.h"
 #include "tests/support/PageFixture.h"
 
 #include <filesystem>
@@ -175,6 +176,43 @@ TEST_F(SupportContact, TakesDownTheComposerThatFinishedWhateverTheResult) {
             *composer(), static_cast<platform::MFMailComposeResult>(result), "why");
         EXPECT_EQ(page->presentedViewController(), nullptr) << result;
     }
+}
+
+TEST_F(SupportContact, TakesDownTheComposerPassedInAndNoOther) {
+    writeMail();
+    const auto elsewhere = std::make_shared<platform::UIViewController>();
+    const auto other = std::make_shared<MFMailComposeViewController>();
+    elsewhere->presentViewController(other, false);
+    page->mailComposeControllerDidFinishWithResultError(*other, platform::MFMailComposeResult::Sent, "");
+    EXPECT_EQ(elsewhere->presentedViewController(), nullptr);
+    EXPECT_NE(composer(), nullptr);
+}
+
+TEST_F(SupportContact, PresentsTheComposerOnceTheMailIsComplete) {
+    class Witness : public doubles::RecordingDisplay {
+    public:
+        explicit Witness(const platform::UIViewController& page) : page_(page) {}
+        void controllerChanged(platform::UIViewController&) override {
+            const auto shown =
+                std::dynamic_pointer_cast<MFMailComposeViewController>(page_.presentedViewController());
+            if (shown)
+                messages.push_back(shown->message());
+        }
+        std::vector<platform::MailMessage> messages;
+
+    private:
+        const platform::UIViewController& page_;
+    };
+    writeFile("/var/mobile/com.tavix.wardlock_log", "\nan entry");
+    writeFile("/tmp/dpkgl.log", "packages");
+    page->specifiers();
+    Witness witness(*page);
+    tap(*page, "support@tavix.example");
+    ASSERT_EQ(witness.messages.size(), 1u) << "nothing changes once it is shown";
+    EXPECT_EQ(witness.messages[0].recipients.size(), 1u);
+    EXPECT_NE(witness.messages[0].subject, "");
+    EXPECT_NE(witness.messages[0].body, "");
+    EXPECT_EQ(witness.messages[0].attachments.size(), 2u);
 }
 
 TEST_F(SupportContact, DoesNotKeepThePageAliveThroughTheComposer) {

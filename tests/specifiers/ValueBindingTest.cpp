@@ -95,6 +95,14 @@ TEST_F(ValueBinding, AnnouncesEachChangeOnceAndAfterTheWrite) {
     expectOneChange("kEnabled", Value(true));
 }
 
+TEST_F(ValueBinding, WritesAndAnnouncesAnEqualValueToo) {
+    writeDocument({{"kEnabled", true}});
+    const std::string written = markDocument();
+    store(Value(true));
+    EXPECT_EQ(readFile(documentPath), written);
+    expectOneChange("kEnabled", Value(true));
+}
+
 TEST_F(ValueBinding, AnnouncesUnderTheHelpersNames) {
     helper->setIdentifier("com.example");
     helper->setPost("changed");

@@ -48,6 +48,14 @@ void PageFixture::writeAccounts(const Array& accounts) const {
     writeDocument({{"kEnabled", true}, {"kPasscode", ""}, {"kAccounts", accounts}});
 }
 
+std::string PageFixture::markDocument() const {
+    std::string bytes = readFile(documentPath);
+    const std::string written = bytes;
+    bytes.insert(bytes.find("<dict>"), "<!-- not written again -->");
+    writeFile(documentPath, bytes);
+    return written;
+}
+
 void PageFixture::expectOneChange(std::string_view key, const Value& object) {
     ASSERT_EQ(changes.posts.size(), 1u);
     const auto post = changes.posts.front();

@@ -31,6 +31,9 @@ protected:
     platform::Dictionary account(std::size_t index) const;
     /// A document that holds these accounts, the master switch and an empty passcode.
     void writeAccounts(const platform::Array& accounts) const;
+    /// Gives the document other bytes of the same meaning, and returns the bytes that a write of the same
+    /// entries puts in their place.
+    std::string markDocument() const;
 
     /// Expects exactly one post since the last call, in the form of every change notification, made when
     /// the document on disk was already the one that is there now.
