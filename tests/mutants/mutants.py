@@ -9,6 +9,13 @@ WRITER = "platform/foundation/AtomicWriter.cpp"
 FILE = "platform/foundation/DocumentFile.cpp"
 SYSTEM = "platform/foundation/FileSystem.cpp"
 REAL_FILES = "linux/PosixFileSystem.cpp"
+PASSCODE = "root/PasscodeWorkflow.cpp"
+OVERLAY = "passcode/PasscodeView.cpp"
+ACCOUNT = "account/AccountValues.cpp"
+PICKER = "apps/AppsListView.cpp"
+HELPER = "specifiers/PreferenceHelper.cpp"
+ICONS = "specifiers/PreferenceHelperAdditions.cpp"
+SETTINGS = "settings/Settings.cpp"
 
 
 def both(fault):
@@ -122,6 +129,128 @@ ALL = [
     ]),
     Mutant("enabled-account-cached", "a change of the document leaves the enabled account as it was read first", ("tests.settings/SettingsUpdateTest",), [
         ("settings/Settings.cpp", "    EnabledAccount = EnabledAccountNew();", "    EnabledAccountFetchIfNecessary();"),
+    ]),
+    # What only one sentence of the behaviour forbids: the passcode.
+    Mutant("overlay-goes-first", "the overlay begins to go before the passcode is saved", ("tests.root/PasscodeWorkflow",), [
+        (PASSCODE, "        savePasscode(passcode);\n        view.destroyPasscodeWithCompletion({});",
+         "        view.destroyPasscodeWithCompletion({});\n        savePasscode(passcode);"),
+    ]),
+    Mutant("overlay-vanishes", "the fourth wrong entry removes the overlay at once", ("tests.root/PasscodeWorkflow",), [
+        (PASSCODE, "        failedCount_ = 0;\n        cancelPasscodeView(view);",
+         "        failedCount_ = 0;\n        cancelPasscodeView(view);\n        view.removeFromSuperview();"),
+    ]),
+    Mutant("overlay-cancels-itself", "the overlay takes itself down when cancelled", ("tests.passcode/Overlay",), [
+        (OVERLAY, "    if (const auto block = passcodeCancelledBlock_)\n        block(*this);\n",
+         "    if (const auto block = passcodeCancelledBlock_)\n        block(*this);\n    destroyPasscode();\n"),
+    ]),
+    Mutant("equal-passcode-not-stored", "entering the same passcode again writes nothing", ("tests.root/PasscodeWorkflow",), [
+        (PASSCODE, "        entries.set(kPasscode, platform::Value(passcode));\n        return true;",
+         "        const bool changed = platform::stringValue(entries.find(kPasscode)) != passcode;\n"
+         "        entries.set(kPasscode, platform::Value(passcode));\n        return changed;"),
+    ]),
+    # The account page and its picker.
+    Mutant("own-write-reloads", "the account page is reloaded after each of its writes", ("tests.account/AccountValues",), [
+        (ACCOUNT, "        postChange(BundleIdentifier, PostName, key, *value);\n}",
+         "        postChange(BundleIdentifier, PostName, key, *value);\n    reloadSpecifiers();\n}"),
+    ]),
+    Mutant("deletion-resets-index", "the deletion itself resets the selected index", ("tests.account/AccountDeletion",), [
+        (ACCOUNT, "    const auto update = updateDocument(BundleIdentifier, removeAccount);\n",
+         "    const auto update = updateDocument(BundleIdentifier, removeAccount);\n    SelectedIndex = 0;\n"),
+    ]),
+    Mutant("equal-value-not-stored", "an account's value that is equal to the stored one is dropped", ("tests.account/AccountValues",), [
+        (ACCOUNT, "    MutableDictionary changed(*record);\n",
+         "    if (value && record->find(key) && *record->find(key) == *value)\n        return false;\n"
+         "    MutableDictionary changed(*record);\n"),
+    ]),
+    Mutant("trailing-blanks-dropped", "an account's new name loses the blanks at its end", ("tests.account/AccountValues", "tests.bundle/InSettings"), [
+        (ACCOUNT, "        value = &blank;\n",
+         "        value = &blank;\n    Value shorter(false);\n"
+         "    if (const auto name = platform::stringValue(value); name && key == kAccountName) {\n"
+         "        shorter = Value(name->substr(0, name->find_last_not_of(' ') + 1));\n        value = &shorter;\n    }\n"),
+    ]),
+    Mutant("blanks-of-new-name-dropped", "a new account's name loses the blanks at its end", ("tests.root/AccountCreation", "tests.bundle/InSettings"), [
+        ("root/AccountCreation.cpp", "    record.set(kAccountName, platform::Value(name));",
+         "    record.set(kAccountName, platform::Value(name.substr(0, name.find_last_not_of(' ') + 1)));"),
+    ]),
+    Mutant("equal-list-not-stored", "the picker drops a list that is equal to the stored one", ("tests.apps/AppsListSaving",), [
+        (PICKER, "        SelectedAccount = account.copy();\n",
+         "        if (account.copy() == *record)\n            return false;\n        SelectedAccount = account.copy();\n"),
+    ]),
+    Mutant("title-kept-in-reuse", "a reused cell keeps its title where the application has no name", ("tests.apps/AppsListTable",), [
+        (PICKER, "    cell->textLabel().setText(platform::stringValue(applications_.find(identifier)).value_or(\"\"));",
+         "    if (const auto name = platform::stringValue(applications_.find(identifier)))\n        cell->textLabel().setText(*name);"),
+    ]),
+    Mutant("picker-formats-path-late", "the picker formats the document's path at each use", ("tests.bundle/Module",), [
+        (PICKER, "const std::string PreferencesPath = documentPath(BundleIdentifier);",
+         "#define PreferencesPath documentPath(BundleIdentifier)"),
+    ]),
+    # The first page, its mail and its rows.
+    Mutant("root-formats-path-late", "the first page formats the document's path at each use", ("tests.bundle/Module",), [
+        ("root/DocumentSnapshot.cpp", "const std::string pathOfDocument = documentPath(BundleIdentifier);",
+         "#define pathOfDocument documentPath(BundleIdentifier)"),
+    ]),
+    Mutant("own-composer-dismissed", "the page dismisses its own composer, whichever has finished", ("tests.root/SupportContact",), [
+        ("root/SupportContact.cpp", "    controller.dismissViewControllerAnimated(true);",
+         "    static_cast<void>(controller);\n    dismissViewControllerAnimated(true);"),
+    ]),
+    Mutant("composer-presented-first", "the composer is presented before it is filled in", ("tests.root/SupportContact",), [
+        ("root/SupportContact.cpp", "    composer->setMailComposeDelegate(self(this));",
+         "    presentViewController(composer, true);\n    composer->setMailComposeDelegate(self(this));"),
+    ]),
+    Mutant("composer-presented-without-logs", "the composer is presented before the logs are attached", ("tests.root/SupportContact",), [
+        ("root/SupportContact.cpp", "    attach(*composer, stringWithFormat(LogPathFormat, BundleIdentifier), \"log\");",
+         "    presentViewController(composer, true);\n    attach(*composer, stringWithFormat(LogPathFormat, BundleIdentifier), \"log\");"),
+    ]),
+    Mutant("equal-switch-not-stored", "a row's value that is equal to the stored one is not written", ("tests.specifiers/ValueBinding",), [
+        (HELPER, "        entries.set(key, value);\n        return true;",
+         "        const bool changed = !value || !entries.find(key) || *entries.find(key) != *value;\n"
+         "        entries.set(key, value);\n        return changed;"),
+    ]),
+    Mutant("icon-of-target", "an added icon is sought in the bundle of the row's target", ("tests.specifiers/Icons",), [
+        (ICONS, "platform::NSBundle::bundleForClass(typeid(PreferenceHelper)).get(), fileName);",
+         "specifier->target() ? platform::NSBundle::bundleForObject(*specifier->target()).get() : nullptr, fileName);"),
+    ]),
+    Mutant("icon-split-at-first-stop", "an icon's name is split at its first full stop", ("tests.specifiers/Icons",), [
+        (ICONS, "    std::string extension = base.extension().string();\n    base.replace_extension();\n",
+         "    const auto stop = fileName.find('.');\n"
+         "    std::string extension(stop == std::string_view::npos ? \"\" : fileName.substr(stop));\n"
+         "    base = std::string(fileName.substr(0, stop));\n"),
+    ]),
+    Mutant("failure-alert-not-created", "a failed load creates no alert", ("tests.info/DeveloperPage",), [
+        ("info/DeveloperView.cpp", "    failureAlert();\n", ""),
+    ]),
+    # The settings library.
+    Mutant("earlier-callback-kept", "a second callback does not replace the first", ("tests.settings/SettingsUpdateTest",), [
+        (SETTINGS, "    UpdateCallback = std::move(callback);", "    if (!UpdateCallback)\n        UpdateCallback = std::move(callback);"),
+    ]),
+    Mutant("callback-not-cleared", "a null callback leaves the earlier one", ("tests.settings/SettingsUpdateTest",), [
+        (SETTINGS, "    UpdateCallback = std::move(callback);", "    if (callback)\n        UpdateCallback = std::move(callback);"),
+    ]),
+    Mutant("post-name-of-the-bundle", "the post name given with a callback is not the one observed", ("tests.settings/SettingsUpdateTest",), [
+        (SETTINGS, "    InitSettingsWithUpdateName(post);", "    static_cast<void>(post);\n    InitSettingsWithUpdateName(PostName);"),
+    ]),
+    Mutant("other-kinds-read-false", "an account's value that is no boolean reads as false", ("tests.settings/EnabledAccountTest",), [
+        ("settings/EnabledAccount.cpp", "    return platform::boolValue(AccountObject(key));",
+         "    const platform::Value* value = AccountObject(key);\n"
+         "    return value && value->kind() == platform::Value::Kind::Boolean && value->boolean();"),
+    ]),
+    Mutant("other-kinds-read-true", "an account's value that is no boolean reads as true", ("tests.settings/EnabledAccountTest",), [
+        ("settings/EnabledAccount.cpp", "    return platform::boolValue(AccountObject(key));",
+         "    const platform::Value* value = AccountObject(key);\n"
+         "    return value && (value->kind() != platform::Value::Kind::Boolean || value->boolean());"),
+    ]),
+    Mutant("log-bound-lower", "a log is looked through up to half its bound only", ("tests.settings/LogTest",), [
+        ("settings/Log.cpp", "std::size_t{16} << 20", "std::size_t{8} << 20"),
+    ]),
+    Mutant("log-bound-higher", "a log is looked through beyond its bound", ("tests.settings/LogTest",), [
+        ("settings/Log.cpp", "std::size_t{16} << 20", "std::size_t{17} << 20"),
+    ]),
+    # The platform.
+    Mutant("null-callback-called", "an observer without a callback is called", ("tests.linux/DistributedCenterTest",), [
+        ("linux/DistributedCenter.cpp", "    if (!callback)\n        return;\n", ""),
+    ]),
+    Mutant("descriptors-run-out", "a document that no descriptor is left for counts as unreadable", ("tests.foundation/PropertyListFile", r"tests.foundation/.*PropertyListFileFault"), [
+        (FILE, "error == std::errc::too_many_files_open ||\n", "error == std::errc::no_buffer_space ||\n"),
     ]),
     # What others may do.
     Mutant("link-of-another-followed", "a symbolic link is followed whoever has laid it", ("tests.hostile/PlantedLinks",), [
