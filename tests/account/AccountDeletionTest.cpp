@@ -5,6 +5,7 @@
 #include "root/SelectedIndex.h"
 #include "root/SettingsListController.h"
 #include "settings/DefaultSettings.h"
+#include "tests/doubles/PicturingDisplay.h"
 #include "tests/support/PageFixture.h"
 
 namespace wardlock::test {
@@ -61,6 +62,29 @@ TEST_F(AccountDeletion, AsksFirst) {
     EXPECT_EQ(accounts().size(), 1u);
     // An alert that nobody answers keeps its page.
     alert->choose(alert->actions()[0]);
+}
+
+TEST_F(AccountDeletion, PresentsItsAlertOnceItIsComplete) {
+    writeAccounts({accountNamed("Ann")});
+    open(0);
+    const auto account = page();
+    doubles::PicturingDisplay display([&] {
+        const auto alert = std::dynamic_pointer_cast<UIAlertController>(account->presentedViewController());
+        return alert ? std::to_string(alert->actions().size()) + " actions" : "";
+    });
+    const auto alert = ask();
+    EXPECT_EQ(display.pictures, std::vector<std::string>{"2 actions"});
+    alert->choose(alert->actions().at(0));
+}
+
+TEST_F(AccountDeletion, LeavesThePageOnceItHasAnnounced) {
+    writeAccounts({accountNamed("Ann"), accountNamed("Ben")});
+    open(1);
+    bool shownThen = false;
+    changes.onPost = [&](const RecordingNotificationCenter::Post&) { shownThen = page() != nullptr; };
+    remove();
+    EXPECT_TRUE(shownThen);
+    expectLeft();
 }
 
 TEST_F(AccountDeletion, CancelledChangesNothingAndStays) {

@@ -138,6 +138,11 @@ TEST_F(AccountPage, BuildsItsListOnceUntilItIsCleared) {
     EXPECT_NE(page->specifiers(), first);
 }
 
+TEST_F(AccountPage, ReturnsAnEmptyListThatItHolds) {
+    page->setSpecifiers({});
+    EXPECT_TRUE(page->specifiers().empty());
+}
+
 TEST_F(AccountPage, ShowsTheAccountAtTheSelectedIndex) {
     writeAccounts({accountNamed("Ann"), accountNamed("Ben", true)});
     SelectedIndex = 1;

@@ -4,6 +4,8 @@
 #include "tests/doubles/RecordingDisplay.h"
 #include "tests/support/PageFixture.h"
 
+#include <algorithm>
+
 namespace wardlock::test {
 namespace {
 
@@ -289,6 +291,16 @@ TEST_F(EnablingAnAccount, SwitchesTheEnabledOneOffInTheSameWriteAndNotification)
     enable(2);
     EXPECT_EQ(enabled(), (std::vector<bool>{false, false, true}));
     expectOneChange("kAccountEnabled", Value(true));
+}
+
+TEST_F(EnablingAnAccount, RenamesOneFileIntoTheDocumentsPlace) {
+    writeEnabled({true, false});
+    FaultyFileSystem files(platform::FileSystem::current());
+    platform::FileSystem::setCurrent(&files);
+    enable(1);
+    platform::FileSystem::setCurrent(nullptr);
+    EXPECT_EQ(std::ranges::count(files.functions(), "rename"), 1);
+    EXPECT_EQ(enabled(), (std::vector<bool>{false, true}));
 }
 
 TEST_F(EnablingAnAccount, SwitchesOffTheFirstOfTwoEnabledOnesOnly) {

@@ -1,6 +1,7 @@
 #include "apps/AppsListController.h"
 
 #include "tests/apps/PickerFixture.h"
+#include "tests/doubles/PicturingDisplay.h"
 
 namespace wardlock::test {
 namespace {
@@ -46,6 +47,18 @@ TEST_F(AppsListPage, ShowsANewViewOfTheSizeOfTheOneBefore) {
     page->viewWillAppear(true);
     EXPECT_TRUE(first.expired());
     EXPECT_EQ(shown().frame(), frame);
+}
+
+TEST_F(AppsListPage, SetsItsTitleBeforeItsNewViewAndAfterItsListIsReady) {
+    const auto before = std::make_shared<platform::UIView>(frame);
+    page->setView(before);
+    doubles::PicturingDisplay display([&] {
+        return page->navigationItem().title() + (page->hasSpecifiers() ? ", list ready" : ", no list") +
+               (page->view() == before ? ", view of before" : ", new view");
+    });
+    page->viewWillAppear(true);
+    EXPECT_EQ(display.pictures,
+              (std::vector<std::string>{"Apps, list ready, view of before", "Apps, list ready, new view"}));
 }
 
 TEST_F(AppsListPage, RegroupsItsRowsWhenItIsShownAgain) {

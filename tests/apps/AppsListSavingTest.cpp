@@ -181,6 +181,16 @@ TEST_F(AppsListSaving, OfAnEmptyListStoresIt) {
     expectOneChange("kAppsRestricted", Array());
 }
 
+TEST_F(AppsListSaving, MakesTheRecordTheNextModelsEvenWhenItCannotBeWritten) {
+    restrict({"a"});
+    const auto view = open();
+    refuseWrites();
+    tap(*view, 2);
+    EXPECT_EQ(restricted(), Array({"a"}));
+    view->setupArrays();
+    EXPECT_EQ(rows(*view), (Identifiers{"a", "c", "b"}));
+}
+
 TEST_F(AppsListSaving, MakesTheSavedRecordTheOneTheNextModelStartsFrom) {
     restrict({"a"});
     const auto view = open();

@@ -1,5 +1,6 @@
 #include "platform/foundation/NSException.h"
 #include "tests/apps/PickerFixture.h"
+#include "tests/doubles/RecordingDisplay.h"
 
 namespace wardlock::test {
 namespace {
@@ -21,6 +22,28 @@ TEST_F(AppsListTable, FillsItsViewInTheGroupedStyle) {
     EXPECT_EQ(table->autoresizingMask(), 18u);
     ASSERT_EQ(view->subviews().size(), 1u);
     EXPECT_EQ(view->subviews()[0], table);
+}
+
+TEST_F(AppsListTable, IsAddedToItsViewOnceItHasRowsDelegateAndMask) {
+    class Witness : public doubles::RecordingDisplay {
+    public:
+        void viewChanged(platform::UIView& view) override {
+            if (!dynamic_cast<AppsListView*>(&view) || view.subviews().empty())
+                return;
+            auto& table = dynamic_cast<platform::UITableView&>(*view.subviews()[0]);
+            rows.push_back(table.numberOfRowsInSection(0));
+            heights.push_back(table.heightForRow({0, 0}));
+            masks.push_back(table.autoresizingMask());
+        }
+        std::vector<std::size_t> rows;
+        std::vector<double> heights;
+        std::vector<unsigned> masks;
+    };
+    Witness witness;
+    open();
+    EXPECT_EQ(witness.rows, std::vector<std::size_t>{3});
+    EXPECT_EQ(witness.heights, std::vector<double>{35});
+    EXPECT_EQ(witness.masks, std::vector<unsigned>{18});
 }
 
 TEST_F(AppsListTable, HasOneSectionOfRowsThirtyFivePointsHigh) {

@@ -4,6 +4,7 @@
 #include "platform/foundation/NSBundle.h"
 #include "platform/ui/UITextView.h"
 #include "tests/doubles/MemoryFileSystem.h"
+#include "tests/doubles/PicturingDisplay.h"
 #include "tests/support/PageFixture.h"
 
 namespace wardlock::test {
@@ -58,6 +59,22 @@ TEST_F(ChangeLogPage, ShowsTheTextReadOnlyInASystemFontOfFifteenPoints) {
     EXPECT_EQ(textView->font().size, 15.0);
 }
 
+TEST_F(ChangeLogPage, AddsItsTextViewOnceItIsComplete) {
+    class Witness : public doubles::RecordingDisplay {
+    public:
+        void viewChanged(platform::UIView& view) override {
+            if (const auto text = dynamic_cast<ChangeLog*>(&view) ? textViewOf(view) : nullptr)
+                pictures.push_back(text->text() + (text->isEditable() ? " editable" : "") +
+                                   (text->isSelectable() ? " selectable" : ""));
+        }
+        std::vector<std::string> pictures;
+    };
+    writeResource("0.1.0");
+    Witness witness;
+    ChangeLog::initWithFrame(frame);
+    EXPECT_EQ(witness.pictures, std::vector<std::string>{"0.1.0"});
+}
+
 TEST_F(ChangeLogPage, OfAMissingResourceIsEmpty) {
     EXPECT_EQ(text(), "");
 }
@@ -80,6 +97,18 @@ TEST_F(ChangeLogPage, ReadsTheResourceAnewEachTimeItAppears) {
     EXPECT_EQ(textViewOf(*page->view())->text(), "new");
     EXPECT_FALSE(page->showsList());
     EXPECT_TRUE(page->hasSpecifiers()) << "as every list page that is about to appear";
+}
+
+TEST_F(ChangeLogPage, SetsItsTitleBeforeItsNewViewAndAfterItsListIsReady) {
+    const auto before = std::make_shared<platform::UIView>(frame);
+    page->setView(before);
+    doubles::PicturingDisplay display([&] {
+        return page->navigationItem().title() + (page->hasSpecifiers() ? ", list ready" : ", no list") +
+               (page->view() == before ? ", view of before" : ", new view");
+    });
+    page->viewWillAppear(true);
+    EXPECT_EQ(display.pictures, (std::vector<std::string>{"Change Log, list ready, view of before",
+                                                          "Change Log, list ready, new view"}));
 }
 
 TEST_F(ChangeLogPage, HoldsALongText) {

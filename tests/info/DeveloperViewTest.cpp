@@ -1,6 +1,7 @@
 #include "info/DeveloperView.h"
 
 #include "info/DeveloperController.h"
+#include "tests/doubles/PicturingDisplay.h"
 #include "tests/support/PageFixture.h"
 
 namespace wardlock::test {
@@ -18,10 +19,13 @@ public:
         urls.push_back(request.url);
         EXPECT_EQ(view->url(), request.url);
         subviewsThen = view->superview() != nullptr;
+        if (startsAtOnce)
+            view->didStartLoad();
     }
 
     std::vector<std::string> urls;
     bool subviewsThen = false;
+    bool startsAtOnce = false;
 };
 
 class DeveloperPage : public PageFixture {
@@ -78,6 +82,11 @@ TEST_F(DeveloperPage, SpinsFromEachStartToItsFinishOrFailure) {
     EXPECT_FALSE(view->activity()->isAnimating());
 }
 
+TEST_F(DeveloperPage, SpinsForAnEngineThatStartsAtOnce) {
+    engine.startsAtOnce = true;
+    EXPECT_TRUE(DeveloperView::initWithFrame(frame)->activity()->isAnimating());
+}
+
 TEST_F(DeveloperPage, SaysNothingOfAFailureAndKeepsWhatHadLoaded) {
     page->viewWillAppear(false);
     const auto webView = webViewOf(*page->view());
@@ -125,6 +134,18 @@ TEST_F(DeveloperPage, KeepsTheTextsOfTheAlertThatNobodyIsShown) {
                                 "connected to the internet.");
     EXPECT_EQ(alert->cancelButtonTitle(), "Dismiss");
     EXPECT_TRUE(alert->otherButtonTitles().empty());
+}
+
+TEST_F(DeveloperPage, SetsItsTitleBeforeItsNewViewAndAfterItsListIsReady) {
+    const auto before = std::make_shared<platform::UIView>(frame);
+    page->setView(before);
+    doubles::PicturingDisplay display([&] {
+        return page->navigationItem().title() + (page->hasSpecifiers() ? ", list ready" : ", no list") +
+               (page->view() == before ? ", view of before" : ", new view");
+    });
+    page->viewWillAppear(true);
+    EXPECT_EQ(display.pictures, (std::vector<std::string>{"Other Tweaks, list ready, view of before",
+                                                          "Other Tweaks, list ready, new view"}));
 }
 
 TEST_F(DeveloperPage, LoadsTheListingAnewEachTimeItAppears) {

@@ -77,6 +77,32 @@ TEST_F(Overlay, HasADarkBlurBeneathTheKeypad) {
     EXPECT_EQ(view->blurView()->frame(), view->bounds());
 }
 
+TEST_F(Overlay, AddsBlurAndThenKeypadOnceTheyAreSetUpAndInvisible) {
+    class Witness : public doubles::RecordingDisplay {
+    public:
+        void viewChanged(UIView& view) override {
+            const auto* overlay = dynamic_cast<PasscodeView*>(&view);
+            if (!overlay || overlay->subviews().empty())
+                return;
+            const auto& added = overlay->subviews().back();
+            std::string picture = added == overlay->keypad() ? "keypad" : "blur";
+            picture += added->alpha() == 0 ? ", invisible" : ", visible";
+            if (const auto* keypad = dynamic_cast<const PasscodeView::Keypad*>(added.get()))
+                picture +=
+                    keypad->backgroundAlpha() == 0 && !keypad->showsEmergencyCallButton() ? ", bare" : "";
+            else
+                picture += added->frame() == overlay->bounds() && added->autoresizingMask() == 10
+                               ? ", laid out"
+                               : "";
+            pictures.push_back(picture);
+        }
+        Events pictures;
+    };
+    Witness witness;
+    PasscodeView::initWithDefaultSize();
+    EXPECT_EQ(witness.pictures, (Events{"blur, invisible, laid out", "keypad, invisible, bare"}));
+}
+
 TEST_F(Overlay, ABlurMadeByItselfStartsOutInvisible) {
     show();
     const auto first = view->blurView();

@@ -4,7 +4,7 @@
 #include "root/DocumentSnapshot.h"
 #include "root/SettingsListController.h"
 #include "settings/DefaultSettings.h"
-#include "tests/doubles/RecordingDisplay.h"
+#include "tests/doubles/PicturingDisplay.h"
 #include "tests/support/PageFixture.h"
 
 namespace wardlock::test {
@@ -70,6 +70,16 @@ TEST_F(AccountCreation, OffersCancelAndThenCreateDisabledAtFirst) {
     EXPECT_EQ(alert()->actions()[1]->title(), "Create");
     EXPECT_EQ(static_cast<int>(alert()->actions()[1]->style()), 0);
     EXPECT_FALSE(alert()->actions()[1]->isEnabled());
+}
+
+TEST_F(AccountCreation, PresentsTheAlertOnceItIsComplete) {
+    doubles::PicturingDisplay display([&] {
+        return alert() ? std::to_string(alert()->textFields().size()) + " field, " +
+                             std::to_string(alert()->actions().size()) + " actions"
+                       : "";
+    });
+    ask();
+    EXPECT_EQ(display.pictures, std::vector<std::string>{"1 field, 2 actions"});
 }
 
 TEST_F(AccountCreation, AsksOnceHoweverOftenItsButtonIsPressed) {

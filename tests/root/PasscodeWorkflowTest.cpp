@@ -339,6 +339,14 @@ TEST_F(PasscodeWorkflow, ResigningWithoutAnOverlayDoesNothing) {
     EXPECT_TRUE(window->subviews().empty());
 }
 
+TEST_F(PasscodeWorkflow, AsksAsTheSnapshotOfThePageSays) {
+    writeDocument({{"kPasscode", ""}});
+    page->specifiers();
+    writeDocument({{"kPasscode", "1234"}});
+    open();
+    EXPECT_EQ(status(), fresh);
+}
+
 TEST_F(PasscodeWorkflow, ComparesWithTheSnapshotOfThePage) {
     openWithPasscode("1234");
     writeDocument({{"kPasscode", "5678"}});

@@ -10,7 +10,7 @@
 #include "root/SettingsListController.h"
 #include "settings/ExceptionReport.h"
 #include "specifiers/PreferenceHelper.h"
-#include "tests/doubles/RecordingDisplay.h"
+#include "tests/doubles/PicturingDisplay.h"
 #include "tests/support/PageFixture.h"
 
 namespace wardlock::test {
@@ -198,6 +198,17 @@ TEST_F(RootPage, HasAnAddButtonRenewedWithEachList) {
     EXPECT_NE(page->navigationItem().rightBarButtonItem(), button);
     page->navigationItem().rightBarButtonItem()->press();
     EXPECT_NE(page->presentedViewController(), nullptr);
+}
+
+TEST_F(RootPage, ObservesAndReadsBeforeItSetsItsButtonAndCreatesItsHelper) {
+    writeDocument({{"kPasscode", "1234"}});
+    documentSnapshot.reset();
+    doubles::PicturingDisplay display([&] {
+        return std::to_string(resignObservers()) + " observing, " + (documentSnapshot ? "read" : "unread") +
+               (page->prefs() ? ", helper" : ", no helper");
+    });
+    page->specifiers();
+    EXPECT_EQ(display.pictures, Names{"1 observing, read, no helper"});
 }
 
 TEST_F(RootPage, ObservesResigningOnceHoweverOftenItIsShown) {
