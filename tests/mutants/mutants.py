@@ -9,6 +9,7 @@ WRITER = "platform/foundation/AtomicWriter.cpp"
 FILE = "platform/foundation/DocumentFile.cpp"
 SYSTEM = "platform/foundation/FileSystem.cpp"
 REAL_FILES = "linux/PosixFileSystem.cpp"
+ROOT = "root/SettingsListController.cpp"
 PASSCODE = "root/PasscodeWorkflow.cpp"
 OVERLAY = "passcode/PasscodeView.cpp"
 ACCOUNT = "account/AccountValues.cpp"
@@ -251,6 +252,111 @@ ALL = [
     ]),
     Mutant("descriptors-run-out", "a document that no descriptor is left for counts as unreadable", ("tests.foundation/PropertyListFile", r"tests.foundation/.*PropertyListFileFault"), [
         (FILE, "error == std::errc::too_many_files_open ||\n", "error == std::errc::no_buffer_space ||\n"),
+    ]),
+    # The order in which pages and views are set up.
+    Mutant("button-before-snapshot", "the first page sets its button before it reads the document", ("tests.root/RootPage",), [
+        (ROOT, "    readDocumentSnapshot();\n", ""),
+        (ROOT, "    setPrefs(\n", "    readDocumentSnapshot();\n    setPrefs(\n"),
+    ]),
+    Mutant("button-before-observing", "the first page sets its button before it observes the resigning", ("tests.root/RootPage",), [
+        (ROOT, "    observeResigning();\n", ""),
+        (ROOT, "    setPrefs(\n", "    observeResigning();\n    setPrefs(\n"),
+    ]),
+    Mutant("helper-before-button", "the first page creates its helper before its button", ("tests.root/RootPage",), [
+        (ROOT, "    navigationItem().setRightBarButtonItem(",
+         "    setPrefs(PreferenceHelper::initWithBundleIdentifier(std::string(BundleIdentifier), std::string(PostName)));\n"
+         "    navigationItem().setRightBarButtonItem("),
+    ]),
+    Mutant("snapshot-read-by-tap", "a tap on the passcode's row reads the document again", ("tests.root/PasscodeWorkflow",), [
+        (PASSCODE, "    setPasscodeView(PasscodeView::initWithDefaultSize());\n",
+         "    readDocumentSnapshot();\n    setPasscodeView(PasscodeView::initWithDefaultSize());\n"),
+    ]),
+    Mutant("name-alert-presented-first", "the alert for a name is presented before it is complete", ("tests.root/AccountCreation",), [
+        ("root/AccountCreation.cpp", "    alert->addTextFieldWithConfigurationHandler(",
+         "    presentViewController(alert, true);\n    alert->addTextFieldWithConfigurationHandler("),
+    ]),
+    Mutant("deletion-alert-presented-first", "the alert of a deletion is presented before it is complete", ("tests.account/AccountDeletion",), [
+        (ACCOUNT, "    alert->addAction(UIAlertAction::actionWithTitle(\"Cancel\"",
+         "    presentViewController(alert, true);\n    alert->addAction(UIAlertAction::actionWithTitle(\"Cancel\""),
+    ]),
+    Mutant("deletion-leaves-first", "the page of a deleted account is left before the deletion is announced", ("tests.account/AccountDeletion",), [
+        (ACCOUNT, "    if (update.changed)\n        postChange(BundleIdentifier, PostName, kAccounts,",
+         "    if (const auto stack = navigationController())\n        stack->popViewControllerAnimated(true);\n"
+         "    if (update.changed)\n        postChange(BundleIdentifier, PostName, kAccounts,"),
+    ]),
+    Mutant("empty-list-rebuilt", "the account page rebuilds an empty list that it holds", ("tests.account/AccountPage",), [
+        ("account/AppsController.cpp", "    if (!hasSpecifiers())", "    if (PSListController::specifiers().empty())"),
+    ]),
+    Mutant("enabled-in-two-writes", "enabling an account writes twice", ("tests.account/EnablingAnAccount",), [
+        (ACCOUNT, "    const auto update = updateDocument(BundleIdentifier, [&key, value](",
+         "    if (key == kAccountEnabled && platform::boolValue(value))\n"
+         "        updateDocument(BundleIdentifier, [](MutableDictionary& entries) {\n"
+         "            const auto* stored = accountsIn(entries.find(kAccounts));\n"
+         "            MutableArray accounts(stored ? *stored : Array());\n"
+         "            disableFirstEnabled(accounts);\n"
+         "            entries.set(kAccounts, Value(accounts.copy()));\n"
+         "            return stored != nullptr && selected() < accounts.size();\n"
+         "        });\n"
+         "    const auto update = updateDocument(BundleIdentifier, [&key, value]("),
+    ]),
+    Mutant("unwritten-record-forgotten", "the picker keeps its record only when it could be written", ("tests.apps/AppsListSaving",), [
+        (PICKER, "    if (platform::updateFile(PreferencesPath, change).changed)\n",
+         "    const auto before = SelectedAccount;\n    const auto update = platform::updateFile(PreferencesPath, change);\n"
+         "    if (!update.written)\n        SelectedAccount = before;\n    if (update.changed)\n"),
+    ]),
+    Mutant("table-added-first", "the picker's table is added before it has rows and a delegate", ("tests.apps/AppsListTable",), [
+        (PICKER, "    const std::shared_ptr<AppsListView> view = self(this);\n",
+         "    addSubview(tableView_);\n    const std::shared_ptr<AppsListView> view = self(this);\n"),
+    ]),
+    Mutant("model-after-table", "the picker's model is built after its table", ("tests.apps/AppsListTable",), [
+        (PICKER, "    setupArrays();\n    setTableView(", "    setTableView("),
+        (PICKER, "    addSubview(tableView_);\n", "    addSubview(tableView_);\n    setupArrays();\n"),
+    ]),
+    Mutant("blur-added-first", "the overlay's blur is added before it is invisible", ("tests.passcode/Overlay",), [
+        (OVERLAY, "    blurView_->setAlpha(0);\n", "    addSubview(blurView_);\n    blurView_->setAlpha(0);\n"),
+    ]),
+    Mutant("keypad-added-first", "the overlay's keypad is added before it is invisible", ("tests.passcode/Overlay",), [
+        (OVERLAY, "        keypad_->setAlpha(0);\n", "        addSubview(keypad_);\n        keypad_->setAlpha(0);\n"),
+    ]),
+    Mutant("text-view-added-first", "the change log's text is added before it is read-only", ("tests.info/ChangeLogPage",), [
+        ("info/ChangeLog.cpp", "    textView->setEditable(false);\n", "    addSubview(textView);\n    textView->setEditable(false);\n"),
+    ]),
+    Mutant("load-before-delegate", "the listing is asked for before anybody hears of its start", ("tests.info/DeveloperPage",), [
+        ("info/DeveloperView.cpp", "    webView->setDelegate(self(this));\n    webView->loadRequest({Listing});\n",
+         "    webView->loadRequest({Listing});\n    webView->setDelegate(self(this));\n"),
+    ]),
+    Mutant("post-name-alone-clears", "a post name given alone clears the callback", ("tests.settings/SettingsUpdateTest",), [
+        (SETTINGS, "    // Observed first:", "    if (post != PostName)\n        UpdateCallback = nullptr;\n    // Observed first:"),
+    ]),
+    Mutant("apps-title-after-view", "the picker's page sets its title after its view", ("tests.apps/AppsListPage",), [
+        ("apps/AppsListController.cpp", "    navigationItem().setTitle(Title);\n", ""),
+        ("apps/AppsListController.cpp", "(AppsListView::initWithFrame(view()->frame()));\n",
+         "(AppsListView::initWithFrame(view()->frame()));\n    navigationItem().setTitle(Title);\n"),
+    ]),
+    Mutant("apps-superclass-last", "the picker's page calls its superclass last", ("tests.apps/AppsListPage",), [
+        ("apps/AppsListController.cpp", "    PSListController::viewWillAppear(animated);\n", ""),
+        ("apps/AppsListController.cpp", "(AppsListView::initWithFrame(view()->frame()));\n",
+         "(AppsListView::initWithFrame(view()->frame()));\n    PSListController::viewWillAppear(animated);\n"),
+    ]),
+    Mutant("log-title-after-view", "the change log's page sets its title after its view", ("tests.info/ChangeLogPage",), [
+        ("info/ChangeLogController.cpp", "    navigationItem().setTitle(Title);\n", ""),
+        ("info/ChangeLogController.cpp", "(ChangeLog::initWithFrame(view()->frame()));\n",
+         "(ChangeLog::initWithFrame(view()->frame()));\n    navigationItem().setTitle(Title);\n"),
+    ]),
+    Mutant("log-superclass-last", "the change log's page calls its superclass last", ("tests.info/ChangeLogPage",), [
+        ("info/ChangeLogController.cpp", "    PSListController::viewWillAppear(animated);\n", ""),
+        ("info/ChangeLogController.cpp", "(ChangeLog::initWithFrame(view()->frame()));\n",
+         "(ChangeLog::initWithFrame(view()->frame()));\n    PSListController::viewWillAppear(animated);\n"),
+    ]),
+    Mutant("listing-title-after-view", "the listing's page sets its title after its view", ("tests.info/DeveloperPage",), [
+        ("info/DeveloperController.cpp", "    navigationItem().setTitle(Title);\n", ""),
+        ("info/DeveloperController.cpp", "(DeveloperView::initWithFrame(view()->frame()));\n",
+         "(DeveloperView::initWithFrame(view()->frame()));\n    navigationItem().setTitle(Title);\n"),
+    ]),
+    Mutant("listing-superclass-last", "the listing's page calls its superclass last", ("tests.info/DeveloperPage",), [
+        ("info/DeveloperController.cpp", "    PSListController::viewWillAppear(animated);\n", ""),
+        ("info/DeveloperController.cpp", "(DeveloperView::initWithFrame(view()->frame()));\n",
+         "(DeveloperView::initWithFrame(view()->frame()));\n    PSListController::viewWillAppear(animated);\n"),
     ]),
     # What others may do.
     Mutant("link-of-another-followed", "a symbolic link is followed whoever has laid it", ("tests.hostile/PlantedLinks",), [
