@@ -318,6 +318,15 @@ ALL = [
     Mutant("keypad-added-first", "the overlay's keypad is added before it is invisible", ("tests.passcode/Overlay",), [
         (OVERLAY, "        keypad_->setAlpha(0);\n", "        addSubview(keypad_);\n        keypad_->setAlpha(0);\n"),
     ]),
+    Mutant("attempts-before-blur", "the overlay's attempts are set before its blur is created", ("tests.passcode/Overlay",), [
+        (OVERLAY, "    createBlurView();\n    setMaxAttempts(AllowedAttempts);\n", "    setMaxAttempts(AllowedAttempts);\n    createBlurView();\n"),
+    ]),
+    Mutant("blur-released-first", "the overlay releases its blur before it is empty", ("tests.passcode/Overlay",), [
+        (OVERLAY, "    for (const auto& view : inside)\n", "    setBlurView(nullptr);\n    for (const auto& view : inside)\n"),
+    ]),
+    Mutant("overlay-not-kept", "an overlay that its delegate lets go of does not live to call its block", ("tests.passcode/Overlay",), [
+        (OVERLAY, "void PasscodeView::cancelPasscode() {\n    const auto alive = shared_from_this();\n", "void PasscodeView::cancelPasscode() {\n"),
+    ]),
     Mutant("text-view-added-first", "the change log's text is added before it is read-only", ("tests.info/ChangeLogPage",), [
         ("info/ChangeLog.cpp", "    textView->setEditable(false);\n", "    addSubview(textView);\n    textView->setEditable(false);\n"),
     ]),

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -94,13 +95,14 @@ TEST_F(Overlay, AddsBlurAndThenKeypadOnceTheyAreSetUpAndInvisible) {
                 picture += added->frame() == overlay->bounds() && added->autoresizingMask() == 10
                                ? ", laid out"
                                : "";
-            pictures.push_back(picture);
+            pictures.push_back(picture + ", attempts " + std::to_string(overlay->maxAttempts()));
         }
         Events pictures;
     };
     Witness witness;
     PasscodeView::initWithDefaultSize();
-    EXPECT_EQ(witness.pictures, (Events{"blur, invisible, laid out", "keypad, invisible, bare"}));
+    EXPECT_EQ(witness.pictures,
+              (Events{"blur, invisible, laid out, attempts 0", "keypad, invisible, bare, attempts 4"}));
 }
 
 TEST_F(Overlay, ABlurMadeByItselfStartsOutInvisible) {
@@ -378,7 +380,7 @@ TEST_F(Overlay, IsEmptiedThenHiddenThenDetached) {
         }
         std::string picture() const {
             return std::to_string(overlay_.subviews().size()) + " inside, " +
-                   (overlay_.keypad() || overlay_.blurView() ? "kept" : "let go of") +
+                   (overlay_.keypad() && overlay_.blurView() ? "kept" : "let go of") +
                    (overlay_.isHidden() ? ", hidden" : "") + (overlay_.superview() ? "" : ", detached");
         }
         Events pictures;
@@ -508,6 +510,38 @@ TEST_F(Overlay, SurvivesABlockThatLetsItGo) {
     enter("1234");
     EXPECT_EQ(events, Events{"1234 in 2"});
     EXPECT_TRUE(weak.expired());
+}
+
+TEST_F(Overlay, TellsItsBlockEvenWhenItsDelegateLetsItGo) {
+    class Dropping : public PasscodeViewDelegate {
+    public:
+        explicit Dropping(std::function<void()> letGo) : letGo_(std::move(letGo)) {}
+        void passcodeViewEnteredPasscode(PasscodeView&, const std::string&) override { letGo_(); }
+        void passcodeDidCancel(PasscodeView&) override { letGo_(); }
+        void passcodeDidPressEmergency(PasscodeView&) override { letGo_(); }
+
+    private:
+        std::function<void()> letGo_;
+    };
+    std::weak_ptr<PasscodeView> weak;
+    const auto dropping = std::make_shared<Dropping>([&] {
+        view->removeFromSuperview();
+        view.reset();
+        EXPECT_FALSE(weak.expired());
+    });
+    for (const auto event : {+[](PasscodeView& overlay) { overlay.passcodeEntered("1234"); },
+                             +[](PasscodeView& overlay) { overlay.cancelPasscode(); },
+                             +[](PasscodeView& overlay) {
+                                 overlay.passcodeLockViewEmergencyCallButtonPressed(*overlay.keypad());
+                             }}) {
+        show();
+        weak = view;
+        recordBlocks();
+        view->setDelegate(dropping);
+        event(*view);
+        EXPECT_TRUE(weak.expired());
+    }
+    EXPECT_EQ(events, (Events{"block entered 1234", "block cancelled", "block emergency"}));
 }
 
 TEST_F(Overlay, HasPlainAccessorsForItsViews) {
