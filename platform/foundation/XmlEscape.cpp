@@ -2,6 +2,7 @@
 
 #include "platform/foundation/ShortText.h"
 #include "platform/foundation/Utf8.h"
+#include "platform/foundation/XmlCharacter.h"
 
 #include <algorithm>
 
@@ -48,20 +49,25 @@ void appendAscii(std::string& text, char c) {
     case '\n':
         text += c;
         return;
+    case '\r':
+        text += "&#13;";
+        return;
     default:
-        text.append("&#").append(std::to_string(int(c))).append(";");
+        appendReplacement(text, static_cast<unsigned char>(c));
     }
 }
 
 /// The special character at the front; answers how many bytes it takes.
 std::size_t appendSpecial(std::string& text, std::string_view characters) {
-    const std::size_t length = decodeUtf8(characters, 0).length;
+    const auto [character, length] = decodeUtf8(characters, 0);
     if (length == 1)
         appendAscii(text, characters.front());
-    else if (length > 1)
+    else if (length == 0)
+        text += "\xEF\xBF\xBD";
+    else if (isXmlCharacter(character))
         text += characters.substr(0, length);
     else
-        text += "\xEF\xBF\xBD";
+        appendReplacement(text, character);
     return std::max<std::size_t>(length, 1);
 }
 

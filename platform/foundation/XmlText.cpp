@@ -1,6 +1,7 @@
 #include "platform/foundation/XmlText.h"
 
 #include "platform/foundation/Utf8.h"
+#include "platform/foundation/XmlCharacter.h"
 
 #include <array>
 #include <charconv>
@@ -20,8 +21,8 @@ constexpr std::array namedReferences{
     NamedReference{"quot", '"'}, NamedReference{"apos", '\''},
 };
 
-/// Between "&" and ";". Everything numeric is taken that UTF-8 can hold: control characters too, which the
-/// writer has no other way to keep.
+/// Between "&" and ";". Everything numeric is taken that UTF-8 can hold: control characters too, as other
+/// writers keep them.
 bool appendReference(std::string& text, std::string_view reference) {
     for (const NamedReference& named : namedReferences) {
         if (reference == named.name) {
@@ -86,8 +87,11 @@ bool XmlText::appendPiece(XmlCursor& cursor, std::string& text) {
             return false;
         text += rest.substr(0, rest.size() - cursor.rest().size() - std::string_view("]]>").size());
     } else if (cursor.take("<!--")) {
+        const std::string_view rest = cursor.rest();
         if (!cursor.skipPast("-->"))
             return false;
+        restoreReplaced(text,
+                        rest.substr(0, rest.size() - cursor.rest().size() - std::string_view("-->").size()));
     } else if (!cursor.take("<?") || !cursor.skipPast("?>")) {
         return false;
     }

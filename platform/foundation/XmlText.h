@@ -10,7 +10,8 @@
 namespace platform {
 
 /// Reads the characters inside an element: plain text, CDATA, the five named and all numeric character
-/// references, with comments and processing instructions left out.
+/// references, with comments and processing instructions left out. Comments of XmlCharacter.h stand for what
+/// they name.
 class XmlText {
 public:
     /// Takes the characters up to the next tag. A part of the document where it says what it means; else kept

@@ -112,6 +112,39 @@ TEST_F(PropertyListInteroperation, WritesWhatPythonReads) {
     python("assert plistlib.load(open(folder + 'a', 'rb')) == values");
 }
 
+/// What a text of UTF-8 may hold and XML not, and its neighbours.
+std::string oddText() {
+    std::string text;
+    for (int c = 0; c < 0x20; ++c)
+        text += static_cast<char>(c);
+    return text +
+           "<>&]]>\x7F\u0080\u0085\u2028\uD7FF\uE000\uFDD0\uFFFD\uFFFE\uFFFF\U00010000\U0001FFFF\U0010FFFF";
+}
+
+constexpr const char* pythonsOddText =
+    "import re\n"
+    "odd = ''.join(map(chr, range(32))) + "
+    "'<>&]]>\\x7f\\x80\\x85\\u2028\\ud7ff\\ue000\\ufdd0\\ufffd\\ufffe\\uffff' + "
+    "'\\U00010000\\U0001ffff\\U0010ffff'\n"
+    "seen = re.sub('[\\x00-\\x08\\x0b\\x0c\\x0e-\\x1f\\ufffe\\uffff]', '\\ufffd', odd)\n"
+    "expected = {'text': seen, seen: [seen, '']}\n";
+
+TEST_F(PropertyListInteroperation, WritesTextThatXmlCannotHoldSoThatPythonReadsTheRest) {
+    const Value ours = Dictionary{{"text", oddText()}, {oddText(), Array{oddText(), ""}}};
+    store(folder / "a", dataWithPropertyList(ours));
+    python(std::string(pythonsOddText) +
+           "read = plistlib.load(open(folder + 'a', 'rb'))\nassert read == expected, ascii(read)");
+    EXPECT_EQ(propertyListWithData(contents(folder / "a")), ours);
+}
+
+TEST_F(PropertyListInteroperation, WritesTextThatXmlCannotHoldSoThatPlistutilReadsTheRest) {
+    const Value ours = Dictionary{{"text", oddText()}, {oddText(), Array{oddText(), ""}}};
+    store(folder / "a", dataWithPropertyList(ours));
+    plistutil("a", "bin", "b");
+    python(std::string(pythonsOddText) +
+           "read = plistlib.load(open(folder + 'b', 'rb'))\nassert read == expected, ascii(read)");
+}
+
 TEST_F(PropertyListInteroperation, WritesPythonsBytesWhereBothFollowThePlatform) {
     store(folder / "a", dataWithPropertyList(ourValues()));
     // Python writes huge reals in another form.

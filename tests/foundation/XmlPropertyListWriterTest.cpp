@@ -78,8 +78,19 @@ TEST(XmlWriter, WritesEmptyStringsAndKeys) {
 }
 
 TEST(XmlWriter, WritesWhatXmlHasNoOtherWayToKeepAsReferences) {
-    EXPECT_EQ(written(std::string("<&>\r\n\t\x01\x1F\0]]>", 12)),
-              "<string>&lt;&amp;&gt;&#13;\n\t&#1;&#31;&#0;]]&gt;</string>\n");
+    EXPECT_EQ(written("<&>\r\n\t]]>"), "<string>&lt;&amp;&gt;&#13;\n\t]]&gt;</string>\n");
+}
+
+TEST(XmlWriter, WritesWhatXmlCannotHoldAsReplacementsWithACommentOfTheirCode) {
+    EXPECT_EQ(written(std::string("a\x01\x1F\0b", 5)),
+              "<string>a\uFFFD<!--U+0001-->\uFFFD<!--U+001F-->\uFFFD<!--U+0000-->b</string>\n");
+    EXPECT_EQ(written(Dictionary{{"\uFFFE", "\uFFFF"}}),
+              "<dict>\n\t<key>\uFFFD<!--U+FFFE--></key>\n\t<string>\uFFFD<!--U+FFFF--></string>\n</dict>\n");
+}
+
+TEST(XmlWriter, WritesCharactersThatXmlCanHoldAsTheyAre) {
+    EXPECT_EQ(written("\x7F\u0080\u0085\u2028\uFDD0\uFFFD\U0001FFFE\U0010FFFF"),
+              "<string>\x7F\u0080\u0085\u2028\uFDD0\uFFFD\U0001FFFE\U0010FFFF</string>\n");
 }
 
 TEST(XmlWriter, EscapesKeysLikeStrings) {
@@ -103,8 +114,8 @@ TEST(XmlWriter, EscapesACharacterWhereverItStands) {
 }
 
 TEST(XmlWriter, ItsStringsReadBackCharacterForCharacter) {
-    const std::string string =
-        allCharactersBelow(128) + "]]>\u00e4\u2028\uFFFE\U0001F600 \r\n <![CDATA[&amp;";
+    const std::string string = allCharactersBelow(128) +
+                               "]]>\u00e4\u2028\uFFFE\uFFFF\uFFFD<!--U+0007-->\U0001F600 \r\n <![CDATA[&amp;";
     EXPECT_EQ(propertyListWithData(dataWithPropertyList(string)), Value(string));
     const Value keyed = Dictionary{{string, string}};
     EXPECT_EQ(propertyListWithData(dataWithPropertyList(keyed)), keyed);
