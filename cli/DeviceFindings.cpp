@@ -3,10 +3,10 @@
 #include "cli/Finding.h"
 #include "cli/TextWidth.h"
 #include "platform/foundation/DeviceRoot.h"
-#include "platform/foundation/DocumentFile.h"
 #include "platform/foundation/FileSystem.h"
 #include "platform/foundation/Format.h"
 #include "platform/foundation/PropertyList.h"
+#include "platform/foundation/PropertyListBounds.h"
 #include "platform/services/Surroundings.h"
 #include "settings/Constants.h"
 #include "settings/DocumentPath.h"
@@ -84,10 +84,15 @@ bool describeAccounts(const platform::Dictionary& document, Finding& finding) {
     return true;
 }
 
+std::string howToKeep(const std::string& path) {
+    return "Put a copy in its place before anything changes the settings: the next change keeps this file "
+           "as " +
+           path + ".damaged and starts anew.";
+}
+
 void judgeContent(const std::string& path, const std::string& bytes, Finding& finding) {
-    const std::string keep = "Put a copy in its place before anything changes the settings: the next change "
-                             "keeps this file as " +
-                             path + ".damaged and starts anew.";
+    const std::string keep = howToKeep(path);
+    std::string written;
     const std::optional<Value> value = platform::propertyListWithData(bytes);
     const platform::Dictionary* document = value ? platform::dictionaryValue(&*value) : nullptr;
     if (!value)
@@ -98,6 +103,9 @@ void judgeContent(const std::string& path, const std::string& bytes, Finding& fi
         finding.fails(path + " has a \"kAccounts\" that is no list",
                       "No account can be seen or made. Put a copy of the document in its place, or remove "
                       "the key.");
+    else if (const std::error_code error = platform::documentWithPropertyList(*value, written))
+        finding.fails(path + " can be read, but no change can be stored: " + error.message(),
+                      "Remove what is not needed, accounts first, with a program that edits property lists.");
 }
 
 } // namespace
@@ -133,9 +141,14 @@ Finding lookAtDocument() {
                              "Open Settings, or run: wardlock status. Either writes the default document.");
     std::string bytes;
     const auto read = [&] {
-        return platform::FileSystem::current().readFile(path, platform::DocumentFile::largest, bytes);
+        return platform::FileSystem::current().readFile(path, platform::largestDocument, bytes);
     };
-    if (const std::error_code error = platform::uninterrupted(read))
+    const std::error_code error = platform::uninterrupted(read);
+    if (error == std::errc::file_too_large)
+        return finding.fails(path + " is larger than " + std::to_string(platform::largestDocument >> 20) +
+                                 " MiB, the most that a document may have",
+                             howToKeep(path));
+    if (error)
         return finding.fails(path + " cannot be read: " + error.message(),
                              "Become the user it belongs to, or give this user the right to read it.");
     finding.facts["mode"] = octal(status->mode);

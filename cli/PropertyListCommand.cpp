@@ -49,7 +49,11 @@ bool isMissing(const std::string& path) {
 std::string fileBytes(const std::string& path, std::size_t largest) {
     std::string bytes;
     const auto read = [&] { return platform::FileSystem::current().readFile(path, largest, bytes); };
-    if (const std::error_code error = platform::uninterrupted(read))
+    const std::error_code error = platform::uninterrupted(read);
+    if (error == std::errc::file_too_large)
+        throw CommandError(ExitCode::Failed, path + ": larger than " + std::to_string(largest >> 20) +
+                                                 " MiB, the most that is read");
+    if (error)
         throw CommandError(ExitCode::Failed, path + ": " + error.message());
     return bytes;
 }
@@ -62,8 +66,11 @@ Value propertyListInFile(const std::string& path, std::size_t largest) {
 }
 
 void storePropertyList(const Value& value, const std::string& path, platform::Sync sync) {
-    if (const std::error_code error =
-            platform::AtomicWriter().write(path, platform::dataWithPropertyList(value), sync))
+    std::string document;
+    std::error_code error = platform::documentWithPropertyList(value, document);
+    if (!error)
+        error = platform::AtomicWriter().write(path, document, sync);
+    if (error)
         throw CommandError(ExitCode::Failed, path + ": " + error.message());
 }
 

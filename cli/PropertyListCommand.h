@@ -22,7 +22,8 @@ std::string fileBytes(const std::string& path, std::size_t largest);
 /// The property list in the file. Throws CommandError: Failed when it cannot be read, NotAPropertyList.
 platform::Value propertyListInFile(const std::string& path, std::size_t largest = largestFile);
 
-/// Replaces the file by the value's XML form in one step. Throws CommandError (Failed) unless it is stored.
+/// Replaces the file by the value's XML form in one step. Throws CommandError (Failed) unless it is stored,
+/// as where it would exceed the bounds of a document.
 void storePropertyList(const platform::Value& value, const std::string& path, platform::Sync sync);
 
 /// A value given in words: TYPE bool, int, real or string. Throws CommandError (WrongUsage) for an unknown

@@ -4,7 +4,7 @@
 #include "cli/Output.h"
 #include "cli/PropertyListCommand.h"
 #include "cli/TypedJson.h"
-#include "platform/foundation/PropertyList.h"
+#include "platform/foundation/PropertyListBounds.h"
 
 #include <array>
 #include <limits>
@@ -35,7 +35,7 @@ ExitCode convert(const Arguments& arguments) {
 /// What is wrong with the file; Done with an empty reason when nothing is.
 std::pair<ExitCode, std::string> judge(const std::string& path) {
     try {
-        propertyListInFile(path);
+        propertyListInFile(path, platform::largestDocument);
         return {ExitCode::Done, {}};
     } catch (const CommandError& error) {
         return {error.code(), std::string(error.what()).substr(path.size() + 2)};
@@ -92,8 +92,9 @@ const Verb plistConvertVerb{
     "FILE",
     "write a property list anew in its XML form",
     "Reads a property list, XML or binary, and writes it to OUT as XML. OUT is\n"
-    "replaced in one step, and may be FILE itself. Both are paths of this machine,\n"
-    "not of the device.\n",
+    "replaced in one step, and may be FILE itself; it stays as it is, and the exit\n"
+    "code is 1, where the XML would be larger than a document may be (16 MiB). Both\n"
+    "are paths of this machine, not of the device.\n",
     convertOptions,
     1,
     1,
@@ -105,8 +106,9 @@ const Verb plistLintVerb{
     "FILE...",
     "tell which files are property lists",
     "Prints one line for each FILE: \"FILE: OK\", or why it is no property list.\n"
-    "Exit code 3 when one of them is none, else 1 when one cannot be read. FILE is\n"
-    "a path of this machine, not of the device.\n"
+    "Exit code 3 when one of them is none, else 1 when one cannot be read or is\n"
+    "larger than a document may be (16 MiB). FILE is a path of this machine, not of\n"
+    "the device.\n"
     "\n"
     "With --json an object a line: \"file\", \"ok\", and \"reason\" when it is not.\n",
     lintOptions,

@@ -1,6 +1,6 @@
 #include "cli/Commands.h"
 #include "cli/PropertyListCommand.h"
-#include "platform/foundation/DocumentFile.h"
+#include "platform/foundation/PropertyListBounds.h"
 #include "platform/foundation/PropertyListFile.h"
 
 #include <array>
@@ -33,7 +33,7 @@ void requireDictionary(const std::string& path) {
     if (isMissing(path))
         return;
     // No larger than the read-modify-write takes.
-    if (propertyListInFile(path, platform::DocumentFile::largest).kind() != platform::Value::Kind::Dictionary)
+    if (propertyListInFile(path, platform::largestDocument).kind() != platform::Value::Kind::Dictionary)
         throw CommandError(ExitCode::Failed, path + ": its outermost value is no dictionary");
 }
 

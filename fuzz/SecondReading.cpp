@@ -39,6 +39,10 @@ void expectSameValueAgain(const Value& value) {
     const auto again = platform::propertyListWithData(document);
     if (!again || *again != asWritten(value) || platform::dataWithPropertyList(*again) != document)
         std::abort();
+    // What is in bounds is the same document.
+    std::string bounded;
+    if (!platform::documentWithPropertyList(value, bounded) && bounded != document)
+        std::abort();
 }
 
 } // namespace wardlock::fuzz

@@ -1,16 +1,19 @@
 #include "platform/foundation/BinaryPropertyListReader.h"
 
-#include "platform/foundation/PropertyListBuilder.h"
+#include "platform/foundation/PropertyListBounds.h"
 #include "platform/foundation/TextDecoding.h"
 
 #include <algorithm>
 #include <bit>
+#include <limits>
 
 namespace platform {
 
 namespace {
 
 constexpr std::size_t trailerLength = 32;
+/// Offsets and references, in bytes.
+constexpr std::size_t widest = 16;
 
 /// A value's weight is about its share of an XML document; the whole may weigh a hundred times what any
 /// settings need.
@@ -52,7 +55,7 @@ bool BinaryPropertyListReader::readTrailer() {
     topObject_ = bigEndian(trailer + 16, 8);
     const std::uint64_t table = bigEndian(trailer + 24, 8);
     const bool sizesAreSound =
-        offsetSize_ >= 1 && offsetSize_ <= 8 && referenceSize_ >= 1 && referenceSize_ <= 8;
+        offsetSize_ >= 1 && offsetSize_ <= widest && referenceSize_ >= 1 && referenceSize_ <= widest;
     if (!sizesAreSound || objectCount_ == 0 || table < magic.size() || table > trailer)
         return false;
     table_ = static_cast<std::size_t>(table);
@@ -79,7 +82,7 @@ BinaryPropertyListReader::Object* BinaryPropertyListReader::readObject(std::uint
         object.value = valueAt(static_cast<std::size_t>(offset), depth, object);
         object.state = Object::State::Read;
     }
-    const bool fits = object.height == 0 || depth + object.height - 1 <= PropertyListBuilder::deepestNesting;
+    const bool fits = object.height == 0 || depth + object.height - 1 <= deepestPropertyList;
     return object.value && fits ? &object : nullptr;
 }
 
@@ -235,7 +238,7 @@ std::optional<Value> BinaryPropertyListReader::dictionary(const Content& content
 
 bool BinaryPropertyListReader::readReferences(std::size_t start, std::uint64_t count, std::size_t depth,
                                               Object& object, std::vector<Value>& values) {
-    if (!holds(start, count, referenceSize_) || depth > PropertyListBuilder::deepestNesting)
+    if (!holds(start, count, referenceSize_) || depth > deepestPropertyList)
         return false;
     values.reserve(static_cast<std::size_t>(count));
     object.height = std::max<std::uint16_t>(object.height, 1);
@@ -253,7 +256,11 @@ bool BinaryPropertyListReader::readReferences(std::size_t start, std::uint64_t c
     return true;
 }
 
+/// The largest number for one that does not fit: no place in the document and no count of what it holds.
 std::uint64_t BinaryPropertyListReader::bigEndian(std::size_t at, std::size_t length) const {
+    for (; length > sizeof(std::uint64_t); --length)
+        if (bytes_[at++] != 0)
+            return std::numeric_limits<std::uint64_t>::max();
     std::uint64_t number = 0;
     for (std::size_t i = 0; i < length; ++i)
         number = number << 8 | static_cast<unsigned char>(bytes_[at + i]);

@@ -1,7 +1,9 @@
 #include "platform/foundation/DocumentFile.h"
 
 #include "platform/foundation/AtomicWriter.h"
+#include "platform/foundation/Diagnostics.h"
 #include "platform/foundation/PropertyList.h"
+#include "platform/foundation/PropertyListBounds.h"
 
 #include <charconv>
 #include <utility>
@@ -23,7 +25,9 @@ std::string damagedName(const std::string& path, int number) {
 
 DocumentFile::DocumentFile(FileSystem& files, std::string path) : files_(files), path_(std::move(path)) {
     std::string bytes;
-    const auto read = [&] { return uninterrupted([&] { return files_.readFile(path_, largest, bytes); }); };
+    const auto read = [&] {
+        return uninterrupted([&] { return files_.readFile(path_, largestDocument, bytes); });
+    };
     std::error_code error = read();
     // A disk or a remote folder may fail once and not again; taking the document for unreadable would put
     // another in its place that has lost its entries.
@@ -56,11 +60,21 @@ DocumentFile::State DocumentFile::stateAfter(std::error_code error) {
 std::error_code DocumentFile::replace(const Dictionary& dictionary, Sync sync) {
     if (state_ == State::Unknown)
         return readError_;
+    std::string bytes;
+    if (std::error_code error = encode(dictionary, bytes))
+        return error;
     if (std::error_code error = keepOld(sync))
         return error;
     // The mode that kept us from reading the old file would do so with the new one.
     const Attributes attributes = state_ == State::Unreadable ? Attributes::Private : Attributes::OfOldFile;
-    return AtomicWriter(files_).write(path_, dataWithPropertyList(dictionary), sync, attributes);
+    return AtomicWriter(files_).write(path_, bytes, sync, attributes);
+}
+
+std::error_code DocumentFile::encode(const Dictionary& dictionary, std::string& bytes) const {
+    const std::error_code error = documentWithPropertyList(dictionary, bytes);
+    if (error)
+        diagnose(path_ + " is left as it is: " + error.message());
+    return error;
 }
 
 std::error_code DocumentFile::keepOld(Sync sync) {
@@ -73,7 +87,8 @@ std::error_code DocumentFile::copyAside(Sync sync) {
     for (int number = 1; number <= mostDamaged; ++number) {
         std::string kept;
         const std::string name = damagedName(path_, number);
-        const std::error_code error = uninterrupted([&] { return files_.readFile(name, largest, kept); });
+        const std::error_code error =
+            uninterrupted([&] { return files_.readFile(name, largestDocument, kept); });
         if (!error && kept == damaged_)
             return {};
         if (error == std::errc::no_such_file_or_directory || number == mostDamaged)

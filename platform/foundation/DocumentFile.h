@@ -12,10 +12,6 @@ namespace platform {
 /// making, and its replacement.
 class DocumentFile {
 public:
-    /// A document holds a few kilobytes. The bound, in bytes, keeps a log or an image in its place out of the
-    /// memory.
-    static constexpr std::size_t largest = std::size_t(16) << 20;
-
     DocumentFile(FileSystem& files, std::string path);
 
     /// The dictionary; none when the file is missing, unreadable or no document. An empty dictionary is a
@@ -23,7 +19,8 @@ public:
     const std::optional<Dictionary>& dictionary() const { return dictionary_; }
 
     /// Writes the dictionary in the file's place, atomically; the error that kept it from being written, none
-    /// when it stands.
+    /// when it stands. What could not be read again (PropertyListError) is not written; the log is told of
+    /// it, since most callers do not look.
     ///
     /// Bytes that are no document are kept beside the file first, as "NAME.damaged" with mode 0600, and
     /// "NAME.damaged.2" up to 9 when that holds other bytes already; only the last of them is ever replaced.
@@ -36,6 +33,7 @@ private:
     enum class State { Missing, Document, Damaged, Unreadable, Unknown };
 
     static State stateAfter(std::error_code error);
+    std::error_code encode(const Dictionary& dictionary, std::string& bytes) const;
     std::error_code keepOld(Sync sync);
     std::error_code copyAside(Sync sync);
     std::error_code linkAside();

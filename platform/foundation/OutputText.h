@@ -27,6 +27,7 @@ public:
         std::fill_n(room(count), count, '\t');
         length_ += count;
     }
+    std::size_t size() const { return length_; }
     /// The whole; nothing may be added afterwards.
     std::string take() {
         text_.resize(length_);

@@ -1,6 +1,7 @@
 #include "platform/foundation/PropertyList.h"
 
 #include "platform/foundation/BinaryPropertyListReader.h"
+#include "platform/foundation/PropertyListBounds.h"
 #include "platform/foundation/TextDecoding.h"
 #include "platform/foundation/XmlPropertyListReader.h"
 #include "platform/foundation/XmlPropertyListWriter.h"
@@ -16,11 +17,21 @@ std::optional<Value> propertyListWithData(std::string_view bytes) {
 }
 
 std::string dataWithPropertyList(const Value& value) {
-    return XmlPropertyListWriter(value).write();
+    XmlPropertyListWriter writer(value, {});
+    writer.write();
+    return writer.take();
 }
 
 std::string dataWithPropertyList(const Dictionary& dictionary) {
     return dataWithPropertyList(Value(dictionary));
+}
+
+std::error_code documentWithPropertyList(const Value& value, std::string& document) {
+    XmlPropertyListWriter writer(value, {largestDocument, deepestPropertyList});
+    if (std::error_code error = writer.write())
+        return error;
+    document = writer.take();
+    return {};
 }
 
 } // namespace platform

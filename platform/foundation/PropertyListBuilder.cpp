@@ -1,5 +1,6 @@
 #include "platform/foundation/PropertyListBuilder.h"
 
+#include "platform/foundation/PropertyListBounds.h"
 #include "platform/foundation/ShortText.h"
 
 namespace platform {
@@ -13,27 +14,33 @@ PropertyListBuilder::PropertyListBuilder(std::size_t documentSize)
     keys_.reserve(32);
 }
 
-bool PropertyListBuilder::open(Value::Kind kind) {
-    if (!mayAdd() || depth() == deepestNesting)
+bool PropertyListBuilder::open(Container kind) {
+    if (!mayAdd() || depth() == deepestPropertyList)
         return false;
     if (last_.size() == depth())
         last_.emplace_back();
     const LastKeys& last = last_[depth()];
-    const KeySet* expected = kind == Value::Kind::Dictionary ? last.keys.get() : nullptr;
-    frames_.push_back({kind, last.spelledPlainly, values_.size(), keys_.size(), 0, expected});
+    const KeySet* expected = kind == Container::Dictionary ? last.keys.get() : nullptr;
+    const std::size_t keys = kind == Container::PropertyList ? 1 : 0;
+    frames_.push_back({kind, last.spelledPlainly, values_.size(), keys_.size(), keys, expected});
     return true;
 }
 
-bool PropertyListBuilder::close(Value::Kind kind) {
+bool PropertyListBuilder::close(Container kind) {
     if (frames_.empty() || frames_.back().kind != kind)
         return false;
     Frame& frame = frames_.back();
     const std::size_t count = valueCount(frame);
-    if (kind == Value::Kind::Dictionary && frame.keyCount != count)
+    if (kind != Container::Array && frame.keyCount != count)
         return false;
+    if (kind == Container::PropertyList) {
+        // Its value has its place already: it is the outer container's next one.
+        frames_.pop_back();
+        return true;
+    }
     Value* const first = values_.data() + frame.firstValue;
-    Value closed = kind == Value::Kind::Array ? Value(Array(ContainerBlock::create(first, count)))
-                                              : Value(closedDictionary(frame));
+    Value closed = kind == Container::Array ? Value(Array(ContainerBlock::create(first, count)))
+                                            : Value(closedDictionary(frame));
     values_.erase(values_.end() - static_cast<std::ptrdiff_t>(count), values_.end());
     keys_.resize(frame.firstKey);
     frames_.pop_back();

@@ -4,6 +4,7 @@
 #include "platform/foundation/StringPool.h"
 #include "platform/foundation/Value.h"
 
+#include <cstdint>
 #include <optional>
 #include <string_view>
 #include <utility>
@@ -15,8 +16,8 @@ namespace platform {
 /// answers false has met an element where it may not stand.
 class PropertyListBuilder {
 public:
-    /// Deeper documents are refused.
-    static constexpr std::size_t deepestNesting = 512;
+    /// What has a start and an end tag and values between. A <plist> is the one value that stands in it.
+    enum class Container : std::uint8_t { Array, Dictionary, PropertyList };
 
     /// `documentSize` in bytes.
     explicit PropertyListBuilder(std::size_t documentSize);
@@ -24,11 +25,10 @@ public:
     /// How many containers are open.
     std::size_t depth() const { return frames_.size(); }
 
-    bool openArray() { return open(Value::Kind::Array); }
-    bool openDictionary() { return open(Value::Kind::Dictionary); }
+    bool open(Container kind);
     /// Closes the innermost container, which must be of that kind and, for a dictionary, have a value for
     /// each key.
-    bool close(Value::Kind kind);
+    bool close(Container kind);
 
     /// The key that the last dictionary of this depth had in this place, if a key may stand here and that one
     /// is written in XML as it is; else empty.
@@ -55,10 +55,11 @@ public:
 
 private:
     struct Frame {
-        Value::Kind kind;
+        Container kind;
         bool spelledPlainly;
         std::size_t firstValue;
         std::size_t firstKey;
+        /// Of a <plist> the number of its values, which is 1.
         std::size_t keyCount;
         /// The keys of the last dictionary of this depth, as long as this one's are the same; then only they
         /// are counted, not kept.
@@ -75,20 +76,19 @@ private:
         bool spelledPlainly = false;
     };
 
-    bool open(Value::Kind kind);
-    /// Whether a value may stand here: anywhere in an array, after a key in a dictionary, once on the
-    /// outside.
+    /// Whether a value may stand here: anywhere in an array, after a key in a dictionary, once in a <plist>
+    /// and on the outside.
     bool mayAdd() const {
         if (frames_.empty())
             return values_.empty();
         const Frame& frame = frames_.back();
-        return frame.kind == Value::Kind::Array || valueCount(frame) < frame.keyCount;
+        return frame.kind == Container::Array || valueCount(frame) < frame.keyCount;
     }
     bool mayAddKey() const {
         if (frames_.empty())
             return false;
         const Frame& frame = frames_.back();
-        return frame.kind == Value::Kind::Dictionary && valueCount(frame) == frame.keyCount;
+        return frame.kind == Container::Dictionary && valueCount(frame) == frame.keyCount;
     }
     std::size_t valueCount(const Frame& frame) const { return values_.size() - frame.firstValue; }
     Dictionary closedDictionary(Frame& frame);

@@ -86,20 +86,31 @@ bool XmlPropertyListReader::readElement() {
     if (tagKind_ == TagKind::Closing)
         return close(element_);
     const bool empty = tagKind_ == TagKind::Empty;
-    if (element_ == Element::Array || element_ == Element::Dictionary)
+    if (containerOf(element_))
         return open(element_, empty);
     return empty ? addLeaf(element_, {}) : readLeaf(element_);
 }
 
 bool XmlPropertyListReader::open(Element element, bool empty) {
-    const bool opened = element == Element::Array ? builder_.openArray() : builder_.openDictionary();
-    return opened && (!empty || close(element));
+    return builder_.open(*containerOf(element)) && (!empty || close(element));
 }
 
 bool XmlPropertyListReader::close(Element element) {
-    if (element == Element::Array)
-        return builder_.close(Value::Kind::Array);
-    return element == Element::Dictionary && builder_.close(Value::Kind::Dictionary);
+    const auto container = containerOf(element);
+    return container && builder_.close(*container);
+}
+
+std::optional<PropertyListBuilder::Container> XmlPropertyListReader::containerOf(Element element) {
+    switch (element) {
+    case Element::Array:
+        return PropertyListBuilder::Container::Array;
+    case Element::Dictionary:
+        return PropertyListBuilder::Container::Dictionary;
+    case Element::PropertyList:
+        return PropertyListBuilder::Container::PropertyList;
+    default:
+        return std::nullopt;
+    }
 }
 
 bool XmlPropertyListReader::readLeaf(Element element) {
@@ -146,7 +157,12 @@ bool XmlPropertyListReader::takeTag() {
         return false;
     tagKind_ = cursor_.take("/") ? TagKind::Closing : TagKind::Opening;
     element_ = takeName();
-    return element_ != Element::None && (cursor_.take(">") || skipAttributes());
+    if (element_ == Element::None || cursor_.take(">"))
+        return element_ != Element::None;
+    if (tagKind_ == TagKind::Opening)
+        return skipAttributes();
+    cursor_.skipSpace();
+    return cursor_.take(">");
 }
 
 XmlPropertyListReader::Element XmlPropertyListReader::takeName() {
@@ -178,8 +194,8 @@ XmlPropertyListReader::Element XmlPropertyListReader::takeName() {
     }
 }
 
-/// Takes the rest of a tag after its name. Attributes, which a property list gives no meaning, are passed
-/// over.
+/// Takes the rest of a start tag after its name. Attributes, which a property list gives no meaning, are
+/// passed over.
 bool XmlPropertyListReader::skipAttributes() {
     const char next = cursor_.peek();
     if (next != '/' && next != ' ' && next != '\t' && next != '\n' && next != '\r')
@@ -188,9 +204,8 @@ bool XmlPropertyListReader::skipAttributes() {
         if (cursor_.take(">"))
             return true;
         if (cursor_.take("/>")) {
-            const bool opening = tagKind_ == TagKind::Opening;
             tagKind_ = TagKind::Empty;
-            return opening;
+            return true;
         }
         const char c = cursor_.peek();
         cursor_.skip(1);

@@ -46,6 +46,7 @@ private:
     bool addLeaf(Element element, std::string_view text);
     bool open(Element element, bool empty);
     bool close(Element element);
+    static std::optional<PropertyListBuilder::Container> containerOf(Element element);
     bool takeTag();
     Element takeName();
     bool skipAttributes();

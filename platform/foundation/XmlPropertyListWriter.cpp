@@ -2,6 +2,7 @@
 
 #include "platform/foundation/Base64.h"
 #include "platform/foundation/CalendarDate.h"
+#include "platform/foundation/PropertyListError.h"
 #include "platform/foundation/XmlEscape.h"
 #include "platform/foundation/XmlNumber.h"
 #include "platform/foundation/XmlSize.h"
@@ -19,35 +20,42 @@ constexpr char prolog[] = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
 constexpr char epilog[] = "</plist>\n";
 
 /// A little more than the estimate, for what it leaves out.
-std::size_t expectedLength(const Value& root) {
-    const std::size_t estimate = xmlSizeEstimate(root);
+std::size_t expectedLength(const Value& root, std::size_t most) {
+    const std::size_t estimate = xmlSizeEstimate(root, most);
     return sizeof prolog + sizeof epilog + estimate + estimate / 16;
 }
 
 } // namespace
 
-XmlPropertyListWriter::XmlPropertyListWriter(const Value& root) : root_(root), text_(expectedLength(root)) {}
+XmlPropertyListWriter::XmlPropertyListWriter(const Value& root, Bounds bounds)
+    : root_(root), bounds_(bounds), text_(expectedLength(root, bounds.bytes)) {}
 
-std::string XmlPropertyListWriter::write() {
+std::error_code XmlPropertyListWriter::write() {
     text_.put(prolog);
     writeElement(root_);
-    while (!frames_.empty()) {
-        Frame& frame = frames_.back();
-        if (frame.next == frame.end) {
-            close();
-            continue;
-        }
-        if (frame.keys) {
-            writeKey(frame);
-            ++frame.place;
-        }
-        writeElement(*frame.next++);
-    }
+    // What is too large is not written to its end: it may be larger than the memory.
+    while (!frames_.empty() && !tooDeep_ && text_.size() <= bounds_.bytes)
+        writeNext();
     text_.put(epilog);
-    return text_.take();
+    if (tooDeep_)
+        return PropertyListError::TooDeep;
+    return text_.size() > bounds_.bytes ? make_error_code(PropertyListError::TooLarge) : std::error_code();
+}
+
+/// The next element of the innermost container, or its end.
+void XmlPropertyListWriter::writeNext() {
+    Frame& frame = frames_.back();
+    if (frame.next == frame.end)
+        return close();
+    if (frame.keys) {
+        writeKey(frame);
+        ++frame.place;
+    }
+    writeElement(*frame.next++);
 }
 
 void XmlPropertyListWriter::open(const Value& container) {
+    tooDeep_ = frames_.size() >= bounds_.levels;
     if (container.is(Value::Kind::Array)) {
         const Array& array = container.array();
         if (array.empty())

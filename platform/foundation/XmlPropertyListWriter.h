@@ -3,7 +3,10 @@
 #include "platform/foundation/OutputText.h"
 #include "platform/foundation/Value.h"
 
+#include <cstddef>
+#include <limits>
 #include <string>
+#include <system_error>
 #include <vector>
 
 namespace platform {
@@ -12,11 +15,19 @@ namespace platform {
 /// indented.
 class XmlPropertyListWriter {
 public:
-    /// The root must outlive the writer.
-    explicit XmlPropertyListWriter(const Value& root);
+    struct Bounds {
+        std::size_t bytes = std::numeric_limits<std::size_t>::max();
+        /// Containers inside each other.
+        std::size_t levels = std::numeric_limits<std::size_t>::max();
+    };
 
-    /// The whole document. To be called once.
-    std::string write();
+    /// The root must outlive the writer.
+    XmlPropertyListWriter(const Value& root, Bounds bounds);
+
+    /// Writes the whole document; an error where the bounds are too narrow for it. To be called once.
+    std::error_code write();
+    /// What was written.
+    std::string take() { return text_.take(); }
 
 private:
     /// A container whose elements are being written.
@@ -29,6 +40,7 @@ private:
         std::size_t place;
     };
 
+    void writeNext();
     void open(const Value& container);
     void close();
     void writeKey(const Frame& frame);
@@ -39,8 +51,10 @@ private:
     void indent() { text_.putTabs(frames_.size()); }
 
     const Value& root_;
+    Bounds bounds_;
     OutputText text_;
     std::vector<Frame> frames_;
+    bool tooDeep_ = false;
 };
 
 } // namespace platform

@@ -1,5 +1,6 @@
 #include "platform/foundation/XmlSize.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace platform {
@@ -34,10 +35,10 @@ std::size_t containerSize(const Value& value, std::size_t depth, std::vector<Pen
 
 } // namespace
 
-std::size_t xmlSizeEstimate(const Value& root) {
+std::size_t xmlSizeEstimate(const Value& root, std::size_t most) {
     std::size_t size = 0;
     std::vector<Pending> pending{{&root, 1, 0}};
-    while (!pending.empty()) {
+    while (!pending.empty() && size < most) {
         const Pending run = pending.back();
         pending.pop_back();
         size += run.count * run.depth;
@@ -50,7 +51,7 @@ std::size_t xmlSizeEstimate(const Value& root) {
                 size += otherElement;
         }
     }
-    return size;
+    return std::min(size, most);
 }
 
 } // namespace platform

@@ -149,6 +149,16 @@ TEST_F(Doctor, TellsWhatIsWrongWithTheDocument) {
     removeFile(documentPath);
     makeFolder(documentPath);
     expectBroken("document", "cannot be read");
+    fs::remove(onDisk(documentPath));
+    writeFile(documentPath,
+              xml("<dict><key>k</key><string>" + std::string(16u << 20, 'x') + "</string></dict>"));
+    expectBroken("document", "is larger than 16 MiB, the most that a document may have");
+    std::string booleans;
+    for (int i = 0; i < 1'900'000; ++i)
+        booleans += "<true/>";
+    writeFile(documentPath, xml("<dict><key>k</key><array>" + booleans + "</array></dict>"));
+    expectBroken("document",
+                 "no change can be stored: a property list of more than 16 MiB cannot be read again");
 }
 
 TEST_F(Doctor, NeverShowsThePasscode) {

@@ -195,9 +195,42 @@ TEST_F(PropertyListCommands, SetChangesNothingInAFileThatIsTooLargeToChange) {
     const std::string path = file(bytes);
     const ProcessResult result = wardlockCommand({"plist", "set", path, "k", "bool", "true"});
     EXPECT_EQ(result.exitCode, 1);
-    EXPECT_EQ(result.errors, "wardlock plist set: " + path + ": File too large\n");
+    EXPECT_EQ(result.errors, "wardlock plist set: " + path + ": larger than 16 MiB, the most that is read\n");
     EXPECT_TRUE(readFile("/tmp/list.plist") == bytes);
     EXPECT_FALSE(exists("/tmp/list.plist.damaged"));
+}
+
+TEST_F(PropertyListCommands, SetChangesNothingInAFileThatTheChangeWouldMakeTooLarge) {
+    // Four characters of the value take five times as many bytes in XML.
+    const std::string bytes =
+        xml("<dict><key>others</key><string>" + std::string(16'770'000, 'x') + "</string></dict>");
+    const std::string path = file(bytes);
+    const ProcessResult result =
+        wardlockCommand({"plist", "set", path, "k", "string", std::string(10'000, '&')});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.errors, "wardlock plist set: " + path +
+                                 ": it could not be written: a property list of more than "
+                                 "16 MiB cannot be read again\n");
+    EXPECT_TRUE(readFile("/tmp/list.plist") == bytes);
+    EXPECT_EQ(set({path, "k", "string", "&"}), 0);
+}
+
+TEST_F(PropertyListCommands, ConvertWritesNothingThatIsTooLargeToBeReadAgain) {
+    writeFile("/tmp/out.plist", "kept");
+    const std::string path = file(xml("<string>" + std::string(17u << 20, 'x') + "</string>"));
+    const ProcessResult result = wardlockCommand({"plist", "convert", "-o", onDisk("/tmp/out.plist"), path});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_NE(result.errors.find(": a property list of more than 16 MiB cannot be read again\n"),
+              std::string::npos)
+        << result.errors;
+    EXPECT_EQ(readFile("/tmp/out.plist"), "kept");
+}
+
+TEST_F(PropertyListCommands, LintFindsAFileThatIsLargerThanADocumentMayBe) {
+    const std::string path = file(xml("<string>" + std::string(16u << 20, 'x') + "</string>"));
+    const ProcessResult result = wardlockCommand({"plist", "lint", path});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.output, path + ": larger than 16 MiB, the most that is read\n");
 }
 
 TEST_F(PropertyListCommands, SetFailsWhenItCannotStore) {

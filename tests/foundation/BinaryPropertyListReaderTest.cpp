@@ -130,6 +130,42 @@ TEST(BinaryReader, RefusesLengthsThatAreNoInteger) {
               "no document");
 }
 
+/// An array of a boolean, with offsets and references of so many bytes; `high` is the first byte of each.
+std::string wideList(int offsetSize, int referenceSize, char highOfOffset = '\0',
+                     char highOfReference = '\0') {
+    const auto number = [](std::uint64_t value, int size, char high) {
+        std::string bytes = bigEndian(value, size);
+        if (high != 0)
+            bytes[0] = high;
+        return bytes;
+    };
+    std::string bytes = "bplist00\xA1" + number(1, referenceSize, highOfReference);
+    const std::size_t boolean = bytes.size();
+    bytes += '\x09';
+    const std::size_t table = bytes.size();
+    bytes += number(8, offsetSize, highOfOffset) + number(boolean, offsetSize, '\0');
+    return bytes + std::string(6, '\0') + bigEndian(static_cast<std::uint64_t>(offsetSize), 1) +
+           bigEndian(static_cast<std::uint64_t>(referenceSize), 1) + bigEndian(2, 8) + bigEndian(0, 8) +
+           bigEndian(table, 8);
+}
+
+TEST(BinaryReader, ReadsOffsetsAndReferencesUpToSixteenBytesWide) {
+    for (int size = 1; size <= 16; ++size) {
+        EXPECT_EQ(reading(wideList(size, 1)), "[true]") << size;
+        EXPECT_EQ(reading(wideList(1, size)), "[true]") << size;
+    }
+    EXPECT_EQ(reading(wideList(17, 1)), "no document");
+    EXPECT_EQ(reading(wideList(1, 17)), "no document");
+    EXPECT_EQ(reading(wideList(0, 1)), "no document");
+}
+
+TEST(BinaryReader, RefusesWideOffsetsAndReferencesBeyondTheBytes) {
+    for (int size = 9; size <= 16; ++size) {
+        EXPECT_EQ(reading(wideList(size, 1, '\x01')), "no document") << size;
+        EXPECT_EQ(reading(wideList(1, size, '\0', '\x01')), "no document") << size;
+    }
+}
+
 TEST(BinaryReader, ReadsAUidAsADictionary) {
     EXPECT_EQ(readingOf("\x80\x05"), "{\"CF$UID\": 5}");
     EXPECT_EQ(readingOf("\x83\xFF\xFF\xFF\xFF"), "{\"CF$UID\": 4294967295}");
