@@ -10,16 +10,13 @@ namespace {
 constexpr std::string_view digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
 
 constexpr std::int8_t noDigit = -1;
-constexpr std::int8_t whiteSpace = -2;
-constexpr std::int8_t padding = -3;
+constexpr std::int8_t padding = -2;
 
 constexpr std::array<std::int8_t, 256> meanings() {
     std::array<std::int8_t, 256> table{};
     table.fill(noDigit);
     for (std::size_t i = 0; i < digits.size(); ++i)
         table[static_cast<unsigned char>(digits[i])] = static_cast<std::int8_t>(i);
-    for (const char c : {' ', '\t', '\r', '\n'})
-        table[static_cast<unsigned char>(c)] = whiteSpace;
     table['='] = padding;
     return table;
 }
@@ -35,13 +32,13 @@ std::optional<std::string> bytesFromBase64(std::string_view text) {
     std::size_t paddingCount = 0;
     for (const char c : text) {
         const std::int8_t meaning = table[static_cast<unsigned char>(c)];
-        if (meaning == whiteSpace)
+        if (meaning == noDigit)
             continue;
         if (meaning == padding) {
             ++paddingCount;
             continue;
         }
-        if (meaning == noDigit || paddingCount > 0)
+        if (paddingCount > 0)
             return std::nullopt;
         bits = bits << 6 | static_cast<std::uint32_t>(meaning);
         ++digitCount;

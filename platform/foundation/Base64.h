@@ -8,8 +8,8 @@
 
 namespace platform {
 
-/// The bytes of a base64 text. White space may stand anywhere, the padding may be missing; none for anything
-/// else.
+/// The bytes of a base64 text. Characters outside its alphabet are skipped, the padding may be missing; none
+/// where the digits or the padding do not add up.
 std::optional<std::string> bytesFromBase64(std::string_view text);
 
 /// Appends the padded base64 of the bytes.

@@ -12,6 +12,10 @@ namespace {
 using wardlock::test::reading;
 
 constexpr std::u32string_view document = U"<?xml version=\"1.0\"?><string>a\u00e4\u20ac\U0001F600</string>";
+constexpr std::u32string_view inUtf16 =
+    U"<?xml version=\"1.0\" encoding=\"UTF-16\"?><string>a\u00e4\u20ac\U0001F600</string>";
+constexpr std::u32string_view inUtf32 =
+    U"<?xml version=\"1.0\" encoding=\"UTF-32\"?><string>a\u00e4\u20ac\U0001F600</string>";
 constexpr const char* content = "\"a\u00e4\u20ac\U0001F600\"";
 
 std::string bytes(char32_t unit, int size, bool big) {
@@ -57,18 +61,49 @@ TEST(TextDecoding, ReadsUtf16ByItsMark) {
     EXPECT_EQ(reading("\xFE\xFF" + utf16(document, true)), content);
 }
 
-TEST(TextDecoding, ReadsUtf16WithoutAMark) {
-    EXPECT_EQ(reading(utf16(document, false)), content);
-    EXPECT_EQ(reading(utf16(document, true)), content);
-    EXPECT_EQ(reading(utf16(U"<?xml version=\"1.0\" encoding=\"UTF-16\"?><string>\u20ac</string>", true)),
+TEST(TextDecoding, ReadsUtf16ByItsDeclaration) {
+    EXPECT_EQ(reading(utf16(inUtf16, false)), content);
+    EXPECT_EQ(reading(utf16(inUtf16, true)), content);
+    EXPECT_EQ(reading(utf16(U"<?xml version='1.0' encoding='utf-16le'?><string>\u20ac</string>", false)),
+              "\"\u20ac\"");
+    EXPECT_EQ(reading(utf16(U"<?xml version='1.0' encoding='utf-16be'?><string>\u20ac</string>", true)),
               "\"\u20ac\"");
 }
 
-TEST(TextDecoding, ReadsUtf32ByItsMarkAndWithout) {
+TEST(TextDecoding, ReadsUtf32ByItsMarkOrItsDeclaration) {
     EXPECT_EQ(reading(std::string("\xFF\xFE\0\0", 4) + utf32(document, false)), content);
     EXPECT_EQ(reading(std::string("\0\0\xFE\xFF", 4) + utf32(document, true)), content);
-    EXPECT_EQ(reading(utf32(document, false)), content);
-    EXPECT_EQ(reading(utf32(document, true)), content);
+    EXPECT_EQ(reading(utf32(inUtf32, false)), content);
+    EXPECT_EQ(reading(utf32(inUtf32, true)), content);
+}
+
+TEST(TextDecoding, RefusesWideUnitsWithoutAMarkOrADeclaration) {
+    for (const bool big : {false, true}) {
+        EXPECT_EQ(reading(utf16(document, big)), "no document") << big;
+        EXPECT_EQ(reading(utf32(document, big)), "no document") << big;
+        EXPECT_EQ(reading(utf16(U"<true/>", big)), "no document") << big;
+        EXPECT_EQ(reading(utf32(U"<true/>", big)), "no document") << big;
+    }
+}
+
+TEST(TextDecoding, RefusesWideUnitsThatAreNotWhatTheyDeclare) {
+    EXPECT_EQ(reading(utf16(inUtf32, true)), "no document");
+    EXPECT_EQ(reading(utf32(inUtf16, true)), "no document");
+    EXPECT_EQ(reading(utf16(U"<?xml version='1.0' encoding='utf-16le'?><true/>", true)), "no document");
+    EXPECT_EQ(reading(utf16(U"<?xml version='1.0' encoding='utf-8'?><true/>", true)), "no document");
+}
+
+TEST(TextDecoding, RefusesAnEncodingWithoutAName) {
+    EXPECT_EQ(reading(declared("", "a")), "no document");
+    EXPECT_EQ(reading("<?xml version='1.0' encoding=''?><string>a</string>"), "no document");
+    EXPECT_EQ(reading("\xEF\xBB\xBF" + declared("", "a")), "no document");
+}
+
+TEST(TextDecoding, ReadsWindows1252ByItsDeclaration) {
+    EXPECT_EQ(reading(declared("windows-1252", "\x80\x91\x9F\xA0\xE4\xFF")),
+              "\"\u20ac\u2018\u0178\u00a0\u00e4\u00ff\"");
+    EXPECT_EQ(reading(declared("Windows-1252", "\x81\x8D\x8F\x90\x9D")), "\"\u0081\u008d\u008f\u0090\u009d\"")
+        << "where it has no characters of its own";
 }
 
 TEST(TextDecoding, ReadsLatin1ByItsDeclaration) {
@@ -103,17 +138,20 @@ TEST(TextDecoding, RefusesBytesThatAreNoUtf8Anywhere) {
 
 TEST(TextDecoding, RefusesUtf16WithHalfAUnitOrHalfAPair) {
     EXPECT_EQ(reading("\xFF\xFE" + utf16(document, false) + "x"), "no document");
-    const std::string open = utf16(U"<string>", true);
+    const std::string open = "\xFE\xFF" + utf16(U"<string>", true);
     const std::string close = utf16(U"</string>", true);
     EXPECT_EQ(reading(open + bytes(0xD800, 2, true) + close), "no document");
     EXPECT_EQ(reading(open + bytes(0xDC00, 2, true) + close), "no document");
-    EXPECT_EQ(reading(utf16(U"<true/>", true) + bytes(0xD800, 2, true)), "no document");
+    EXPECT_EQ(reading("\xFE\xFF" + utf16(U"<true/>", true) + bytes(0xD800, 2, true)), "no document");
+    EXPECT_EQ(reading(open + bytes(0xD83D, 2, true) + bytes(0xDE00, 2, true) + close), "\"\U0001F600\"");
 }
 
 TEST(TextDecoding, RefusesUtf32BeyondUnicode) {
-    EXPECT_EQ(reading(utf32(U"<string>", true) + bytes(0x110000, 4, true) + utf32(U"</string>", true)),
-              "no document");
-    EXPECT_EQ(reading(utf32(U"<true/>", true) + "xyz"), "no document");
+    const std::string open = std::string("\0\0\xFE\xFF", 4) + utf32(U"<string>", true);
+    const std::string close = utf32(U"</string>", true);
+    EXPECT_EQ(reading(open + bytes(0x110000, 4, true) + close), "no document");
+    EXPECT_EQ(reading(open + close + "xyz"), "no document");
+    EXPECT_EQ(reading(open + bytes(0x10FFFF, 4, true) + close), "\"\U0010FFFF\"");
 }
 
 } // namespace

@@ -241,8 +241,14 @@ TEST(XmlReader, ReadsBase64WithoutItsPadding) {
               "[<61>, <6162>, <61>, <61>]");
 }
 
+TEST(XmlReader, SkipsCharactersOutsideTheAlphabetOfBase64) {
+    EXPECT_EQ(readingOfXml("<array><data>Y-W_J.j</data><data>!YQ=?=*</data><data>\u00e4YW\u20acI</data>"
+                           "<data>\x7F\xC2\xA0,;</data></array>"),
+              "[<616263>, <61>, <6162>, <>]");
+}
+
 TEST(XmlReader, RefusesWhatIsNoBase64) {
-    for (const char* text : {"Y", "YWJjZ", "Y-_a", "YQ==YQ==", "YQ===", "YWJj=", "=", "Y!==", "YQ\xC3\xA4"})
+    for (const char* text : {"Y", "YWJjZ", "YQ==YQ==", "YQ===", "YWJj=", "=", "Y!=="})
         EXPECT_EQ(readingOfXml("<data>" + std::string(text) + "</data>"), "no document") << text;
 }
 
@@ -283,9 +289,55 @@ TEST(XmlReader, RefusesTagsThatDoNotMatch) {
 }
 
 TEST(XmlReader, RefusesUnknownElements) {
-    for (const char* value : {"<set/>", "<String>x</String>", "<strings>x</strings>", "<dictionary/>",
-                              "< true/>", "<>", "<tru/>", "<plist><true/></plist>", "<ns:true/>", "<null/>"})
+    for (const char* value :
+         {"<set/>", "<String>x</String>", "<strings>x</strings>", "<dictionary/>", "< true/>", "<>", "<tru/>",
+          "<plists><true/></plists>", "<ns:true/>", "<null/>"})
         EXPECT_EQ(readingOfXml(value), "no document") << value;
+}
+
+TEST(XmlReader, RefusesAnythingButWhiteSpaceInAnEndTag) {
+    EXPECT_EQ(reading("<plist><array><string>x</string\r\n\t ></array ></plist >"), "[\"x\"]");
+    for (const char* value :
+         {"<string>x</string a='b'>", "<string>x</string x>", "<array></array/>", "<true></true />",
+          "<dict><key>a</key b><true/></dict>", "<array></array x='>'>"})
+        EXPECT_EQ(readingOfXml(value), "no document") << value;
+    EXPECT_EQ(reading("<plist><true/></plist version=\"1.0\">"), "no document");
+}
+
+TEST(XmlReader, TakesAPropertyListForTheValueInIt) {
+    EXPECT_EQ(readingOfXml("<plist version='1.0'><plist><integer>1</integer></plist></plist>"), "1");
+    EXPECT_EQ(readingOfXml("<array><plist><true/></plist><false/><plist><dict><key>a</key><plist> <!-- b -->"
+                           "<string>x</string> </plist><key>b</key><array/></dict></plist></array>"),
+              "[true, false, {\"a\": \"x\", \"b\": []}]");
+}
+
+TEST(XmlReader, RefusesAPropertyListWithoutAValueOrWithMoreThanOne) {
+    for (const char* value :
+         {"<plist/>", "<plist></plist>", "<plist><true/><true/></plist>", "<plist><key>a</key></plist>",
+          "<array><plist></array></plist>", "<dict><plist><key>a</key></plist><true/></dict>",
+          "<dict><key>a</key><plist/></dict>", "<plist><true/>", "<plist><true/></dict>"})
+        EXPECT_EQ(readingOfXml(value), "no document") << value;
+}
+
+TEST(XmlReader, BoundsPropertyListsInsideEachOther) {
+    EXPECT_EQ(reading(repeated("<plist>", 513) + "<true/>" + repeated("</plist>", 513)), "true");
+    EXPECT_EQ(reading(repeated("<plist>", 514) + "<true/>" + repeated("</plist>", 514)), "no document");
+    EXPECT_EQ(reading(repeated("<plist>", 1'000'000)), "no document");
+}
+
+TEST(XmlReader, TakesBackTheCharactersThatXmlCannotHold) {
+    EXPECT_EQ(readingOfXml("<string>a\uFFFD<!--U+0007-->\uFFFD<!--U+FFFE-->b\uFFFD<!--U+FFFF--></string>"),
+              "\"a\\x07\uFFFEb\uFFFF\"");
+    EXPECT_EQ(readingOfXml("<dict><key>&#xFFFD;<!--U+0000--></key><true/></dict>"), "{\"\\x00\": true}");
+}
+
+TEST(XmlReader, TakesOtherCommentsAfterAReplacementCharacterForComments) {
+    for (const char* comment : {"U+0041", "U+0009", "U+FFFD", "U+D800", "U+007", "U+00007", "U+000G",
+                                "u+0007", " U+0007", "U+0007 ", "U+-007", "U+", ""})
+        EXPECT_EQ(readingOfXml("<string>\uFFFD<!--" + std::string(comment) + "--></string>"), "\"\uFFFD\"")
+            << comment;
+    EXPECT_EQ(readingOfXml("<string>a<!--U+0007--></string>"), "\"a\"");
+    EXPECT_EQ(readingOfXml("<array><string>\uFFFD</string><!--U+0007--></array>"), "[\"\uFFFD\"]");
 }
 
 TEST(XmlReader, RefusesNoValueAndMoreThanOne) {
