@@ -187,7 +187,17 @@ FormatArgument::FormatArgument(const Dictionary* object) {
 
 FormatArgument::FormatArgument(const MutableArray& object) : argument_(Value(object.copy())) {}
 
+FormatArgument::FormatArgument(const MutableArray* object) {
+    if (object)
+        argument_ = Value(object->copy());
+}
+
 FormatArgument::FormatArgument(const MutableDictionary& object) : argument_(Value(object.copy())) {}
+
+FormatArgument::FormatArgument(const MutableDictionary* object) {
+    if (object)
+        argument_ = Value(object->copy());
+}
 
 FormatArgument::~FormatArgument() = default;
 

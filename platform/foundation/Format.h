@@ -40,7 +40,9 @@ public:
     FormatArgument(const Dictionary& object);
     FormatArgument(const Dictionary* object);
     FormatArgument(const MutableArray& object);
+    FormatArgument(const MutableArray* object);
     FormatArgument(const MutableDictionary& object);
+    FormatArgument(const MutableDictionary* object);
     template <class T>
     FormatArgument(const std::optional<T>& object)
         : FormatArgument(object ? FormatArgument(*object) : FormatArgument(nullptr)) {}

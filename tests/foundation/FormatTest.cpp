@@ -166,6 +166,15 @@ TEST(Format, PrintsMutableCollectionsAsObjects) {
               "(\n    1\n) {\n    a = 2;\n}");
 }
 
+TEST(Format, TakesPointersToMutableCollections) {
+    const MutableArray array(Array{1});
+    MutableDictionary dictionary(Dictionary{{"a", 2}});
+    EXPECT_EQ(stringWithFormat("%@ %@", &array, &dictionary), "(\n    1\n) {\n    a = 2;\n}");
+    EXPECT_EQ(stringWithFormat("%@ %@", static_cast<const MutableArray*>(nullptr),
+                               static_cast<MutableDictionary*>(nullptr)),
+              "(null) (null)");
+}
+
 TEST(Format, PrintsWhatAnOptionalHolds) {
     EXPECT_EQ(stringWithFormat("%@ %@ %@ %d", std::optional<Value>("a"), std::optional<std::string>("b"),
                                std::optional<MutableDictionary>(MutableDictionary()), std::optional<int>(-3)),
