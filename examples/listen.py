@@ -13,6 +13,7 @@ from gi.repository import Gio, GLib
 
 NAME = "com.tavix.wardlock/update"
 LONGEST_SOCKET = 107  # bytes of a socket's path
+DEEPEST = 512  # containers inside each other, as in a document
 EPOCH = datetime.datetime(2001, 1, 1, tzinfo=datetime.timezone.utc)
 
 
@@ -81,19 +82,33 @@ def plain_or_start(value):
 
 def flattened(items):
     """A container whose nesting is deeper than a bus allows comes as the list of what is read in it."""
-    item = next(items)
-    if not isinstance(item, tuple):
-        return item
-    kind, size = item
-    if kind == "array":
-        return [flattened(items) for _ in range(size)]
-    return {flattened(items): flattened(items) for _ in range(size)}
+    containers = []  # those that are not complete: kind, size, what they have so far
+    while True:
+        item = next(items)
+        if isinstance(item, tuple):
+            kind, size = item
+            if len(containers) == DEEPEST:
+                raise RecursionError("deeper than a document")
+            containers.append((kind, size if kind == "array" else 2 * size, []))
+        else:
+            if not containers:
+                return item
+            containers[-1][2].append(item)
+        while len(containers[-1][2]) == containers[-1][1]:
+            kind, _, parts = containers.pop()
+            item = parts if kind == "array" else dict(zip(parts[::2], parts[1::2]))
+            if not containers:
+                return item
+            containers[-1][2].append(item)
 
 
 def heard(_bus, _sender, _path, _interface, _member, arguments):
     if arguments.get_type_string() != "(ssasav)" or arguments.get_child_value(1).get_string() != NAME:
         return
-    user_info = [plain(item) for item in children(arguments.get_child_value(3))]
+    try:
+        user_info = [plain(item) for item in children(arguments.get_child_value(3))]
+    except RecursionError:
+        return  # None of ours: what is so deep is announced without it.
     if user_info:
         print(f"changed: {user_info[0].get('key')} = {user_info[0].get('object')!r}", flush=True)
     else:

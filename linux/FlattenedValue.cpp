@@ -12,7 +12,7 @@ bool FlattenedValue::add(Value value) {
 }
 
 bool FlattenedValue::beginArray(std::uint32_t count) {
-    if (!takesValue())
+    if (!takesContainer())
         return false;
     // The elements are believed in when they come.
     open_.emplace_back(OpenArray{count, {}});
@@ -21,16 +21,16 @@ bool FlattenedValue::beginArray(std::uint32_t count) {
 }
 
 bool FlattenedValue::beginDictionary(std::uint32_t count) {
-    if (!takesValue())
+    if (!takesContainer())
         return false;
     open_.emplace_back(OpenDictionary{count, std::make_unique<Entries>()});
     closeFilled();
     return true;
 }
 
-/// Whether a value may come next, and not a key or nothing at all.
-bool FlattenedValue::takesValue() const {
-    if (value_)
+/// Whether a container may come next, and not a key, nothing at all, or no further level.
+bool FlattenedValue::takesContainer() const {
+    if (value_ || open_.size() >= levels_)
         return false;
     if (open_.empty())
         return true;

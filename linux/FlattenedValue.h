@@ -3,6 +3,7 @@
 #include "platform/foundation/MutableDictionary.h"
 #include "platform/foundation/Value.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -13,10 +14,13 @@
 namespace platform {
 
 /// Assembles a value from its parts in the order of reading: a container is begun with the number of its
-/// elements or entries, which follow; an entry is its key, a string, and its value. Any depth, no recursion.
-/// Each step answers false where it cannot come next; the value is then of no use.
+/// elements or entries, which follow; an entry is its key, a string, and its value. Each step answers false
+/// where it cannot come next; the value is then of no use.
 class FlattenedValue {
 public:
+    /// Containers that may stand inside each other.
+    explicit FlattenedValue(std::size_t levels) : levels_(levels) {}
+
     bool add(Value value);
     bool beginArray(std::uint32_t count);
     bool beginDictionary(std::uint32_t count);
@@ -40,10 +44,11 @@ private:
     };
     using OpenContainer = std::variant<OpenArray, OpenDictionary>;
 
-    bool takesValue() const;
+    bool takesContainer() const;
     bool put(Value value);
     void closeFilled();
 
+    std::size_t levels_;
     std::vector<OpenContainer> open_;
     std::optional<Value> value_;
 };

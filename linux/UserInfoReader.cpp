@@ -3,6 +3,7 @@
 #include "linux/FlattenedValue.h"
 #include "linux/NotificationFormat.h"
 #include "platform/foundation/MutableDictionary.h"
+#include "platform/foundation/PropertyListBounds.h"
 
 #include <cstdint>
 #include <string>
@@ -69,7 +70,7 @@ std::optional<Value> UserInfoReader::readContents(std::string_view signature, in
     } else if (inner == "ay") {
         value = readBytes(Value::Kind::String);
     } else if (inner == "av") {
-        value = readFlattened();
+        value = readFlattened(level);
     }
     if (value && sd_bus_message_exit_container(message_) < 0)
         return std::nullopt;
@@ -152,10 +153,10 @@ std::optional<Value> UserInfoReader::readDictionary(int level) {
     return entries.copy();
 }
 
-std::optional<Value> UserInfoReader::readFlattened() {
+std::optional<Value> UserInfoReader::readFlattened(int level) {
     if (sd_bus_message_enter_container(message_, 'a', "v") < 0)
         return std::nullopt;
-    FlattenedValue assembled;
+    FlattenedValue assembled(deepestPropertyList - static_cast<std::size_t>(level - 1));
     while (sd_bus_message_at_end(message_, 0) == 0) {
         if (assembled.isComplete() || !readToken(assembled))
             return std::nullopt;

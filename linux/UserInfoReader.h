@@ -13,7 +13,8 @@ namespace platform {
 class FlattenedValue;
 
 /// Reads values from a message in the form of NotificationFormat.h. The message comes from anyone on the bus:
-/// whatever it holds, the reader takes bounded memory and stack, and answers none for what has another form.
+/// whatever it holds, the reader takes bounded memory and stack, and answers none for what has another form
+/// or is nested more deeply than a property list.
 class UserInfoReader {
 public:
     explicit UserInfoReader(sd_bus_message* message) : message_(message) {}
@@ -26,7 +27,7 @@ private:
     std::optional<Value> readContents(std::string_view signature, int level);
     std::optional<Value> readArray(int level);
     std::optional<Value> readDictionary(int level);
-    std::optional<Value> readFlattened();
+    std::optional<Value> readFlattened(int level);
     bool readToken(FlattenedValue& assembled);
     std::optional<Value> readNumber(char type);
     std::optional<Value> readText();

@@ -2,6 +2,7 @@
 
 #include "linux/BusText.h"
 #include "linux/NotificationFormat.h"
+#include "platform/foundation/PropertyListBounds.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -34,6 +35,10 @@ struct DictionaryRest {
 };
 using Rest = std::variant<ArrayRest, DictionaryRest>;
 
+bool isContainer(const Value& value) {
+    return value.is(Value::Kind::Array) || value.is(Value::Kind::Dictionary);
+}
+
 void enter(const Value& value, std::vector<Rest>& open) {
     if (value.is(Value::Kind::Array))
         open.emplace_back(ArrayRest{value.array().begin(), value.array().end()});
@@ -60,7 +65,7 @@ bool UserInfoWriter::writeValue(const Value& value, int level) {
 
 bool UserInfoWriter::writeArray(const Array& array, int level) {
     if (level > format::nestedLevels)
-        return writeFlattened(array);
+        return writeFlattened(array, level);
     if (!account() || !open('v', "av") || !open('a', "v"))
         return false;
     for (const Value& value : array) {
@@ -72,7 +77,7 @@ bool UserInfoWriter::writeArray(const Array& array, int level) {
 
 bool UserInfoWriter::writeDictionary(const Dictionary& dictionary, int level) {
     if (level > format::nestedLevels || !hasOnlyBusKeys(dictionary))
-        return writeFlattened(dictionary);
+        return writeFlattened(dictionary, level);
     if (!account() || !open('v', "a{sv}") || !open('a', "{sv}"))
         return false;
     bytes_ += dictionary.size() * bytesOfAnyKey;
@@ -116,7 +121,8 @@ bool UserInfoWriter::writeScalar(const Value& value) {
     }
 }
 
-bool UserInfoWriter::writeFlattened(const Value& value) {
+bool UserInfoWriter::writeFlattened(const Value& value, int level) {
+    const std::size_t levels = deepestPropertyList - static_cast<std::size_t>(level - 1);
     if (!open('v', "(av)") || !open('r', "av") || !open('a', "v") || !writeToken(value))
         return false;
     std::vector<Rest> containers;
@@ -137,7 +143,7 @@ bool UserInfoWriter::writeFlattened(const Value& value) {
             containers.pop_back();
             continue;
         }
-        if (!writeToken(*next))
+        if ((isContainer(*next) && containers.size() >= levels) || !writeToken(*next))
             return false;
         enter(*next, containers);
     }
@@ -145,9 +151,9 @@ bool UserInfoWriter::writeFlattened(const Value& value) {
 }
 
 bool UserInfoWriter::writeToken(const Value& value) {
-    const bool isArray = value.is(Value::Kind::Array);
-    if (!isArray && !value.is(Value::Kind::Dictionary))
+    if (!isContainer(value))
         return writeScalar(value);
+    const bool isArray = value.is(Value::Kind::Array);
     const auto count = static_cast<std::uint32_t>(isArray ? value.array().size() : value.dictionary().size());
     return account() && open('v', "(su)") && open('r', "su") &&
            writeText(isArray ? format::array : format::dictionary) && appendBasic('u', &count) && close() &&

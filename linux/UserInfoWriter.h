@@ -10,12 +10,12 @@
 namespace platform {
 
 /// Appends values to a message in the form of NotificationFormat.h. After a failure the message is of no use.
-/// A value of any depth is written without deep recursion.
+/// No recursion is as deep as the value.
 class UserInfoWriter {
 public:
     explicit UserInfoWriter(sd_bus_message* message) : message_(message) {}
 
-    /// False: too large, or out of memory.
+    /// False: too large or too deep, or out of memory.
     bool write(const Dictionary& userInfo);
     /// What was written, in bytes, estimated from above.
     std::size_t bytes() const { return bytes_; }
@@ -26,7 +26,7 @@ private:
     bool writeText(std::string_view text);
     bool writeArray(const Array& array, int level);
     bool writeDictionary(const Dictionary& dictionary, int level);
-    bool writeFlattened(const Value& value);
+    bool writeFlattened(const Value& value, int level);
     bool writeToken(const Value& value);
     bool writeBytes(std::string_view bytes);
     bool open(char type, const char* contents);

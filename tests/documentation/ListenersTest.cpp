@@ -43,6 +43,19 @@ TEST_F(Listeners, InPythonReadEveryKindOfValue) {
     const auto line = listener.readLine().value_or("");
     EXPECT_TRUE(line.starts_with("changed: deep = {'level': 1, 'inner': [2, {'level': 3, ")) << line;
     EXPECT_NE(line.find("'inside'"), std::string::npos) << line;
+    post({name, "--sample", "deepest"});
+    EXPECT_TRUE(listener.readLine().value_or("").starts_with("changed: deepest = [[[[")) << "and 507 more";
+    listener.send(SIGTERM);
+    EXPECT_EQ(listener.wait().errors, "");
+}
+
+TEST_F(Listeners, InPythonIgnoreWhatIsNestedDeeperThanADocument) {
+    Process listener(sourceFolder() + "/examples/listen.py", {root()});
+    ASSERT_EQ(listener.readLine(), "ready") << listener.wait().errors;
+    const ProcessResult forged = runProcess(programFolder() + "/test-forger", {"kForged", "100000"});
+    EXPECT_EQ(forged.exitCode, 0) << forged.errors;
+    post({"com.tavix.wardlock/update", "--sample", "change"});
+    EXPECT_EQ(listener.readLine(), "changed: kRestrictSiri = True");
     listener.send(SIGTERM);
     EXPECT_EQ(listener.wait().errors, "");
 }

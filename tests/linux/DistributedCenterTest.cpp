@@ -232,5 +232,13 @@ TEST_F(DistributedCenterTest, AnnouncesAUserInfoThatNoBusCarriesWithoutIt) {
     EXPECT_EQ(observer->readLine(), "N|-|-");
 }
 
+TEST_F(DistributedCenterTest, AnnouncesAUserInfoDeeperThanADocumentWithoutIt) {
+    const auto observer = observe({"N"});
+    for (const char* sample : {"too-deep", "far-too-deep"}) {
+        post({"N", "--sample", sample});
+        EXPECT_EQ(observer->readLine(), "N|-|-") << sample;
+    }
+}
+
 } // namespace
 } // namespace wardlock::test

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <cstdint>
 
 using platform::Array;
@@ -11,18 +12,20 @@ using platform::Value;
 
 namespace {
 
+constexpr std::size_t levels = 512;
+
 TEST(FlattenedValue, IsASingleScalarOrContainer) {
-    FlattenedValue scalar;
+    FlattenedValue scalar(levels);
     EXPECT_TRUE(scalar.add(true));
     EXPECT_TRUE(scalar.isComplete());
     EXPECT_EQ(scalar.take(), Value(true));
-    FlattenedValue empty;
+    FlattenedValue empty(levels);
     EXPECT_TRUE(empty.beginArray(0));
     EXPECT_EQ(empty.take(), Value(Array{}));
 }
 
 TEST(FlattenedValue, ClosesEveryContainerThatItsLastElementFills) {
-    FlattenedValue flattened;
+    FlattenedValue flattened(levels);
     EXPECT_TRUE(flattened.beginArray(2));
     EXPECT_TRUE(flattened.add(1));
     EXPECT_TRUE(flattened.beginDictionary(2));
@@ -36,7 +39,7 @@ TEST(FlattenedValue, ClosesEveryContainerThatItsLastElementFills) {
 }
 
 TEST(FlattenedValue, TakesNothingAfterItsEnd) {
-    FlattenedValue flattened;
+    FlattenedValue flattened(levels);
     EXPECT_TRUE(flattened.beginArray(0));
     EXPECT_FALSE(flattened.add(1));
     EXPECT_FALSE(flattened.beginArray(0));
@@ -44,32 +47,43 @@ TEST(FlattenedValue, TakesNothingAfterItsEnd) {
 }
 
 TEST(FlattenedValue, TakesOnlyAStringForAKey) {
-    FlattenedValue number;
+    FlattenedValue number(levels);
     EXPECT_TRUE(number.beginDictionary(1));
     EXPECT_FALSE(number.add(1));
-    FlattenedValue container;
+    FlattenedValue container(levels);
     EXPECT_TRUE(container.beginDictionary(1));
     EXPECT_FALSE(container.beginArray(0));
 }
 
 TEST(FlattenedValue, BelievesInElementsWhenTheyCome) {
-    FlattenedValue flattened;
+    FlattenedValue flattened(levels);
     EXPECT_TRUE(flattened.beginArray(UINT32_MAX));
     EXPECT_TRUE(flattened.beginDictionary(UINT32_MAX));
     EXPECT_FALSE(flattened.isComplete());
 }
 
-TEST(FlattenedValue, HoldsContainersToAnyDepth) {
-    constexpr int levels = 200'000;
-    FlattenedValue flattened;
-    for (int i = 0; i < levels; ++i)
+TEST(FlattenedValue, HoldsContainersToItsLastLevel) {
+    FlattenedValue flattened(levels);
+    for (std::size_t i = 0; i < levels; ++i)
         ASSERT_TRUE(flattened.beginArray(1));
     ASSERT_TRUE(flattened.add("inside"));
     ASSERT_TRUE(flattened.isComplete());
     Value value = flattened.take();
-    for (int i = 0; i < levels; ++i)
+    for (std::size_t i = 0; i < levels; ++i)
         value = Value(value.array()[0]);
     EXPECT_EQ(value, Value("inside"));
+}
+
+TEST(FlattenedValue, TakesNoContainerBelowItsLastLevel) {
+    for (const std::uint32_t count : {0U, 1U}) {
+        FlattenedValue flattened(levels);
+        for (std::size_t i = 0; i + 1 < levels; ++i)
+            ASSERT_TRUE(flattened.beginArray(2));
+        ASSERT_TRUE(flattened.beginArray(0)) << "which ends at once";
+        ASSERT_TRUE(flattened.beginArray(1));
+        EXPECT_FALSE(flattened.beginArray(count));
+        EXPECT_FALSE(flattened.beginDictionary(count));
+    }
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "tests/support/SampleUserInfo.h"
 
 #include "platform/foundation/MutableDictionary.h"
+#include "platform/foundation/PropertyListBounds.h"
 
 #include <cstdint>
 #include <limits>
@@ -11,6 +12,7 @@ namespace wardlock::test {
 namespace {
 
 using platform::Array;
+using platform::deepestPropertyList;
 using platform::Dictionary;
 using platform::MutableDictionary;
 using platform::Value;
@@ -52,9 +54,9 @@ Value nested(int levels) {
     return value;
 }
 
-Value arraysInOneAnother(int levels) {
+Value arraysInOneAnother(std::size_t levels) {
     Value value = "inside";
-    for (int level = 0; level < levels; ++level)
+    for (std::size_t level = 0; level < levels; ++level)
         value = Array{value};
     return value;
 }
@@ -78,7 +80,11 @@ Dictionary sampleUserInfo(std::string_view name) {
     if (name == "deep")
         return {{"key", "deep"}, {"object", nested(120)}};
     if (name == "deepest")
-        return {{"key", "deepest"}, {"object", arraysInOneAnother(1'000'000)}};
+        return {{"key", "deepest"}, {"object", arraysInOneAnother(deepestPropertyList - 1)}};
+    if (name == "too-deep")
+        return {{"key", "too deep"}, {"object", arraysInOneAnother(deepestPropertyList)}};
+    if (name == "far-too-deep")
+        return {{"key", "far too deep"}, {"object", arraysInOneAnother(1'000'000)}};
     if (name == "wide")
         return wide();
     if (name == "large")

@@ -11,7 +11,9 @@ namespace wardlock::test {
 ///   kinds      every kind of value, with its extremes
 ///   odd        keys and strings that are no D-Bus text, at several levels
 ///   deep       120 levels of both containers, each with a few values of other kinds
-///   deepest    a million arrays in one another
+///   deepest    as many levels as a document may have
+///   too-deep   one level more
+///   far-too-deep  a million levels more
 ///   wide       a dictionary of two thousand entries
 ///   large      data of eight million bytes
 ///   too-large  data that no bus carries in one message
