@@ -161,6 +161,9 @@ std::optional<Form> byOpening(std::string_view bytes) {
         Opening{"\x00<"sv, {Encoding::Utf16, ByteOrder::Big, 0}},
         Opening{"<\x00"sv, {Encoding::Utf16, ByteOrder::Little, 0}},
     };
+    // As most documents begin.
+    if (bytes.starts_with("<?xml"))
+        return std::nullopt;
     for (const Opening& opening : openings)
         if (bytes.starts_with(opening.bytes))
             return opening.form;

@@ -448,6 +448,9 @@ ALL = [
     Mutant("echo-told", "a process hears its own announcements a second time", ("tests.linux/DistributedCenterTest",), [
         ("linux/NotificationBus.cpp", "if (sender && bus.connection_->uniqueName() != sender) {", "if (sender) {"),
     ]),
+    Mutant("deep-messages-heard", "announcements of any number of levels are heard", (r"tests.hostile/.*ForgedAnnouncement",), [
+        ("linux/FlattenedValue.cpp", "if (value_ || open_.size() >= levels_)", "if (value_)"),
+    ]),
     Mutant("other-device-heard", "announcements of another device root are heard", ("tests.linux/DistributedCenterTest",), [
         ("linux/DistributedCenter.cpp", "if (notification.deviceRoot == identity)", "if (!notification.deviceRoot.empty())"),
     ]),
@@ -476,6 +479,17 @@ ALL = [
     ]),
     Mutant("reals-rounded", "the last bits of a real are lost in writing", ("fuzz.value", "fuzz.xml_reader", "fuzz.binary_reader"), [
         ("platform/foundation/XmlPropertyListWriter.cpp", "appendReal(element, value.real());", "appendReal(element, static_cast<float>(value.real()));"),
+    ]),
+    Mutant("write-without-bounds", "a document that cannot be read again is written", ("tests.foundation/DocumentBounds", "tests.bundle/LargeDocument"), [
+        ("platform/foundation/PropertyList.cpp", "XmlPropertyListWriter writer(value, {largestDocument, deepestPropertyList});",
+         "XmlPropertyListWriter writer(value, {});"),
+    ]),
+    Mutant("damaged-copied-first", "a file is kept aside for a write that is refused", ("tests.foundation/DocumentBounds",), [
+        ("platform/foundation/DocumentFile.cpp", "    std::string bytes;\n    if (std::error_code error = encode(",
+         "    keepOld(sync);\n    std::string bytes;\n    if (std::error_code error = encode("),
+    ]),
+    Mutant("characters-beyond-xml", "U+FFFE and U+FFFF are written as they are", ("tests.foundation/PropertyListInteroperation",), [
+        ("platform/foundation/XmlEscape.cpp", "    else if (isXmlCharacter(character))", "    else if (length > 1)"),
     ]),
     Mutant("binary-integers-unsigned", "eight bytes are read as an unsigned integer", ("fuzz.value",), [
         ("platform/foundation/BinaryPropertyListReader.cpp", "        return Value(static_cast<std::int64_t>(low));\n    const std::uint64_t high",
