@@ -59,8 +59,10 @@ void SettingsListController::passcodeDidCancel(PasscodeView& view) {
     cancelPasscodeView(view);
 }
 
-void SettingsListController::passcodeViewDidDestroy(PasscodeView& /*view*/) {
-    setPasscodeView(nullptr);
+void SettingsListController::passcodeViewDidDestroy(PasscodeView& view) {
+    // An earlier overlay may end after the next one has come: the one that is kept stays.
+    if (passcodeView_.get() == &view)
+        setPasscodeView(nullptr);
 }
 
 void SettingsListController::cancelPasscodeView(PasscodeView& view) {

@@ -439,16 +439,32 @@ TEST_F(PasscodeWorkflow, AReplacedOverlayStaysInTheWindow) {
     EXPECT_EQ(first->superview(), window);
 }
 
-TEST_F(PasscodeWorkflow, TheEndOfAReplacedOverlayClearsThePropertyAllTheSame) {
+TEST_F(PasscodeWorkflow, KeepsTheOverlayThatReplacedTheOneThatEnds) {
     openWithPasscode("1234");
     const auto first = page->passcodeView();
     open();
     const auto second = page->passcodeView();
     first->keypad()->pressCancel();
     clock.step(0.41);
-    EXPECT_EQ(page->passcodeView(), nullptr);
+    EXPECT_EQ(page->passcodeView(), second);
     ASSERT_EQ(window->subviews().size(), 1u);
     EXPECT_EQ(window->subviews()[0], second);
+    second->keypad()->pressCancel();
+    expectClosed();
+}
+
+TEST_F(PasscodeWorkflow, KeepsANewOverlayWhenTheOneBeforeWasClosedTwice) {
+    openWithPasscode("1234");
+    const auto first = page->passcodeView();
+    first->keypad()->pressCancel();
+    clock.step(0.3);
+    platform::UIApplication::sharedApplication().resignActive();
+    clock.step(0.11);
+    EXPECT_EQ(page->passcodeView(), nullptr);
+    open();
+    EXPECT_NE(page->passcodeView(), nullptr) << "cleared by the second end of the overlay before it";
+    platform::UIApplication::sharedApplication().resignActive();
+    expectClosed();
 }
 
 TEST_F(PasscodeWorkflow, IgnoresTheEmergencyButton) {

@@ -118,6 +118,44 @@ TEST_F(SettingsApplicationTest, CancelsTheKeypadWhenItResignsActive) {
     EXPECT_EQ(passcode(), "");
 }
 
+TEST_F(SettingsApplicationTest, CancelsTheKeypadThatFollowedOneThatWasClosedTwice) {
+    openWardlock();
+    tap("Passcode");
+    clock.step(0.4);
+    EXPECT_TRUE(settings().sheets().cancelKeypad());
+    clock.step(0.3);
+    settings().resignActive();
+    clock.step(0.1);
+    tap("Passcode");
+    clock.step(0.4);
+    ASSERT_TRUE(settings().screen().overlay());
+    settings().resignActive();
+    clock.step(0.4);
+    EXPECT_FALSE(settings().screen().overlay()) << "it was forgotten when the other one's second fade ended";
+}
+
+TEST_F(SettingsApplicationTest, EndsFadesAndPushesWhoseTimeHasPassedInSteps) {
+    start(0.3);
+    const auto stepped = [this](int count, double seconds) {
+        for (int step = 0; step < count; ++step)
+            clock.step(seconds);
+    };
+    clock.step(0.7);
+    tap("Wardlock");
+    stepped(2, 0.1);
+    EXPECT_TRUE(settings().screen().isInTransition());
+    clock.step(0.1);
+    EXPECT_FALSE(settings().screen().isInTransition());
+    tap("Passcode");
+    stepped(8, 0.05);
+    const auto overlay = *settings().screen().overlay();
+    EXPECT_EQ(overlay.keypad->presentationAlpha(), 1);
+    EXPECT_EQ(overlay.blur->presentationAlpha(), 1);
+    EXPECT_TRUE(settings().sheets().cancelKeypad());
+    stepped(10, 0.04);
+    EXPECT_FALSE(settings().screen().overlay());
+}
+
 TEST_F(SettingsApplicationTest, HidesTheEmergencyButton) {
     openWardlock();
     tap("Passcode");
