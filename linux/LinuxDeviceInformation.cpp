@@ -62,6 +62,11 @@ std::string versionInRelease(std::string_view text) {
     return {};
 }
 
+CGRect LinuxDeviceInformation::screenBounds() {
+    const auto [shorter, longer] = std::minmax(screenSize_.width, screenSize_.height);
+    return {{}, {shorter, longer}};
+}
+
 long LinuxDeviceInformation::statusBarOrientation() {
     return screenSize_.width > screenSize_.height ? UIInterfaceOrientationLandscapeLeft
                                                   : UIInterfaceOrientationPortrait;

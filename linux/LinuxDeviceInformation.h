@@ -10,7 +10,8 @@ namespace platform {
 class WARDLOCK_API LinuxDeviceInformation final : public DeviceInformation {
 public:
     long userInterfaceIdiom() override { return idiom_; }
-    CGRect screenBounds() override { return {{}, screenSize_}; }
+    /// Upright whichever way the screen is held: never wider than high.
+    CGRect screenBounds() override;
     double screenScale() override { return screenScale_; }
     /// Portrait unless the screen is wider than high.
     long statusBarOrientation() override;
@@ -19,6 +20,7 @@ public:
     std::string machine() override;
 
     void becomeIdiom(long idiom) { idiom_ = idiom; }
+    /// The size as the screen is held.
     void becomeScreenSize(CGSize size) { screenSize_ = size; }
     void becomeScreenScale(double scale) { screenScale_ = scale; }
 

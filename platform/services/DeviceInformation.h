@@ -21,7 +21,7 @@ public:
     virtual ~DeviceInformation();
 
     virtual long userInterfaceIdiom() = 0;
-    /// The main screen's bounds in points.
+    /// The main screen's bounds in points as it stands upright: they do not turn with the orientation.
     virtual CGRect screenBounds() = 0;
     /// The main screen's pixels per point. 2 where nobody knows better: a picture that is too fine looks
     /// right, one that is too coarse does not.
@@ -34,8 +34,8 @@ public:
 
     static DeviceInformation& current();
     /// What a host knows better than the machine, told to the machine's own information: the size its window
-    /// gives the screen (390 x 844 until then; portrait unless wider than high), its scale, and the idiom it
-    /// shows (a phone's until then).
+    /// gives the screen as it is held (390 x 844 until then; portrait unless wider than high), its scale, and
+    /// the idiom it shows (a phone's until then).
     static void setScreenSize(CGSize size);
     static void setScreenScale(double pixelsPerPoint);
     static void setUserInterfaceIdiom(long idiom);

@@ -1,4 +1,5 @@
 #include "platform/services/DeviceInformation.h"
+#include "settings/DeviceHelpers.h"
 #include "tests/app/WindowFixture.h"
 
 #include <gtest/gtest.h>
@@ -9,22 +10,21 @@ using platform::DeviceInformation;
 class WindowAsScreen : public WindowFixture {
 protected:
     static bool isSoon(platform::CGSize size) {
-        return until([size] { return DeviceInformation::current().screenBounds().size == size; });
+        return until([size] { return screenSize() == size; });
     }
 };
 
 TEST_F(WindowAsScreen, TellsTheDeviceItsSize) {
     open(0, {1024, 768});
     EXPECT_TRUE(isSoon({1024, 768}));
-    EXPECT_EQ(DeviceInformation::current().statusBarOrientation(),
-              platform::UIInterfaceOrientationLandscapeLeft);
+    EXPECT_TRUE(isLandscape());
 }
 
 TEST_F(WindowAsScreen, TellsTheDeviceThatItsSizeHasChanged) {
     open();
     window().resize(500, 900);
     EXPECT_TRUE(isSoon({500, 900}));
-    EXPECT_EQ(DeviceInformation::current().statusBarOrientation(), platform::UIInterfaceOrientationPortrait);
+    EXPECT_FALSE(isLandscape());
 }
 
 TEST_F(WindowAsScreen, AsksForPicturesNoCoarserThanADevices) {

