@@ -1,7 +1,6 @@
 #include "app/WindowClock.h"
 
 #include <chrono>
-#include <cmath>
 
 namespace wardlock::app {
 
@@ -14,14 +13,14 @@ WindowClock::WindowClock() {
     });
 }
 
-void WindowClock::after(double seconds, std::function<void()> action) {
-    SteadyClock::after(seconds, std::move(action));
+void WindowClock::after(Time delay, std::function<void()> action) {
+    SteadyClock::after(delay, std::move(action));
     arm();
 }
 
 void WindowClock::arm() {
-    if (const auto seconds = secondsToNext())
-        timer_.start(std::chrono::milliseconds(static_cast<long>(std::ceil(*seconds * 1000))));
+    if (const auto time = timeToNext())
+        timer_.start(std::chrono::ceil<std::chrono::milliseconds>(*time));
 }
 
 } // namespace wardlock::app

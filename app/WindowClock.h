@@ -11,7 +11,7 @@ class WindowClock : public shell::SteadyClock {
 public:
     WindowClock();
 
-    void after(double seconds, std::function<void()> action) override;
+    void after(Time delay, std::function<void()> action) override;
 
 private:
     void arm();

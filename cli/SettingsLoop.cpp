@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cmath>
 #include <poll.h>
 #include <system_error>
 
@@ -40,8 +39,8 @@ bool SettingsLoop::waitUntil(const std::function<bool()>& done, std::chrono::mil
 }
 
 bool SettingsLoop::turn(int descriptor, std::chrono::milliseconds longest) {
-    if (const auto seconds = clock_ ? clock_->secondsToNext() : std::nullopt)
-        longest = std::min(longest, std::chrono::milliseconds(std::llround(std::ceil(*seconds * 1000))));
+    if (const auto time = clock_ ? clock_->timeToNext() : std::nullopt)
+        longest = std::min(longest, std::chrono::ceil<std::chrono::milliseconds>(*time));
     std::array<pollfd, 5> waits{
         pollfd{descriptor, POLLIN, 0}, pollfd{platform::MainLoop::shared().descriptor(), POLLIN, 0},
         pollfd{stop_.descriptor(), POLLIN, 0}, pollfd{resize_.descriptor(), POLLIN, 0},

@@ -4,8 +4,8 @@
 
 namespace wardlock::shell {
 
-void DoorClock::after(double seconds, std::function<void()> action) {
-    clock_.after(seconds, [this, alive = std::weak_ptr(alive_), action = std::move(action)] {
+void DoorClock::after(Time delay, std::function<void()> action) {
+    clock_.after(delay, [this, alive = std::weak_ptr(alive_), action = std::move(action)] {
         if (alive.lock())
             door_.enter(action);
     });

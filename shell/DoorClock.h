@@ -12,8 +12,8 @@ class DoorClock : public platform::AnimationClock {
 public:
     DoorClock(platform::AnimationClock& clock, Door& door) : clock_(clock), door_(door) {}
 
-    double now() override { return clock_.now(); }
-    void after(double seconds, std::function<void()> action) override;
+    Time now() override { return clock_.now(); }
+    void after(Time delay, std::function<void()> action) override;
 
 private:
     platform::AnimationClock& clock_;

@@ -4,12 +4,20 @@
 
 namespace wardlock::shell {
 
-void ManualClock::after(double seconds, std::function<void()> action) {
-    actions_.add(now_ + std::max(seconds, 0.0), std::move(action));
+void ManualClock::after(Time delay, std::function<void()> action) {
+    actions_.add(now_ + std::max(delay, Time::zero()), std::move(action));
+}
+
+/// Three thirds of a second are a second, although none of them is a whole number of nanoseconds.
+ManualClock::Time ManualClock::stepLength(double seconds) {
+    constexpr double nanosecond = 1e-9;
+    const Time length = time(seconds + remainder_ * nanosecond);
+    remainder_ += seconds / nanosecond - static_cast<double>(length.count());
+    return length;
 }
 
 void ManualClock::step(double seconds) {
-    const double end = now_ + std::max(seconds, 0.0);
+    const Time end = now_ + stepLength(std::max(seconds, 0.0));
     while (true) {
         const auto due = actions_.nextDue();
         if (!due || *due > end)

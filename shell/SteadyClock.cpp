@@ -4,22 +4,22 @@
 
 namespace wardlock::shell {
 
-double SteadyClock::now() {
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start_).count();
+SteadyClock::Time SteadyClock::now() {
+    return std::chrono::steady_clock::now() - start_;
 }
 
-void SteadyClock::after(double seconds, std::function<void()> action) {
-    actions_.add(now() + std::max(seconds, 0.0), std::move(action));
+void SteadyClock::after(Time delay, std::function<void()> action) {
+    actions_.add(now() + std::max(delay, Time::zero()), std::move(action));
 }
 
-std::optional<double> SteadyClock::secondsToNext() {
+std::optional<SteadyClock::Time> SteadyClock::timeToNext() {
     const auto due = actions_.nextDue();
-    return due ? std::optional(std::max(*due - now(), 0.0)) : std::nullopt;
+    return due ? std::optional(std::max(*due - now(), Time::zero())) : std::nullopt;
 }
 
 void SteadyClock::runDue() {
     // The time is taken once: actions that keep asking for another at once do not keep the loop here.
-    const double time = now();
+    const Time time = now();
     while (const auto action = actions_.takeDue(time))
         action();
 }

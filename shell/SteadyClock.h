@@ -8,14 +8,14 @@
 
 namespace wardlock::shell {
 
-/// Real time for a face with a loop of its own: it waits secondsToNext() at most, then calls runDue().
+/// Real time for a face with a loop of its own: it waits timeToNext() at most, then calls runDue().
 class SteadyClock : public platform::AnimationClock {
 public:
-    double now() override;
-    void after(double seconds, std::function<void()> action) override;
+    Time now() override;
+    void after(Time delay, std::function<void()> action) override;
 
-    /// 0 when something is due; none while nothing waits.
-    std::optional<double> secondsToNext();
+    /// Zero when something is due; none while nothing waits.
+    std::optional<Time> timeToNext();
     void runDue();
 
 private:

@@ -1,19 +1,32 @@
 #include "platform/ui/AnimationClock.h"
 
+#include <algorithm>
+#include <cmath>
+
 namespace platform {
 
 namespace {
 
 class StandingClock : public AnimationClock {
-    double now() override { return 0; }
-    void after(double, std::function<void()> action) override { action(); }
+    Time now() override { return Time::zero(); }
+    void after(Time, std::function<void()> action) override { action(); }
 };
+
+/// A century: sums of two such times are still times.
+constexpr std::chrono::hours longest{24 * 36'525};
 
 AnimationClock* currentClock = nullptr;
 
 } // namespace
 
 AnimationClock::~AnimationClock() = default;
+
+AnimationClock::Time AnimationClock::time(double seconds) {
+    using Seconds = std::chrono::duration<double>;
+    const double most = Seconds(longest).count();
+    return std::isnan(seconds) ? Time::zero()
+                               : std::chrono::round<Time>(Seconds(std::clamp(seconds, -most, most)));
+}
 
 AnimationClock& AnimationClock::current() {
     static StandingClock standing;

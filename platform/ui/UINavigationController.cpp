@@ -60,12 +60,13 @@ void UINavigationController::run(const std::shared_ptr<UIViewController>& from,
         finishTransition();
         return;
     }
-    AnimationClock::current().after(
-        transitionSeconds_, [weak = std::weak_ptr(self(this)), running = std::weak_ptr(transition_)] {
-            const auto controller = weak.lock();
-            if (controller && controller->transition_ && controller->transition_ == running.lock())
-                controller->finishTransition();
-        });
+    AnimationClock::current().after(AnimationClock::time(transitionSeconds_),
+                                    [weak = std::weak_ptr(self(this)), running = std::weak_ptr(transition_)] {
+                                        const auto controller = weak.lock();
+                                        if (controller && controller->transition_ &&
+                                            controller->transition_ == running.lock())
+                                            controller->finishTransition();
+                                    });
 }
 
 } // namespace platform

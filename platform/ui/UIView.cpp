@@ -1,17 +1,17 @@
 #include "platform/ui/UIView.h"
 
-#include "platform/ui/AnimationClock.h"
 #include "platform/ui/DisplayObserver.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace platform {
 
 namespace {
 
-/// Seconds of the animation whose block is running; 0 outside of one.
-double animationSeconds = 0;
+/// The length of the animation whose block is running; none outside of one.
+AnimationClock::Time animationLength{};
 
 } // namespace
 
@@ -32,18 +32,19 @@ void UIView::setCenter(CGPoint center) {
 }
 
 void UIView::setAlpha(double alpha) {
-    fade_ = animationSeconds > 0
-                ? Fade{presentationAlpha(), AnimationClock::current().now(), animationSeconds}
+    fade_ = animationLength > AnimationClock::Time::zero()
+                ? Fade{presentationAlpha(), AnimationClock::current().now(), animationLength}
                 : Fade{};
     alpha_ = alpha;
     changed();
 }
 
 double UIView::presentationAlpha() const {
-    if (fade_.seconds <= 0)
+    const auto passed = AnimationClock::current().now() - fade_.start;
+    if (passed >= fade_.length)
         return alpha_;
-    const double passed = (AnimationClock::current().now() - fade_.start) / fade_.seconds;
-    return fade_.from + (alpha_ - fade_.from) * std::clamp(passed, 0.0, 1.0);
+    const std::chrono::duration<double> seconds = std::max(passed, AnimationClock::Time::zero());
+    return std::lerp(fade_.from, alpha_, seconds / fade_.length);
 }
 
 void UIView::setHidden(bool hidden) {
@@ -75,10 +76,11 @@ bool UIView::endEditing(bool) {
 
 void UIView::animateWithDuration(double seconds, const std::function<void()>& animations,
                                  std::function<void(bool finished)> completion) {
-    const double outer = std::exchange(animationSeconds, seconds);
+    const auto length = AnimationClock::time(seconds);
+    const auto outer = std::exchange(animationLength, length);
     animations();
-    animationSeconds = outer;
-    AnimationClock::current().after(seconds, [completion = std::move(completion)] {
+    animationLength = outer;
+    AnimationClock::current().after(length, [completion = std::move(completion)] {
         if (completion)
             completion(true);
     });

@@ -2,6 +2,7 @@
 
 #include "platform/foundation/Geometry.h"
 #include "platform/foundation/Object.h"
+#include "platform/ui/AnimationClock.h"
 
 #include <functional>
 #include <memory>
@@ -68,8 +69,8 @@ protected:
 private:
     struct Fade {
         double from = 0;
-        double start = 0;
-        double seconds = 0;
+        AnimationClock::Time start{};
+        AnimationClock::Time length{};
     };
 
     CGRect frame_;

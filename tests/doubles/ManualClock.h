@@ -13,14 +13,14 @@ public:
     ManualClock() { setCurrent(this); }
     ~ManualClock() override { setCurrent(nullptr); }
 
-    double now() override { return now_; }
-    void after(double seconds, std::function<void()> action) override {
-        actions_.emplace(now_ + seconds, std::move(action));
+    Time now() override { return now_; }
+    void after(Time delay, std::function<void()> action) override {
+        actions_.emplace(now_ + delay, std::move(action));
     }
 
     /// Lets the time pass, running what falls due at its own moment.
     void step(double seconds) {
-        const double end = now_ + seconds;
+        const Time end = now_ + time(seconds);
         while (!actions_.empty() && actions_.begin()->first <= end) {
             auto due = actions_.extract(actions_.begin());
             now_ = due.key();
@@ -31,8 +31,8 @@ public:
     std::size_t waiting() const { return actions_.size(); }
 
 private:
-    double now_ = 0;
-    std::multimap<double, std::function<void()>> actions_;
+    Time now_{};
+    std::multimap<Time, std::function<void()>> actions_;
 };
 
 } // namespace doubles

@@ -63,10 +63,10 @@ TEST(DoorClock, EntersThroughTheDoorWhenTheTimeHasCome) {
     Door door([] {});
     DoorClock doorClock(clock, door);
     bool inside = false;
-    doorClock.after(1, [&] { inside = door.personIsInside(); });
+    doorClock.after(std::chrono::seconds(1), [&] { inside = door.personIsInside(); });
     clock.step(1);
     EXPECT_TRUE(inside);
-    EXPECT_EQ(doorClock.now(), 1);
+    EXPECT_EQ(doorClock.now(), std::chrono::seconds(1));
 }
 
 TEST(DoorClock, RunsNothingAnyMoreOnceItIsGone) {
@@ -75,7 +75,7 @@ TEST(DoorClock, RunsNothingAnyMoreOnceItIsGone) {
     bool ran = false;
     {
         DoorClock doorClock(clock, door);
-        doorClock.after(1, [&] { ran = true; });
+        doorClock.after(std::chrono::seconds(1), [&] { ran = true; });
     }
     clock.step(2);
     EXPECT_FALSE(ran);

@@ -69,6 +69,20 @@ TEST(UIView, FadesItsAlphaOverTheAnimation) {
     EXPECT_DOUBLE_EQ(view.presentationAlpha(), 0);
 }
 
+TEST(UIView, ShowsExactlyTheNewAlphaOnceAFadeHasEnded) {
+    for (const double from : {0.1, 0.3, 0.55, 0.7, 1.0 / 3})
+        for (const double to : {0.0, 0.9, 1.0}) {
+            doubles::ManualClock clock;
+            UIView view;
+            view.setAlpha(from);
+            UIView::animateWithDuration(0.4, [&] { view.setAlpha(to); });
+            clock.step(0.1);
+            clock.step(0.2);
+            clock.step(0.1);
+            EXPECT_EQ(view.presentationAlpha(), to) << "from " << from;
+        }
+}
+
 TEST(UIView, TurnsAFadeAroundFromWhereItStands) {
     doubles::ManualClock clock;
     UIView view;
