@@ -103,17 +103,12 @@ void ScriptCommands::set(const ScriptFields& fields, Json&) {
     fields.allowOnly({"row", "key", "section", "to"});
     shell::Page& page = *settings_.screen().page();
     const auto path = RowAddress(fields).find(page);
-    if (!page.isList()) {
-        const auto row = page.table()->show(path);
-        if (!row || !row->switchControl())
-            throw ScriptError("the row has no switch");
-        if (row->isOn() != fields.boolean("to"))
-            expectDone(settings_.page().flipTableSwitch(path));
-    } else if (page.row(path).kind == shell::RowKind::Slider) {
+    if (!page.isList())
+        expectDone(settings_.page().setTableSwitch(path, fields.boolean("to")));
+    else if (page.row(path).kind == shell::RowKind::Slider)
         expectDone(settings_.page().moveSlider(path, fields.number("to")));
-    } else {
+    else
         expectDone(settings_.page().setSwitch(path, fields.boolean("to")));
-    }
 }
 
 void ScriptCommands::type(const ScriptFields& fields, Json&) {

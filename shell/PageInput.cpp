@@ -135,7 +135,8 @@ void PageInput::endEditing() {
     });
 }
 
-Answer PageInput::flipTableSwitch(NSIndexPath path) {
+template <class Touch>
+Answer PageInput::onTableSwitch(NSIndexPath path, Touch touch) {
     return door_.enter([&] {
         endEditing();
         if (auto why = screen_.obstacle())
@@ -147,8 +148,19 @@ Answer PageInput::flipTableSwitch(NSIndexPath path) {
         const auto control = row->switchControl();
         if (!control)
             return Answer::refused("the row has no switch");
-        control->toggle();
+        touch(*control);
         return Answer::done();
+    });
+}
+
+Answer PageInput::flipTableSwitch(NSIndexPath path) {
+    return onTableSwitch(path, [](platform::UISwitch& control) { control.toggle(); });
+}
+
+Answer PageInput::setTableSwitch(NSIndexPath path, bool on) {
+    return onTableSwitch(path, [on](platform::UISwitch& control) {
+        if (control.isOn() != on)
+            control.toggle();
     });
 }
 

@@ -32,6 +32,7 @@ public:
 
     /// The switch of a row of the page's table.
     Answer flipTableSwitch(platform::NSIndexPath path);
+    Answer setTableSwitch(platform::NSIndexPath path, bool on);
 
     /// Begins to drag the list.
     Answer dragList();
@@ -46,6 +47,8 @@ private:
     void store(platform::NSIndexPath path, const platform::Value& value);
     void beginEditingNow(platform::NSIndexPath path);
     bool isEditing(platform::NSIndexPath path) const;
+    template <class Touch>
+    Answer onTableSwitch(platform::NSIndexPath path, Touch touch);
 
     Page& page() const { return *screen_.page(); }
 

@@ -144,6 +144,20 @@ TEST_F(ScriptSettings, SeesPartOfALongTable) {
     EXPECT_EQ(section["rows"][1]["on"], true);
 }
 
+TEST_F(ScriptSettings, SetsNoSwitchWhileThePageMovesNotEvenToWhatItIs) {
+    installFixtureBundle();
+    const std::string moving = R"({"do":"transitions","seconds":0.35}
+)";
+    for (const std::string set :
+         {R"({"do":"set","key":"row.3","to":false})", R"({"do":"set","key":"row.3","to":true})"})
+        EXPECT_EQ(error(lastAnswerTo(openFixture + moving + R"({"do":"tap","row":"Table"}
+)" + set)),
+                  "the page is still moving");
+    for (const std::string set :
+         {R"({"do":"set","key":"on","to":false})", R"({"do":"set","key":"on","to":true})"})
+        EXPECT_EQ(error(lastAnswerTo(moving + openFixture + set)), "the page is still moving");
+}
+
 TEST_F(ScriptSettings, TellsWhereRowsOfOneNameStand) {
     installFixtureBundle();
     EXPECT_EQ(error(lastAnswerTo(openFixture + R"({"do":"tap","row":"Grow"}

@@ -64,6 +64,25 @@ TEST_F(TableTest, FlipsTheSwitchOfARowThatIsShown) {
     EXPECT_FALSE(row->isOn());
 }
 
+TEST_F(TableTest, SetsTheSwitchOfARow) {
+    const auto row = page().table()->show({0, 3});
+    for (const bool on : {true, true, false, false}) {
+        EXPECT_TRUE(settings().page().setTableSwitch({0, 3}, on));
+        EXPECT_EQ(row->isOn(), on);
+    }
+    EXPECT_EQ(settings().page().setTableSwitch({0, 10'000}, true).why(), "there is no such row");
+}
+
+TEST_F(TableTest, SetsNoSwitchWhileThePageMovesNotEvenToWhatItIs) {
+    EXPECT_TRUE(settings().page().goBack());
+    settings().setTransitionSeconds(0.35);
+    tap("Table");
+    EXPECT_EQ(settings().page().setTableSwitch({0, 3}, false).why(), "the page is still moving");
+    EXPECT_EQ(settings().page().setTableSwitch({0, 3}, true).why(), "the page is still moving");
+    clock.step(0.35);
+    EXPECT_TRUE(settings().page().setTableSwitch({0, 3}, false));
+}
+
 TEST_F(TableTest, FlipsTheSwitchOfARowThatIsNotShown) {
     EXPECT_TRUE(settings().page().flipTableSwitch({0, 9'000}));
     EXPECT_TRUE(page().table()->show({0, 9'000})->isOn());
