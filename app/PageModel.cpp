@@ -31,7 +31,7 @@ PageModel::PageModel(std::shared_ptr<shell::Page> page, QString backTitle,
 }
 
 QString PageModel::title() const {
-    return shownText(page_->title());
+    return shownName(page_->title());
 }
 
 bool PageModel::hasAddButton() const {

@@ -16,7 +16,7 @@ RowEntry entryFor(const shell::Row& row) {
     RowEntry entry;
     entry.entry = QStringLiteral("row");
     entry.kind = toQt(shell::name(row.kind));
-    entry.label = shownText(row.label);
+    entry.label = shownName(row.label);
     entry.value = shownText(row.text);
     entry.cut = isCut(row.text);
     entry.key = toQt(row.key);

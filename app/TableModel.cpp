@@ -65,7 +65,7 @@ TableEntry TableModel::entry(int row) const {
     const auto shownRow = shown(path);
     if (!shownRow)
         return entry;
-    entry.title = shownText(shownRow->title());
+    entry.title = shownName(shownRow->title());
     entry.key = toQt(shownRow->key());
     entry.icon = PictureSource::urlFor(shownRow->icon());
     entry.on = shownRow->isOn();

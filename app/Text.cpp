@@ -20,6 +20,16 @@ QString shownText(std::string_view text, qsizetype longest) {
     return all + QChar(0x2026);
 }
 
+QString shownName(std::string_view name) {
+    QString shown = shownText(name);
+    shown.replace(QLatin1String("\r\n"), QLatin1String(" "));
+    for (QChar& letter : shown)
+        if ((letter >= QChar('\n') && letter <= QChar('\r')) || letter == QChar(0x85) ||
+            letter == QChar::LineSeparator || letter == QChar::ParagraphSeparator)
+            letter = QChar(' ');
+    return shown;
+}
+
 bool isCut(std::string_view text, qsizetype longest) {
     return beginning(text, longest).size() > longest;
 }

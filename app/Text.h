@@ -18,6 +18,8 @@ constexpr qsizetype longestPage = 100'000;
 
 /// A text to be looked at: too long a one is its beginning and "…". What is stored is never made of it.
 QString shownText(std::string_view text, qsizetype longest = longestLine);
+/// A name to be looked at, in one line: each line end in it is a blank.
+QString shownName(std::string_view name);
 /// Whether it is only the beginning that is shown.
 bool isCut(std::string_view text, qsizetype longest = longestLine);
 

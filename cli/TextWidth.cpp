@@ -48,6 +48,11 @@ bool isControl(char32_t character) {
            (character >= 0x2066 && character <= 0x2069);
 }
 
+bool isLineEnd(char32_t character) {
+    return (character >= '\n' && character <= '\r') || character == 0x85 || character == 0x2028 ||
+           character == 0x2029;
+}
+
 void appendHex(std::string& text, std::uint32_t number, int digits) {
     constexpr std::string_view hexDigits = "0123456789abcdef";
     for (int shift = 4 * (digits - 1); shift >= 0; shift -= 4)
@@ -121,8 +126,10 @@ std::string printable(std::string_view text) {
     constexpr char32_t replacement = 0xFFFD;
     std::string clean;
     for (std::size_t position = 0; position < text.size();) {
+        if (text.substr(position).starts_with("\r\n"))
+            ++position;
         const auto decoded = platform::decodeUtf8(text, position);
-        const bool blank = text[position] == '\n' || text[position] == '\t';
+        const bool blank = decoded.length > 0 && (isLineEnd(decoded.character) || text[position] == '\t');
         const bool shown = decoded.length > 0 && !isControl(decoded.character);
         platform::appendUtf8(blank ? U' ' : shown ? decoded.character : replacement, clean);
         position += std::max<std::size_t>(decoded.length, 1);

@@ -14,8 +14,8 @@ namespace wardlock::cli {
 std::size_t columnsOf(char32_t character);
 std::size_t columnsOf(std::string_view text);
 
-/// The text as one line that a terminal only shows: control characters and bytes that are no UTF-8 become
-/// U+FFFD, line feeds and tabs blanks.
+/// The text as one line that a terminal only shows: line ends and tabs become blanks, other control
+/// characters and bytes that are not UTF-8 U+FFFD.
 std::string printable(std::string_view text);
 
 /// The text with nothing left out, and nothing in it that a terminal would obey: control characters become

@@ -32,6 +32,18 @@ TEST_F(WindowLongText, InAnAccountsNameIsCutInItsRow) {
     EXPECT_TRUE(scene().shows("row:Ben"));
 }
 
+TEST_F(WindowLongText, ThatEndsLinesIsOneLineInRowsAndTitles) {
+    setAccounts({"An\r\nna\u2028B\u2029C\nD"});
+    openWardlock();
+    const QString drawn = QStringLiteral("row:An na B C D");
+    EXPECT_EQ(scene().item(drawn)->height(), 44);
+    scene().tap(drawn);
+    scene().item("switch:Enabled");
+    EXPECT_EQ(scene().text("title"), "An na B C D");
+    scene().tap("switch:Enabled");
+    EXPECT_EQ(account(0, kAccountName).string(), "An\r\nna\u2028B\u2029C\nD") << "only the drawing differs";
+}
+
 TEST_F(WindowLongText, InAnAccountsNameIsCutOnItsPageAndStays) {
     openItsAccount();
     EXPECT_EQ(scene().text("title"), app::shownText(megabytes).toStdString());

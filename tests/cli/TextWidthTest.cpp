@@ -16,6 +16,8 @@ TEST(TextWidth, CountsColumnsAndNotBytes) {
 TEST(TextWidth, MakesTextHarmlessForATerminal) {
     EXPECT_EQ(printable("a\x1B[31mb"), "a\uFFFD[31mb");
     EXPECT_EQ(printable("a\nb\tc"), "a b c");
+    EXPECT_EQ(printable("a\r\nb\rc\vd\fe"), "a b c d e");
+    EXPECT_EQ(printable("a\u0085b\u2028c\u2029d"), "a b c d");
     EXPECT_EQ(printable("a\xFF"), "a\uFFFD");
     EXPECT_EQ(printable("a\u009Bb"), "a\uFFFDb") << "a control sequence in one character";
     EXPECT_EQ(printable("a\u202Eb"), "a\uFFFDb") << "writing order is not for a name to change";
