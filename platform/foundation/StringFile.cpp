@@ -7,6 +7,7 @@ namespace platform {
 namespace {
 
 constexpr std::size_t LargestText = 16u << 20;
+constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 
 } // namespace
 
@@ -15,6 +16,8 @@ std::optional<std::string> stringWithContentsOfFile(std::string_view path) {
     const std::error_code error = FileSystem::current().readFile(std::string(path), LargestText, text);
     if (error || !isValidUtf8(text))
         return std::nullopt;
+    if (text.starts_with(ByteOrderMark))
+        text.erase(0, ByteOrderMark.size());
     return text;
 }
 

@@ -20,6 +20,18 @@ TEST_F(StringFile, IsItsWholeTextUnchanged) {
     EXPECT_EQ(reading(""), "");
 }
 
+TEST_F(StringFile, IsWithoutTheByteOrderMarkAtItsBeginning) {
+    EXPECT_EQ(reading("\xEF\xBB\xBF"
+                      "Version 1"),
+              "Version 1");
+    EXPECT_EQ(reading("1\xEF\xBB\xBF"
+                      "2"),
+              "1\xEF\xBB\xBF"
+              "2")
+        << "elsewhere it is a character of the text";
+    EXPECT_EQ(reading("\xEF\xBB\xBF"), "");
+}
+
 TEST_F(StringFile, OfOtherBytesThanUtf8IsNone) {
     EXPECT_EQ(reading("Gr\xf6\xdf"), std::nullopt);
 }
