@@ -2,6 +2,7 @@
 
 #include "platform/ui/AnimationClock.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace platform {
@@ -37,6 +38,21 @@ std::shared_ptr<UIViewController> UINavigationController::popViewControllerAnima
     from->navigationController_.reset();
     run(from, stack_.back(), animated);
     return from;
+}
+
+std::vector<std::shared_ptr<UIViewController>>
+UINavigationController::popToViewController(const UIViewController& controller, bool animated) {
+    finishTransition();
+    const auto isIt = [&controller](const auto& page) { return page.get() == &controller; };
+    const auto found = std::ranges::find_if(stack_, isIt);
+    if (found == stack_.end() || found + 1 == stack_.end())
+        return {};
+    std::vector<std::shared_ptr<UIViewController>> above(found + 1, stack_.end());
+    stack_.erase(found + 1, stack_.end());
+    for (const auto& page : above)
+        page->navigationController_.reset();
+    run(above.back(), stack_.back(), animated);
+    return above;
 }
 
 void UINavigationController::finishTransition() {

@@ -22,6 +22,12 @@ public:
     /// The page taken off, or null when only the root is left. The page lives until the transition has ended.
     std::shared_ptr<UIViewController> popViewControllerAnimated(bool animated);
 
+    /// Takes off every page above `controller` in one pop, of which only the topmost and `controller` are
+    /// told. Returns the pages taken off; nothing happens, and none are returned, when `controller` is not on
+    /// the stack or is on top.
+    std::vector<std::shared_ptr<UIViewController>> popToViewController(const UIViewController& controller,
+                                                                       bool animated);
+
     /// Whether a push or pop is being shown.
     bool isInTransition() const { return transition_ != nullptr; }
     /// Ends the running transition now.

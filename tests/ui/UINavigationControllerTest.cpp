@@ -101,5 +101,28 @@ TEST_F(Navigation, TakesAPoppedPageOffTheStack) {
     EXPECT_EQ(next->navigationController(), nullptr);
 }
 
+TEST_F(Navigation, PopsAllPagesAboveOneAtOnceAndTellsOnlyTheFirstAndTheLast) {
+    const auto below = page("below");
+    const auto between = page("between");
+    const auto top = page("top");
+    for (const auto& pushed : {below, between, top})
+        stack->pushViewController(pushed, false);
+    log.clear();
+    EXPECT_EQ(stack->popToViewController(*below, true),
+              (std::vector<std::shared_ptr<UIViewController>>{between, top}));
+    EXPECT_EQ(log,
+              (Log{"top will disappear~", "below will appear~", "top did disappear~", "below did appear~"}));
+    EXPECT_EQ(stack->topViewController(), below);
+    EXPECT_EQ(between->navigationController(), nullptr);
+    EXPECT_EQ(top->navigationController(), nullptr);
+}
+
+TEST_F(Navigation, PopsNothingAboveAPageThatIsOnTopOrOnNoStack) {
+    log.clear();
+    EXPECT_TRUE(stack->popToViewController(*root, true).empty());
+    EXPECT_TRUE(stack->popToViewController(*page("other"), true).empty());
+    EXPECT_EQ(log, Log());
+}
+
 } // namespace
 } // namespace platform
