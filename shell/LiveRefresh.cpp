@@ -15,8 +15,8 @@ std::uintptr_t registration = 0;
 
 } // namespace
 
-LiveRefresh::LiveRefresh(Screen& screen, ScreenChanges& changes, Door& door)
-    : screen_(screen), changes_(changes), door_(door) {
+LiveRefresh::LiveRefresh(Screen& screen, ScreenChanges& changes, ShownAccount& account, Door& door)
+    : screen_(screen), changes_(changes), account_(account), door_(door) {
     current = this;
     ++registration;
     // The observer is told apart, never followed. NOLINTNEXTLINE(performance-no-int-to-ptr)
@@ -43,7 +43,7 @@ void LiveRefresh::heard(const platform::Dictionary* userInfo) {
     }
     changes_.announced(announcement);
     if (announcement.own)
-        return;
+        return account_.acceptOwnChange();
     needed_ = true;
     if (!door_.isInside())
         refreshIfNeeded();
@@ -54,14 +54,16 @@ void LiveRefresh::refreshIfNeeded() {
         return;
     needed_ = false;
     door_.enterFromLoop([&] {
+        const bool left = account_.leaveIfGone();
         const auto& pages = screen_.pages();
         for (std::size_t i = 1; i < pages.size(); ++i) {
             if (i == 1 && pages[i]->isList())
                 pages[i]->rebuild();
-            else if (pages[i]->isList())
+            else if (!left && pages[i]->isList())
                 for (const auto path : pages[i]->refreshValues())
                     changes_.row(pages[i], path);
         }
+        account_.follow();
     });
 }
 

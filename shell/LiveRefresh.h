@@ -3,17 +3,18 @@
 #include "platform/foundation/CFNotificationCenter.h"
 #include "shell/Screen.h"
 #include "shell/ScreenChanges.h"
+#include "shell/ShownAccount.h"
 
 namespace wardlock::shell {
 
 /// Keeps the screen fresh while other processes change the settings: observes the change notification, and
-/// when it did not come from a page of this process builds a bundle's first page anew and reads the rows of
-/// the other list pages again. Nobody asked for that, so what a page throws is dropped and what was shown
-/// before stays. A table's rows never move. Main thread only; one at a time, since the centre keeps its
-/// observers for the life of the process.
+/// when it did not come from a page of this process leaves the pages of an account that is gone, builds a
+/// bundle's first page anew and reads the rows of the other list pages again. Nobody asked for that, so what
+/// a page throws is dropped and what was shown before stays. A table's rows never move. Main thread only; one
+/// at a time, since the centre keeps its observers for the life of the process.
 class LiveRefresh {
 public:
-    LiveRefresh(Screen& screen, ScreenChanges& changes, Door& door);
+    LiveRefresh(Screen& screen, ScreenChanges& changes, ShownAccount& account, Door& door);
     ~LiveRefresh();
     LiveRefresh(const LiveRefresh&) = delete;
     LiveRefresh& operator=(const LiveRefresh&) = delete;
@@ -28,6 +29,7 @@ private:
 
     Screen& screen_;
     ScreenChanges& changes_;
+    ShownAccount& account_;
     Door& door_;
     bool needed_ = false;
 };

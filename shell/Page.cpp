@@ -81,11 +81,9 @@ bool Page::has(NSIndexPath path) {
 Row Page::row(NSIndexPath path) {
     return door_.enter([&] {
         const auto specifier = list_->sections().at(path);
-        auto shown = shown_.find(specifier);
-        if (shown == shown_.end())
-            shown = shown_.emplace(specifier, read(specifier, path)).first;
-        Row row = rowFor(*specifier, shown->second.value);
-        row.marked = shown->second.marked;
+        const Shown& now = shown(specifier, path);
+        Row row = rowFor(*specifier, now.value);
+        row.marked = now.marked;
         if (edit_ && edit_->specifier == specifier) {
             row.editing = true;
             row.text = shownText(row.kind, edit_->text);
@@ -101,6 +99,12 @@ Page::Shown Page::read(const std::shared_ptr<PSSpecifier>& specifier, NSIndexPat
     if (auto* items = dynamic_cast<platform::PSListItemsController*>(list_))
         shown.marked = items->isChosen(path);
     return shown;
+}
+
+const Page::Shown& Page::shown(const std::shared_ptr<PSSpecifier>& specifier, NSIndexPath path) {
+    const auto known = shown_.find(specifier);
+    return known == shown_.end() ? shown_.emplace(specifier, read(specifier, path)).first->second
+                                 : known->second;
 }
 
 std::vector<std::shared_ptr<UIView>> Page::content() {
@@ -153,12 +157,32 @@ void Page::show(const std::shared_ptr<PSSpecifier>& specifier, std::optional<pla
     shown_[specifier].value = std::move(value);
 }
 
+void Page::readRows() {
+    door_.enter([&] {
+        // What is read may build the list anew; its rows are then read when they are asked for.
+        std::vector<platform::PSListSections::Section> sections;
+        if (isList())
+            sections = list_->sections().sections();
+        for (std::size_t section = 0; section < sections.size(); ++section)
+            for (std::size_t row = 0; row < sections[section].rows.size(); ++row)
+                shown(sections[section].rows[row], {section, row});
+        read_ = true;
+    });
+}
+
+void Page::forgetValues() {
+    shown_.clear();
+    read_ = false;
+}
+
 void Page::forgetValue(const PSSpecifier& specifier) {
+    read_ = false;
     std::erase_if(shown_, [&](const auto& entry) { return entry.first.get() == &specifier; });
 }
 
 void Page::listWasReloaded() {
-    shown_.clear();
+    ++builds_;
+    forgetValues();
     if (!edit_ || !list_)
         return;
     for (const auto& specifier : list_->specifiers())
@@ -215,6 +239,7 @@ void Page::rebuild() {
             for (const auto& [earlier, shown] : before)
                 if (earlier->identifier() == specifier->identifier())
                     shown_[specifier] = shown;
+    read_ = true;
 }
 
 } // namespace wardlock::shell

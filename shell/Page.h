@@ -16,8 +16,8 @@
 namespace wardlock::shell {
 
 /// One page of the stack as a person sees it. A list page shows sections of rows, whose values are read
-/// through their get actions when they are first asked for and kept until the page says that they changed;
-/// any other page shows the views that stand in content(). Reading never throws: what a page throws ends the
+/// through their get actions when the page comes on top and kept until the page says that they changed; any
+/// other page shows the views that stand in content(). Reading never throws: what a page throws ends the
 /// process. Lives as long as a face holds it; the controller then lives with it. Main thread only.
 class Page {
 public:
@@ -78,16 +78,22 @@ public:
 
     /// What the row's control shows from now on, without reading it again.
     void show(const std::shared_ptr<platform::PSSpecifier>& specifier, std::optional<platform::Value> value);
-    /// Rows are read again when they are next asked for.
+    /// Whether every row of a list has been read since it was built or forgotten.
+    bool isRead() const { return read_; }
+    /// Reads the rows that have not been read yet.
+    void readRows();
+    /// Rows are read again by readRows(), or when they are next asked for.
     void forgetValue(const platform::PSSpecifier& specifier);
-    void forgetValues() { shown_.clear(); }
+    void forgetValues();
     /// The list was built anew; an edit goes on in the new row of its key.
     void listWasReloaded();
+    /// How often it was.
+    std::size_t builds() const { return builds_; }
     /// Reads the rows again that are being shown, an edited one aside; answers those that look different.
     /// A row whose page throws keeps its value.
     std::vector<platform::NSIndexPath> refreshValues();
     /// Builds the list anew and reads the values of its rows. A list that throws stays as it was, and so does
-    /// the value of a row.
+    /// the value of a row; a new row has none then.
     void rebuild();
 
 private:
@@ -100,6 +106,7 @@ private:
     };
 
     Shown read(const std::shared_ptr<platform::PSSpecifier>& specifier, platform::NSIndexPath path);
+    const Shown& shown(const std::shared_ptr<platform::PSSpecifier>& specifier, platform::NSIndexPath path);
     /// Where the row stands when it looks different now.
     std::optional<platform::NSIndexPath>
     refreshValue(const std::shared_ptr<platform::PSSpecifier>& specifier);
@@ -108,6 +115,8 @@ private:
     platform::PSListController* list_;
     Door& door_;
     std::map<std::shared_ptr<platform::PSSpecifier>, Shown> shown_;
+    bool read_ = false;
+    std::size_t builds_ = 0;
     std::optional<TextEdit> edit_;
     std::shared_ptr<Table> table_;
 };

@@ -3,6 +3,7 @@
 #include "platform/ui/UIWebView.h"
 #include "shell/OneLine.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace wardlock::shell {
@@ -10,8 +11,14 @@ namespace wardlock::shell {
 using platform::NSIndexPath;
 using platform::Value;
 
+std::optional<std::string> PageInput::obstacle() {
+    if (account_.leaveIfGone())
+        return "the page is gone";
+    return screen_.obstacle();
+}
+
 std::optional<std::string> PageInput::obstacleToRow(NSIndexPath path) {
-    if (auto why = screen_.obstacle())
+    if (auto why = obstacle())
         return why;
     if (!page().isList() || !page().has(path))
         return "there is no such row";
@@ -117,8 +124,14 @@ Answer PageInput::typeText(std::string text) {
     });
 }
 
+bool PageInput::isAnybodyTyping() const {
+    return std::ranges::any_of(screen_.pages(), [](const auto& page) { return page->edit() != nullptr; });
+}
+
 void PageInput::endEditing() {
     door_.enter([&] {
+        if (!isAnybodyTyping() || account_.leaveIfGone())
+            return;
         for (const auto& page : screen_.pages()) {
             const auto edit = page->takeEdit();
             if (!edit)
@@ -139,7 +152,7 @@ template <class Touch>
 Answer PageInput::onTableSwitch(NSIndexPath path, Touch touch) {
     return door_.enter([&] {
         endEditing();
-        if (auto why = screen_.obstacle())
+        if (auto why = obstacle())
             return Answer::refused(*why);
         const auto table = page().table();
         const auto row = table ? table->show(path) : nullptr;
@@ -166,7 +179,7 @@ Answer PageInput::setTableSwitch(NSIndexPath path, bool on) {
 
 Answer PageInput::dragList() {
     return door_.enter([&] {
-        if (auto why = screen_.obstacle())
+        if (auto why = obstacle())
             return Answer::refused(*why);
         if (!page().isList())
             return Answer::refused("the page is no list");
@@ -178,7 +191,7 @@ Answer PageInput::dragList() {
 Answer PageInput::tapBarButton() {
     return door_.enter([&] {
         endEditing();
-        if (auto why = screen_.obstacle())
+        if (auto why = obstacle())
             return Answer::refused(*why);
         const auto button = page().barButton();
         if (!button)

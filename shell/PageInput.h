@@ -3,6 +3,7 @@
 #include "shell/Answer.h"
 #include "shell/Screen.h"
 #include "shell/ScreenChanges.h"
+#include "shell/ShownAccount.h"
 
 #include <string>
 #include <string_view>
@@ -10,13 +11,13 @@
 namespace wardlock::shell {
 
 /// What a person can do with the page. Each call answers why not when a person could not: something covers
-/// the page, the row is disabled or of another kind. Whatever a person does elsewhere first ends the typing
-/// in a text row, and so stores what was typed. Nothing is thrown: an exception of a page ends the process.
-/// Main thread only.
+/// the page, the row is disabled or of another kind, the account that the page shows is gone. Whatever a
+/// person does elsewhere first ends the typing in a text row, and so stores what was typed. Nothing is
+/// thrown: an exception of a page ends the process. Main thread only.
 class PageInput {
 public:
-    PageInput(Screen& screen, ScreenChanges& changes, Door& door)
-        : screen_(screen), changes_(changes), door_(door) {}
+    PageInput(Screen& screen, ScreenChanges& changes, ShownAccount& account, Door& door)
+        : screen_(screen), changes_(changes), account_(account), door_(door) {}
 
     /// Flips a switch, begins the typing in a text row, and selects any other row.
     Answer tapRow(platform::NSIndexPath path);
@@ -27,7 +28,7 @@ public:
     Answer beginEditing(platform::NSIndexPath path);
     /// The whole text as it stands in the row now, taken as one line.
     Answer typeText(std::string text);
-    /// Return, loss of focus: stores what was typed. Nothing where nobody types.
+    /// Return, loss of focus: stores what was typed, unless its account is gone. Nothing where nobody types.
     void endEditing();
 
     /// The switch of a row of the page's table.
@@ -43,6 +44,8 @@ public:
     Answer followLink(std::string_view url);
 
 private:
+    /// Also goes back where the page's account is gone.
+    std::optional<std::string> obstacle();
     std::optional<std::string> obstacleToRow(platform::NSIndexPath path);
     void store(platform::NSIndexPath path, const platform::Value& value);
     void beginEditingNow(platform::NSIndexPath path);
@@ -50,10 +53,13 @@ private:
     template <class Touch>
     Answer onTableSwitch(platform::NSIndexPath path, Touch touch);
 
+    bool isAnybodyTyping() const;
+
     Page& page() const { return *screen_.page(); }
 
     Screen& screen_;
     ScreenChanges& changes_;
+    ShownAccount& account_;
     Door& door_;
 };
 

@@ -34,8 +34,8 @@ public:
     std::shared_ptr<platform::MFMailComposeViewController> composer() const;
     std::optional<Overlay> overlay() const;
 
-    /// A sentence of the application itself, to be told until it is dismissed: what became of a mail. Empty
-    /// for none.
+    /// A sentence of the application itself, shown until it is dismissed: what became of a mail, or of the
+    /// account that was shown. Empty for none.
     const std::string& notice() const { return notice_; }
     void setNotice(std::string notice) { notice_ = std::move(notice); }
 

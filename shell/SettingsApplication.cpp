@@ -17,8 +17,8 @@ SettingsApplication::SettingsApplication(platform::AnimationClock& clock, double
     : door_([this] { settle(); }), clock_(clock, door_),
       screen_(std::make_shared<BundleListController>(), door_),
       changes_(screen_.stack(), [this](platform::UIView& view) { endEditingIn(view); }),
-      pageInput_(screen_, changes_, door_), sheetInput_(screen_, door_),
-      liveRefresh_(screen_, changes_, door_) {
+      account_(screen_, changes_), pageInput_(screen_, changes_, account_, door_),
+      sheetInput_(screen_, account_, door_), liveRefresh_(screen_, changes_, account_, door_) {
     platform::setDiagnosticsKeeper(&appendToLog);
     platform::AnimationClock::setCurrent(&clock_);
     platform::DisplayObserver::setCurrent(&changes_);
@@ -92,7 +92,20 @@ void SettingsApplication::settle() {
         changes_.pages(screen_.isInTransition());
     if (std::exchange(inTransition_, screen_.isInTransition()) && !inTransition_)
         changes_.transitionEnded();
+    readTopPage();
     changes_.deliver();
+}
+
+/// A page has its values from the moment it comes on top, whether a face looks at them or not: a switch flips
+/// what stood on it then, and an account that disappears leaves something to be seen.
+void SettingsApplication::readTopPage() {
+    if (closed_ || screen_.page()->isRead())
+        return;
+    door_.enter([&] {
+        account_.follow();
+        if (!account_.leaveIfGone())
+            screen_.page()->readRows();
+    });
 }
 
 void SettingsApplication::watchMail() {

@@ -6,6 +6,7 @@
 #include "shell/Screen.h"
 #include "shell/ScreenChanges.h"
 #include "shell/SheetInput.h"
+#include "shell/ShownAccount.h"
 
 #include <memory>
 
@@ -53,6 +54,7 @@ public:
 
 private:
     void settle();
+    void readTopPage();
     void endEditingIn(platform::UIView& view);
     void watchMail();
     void dismissSheets();
@@ -61,6 +63,7 @@ private:
     DoorClock clock_;
     Screen screen_;
     ScreenChanges changes_;
+    ShownAccount account_;
     PageInput pageInput_;
     SheetInput sheetInput_;
     LiveRefresh liveRefresh_;

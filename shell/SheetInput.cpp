@@ -91,6 +91,8 @@ Answer SheetInput::chooseAlertAction(std::size_t action) {
         const auto chosen = alert.actions()[action];
         if (!chosen->isEnabled())
             return Answer::refused("the button is disabled");
+        if (account_.leaveIfGone())
+            return Answer::refused("the page is gone");
         alert.choose(chosen);
         return Answer::done();
     });

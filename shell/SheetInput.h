@@ -2,6 +2,7 @@
 
 #include "shell/Answer.h"
 #include "shell/Screen.h"
+#include "shell/ShownAccount.h"
 
 #include <cstddef>
 #include <string>
@@ -14,7 +15,8 @@ namespace wardlock::shell {
 /// thread only.
 class SheetInput {
 public:
-    SheetInput(Screen& screen, Door& door) : screen_(screen), door_(door) {}
+    SheetInput(Screen& screen, ShownAccount& account, Door& door)
+        : screen_(screen), account_(account), door_(door) {}
 
     /// 0 to 9.
     Answer pressDigit(int digit);
@@ -45,6 +47,7 @@ private:
     Answer onComposer(Do act);
 
     Screen& screen_;
+    ShownAccount& account_;
     Door& door_;
 };
 

@@ -37,6 +37,32 @@ TEST_F(WindowLiveRefresh, LeavesATextThatIsBeingTyped) {
     EXPECT_EQ(accountNames(), (std::vector<std::string>{"DefaultX"}));
 }
 
+TEST_F(WindowLiveRefresh, GoesBackFromAnAccountThatAnotherProcessRemoved) {
+    setAccounts({"Anna", "Ben"});
+    openWardlock();
+    scene().tap("row:Ben");
+    scene().item("switch:Editing");
+    setAccounts({"Anna"});
+    announce();
+    EXPECT_TRUE(until([&] { return scene().shows("row:Anna"); }));
+    EXPECT_TRUE(scene().showsText("Another program removed the account \"Ben\"."));
+    scene().tap("notice:ok");
+    scene().expectGone("notice");
+}
+
+TEST_F(WindowLiveRefresh, GoesBackWhenATapFindsTheAccountRemoved) {
+    setAccounts({"Anna", "Ben"});
+    openWardlock();
+    scene().tap("row:Ben");
+    scene().item("switch:Editing");
+    setAccounts({"Anna"});
+    const auto before = document();
+    scene().tap("switch:Editing");
+    EXPECT_TRUE(until([&] { return scene().shows("row:Anna"); }));
+    EXPECT_TRUE(scene().showsText("Another program removed the account \"Ben\"."));
+    EXPECT_EQ(document(), before);
+}
+
 TEST_F(WindowLiveRefresh, KeepsTheListWhereItIsScrolledTo) {
     openAccount();
     auto* list = scene().item("list");

@@ -89,24 +89,26 @@ TEST_F(InSettings, CountsAmongItsRowsWhatIsNoAccount) {
     EXPECT_TRUE(stored(2, kRestrictSiri));
 }
 
-TEST_F(InSettings, ShowsAndEditsTheAccountThatHasTakenThePlaceOfItsOwn) {
+TEST_F(InSettings, LeavesAnAccountWhosePlaceAnotherHasTaken) {
     open({"Ann", "Ben", "Cleo"});
     tap("Ben");
     changeElsewhere(documentOf({"Ben", "Cleo"}));
-    EXPECT_EQ(row("Account Name").text, "Cleo");
-    EXPECT_EQ(page().title(), "Ben") << "the row that led here said so";
+    EXPECT_EQ(page().title(), "Wardlock");
+    EXPECT_NE(settings().screen().notice(), "");
+    tap("Ben");
     tap("Siri");
-    EXPECT_FALSE(stored(0, kRestrictSiri));
-    EXPECT_TRUE(stored(1, kRestrictSiri));
+    EXPECT_TRUE(stored(0, kRestrictSiri));
+    EXPECT_FALSE(stored(1, kRestrictSiri));
 }
 
-TEST_F(InSettings, EndsOnASwitchOfAnAccountThatIsGoneAndWritesNothing) {
+TEST_F(InSettings, WritesNothingOnASwitchOfAnAccountThatIsGone) {
     open({"Ann", "Ben"});
     tap("Ben");
-    changeElsewhere(documentOf({"Ann"}));
+    writeDocument(documentOf({"Ann"}));
     const std::string before = readFile(documentPath);
-    EXPECT_EXIT((void)settings().page().tapRow(pathOf("Siri")), testing::KilledBySignal(SIGABRT), "");
+    EXPECT_FALSE(settings().page().tapRow(pathOf("Siri")));
     EXPECT_EQ(readFile(documentPath), before);
+    EXPECT_EQ(page().title(), "Wardlock");
 }
 
 TEST_F(InSettings, EnablesOneAccountAtATime) {

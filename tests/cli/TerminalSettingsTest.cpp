@@ -235,6 +235,13 @@ TEST_F(TerminalSettings, ShowsHarmlesslyWhatANameHolds) {
     EXPECT_EQ(terminal.waitFor(question).find('\x1B'), std::string::npos);
 }
 
+TEST_F(TerminalSettings, ShowsLineEndsInANameAsBlanks) {
+    writeFile(documentPath, xml("<dict><key>kAccounts</key><array><dict><key>kAccountName</key>"
+                                "<string>An&#x2028;na&#xA;B</string></dict></array></dict>"));
+    TerminalProcess terminal(command, words());
+    EXPECT_NE(terminal.waitFor(question).find("  3  An na B"), std::string::npos);
+}
+
 TEST_F(TerminalSettings, FitsTheWidthOfTheTerminal) {
     TerminalProcess terminal(command, words(), {40, 24});
     const std::string page = terminal.waitFor(question);
@@ -251,6 +258,17 @@ TEST_F(TerminalSettings, ShowsAnotherProcesssChange) {
                                 "<string>Elsewhere</string></dict></array></dict>"));
     EXPECT_EQ(wardlockCommand({"announce", "kAccounts"}).exitCode, 0);
     EXPECT_NE(terminal.waitFor(question).find("  3  Elsewhere"), std::string::npos);
+}
+
+TEST_F(TerminalSettings, GoesBackFromAnAccountThatAnotherProcessRemoved) {
+    TerminalProcess terminal(command, words());
+    terminal.waitFor(question);
+    terminal.type("3\n");
+    terminal.waitFor(question);
+    writeFile(documentPath, xml("<dict><key>kAccounts</key><array/></dict>"));
+    EXPECT_EQ(wardlockCommand({"announce", "kAccounts"}).exitCode, 0);
+    terminal.waitFor("Another program removed the account \"Default\".");
+    EXPECT_NE(terminal.waitFor(question).find("‹ Settings   Wardlock"), std::string::npos);
 }
 
 TEST_F(TerminalSettings, ColoursOnlyWhereTheyAreWanted) {

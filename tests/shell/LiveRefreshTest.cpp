@@ -83,16 +83,27 @@ TEST_F(LiveRefreshTest, DoesNotStealTextBeingTyped) {
 }
 
 TEST_F(LiveRefreshTest, KeepsOldValuesWhereReadingThrows) {
+    installFixtureBundle();
+    writeFixture("flavour", "v");
     start();
-    writeDocument(documentOf({"Ann", "Tom"}));
-    tap("Wardlock");
-    tap("Tom");
-    EXPECT_TRUE(row("Control Center").isOn());
-    EXPECT_EQ(row("Account Name").text, "Tom");
-    // The account that is open is gone: its index lies beyond the end.
-    changeElsewhere(documentOf({"Ann"}));
-    EXPECT_TRUE(row("Control Center").isOn());
-    EXPECT_EQ(row("Account Name").text, "Tom");
+    tap("Fixture");
+    tap("Flavour");
+    EXPECT_TRUE(row("Vanilla").marked);
+    writeFixture("flavour", platform::Dictionary());
+    announce();
+    EXPECT_TRUE(row("Vanilla").marked);
+    EXPECT_FALSE(row("Chocolate").marked);
+}
+
+TEST_F(LiveRefreshTest, KeepsOldValuesThatNobodyHasLookedAt) {
+    installFixtureBundle();
+    writeFixture("flavour", "v");
+    start();
+    tap("Fixture");
+    tap("Flavour");
+    writeFixture("flavour", platform::Dictionary());
+    announce();
+    EXPECT_TRUE(row("Vanilla").marked);
 }
 
 TEST_F(LiveRefreshTest, KeepsTheRowsOfAFirstPageWhoseValuesCannotBeRead) {
