@@ -233,12 +233,15 @@ void Page::rebuild() {
         shown_ = before;
         return;
     }
-    for (const auto& specifier : rows)
-        if (specifier->getAction() &&
-            !door_.tryEnter([&] { shown_[specifier].value = specifier->performGetter(); }))
-            for (const auto& [earlier, shown] : before)
-                if (earlier->identifier() == specifier->identifier())
-                    shown_[specifier] = shown;
+    for (const auto& specifier : rows) {
+        if (!specifier->getAction() ||
+            door_.tryEnter([&] { shown_[specifier].value = specifier->performGetter(); }))
+            continue;
+        Shown& kept = shown_[specifier];
+        for (const auto& [earlier, shown] : before)
+            if (earlier->identifier() == specifier->identifier())
+                kept = shown;
+    }
     read_ = true;
 }
 
