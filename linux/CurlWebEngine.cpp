@@ -1,17 +1,21 @@
 #include "linux/CurlWebEngine.h"
 
-#include "linux/TextEncoding.h"
+#include "linux/PageEncoding.h"
 #include "platform/foundation/NSOperationQueue.h"
+
+#include <algorithm>
+#include <cctype>
+#include <optional>
 
 namespace platform {
 namespace {
 
-PageText readable(const FetchedPage& page) {
-    if (!page.error.empty())
-        return {};
-    const std::string_view type = page.contentType;
+/// Nothing for a page that is too complex to be read.
+std::optional<PageText> readable(const FetchedPage& page) {
+    std::string type = page.contentType;
+    std::ranges::transform(type, type.begin(), [](unsigned char c) { return std::tolower(c); });
     if (type.starts_with("text/plain"))
-        return plainText(decodedPage(page.bytes, type));
+        return plainText(decodedText(page.bytes, type));
     const bool isPage = type.empty() || type.starts_with("text/") || type.find("html") != type.npos;
     return isPage ? htmlText(decodedPage(page.bytes, type), page.url) : PageText();
 }
@@ -53,8 +57,11 @@ void CurlWebEngine::begin(Ticket ticket) {
     load = current(ticket);
     if (!load)
         return;
-    auto completion = [weak = weak_from_this(), ticket](FetchedPage page) {
-        hand(weak, ticket, readable(page), std::move(page.error));
+    auto completion = [weak = weak_from_this(), ticket](const FetchedPage& page) {
+        if (!page.error.empty())
+            return hand(weak, ticket, {}, page.error);
+        auto text = readable(page);
+        hand(weak, ticket, text ? std::move(*text) : PageText(), text ? "" : "The page is too complex");
     };
     load->fetch = std::make_unique<PageFetch>(load->url, options_, view, std::move(completion));
 }

@@ -1,213 +1,166 @@
 #include "linux/HtmlText.h"
 
-#include "linux/HtmlEntities.h"
-#include "linux/HtmlTag.h"
-#include "platform/foundation/Utf8.h"
-
-#include <curl/curl.h>
+#include "linux/HtmlTree.h"
+#include "linux/TextFlow.h"
+#include "linux/WebAddress.h"
 
 #include <algorithm>
 #include <array>
-#include <charconv>
-#include <memory>
 
 namespace platform {
 namespace {
 
 constexpr std::size_t MostLinks = 1000;
 
-constexpr std::array<std::string_view, 5> Unread{"script", "style", "title", "template", "svg"};
-/// An empty line before and after.
-constexpr std::array<std::string_view, 11> Paragraphs{"p",  "h1", "h2",    "h3",  "h4",        "h5",
-                                                      "h6", "ul", "table", "pre", "blockquote"};
-/// A line of their own.
-constexpr std::array<std::string_view, 22> Lines{
-    "div", "section", "article", "header", "footer", "nav",  "main",   "aside",   "form",     "li", "ol",
-    "tr",  "dl",      "dt",      "dd",     "hr",     "body", "figure", "address", "fieldset", "br", "option"};
+enum class Shown { Not, Inline, Line, Paragraph, Preformatted };
 
-template <std::size_t Count>
-bool isOneOf(const std::array<std::string_view, Count>& names, std::string_view name) {
-    return std::find(names.begin(), names.end(), name) != names.end();
+// How a browser shows the elements of HTML that no style changes; all others stand within their line.
+constexpr std::array NotShown{GUMBO_TAG_SCRIPT,   GUMBO_TAG_STYLE,  GUMBO_TAG_TITLE,    GUMBO_TAG_TEMPLATE,
+                              GUMBO_TAG_NOSCRIPT, GUMBO_TAG_IFRAME, GUMBO_TAG_NOFRAMES, GUMBO_TAG_NOEMBED,
+                              GUMBO_TAG_DATALIST, GUMBO_TAG_RP};
+constexpr std::array Paragraphs{GUMBO_TAG_P,     GUMBO_TAG_H1,        GUMBO_TAG_H2, GUMBO_TAG_H3,
+                                GUMBO_TAG_H4,    GUMBO_TAG_H5,        GUMBO_TAG_H6, GUMBO_TAG_UL,
+                                GUMBO_TAG_TABLE, GUMBO_TAG_BLOCKQUOTE};
+constexpr std::array Preformatted{GUMBO_TAG_PRE, GUMBO_TAG_LISTING, GUMBO_TAG_XMP, GUMBO_TAG_PLAINTEXT,
+                                  GUMBO_TAG_TEXTAREA};
+constexpr std::array Lines{GUMBO_TAG_DIV,     GUMBO_TAG_SECTION, GUMBO_TAG_ARTICLE,    GUMBO_TAG_HEADER,
+                           GUMBO_TAG_HGROUP,  GUMBO_TAG_FOOTER,  GUMBO_TAG_NAV,        GUMBO_TAG_MAIN,
+                           GUMBO_TAG_ASIDE,   GUMBO_TAG_FORM,    GUMBO_TAG_LI,         GUMBO_TAG_OL,
+                           GUMBO_TAG_TR,      GUMBO_TAG_CAPTION, GUMBO_TAG_DL,         GUMBO_TAG_DT,
+                           GUMBO_TAG_DD,      GUMBO_TAG_HR,      GUMBO_TAG_BODY,       GUMBO_TAG_FIGURE,
+                           GUMBO_TAG_DETAILS, GUMBO_TAG_SUMMARY, GUMBO_TAG_FIGCAPTION, GUMBO_TAG_ADDRESS,
+                           GUMBO_TAG_CENTER,  GUMBO_TAG_LEGEND,  GUMBO_TAG_OPTION,     GUMBO_TAG_FIELDSET};
+
+Shown shown(GumboTag tag) {
+    const auto isOneOf = [tag](const auto& tags) { return std::ranges::find(tags, tag) != tags.end(); };
+    return isOneOf(NotShown)       ? Shown::Not
+           : isOneOf(Paragraphs)   ? Shown::Paragraph
+           : isOneOf(Preformatted) ? Shown::Preformatted
+           : isOneOf(Lines)        ? Shown::Line
+                                   : Shown::Inline;
 }
 
-/// The absolute address of a link, or nothing where it leads to no web page.
-std::string resolved(const std::string& base, const std::string& link) {
-    struct Release {
-        void operator()(CURLU* url) const { curl_url_cleanup(url); }
-    };
-    const std::unique_ptr<CURLU, Release> url(curl_url());
-    if (link.empty() || link.starts_with('#') || curl_url_set(url.get(), CURLUPART_URL, base.c_str(), 0) ||
-        curl_url_set(url.get(), CURLUPART_URL, link.c_str(), CURLU_URLENCODE))
-        return {};
-    char* text = nullptr;
-    if (curl_url_get(url.get(), CURLUPART_URL, &text, 0))
-        return {};
-    std::string address(text);
-    curl_free(text);
-    return address.starts_with("http://") || address.starts_with("https://") ? address : std::string();
+Shown shown(const GumboNode& node) {
+    if (node.type == GUMBO_NODE_TEMPLATE)
+        return Shown::Not;
+    if (node.type != GUMBO_NODE_ELEMENT)
+        return Shown::Inline;
+    const GumboElement& element = node.v.element;
+    if (element.tag_namespace == GUMBO_NAMESPACE_SVG || hasAttribute(node, "hidden"))
+        return Shown::Not;
+    return element.tag_namespace == GUMBO_NAMESPACE_HTML ? shown(element.tag) : Shown::Inline;
 }
 
-/// Gathers text, white space collapsed and line ends held back until more text comes.
-class Writer {
-public:
-    void write(std::string_view text) {
-        for (std::size_t i = 0; i < text.size();) {
-            const DecodedCharacter decoded = decodeUtf8(text, i);
-            i += std::max<std::size_t>(decoded.length, 1);
-            if (decoded.length != 0)
-                put(decoded.character);
-        }
-    }
-    void endLine(std::size_t lineEnds) {
-        space_ = false;
-        lineEnds_ = std::max(lineEnds_, lineEnds);
-    }
-    void breakLine() {
-        space_ = false;
-        ++lineEnds_;
-    }
-    void setKeepsSpace(bool keeps) { keepsSpace_ = keeps; }
+bool isElement(const GumboNode& node, GumboTag tag) {
+    return node.type == GUMBO_NODE_ELEMENT && node.v.element.tag_namespace == GUMBO_NAMESPACE_HTML &&
+           node.v.element.tag == tag;
+}
 
-    std::string take() {
-        if (!text_.empty())
-            text_.push_back('\n');
-        return std::move(text_);
-    }
-    std::size_t size() const { return text_.size(); }
-    std::string_view since(std::size_t start) const {
-        const std::string_view text = std::string_view(text_).substr(std::min(start, text_.size()));
-        return text.substr(std::min(text.find_first_not_of(" \n"), text.size()));
-    }
-
-private:
-    static bool isControl(char32_t c) { return c < 0x20 || (c >= 0x7F && c < 0xA0); }
-
-    void put(char32_t character) {
-        const bool isSpace = character == ' ' || character == '\t' || character == '\r' || character == '\f';
-        if (character == '\n' && keepsSpace_)
-            breakLine();
-        else if (character == '\n' || (isSpace && !keepsSpace_))
-            space_ = true;
-        else if (isSpace && character != '\r')
-            append(U' ');
-        else if (!isControl(character))
-            append(character);
-    }
-    void append(char32_t character) {
-        if (!text_.empty())
-            text_.append(std::min<std::size_t>(lineEnds_, 2), '\n');
-        if (space_ && lineEnds_ == 0 && !text_.empty())
-            text_.push_back(' ');
-        lineEnds_ = 0;
-        space_ = false;
-        appendUtf8(character, text_);
-    }
-
-    std::string text_;
-    bool space_ = false;
-    std::size_t lineEnds_ = 0;
-    bool keepsSpace_ = false;
-};
+/// Where the page's relative links begin: at the first <base> that names an address, else at the page itself.
+WebAddress baseOf(const GumboNode& document, const std::string& url) {
+    const WebAddress page(url);
+    std::string base;
+    visit(
+        document,
+        [&](const GumboNode& node) {
+            if (base.empty() && isElement(node, GUMBO_TAG_BASE))
+                base = page.of(attribute(node, "href"));
+            return base.empty();
+        },
+        [](const GumboNode&) {});
+    return WebAddress(base.empty() ? url : base);
+}
 
 class Reader {
 public:
-    Reader(std::string_view html, const std::string& url) : html_(html), url_(url) {}
+    Reader(const GumboNode& document, const std::string& url) : base_(baseOf(document, url)) {
+        visit(
+            document, [this](const GumboNode& node) { return enter(node); },
+            [this](const GumboNode& node) { leave(node); });
+    }
 
-    PageText read() {
-        while (position_ < html_.size()) {
-            const std::size_t tag = std::min(html_.find('<', position_), html_.size());
-            writer_.write(withoutEntities(html_.substr(position_, tag - position_)));
-            position_ = tag;
-            if (position_ < html_.size())
-                readTag();
-        }
-        endLink();
-        page_.text = writer_.take();
+    PageText take() {
+        page_.text = flow_.take();
         return std::move(page_);
     }
 
 private:
-    /// A "<" that begins no tag is text.
-    bool isTag() const {
-        const std::string_view next = html_.substr(position_ + 1, 1);
-        const bool letter =
-            !next.empty() && ((next[0] >= 'a' && next[0] <= 'z') || (next[0] >= 'A' && next[0] <= 'Z'));
-        return letter || next == "/" || next == "!" || next == "?";
+    bool enter(const GumboNode& node) {
+        if (node.type == GUMBO_NODE_TEXT || node.type == GUMBO_NODE_CDATA ||
+            node.type == GUMBO_NODE_WHITESPACE)
+            flow_.write(node.v.text.text);
+        const Shown how = shown(node);
+        if (how == Shown::Not)
+            return false;
+        separate(how);
+        if (how == Shown::Preformatted)
+            flow_.beginPreformatted();
+        if (isElement(node, GUMBO_TAG_BR))
+            flow_.breakLine();
+        else if (isElement(node, GUMBO_TAG_LI))
+            flow_.write("• ");
+        else if (isElement(node, GUMBO_TAG_TD) || isElement(node, GUMBO_TAG_TH))
+            flow_.write(" ");
+        else if (isElement(node, GUMBO_TAG_IMG))
+            flow_.write(attribute(node, "alt"));
+        else if (isElement(node, GUMBO_TAG_A))
+            beginLink(attribute(node, "href"));
+        return true;
     }
 
-    void readTag() {
-        if (!isTag()) {
-            writer_.write("<");
-            ++position_;
+    void leave(const GumboNode& node) {
+        const Shown how = shown(node);
+        if (how == Shown::Not)
             return;
-        }
-        const HtmlTag tag = HtmlTag::read(html_, position_);
-        if (isOneOf(Unread, tag.name) && !tag.isEnd)
-            skip(tag.name);
-        else if (isOneOf(Paragraphs, tag.name))
-            writer_.endLine(2);
-        else if (tag.name == "br")
-            writer_.breakLine();
-        else if (isOneOf(Lines, tag.name))
-            writer_.endLine(1);
-        if (tag.name == "pre")
-            writer_.setKeepsSpace(!tag.isEnd);
-        if (tag.name == "li" && !tag.isEnd)
-            writer_.write("• ");
-        if (tag.name == "td" || tag.name == "th")
-            writer_.write(" ");
-        if (tag.name == "img")
-            writer_.write(tag.alt);
-        if (tag.name == "a")
-            tag.isEnd ? endLink() : beginLink(tag.href);
+        if (how == Shown::Preformatted)
+            flow_.endPreformatted();
+        separate(how);
+        if (isElement(node, GUMBO_TAG_A))
+            endLink();
     }
 
-    /// Leaves out everything up to the element's end.
-    void skip(const std::string& name) {
-        while (position_ < html_.size()) {
-            position_ = std::min(html_.find("</", position_), html_.size());
-            if (position_ == html_.size() || HtmlTag::read(html_, position_).name == name)
-                return;
-        }
+    void separate(Shown how) {
+        if (how != Shown::Inline)
+            flow_.endLine(how == Shown::Line ? 1 : 2);
     }
 
-    void beginLink(const std::string& href) {
+    void beginLink(std::string_view href) {
         endLink();
-        link_ = page_.links.size() < MostLinks ? resolved(url_, href) : "";
-        linkStart_ = writer_.size();
+        link_ = page_.links.size() < MostLinks ? base_.of(href) : "";
+        linkStart_ = flow_.size();
     }
 
     void endLink() {
         if (link_.empty())
             return;
-        std::string text(writer_.since(linkStart_));
+        const std::string text(flow_.since(linkStart_));
         page_.links.push_back({text.empty() ? link_ : text, std::move(link_)});
         link_.clear();
-        char number[16];
-        const auto end = std::to_chars(number, number + sizeof number, page_.links.size()).ptr;
-        writer_.write(" [" + std::string(number, end) + "]");
+        flow_.write(" [" + std::to_string(page_.links.size()) + "]");
     }
 
-    std::string_view html_;
-    const std::string& url_;
-    std::size_t position_ = 0;
-    Writer writer_;
+    const WebAddress base_;
+    TextFlow flow_;
     PageText page_;
+    /// Where the link that is being read leads; empty while there is none.
     std::string link_;
     std::size_t linkStart_ = 0;
 };
 
 } // namespace
 
-PageText htmlText(std::string_view html, const std::string& url) {
-    return Reader(html, url).read();
+std::optional<PageText> htmlText(std::string_view html, const std::string& url) {
+    const HtmlTree tree(html);
+    if (!tree.document())
+        return std::nullopt;
+    return Reader(*tree.document(), url).take();
 }
 
 PageText plainText(std::string_view text) {
-    Writer writer;
-    writer.setKeepsSpace(true);
-    writer.write(text);
-    return {writer.take(), {}};
+    TextFlow flow;
+    flow.beginPreformatted();
+    flow.write(text);
+    return {flow.take(), {}};
 }
 
 } // namespace platform

@@ -2,7 +2,7 @@
 // and links to web pages only.
 
 #include "linux/HtmlText.h"
-#include "linux/TextEncoding.h"
+#include "linux/PageEncoding.h"
 #include "platform/foundation/Utf8.h"
 
 #include <cstdint>
@@ -16,6 +16,8 @@ void check(bool holds) {
         std::abort();
 }
 
+constexpr std::size_t ShortPage = 4096;
+
 void checkText(std::string_view text) {
     check(platform::isValidUtf8(text));
     for (const char c : text)
@@ -28,10 +30,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
     const std::string text = platform::decodedPage(bytes, "text/html");
     check(platform::isValidUtf8(text));
-    checkText(platform::plainText(text).text);
-    const platform::PageText page = platform::htmlText(text, "http://host.example/folder/page?query");
-    checkText(page.text);
-    for (const platform::WebLink& link : page.links)
+    checkText(platform::plainText(platform::decodedText(bytes, "text/plain")).text);
+    const auto page = platform::htmlText(text, "http://host.example/folder/page?query");
+    // Only a long page may be too complex.
+    check(page || size > ShortPage);
+    if (!page)
+        return 0;
+    checkText(page->text);
+    for (const platform::WebLink& link : page->links) {
         check(link.url.starts_with("http://") || link.url.starts_with("https://"));
+        checkText(link.text);
+    }
     return 0;
 }

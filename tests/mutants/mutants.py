@@ -507,8 +507,7 @@ ALL = [
          "return open('v', \"d\") && appendBasic('d', &seconds) && close();"),
     ]),
     Mutant("script-links-followed", "a web page's link may lead to a script", ("fuzz.web_page",), [
-        ("linux/HtmlText.cpp", "return address.starts_with(\"http://\") || address.starts_with(\"https://\") ? address : std::string();",
-         "return address;"),
+        ("linux/WebAddress.cpp", "return isWeb && address.size() <= LongestAddress ? address : std::string();", "return address;"),
     ]),
     Mutant("answer-without-id", "an error does not say which command it answers", ("fuzz.script",), [
         ("cli/ScriptCommands.cpp", 'answer.erase("ok");', 'answer.erase("ok");\n        answer.erase("id");'),

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <curl/curl.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace platform {
+
+/// The address of a page, and where its links lead from there.
+class WebAddress {
+public:
+    /// `url` is absolute; links of a page at another one lead nowhere.
+    explicit WebAddress(const std::string& url);
+
+    /// The absolute address that `link` names, over http or https; empty for any other, for a place within
+    /// the page, and for one of more than eight thousand characters.
+    std::string of(std::string_view link) const;
+
+private:
+    struct Release {
+        void operator()(CURLU* url) const { curl_url_cleanup(url); }
+    };
+    std::unique_ptr<CURLU, Release> base_;
+};
+
+} // namespace platform
