@@ -62,6 +62,15 @@ Json tableJson(shell::Table& table, const TableExtent& extent) {
     return sections;
 }
 
+Json webJson(const platform::UIWebView& web) {
+    Json json = {{"url", web.url()}, {"text", web.text()}};
+    for (std::size_t index = 0; index < web.links().size(); ++index) {
+        const platform::WebLink& link = web.links()[index];
+        json["links"].push_back({{"number", index + 1}, {"text", link.text}, {"url", link.url}});
+    }
+    return json;
+}
+
 void addContent(Json& json, shell::Page& page, const TableExtent& extent) {
     if (const auto table = page.table())
         json["table"] = tableJson(*table, extent);
@@ -69,7 +78,7 @@ void addContent(Json& json, shell::Page& page, const TableExtent& extent) {
         if (const auto* text = dynamic_cast<platform::UITextView*>(view.get()))
             json["text"] = text->text();
         else if (const auto* web = dynamic_cast<platform::UIWebView*>(view.get()))
-            json["web"] = {{"url", web->url()}, {"text", web->text()}};
+            json["web"] = webJson(*web);
         else if (const auto* spinner = dynamic_cast<platform::UIActivityIndicatorView*>(view.get()))
             json["loading"] = spinner->isAnimating();
     }

@@ -156,8 +156,13 @@ void ScriptCommands::mail(const ScriptFields& fields, Json&) {
 }
 
 void ScriptCommands::follow(const ScriptFields& fields, Json&) {
-    fields.allowOnly({"url"});
-    expectDone(settings_.page().followLink(fields.text("url")));
+    if (const auto number = fields.optionalIndex("link")) {
+        fields.allowOnly({"link"});
+        expectDone(settings_.page().followLink(*number));
+    } else {
+        fields.allowOnly({"url"});
+        expectDone(settings_.page().followLink(fields.text("url")));
+    }
 }
 
 void ScriptCommands::resign(const ScriptFields& fields, Json&) {

@@ -112,7 +112,7 @@ void TerminalFace::obeyOnPage(const std::string& word) {
     } else if (word == "z") {
         settings_.resignActive();
     } else if (word.starts_with("f ")) {
-        dialog_.tell(settings_.page().followLink(word.substr(2)));
+        followLink(word.substr(2));
     } else if (word == "q") {
         dialog_.end();
     } else if (word == "?") {
@@ -170,6 +170,11 @@ void TerminalFace::turnTable(bool forward) {
         firstTableRow_ -= std::min(firstTableRow_, tableRowsShown_);
 }
 
+void TerminalFace::followLink(const std::string& link) {
+    const auto number = wholeNumber(link);
+    dialog_.tell(number ? settings_.page().followLink(*number) : settings_.page().followLink(link));
+}
+
 void TerminalFace::showHelp() {
     pageStands_ = true;
     Output::text("\n"
@@ -177,7 +182,7 @@ void TerminalFace::showHelp() {
                  "  b          go back\n"
                  "  +          press the button at the top right\n"
                  "  n, p       show the next or the previous rows of a long list\n"
-                 "  f ADDRESS  follow a link of the page shown\n"
+                 "  f NUMBER   follow a link of the page shown; its address does, too\n"
                  "  z          leave Settings for another application, and come back (so does Ctrl+Z);\n"
                  "             the keypad takes it too, and closes\n"
                  "  q          quit\n");

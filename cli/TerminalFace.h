@@ -35,6 +35,8 @@ private:
     void touchRow(platform::NSIndexPath path);
     void askText(platform::NSIndexPath path, const shell::Row& row);
     void askSlider(platform::NSIndexPath path, const shell::Row& row);
+    /// By its number or its address.
+    void followLink(const std::string& link);
     void turnTable(bool forward);
     void showHelp();
     void showNotice();

@@ -1,6 +1,5 @@
 #include "shell/PageInput.h"
 
-#include "platform/ui/UIWebView.h"
 #include "shell/OneLine.h"
 
 #include <algorithm>
@@ -213,14 +212,30 @@ Answer PageInput::goBack() {
     });
 }
 
+Answer PageInput::followLink(std::size_t number) {
+    return follow([number](const auto& links) {
+        return number > 0 && number <= links.size() ? number - 1 : links.size();
+    });
+}
+
 Answer PageInput::followLink(std::string_view url) {
+    return follow([url](const auto& links) {
+        return static_cast<std::size_t>(std::ranges::find(links, url, &platform::WebLink::url) -
+                                        links.begin());
+    });
+}
+
+Answer PageInput::follow(const LinkSearch& search) {
     return door_.enter([&] {
-        if (auto why = screen_.obstacle())
+        if (auto why = obstacle())
             return Answer::refused(*why);
         const auto web = page().contentView<platform::UIWebView>();
         if (!web)
             return Answer::refused("the page shows no web page");
-        web->loadRequest({std::string(url)});
+        const std::size_t found = search(web->links());
+        if (found == web->links().size())
+            return Answer::refused("the web page has no such link");
+        web->loadRequest({web->links()[found].url});
         return Answer::done();
     });
 }

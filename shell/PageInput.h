@@ -1,12 +1,16 @@
 #pragma once
 
+#include "platform/ui/UIWebView.h"
 #include "shell/Answer.h"
 #include "shell/Screen.h"
 #include "shell/ScreenChanges.h"
 #include "shell/ShownAccount.h"
 
+#include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace wardlock::shell {
 
@@ -40,14 +44,19 @@ public:
     Answer tapBarButton();
     /// The back button, or a finished back swipe.
     Answer goBack();
-    /// A link of the page's web view.
+    /// A link of the web page shown, by its number, from 1, or by where it leads; refused for any other.
+    Answer followLink(std::size_t number);
     Answer followLink(std::string_view url);
 
 private:
+    /// Returns the index of a link, or how many there are where none is meant.
+    using LinkSearch = std::function<std::size_t(const std::vector<platform::WebLink>&)>;
+
     /// Also goes back where the page's account is gone.
     std::optional<std::string> obstacle();
     std::optional<std::string> obstacleToRow(platform::NSIndexPath path);
     void store(platform::NSIndexPath path, const platform::Value& value);
+    Answer follow(const LinkSearch& search);
     void beginEditingNow(platform::NSIndexPath path);
     bool isEditing(platform::NSIndexPath path) const;
     template <class Touch>

@@ -1,6 +1,7 @@
 #include "cli/Json.h"
 #include "tests/cli/CommandFixture.h"
 #include "tests/support/BusFixture.h"
+#include "tests/support/HttpServer.h"
 #include "tests/support/Places.h"
 
 #include <cerrno>
@@ -258,6 +259,72 @@ TEST_F(ScriptSettings, ShowsAnotherProcesssChange) {
     EXPECT_EQ(settings.say(R"({"do":"wait","for":"change"})"), R"({"ok":true})");
     EXPECT_EQ(settings.say(R"({"do":"tap","row":"Tom"})"), R"({"ok":true})");
     EXPECT_NE(settings.say(R"({"do":"posts"})").find(R"("own":false)"), std::string::npos);
+}
+
+/// The web page as the command shows it, with a server of the test's own in place of the web.
+class ScriptOnTheWeb : public ScriptSettings {
+protected:
+    ScriptOnTheWeb() {
+        environment.set("http_proxy", server.url(""));
+        environment.unset("no_proxy");
+        environment.unset("NO_PROXY");
+        server.answer(listing, "<a href=/one>One</a> <a href='javascript:x'>no</a> <a href=/two>Two</a>");
+        server.answer(host + "/one", "First");
+        server.answer(host + "/two", "Second");
+    }
+    /// The web page after commands on it.
+    static Json webAfter(const std::string& commands) {
+        return lastAnswerTo(open + commands + R"({"do":"see"})")["page"]["web"];
+    }
+
+    inline static const std::string host = "http://" WARDLOCK_REPOSITORY_HOST;
+    inline static const std::string listing = host + "/packagesfordev.php?name=kitbay";
+    inline static const std::string wait = R"({"do":"wait","for":"load"})"
+                                           "\n";
+    inline static const std::string open = R"({"do":"tap","row":"Wardlock"})"
+                                           "\n"
+                                           R"({"do":"tap","row":"More From Tavix"})"
+                                           "\n" +
+                                           wait;
+    HttpServer server;
+};
+
+TEST_F(ScriptOnTheWeb, SeesWhereTheLinksLead) {
+    const Json web = webAfter("");
+    EXPECT_EQ(web["url"], listing);
+    EXPECT_EQ(web["text"], "One [1] no Two [2]\n");
+    EXPECT_EQ(web["links"], Json::parse(R"([{"number":1,"text":"One","url":")" + host + R"(/one"},)" +
+                                        R"({"number":2,"text":"Two","url":")" + host + R"(/two"}])"));
+}
+
+TEST_F(ScriptOnTheWeb, FollowsALinkByNumberOrAddress) {
+    EXPECT_EQ(webAfter("{\"do\":\"follow\",\"link\":2}\n" + wait)["text"], "Second\n");
+    const Json web = webAfter(R"({"do":"follow","url":")" + host + "/one\"}\n" + wait);
+    EXPECT_EQ(web["text"], "First\n");
+    EXPECT_FALSE(web.contains("links"));
+}
+
+TEST_F(ScriptOnTheWeb, FollowsNothingThatIsNotOnThePage) {
+    const auto answers = answersTo(open +
+                                   R"({"do":"follow","link":0}
+{"do":"follow","link":3}
+{"do":"follow","link":1000000}
+{"do":"follow","url":"http://other.example/"}
+{"do":"follow","url":"javascript:x"}
+{"do":"follow","url":""}
+{"do":"follow","link":1,"url":"http://other.example/"}
+{"do":"follow"}
+{"do":"back"}
+{"do":"follow","link":1}
+)");
+    std::vector<std::string> errors;
+    for (std::size_t i = 3; i < answers.size(); ++i)
+        errors.push_back(error(answers[i]));
+    const std::string none = "the web page has no such link";
+    EXPECT_EQ(errors, (std::vector<std::string>{none, none, none, none, none, none,
+                                                "\"url\" is no part of this command", "\"url\" is missing",
+                                                "", "the page shows no web page"}));
+    EXPECT_EQ(server.requests(), (std::vector<std::string>{listing}));
 }
 
 TEST_F(ScriptSettings, SavesTheSupportMailInTheOutbox) {

@@ -1,10 +1,12 @@
 #include "tests/cli/CommandFixture.h"
 #include "tests/support/BusFixture.h"
+#include "tests/support/HttpServer.h"
 #include "tests/support/Places.h"
 #include "tests/support/TerminalProcess.h"
 
 #include <csignal>
 #include <filesystem>
+#include <sstream>
 
 namespace wardlock::test {
 namespace {
@@ -25,6 +27,13 @@ protected:
         for (int column = 0; column < columns; ++column)
             rule += "─";
         return rule;
+    }
+    /// The number before the label on the page.
+    static std::string rowOf(const std::string& label, const std::string& page) {
+        std::istringstream words(page.substr(page.rfind('\n', page.find(label)) + 1));
+        std::string number;
+        words >> number;
+        return number;
     }
     bool documentHolds(std::string_view text) const {
         return readFile(documentPath).find(text) != std::string::npos;
@@ -81,6 +90,26 @@ TEST_F(TerminalSettings, EnterKeepsTheTextAndQuotesEmptyIt) {
     terminal.type("\"\"\n");
     terminal.waitFor(question);
     EXPECT_TRUE(documentHolds("<string>Blank</string>"));
+}
+
+TEST_F(TerminalSettings, FollowsTheLinkOfANumberOnAWebPage) {
+    HttpServer server;
+    environment.set("http_proxy", server.url(""));
+    environment.unset("no_proxy");
+    environment.unset("NO_PROXY");
+    const std::string host = "http://" WARDLOCK_REPOSITORY_HOST;
+    server.answer(host + "/packagesfordev.php?name=kitbay", "<a href=/one>One</a>");
+    server.answer(host + "/one", "<p>First package</p>");
+    TerminalProcess terminal(command, words());
+    const std::string row = rowOf("More From Tavix", terminal.waitFor(question));
+    terminal.type(row + "\n");
+    terminal.waitFor("One [1]");
+    terminal.waitFor(question);
+    terminal.type("f 2\n");
+    terminal.waitFor("the web page has no such link");
+    terminal.waitFor(question);
+    terminal.type("f 1\n");
+    terminal.waitFor("First package");
 }
 
 TEST_F(TerminalSettings, DoesNotShowThePasscode) {

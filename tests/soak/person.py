@@ -105,9 +105,9 @@ class Person:
         return {"do": "set", "to": self.chance(0.5)} | row
 
     def on_web(self, page):
-        url = page["web"]["url"]
-        return [self.random.choice([{"do": "back"}, {"do": "wait", "for": "load"}, {"do": "follow", "url": url},
-                                    {"do": "follow", "url": "http://other.example/" + self.digits()}])]
+        links = page["web"].get("links", [])
+        following = [{"do": "follow", **how} for link in links for how in ({"link": link["number"]}, {"url": link["url"]})]
+        return [self.random.choice([{"do": "back"}, {"do": "wait", "for": "load"}, *following])]
 
     def on_list(self, page):
         if "back" not in page:
