@@ -2,6 +2,7 @@
 
 #include "app/Text.h"
 #include "app/WindowHost.h"
+#include "shell/EscapedText.h"
 #include "shell/ManualClock.h"
 
 #include <QDeadlineTimer>
@@ -100,7 +101,8 @@ private:
         const QImage picture = host_.window()->grabWindow().convertToFormat(QImage::Format_RGB888);
         if (picture.save(path, "PNG", smallestFile))
             return;
-        std::fprintf(stderr, "wardlock-settings: cannot write %s\n", path.toLocal8Bit().constData());
+        std::fprintf(stderr, "wardlock-settings: cannot write %s\n",
+                     shell::escaped(path.toStdString()).c_str());
         complete_ = false;
     }
 
@@ -120,7 +122,8 @@ private:
 
 int takeScreenshots(const Options& options) {
     if (!QDir().mkpath(toQt(options.screenshots))) {
-        std::fprintf(stderr, "wardlock-settings: cannot make the folder %s\n", options.screenshots.c_str());
+        std::fprintf(stderr, "wardlock-settings: cannot make the folder %s\n",
+                     shell::escaped(options.screenshots).c_str());
         return 1;
     }
     constexpr QSize phone(390, 844);

@@ -4,6 +4,7 @@
 #include "app/WindowClock.h"
 #include "app/WindowHost.h"
 #include "platform/services/ProcessStart.h"
+#include "shell/EscapedText.h"
 #include "shell/LastRites.h"
 #include "shell/Provision.h"
 
@@ -20,7 +21,8 @@ namespace {
 constexpr double transitionSeconds = 0.35;
 
 int usageError(const std::string& error) {
-    std::fprintf(stderr, "wardlock-settings: %s\nTry: wardlock-settings --help\n", error.c_str());
+    std::fprintf(stderr, "wardlock-settings: %s\nTry: wardlock-settings --help\n",
+                 shell::escaped(error).c_str());
     return 2;
 }
 
@@ -34,7 +36,8 @@ DisplaySearch displaySearch;
 /// Qt ends the process when it reaches no display, advising to install the application anew.
 [[noreturn]] void tellOfMissingDisplay() {
     const QString reason = displaySearch.said.value(0, QStringLiteral("there is no display"));
-    std::fprintf(stderr, "wardlock-settings: no window can be opened: %s\n", qPrintable(reason.trimmed()));
+    std::fprintf(stderr, "wardlock-settings: no window can be opened: %s\n",
+                 shell::escaped(reason.trimmed().toStdString()).c_str());
     if (displaySearch.orTerminal)
         platform::becomeProgramBeside("wardlock", {"settings", "--terminal"});
     std::fputs("Settings in the terminal: wardlock settings --terminal\n", stderr);

@@ -2,6 +2,7 @@
 
 #include "cli/Finding.h"
 #include "cli/FontFolders.h"
+#include "cli/ShellWord.h"
 #include "cli/WebEngineFolders.h"
 #include "cli/WindowProgram.h"
 #include "platform/foundation/DeviceRoot.h"
@@ -69,7 +70,8 @@ Finding lookAtBus() {
         break;
     case Condition::Distrusted:
         finding.fails(nameOf(bus) + " cannot be used: its folder cannot be made, or is open to others",
-                      "Remove " + bus.ownFolder + ", or make it yours alone: chmod 700 " + bus.ownFolder);
+                      "Remove " + bus.ownFolder + ", or make it yours alone: chmod 700 " +
+                          shellWord(bus.ownFolder));
         break;
     }
     if (!finding.works)
@@ -136,7 +138,7 @@ Finding lookAtMail() {
         finding.facts["route"] = nullptr;
         finding.fails("cannot leave this machine: the row of the support mail does nothing",
                       "Set up a mail program and install xdg-utils, or make an outbox folder: mkdir -p " +
-                          platform::pathOnDevice(platform::mailOutboxPath));
+                          shellWord(platform::pathOnDevice(platform::mailOutboxPath)));
         break;
     }
     return finding;

@@ -1,13 +1,38 @@
 #include "cli/Json.h"
 
+#include "platform/foundation/Utf8.h"
+#include "shell/EscapedText.h"
+
 #include <nlohmann/json.hpp>
 #include <set>
 #include <vector>
 
 namespace wardlock::cli {
 
+namespace {
+
+void appendEscape(std::string& text, char32_t character) {
+    constexpr std::string_view digits = "0123456789abcdef";
+    text += "\\u";
+    for (int shift = 12; shift >= 0; shift -= 4)
+        text += digits[character >> shift & 15];
+}
+
+} // namespace
+
 std::string jsonLine(const Json& value) {
-    return value.dump(-1, ' ', false, Json::error_handler_t::replace);
+    const std::string text = value.dump(-1, ' ', false, Json::error_handler_t::replace);
+    // JSON lets those above U+001F stand as they are, and all of them stand in its strings.
+    std::string line;
+    for (std::size_t position = 0; position < text.size();) {
+        const auto decoded = platform::decodeUtf8(text, position);
+        if (shell::isControl(decoded.character))
+            appendEscape(line, decoded.character);
+        else
+            line.append(text, position, decoded.length);
+        position += decoded.length;
+    }
+    return line;
 }
 
 std::optional<Json> parseJson(std::string_view text) {

@@ -2,7 +2,7 @@
 
 #include "cli/CommandError.h"
 #include "cli/Terminal.h"
-#include "cli/TextWidth.h"
+#include "shell/EscapedText.h"
 
 #include <cerrno>
 #include <poll.h>
@@ -51,7 +51,7 @@ void Output::text(std::string_view text) {
 }
 
 void Output::foreignLine(std::string_view text) {
-    line(Terminal::showsOutput() ? escaped(text, "\n\t") : std::string(text));
+    line(Terminal::showsOutput() ? shell::escaped(text, "\n\t") : std::string(text));
 }
 
 void Output::flush() {
@@ -65,7 +65,7 @@ void Output::flushLast() noexcept {
 }
 
 void Output::error(std::string_view text) {
-    writeAll(STDERR_FILENO, escaped(text) + '\n');
+    writeAll(STDERR_FILENO, shell::escaped(text) + '\n');
 }
 
 } // namespace wardlock::cli

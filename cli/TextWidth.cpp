@@ -1,10 +1,10 @@
 #include "cli/TextWidth.h"
 
 #include "platform/foundation/Utf8.h"
+#include "shell/EscapedText.h"
 
 #include <algorithm>
 #include <array>
-#include <cstdint>
 
 namespace wardlock::cli {
 
@@ -41,34 +41,9 @@ bool holds(const std::array<Range, Count>& ranges, char32_t character) {
     return after != ranges.begin() && character <= (after - 1)->last;
 }
 
-bool isControl(char32_t character) {
-    // With the separators that some terminals act on.
-    return character < 0x20 || (character >= 0x7F && character < 0xA0) || character == 0x2028 ||
-           character == 0x2029 || (character >= 0x202A && character <= 0x202E) ||
-           (character >= 0x2066 && character <= 0x2069);
-}
-
 bool isLineEnd(char32_t character) {
     return (character >= '\n' && character <= '\r') || character == 0x85 || character == 0x2028 ||
            character == 0x2029;
-}
-
-void appendHex(std::string& text, std::uint32_t number, int digits) {
-    constexpr std::string_view hexDigits = "0123456789abcdef";
-    for (int shift = 4 * (digits - 1); shift >= 0; shift -= 4)
-        text += hexDigits[number >> shift & 15];
-}
-
-void appendEscape(std::string& text, char32_t control) {
-    constexpr std::string_view named = "\n\t\r\b\f";
-    constexpr std::string_view names = "ntrbf";
-    const std::size_t found = control < 0x80 ? named.find(static_cast<char>(control)) : named.npos;
-    if (found != named.npos) {
-        text.append({'\\', names[found]});
-    } else {
-        text += "\\u";
-        appendHex(text, control, 4);
-    }
 }
 
 /// Bytes from the beginning that take at most `columns`.
@@ -123,36 +98,19 @@ std::size_t columnsOf(std::string_view text) {
 }
 
 std::string printable(std::string_view text) {
-    constexpr char32_t replacement = 0xFFFD;
-    std::string clean;
+    std::string line;
     for (std::size_t position = 0; position < text.size();) {
         if (text.substr(position).starts_with("\r\n"))
             ++position;
         const auto decoded = platform::decodeUtf8(text, position);
-        const bool blank = decoded.length > 0 && (isLineEnd(decoded.character) || text[position] == '\t');
-        const bool shown = decoded.length > 0 && !isControl(decoded.character);
-        platform::appendUtf8(blank ? U' ' : shown ? decoded.character : replacement, clean);
-        position += std::max<std::size_t>(decoded.length, 1);
+        const std::size_t length = std::max<std::size_t>(decoded.length, 1);
+        if (decoded.length > 0 && (isLineEnd(decoded.character) || text[position] == '\t'))
+            line += ' ';
+        else
+            line += shell::escaped(text.substr(position, length));
+        position += length;
     }
-    return clean;
-}
-
-std::string escaped(std::string_view text, std::string_view kept) {
-    std::string harmless;
-    for (std::size_t position = 0; position < text.size();) {
-        const auto decoded = platform::decodeUtf8(text, position);
-        const std::string_view bytes = text.substr(position, std::max<std::size_t>(decoded.length, 1));
-        if (decoded.length == 0) {
-            harmless += "\\x";
-            appendHex(harmless, static_cast<unsigned char>(bytes[0]), 2);
-        } else if (isControl(decoded.character) && kept.find(bytes) == kept.npos) {
-            appendEscape(harmless, decoded.character);
-        } else {
-            harmless += bytes;
-        }
-        position += bytes.size();
-    }
-    return harmless;
+    return line;
 }
 
 std::string truncated(std::string_view text, std::size_t columns) {

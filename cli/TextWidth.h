@@ -14,13 +14,9 @@ namespace wardlock::cli {
 std::size_t columnsOf(char32_t character);
 std::size_t columnsOf(std::string_view text);
 
-/// The text as one line that a terminal only shows: line ends and tabs become blanks, other control
-/// characters and bytes that are not UTF-8 U+FFFD.
+/// The text as one line that a terminal only shows: line ends and tabs become blanks, all other control
+/// characters what shell::escaped makes of them.
 std::string printable(std::string_view text);
-
-/// The text with nothing left out, and nothing in it that a terminal would obey: control characters become
-/// "\n", "\u001b" and the like, as JSON has them, and bytes that are no UTF-8 "\xff". Those in `kept` stay.
-std::string escaped(std::string_view text, std::string_view kept = {});
 
 /// At most `columns` wide; one that was cut ends in an ellipsis. Precondition: printable.
 std::string truncated(std::string_view text, std::size_t columns);

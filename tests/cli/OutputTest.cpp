@@ -16,7 +16,7 @@ namespace {
 /// A text that changes the terminal's title and colours, in the C1 form too, and one that a terminal only
 /// shows.
 constexpr const char* wicked = "\x1B]0;title\x07\u009B31mred\x7F";
-constexpr const char* wickedEscaped = R"(\u001b]0;title\u0007\u009b31mred\u007f)";
+constexpr const char* wickedEscaped = R"(\x1b]0;title\x07\xc2\x9b31mred\x7f)";
 
 class Output : public DeviceRootFixture {
 protected:
@@ -49,12 +49,13 @@ TEST_F(Output, GivesAPipeTheBytesOfAValueAsTheyAre) {
     EXPECT_EQ(wardlockCommand({"get", "kMine"}).output, std::string(wicked) + '\n');
 }
 
-TEST_F(Output, ShowsATerminalJsonThatMeansTheSame) {
-    // JSON lets these two stand as they are; a terminal obeys them.
+TEST_F(Output, PrintsJsonThatATerminalDoesNotObey) {
+    // JSON lets these two stand as they are.
     storeText("kMine", "\u009B31m\x7F");
     EXPECT_EQ(shown({"get", "--json", "kMine"}), R"({"string":"\u009b31m\u007f"})"
                                                  "\r\n");
-    EXPECT_EQ(wardlockCommand({"get", "--json", "kMine"}).output, "{\"string\":\"\u009B31m\x7F\"}\n");
+    EXPECT_EQ(wardlockCommand({"get", "--json", "kMine"}).output, R"({"string":"\u009b31m\u007f"})"
+                                                                  "\n");
     EXPECT_EQ(shown({"plist", "dump", onDisk(documentPath)}).find("\u009B"), std::string::npos);
 }
 
@@ -66,7 +67,8 @@ TEST_F(Output, ShowsATerminalFileNamesAsEscapes) {
 
 TEST_F(Output, TellsAFailureInOneLineWhateverTheArgumentsHold) {
     const ProcessResult result = wardlockCommand({"get", std::string("a\nb\xFF") + wicked});
-    EXPECT_EQ(result.errors, std::string("wardlock get: there is no \"a\\nb\\xff") + wickedEscaped + "\"\n");
+    EXPECT_EQ(result.errors,
+              std::string("wardlock get: there is no \"a\\x0ab\\xff") + wickedEscaped + "\"\n");
 }
 
 /// Everything that comes out of a pipe.

@@ -63,7 +63,7 @@ TEST_F(SettingsCommands, StatusKeepsEachNameOnItsLineAndControlCharactersFromThe
             "<key>kAccountEnabled</key><true/><key>kAccountName</key><string>a\nb\x7F</string>"
             "<key>kAppsRestricted</key><array><string>c\nd</string></array></dict></array></dict>"));
     EXPECT_EQ(wardlockCommand({"status"}).output, "Master switch: on\nIn force: yes\n"
-                                                  "Enabled account: a b\uFFFD (account 1 of 1)\n"
+                                                  "Enabled account: a b\\x7f (account 1 of 1)\n"
                                                   "Restrictions: nothing\nRestricted apps:\n  c d\n");
 }
 
