@@ -6,20 +6,20 @@
 
 #include <gio/gdesktopappinfo.h>
 
-#include <algorithm>
-
 namespace platform::applist {
 namespace {
 
 constexpr std::string_view Suffix = ".desktop";
 constexpr std::size_t LongestText = 1024;
 
+using Entry = ObjectPointer<GDesktopAppInfo>;
+
 /// Takes the list with all that is in it.
-std::vector<ObjectPointer<GAppInfo>> allEntries() {
-    std::vector<ObjectPointer<GAppInfo>> entries;
+std::vector<Entry> allEntries() {
+    std::vector<Entry> entries;
     GList* list = g_app_info_get_all();
     for (GList* item = list; item; item = item->next)
-        entries.emplace_back(G_APP_INFO(item->data));
+        entries.emplace_back(G_DESKTOP_APP_INFO(item->data));
     g_list_free(list);
     return entries;
 }
@@ -28,19 +28,41 @@ std::string_view orEmpty(const char* text) {
     return text ? std::string_view(text) : std::string_view();
 }
 
+/// The key "Name" in the user's language, else as it stands; menus of some desktops show other keys' names.
+std::string nameOf(const Entry& entry) {
+    const TextPointer localized(
+        g_desktop_app_info_get_locale_string(entry.get(), G_KEY_FILE_DESKTOP_KEY_NAME));
+    if (localized && *localized)
+        return localized.get();
+    const TextPointer name(g_desktop_app_info_get_string(entry.get(), G_KEY_FILE_DESKTOP_KEY_NAME));
+    return std::string(orEmpty(name.get()));
+}
+
+/// An entry without a program may be started over the bus.
+bool startsSomething(const Entry& entry) {
+    const TextPointer program(g_desktop_app_info_get_string(entry.get(), G_KEY_FILE_DESKTOP_KEY_EXEC));
+    return !orEmpty(program.get()).empty() ||
+           g_desktop_app_info_get_boolean(entry.get(), G_KEY_FILE_DESKTOP_KEY_DBUS_ACTIVATABLE);
+}
+
+bool isShown(const Entry& entry) {
+    return startsSomething(entry) && g_app_info_should_show(G_APP_INFO(entry.get()));
+}
+
+bool isName(std::string_view text) {
+    return !text.empty() && text.size() <= LongestText && isValidUtf8(text);
+}
+
 } // namespace
 
 std::vector<Application> desktopApplications() {
     std::vector<Application> applications;
-    for (const auto& entry : allEntries()) {
-        std::string_view identifier = orEmpty(g_app_info_get_id(entry.get()));
-        const std::string_view name = orEmpty(g_app_info_get_display_name(entry.get()));
+    for (const Entry& entry : allEntries()) {
+        std::string_view identifier = orEmpty(g_app_info_get_id(G_APP_INFO(entry.get())));
+        const std::string name = nameOf(entry);
         if (identifier.ends_with(Suffix))
             identifier.remove_suffix(Suffix.size());
-        const bool isOfLength =
-            !identifier.empty() && std::max(identifier.size(), name.size()) <= LongestText;
-        if (!isOfLength || !g_app_info_should_show(entry.get()) || !isValidUtf8(identifier) ||
-            !isValidUtf8(name))
+        if (!isName(identifier) || !isName(name) || !isShown(entry))
             continue;
         Application& application = applications.emplace_back();
         application.identifier = identifier;

@@ -46,19 +46,36 @@ std::string dataFolder() {
     return withoutTrailingSlashes(home) + "/.local/share";
 }
 
-} // namespace
-
-std::string deviceRoot() {
-    if (const std::string named = environment(rootVariable); !named.empty())
-        return absolute(named);
+std::string defaultRoot() {
     if (machineIsDevice())
         return "/";
     const std::string data = dataFolder();
     return (data == "/" ? "" : data) + "/wardlock/device";
 }
 
+/// Two names of one folder, or of a folder that does not exist yet.
+bool isSameFolder(const std::string& one, const std::string& other) {
+    FileStatus first;
+    FileStatus second;
+    FileSystem& files = FileSystem::current();
+    return one == other ||
+           (!files.status(one, Links::Follow, first) && !files.status(other, Links::Follow, second) &&
+            first.device == second.device && first.inode == second.inode);
+}
+
+} // namespace
+
+std::string deviceRoot() {
+    const std::string named = environment(rootVariable);
+    return named.empty() ? defaultRoot() : absolute(named);
+}
+
+bool deviceRootIsNamed() {
+    return !environment(rootVariable).empty();
+}
+
 bool deviceRootIsOwn() {
-    return environment(rootVariable).empty();
+    return !deviceRootIsNamed() || isSameFolder(deviceRoot(), defaultRoot());
 }
 
 std::string pathOnDevice(std::string_view devicePath) {

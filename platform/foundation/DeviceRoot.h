@@ -12,7 +12,11 @@ namespace platform {
 /// slash, except "/" itself.
 WARDLOCK_API std::string deviceRoot();
 
-/// Whether the root is the machine's own or the user's default one, and not one named by the environment.
+/// Whether WARDLOCK_DEVICE_ROOT names the root.
+WARDLOCK_API bool deviceRootIsNamed();
+
+/// Whether the root is the machine's own or the user's default one. It is also where the environment names
+/// that same folder.
 WARDLOCK_API bool deviceRootIsOwn();
 
 /// The path of this machine for an absolute device path. As on the device itself, ".." does not lead above

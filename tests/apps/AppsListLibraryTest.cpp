@@ -41,6 +41,22 @@ TEST_F(AppsListLibrary, ThatIsBrokenGivesAnEmptyList) {
     EXPECT_EQ(rows(*open()), Identifiers());
 }
 
+TEST_F(AppsListLibrary, ThatHasClassesButNotItsOwnGivesAnEmptyList) {
+    std::filesystem::create_symlink(testModulesFolder() + "/greeter.so",
+                                    onDisk(platform::appListLibraryPath));
+    const auto view = open();
+    EXPECT_EQ(rows(*view), Identifiers());
+    EXPECT_EQ(view->tableView()->numberOfRowsInSection(0), 0u);
+}
+
+TEST_F(AppsListLibrary, ThatOffersAnotherKindOfClassUnderItsNameGivesAnEmptyList) {
+    std::filesystem::create_symlink(testModulesFolder() + "/impostor.so",
+                                    onDisk(platform::appListLibraryPath));
+    const auto view = open();
+    EXPECT_TRUE(isRegistered());
+    EXPECT_EQ(rows(*view), Identifiers());
+}
+
 TEST_F(AppsListLibrary, IsClosedWithTheView) {
     installLibrary();
     auto view = open();

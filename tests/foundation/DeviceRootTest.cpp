@@ -85,6 +85,21 @@ TEST_F(DeviceRoot, LiesInTheUsersDataFolderElse) {
     EXPECT_TRUE(platform::deviceRootIsOwn());
 }
 
+TEST_F(DeviceRoot, IsTheUsersOwnWhereTheEnvironmentNamesThatFolder) {
+    const std::string own = folder() / "data/wardlock/device";
+    for (const std::string& name : {own, own + "/", folder() / "data/../data/wardlock/./device"}) {
+        environment.set("WARDLOCK_DEVICE_ROOT", name);
+        EXPECT_TRUE(platform::deviceRootIsOwn()) << name;
+        EXPECT_TRUE(platform::deviceRootIsNamed());
+    }
+    fs::create_directories(own);
+    fs::create_directory_symlink(own, folder() / "link");
+    environment.set("WARDLOCK_DEVICE_ROOT", folder() / "link");
+    EXPECT_TRUE(platform::deviceRootIsOwn());
+    environment.set("WARDLOCK_DEVICE_ROOT", folder() / "data/wardlock");
+    EXPECT_FALSE(platform::deviceRootIsOwn());
+}
+
 TEST_F(DeviceRoot, LiesInTheHomeFolderWhereNoDataFolderIsNamed) {
     environment.unset("WARDLOCK_DEVICE_ROOT");
     onMachine();

@@ -50,6 +50,103 @@ TEST_F(AppListDesktop, NamesApplicationsInTheUsersLanguage) {
     EXPECT_EQ(nameOf("org.files"), "Dateien");
 }
 
+TEST_F(AppListDesktop, LeavesOutEntriesThatAreNotForThisDesktop) {
+    environment.set("XDG_CURRENT_DESKTOP", "Ours:Base");
+    writeEntry("org.any.desktop", "Name=Any\n");
+    writeEntry("org.not.desktop", "Name=Not\nNotShowIn=Other;Base;\n");
+    writeEntry("org.notelsewhere.desktop", "Name=Not elsewhere\nNotShowIn=Other;\n");
+    writeEntry("org.only.desktop", "Name=Only\nOnlyShowIn=Base;\n");
+    writeEntry("org.elsewhere.desktop", "Name=Elsewhere\nOnlyShowIn=Other;\n");
+    EXPECT_EQ(list().applications(),
+              (platform::Dictionary{
+                  {"org.any", "Any"}, {"org.notelsewhere", "Not elsewhere"}, {"org.only", "Only"}}));
+}
+
+TEST_F(AppListDesktop, LeavesOutEntriesWhoseProgramIsNotInstalled) {
+    writeEntry("org.there.desktop", "Name=There\nTryExec=true\n");
+    writeEntry("org.gone.desktop", "Name=Gone\nTryExec=/no/such/program\n");
+    writeEntry("org.lost.desktop", "Name=Lost\nTryExec=wardlock-no-such-program\n");
+    EXPECT_EQ(list().applications(), (platform::Dictionary{{"org.there", "There"}}));
+}
+
+TEST_F(AppListDesktop, LeavesOutEntriesWithoutANameOrWithNothingToStart) {
+    writeEntry("org.nameless.desktop", "X-GNOME-FullName=Nameless\nGenericName=Generic\n");
+    writeEntry("org.empty.desktop", "Name=\n");
+    writeDesktop("applications/org.idle.desktop", "[Desktop Entry]\nType=Application\nName=Idle\n");
+    writeDesktop("applications/org.blank.desktop", "[Desktop Entry]\nType=Application\nName=Blank\nExec=\n");
+    writeDesktop("applications/org.bus.desktop",
+                 "[Desktop Entry]\nType=Application\nName=Bus\nDBusActivatable=true\n");
+    EXPECT_EQ(list().applications(), (platform::Dictionary{{"org.bus", "Bus"}}));
+}
+
+TEST_F(AppListDesktop, NamesApplicationsByTheirNameAndNoOtherKey) {
+    writeEntry("org.files.desktop",
+               "Name=Files\nX-GNOME-FullName=File Manager of the Desktop\nGenericName=Manager\n");
+    EXPECT_EQ(nameOf("org.files"), "Files");
+}
+
+TEST_F(AppListDesktop, FallsBackFromALanguageOfACountryToTheLanguageAndToTheNameItself) {
+    environment.set("LC_ALL", "de_AT.UTF-8");
+    environment.set("LANGUAGE", "de_AT:fr");
+    writeEntry("org.country.desktop", "Name=Tomato\nName[de]=Tomate\nName[de_AT]=Paradeiser\n");
+    writeEntry("org.language.desktop", "Name=Files\nName[de]=Dateien\nName[fr]=Fichiers\n");
+    writeEntry("org.second.desktop", "Name=Clock\nName[fr]=Horloge\nName[it]=Orologio\n");
+    writeEntry("org.none.desktop", "Name=Notes\nName[it]=Appunti\n");
+    writeEntry("org.blank.desktop", "Name=Maps\nName[de]=\n");
+    EXPECT_EQ(list().applications(), (platform::Dictionary{{"org.country", "Paradeiser"},
+                                                           {"org.language", "Dateien"},
+                                                           {"org.second", "Horloge"},
+                                                           {"org.none", "Notes"},
+                                                           {"org.blank", "Maps"}}));
+}
+
+/// The user's own folder of entries comes before the first of the system's, and that before the next.
+class AppListDesktopFolders : public AppListDesktop {
+protected:
+    AppListDesktopFolders() { environment.set("XDG_DATA_DIRS", first() + ':' + second()); }
+
+    std::string user() const { return std::getenv("XDG_DATA_HOME"); }
+    std::string first() const { return folder() / "first"; }
+    std::string second() const { return folder() / "second"; }
+    static void writeEntryIn(const std::string& folder, const std::string& lines) {
+        fs::create_directories(folder + "/applications");
+        std::ofstream(folder + "/applications/org.a.desktop")
+            << "[Desktop Entry]\nType=Application\nExec=true\n" + lines;
+    }
+};
+
+TEST_F(AppListDesktopFolders, ComeInTheOrderInWhichTheyAreNamed) {
+    writeEntryIn(second(), "Name=Second\n");
+    writeEntryIn(first(), "Name=First\n");
+    EXPECT_EQ(list().applications(), (platform::Dictionary{{"org.a", "First"}}));
+}
+
+TEST_F(AppListDesktopFolders, ComeAfterTheUsersOwn) {
+    writeEntryIn(first(), "Name=First\n");
+    writeEntryIn(user(), "Name=User\n");
+    EXPECT_EQ(list().applications(), (platform::Dictionary{{"org.a", "User"}}));
+}
+
+TEST_F(AppListDesktopFolders, AreMaskedByAnEntryOfTheUserThatIsHidden) {
+    writeEntryIn(first(), "Name=First\n");
+    writeEntryIn(user(), "Name=User\nHidden=true\n");
+    EXPECT_EQ(list().applications(), platform::Dictionary());
+}
+
+TEST_F(AppListDesktopFolders, AreMaskedByAnEntryOfTheUserThatMenusDoNotShow) {
+    writeEntryIn(first(), "Name=First\n");
+    writeEntryIn(user(), "Name=User\nNoDisplay=true\n");
+    EXPECT_EQ(list().applications(), platform::Dictionary());
+}
+
+TEST_F(AppListDesktop, CountsForTheUsersDeviceRootWhereTheEnvironmentNamesItToo) {
+    writeEntry("org.a.desktop", "Name=Entry\n");
+    environment.set("WARDLOCK_DEVICE_ROOT", fs::path(std::getenv("XDG_DATA_HOME")) / "wardlock/device");
+    EXPECT_EQ(nameOf("org.a"), "Entry");
+    environment.set("WARDLOCK_DEVICE_ROOT", root());
+    EXPECT_EQ(nameOf("org.a"), std::nullopt);
+}
+
 TEST_F(AppListDesktop, SkipsBrokenEntriesAndKeepsTheOthers) {
     writeEntry("org.good.desktop", "Name=Good\n");
     writeDesktop("applications/garbage.desktop", "garbage");
@@ -141,6 +238,25 @@ TEST_F(AppListDesktop, TakesTheIconThatFitsThenAScalableThenALargerThenASmallerO
     EXPECT_EQ(iconPath("a"), "icons/hicolor/32x32/apps/a.png");
     EXPECT_EQ(iconPath("b"), "icons/hicolor/scalable/apps/b.svg");
     EXPECT_EQ(iconPath("c"), "icons/hicolor/256x256/apps/c.png");
+}
+
+TEST_F(AppListDesktop, TakesTheIconOfAScaledFolderForAScreenOfItsScale) {
+    writeTheme("hicolor", "",
+               "Directories=32x32/apps\nScaledDirectories=32x32@2/apps,32x32@3/apps\n"
+               "[32x32/apps]\nSize=32\nType=Fixed\n"
+               "[32x32@2/apps]\nSize=32\nScale=2\nType=Fixed\n"
+               "[32x32@3/apps]\nSize=32\nScale=3\nType=Fixed\n");
+    for (const char* name : {"all", "single"})
+        writeEntry(std::string(name) + ".desktop", "Name=x\nIcon=" + std::string(name) + "\n");
+    for (const char* folder : {"32x32", "32x32@2", "32x32@3"})
+        writeDesktop("icons/hicolor/" + std::string(folder) + "/apps/all.png", png(8));
+    writeDesktop("icons/hicolor/32x32@2/apps/single.png", png(8));
+    for (const auto& [scale, expected] :
+         {std::pair(1, "32x32"), std::pair(2, "32x32@2"), std::pair(3, "32x32@3")}) {
+        platform::DeviceInformation::setScreenScale(scale);
+        EXPECT_EQ(iconPath("all", 32), "icons/hicolor/" + std::string(expected) + "/apps/all.png");
+    }
+    EXPECT_EQ(iconPath("single", 32), "icons/hicolor/32x32@2/apps/single.png");
 }
 
 TEST_F(AppListDesktop, TakesIconsByPathAndFromFoldersWithoutATheme) {
