@@ -1,9 +1,11 @@
 // What the doctor finds in the device root: the root itself, the document, the log.
 
 #include "cli/Finding.h"
+#include "cli/ShellWord.h"
 #include "cli/TextWidth.h"
 #include "platform/foundation/DeviceRoot.h"
 #include "platform/foundation/FileSystem.h"
+#include "platform/foundation/FolderTrust.h"
 #include "platform/foundation/Format.h"
 #include "platform/foundation/PropertyList.h"
 #include "platform/foundation/PropertyListBounds.h"
@@ -11,6 +13,7 @@
 #include "settings/Constants.h"
 #include "settings/DocumentPath.h"
 #include "settings/Keys.h"
+#include "shell/Provision.h"
 
 #include <optional>
 
@@ -49,16 +52,27 @@ std::string counted(std::uint64_t count, std::string_view what) {
 }
 
 std::string whyThisRoot() {
-    if (!platform::deviceRootIsOwn())
+    if (platform::deviceRootIsNamed())
         return "named by WARDLOCK_DEVICE_ROOT";
     return platform::deviceRoot() == "/" ? "this machine is the device: it has /var/mobile"
                                          : "your own: WARDLOCK_DEVICE_ROOT names none";
 }
 
 std::string howToMakeRoot() {
-    return platform::deviceRootIsOwn()
-               ? "Open Settings once (wardlock settings): it makes what the device root lacks."
-               : "Make it with: wardlock device init \"$WARDLOCK_DEVICE_ROOT\"";
+    return platform::deviceRootIsNamed()
+               ? "Make it with: wardlock device init \"$WARDLOCK_DEVICE_ROOT\""
+               : "Open Settings once (wardlock settings): it makes what the device root lacks.";
+}
+
+/// The first of its folders that another user could change.
+platform::FolderDoubt doubtOfRoot(const std::string& folderOfDocument) {
+    platform::FolderDoubt doubt = platform::doubtOfFolder(folderOfDocument);
+    for (const char* folder : shell::deviceFolders()) {
+        const std::string path = platform::pathOnDevice(folder);
+        if (!doubt && statusOf(path))
+            doubt = platform::doubtOfFolder(path);
+    }
+    return doubt;
 }
 
 /// The accounts, and which one is enabled. False when the list is of another kind.
@@ -115,7 +129,7 @@ Finding lookAtDeviceRoot() {
     const std::string root = platform::deviceRoot();
     const std::string folder = platform::folderOf(documentOnDisk());
     finding.facts["path"] = root;
-    finding.facts["named"] = !platform::deviceRootIsOwn();
+    finding.facts["named"] = platform::deviceRootIsNamed();
     finding.text = root + " (" + whyThisRoot() + ")";
     const auto status = statusOf(root);
     if (!status)
@@ -128,6 +142,11 @@ Finding lookAtDeviceRoot() {
         return finding.fails(finding.text + ": you may not write to " + folder,
                              "Become the user that folder belongs to: every change replaces the document "
                              "there.");
+    if (const platform::FolderDoubt doubt = doubtOfRoot(folder))
+        return finding.fails(finding.text + ": " + doubt.reason,
+                             "Another user could put files of their own there, and read or replace yours. "
+                             "Where the folder is yours: chmod go-w " +
+                                 shellWord(doubt.path) + "; else use another device root.");
     return finding;
 }
 
@@ -156,7 +175,8 @@ Finding lookAtDocument() {
     finding.text = path + ", " + counted(bytes.size(), "byte") + ", mode " + octal(status->mode);
     judgeContent(path, bytes, finding);
     if (finding.works && (status->mode & accessOfOthers) != 0)
-        finding.advice.push_back("It holds the passcode, and others may use it: chmod 600 " + path);
+        finding.advice.push_back("It holds the passcode, and others may use it: chmod 600 " +
+                                 shellWord(path));
     if (statusOf(path + ".damaged"))
         finding.advice.push_back("A damaged document was kept as " + path +
                                  ".damaged: remove it when nobody misses anything.");

@@ -1,5 +1,6 @@
 #include "linux/TrustedUsers.h"
 #include "platform/foundation/FileSystem.h"
+#include "platform/foundation/FolderTrust.h"
 #include "platform/foundation/Module.h"
 #include "platform/foundation/RealFileSystem.h"
 
@@ -15,7 +16,7 @@ constexpr unsigned writableByGroup = 0020;
 constexpr unsigned writableByAll = 0002;
 constexpr unsigned sticky = 01000;
 
-enum class Place { File, FolderOfFile, FolderAbove };
+enum class Place { File, LastFolder, FolderAbove };
 
 bool isAbove(const std::string& folder, const std::string& path) {
     const std::string start = folder == "/" ? folder : folder + '/';
@@ -27,7 +28,23 @@ class Walk {
 public:
     explicit Walk(std::string path) : rest_(std::move(path)) {}
 
-    /// Why not to trust what the path leads to; empty when there is no reason.
+    /// Why not to trust the file that the path leads to; empty when there is no reason.
+    std::string toFile() {
+        std::string reason = toTheEnd();
+        if (reason.empty())
+            reason = judge(here_, Place::File);
+        return reason.empty() ? judge(folderOf(here_), Place::LastFolder) : reason;
+    }
+
+    /// The same of a folder.
+    FolderDoubt toFolder() {
+        std::string reason = toTheEnd();
+        if (reason.empty())
+            reason = judge(here_, Place::LastFolder);
+        return {reason.empty() ? "" : judged_, reason};
+    }
+
+private:
     std::string toTheEnd() {
         std::string reason;
         while (reason.empty() && !rest_.empty()) {
@@ -37,12 +54,9 @@ public:
             else if (!name.empty() && name != ".")
                 reason = step(here_ == "/" ? here_ + name : here_ + '/' + name);
         }
-        if (reason.empty())
-            reason = judge(here_, Place::File);
-        return reason.empty() ? judge(folderOf(here_), Place::FolderOfFile) : reason;
+        return reason;
     }
 
-private:
     std::string nextName() {
         const std::size_t end = std::min(rest_.find('/'), rest_.size());
         std::string name = rest_.substr(0, end);
@@ -51,6 +65,7 @@ private:
     }
 
     std::string step(const std::string& path) {
+        judged_ = path;
         FileStatus status;
         if (std::error_code error = realFileSystem().status(path, Links::Keep, status))
             return path + ": " + error.message();
@@ -75,7 +90,8 @@ private:
         return "";
     }
 
-    std::string judge(const std::string& path, Place place) const {
+    std::string judge(const std::string& path, Place place) {
+        judged_ = path;
         // Who can change what lies above this library can change the library.
         if (place != Place::File && isAbove(path, library_))
             return "";
@@ -102,13 +118,19 @@ private:
     /// Where the walk stands, a path without links, and what of the path is still ahead.
     std::string here_ = "/";
     std::string rest_;
+    /// What was looked at last.
+    std::string judged_;
     int links_ = 0;
 };
 
 } // namespace
 
 std::string reasonToDistrust(const std::string& path) {
-    return Walk(path).toTheEnd();
+    return Walk(path).toFile();
+}
+
+FolderDoubt doubtOfFolder(const std::string& path) {
+    return Walk(path).toFolder();
 }
 
 } // namespace platform

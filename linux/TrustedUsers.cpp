@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <grp.h>
+#include <mutex>
 #include <pwd.h>
 #include <sys/xattr.h>
 #include <unistd.h>
@@ -14,11 +15,12 @@ namespace platform {
 
 namespace {
 
+constexpr std::size_t firstRoom = 1024;
+constexpr std::size_t mostRoom = std::size_t{1} << 20;
+
 /// Asks the user data base, with as much room as the entry takes; false when there is none.
 template <class Entry, class Call>
 bool findEntry(Call call, Entry& entry, std::vector<char>& room) {
-    constexpr std::size_t firstRoom = 1024;
-    constexpr std::size_t mostRoom = std::size_t{1} << 20;
     Entry* found = nullptr;
     for (room.resize(firstRoom); room.size() <= mostRoom; room.resize(room.size() * 2))
         if (call(&entry, room.data(), room.size(), &found) != ERANGE)
@@ -26,7 +28,47 @@ bool findEntry(Call call, Entry& entry, std::vector<char>& room) {
     return found != nullptr;
 }
 
-/// The group has the user's name, is the user's first one, and has no other member.
+/// The user data base is walked by a position that the whole process shares.
+class UserWalk {
+public:
+    UserWalk() : alone_(guard()) { ::setpwent(); }
+    ~UserWalk() { ::endpwent(); }
+    UserWalk(const UserWalk&) = delete;
+    UserWalk& operator=(const UserWalk&) = delete;
+
+    /// 0 with the next entry, ENOENT at the end.
+    int next(passwd& entry) {
+        passwd* found = nullptr;
+        int error = 0;
+        while ((error = ::getpwent_r(&entry, room_.data(), room_.size(), &found)) == ERANGE &&
+               room_.size() < mostRoom)
+            room_.resize(room_.size() * 2);
+        return error;
+    }
+
+private:
+    static std::mutex& guard() {
+        static std::mutex one;
+        return one;
+    }
+
+    const std::lock_guard<std::mutex> alone_;
+    std::vector<char> room_ = std::vector<char>(firstRoom);
+};
+
+/// The list of a group does not name the users whose first group it is: their own entries do.
+bool isFirstGroupOfAnother(uid_t user, gid_t group) {
+    UserWalk users;
+    passwd entry = {};
+    int error = 0;
+    while ((error = users.next(entry)) == 0)
+        if (entry.pw_gid == group && entry.pw_uid != user)
+            return true;
+    // Whom the data base does not list it could still let in.
+    return error != ENOENT;
+}
+
+/// The group has the user's name, is the user's first one and nobody else's, and has no other member.
 bool isGroupOfUserAlone(uid_t user, gid_t group) {
     std::vector<char> userRoom;
     passwd owner = {};
@@ -42,7 +84,7 @@ bool isGroupOfUserAlone(uid_t user, gid_t group) {
     for (char** member = entry.gr_mem; *member; ++member)
         if (name != *member)
             return false;
-    return true;
+    return !isFirstGroupOfAnother(user, group);
 }
 
 bool hasAccessList(const std::string& path) {

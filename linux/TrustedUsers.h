@@ -16,8 +16,8 @@ public:
 
     bool include(std::uint32_t user) const;
     /// Whether nobody but one of them can write through the group's permission. Many systems give each user a
-    /// group of the same name and let everybody create files it may write; an access list in a file's
-    /// attributes names others still.
+    /// group of the same name and create files that it may write. Others come into it by the group's list, by
+    /// a first group in their own entry, or by an access list in the file's attributes.
     bool haveGroupAlone(const std::string& path, std::uint32_t group) const;
 
 private:

@@ -2,6 +2,7 @@
 
 #include "platform/foundation/DeviceRoot.h"
 #include "platform/foundation/FileSystem.h"
+#include "platform/foundation/FolderTrust.h"
 #include "settings/DocumentPath.h"
 
 #include <system_error>
@@ -11,6 +12,21 @@ namespace wardlock {
 namespace {
 
 constexpr unsigned privateFolderMode = 0700;
+
+bool isMissing(const std::string& path) {
+    platform::FileStatus status;
+    const auto ask = [&] {
+        return platform::FileSystem::current().status(path, platform::Links::Follow, status);
+    };
+    return platform::uninterrupted(ask) == std::errc::no_such_file_or_directory;
+}
+
+/// The folder itself, or the first above it that is there.
+std::string firstThatExists(std::string folder) {
+    while (isMissing(folder) && platform::folderOf(folder) != folder)
+        folder = platform::folderOf(folder);
+    return folder;
+}
 
 } // namespace
 
@@ -26,13 +42,9 @@ platform::Update updateDocument(std::string_view identifier,
 bool makeMissingDocumentFolder(std::string_view identifier) {
     if (platform::deviceRoot() == "/")
         return false;
-    platform::FileSystem& files = platform::FileSystem::current();
     const std::string folder = platform::folderOf(platform::pathOnDevice(documentPath(identifier)));
-    platform::FileStatus status;
-    const std::error_code missing =
-        platform::uninterrupted([&] { return files.status(folder, platform::Links::Follow, status); });
-    return missing == std::errc::no_such_file_or_directory &&
-           !platform::makeFolders(files, folder, privateFolderMode);
+    return isMissing(folder) && !platform::doubtOfFolder(firstThatExists(folder)) &&
+           !platform::makeFolders(platform::FileSystem::current(), folder, privateFolderMode);
 }
 
 } // namespace wardlock

@@ -3,6 +3,7 @@
 #include "platform/foundation/DeviceRoot.h"
 #include "platform/foundation/DynamicLibrary.h"
 #include "platform/foundation/FileSystem.h"
+#include "platform/foundation/FolderTrust.h"
 #include "platform/services/ALApplicationList.h"
 #include "settings/Constants.h"
 #include "settings/DocumentPath.h"
@@ -10,11 +11,13 @@
 #include "shell/BundleList.h"
 #include "shell/InstalledFiles.h"
 
+#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <random>
 #include <string>
 #include <system_error>
+#include <utility>
 
 namespace wardlock::shell {
 
@@ -22,7 +25,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::array deviceFolders{
+constexpr std::array folders{
     "/Applications", "/Library/MobileSubstrate/DynamicLibraries", preferenceBundlesPath,
     "/tmp",          "/var/mobile/Library/Preferences",
 };
@@ -30,7 +33,16 @@ constexpr std::array deviceFolders{
 constexpr unsigned privateMode = 0700;
 constexpr const char* appListModule = "AppList.dylib";
 
+/// Nobody else could have put something else there, or could do it now.
+bool isFolderOfOurs(const std::string& path) {
+    return !platform::doubtOfFolder(path);
+}
+
 } // namespace
+
+std::span<const char* const> deviceFolders() {
+    return folders;
+}
 
 Provision::Provision(const std::function<void()>& furnish) {
     if (platform::deviceRoot() != "/")
@@ -39,7 +51,7 @@ Provision::Provision(const std::function<void()>& furnish) {
 }
 
 void Provision::makeWhatIsMissing(const std::function<void()>& furnish) {
-    makeFolders();
+    const bool complete = makeFolders();
     const std::string installed = installedFolder();
     if (installed.empty()) {
         problems_.push_back("The settings bundle was not found beside this program.");
@@ -48,34 +60,52 @@ void Provision::makeWhatIsMissing(const std::function<void()>& furnish) {
              installed + "/PreferenceBundles/" + settingsBundleName);
         link(platform::appListLibraryPath, installed + "/DynamicLibraries/" + appListModule);
     }
-    if (furnish)
+    if (furnish && complete)
         furnish();
     firstStart();
 }
 
-void Provision::makeFolders() {
+bool Provision::makeFolders() {
     const std::string root = platform::deviceRoot();
-    // For the user alone, whatever the creation mask; what cannot be made is told of the root itself.
+    // What cannot be made here is reported of the root itself.
     static_cast<void>(
         platform::makeFolders(platform::FileSystem::current(), platform::folderOf(root), privateMode));
-    makeFolder(root);
-    for (const char* folder : deviceFolders) {
-        fs::path path;
-        for (const auto& part : fs::path(folder).relative_path()) {
-            path /= part;
-            makeFolder(platform::pathOnDevice('/' + path.string()));
-        }
-    }
+    if (!makeFolder(root))
+        return false;
+    bool complete = true;
+    for (const char* folder : folders)
+        complete = makeFoldersTo(folder) && complete;
+    return complete;
 }
 
-void Provision::makeFolder(const std::string& path) {
-    std::error_code error;
-    if (fs::create_directory(path, error))
-        fs::permissions(path, fs::perms::owner_all, error);
-    else if (!error || fs::is_directory(path))
-        return;
-    if (error)
-        problems_.push_back("The folder " + path + " cannot be made: " + error.message() + ".");
+bool Provision::makeFoldersTo(const std::string& devicePath) {
+    fs::path path;
+    for (const auto& part : fs::path(devicePath).relative_path()) {
+        path /= part;
+        if (!makeFolder(platform::pathOnDevice('/' + path.string())))
+            return false;
+    }
+    return true;
+}
+
+bool Provision::makeFolder(const std::string& path) {
+    // Closed from the first moment: another user who could enter a folder that is closed only later would
+    // already have one of his own in it.
+    if (const auto error = platform::makeFolders(platform::FileSystem::current(), path, privateMode)) {
+        report("The folder " + path + " cannot be made: " + error.message() + ".");
+        return false;
+    }
+    if (const platform::FolderDoubt doubt = platform::doubtOfFolder(path)) {
+        report("The folder " + path + " is not used: " + doubt.reason + ".");
+        return false;
+    }
+    return true;
+}
+
+void Provision::report(std::string problem) {
+    // Several folders lie below the same one.
+    if (std::ranges::find(problems_, problem) == problems_.end())
+        problems_.push_back(std::move(problem));
 }
 
 void Provision::link(const std::string& devicePath, const std::string& target) {
@@ -83,7 +113,7 @@ void Provision::link(const std::string& devicePath, const std::string& target) {
     std::error_code error;
     const auto status = fs::symlink_status(path, error);
     // Something else that stands there was put there by the user.
-    if (fs::exists(status) && !fs::is_symlink(status))
+    if ((fs::exists(status) && !fs::is_symlink(status)) || !isFolderOfOurs(path.parent_path()))
         return;
     if (!fs::exists(target, error) || (fs::is_symlink(status) && fs::read_symlink(path, error) == target))
         return;
@@ -101,7 +131,8 @@ void Provision::link(const std::string& devicePath, const std::string& target) {
 void Provision::firstStart() {
     std::error_code error;
     const fs::path document = platform::pathOnDevice(documentPath(BundleIdentifier));
-    if (fs::symlink_status(document, error).type() == fs::file_type::not_found)
+    if (fs::symlink_status(document, error).type() == fs::file_type::not_found &&
+        isFolderOfOurs(document.parent_path()))
         InitSettings();
 }
 

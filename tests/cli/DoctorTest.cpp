@@ -120,6 +120,29 @@ TEST_F(Doctor, TellsThatTheFolderOfTheDocumentIsNotThere) {
     expectBroken("deviceRoot", "lacks the folder " + onDisk("/var/mobile/Library/Preferences"));
 }
 
+TEST_F(Doctor, ReportsAFolderOfTheDeviceThatOthersCanChange) {
+    for (const char* folder : {"/var/mobile/Library/Preferences", "/var", "/tmp", ""}) {
+        fs::permissions(onDisk(folder), fs::perms(0777));
+        expectBroken("deviceRoot", onDisk(folder) + " can be changed by every user");
+        EXPECT_NE(advice(finding("deviceRoot", 1)).find("chmod go-w " + onDisk(folder)), std::string::npos);
+        fs::permissions(onDisk(folder), fs::perms(0700));
+    }
+    EXPECT_EQ(finding("deviceRoot", 0)["advice"], Json::array());
+}
+
+TEST_F(Doctor, QuotesWhatItAdvisesForAShell) {
+    const std::string odd = folder() / "a b;$(touch c)'\x1B[31m";
+    fs::rename(root(), odd);
+    environment.set("WARDLOCK_DEVICE_ROOT", odd);
+    const fs::path own = odd + documentPath;
+    fs::permissions(own, fs::perms(0644));
+    const std::string told = finding("document", 0)["advice"][0];
+    const std::string advised = told.substr(told.find("chmod 600"));
+    EXPECT_EQ(advised.find('\x1B'), std::string::npos);
+    EXPECT_EQ(runProcess("/bin/bash", {"-c", advised}).exitCode, 0) << advised;
+    EXPECT_EQ(fs::status(own).permissions(), fs::perms(0600));
+}
+
 TEST_F(Doctor, TellsOfTheDocument) {
     const Json found = finding("document", 0);
     EXPECT_EQ(found["path"], onDisk(documentPath));

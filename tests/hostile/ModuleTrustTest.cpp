@@ -199,6 +199,15 @@ TEST_F(BundleTrust, EndsWhereEveryUserCanChangeWhatIsSaidOfTheBundle) {
     EXPECT_EQ(refusal(), reason(info, "can be changed by every user"));
 }
 
+TEST_F(BundleTrust, ListsABundleWhoseModuleAloneEveryUserCanChangeAndRefusesToOpenIt) {
+    const std::string code = std::string(bundle) + "/greeter.so";
+    setMode(code, 0666);
+    EXPECT_EQ(shell::BundleList().entries().size(), 1U);
+    std::string why;
+    EXPECT_EQ(platform::NSBundle::bundleWithPath(bundle)->principalClass(why), nullptr);
+    EXPECT_EQ(why, reason(code, "can be changed by every user"));
+}
+
 TEST_F(BundleTrust, EndsWhereEveryUserCanChangeTheBundlesFolder) {
     setMode(bundle, 0777);
     EXPECT_EQ(refusal(), reason(bundle, "can be changed by every user"));
@@ -224,7 +233,8 @@ TEST_F(ModuleTrust, InTheApplicationListEndsWithAWordAtTheStart) {
     setMode(modules, 0777);
     const std::string why = reason(modules, "can be changed by every user");
     EXPECT_EQ(shell::Provision().problems(),
-              std::vector<std::string>{"The list of applications stays empty: " + why + "."});
+              (std::vector<std::string>{"The folder " + onDisk(modules) + " is not used: " + why + ".",
+                                        "The list of applications stays empty: " + why + "."}));
     EXPECT_EQ(refusal(platform::appListLibraryPath), why);
 }
 

@@ -3,10 +3,13 @@
 #include "platform/foundation/PropertyListFile.h"
 #include "settings/DefaultSettings.h"
 #include "shell/InstalledFiles.h"
+#include "tests/doubles/FaultyFileSystem.h"
 #include "tests/support/DeviceRootFixture.h"
 
 #include <algorithm>
 #include <filesystem>
+#include <functional>
+#include <sys/stat.h>
 
 namespace fs = std::filesystem;
 using wardlock::shell::Provision;
@@ -42,6 +45,52 @@ TEST_F(ProvisionTest, LeavesTheModeOfAFolderThatStandsAsItIs) {
     fs::permissions(onDisk("/tmp"), fs::perms::all);
     const Provision provision;
     EXPECT_EQ(fs::status(onDisk("/tmp")).permissions(), fs::perms::all);
+    EXPECT_EQ(provision.problems(),
+              std::vector<std::string>{"The folder " + onDisk("/tmp") + " is not used: " + onDisk("/tmp") +
+                                       " can be changed by every user."});
+}
+
+TEST_F(ProvisionTest, MakesFoldersThatAreClosedFromTheFirstMoment) {
+    removeRoot();
+    const mode_t before = ::umask(0);
+    wardlock::test::FaultyFileSystem files(platform::FileSystem::current());
+    platform::FileSystem::setCurrent(&files);
+    int looks = 0;
+    const std::function<void()> look = [&] {
+        ++looks;
+        files.before("makeFolder", look);
+        if (!fs::exists(root()))
+            return;
+        EXPECT_EQ(fs::status(root()).permissions(), fs::perms::owner_all);
+        for (const auto& entry : fs::recursive_directory_iterator(root()))
+            EXPECT_EQ(entry.status().permissions(), fs::perms::owner_all) << entry.path();
+    };
+    files.before("makeFolder", look);
+    const Provision provision;
+    platform::FileSystem::setCurrent(nullptr);
+    ::umask(before);
+    EXPECT_GT(looks, 8);
+    EXPECT_EQ(provision.problems(), std::vector<std::string>());
+}
+
+TEST_F(ProvisionTest, MakesNothingInARootThatEveryUserCanChange) {
+    removeRoot();
+    fs::create_directory(root());
+    fs::permissions(root(), fs::perms::all);
+    const Provision provision([] { ADD_FAILURE() << "it was furnished"; });
+    EXPECT_TRUE(fs::is_empty(root()));
+    EXPECT_EQ(provision.problems().front(),
+              "The folder " + root() + " is not used: " + root() + " can be changed by every user.");
+}
+
+TEST_F(ProvisionTest, MakesNoDocumentInAFolderThatEveryUserCanChange) {
+    const char* const above = "/var/mobile/Library";
+    makeFolder(above);
+    fs::permissions(onDisk(above), fs::perms::all);
+    const Provision provision;
+    EXPECT_FALSE(exists(document));
+    EXPECT_TRUE(exists(bundle)) << "other folders are not concerned";
+    EXPECT_EQ(provision.problems().size(), 1U);
 }
 
 TEST_F(ProvisionTest, LinksTheBundleOfThisInstallation) {
