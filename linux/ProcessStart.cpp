@@ -1,15 +1,46 @@
 #include "platform/services/ProcessStart.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
+#include <string_view>
+#include <sys/resource.h>
 #include <system_error>
 #include <unistd.h>
 
 namespace platform {
 
+namespace {
+
+/// All that the user chooses - variables, folders, descriptors - would act with the other user's rights.
+void refuseForeignRights() {
+    if (::getuid() == ::geteuid() && ::getgid() == ::getegid())
+        return;
+    constexpr std::string_view reason =
+        "This program does not run set-user-id or set-group-id: start it as the user it is to serve.\n";
+    static_cast<void>(!::write(STDERR_FILENO, reason.data(), reason.size()));
+    ::_exit(EXIT_FAILURE);
+}
+
+/// The kernel makes no dump below two bytes, neither into a file nor for a program that collects dumps; of a
+/// limit of 0 such a program is only told.
+void refuseCoreDumps() {
+    constexpr rlim_t none = 1;
+    rlimit limit{};
+    if (::getrlimit(RLIMIT_CORE, &limit) != 0)
+        return;
+    limit.rlim_cur = std::min(none, limit.rlim_max);
+    static_cast<void>(::setrlimit(RLIMIT_CORE, &limit));
+}
+
+} // namespace
+
 void prepareProcess() {
+    refuseForeignRights();
+    refuseCoreDumps();
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
     for (int descriptor = STDIN_FILENO; descriptor <= STDERR_FILENO; ++descriptor) {
