@@ -26,10 +26,21 @@ constexpr std::uint32_t versionWithAddresses = 3;
 /// The response's first value, once the signal has come.
 using Response = std::optional<std::uint32_t>;
 
+constexpr auto ended = static_cast<std::uint32_t>(PortalResponse::Ended);
+
+/// One that cannot be read is a failure too: nothing better follows it.
 int takeResponse(sd_bus_message* signal, void* response, sd_bus_error*) {
-    std::uint32_t code = 0;
-    if (sd_bus_message_read(signal, "u", &code) >= 0)
-        *static_cast<Response*>(response) = code;
+    std::uint32_t code = ended;
+    if (sd_bus_message_read(signal, "u", &code) < 0)
+        code = ended;
+    *static_cast<Response*>(response) = code;
+    return 0;
+}
+
+/// The portal has ended, or another one has come that knows nothing of the request.
+int takeOwner(sd_bus_message*, void* response, sd_bus_error*) {
+    if (auto& code = *static_cast<Response*>(response); !code)
+        code = ended;
     return 0;
 }
 
@@ -160,6 +171,13 @@ std::optional<PortalResponse> composeEmail(sd_bus& bus, std::uint32_t version, c
                             takeResponse, &response) < 0)
         return std::nullopt;
     const BusSlot slot(subscribed);
+    const std::string owners = std::string("type='signal',sender='org.freedesktop.DBus',"
+                                           "path='/org/freedesktop/DBus',interface='org.freedesktop.DBus',"
+                                           "member='NameOwnerChanged',arg0='") +
+                               service + "'";
+    if (sd_bus_add_match(&bus, &subscribed, owners.c_str(), takeOwner, &response) < 0)
+        return std::nullopt;
+    const BusSlot ownerSlot(subscribed);
     sd_bus_message* answered = nullptr;
     if (sd_bus_call(&bus, call.get(), static_cast<std::uint64_t>(timeout.count()), nullptr, &answered) < 0)
         return std::nullopt;
