@@ -12,6 +12,8 @@ struct Application {
     std::string name;
     /// The .app folder, a path of this machine; empty for an entry of the desktop.
     std::string folder;
+    /// The file of the desktop's entry; empty for a .app folder.
+    std::string entry;
     /// Names of icon files inside the folder, as its Info.plist gives them.
     std::vector<std::string> icons;
     /// Tells installations of the application apart.

@@ -21,8 +21,8 @@ int pixelsOf(int points) {
 }
 
 std::shared_ptr<UIImage> imageOf(const Application& application, int pixels) {
-    std::string path = application.folder.empty() ? desktopIcon(application.identifier, pixels)
-                                                  : bundleIcon(application, pixels);
+    std::string path =
+        application.folder.empty() ? desktopIcon(application, pixels) : bundleIcon(application, pixels);
     if (path.empty() || !IconFile::look(path))
         return nullptr;
     return std::make_shared<UIImage>(std::move(path), std::string());

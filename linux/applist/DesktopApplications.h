@@ -3,7 +3,6 @@
 #include "linux/applist/Application.h"
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace platform::applist {
@@ -13,6 +12,6 @@ namespace platform::applist {
 std::vector<Application> desktopApplications();
 
 /// The file of the entry's icon for a square of so many pixels; empty when there is none.
-std::string desktopIcon(std::string_view identifier, int pixels);
+std::string desktopIcon(const Application& application, int pixels);
 
 } // namespace platform::applist

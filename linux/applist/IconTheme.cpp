@@ -2,6 +2,7 @@
 
 #include "linux/applist/GlibPointer.h"
 #include "linux/applist/IconFile.h"
+#include "linux/applist/KeyFile.h"
 #include "platform/foundation/FileSystem.h"
 
 #include <algorithm>
@@ -13,7 +14,6 @@ namespace platform::applist {
 namespace {
 
 constexpr const char* LastTheme = "hicolor";
-constexpr std::size_t LargestIndex = 1u << 20;
 constexpr std::size_t MostThemes = 16;
 /// Of one theme; large ones have hundreds.
 constexpr std::size_t MostFolders = 4096;
@@ -30,15 +30,6 @@ constexpr std::array Settings{
     Setting{"gtk-3.0/settings.ini", "Settings", "gtk-icon-theme-name"},
     Setting{"kdeglobals", "Icons", "Theme"},
 };
-
-KeyFilePointer keyFile(const std::string& path) {
-    std::string text;
-    KeyFilePointer file(g_key_file_new());
-    if (FileSystem::current().readFile(path, LargestIndex, text) ||
-        !g_key_file_load_from_data(file.get(), text.data(), text.size(), G_KEY_FILE_NONE, nullptr))
-        return nullptr;
-    return file;
-}
 
 std::string textOf(GKeyFile& file, const char* group, const char* key) {
     const TextPointer text(g_key_file_get_string(&file, group, key, nullptr));
@@ -66,6 +57,11 @@ int numberOf(GKeyFile& file, const char* group, const char* key, int otherwise) 
     return otherwise;
 }
 
+/// Whether a theme's folder of icons lies in the theme; what else it is by links is the user's business.
+bool staysInside(const std::string& name) {
+    return !name.starts_with('/') && ('/' + name + '/').find("/../") == std::string::npos;
+}
+
 /// A theme's name is one folder's name.
 bool isName(const std::string& name) {
     return !name.empty() && name != "." && name != ".." && name.find('/') == std::string::npos;
@@ -78,7 +74,7 @@ std::string chosenTheme() {
     folders.emplace_back("/etc");
     for (const std::string& folder : folders) {
         for (const Setting& setting : Settings) {
-            const KeyFilePointer file = keyFile(folder + "/" + setting.file);
+            const KeyFilePointer file = readKeyFile(folder + "/" + setting.file);
             if (std::string name = file ? textOf(*file, setting.group, setting.key) : ""; isName(name))
                 return name;
         }
@@ -150,7 +146,7 @@ std::vector<IconTheme::Folder> IconTheme::foldersOf(const std::string& theme,
             continue;
         bases.push_back(base);
         if (!index)
-            index = keyFile(base + "/index.theme");
+            index = readKeyFile(base + "/index.theme");
     }
     std::vector<Folder> folders;
     if (!index)
@@ -161,6 +157,8 @@ std::vector<IconTheme::Folder> IconTheme::foldersOf(const std::string& theme,
         names.push_back(std::move(name));
     names.resize(std::min(names.size(), MostFolders));
     for (const std::string& name : names) {
+        if (!staysInside(name))
+            continue;
         const char* group = name.c_str();
         const int scale = numberOf(*index, group, "Scale", 1);
         const int size = numberOf(*index, group, "Size", 48);

@@ -10,7 +10,7 @@
 namespace wardlock::test {
 
 /// A test of the AppList library as it was built, over a device root and a desktop of the test's own: entries
-/// and icons of the desktop lie below dataFolder(). GIO reads its folders once per process.
+/// and icons of the desktop lie below dataFolder(). GLib names its folders once per process.
 class AppListFixture : public DeviceRootFixture {
 protected:
     AppListFixture();

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "linux/applist/GlibPointer.h"
+
+#include <string>
+
+namespace platform::applist {
+
+/// The settings file of a desktop, theme or entry at the path: a regular file within bounds; null for all
+/// others.
+KeyFilePointer readKeyFile(const std::string& path);
+
+} // namespace platform::applist
