@@ -23,9 +23,9 @@ std::string joined(const std::vector<std::string>& words) {
 std::string offer(const std::string& function, const Candidates& candidates) {
     switch (candidates.kind) {
     case Candidates::Kind::Files:
-        return function + "_paths -f";
+        return function + "_paths default";
     case Candidates::Kind::Folders:
-        return function + "_paths -d";
+        return function + "_paths dirnames";
     case Candidates::Kind::Words:
         return function + "_words '" + joined(candidates.words) + '\'';
     case Candidates::Kind::Nothing:
@@ -94,8 +94,8 @@ std::string helpers(const Program& program, const std::string& function) {
            "    mapfile -t COMPREPLY < <(compgen -W \"$1\" -- \"$current\")\n}\n\n" +
            function +
            "_paths() {\n"
-           "    compopt -o filenames 2>/dev/null\n"
-           "    mapfile -t COMPREPLY < <(compgen \"$1\" -- \"$current\")\n}\n\n"
+           "    # Left to the shell itself, since a file's name may hold a line end.\n"
+           "    compopt -o \"$1\"\n}\n\n"
            "# Which operand the word being typed is, counted from 1, when the operands begin at word $1.\n" +
            function +
            "_operand() {\n"

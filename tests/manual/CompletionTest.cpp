@@ -24,7 +24,7 @@ std::string zshFolder() {
 
 class BashCompletion : public DeviceRootFixture {
 protected:
-    /// What bash offers for the last word.
+    /// What the function offers for the last word, or leaves to bash by an option.
     Words offered(const Words& words, const std::string& function = "_wardlock") {
         std::string line;
         for (const std::string& word : words)
@@ -32,7 +32,7 @@ protected:
         const std::string program = words.front();
         const std::string script = "cd '" + root() + "'\nsource '" + bashFile(program) + "'\nCOMP_WORDS=(" +
                                    line + " )\nCOMP_CWORD=" + std::to_string(words.size() - 1) + '\n' +
-                                   function +
+                                   "compopt() { COMPREPLY=(\"$*\"); }\n" + function +
                                    "\n((${#COMPREPLY[@]} == 0)) || printf '%s\\n' \"${COMPREPLY[@]}\"\n";
         const ProcessResult result = runProcess("/bin/bash", {"--norc", "--noprofile", "-c", script});
         EXPECT_EQ(result.exitCode, 0);
@@ -102,22 +102,39 @@ TEST_F(BashCompletion, OffersTheKeysThatAVerbTakes) {
     EXPECT_TRUE(contains(announced, "kRestrictSiri"));
 }
 
-TEST_F(BashCompletion, OffersFilesWhereAFileIsWanted) {
-    writeFile("/one file.plist", "");
-    writeFile("/one.txt", "");
-    EXPECT_EQ(offered({"wardlock", "plist", "dump", "one"}), (Words{"one file.plist", "one.txt"}));
-    EXPECT_EQ(offered({"wardlock", "settings", "--script", "one.t"}), (Words{"one.txt"}));
-    EXPECT_EQ(offered({"wardlock", "plist", "lint", "a", "b", "one.t"}), (Words{"one.txt"}));
-    EXPECT_EQ(offered({"wardlock", "plist", "convert", "-o", "one.t"}), (Words{"one.txt"}));
+TEST_F(BashCompletion, LeavesFilesToTheShellWhereAFileIsWanted) {
+    const Words files{"-o default"};
+    EXPECT_EQ(offered({"wardlock", "plist", "dump", "one"}), files);
+    EXPECT_EQ(offered({"wardlock", "settings", "--script", "one.t"}), files);
+    EXPECT_EQ(offered({"wardlock", "plist", "lint", "a", "b", "one.t"}), files);
+    EXPECT_EQ(offered({"wardlock", "plist", "convert", "-o", "one.t"}), files);
     EXPECT_EQ(offered({"wardlock", "plist", "dump", "one.txt", "one"}), Words{});
 }
 
-TEST_F(BashCompletion, OffersFoldersForDeviceRoots) {
-    writeFile("/device-file", "");
+TEST_F(BashCompletion, LeavesFoldersToTheShellForDeviceRoots) {
+    const Words folders{"-o dirnames"};
+    EXPECT_EQ(offered({"wardlock", "device", "init", "dev"}), folders);
+    EXPECT_EQ(offered({"wardlock-settings", "--device-root", "dev"}, "_wardlock_settings"), folders);
+}
+
+TEST_F(BashCompletion, CompletesFilesAtThePromptWhateverTheirNamesHold) {
+    writeFile("/one file.plist", "");
+    writeFile("/two\nlines.plist", "");
     makeFolder("/device-root");
-    EXPECT_EQ(offered({"wardlock", "device", "init", "dev"}), (Words{"device-root"}));
-    EXPECT_EQ(offered({"wardlock-settings", "--device-root", "dev"}, "_wardlock_settings"),
-              (Words{"device-root"}));
+    writeFile("/device-file", "");
+    environment.set("TERM", "dumb");
+    TerminalProcess shell("/bin/bash", {"--norc", "--noprofile", "-i"});
+    // In two parts, so that what is typed is not taken for what comes of it.
+    shell.type("cd '" + root() + "'; source '" + bashFile("wardlock") +
+               "'; wardlock() { printf 'gi''ven <%q>\\n' \"${!#}\"; }; PS1='ready''> '\n");
+    shell.waitFor("ready> ");
+    const auto gives = [&](const std::string& typed, const std::string& given) {
+        shell.type(typed + "\t\n");
+        shell.waitFor("given <" + given + ">");
+    };
+    gives("wardlock plist dump one", "one\\ file.plist");
+    gives("wardlock plist dump two", "$'two\\nlines.plist'");
+    gives("wardlock device init dev", "device-root/");
 }
 
 TEST_F(BashCompletion, OffersTheValuesOfAnOption) {
