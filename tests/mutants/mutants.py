@@ -384,7 +384,7 @@ ALL = [
         ("linux/applist/BundleApplications.cpp", "return ++folders_ <= MostFolders || tellTooMany(folder);", "return ++folders_ != 0 || tellTooMany(folder);"),
     ]),
     Mutant("terminal-obeys-values", "a terminal gets the control characters of a value", ("tests.cli/Output",), [
-        ("cli/Output.cpp", "Terminal::showsOutput() ? escaped(", "Terminal::showsOutput() && text.empty() ? escaped("),
+        ("cli/Output.cpp", "Terminal::showsOutput() ? shell::escaped(", "Terminal::showsOutput() && text.empty() ? shell::escaped("),
     ]),
     # Announcements: each writer's own.
     Mutant("switch-announces-first", "a row's value is announced before it is written", both("killed"), [
@@ -515,5 +515,80 @@ ALL = [
     Mutant("last-account-deletable", "deleting the last account leaves none", ("fuzz.script",), [
         ("account/AccountValues.cpp", "entries.set(kAccounts, accounts.empty() ? *defaults.find(kAccounts) : Value(accounts.copy()));",
          "entries.set(kAccounts, Value(accounts.copy()));"),
+    ]),
+    # What other users may do with folders, groups and processes.
+    Mutant("first-group-overlooked", "a user whose first group it is does not count as a member", ("tests.hostile/GroupOfAUser",), [
+        ("linux/TrustedUsers.cpp", "    return !isFirstGroupOfAnother(user, group);", "    return true;"),
+    ]),
+    Mutant("device-folder-of-another", "a folder of the device is used whoever it belongs to", ("tests.hostile/FoldersOfOthers",), [
+        ("shell/Provision.cpp", "if (const platform::FolderDoubt doubt = platform::doubtOfFolder(path)) {",
+         "if (const platform::FolderDoubt doubt; doubt) {"),
+    ]),
+    Mutant("home-of-a-group", "a document is created in a home that others may change", ("tests.hostile/FoldersOfOthers",), [
+        ("settings/Document.cpp", " && !platform::doubtOfFolder(firstThatExists(folder))", ""),
+    ]),
+    Mutant("device-folder-open-first", "a new folder of the device is open to others", ("tests.shell/ProvisionTest",), [
+        ("shell/Provision.cpp", "platform::makeFolders(platform::FileSystem::current(), path, privateMode)",
+         "platform::makeFolders(platform::FileSystem::current(), path, 0777)"),
+    ]),
+    Mutant("open-folder-unreported", "the doctor overlooks a folder that others may change", ("tests.cli/Doctor",), [
+        ("cli/DeviceFindings.cpp", "if (const platform::FolderDoubt doubt = doubtOfRoot(folder))",
+         "if (const platform::FolderDoubt doubt = doubtOfRoot(folder); doubt && folder.empty())"),
+    ]),
+    Mutant("advice-unquoted", "what the doctor advises to type is not quoted", ("tests.cli/ShellWord", "tests.cli/Doctor"), [
+        ("cli/ShellWord.cpp", "    if (isPlain(text))", "    if (isPlain(text) || !text.empty())"),
+    ]),
+    Mutant("core-dumped", "a crash may leave a core dump", ("tests.hostile/CoreDumps",), [
+        ("linux/ProcessStart.cpp", "    refuseCoreDumps();\n", "    static_cast<void>(&refuseCoreDumps);\n"),
+    ]),
+    Mutant("runs-with-foreign-rights", "a program runs set-user-id", ("tests.hostile/SetUserId",), [
+        ("linux/ProcessStart.cpp", "if (::getuid() == ::geteuid() && ::getgid() == ::getegid())", "if (::getuid() != ~0U)"),
+    ]),
+    Mutant("portal-gone-waited-for", "a portal that has ended is waited for", ("tests.hostile/Portal",), [
+        ("linux/MailPortalRequest.cpp", "if (auto& code = *static_cast<Response*>(response); !code)",
+         "if (auto& code = *static_cast<Response*>(response); code)"),
+    ]),
+    # The desktop's applications.
+    Mutant("entry-not-installed", "an entry's TryExec is not looked at", ("tests.linux/AppListDesktop",), [
+        ("linux/applist/DesktopEntry.cpp", "    if (!tried.empty() && !isProgram(tried))\n        return false;\n", ""),
+    ]),
+    Mutant("entry-not-for-this-desktop", "an entry's NotShowIn is not looked at", ("tests.linux/AppListDesktop",), [
+        ("linux/applist/DesktopEntry.cpp", "        if (lists(G_KEY_FILE_DESKTOP_KEY_NOT_SHOW_IN, *desktop))\n            return false;\n", ""),
+    ]),
+    Mutant("entry-starts-nothing", "an entry without anything to start is listed", ("tests.linux/AppListDesktop",), [
+        ("linux/applist/DesktopEntry.cpp", "isTrue(G_KEY_FILE_DESKTOP_KEY_DBUS_ACTIVATABLE)", "true"),
+    ]),
+    Mutant("entry-by-foreign-name", "an entry is listed by a key of one desktop", ("tests.linux/AppListDesktop",), [
+        ("linux/applist/DesktopEntry.cpp", "localizedText(G_KEY_FILE_DESKTOP_KEY_NAME);",
+         "text(\"X-GNOME-FullName\").empty() ? localizedText(G_KEY_FILE_DESKTOP_KEY_NAME) : text(\"X-GNOME-FullName\");"),
+    ]),
+    Mutant("entry-name-untranslated", "an entry is listed by its name in no language", ("tests.linux/AppListDesktop",), [
+        ("linux/applist/DesktopEntry.cpp", "localizedText(G_KEY_FILE_DESKTOP_KEY_NAME);", "text(G_KEY_FILE_DESKTOP_KEY_NAME);"),
+    ]),
+    Mutant("systems-entries-first", "the system's entries come before the user's", ("tests.linux/AppListDesktopFolders",), [
+        ("linux/applist/DesktopFiles.cpp", "folders.emplace_back(*folder);", "folders.insert(folders.end() - 1, *folder);"),
+    ]),
+    Mutant("last-folder-first", "of the system's folders of entries the last one named comes first", ("tests.linux/AppListDesktopFolders",), [
+        ("linux/applist/DesktopFiles.cpp", "folders.emplace_back(*folder);", "folders.insert(folders.begin() + 1, *folder);"),
+    ]),
+    Mutant("hidden-entry-masks-nothing", "an entry that is hidden does not mask the system's", ("tests.linux/AppListDesktopFolders",), [
+        ("linux/applist/DesktopFiles.cpp", "        if (identifiers_.insert(identifier).second)\n",
+         "        if (identifiers_.insert(identifier).second || !identifier.empty())\n"),
+    ]),
+    Mutant("entries-without-end", "any number of entries is looked at", ("tests.hostile/DesktopBombs",), [
+        ("linux/applist/DesktopFiles.cpp", "        return names_ <= MostNames;", "        return names_ != 0;"),
+    ]),
+    Mutant("scaled-folders-unread", "a theme's scaled folders are not looked into", ("tests.linux/AppListDesktop",), [
+        ("linux/applist/IconTheme.cpp", '"ScaledDirectories"', '"Scaled"'),
+    ]),
+    Mutant("scale-of-folders-unread", "a theme's scaled folder counts as one of its unscaled size", ("tests.linux/AppListDesktop",), [
+        ("linux/applist/IconTheme.cpp", 'numberOf(*index, group, "Scale", 1)', 'numberOf(*index, group, "Unscaled", 1)'),
+    ]),
+    Mutant("default-root-by-name", "the user's device root counts as another when it is named", ("tests.foundation/DeviceRoot",), [
+        ("platform/foundation/DeviceRoot.cpp", " || isSameFolder(deviceRoot(), defaultRoot())", ""),
+    ]),
+    Mutant("class-of-another-kind", "a class of the list's name is taken for the list whatever it is", ("tests.apps/AppsListLibrary",), [
+        ("apps/AppsListView.cpp", "    return methods ? &methods->sharedApplicationList() : nullptr;",
+         "    return found ? &methods->sharedApplicationList() : nullptr;"),
     ]),
 ]
