@@ -518,14 +518,14 @@ ALL = [
     ]),
     # What other users may do with folders, groups and processes.
     Mutant("first-group-overlooked", "a user whose first group it is does not count as a member", ("tests.hostile/GroupOfAUser",), [
-        ("linux/TrustedUsers.cpp", "    return !isFirstGroupOfAnother(user, group);", "    return true;"),
+        ("linux/TrustedUsers.cpp", "    return !isFirstGroupOfAnother(user, group);", "    return !isFirstGroupOfAnother(user, group) || !name.empty();"),
     ]),
     Mutant("device-folder-of-another", "a folder of the device is used whoever it belongs to", ("tests.hostile/FoldersOfOthers",), [
         ("shell/Provision.cpp", "if (const platform::FolderDoubt doubt = platform::doubtOfFolder(path)) {",
          "if (const platform::FolderDoubt doubt; doubt) {"),
     ]),
     Mutant("home-of-a-group", "a document is created in a home that others may change", ("tests.hostile/FoldersOfOthers",), [
-        ("settings/Document.cpp", " && !platform::doubtOfFolder(firstThatExists(folder))", ""),
+        ("settings/Document.cpp", " && !platform::doubtOfFolder(firstThatExists(folder))", " && !firstThatExists(folder).empty()"),
     ]),
     Mutant("device-folder-open-first", "a new folder of the device is open to others", ("tests.shell/ProvisionTest",), [
         ("shell/Provision.cpp", "platform::makeFolders(platform::FileSystem::current(), path, privateMode)",
@@ -585,7 +585,7 @@ ALL = [
         ("linux/applist/IconTheme.cpp", 'numberOf(*index, group, "Scale", 1)', 'numberOf(*index, group, "Unscaled", 1)'),
     ]),
     Mutant("default-root-by-name", "the user's device root counts as another when it is named", ("tests.foundation/DeviceRoot",), [
-        ("platform/foundation/DeviceRoot.cpp", " || isSameFolder(deviceRoot(), defaultRoot())", ""),
+        ("platform/foundation/DeviceRoot.cpp", "isSameFolder(deviceRoot(), defaultRoot())", "(!deviceRootIsNamed() && isSameFolder(deviceRoot(), defaultRoot()))"),
     ]),
     Mutant("class-of-another-kind", "a class of the list's name is taken for the list whatever it is", ("tests.apps/AppsListLibrary",), [
         ("apps/AppsListView.cpp", "    return methods ? &methods->sharedApplicationList() : nullptr;",
