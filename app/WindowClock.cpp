@@ -1,5 +1,7 @@
 #include "app/WindowClock.h"
 
+#include "platform/foundation/ExceptionBoundary.h"
+
 #include <chrono>
 
 namespace wardlock::app {
@@ -8,7 +10,7 @@ WindowClock::WindowClock() {
     timer_.setSingleShot(true);
     timer_.setTimerType(Qt::PreciseTimer);
     QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] {
-        runDue();
+        platform::callOrTerminate([this] { runDue(); });
         arm();
     });
 }

@@ -2,6 +2,7 @@
 
 #include "cli/Output.h"
 #include "cli/Verb.h"
+#include "platform/foundation/ExceptionBoundary.h"
 
 #include <algorithm>
 #include <exception>
@@ -85,14 +86,18 @@ ExitCode reportingFailures(const std::string& name, Body body) {
     }
 }
 
-} // namespace
-
-ExitCode runCommandLine(Words words) noexcept {
+ExitCode runReportingFailures(Words words) {
     for (const Verb* verb : verbs())
         if (const std::size_t count = matchedWords(*verb, words))
             return reportingFailures("wardlock " + std::string(verb->name),
                                      [&] { return runVerb(*verb, words.subspan(count)); });
     return reportingFailures("wardlock", [&] { return runWithoutVerb(words); });
+}
+
+} // namespace
+
+ExitCode runCommandLine(Words words) {
+    return platform::callOrTerminate([&] { return runReportingFailures(words); });
 }
 
 } // namespace wardlock::cli

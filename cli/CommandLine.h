@@ -8,7 +8,7 @@
 namespace wardlock::cli {
 
 /// Runs the command on the words that follow the program's name: finds the verb, runs it, reports its
-/// failure. Nothing is thrown.
-ExitCode runCommandLine(std::span<const std::string_view> words) noexcept;
+/// failure. An exception that is no failure ends the process, after its report.
+ExitCode runCommandLine(std::span<const std::string_view> words);
 
 } // namespace wardlock::cli

@@ -3,6 +3,7 @@
 #include "linux/NotificationFormat.h"
 #include "linux/NotificationMessage.h"
 #include "linux/OwnBus.h"
+#include "platform/foundation/ExceptionBoundary.h"
 
 #include <algorithm>
 #include <thread>
@@ -189,19 +190,24 @@ int NotificationBus::onSubscribed(sd_bus_message* message, void* self, sd_bus_er
         bus.subscriptionRetry_ = Clock::now() + subscriptionRetryTime;
     } else {
         bus.subscription_ = Subscription::Effective;
-        bus.events_.subscribed();
+        callOrTerminate(bus.events_.subscribed);
     }
     return 1;
 }
 
-int NotificationBus::onNotification(sd_bus_message* message, void* self, sd_bus_error*) {
-    auto& bus = *static_cast<NotificationBus*>(self);
+void NotificationBus::receive(sd_bus_message* message) {
     const char* sender = sd_bus_message_get_sender(message);
     // The observers of this process were told within the post.
-    if (sender && bus.connection_->uniqueName() != sender) {
-        if (auto notification = readNotification(message))
-            bus.events_.received(*std::move(notification));
-    }
+    if (!sender || connection_->uniqueName() == sender)
+        return;
+    if (auto notification = readNotification(message))
+        events_.received(*std::move(notification));
+}
+
+int NotificationBus::onNotification(sd_bus_message* message, void* self, sd_bus_error*) {
+    auto& bus = *static_cast<NotificationBus*>(self);
+    // The caller is written in C.
+    callOrTerminate([&] { bus.receive(message); });
     return 0;
 }
 

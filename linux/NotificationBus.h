@@ -57,6 +57,7 @@ private:
     void sendPending();
     void waitForHandshake();
     void waitForSocket();
+    void receive(sd_bus_message* message);
 
     static int onNotification(sd_bus_message* message, void* self, sd_bus_error* error);
     static int onSubscribed(sd_bus_message* message, void* self, sd_bus_error* error);

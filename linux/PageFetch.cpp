@@ -1,6 +1,7 @@
 #include "linux/PageFetch.h"
 
 #include "linux/QuietThread.h"
+#include "platform/foundation/ExceptionBoundary.h"
 
 #include <curl/curl.h>
 
@@ -39,7 +40,7 @@ std::size_t append(char* data, std::size_t size, std::size_t count, void* target
     const std::size_t length = size * count;
     if (length > body.limit - body.bytes.size())
         return 0;
-    body.bytes.append(data, length);
+    callOrTerminate([&] { body.bytes.append(data, length); });
     return length;
 }
 

@@ -1,5 +1,7 @@
 #include "linux/QuietThread.h"
 
+#include "platform/foundation/ExceptionBoundary.h"
+
 #include <csignal>
 #include <system_error>
 #include <utility>
@@ -29,7 +31,7 @@ private:
 std::thread quietThread(std::function<void()> work) {
     const NoSignals quiet;
     try {
-        return std::thread(std::move(work));
+        return std::thread([work = std::move(work)] { callOrTerminate(work); });
     } catch (const std::system_error&) {
         return {};
     }

@@ -41,7 +41,7 @@ public:
     void process();
     /// Runs something of the face's that enters pages: a timer's action, an engine's report.
     template <class Call>
-    void run(Call&& call) noexcept {
+    void run(Call&& call) {
         door_.enter(std::forward<Call>(call));
     }
 

@@ -12,6 +12,7 @@
 #include <csignal>
 #include <iostream>
 #include <iterator>
+#include <platform/foundation/ExceptionBoundary.h>
 #include <platform/foundation/Format.h>
 #include <platform/foundation/MainLoop.h>
 #include <platform/foundation/NSException.h>
@@ -95,7 +96,7 @@ int signalsToEnd() {
     return signalfd(-1, &signals, SFD_CLOEXEC);
 }
 
-void run() {
+void obeyUntilTheEnd() {
     auto& settings = platform::MainLoop::shared();
     pollfd watched[] = {
         {settings.descriptor(), POLLIN, 0}, {signalsToEnd(), POLLIN, 0}, {STDIN_FILENO, POLLIN, 0}};
@@ -116,10 +117,13 @@ void run() {
 } // namespace
 
 int main() {
-    start();
-    std::cout << "ready" << std::endl;
-    run();
-    // There is nothing to close: the settings are never written back, and the bus notices. Only the log may
-    // hold entries that the loop has not come to.
-    platform::NSOperationQueue::mainQueue().drain();
+    // Whatever is thrown in here and not caught ends the program, with its report.
+    platform::callOrTerminate([] {
+        start();
+        std::cout << "ready" << std::endl;
+        obeyUntilTheEnd();
+        // There is nothing to close: the settings are never written back, and the bus notices. Only the log
+        // may hold entries that the loop has not come to.
+        platform::NSOperationQueue::mainQueue().drain();
+    });
 }

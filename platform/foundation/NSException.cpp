@@ -27,20 +27,36 @@ Array numbers(const std::vector<std::uintptr_t>& addresses) {
     return Array(std::move(values));
 }
 
-void tellHandler() {
+void callHandler() {
     const auto handler = uncaughtExceptionHandler.load();
-    const auto uncaught = std::current_exception();
-    if (!handler || !uncaught)
+    if (!handler)
         return;
+    const auto uncaught = std::current_exception();
+    if (!uncaught)
+        return handler(NSException(NSGenericException, "terminated without an exception"));
     try {
         std::rethrow_exception(uncaught);
     } catch (const NSException& exception) {
         handler(exception);
     } catch (const std::exception& exception) {
-        handler(NSException(NSGenericException, exception.what()));
+        const char* what = exception.what();
+        handler(NSException(NSGenericException, what ? what : "an exception without a message"));
     } catch (...) {
         handler(NSException(NSGenericException, "an exception of an unknown type"));
     }
+}
+
+/// The default end prints the message of the exception and does not survive a null one.
+bool defaultEndIsSafe() {
+    try {
+        if (const auto uncaught = std::current_exception())
+            std::rethrow_exception(uncaught);
+    } catch (const std::exception& exception) {
+        return exception.what() != nullptr;
+    } catch (...) {
+        return true;
+    }
+    return true;
 }
 
 /// A step of the end that fails itself must not keep the next one from running.
@@ -55,7 +71,7 @@ void attempt(void (*step)()) {
 [[noreturn]] void endProcess() {
     std::thread::id nobody;
     if (endingThread.compare_exchange_strong(nobody, std::this_thread::get_id())) {
-        attempt(tellHandler);
+        attempt(callHandler);
         if (const auto last = lastRites.exchange(nullptr))
             attempt(last);
     } else if (nobody != std::this_thread::get_id()) {
@@ -64,7 +80,7 @@ void attempt(void (*step)()) {
         static std::atomic_flag never;
         never.wait(false);
     }
-    if (const auto end = defaultEnd.load())
+    if (const auto end = defaultEnd.load(); end && defaultEndIsSafe())
         end();
     std::abort();
 }

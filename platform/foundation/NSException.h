@@ -47,13 +47,13 @@ using NSUncaughtExceptionHandler = void (*)(const NSException&);
 
 /// Makes `handler` the process's handler of exceptions that nobody catches; null removes it. It runs from the
 /// terminate handler, in the thread that threw; when it returns the process ends by SIGABRT. An exception of
-/// another type reaches the handler as an NSGenericException with the other's message as reason.
+/// another type reaches the handler as an NSGenericException with the other's message as reason, and so does
+/// an end without an exception. ExceptionBoundary.h keeps the exception current until then.
 WARDLOCK_API void NSSetUncaughtExceptionHandler(NSUncaughtExceptionHandler handler);
 WARDLOCK_API NSUncaughtExceptionHandler NSGetUncaughtExceptionHandler();
 
-/// For a `noexcept` door's host: runs `last` after the uncaught-exception handler and before the process
-/// ends, once, for example to write the queued log entries and give the terminal back. Replaces the previous
-/// one.
+/// For a host: runs `last` once, after the uncaught-exception handler and before the process ends, for
+/// example to write the queued log entries and give the terminal back. Replaces the previous one.
 WARDLOCK_API void setLastRites(void (*last)());
 
 } // namespace platform

@@ -1,5 +1,7 @@
 #include "platform/foundation/NSException.h"
 
+#include "platform/foundation/ExceptionBoundary.h"
+
 #include <gtest/gtest.h>
 
 #include <csignal>
@@ -32,13 +34,36 @@ void throwOne(const Exception& exception) {
     throw exception;
 }
 
-/// A host's door: what is thrown behind it is caught by nobody.
+/// A host that calls what throws.
 template <class Exception>
-void throwThroughNoexceptDoor(const Exception& exception) noexcept {
-    throwOne(exception);
+void throwToHost(const Exception& exception) {
+    callOrTerminate([&] { throwOne(exception); });
 }
 
+struct WithoutMessage : std::exception {
+    const char* what() const noexcept override { return nullptr; }
+};
+
 } // namespace
+
+TEST(ExceptionBoundary, ReturnsWhatTheCallReturns) {
+    int counted = 7;
+    EXPECT_EQ(callOrTerminate([&] { return counted; }), 7);
+    EXPECT_EQ(&callOrTerminate([&]() -> int& { return counted; }), &counted);
+    callOrTerminate([&] { ++counted; });
+    EXPECT_EQ(counted, 8);
+}
+
+TEST(ExceptionBoundary, LeavesToTheCallWhatItCatchesItself) {
+    EXPECT_TRUE(callOrTerminate([] {
+        try {
+            throwOne(42);
+            return false;
+        } catch (int) {
+            return true;
+        }
+    }));
+}
 
 TEST(NSException, KeepsNameReasonAndUserInfo) {
     const NSException exception = exceptionMadeHere();
@@ -112,7 +137,7 @@ TEST(UncaughtExceptionDeathTest, RunsTheHandlerAndEndsTheProcess) {
     EXPECT_EXIT(
         {
             NSSetUncaughtExceptionHandler(reportException);
-            throwThroughNoexceptDoor(NSException(NSRangeException, "beyond the end"));
+            throwToHost(NSException(NSRangeException, "beyond the end"));
         },
         testing::KilledBySignal(SIGABRT), "\\[handler: NSRangeException: beyond the end, addresses some\\]");
 }
@@ -121,7 +146,7 @@ TEST(UncaughtExceptionDeathTest, ReachesTheHandlerAsAGenericOneWhereItIsOfAnothe
     EXPECT_EXIT(
         {
             NSSetUncaughtExceptionHandler(reportException);
-            throwThroughNoexceptDoor(std::runtime_error("disk gone"));
+            throwToHost(std::runtime_error("disk gone"));
         },
         testing::KilledBySignal(SIGABRT), "\\[handler: NSGenericException: disk gone, addresses some\\]");
 }
@@ -130,9 +155,41 @@ TEST(UncaughtExceptionDeathTest, ReachesTheHandlerEvenWhereItIsNoException) {
     EXPECT_EXIT(
         {
             NSSetUncaughtExceptionHandler(reportException);
-            throwThroughNoexceptDoor(42);
+            throwToHost(42);
         },
         testing::KilledBySignal(SIGABRT), "\\[handler: NSGenericException: an exception of an unknown type");
+}
+
+TEST(UncaughtExceptionDeathTest, ReachesTheHandlerWithoutAMessageAndEndsTheProcessAsEver) {
+    EXPECT_EXIT(
+        {
+            NSSetUncaughtExceptionHandler(reportException);
+            throwToHost(WithoutMessage());
+        },
+        testing::KilledBySignal(SIGABRT), "\\[handler: NSGenericException: an exception without a message");
+}
+
+TEST(UncaughtExceptionDeathTest, ReachesTheHandlerThroughANoexceptFunctionWithCleanUps) {
+    EXPECT_EXIT(
+        {
+            NSSetUncaughtExceptionHandler(reportException);
+            const auto timer = [](const std::string& name) noexcept {
+                const std::string copy = name + " of a length that needs memory of its own";
+                callOrTerminate([&] { throwOne(NSException(NSRangeException, copy)); });
+            };
+            timer("a timer");
+        },
+        testing::KilledBySignal(SIGABRT), "\\[handler: NSRangeException: a timer of a length");
+}
+
+TEST(UncaughtExceptionDeathTest, HearsOfAnEndWithoutAnException) {
+    EXPECT_EXIT(
+        {
+            NSSetUncaughtExceptionHandler(reportException);
+            std::terminate();
+        },
+        testing::KilledBySignal(SIGABRT),
+        "\\[handler: NSGenericException: terminated without an exception, addresses some\\]");
 }
 
 TEST(UncaughtExceptionDeathTest, RunsTheHandlerInAnyThread) {
@@ -149,7 +206,7 @@ TEST(UncaughtExceptionDeathTest, RunsTheLastRitesAfterTheHandler) {
         {
             NSSetUncaughtExceptionHandler(reportException);
             setLastRites(reportEnd);
-            throwThroughNoexceptDoor(NSException(NSRangeException, "x"));
+            throwToHost(NSException(NSRangeException, "x"));
         },
         testing::KilledBySignal(SIGABRT), "\\[handler: [^]]*\\]\n\\[last rites\\]");
 }
@@ -158,7 +215,7 @@ TEST(UncaughtExceptionDeathTest, RunsTheLastRitesWithoutAHandler) {
     EXPECT_EXIT(
         {
             setLastRites(reportEnd);
-            throwThroughNoexceptDoor(NSException(NSRangeException, "x"));
+            throwToHost(NSException(NSRangeException, "x"));
         },
         testing::KilledBySignal(SIGABRT), "\\[last rites\\]");
 }
@@ -168,7 +225,7 @@ TEST(UncaughtExceptionDeathTest, RunsTheLastRitesWhenTheHandlerThrows) {
         {
             NSSetUncaughtExceptionHandler(+[](const NSException&) { throw std::runtime_error("handler"); });
             setLastRites(reportEnd);
-            throwThroughNoexceptDoor(NSException(NSRangeException, "x"));
+            throwToHost(NSException(NSRangeException, "x"));
         },
         testing::KilledBySignal(SIGABRT), "\\[last rites\\]");
 }
@@ -180,7 +237,7 @@ TEST(UncaughtExceptionDeathTest, RunsTheLastRitesOnce) {
                 reportEnd();
                 std::terminate();
             });
-            throwThroughNoexceptDoor(NSException(NSRangeException, "x"));
+            throwToHost(NSException(NSRangeException, "x"));
         },
         testing::KilledBySignal(SIGABRT), "\\[last rites\\]\n[^[]*$");
 }
@@ -190,7 +247,7 @@ TEST(UncaughtExceptionDeathTest, EndsTheProcessAfterTheHandlerWasRemoved) {
         {
             NSSetUncaughtExceptionHandler(reportException);
             NSSetUncaughtExceptionHandler(nullptr);
-            throwThroughNoexceptDoor(NSException(NSRangeException, "x"));
+            throwToHost(NSException(NSRangeException, "x"));
         },
         testing::KilledBySignal(SIGABRT), "NSRangeException: x");
 }

@@ -1,5 +1,6 @@
 #include "settings/ExceptionReport.h"
 
+#include "platform/foundation/ExceptionBoundary.h"
 #include "platform/foundation/Format.h"
 #include "platform/foundation/NSOperationQueue.h"
 #include "tests/support/SettingsFixture.h"
@@ -26,10 +27,6 @@ protected:
 };
 
 const std::string separator = "\n\n" + std::string(63, '-') + "\n\n";
-
-void throwThroughNoexceptDoor(void (*page)()) noexcept {
-    page();
-}
 
 } // namespace
 
@@ -70,7 +67,7 @@ TEST_F(ExceptionReportDeathTest, ReachesTheLogWhereTheQueueRunsBeforeTheEnd) {
         {
             platform::NSSetUncaughtExceptionHandler(TweakExceptionHandler);
             platform::setLastRites(+[]() { NSOperationQueue::mainQueue().drain(); });
-            throwThroughNoexceptDoor(+[]() { throw NSException("NSRangeException", "beyond the end"); });
+            platform::callOrTerminate(+[]() { throw NSException("NSRangeException", "beyond the end"); });
         },
         testing::KilledBySignal(SIGABRT), "");
     EXPECT_NE(readFile(logPath).find("Name: NSRangeException\nReason: beyond the end\n"), std::string::npos);
@@ -80,7 +77,7 @@ TEST_F(ExceptionReportDeathTest, IsLostWhereNothingRunsTheQueue) {
     EXPECT_EXIT(
         {
             platform::NSSetUncaughtExceptionHandler(TweakExceptionHandler);
-            throwThroughNoexceptDoor(+[]() { throw NSException("NSRangeException", "beyond the end"); });
+            platform::callOrTerminate(+[]() { throw NSException("NSRangeException", "beyond the end"); });
         },
         testing::KilledBySignal(SIGABRT), "NSRangeException: beyond the end");
     EXPECT_FALSE(exists(logPath));

@@ -1,12 +1,15 @@
 #include "shell/Door.h"
 
+#include "platform/foundation/NSException.h"
 #include "shell/DoorClock.h"
 #include "shell/ManualClock.h"
 
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <cstdio>
 #include <stdexcept>
+#include <string>
 
 using wardlock::shell::Door;
 using wardlock::shell::DoorClock;
@@ -16,6 +19,19 @@ namespace {
 
 [[noreturn]] void fail() {
     throw std::runtime_error("a page failed");
+}
+
+/// Fails, or returns something that a caller has to clean up.
+std::string failOnDemand(bool failing) {
+    if (failing)
+        fail();
+    return "a text of a length that needs memory of its own";
+}
+
+void reportExceptions() {
+    platform::NSSetUncaughtExceptionHandler([](const platform::NSException& exception) {
+        std::fprintf(stderr, "[handler: %s]\n", exception.reason().c_str());
+    });
 }
 
 } // namespace
@@ -43,10 +59,22 @@ TEST(Door, TellsAPersonFromTheLoop) {
     EXPECT_FALSE(door.isInside());
 }
 
-TEST(Door, EndsTheProcessWithWhatAPageThrows) {
+TEST(DoorDeathTest, EndsTheProcessWithAReportOfWhatAPageThrows) {
     Door door([] {});
-    EXPECT_EXIT(door.enter(fail), testing::KilledBySignal(SIGABRT), "");
-    EXPECT_EXIT(door.enterFromLoop(fail), testing::KilledBySignal(SIGABRT), "");
+    reportExceptions();
+    const auto reported = "\\[handler: a page failed\\]";
+    EXPECT_EXIT(door.enter(fail), testing::KilledBySignal(SIGABRT), reported);
+    EXPECT_EXIT(door.enterFromLoop(fail), testing::KilledBySignal(SIGABRT), reported);
+    EXPECT_EXIT((void)door.enter([] { return failOnDemand(true) + failOnDemand(false); }),
+                testing::KilledBySignal(SIGABRT), reported);
+}
+
+TEST(DoorDeathTest, EndsTheProcessWithAReportOfWhatANotifiedFrontEndThrows) {
+    reportExceptions();
+    Door door(fail);
+    const auto reported = "\\[handler: a page failed\\]";
+    EXPECT_EXIT(door.enter([] {}), testing::KilledBySignal(SIGABRT), reported);
+    EXPECT_EXIT(door.tryEnter([] {}), testing::KilledBySignal(SIGABRT), reported);
 }
 
 TEST(Door, ContainsWhatNobodyAskedFor) {
@@ -56,6 +84,18 @@ TEST(Door, ContainsWhatNobodyAskedFor) {
     EXPECT_TRUE(door.tryEnter([] {}));
     EXPECT_FALSE(door.isInside());
     EXPECT_EQ(settled, 2);
+}
+
+TEST(Door, ContainsWhatAnEntryWithinThrows) {
+    Door door([] {});
+    bool passed = false;
+    EXPECT_FALSE(door.tryEnter([&] {
+        door.enter(fail);
+        passed = true;
+    }));
+    EXPECT_FALSE(passed);
+    EXPECT_FALSE(door.isInside());
+    EXPECT_FALSE(door.personIsInside());
 }
 
 TEST(DoorClock, EntersThroughTheDoorWhenTheTimeHasCome) {
