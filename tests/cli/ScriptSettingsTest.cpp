@@ -1,45 +1,19 @@
 #include "cli/Json.h"
 #include "tests/cli/CommandFixture.h"
+#include "tests/cli/Conversation.h"
 #include "tests/support/BusFixture.h"
 #include "tests/support/HttpServer.h"
 #include "tests/support/Places.h"
 
-#include <cerrno>
 #include <csignal>
 #include <filesystem>
-#include <fstream>
 #include <nlohmann/json.hpp>
-#include <optional>
 #include <sstream>
-#include <sys/stat.h>
-#include <system_error>
 
 namespace wardlock::test {
 namespace {
 
 using cli::Json;
-
-/// A script that goes on while the test does other things: commands go through a named pipe.
-class Conversation {
-public:
-    explicit Conversation(const std::string& pipe) {
-        if (mkfifo(pipe.c_str(), 0600) != 0)
-            throw std::system_error(errno, std::generic_category(), "mkfifo");
-        process_.emplace(command, std::vector<std::string>{"settings", "--script", pipe});
-        commands_.open(pipe);
-    }
-    void send(const std::string& line) { commands_ << line << std::endl; }
-    /// The answer.
-    std::string say(const std::string& line) {
-        send(line);
-        return process_->readLine().value_or("");
-    }
-    Process& process() { return *process_; }
-
-private:
-    std::optional<Process> process_;
-    std::ofstream commands_;
-};
 
 /// Scripts that the real command obeys.
 class ScriptSettings : public BusFixture {
