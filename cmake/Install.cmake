@@ -9,7 +9,8 @@ include(cmake/InstallPages.cmake)
 set(package_folder "${CMAKE_INSTALL_LIBDIR}/cmake/Wardlock")
 
 set_target_properties(wardlock-platform PROPERTIES EXPORT_NAME platform)
-set_target_properties(wardlock-settings-library PROPERTIES EXPORT_NAME settings INSTALL_RPATH "$ORIGIN")
+set_target_properties(wardlock-settings-library PROPERTIES EXPORT_NAME settings
+  BUILD_WITH_INSTALL_RPATH ON INSTALL_RPATH "$ORIGIN")
 target_compile_features(wardlock-platform INTERFACE cxx_std_20)
 install(TARGETS wardlock-platform wardlock-settings-library EXPORT WardlockTargets
   LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT libwardlock NAMELINK_COMPONENT libwardlock-dev)
@@ -38,7 +39,8 @@ install(FILES "${CMAKE_BINARY_DIR}/wardlock-settings.pc" DESTINATION "${CMAKE_IN
 
 foreach(program IN ITEMS wardlock-command wardlock-window-program)
   if(TARGET ${program})
-    set_target_properties(${program} PROPERTIES INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
+    file(RELATIVE_PATH lib_from_bin "/${CMAKE_INSTALL_BINDIR}" "/${CMAKE_INSTALL_LIBDIR}")
+    set_target_properties(${program} PROPERTIES BUILD_WITH_INSTALL_RPATH ON INSTALL_RPATH "$ORIGIN/${lib_from_bin}")
     install(TARGETS ${program} RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT wardlock)
   endif()
 endforeach()

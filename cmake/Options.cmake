@@ -1,4 +1,4 @@
-option(WARDLOCK_TESTS "Build the tests" ON)
+option(WARDLOCK_TESTS "Build the tests, where GoogleTest is installed" ON)
 option(WARDLOCK_BENCHMARKS "Build the benchmarks" OFF)
 option(WARDLOCK_FUZZERS "Build the fuzz targets (clang only)" OFF)
 option(WARDLOCK_WINDOW "Build the window (needs Qt 6)" ON)
@@ -15,18 +15,22 @@ set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
-# Everything built lies in one folder, so that a program started from the build tree finds its libraries and modules
-# where an installed one would.
-set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
-set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
+# What is installed lies in the build tree as in an installation, and finds its libraries and modules in the same way there: no
+# RUNPATH is changed on installing, for which CMake would keep room by an empty element, that is the current folder.
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/${CMAKE_INSTALL_BINDIR}")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/${CMAKE_INSTALL_LIBDIR}")
 
-add_compile_options(-Wall -Wextra -Wpedantic -Werror)
+add_compile_options(-Wall -Wextra -Wpedantic)
+# As GLib asks of whoever uses it; alike everywhere, as precompiled headers are shared.
+add_compile_options(-pthread)
 # Nobody replaces single functions of the shared libraries, so calls inside them need not allow for it (clang's default).
 add_compile_options($<$<CONFIG:Release>:-fno-semantic-interposition>)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-  # gcc 12 sees overlapping copies in every optimised "literal" + std::string (its bug 105329).
+  # gcc 12 sees copies that overlap or leave their bounds in every optimised "literal" + std::string (its bugs 105329, 105651).
   add_compile_options(-Wno-restrict)
+  add_compile_options($<$<CONFIG:Release>:-Wno-array-bounds> $<$<CONFIG:Release>:-Wno-stringop-overflow>)
 endif()
+include(cmake/Hardening.cmake)
 if(WARDLOCK_SANITIZE)
   add_compile_options(-fsanitize=${WARDLOCK_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
   add_link_options(-fsanitize=${WARDLOCK_SANITIZE})

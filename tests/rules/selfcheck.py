@@ -4,6 +4,8 @@ import os
 import tempfile
 import unittest
 
+import compiledonce
+import elffiles
 import includes
 import sizes
 
@@ -102,6 +104,46 @@ class Sizes(Tree):
     def test_a_long_source_is_found(self):
         self.plant("settings/A.cpp", "\n" * (sizes.SOURCE + 1))
         self.assertTrue(any(line.startswith("settings/A.cpp") for line in sizes.violations(self.top)))
+
+
+HARDENED = """Elf file type is DYN (Position-Independent Executable file)
+  GNU_STACK      0x000000 0x0000000000000000 0x0000000000000000 0x000000 0x000000 RW  0x10
+  GNU_RELRO      0x002db0 0x0000000000003db0 0x0000000000003db0 0x000250 0x000250 R   0x1
+ 0x000000000000001d (RUNPATH)            Library runpath: [$ORIGIN/../lib]
+ 0x000000006ffffffb (FLAGS_1)            Flags: NOW PIE
+     3: 0000000000000000     0 FUNC    GLOBAL DEFAULT  UND __stack_chk_fail@GLIBC_2.4 (4)
+     4: 0000000000000000     0 FUNC    GLOBAL DEFAULT  UND __memcpy_chk@GLIBC_2.3.4 (4)
+     5: 0000000000000000     0 FUNC    GLOBAL DEFAULT  UND _ZSt21__glibcxx_assert_failPKciS0_S0_@GLIBCXX_3.4.30 (5)
+"""
+
+
+class BuiltFiles(unittest.TestCase):
+    def test_a_hardened_file_passes(self):
+        self.assertEqual(elffiles.bad_folders(HARDENED) + elffiles.not_hardened(HARDENED) + elffiles.without_functions(HARDENED), [])
+
+    def test_each_missing_protection_is_found(self):
+        for there, instead in ("NOW PIE", "PIE"), ("GNU_RELRO", "NOTE"), ("RW  0x10", "RWE 0x10"), ("type is DYN", "type is EXEC"):
+            with self.subTest(there=there):
+                self.assertEqual(len(elffiles.not_hardened(HARDENED.replace(there, instead))), 1)
+
+    def test_each_missing_option_is_found(self):
+        for name in "__stack_chk_fail", "__memcpy_chk", "__glibcxx_assert_fail":
+            with self.subTest(name=name):
+                self.assertEqual(len(elffiles.without_functions(HARDENED.replace(name, "other"))), 1)
+
+    def test_folders_that_depend_on_the_current_one_are_found(self):
+        for folders in "/lib:", ":/lib", "/lib::/usr/lib", "lib", "./lib", "$ORIGINAL":
+            with self.subTest(folders=folders):
+                self.assertEqual(len(elffiles.bad_folders(HARDENED.replace("$ORIGIN/../lib", folders))), 1)
+
+
+class CompiledOnce(unittest.TestCase):
+    def test_sources_with_one_object_pass(self):
+        self.assertEqual(compiledonce.compiled_twice([{"directory": "/b", "file": "/s/A.cpp"}, {"directory": "/b", "file": "/s/B.cpp"}]), {})
+
+    def test_a_source_with_two_objects_is_found_however_it_is_named(self):
+        commands = [{"directory": "/s/b", "file": "/s/A.cpp"}, {"directory": "/s/b", "file": "../A.cpp"}]
+        self.assertEqual(compiledonce.compiled_twice(commands), {"/s/A.cpp": 2})
 
 
 if __name__ == "__main__":

@@ -1,0 +1,16 @@
+# What users run is hardened as Debian's packages are, and by what gcc 12 and glibc have beyond that: tests/installation/hardening.py
+# reads it in the built files. Assertions of the standard library end a process that reads beyond a container.
+include(CheckPIESupported)
+check_pie_supported(LANGUAGES CXX)
+
+# A program or library depends on the libraries whose names it uses, on no others.
+add_link_options(LINKER:--as-needed)
+
+if(CMAKE_BUILD_TYPE STREQUAL "Release")
+  add_compile_options(-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=3 -D_GLIBCXX_ASSERTIONS
+    -fstack-protector-strong -fstack-clash-protection)
+  if(CMAKE_SYSTEM_PROCESSOR STREQUAL "x86_64")
+    add_compile_options(-fcf-protection)
+  endif()
+  add_link_options(LINKER:-z,relro,-z,now,-z,noexecstack)
+endif()
