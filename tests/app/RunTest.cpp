@@ -22,6 +22,7 @@ protected:
         fs::create_directories(place_ / "tools");
         fs::create_directories(place_ / "commands");
         fs::copy_file(sourceFolder() + "/run", place_ / "run");
+        fs::copy_file(sourceFolder() + "/tools/progress", place_ / "tools/progress");
         fs::create_symlink(programFolder(), place_ / "build/release/bin");
         writeCommandThatDoesNothing(place_ / "tools/install-packages");
         writeCommandThatDoesNothing(place_ / "commands/cmake");
