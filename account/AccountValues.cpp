@@ -3,12 +3,12 @@
 #include "account/AppsController.h"
 #include "platform/ui/UIAlertController.h"
 #include "platform/ui/UINavigationController.h"
-#include "root/SelectedIndex.h"
 #include "settings/ChangeNotification.h"
 #include "settings/Constants.h"
 #include "settings/DefaultSettings.h"
 #include "settings/Document.h"
 #include "settings/Keys.h"
+#include "specifiers/SelectedIndex.h"
 
 namespace wardlock {
 

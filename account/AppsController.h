@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/foundation/Class.h"
-#include "platform/foundation/Value.h"
 #include "platform/preferences/PSListController.h"
+#include "platform/runtime/Class.h"
+#include "platform/values/Value.h"
 
 #include <memory>
 #include <optional>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/foundation/NameOrder.h"
-#include "platform/foundation/Value.h"
+#include "platform/text/NameOrder.h"
+#include "platform/values/Value.h"
 
 #include <string_view>
 #include <vector>

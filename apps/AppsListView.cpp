@@ -1,16 +1,16 @@
 #include "apps/AppsListView.h"
 
 #include "apps/ApplicationOrder.h"
-#include "platform/foundation/Class.h"
-#include "platform/foundation/DynamicLibrary.h"
-#include "platform/foundation/PropertyListFile.h"
+#include "platform/plist/PropertyListFile.h"
+#include "platform/runtime/Class.h"
+#include "platform/runtime/DynamicLibrary.h"
 #include "platform/services/ALApplicationList.h"
 #include "platform/ui/UISwitch.h"
-#include "root/SelectedIndex.h"
 #include "settings/ChangeNotification.h"
 #include "settings/Constants.h"
 #include "settings/DocumentPath.h"
 #include "settings/Keys.h"
+#include "specifiers/SelectedIndex.h"
 
 namespace wardlock {
 namespace {

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "apps/IdentifierList.h"
-#include "platform/foundation/Value.h"
 #include "platform/ui/UIControl.h"
 #include "platform/ui/UITableView.h"
+#include "platform/values/Value.h"
 
 #include <memory>
 #include <optional>

@@ -1,10 +1,10 @@
 #include "bench/FilesInMemory.h"
 
 #include "bench/SampleDocument.h"
-#include "platform/foundation/DeviceRoot.h"
+#include "platform/files/DeviceRoot.h"
 #include "settings/Constants.h"
 #include "settings/DocumentPath.h"
-#include "shell/BundleList.h"
+#include "shell/device/BundleList.h"
 
 #include <filesystem>
 

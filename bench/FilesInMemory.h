@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/doubles/MemoryFileSystem.h"
+#include "tests/support/doubles/MemoryFileSystem.h"
 
 namespace wardlock::bench {
 

@@ -1,6 +1,6 @@
 #include "bench/InstalledApplications.h"
 
-#include "platform/foundation/Class.h"
+#include "platform/runtime/Class.h"
 #include "platform/services/ALApplicationList.h"
 
 #include <array>

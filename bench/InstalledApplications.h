@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/foundation/Value.h"
+#include "platform/values/Value.h"
 
 #include <cstddef>
 #include <string>

@@ -1,6 +1,6 @@
 #include "bench/NotificationPair.h"
 
-#include "platform/foundation/MainLoop.h"
+#include "platform/runtime/MainLoop.h"
 #include "settings/ChangeNotification.h"
 #include "settings/Constants.h"
 #include "settings/Keys.h"

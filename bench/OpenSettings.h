@@ -2,7 +2,7 @@
 
 #include "bench/Person.h"
 #include "bench/ProvisionedDevice.h"
-#include "shell/ManualClock.h"
+#include "shell/input/ManualClock.h"
 
 namespace wardlock::bench {
 

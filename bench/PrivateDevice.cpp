@@ -1,8 +1,8 @@
 #include "bench/PrivateDevice.h"
 
 #include "bench/SampleDocument.h"
-#include "platform/foundation/DeviceRoot.h"
-#include "platform/foundation/PropertyListFile.h"
+#include "platform/files/DeviceRoot.h"
+#include "platform/plist/PropertyListFile.h"
 #include "settings/Constants.h"
 #include "settings/DocumentPath.h"
 

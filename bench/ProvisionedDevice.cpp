@@ -1,9 +1,9 @@
 #include "bench/ProvisionedDevice.h"
 
-#include "platform/foundation/DeviceRoot.h"
+#include "platform/files/DeviceRoot.h"
 #include "settings/Constants.h"
 #include "settings/DocumentPath.h"
-#include "shell/Provision.h"
+#include "shell/device/Provision.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,4 +1,4 @@
-# What users run is hardened as Debian's packages are, and by what gcc 12 and glibc have beyond that: tests/installation/hardening.py
+# What users run is hardened as Debian's packages are, and by what gcc 12 and glibc have beyond that: tests/system/installation/hardening.py
 # reads it in the built files. Assertions of the standard library end a process that reads beyond a container.
 include(CheckPIESupported)
 check_pie_supported(LANGUAGES CXX)

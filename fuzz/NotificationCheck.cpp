@@ -1,8 +1,8 @@
 #include "fuzz/NotificationCheck.h"
 
 #include "fuzz/Check.h"
-#include "linux/NotificationMessage.h"
-#include "platform/foundation/Format.h"
+#include "linux/notifications/NotificationMessage.h"
+#include "platform/text/Format.h"
 
 namespace wardlock::fuzz {
 

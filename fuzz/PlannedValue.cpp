@@ -1,7 +1,7 @@
 #include "fuzz/PlannedValue.h"
 
-#include "platform/foundation/MutableArray.h"
-#include "platform/foundation/MutableDictionary.h"
+#include "platform/values/MutableArray.h"
+#include "platform/values/MutableDictionary.h"
 
 #include <cstdint>
 

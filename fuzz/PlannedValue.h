@@ -1,7 +1,7 @@
 #pragma once
 
 #include "fuzz/Plan.h"
-#include "platform/foundation/Value.h"
+#include "platform/values/Value.h"
 
 namespace wardlock::fuzz {
 

@@ -1,11 +1,11 @@
 #include "fuzz/ScriptedSettings.h"
 
-#include "cli/Json.h"
-#include "cli/ScriptCommands.h"
-#include "cli/SettingsLoop.h"
+#include "cli/io/Json.h"
+#include "cli/io/SettingsLoop.h"
+#include "cli/script/ScriptCommands.h"
 #include "fuzz/Check.h"
-#include "platform/foundation/DeviceRoot.h"
-#include "platform/foundation/PropertyListFile.h"
+#include "platform/files/DeviceRoot.h"
+#include "platform/plist/PropertyListFile.h"
 #include "platform/services/MailService.h"
 #include "platform/ui/UIApplication.h"
 #include "platform/ui/UIWebView.h"
@@ -13,10 +13,10 @@
 #include "settings/DefaultSettings.h"
 #include "settings/DocumentPath.h"
 #include "settings/Keys.h"
-#include "shell/DemonstrationDevice.h"
-#include "shell/Provision.h"
-#include "tests/doubles/LoopbackNotificationCenter.h"
-#include "tests/doubles/RecordingMailService.h"
+#include "shell/device/DemonstrationDevice.h"
+#include "shell/device/Provision.h"
+#include "tests/support/doubles/LoopbackNotificationCenter.h"
+#include "tests/support/doubles/RecordingMailService.h"
 
 #include <cstdlib>
 #include <nlohmann/json.hpp>

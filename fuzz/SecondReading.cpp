@@ -1,6 +1,6 @@
 #include "fuzz/SecondReading.h"
 
-#include "platform/foundation/PropertyList.h"
+#include "platform/plist/PropertyList.h"
 
 #include <cstdlib>
 

@@ -1,7 +1,7 @@
 #include "info/ChangeLog.h"
 
-#include "platform/foundation/NSBundle.h"
-#include "platform/foundation/StringFile.h"
+#include "platform/files/StringFile.h"
+#include "platform/runtime/NSBundle.h"
 #include "platform/ui/UITextView.h"
 
 namespace wardlock {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/foundation/Class.h"
 #include "platform/preferences/PSListController.h"
+#include "platform/runtime/Class.h"
 
 namespace wardlock {
 

@@ -1,10 +1,10 @@
 #include "manual/Description.h"
 
-#include "app/Options.h"
-#include "cli/PageNames.h"
-#include "cli/Verb.h"
+#include "cli/command/Verb.h"
+#include "cli/io/PageNames.h"
 #include "settings/DefaultSettings.h"
 #include "settings/Keys.h"
+#include "window/Options.h"
 
 #include <algorithm>
 #include <sstream>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/Arguments.h"
+#include "cli/io/Arguments.h"
 
 #include <span>
 #include <string>

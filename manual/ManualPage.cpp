@@ -1,4 +1,4 @@
-#include "cli/Verb.h"
+#include "cli/command/Verb.h"
 #include "manual/Pages.h"
 #include "manual/Roff.h"
 

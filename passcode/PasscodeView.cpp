@@ -1,6 +1,6 @@
 #include "passcode/PasscodeView.h"
 
-#include "platform/foundation/Class.h"
+#include "platform/runtime/Class.h"
 #include "platform/services/DeviceInformation.h"
 
 #include <vector>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "passcode/PasscodeViewDelegate.h"
-#include "platform/foundation/Export.h"
+#include "platform/base/Export.h"
 #include "platform/services/PasscodeLockView.h"
 #include "platform/services/Workspace.h"
 #include "platform/ui/UIVisualEffectView.h"

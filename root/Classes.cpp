@@ -4,7 +4,7 @@
 #include "apps/AppsListController.h"
 #include "info/ChangeLogController.h"
 #include "info/DeveloperController.h"
-#include "platform/foundation/Class.h"
+#include "platform/runtime/Class.h"
 #include "root/SettingsListController.h"
 
 extern "C" WARDLOCK_API platform::ClassTable wardlock_classes();

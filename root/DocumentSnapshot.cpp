@@ -1,6 +1,6 @@
 #include "root/DocumentSnapshot.h"
 
-#include "platform/foundation/PropertyListFile.h"
+#include "platform/plist/PropertyListFile.h"
 #include "settings/Constants.h"
 #include "settings/DocumentPath.h"
 

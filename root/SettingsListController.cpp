@@ -7,11 +7,11 @@
 #include "platform/ui/UIApplication.h"
 #include "root/DocumentSnapshot.h"
 #include "root/Maker.h"
-#include "root/SelectedIndex.h"
 #include "settings/Constants.h"
 #include "settings/Keys.h"
 #include "specifiers/PreferenceHelper.h"
 #include "specifiers/PreferenceHelperAdditions.h"
+#include "specifiers/SelectedIndex.h"
 
 namespace wardlock {
 

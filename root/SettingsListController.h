@@ -1,9 +1,9 @@
 #pragma once
 
 #include "passcode/PasscodeViewDelegate.h"
-#include "platform/foundation/Class.h"
-#include "platform/foundation/NSNotificationCenter.h"
 #include "platform/preferences/PSListController.h"
+#include "platform/runtime/Class.h"
+#include "platform/runtime/NSNotificationCenter.h"
 #include "platform/services/MFMailComposeViewController.h"
 
 #include <cstdint>

@@ -1,10 +1,10 @@
 // The root page's ways to the maker: the profile and a ready-made support mail.
 
-#include "platform/foundation/DeviceRoot.h"
-#include "platform/foundation/Diagnostics.h"
-#include "platform/foundation/FileSystem.h"
-#include "platform/foundation/Format.h"
+#include "platform/base/Diagnostics.h"
+#include "platform/files/DeviceRoot.h"
+#include "platform/files/FileSystem.h"
 #include "platform/services/DeviceInformation.h"
+#include "platform/text/Format.h"
 #include "platform/ui/UIApplication.h"
 #include "root/Maker.h"
 #include "root/SettingsListController.h"

@@ -3,8 +3,8 @@
 /// The list of accounts of the preferences document. An account is known by its position alone, and other
 /// processes may change the list at any time.
 
-#include "platform/foundation/Export.h"
-#include "platform/foundation/Value.h"
+#include "platform/base/Export.h"
+#include "platform/values/Value.h"
 
 #include <cstddef>
 #include <string>

@@ -1,6 +1,6 @@
 #include "settings/ChangeNotification.h"
 
-#include "platform/foundation/Format.h"
+#include "platform/text/Format.h"
 #include "settings/Constants.h"
 
 namespace wardlock {

@@ -4,9 +4,9 @@
 /// record has a new value. Name "identifier/post" on the distributed centre, no object, user info of exactly
 /// "key" and "object", delivered immediately. Main thread only.
 
-#include "platform/foundation/CFNotificationCenter.h"
-#include "platform/foundation/Export.h"
-#include "platform/foundation/Value.h"
+#include "platform/base/Export.h"
+#include "platform/runtime/CFNotificationCenter.h"
+#include "platform/values/Value.h"
 
 #include <string>
 #include <string_view>

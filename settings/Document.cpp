@@ -1,8 +1,8 @@
 #include "settings/Document.h"
 
-#include "platform/foundation/DeviceRoot.h"
-#include "platform/foundation/FileSystem.h"
-#include "platform/foundation/FolderTrust.h"
+#include "platform/files/DeviceRoot.h"
+#include "platform/files/FileSystem.h"
+#include "platform/files/FolderTrust.h"
 #include "settings/DocumentPath.h"
 
 #include <system_error>

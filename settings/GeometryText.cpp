@@ -1,6 +1,6 @@
 #include "settings/GeometryText.h"
 
-#include "platform/foundation/Format.h"
+#include "platform/text/Format.h"
 
 namespace wardlock {
 

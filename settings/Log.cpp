@@ -1,10 +1,10 @@
 #include "settings/Log.h"
 
-#include "platform/foundation/AtomicWriter.h"
-#include "platform/foundation/DeviceRoot.h"
-#include "platform/foundation/FileSystem.h"
-#include "platform/foundation/NSOperationQueue.h"
-#include "platform/foundation/Utf8.h"
+#include "platform/base/Utf8.h"
+#include "platform/files/AtomicWriter.h"
+#include "platform/files/DeviceRoot.h"
+#include "platform/files/FileSystem.h"
+#include "platform/runtime/NSOperationQueue.h"
 #include "settings/Constants.h"
 
 #include <cstddef>

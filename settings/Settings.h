@@ -5,9 +5,9 @@
 /// reports an error: a missing, unreadable or empty document is replaced by the defaults, a failed write is
 /// ignored, and what is missing reads as false, 0.0 or null.
 
-#include "platform/foundation/CFNotificationCenter.h"
-#include "platform/foundation/Export.h"
-#include "platform/foundation/Value.h"
+#include "platform/base/Export.h"
+#include "platform/runtime/CFNotificationCenter.h"
+#include "platform/values/Value.h"
 
 #include <functional>
 #include <optional>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/preferences/PSListController.h"
-#include "shell/BundleList.h"
+#include "shell/device/BundleList.h"
 
 namespace wardlock::shell {
 

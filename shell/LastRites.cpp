@@ -1,7 +1,7 @@
 #include "shell/LastRites.h"
 
-#include "platform/foundation/NSException.h"
-#include "platform/foundation/NSOperationQueue.h"
+#include "platform/runtime/NSOperationQueue.h"
+#include "platform/values/NSException.h"
 
 namespace wardlock::shell {
 

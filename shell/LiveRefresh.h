@@ -1,9 +1,9 @@
 #pragma once
 
-#include "platform/foundation/CFNotificationCenter.h"
-#include "shell/Screen.h"
-#include "shell/ScreenChanges.h"
-#include "shell/ShownAccount.h"
+#include "platform/runtime/CFNotificationCenter.h"
+#include "shell/screen/Screen.h"
+#include "shell/screen/ScreenChanges.h"
+#include "shell/screen/ShownAccount.h"
 
 namespace wardlock::shell {
 

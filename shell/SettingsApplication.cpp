@@ -1,8 +1,8 @@
 #include "shell/SettingsApplication.h"
 
-#include "platform/foundation/Diagnostics.h"
-#include "platform/foundation/MainLoop.h"
-#include "platform/foundation/NSOperationQueue.h"
+#include "platform/base/Diagnostics.h"
+#include "platform/runtime/MainLoop.h"
+#include "platform/runtime/NSOperationQueue.h"
 #include "platform/services/SystemMailService.h"
 #include "platform/services/SystemURLOpener.h"
 #include "platform/ui/UIApplication.h"

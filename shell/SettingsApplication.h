@@ -1,12 +1,12 @@
 #pragma once
 
-#include "shell/DoorClock.h"
 #include "shell/LiveRefresh.h"
-#include "shell/PageInput.h"
-#include "shell/Screen.h"
-#include "shell/ScreenChanges.h"
-#include "shell/SheetInput.h"
-#include "shell/ShownAccount.h"
+#include "shell/input/DoorClock.h"
+#include "shell/input/PageInput.h"
+#include "shell/input/SheetInput.h"
+#include "shell/screen/Screen.h"
+#include "shell/screen/ScreenChanges.h"
+#include "shell/screen/ShownAccount.h"
 
 #include <memory>
 

@@ -1,8 +1,8 @@
 #include "specifiers/PreferenceHelper.h"
 
-#include "platform/foundation/NSBundle.h"
-#include "platform/foundation/NSException.h"
 #include "platform/preferences/PSListItemsController.h"
+#include "platform/runtime/NSBundle.h"
+#include "platform/values/NSException.h"
 #include "settings/ChangeNotification.h"
 #include "settings/Document.h"
 #include "settings/ExceptionReport.h"

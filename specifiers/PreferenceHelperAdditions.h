@@ -4,8 +4,8 @@
 /// without an extension, or with an empty one, a ".png" is meant. A file that is not there leaves the row
 /// without an icon and without a message.
 
-#include "platform/foundation/NSBundle.h"
 #include "platform/preferences/PSSpecifier.h"
+#include "platform/runtime/NSBundle.h"
 
 #include <memory>
 #include <string_view>

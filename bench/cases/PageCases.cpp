@@ -2,8 +2,8 @@
 #include "bench/OpenSettings.h"
 #include "bench/SampleDocument.h"
 #include "bench/peers/Peers.h"
-#include "platform/foundation/DeviceRoot.h"
-#include "platform/foundation/PropertyList.h"
+#include "platform/files/DeviceRoot.h"
+#include "platform/plist/PropertyList.h"
 #include "settings/Constants.h"
 #include "settings/DocumentPath.h"
 

@@ -1,7 +1,7 @@
 #include "apps/AppsListView.h"
 #include "bench/InstalledApplications.h"
 #include "bench/PrivateDevice.h"
-#include "platform/foundation/NameOrder.h"
+#include "platform/text/NameOrder.h"
 #include "settings/Keys.h"
 #include "settings/Settings.h"
 

@@ -1,8 +1,8 @@
 #include "bench/Timing.h"
 #include "bench/contender/Verbs.h"
-#include "platform/foundation/Class.h"
-#include "platform/foundation/NameOrder.h"
+#include "platform/runtime/Class.h"
 #include "platform/services/ALApplicationList.h"
+#include "platform/text/NameOrder.h"
 
 #include <cstdio>
 #include <cstdlib>

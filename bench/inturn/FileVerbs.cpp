@@ -3,7 +3,7 @@
 #include "bench/Timing.h"
 #include "bench/inturn/Verbs.h"
 #include "bench/peers/Peers.h"
-#include "platform/foundation/PropertyListFile.h"
+#include "platform/plist/PropertyListFile.h"
 
 #include <cstdio>
 #include <cstdlib>

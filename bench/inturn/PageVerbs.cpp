@@ -4,8 +4,8 @@
 #include "bench/Timing.h"
 #include "bench/inturn/Verbs.h"
 #include "bench/peers/Peers.h"
-#include "platform/foundation/DeviceRoot.h"
-#include "platform/foundation/PropertyList.h"
+#include "platform/files/DeviceRoot.h"
+#include "platform/plist/PropertyList.h"
 #include "settings/Constants.h"
 #include "settings/DocumentPath.h"
 

@@ -1,7 +1,7 @@
 #include "bench/SampleDocument.h"
 #include "bench/Timing.h"
 #include "bench/peers/Peers.h"
-#include "platform/foundation/PropertyList.h"
+#include "platform/plist/PropertyList.h"
 
 #include <functional>
 #include <string_view>

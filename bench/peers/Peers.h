@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/foundation/Sync.h"
+#include "platform/files/Sync.h"
 
 #include <string>
 

@@ -4,17 +4,17 @@
 //   bench-settings-window scroll    frames of the picker while it scrolls
 //   bench-settings-window pages     resident memory when every page but the web page was open
 
-#include "app/WindowHost.h"
 #include "bench/InstalledApplications.h"
 #include "bench/Person.h"
 #include "bench/ProvisionedDevice.h"
 #include "bench/SampleDocument.h"
 #include "bench/window/FrameWatch.h"
-#include "platform/foundation/DeviceRoot.h"
-#include "platform/foundation/PropertyList.h"
+#include "platform/files/DeviceRoot.h"
+#include "platform/plist/PropertyList.h"
 #include "platform/services/ALApplicationList.h"
 #include "settings/Keys.h"
-#include "shell/ManualClock.h"
+#include "shell/input/ManualClock.h"
+#include "window/WindowHost.h"
 
 #include <QGuiApplication>
 

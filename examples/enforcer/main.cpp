@@ -12,11 +12,11 @@
 #include <csignal>
 #include <iostream>
 #include <iterator>
-#include <platform/foundation/ExceptionBoundary.h>
-#include <platform/foundation/Format.h>
-#include <platform/foundation/MainLoop.h>
-#include <platform/foundation/NSException.h>
-#include <platform/foundation/NSOperationQueue.h>
+#include <platform/runtime/ExceptionBoundary.h>
+#include <platform/runtime/MainLoop.h>
+#include <platform/runtime/NSOperationQueue.h>
+#include <platform/text/Format.h>
+#include <platform/values/NSException.h>
 #include <poll.h>
 #include <settings/Constants.h>
 #include <settings/ExceptionReport.h>

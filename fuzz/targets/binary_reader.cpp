@@ -1,6 +1,6 @@
 // Any bytes as a binary property list; the magic number is put in front, so that every input gets that far.
 #include "fuzz/SecondReading.h"
-#include "platform/foundation/PropertyList.h"
+#include "platform/plist/PropertyList.h"
 
 #include <cstddef>
 #include <cstdint>

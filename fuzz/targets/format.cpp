@@ -1,12 +1,12 @@
 // The formatter, on any format and any arguments: it ends, its text is bounded and valid UTF-8 where what it
 // was given is, and a single conversion of a number prints what the C library's prints.
 
-#include "platform/foundation/Format.h"
+#include "platform/text/Format.h"
 
 #include "fuzz/Check.h"
 #include "fuzz/Plan.h"
 #include "fuzz/PlannedValue.h"
-#include "platform/foundation/Utf8.h"
+#include "platform/base/Utf8.h"
 
 #include <array>
 #include <cmath>

@@ -4,7 +4,7 @@
 #include "fuzz/BusPair.h"
 #include "fuzz/NotificationCheck.h"
 #include "fuzz/Plan.h"
-#include "linux/NotificationFormat.h"
+#include "linux/notifications/NotificationFormat.h"
 
 #include <cstdint>
 #include <memory>

@@ -5,8 +5,8 @@
 #include "fuzz/Check.h"
 #include "fuzz/NotificationCheck.h"
 #include "fuzz/Plan.h"
-#include "linux/BusPointers.h"
-#include "linux/NotificationFormat.h"
+#include "linux/bus/BusPointers.h"
+#include "linux/notifications/NotificationFormat.h"
 
 #include <cstdint>
 #include <string>

@@ -5,8 +5,8 @@
 #include "fuzz/Plan.h"
 #include "fuzz/PlannedValue.h"
 #include "fuzz/SecondReading.h"
-#include "platform/foundation/PropertyList.h"
-#include "platform/foundation/Utf8.h"
+#include "platform/base/Utf8.h"
+#include "platform/plist/PropertyList.h"
 
 #include <algorithm>
 #include <cstddef>

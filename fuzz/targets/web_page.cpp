@@ -1,9 +1,9 @@
 // The text form of web pages, on whatever a server may send: always valid UTF-8 without control characters,
 // and links to web pages only.
 
-#include "linux/HtmlText.h"
-#include "linux/PageEncoding.h"
-#include "platform/foundation/Utf8.h"
+#include "linux/web/HtmlText.h"
+#include "linux/web/PageEncoding.h"
+#include "platform/base/Utf8.h"
 
 #include <cstdint>
 #include <cstdlib>

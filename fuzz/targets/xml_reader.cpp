@@ -1,6 +1,6 @@
 // Any bytes as an XML property list, in whatever encoding they claim.
 #include "fuzz/SecondReading.h"
-#include "platform/foundation/PropertyList.h"
+#include "platform/plist/PropertyList.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -4,7 +4,7 @@
 #include "linux/applist/BundleIcon.h"
 #include "linux/applist/DesktopApplications.h"
 #include "linux/applist/IconFile.h"
-#include "platform/foundation/DeviceRoot.h"
+#include "platform/files/DeviceRoot.h"
 #include "platform/services/DeviceInformation.h"
 
 #include <algorithm>

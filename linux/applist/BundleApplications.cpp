@@ -1,11 +1,11 @@
 #include "linux/applist/BundleApplications.h"
 
-#include "platform/foundation/DeviceRoot.h"
-#include "platform/foundation/Diagnostics.h"
-#include "platform/foundation/FileSystem.h"
-#include "platform/foundation/PropertyList.h"
-#include "platform/foundation/Utf8.h"
-#include "platform/foundation/Value.h"
+#include "platform/base/Diagnostics.h"
+#include "platform/base/Utf8.h"
+#include "platform/files/DeviceRoot.h"
+#include "platform/files/FileSystem.h"
+#include "platform/plist/PropertyList.h"
+#include "platform/values/Value.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 #include "linux/applist/BundleIcon.h"
 
 #include "linux/applist/IconFile.h"
-#include "platform/foundation/FileSystem.h"
+#include "platform/files/FileSystem.h"
 
 #include <array>
 #include <limits>

@@ -3,7 +3,7 @@
 #include "linux/applist/DesktopEntry.h"
 #include "linux/applist/DesktopFiles.h"
 #include "linux/applist/IconTheme.h"
-#include "platform/foundation/Utf8.h"
+#include "platform/base/Utf8.h"
 
 #include <string_view>
 

@@ -1,7 +1,7 @@
 #include "linux/applist/DesktopFiles.h"
 
-#include "platform/foundation/Diagnostics.h"
-#include "platform/foundation/FileSystem.h"
+#include "platform/base/Diagnostics.h"
+#include "platform/files/FileSystem.h"
 
 #include <glib.h>
 

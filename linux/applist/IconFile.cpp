@@ -1,6 +1,6 @@
 #include "linux/applist/IconFile.h"
 
-#include "platform/foundation/FileSystem.h"
+#include "platform/files/FileSystem.h"
 
 #include <algorithm>
 #include <cstdint>

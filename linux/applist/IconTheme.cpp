@@ -3,7 +3,7 @@
 #include "linux/applist/GlibPointer.h"
 #include "linux/applist/IconFile.h"
 #include "linux/applist/KeyFile.h"
-#include "platform/foundation/FileSystem.h"
+#include "platform/files/FileSystem.h"
 
 #include <algorithm>
 #include <array>

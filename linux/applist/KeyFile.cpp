@@ -1,6 +1,6 @@
 #include "linux/applist/KeyFile.h"
 
-#include "platform/foundation/FileSystem.h"
+#include "platform/files/FileSystem.h"
 
 namespace platform::applist {
 namespace {

@@ -1,7 +1,7 @@
 // What the AppList library hands over when it is opened: the class "ALApplicationList".
 
 #include "linux/applist/ApplicationList.h"
-#include "platform/foundation/Class.h"
+#include "platform/runtime/Class.h"
 
 namespace platform::applist {
 namespace {

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "platform/foundation/Class.h"
-#include "platform/foundation/Object.h"
-#include "platform/foundation/Selector.h"
-#include "platform/foundation/Value.h"
+#include "platform/base/Object.h"
+#include "platform/runtime/Class.h"
 #include "platform/ui/UIImage.h"
+#include "platform/values/Selector.h"
+#include "platform/values/Value.h"
 
 #include <map>
 #include <memory>

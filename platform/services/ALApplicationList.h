@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/foundation/Object.h"
-#include "platform/foundation/Value.h"
+#include "platform/base/Object.h"
 #include "platform/ui/UIImage.h"
+#include "platform/values/Value.h"
 
 #include <memory>
 #include <string_view>

@@ -2,7 +2,7 @@
 
 /// How this user's desktop asks programs to look, as far as it tells. Main thread only.
 
-#include "platform/foundation/Export.h"
+#include "platform/base/Export.h"
 
 #include <chrono>
 #include <functional>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/foundation/Export.h"
-#include "platform/foundation/Geometry.h"
+#include "platform/base/Export.h"
+#include "platform/base/Geometry.h"
 
 #include <string>
 

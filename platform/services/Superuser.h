@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/foundation/Export.h"
+#include "platform/base/Export.h"
 
 namespace platform {
 

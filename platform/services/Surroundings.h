@@ -3,7 +3,7 @@
 /// What the product finds around it on this machine, for a person who looks for what is wrong. Asking changes
 /// nothing and creates nothing, and is bounded: seconds at most, whatever the desktop does.
 
-#include "platform/foundation/Export.h"
+#include "platform/base/Export.h"
 
 #include <string>
 

@@ -1,6 +1,6 @@
 // The system's own classes that pages look up by name.
 
-#include "platform/foundation/Class.h"
+#include "platform/runtime/Class.h"
 #include "platform/services/DeviceInformation.h"
 #include "platform/services/PasscodeLockView.h"
 #include "platform/services/Workspace.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/foundation/Object.h"
+#include "platform/base/Object.h"
 
 #include <functional>
 #include <memory>

@@ -1,6 +1,6 @@
 #include "platform/ui/UIApplication.h"
 
-#include "platform/foundation/NSNotificationCenter.h"
+#include "platform/runtime/NSNotificationCenter.h"
 
 #include <utility>
 

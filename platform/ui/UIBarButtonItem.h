@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/foundation/Object.h"
-#include "platform/foundation/Selector.h"
+#include "platform/base/Object.h"
+#include "platform/values/Selector.h"
 
 #include <memory>
 

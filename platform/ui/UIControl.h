@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/foundation/Selector.h"
 #include "platform/ui/UIView.h"
+#include "platform/values/Selector.h"
 
 #include <memory>
 #include <vector>

@@ -1,6 +1,6 @@
 #include "platform/ui/UITextField.h"
 
-#include "platform/foundation/NSNotificationCenter.h"
+#include "platform/runtime/NSNotificationCenter.h"
 
 namespace platform {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/foundation/Geometry.h"
-#include "platform/foundation/Object.h"
+#include "platform/base/Geometry.h"
+#include "platform/base/Object.h"
 #include "platform/ui/AnimationClock.h"
 
 #include <functional>

@@ -1,6 +1,6 @@
 #include "platform/ui/UIWebView.h"
 
-#include "platform/foundation/NSOperationQueue.h"
+#include "platform/runtime/NSOperationQueue.h"
 
 namespace platform {
 

@@ -31,28 +31,61 @@ KINDS = [
     ("the operating system", lambda name: True),
 ]
 
-BELOW_ROOT = ["platform/", "settings/", "specifiers/", "root/SelectedIndex.h"]
-EVERYTHING = [""]
+STD = ["the standard library"]
+POSIX = STD + ["the operating system"]
 
-# room: what it may include of the project (beginnings of paths), and what else
+BASE = ["platform/base"]
+VALUES = BASE + ["platform/values"]
+FILES = BASE + ["platform/files"]
+PLIST = VALUES + ["platform/files", "platform/plist"]
+RUNTIME = PLIST + ["platform/runtime"]
+UI = RUNTIME + ["platform/text", "platform/ui"]
+PLATFORM = UI + ["platform/preferences", "platform/services"]
+BELOW_PAGES = PLATFORM + ["settings", "specifiers"]
+SHELL = PLATFORM + ["settings", "shell/screen", "shell/input", "shell/device", "shell"]
+EVERYTHING = None
+
+# room: the rooms and single headers it may include beside its own, and what else
 ROOMS = {
-    "platform/foundation": (["platform/foundation/"], ["the standard library"]),
-    "platform/ui": (["platform/foundation/", "platform/ui/"], ["the standard library"]),
-    "platform/preferences": (["platform/foundation/", "platform/ui/", "platform/preferences/"], ["the standard library"]),
-    "platform/services": (["platform/foundation/", "platform/ui/", "platform/services/"], ["the standard library"]),
-    "settings": (["platform/foundation/", "platform/services/DeviceInformation.h", "settings/"], ["the standard library"]),
-    "specifiers": (["platform/", "settings/", "specifiers/"], ["the standard library"]),
-    "passcode": (["platform/", "passcode/"], ["the standard library"]),
-    "root": (["platform/", "settings/", "specifiers/", "passcode/", "account/", "apps/", "info/", "root/"],
-             ["the standard library"]),
-    "account": (BELOW_ROOT + ["apps/", "account/"], ["the standard library"]),
-    "apps": (BELOW_ROOT + ["apps/"], ["the standard library"]),
-    "info": (BELOW_ROOT + ["info/"], ["the standard library"]),
-    "linux": (["platform/", "linux/"], ["the standard library", "the operating system", "GLib", "systemd", "curl", "HTML"]),
-    "shell": (["platform/", "settings/", "shell/"], ["the standard library"]),
-    "app": (["platform/", "shell/", "app/"], ["the standard library", "Qt"]),
-    "cli": (["platform/", "settings/", "shell/", "cli/"], ["the standard library", "the operating system", "JSON"]),
-    "manual": (["app/Options.h", "settings/", "cli/", "manual/"], ["the standard library"]),
+    "platform/base": ([], STD),
+    "platform/values": (BASE, STD),
+    "platform/files": (BASE, STD),
+    "platform/text": (VALUES, STD),
+    "platform/plist": (VALUES + FILES, STD),
+    "platform/runtime": (PLIST, STD),
+    "platform/ui": (RUNTIME + ["platform/text"], STD),
+    "platform/preferences": (UI, STD),
+    "platform/services": (UI, STD),
+    "settings": (RUNTIME + ["platform/text", "platform/services/DeviceInformation.h"], STD),
+    "specifiers": (PLATFORM + ["settings"], STD),
+    "passcode": (PLATFORM, STD),
+    "apps": (BELOW_PAGES, STD),
+    "account": (BELOW_PAGES + ["apps"], STD),
+    "info": (BELOW_PAGES, STD),
+    "root": (BELOW_PAGES + ["passcode", "account", "apps", "info"], STD),
+    "linux/posix": (PLATFORM, POSIX),
+    "linux/bus": (PLATFORM + ["linux/posix"], POSIX + ["systemd"]),
+    "linux/notifications": (PLATFORM + ["linux/posix", "linux/bus"], POSIX + ["systemd"]),
+    "linux/web": (PLATFORM + ["linux/posix"], POSIX + ["curl", "HTML"]),
+    "linux/mail": (PLATFORM + ["linux/posix", "linux/bus", "linux/web"], POSIX + ["systemd"]),
+    "linux/system": (PLATFORM + ["linux/posix", "linux/bus", "linux/mail"], POSIX + ["systemd"]),
+    "linux/applist": (PLATFORM, POSIX + ["GLib"]),
+    "shell/screen": (PLATFORM + ["settings"], STD),
+    "shell/input": (PLATFORM + ["settings", "shell/screen"], STD),
+    "shell/device": (PLATFORM + ["settings"], STD),
+    "shell": (PLATFORM + ["settings", "shell/screen", "shell/input", "shell/device"], STD),
+    "window/pictures": (PLATFORM, STD + ["Qt"]),
+    "window/items": (PLATFORM + ["window/pictures"], STD + ["Qt"]),
+    "window/accessibility": (PLATFORM + ["window/items"], STD + ["Qt"]),
+    "window/models": (SHELL + ["window/pictures", "window/items"], STD + ["Qt"]),
+    "window": (SHELL + ["window/pictures", "window/items", "window/accessibility", "window/models"], STD + ["Qt"]),
+    "cli/io": (SHELL, POSIX + ["JSON"]),
+    "cli/terminal": (SHELL + ["cli/io"], POSIX),
+    "cli/script": (SHELL + ["cli/io"], POSIX + ["JSON"]),
+    "cli/command": (SHELL + ["cli/io", "cli/terminal", "cli/script"], POSIX + ["JSON"]),
+    "cli/doctor": (SHELL + ["cli/io", "cli/command"], POSIX + ["JSON"]),
+    "cli": (["platform/services", "cli/command"], STD),
+    "manual": (["window/Options.h", "settings", "cli/io", "cli/command"], STD),
     "tests": (EVERYTHING, [kind for kind, _ in KINDS]),
     "bench": (EVERYTHING, [kind for kind, _ in KINDS]),
     "fuzz": (EVERYTHING, [kind for kind, _ in KINDS]),
@@ -100,7 +133,7 @@ def violations(top):
         for number, bracket, name in includes_of(top, path):
             if bracket == '"':
                 headers.setdefault(path, []).append(name)
-                if not name.startswith(tuple(own)):
+                if own is not EVERYTHING and os.path.dirname(name) not in own + [room] and name not in own:
                     found.append(f"{path}:{number}: {room} may not include \"{name}\"")
                 elif not os.path.exists(os.path.join(top, name)):
                     found.append(f"{path}:{number}: \"{name}\" is no path from the top folder")
@@ -108,18 +141,28 @@ def violations(top):
                 kind = next(kind for kind, matches in KINDS if matches(name))
                 if kind not in others:
                     found.append(f"{path}:{number}: {room} may not include <{name}> ({kind})")
-    return found + circles(headers)
+    return found + circles(headers, "files") + circles(rooms_of(headers), "rooms")
 
 
-def circles(headers):
-    """One line per circle of includes."""
+def rooms_of(headers):
+    """{room: the others it includes}, without the rooms that may include everything."""
+    rooms = {}
+    for path, names in headers.items():
+        room = room_of(path)
+        if ROOMS[room][0] is not EVERYTHING:
+            rooms.setdefault(room, set()).update(other for other in map(room_of, names) if other and other != room)
+    return rooms
+
+
+def circles(headers, kind):
+    """One line per circle of includes, of files or of rooms."""
     found, done = [], set()
 
     def visit(path, trail):
         if path in trail:
-            found.append("circle of includes: " + " -> ".join(trail[trail.index(path):] + [path]))
+            found.append(f"circle of {kind}: " + " -> ".join(trail[trail.index(path):] + [path]))
         elif path not in done:
-            for name in headers.get(path, []):
+            for name in sorted(headers.get(path, [])):
                 visit(name, trail + [path])
             done.add(path)
 

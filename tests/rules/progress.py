@@ -12,7 +12,7 @@ import tempfile
 import types
 import unittest
 
-COMPILED = "[%d/%d] Building CXX object platform/CMakeFiles/wardlock-platform-objects.dir/foundation/Class.cpp.o"
+COMPILED = "[%d/%d] Building CXX object platform/CMakeFiles/wardlock-platform-objects.dir/runtime/Class.cpp.o"
 PASSED = " %d/%d Test #7: settings.Log.IsBounded ...........   Passed    0.03 sec"
 FAILED = " %d/%d Test #8: settings.Log.IsKept ..............***Failed    0.03 sec"
 SKIPPED = " %d/%d Test #9: settings.Log.IsSkipped ...........***Skipped   0.03 sec"

@@ -1,6 +1,6 @@
 #include "tests/support/AppListFixture.h"
 
-#include "platform/foundation/Class.h"
+#include "platform/runtime/Class.h"
 #include "tests/support/Places.h"
 
 #include <cstdlib>

@@ -52,7 +52,7 @@ enum class Entry {
 struct FailingEntry {
     Entry entry;
     const char* name;
-    /// Where the page fails (tests/modules/failing-bundle/Failure.h).
+    /// Where the page fails (tests/support/modules/failing-bundle/Failure.h).
     const char* point;
 
     friend std::ostream& operator<<(std::ostream& out, const FailingEntry& entry) {

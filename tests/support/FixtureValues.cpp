@@ -1,6 +1,6 @@
 #include "tests/support/FixtureValues.h"
 
-#include "platform/foundation/PropertyListFile.h"
+#include "platform/plist/PropertyListFile.h"
 
 namespace wardlock::test {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/foundation/Dictionary.h"
+#include "platform/values/Dictionary.h"
 
 namespace wardlock::test {
 

@@ -1,6 +1,6 @@
 #include "tests/support/LocalWeb.h"
 
-#include "platform/foundation/MainLoop.h"
+#include "platform/runtime/MainLoop.h"
 #include "tests/support/Patience.h"
 
 namespace wardlock::test {

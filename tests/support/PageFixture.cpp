@@ -1,7 +1,7 @@
 #include "tests/support/PageFixture.h"
 
-#include "platform/foundation/PropertyList.h"
-#include "platform/foundation/PropertyListFile.h"
+#include "platform/plist/PropertyList.h"
+#include "platform/plist/PropertyListFile.h"
 #include "platform/ui/UIApplication.h"
 #include "settings/DefaultSettings.h"
 

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "platform/foundation/Value.h"
 #include "platform/preferences/PSListController.h"
 #include "platform/ui/UIWindow.h"
-#include "tests/doubles/FakeDevice.h"
-#include "tests/doubles/FaultyFileSystem.h"
-#include "tests/doubles/ManualClock.h"
-#include "tests/doubles/RecordingNotificationCenter.h"
+#include "platform/values/Value.h"
 #include "tests/support/DeviceRootFixture.h"
+#include "tests/support/doubles/FakeDevice.h"
+#include "tests/support/doubles/FaultyFileSystem.h"
+#include "tests/support/doubles/ManualClock.h"
+#include "tests/support/doubles/RecordingNotificationCenter.h"
 
 #include <memory>
 #include <optional>

@@ -1,6 +1,6 @@
 #include "tests/support/PropertyListReading.h"
 
-#include "platform/foundation/PropertyList.h"
+#include "platform/plist/PropertyList.h"
 #include "tests/support/ValueText.h"
 
 namespace wardlock::test {

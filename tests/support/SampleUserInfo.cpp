@@ -1,7 +1,7 @@
 #include "tests/support/SampleUserInfo.h"
 
-#include "platform/foundation/MutableDictionary.h"
-#include "platform/foundation/PropertyListBounds.h"
+#include "platform/plist/PropertyListBounds.h"
+#include "platform/values/MutableDictionary.h"
 
 #include <cstdint>
 #include <limits>

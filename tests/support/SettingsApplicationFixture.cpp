@@ -1,10 +1,10 @@
 #include "tests/support/SettingsApplicationFixture.h"
 
-#include "platform/foundation/PropertyListFile.h"
+#include "platform/plist/PropertyListFile.h"
 #include "platform/ui/UIApplication.h"
 #include "settings/DefaultSettings.h"
 #include "settings/Keys.h"
-#include "shell/Provision.h"
+#include "shell/device/Provision.h"
 #include "tests/support/Places.h"
 
 namespace wardlock::test {

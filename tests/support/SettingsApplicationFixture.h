@@ -1,11 +1,11 @@
 #pragma once
 
-#include "platform/foundation/Value.h"
-#include "shell/ManualClock.h"
+#include "platform/values/Value.h"
 #include "shell/SettingsApplication.h"
-#include "tests/doubles/LoopbackNotificationCenter.h"
-#include "tests/doubles/RecordingMailService.h"
+#include "shell/input/ManualClock.h"
 #include "tests/support/DeviceRootFixture.h"
+#include "tests/support/doubles/LoopbackNotificationCenter.h"
+#include "tests/support/doubles/RecordingMailService.h"
 
 #include <memory>
 #include <string>

@@ -1,6 +1,6 @@
 #include "tests/support/SettingsFixture.h"
 
-#include "platform/foundation/PropertyList.h"
+#include "platform/plist/PropertyList.h"
 #include "settings/EnabledAccount.h"
 #include "settings/Keys.h"
 #include "settings/Settings.h"

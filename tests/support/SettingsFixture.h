@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/foundation/Value.h"
-#include "tests/doubles/RecordingNotificationCenter.h"
+#include "platform/values/Value.h"
 #include "tests/support/DeviceRootFixture.h"
+#include "tests/support/doubles/RecordingNotificationCenter.h"
 
 #include <optional>
 #include <string_view>

@@ -1,9 +1,0 @@
-#pragma once
-
-#include "cli/Arguments.h"
-
-namespace wardlock::cli {
-
-inline constexpr Option jsonOption{"--json", "", "print JSON, one value a line"};
-
-} // namespace wardlock::cli

@@ -1,0 +1,78 @@
+#include "cli/command/Commands.h"
+#include "cli/command/CommonOptions.h"
+#include "cli/io/Json.h"
+#include "cli/io/Output.h"
+#include "cli/io/TypedJson.h"
+#include "platform/text/Format.h"
+#include "settings/EnabledAccount.h"
+#include "settings/Settings.h"
+
+#include <array>
+#include <nlohmann/json.hpp>
+#include <string>
+
+namespace wardlock::cli {
+
+namespace {
+
+ExitCode printValue(const Arguments& arguments, const platform::Value* value) {
+    if (!value)
+        throw CommandError(ExitCode::Failed, "there is no \"" + std::string(arguments.operand(0)) + "\"");
+    if (arguments.has(jsonOption.name))
+        Output::foreignLine(jsonLine(typedJson(*value)));
+    else if (value->kind() == platform::Value::Kind::Boolean)
+        Output::line(value->boolean() ? "true" : "false");
+    else
+        Output::foreignLine(platform::description(*value));
+    return ExitCode::Done;
+}
+
+ExitCode get(const Arguments& arguments) {
+    return printValue(arguments, objectForKey(arguments.operand(0)));
+}
+
+ExitCode account(const Arguments& arguments) {
+    if (!EnabledAccountFetchIfNecessary())
+        throw CommandError(ExitCode::Failed, "no account is enabled");
+    return printValue(arguments, AccountObject(arguments.operand(0)));
+}
+
+constexpr std::array lookUpOptions{jsonOption};
+
+} // namespace
+
+const Verb getVerb{
+    "get",
+    "KEY",
+    "print the value of a top-level key of the settings",
+    "Prints the value of a top-level key (kEnabled, kPasscode, kAccounts) as the\n"
+    "settings library answers it. Exit code 1 when there is none. A document that\n"
+    "is missing, or lacks a top-level key, is completed with the defaults and\n"
+    "written, as by every process that looks the settings up.\n"
+    "A terminal is shown control characters as escapes; a pipe or file gets the value\n"
+    "as it is.\n"
+    "\n"
+    "With --json the value as `wardlock plist dump` prints it.\n",
+    lookUpOptions,
+    1,
+    1,
+    get,
+};
+
+const Verb accountVerb{
+    "account",
+    "KEY",
+    "print the value of a key of the enabled account",
+    "Prints the value of a key (kAccountName, kRestrictSiri...) of the enabled\n"
+    "account. Exit code 1 when no account is enabled or the account lacks the key.\n"
+    "A document that is missing, or lacks a top-level key, is completed with the\n"
+    "defaults and written, as by every process that looks the settings up.\n"
+    "\n"
+    "With --json the value as `wardlock plist dump` prints it.\n",
+    lookUpOptions,
+    1,
+    1,
+    account,
+};
+
+} // namespace wardlock::cli

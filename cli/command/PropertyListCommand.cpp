@@ -1,0 +1,101 @@
+#include "cli/command/PropertyListCommand.h"
+
+#include "cli/io/CommandError.h"
+#include "platform/base/Utf8.h"
+#include "platform/files/AtomicWriter.h"
+#include "platform/files/FileSystem.h"
+#include "platform/plist/PropertyList.h"
+
+#include <charconv>
+#include <cstdint>
+#include <nlohmann/json.hpp>
+#include <optional>
+
+namespace wardlock::cli {
+
+namespace {
+
+using platform::Value;
+
+[[noreturn]] void refuse(std::string_view text, std::string_view why) {
+    throw CommandError(ExitCode::WrongUsage, "\"" + std::string(text) + "\" " + std::string(why));
+}
+
+template <class Number>
+std::optional<Number> numberFromText(std::string_view text) {
+    Number number{};
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    return error == std::errc() && end == text.data() + text.size() ? std::optional(number) : std::nullopt;
+}
+
+Value integerFromText(std::string_view text) {
+    if (const auto number = numberFromText<std::int64_t>(text))
+        return *number;
+    if (const auto number = numberFromText<std::uint64_t>(text))
+        return *number;
+    refuse(text, "is no integer from -9223372036854775808 to 18446744073709551615");
+}
+
+} // namespace
+
+bool isMissing(const std::string& path) {
+    platform::FileStatus status;
+    const auto ask = [&] {
+        return platform::FileSystem::current().status(path, platform::Links::Follow, status);
+    };
+    return platform::uninterrupted(ask) == std::errc::no_such_file_or_directory;
+}
+
+std::string fileBytes(const std::string& path, std::size_t largest) {
+    std::string bytes;
+    const auto read = [&] { return platform::FileSystem::current().readFile(path, largest, bytes); };
+    const std::error_code error = platform::uninterrupted(read);
+    if (error == std::errc::file_too_large)
+        throw CommandError(ExitCode::Failed, path + ": larger than " + std::to_string(largest >> 20) +
+                                                 " MiB, the most that is read");
+    if (error)
+        throw CommandError(ExitCode::Failed, path + ": " + error.message());
+    return bytes;
+}
+
+Value propertyListInFile(const std::string& path, std::size_t largest) {
+    std::optional<Value> value = platform::propertyListWithData(fileBytes(path, largest));
+    if (!value)
+        throw CommandError(ExitCode::NotAPropertyList, path + ": not a property list");
+    return *std::move(value);
+}
+
+void storePropertyList(const Value& value, const std::string& path, platform::Sync sync) {
+    std::string document;
+    std::error_code error = platform::documentWithPropertyList(value, document);
+    if (!error)
+        error = platform::AtomicWriter().write(path, document, sync);
+    if (error)
+        throw CommandError(ExitCode::Failed, path + ": " + error.message());
+}
+
+Value valueFromText(std::string_view type, std::string_view text) {
+    if (type == "bool") {
+        if (text != "true" && text != "false")
+            refuse(text, "is neither true nor false");
+        return text == "true";
+    }
+    if (type == "int")
+        return integerFromText(text);
+    if (type == "real") {
+        if (const auto number = numberFromText<double>(text))
+            return *number;
+        refuse(text, "is no real number");
+    }
+    if (type != "string")
+        refuse(type, "is no type; bool, int, real and string are");
+    requireText(text);
+    return text;
+}
+
+void requireText(std::string_view text) {
+    if (!platform::isValidUtf8(text))
+        throw CommandError(ExitCode::WrongUsage, "an argument is not UTF-8");
+}
+
+} // namespace wardlock::cli

@@ -1,0 +1,120 @@
+#include "cli/command/Commands.h"
+#include "cli/command/CommonOptions.h"
+#include "cli/command/PropertyListCommand.h"
+#include "cli/io/Json.h"
+#include "cli/io/Output.h"
+#include "cli/io/TypedJson.h"
+#include "platform/plist/PropertyListBounds.h"
+
+#include <array>
+#include <limits>
+#include <nlohmann/json.hpp>
+#include <string>
+
+namespace wardlock::cli {
+
+namespace {
+
+using platform::Sync;
+
+constexpr Option outOption{"-o", "OUT", "the file to write", true};
+
+ExitCode dump(const Arguments& arguments) {
+    Output::foreignLine(jsonLine(typedJson(propertyListInFile(std::string(arguments.operand(0))))));
+    return ExitCode::Done;
+}
+
+ExitCode convert(const Arguments& arguments) {
+    const auto out = arguments.value(outOption.name);
+    if (!out)
+        throw CommandError(ExitCode::WrongUsage, "-o OUT is missing");
+    storePropertyList(propertyListInFile(std::string(arguments.operand(0))), std::string(*out), Sync::Full);
+    return ExitCode::Done;
+}
+
+/// What is wrong with the file; Done with an empty reason when nothing is.
+std::pair<ExitCode, std::string> judge(const std::string& path) {
+    try {
+        propertyListInFile(path, platform::largestDocument);
+        return {ExitCode::Done, {}};
+    } catch (const CommandError& error) {
+        return {error.code(), std::string(error.what()).substr(path.size() + 2)};
+    }
+}
+
+std::string judgementAsJson(const std::string& path, ExitCode code, const std::string& reason) {
+    Json json = Json::object();
+    json["file"] = path;
+    json["ok"] = code == ExitCode::Done;
+    if (code != ExitCode::Done)
+        json["reason"] = reason;
+    return jsonLine(json);
+}
+
+ExitCode lint(const Arguments& arguments) {
+    bool unreadable = false;
+    bool notAList = false;
+    for (const std::string_view file : arguments.operands()) {
+        const std::string path(file);
+        const auto [code, reason] = judge(path);
+        unreadable = unreadable || code == ExitCode::Failed;
+        notAList = notAList || code == ExitCode::NotAPropertyList;
+        Output::foreignLine(arguments.has(jsonOption.name)
+                                ? judgementAsJson(path, code, reason)
+                                : path + ": " + (code == ExitCode::Done ? "OK" : reason));
+    }
+    return notAList ? ExitCode::NotAPropertyList : unreadable ? ExitCode::Failed : ExitCode::Done;
+}
+
+constexpr std::array lintOptions{jsonOption};
+constexpr std::array convertOptions{outOption};
+
+} // namespace
+
+const Verb plistDumpVerb{
+    "plist dump",
+    "FILE",
+    "print a property list as typed JSON",
+    "Prints the value in a property list, XML or binary, as JSON on one line:\n"
+    "  {\"bool\":true} {\"int\":\"-12\"} {\"real\":\"1.5\"} {\"string\":\"x\"} {\"data\":\"BASE64\"}\n"
+    "  {\"date\":\"2001-01-01T00:00:00Z\"} {\"array\":[V,...]} {\"dict\":[[\"key\",V],...]}\n"
+    "Numbers are texts, so that no reader rounds them; a real may be nan, inf or\n"
+    "-inf, and a dictionary is a list of pairs, which keeps its order. FILE is a\n"
+    "path of this machine, not of the device.\n",
+    {},
+    1,
+    1,
+    dump,
+};
+
+const Verb plistConvertVerb{
+    "plist convert",
+    "FILE",
+    "write a property list anew in its XML form",
+    "Reads a property list, XML or binary, and writes it to OUT as XML. OUT is\n"
+    "replaced in one step, and may be FILE itself; it stays as it is, and the exit\n"
+    "code is 1, where the XML would be larger than a document may be (16 MiB). Both\n"
+    "are paths of this machine, not of the device.\n",
+    convertOptions,
+    1,
+    1,
+    convert,
+};
+
+const Verb plistLintVerb{
+    "plist lint",
+    "FILE...",
+    "tell which files are property lists",
+    "Prints one line for each FILE: \"FILE: OK\", or why it is no property list.\n"
+    "Exit code 3 when one of them is none, else 1 when one cannot be read or is\n"
+    "larger than a document may be (16 MiB). FILE is a path of this machine, not of\n"
+    "the device.\n"
+    "\n"
+    "With --json an object a line: \"file\", \"ok\", and \"reason\" when it is not.\n",
+    lintOptions,
+    1,
+    std::numeric_limits<std::size_t>::max(),
+    lint,
+};
+
+} // namespace wardlock::cli

@@ -1,0 +1,140 @@
+#include "cli/command/Commands.h"
+#include "cli/command/CommonOptions.h"
+#include "cli/io/Json.h"
+#include "cli/io/Output.h"
+#include "cli/io/TextWidth.h"
+#include "settings/DefaultSettings.h"
+#include "settings/EnabledAccount.h"
+#include "settings/Keys.h"
+#include "settings/Settings.h"
+
+#include <array>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace wardlock::cli {
+
+namespace {
+
+using platform::Value;
+
+/// What the enabled account amounts to.
+struct AccountStatus {
+    /// Its place among the accounts, and how many there are.
+    std::size_t index = 0;
+    std::size_t count = 0;
+    std::optional<std::string> name;
+    /// The keys of its restrictions that are on, in the record's order.
+    std::vector<std::string> restrictions;
+    std::vector<std::string> apps;
+};
+
+std::vector<std::string> activeRestrictions() {
+    std::vector<std::string> keys;
+    const platform::Dictionary defaults = DefaultSettings();
+    for (const auto& [key, value] : platform::arrayValue(defaults.find(kAccounts))->at(0).dictionary())
+        if (value.kind() == Value::Kind::Boolean && key != kAccountEnabled && AccountBool(key))
+            keys.emplace_back(key);
+    return keys;
+}
+
+std::vector<std::string> strings(const platform::Array* array) {
+    std::vector<std::string> result;
+    if (array)
+        for (const Value& element : *array)
+            if (const auto text = platform::stringValue(&element))
+                result.emplace_back(*text);
+    return result;
+}
+
+std::optional<AccountStatus> accountStatus() {
+    const std::optional<platform::Dictionary>& account = EnabledAccountFetchIfNecessary();
+    if (!account)
+        return std::nullopt;
+    AccountStatus status;
+    if (const platform::Array* accounts = platform::arrayValue(objectForKey(kAccounts))) {
+        status.count = accounts->size();
+        for (const Value& record : *accounts) {
+            if (record.kind() == Value::Kind::Dictionary && record.dictionary().isSameObject(*account))
+                break;
+            ++status.index;
+        }
+    }
+    if (const auto name = platform::stringValue(AccountString(kAccountName)))
+        status.name = *name;
+    status.restrictions = activeRestrictions();
+    status.apps = strings(platform::arrayValue(AccountObject(kAppsRestricted)));
+    return status;
+}
+
+Json asJson(const std::optional<AccountStatus>& account) {
+    if (!account)
+        return nullptr;
+    Json json = Json::object();
+    json["index"] = account->index;
+    json["name"] = account->name ? Json(*account->name) : Json();
+    json["restrictions"] = account->restrictions;
+    json["apps"] = account->apps;
+    return json;
+}
+
+void printList(std::string_view title, const std::vector<std::string>& entries) {
+    Output::line(std::string(title) + (entries.empty() ? " nothing" : ""));
+    for (const std::string& entry : entries)
+        Output::line("  " + printable(entry));
+}
+
+void printAccount(const std::optional<AccountStatus>& account) {
+    if (!account) {
+        Output::line("Enabled account: none");
+        return;
+    }
+    Output::line("Enabled account: " + printable(account->name.value_or("without a name")) + " (account " +
+                 std::to_string(account->index + 1) + " of " + std::to_string(account->count) + ")");
+    printList("Restrictions:", account->restrictions);
+    printList("Restricted apps:", account->apps);
+}
+
+ExitCode status(const Arguments& arguments) {
+    const bool enabled = boolForKey(kEnabled);
+    const bool tweakEnabled = TweakEnabled();
+    const std::optional<AccountStatus> account = accountStatus();
+    if (arguments.has(jsonOption.name)) {
+        Json json = Json::object();
+        json["enabled"] = enabled;
+        json["tweakEnabled"] = tweakEnabled;
+        json["account"] = asJson(account);
+        Output::foreignLine(jsonLine(json));
+        return ExitCode::Done;
+    }
+    Output::line(enabled ? "Master switch: on" : "Master switch: off");
+    Output::line(tweakEnabled ? "In force: yes" : "In force: no");
+    printAccount(account);
+    return ExitCode::Done;
+}
+
+constexpr std::array statusOptions{jsonOption};
+
+} // namespace
+
+const Verb statusVerb{
+    "status",
+    "",
+    "tell whether Wardlock is on, and what the enabled account restricts",
+    "Tells the master switch, whether restrictions are in force (the switch is on\n"
+    "and an account is enabled), the enabled account, and what it restricts. A\n"
+    "document that is missing, or lacks a top-level key, is completed with the\n"
+    "defaults and written, as by every process that looks the settings up.\n"
+    "\n"
+    "With --json one object: \"enabled\", \"tweakEnabled\", and \"account\", which is\n"
+    "null or an object of \"index\" (from 0), \"name\" (or null), \"restrictions\" and\n"
+    "\"apps\".\n",
+    statusOptions,
+    0,
+    0,
+    status,
+};
+
+} // namespace wardlock::cli

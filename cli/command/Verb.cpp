@@ -1,0 +1,105 @@
+#include "cli/command/Verb.h"
+
+#include "cli/io/PageNames.h"
+#include "shell/device/InstalledFiles.h"
+
+#include <algorithm>
+#include <array>
+
+namespace wardlock::cli {
+
+namespace {
+
+std::string padded(std::string_view text, std::size_t width) {
+    std::string result(text);
+    result.append(std::max(width, result.size()) - result.size(), ' ');
+    return result;
+}
+
+/// The text with its further lines below its first.
+std::string indented(std::string_view text, std::size_t width) {
+    std::string result;
+    for (const char c : text) {
+        result += c;
+        if (c == '\n')
+            result.append(width, ' ');
+    }
+    return result;
+}
+
+constexpr std::array allVariables{
+    Variable{"WARDLOCK_DEVICE_ROOT",
+             "the folder that stands for the device's file system; else /\nwhere /var/mobile "
+             "exists, else wardlock/device in\nXDG_DATA_HOME (~/.local/share)"},
+    Variable{"DBUS_SESSION_BUS_ADDRESS",
+             "the bus that carries changes; else the one in\nXDG_RUNTIME_DIR, else one of Wardlock's own"},
+    Variable{"DISPLAY, WAYLAND_DISPLAY",
+             "where Settings opens its window; without one wardlock\nsettings opens in the terminal"},
+};
+
+constexpr std::array allExitCodes{
+    ExitCodeText{ExitCode::Done, "done"},
+    ExitCodeText{ExitCode::Failed, "failure (one line on standard error)"},
+    ExitCodeText{ExitCode::WrongUsage, "wrong usage"},
+    ExitCodeText{ExitCode::NotAPropertyList, "not a property list"},
+};
+
+std::string listed(std::span<const ExitCodeText> codes) {
+    std::string text = "Exit codes:\n";
+    for (const ExitCodeText& code : codes)
+        text += "  " + std::to_string(static_cast<int>(code.code)) + "  " + std::string(code.meaning) + '\n';
+    return text;
+}
+
+} // namespace
+
+std::span<const Variable> variables() {
+    return allVariables;
+}
+
+std::span<const ExitCodeText> exitCodes() {
+    return allExitCodes;
+}
+
+std::string optionSynopsis(const Option& option) {
+    std::string text(option.name);
+    return option.value.empty() ? text : text + ' ' + std::string(option.value);
+}
+
+std::string synopsis(const Verb& verb) {
+    std::string text = "wardlock " + std::string(verb.name);
+    for (const Option& option : verb.options)
+        text += option.required ? ' ' + optionSynopsis(option) : " [" + optionSynopsis(option) + ']';
+    if (!verb.operands.empty())
+        text += ' ' + std::string(verb.operands);
+    return text;
+}
+
+std::string helpText(const Verb& verb) {
+    std::string text = "Usage: " + synopsis(verb) + "\n\n" +
+                       withPagesIn(shell::installedPages(), verb.description) + "\nOptions:\n";
+    constexpr std::size_t column = 16;
+    const auto add = [&](const Option& option) {
+        text += "  " + padded(optionSynopsis(option), column) + indented(option.help, column + 2) + '\n';
+    };
+    std::ranges::for_each(verb.options, add);
+    add(helpOption);
+    return text + '\n' + listed(exitCodes());
+}
+
+std::string overview(std::string_view family) {
+    std::string text = "Usage: wardlock ";
+    text += family.empty() ? "VERB [ARGUMENT...]\n" : std::string(family) + " VERB [ARGUMENT...]\n";
+    if (family.empty())
+        text += "       wardlock --help | --version\n";
+    text += "\nVerbs (wardlock VERB --help tells more of each):\n";
+    for (const Verb* verb : verbs())
+        if (family.empty() || verb->name.starts_with(std::string(family) + ' '))
+            text += "  " + padded(verb->name, 15) + std::string(verb->summary) + '\n';
+    text += "\nEnvironment:\n";
+    for (const Variable& variable : variables())
+        text += "  " + std::string(variable.name) + "\n      " + indented(variable.meaning, 6) + '\n';
+    return text + '\n' + listed(exitCodes());
+}
+
+} // namespace wardlock::cli

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "cli/io/Json.h"
+#include "cli/io/SettingsLoop.h"
+#include "cli/script/ScriptFields.h"
+#include "cli/script/ScriptSheets.h"
+#include "shell/SettingsApplication.h"
+#include "shell/input/ManualClock.h"
+
+#include <chrono>
+#include <nlohmann/json.hpp>
+#include <vector>
+
+namespace wardlock::cli {
+
+/// The commands of a script: each does what one act of a person does, or answers what a person sees. See
+/// docs/automation.md for what they are.
+class ScriptCommands : private shell::ScreenObserver {
+public:
+    ScriptCommands(shell::SettingsApplication& settings, shell::ManualClock& clock, SettingsLoop& loop);
+    ~ScriptCommands() override;
+
+    /// The answer, an object. Never throws for what the command says.
+    Json run(const Json& command);
+    /// Whether the script has asked for the end.
+    bool isOver() const { return over_; }
+
+private:
+    using Handler = void (ScriptCommands::*)(const ScriptFields&, Json& answer);
+    struct Entry {
+        std::string_view name;
+        Handler handler;
+    };
+    static const std::vector<Entry>& table();
+
+    void changeAnnounced(const shell::Announcement& announcement) override;
+
+    void see(const ScriptFields& fields, Json& answer);
+    void tap(const ScriptFields& fields, Json& answer);
+    void set(const ScriptFields& fields, Json& answer);
+    void type(const ScriptFields& fields, Json& answer);
+    void endTyping(const ScriptFields& fields, Json& answer);
+    void drag(const ScriptFields& fields, Json& answer);
+    void pressButton(const ScriptFields& fields, Json& answer);
+    void back(const ScriptFields& fields, Json& answer);
+    void choose(const ScriptFields& fields, Json& answer);
+    void keypad(const ScriptFields& fields, Json& answer);
+    void mail(const ScriptFields& fields, Json& answer);
+    void follow(const ScriptFields& fields, Json& answer);
+    void resign(const ScriptFields& fields, Json& answer);
+    void dismiss(const ScriptFields& fields, Json& answer);
+    void step(const ScriptFields& fields, Json& answer);
+    void transitions(const ScriptFields& fields, Json& answer);
+    void posts(const ScriptFields& fields, Json& answer);
+    void wait(const ScriptFields& fields, Json& answer);
+    void quit(const ScriptFields& fields, Json& answer);
+
+    bool hasHappened(std::string_view what);
+
+    shell::SettingsApplication& settings_;
+    shell::ManualClock& clock_;
+    SettingsLoop& loop_;
+    ScriptSheets sheets_;
+    /// Since the last question for them.
+    std::vector<shell::Announcement> announced_;
+    bool over_ = false;
+};
+
+} // namespace wardlock::cli

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "shell/input/Answer.h"
+
+#include <stdexcept>
+
+namespace wardlock::cli {
+
+/// A command of a script that cannot be carried out: becomes the answer {"error": ...}. Never thrown where
+/// pages are on the stack.
+class ScriptError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+inline void expectDone(const shell::Answer& answer) {
+    if (!answer)
+        throw ScriptError(answer.why());
+}
+
+} // namespace wardlock::cli

@@ -1,0 +1,71 @@
+#include "linux/mail/LinuxMailService.h"
+
+#include "linux/mail/MailOutbox.h"
+#include "linux/mail/MailPortal.h"
+#include "linux/mail/MailProgram.h"
+#include "linux/posix/QuietThread.h"
+#include "platform/runtime/NSOperationQueue.h"
+#include "platform/services/SystemMailService.h"
+
+#include <algorithm>
+#include <future>
+#include <memory>
+#include <thread>
+#include <utility>
+
+namespace platform {
+
+namespace {
+
+/// A tap on the mail row waits this long for each route at most.
+constexpr std::chrono::seconds patience{3};
+
+MailOutcome sendBy(const std::vector<std::shared_ptr<MailRoute>>& routes, const MailMessage& message) {
+    for (const auto& route : routes)
+        if (route->isOpen())
+            if (const auto outcome = route->send(message))
+                return *outcome;
+    return {MailOutcome::Kind::Failed, "No mail program could be reached."};
+}
+
+using Told = std::function<void(const MailOutcome&)>;
+
+/// `done` keeps objects of the main thread alive: it is handed over to die there.
+void tell(const MailOutcome& outcome, Told done) {
+    NSOperationQueue::mainQueue().addOperation([outcome, done = std::move(done)] { done(outcome); });
+}
+
+} // namespace
+
+bool opensInTime(const std::shared_ptr<MailRoute>& route) {
+    auto promise = std::make_shared<std::promise<bool>>();
+    auto open = promise->get_future();
+    std::thread asking = quietThread([route, promise] { promise->set_value(route->isOpen()); });
+    if (!asking.joinable())
+        return false;
+    asking.detach();
+    return open.wait_for(patience) == std::future_status::ready && open.get();
+}
+
+bool LinuxMailService::canSendMail() {
+    return std::ranges::any_of(routes_, opensInTime);
+}
+
+void LinuxMailService::send(const MailMessage& message, std::function<void(const MailOutcome&)> done) {
+    const auto handedOver = std::make_shared<Told>(std::move(done));
+    std::thread sending = quietThread([routes = routes_, message, handedOver] {
+        tell(sendBy(routes, message), std::exchange(*handedOver, {}));
+    });
+    if (sending.joinable())
+        sending.detach();
+    else
+        tell({MailOutcome::Kind::Failed, "The system has no room for another thread."}, *handedOver);
+}
+
+MailService& systemMailService() {
+    static LinuxMailService service(
+        {std::make_shared<MailPortal>(), std::make_shared<MailProgram>(), std::make_shared<MailOutbox>()});
+    return service;
+}
+
+} // namespace platform

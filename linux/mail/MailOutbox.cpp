@@ -1,0 +1,73 @@
+#include "linux/mail/MailOutbox.h"
+
+#include "linux/mail/MailFolder.h"
+#include "linux/mail/MimeMessage.h"
+#include "linux/posix/PrivateFolder.h"
+#include "platform/files/DeviceRoot.h"
+#include "platform/services/SystemMailService.h"
+
+#include <cerrno>
+#include <ctime>
+#include <filesystem>
+#include <system_error>
+#include <unistd.h>
+
+namespace platform {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string twoDigits(int number) {
+    return {static_cast<char>('0' + number / 10 % 10), static_cast<char>('0' + number % 10)};
+}
+
+/// "20240131-142501", so that the folder lists the mails in their order.
+std::string timeForName(std::time_t time) {
+    std::tm parts{};
+    gmtime_r(&time, &parts);
+    return std::to_string(parts.tm_year + 1900) + twoDigits(parts.tm_mon + 1) + twoDigits(parts.tm_mday) +
+           '-' + twoDigits(parts.tm_hour) + twoDigits(parts.tm_min) + twoDigits(parts.tm_sec);
+}
+
+MailOutcome notSaved(const fs::path& folder, std::error_code error) {
+    return {MailOutcome::Kind::Failed,
+            "The mail could not be saved in " + folder.string() + ": " + error.message() + "."};
+}
+
+} // namespace
+
+bool MailOutbox::isOpen() {
+    const std::string folder = pathOnDevice(mailOutboxPath);
+    return isFolderOfOwnUser(folder) && access(folder.c_str(), W_OK | X_OK) == 0;
+}
+
+std::optional<MailOutcome> MailOutbox::send(const MailMessage& message) {
+    const MailOrigin origin = mailOriginOfProcess();
+    const std::string bytes = mimeMessage(message, origin);
+    const fs::path folder = pathOnDevice(mailOutboxPath);
+    const std::string name = timeForName(origin.time) + ' ' + safeFileName(message.subject);
+    // Beside its place first: whoever watches the folder for mails never sees half of one.
+    const std::string temporary = (folder / ('.' + origin.messageId.substr(0, 32))).string();
+    if (const std::error_code error = writeNewFile(temporary, bytes))
+        return notSaved(folder, error);
+    constexpr int mostOfOneName = 1000;
+    std::error_code error;
+    for (int count = 1; count <= mostOfOneName; ++count) {
+        const std::string path =
+            (folder / (name + (count == 1 ? "" : ' ' + std::to_string(count)) + ".eml")).string();
+        // A link fails where the name is taken; a rename would replace the other mail.
+        if (link(temporary.c_str(), path.c_str()) != 0) {
+            error = {errno, std::generic_category()};
+            if (error != std::errc::file_exists)
+                break;
+            continue;
+        }
+        unlink(temporary.c_str());
+        return MailOutcome{MailOutcome::Kind::SavedToOutbox, "The mail was saved as " + path + "."};
+    }
+    unlink(temporary.c_str());
+    return notSaved(folder, error);
+}
+
+} // namespace platform

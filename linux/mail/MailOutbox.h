@@ -1,0 +1,14 @@
+#pragma once
+
+#include "linux/mail/MailRoute.h"
+
+namespace platform {
+
+/// The device root's outbox folder, where there is one: a complete message is saved there.
+class MailOutbox : public MailRoute {
+public:
+    bool isOpen() override;
+    std::optional<MailOutcome> send(const MailMessage& message) override;
+};
+
+} // namespace platform

@@ -1,0 +1,39 @@
+#include "linux/mail/MailPortal.h"
+
+#include "linux/mail/MailFolder.h"
+#include "linux/mail/MailPortalRequest.h"
+
+namespace platform {
+
+namespace {
+
+constexpr std::chrono::seconds patienceForAnswer{2};
+/// The portal may ask the person which mail program to take.
+constexpr std::chrono::minutes patienceForPerson{5};
+
+} // namespace
+
+bool MailPortal::isOpen() {
+    const PortalBus bus = openPortalBus();
+    return bus && emailPortalVersion(*bus, patienceForAnswer);
+}
+
+std::optional<MailOutcome> MailPortal::send(const MailMessage& message) {
+    const PortalBus bus = openPortalBus();
+    const auto version = bus ? emailPortalVersion(*bus, patienceForAnswer) : std::nullopt;
+    if (!version)
+        return std::nullopt;
+    const MailFolder folder(message.attachments);
+    std::optional<PortalResponse> response;
+    if (folder.complete())
+        response = composeEmail(*bus, *version, message, folder.files(), patienceForPerson);
+    // The portal holds the open files; their names are nobody's business any more.
+    folder.remove();
+    if (response == PortalResponse::Done)
+        return MailOutcome{MailOutcome::Kind::HandedOver, "The mail was handed to your mail program."};
+    if (response == PortalResponse::Cancelled)
+        return MailOutcome{MailOutcome::Kind::Failed, "The mail was not sent: no mail program was chosen."};
+    return std::nullopt;
+}
+
+} // namespace platform

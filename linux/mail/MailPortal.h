@@ -1,0 +1,16 @@
+#pragma once
+
+#include "linux/mail/MailRoute.h"
+
+namespace platform {
+
+/// The desktop's email portal, org.freedesktop.portal.Email, over a connection of its own to the session bus
+/// that the environment names. It takes the attachments as open files, and asks the person which mail program
+/// is to have the mail.
+class MailPortal : public MailRoute {
+public:
+    bool isOpen() override;
+    std::optional<MailOutcome> send(const MailMessage& message) override;
+};
+
+} // namespace platform

@@ -1,0 +1,46 @@
+#include "linux/mail/MailProgram.h"
+
+#include "linux/mail/MailFolder.h"
+#include "linux/mail/MailHeader.h"
+#include "linux/posix/Program.h"
+#include "linux/web/UrlHandlers.h"
+
+namespace platform {
+
+namespace {
+
+/// How long a failure may take to show. A mail program that was not running yet keeps xdg-email waiting until
+/// it is closed.
+constexpr std::chrono::seconds patience{10};
+
+bool looksLikeAddress(const std::string& text) {
+    return text.find('@') != std::string::npos && text.front() != '-';
+}
+
+} // namespace
+
+bool MailProgram::isOpen() {
+    return hasDisplay() && findProgram("xdg-email") && schemeHasHandler("mailto");
+}
+
+std::optional<MailOutcome> MailProgram::send(const MailMessage& message) {
+    const MailFolder folder(message.attachments);
+    if (!folder.complete()) {
+        folder.remove();
+        return std::nullopt;
+    }
+    std::vector<std::string> words{"xdg-email", "--utf8",    "--subject", withoutControls(message.subject),
+                                   "--body",    message.body};
+    for (const auto& file : folder.files())
+        words.insert(words.end(), {"--attach", file});
+    for (const auto& recipient : message.recipients)
+        if (looksLikeAddress(recipient))
+            words.push_back(withoutControls(recipient));
+    const auto code = startProgram(words, patience);
+    if (code && *code == 0)
+        return MailOutcome{MailOutcome::Kind::HandedOver, "The mail was handed to your mail program."};
+    folder.remove();
+    return std::nullopt;
+}
+
+} // namespace platform

@@ -1,0 +1,116 @@
+#include "linux/notifications/DistributedCenter.h"
+
+#include "linux/notifications/DeviceRootIdentity.h"
+#include "linux/posix/LoopSources.h"
+#include "platform/runtime/SystemNotificationCenter.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace platform {
+
+namespace {
+
+/// What may wait for the main loop. More than that is dropped, and the observers are told that they missed
+/// something.
+constexpr std::size_t mostInInbox = 4096;
+
+const std::string* pointerTo(const std::optional<std::string>& object) {
+    return object ? &*object : nullptr;
+}
+
+} // namespace
+
+CFNotificationCenter& systemNotificationCenter() {
+    // Never destroyed: a post while the process ends must still find it.
+    static auto* center = new DistributedCenter;
+    return *center;
+}
+
+DistributedCenter::DistributedCenter()
+    : bus_({[this](Notification notification) { receive(std::move(notification)); },
+            [this] { subscribed_ = true; },
+            [this] {
+                subscribed_ = false;
+                missAll();
+                // The descriptor's number may be in use again before the loop looks the next time.
+                LoopSources::shared().refresh();
+            }}) {
+    LoopSources::shared().add(*this);
+}
+
+void DistributedCenter::addObserver(void* observer, CFNotificationCallback callback, std::string_view name,
+                                    const std::string* object, CFNotificationSuspensionBehavior) {
+    if (!callback)
+        return;
+    const bool effective = bus_.subscribe();
+    registrations_.push_back(
+        {observer, callback, std::string(name), object ? std::optional(*object) : std::nullopt, !effective});
+    LoopSources::shared().refresh();
+}
+
+void DistributedCenter::postNotification(std::string_view name, const std::string* object,
+                                         const Dictionary* userInfo, bool) {
+    const Notification notification{deviceRootIdentity(), std::string(name),
+                                    object ? std::optional(*object) : std::nullopt,
+                                    userInfo ? std::optional(*userInfo) : std::nullopt};
+    // Other processes first: an observer here may throw.
+    bus_.post(notification);
+    LoopSources::shared().refresh();
+    deliver(notification);
+}
+
+std::optional<DistributedCenter::Clock::time_point> DistributedCenter::deadline() const {
+    const bool undelivered =
+        !inbox_.empty() || (subscribed_ && std::any_of(registrations_.begin(), registrations_.end(),
+                                                       [](const auto& each) { return each.missedSome; }));
+    return undelivered ? std::optional(Clock::time_point()) : bus_.deadline();
+}
+
+void DistributedCenter::process() {
+    bus_.process();
+    deliverMissed();
+    const auto identity = inbox_.empty() ? std::string() : deviceRootIdentity();
+    for (auto count = inbox_.size(); count > 0 && !inbox_.empty(); --count) {
+        const Notification notification = std::move(inbox_.front());
+        inbox_.pop_front();
+        if (notification.deviceRoot == identity)
+            deliver(notification);
+    }
+}
+
+void DistributedCenter::receive(Notification notification) {
+    if (inbox_.size() < mostInInbox)
+        inbox_.push_back(std::move(notification));
+    else
+        missAll();
+}
+
+void DistributedCenter::missAll() {
+    for (Registration& registration : registrations_)
+        registration.missedSome = true;
+}
+
+void DistributedCenter::deliver(const Notification& notification) {
+    // By index, as far as it reaches now: a callback may add an observer.
+    for (std::size_t i = 0, count = registrations_.size(); i < count; ++i) {
+        const Registration registration = registrations_[i];
+        if (registration.name == notification.name &&
+            (!registration.object || registration.object == notification.object))
+            registration.callback(*this, registration.observer, notification.name,
+                                  pointerTo(notification.object),
+                                  notification.userInfo ? &*notification.userInfo : nullptr);
+    }
+}
+
+void DistributedCenter::deliverMissed() {
+    for (std::size_t i = 0; subscribed_ && i < registrations_.size(); ++i) {
+        if (!std::exchange(registrations_[i].missedSome, false))
+            continue;
+        const Registration registration = registrations_[i];
+        registration.callback(*this, registration.observer, registration.name, pointerTo(registration.object),
+                              nullptr);
+    }
+}
+
+} // namespace platform

@@ -1,0 +1,85 @@
+#pragma once
+
+#include "linux/bus/BusAddress.h"
+#include "linux/bus/BusConnection.h"
+#include "linux/bus/BusPointers.h"
+#include "linux/notifications/Notification.h"
+#include "linux/posix/LoopSource.h"
+
+#include <chrono>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace platform {
+
+/// Carries notifications to and from the other processes of this user, whatever becomes of the bus: looks for
+/// it, connects, subscribes, and begins again after a loss. Main thread only. Every wait is bounded: two
+/// seconds for a bus that accepts and does nothing, three for a subscription; none where nobody listens.
+class NotificationBus : public LoopSource {
+public:
+    struct Events {
+        /// A notification that another process posted. Within process(), subscribe() and post(): keep it for
+        /// later.
+        std::function<void(Notification)> received;
+        /// Notifications come in from now on; others may have passed since subscribe() or since lost().
+        std::function<void()> subscribed;
+        std::function<void()> lost;
+    };
+
+    explicit NotificationBus(Events events) : events_(std::move(events)) {}
+
+    /// From now on notifications are wanted. When this returns true they come in.
+    bool subscribe();
+    /// Sends the notification, at once where there is a bus, otherwise when there is one again.
+    void post(Notification notification);
+
+    int descriptor() const override;
+    short events() const override;
+    std::optional<Clock::time_point> deadline() const override;
+    void process() override;
+
+private:
+    enum class Subscription { None, Asked, Effective, Refused };
+
+    bool isReady() const { return connection_ && connection_->isReady(); }
+    void connectIfDue(Clock::time_point due);
+    void connect();
+    void connectToOwnBus(const BusAddress& address);
+    void scheduleNextAttempt();
+    /// One step of what there is to do: an attempt that is due, what the bus has sent, what waits to be sent.
+    void advance();
+    template <class Done>
+    bool advanceUntil(Clock::time_point deadline, Done done);
+    void loseConnection();
+    void askForSubscription();
+    void sendPending();
+    void waitForHandshake();
+    void waitForSocket();
+    void receive(sd_bus_message* message);
+
+    static int onNotification(sd_bus_message* message, void* self, sd_bus_error* error);
+    static int onSubscribed(sd_bus_message* message, void* self, sd_bus_error* error);
+
+    Events events_;
+    std::unique_ptr<BusConnection> connection_;
+    BusSlot slot_;
+    Subscription subscription_ = Subscription::None;
+    bool subscriptionWanted_ = false;
+    Clock::time_point subscriptionRetry_{};
+
+    /// When to connect again without being asked, and how long to wait after the next failure.
+    Clock::time_point nextAttempt_{};
+    Clock::duration backOff_{};
+    Clock::time_point lastFailure_{};
+    /// Another process is about to start our own bus.
+    bool startingElsewhere_ = false;
+    /// The connection was not made in time, or is made: no post waits for it again.
+    bool handshakeAwaited_ = false;
+    /// The bus did not read in time: no post waits again until everything has gone out.
+    bool stalled_ = false;
+    std::deque<Notification> pending_;
+};
+
+} // namespace platform

@@ -1,0 +1,48 @@
+#include "linux/posix/PrivateFolder.h"
+
+#include "linux/posix/FileDescriptor.h"
+#include "linux/posix/PosixFileSystem.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace platform {
+
+bool preparePrivateFolder(const std::string& path) {
+    const bool made = mkdir(path.c_str(), S_IRWXU) == 0;
+    const FileDescriptor folder(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    struct stat status {};
+    if (!folder || fstat(folder.get(), &status) != 0 || status.st_uid != geteuid())
+        return false;
+    // The umask may have taken more away than we wanted.
+    if (made && fchmod(folder.get(), S_IRWXU) != 0)
+        return false;
+    return made || (status.st_mode & ALLPERMS) == S_IRWXU;
+}
+
+bool prepareOwnFolder(const std::string& path) {
+    PosixFileSystem files;
+    if (makeFolders(files, path, S_IRWXU))
+        return false;
+    const FileDescriptor folder(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    struct stat status {};
+    return folder && fstat(folder.get(), &status) == 0 && status.st_uid == geteuid() &&
+           (status.st_mode & (S_IWGRP | S_IWOTH)) == 0;
+}
+
+bool isFolderOfOwnUser(const std::string& path) {
+    PosixFileSystem files;
+    std::string folder = path;
+    FileStatus status;
+    return !followLinks(files, folder, status) && status.kind == FileKind::Folder &&
+           (status.owner == geteuid() || status.owner == 0);
+}
+
+bool isPrivateFolder(const std::string& path) {
+    struct stat status {};
+    return lstat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode) && status.st_uid == geteuid() &&
+           (status.st_mode & ALLPERMS) == S_IRWXU;
+}
+
+} // namespace platform

@@ -1,0 +1,187 @@
+#include "linux/posix/Program.h"
+
+#include "linux/posix/FileDescriptor.h"
+#include "linux/posix/QuietThread.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
+#include <poll.h>
+#include <spawn.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace platform {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr std::size_t mostOutput = std::size_t(64) * 1024;
+
+/// What the new process does before it becomes the program.
+class SpawnSetup {
+public:
+    explicit SpawnSetup(int output) {
+        posix_spawn_file_actions_init(&actions_);
+        posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+        posix_spawn_file_actions_addopen(&actions_, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+        if (output >= 0)
+            posix_spawn_file_actions_adddup2(&actions_, output, STDOUT_FILENO);
+        else
+            posix_spawn_file_actions_addopen(&actions_, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+        posix_spawnattr_init(&attributes_);
+        sigset_t none;
+        sigemptyset(&none);
+        posix_spawnattr_setsigmask(&attributes_, &none);
+        sigset_t defaults;
+        sigemptyset(&defaults);
+        sigaddset(&defaults, SIGPIPE);
+        sigaddset(&defaults, SIGINT);
+        sigaddset(&defaults, SIGXFSZ);
+        posix_spawnattr_setsigdefault(&attributes_, &defaults);
+        posix_spawnattr_setflags(&attributes_,
+                                 POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
+    }
+    ~SpawnSetup() {
+        posix_spawn_file_actions_destroy(&actions_);
+        posix_spawnattr_destroy(&attributes_);
+    }
+    SpawnSetup(const SpawnSetup&) = delete;
+    SpawnSetup& operator=(const SpawnSetup&) = delete;
+
+    std::optional<pid_t> start(const std::vector<std::string>& words) const {
+        std::vector<char*> arguments;
+        arguments.reserve(words.size() + 1);
+        for (const auto& word : words)
+            arguments.push_back(const_cast<char*>(word.c_str()));
+        arguments.push_back(nullptr);
+        pid_t process = 0;
+        if (posix_spawnp(&process, arguments[0], &actions_, &attributes_, arguments.data(), environ) != 0)
+            return std::nullopt;
+        return process;
+    }
+
+private:
+    posix_spawn_file_actions_t actions_;
+    posix_spawnattr_t attributes_;
+};
+
+int exitCodeOf(int status) {
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+int millisecondsUntil(Clock::time_point deadline) {
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now()).count();
+    return static_cast<int>(std::clamp<std::int64_t>(left, 0, 60'000));
+}
+
+/// Reads until the other end is closed; false when the time is over before.
+bool readAll(int descriptor, Clock::time_point deadline, std::string& output) {
+    std::array<char, 4096> room{};
+    while (true) {
+        pollfd watched{descriptor, POLLIN, 0};
+        const int ready = poll(&watched, 1, millisecondsUntil(deadline));
+        if (ready < 0 && errno == EINTR)
+            continue;
+        if (ready <= 0)
+            return false;
+        const ssize_t count = read(descriptor, room.data(), room.size());
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count <= 0)
+            return true;
+        output.append(room.data(), std::min<std::size_t>(static_cast<std::size_t>(count),
+                                                         mostOutput - std::min(output.size(), mostOutput)));
+    }
+}
+
+enum class Patience { None, UntilItsEnd };
+
+/// Takes the status of a process that has ended; its exit code, none while it runs. A host that ignores its
+/// children's ends has the status taken from us: then it is that of a success.
+std::optional<int> takeExitCode(pid_t process, Patience patience) {
+    int status = 0;
+    pid_t taken = 0;
+    do
+        taken = waitpid(process, &status, patience == Patience::None ? WNOHANG : 0);
+    while (taken < 0 && errno == EINTR);
+    if (taken < 0)
+        return 0;
+    return taken == process ? std::optional(exitCodeOf(status)) : std::nullopt;
+}
+
+/// Waits for the process's end and takes its status; none when the time is over before.
+std::optional<int> waitFor(pid_t process, Clock::time_point deadline) {
+    constexpr int lookMilliseconds = 5;
+    const FileDescriptor handle(static_cast<int>(syscall(SYS_pidfd_open, process, 0)));
+    while (true) {
+        if (const auto code = takeExitCode(process, Patience::None))
+            return code;
+        const int left = millisecondsUntil(deadline);
+        if (left == 0)
+            return std::nullopt;
+        // Older systems, and containers that allow only calls they know, have no handles of processes.
+        pollfd watched{handle.get(), POLLIN, 0};
+        poll(&watched, 1, handle ? left : std::min(left, lookMilliseconds));
+    }
+}
+
+} // namespace
+
+std::optional<std::string> findProgram(std::string_view name) {
+    const char* path = std::getenv("PATH");
+    std::string_view folders = path ? path : "/usr/local/bin:/usr/bin:/bin";
+    while (!folders.empty()) {
+        const std::size_t end = std::min(folders.find(':'), folders.size());
+        std::string candidate = std::string(folders.substr(0, end)) + '/' + std::string(name);
+        if (end > 0 && access(candidate.c_str(), X_OK) == 0)
+            return candidate;
+        folders.remove_prefix(std::min(end + 1, folders.size()));
+    }
+    return std::nullopt;
+}
+
+std::optional<ProgramResult> runProgram(const std::vector<std::string>& words,
+                                        std::chrono::milliseconds timeout) {
+    const auto deadline = Clock::now() + timeout;
+    std::array<int, 2> ends{};
+    if (pipe2(ends.data(), O_CLOEXEC) != 0)
+        return std::nullopt;
+    const FileDescriptor reading(ends[0]);
+    FileDescriptor writing(ends[1]);
+    const auto process = SpawnSetup(writing.get()).start(words);
+    if (!process)
+        return std::nullopt;
+    writing.reset();
+    ProgramResult result;
+    const bool ended = readAll(reading.get(), deadline, result.output);
+    if (const auto code = ended ? waitFor(*process, deadline) : std::nullopt) {
+        result.exitCode = *code;
+        return result;
+    }
+    // Its whole session: what it started holds the pipe as well.
+    kill(-*process, SIGKILL);
+    takeExitCode(*process, Patience::UntilItsEnd);
+    return std::nullopt;
+}
+
+std::optional<int> startProgram(const std::vector<std::string>& words, std::chrono::milliseconds patience) {
+    const auto process = SpawnSetup(-1).start(words);
+    if (!process)
+        return std::nullopt;
+    if (const auto code = waitFor(*process, Clock::now() + patience))
+        return code;
+    // Somebody has to take its status when it ends.
+    std::thread taking = quietThread([process = *process] { takeExitCode(process, Patience::UntilItsEnd); });
+    if (taking.joinable())
+        taking.detach();
+    return 0;
+}
+
+} // namespace platform

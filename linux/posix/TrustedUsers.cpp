@@ -1,0 +1,115 @@
+#include "linux/posix/TrustedUsers.h"
+
+#include "platform/files/RealFileSystem.h"
+#include "platform/runtime/Module.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <grp.h>
+#include <mutex>
+#include <pwd.h>
+#include <sys/xattr.h>
+#include <unistd.h>
+
+namespace platform {
+
+namespace {
+
+constexpr std::size_t firstRoom = 1024;
+constexpr std::size_t mostRoom = std::size_t{1} << 20;
+
+/// Asks the user data base, with as much room as the entry takes; false when there is none.
+template <class Entry, class Call>
+bool findEntry(Call call, Entry& entry, std::vector<char>& room) {
+    Entry* found = nullptr;
+    for (room.resize(firstRoom); room.size() <= mostRoom; room.resize(room.size() * 2))
+        if (call(&entry, room.data(), room.size(), &found) != ERANGE)
+            break;
+    return found != nullptr;
+}
+
+/// The user data base is walked by a position that the whole process shares.
+class UserWalk {
+public:
+    UserWalk() : alone_(guard()) { ::setpwent(); }
+    ~UserWalk() { ::endpwent(); }
+    UserWalk(const UserWalk&) = delete;
+    UserWalk& operator=(const UserWalk&) = delete;
+
+    /// 0 with the next entry, ENOENT at the end.
+    int next(passwd& entry) {
+        passwd* found = nullptr;
+        int error = 0;
+        while ((error = ::getpwent_r(&entry, room_.data(), room_.size(), &found)) == ERANGE &&
+               room_.size() < mostRoom)
+            room_.resize(room_.size() * 2);
+        return error;
+    }
+
+private:
+    static std::mutex& guard() {
+        static std::mutex one;
+        return one;
+    }
+
+    const std::lock_guard<std::mutex> alone_;
+    std::vector<char> room_ = std::vector<char>(firstRoom);
+};
+
+/// The list of a group does not name the users whose first group it is: their own entries do.
+bool isFirstGroupOfAnother(uid_t user, gid_t group) {
+    UserWalk users;
+    passwd entry = {};
+    int error = 0;
+    while ((error = users.next(entry)) == 0)
+        if (entry.pw_gid == group && entry.pw_uid != user)
+            return true;
+    // Whom the data base does not list it could still let in.
+    return error != ENOENT;
+}
+
+/// The group has the user's name, is the user's first one and nobody else's, and has no other member.
+bool isGroupOfUserAlone(uid_t user, gid_t group) {
+    std::vector<char> userRoom;
+    passwd owner = {};
+    const auto askForUser = [&](auto... room) { return ::getpwuid_r(user, room...); };
+    if (!findEntry(askForUser, owner, userRoom) || owner.pw_gid != group)
+        return false;
+    std::vector<char> groupRoom;
+    ::group entry = {};
+    const auto askForGroup = [&](auto... room) { return ::getgrgid_r(group, room...); };
+    const std::string name = owner.pw_name;
+    if (!findEntry(askForGroup, entry, groupRoom) || name != entry.gr_name)
+        return false;
+    for (char** member = entry.gr_mem; *member; ++member)
+        if (name != *member)
+            return false;
+    return !isFirstGroupOfAnother(user, group);
+}
+
+bool hasAccessList(const std::string& path) {
+    return ::getxattr(path.c_str(), "system.posix_acl_access", nullptr, 0) > 0;
+}
+
+} // namespace
+
+TrustedUsers::TrustedUsers() : users_{0, ::geteuid()} {
+    // An object of this library, so that its file is found.
+    static const char here = 0;
+    for (const std::string& path : {std::string("/"), moduleHolding(&here)}) {
+        FileStatus status;
+        if (!realFileSystem().status(path, Links::Keep, status))
+            users_.push_back(status.owner);
+    }
+}
+
+bool TrustedUsers::include(std::uint32_t user) const {
+    return std::ranges::find(users_, user) != users_.end();
+}
+
+bool TrustedUsers::haveGroupAlone(const std::string& path, std::uint32_t group) const {
+    return !hasAccessList(path) &&
+           std::ranges::any_of(users_, [&](std::uint32_t user) { return isGroupOfUserAlone(user, group); });
+}
+
+} // namespace platform

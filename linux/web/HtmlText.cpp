@@ -1,0 +1,166 @@
+#include "linux/web/HtmlText.h"
+
+#include "linux/web/HtmlTree.h"
+#include "linux/web/TextFlow.h"
+#include "linux/web/WebAddress.h"
+
+#include <algorithm>
+#include <array>
+
+namespace platform {
+namespace {
+
+constexpr std::size_t MostLinks = 1000;
+
+enum class Shown { Not, Inline, Line, Paragraph, Preformatted };
+
+// How a browser shows the elements of HTML that no style changes; all others stand within their line.
+constexpr std::array NotShown{GUMBO_TAG_SCRIPT,   GUMBO_TAG_STYLE,  GUMBO_TAG_TITLE,    GUMBO_TAG_TEMPLATE,
+                              GUMBO_TAG_NOSCRIPT, GUMBO_TAG_IFRAME, GUMBO_TAG_NOFRAMES, GUMBO_TAG_NOEMBED,
+                              GUMBO_TAG_DATALIST, GUMBO_TAG_RP};
+constexpr std::array Paragraphs{GUMBO_TAG_P,     GUMBO_TAG_H1,        GUMBO_TAG_H2, GUMBO_TAG_H3,
+                                GUMBO_TAG_H4,    GUMBO_TAG_H5,        GUMBO_TAG_H6, GUMBO_TAG_UL,
+                                GUMBO_TAG_TABLE, GUMBO_TAG_BLOCKQUOTE};
+constexpr std::array Preformatted{GUMBO_TAG_PRE, GUMBO_TAG_LISTING, GUMBO_TAG_XMP, GUMBO_TAG_PLAINTEXT,
+                                  GUMBO_TAG_TEXTAREA};
+constexpr std::array Lines{GUMBO_TAG_DIV,     GUMBO_TAG_SECTION, GUMBO_TAG_ARTICLE,    GUMBO_TAG_HEADER,
+                           GUMBO_TAG_HGROUP,  GUMBO_TAG_FOOTER,  GUMBO_TAG_NAV,        GUMBO_TAG_MAIN,
+                           GUMBO_TAG_ASIDE,   GUMBO_TAG_FORM,    GUMBO_TAG_LI,         GUMBO_TAG_OL,
+                           GUMBO_TAG_TR,      GUMBO_TAG_CAPTION, GUMBO_TAG_DL,         GUMBO_TAG_DT,
+                           GUMBO_TAG_DD,      GUMBO_TAG_HR,      GUMBO_TAG_BODY,       GUMBO_TAG_FIGURE,
+                           GUMBO_TAG_DETAILS, GUMBO_TAG_SUMMARY, GUMBO_TAG_FIGCAPTION, GUMBO_TAG_ADDRESS,
+                           GUMBO_TAG_CENTER,  GUMBO_TAG_LEGEND,  GUMBO_TAG_OPTION,     GUMBO_TAG_FIELDSET};
+
+Shown shown(GumboTag tag) {
+    const auto isOneOf = [tag](const auto& tags) { return std::ranges::find(tags, tag) != tags.end(); };
+    return isOneOf(NotShown)       ? Shown::Not
+           : isOneOf(Paragraphs)   ? Shown::Paragraph
+           : isOneOf(Preformatted) ? Shown::Preformatted
+           : isOneOf(Lines)        ? Shown::Line
+                                   : Shown::Inline;
+}
+
+Shown shown(const GumboNode& node) {
+    if (node.type == GUMBO_NODE_TEMPLATE)
+        return Shown::Not;
+    if (node.type != GUMBO_NODE_ELEMENT)
+        return Shown::Inline;
+    const GumboElement& element = node.v.element;
+    if (element.tag_namespace == GUMBO_NAMESPACE_SVG || hasAttribute(node, "hidden"))
+        return Shown::Not;
+    return element.tag_namespace == GUMBO_NAMESPACE_HTML ? shown(element.tag) : Shown::Inline;
+}
+
+bool isElement(const GumboNode& node, GumboTag tag) {
+    return node.type == GUMBO_NODE_ELEMENT && node.v.element.tag_namespace == GUMBO_NAMESPACE_HTML &&
+           node.v.element.tag == tag;
+}
+
+/// Where the page's relative links begin: at the first <base> that names an address, else at the page itself.
+WebAddress baseOf(const GumboNode& document, const std::string& url) {
+    const WebAddress page(url);
+    std::string base;
+    visit(
+        document,
+        [&](const GumboNode& node) {
+            if (base.empty() && isElement(node, GUMBO_TAG_BASE))
+                base = page.of(attribute(node, "href"));
+            return base.empty();
+        },
+        [](const GumboNode&) {});
+    return WebAddress(base.empty() ? url : base);
+}
+
+class Reader {
+public:
+    Reader(const GumboNode& document, const std::string& url) : base_(baseOf(document, url)) {
+        visit(
+            document, [this](const GumboNode& node) { return enter(node); },
+            [this](const GumboNode& node) { leave(node); });
+    }
+
+    PageText take() {
+        page_.text = flow_.take();
+        return std::move(page_);
+    }
+
+private:
+    bool enter(const GumboNode& node) {
+        if (node.type == GUMBO_NODE_TEXT || node.type == GUMBO_NODE_CDATA ||
+            node.type == GUMBO_NODE_WHITESPACE)
+            flow_.write(node.v.text.text);
+        const Shown how = shown(node);
+        if (how == Shown::Not)
+            return false;
+        separate(how);
+        if (how == Shown::Preformatted)
+            flow_.beginPreformatted();
+        if (isElement(node, GUMBO_TAG_BR))
+            flow_.breakLine();
+        else if (isElement(node, GUMBO_TAG_LI))
+            flow_.write("• ");
+        else if (isElement(node, GUMBO_TAG_TD) || isElement(node, GUMBO_TAG_TH))
+            flow_.write(" ");
+        else if (isElement(node, GUMBO_TAG_IMG))
+            flow_.write(attribute(node, "alt"));
+        else if (isElement(node, GUMBO_TAG_A))
+            beginLink(attribute(node, "href"));
+        return true;
+    }
+
+    void leave(const GumboNode& node) {
+        const Shown how = shown(node);
+        if (how == Shown::Not)
+            return;
+        if (how == Shown::Preformatted)
+            flow_.endPreformatted();
+        separate(how);
+        if (isElement(node, GUMBO_TAG_A))
+            endLink();
+    }
+
+    void separate(Shown how) {
+        if (how != Shown::Inline)
+            flow_.endLine(how == Shown::Line ? 1 : 2);
+    }
+
+    void beginLink(std::string_view href) {
+        endLink();
+        link_ = page_.links.size() < MostLinks ? base_.of(href) : "";
+        linkStart_ = flow_.size();
+    }
+
+    void endLink() {
+        if (link_.empty())
+            return;
+        const std::string text(flow_.since(linkStart_));
+        page_.links.push_back({text.empty() ? link_ : text, std::move(link_)});
+        link_.clear();
+        flow_.write(" [" + std::to_string(page_.links.size()) + "]");
+    }
+
+    const WebAddress base_;
+    TextFlow flow_;
+    PageText page_;
+    /// Where the link that is being read leads; empty while there is none.
+    std::string link_;
+    std::size_t linkStart_ = 0;
+};
+
+} // namespace
+
+std::optional<PageText> htmlText(std::string_view html, const std::string& url) {
+    const HtmlTree tree(html);
+    if (!tree.document())
+        return std::nullopt;
+    return Reader(*tree.document(), url).take();
+}
+
+PageText plainText(std::string_view text) {
+    TextFlow flow;
+    flow.beginPreformatted();
+    flow.write(text);
+    return {flow.take(), {}};
+}
+
+} // namespace platform

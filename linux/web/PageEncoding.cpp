@@ -1,0 +1,177 @@
+#include "linux/web/PageEncoding.h"
+
+#include "linux/web/EncodingLabels.h"
+#include "linux/web/HtmlTree.h"
+#include "platform/base/Utf8.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cerrno>
+#include <iconv.h>
+#include <utility>
+
+namespace platform {
+namespace {
+
+using namespace std::string_view_literals;
+
+constexpr std::string_view Utf8 = "UTF-8";
+constexpr const char* Western = "CP1252";
+constexpr std::string_view Replacement = "\xEF\xBF\xBD";
+constexpr std::string_view Blanks = " \t\n\f\r";
+/// How far into a page its <meta> is looked for.
+constexpr std::size_t MetaBeginning = 4096;
+
+std::string lowered(std::string_view text) {
+    std::string lower(text);
+    std::ranges::transform(lower, lower.begin(), [](unsigned char c) { return std::tolower(c); });
+    return lower;
+}
+
+std::string_view withoutBlanks(std::string_view text) {
+    text.remove_prefix(std::min(text.find_first_not_of(Blanks), text.size()));
+    return text.substr(0, text.find_last_not_of(Blanks) + 1);
+}
+
+const char* encodingLabelled(std::string_view label) {
+    return encodingOf(lowered(withoutBlanks(label)));
+}
+
+/// The encoding behind "charset=", as content types and <meta> elements have it; null for none.
+const char* encodingIn(std::string_view text) {
+    const std::string lower = lowered(text);
+    constexpr std::string_view key = "charset";
+    for (std::size_t at = lower.find(key); at != lower.npos; at = lower.find(key, at + 1)) {
+        std::string_view value = withoutBlanks(std::string_view(lower).substr(at + key.size()));
+        if (!value.starts_with('='))
+            continue;
+        value = withoutBlanks(value.substr(1));
+        const bool isQuoted = value.starts_with('"') || value.starts_with('\'');
+        const std::string_view end = isQuoted ? value.substr(0, 1) : "; \t\n\f\r"sv;
+        value.remove_prefix(isQuoted ? 1 : 0);
+        return encodingLabelled(value.substr(0, value.find_first_of(end)));
+    }
+    return nullptr;
+}
+
+/// As one <meta> declares it; null when it does not.
+const char* declaredBy(const GumboNode& meta) {
+    const char* encoding = encodingLabelled(attribute(meta, "charset"));
+    if (!encoding && lowered(attribute(meta, "http-equiv")) == "content-type")
+        encoding = encodingIn(attribute(meta, "content"));
+    // Whatever could be read so far is not UTF-16.
+    return encoding && std::string_view(encoding).starts_with("UTF-16") ? Utf8.data() : encoding;
+}
+
+/// As the first <meta> that names an encoding has it; null for none.
+const char* declaredEncoding(std::string_view bytes) {
+    const HtmlTree tree(bytes.substr(0, MetaBeginning));
+    const char* encoding = nullptr;
+    const auto look = [&encoding](const GumboNode& node) {
+        if (!encoding && node.type == GUMBO_NODE_ELEMENT && node.v.element.tag == GUMBO_TAG_META)
+            encoding = declaredBy(node);
+        return encoding == nullptr;
+    };
+    if (tree.document())
+        visit(*tree.document(), look, [](const GumboNode&) {});
+    return encoding;
+}
+
+/// The mark is taken off the bytes; null for none.
+const char* encodingMarked(std::string_view& bytes) {
+    for (const auto& [mark, encoding] :
+         {std::pair("\xEF\xBB\xBF"sv, "UTF-8"), {"\xFF\xFE"sv, "UTF-16LE"}, {"\xFE\xFF"sv, "UTF-16BE"}})
+        if (bytes.starts_with(mark)) {
+            bytes.remove_prefix(mark.size());
+            return encoding;
+        }
+    return nullptr;
+}
+
+/// What is not well-formed becomes U+FFFD.
+std::string validated(std::string_view text) {
+    std::string valid;
+    valid.reserve(text.size());
+    for (std::size_t i = 0; i < text.size();) {
+        const DecodedCharacter decoded = decodeUtf8(text, i);
+        if (decoded.length == 0)
+            valid.append(Replacement);
+        else
+            valid.append(text.substr(i, decoded.length));
+        i += std::max<std::size_t>(decoded.length, 1);
+    }
+    return valid;
+}
+
+class Converter {
+public:
+    explicit Converter(std::string_view encoding)
+        : handle_(iconv_open(Utf8.data(), encoding.data())), unit_(encoding.starts_with("UTF-16") ? 2 : 1) {}
+    ~Converter() {
+        if (isOpen())
+            iconv_close(handle_);
+    }
+    Converter(const Converter&) = delete;
+    Converter& operator=(const Converter&) = delete;
+
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): how iconv_open reports a failure
+    bool isOpen() const { return handle_ != reinterpret_cast<iconv_t>(-1); }
+
+    std::string convert(std::string_view bytes) {
+        std::string text;
+        auto* input = const_cast<char*>(bytes.data());
+        std::size_t left = bytes.size();
+        while (left > 0) {
+            if (step(&input, &left, text) || errno == E2BIG)
+                continue;
+            text.append(Replacement);
+            const std::size_t skipped = std::min(unit_, left);
+            input += skipped;
+            left -= skipped;
+        }
+        // What an encoding with states still holds back.
+        step(nullptr, nullptr, text);
+        return text;
+    }
+
+private:
+    bool step(char** input, std::size_t* left, std::string& text) {
+        char buffer[4096];
+        char* output = buffer;
+        std::size_t room = sizeof buffer;
+        const std::size_t result = iconv(handle_, input, left, &output, &room);
+        text.append(buffer, output);
+        return result != static_cast<std::size_t>(-1);
+    }
+
+    iconv_t handle_;
+    /// The bytes of what is skipped where nothing can be read.
+    std::size_t unit_;
+};
+
+std::string decoded(std::string_view bytes, const char* encoding) {
+    if (!encoding)
+        encoding = isValidUtf8(bytes) ? Utf8.data() : Western;
+    if (encoding == Utf8)
+        return validated(bytes);
+    Converter converter(encoding);
+    return converter.isOpen() ? validated(converter.convert(bytes)) : decoded(bytes, Utf8.data());
+}
+
+} // namespace
+
+std::string decodedPage(std::string_view bytes, std::string_view contentType) {
+    const char* encoding = encodingMarked(bytes);
+    if (!encoding)
+        encoding = encodingIn(contentType);
+    if (!encoding)
+        encoding = declaredEncoding(bytes);
+    return decoded(bytes, encoding);
+}
+
+std::string decodedText(std::string_view bytes, std::string_view contentType) {
+    const char* encoding = encodingMarked(bytes);
+    return decoded(bytes, encoding ? encoding : encodingIn(contentType));
+}
+
+} // namespace platform

@@ -1,0 +1,149 @@
+#include "linux/web/PageFetch.h"
+
+#include "linux/posix/QuietThread.h"
+#include "platform/runtime/ExceptionBoundary.h"
+
+#include <curl/curl.h>
+
+#include <memory>
+#include <mutex>
+#include <optional>
+
+namespace platform {
+namespace {
+
+constexpr const char* Schemes = "http,https";
+constexpr long MostRedirections = 10;
+/// Of all answers of one fetch, redirections included.
+constexpr std::size_t LargestHeaders = std::size_t(256) * 1024;
+/// How often a fetch looks whether its reader is still there.
+constexpr int LookMilliseconds = 250;
+
+struct EasyRelease {
+    void operator()(CURL* handle) const { curl_easy_cleanup(handle); }
+};
+struct ListRelease {
+    void operator()(curl_slist* list) const { curl_slist_free_all(list); }
+};
+using EasyHandle = std::unique_ptr<CURL, EasyRelease>;
+
+struct Body {
+    std::string bytes;
+    std::size_t limit;
+    std::size_t headers = 0;
+};
+
+/// Takes less than it is given, which ends the transfer, when the page grows too large; counted after
+/// decompression.
+std::size_t append(char* data, std::size_t size, std::size_t count, void* target) {
+    auto& body = *static_cast<Body*>(target);
+    const std::size_t length = size * count;
+    if (length > body.limit - body.bytes.size())
+        return 0;
+    callOrTerminate([&] { body.bytes.append(data, length); });
+    return length;
+}
+
+/// Headers are kept by the library itself; a server that sends nothing else must come to an end too.
+std::size_t countHeader(char*, std::size_t size, std::size_t count, void* target) {
+    auto& body = *static_cast<Body*>(target);
+    body.headers += size * count;
+    return body.headers <= LargestHeaders ? size * count : 0;
+}
+
+CURLM* makeTransfers() {
+    static std::once_flag once;
+    std::call_once(once, [] { curl_global_init(CURL_GLOBAL_DEFAULT); });
+    return curl_multi_init();
+}
+
+void configure(CURL* handle, const std::string& url, const TextWebEngineOptions& options, Body& body) {
+    curl_easy_setopt(handle, CURLOPT_URL, url.c_str());
+    curl_easy_setopt(handle, CURLOPT_PROTOCOLS_STR, Schemes);
+    curl_easy_setopt(handle, CURLOPT_REDIR_PROTOCOLS_STR, Schemes);
+    curl_easy_setopt(handle, CURLOPT_FOLLOWLOCATION, 1L);
+    curl_easy_setopt(handle, CURLOPT_MAXREDIRS, MostRedirections);
+    curl_easy_setopt(handle, CURLOPT_TIMEOUT_MS, static_cast<long>(options.patience.count()));
+    curl_easy_setopt(handle, CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(options.largestPage));
+    curl_easy_setopt(handle, CURLOPT_ACCEPT_ENCODING, "");
+    curl_easy_setopt(handle, CURLOPT_USERAGENT, "Wardlock");
+    curl_easy_setopt(handle, CURLOPT_NOSIGNAL, 1L);
+    // A name that does not resolve must not hold up the one who gives the fetch up.
+    curl_easy_setopt(handle, CURLOPT_QUICK_EXIT, 1L);
+    curl_easy_setopt(handle, CURLOPT_WRITEFUNCTION, &append);
+    curl_easy_setopt(handle, CURLOPT_WRITEDATA, &body);
+    curl_easy_setopt(handle, CURLOPT_HEADERFUNCTION, &countHeader);
+    curl_easy_setopt(handle, CURLOPT_HEADERDATA, &body);
+}
+
+std::string information(CURL* handle, CURLINFO what) {
+    const char* text = nullptr;
+    curl_easy_getinfo(handle, what, &text);
+    return text ? text : "";
+}
+
+/// Runs the transfer until it ends, or `isWanted` answers false: then there is no result.
+template <class Wanted>
+std::optional<CURLcode> transfer(CURLM* transfers, CURL* handle, Wanted isWanted) {
+    if (curl_multi_add_handle(transfers, handle) != CURLM_OK)
+        return CURLE_FAILED_INIT;
+    std::optional<CURLcode> result;
+    int running = 1;
+    while (!result && isWanted()) {
+        if (curl_multi_perform(transfers, &running) != CURLM_OK)
+            result = CURLE_RECV_ERROR;
+        int waiting = 0;
+        while (const CURLMsg* message = curl_multi_info_read(transfers, &waiting)) {
+            if (message->msg == CURLMSG_DONE)
+                result = message->data.result;
+        }
+        if (!result)
+            curl_multi_poll(transfers, nullptr, 0, LookMilliseconds, nullptr);
+    }
+    curl_multi_remove_handle(transfers, handle);
+    return result;
+}
+
+} // namespace
+
+PageFetch::PageFetch(std::string url, TextWebEngineOptions options, std::weak_ptr<const void> reader,
+                     Completion completion)
+    : url_(std::move(url)), options_(std::move(options)), reader_(std::move(reader)),
+      completion_(std::move(completion)), transfers_(makeTransfers()),
+      thread_(quietThread([this] { run(); })) {
+    if (!thread_.joinable())
+        completion_({.error = "The system has no room for another thread",
+                     .bytes = {},
+                     .contentType = {},
+                     .url = {}});
+}
+
+PageFetch::~PageFetch() {
+    givenUp_ = true;
+    curl_multi_wakeup(transfers_);
+    if (thread_.joinable())
+        thread_.join();
+    curl_multi_cleanup(transfers_);
+}
+
+void PageFetch::run() {
+    const EasyHandle handle(curl_easy_init());
+    const std::unique_ptr<curl_slist, ListRelease> connectTo(
+        options_.connectTo.empty() ? nullptr : curl_slist_append(nullptr, options_.connectTo.c_str()));
+    Body body{{}, options_.largestPage, 0};
+    configure(handle.get(), url_, options_, body);
+    curl_easy_setopt(handle.get(), CURLOPT_CONNECT_TO, connectTo.get());
+    const auto result = transfer(transfers_, handle.get(), [this] { return isWanted(); });
+    if (givenUp_)
+        return;
+    FetchedPage page;
+    page.contentType = information(handle.get(), CURLINFO_CONTENT_TYPE);
+    page.url = information(handle.get(), CURLINFO_EFFECTIVE_URL);
+    if (result == CURLE_OK)
+        page.bytes = std::move(body.bytes);
+    else
+        page.error = curl_easy_strerror(result.value_or(CURLE_ABORTED_BY_CALLBACK));
+    completion_(std::move(page));
+}
+
+} // namespace platform

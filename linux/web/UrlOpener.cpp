@@ -1,0 +1,31 @@
+#include "linux/posix/Program.h"
+#include "linux/web/UrlHandlers.h"
+#include "platform/services/SystemURLOpener.h"
+
+#include <algorithm>
+
+namespace platform {
+
+namespace {
+
+constexpr std::chrono::milliseconds usualPatience{1500};
+
+bool isPlain(std::string_view url) {
+    return std::ranges::all_of(url, [](char byte) { return byte > ' ' && byte != 0x7F; });
+}
+
+} // namespace
+
+bool openURLOnSystem(std::string_view url) {
+    return openURLOnSystem(url, usualPatience);
+}
+
+bool openURLOnSystem(std::string_view url, std::chrono::milliseconds patience) {
+    const std::string scheme = schemeOf(url);
+    if (scheme.empty() || !isPlain(url) || !hasDisplay() || !schemeHasHandler(scheme))
+        return false;
+    const auto code = startProgram({"xdg-open", std::string(url)}, patience);
+    return code && *code == 0;
+}
+
+} // namespace platform

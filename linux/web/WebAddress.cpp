@@ -1,0 +1,44 @@
+#include "linux/web/WebAddress.h"
+
+#include <algorithm>
+
+namespace platform {
+namespace {
+
+constexpr std::size_t LongestAddress = 8000;
+
+/// As browsers take what an attribute gives: blanks around it and line ends within it do not count.
+std::string trimmed(std::string_view link) {
+    const auto isBlank = [](char c) { return static_cast<unsigned char>(c) <= 0x20; };
+    const auto begin = std::ranges::find_if_not(link, isBlank);
+    const auto end = std::find_if_not(link.rbegin(), std::make_reverse_iterator(begin), isBlank).base();
+    std::string text(begin, end);
+    std::erase_if(text, [](char c) { return c == '\t' || c == '\n' || c == '\r'; });
+    return text;
+}
+
+} // namespace
+
+WebAddress::WebAddress(const std::string& url) : base_(curl_url()) {
+    if (url.size() > LongestAddress || curl_url_set(base_.get(), CURLUPART_URL, url.c_str(), 0))
+        base_ = nullptr;
+}
+
+std::string WebAddress::of(std::string_view link) const {
+    if (!base_ || link.size() > LongestAddress)
+        return {};
+    const std::string text = trimmed(link);
+    const std::unique_ptr<CURLU, Release> url(curl_url_dup(base_.get()));
+    if (text.empty() || text.starts_with('#') ||
+        curl_url_set(url.get(), CURLUPART_URL, text.c_str(), CURLU_URLENCODE))
+        return {};
+    char* whole = nullptr;
+    if (curl_url_get(url.get(), CURLUPART_URL, &whole, 0))
+        return {};
+    std::string address(whole);
+    curl_free(whole);
+    const bool isWeb = address.starts_with("http://") || address.starts_with("https://");
+    return isWeb && address.size() <= LongestAddress ? address : std::string();
+}
+
+} // namespace platform

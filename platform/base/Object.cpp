@@ -1,0 +1,7 @@
+#include "platform/base/Object.h"
+
+namespace platform {
+
+Object::~Object() = default;
+
+} // namespace platform

@@ -1,0 +1,95 @@
+#include "platform/base/Utf8.h"
+
+#include <cstdint>
+#include <cstring>
+
+namespace platform {
+namespace {
+
+/// The first place from `at` on that is no ASCII. Most of a document is, so it is passed over in large steps.
+std::size_t skipAscii(std::string_view text, std::size_t at) {
+    constexpr std::uint64_t highBits = 0x8080808080808080u;
+    std::uint64_t words[4];
+    for (; text.size() - at >= sizeof words; at += sizeof words) {
+        std::memcpy(words, text.data() + at, sizeof words);
+        if ((words[0] | words[1] | words[2] | words[3]) & highBits)
+            break;
+    }
+    while (at < text.size() && static_cast<unsigned char>(text[at]) < 0x80)
+        ++at;
+    return at;
+}
+
+/// Length and first bits of a sequence by its lead byte; length 0 for none.
+struct Lead {
+    std::size_t length;
+    char32_t bits;
+    char32_t least;
+};
+
+Lead leadOf(unsigned char byte) {
+    if (byte < 0x80)
+        return {1, byte, 0};
+    if (byte >= 0xC2 && byte < 0xE0)
+        return {2, byte & 0x1Fu, 0x80};
+    if (byte >= 0xE0 && byte < 0xF0)
+        return {3, byte & 0x0Fu, 0x800};
+    if (byte >= 0xF0 && byte < 0xF5)
+        return {4, byte & 0x07u, 0x10000};
+    return {0, 0, 0};
+}
+
+} // namespace
+
+bool isCharacter(char32_t code) {
+    return code < 0xD800 || (code > 0xDFFF && code <= 0x10FFFF);
+}
+
+DecodedCharacter decodeUtf8(std::string_view text, std::size_t position) {
+    const Lead lead = leadOf(static_cast<unsigned char>(text[position]));
+    if (lead.length == 0 || text.size() - position < lead.length)
+        return {};
+    char32_t code = lead.bits;
+    for (std::size_t i = 1; i < lead.length; ++i) {
+        const auto byte = static_cast<unsigned char>(text[position + i]);
+        if ((byte & 0xC0u) != 0x80)
+            return {};
+        code = (code << 6) | (byte & 0x3Fu);
+    }
+    if (code < lead.least || !isCharacter(code))
+        return {};
+    return {code, lead.length};
+}
+
+bool isValidUtf8(std::string_view text) {
+    for (std::size_t i = skipAscii(text, 0); i < text.size(); i = skipAscii(text, i)) {
+        const DecodedCharacter decoded = decodeUtf8(text, i);
+        if (decoded.length == 0)
+            return false;
+        i += decoded.length;
+    }
+    return true;
+}
+
+void appendUtf8(char32_t character, std::string& text) {
+    const auto put = [&text](char32_t byte) { text.push_back(static_cast<char>(byte)); };
+    if (!isCharacter(character))
+        return;
+    if (character < 0x80) {
+        put(character);
+        return;
+    }
+    if (character < 0x800) {
+        put(0xC0 | (character >> 6));
+    } else if (character < 0x10000) {
+        put(0xE0 | (character >> 12));
+        put(0x80 | ((character >> 6) & 0x3F));
+    } else {
+        put(0xF0 | (character >> 18));
+        put(0x80 | ((character >> 12) & 0x3F));
+        put(0x80 | ((character >> 6) & 0x3F));
+    }
+    put(0x80 | (character & 0x3F));
+}
+
+} // namespace platform

@@ -1,0 +1,204 @@
+#include "platform/files/AtomicWriter.h"
+
+#include <atomic>
+#include <charconv>
+#include <cstdint>
+#include <random>
+#include <vector>
+
+namespace platform {
+
+namespace {
+
+constexpr unsigned privateMode = 0600;
+// Only several processes writing all the time in one folder, each looking through the others' temporaries,
+// ever need more than one; where a name keeps being taken or a temporary keeps vanishing, something is wrong
+// for good.
+constexpr int attempts = 64;
+
+// ".NAME.0123456789abcdef.wardlock-new"
+constexpr std::string_view temporaryEnding = ".wardlock-new";
+constexpr std::size_t numberDigits = 16;
+constexpr std::size_t longestNamePart =
+    180; // of a file's name in its temporary's, which has to fit 255 bytes
+
+/// What a temporary's own writer is told when another process took it for a leftover, between its making and
+/// its lock or between its closing and its renaming. Nothing else answers with it.
+std::error_code takenForStale() {
+    return std::make_error_code(std::errc::operation_canceled);
+}
+
+/// Whether a file system or a system without the right says that an attribute is not to be had: there is
+/// nothing to keep then. Any other error is the disk's, and may be gone the next time.
+bool isRefusal(std::error_code error) {
+    return error == std::errc::operation_not_permitted || error == std::errc::permission_denied ||
+           error == std::errc::not_supported || error == std::errc::function_not_supported ||
+           // The owner has no number in this container.
+           error == std::errc::invalid_argument || error == std::errc::value_too_large;
+}
+
+std::uint64_t randomNumber() {
+    std::random_device source;
+    return std::uint64_t(source()) << 32 | source();
+}
+
+std::atomic<std::uint64_t>& nextNumber() {
+    static std::atomic<std::uint64_t> next = randomNumber();
+    return next;
+}
+
+std::string temporaryName(const std::string& path) {
+    const std::uint64_t number = nextNumber().fetch_add(0x9e3779b97f4a7c15);
+    char text[numberDigits];
+    const char* end = std::to_chars(text, text + numberDigits, number, 16).ptr;
+    const std::string_view digits(text, static_cast<std::size_t>(end - text));
+    const std::string name = path.substr(path.rfind('/') + 1, longestNamePart);
+    std::string result = "." + name + "." + std::string(numberDigits - digits.size(), '0');
+    return result.append(digits).append(temporaryEnding);
+}
+
+bool isTemporaryName(std::string_view name) {
+    if (!name.starts_with('.') || !name.ends_with(temporaryEnding))
+        return false;
+    name.remove_suffix(temporaryEnding.size());
+    if (name.size() < numberDigits + 2 || name[name.size() - numberDigits - 1] != '.')
+        return false;
+    return name.find_first_not_of("0123456789abcdef", name.size() - numberDigits) == std::string_view::npos;
+}
+
+std::string inFolder(const std::string& folder, const std::string& name) {
+    return folder.ends_with('/') ? folder + name : folder + '/' + name;
+}
+
+} // namespace
+
+std::error_code AtomicWriter::write(const std::string& path, std::string_view bytes, Sync sync,
+                                    Attributes attributes) {
+    Target target;
+    if (std::error_code error = find(path, target))
+        return error;
+    if (attributes == Attributes::Private)
+        target.old.reset();
+    const std::string folder = folderOf(target.path);
+    removeStale(folder);
+    std::error_code error = attempt(target, bytes, sync);
+    for (int more = attempts - 1; error == takenForStale() && more > 0; --more)
+        error = attempt(target, bytes, sync);
+    if (!error && sync == Sync::Full)
+        error = uninterrupted([&] { return files_.syncFolder(folder); });
+    return error;
+}
+
+std::error_code AtomicWriter::find(const std::string& path, Target& target) {
+    target.path = path;
+    FileStatus status;
+    const std::error_code error = followLinks(files_, target.path, status);
+    if (error == std::errc::no_such_file_or_directory)
+        return {};
+    if (error)
+        return error;
+    if (status.kind == FileKind::Folder)
+        return std::make_error_code(std::errc::is_a_directory);
+    if (status.kind != FileKind::Regular)
+        return std::make_error_code(std::errc::not_supported);
+    target.old = status;
+    return {};
+}
+
+void AtomicWriter::removeStale(const std::string& folder) {
+    std::vector<std::string> names;
+    if (uninterrupted([&] { return files_.list(folder, names); }))
+        return;
+    for (const std::string& name : names) {
+        FileHandle file = noFile;
+        const std::string path = inFolder(folder, name);
+        if (!isTemporaryName(name) || uninterrupted([&] { return files_.open(path, file); }))
+            continue;
+        if (!uninterrupted([&] { return files_.lock(file); }))
+            uninterrupted([&] { return files_.remove(path); });
+        files_.close(file);
+    }
+}
+
+std::error_code AtomicWriter::createTemporary(const Target& target, std::string& path, FileHandle& file) {
+    std::error_code error;
+    for (int left = attempts; left > 0; --left) {
+        path = inFolder(folderOf(target.path), temporaryName(target.path));
+        error = uninterrupted([&] { return files_.create(path, privateMode, file); });
+        if (error != std::errc::file_exists)
+            return error;
+        // A forked child goes through the same numbers as its parent.
+        nextNumber() = randomNumber();
+    }
+    return error;
+}
+
+std::error_code AtomicWriter::attempt(const Target& target, std::string_view bytes, Sync sync) {
+    std::string temporary;
+    FileHandle file = noFile;
+    if (std::error_code error = createTemporary(target, temporary, file))
+        return error;
+    std::error_code error = fill(file, target, bytes, sync);
+    // Closed before it gets the document's name: the lock belongs to the temporary alone.
+    const std::error_code closed = files_.close(file);
+    if (!error)
+        error = closed;
+    if (!error) {
+        error = uninterrupted([&] { return files_.rename(temporary, target.path); });
+        if (error == std::errc::no_such_file_or_directory)
+            error = takenForStale();
+    }
+    if (error)
+        uninterrupted([&] { return files_.remove(temporary); });
+    return error;
+}
+
+std::error_code AtomicWriter::fill(FileHandle file, const Target& target, std::string_view bytes, Sync sync) {
+    // A file system without locks refuses them to whoever looks for leftovers as well.
+    if (uninterrupted([&] { return files_.lock(file); }) == std::errc::operation_would_block)
+        return takenForStale();
+    FileStatus created;
+    if (std::error_code error = uninterrupted([&] { return files_.status(file, created); }))
+        return error;
+    if (created.links == 0)
+        return takenForStale();
+    if (std::error_code error = writeAll(files_, file, bytes))
+        return error;
+    if (std::error_code error = keepAttributes(file, created, target))
+        return error;
+    return sync == Sync::None ? std::error_code() : uninterrupted([&] { return files_.sync(file, sync); });
+}
+
+std::error_code AtomicWriter::keepAttributes(FileHandle file, const FileStatus& created,
+                                             const Target& target) {
+    // Set for a new file too: the creation mask may have taken more than it should.
+    unsigned mode = privateMode;
+    if (target.old)
+        if (std::error_code error = keepOwner(file, created, *target.old, mode))
+            return error;
+    if (mode == created.mode)
+        return {};
+    const std::error_code error = uninterrupted([&] { return files_.setMode(file, mode); });
+    return isRefusal(error) ? std::error_code() : error;
+}
+
+std::error_code AtomicWriter::keepOwner(FileHandle file, const FileStatus& created, const FileStatus& old,
+                                        unsigned& mode) {
+    mode = old.mode;
+    if (created.owner == old.owner && created.group == old.group)
+        return {};
+    std::error_code error = uninterrupted([&] { return files_.setOwner(file, old.owner, old.group); });
+    if (!isRefusal(error))
+        return error;
+    // Set-id bits would lend the rights of somebody else than before.
+    mode &= 0777;
+    if (created.group == old.group)
+        return {};
+    error = uninterrupted([&] { return files_.setGroup(file, old.group); });
+    if (!isRefusal(error))
+        return error;
+    mode = (mode & 0707) | (mode & (mode & 0007) << 3);
+    return {};
+}
+
+} // namespace platform

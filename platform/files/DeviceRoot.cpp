@@ -1,0 +1,96 @@
+#include "platform/files/DeviceRoot.h"
+
+#include "platform/files/FileSystem.h"
+#include "platform/files/RealFileSystem.h"
+
+#include <cstdlib>
+#include <filesystem>
+
+namespace platform {
+
+namespace {
+
+constexpr const char* rootVariable = "WARDLOCK_DEVICE_ROOT";
+
+std::string environment(const char* name) {
+    const char* value = std::getenv(name);
+    return value ? value : "";
+}
+
+std::string withoutTrailingSlashes(std::string path) {
+    while (path.size() > 1 && path.back() == '/')
+        path.pop_back();
+    return path;
+}
+
+/// A relative root would be another folder, and another device, after each change of the working folder.
+std::string absolute(const std::string& path) {
+    std::error_code failed;
+    const std::filesystem::path whole = std::filesystem::absolute(path, failed).lexically_normal();
+    return withoutTrailingSlashes(failed ? path : whole.string());
+}
+
+bool machineIsDevice() {
+    FileStatus status;
+    return !FileSystem::current().status("/var/mobile", Links::Follow, status) &&
+           status.kind == FileKind::Folder;
+}
+
+/// Relative paths in these variables count as absent.
+std::string dataFolder() {
+    if (const std::string data = environment("XDG_DATA_HOME"); data.starts_with('/'))
+        return withoutTrailingSlashes(data);
+    std::string home = environment("HOME");
+    if (!home.starts_with('/'))
+        home = homeFolderOfUser().value_or("/nonexistent");
+    return withoutTrailingSlashes(home) + "/.local/share";
+}
+
+std::string defaultRoot() {
+    if (machineIsDevice())
+        return "/";
+    const std::string data = dataFolder();
+    return (data == "/" ? "" : data) + "/wardlock/device";
+}
+
+/// Two names of one folder, or of a folder that does not exist yet.
+bool isSameFolder(const std::string& one, const std::string& other) {
+    FileStatus first;
+    FileStatus second;
+    FileSystem& files = FileSystem::current();
+    return one == other ||
+           (!files.status(one, Links::Follow, first) && !files.status(other, Links::Follow, second) &&
+            first.device == second.device && first.inode == second.inode);
+}
+
+} // namespace
+
+std::string deviceRoot() {
+    const std::string named = environment(rootVariable);
+    return named.empty() ? defaultRoot() : absolute(named);
+}
+
+bool deviceRootIsNamed() {
+    return !environment(rootVariable).empty();
+}
+
+bool deviceRootIsOwn() {
+    return !deviceRootIsNamed() || isSameFolder(deviceRoot(), defaultRoot());
+}
+
+std::string pathOnDevice(std::string_view devicePath) {
+    std::string path = deviceRoot();
+    const std::size_t rootLength = path == "/" ? 0 : path.size();
+    path.resize(rootLength);
+    while (!devicePath.empty()) {
+        const std::string_view component = devicePath.substr(0, devicePath.find('/'));
+        devicePath.remove_prefix(std::min(component.size() + 1, devicePath.size()));
+        if (component == "..")
+            path.resize(path.size() > rootLength ? path.rfind('/') : rootLength);
+        else if (!component.empty() && component != ".")
+            path.append("/").append(component);
+    }
+    return path.empty() ? "/" : path;
+}
+
+} // namespace platform

@@ -1,7 +1,0 @@
-#include "platform/foundation/Object.h"
-
-namespace platform {
-
-Object::~Object() = default;
-
-} // namespace platform

@@ -1,0 +1,79 @@
+#include "platform/plist/CalendarDate.h"
+
+#include <algorithm>
+#include <charconv>
+#include <chrono>
+#include <cmath>
+
+namespace platform {
+
+namespace {
+
+using namespace std::chrono;
+
+using Seconds = sys_seconds;
+
+constexpr Seconds reference = sys_days(year(2001) / January / 1);
+constexpr Seconds first = sys_days(year::min() / January / 1);
+constexpr Seconds last = sys_days(year::max() / December / 31) + days(1) - seconds(1);
+
+/// Digits only, at least and at most as many as told, and then the character.
+std::optional<int> takeNumber(std::string_view& text, std::size_t fewest, std::size_t most, char after) {
+    const std::size_t length = std::min(text.find_first_not_of("0123456789"), text.size());
+    if (length < fewest || length > most || length == text.size() || text[length] != after)
+        return std::nullopt;
+    int number = 0;
+    std::from_chars(text.data(), text.data() + length, number);
+    text.remove_prefix(length + 1);
+    return number;
+}
+
+void appendNumber(std::string& text, int number, std::size_t width, char after) {
+    const std::string digits = std::to_string(number);
+    text.append(width - std::min(width, digits.size()), '0');
+    text += digits;
+    text += after;
+}
+
+} // namespace
+
+std::optional<double> secondsFromDateText(std::string_view text) {
+    const bool beforeZero = text.starts_with('-');
+    text.remove_prefix(beforeZero ? 1 : 0);
+    const auto years = takeNumber(text, 4, 5, '-');
+    const auto months = takeNumber(text, 2, 2, '-');
+    const auto daysOfMonth = takeNumber(text, 2, 2, 'T');
+    const auto hour = takeNumber(text, 2, 2, ':');
+    const auto minute = takeNumber(text, 2, 2, ':');
+    const auto second = takeNumber(text, 2, 2, 'Z');
+    if (!years || !months || !daysOfMonth || !hour || !minute || !second || !text.empty())
+        return std::nullopt;
+    if (*years > int(year::max()) || *hour > 23 || *minute > 59 || *second > 59)
+        return std::nullopt;
+    const year_month_day date = year(beforeZero ? -*years : *years) / *months / *daysOfMonth;
+    if (!date.ok())
+        return std::nullopt;
+    const Seconds time = sys_days(date) + hours(*hour) + minutes(*minute) + seconds(*second);
+    return static_cast<double>((time - reference).count());
+}
+
+void appendDateText(std::string& text, double secondsSince2001) {
+    const double earliest = static_cast<double>((first - reference).count());
+    const double latest = static_cast<double>((last - reference).count());
+    const double whole =
+        std::isnan(secondsSince2001) ? 0 : std::floor(std::clamp(secondsSince2001, earliest, latest));
+    const Seconds time = reference + seconds(static_cast<std::int64_t>(whole));
+    const auto midnight = floor<days>(time);
+    const year_month_day date(midnight);
+    const hh_mm_ss clock(time - midnight);
+    if (int(date.year()) < 0)
+        text += '-';
+    appendNumber(text, std::abs(int(date.year())), 4, '-');
+    appendNumber(text, static_cast<int>(unsigned(date.month())), 2, '-');
+    appendNumber(text, static_cast<int>(unsigned(date.day())), 2, 'T');
+    appendNumber(text, static_cast<int>(clock.hours().count()), 2, ':');
+    appendNumber(text, static_cast<int>(clock.minutes().count()), 2, ':');
+    appendNumber(text, static_cast<int>(clock.seconds().count()), 2, 'Z');
+}
+
+} // namespace platform

@@ -1,0 +1,114 @@
+#include "platform/plist/DocumentFile.h"
+
+#include "platform/base/Diagnostics.h"
+#include "platform/files/AtomicWriter.h"
+#include "platform/plist/PropertyList.h"
+#include "platform/plist/PropertyListBounds.h"
+
+#include <charconv>
+#include <utility>
+
+namespace platform {
+
+namespace {
+
+constexpr int mostDamaged = 9;
+
+/// The name under which the bytes of a damaged file are kept, the first, second, ... time.
+std::string damagedName(const std::string& path, int number) {
+    char digit[2] = {};
+    std::to_chars(digit, digit + 1, number);
+    return number == 1 ? path + ".damaged" : path + ".damaged." + digit;
+}
+
+} // namespace
+
+DocumentFile::DocumentFile(FileSystem& files, std::string path) : files_(files), path_(std::move(path)) {
+    std::string bytes;
+    const auto read = [&] {
+        return uninterrupted([&] { return files_.readFile(path_, largestDocument, bytes); });
+    };
+    std::error_code error = read();
+    // A disk or a remote folder may fail once and not again; taking the document for unreadable would put
+    // another in its place that has lost its entries.
+    if (error && error != std::errc::no_such_file_or_directory)
+        error = read();
+    if (error) {
+        state_ = stateAfter(error);
+        readError_ = error;
+        return;
+    }
+    const std::optional<Value> root = propertyListWithData(bytes);
+    if (root && root->kind() == Value::Kind::Dictionary) {
+        state_ = State::Document;
+        dictionary_ = root->dictionary();
+    } else {
+        state_ = State::Damaged;
+        damaged_ = std::move(bytes);
+    }
+}
+
+DocumentFile::State DocumentFile::stateAfter(std::error_code error) {
+    if (error == std::errc::no_such_file_or_directory)
+        return State::Missing;
+    const bool shortOfMeans = error == std::errc::too_many_files_open ||
+                              error == std::errc::too_many_files_open_in_system ||
+                              error == std::errc::not_enough_memory;
+    return shortOfMeans ? State::Unknown : State::Unreadable;
+}
+
+std::error_code DocumentFile::replace(const Dictionary& dictionary, Sync sync) {
+    if (state_ == State::Unknown)
+        return readError_;
+    std::string bytes;
+    if (std::error_code error = encode(dictionary, bytes))
+        return error;
+    if (std::error_code error = keepOld(sync))
+        return error;
+    // The mode that kept us from reading the old file would do so with the new one.
+    const Attributes attributes = state_ == State::Unreadable ? Attributes::Private : Attributes::OfOldFile;
+    return AtomicWriter(files_).write(path_, bytes, sync, attributes);
+}
+
+std::error_code DocumentFile::encode(const Dictionary& dictionary, std::string& bytes) const {
+    const std::error_code error = documentWithPropertyList(dictionary, bytes);
+    if (error)
+        diagnose(path_ + " is left as it is: " + error.message());
+    return error;
+}
+
+std::error_code DocumentFile::keepOld(Sync sync) {
+    if (state_ == State::Damaged)
+        return copyAside(sync);
+    return state_ == State::Unreadable ? linkAside() : std::error_code();
+}
+
+std::error_code DocumentFile::copyAside(Sync sync) {
+    for (int number = 1; number <= mostDamaged; ++number) {
+        std::string kept;
+        const std::string name = damagedName(path_, number);
+        const std::error_code error =
+            uninterrupted([&] { return files_.readFile(name, largestDocument, kept); });
+        if (!error && kept == damaged_)
+            return {};
+        if (error == std::errc::no_such_file_or_directory || number == mostDamaged)
+            return AtomicWriter(files_).write(name, damaged_, sync, Attributes::Private);
+    }
+    return {};
+}
+
+std::error_code DocumentFile::linkAside() {
+    std::string file = path_;
+    FileStatus status;
+    if (std::error_code error = followLinks(files_, file, status))
+        return error;
+    // A folder or a pipe is not replaced, and so needs no other name.
+    if (status.kind != FileKind::Regular)
+        return std::make_error_code(std::errc::not_supported);
+    std::error_code error = std::make_error_code(std::errc::file_exists);
+    for (int number = 1; error == std::errc::file_exists && number <= mostDamaged; ++number)
+        error = uninterrupted([&] { return files_.link(file, damagedName(path_, number)); });
+    return error;
+}
+
+} // namespace platform

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/values/Value.h"
+
+#include <string_view>
+#include <vector>
+
+namespace platform {
+
+/// Makes the strings of one document. Short ones that recur, such as identifiers in a list of each record,
+/// share their bytes; the pool remembers a bounded number of them.
+class StringPool {
+public:
+    /// `documentSize` bounds how much remembering is worth.
+    explicit StringPool(std::size_t documentSize);
+
+    Value string(std::string_view text);
+
+private:
+    /// One remembered string per slot, the latest.
+    std::vector<Reference<ByteBlock>> slots_;
+};
+
+} // namespace platform

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "platform/plist/PropertyListBuilder.h"
+#include "platform/plist/XmlCursor.h"
+#include "platform/plist/XmlText.h"
+#include "platform/values/Value.h"
+
+#include <optional>
+#include <string_view>
+
+namespace platform {
+
+/// Reads the XML form of a property list in one pass. Entities are never declared nor looked up; a DOCTYPE is
+/// passed over, one with declarations of its own refused.
+class XmlPropertyListReader {
+public:
+    /// The document in UTF-8, without a byte-order mark; it must outlive the reader.
+    explicit XmlPropertyListReader(std::string_view document)
+        : cursor_(document), builder_(document.size()) {}
+
+    /// None unless the whole document is a property list. To be called once.
+    std::optional<Value> read();
+
+private:
+    enum class Element : int {
+        None,
+        PropertyList,
+        Array,
+        Dictionary,
+        Key,
+        String,
+        True,
+        False,
+        Integer,
+        Real,
+        Date,
+        Data
+    };
+    enum class TagKind : int { Opening, Closing, Empty };
+
+    bool skipMiscellany();
+    bool skipDocumentType();
+    bool readProlog();
+    bool readElement();
+    bool readLeaf(Element element);
+    bool addLeaf(Element element, std::string_view text);
+    bool open(Element element, bool empty);
+    bool close(Element element);
+    static std::optional<PropertyListBuilder::Container> containerOf(Element element);
+    bool takeTag();
+    Element takeName();
+    bool skipAttributes();
+
+    XmlCursor cursor_;
+    PropertyListBuilder builder_;
+    XmlText text_;
+    /// The tag taken last.
+    Element element_ = Element::None;
+    TagKind tagKind_ = TagKind::Opening;
+    bool wrapped_ = false;
+};
+
+} // namespace platform

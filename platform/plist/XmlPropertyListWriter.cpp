@@ -1,0 +1,163 @@
+#include "platform/plist/XmlPropertyListWriter.h"
+
+#include "platform/base/Base64.h"
+#include "platform/plist/CalendarDate.h"
+#include "platform/plist/PropertyListError.h"
+#include "platform/plist/XmlEscape.h"
+#include "platform/plist/XmlNumber.h"
+#include "platform/plist/XmlSize.h"
+
+#include <algorithm>
+
+namespace platform {
+
+namespace {
+
+constexpr char prolog[] = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                          "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
+                          "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
+                          "<plist version=\"1.0\">\n";
+constexpr char epilog[] = "</plist>\n";
+
+/// A little more than the estimate, for what it leaves out.
+std::size_t expectedLength(const Value& root, std::size_t most) {
+    const std::size_t estimate = xmlSizeEstimate(root, most);
+    return sizeof prolog + sizeof epilog + estimate + estimate / 16;
+}
+
+} // namespace
+
+XmlPropertyListWriter::XmlPropertyListWriter(const Value& root, Bounds bounds)
+    : root_(root), bounds_(bounds), text_(expectedLength(root, bounds.bytes)) {}
+
+std::error_code XmlPropertyListWriter::write() {
+    text_.put(prolog);
+    writeElement(root_);
+    // What is too large is not written to its end: it may be larger than the memory.
+    while (!frames_.empty() && !tooDeep_ && text_.size() <= bounds_.bytes)
+        writeNext();
+    text_.put(epilog);
+    if (tooDeep_)
+        return PropertyListError::TooDeep;
+    return text_.size() > bounds_.bytes ? make_error_code(PropertyListError::TooLarge) : std::error_code();
+}
+
+/// The next element of the innermost container, or its end.
+void XmlPropertyListWriter::writeNext() {
+    Frame& frame = frames_.back();
+    if (frame.next == frame.end)
+        return close();
+    if (frame.keys) {
+        writeKey(frame);
+        ++frame.place;
+    }
+    writeElement(*frame.next++);
+}
+
+void XmlPropertyListWriter::open(const Value& container) {
+    tooDeep_ = frames_.size() >= bounds_.levels;
+    if (container.is(Value::Kind::Array)) {
+        const Array& array = container.array();
+        if (array.empty())
+            return text_.put("<array/>\n");
+        text_.put("<array>\n");
+        frames_.push_back({array.begin(), array.end(), nullptr, false, 0});
+    } else {
+        const Dictionary& dictionary = container.dictionary();
+        if (dictionary.empty())
+            return text_.put("<dict/>\n");
+        text_.put("<dict>\n");
+        const Value* first = &(*dictionary.begin()).value;
+        const auto keys = dictionary.keys();
+        frames_.push_back({first, first + dictionary.size(), keys.get(), needsNoEscape(keys->text()), 0});
+    }
+}
+
+void XmlPropertyListWriter::close() {
+    const bool dictionary = frames_.back().keys;
+    frames_.pop_back();
+    indent();
+    if (dictionary)
+        text_.put("</dict>\n");
+    else
+        text_.put("</array>\n");
+}
+
+void XmlPropertyListWriter::writeKey(const Frame& frame) {
+    const std::string_view key = (*frame.keys)[frame.place];
+    indent();
+    text_.put("<key>");
+    if (frame.keysNeedNoEscape)
+        text_.put(key);
+    else
+        text_.put(std::string_view(escaped(key)));
+    text_.put("</key>\n");
+}
+
+void XmlPropertyListWriter::writeElement(const Value& value) {
+    indent();
+    switch (value.kind()) {
+    case Value::Kind::Boolean:
+        if (value.boolean())
+            return text_.put("<true/>\n");
+        return text_.put("<false/>\n");
+    case Value::Kind::String:
+        return writeString(value.string());
+    case Value::Kind::Data:
+        return writeData(value.data());
+    case Value::Kind::Array:
+    case Value::Kind::Dictionary:
+        return open(value);
+    default:
+        return writeNumber(value);
+    }
+}
+
+void XmlPropertyListWriter::writeString(std::string_view text) {
+    text_.put("<string>");
+    if (needsNoEscape(text))
+        text_.put(text);
+    else
+        text_.put(std::string_view(escaped(text)));
+    text_.put("</string>\n");
+}
+
+/// Dates too, which are numbers of seconds.
+void XmlPropertyListWriter::writeNumber(const Value& value) {
+    std::string element;
+    if (value.is(Value::Kind::Integer)) {
+        element = "<integer>";
+        appendInteger(element, value);
+        element += "</integer>\n";
+    } else if (value.is(Value::Kind::Real)) {
+        element = "<real>";
+        appendReal(element, value.real());
+        element += "</real>\n";
+    } else {
+        element = "<date>";
+        appendDateText(element, value.date());
+        element += "</date>\n";
+    }
+    text_.put(std::string_view(element));
+}
+
+/// Base64 on lines of its own. Indentation counts against the width of a line, and stops growing where it
+/// would leave no room.
+void XmlPropertyListWriter::writeData(std::string_view bytes) {
+    constexpr std::size_t lineWidth = 76;
+    constexpr std::size_t tabWidth = 8;
+    constexpr std::size_t deepestIndent = 8;
+    const std::size_t tabs = std::min(frames_.size(), deepestIndent);
+    const std::size_t bytesPerLine = (lineWidth - tabWidth * tabs) / 4 * 3;
+    text_.put("<data>\n");
+    for (std::size_t at = 0; at < bytes.size(); at += bytesPerLine) {
+        std::string line(tabs, '\t');
+        appendBase64(line, bytes.substr(at, bytesPerLine));
+        line += '\n';
+        text_.put(std::string_view(line));
+    }
+    indent();
+    text_.put("</data>\n");
+}
+
+} // namespace platform

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "platform/plist/OutputText.h"
+#include "platform/values/Value.h"
+
+#include <cstddef>
+#include <limits>
+#include <string>
+#include <system_error>
+#include <vector>
+
+namespace platform {
+
+/// Writes the XML form of a property list as the platform does: one element a line, tabs, the root not
+/// indented.
+class XmlPropertyListWriter {
+public:
+    struct Bounds {
+        std::size_t bytes = std::numeric_limits<std::size_t>::max();
+        /// Containers inside each other.
+        std::size_t levels = std::numeric_limits<std::size_t>::max();
+    };
+
+    /// The root must outlive the writer.
+    XmlPropertyListWriter(const Value& root, Bounds bounds);
+
+    /// Writes the whole document; an error where the bounds are too narrow for it. To be called once.
+    std::error_code write();
+    /// What was written.
+    std::string take() { return text_.take(); }
+
+private:
+    /// A container whose elements are being written.
+    struct Frame {
+        const Value* next;
+        const Value* end;
+        /// Null in an array.
+        const KeySet* keys;
+        bool keysNeedNoEscape;
+        std::size_t place;
+    };
+
+    void writeNext();
+    void open(const Value& container);
+    void close();
+    void writeKey(const Frame& frame);
+    void writeElement(const Value& value);
+    void writeNumber(const Value& value);
+    void writeString(std::string_view text);
+    void writeData(std::string_view bytes);
+    void indent() { text_.putTabs(frames_.size()); }
+
+    const Value& root_;
+    Bounds bounds_;
+    OutputText text_;
+    std::vector<Frame> frames_;
+    bool tooDeep_ = false;
+};
+
+} // namespace platform

@@ -1,0 +1,35 @@
+#include "platform/runtime/CFNotificationCenter.h"
+
+#include "platform/runtime/SystemNotificationCenter.h"
+
+namespace platform {
+
+namespace {
+
+CFNotificationCenter* centerForTests = nullptr;
+
+} // namespace
+
+CFNotificationCenter::~CFNotificationCenter() = default;
+
+CFNotificationCenter& CFNotificationCenterGetDistributedCenter() {
+    return centerForTests ? *centerForTests : systemNotificationCenter();
+}
+
+void setDistributedCenter(CFNotificationCenter* center) {
+    centerForTests = center;
+}
+
+void CFNotificationCenterAddObserver(CFNotificationCenter& center, void* observer,
+                                     CFNotificationCallback callback, std::string_view name,
+                                     const std::string* object, CFNotificationSuspensionBehavior suspension) {
+    center.addObserver(observer, callback, name, object, suspension);
+}
+
+void CFNotificationCenterPostNotification(CFNotificationCenter& center, std::string_view name,
+                                          const std::string* object, const Dictionary* userInfo,
+                                          bool deliverImmediately) {
+    center.postNotification(name, object, userInfo, deliverImmediately);
+}
+
+} // namespace platform

@@ -1,0 +1,80 @@
+#pragma once
+
+#include "platform/base/Export.h"
+#include "platform/values/Value.h"
+
+#include <concepts>
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <variant>
+
+namespace platform {
+
+/// One argument of a format: a number, an address ("%p"), a text, or an object ("%@"). A pointer to an object
+/// and an optional one are the object; an absent object prints as "(null)".
+class WARDLOCK_API FormatArgument {
+public:
+    template <std::integral T>
+    FormatArgument(T number)
+        : argument_(static_cast<std::conditional_t<std::unsigned_integral<T>, std::uint64_t, std::int64_t>>(
+              number)),
+          bytes_(sizeof(T) < sizeof(int) ? sizeof(int) : sizeof(T)) {}
+    FormatArgument(double number) : argument_(number) {}
+    FormatArgument(std::string_view text) : argument_(text) {}
+    FormatArgument(const std::string& text) : argument_(std::string_view(text)) {}
+    FormatArgument(const Value& object) : argument_(&object) {}
+    FormatArgument(std::nullptr_t) {}
+    // The rest stands out of line: inlined at each call it costs code, and gcc 12 takes the object for
+    // uninitialised.
+    FormatArgument(const char* text);
+    FormatArgument(const std::string* text);
+    FormatArgument(const void* address);
+    FormatArgument(const Value* object);
+    FormatArgument(const Array& object);
+    FormatArgument(const Array* object);
+    FormatArgument(const Dictionary& object);
+    FormatArgument(const Dictionary* object);
+    FormatArgument(const MutableArray& object);
+    FormatArgument(const MutableArray* object);
+    FormatArgument(const MutableDictionary& object);
+    FormatArgument(const MutableDictionary* object);
+    template <class T>
+    FormatArgument(const std::optional<T>& object)
+        : FormatArgument(object ? FormatArgument(*object) : FormatArgument(nullptr)) {}
+    ~FormatArgument();
+
+    using Argument = std::variant<std::monostate, std::int64_t, std::uint64_t, double, std::string_view,
+                                  const Value*, Value>;
+    const Argument& argument() const { return argument_; }
+    /// How wide an integer was when it was passed: what an unsigned conversion makes of a negative one.
+    std::size_t bytes() const { return bytes_; }
+
+private:
+    Argument argument_;
+    std::size_t bytes_ = sizeof(std::int64_t);
+};
+
+/// Formats as the platform's strings do: "%@" an object's description, and the printf conversions
+/// d i u o x X c s f F e E g G a A p % with flags, width, precision, length modifiers (accepted, without
+/// effect: arguments know their size) and positions ("%2$@"). Independent of the process's locale. A
+/// conversion without an argument, or one that does not fit its argument, prints the argument as "%@" would
+/// ("(null)" for none); widths and precisions are bounded.
+WARDLOCK_API std::string formatString(std::string_view format,
+                                      std::initializer_list<FormatArgument> arguments);
+
+template <class... Args>
+std::string stringWithFormat(std::string_view format, const Args&... arguments) {
+    return formatString(format, {FormatArgument(arguments)...});
+}
+
+/// The platform's description form of a value: a string bare at the top, quoted inside a collection where it
+/// needs it; collections in parentheses and braces, one element a line, booleans as 1 and 0, data in
+/// hexadecimal, dates in UTC. Very deep and very large collections are cut short ("...").
+WARDLOCK_API std::string description(const Value& value);
+
+} // namespace platform

@@ -1,0 +1,82 @@
+#pragma once
+
+#include "platform/base/Export.h"
+#include "platform/values/Storage.h"
+
+#include <cstddef>
+#include <initializer_list>
+#include <iterator>
+#include <string_view>
+#include <utility>
+
+namespace platform {
+
+class Value;
+
+/// One entry during iteration: `for (const auto& [key, value] : dictionary)`.
+struct DictionaryEntry {
+    std::string_view key;
+    const Value& value;
+};
+
+/// Walks keys and values side by side, in insertion order.
+class WARDLOCK_API DictionaryIterator {
+public:
+    using value_type = DictionaryEntry;
+    using reference = DictionaryEntry;
+    using difference_type = std::ptrdiff_t;
+    using iterator_category = std::input_iterator_tag;
+
+    DictionaryIterator(const KeySet* keys, const Value* values, std::size_t place)
+        : keys_(keys), values_(values), place_(place) {}
+
+    DictionaryEntry operator*() const;
+    DictionaryIterator& operator++() {
+        ++place_;
+        return *this;
+    }
+    DictionaryIterator operator++(int) {
+        DictionaryIterator before = *this;
+        ++place_;
+        return before;
+    }
+    bool operator==(const DictionaryIterator& other) const { return place_ == other.place_; }
+
+private:
+    const KeySet* keys_;
+    const Value* values_;
+    std::size_t place_;
+};
+
+/// An immutable map from strings to values that keeps the order of insertion: a handle on shared entries,
+/// cheap to copy, usable from any thread. Include Value.h.
+class WARDLOCK_API Dictionary {
+public:
+    Dictionary() = default;
+    /// Of equal keys the last value counts, at the place of the first.
+    Dictionary(std::initializer_list<std::pair<std::string_view, Value>> entries);
+    /// A block with keys.
+    explicit Dictionary(Reference<ContainerBlock> block) : block_(std::move(block)) {}
+
+    std::size_t size() const { return block_ ? block_->size() : 0; }
+    bool empty() const { return !block_; }
+    /// The value of the key, or null. Allocates nothing.
+    const Value* find(std::string_view key) const noexcept;
+    DictionaryIterator begin() const;
+    DictionaryIterator end() const;
+    /// The keys, which dictionaries may share; null when there are none.
+    Reference<KeySet> keys() const;
+
+    /// Whether both are handles on the very same entries. Empty dictionaries are all the same object.
+    bool isSameObject(const Dictionary& other) const { return block_ == other.block_; }
+    /// Same keys and values, in whatever order.
+    bool operator==(const Dictionary& other) const;
+
+private:
+    friend class MutableDictionary;
+    friend class Value;
+
+    Reference<ContainerBlock> block_;
+};
+
+} // namespace platform

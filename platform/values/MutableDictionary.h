@@ -1,0 +1,43 @@
+#pragma once
+
+#include "platform/base/Export.h"
+#include "platform/values/Dictionary.h"
+
+#include <cstddef>
+#include <string_view>
+#include <vector>
+
+namespace platform {
+
+/// A dictionary that can be changed: a copy one level deep, its values stay shared. The order of insertion is
+/// kept; a new value under an old key takes the old one's place. Pointers, iterators and keys from it hold
+/// until the next change. Include Value.h.
+class WARDLOCK_API MutableDictionary {
+public:
+    MutableDictionary();
+    explicit MutableDictionary(const Dictionary& dictionary);
+    MutableDictionary(const MutableDictionary& other);
+    MutableDictionary(MutableDictionary&& other) noexcept;
+    MutableDictionary& operator=(const MutableDictionary& other);
+    MutableDictionary& operator=(MutableDictionary&& other) noexcept;
+    ~MutableDictionary();
+
+    std::size_t size() const;
+    bool empty() const;
+    const Value* find(std::string_view key) const noexcept;
+    DictionaryIterator begin() const;
+    DictionaryIterator end() const;
+
+    void set(std::string_view key, Value value);
+    /// Throws NSException (NSInvalidArgumentException) for nil; nothing is changed then.
+    void set(std::string_view key, const Value* valueOrNil);
+    void remove(std::string_view key);
+
+    Dictionary copy() const;
+
+private:
+    Reference<KeySet> keys_;
+    std::vector<Value> values_;
+};
+
+} // namespace platform

@@ -1,0 +1,75 @@
+#pragma once
+
+#include "platform/base/Export.h"
+#include "platform/values/KeySet.h"
+#include "platform/values/Reference.h"
+
+#include <atomic>
+#include <cstdint>
+#include <string_view>
+
+namespace platform {
+
+class Value;
+
+/// The counted blocks behind values. Immutable once made; they may be shared between threads.
+
+/// The bytes of a string or of data.
+class ByteBlock {
+public:
+    /// Null for no bytes.
+    WARDLOCK_API static Reference<ByteBlock> create(std::string_view bytes);
+
+    std::string_view bytes() const { return {reinterpret_cast<const char*>(this + 1), length_}; }
+    void retain() { references_.fetch_add(1, std::memory_order_relaxed); }
+    void release() {
+        if (references_.fetch_sub(1, std::memory_order_acq_rel) == 1)
+            destroy();
+    }
+
+private:
+    explicit ByteBlock(std::size_t length) : length_(length) {}
+    WARDLOCK_API void destroy();
+
+    std::atomic<std::uint32_t> references_{1};
+    std::size_t length_;
+};
+
+/// The elements of an array, or the values of a dictionary beside their keys.
+class ContainerBlock {
+public:
+    /// Moves the values in; null for none. A dictionary's `keys` are as many as its values, an array's are
+    /// null.
+    static Reference<ContainerBlock> create(Value* values, std::size_t count, Reference<KeySet> keys = {});
+
+    std::size_t size() const { return count_; }
+    const Value* values() const { return reinterpret_cast<const Value*>(this + 1); }
+    /// Of a dictionary only.
+    KeySet* keys() const { return keys_; }
+    void retain() { references_.fetch_add(1, std::memory_order_relaxed); }
+    void release() {
+        if (dropsLastReference())
+            destroy(this);
+    }
+
+private:
+    ContainerBlock(std::size_t count, KeySet* keys)
+        : count_(static_cast<std::uint32_t>(count)), keys_(keys) {}
+
+    bool dropsLastReference() { return references_.fetch_sub(1, std::memory_order_acq_rel) == 1; }
+    Value* mutableValues() { return reinterpret_cast<Value*>(this + 1); }
+    /// Frees the block and all that only it held, however deep, without recursion.
+    WARDLOCK_API static void destroy(ContainerBlock* block);
+    /// Ends the value; answers its block when that has no owner left.
+    static ContainerBlock* release(Value& value);
+
+    std::atomic<std::uint32_t> references_{1};
+    std::uint32_t count_;
+    union {
+        KeySet* keys_;
+        /// While blocks are being freed: the one this was in.
+        ContainerBlock* outer_;
+    };
+};
+
+} // namespace platform

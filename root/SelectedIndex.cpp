@@ -1,9 +1,0 @@
-#include "root/SelectedIndex.h"
-
-namespace wardlock {
-
-extern "C" {
-std::intptr_t SelectedIndex = 0;
-}
-
-} // namespace wardlock

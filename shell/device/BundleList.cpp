@@ -1,0 +1,93 @@
+#include "shell/device/BundleList.h"
+
+#include "platform/files/DeviceRoot.h"
+#include "platform/values/Value.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+
+namespace wardlock::shell {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// Longer ones are no names, and would only fill memory and screen; they count as absent.
+constexpr std::size_t longestText = 1024;
+/// Beyond these nobody finds anything on a page, and each costs the reading of a file.
+constexpr std::size_t mostBundles = 500;
+constexpr std::size_t mostSentences = 20;
+
+std::string text(const platform::NSBundle& bundle, std::string_view key) {
+    const auto found = platform::stringValue(bundle.infoDictionary().find(key)).value_or("");
+    return std::string(found.size() <= longestText ? found : "");
+}
+
+std::string nameOf(const platform::NSBundle& bundle, const std::string& folderName) {
+    for (const char* key : {"CFBundleDisplayName", "CFBundleName"})
+        if (std::string name = text(bundle, key); !name.empty())
+            return name;
+    return fs::path(folderName).stem().string();
+}
+
+std::shared_ptr<platform::UIImage> iconOf(const platform::NSBundle& bundle) {
+    const fs::path file = text(bundle, "CFBundleIconFile");
+    if (file.empty())
+        return nullptr;
+    const std::string type = file.has_extension() ? file.extension().string().substr(1) : "png";
+    const auto path = bundle.pathForResource(file.stem().string(), type);
+    return path ? platform::UIImage::imageWithContentsOfFile(*path) : nullptr;
+}
+
+std::string lowered(std::string text) {
+    for (char& letter : text)
+        if (letter >= 'A' && letter <= 'Z')
+            letter = static_cast<char>(letter - 'A' + 'a');
+    return text;
+}
+
+} // namespace
+
+BundleList::BundleList() {
+    std::error_code error;
+    std::vector<std::string> folders;
+    for (fs::directory_iterator it(platform::pathOnDevice(preferenceBundlesPath), error), end;
+         !error && it != end; it.increment(error))
+        if (it->path().extension() == ".bundle")
+            folders.push_back(it->path().filename().string());
+    std::ranges::sort(folders);
+    const std::size_t looked = std::min(folders.size(), mostBundles);
+    for (std::size_t i = 0; i < looked; ++i)
+        add(folders[i]);
+    summarise(folders.size() - looked);
+    std::ranges::stable_sort(entries_, {}, [](const BundleEntry& entry) { return lowered(entry.name); });
+}
+
+void BundleList::summarise(std::size_t notLookedAt) {
+    const std::size_t more = leftOut_.size() - std::min(leftOut_.size(), mostSentences) + notLookedAt;
+    leftOut_.resize(std::min(leftOut_.size(), mostSentences));
+    if (more > 0)
+        leftOut_.push_back(std::to_string(more) + " more were left out.");
+}
+
+void BundleList::add(const std::string& folderName) {
+    const auto leaveOut = [&](const std::string& why) {
+        leftOut_.push_back("\u201c" + folderName + "\u201d was left out: " + why + ".");
+    };
+    const auto bundle =
+        platform::NSBundle::bundleWithPath(std::string(preferenceBundlesPath) + '/' + folderName);
+    if (!bundle)
+        leaveOut("it has no Info.plist that can be read");
+    else if (const std::string reason = bundle->reasonToDistrust(); !reason.empty())
+        // Not even its name is shown: it could be another's.
+        leaveOut(reason);
+    else if (text(*bundle, "CFBundleExecutable").empty())
+        leaveOut("its Info.plist names no module");
+    else if (text(*bundle, "NSPrincipalClass").empty())
+        leaveOut("its Info.plist names no principal class");
+    else
+        entries_.push_back({bundle, nameOf(*bundle, folderName), iconOf(*bundle)});
+}
+
+} // namespace wardlock::shell

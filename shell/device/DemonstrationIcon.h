@@ -1,0 +1,12 @@
+#pragma once
+
+#include "shell/device/DemonstrationApplications.h"
+
+#include <string>
+
+namespace wardlock::shell {
+
+/// The application's icon as SVG: a white shape on a rounded ground that darkens downwards.
+std::string demonstrationIcon(const DemonstrationApplication& application);
+
+} // namespace wardlock::shell

@@ -1,0 +1,145 @@
+#include "shell/device/Provision.h"
+
+#include "platform/files/DeviceRoot.h"
+#include "platform/files/FileSystem.h"
+#include "platform/files/FolderTrust.h"
+#include "platform/runtime/DynamicLibrary.h"
+#include "platform/services/ALApplicationList.h"
+#include "settings/Constants.h"
+#include "settings/DocumentPath.h"
+#include "settings/Settings.h"
+#include "shell/device/BundleList.h"
+#include "shell/device/InstalledFiles.h"
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <random>
+#include <string>
+#include <system_error>
+#include <utility>
+
+namespace wardlock::shell {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::array folders{
+    "/Applications", "/Library/MobileSubstrate/DynamicLibraries", preferenceBundlesPath,
+    "/tmp",          "/var/mobile/Library/Preferences",
+};
+
+constexpr unsigned privateMode = 0700;
+constexpr const char* appListModule = "AppList.dylib";
+
+/// Nobody else could have put something else there, or could do it now.
+bool isFolderOfOurs(const std::string& path) {
+    return !platform::doubtOfFolder(path);
+}
+
+} // namespace
+
+std::span<const char* const> deviceFolders() {
+    return folders;
+}
+
+Provision::Provision(const std::function<void()>& furnish) {
+    if (platform::deviceRoot() != "/")
+        makeWhatIsMissing(furnish);
+    lookAtAppList();
+}
+
+void Provision::makeWhatIsMissing(const std::function<void()>& furnish) {
+    const bool complete = makeFolders();
+    const std::string installed = installedFolder();
+    if (installed.empty()) {
+        problems_.push_back("The settings bundle was not found beside this program.");
+    } else {
+        link(std::string(preferenceBundlesPath) + '/' + settingsBundleName,
+             installed + "/PreferenceBundles/" + settingsBundleName);
+        link(platform::appListLibraryPath, installed + "/DynamicLibraries/" + appListModule);
+    }
+    if (furnish && complete)
+        furnish();
+    firstStart();
+}
+
+bool Provision::makeFolders() {
+    const std::string root = platform::deviceRoot();
+    // What cannot be made here is reported of the root itself.
+    static_cast<void>(
+        platform::makeFolders(platform::FileSystem::current(), platform::folderOf(root), privateMode));
+    if (!makeFolder(root))
+        return false;
+    bool complete = true;
+    for (const char* folder : folders)
+        complete = makeFoldersTo(folder) && complete;
+    return complete;
+}
+
+bool Provision::makeFoldersTo(const std::string& devicePath) {
+    fs::path path;
+    for (const auto& part : fs::path(devicePath).relative_path()) {
+        path /= part;
+        if (!makeFolder(platform::pathOnDevice('/' + path.string())))
+            return false;
+    }
+    return true;
+}
+
+bool Provision::makeFolder(const std::string& path) {
+    // Closed from the first moment: another user who could enter a folder that is closed only later would
+    // already have one of his own in it.
+    if (const auto error = platform::makeFolders(platform::FileSystem::current(), path, privateMode)) {
+        report("The folder " + path + " cannot be made: " + error.message() + ".");
+        return false;
+    }
+    if (const platform::FolderDoubt doubt = platform::doubtOfFolder(path)) {
+        report("The folder " + path + " is not used: " + doubt.reason + ".");
+        return false;
+    }
+    return true;
+}
+
+void Provision::report(std::string problem) {
+    // Several folders lie below the same one.
+    if (std::ranges::find(problems_, problem) == problems_.end())
+        problems_.push_back(std::move(problem));
+}
+
+void Provision::link(const std::string& devicePath, const std::string& target) {
+    const fs::path path = platform::pathOnDevice(devicePath);
+    std::error_code error;
+    const auto status = fs::symlink_status(path, error);
+    // Something else that stands there was put there by the user.
+    if ((fs::exists(status) && !fs::is_symlink(status)) || !isFolderOfOurs(path.parent_path()))
+        return;
+    if (!fs::exists(target, error) || (fs::is_symlink(status) && fs::read_symlink(path, error) == target))
+        return;
+    // Beside and over it, so that another start never sees the bundle missing.
+    const fs::path temporary = path.string() + ".new" + std::to_string(std::random_device()());
+    fs::create_symlink(target, temporary, error);
+    if (!error)
+        fs::rename(temporary, path, error);
+    std::error_code ignored;
+    fs::remove(temporary, ignored);
+    if (error)
+        problems_.push_back("The link " + path.string() + " cannot be made: " + error.message() + ".");
+}
+
+void Provision::firstStart() {
+    std::error_code error;
+    const fs::path document = platform::pathOnDevice(documentPath(BundleIdentifier));
+    if (fs::symlink_status(document, error).type() == fs::file_type::not_found &&
+        isFolderOfOurs(document.parent_path()))
+        InitSettings();
+}
+
+void Provision::lookAtAppList() {
+    const std::string reason = platform::reasonToDistrustModule(platform::appListLibraryPath);
+    if (!reason.empty())
+        problems_.push_back("The list of applications stays empty: " + reason + ".");
+}
+
+} // namespace wardlock::shell

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/ui/AnimationClock.h"
+#include "shell/screen/Door.h"
+
+#include <memory>
+
+namespace wardlock::shell {
+
+/// A face's clock as the pages see it: what waits on it enters them through the door.
+class DoorClock : public platform::AnimationClock {
+public:
+    DoorClock(platform::AnimationClock& clock, Door& door) : clock_(clock), door_(door) {}
+
+    Time now() override { return clock_.now(); }
+    void after(Time delay, std::function<void()> action) override;
+
+private:
+    platform::AnimationClock& clock_;
+    Door& door_;
+    /// Gone with this object, so that a clock which outlives the application runs nothing of it.
+    std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
+};
+
+} // namespace wardlock::shell

@@ -1,0 +1,75 @@
+#pragma once
+
+#include "platform/ui/UIWebView.h"
+#include "shell/input/Answer.h"
+#include "shell/screen/Screen.h"
+#include "shell/screen/ScreenChanges.h"
+#include "shell/screen/ShownAccount.h"
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace wardlock::shell {
+
+/// What a person can do with the page. Each call answers why not when a person could not: something covers
+/// the page, the row is disabled or of another kind, the account that the page shows is gone. Whatever a
+/// person does elsewhere first ends the typing in a text row, and so stores what was typed. Nothing is
+/// thrown: an exception of a page ends the process. Main thread only.
+class PageInput {
+public:
+    PageInput(Screen& screen, ScreenChanges& changes, ShownAccount& account, Door& door)
+        : screen_(screen), changes_(changes), account_(account), door_(door) {}
+
+    /// Flips a switch, begins the typing in a text row, and selects any other row.
+    Answer tapRow(platform::NSIndexPath path);
+    Answer setSwitch(platform::NSIndexPath path, bool on);
+    /// A continuous slider is let go of here; `value` lies between the row's min and max.
+    Answer moveSlider(platform::NSIndexPath path, double value);
+
+    Answer beginEditing(platform::NSIndexPath path);
+    /// The whole text as it stands in the row now, taken as one line.
+    Answer typeText(std::string text);
+    /// Return, loss of focus: stores what was typed, unless its account is gone. Nothing where nobody types.
+    void endEditing();
+
+    /// The switch of a row of the page's table.
+    Answer flipTableSwitch(platform::NSIndexPath path);
+    Answer setTableSwitch(platform::NSIndexPath path, bool on);
+
+    /// Begins to drag the list.
+    Answer dragList();
+    Answer tapBarButton();
+    /// The back button, or a finished back swipe.
+    Answer goBack();
+    /// A link of the web page shown, by its number, from 1, or by where it leads; refused for any other.
+    Answer followLink(std::size_t number);
+    Answer followLink(std::string_view url);
+
+private:
+    /// Returns the index of a link, or how many there are where none is meant.
+    using LinkSearch = std::function<std::size_t(const std::vector<platform::WebLink>&)>;
+
+    /// Also goes back where the page's account is gone.
+    std::optional<std::string> obstacle();
+    std::optional<std::string> obstacleToRow(platform::NSIndexPath path);
+    void store(platform::NSIndexPath path, const platform::Value& value);
+    Answer follow(const LinkSearch& search);
+    void beginEditingNow(platform::NSIndexPath path);
+    bool isEditing(platform::NSIndexPath path) const;
+    template <class Touch>
+    Answer onTableSwitch(platform::NSIndexPath path, Touch touch);
+
+    bool isAnybodyTyping() const;
+
+    Page& page() const { return *screen_.page(); }
+
+    Screen& screen_;
+    ScreenChanges& changes_;
+    ShownAccount& account_;
+    Door& door_;
+};
+
+} // namespace wardlock::shell

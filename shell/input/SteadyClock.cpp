@@ -1,0 +1,27 @@
+#include "shell/input/SteadyClock.h"
+
+#include <algorithm>
+
+namespace wardlock::shell {
+
+SteadyClock::Time SteadyClock::now() {
+    return std::chrono::steady_clock::now() - start_;
+}
+
+void SteadyClock::after(Time delay, std::function<void()> action) {
+    actions_.add(now() + std::max(delay, Time::zero()), std::move(action));
+}
+
+std::optional<SteadyClock::Time> SteadyClock::timeToNext() {
+    const auto due = actions_.nextDue();
+    return due ? std::optional(std::max(*due - now(), Time::zero())) : std::nullopt;
+}
+
+void SteadyClock::runDue() {
+    // The time is taken once: actions that keep asking for another at once do not keep the loop here.
+    const Time time = now();
+    while (const auto action = actions_.takeDue(time))
+        action();
+}
+
+} // namespace wardlock::shell

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/ui/UINavigationController.h"
+#include "shell/screen/Page.h"
+
+#include <memory>
+#include <vector>
+
+namespace wardlock::shell {
+
+/// The navigation controller's stack as pages. Main thread only.
+class PageStack {
+public:
+    PageStack(std::shared_ptr<platform::UINavigationController> navigation, Door& door)
+        : navigation_(std::move(navigation)), door_(door) {}
+
+    /// Follows the navigation controller; answers whether anything changed.
+    bool follow();
+    /// The first page first; never empty once followed.
+    const std::vector<std::shared_ptr<Page>>& pages() const { return pages_; }
+    const std::shared_ptr<Page>& top() const { return pages_.back(); }
+    /// Null when the controller is on no page.
+    std::shared_ptr<Page> pageOf(const platform::UIViewController& controller) const;
+
+private:
+    std::shared_ptr<platform::UINavigationController> navigation_;
+    Door& door_;
+    std::vector<std::shared_ptr<Page>> pages_;
+};
+
+} // namespace wardlock::shell

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "platform/services/MFMailComposeViewController.h"
+#include "platform/ui/UIAlertController.h"
+#include "platform/ui/UINavigationController.h"
+#include "platform/ui/UIWindow.h"
+#include "shell/screen/Overlay.h"
+#include "shell/screen/PageStack.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace wardlock::shell {
+
+/// What a person sees now, from the lowest to the topmost: the pages, of which the last covers the others; an
+/// alert or the mail sheet over them; the keypad over everything. Reading changes nothing. Alerts, mail
+/// sheets and keypads are handed out to be read: what a person does with them goes through SheetInput. Main
+/// thread only.
+class Screen {
+public:
+    Screen(const std::shared_ptr<platform::UIViewController>& root, Door& door);
+
+    const std::vector<std::shared_ptr<Page>>& pages() const { return stack_.pages(); }
+    const std::shared_ptr<Page>& page() const { return stack_.top(); }
+    /// The title of the page below; empty on the first page.
+    std::string backTitle() const;
+    /// Whether a push or pop is being shown.
+    bool isInTransition() const { return navigation_->isInTransition(); }
+
+    /// Null for none.
+    std::shared_ptr<platform::UIAlertController> alert() const;
+    std::shared_ptr<platform::MFMailComposeViewController> composer() const;
+    std::optional<Overlay> overlay() const;
+
+    /// A sentence of the application itself, shown until it is dismissed: what became of a mail, or of the
+    /// account that was shown. Empty for none.
+    const std::string& notice() const { return notice_; }
+    void setNotice(std::string notice) { notice_ = std::move(notice); }
+
+    /// Why a person cannot touch the page now; none when nothing is in the way.
+    std::optional<std::string> obstacle() const;
+    /// Why a person cannot touch the alert or mail sheet now.
+    std::optional<std::string> obstacleToSheets() const;
+
+    PageStack& stack() { return stack_; }
+    platform::UINavigationController& navigation() const { return *navigation_; }
+    const std::shared_ptr<platform::UIWindow>& window() const { return window_; }
+
+private:
+    std::shared_ptr<platform::UIViewController> presented() const;
+
+    std::shared_ptr<platform::UINavigationController> navigation_;
+    std::shared_ptr<platform::UIWindow> window_;
+    PageStack stack_;
+    std::string notice_;
+};
+
+} // namespace wardlock::shell

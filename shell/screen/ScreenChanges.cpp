@@ -1,0 +1,135 @@
+#include "shell/screen/ScreenChanges.h"
+
+#include "platform/ui/UIApplication.h"
+#include "platform/ui/UITextField.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace wardlock::shell {
+
+using platform::NSIndexPath;
+using platform::UIView;
+using platform::UIViewController;
+
+namespace {
+
+bool isInKeyWindow(const UIView& view) {
+    const auto& window = platform::UIApplication::sharedApplication().keyWindow();
+    if (window.get() == &view)
+        return true;
+    for (auto above = view.superview(); above; above = above->superview())
+        if (above == window)
+            return true;
+    return false;
+}
+
+} // namespace
+
+void ScreenChanges::viewChanged(UIView& view) {
+    if (isInKeyWindow(view))
+        return add({Kind::Overlay, nullptr, {}, false});
+    for (const auto& page : stack_.pages()) {
+        const auto table = page->shownTable();
+        if (const auto path = table ? table->shownRow(view) : std::nullopt)
+            return add({Kind::TableRow, page, *path, false});
+        if (page->holds(view))
+            return add({Kind::Content, page, {}, false});
+    }
+    // An alert's text field stands in no view; a cell that nobody shows yet stands in none either.
+    if (dynamic_cast<platform::UITextField*>(&view))
+        add({Kind::Presentation, nullptr, {}, false});
+}
+
+void ScreenChanges::controllerChanged(UIViewController& controller) {
+    add({Kind::Presentation, nullptr, {}, false});
+    if (const auto page = stack_.pageOf(controller)) {
+        add({Kind::Page, page, {}, false});
+        add({Kind::Content, page, {}, false});
+    }
+}
+
+void ScreenChanges::listReloaded(UIViewController& controller) {
+    const auto page = stack_.pageOf(controller);
+    if (!page)
+        return;
+    page->listWasReloaded();
+    std::erase_if(changes_,
+                  [&](const Change& change) { return change.kind == Kind::Row && change.page == page; });
+    add({Kind::List, page, {}, false});
+}
+
+void ScreenChanges::rowReloaded(UIViewController& controller, NSIndexPath path) {
+    const auto page = stack_.pageOf(controller);
+    if (!page)
+        return;
+    if (const auto specifier = page->specifier(path))
+        page->forgetValue(*specifier);
+    add({Kind::Row, page, path, false});
+}
+
+void ScreenChanges::rowInserted(UIViewController& controller, NSIndexPath path, bool animated) {
+    if (const auto page = stack_.pageOf(controller))
+        add({Kind::RowInserted, page, path, animated});
+}
+
+void ScreenChanges::announced(const Announcement& announcement) {
+    if (observer_)
+        observer_->changeAnnounced(announcement);
+}
+
+void ScreenChanges::add(Change change) {
+    // A later change takes in an equal earlier one: what is to be seen in between nobody sees.
+    std::erase(changes_, change);
+    changes_.push_back(std::move(change));
+}
+
+void ScreenChanges::deliver() {
+    if (delivering_)
+        return;
+    delivering_ = true;
+    while (!changes_.empty())
+        for (const auto& change : std::exchange(changes_, {}))
+            tell(change);
+    delivering_ = false;
+}
+
+void ScreenChanges::tell(const Change& change) {
+    if (!observer_)
+        return;
+    switch (change.kind) {
+    case Kind::Pages:
+        return observer_->pagesChanged(change.animated);
+    case Kind::TransitionEnded:
+        return observer_->transitionEnded();
+    case Kind::Overlay:
+        return observer_->overlayChanged();
+    case Kind::Presentation:
+        return observer_->presentationChanged();
+    case Kind::Editing:
+        return observer_->editingChanged();
+    case Kind::Notice:
+        return observer_->noticeChanged();
+    default:
+        return tellOfPage(change);
+    }
+}
+
+void ScreenChanges::tellOfPage(const Change& change) {
+    switch (change.kind) {
+    case Kind::Page:
+        return observer_->pageChanged(*change.page);
+    case Kind::List:
+        return observer_->listReset(*change.page);
+    case Kind::Row:
+        return observer_->rowChanged(*change.page, change.path);
+    case Kind::RowInserted:
+        return observer_->rowInserted(*change.page, change.path, change.animated);
+    case Kind::TableRow:
+        return observer_->tableRowChanged(*change.page, change.path);
+    default:
+        return observer_->contentChanged(*change.page);
+    }
+}
+
+} // namespace wardlock::shell

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "platform/ui/UITableView.h"
+#include "shell/screen/Door.h"
+#include "shell/screen/TableRow.h"
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace wardlock::shell {
+
+/// A page's table for those who show it: counts are cheap, cells exist for the rows that are being shown and
+/// no others. Main thread only.
+class Table {
+public:
+    Table(std::shared_ptr<platform::UITableView> view, Door& door) : view_(std::move(view)), door_(door) {}
+
+    const std::shared_ptr<platform::UITableView>& view() const { return view_; }
+    std::size_t sectionCount();
+    std::size_t rowCount(std::size_t section);
+    bool has(platform::NSIndexPath path);
+    /// In points.
+    double rowHeight(platform::NSIndexPath path);
+    /// The row for as long as the caller holds it; callers that show the same row share it. Null when there
+    /// is no such row.
+    std::shared_ptr<TableRow> show(platform::NSIndexPath path);
+    /// The row being shown whose cell the view is or lies in.
+    std::optional<platform::NSIndexPath> shownRow(const platform::UIView& view);
+
+private:
+    std::shared_ptr<platform::UITableView> view_;
+    Door& door_;
+    std::vector<std::weak_ptr<TableRow>> shown_;
+};
+
+} // namespace wardlock::shell

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "platform/ui/NSIndexPath.h"
+#include "platform/ui/UIImage.h"
+#include "platform/ui/UISwitch.h"
+#include "platform/ui/UITableView.h"
+#include "shell/screen/Door.h"
+
+#include <memory>
+#include <string>
+
+namespace wardlock::shell {
+
+/// A row of a table that somebody shows: holds its cell and gives it back to the table at its end.
+class TableRow {
+public:
+    TableRow(std::shared_ptr<platform::UITableView> table, platform::NSIndexPath path,
+             std::shared_ptr<platform::UITableViewCell> cell)
+        : table_(std::move(table)), path_(path), cell_(std::move(cell)) {}
+    ~TableRow() { table_->giveBack(cell_); }
+    TableRow(const TableRow&) = delete;
+    TableRow& operator=(const TableRow&) = delete;
+
+    platform::NSIndexPath path() const { return path_; }
+    const std::string& title() const { return cell_->textLabel().text(); }
+    /// Empty while its label is hidden.
+    std::string detail() const;
+    /// What the detail label holds, to be seen or not: what the row is addressed by.
+    const std::string& key() const { return cell_->detailTextLabel().text(); }
+    const std::shared_ptr<platform::UIImage>& icon() const { return cell_->image(); }
+    /// The row's switch; null where it has none.
+    std::shared_ptr<platform::UISwitch> switchControl() const;
+    bool isOn() const;
+    bool isCell(const platform::UIView& view) const { return cell_.get() == &view; }
+
+private:
+    std::shared_ptr<platform::UITableView> table_;
+    platform::NSIndexPath path_;
+    std::shared_ptr<platform::UITableViewCell> cell_;
+};
+
+} // namespace wardlock::shell

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/base/Export.h"
+
+#include <cstdint>
+
+namespace wardlock {
+
+/// The position in "kAccounts" of the account being edited: the row tapped last on the root page, 0 whenever
+/// that page is shown. One per process, exported under this plain name; not saved. Main thread only.
+extern "C" WARDLOCK_API std::intptr_t SelectedIndex;
+
+} // namespace wardlock

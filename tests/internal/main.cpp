@@ -1,5 +1,0 @@
-#include "tests/internal/Run.h"
-
-int main(int count, char** words) {
-    return wardlock::tests::runTests(count, words);
-}

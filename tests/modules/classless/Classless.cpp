@@ -1,7 +1,0 @@
-#include "platform/foundation/Export.h"
-
-extern "C" WARDLOCK_API int answer();
-
-int answer() {
-    return 42;
-}

@@ -1,0 +1,339 @@
+// Every writer, over a disk in memory whose calls fail, whose power is cut, or whose process is killed.
+
+#include "cli/command/CommandLine.h"
+#include "cli/script/ScriptCommands.h"
+#include "platform/plist/PropertyList.h"
+#include "settings/Constants.h"
+#include "settings/Document.h"
+#include "tests/robustness/faults/WriterCase.h"
+#include "tests/support/SettingsApplicationFixture.h"
+#include "tests/support/doubles/FaultyFileSystem.h"
+#include "tests/support/doubles/MemoryFileSystem.h"
+
+#include <algorithm>
+#include <functional>
+#include <iostream>
+#include <memory>
+#include <nlohmann/json.hpp>
+
+namespace wardlock::test {
+namespace {
+
+using platform::FileKind;
+using platform::FileStatus;
+using platform::FileSystem;
+
+constexpr std::uint32_t parent = 1000;
+constexpr std::uint32_t family = 1001;
+constexpr const char* ending = ".wardlock-new";
+
+/// The disk with the document on it, and the one process that writes. The document is a symbolic link to
+/// another user's file in another folder, and a process that was killed has left its temporary beside it.
+struct Stage {
+    Stage(const WriterCase& given, const std::string& path) : document(path), file(path) {
+        const std::string folder = platform::folderOf(path);
+        disk.addFolder(folder);
+        if (given.before == Before::Linked) {
+            file = "/shared/document.plist";
+            disk.addFolder("/shared");
+            disk.addFile(file, given.documentBefore, 0640, parent, family);
+            disk.addFile("/shared/.document.plist.0123456789abcdef.wardlock-new", "left");
+            disk.addLink(path, file);
+        } else if (given.before == Before::Damaged) {
+            disk.addFile(path, given.documentBefore, 0640, parent, family);
+        }
+    }
+
+    std::string document;
+    std::string file; ///< what the document's path leads to
+    MemoryFileSystem disk;
+    FaultyFileSystem files{disk};
+    /// What a power cut during each announcement could have left of the document.
+    std::vector<std::set<std::optional<std::string>>> announced;
+};
+
+class DiskFaults : public SettingsApplicationFixture, public ::testing::WithParamInterface<WriterCase> {
+protected:
+    DiskFaults() { writeFile(applicationInfoPath, applicationInfo()); }
+    ~DiskFaults() override {
+        FileSystem::setCurrent(nullptr);
+        // It takes leave of the application.
+        script_.reset();
+        quit();
+        std::cout << points << (HasFailure() ? " points tried\n" : " points survived\n");
+        RecordProperty("points", static_cast<int>(points));
+    }
+
+    const Writer& writer() const { return GetParam().writer; }
+
+    void say(const std::string& line) {
+        const auto answer = script_->run(nlohmann::json::parse(line));
+        EXPECT_FALSE(answer.contains("error")) << line << ": " << answer;
+    }
+
+    /// A new process, led up to the act over the real files; then the act over the stage.
+    std::unique_ptr<Stage> perform(const std::function<void(FaultyFileSystem&)>& arrange) {
+        auto stage = std::make_unique<Stage>(GetParam(), onDisk(documentPath));
+        arrange(stage->files);
+        center.onPost = [&stage = *stage] {
+            if (!stage.files.isKilled())
+                stage.announced.push_back(stage.disk.afterPowerCut(stage.file));
+        };
+        if (!writer().isCommand())
+            leadUp();
+        FileSystem::setCurrent(&stage->files);
+        if (writer().isCommand())
+            runCommand(stage->document);
+        else
+            say(writer().act);
+        FileSystem::setCurrent(nullptr);
+        center.onPost = nullptr;
+        return stage;
+    }
+
+    std::size_t callsOfTheAct() {
+        // What a process does the first time only is not done again by those that follow in this one.
+        perform([](FaultyFileSystem&) {});
+        const auto stage = perform([](FaultyFileSystem&) {});
+        EXPECT_EQ(what(stage->disk.contents(stage->file)), "the new document");
+        EXPECT_GE(stage->files.calls(), 10u);
+        functions = stage->files.functions();
+        return stage->files.calls();
+    }
+
+    using Contents = std::optional<std::string>;
+
+    static std::string what(const Contents& bytes) { return GetParam().what(bytes); }
+
+    /// Beside the document, under whichever name was free.
+    static bool keepsTheOldBytes(const MemoryFileSystem& disk, const Stage& stage) {
+        for (const std::string& name : disk.names(platform::folderOf(stage.document)))
+            if (name.find(".plist.damaged") != std::string::npos &&
+                disk.contents(onFolder(stage, name)) == GetParam().documentBefore)
+                return true;
+        return false;
+    }
+    static std::string onFolder(const Stage& stage, const std::string& name) {
+        return platform::folderOf(stage.document) + '/' + name;
+    }
+
+    /// The document is the old or the new one, at its place and with its rights.
+    void expectWhole(const MemoryFileSystem& disk, const Stage& stage) {
+        const std::string found = what(disk.contents(stage.document));
+        EXPECT_TRUE(found == "the old document" || found == "the new document") << found;
+        if (GetParam().before == Before::Damaged && found == "the new document") {
+            EXPECT_TRUE(keepsTheOldBytes(disk, stage));
+        }
+        expectRights(disk, stage);
+    }
+
+    void expectRights(const MemoryFileSystem& disk, const Stage& stage) {
+        expectPrivate(disk, stage);
+        const bool wasMissing = GetParam().before == Before::Missing;
+        if (GetParam().before == Before::Linked) {
+            EXPECT_EQ(disk.statusOf(stage.document)->kind, FileKind::Link);
+        }
+        const auto status = disk.statusOf(stage.file);
+        if (!status)
+            return;
+        EXPECT_EQ(status->kind, FileKind::Regular);
+        EXPECT_EQ(status->mode, wasMissing ? 0600u : 0640u);
+        EXPECT_EQ(status->owner, wasMissing ? 0u : parent);
+        EXPECT_EQ(status->group, wasMissing ? 0u : family);
+    }
+
+    /// Nobody reads the document in its temporary who may not read it in its place.
+    static void expectPrivate(const MemoryFileSystem& disk, const Stage& stage) {
+        for (const std::string& folder : {platform::folderOf(stage.document), platform::folderOf(stage.file)})
+            for (const std::string& name : disk.names(folder)) {
+                if (!name.ends_with(ending))
+                    continue;
+                const FileStatus left = *disk.statusOf(folder + '/' + name);
+                const bool asTheDocument = left.mode == 0640 && left.owner == parent && left.group == family;
+                EXPECT_TRUE(left.mode == 0600 || asTheDocument) << std::oct << left.mode << ' ' << name;
+            }
+    }
+
+    static bool hasTemporary(const MemoryFileSystem& disk, const Stage& stage) {
+        for (const std::string& folder : {platform::folderOf(stage.document), platform::folderOf(stage.file)})
+            for (const std::string& name : disk.names(folder))
+                if (name.ends_with(ending))
+                    return true;
+        return false;
+    }
+
+    /// Another process writes: it can, keeps what is there, and leaves nothing lying about.
+    void expectNextWriteWorks(MemoryFileSystem& disk, const Stage& stage) {
+        FileSystem::setCurrent(&disk);
+        expectNextChangeKeepsTheRest();
+        FileSystem::setCurrent(nullptr);
+        EXPECT_FALSE(hasTemporary(disk, stage));
+        EXPECT_EQ(disk.openHandles(), 0u);
+        expectRights(disk, stage);
+    }
+
+    /// Announced is only what no power cut takes back any more.
+    void expectAnnouncedOnlyWhatStands(const Stage& stage) {
+        for (const auto& possible : stage.announced)
+            for (const Contents& bytes : possible)
+                EXPECT_EQ(what(bytes), "the new document");
+    }
+
+    /// What every disk has to be after faults that a process lived through.
+    void expectSurvived(Stage& stage, bool goesOn = false) {
+        ++points;
+        expectWhole(stage.disk, stage);
+        for (const auto& possible : stage.announced)
+            EXPECT_TRUE(possible.contains(stage.disk.contents(stage.file)))
+                << "written after its announcement";
+        EXPECT_EQ(stage.disk.openHandles(), 0u);
+        EXPECT_LE(stage.announced.size(), 1u);
+        if (goesOn)
+            expectTheProcessGoesOn(stage);
+        expectNextWriteWorks(stage.disk, stage);
+    }
+    void expectAnnounced(const Stage& stage) {
+        EXPECT_EQ(stage.announced.size(), writer().isCommand() ? 0u : 1u);
+    }
+
+    /// The same process goes on, over the disk as it is now without faults.
+    void expectTheProcessGoesOn(Stage& stage) {
+        if (writer().isCommand())
+            return;
+        stage.disk.forgetCalls();
+        FileSystem::setCurrent(&stage.disk);
+        for (const std::string& line : writer().again)
+            say(line);
+        FileSystem::setCurrent(nullptr);
+        EXPECT_EQ(stage.disk.calls().back(), "syncFolder " + platform::folderOf(stage.file));
+        EXPECT_FALSE(hasTemporary(stage.disk, stage));
+        expectRights(stage.disk, stage);
+    }
+
+    std::size_t points = 0;
+    std::vector<std::string> functions;
+
+private:
+    void leadUp() {
+        script_.reset();
+        loop_.reset();
+        quit();
+        start();
+        if (GetParam().before == Before::Missing)
+            removeFile(documentPath);
+        else
+            writeFile(documentPath, GetParam().documentBefore);
+        loop_.emplace(settings(), nullptr);
+        script_.emplace(settings(), clock, *loop_);
+        for (const std::string& line : writer().opening)
+            say(line);
+    }
+
+    static void runCommand(const std::string& path) {
+        const std::vector<std::string> arguments = plistSetArguments(path);
+        // What it says of the faults is no matter here.
+        ::testing::internal::CaptureStderr();
+        cli::runCommandLine(std::vector<std::string_view>(arguments.begin(), arguments.end()));
+        ::testing::internal::GetCapturedStderr();
+    }
+
+    std::optional<cli::SettingsLoop> loop_;
+    std::optional<cli::ScriptCommands> script_;
+};
+
+TEST_P(DiskFaults, AKilledProcessLeavesTheOldOrTheNewDocument) {
+    const std::size_t count = callsOfTheAct();
+    std::size_t leftBehind = 0;
+    for (std::size_t number = 1; number <= count + 1; ++number) {
+        SCOPED_TRACE("killed at call " + std::to_string(number));
+        const auto stage = perform([number](FaultyFileSystem& files) { files.killFrom(number); });
+        stage->disk.endProcess();
+        ++points;
+        expectWhole(stage->disk, *stage);
+        expectAnnouncedOnlyWhatStands(*stage);
+        leftBehind += hasTemporary(stage->disk, *stage);
+        expectNextWriteWorks(stage->disk, *stage);
+    }
+    EXPECT_GT(leftBehind, 0u) << "no kill left a temporary: the clearing was not tried";
+}
+
+TEST_P(DiskFaults, APowerCutLeavesTheOldOrTheNewDocument) {
+    const std::size_t count = callsOfTheAct();
+    for (std::size_t number = 1; number <= count + 1; ++number) {
+        const auto stage = perform([number](FaultyFileSystem& files) { files.killFrom(number); });
+        const auto disks = stage->disk.disksAfterPowerCut();
+        for (std::size_t way = 0; way < disks.size(); ++way) {
+            SCOPED_TRACE("power cut before call " + std::to_string(number) + ", way " + std::to_string(way));
+            ++points;
+            expectWhole(*disks[way], *stage);
+            if (!stage->announced.empty()) {
+                EXPECT_EQ(what(disks[way]->contents(stage->document)), "the new document");
+            }
+            expectNextWriteWorks(*disks[way], *stage);
+        }
+    }
+}
+
+TEST_P(DiskFaults, AnErrorOnceLeavesTheOldOrTheNewDocumentAndAProcessThatGoesOn) {
+    const std::size_t count = callsOfTheAct();
+    for (const std::errc error : {std::errc::io_error, std::errc::no_space_on_device})
+        for (std::size_t number = 1; number <= count; ++number) {
+            if (error == std::errc::no_space_on_device && !FaultyFileSystem::needsRoom(functions[number - 1]))
+                continue;
+            SCOPED_TRACE(std::make_error_code(error).message() + " at call " + std::to_string(number) + ' ' +
+                         functions[number - 1]);
+            const auto stage =
+                perform([number, error](FaultyFileSystem& files) { files.failCall(number, error); });
+            expectAnnounced(*stage);
+            expectSurvived(*stage, true);
+        }
+}
+
+TEST_P(DiskFaults, ErrorsFromAnyCallOnLeaveTheOldOrTheNewDocument) {
+    const std::size_t count = callsOfTheAct();
+    for (std::size_t number = 1; number <= count; ++number) {
+        SCOPED_TRACE("I/O errors from call " + std::to_string(number) + ' ' + functions[number - 1]);
+        const auto stage =
+            perform([number](FaultyFileSystem& files) { files.failFrom(number, std::errc::io_error); });
+        expectSurvived(*stage);
+    }
+}
+
+TEST_P(DiskFaults, ADiskFullFromAnyCallOnLeavesTheOldOrTheNewDocumentAndNoTemporary) {
+    const std::size_t count = callsOfTheAct();
+    for (std::size_t number = 1; number <= count; ++number) {
+        SCOPED_TRACE("disk full from call " + std::to_string(number) + ' ' + functions[number - 1]);
+        const auto stage = perform([number](FaultyFileSystem& files) { files.fillDiskFrom(number); });
+        expectAnnounced(*stage);
+        EXPECT_FALSE(hasTemporary(stage->disk, *stage));
+        expectSurvived(*stage, true);
+    }
+}
+
+TEST_P(DiskFaults, AnInterruptionOrAShortWriteChangesNothing) {
+    const std::size_t count = callsOfTheAct();
+    const auto expectUnchanged = [this](const std::function<void(FaultyFileSystem&)>& arrange) {
+        const auto stage = perform(arrange);
+        EXPECT_EQ(what(stage->disk.contents(stage->document)), "the new document");
+        EXPECT_FALSE(hasTemporary(stage->disk, *stage));
+        expectAnnounced(*stage);
+        expectAnnouncedOnlyWhatStands(*stage);
+        expectSurvived(*stage);
+    };
+    for (std::size_t number = 1; number <= count; ++number) {
+        SCOPED_TRACE("from call " + std::to_string(number) + ' ' + functions[number - 1]);
+        if (functions[number - 1] != "close")
+            expectUnchanged([number](auto& files) { files.failCall(number, std::errc::interrupted); });
+        expectUnchanged([number](auto& files) { files.interruptCallsFrom(number); });
+        if (functions[number - 1] != "write")
+            continue;
+        expectUnchanged([number](auto& files) { files.limitWrite(number, 7); });
+        expectUnchanged([number](auto& files) { files.limitWritesFrom(number, 100); });
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, DiskFaults, ::testing::ValuesIn(writerCases()),
+                         [](const auto& info) { return info.param.name(); });
+
+} // namespace
+} // namespace wardlock::test

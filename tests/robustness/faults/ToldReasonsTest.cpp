@@ -1,0 +1,70 @@
+// A command that cannot store what it was told to: it says so in one line, with the reason the system gave.
+
+#include "tests/robustness/faults/Journal.h"
+#include "tests/support/DeviceRootFixture.h"
+#include "tests/support/Places.h"
+#include "tests/support/Process.h"
+
+#include <cerrno>
+#include <cstdlib>
+
+namespace wardlock::test {
+namespace {
+
+constexpr const char* list = "/lists/a.plist";
+
+class ToldReasons : public DeviceRootFixture {
+protected:
+    ToldReasons() {
+        writeFile(list, "<plist><dict/></plist>");
+        setup_.environment["LD_PRELOAD"] = testModulesFolder() + "/faults-shim.so";
+        setup_.environment["WARDLOCK_FAULTS_BELOW"] = onDisk("/lists");
+        setup_.environment["WARDLOCK_FAULTS_PLAN"] = onDisk("/plan");
+        setup_.environment["WARDLOCK_FAULTS_JOURNAL"] = journal();
+        // The sanitizer's library wants to be the first; the shim leads to it.
+        const char* options = std::getenv("ASAN_OPTIONS");
+        setup_.environment["ASAN_OPTIONS"] =
+            (options ? options + std::string(":") : "") + "verify_asan_link_order=0";
+    }
+
+    std::string journal() const { return onDisk("/journal"); }
+    ProcessResult set(const std::string& plan) const {
+        writeFile("/plan", plan);
+        return runProcess(programFolder() + "/wardlock",
+                          {"plist", "set", onDisk(list), "kEnabled", "bool", "true"}, setup_);
+    }
+    std::string told(const std::string& reason) const {
+        return "wardlock plist set: " + onDisk(list) + ": it could not be written: " + reason + "\n";
+    }
+
+private:
+    ProcessSetup setup_;
+};
+
+TEST_F(ToldReasons, AreThoseOfAFullDisk) {
+    const ProcessResult result = set("fill 1-");
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.errors, told("No space left on device"));
+    EXPECT_EQ(readFile(list), "<plist><dict/></plist>");
+}
+
+TEST_F(ToldReasons, AreThoseOfEveryCallThatTheWriteNeeds) {
+    ASSERT_EQ(set("record").exitCode, 0);
+    std::size_t refused = 0;
+    const Journal calls = Journal::read(journal());
+    for (const JournalEntry& call : calls.entries()) {
+        if (!call.changes())
+            continue;
+        writeFile(list, "<plist><dict/></plist>");
+        const ProcessResult result = set("fail " + std::to_string(call.number) + " " + std::to_string(EROFS));
+        // The folder's own sync comes when the new list stands already; that it is not safe is told all the
+        // same.
+        EXPECT_EQ(result.exitCode, 1) << call.function;
+        EXPECT_EQ(result.errors, told("Read-only file system")) << call.function;
+        ++refused;
+    }
+    EXPECT_GE(refused, 4U) << "a file is made, written, synced and renamed";
+}
+
+} // namespace
+} // namespace wardlock::test

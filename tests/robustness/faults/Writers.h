@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/values/Value.h"
+
+#include <string>
+#include <vector>
+
+namespace wardlock::test {
+
+/// One of those that write the preferences document, as a script (docs/automation.md): what leads up to the
+/// write, the one act that writes, and what makes another write afterwards.
+///
+/// `plist set` is no page: it has no lines, and `plistSetArguments` instead.
+struct Writer {
+    std::string name;
+    std::vector<std::string> opening;
+    std::string act;
+    std::vector<std::string> again;
+    /// What the act does to the document.
+    void (*change)(platform::MutableDictionary& document);
+
+    bool isCommand() const { return act.empty(); }
+    std::string documentAfter() const;
+};
+
+/// All of them.
+const std::vector<Writer>& writers();
+
+/// The words of the command that sets a key of the property list at the path.
+std::vector<std::string> plistSetArguments(const std::string& path);
+
+/// A document with two accounts, and with what other programs may have put beside our keys: what a writer has
+/// to carry over.
+std::string documentBefore();
+
+/// The Info.plist of the one installed application, and its device path.
+std::string applicationInfo();
+inline constexpr const char* applicationInfoPath = "/Applications/Chess.app/Info.plist";
+
+} // namespace wardlock::test

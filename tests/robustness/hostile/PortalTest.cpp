@@ -1,0 +1,99 @@
+// A program on the bus that has taken the desktop portal's name, and lies or does not answer.
+
+#include "platform/runtime/MainLoop.h"
+#include "platform/services/DesktopLook.h"
+#include "platform/services/SystemMailService.h"
+#include "tests/support/BusFixture.h"
+#include "tests/support/Patience.h"
+#include "tests/support/Places.h"
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+
+namespace wardlock::test {
+namespace {
+
+namespace fs = std::filesystem;
+using platform::DesktopLook;
+using platform::MailOutcome;
+
+/// No mail program, but an outbox: the next way after the portal.
+class Portal : public BusFixture {
+protected:
+    Portal() {
+        environment.set("PATH", "/nonexistent");
+        for (const char* variable : {"DISPLAY", "WAYLAND_DISPLAY"})
+            environment.unset(variable);
+        makeFolder(platform::mailOutboxPath);
+    }
+
+    void startPortal(const std::string& lie) {
+        // The name is another's until the one before has gone.
+        portal_.reset();
+        portal_ =
+            std::make_unique<Process>(programFolder() + "/test-lying-portal", std::vector<std::string>{lie});
+        EXPECT_EQ(portal_->readLine(), "ready");
+    }
+    /// Where the mail has gone at last.
+    static MailOutcome::Kind sent() {
+        std::optional<MailOutcome> outcome;
+        const platform::MailMessage message{
+            {"support@example.org"}, "Help", "text", false, {{"a log", "text/plain", "log"}}};
+        platform::systemMailService().send(message, [&](const MailOutcome& result) { outcome = result; });
+        EXPECT_TRUE(platform::MainLoop::shared().runUntil([&] { return outcome.has_value(); }, patience));
+        return outcome.value_or(MailOutcome()).kind;
+    }
+    std::size_t mails() const {
+        return static_cast<std::size_t>(std::distance(
+            fs::directory_iterator(onDisk(platform::mailOutboxPath)), fs::directory_iterator()));
+    }
+
+private:
+    std::unique_ptr<Process> portal_;
+};
+
+TEST_F(Portal, WhoseVersionIsATextIsNoPortal) {
+    startPortal("version");
+    EXPECT_EQ(sent(), MailOutcome::Kind::SavedToOutbox);
+    EXPECT_EQ(mails(), 1U);
+}
+
+TEST_F(Portal, WhoseResponseIsATextHasNotTakenTheMail) {
+    startPortal("response");
+    EXPECT_EQ(sent(), MailOutcome::Kind::SavedToOutbox);
+    EXPECT_EQ(mails(), 1U);
+}
+
+TEST_F(Portal, ThatEndsBeforeItsResponseHasNotTakenTheMail) {
+    startPortal("end");
+    EXPECT_EQ(sent(), MailOutcome::Kind::SavedToOutbox);
+    EXPECT_EQ(mails(), 1U);
+}
+
+TEST_F(Portal, ThatNeverAnswersLeavesEverythingElseAtWork) {
+    startPortal("silence");
+    bool answered = false;
+    const platform::MailMessage message{{"support@example.org"}, "Help", "text", false, {}};
+    platform::systemMailService().send(message, [&](const MailOutcome&) { answered = true; });
+    // The main thread goes on: with a listener that hears of a change, and with a look that nobody tells.
+    int changes = 0;
+    const auto watch = platform::watchDesktopLook([&] { ++changes; });
+    EXPECT_FALSE(watch->waitForAnswer(std::chrono::milliseconds(1)));
+    EXPECT_EQ(watch->look(), DesktopLook());
+    EXPECT_EQ(runProcess(programFolder() + "/wardlock", {"status"}).exitCode, 0);
+    EXPECT_FALSE(answered);
+    EXPECT_EQ(changes, 0);
+}
+
+TEST_F(Portal, ThatTellsTheLookInAnotherFormTellsNone) {
+    for (const char* lie : {"look", "nonsense"}) {
+        startPortal(lie);
+        const auto watch = platform::watchDesktopLook([] { ADD_FAILURE() << "a look was taken from it"; });
+        EXPECT_TRUE(watch->waitForAnswer(patience)) << lie;
+        EXPECT_EQ(watch->look(), DesktopLook()) << lie;
+    }
+}
+
+} // namespace
+} // namespace wardlock::test

@@ -1,0 +1,594 @@
+"""The mutants: ways to break the product of which a proof has to find each.
+
+A mutant is a few replacements of text in the sources; the old text has to stand in its file exactly once, so that a mutant
+whose place has changed is noticed. `proofs` names those that have to fail, each by itself; see proof_named in run.
+"""
+from dataclasses import dataclass, field
+
+WRITER = "platform/files/AtomicWriter.cpp"
+FILE = "platform/plist/DocumentFile.cpp"
+SYSTEM = "platform/files/FileSystem.cpp"
+REAL_FILES = "linux/posix/PosixFileSystem.cpp"
+ROOT = "root/SettingsListController.cpp"
+PASSCODE = "root/PasscodeWorkflow.cpp"
+OVERLAY = "passcode/PasscodeView.cpp"
+ACCOUNT = "account/AccountValues.cpp"
+PICKER = "apps/AppsListView.cpp"
+HELPER = "specifiers/PreferenceHelper.cpp"
+ICONS = "specifiers/PreferenceHelperAdditions.cpp"
+SETTINGS = "settings/Settings.cpp"
+
+
+def both(fault):
+    """The fault over a disk in memory, and upon processes over the real one."""
+    return (f"memory.{fault}", f"processes.{fault}")
+
+
+
+@dataclass
+class Mutant:
+    name: str
+    tells: str
+    proofs: tuple
+    edits: list = field(default_factory=list)
+
+
+ALL = [
+    # The order of a write, and what of it is on the disk.
+    Mutant("write-in-place", "the document itself is opened and overwritten", ("processes.killed", "processes.power-cut", "soak"), [
+        (WRITER, "path = inFolder(folderOf(target.path), temporaryName(target.path));", "path = target.path;"),
+        (REAL_FILES, "O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, mode", "O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, mode"),
+        (WRITER, "std::string temporaryName(", "[[maybe_unused]] std::string temporaryName("),
+    ]),
+    Mutant("no-file-sync", "the new file gets its name before its bytes are on the disk", both("power-cut"), [
+        (WRITER, "return sync == Sync::None ? std::error_code() : uninterrupted([&] { return files_.sync(file, sync); });",
+         "static_cast<void>(sync);\n    return {};"),
+    ]),
+    Mutant("no-folder-sync", "nobody waits until the new name is on the disk", both("power-cut"), [
+        (WRITER, "if (!error && sync == Sync::Full)\n        error", "if (!error && sync == Sync::Full && bytes.empty())\n        error"),
+    ]),
+    Mutant("wrong-folder-synced", "the folder of the link is synced, not that of the file", both("power-cut"), [
+        (WRITER, "return files_.syncFolder(folder);", "return files_.syncFolder(folderOf(path));"),
+    ]),
+    Mutant("sync-before-rename", "the folder is synced before the file has its name", both("power-cut"), [
+        (WRITER, "        error = uninterrupted([&] { return files_.rename(temporary, target.path); });",
+         "        error = uninterrupted([&] { return files_.syncFolder(folderOf(target.path)); });\n"
+         "        if (!error)\n"
+         "            error = uninterrupted([&] { return files_.rename(temporary, target.path); });"),
+        (WRITER, "if (!error && sync == Sync::Full)\n        error", "if (!error && sync == Sync::Full && bytes.empty())\n        error"),
+    ]),
+    # What is written.
+    Mutant("byte-dropped", "the last byte is not written", both("killed") + ("soak",), [
+        (WRITER, "writeAll(files_, file, bytes)", "writeAll(files_, file, bytes.substr(0, bytes.size() - 1))"),
+    ]),
+    Mutant("short-write-is-enough", "what a short write has left is not written", both("interrupted"), [
+        (SYSTEM, "bytes.remove_prefix(written);", "bytes = {};"),
+    ]),
+    Mutant("interrupted-write-is-an-error", "an interrupted write is not repeated", both("interrupted"), [
+        (SYSTEM, "uninterrupted([&] { return files.write(file, bytes, written); })", "files.write(file, bytes, written)"),
+    ]),
+    # Rights and links.
+    Mutant("loose-temporary", "the temporary can be read by everybody", both("killed"), [
+        (WRITER, "return files_.create(path, privateMode, file);", "return files_.create(path, 0644, file);"),
+    ]),
+    Mutant("mode-forgotten", "the new file does not get the mode of the old one", both("killed"), [
+        (WRITER, "if (mode == created.mode)\n", "if (mode != 0)\n"),
+    ]),
+    Mutant("owner-forgotten", "the new file does not get the owner of the old one", ("memory.killed",), [
+        (WRITER, "if (created.owner == old.owner && created.group == old.group)\n        return {};", "if (created.links != 0 && old.links != 0)\n        return {};"),
+    ]),
+    Mutant("mode-before-owner", "for a moment the old mode lets in the wrong group", ("memory.killed",), [
+        (WRITER, "    unsigned mode = privateMode;\n    if (target.old)\n",
+         "    unsigned mode = privateMode;\n    if (target.old)\n        files_.setMode(file, target.old->mode);\n    if (target.old)\n"),
+    ]),
+    Mutant("link-replaced", "the symbolic link is replaced, and not the file", both("killed"), [
+        (WRITER, "followLinks(files_, target.path, status);", "files_.status(target.path, Links::Follow, status);"),
+    ]),
+    # Errors.
+    Mutant("rename-error-swallowed", "a failed rename counts as a success", ("processes.error-once/PropertyListSet",), [
+        (WRITER, "return files_.rename(temporary, target.path); });\n        if (error == std::errc::no_such_file_or_directory)\n            error = takenForStale();",
+         "return files_.rename(temporary, target.path); });\n        if (error) {\n            files_.remove(temporary);\n            error = {};\n        }"),
+    ]),
+    Mutant("temporary-left", "a write that fails leaves its temporary", both("disk-full"), [
+        (WRITER, "    if (error)\n        uninterrupted([&] { return files_.remove(temporary); });\n    return error;", "    return error;"),
+    ]),
+    Mutant("leftovers-not-cleared", "what killed processes have left stays", both("killed"), [
+        (WRITER, "    removeStale(folder);\n", ""),
+        (WRITER, "void AtomicWriter::removeStale(", "[[maybe_unused]] void AtomicWriter::removeStale("),
+    ]),
+    Mutant("one-read-error-is-the-end", "a read that fails once makes the document unreadable", ("memory.error-once",), [
+        (FILE, "if (error && error != std::errc::no_such_file_or_directory)\n        error = read();", "static_cast<void>(read);"),
+    ]),
+    Mutant("damaged-not-kept", "the bytes of a damaged document are not kept", both("killed"), [
+        (FILE, "    if (std::error_code error = keepOld(sync))\n        return error;\n", ""),
+    ]),
+    Mutant("damaged-not-synced", "the kept bytes are not on the disk when the document is replaced", both("power-cut"), [
+        (FILE, "return copyAside(sync);", "return copyAside(sync == Sync::Full ? Sync::None : sync);"),
+    ]),
+    Mutant("live-temporary-removed", "a temporary that is being written counts as a leftover", ("tests.files/AtomicWriter",), [
+        (WRITER, "        if (!uninterrupted([&] { return files_.lock(file); }))\n            uninterrupted", "        uninterrupted([&] { return files_.lock(file); });\n            uninterrupted"),
+    ]),
+    Mutant("short-read-is-enough", "what a short read has left is not read", ("processes.interrupted",), [
+        (REAL_FILES, "        if (length == read.size())\n            read.resize(read.size() * 2);", "        break;"),
+    ]),
+    Mutant("reason-of-a-failure-lost", "plist set does not say why it could not store", ("tests.faults/ToldReasons",), [
+        ("cli/command/PropertyListSetCommand.cpp", " + error.message());", ");"),
+    ]),
+    # The pages.
+    Mutant("passcode-by-its-beginning", "a passcode that begins as the right one is taken for it", ("tests.root/PasscodeWorkflow",), [
+        ("root/PasscodeWorkflow.cpp", "    if (currentPasscode() == passcode) {", "    if (currentPasscode() && currentPasscode()->substr(0, 2) == passcode.substr(0, 2)) {"),
+    ]),
+    Mutant("two-accounts-enabled", "enabling an account leaves the one enabled before as it is", ("tests.account/EnablingAnAccount",), [
+        ("account/AccountValues.cpp", "        disabled.set(kAccountEnabled, Value(false));\n", ""),
+    ]),
+    Mutant("deleted-account-left", "of a deleted account the record stays at the list's end", both("killed/AccountDeletion"), [
+        ("account/AccountValues.cpp", "    accounts.remove(selected());\n    const auto defaults",
+         "    const Value left = accounts.at(selected());\n    accounts.remove(selected());\n    accounts.insert(accounts.size(), left);\n    const auto defaults"),
+    ]),
+    Mutant("wrong-account-restricted", "the picker writes into the first account", ("tests.apps/AppsListSaving",), [
+        ("apps/AppsListView.cpp", "        const auto index = static_cast<std::size_t>(SelectedIndex);", "        const std::size_t index = 0;"),
+    ]),
+    Mutant("enabled-account-cached", "a change of the document leaves the enabled account as it was read first", ("tests.settings/SettingsUpdateTest",), [
+        ("settings/Settings.cpp", "    EnabledAccount = EnabledAccountNew();", "    EnabledAccountFetchIfNecessary();"),
+    ]),
+    # What only one sentence of the behaviour forbids: the passcode.
+    Mutant("overlay-goes-first", "the overlay begins to go before the passcode is saved", ("tests.root/PasscodeWorkflow",), [
+        (PASSCODE, "        savePasscode(passcode);\n        view.destroyPasscodeWithCompletion({});",
+         "        view.destroyPasscodeWithCompletion({});\n        savePasscode(passcode);"),
+    ]),
+    Mutant("overlay-vanishes", "the fourth wrong entry removes the overlay at once", ("tests.root/PasscodeWorkflow",), [
+        (PASSCODE, "        failedCount_ = 0;\n        cancelPasscodeView(view);",
+         "        failedCount_ = 0;\n        cancelPasscodeView(view);\n        view.removeFromSuperview();"),
+    ]),
+    Mutant("overlay-cancels-itself", "the overlay takes itself down when cancelled", ("tests.passcode/Overlay",), [
+        (OVERLAY, "    if (const auto block = passcodeCancelledBlock_)\n        block(*this);\n",
+         "    if (const auto block = passcodeCancelledBlock_)\n        block(*this);\n    destroyPasscode();\n"),
+    ]),
+    Mutant("equal-passcode-not-stored", "entering the same passcode again writes nothing", ("tests.root/PasscodeWorkflow",), [
+        (PASSCODE, "        entries.set(kPasscode, platform::Value(passcode));\n        return true;",
+         "        const bool changed = platform::stringValue(entries.find(kPasscode)) != passcode;\n"
+         "        entries.set(kPasscode, platform::Value(passcode));\n        return changed;"),
+    ]),
+    # The account page and its picker.
+    Mutant("own-write-reloads", "the account page is reloaded after each of its writes", ("tests.account/AccountValues",), [
+        (ACCOUNT, "        postChange(BundleIdentifier, PostName, key, *value);\n}",
+         "        postChange(BundleIdentifier, PostName, key, *value);\n    reloadSpecifiers();\n}"),
+    ]),
+    Mutant("deletion-resets-index", "the deletion itself resets the selected index", ("tests.account/AccountDeletion",), [
+        (ACCOUNT, "    const auto update = updateDocument(BundleIdentifier, removeAccount);\n",
+         "    const auto update = updateDocument(BundleIdentifier, removeAccount);\n    SelectedIndex = 0;\n"),
+    ]),
+    Mutant("equal-value-not-stored", "an account's value that is equal to the stored one is dropped", ("tests.account/AccountValues",), [
+        (ACCOUNT, "    MutableDictionary changed(*record);\n",
+         "    if (value && record->find(key) && *record->find(key) == *value)\n        return false;\n"
+         "    MutableDictionary changed(*record);\n"),
+    ]),
+    Mutant("trailing-blanks-dropped", "an account's new name loses the blanks at its end", ("tests.account/AccountValues", "tests.bundle/InSettings"), [
+        (ACCOUNT, "        value = &blank;\n",
+         "        value = &blank;\n    Value shorter(false);\n"
+         "    if (const auto name = platform::stringValue(value); name && key == kAccountName) {\n"
+         "        shorter = Value(name->substr(0, name->find_last_not_of(' ') + 1));\n        value = &shorter;\n    }\n"),
+    ]),
+    Mutant("blanks-of-new-name-dropped", "a new account's name loses the blanks at its end", ("tests.root/AccountCreation", "tests.bundle/InSettings"), [
+        ("root/AccountCreation.cpp", "    record.set(kAccountName, platform::Value(name));",
+         "    record.set(kAccountName, platform::Value(name.substr(0, name.find_last_not_of(' ') + 1)));"),
+    ]),
+    Mutant("equal-list-not-stored", "the picker drops a list that is equal to the stored one", ("tests.apps/AppsListSaving",), [
+        (PICKER, "        SelectedAccount = account.copy();\n",
+         "        if (account.copy() == *record)\n            return false;\n        SelectedAccount = account.copy();\n"),
+    ]),
+    Mutant("title-kept-in-reuse", "a reused cell keeps its title where the application has no name", ("tests.apps/AppsListTable",), [
+        (PICKER, "    cell->textLabel().setText(platform::stringValue(applications_.find(identifier)).value_or(\"\"));",
+         "    if (const auto name = platform::stringValue(applications_.find(identifier)))\n        cell->textLabel().setText(*name);"),
+    ]),
+    Mutant("picker-formats-path-late", "the picker formats the document's path at each use", ("tests.bundle/Module",), [
+        (PICKER, "const std::string PreferencesPath = documentPath(BundleIdentifier);",
+         "#define PreferencesPath documentPath(BundleIdentifier)"),
+    ]),
+    # The first page, its mail and its rows.
+    Mutant("root-formats-path-late", "the first page formats the document's path at each use", ("tests.bundle/Module",), [
+        ("root/DocumentSnapshot.cpp", "const std::string pathOfDocument = documentPath(BundleIdentifier);",
+         "#define pathOfDocument documentPath(BundleIdentifier)"),
+    ]),
+    Mutant("own-composer-dismissed", "the page dismisses its own composer, whichever has finished", ("tests.root/SupportContact",), [
+        ("root/SupportContact.cpp", "    controller.dismissViewControllerAnimated(true);",
+         "    static_cast<void>(controller);\n    dismissViewControllerAnimated(true);"),
+    ]),
+    Mutant("composer-presented-first", "the composer is presented before it is filled in", ("tests.root/SupportContact",), [
+        ("root/SupportContact.cpp", "    composer->setMailComposeDelegate(self(this));",
+         "    presentViewController(composer, true);\n    composer->setMailComposeDelegate(self(this));"),
+    ]),
+    Mutant("composer-presented-without-logs", "the composer is presented before the logs are attached", ("tests.root/SupportContact",), [
+        ("root/SupportContact.cpp", "    attach(*composer, stringWithFormat(LogPathFormat, BundleIdentifier), \"log\");",
+         "    presentViewController(composer, true);\n    attach(*composer, stringWithFormat(LogPathFormat, BundleIdentifier), \"log\");"),
+    ]),
+    Mutant("equal-switch-not-stored", "a row's value that is equal to the stored one is not written", ("tests.specifiers/ValueBinding",), [
+        (HELPER, "        entries.set(key, value);\n        return true;",
+         "        const bool changed = !value || !entries.find(key) || *entries.find(key) != *value;\n"
+         "        entries.set(key, value);\n        return changed;"),
+    ]),
+    Mutant("icon-of-target", "an added icon is sought in the bundle of the row's target", ("tests.specifiers/Icons",), [
+        (ICONS, "platform::NSBundle::bundleForClass(typeid(PreferenceHelper)).get(), fileName);",
+         "specifier->target() ? platform::NSBundle::bundleForObject(*specifier->target()).get() : nullptr, fileName);"),
+    ]),
+    Mutant("icon-split-at-first-stop", "an icon's name is split at its first full stop", ("tests.specifiers/Icons",), [
+        (ICONS, "    std::string extension = base.extension().string();\n    base.replace_extension();\n",
+         "    const auto stop = fileName.find('.');\n"
+         "    std::string extension(stop == std::string_view::npos ? \"\" : fileName.substr(stop));\n"
+         "    base = std::string(fileName.substr(0, stop));\n"),
+    ]),
+    Mutant("failure-alert-not-created", "a failed load creates no alert", ("tests.info/DeveloperPage",), [
+        ("info/DeveloperView.cpp", "    failureAlert();\n", ""),
+    ]),
+    # The settings library.
+    Mutant("earlier-callback-kept", "a second callback does not replace the first", ("tests.settings/SettingsUpdateTest",), [
+        (SETTINGS, "    UpdateCallback = std::move(callback);", "    if (!UpdateCallback)\n        UpdateCallback = std::move(callback);"),
+    ]),
+    Mutant("callback-not-cleared", "a null callback leaves the earlier one", ("tests.settings/SettingsUpdateTest",), [
+        (SETTINGS, "    UpdateCallback = std::move(callback);", "    if (callback)\n        UpdateCallback = std::move(callback);"),
+    ]),
+    Mutant("post-name-of-the-bundle", "the post name given with a callback is not the one observed", ("tests.settings/SettingsUpdateTest",), [
+        (SETTINGS, "    InitSettingsWithUpdateName(post);", "    static_cast<void>(post);\n    InitSettingsWithUpdateName(PostName);"),
+    ]),
+    Mutant("other-kinds-read-false", "an account's value that is no boolean reads as false", ("tests.settings/EnabledAccountTest",), [
+        ("settings/EnabledAccount.cpp", "    return platform::boolValue(AccountObject(key));",
+         "    const platform::Value* value = AccountObject(key);\n"
+         "    return value && value->kind() == platform::Value::Kind::Boolean && value->boolean();"),
+    ]),
+    Mutant("other-kinds-read-true", "an account's value that is no boolean reads as true", ("tests.settings/EnabledAccountTest",), [
+        ("settings/EnabledAccount.cpp", "    return platform::boolValue(AccountObject(key));",
+         "    const platform::Value* value = AccountObject(key);\n"
+         "    return value && (value->kind() != platform::Value::Kind::Boolean || value->boolean());"),
+    ]),
+    Mutant("log-bound-lower", "a log is looked through up to half its bound only", ("tests.settings/LogTest",), [
+        ("settings/Log.cpp", "std::size_t{16} << 20", "std::size_t{8} << 20"),
+    ]),
+    Mutant("log-bound-higher", "a log is looked through beyond its bound", ("tests.settings/LogTest",), [
+        ("settings/Log.cpp", "std::size_t{16} << 20", "std::size_t{17} << 20"),
+    ]),
+    # The platform.
+    Mutant("null-callback-called", "an observer without a callback is called", ("tests.notifications/DistributedCenterTest",), [
+        ("linux/notifications/DistributedCenter.cpp", "    if (!callback)\n        return;\n", ""),
+    ]),
+    Mutant("descriptors-run-out", "a document that no descriptor is left for counts as unreadable", ("tests.plist/PropertyListFile", r"tests.plist/.*PropertyListFileFault"), [
+        (FILE, "error == std::errc::too_many_files_open ||\n", "error == std::errc::no_buffer_space ||\n"),
+    ]),
+    # The order in which pages and views are set up.
+    Mutant("button-before-snapshot", "the first page sets its button before it reads the document", ("tests.root/RootPage",), [
+        (ROOT, "    readDocumentSnapshot();\n", ""),
+        (ROOT, "    setPrefs(\n", "    readDocumentSnapshot();\n    setPrefs(\n"),
+    ]),
+    Mutant("button-before-observing", "the first page sets its button before it observes the resigning", ("tests.root/RootPage",), [
+        (ROOT, "    observeResigning();\n", ""),
+        (ROOT, "    setPrefs(\n", "    observeResigning();\n    setPrefs(\n"),
+    ]),
+    Mutant("helper-before-button", "the first page creates its helper before its button", ("tests.root/RootPage",), [
+        (ROOT, "    navigationItem().setRightBarButtonItem(",
+         "    setPrefs(PreferenceHelper::initWithBundleIdentifier(std::string(BundleIdentifier), std::string(PostName)));\n"
+         "    navigationItem().setRightBarButtonItem("),
+    ]),
+    Mutant("snapshot-read-by-tap", "a tap on the passcode's row reads the document again", ("tests.root/PasscodeWorkflow",), [
+        (PASSCODE, "    setPasscodeView(PasscodeView::initWithDefaultSize());\n",
+         "    readDocumentSnapshot();\n    setPasscodeView(PasscodeView::initWithDefaultSize());\n"),
+    ]),
+    Mutant("name-alert-presented-first", "the alert for a name is presented before it is complete", ("tests.root/AccountCreation",), [
+        ("root/AccountCreation.cpp", "    alert->addTextFieldWithConfigurationHandler(",
+         "    presentViewController(alert, true);\n    alert->addTextFieldWithConfigurationHandler("),
+    ]),
+    Mutant("deletion-alert-presented-first", "the alert of a deletion is presented before it is complete", ("tests.account/AccountDeletion",), [
+        (ACCOUNT, "    alert->addAction(UIAlertAction::actionWithTitle(\"Cancel\"",
+         "    presentViewController(alert, true);\n    alert->addAction(UIAlertAction::actionWithTitle(\"Cancel\""),
+    ]),
+    Mutant("deletion-leaves-first", "the page of a deleted account is left before the deletion is announced", ("tests.account/AccountDeletion",), [
+        (ACCOUNT, "    if (update.changed)\n        postChange(BundleIdentifier, PostName, kAccounts,",
+         "    if (const auto stack = navigationController())\n        stack->popViewControllerAnimated(true);\n"
+         "    if (update.changed)\n        postChange(BundleIdentifier, PostName, kAccounts,"),
+    ]),
+    Mutant("empty-list-rebuilt", "the account page rebuilds an empty list that it holds", ("tests.account/AccountPage",), [
+        ("account/AppsController.cpp", "    if (!hasSpecifiers())", "    if (PSListController::specifiers().empty())"),
+    ]),
+    Mutant("enabled-in-two-writes", "enabling an account writes twice", ("tests.account/EnablingAnAccount",), [
+        (ACCOUNT, "    const auto update = updateDocument(BundleIdentifier, [&key, value](",
+         "    if (key == kAccountEnabled && platform::boolValue(value))\n"
+         "        updateDocument(BundleIdentifier, [](MutableDictionary& entries) {\n"
+         "            const auto* stored = accountsIn(entries.find(kAccounts));\n"
+         "            MutableArray accounts(stored ? *stored : Array());\n"
+         "            disableFirstEnabled(accounts);\n"
+         "            entries.set(kAccounts, Value(accounts.copy()));\n"
+         "            return stored != nullptr && selected() < accounts.size();\n"
+         "        });\n"
+         "    const auto update = updateDocument(BundleIdentifier, [&key, value]("),
+    ]),
+    Mutant("unwritten-record-forgotten", "the picker keeps its record only when it could be written", ("tests.apps/AppsListSaving",), [
+        (PICKER, "    if (platform::updateFile(PreferencesPath, change).changed)\n",
+         "    const auto before = SelectedAccount;\n    const auto update = platform::updateFile(PreferencesPath, change);\n"
+         "    if (!update.written)\n        SelectedAccount = before;\n    if (update.changed)\n"),
+    ]),
+    Mutant("table-added-first", "the picker's table is added before it has rows and a delegate", ("tests.apps/AppsListTable",), [
+        (PICKER, "    const std::shared_ptr<AppsListView> view = self(this);\n",
+         "    addSubview(tableView_);\n    const std::shared_ptr<AppsListView> view = self(this);\n"),
+    ]),
+    Mutant("model-after-table", "the picker's model is built after its table", ("tests.apps/AppsListTable",), [
+        (PICKER, "    setupArrays();\n    setTableView(", "    setTableView("),
+        (PICKER, "    addSubview(tableView_);\n", "    addSubview(tableView_);\n    setupArrays();\n"),
+    ]),
+    Mutant("blur-added-first", "the overlay's blur is added before it is invisible", ("tests.passcode/Overlay",), [
+        (OVERLAY, "    blurView_->setAlpha(0);\n", "    addSubview(blurView_);\n    blurView_->setAlpha(0);\n"),
+    ]),
+    Mutant("keypad-added-first", "the overlay's keypad is added before it is invisible", ("tests.passcode/Overlay",), [
+        (OVERLAY, "        keypad_->setAlpha(0);\n", "        addSubview(keypad_);\n        keypad_->setAlpha(0);\n"),
+    ]),
+    Mutant("attempts-before-blur", "the overlay's attempts are set before its blur is created", ("tests.passcode/Overlay",), [
+        (OVERLAY, "    createBlurView();\n    setMaxAttempts(AllowedAttempts);\n", "    setMaxAttempts(AllowedAttempts);\n    createBlurView();\n"),
+    ]),
+    Mutant("blur-released-first", "the overlay releases its blur before it is empty", ("tests.passcode/Overlay",), [
+        (OVERLAY, "    for (const auto& view : inside)\n", "    setBlurView(nullptr);\n    for (const auto& view : inside)\n"),
+    ]),
+    Mutant("overlay-not-kept", "an overlay that its delegate lets go of does not live to call its block", ("tests.passcode/Overlay",), [
+        (OVERLAY, "void PasscodeView::cancelPasscode() {\n    const auto alive = shared_from_this();\n", "void PasscodeView::cancelPasscode() {\n"),
+    ]),
+    Mutant("text-view-added-first", "the change log's text is added before it is read-only", ("tests.info/ChangeLogPage",), [
+        ("info/ChangeLog.cpp", "    textView->setEditable(false);\n", "    addSubview(textView);\n    textView->setEditable(false);\n"),
+    ]),
+    Mutant("load-before-delegate", "the listing is asked for before anybody hears of its start", ("tests.info/DeveloperPage",), [
+        ("info/DeveloperView.cpp", "    webView->setDelegate(self(this));\n    webView->loadRequest({Listing});\n",
+         "    webView->loadRequest({Listing});\n    webView->setDelegate(self(this));\n"),
+    ]),
+    Mutant("post-name-alone-clears", "a post name given alone clears the callback", ("tests.settings/SettingsUpdateTest",), [
+        (SETTINGS, "    // Observed first:", "    if (post != PostName)\n        UpdateCallback = nullptr;\n    // Observed first:"),
+    ]),
+    Mutant("apps-title-after-view", "the picker's page sets its title after its view", ("tests.apps/AppsListPage",), [
+        ("apps/AppsListController.cpp", "    navigationItem().setTitle(Title);\n", ""),
+        ("apps/AppsListController.cpp", "(AppsListView::initWithFrame(view()->frame()));\n",
+         "(AppsListView::initWithFrame(view()->frame()));\n    navigationItem().setTitle(Title);\n"),
+    ]),
+    Mutant("apps-superclass-last", "the picker's page calls its superclass last", ("tests.apps/AppsListPage",), [
+        ("apps/AppsListController.cpp", "    PSListController::viewWillAppear(animated);\n", ""),
+        ("apps/AppsListController.cpp", "(AppsListView::initWithFrame(view()->frame()));\n",
+         "(AppsListView::initWithFrame(view()->frame()));\n    PSListController::viewWillAppear(animated);\n"),
+    ]),
+    Mutant("log-title-after-view", "the change log's page sets its title after its view", ("tests.info/ChangeLogPage",), [
+        ("info/ChangeLogController.cpp", "    navigationItem().setTitle(Title);\n", ""),
+        ("info/ChangeLogController.cpp", "(ChangeLog::initWithFrame(view()->frame()));\n",
+         "(ChangeLog::initWithFrame(view()->frame()));\n    navigationItem().setTitle(Title);\n"),
+    ]),
+    Mutant("log-superclass-last", "the change log's page calls its superclass last", ("tests.info/ChangeLogPage",), [
+        ("info/ChangeLogController.cpp", "    PSListController::viewWillAppear(animated);\n", ""),
+        ("info/ChangeLogController.cpp", "(ChangeLog::initWithFrame(view()->frame()));\n",
+         "(ChangeLog::initWithFrame(view()->frame()));\n    PSListController::viewWillAppear(animated);\n"),
+    ]),
+    Mutant("listing-title-after-view", "the listing's page sets its title after its view", ("tests.info/DeveloperPage",), [
+        ("info/DeveloperController.cpp", "    navigationItem().setTitle(Title);\n", ""),
+        ("info/DeveloperController.cpp", "(DeveloperView::initWithFrame(view()->frame()));\n",
+         "(DeveloperView::initWithFrame(view()->frame()));\n    navigationItem().setTitle(Title);\n"),
+    ]),
+    Mutant("listing-superclass-last", "the listing's page calls its superclass last", ("tests.info/DeveloperPage",), [
+        ("info/DeveloperController.cpp", "    PSListController::viewWillAppear(animated);\n", ""),
+        ("info/DeveloperController.cpp", "(DeveloperView::initWithFrame(view()->frame()));\n",
+         "(DeveloperView::initWithFrame(view()->frame()));\n    PSListController::viewWillAppear(animated);\n"),
+    ]),
+    # What others may do.
+    Mutant("link-of-another-followed", "a symbolic link is followed whoever has laid it", ("tests.hostile/PlantedLinks",), [
+        ("linux/posix/OwnLink.cpp", "if (found.st_uid != 0 && found.st_uid != ::geteuid())", "if (found.st_uid == static_cast<uid_t>(-1))"),
+    ]),
+    Mutant("module-of-another-loaded", "a module counts as trusted whoever it belongs to", ("tests.hostile/ModuleTrust",), [
+        ("linux/system/ModuleTrust.cpp", "        if (!users_.include(status.owner))\n            return path + \" belongs to another user\";\n", ""),
+    ]),
+    Mutant("bus-of-another-visited", "the own bus is sought in a folder that others may enter", ("tests.hostile/Bus",), [
+        ("linux/posix/PrivateFolder.cpp", "    return made || (status.st_mode & ALLPERMS) == S_IRWXU;", "    return true;"),
+    ]),
+    Mutant("bus-taken-from-others", "a process that cannot ask who listens removes the own bus's socket", ("tests.hostile/Bus",), [
+        ("linux/bus/OwnBus.cpp", "    if (!socket)\n        return Listener::Unknown;", "    if (!socket)\n        return Listener::None;"),
+    ]),
+    Mutant("applications-without-end", "any number of folders is looked at for applications", ("tests.hostile/Bombs",), [
+        ("linux/applist/BundleApplications.cpp", "return ++folders_ <= MostFolders || tellTooMany(folder);", "return ++folders_ != 0 || tellTooMany(folder);"),
+    ]),
+    Mutant("terminal-obeys-values", "a terminal gets the control characters of a value", ("tests.cli/Output",), [
+        ("cli/io/Output.cpp", "Terminal::showsOutput() ? shell::escaped(", "Terminal::showsOutput() && text.empty() ? shell::escaped("),
+    ]),
+    # Announcements: each writer's own.
+    Mutant("switch-announces-first", "a row's value is announced before it is written", both("killed"), [
+        ("specifiers/PreferenceHelper.cpp",
+         "    updateDocument(identifier_, setKey);\n    if (!post_.empty())\n        postChange(identifier_, post_, key, *value);",
+         "    if (!post_.empty())\n        postChange(identifier_, post_, key, *value);\n    updateDocument(identifier_, setKey);"),
+    ]),
+    Mutant("passcode-announces-first", "the passcode is announced before it is written", both("killed/Passcode"), [
+        ("root/PasscodeWorkflow.cpp",
+         "    documentSnapshot.emplace(updateDocument(BundleIdentifier, setPasscode).dictionary);\n",
+         "    postChange(BundleIdentifier, PostName, kPasscode, platform::Value(passcode));\n"
+         "    documentSnapshot.emplace(updateDocument(BundleIdentifier, setPasscode).dictionary);\n    return;\n"),
+    ]),
+    Mutant("creation-announces-first", "a new account is announced before it is written", both("killed/AccountCreation"), [
+        ("root/AccountCreation.cpp", "    const auto record = newAccountRecord(name);\n    const auto update",
+         "    const auto record = newAccountRecord(name);\n"
+         "    postChange(BundleIdentifier, PostName, kAccounts, platform::Value(record));\n    const auto update"),
+        ("root/AccountCreation.cpp",
+         "    documentSnapshot.emplace(update.dictionary);\n    postChange(BundleIdentifier, PostName, kAccounts, platform::Value(record));\n",
+         "    documentSnapshot.emplace(update.dictionary);\n"),
+    ]),
+    Mutant("account-announces-first", "a value of an account is announced before it is written", both("killed/TextField"), [
+        ("account/AccountValues.cpp", "    const auto update = updateDocument(BundleIdentifier, [&key, value](",
+         "    postChange(BundleIdentifier, PostName, key, *value);\n"
+         "    const auto update = updateDocument(BundleIdentifier, [&key, value]("),
+        ("account/AccountValues.cpp", "    if (update.changed)\n        postChange(BundleIdentifier, PostName, key, *value);\n",
+         "    static_cast<void>(update);\n"),
+    ]),
+    Mutant("deletion-announces-first", "a deletion is announced before it is written", both("killed/AccountDeletion"), [
+        ("account/AccountValues.cpp", "    const auto update = updateDocument(BundleIdentifier, removeAccount);\n    if (update.changed)\n",
+         "    postChange(BundleIdentifier, PostName, kAccounts, Value(Array()));\n"
+         "    const auto update = updateDocument(BundleIdentifier, removeAccount);\n    if (!update.changed)\n"),
+    ]),
+    Mutant("picker-announces-first", "the picker announces before it writes", both("killed/Picker"), [
+        ("apps/AppsListView.cpp", "    if (platform::updateFile(PreferencesPath, change).changed)\n        postChange(",
+         "    if (enabled_)\n        postChange("),
+        ("apps/AppsListView.cpp", "kAppsRestricted, enabled_->copy());\n}", "kAppsRestricted, enabled_->copy());\n"
+         "    platform::updateFile(PreferencesPath, change);\n}"),
+    ]),
+    Mutant("announced-twice", "every change is announced twice", ("memory.errors", "processes.killed", "soak"), [
+        ("settings/ChangeNotification.cpp", "    const platform::Dictionary userInfo{{ChangeKey, key}, {ChangeObject, object}};\n",
+         "    const platform::Dictionary userInfo{{ChangeKey, key}, {ChangeObject, object}};\n"
+         "    platform::CFNotificationCenterPostNotification(platform::CFNotificationCenterGetDistributedCenter(),\n"
+         "                                                   changeNotificationName(identifier, post), nullptr,\n"
+         "                                                   &userInfo, true);\n"),
+    ]),
+    Mutant("descriptor-leaked", "every write leaves a descriptor open", ("soak",), [
+        (REAL_FILES, "return ::fsync(opened.get()) == 0 || errno == EINVAL ? std::error_code() : lastError();",
+         "static_cast<void>(::dup(opened.get()));\n"
+         "    return ::fsync(opened.get()) == 0 || errno == EINVAL ? std::error_code() : lastError();"),
+    ]),
+    Mutant("some-changes-unannounced", "every fiftieth change of a process is not announced", ("soak",), [
+        ("settings/ChangeNotification.cpp", "    const platform::Dictionary userInfo{{ChangeKey, key}, {ChangeObject, object}};\n",
+         "    static int posts = 0;\n    if (++posts % 50 == 0)\n        return;\n"
+         "    const platform::Dictionary userInfo{{ChangeKey, key}, {ChangeObject, object}};\n"),
+    ]),
+    Mutant("announcements-swapped", "of announcements that wait, the last is told first", ("soak",), [
+        ("linux/notifications/DistributedCenter.cpp", "std::move(inbox_.front());\n        inbox_.pop_front();",
+         "std::move(inbox_.back());\n        inbox_.pop_back();"),
+    ]),
+    Mutant("echo-told", "a process hears its own announcements a second time", ("tests.notifications/DistributedCenterTest",), [
+        ("linux/notifications/NotificationBus.cpp", "if (!sender || connection_->uniqueName() == sender)", "if (!sender)"),
+    ]),
+    Mutant("deep-messages-heard", "announcements of any number of levels are heard", (r"tests.hostile/.*ForgedAnnouncement",), [
+        ("linux/notifications/FlattenedValue.cpp", "if (value_ || open_.size() >= levels_)", "if (value_)"),
+    ]),
+    Mutant("other-device-heard", "announcements of another device root are heard", ("tests.notifications/DistributedCenterTest",), [
+        ("linux/notifications/DistributedCenter.cpp", "if (notification.deviceRoot == identity)", "if (!notification.deviceRoot.empty())"),
+    ]),
+    Mutant("old-view-kept", "an observer reads the document again at every second announcement only", ("soak",), [
+        ("settings/Settings.cpp", "    InitSettings();\n    // The callback", "    static int calls = 0;\n    if (++calls % 2 != 0)\n"
+         "        InitSettings();\n    // The callback"),
+    ]),
+    Mutant("page-not-refreshed", "what another process has changed is not shown", ("soak",), [
+        ("shell/LiveRefresh.cpp", "    needed_ = true;\n", ""),
+    ]),
+    # Property lists.
+    Mutant("xml-reader-loses-a-key", "a dictionary's empty key is lost in reading", ("fuzz.value",), [
+        ("platform/plist/PropertyListBuilder.cpp", "    Dictionary dictionary = dictionaries_.make(",
+         "    if (frame.keyCount > 1 && keys_[frame.firstKey].empty())\n"
+         "        return Dictionary{{keys_[frame.firstKey + 1], values[1]}};\n    Dictionary dictionary = dictionaries_.make("),
+    ]),
+    Mutant("binary-reader-loses-a-key", "a dictionary's last entry is lost in reading", ("fuzz.value",), [
+        ("platform/plist/BinaryPropertyListReader.cpp", "    return Value(dictionaries_.make(texts, values.data()));",
+         "    if (texts.size() > 2)\n        texts.pop_back();\n    return Value(dictionaries_.make(texts, values.data()));"),
+    ]),
+    Mutant("ampersand-not-escaped", "\"&\" is written as it is", ("fuzz.value", "fuzz.xml_reader"), [
+        ("platform/plist/XmlEscape.cpp", 'text += "&amp;";', "text += '&';"),
+    ]),
+    Mutant("keys-not-escaped", "keys are written as they are", ("fuzz.value", "fuzz.xml_reader"), [
+        ("platform/plist/XmlPropertyListWriter.cpp", "        text_.put(std::string_view(escaped(key)));", "        text_.put(key);"),
+    ]),
+    Mutant("reals-rounded", "the last bits of a real are lost in writing", ("fuzz.value", "fuzz.xml_reader", "fuzz.binary_reader"), [
+        ("platform/plist/XmlPropertyListWriter.cpp", "appendReal(element, value.real());", "appendReal(element, static_cast<float>(value.real()));"),
+    ]),
+    Mutant("write-without-bounds", "a document that cannot be read again is written", ("tests.plist/DocumentBounds", "tests.bundle/LargeDocument"), [
+        ("platform/plist/PropertyList.cpp", "XmlPropertyListWriter writer(value, {largestDocument, deepestPropertyList});",
+         "XmlPropertyListWriter writer(value, {});"),
+    ]),
+    Mutant("damaged-copied-first", "a file is kept aside for a write that is refused", ("tests.plist/DocumentBounds",), [
+        ("platform/plist/DocumentFile.cpp", "    std::string bytes;\n    if (std::error_code error = encode(",
+         "    keepOld(sync);\n    std::string bytes;\n    if (std::error_code error = encode("),
+    ]),
+    Mutant("characters-beyond-xml", "U+FFFE and U+FFFF are written as they are", ("tests.plist/PropertyListInteroperation",), [
+        ("platform/plist/XmlEscape.cpp", "    else if (isXmlCharacter(character))", "    else if (length > 1)"),
+    ]),
+    Mutant("binary-integers-unsigned", "eight bytes are read as an unsigned integer", ("fuzz.value",), [
+        ("platform/plist/BinaryPropertyListReader.cpp", "        return Value(static_cast<std::int64_t>(low));\n    const std::uint64_t high",
+         "        return Value(low);\n    const std::uint64_t high"),
+    ]),
+    # What else is fuzzed.
+    Mutant("octal-zero-twice", "\"%#o\" puts a zero before a zero", ("fuzz.format",), [
+        ("platform/text/FormatConversion.cpp", "if (conversion.alternate && number.front() != '0')", "if (conversion.alternate)"),
+    ]),
+    Mutant("hexadecimal-prefix-of-zero", "\"%#x\" puts a prefix before a zero", ("fuzz.format",), [
+        ("platform/text/FormatConversion.cpp", "(conversion.alternate && magnitude != 0)", "conversion.alternate"),
+    ]),
+    Mutant("posted-dates-are-numbers", "a date in a notification arrives as a number", ("fuzz.notification_payload",), [
+        ("linux/notifications/UserInfoWriter.cpp", "return open('v', \"(d)\") && open('r', \"d\") && appendBasic('d', &seconds) && close() && close();",
+         "return open('v', \"d\") && appendBasic('d', &seconds) && close();"),
+    ]),
+    Mutant("script-links-followed", "a web page's link may lead to a script", ("fuzz.web_page",), [
+        ("linux/web/WebAddress.cpp", "return isWeb && address.size() <= LongestAddress ? address : std::string();", "return address;"),
+    ]),
+    Mutant("answer-without-id", "an error does not say which command it answers", ("fuzz.script",), [
+        ("cli/script/ScriptCommands.cpp", 'answer.erase("ok");', 'answer.erase("ok");\n        answer.erase("id");'),
+    ]),
+    Mutant("last-account-deletable", "deleting the last account leaves none", ("fuzz.script",), [
+        ("account/AccountValues.cpp", "entries.set(kAccounts, accounts.empty() ? *defaults.find(kAccounts) : Value(accounts.copy()));",
+         "entries.set(kAccounts, Value(accounts.copy()));"),
+    ]),
+    # What other users may do with folders, groups and processes.
+    Mutant("first-group-overlooked", "a user whose first group it is does not count as a member", ("tests.hostile/GroupOfAUser",), [
+        ("linux/posix/TrustedUsers.cpp", "    return !isFirstGroupOfAnother(user, group);", "    return !isFirstGroupOfAnother(user, group) || !name.empty();"),
+    ]),
+    Mutant("device-folder-of-another", "a folder of the device is used whoever it belongs to", ("tests.hostile/FoldersOfOthers",), [
+        ("shell/device/Provision.cpp", "if (const platform::FolderDoubt doubt = platform::doubtOfFolder(path)) {",
+         "if (const platform::FolderDoubt doubt; doubt) {"),
+    ]),
+    Mutant("home-of-a-group", "a document is created in a home that others may change", ("tests.hostile/FoldersOfOthers",), [
+        ("settings/Document.cpp", " && !platform::doubtOfFolder(firstThatExists(folder))", " && !firstThatExists(folder).empty()"),
+    ]),
+    Mutant("device-folder-open-first", "a new folder of the device is open to others", ("tests.shell/ProvisionTest",), [
+        ("shell/device/Provision.cpp", "platform::makeFolders(platform::FileSystem::current(), path, privateMode)",
+         "platform::makeFolders(platform::FileSystem::current(), path, 0777)"),
+    ]),
+    Mutant("open-folder-unreported", "the doctor overlooks a folder that others may change", ("tests.cli/Doctor",), [
+        ("cli/doctor/DeviceFindings.cpp", "if (const platform::FolderDoubt doubt = doubtOfRoot(folder))",
+         "if (const platform::FolderDoubt doubt = doubtOfRoot(folder); doubt && folder.empty())"),
+    ]),
+    Mutant("advice-unquoted", "what the doctor advises to type is not quoted", ("tests.cli/ShellWord", "tests.cli/Doctor"), [
+        ("cli/io/ShellWord.cpp", "    if (isPlain(text))", "    if (isPlain(text) || !text.empty())"),
+    ]),
+    Mutant("core-dumped", "a crash may leave a core dump", ("tests.hostile/CoreDumps",), [
+        ("linux/posix/ProcessStart.cpp", "    refuseCoreDumps();\n", "    static_cast<void>(&refuseCoreDumps);\n"),
+    ]),
+    Mutant("runs-with-foreign-rights", "a program runs set-user-id", ("tests.hostile/SetUserId",), [
+        ("linux/posix/ProcessStart.cpp", "if (::getuid() == ::geteuid() && ::getgid() == ::getegid())", "if (::getuid() != ~0U)"),
+    ]),
+    Mutant("portal-gone-waited-for", "a portal that has ended is waited for", ("tests.hostile/Portal",), [
+        ("linux/mail/MailPortalRequest.cpp", "if (auto& code = *static_cast<Response*>(response); !code)",
+         "if (auto& code = *static_cast<Response*>(response); code)"),
+    ]),
+    # The desktop's applications.
+    Mutant("entry-not-installed", "an entry's TryExec is not looked at", ("tests.applist/AppListDesktop",), [
+        ("linux/applist/DesktopEntry.cpp", "    if (!tried.empty() && !isProgram(tried))\n        return false;\n", ""),
+    ]),
+    Mutant("entry-not-for-this-desktop", "an entry's NotShowIn is not looked at", ("tests.applist/AppListDesktop",), [
+        ("linux/applist/DesktopEntry.cpp", "        if (lists(G_KEY_FILE_DESKTOP_KEY_NOT_SHOW_IN, *desktop))\n            return false;\n", ""),
+    ]),
+    Mutant("entry-starts-nothing", "an entry without anything to start is listed", ("tests.applist/AppListDesktop",), [
+        ("linux/applist/DesktopEntry.cpp", "isTrue(G_KEY_FILE_DESKTOP_KEY_DBUS_ACTIVATABLE)", "true"),
+    ]),
+    Mutant("entry-by-foreign-name", "an entry is listed by a key of one desktop", ("tests.applist/AppListDesktop",), [
+        ("linux/applist/DesktopEntry.cpp", "localizedText(G_KEY_FILE_DESKTOP_KEY_NAME);",
+         "text(\"X-GNOME-FullName\").empty() ? localizedText(G_KEY_FILE_DESKTOP_KEY_NAME) : text(\"X-GNOME-FullName\");"),
+    ]),
+    Mutant("entry-name-untranslated", "an entry is listed by its name in no language", ("tests.applist/AppListDesktop",), [
+        ("linux/applist/DesktopEntry.cpp", "localizedText(G_KEY_FILE_DESKTOP_KEY_NAME);", "text(G_KEY_FILE_DESKTOP_KEY_NAME);"),
+    ]),
+    Mutant("systems-entries-first", "the system's entries come before the user's", ("tests.applist/AppListDesktopFolders",), [
+        ("linux/applist/DesktopFiles.cpp", "folders.emplace_back(*folder);", "folders.insert(folders.end() - 1, *folder);"),
+    ]),
+    Mutant("last-folder-first", "of the system's folders of entries the last one named comes first", ("tests.applist/AppListDesktopFolders",), [
+        ("linux/applist/DesktopFiles.cpp", "folders.emplace_back(*folder);", "folders.insert(folders.begin() + 1, *folder);"),
+    ]),
+    Mutant("hidden-entry-masks-nothing", "an entry that is hidden does not mask the system's", ("tests.applist/AppListDesktopFolders",), [
+        ("linux/applist/DesktopFiles.cpp", "        if (identifiers_.insert(identifier).second)\n",
+         "        if (identifiers_.insert(identifier).second || !identifier.empty())\n"),
+    ]),
+    Mutant("entries-without-end", "any number of entries is looked at", ("tests.hostile/DesktopBombs",), [
+        ("linux/applist/DesktopFiles.cpp", "        return names_ <= MostNames;", "        return names_ != 0;"),
+    ]),
+    Mutant("scaled-folders-unread", "a theme's scaled folders are not looked into", ("tests.applist/AppListDesktop",), [
+        ("linux/applist/IconTheme.cpp", '"ScaledDirectories"', '"Scaled"'),
+    ]),
+    Mutant("scale-of-folders-unread", "a theme's scaled folder counts as one of its unscaled size", ("tests.applist/AppListDesktop",), [
+        ("linux/applist/IconTheme.cpp", 'numberOf(*index, group, "Scale", 1)', 'numberOf(*index, group, "Unscaled", 1)'),
+    ]),
+    Mutant("default-root-by-name", "the user's device root counts as another when it is named", ("tests.files/DeviceRoot",), [
+        ("platform/files/DeviceRoot.cpp", "isSameFolder(deviceRoot(), defaultRoot())", "(!deviceRootIsNamed() && isSameFolder(deviceRoot(), defaultRoot()))"),
+    ]),
+    Mutant("class-of-another-kind", "a class of the list's name is taken for the list whatever it is", ("tests.apps/AppsListLibrary",), [
+        ("apps/AppsListView.cpp", "    return methods ? &methods->sharedApplicationList() : nullptr;",
+         "    return found ? &methods->sharedApplicationList() : nullptr;"),
+    ]),
+]

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "platform/runtime/CFNotificationCenter.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace wardlock::test {
+
+/// A distributed centre without other processes: posts reach this process's observers within the post and are
+/// written down; another process's post can be played. While it lives it is the process's centre.
+class LoopbackNotificationCenter final : public platform::CFNotificationCenter {
+public:
+    struct Post {
+        std::string name;
+        platform::Dictionary userInfo;
+    };
+
+    LoopbackNotificationCenter() { platform::setDistributedCenter(this); }
+    ~LoopbackNotificationCenter() override { platform::setDistributedCenter(nullptr); }
+
+    void addObserver(void* observer, platform::CFNotificationCallback callback, std::string_view name,
+                     const std::string*, platform::CFNotificationSuspensionBehavior) override {
+        observers_.push_back({observer, callback, std::string(name)});
+    }
+    void postNotification(std::string_view name, const std::string*, const platform::Dictionary* userInfo,
+                          bool) override {
+        posts.push_back({std::string(name), userInfo ? *userInfo : platform::Dictionary()});
+        if (onPost)
+            onPost();
+        deliver(name, userInfo);
+    }
+    /// As another process's post arrives.
+    void deliver(std::string_view name, const platform::Dictionary* userInfo) {
+        const auto observers = observers_;
+        for (const auto& [observer, callback, wanted] : observers)
+            if (wanted == name)
+                callback(*this, observer, name, nullptr, userInfo);
+    }
+
+    std::vector<Post> posts;
+    /// Called within each post, when set: for what must have happened before.
+    std::function<void()> onPost;
+
+private:
+    struct Observer {
+        void* observer;
+        platform::CFNotificationCallback callback;
+        std::string name;
+    };
+    std::vector<Observer> observers_;
+};
+
+} // namespace wardlock::test

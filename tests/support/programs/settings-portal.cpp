@@ -1,0 +1,122 @@
+// A desktop's settings portal, with the values of its arguments, "KEY=NUMBER" or "KEY=TEXT", in the namespace
+// of appearances. "ready" says that it can be asked. With "--tell KEY=VALUE" as its arguments it has the
+// running one change a value and announce it, and ends.
+
+#include "tests/support/programs/ServedBus.h"
+
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <map>
+#include <string>
+
+namespace {
+
+constexpr const char* service = "org.freedesktop.portal.Desktop";
+constexpr const char* object = "/org/freedesktop/portal/desktop";
+constexpr const char* settings = "org.freedesktop.portal.Settings";
+constexpr const char* tests = "com.tavix.wardlock.Test";
+constexpr const char* appearance = "org.freedesktop.appearance";
+
+std::map<std::string, std::string> values;
+
+std::string keep(const std::string& argument) {
+    const auto equals = argument.find('=');
+    values[argument.substr(0, equals)] = argument.substr(equals + 1);
+    return argument.substr(0, equals);
+}
+
+void append(sd_bus_message* message, const std::string& value) {
+    char* end = nullptr;
+    const auto number = static_cast<std::uint32_t>(std::strtoul(value.c_str(), &end, 10));
+    if (*end == '\0')
+        sd_bus_message_append(message, "v", "u", number);
+    else
+        sd_bus_message_append(message, "v", "s", value.c_str());
+}
+
+/// A namespace that nobody asked for comes first: an answer may hold more than the question.
+void appendForeign(sd_bus_message* answer) {
+    sd_bus_message_append(answer, "{sa{sv}}", "org.example.other", 1, "color-scheme", "u", std::uint32_t{1});
+}
+
+int readAll(sd_bus_message* call, void*, sd_bus_error*) {
+    bool asked = false;
+    const char* wanted = nullptr;
+    sd_bus_message_enter_container(call, 'a', "s");
+    while (sd_bus_message_read(call, "s", &wanted) > 0)
+        asked = asked || std::strcmp(wanted, appearance) == 0;
+    sd_bus_message* answer = nullptr;
+    sd_bus_message_new_method_return(call, &answer);
+    sd_bus_message_open_container(answer, 'a', "{sa{sv}}");
+    appendForeign(answer);
+    if (asked) {
+        sd_bus_message_open_container(answer, 'e', "sa{sv}");
+        sd_bus_message_append(answer, "s", appearance);
+        sd_bus_message_open_container(answer, 'a', "{sv}");
+        for (const auto& [key, value] : values) {
+            sd_bus_message_open_container(answer, 'e', "sv");
+            sd_bus_message_append(answer, "s", key.c_str());
+            append(answer, value);
+            sd_bus_message_close_container(answer);
+        }
+        sd_bus_message_close_container(answer);
+        sd_bus_message_close_container(answer);
+    }
+    sd_bus_message_close_container(answer);
+    const int sent = sd_bus_send(nullptr, answer, nullptr);
+    sd_bus_message_unref(answer);
+    return sent < 0 ? sent : 1;
+}
+
+int tell(sd_bus_message* call, void*, sd_bus_error*) {
+    const char* argument = nullptr;
+    sd_bus_message_read(call, "s", &argument);
+    const std::string key = keep(argument);
+    sd_bus_message* signal = nullptr;
+    sd_bus_message_new_signal(sd_bus_message_get_bus(call), &signal, object, settings, "SettingChanged");
+    sd_bus_message_append(signal, "ss", appearance, key.c_str());
+    append(signal, values[key]);
+    sd_bus_send(nullptr, signal, nullptr);
+    sd_bus_message_unref(signal);
+    return sd_bus_reply_method_return(call, "");
+}
+
+const sd_bus_vtable settingsTable[] = {
+    SD_BUS_VTABLE_START(0),
+    SD_BUS_METHOD("ReadAll", "as", "a{sa{sv}}", readAll, SD_BUS_VTABLE_UNPRIVILEGED),
+    SD_BUS_VTABLE_END,
+};
+const sd_bus_vtable testsTable[] = {
+    SD_BUS_VTABLE_START(0),
+    SD_BUS_METHOD("Tell", "s", "", tell, SD_BUS_VTABLE_UNPRIVILEGED),
+    SD_BUS_VTABLE_END,
+};
+
+int serve(sd_bus* bus) {
+    if (sd_bus_add_object_vtable(bus, nullptr, object, settings, settingsTable, nullptr) < 0 ||
+        sd_bus_add_object_vtable(bus, nullptr, object, tests, testsTable, nullptr) < 0 ||
+        sd_bus_request_name(bus, service, SD_BUS_NAME_ALLOW_REPLACEMENT | SD_BUS_NAME_REPLACE_EXISTING) < 0)
+        return 1;
+    wardlock::test::serve(bus);
+    return 0;
+}
+
+} // namespace
+
+int main(int count, char** arguments) {
+    sd_bus* bus = nullptr;
+    if (sd_bus_open_user(&bus) < 0)
+        return 1;
+    int result = 0;
+    if (count == 3 && std::strcmp(arguments[1], "--tell") == 0) {
+        result =
+            sd_bus_call_method(bus, service, object, tests, "Tell", nullptr, nullptr, "s", arguments[2]) < 0;
+    } else {
+        for (int i = 1; i < count; ++i)
+            keep(arguments[i]);
+        result = serve(bus);
+    }
+    sd_bus_close_unref(bus);
+    return result;
+}

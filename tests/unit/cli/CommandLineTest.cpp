@@ -1,0 +1,147 @@
+#include "cli/command/Verb.h"
+#include "tests/unit/cli/CommandFixture.h"
+
+#include <csignal>
+
+namespace wardlock::test {
+namespace {
+
+class CommandLine : public DeviceRootFixture {};
+
+bool oneLine(const std::string& text) {
+    return !text.empty() && text.find('\n') == text.size() - 1;
+}
+
+std::vector<std::string> wordsOf(std::string_view name) {
+    const std::size_t space = name.find(' ');
+    if (space == std::string_view::npos)
+        return {std::string(name)};
+    return {std::string(name.substr(0, space)), std::string(name.substr(space + 1))};
+}
+
+TEST_F(CommandLine, ListsEveryVerbWithItsSummary) {
+    const ProcessResult result = wardlockCommand({"--help"});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.errors, "");
+    for (const cli::Verb* verb : cli::verbs()) {
+        EXPECT_NE(result.output.find("\n  " + std::string(verb->name) + ' '), std::string::npos)
+            << verb->name;
+        EXPECT_NE(result.output.find(std::string(verb->summary) + '\n'), std::string::npos) << verb->name;
+    }
+}
+
+TEST_F(CommandLine, HelpsWithEveryVerb) {
+    for (const cli::Verb* verb : cli::verbs()) {
+        std::vector<std::string> words = wordsOf(verb->name);
+        words.push_back("--help");
+        const ProcessResult result = wardlockCommand(words);
+        EXPECT_EQ(result.exitCode, 0) << verb->name;
+        EXPECT_TRUE(result.output.starts_with("Usage: wardlock " + std::string(verb->name))) << verb->name;
+        EXPECT_NE(result.output.find(verb->description), std::string::npos) << verb->name;
+        for (const cli::Option& option : verb->options)
+            EXPECT_NE(result.output.find("\n  " + std::string(option.name)), std::string::npos) << verb->name;
+    }
+}
+
+TEST_F(CommandLine, HelpDoesNothingElse) {
+    EXPECT_EQ(wardlockCommand({"status", "--json", "--help"}).exitCode, 0);
+    EXPECT_FALSE(exists(documentPath));
+}
+
+TEST_F(CommandLine, KeepsHelpWithinEightyColumns) {
+    for (const cli::Verb* verb : cli::verbs()) {
+        std::size_t column = 0;
+        for (const char c : verb->description) {
+            column = c == '\n' ? 0 : column + 1;
+            ASSERT_LE(column, 80U) << verb->name;
+        }
+        EXPECT_TRUE(verb->description.ends_with('\n')) << verb->name;
+    }
+}
+
+TEST_F(CommandLine, ListsTheVerbsOfAFamily) {
+    const ProcessResult result = wardlockCommand({"plist", "--help"});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_NE(result.output.find("  plist dump"), std::string::npos);
+    EXPECT_EQ(result.output.find("  status"), std::string::npos);
+}
+
+TEST_F(CommandLine, TellsItsVersion) {
+    const ProcessResult result = wardlockCommand({"--version"});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_TRUE(result.output.starts_with("wardlock 0."));
+    EXPECT_TRUE(oneLine(result.output));
+}
+
+TEST_F(CommandLine, RefusesWrongUsageInOneLine) {
+    const std::vector<std::vector<std::string>> wrong = {
+        {},
+        {"frobnicate"},
+        {"--frobnicate"},
+        {""},
+        {"plist"},
+        {"plist", "frobnicate"},
+        {"dump"},
+        {"status", "operand"},
+        {"status", "--frobnicate"},
+        {"status", "--json=1"},
+        {"get"},
+        {"get", "kEnabled", "kPasscode"},
+        {"account"},
+        {"announce"},
+        {"watch", "kEnabled"},
+        {"plist", "dump"},
+        {"plist", "dump", "a", "b"},
+        {"plist", "lint"},
+        {"plist", "convert", "a"},
+        {"plist", "convert", "a", "-o"},
+        {"plist", "set", "a", "b", "int"},
+    };
+    for (const auto& words : wrong) {
+        const ProcessResult result = wardlockCommand(words);
+        const std::string said = ::testing::PrintToString(words) + result.errors;
+        EXPECT_EQ(result.exitCode, 2) << said;
+        EXPECT_EQ(result.output, "") << said;
+        EXPECT_TRUE(oneLine(result.errors)) << said;
+    }
+    EXPECT_FALSE(exists(documentPath));
+}
+
+TEST_F(CommandLine, NamesTheWholeVerbThatItDoesNotKnow) {
+    EXPECT_EQ(wardlockCommand({"frobnicate"}).errors,
+              "wardlock: no such verb: frobnicate (see wardlock --help)\n");
+    EXPECT_EQ(wardlockCommand({"plist", "frobnicate"}).errors,
+              "wardlock: no such verb: plist frobnicate (see wardlock --help)\n");
+    EXPECT_EQ(wardlockCommand({"plist"}).errors,
+              "wardlock: plist needs a verb of its own (see wardlock --help)\n");
+}
+
+TEST_F(CommandLine, FailsInOneLineWhenTheOutputIsClosed) {
+    ProcessSetup setup;
+    setup.closedOutput = true;
+    const ProcessResult result = wardlockCommand({"--help"}, setup);
+    EXPECT_EQ(result.exitCode, 1) << result.signal;
+    EXPECT_TRUE(oneLine(result.errors)) << result.errors;
+}
+
+TEST_F(CommandLine, FailsInOneLineWhenTheReaderIsGone) {
+    // The list is longer than a pipe holds, so that the command has to write when nobody reads any more.
+    writeFile("/tmp/long.plist", xml("<string>" + std::string(1'000'000, 'x') + "</string>"));
+    Process process(command, {"plist", "dump", onDisk("/tmp/long.plist")});
+    process.closeOutput();
+    const ProcessResult result = process.wait();
+    EXPECT_EQ(result.signal, 0);
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_TRUE(oneLine(result.errors)) << result.errors;
+}
+
+TEST_F(CommandLine, SpeaksTheSameInEveryLocale) {
+    ProcessSetup setup;
+    setup.environment["LC_ALL"] = "de_DE.UTF-8";
+    writeFile("/tmp/real.plist", xml("<real>1.5</real>"));
+    EXPECT_EQ(wardlockCommand({"plist", "dump", onDisk("/tmp/real.plist")}, setup).output,
+              "{\"real\":\"1.5\"}\n");
+}
+
+} // namespace
+} // namespace wardlock::test

@@ -1,0 +1,345 @@
+#include "cli/doctor/FontFolders.h"
+#include "cli/doctor/WebEngineFolders.h"
+#include "cli/io/Json.h"
+#include "tests/support/BusFixture.h"
+#include "tests/unit/cli/CommandFixture.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+namespace wardlock::test {
+namespace {
+
+namespace fs = std::filesystem;
+using cli::Json;
+
+constexpr const char* bundlePath = "/Library/PreferenceBundles/WardlockSettings.bundle";
+constexpr const char* modulePath = "/Library/MobileSubstrate/DynamicLibraries/AppList.dylib";
+
+/// A device root as `wardlock device init` leaves it, on a bus that answers.
+class Doctor : public BusFixture {
+protected:
+    Doctor() {
+        for (const char* variable : {"DISPLAY", "WAYLAND_DISPLAY"})
+            environment.unset(variable);
+        EXPECT_EQ(wardlockCommand({"device", "init", root()}).exitCode, 0);
+    }
+
+    /// What it found, by the name of the check.
+    static std::map<std::string, Json> findings(int exitCode, const ProcessSetup& setup = {}) {
+        const ProcessResult result = wardlockCommand({"doctor", "--json"}, setup);
+        EXPECT_EQ(result.exitCode, exitCode) << result.output << result.errors;
+        EXPECT_EQ(result.errors, "");
+        std::map<std::string, Json> found;
+        std::istringstream lines(result.output);
+        for (std::string line; std::getline(lines, line);)
+            if (const auto json = cli::parseJson(line))
+                found[(*json)["check"]] = *json;
+            else
+                ADD_FAILURE() << line;
+        return found;
+    }
+    static Json finding(const std::string& check, int exitCode, const ProcessSetup& setup = {}) {
+        return findings(exitCode, setup)[check];
+    }
+    /// The check fails, tells this, and says what to do.
+    static void expectBroken(const std::string& check, const std::string& text,
+                             const ProcessSetup& setup = {}) {
+        const Json found = finding(check, 1, setup);
+        EXPECT_EQ(found["works"], false) << found;
+        EXPECT_EQ(found["needed"], true) << found;
+        EXPECT_NE(found["text"].get<std::string>().find(text), std::string::npos) << found;
+        EXPECT_FALSE(found["advice"].empty()) << found;
+    }
+    static std::string advice(const Json& found) { return found["advice"].dump(); }
+    /// Everything below the private folder, with its size.
+    std::vector<std::string> everything() const {
+        std::vector<std::string> entries;
+        for (const auto& entry : fs::recursive_directory_iterator(folder().path()))
+            entries.push_back(entry.path().string() +
+                              (entry.is_regular_file() ? std::to_string(entry.file_size()) : ""));
+        std::ranges::sort(entries);
+        return entries;
+    }
+};
+
+TEST_F(Doctor, SaysThatAllThatIsNeededWorks) {
+    const ProcessResult result = wardlockCommand({"doctor"});
+    EXPECT_EQ(result.exitCode, 0) << result.output;
+    EXPECT_EQ(result.errors, "");
+    EXPECT_EQ(result.output.find("BROKEN"), std::string::npos) << result.output;
+    EXPECT_TRUE(result.output.ends_with("\nAll that Wardlock needs works.\n")) << result.output;
+}
+
+TEST_F(Doctor, CountsWhatDoesNotWork) {
+    removeFile(documentPath);
+    const ProcessResult one = wardlockCommand({"doctor"});
+    EXPECT_EQ(one.exitCode, 1);
+    EXPECT_TRUE(one.output.ends_with("\nOf what Wardlock needs, 1 thing does not work.\n")) << one.output;
+    EXPECT_NE(one.output.find("\nBROKEN  Document: "), std::string::npos) << one.output;
+    EXPECT_NE(one.output.find("\n        -> Open Settings, or run: wardlock status."), std::string::npos)
+        << one.output;
+}
+
+TEST_F(Doctor, ChangesAndCreatesNothing) {
+    const auto before = everything();
+    wardlockCommand({"doctor"});
+    EXPECT_EQ(everything(), before);
+}
+
+TEST_F(Doctor, CreatesNothingWhereNothingIs) {
+    fs::remove_all(root());
+    const auto before = everything();
+    ProcessSetup setup;
+    setup.environment["DBUS_SESSION_BUS_ADDRESS"] = std::nullopt;
+    EXPECT_EQ(wardlockCommand({"doctor"}, setup).exitCode, 1);
+    EXPECT_EQ(everything(), before);
+}
+
+TEST_F(Doctor, TellsWhichDeviceRootAndWhy) {
+    EXPECT_EQ(finding("deviceRoot", 0)["text"], root() + " (named by WARDLOCK_DEVICE_ROOT)");
+}
+
+TEST_F(Doctor, TellsThatTheDeviceRootIsNotThere) {
+    fs::remove_all(root());
+    expectBroken("deviceRoot", "is not there");
+}
+
+TEST_F(Doctor, TellsThatTheDeviceRootIsNoFolder) {
+    fs::remove_all(root());
+    std::ofstream(root()) << "a file";
+    expectBroken("deviceRoot", "is no folder");
+}
+
+TEST_F(Doctor, TellsThatTheFolderOfTheDocumentIsNotThere) {
+    fs::remove_all(onDisk("/var/mobile/Library"));
+    expectBroken("deviceRoot", "lacks the folder " + onDisk("/var/mobile/Library/Preferences"));
+}
+
+TEST_F(Doctor, ReportsAFolderOfTheDeviceThatOthersCanChange) {
+    for (const char* folder : {"/var/mobile/Library/Preferences", "/var", "/tmp", ""}) {
+        fs::permissions(onDisk(folder), fs::perms(0777));
+        expectBroken("deviceRoot", onDisk(folder) + " can be changed by every user");
+        EXPECT_NE(advice(finding("deviceRoot", 1)).find("chmod go-w " + onDisk(folder)), std::string::npos);
+        fs::permissions(onDisk(folder), fs::perms(0700));
+    }
+    EXPECT_EQ(finding("deviceRoot", 0)["advice"], Json::array());
+}
+
+TEST_F(Doctor, QuotesWhatItAdvisesForAShell) {
+    const std::string odd = folder() / "a b;$(touch c)'\x1B[31m";
+    fs::rename(root(), odd);
+    environment.set("WARDLOCK_DEVICE_ROOT", odd);
+    const fs::path own = odd + documentPath;
+    fs::permissions(own, fs::perms(0644));
+    const std::string told = finding("document", 0)["advice"][0];
+    const std::string advised = told.substr(told.find("chmod 600"));
+    EXPECT_EQ(advised.find('\x1B'), std::string::npos);
+    EXPECT_EQ(runProcess("/bin/bash", {"-c", advised}).exitCode, 0) << advised;
+    EXPECT_EQ(fs::status(own).permissions(), fs::perms(0600));
+}
+
+TEST_F(Doctor, TellsOfTheDocument) {
+    const Json found = finding("document", 0);
+    EXPECT_EQ(found["path"], onDisk(documentPath));
+    EXPECT_EQ(found["size"], fs::file_size(onDisk(documentPath)));
+    EXPECT_EQ(found["mode"], "600");
+    EXPECT_EQ(found["accounts"], 1);
+    EXPECT_EQ(found["enabledAccount"], nullptr);
+    EXPECT_EQ(found["advice"], Json::array());
+}
+
+TEST_F(Doctor, TellsWhichAccountIsEnabled) {
+    writeFile(documentPath, xml("<dict><key>kAccounts</key><array><dict/><dict><key>kAccountEnabled</key>"
+                                "<true/><key>kAccountName</key><string>Tom</string></dict></array></dict>"));
+    const Json found = finding("document", 0);
+    EXPECT_EQ(found["accounts"], 2);
+    EXPECT_EQ(found["enabledAccount"], 1);
+    EXPECT_NE(found["text"].get<std::string>().find("2 accounts, enabled: Tom"), std::string::npos) << found;
+}
+
+TEST_F(Doctor, TellsWhatIsWrongWithTheDocument) {
+    writeFile(documentPath, "no list");
+    expectBroken("document", "is not a property list");
+    writeFile(documentPath, xml("<array/>"));
+    expectBroken("document", "no dictionary");
+    writeFile(documentPath, xml("<dict><key>kAccounts</key><string/></dict>"));
+    expectBroken("document", "\"kAccounts\" that is no list");
+    removeFile(documentPath);
+    makeFolder(documentPath);
+    expectBroken("document", "cannot be read");
+    fs::remove(onDisk(documentPath));
+    writeFile(documentPath,
+              xml("<dict><key>k</key><string>" + std::string(16u << 20, 'x') + "</string></dict>"));
+    expectBroken("document", "is larger than 16 MiB, the most that a document may have");
+    std::string booleans;
+    for (int i = 0; i < 1'900'000; ++i)
+        booleans += "<true/>";
+    writeFile(documentPath, xml("<dict><key>k</key><array>" + booleans + "</array></dict>"));
+    expectBroken("document",
+                 "no change can be stored: a property list of more than 16 MiB cannot be read again");
+}
+
+TEST_F(Doctor, NeverShowsThePasscode) {
+    writeFile(documentPath, xml("<dict><key>kPasscode</key><string>7391</string></dict>"));
+    EXPECT_EQ(wardlockCommand({"doctor"}).output.find("7391"), std::string::npos);
+    EXPECT_EQ(wardlockCommand({"doctor", "--json"}).output.find("7391"), std::string::npos);
+}
+
+TEST_F(Doctor, WarnsOfADocumentThatOthersCanRead) {
+    fs::permissions(onDisk(documentPath), fs::perms(0640));
+    const Json found = finding("document", 0);
+    EXPECT_EQ(found["mode"], "640");
+    EXPECT_NE(advice(found).find("chmod 600"), std::string::npos) << found;
+}
+
+TEST_F(Doctor, PointsToADamagedDocumentThatWasKept) {
+    writeFile(std::string(documentPath) + ".damaged", "x");
+    EXPECT_NE(advice(finding("document", 0)).find(".damaged"), std::string::npos);
+}
+
+TEST_F(Doctor, WarnsOfALargeLog) {
+    writeFile("/var/mobile/com.tavix.wardlock_log", "\nshort");
+    EXPECT_EQ(finding("log", 0)["advice"], Json::array());
+    writeFile("/var/mobile/com.tavix.wardlock_log", std::string(2'000'000, 'x'));
+    const Json found = finding("log", 0);
+    EXPECT_EQ(found["size"], 2'000'000);
+    EXPECT_NE(advice(found).find("only grows"), std::string::npos) << found;
+}
+
+TEST_F(Doctor, TellsWhichBusAnswers) {
+    const Json found = finding("bus", 0);
+    EXPECT_EQ(found["kind"], "named");
+    EXPECT_EQ(found["address"], bus.address());
+}
+
+TEST_F(Doctor, TellsOfABusThatNobodyServes) {
+    bus.kill();
+    expectBroken("bus", "does not answer");
+}
+
+TEST_F(Doctor, WaitsForABusThatDoesNothingButNotForLong) {
+    bus.stop();
+    expectBroken("bus", "does not answer");
+    bus.resume();
+}
+
+class DoctorWithOwnBus : public Doctor {
+protected:
+    DoctorWithOwnBus() { environment.unset("DBUS_SESSION_BUS_ADDRESS"); }
+};
+
+TEST_F(DoctorWithOwnBus, SaysThatItWillBeStarted) {
+    const Json found = finding("bus", 0);
+    EXPECT_EQ(found["kind"], "own");
+    EXPECT_NE(found["text"].get<std::string>().find("is started by"), std::string::npos) << found;
+}
+
+TEST_F(DoctorWithOwnBus, TellsThatNoProgramCouldStartIt) {
+    expectBroken("bus", "cannot be started", with("PATH", folder() / "nothing"));
+}
+
+TEST_F(DoctorWithOwnBus, TellsThatItsFolderIsOpenToOthers) {
+    const fs::path own = fs::path(std::getenv("XDG_RUNTIME_DIR")) / "wardlock-bus";
+    fs::create_directory(own);
+    fs::permissions(own, fs::perms(0755));
+    expectBroken("bus", "open to others");
+}
+
+TEST_F(Doctor, LoadsTheBundle) {
+    EXPECT_EQ(finding("bundle", 0)["principalClass"], "SettingsListController");
+}
+
+TEST_F(Doctor, TellsWhatIsWrongWithTheBundle) {
+    removeFile(bundlePath);
+    fs::create_symlink(folder() / "gone", onDisk(bundlePath));
+    expectBroken("bundle", "link to something that is gone");
+    removeFile(bundlePath);
+    expectBroken("bundle", "is not there");
+    makeFolder(bundlePath);
+    expectBroken("bundle", "no Info.plist");
+    writeFile(std::string(bundlePath) + "/Info.plist",
+              xml("<dict><key>CFBundleExecutable</key><string>M</string><key>NSPrincipalClass</key>"
+                  "<string>C</string></dict>"));
+    writeFile(std::string(bundlePath) + "/M", "no module");
+    expectBroken("bundle", "cannot be loaded: ");
+}
+
+TEST_F(Doctor, CountsTheApplications) {
+    EXPECT_EQ(finding("appList", 0)["applications"], 0);
+    EXPECT_NE(advice(finding("appList", 0)).find("stays empty"), std::string::npos);
+    wardlockCommand({"device", "init", "--demo", root()});
+    EXPECT_GT(finding("appList", 0)["applications"], 30);
+    EXPECT_EQ(finding("appList", 0)["advice"], Json::array());
+}
+
+TEST_F(Doctor, TellsWhatIsWrongWithTheAppList) {
+    removeFile(modulePath);
+    expectBroken("appList", "is not there");
+    writeFile(modulePath, "no module");
+    expectBroken("appList", "cannot be loaded: ");
+}
+
+TEST_F(Doctor, DoesNotNeedADisplay) {
+    const Json found = finding("window", 0);
+    EXPECT_EQ(found["works"], false);
+    EXPECT_EQ(found["needed"], false);
+    EXPECT_EQ(found["display"], false);
+    EXPECT_EQ(finding("window", 0, with("WAYLAND_DISPLAY", "wayland-0"))["display"], true);
+}
+
+TEST_F(Doctor, TellsWhereAMailGoes) {
+    EXPECT_EQ(finding("mail", 0)["route"], nullptr);
+    EXPECT_EQ(finding("mail", 0)["works"], false);
+    makeFolder("/var/mobile/Library/Mail/Outbox");
+    EXPECT_EQ(finding("mail", 0)["route"], "outbox");
+    EXPECT_EQ(finding("mail", 0)["works"], true);
+}
+
+class DoctorsSearch : public DeviceRootFixture {};
+
+TEST_F(DoctorsSearch, FindsTheWebEngineByItsModule) {
+    makeFolder("/empty/QtWebEngine");
+    EXPECT_EQ(cli::webEngineFolder({onDisk("/none"), onDisk("/empty")}), "");
+    writeFile("/qml/QtWebEngine/qmldir", "module QtWebEngine\n");
+    EXPECT_EQ(cli::webEngineFolder({onDisk("/empty"), onDisk("/qml")}), onDisk("/qml/QtWebEngine"));
+}
+
+TEST_F(DoctorsSearch, LooksForQmlModulesWhereTheEnvironmentSays) {
+    environment.set("QML_IMPORT_PATH", "/a:/b");
+    environment.set("QML2_IMPORT_PATH", "/c");
+    const auto folders = cli::qmlFolders();
+    ASSERT_GE(folders.size(), 3U);
+    EXPECT_EQ(std::vector(folders.begin(), folders.begin() + 3),
+              (std::vector<std::string>{"/a", "/b", "/c"}));
+}
+
+TEST_F(DoctorsSearch, KnowsAFontByItsFile) {
+    writeFile("/fonts/Interstate.otf", "");
+    writeFile("/fonts/Inter.txt", "");
+    EXPECT_EQ(cli::fontFile("Inter", {onDisk("/none"), onDisk("/fonts")}), "");
+    writeFile("/fonts/deep/down/Inter-Bold.otf", "");
+    EXPECT_EQ(cli::fontFile("Inter", {onDisk("/none"), onDisk("/fonts")}),
+              onDisk("/fonts/deep/down/Inter-Bold.otf"));
+}
+
+TEST_F(DoctorsSearch, LooksForFontsOfTheUserToo) {
+    environment.set("HOME", "/home/someone");
+    const auto folders = cli::fontFolders();
+    EXPECT_NE(std::ranges::find(folders, "/home/someone/.local/share/fonts"), folders.end());
+}
+
+TEST_F(Doctor, LooksForTheFontThatTheWindowAsksFor) {
+    std::ifstream file(sourceFolder() + "/app/Look.h");
+    const std::string look{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    const std::string family = finding("fonts", 0)["family"];
+    EXPECT_NE(look.find("family() const { return QStringLiteral(\"" + family + '"'), std::string::npos)
+        << family;
+}
+
+} // namespace
+} // namespace wardlock::test

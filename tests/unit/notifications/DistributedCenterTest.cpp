@@ -1,0 +1,244 @@
+#include "platform/runtime/CFNotificationCenter.h"
+#include "platform/runtime/MainLoop.h"
+#include "tests/support/BusFixture.h"
+#include "tests/support/Patience.h"
+#include "tests/support/SampleUserInfo.h"
+#include "tests/support/ValueText.h"
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <filesystem>
+#include <stdexcept>
+
+using platform::CFNotificationCenter;
+using platform::CFNotificationSuspensionBehavior;
+
+namespace wardlock::test {
+namespace {
+
+/// What an observer in this process was told. Observers are never removed, so it outlives every test.
+struct Heard {
+    std::vector<std::string> lines;
+    std::function<void()> onHear;
+
+    static void hear(CFNotificationCenter&, void* observer, std::string_view name, const std::string* object,
+                     const platform::Dictionary* userInfo) {
+        auto& heard = *static_cast<Heard*>(observer);
+        heard.lines.push_back(std::string(name) + '|' + (object ? *object : "-") + '|' +
+                              (userInfo ? text(*userInfo) : "-"));
+        if (heard.onHear)
+            heard.onHear();
+    }
+};
+
+class DistributedCenterTest : public BusFixture {
+protected:
+    static Heard& observeHere(std::string_view name, const std::string* object = nullptr) {
+        static std::deque<Heard> all;
+        Heard& heard = all.emplace_back();
+        CFNotificationCenterAddObserver(center(), &heard, &Heard::hear, name, object,
+                                        CFNotificationSuspensionBehavior::DeliverImmediately);
+        return heard;
+    }
+    static CFNotificationCenter& center() { return platform::CFNotificationCenterGetDistributedCenter(); }
+    static void postHere(std::string_view name, const std::string* object = nullptr,
+                         const platform::Dictionary* userInfo = nullptr) {
+        CFNotificationCenterPostNotification(center(), name, object, userInfo, true);
+    }
+    static bool hears(const Heard& heard, std::size_t count) {
+        return platform::MainLoop::shared().runUntil([&] { return heard.lines.size() >= count; }, patience);
+    }
+};
+
+using Lines = std::vector<std::string>;
+
+TEST_F(DistributedCenterTest, ReachesAnotherProcessEvenWhenThePosterEndsAtOnce) {
+    const auto observer = observe({"N"});
+    post({"N", "--sample", "change"});
+    EXPECT_EQ(observer->readLine(), R"(N|-|{"key": "kRestrictSiri", "object": true})");
+}
+
+TEST_F(DistributedCenterTest, ReachesEveryProcessThatObservesTheName) {
+    const auto first = observe({"N"});
+    const auto second = observe({"N"});
+    post({"N"});
+    EXPECT_EQ(first->readLine(), "N|-|-");
+    EXPECT_EQ(second->readLine(), "N|-|-");
+}
+
+TEST_F(DistributedCenterTest, TellsNoUserInfoFromAnEmptyOne) {
+    const auto observer = observe({"N"});
+    postHere("N");
+    const platform::Dictionary empty;
+    postHere("N", nullptr, &empty);
+    EXPECT_EQ(observer->readLine(), "N|-|-");
+    EXPECT_EQ(observer->readLine(), "N|-|{}");
+}
+
+TEST_F(DistributedCenterTest, TellsAnObserverWithoutObjectOfPostsWithAndWithoutOne) {
+    const auto observer = observe({"N"});
+    post({"N", "--object", "some"});
+    post({"N", "--object", ""});
+    post({"N"});
+    EXPECT_EQ(observer->readLine(), "N|some|-");
+    EXPECT_EQ(observer->readLine(), "N||-");
+    EXPECT_EQ(observer->readLine(), "N|-|-");
+}
+
+TEST_F(DistributedCenterTest, TellsAnObserverOfAnObjectOfPostsWithThatObjectAlone) {
+    const auto observer = observe({"N", "--object", "mine"});
+    post({"N"});
+    post({"N", "--object", "other"});
+    post({"N", "--object", "mine"});
+    EXPECT_EQ(observer->readLine(), "N|mine|-");
+}
+
+TEST_F(DistributedCenterTest, TellsAnObserverOfItsNameAlone) {
+    const auto observer = observe({"N"});
+    post({"M"});
+    post({"N"});
+    EXPECT_EQ(observer->readLine(), "N|-|-");
+}
+
+TEST_F(DistributedCenterTest, KeepsTheOrderOfPosts) {
+    const auto observer = observe({"N"});
+    for (int i = 0; i < 500; ++i) {
+        const platform::Dictionary userInfo{{"number", i}};
+        postHere("N", nullptr, &userInfo);
+    }
+    for (int i = 0; i < 500; ++i)
+        ASSERT_EQ(observer->readLine(), "N|-|{\"number\": " + std::to_string(i) + "}");
+}
+
+TEST_F(DistributedCenterTest, TellsAnObserverOfThisProcessOnceAndWithinThePost) {
+    const auto other = observe({"N"});
+    Heard& heard = observeHere("N");
+    const auto userInfo = sampleUserInfo("change");
+    postHere("N", nullptr, &userInfo);
+    EXPECT_EQ(heard.lines.size(), 1u);
+    ASSERT_TRUE(other->readLine());
+    // What another process posts now comes after any echo of our own post.
+    post({"N", "--object", "last"});
+    ASSERT_TRUE(hears(heard, 2));
+    EXPECT_EQ(heard.lines, (Lines{R"(N|-|{"key": "kRestrictSiri", "object": true})", "N|last|-"}));
+}
+
+TEST_F(DistributedCenterTest, PassesOverAnObserverWithoutACallback) {
+    Heard nobody;
+    CFNotificationCenterAddObserver(center(), &nobody, nullptr, "N", nullptr,
+                                    CFNotificationSuspensionBehavior::DeliverImmediately);
+    Heard& heard = observeHere("N");
+    postHere("N");
+    EXPECT_EQ(heard.lines, Lines{"N|-|-"});
+    post({"N"});
+    EXPECT_TRUE(hears(heard, 2));
+    EXPECT_TRUE(nobody.lines.empty());
+}
+
+TEST_F(DistributedCenterTest, ReachesTheOthersBeforeAnObserverOfThisProcessMayThrow) {
+    const auto other = observe({"N"});
+    Heard& heard = observeHere("N");
+    heard.onHear = [] { throw std::runtime_error("thrown"); };
+    EXPECT_THROW(postHere("N"), std::runtime_error);
+    heard.onHear = nullptr;
+    EXPECT_EQ(other->readLine(), "N|-|-");
+}
+
+TEST_F(DistributedCenterTest, LetsAnObserverPostAndObserve) {
+    Heard& heard = observeHere("N");
+    Heard* added = nullptr;
+    heard.onHear = [&] {
+        heard.onHear = nullptr;
+        added = &observeHere("N");
+        postHere("M");
+    };
+    const auto other = observe({"M"});
+    post({"N"});
+    ASSERT_TRUE(hears(heard, 1));
+    EXPECT_EQ(other->readLine(), "M|-|-");
+    ASSERT_TRUE(added);
+    EXPECT_TRUE(added->lines.empty()) << "added while dispatching";
+    post({"N"});
+    EXPECT_TRUE(hears(*added, 1));
+}
+
+TEST_F(DistributedCenterTest, TellsAnObserverInTheMiddleOfALongProcessedBurst) {
+    Heard& heard = observeHere("N");
+    post({"N", "--times", "1000"});
+    ASSERT_TRUE(hears(heard, 1000));
+    EXPECT_EQ(heard.lines, Lines(1000, "N|-|-"));
+}
+
+TEST_F(DistributedCenterTest, IgnoresPostsOfAnotherDeviceRoot) {
+    const auto observer = observe({"N"});
+    const TemporaryFolder otherRoot;
+    post({"N", "--object", "foreign"}, with("WARDLOCK_DEVICE_ROOT", otherRoot.path()));
+    post({"N", "--object", "own"});
+    EXPECT_EQ(observer->readLine(), "N|own|-");
+}
+
+TEST_F(DistributedCenterTest, TakesADeviceRootByAnotherPathForTheSame) {
+    const auto observer = observe({"N"});
+    const TemporaryFolder elsewhere;
+    std::filesystem::create_directory_symlink(root(), elsewhere / "link");
+    post({"N", "--object", "by link"}, with("WARDLOCK_DEVICE_ROOT", elsewhere / "link"));
+    EXPECT_EQ(observer->readLine(), "N|by link|-");
+}
+
+TEST_F(DistributedCenterTest, TakesADeviceRootThatDoesNotExistYetByItsPath) {
+    const ProcessSetup missing = with("WARDLOCK_DEVICE_ROOT", folder() / "missing");
+    const auto observer = observe({"N"}, missing);
+    post({"N", "--object", "own"});
+    post({"N", "--object", "missing"}, missing);
+    EXPECT_EQ(observer->readLine(), "N|missing|-");
+}
+
+TEST_F(DistributedCenterTest, TellsOnlyThisProcessOfANameThatNoBusCarries) {
+    Heard& heard = observeHere(std::string_view("N\0M", 3));
+    postHere(std::string_view("N\0M", 3));
+    EXPECT_EQ(heard.lines.size(), 1u);
+    const auto observer = observe({"N"});
+    postHere("N");
+    EXPECT_EQ(observer->readLine(), "N|-|-") << "the connection stands";
+}
+
+class SampleTest : public DistributedCenterTest, public ::testing::WithParamInterface<const char*> {};
+
+TEST_P(SampleTest, CrossesUnchanged) {
+    const auto observer = observe({"N", "--sample", GetParam()});
+    post({"N", "--sample", GetParam()});
+    EXPECT_EQ(observer->readLine(), "N|-|same");
+}
+
+INSTANTIATE_TEST_SUITE_P(UserInfo, SampleTest,
+                         ::testing::Values("change", "kinds", "odd", "deep", "deepest", "wide", "large"),
+                         [](const auto& sample) { return std::string(sample.param); });
+
+class OrderTest : public DistributedCenterTest, public ::testing::WithParamInterface<const char*> {};
+
+TEST_P(OrderTest, CrossesWithItsOrderAndTheSignOfZero) {
+    const auto observer = observe({"N"});
+    post({"N", "--sample", GetParam()});
+    EXPECT_EQ(observer->readLine(), "N|-|" + text(sampleUserInfo(GetParam())));
+}
+
+INSTANTIATE_TEST_SUITE_P(UserInfo, OrderTest, ::testing::Values("kinds", "odd", "deep", "wide"),
+                         [](const auto& sample) { return std::string(sample.param); });
+
+TEST_F(DistributedCenterTest, AnnouncesAUserInfoThatNoBusCarriesWithoutIt) {
+    const auto observer = observe({"N"});
+    post({"N", "--sample", "too-large"});
+    EXPECT_EQ(observer->readLine(), "N|-|-");
+}
+
+TEST_F(DistributedCenterTest, AnnouncesAUserInfoDeeperThanADocumentWithoutIt) {
+    const auto observer = observe({"N"});
+    for (const char* sample : {"too-deep", "far-too-deep"}) {
+        post({"N", "--sample", sample});
+        EXPECT_EQ(observer->readLine(), "N|-|-") << sample;
+    }
+}
+
+} // namespace
+} // namespace wardlock::test

@@ -1,0 +1,172 @@
+#include "platform/services/SystemURLOpener.h"
+
+#include "linux/posix/FileDescriptor.h"
+#include "tests/support/DeviceRootFixture.h"
+#include "tests/support/HeldSignal.h"
+#include "tests/support/Patience.h"
+
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <cstddef>
+#include <fcntl.h>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
+#include <poll.h>
+#include <sys/prctl.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace wardlock::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A desktop that knows one scheme, "known".
+class SystemURLOpener : public DeviceRootFixture {
+protected:
+    SystemURLOpener() {
+        fs::create_directory(folder() / "bin");
+        environment.set("PATH", folder() / "bin" + ":/usr/bin:/bin");
+        environment.set("DISPLAY", ":99");
+        installProgram("xdg-mime", "[ \"$3\" = x-scheme-handler/known ] && echo handler.desktop");
+        installProgram("xdg-open", "printf '%s' \"$1\" >'" + folder() / "opened" + "'");
+    }
+    void installProgram(const std::string& name, const std::string& script) const {
+        const std::string path = folder() / "bin" + '/' + name;
+        std::ofstream(path) << "#!/bin/sh\n" << script << '\n';
+        fs::permissions(path, fs::perms::owner_all);
+    }
+    /// With all the time that a handler needs to fail in.
+    static bool open(std::string_view url) { return platform::openURLOnSystem(url, patience); }
+    /// True when it does within the patience; for what no descriptor tells.
+    static bool happens(const std::function<bool()>& done) {
+        const auto deadline = std::chrono::steady_clock::now() + patience;
+        while (!done() && std::chrono::steady_clock::now() < deadline)
+            poll(nullptr, 0, 5);
+        return done();
+    }
+    static bool endsInTime(pid_t child) {
+        siginfo_t info{};
+        return happens([&] {
+            return waitid(P_PID, static_cast<id_t>(child), &info, WEXITED | WNOHANG | WNOWAIT) == 0 &&
+                   info.si_pid == child;
+        });
+    }
+    /// From now on this process is as one on a system without pidfd_open.
+    static bool refuseProcessHandles() {
+        std::array filter{
+            sock_filter BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+            sock_filter BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_pidfd_open, 0, 1),
+            sock_filter BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | ENOSYS),
+            sock_filter BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
+        };
+        const sock_fprog program{filter.size(), filter.data()};
+        return prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 &&
+               prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program) == 0;
+    }
+    std::string opened() const {
+        std::ifstream file(folder() / "opened");
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+};
+
+TEST_F(SystemURLOpener, OpensWhatHasAHandler) {
+    EXPECT_TRUE(open("known://user?screen_name=$(id);'\"`"));
+    EXPECT_EQ(opened(), "known://user?screen_name=$(id);'\"`") << "no shell has read it";
+}
+
+TEST_F(SystemURLOpener, KnowsSchemesInAnyCase) {
+    EXPECT_TRUE(open("KNOWN:x"));
+}
+
+TEST_F(SystemURLOpener, LeavesOtherSchemesAlone) {
+    EXPECT_FALSE(open("twitter://user"));
+    EXPECT_EQ(opened(), "");
+}
+
+TEST_F(SystemURLOpener, RefusesWhatIsNoUrl) {
+    for (const char* text :
+         {"", "known", ":x", "/etc/passwd", "--help", "-x:y", "1known:x", "known: x", "known:\n"})
+        EXPECT_FALSE(open(text)) << text;
+    EXPECT_EQ(opened(), "");
+}
+
+TEST_F(SystemURLOpener, NeedsADisplay) {
+    environment.unset("DISPLAY");
+    environment.unset("WAYLAND_DISPLAY");
+    EXPECT_FALSE(open("known:x"));
+}
+
+TEST_F(SystemURLOpener, TellsThatOpeningFailed) {
+    installProgram("xdg-open", "exit 4");
+    EXPECT_FALSE(open("known:x"));
+}
+
+TEST_F(SystemURLOpener, DoesNotWaitForAHandlerThatStays) {
+    // One that reads a pipe until this test closes its other end.
+    std::array<int, 2> ends{};
+    ASSERT_EQ(pipe(ends.data()), 0);
+    const platform::FileDescriptor reading(ends[0]);
+    const platform::FileDescriptor writing(ends[1]);
+    ASSERT_EQ(fcntl(writing.get(), F_SETFD, FD_CLOEXEC), 0);
+    installProgram("xdg-open", "exec /bin/cat /proc/self/fd/" + std::to_string(reading.get()));
+    EXPECT_TRUE(platform::openURLOnSystem("known:x", std::chrono::milliseconds(100)));
+}
+
+TEST_F(SystemURLOpener, DoesNotWaitWhereTheSystemHasNoHandlesOfProcesses) {
+    const std::string pipe = folder() / "pipe";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    installProgram("xdg-open", "read line <'" + pipe + "'; exit 7");
+    const pid_t child = fork();
+    if (child == 0) {
+        const bool opened =
+            refuseProcessHandles() && platform::openURLOnSystem("known:x", std::chrono::milliseconds(100));
+        _exit(opened ? 0 : 1);
+    }
+    int status = -1;
+    // Whoever waits for the handler waits for this.
+    EXPECT_TRUE(endsInTime(child));
+    std::ofstream(pipe) << "line\n";
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+}
+
+TEST_F(SystemURLOpener, OpensForAHostThatIgnoresTheEndsOfItsChildren) {
+    std::signal(SIGCHLD, SIG_IGN);
+    EXPECT_TRUE(open("known:x"));
+    std::signal(SIGCHLD, SIG_DFL);
+    EXPECT_EQ(opened(), "known:x");
+}
+
+TEST_F(SystemURLOpener, LeavesNoDeadHandlerBehindWhateverSignalsTheHostGets) {
+    const std::string pipe = folder() / "pipe";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    installProgram("xdg-open", "echo $$ >'" + folder() / "process" + "'; read line <'" + pipe + "'");
+    EXPECT_TRUE(platform::openURLOnSystem("known:x", std::chrono::milliseconds(100)));
+    // The thread that waits for the handler's end is there by now: it takes no signal of the host.
+    HeldSignal signal;
+    signal.hold();
+    signal.send();
+    std::ofstream(pipe) << "line\n";
+    pid_t process = 0;
+    std::ifstream(folder() / "process") >> process;
+    ASSERT_GT(process, 0);
+    EXPECT_TRUE(happens([process] { return kill(process, 0) != 0 && errno == ESRCH; }));
+    EXPECT_TRUE(signal.isHeld());
+}
+
+TEST_F(SystemURLOpener, OpensNothingWithoutADesktop) {
+    fs::remove(folder() / "bin" + "/xdg-mime");
+    environment.set("PATH", folder() / "bin");
+    EXPECT_FALSE(open("known:x"));
+}
+
+} // namespace
+} // namespace wardlock::test

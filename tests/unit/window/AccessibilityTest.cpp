@@ -1,0 +1,176 @@
+#include "tests/unit/window/WindowFixture.h"
+
+#include <gtest/gtest.h>
+
+namespace wardlock::test {
+
+class WindowAccessibility : public WindowFixture {
+protected:
+    /// Whether the tree has the line, at any depth.
+    bool tells(const std::string& line) {
+        const std::string tree = scene().accessibilityTree();
+        return ("\n" + tree).find("\n" + line) != std::string::npos ||
+               tree.find(" " + line) != std::string::npos;
+    }
+    /// All that is told, behind an empty line.
+    void expectTree(const std::string& tree) {
+        EXPECT_TRUE(until([&] { return "\n" + scene().accessibilityTree() == tree; }))
+            << scene().accessibilityTree();
+    }
+    void expectTold(std::initializer_list<const char*> lines) {
+        for (const char* line : lines)
+            EXPECT_TRUE(until([&] { return tells(line); })) << line << "\n" << scene().accessibilityTree();
+    }
+};
+
+TEST_F(WindowAccessibility, TellsTheFirstPageOfSettings) {
+    open();
+    expectTree(R"(
+Grouping: 
+  Grouping: 
+    Heading: Settings
+    List: Settings
+      Link: Wardlock
+)");
+}
+
+TEST_F(WindowAccessibility, TellsTheRootPage) {
+    openWardlock();
+    expectTree(R"(
+Grouping: 
+  Grouping: 
+    Button: Back to Settings
+    Heading: Wardlock
+    Button: Add
+    List: Wardlock
+      Heading: General
+      CheckBox: Enabled on
+      Button: Passcode
+      StaticText: To set a passcode, simply tap on "Passcode" above. This will protect the settings app while a restricted account is enabled. Without a passcode, restricted users can easily access settings and disable all restrictions!
+      Heading: Accounts
+      Link: Default
+      StaticText: Use the '+' button at the top right of the screen to create a new account.
+      Heading: Contact
+      Button: @TavixCo
+      Button: support@tavix.example
+      Link: Change Log
+      Link: More From Tavix
+      StaticText: Wardlock is made by Tavix.
+)");
+}
+
+TEST_F(WindowAccessibility, TellsAsMuchOfTheAccountPageAsIsInSight) {
+    openAccount();
+    expectTree(R"(
+Grouping: 
+  Grouping: 
+    Button: Back to Wardlock
+    Heading: Default
+    List: Default
+      CheckBox: Enabled off
+      EditableText: Account Name
+      Heading: Restricted Apps
+      Link: Apps
+      Heading: Restrictions
+      CheckBox: Disable Lockscreen Passcode on
+      StaticText: Will disable the lockscreen passcode during restricted use only. The settings application will remain locked with the passcode you set for wardlock
+      Heading: Icons
+      CheckBox: Hide Icons off
+      CheckBox: Editing on
+      CheckBox: Dragging on
+      CheckBox: Uninstall on
+      StaticText: "Hide Icons" will fully hide the icons for restricted applications, but will keep a blank spot to retain the grid map.
+      Heading: System
+      CheckBox: Power Down off
+      CheckBox: Siri off
+)");
+}
+
+TEST_F(WindowAccessibility, TellsThePickerAndItsSwitches) {
+    installApplication("com.apple.facetime", "FaceTime");
+    installApplication("org.berry", "Berry");
+    setAccounts({"Anna"});
+    setInAccount(0, "kAppsRestricted", platform::Array{"com.apple.facetime"});
+    openAccount();
+    scene().tap("row:Apps");
+    scene().item("page:Apps");
+    expectTree(R"(
+Grouping: 
+  Grouping: 
+    Button: Back to Anna
+    Heading: Apps
+    List: Apps
+      CheckBox: FaceTime on
+      CheckBox: Berry off
+)");
+}
+
+TEST_F(WindowAccessibility, TellsAnAlertAndNothingBeneath) {
+    openWardlock();
+    scene().tap("add");
+    scene().item("alert");
+    expectTree(R"(
+Grouping: 
+  AlertMessage: New Account
+    EditableText: New Account Name focused
+    Button: Cancel
+    Button: Create (Not available)
+)");
+}
+
+TEST_F(WindowAccessibility, TellsTheKeypadAndNothingBeneath) {
+    openWardlock();
+    scene().tap("row:Passcode");
+    clock.step(0.4);
+    scene().item("keypad:status");
+    scene().type("12");
+    expectTree(R"(
+Dialog: Enter New Passcode focused
+  StaticText: 2 of 4 digits entered
+  Button: 1
+  Button: 2
+  Button: 3
+  Button: 4
+  Button: 5
+  Button: 6
+  Button: 7
+  Button: 8
+  Button: 9
+  Button: 0
+  Button: Delete
+)");
+}
+
+TEST_F(WindowAccessibility, TellsTheMailAndTheChangeLog) {
+    openWardlock();
+    scene().tap("row:support@tavix.example");
+    expectTold({"Dialog: New Message", "EditableText: To:", "EditableText: Subject:", "EditableText: Message",
+                "Button: Send"});
+    EXPECT_FALSE(tells("Button: Passcode")) << "the page beneath";
+    scene().press(Qt::Key_Escape);
+    scene().expectGone("composer");
+    scene().tap("row:Change Log");
+    expectTold({"Heading: Change Log", "StaticText: Wardlock 0.1.0"});
+}
+
+TEST_F(WindowAccessibility, TellsEveryKindOfRow) {
+    openFixtureBundle();
+    expectTold({"CheckBox: On off", "Link: Flavour", "EditableText: Nickname", "EditableText: PIN",
+                "CheckBox: Locked disabled off (Not available)", "Button: Starred", "StaticText: Version 1"});
+}
+
+TEST_F(WindowAccessibility, DoesWhatAssistiveTechnologyAsks) {
+    openWardlock();
+    scene()
+        .accessible("switch:Enabled")
+        ->actionInterface()
+        ->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_TRUE(until([&] { return !scene().item("switch:Enabled")->property("on").toBool(); }));
+    scene()
+        .accessible("row:Change Log")
+        ->actionInterface()
+        ->doAction(QAccessibleActionInterface::pressAction());
+    scene().item("page:Change Log");
+}
+
+} // namespace wardlock::test

@@ -1,0 +1,95 @@
+// Texts of megabytes, which take minutes to lay out and which nobody reads.
+
+#include "settings/Keys.h"
+#include "tests/unit/window/WindowFixture.h"
+#include "window/models/Text.h"
+
+#include <gtest/gtest.h>
+
+namespace wardlock::test {
+
+namespace {
+
+const std::string megabytes(4 << 20, 'x');
+
+} // namespace
+
+class WindowLongText : public WindowFixture {
+protected:
+    /// The page of an account of such a name, with the row of the name in sight.
+    void openItsAccount() {
+        setAccounts({megabytes});
+        openWardlock();
+        scene().tap("row:" + app::shownText(megabytes));
+        scene().item("page:" + app::shownText(megabytes));
+    }
+};
+
+TEST_F(WindowLongText, InAnAccountsNameIsCutInItsRow) {
+    setAccounts({megabytes, "Ben"});
+    openWardlock();
+    EXPECT_EQ(scene().item("row:" + app::shownText(megabytes))->height(), 44);
+    EXPECT_TRUE(scene().shows("row:Ben"));
+}
+
+TEST_F(WindowLongText, ThatEndsLinesIsOneLineInRowsAndTitles) {
+    setAccounts({"An\r\nna\u2028B\u2029C\nD"});
+    openWardlock();
+    const QString drawn = QStringLiteral("row:An na B C D");
+    EXPECT_EQ(scene().item(drawn)->height(), 44);
+    scene().tap(drawn);
+    scene().item("switch:Enabled");
+    EXPECT_EQ(scene().text("title"), "An na B C D");
+    scene().tap("switch:Enabled");
+    EXPECT_EQ(account(0, kAccountName).string(), "An\r\nna\u2028B\u2029C\nD") << "only the drawing differs";
+}
+
+TEST_F(WindowLongText, InAnAccountsNameIsCutOnItsPageAndStays) {
+    openItsAccount();
+    EXPECT_EQ(scene().text("title"), app::shownText(megabytes).toStdString());
+    EXPECT_EQ(scene().text("field:Account Name"), app::shownText(megabytes).toStdString());
+    scene().tap("switch:Enabled");
+    EXPECT_EQ(account(0, kAccountName).string(), megabytes);
+}
+
+TEST_F(WindowLongText, StaysWhereNothingIsTypedInItsField) {
+    openItsAccount();
+    scene().tap("field:Account Name");
+    EXPECT_EQ(scene().text("field:Account Name"), "");
+    scene().press(Qt::Key_Return);
+    EXPECT_EQ(scene().text("field:Account Name"), app::shownText(megabytes).toStdString());
+    EXPECT_EQ(account(0, kAccountName).string(), megabytes);
+}
+
+TEST_F(WindowLongText, IsReplacedByWhatIsTypedInItsField) {
+    openItsAccount();
+    scene().tap("field:Account Name");
+    scene().type("Anna");
+    scene().press(Qt::Key_Return);
+    EXPECT_EQ(scene().text("field:Account Name"), "Anna");
+    EXPECT_EQ(account(0, kAccountName).string(), "Anna");
+}
+
+TEST_F(WindowLongText, IsCutInTheNotice) {
+    open();
+    host().settings().tell({megabytes});
+    EXPECT_EQ(host().settings().notice(), app::shownText(megabytes));
+}
+
+TEST(ShownText, IsWholeUpToItsBound) {
+    EXPECT_EQ(app::shownText("x\u00e9\u20ac", 3), QStringLiteral(u"x\u00e9\u20ac"));
+    EXPECT_FALSE(app::isCut("x\u00e9\u20ac", 3));
+}
+
+TEST(ShownText, EndsInAnEllipsisBeyondIt) {
+    EXPECT_EQ(app::shownText("x\u00e9\u20acy", 3), QStringLiteral(u"x\u00e9\u20ac\u2026"));
+    EXPECT_TRUE(app::isCut("x\u00e9\u20acy", 3));
+    EXPECT_EQ(app::shownText(std::string(100, 'x'), 3), QStringLiteral(u"xxx\u2026"));
+}
+
+TEST(ShownText, LosesNoHalfOfALetter) {
+    EXPECT_EQ(app::shownText("xy\U0001F600z", 3), QStringLiteral(u"xy\u2026"));
+    EXPECT_EQ(app::shownText("x\U0001F600z", 3), QStringLiteral(u"x\U0001F600\u2026"));
+}
+
+} // namespace wardlock::test

@@ -1,0 +1,49 @@
+// The window's program, asked for pictures by people of different languages.
+
+#include "tests/support/BusFixture.h"
+#include "tests/support/Places.h"
+#include "tests/unit/window/Scene.h"
+
+#include <QFile>
+#include <QImage>
+#include <gtest/gtest.h>
+
+namespace wardlock::test {
+
+class WindowOfALanguage : public BusFixture {
+protected:
+    /// Of the account page, whose bar has the way back and no other button.
+    QImage pictureIn(const std::string& locale) const {
+        const QString pictures = QString::fromStdString(folder() / "pictures");
+        const Process program(programFolder() + "/wardlock-settings",
+                              {"--light", "--screenshots", pictures.toStdString()}, with("LC_ALL", locale));
+        // The picture is whole when the next one is begun.
+        EXPECT_TRUE(until([&] { return QFile::exists(pictures + "/4-apps-light.png"); }));
+        return QImage(pictures + "/3-account-light.png");
+    }
+
+    /// How many pixels of the bar, between two columns, have the colour of what can be pressed.
+    static int tinted(const QImage& picture, int from, int to) {
+        int count = 0;
+        for (int y = 0; y < 50; ++y)
+            for (int x = from; x < to; ++x)
+                count += picture.pixelColor(x, y) == QColor(0x00, 0x7a, 0xff);
+        return count;
+    }
+};
+
+TEST_F(WindowOfALanguage, HasTheWayBackOnTheLeftWhereReadingBeginsThere) {
+    const QImage picture = pictureIn("C");
+    ASSERT_EQ(picture.width(), 390);
+    EXPECT_GT(tinted(picture, 0, 150), 20);
+    EXPECT_EQ(tinted(picture, 240, 390), 0);
+}
+
+TEST_F(WindowOfALanguage, IsMirroredWhereReadingBeginsOnTheRight) {
+    const QImage picture = pictureIn("ar_EG.UTF-8");
+    ASSERT_EQ(picture.width(), 390);
+    EXPECT_EQ(tinted(picture, 0, 150), 0);
+    EXPECT_GT(tinted(picture, 240, 390), 20);
+}
+
+} // namespace wardlock::test

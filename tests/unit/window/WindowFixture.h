@@ -1,0 +1,61 @@
+#pragma once
+
+#include "platform/values/Value.h"
+#include "shell/input/ManualClock.h"
+#include "tests/support/BusFixture.h"
+#include "tests/support/doubles/RecordingMailService.h"
+#include "tests/unit/window/Scene.h"
+#include "window/WindowHost.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace wardlock::test {
+
+/// A test of the window: a device root and a bus of its own, provisioned with the bundle of this build; the
+/// window as a person gets it, drawn in memory; a clock that is stepped; mails and opened URLs that are only
+/// written down.
+class WindowFixture : public BusFixture {
+protected:
+    WindowFixture();
+    ~WindowFixture() override;
+
+    /// Provisions the device and opens the window; once. What it says is what the host found wrong.
+    std::vector<std::string> open(double transitionSeconds = 0, QSize size = {390, 844});
+    /// Opens the window and, in it, Wardlock's first page.
+    void openWardlock();
+    /// And the page of its account of that number.
+    void openAccount(int index = 0);
+    void openFixtureBundle();
+    void quit() { host_.reset(); }
+    app::WindowHost& host() { return *host_; }
+    QQuickWindow& window() { return *host_->window(); }
+    Scene scene() { return Scene(*host_->window()); }
+
+    /// Where a web engine finds every host of the web, "ADDRESS:PORT"; before the first page of the web.
+    /// Without it there is no host at all.
+    void mapWebTo(const std::string& address);
+    void installApplication(const std::string& identifier, const std::string& name) const;
+    /// The device's document before the window opens.
+    void setAccounts(std::initializer_list<std::string_view> names) const;
+    void writeDocument(const platform::Dictionary& document) const;
+    platform::Dictionary document() const;
+    platform::Value account(std::size_t index, std::string_view key) const;
+    std::vector<std::string> accountNames() const;
+    void setInAccount(std::size_t index, std::string_view key, platform::Value value) const;
+    /// Another process that hears the announcements; its readLine() tells "key = object; ...".
+    std::unique_ptr<Process> listen(int count = 1) const;
+    /// What another process does after it has changed the document; until the window has heard it.
+    void announce();
+
+    shell::ManualClock clock;
+    RecordingMailService mail;
+    std::vector<std::string> openedUrls;
+
+private:
+    std::unique_ptr<app::WindowHost> host_;
+};
+
+} // namespace wardlock::test

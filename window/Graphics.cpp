@@ -1,0 +1,21 @@
+#include "window/Graphics.h"
+
+#include "platform/services/Superuser.h"
+
+#include <QCoreApplication>
+
+namespace wardlock::app {
+
+void chooseGraphics(DrawnOn place) {
+    if (place == DrawnOn::Memory) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        qputenv("QT_QUICK_BACKEND", "software");
+    }
+    // The web engine would end the process: there is no sandbox for the superuser.
+    if (platform::isSuperuser())
+        qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+    // A web engine that is loaded later shares its pictures with the window.
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+}
+
+} // namespace wardlock::app

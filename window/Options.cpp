@@ -1,0 +1,91 @@
+#include "window/Options.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+namespace wardlock::app {
+
+namespace {
+
+std::optional<double> number(const std::string& text) {
+    double value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error != std::errc() || end != text.data() + text.size())
+        return std::nullopt;
+    return value;
+}
+
+constexpr OptionText darkText{"--dark", "", "the dark appearance, instead of the system's"};
+constexpr OptionText lightText{"--light", "", "the light appearance, instead of the system's"};
+constexpr OptionText textScaleText{"--text-scale", "N",
+                                   "the size of the text, from 0.8 to 2.5, instead of the\nsystem's"};
+constexpr OptionText deviceRootText{"--device-root", "DIR",
+                                    "the device to show: the folder that holds its files,\ninstead of "
+                                    "WARDLOCK_DEVICE_ROOT or the user's own device"};
+constexpr OptionText screenshotsText{"--screenshots", "DIR",
+                                     "write a picture of every page, light and dark, to DIR\nand end; needs "
+                                     "no display"};
+constexpr OptionText orTerminalText{"--or-terminal", "",
+                                    "go on with Settings in the terminal where no window can\nbe opened"};
+constexpr OptionText helpText{"--help", "", "show this text"};
+constexpr OptionText versionText{"--version", "", "show the version"};
+constexpr std::array allTexts{darkText,        lightText,      textScaleText, deviceRootText,
+                              screenshotsText, orTerminalText, helpText,      versionText};
+
+bool takesValue(const std::string& name) {
+    const auto found = std::ranges::find(allTexts, name, &OptionText::name);
+    return found != allTexts.end() && !found->value.empty();
+}
+
+} // namespace
+
+Options Options::parse(const std::vector<std::string>& arguments) {
+    Options options;
+    for (std::size_t i = 0; i < arguments.size() && options.error.empty(); ++i) {
+        const std::string& name = arguments[i];
+        const bool hasValue = takesValue(name);
+        if (hasValue && i + 1 == arguments.size()) {
+            options.error = name + " needs a value";
+            break;
+        }
+        if (name == helpText.name)
+            options.help = true;
+        else if (name == versionText.name)
+            options.version = true;
+        else if (name == orTerminalText.name)
+            options.orTerminal = true;
+        else if (name == darkText.name || name == lightText.name)
+            options.dark = name == darkText.name;
+        else if (name == deviceRootText.name)
+            options.deviceRoot = arguments[++i];
+        else if (name == screenshotsText.name)
+            options.screenshots = arguments[++i];
+        else if (name == textScaleText.name && !(options.textScale = number(arguments[++i])))
+            options.error = "--text-scale needs a number, for example 1.5";
+        else if (!hasValue)
+            options.error = "unknown argument " + name;
+    }
+    return options;
+}
+
+std::span<const OptionText> Options::texts() {
+    return allTexts;
+}
+
+std::string Options::usage() {
+    constexpr std::size_t column = 23;
+    std::string text = "Usage: wardlock-settings [OPTION]...\n\nOpens Settings in a window.\n\n";
+    for (const OptionText& option : allTexts) {
+        std::string line = "  " + std::string(option.name);
+        if (!option.value.empty())
+            line += ' ' + std::string(option.value);
+        line.append(column - line.size(), ' ');
+        for (const char c : option.help)
+            line += c == '\n' ? '\n' + std::string(column, ' ') : std::string(1, c);
+        text += line + '\n';
+    }
+    return text;
+}
+
+} // namespace wardlock::app

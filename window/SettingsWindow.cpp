@@ -1,0 +1,126 @@
+#include "window/SettingsWindow.h"
+
+#include "platform/runtime/MainLoop.h"
+#include "window/models/Refused.h"
+#include "window/models/Text.h"
+
+namespace wardlock::app {
+
+namespace {
+
+/// Has `model` show `shown`, making and retiring it as needed; answers whether it is another one now.
+template <class Model, class Shown>
+bool follow(std::unique_ptr<Model>& model, const Shown& shown, bool present, shell::SheetInput& input) {
+    if (model && present && model->shows(shown)) {
+        emit model->changed();
+        return false;
+    }
+    const bool had = model != nullptr;
+    if (had)
+        model.release()->deleteLater();
+    if (present)
+        model = std::make_unique<Model>(shown, input);
+    return had || present;
+}
+
+} // namespace
+
+SettingsWindow::SettingsWindow(platform::AnimationClock& clock, double transitionSeconds)
+    : transitionSeconds_(transitionSeconds), application_(clock, transitionSeconds),
+      pages_(application_, engine_), loop_(platform::MainLoop::shared().descriptor(), QSocketNotifier::Read) {
+    application_.setObserver(this);
+    connect(&loop_, &QSocketNotifier::activated, this, [this] { application_.process(); });
+    pages_.follow(false);
+}
+
+SettingsWindow::~SettingsWindow() {
+    application_.setObserver(nullptr);
+}
+
+QString SettingsWindow::notice() {
+    const QString own = shownText(application_.screen().notice());
+    return own.isEmpty() ? problems_ : own;
+}
+
+void SettingsWindow::tell(const std::vector<std::string>& problems) {
+    QStringList lines;
+    for (const std::string& problem : problems)
+        lines.append(shownText(problem));
+    problems_ = lines.join(QLatin1Char('\n'));
+    emit noticeChangedForQml();
+}
+
+void SettingsWindow::goBack() {
+    refusedIsFine(application_.page().goBack());
+}
+
+void SettingsWindow::tapBarButton() {
+    refusedIsFine(application_.page().tapBarButton());
+}
+
+void SettingsWindow::endEditing() {
+    application_.page().endEditing();
+}
+
+void SettingsWindow::dismissNotice() {
+    if (application_.screen().notice().empty()) {
+        problems_.clear();
+        emit noticeChangedForQml();
+    }
+    application_.dismissNotice();
+}
+
+void SettingsWindow::pagesChanged(bool animated) {
+    pages_.follow(animated);
+}
+
+void SettingsWindow::pageChanged(shell::Page& page) {
+    if (auto* model = pages_.find(page))
+        model->barMayHaveChanged();
+}
+
+void SettingsWindow::listReset(shell::Page& page) {
+    if (auto* model = pages_.find(page))
+        model->listWasReset();
+}
+
+void SettingsWindow::rowChanged(shell::Page& page, platform::NSIndexPath path) {
+    if (auto* model = pages_.find(page))
+        model->rowWasChanged(path);
+}
+
+void SettingsWindow::rowInserted(shell::Page& page, platform::NSIndexPath, bool) {
+    listReset(page);
+}
+
+void SettingsWindow::contentChanged(shell::Page& page) {
+    if (auto* model = pages_.find(page))
+        model->contentMayHaveChanged();
+}
+
+void SettingsWindow::tableRowChanged(shell::Page& page, platform::NSIndexPath path) {
+    if (auto* model = pages_.find(page))
+        model->tableRowWasChanged(path);
+}
+
+void SettingsWindow::overlayChanged() {
+    const auto overlay = application_.screen().overlay();
+    if (follow(keypad_, overlay.value_or(shell::Overlay{}), overlay.has_value(), application_.sheets()))
+        emit keypadChanged();
+}
+
+void SettingsWindow::presentationChanged() {
+    const auto alert = application_.screen().alert();
+    const auto composer = application_.screen().composer();
+    const bool alertIsAnother = follow(alert_, alert, alert != nullptr, application_.sheets());
+    const bool composerIsAnother = follow(composer_, composer, composer != nullptr, application_.sheets());
+    if (alertIsAnother || composerIsAnother)
+        emit sheetsChanged();
+}
+
+void SettingsWindow::editingChanged() {
+    if (auto* model = pages_.top())
+        model->editingMayHaveChanged();
+}
+
+} // namespace wardlock::app

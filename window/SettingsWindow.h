@@ -1,0 +1,86 @@
+#pragma once
+
+#include "shell/SettingsApplication.h"
+#include "shell/screen/ScreenObserver.h"
+#include "window/models/AlertModel.h"
+#include "window/models/ComposerModel.h"
+#include "window/models/KeypadModel.h"
+#include "window/models/PagesModel.h"
+#include "window/models/WindowWebEngine.h"
+
+#include <QAccessible>
+#include <QObject>
+#include <QSocketNotifier>
+
+#include <memory>
+
+namespace wardlock::app {
+
+/// Settings as QML sees them: what is on the screen, and what a person can do besides touching a page. Hears
+/// the shell's changes and keeps the models in step with them.
+class SettingsWindow : public QObject, public shell::ScreenObserver {
+    Q_OBJECT
+    Q_PROPERTY(QAbstractItemModel* pages READ pages CONSTANT)
+    Q_PROPERTY(double transitionSeconds READ transitionSeconds CONSTANT)
+    Q_PROPERTY(wardlock::app::AlertModel* alert READ alert NOTIFY sheetsChanged)
+    Q_PROPERTY(wardlock::app::ComposerModel* composer READ composer NOTIFY sheetsChanged)
+    Q_PROPERTY(wardlock::app::KeypadModel* keypad READ keypad NOTIFY keypadChanged)
+    /// A sentence to tell the person until it is dismissed; empty for none.
+    Q_PROPERTY(QString notice READ notice NOTIFY noticeChangedForQml)
+
+public:
+    /// The clock outlives this object.
+    SettingsWindow(platform::AnimationClock& clock, double transitionSeconds);
+    ~SettingsWindow() override;
+
+    QAbstractItemModel* pages() { return &pages_; }
+    double transitionSeconds() const { return transitionSeconds_; }
+    AlertModel* alert() const { return alert_.get(); }
+    ComposerModel* composer() const { return composer_.get(); }
+    KeypadModel* keypad() const { return keypad_.get(); }
+    QString notice();
+    shell::SettingsApplication& application() { return application_; }
+
+    /// The host has something to say.
+    void tell(const std::vector<std::string>& problems);
+
+    Q_INVOKABLE void goBack();
+    Q_INVOKABLE void tapBarButton();
+    Q_INVOKABLE void endEditing();
+    Q_INVOKABLE void dismissNotice();
+    /// Somebody uses assistive technology.
+    Q_INVOKABLE bool isAssisted() const { return QAccessible::isActive(); }
+    void resignActive() { application_.resignActive(); }
+    Q_INVOKABLE void close() { application_.close(); }
+
+signals:
+    void sheetsChanged();
+    void keypadChanged();
+    void noticeChangedForQml();
+
+private:
+    void pagesChanged(bool animated) override;
+    void transitionEnded() override { pages_.transitionEnded(); }
+    void pageChanged(shell::Page& page) override;
+    void listReset(shell::Page& page) override;
+    void rowChanged(shell::Page& page, platform::NSIndexPath path) override;
+    void rowInserted(shell::Page& page, platform::NSIndexPath path, bool animated) override;
+    void contentChanged(shell::Page& page) override;
+    void tableRowChanged(shell::Page& page, platform::NSIndexPath path) override;
+    void overlayChanged() override;
+    void presentationChanged() override;
+    void editingChanged() override;
+    void noticeChanged() override { emit noticeChangedForQml(); }
+
+    const double transitionSeconds_;
+    WindowWebEngine engine_;
+    shell::SettingsApplication application_;
+    PagesModel pages_;
+    std::unique_ptr<AlertModel> alert_;
+    std::unique_ptr<ComposerModel> composer_;
+    std::unique_ptr<KeypadModel> keypad_;
+    QSocketNotifier loop_;
+    QString problems_;
+};
+
+} // namespace wardlock::app

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "shell/input/SteadyClock.h"
+
+#include <QTimer>
+
+namespace wardlock::app {
+
+/// Real time that Qt's loop keeps.
+class WindowClock : public shell::SteadyClock {
+public:
+    WindowClock();
+
+    void after(Time delay, std::function<void()> action) override;
+
+private:
+    void arm();
+
+    QTimer timer_;
+};
+
+} // namespace wardlock::app

@@ -1,0 +1,67 @@
+#include "window/WindowHost.h"
+
+#include "platform/services/DeviceInformation.h"
+#include "window/accessibility/AccessibleItem.h"
+#include "window/items/BlurredBackdrop.h"
+#include "window/items/Chevron.h"
+#include "window/items/Layer.h"
+#include "window/items/Look.h"
+#include "window/items/RowIcon.h"
+#include "window/items/TableCell.h"
+
+#include <QGuiApplication>
+#include <QQmlContext>
+
+#include <algorithm>
+
+namespace wardlock::app {
+
+WindowHost::WindowHost(platform::AnimationClock& clock, double transitionSeconds)
+    : settings_(clock, transitionSeconds) {
+    qmlRegisterType<BlurredBackdrop>("Wardlock.Native", 1, 0, "BlurredBackdrop");
+    qmlRegisterType<Chevron>("Wardlock.Native", 1, 0, "Chevron");
+    qmlRegisterType<Layer>("Wardlock.Native", 1, 0, "Layer");
+    qmlRegisterType<RowIcon>("Wardlock.Native", 1, 0, "RowIcon");
+    qmlRegisterType<TableCell>("Wardlock.Native", 1, 0, "TableCell");
+    qmlRegisterType<Toggle>("Wardlock.Native", 1, 0, "Toggle");
+    Look::install();
+    installAccessibility();
+    engine_.rootContext()->setContextProperty(QStringLiteral("settings"), &settings_);
+    engine_.rootContext()->setContextProperty(QStringLiteral("appearance"), &appearance_);
+    engine_.addImportPath(QStringLiteral("qrc:/"));
+    engine_.load(QUrl(QStringLiteral("qrc:/Wardlock/Main.qml")));
+    // Where the display activates a window at once, the first change is missed.
+    active_ = QGuiApplication::applicationState() == Qt::ApplicationActive;
+    connect(qApp, &QGuiApplication::applicationStateChanged, this, &WindowHost::followApplicationState);
+    if (!window())
+        return;
+    for (const auto changed : {&QWindow::widthChanged, &QWindow::heightChanged})
+        connect(window(), changed, this, &WindowHost::tellScreen);
+    connect(window(), &QWindow::screenChanged, this, &WindowHost::tellScreen);
+    tellScreen();
+}
+
+WindowHost::~WindowHost() {
+    // The views go before the models they show.
+    delete window();
+}
+
+QQuickWindow* WindowHost::window() const {
+    return engine_.rootObjects().isEmpty() ? nullptr
+                                           : qobject_cast<QQuickWindow*>(engine_.rootObjects().constFirst());
+}
+
+void WindowHost::tellScreen() const {
+    // Pictures are asked for no coarser than a device's: text that grows takes them along.
+    constexpr double devicesScale = 2;
+    platform::DeviceInformation::setScreenSize({double(window()->width()), double(window()->height())});
+    platform::DeviceInformation::setScreenScale(std::max(devicesScale, window()->devicePixelRatio()));
+}
+
+void WindowHost::followApplicationState(Qt::ApplicationState state) {
+    const bool wasActive = std::exchange(active_, state == Qt::ApplicationActive);
+    if (wasActive && !active_)
+        settings_.resignActive();
+}
+
+} // namespace wardlock::app

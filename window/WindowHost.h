@@ -1,0 +1,34 @@
+#pragma once
+
+#include "window/SettingsWindow.h"
+#include "window/items/Appearance.h"
+
+#include <QQmlApplicationEngine>
+#include <QQuickWindow>
+
+namespace wardlock::app {
+
+/// The window itself, which is the screen of the device: loads the QML over the models. Main thread only; a
+/// QGuiApplication is there.
+class WindowHost : public QObject {
+public:
+    /// The clock outlives this object. See loaded() for whether it worked.
+    WindowHost(platform::AnimationClock& clock, double transitionSeconds);
+    ~WindowHost() override;
+
+    /// Null when the QML could not be loaded; the reasons are on standard error.
+    QQuickWindow* window() const;
+    SettingsWindow& settings() { return settings_; }
+    Appearance& appearance() { return appearance_; }
+
+private:
+    void followApplicationState(Qt::ApplicationState state);
+    void tellScreen() const;
+
+    SettingsWindow settings_;
+    Appearance appearance_;
+    QQmlApplicationEngine engine_;
+    bool active_ = false;
+};
+
+} // namespace wardlock::app

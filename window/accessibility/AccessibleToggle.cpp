@@ -1,0 +1,37 @@
+#include "window/accessibility/AccessibleToggle.h"
+
+#include <QCoreApplication>
+
+namespace wardlock::app {
+
+QString AccessibleToggle::text(QAccessible::Text kind) const {
+    if (kind == QAccessible::Name)
+        return toggle_.label();
+    if (kind == QAccessible::Description && !toggle_.isAvailable())
+        return QCoreApplication::translate("Toggle", "Not available");
+    return {};
+}
+
+QAccessible::State AccessibleToggle::state() const {
+    auto state = AccessibleItem::state();
+    state.checkable = true;
+    state.checked = toggle_.isOn();
+    state.focusable = toggle_.isEnabled();
+    return state;
+}
+
+void* AccessibleToggle::interface_cast(QAccessible::InterfaceType type) {
+    return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this)
+                                                : AccessibleItem::interface_cast(type);
+}
+
+void AccessibleToggle::doAction(const QString& name) {
+    if (!toggle_.isEnabled())
+        return;
+    if (name == setFocusAction())
+        toggle_.forceActiveFocus();
+    else if (name == toggleAction() || name == pressAction())
+        toggle_.ask();
+}
+
+} // namespace wardlock::app

@@ -1,0 +1,69 @@
+#include "window/items/Appearance.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QPalette>
+#include <QScreen>
+
+#include <algorithm>
+
+namespace wardlock::app {
+
+namespace {
+
+constexpr double usualDotsPerInch = 96;
+constexpr double smallestScale = 0.8;
+constexpr double largestScale = 2.5;
+/// A desktop that takes longer is followed when it answers; the window is not kept back for it.
+constexpr std::chrono::milliseconds firstAnswer{150};
+
+} // namespace
+
+Appearance::Appearance() : desktop_(platform::watchDesktopLook([this] { emit changed(); })) {
+    qApp->installEventFilter(this);
+}
+
+bool Appearance::isDark() const {
+    if (dark_)
+        return *dark_;
+    if (const auto dark = look().dark)
+        return *dark;
+    const QPalette palette = QGuiApplication::palette();
+    return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
+}
+
+double Appearance::textScale() const {
+    const auto* screen = QGuiApplication::primaryScreen();
+    const double scale = textScale_ ? *textScale_
+                         : screen   ? screen->logicalDotsPerInch() / usualDotsPerInch
+                                    : 1;
+    return std::clamp(scale, smallestScale, largestScale);
+}
+
+void Appearance::force(std::optional<bool> dark) {
+    dark_ = dark;
+    emit changed();
+}
+
+void Appearance::forceTextScale(std::optional<double> scale) {
+    textScale_ = scale;
+    emit changed();
+}
+
+void Appearance::awaitDesktop() {
+    if (desktop_)
+        desktop_->waitForAnswer(firstAnswer);
+}
+
+void Appearance::leaveDesktop() {
+    desktop_.reset();
+    emit changed();
+}
+
+bool Appearance::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ApplicationPaletteChange)
+        emit changed();
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace wardlock::app

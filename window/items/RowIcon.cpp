@@ -1,0 +1,43 @@
+#include "window/items/RowIcon.h"
+
+#include "window/items/Look.h"
+#include "window/items/RowPainter.h"
+
+namespace wardlock::app {
+
+RowIcon::RowIcon(QQuickItem* parent) : PaintedItem(parent) {
+    setVisible(false);
+}
+
+void RowIcon::setSource(const QString& source) {
+    if (source == source_)
+        return;
+    source_ = source;
+    setVisible(!source.isEmpty());
+    if (isComponentComplete())
+        showSource();
+    emit sourceChanged();
+}
+
+void RowIcon::componentComplete() {
+    PaintedItem::componentComplete();
+    if (const auto* look = Look::of(*this))
+        setImplicitSize(look->icon, look->icon);
+    showSource();
+}
+
+void RowIcon::itemChange(ItemChange change, const ItemChangeData& data) {
+    PaintedItem::itemChange(change, data);
+    if (change == ItemDevicePixelRatioHasChanged && isComponentComplete())
+        showSource();
+}
+
+void RowIcon::showSource() {
+    picture_.show(source_, qRound(implicitWidth()));
+}
+
+void RowIcon::paint(QPainter& painter) {
+    drawPicture(painter, picture_.image(), boundingRect());
+}
+
+} // namespace wardlock::app

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "window/items/PaintedItem.h"
+#include "window/pictures/AwaitedPicture.h"
+
+namespace wardlock::app {
+
+/// A row's picture, square; nothing where there is none.
+class RowIcon : public PaintedItem {
+    Q_OBJECT
+    /// An address of PictureSource's, empty for none.
+    Q_PROPERTY(QString source READ source WRITE setSource NOTIFY sourceChanged)
+
+public:
+    explicit RowIcon(QQuickItem* parent = nullptr);
+
+    const QString& source() const { return source_; }
+    void setSource(const QString& source);
+    void paint(QPainter& painter) override;
+
+signals:
+    void sourceChanged();
+
+protected:
+    void componentComplete() override;
+    void itemChange(ItemChange change, const ItemChangeData& data) override;
+
+private:
+    void showSource();
+
+    QString source_;
+    AwaitedPicture picture_{*this, [this] { update(); }};
+};
+
+} // namespace wardlock::app

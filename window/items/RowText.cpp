@@ -1,0 +1,74 @@
+#include "window/items/RowText.h"
+
+#include "window/items/Look.h"
+
+#include <QFontMetricsF>
+#include <QGuiApplication>
+
+#include <cmath>
+
+namespace wardlock::app {
+
+namespace {
+
+constexpr int linesOfLargeText = 3;
+constexpr double roomForDots = 3;
+
+QFont fontOf(const Look& look) {
+    QFont font(look.family());
+    font.setPixelSize(look.body());
+    return font;
+}
+
+QTextOption option(bool wraps) {
+    QTextOption option;
+    option.setWrapMode(wraps ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::NoWrap);
+    // The same letters at the same places as in QML's texts.
+    option.setUseDesignMetrics(true);
+    return option;
+}
+
+} // namespace
+
+RowText::RowText(const QString& text, const Look& look, double width)
+    : room_(width), lines_(look.textScale() > 1 ? linesOfLargeText : 1),
+      mirrored_(QGuiApplication::layoutDirection() == Qt::RightToLeft), layout_(text, fontOf(look)) {
+    layout_.setTextOption(option(lines_ > 1));
+    // What was found out about the letters is kept until they are drawn.
+    layout_.setCacheEnabled(true);
+    if (const int shown = layOut(); shown < text.size()) {
+        const int start = layout_.lineAt(layout_.lineCount() - 1).textStart();
+        const QFontMetricsF metrics(layout_.font());
+        // Letters measured so are a little narrower: "…" must not go into a line that is not shown.
+        const double room = lines_ > 1 ? room_ - roomForDots : room_;
+        layout_.setText(text.left(start) + metrics.elidedText(text.mid(start), Qt::ElideRight, room));
+        layOut();
+    }
+}
+
+int RowText::layOut() {
+    double top = 0;
+    int shown = 0;
+    bool fits = true;
+    layout_.beginLayout();
+    for (int i = 0; i < lines_ && fits; ++i) {
+        QTextLine line = layout_.createLine();
+        if (!line.isValid())
+            break;
+        line.setLineWidth(room_);
+        line.setPosition({mirrored_ ? room_ - line.naturalTextWidth() : 0, top});
+        top += line.height();
+        fits = lines_ > 1 || line.naturalTextWidth() <= room_;
+        shown = fits ? line.textStart() + line.textLength() : line.textStart();
+    }
+    layout_.endLayout();
+    height_ = top;
+    return shown;
+}
+
+void RowText::draw(QPainter& painter, QPointF topLeft, QColor color) const {
+    painter.setPen(color);
+    layout_.draw(&painter, topLeft);
+}
+
+} // namespace wardlock::app

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "window/items/PaintedItem.h"
+#include "window/items/RowText.h"
+#include "window/items/TableEntry.h"
+#include "window/items/Toggle.h"
+#include "window/pictures/AwaitedPicture.h"
+
+#include <QPointer>
+
+namespace wardlock::app {
+
+/// One row of a table page: its part of the card with icon, title and switch, painted as one picture, as a
+/// list makes a window full of them before its first frame. It grows with the text.
+class TableCell : public PaintedItem {
+    Q_OBJECT
+    Q_PROPERTY(wardlock::app::TableEntry entry READ entry WRITE setEntry NOTIFY entryChanged REQUIRED)
+    Q_PROPERTY(QString text READ text NOTIFY entryChanged)
+    /// What takes the keyboard of this row; null for none.
+    Q_PROPERTY(QQuickItem* focusTarget READ focusTarget NOTIFY entryChanged)
+
+public:
+    explicit TableCell(QQuickItem* parent = nullptr);
+
+    const TableEntry& entry() const { return entry_; }
+    void setEntry(const TableEntry& entry);
+    const QString& text() const { return entry_.title; }
+    QQuickItem* focusTarget() const { return entry_.hasSwitch ? toggle_ : nullptr; }
+
+    void paint(QPainter& painter) override;
+
+signals:
+    void entryChanged();
+    /// The switch of the row of that number was tapped.
+    void flipped(int row);
+
+protected:
+    void componentComplete() override;
+    void geometryChange(const QRectF& now, const QRectF& before) override;
+
+private:
+    RowText laidOut() const;
+    void layOut();
+    void showSwitch(bool sameRow);
+    void placeSwitch();
+
+    TableEntry entry_;
+    QPointer<Look> look_;
+    Toggle* toggle_ = nullptr;
+    AwaitedPicture icon_{*this, [this] { update(); }};
+};
+
+} // namespace wardlock::app

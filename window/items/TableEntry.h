@@ -1,0 +1,31 @@
+#pragma once
+
+#include "window/items/RowPainter.h"
+
+#include <QObject>
+#include <QString>
+
+namespace wardlock::app {
+
+/// One row of a table page as its cell shows it.
+struct TableEntry {
+    Q_GADGET
+
+public:
+    QString title;
+    /// What the row is known by; empty for none.
+    QString key;
+    /// An address, empty for none.
+    QString icon;
+    /// In points, before it grows with the text.
+    double height = 0;
+    bool hasSwitch = false;
+    bool on = false;
+    /// Its place among the rows shown.
+    int row = 0;
+    PlaceInCard place;
+
+    bool operator==(const TableEntry&) const = default;
+};
+
+} // namespace wardlock::app

@@ -1,0 +1,168 @@
+#include "window/items/Toggle.h"
+
+#include "window/items/SwitchFace.h"
+
+#include <QAccessible>
+#include <QGuiApplication>
+
+namespace wardlock::app {
+
+namespace {
+
+constexpr int slideMilliseconds = 160;
+constexpr double unavailableOpacity = 0.5;
+
+QColor between(const QColor& from, const QColor& to, double part) {
+    const auto mix = [part](int a, int b) { return qRound(a + (b - a) * part); };
+    return {mix(from.red(), to.red()), mix(from.green(), to.green()), mix(from.blue(), to.blue())};
+}
+
+} // namespace
+
+Toggle::Toggle(QQuickItem* parent) : PaintedItem(parent) {
+    setImplicitSize(SwitchFace::size.width(), SwitchFace::size.height());
+    setAcceptedMouseButtons(Qt::LeftButton);
+    setActiveFocusOnTab(true);
+}
+
+void Toggle::setOn(bool on) {
+    if (on == on_)
+        return;
+    on_ = on;
+    if (isVisible() && window() && look() && !look_->reducedMotion())
+        slide();
+    else
+        position_ = on;
+    repaint();
+    tellAccessibility();
+    emit changed();
+}
+
+void Toggle::showOn(bool on) {
+    if (animation_)
+        animation_->stop();
+    if (position_ == on && on_ == on)
+        return;
+    on_ = on;
+    position_ = on;
+    repaint();
+    emit changed();
+}
+
+void Toggle::slide() {
+    if (!animation_) {
+        animation_ = std::make_unique<QVariantAnimation>();
+        animation_->setDuration(slideMilliseconds);
+        connect(animation_.get(), &QVariantAnimation::valueChanged, this, [this](const QVariant& value) {
+            position_ = value.toDouble();
+            repaint();
+        });
+    }
+    animation_->stop();
+    animation_->setStartValue(position_);
+    animation_->setEndValue(on_ ? 1.0 : 0.0);
+    animation_->start();
+}
+
+void Toggle::setAvailable(bool available) {
+    if (available == available_)
+        return;
+    available_ = available;
+    setEnabled(available);
+    setOpacity(available ? 1 : unavailableOpacity);
+    emit changed();
+}
+
+void Toggle::setLabel(const QString& label) {
+    if (label == label_)
+        return;
+    label_ = label;
+    emit changed();
+}
+
+void Toggle::ask() {
+    emit asked(!on_);
+}
+
+const Look* Toggle::look() {
+    if (!look_ && (look_ = Look::of(*this)))
+        connect(look_, &Look::changed, this, [this] { repaint(); });
+    return look_;
+}
+
+void Toggle::componentComplete() {
+    PaintedItem::componentComplete();
+    position_ = on_;
+}
+
+void Toggle::itemChange(ItemChange change, const ItemChangeData& data) {
+    PaintedItem::itemChange(change, data);
+    // Painting is no time to look for it.
+    if (change == ItemSceneChange && data.window)
+        look();
+}
+
+void Toggle::leavePaintingToParent() {
+    setFlag(ItemHasContents, false);
+    look();
+}
+
+void Toggle::repaint() {
+    if (flags() & ItemHasContents)
+        update();
+    else if (parentItem())
+        parentItem()->update();
+}
+
+void Toggle::paint(QPainter& painter) {
+    if (!look_)
+        return;
+    SwitchFace face;
+    face.track = between(look_->off(), look_->on(), position_);
+    if (hasActiveFocus())
+        face.ring = look_->focus();
+    face.position = position_;
+    face.mirrored = QGuiApplication::layoutDirection() == Qt::RightToLeft;
+    paintSwitch(painter, face);
+}
+
+void Toggle::mousePressEvent(QMouseEvent* event) {
+    // The release comes here too, unless the list is dragged before.
+    event->accept();
+}
+
+void Toggle::mouseReleaseEvent(QMouseEvent* event) {
+    if (contains(event->position()))
+        ask();
+}
+
+void Toggle::keyPressEvent(QKeyEvent* event) {
+    const int key = event->key();
+    if (key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter)
+        ask();
+    else
+        event->ignore();
+}
+
+void Toggle::focusInEvent(QFocusEvent*) {
+    repaint();
+    if (!QAccessible::isActive())
+        return;
+    QAccessibleEvent event(this, QAccessible::Focus);
+    QAccessible::updateAccessibility(&event);
+}
+
+void Toggle::focusOutEvent(QFocusEvent*) {
+    repaint();
+}
+
+void Toggle::tellAccessibility() const {
+    if (!QAccessible::isActive())
+        return;
+    QAccessible::State checked;
+    checked.checked = true;
+    QAccessibleStateChangeEvent event(const_cast<Toggle*>(this), checked);
+    QAccessible::updateAccessibility(&event);
+}
+
+} // namespace wardlock::app

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "window/items/Look.h"
+#include "window/items/PaintedItem.h"
+
+#include <QPointer>
+#include <QVariantAnimation>
+
+#include <memory>
+
+namespace wardlock::app {
+
+/// An on/off switch. It shows `on` and asks for the other state; it never changes by itself.
+class Toggle : public PaintedItem {
+    Q_OBJECT
+    Q_PROPERTY(bool on READ isOn WRITE setOn NOTIFY changed)
+    /// Whether it can be flipped at all; one that is only covered looks as ever.
+    Q_PROPERTY(bool available READ isAvailable WRITE setAvailable NOTIFY changed)
+    Q_PROPERTY(QString label READ label WRITE setLabel NOTIFY changed)
+
+public:
+    explicit Toggle(QQuickItem* parent = nullptr);
+
+    bool isOn() const { return on_; }
+    /// Slides there once it is seen.
+    void setOn(bool on);
+    /// Is so without sliding.
+    void showOn(bool on);
+    bool isAvailable() const { return available_; }
+    void setAvailable(bool available);
+    const QString& label() const { return label_; }
+    void setLabel(const QString& label);
+    /// What a tap does.
+    void ask();
+
+    /// From now on its parent, which QML made, paints it as part of itself and is updated in its stead: a
+    /// picture less for each row. For one that is always available.
+    void leavePaintingToParent();
+    void paint(QPainter& painter) override;
+
+signals:
+    void asked(bool on);
+    void changed();
+
+protected:
+    void componentComplete() override;
+    void itemChange(ItemChange change, const ItemChangeData& data) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+private:
+    const Look* look();
+    void repaint();
+    void slide();
+    void tellAccessibility() const;
+
+    QPointer<Look> look_;
+    std::unique_ptr<QVariantAnimation> animation_;
+    QString label_;
+    /// Where the knob is: 0 off, 1 on.
+    double position_ = 0;
+    bool on_ = false;
+    bool available_ = true;
+};
+
+} // namespace wardlock::app

@@ -1,0 +1,98 @@
+#include "platform/services/ProcessStart.h"
+#include "shell/LastRites.h"
+#include "shell/device/Provision.h"
+#include "shell/screen/EscapedText.h"
+#include "window/Graphics.h"
+#include "window/Options.h"
+#include "window/Screenshots.h"
+#include "window/WindowClock.h"
+#include "window/WindowHost.h"
+
+#include <QGuiApplication>
+#include <QLocale>
+
+#include <cstdio>
+#include <cstdlib>
+
+using namespace wardlock;
+
+namespace {
+
+constexpr double transitionSeconds = 0.35;
+
+int usageError(const std::string& error) {
+    std::fprintf(stderr, "wardlock-settings: %s\nTry: wardlock-settings --help\n",
+                 shell::escaped(error).c_str());
+    return 2;
+}
+
+/// What Qt says while it looks for a display: before the application is there, or ends for want of one.
+struct DisplaySearch {
+    bool orTerminal = false;
+    QStringList said;
+};
+DisplaySearch displaySearch;
+
+/// Qt ends the process when it reaches no display, advising to install the application anew.
+[[noreturn]] void tellOfMissingDisplay() {
+    const QString reason = displaySearch.said.value(0, QStringLiteral("there is no display"));
+    std::fprintf(stderr, "wardlock-settings: no window can be opened: %s\n",
+                 shell::escaped(reason.trimmed().toStdString()).c_str());
+    if (displaySearch.orTerminal)
+        platform::becomeProgramBeside("wardlock", {"settings", "--terminal"});
+    std::fputs("Settings in the terminal: wardlock settings --terminal\n", stderr);
+    std::_Exit(1);
+}
+
+void hearOfDisplay(QtMsgType kind, const QMessageLogContext&, const QString& text) {
+    if (kind == QtFatalMsg)
+        tellOfMissingDisplay();
+    displaySearch.said.append(text);
+}
+
+int openWindow(const app::Options& options, const std::vector<std::string>& problems) {
+    app::WindowClock clock;
+    app::WindowHost host(clock, transitionSeconds);
+    if (!host.window()) {
+        std::fputs("wardlock-settings: the window could not be made\n", stderr);
+        return 1;
+    }
+    host.appearance().force(options.dark);
+    host.appearance().forceTextScale(options.textScale);
+    host.settings().tell(problems);
+    host.appearance().awaitDesktop();
+    host.window()->show();
+    return QGuiApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    platform::prepareProcess();
+    const auto options = app::Options::parse({argv + 1, argv + argc});
+    if (!options.error.empty())
+        return usageError(options.error);
+    if (options.help)
+        return std::fputs(app::Options::usage().c_str(), stdout) < 0;
+    if (options.version)
+        return std::puts("wardlock-settings " WARDLOCK_VERSION) < 0;
+    if (!options.deviceRoot.empty())
+        qputenv("WARDLOCK_DEVICE_ROOT", options.deviceRoot.c_str());
+    app::chooseGraphics(options.screenshots.empty() ? app::DrawnOn::Display : app::DrawnOn::Memory);
+    displaySearch.orTerminal = options.orTerminal;
+    qInstallMessageHandler(hearOfDisplay);
+    QGuiApplication application(argc, argv);
+    qInstallMessageHandler(nullptr);
+    for (const QString& text : displaySearch.said)
+        std::fprintf(stderr, "%s\n", qPrintable(text));
+    QGuiApplication::setApplicationName(QStringLiteral("Settings"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("wardlock-settings"));
+    // Qt itself would take it from a translation, and there is none.
+    QGuiApplication::setLayoutDirection(QLocale().textDirection());
+
+    shell::installLastRites(nullptr);
+    const shell::Provision provision;
+    if (!options.screenshots.empty())
+        return app::takeScreenshots(options);
+    return openWindow(options, provision.problems());
+}

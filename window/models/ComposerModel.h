@@ -1,0 +1,53 @@
+#pragma once
+
+#include "platform/services/MFMailComposeViewController.h"
+#include "shell/input/SheetInput.h"
+
+#include <QObject>
+#include <QStringList>
+#include <QVariantList>
+
+#include <memory>
+
+namespace wardlock::app {
+
+/// The mail sheet, for QML.
+class ComposerModel : public QObject {
+    Q_OBJECT
+    /// Addresses, separated by commas.
+    Q_PROPERTY(QString recipients READ recipients NOTIFY changed)
+    Q_PROPERTY(QString subject READ subject NOTIFY changed)
+    Q_PROPERTY(QString body READ body NOTIFY changed)
+    /// Maps of name and size (in bytes).
+    Q_PROPERTY(QVariantList attachments READ attachments NOTIFY changed)
+    Q_PROPERTY(bool sending READ isSending NOTIFY changed)
+
+public:
+    ComposerModel(std::shared_ptr<platform::MFMailComposeViewController> composer, shell::SheetInput& input)
+        : composer_(std::move(composer)), input_(input) {}
+
+    QString recipients() const;
+    QString subject() const;
+    QString body() const;
+    QVariantList attachments() const;
+    bool isSending() const;
+    bool shows(const std::shared_ptr<platform::MFMailComposeViewController>& composer) const {
+        return composer_ == composer;
+    }
+
+    Q_INVOKABLE void setRecipients(const QString& recipients);
+    Q_INVOKABLE void setSubject(const QString& subject);
+    Q_INVOKABLE void setBody(const QString& body);
+    Q_INVOKABLE void removeAttachment(int index);
+    Q_INVOKABLE void send();
+    Q_INVOKABLE void cancel();
+
+signals:
+    void changed();
+
+private:
+    std::shared_ptr<platform::MFMailComposeViewController> composer_;
+    shell::SheetInput& input_;
+};
+
+} // namespace wardlock::app

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "shell/input/SheetInput.h"
+#include "shell/screen/Overlay.h"
+
+#include <QObject>
+
+namespace wardlock::app {
+
+/// The keypad over everything, for QML.
+class KeypadModel : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(QString statusText READ statusText NOTIFY changed)
+    Q_PROPERTY(QString subtitle READ subtitle NOTIFY changed)
+    Q_PROPERTY(int digitCount READ digitCount NOTIFY changed)
+    Q_PROPERTY(bool showsEmergency READ showsEmergency NOTIFY changed)
+    /// Grows with each failure that is to be shaken for.
+    Q_PROPERTY(int failures READ failures NOTIFY changed)
+    Q_PROPERTY(double opacity READ opacity NOTIFY changed)
+    Q_PROPERTY(double blurOpacity READ blurOpacity NOTIFY changed)
+    /// Whether a fade is running: tick() is then wanted at every frame.
+    Q_PROPERTY(bool fading READ isFading NOTIFY changed)
+
+public:
+    KeypadModel(shell::Overlay overlay, shell::SheetInput& input)
+        : overlay_(std::move(overlay)), input_(input) {}
+
+    QString statusText() const;
+    QString subtitle() const;
+    int digitCount() const;
+    bool showsEmergency() const;
+    int failures() const;
+    double opacity() const;
+    double blurOpacity() const;
+    bool isFading() const;
+    bool shows(const shell::Overlay& overlay) const { return overlay_.keypad == overlay.keypad; }
+
+    Q_INVOKABLE void tick() { emit changed(); }
+    Q_INVOKABLE void pressDigit(int digit);
+    Q_INVOKABLE void pressDelete();
+    Q_INVOKABLE void pressCancel();
+    Q_INVOKABLE void pressEmergency();
+
+signals:
+    void changed();
+
+private:
+    shell::Overlay overlay_;
+    shell::SheetInput& input_;
+};
+
+} // namespace wardlock::app

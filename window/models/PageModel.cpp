@@ -1,0 +1,161 @@
+#include "window/models/PageModel.h"
+
+#include "platform/ui/UIActivityIndicatorView.h"
+#include "platform/ui/UITextView.h"
+#include "window/models/Refused.h"
+#include "window/models/Text.h"
+
+namespace wardlock::app {
+
+using platform::NSIndexPath;
+
+namespace {
+
+NSIndexPath at(int section, int row) {
+    return {static_cast<std::size_t>(section), static_cast<std::size_t>(row)};
+}
+
+/// QML may still hold what is replaced until it has heard of the change.
+template <class Model>
+void retire(std::unique_ptr<Model>& model) {
+    if (model)
+        model.release()->deleteLater();
+}
+
+} // namespace
+
+PageModel::PageModel(std::shared_ptr<shell::Page> page, QString backTitle,
+                     shell::SettingsApplication& application, const WindowWebEngine& engine)
+    : page_(std::move(page)), backTitle_(std::move(backTitle)), application_(application), engine_(engine) {
+    readContent();
+}
+
+QString PageModel::title() const {
+    return shownName(page_->title());
+}
+
+bool PageModel::hasAddButton() const {
+    const auto button = page_->barButton();
+    return button && button->systemItem() == platform::UIBarButtonSystemItem::Add;
+}
+
+QString PageModel::kind() const {
+    return rows_       ? QStringLiteral("list")
+           : table_    ? QStringLiteral("table")
+           : web_      ? QStringLiteral("web")
+           : textView_ ? QStringLiteral("text")
+                       : QStringLiteral("empty");
+}
+
+QString PageModel::text() const {
+    return textView_ ? shownText(textView_->text(), longestPage) : QString();
+}
+
+double PageModel::textSize() const {
+    return textView_ ? textView_->font().size : platform::UIFont().size;
+}
+
+void PageModel::setFilter(const QString& filter) {
+    if (filter == filter_)
+        return;
+    filter_ = filter;
+    if (rows_)
+        rows_->setFilter(filter_.trimmed());
+    if (table_)
+        table_->setFilter(filter_);
+    emit filterChanged();
+}
+
+void PageModel::tapRow(int section, int row) {
+    refusedIsFine(application_.page().tapRow(at(section, row)));
+}
+
+void PageModel::setSwitch(int section, int row, bool on) {
+    refusedIsFine(application_.page().setSwitch(at(section, row), on));
+}
+
+void PageModel::moveSlider(int section, int row, double value) {
+    refusedIsFine(application_.page().moveSlider(at(section, row), value));
+}
+
+void PageModel::beginEditing(int section, int row) {
+    refusedIsFine(application_.page().beginEditing(at(section, row)));
+}
+
+void PageModel::typeText(const QString& text) {
+    refusedIsFine(application_.page().typeText(text.toStdString()));
+}
+
+void PageModel::endEditing() {
+    application_.page().endEditing();
+}
+
+void PageModel::flipTableSwitch(int row) {
+    if (table_ && row >= 0 && row < table_->rowCount())
+        refusedIsFine(application_.page().flipTableSwitch(table_->pathOf(row)));
+}
+
+void PageModel::dragList() {
+    refusedIsFine(application_.page().dragList());
+}
+
+void PageModel::listWasReset() {
+    if (rows_)
+        rows_->reset();
+}
+
+void PageModel::rowWasChanged(NSIndexPath path) {
+    if (rows_)
+        rows_->rowChanged(path);
+}
+
+void PageModel::tableRowWasChanged(NSIndexPath path) {
+    if (table_)
+        table_->rowChanged(path);
+}
+
+void PageModel::contentMayHaveChanged() {
+    readContent();
+    if (web_)
+        emit web_->changed();
+    emit contentChanged();
+}
+
+void PageModel::editingMayHaveChanged() {
+    if (rows_)
+        rows_->allChanged();
+}
+
+void PageModel::readContent() {
+    if (page_->isList()) {
+        if (!rows_) {
+            rows_ = std::make_unique<RowsModel>(page_);
+            rows_->setFilter(filter_.trimmed());
+        }
+        return;
+    }
+    retire(rows_);
+    readViews();
+}
+
+void PageModel::readViews() {
+    const auto table = page_->table();
+    if (table != shownTable_) {
+        retire(table_);
+        shownTable_ = table;
+        if (table) {
+            table_ = std::make_unique<TableModel>(table);
+            table_->setFilter(filter_);
+        }
+    }
+    textView_ = page_->contentView<platform::UITextView>();
+    const auto view = page_->contentView<platform::UIWebView>();
+    if (web_ && web_->shows(view))
+        return;
+    retire(web_);
+    if (view)
+        web_ = std::make_unique<WebModel>(view, page_->contentView<platform::UIActivityIndicatorView>(),
+                                          engine_, application_);
+}
+
+} // namespace wardlock::app

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "window/models/PageModel.h"
+
+#include <QAbstractListModel>
+
+#include <memory>
+#include <vector>
+
+namespace wardlock::app {
+
+/// The stack of pages for QML, the lowest first. A page that was popped stays, as the topmost, until its
+/// transition has ended, so that it can be seen to go.
+class PagesModel : public QAbstractListModel {
+    Q_OBJECT
+
+public:
+    /// Role "page" is the PageModel, role "place" one of "below", "top", "entering" and "leaving".
+    enum Role { PageRole = Qt::UserRole, PlaceRole };
+
+    PagesModel(shell::SettingsApplication& application, const WindowWebEngine& engine)
+        : application_(application), engine_(engine) {}
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QHash<int, QByteArray> roleNames() const override;
+
+    /// Follows the shell's stack; what comes and goes is seen to do so when `animated`.
+    void follow(bool animated);
+    void transitionEnded();
+    /// Null when the page is not on the stack.
+    PageModel* find(const shell::Page& page) const;
+    PageModel* top() const;
+
+private:
+    struct Entry {
+        std::unique_ptr<PageModel> model;
+        bool entering = false;
+        bool leaving = false;
+    };
+
+    void removeFrom(std::size_t place);
+    void push(const std::shared_ptr<shell::Page>& page, bool animated);
+
+    shell::SettingsApplication& application_;
+    const WindowWebEngine& engine_;
+    std::vector<Entry> entries_;
+};
+
+} // namespace wardlock::app

@@ -1,0 +1,120 @@
+#include "window/models/TableModel.h"
+
+#include "window/items/TableEntry.h"
+#include "window/models/Text.h"
+#include "window/pictures/PictureSource.h"
+
+#include <algorithm>
+
+namespace wardlock::app {
+
+using platform::NSIndexPath;
+
+namespace {
+
+/// More rows than any window shows at a time.
+constexpr int rowsHeld = 160;
+
+quint64 number(NSIndexPath path) {
+    return quint64(path.section) << 40 | path.row;
+}
+
+} // namespace
+
+TableModel::TableModel(std::shared_ptr<shell::Table> table) : table_(std::move(table)), shown_(rowsHeld) {
+    readPlaces();
+}
+
+void TableModel::readPlaces() {
+    std::size_t count = 0;
+    for (std::size_t section = 0, sections = table_->sectionCount(); section < sections; ++section)
+        ends_.push_back(count += table_->rowCount(section));
+}
+
+NSIndexPath TableModel::pathAt(std::size_t place) const {
+    const auto section = static_cast<std::size_t>(std::ranges::upper_bound(ends_, place) - ends_.begin());
+    return {section, place - before(section)};
+}
+
+int TableModel::rowCount(const QModelIndex& parent) const {
+    if (parent.isValid())
+        return 0;
+    const std::size_t all = ends_.empty() ? 0 : ends_.back();
+    return static_cast<int>(filter_.isEmpty() ? all : passing_.size());
+}
+
+NSIndexPath TableModel::pathOf(int row) const {
+    const auto place = static_cast<std::size_t>(row);
+    return pathAt(filter_.isEmpty() ? place : passing_[place]);
+}
+
+std::shared_ptr<shell::TableRow> TableModel::shown(NSIndexPath path) const {
+    if (auto* held = shown_.object(number(path)))
+        return *held;
+    auto row = table_->show(path);
+    shown_.insert(number(path), new std::shared_ptr<shell::TableRow>(row));
+    return row;
+}
+
+TableEntry TableModel::entry(int row) const {
+    const NSIndexPath path = pathOf(row);
+    TableEntry entry;
+    entry.height = table_->rowHeight(path);
+    entry.row = row;
+    entry.place = {row == 0, row + 1 == rowCount()};
+    const auto shownRow = shown(path);
+    if (!shownRow)
+        return entry;
+    entry.title = shownName(shownRow->title());
+    entry.key = toQt(shownRow->key());
+    entry.icon = PictureSource::urlFor(shownRow->icon());
+    entry.on = shownRow->isOn();
+    entry.hasSwitch = shownRow->switchControl() != nullptr;
+    return entry;
+}
+
+QVariant TableModel::data(const QModelIndex& index, int role) const {
+    if (role != EntryRole || !checkIndex(index, CheckIndexOption::IndexIsValid))
+        return {};
+    return QVariant::fromValue(entry(index.row()));
+}
+
+QHash<int, QByteArray> TableModel::roleNames() const {
+    return {{EntryRole, "entry"}};
+}
+
+void TableModel::setFilter(const QString& filter) {
+    beginResetModel();
+    filter_ = filter.trimmed();
+    passing_.clear();
+    if (!filter_.isEmpty())
+        for (std::size_t place = 0; !ends_.empty() && place < ends_.back(); ++place)
+            if (passes(place))
+                passing_.push_back(place);
+    endResetModel();
+}
+
+bool TableModel::passes(std::size_t place) {
+    if (texts_.size() <= place) {
+        const auto row = table_->show(pathAt(place));
+        texts_.push_back(row ? Text{toQt(row->title()), toQt(row->key())} : Text{});
+    }
+    const Text& text = texts_[place];
+    return text.title.contains(filter_, Qt::CaseInsensitive) ||
+           text.key.contains(filter_, Qt::CaseInsensitive);
+}
+
+void TableModel::rowChanged(NSIndexPath path) {
+    if (path.section >= ends_.size() || before(path.section) + path.row >= ends_[path.section])
+        return;
+    std::size_t place = before(path.section) + path.row;
+    if (!filter_.isEmpty()) {
+        const auto passing = std::ranges::find(passing_, place);
+        if (passing == passing_.end())
+            return;
+        place = static_cast<std::size_t>(passing - passing_.begin());
+    }
+    emit dataChanged(index(static_cast<int>(place)), index(static_cast<int>(place)));
+}
+
+} // namespace wardlock::app

@@ -1,0 +1,17 @@
+#include "window/models/WindowWebEngine.h"
+
+namespace wardlock::app {
+
+WindowWebEngine::WindowWebEngine() {
+    setCurrent(this);
+}
+
+WindowWebEngine::~WindowWebEngine() {
+    setCurrent(nullptr);
+}
+
+void WindowWebEngine::load(const std::shared_ptr<platform::UIWebView>& view, const platform::NSURLRequest&) {
+    emit loadAsked(view.get());
+}
+
+} // namespace wardlock::app

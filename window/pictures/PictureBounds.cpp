@@ -1,0 +1,26 @@
+#include "window/pictures/PictureBounds.h"
+
+#include "window/pictures/SvgWeight.h"
+
+namespace wardlock::app {
+
+namespace {
+
+constexpr const char* jpegBeginning = "\xff\xd8\xff";
+/// How far into a file the root element of an SVG may stand, behind declarations and comments.
+constexpr qsizetype svgBeginning = 4096;
+/// Progressive pictures come in about ten; each costs a pass over the whole picture.
+constexpr qsizetype mostScans = 64;
+
+} // namespace
+
+QByteArray decoderFor(const QByteArray& picture) {
+    if (picture.startsWith("\x89PNG\r\n\x1a\n"))
+        return "png";
+    if (picture.startsWith(jpegBeginning))
+        return picture.count("\xff\xda") <= mostScans ? "jpeg" : "";
+    const bool isSvg = picture.left(svgBeginning).contains("<svg");
+    return isSvg && SvgWeight(picture).isModest() ? "svg" : "";
+}
+
+} // namespace wardlock::app

@@ -1,0 +1,114 @@
+#include "window/pictures/PictureSource.h"
+
+#include "platform/base/Diagnostics.h"
+#include "platform/files/FileSystem.h"
+#include "window/pictures/PictureBounds.h"
+
+#include <QBuffer>
+#include <QCache>
+#include <QHash>
+#include <QImageReader>
+#include <QMutex>
+#include <QUrl>
+
+#include <cstdint>
+
+namespace wardlock::app {
+
+namespace {
+
+constexpr int largestSide = 2048;
+constexpr int megabytesToDecode = 32;
+constexpr int picturesKept = 512;
+constexpr QSize unknownSize(58, 58);
+const QLatin1String addressStart("picture:");
+
+/// Pictures that exist only as bytes, by the number that stands in their address.
+class KeptPictures {
+public:
+    quint64 keep(const std::shared_ptr<platform::UIImage>& image) {
+        const QMutexLocker lock(&mutex_);
+        const auto known = numbers_.constFind(image.get());
+        if (known != numbers_.constEnd() && images_.contains(*known))
+            return *known;
+        const quint64 number = ++last_;
+        numbers_.insert(image.get(), number);
+        images_.insert(number, new std::shared_ptr<platform::UIImage>(image));
+        if (numbers_.size() > qsizetype(4) * picturesKept)
+            numbers_.removeIf([this](auto entry) { return !images_.contains(entry.value()); });
+        return number;
+    }
+    std::shared_ptr<platform::UIImage> find(quint64 number) {
+        const QMutexLocker lock(&mutex_);
+        const auto* image = images_.object(number);
+        return image ? *image : nullptr;
+    }
+
+private:
+    QMutex mutex_;
+    quint64 last_ = 0;
+    QHash<const platform::UIImage*, quint64> numbers_;
+    QCache<quint64, std::shared_ptr<platform::UIImage>> images_{picturesKept};
+};
+
+KeptPictures& keptPictures() {
+    static KeptPictures pictures;
+    return pictures;
+}
+
+/// The picture's bytes; none when it is no file of bounded size.
+QByteArray bytesOfFile(const QString& path) {
+    std::string bytes;
+    auto& files = platform::FileSystem::current();
+    if (files.readFile(path.toStdString(), platform::UIImage::largestFile, bytes))
+        return {};
+    return QByteArray::fromStdString(bytes);
+}
+
+/// Empty for a picture that is broken or out of bounds.
+QImage read(QByteArray bytes, const QSize& requestedSize) {
+    const QByteArray decoder = decoderFor(bytes);
+    if (decoder.isEmpty())
+        return {};
+    QBuffer buffer(&bytes);
+    QImageReader reader(&buffer, decoder);
+    reader.setAutoTransform(true);
+    const QSize natural = reader.size();
+    if (natural.width() > largestSide || natural.height() > largestSide)
+        return {};
+    const QSize wanted = requestedSize.isValid() && !requestedSize.isEmpty() ? requestedSize : unknownSize;
+    if (natural.isValid())
+        reader.setScaledSize(natural.scaled(wanted, Qt::KeepAspectRatio));
+    return reader.read();
+}
+
+} // namespace
+
+QString PictureSource::urlFor(const std::shared_ptr<platform::UIImage>& image) {
+    if (!image)
+        return {};
+    if (image->bytes().empty())
+        return addressStart + QStringLiteral("file/") +
+               QString::fromLatin1(QUrl::toPercentEncoding(QString::fromStdString(image->path())));
+    return addressStart + QStringLiteral("bytes/%1").arg(keptPictures().keep(image));
+}
+
+QImage PictureSource::decode(const QString& address, const QSize& requestedSize) {
+    QImageReader::setAllocationLimit(megabytesToDecode);
+    const QString id = address.mid(addressStart.size());
+    if (id.startsWith(QLatin1String("file/"))) {
+        const QString path = QUrl::fromPercentEncoding(id.mid(5).toLatin1());
+        QImage image = read(bytesOfFile(path), requestedSize);
+        if (image.isNull())
+            platform::diagnose("The picture " + path.toStdString() +
+                               " is left out: it is broken, or too much for a row.");
+        return image;
+    }
+    if (const auto picture = keptPictures().find(id.mid(6).toULongLong()))
+        return read(
+            QByteArray::fromRawData(picture->bytes().data(), static_cast<qsizetype>(picture->bytes().size())),
+            requestedSize);
+    return {};
+}
+
+} // namespace wardlock::app
