@@ -5,7 +5,7 @@
 
 namespace wardlock {
 
-using platform::NameOrder;
+using platform::NameCollator;
 using platform::Value;
 
 void ApplicationOrder::addAll() {
@@ -30,8 +30,8 @@ void ApplicationOrder::remove(const platform::Array& identifiers) {
     std::erase_if(entries_, [&removed](const Entry& entry) { return removed.contains(entry.identifier); });
 }
 
-void ApplicationOrder::sort(NameOrder::Comparison comparison) {
-    NameOrder order(comparison, entries_.size());
+void ApplicationOrder::sort(NameCollator::Comparison comparison) {
+    NameCollator order(comparison, entries_.size());
     for (const Entry& entry : entries_)
         order.add(platform::stringValue(entry.name));
     std::vector<Entry> sorted;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/text/NameOrder.h"
+#include "platform/text/NameCollator.h"
 #include "platform/values/Value.h"
 
 #include <string_view>
@@ -23,7 +23,7 @@ public:
     void remove(const platform::Array& identifiers);
 
     /// By display name.
-    void sort(platform::NameOrder::Comparison comparison);
+    void sort(platform::NameCollator::Comparison comparison);
 
     void appendTo(platform::MutableArray& rows) const;
 

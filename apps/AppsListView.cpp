@@ -20,7 +20,7 @@ using platform::Dictionary;
 using platform::MutableArray;
 using platform::MutableDictionary;
 using platform::Value;
-using Comparison = platform::NameOrder::Comparison;
+using Comparison = platform::NameCollator::Comparison;
 
 constexpr const char* CellIdentifier = "theCell";
 constexpr int IconSize = 29;

@@ -54,7 +54,7 @@ Listener::Listener(const std::vector<std::string>& arguments) {
     }
     close(ends[1]);
     answers_ = ends[0];
-    Answer answer;
+    InputResult answer;
     if (!receive(answer, startMilliseconds) || answer.value != readyValue) {
         std::fputs("the listener did not start\n", stderr);
         kill(process_, SIGTERM);
@@ -110,7 +110,7 @@ void Listener::reportWith(const Measured& measured, Samples samples, int lost) {
 }
 
 std::uint64_t Listener::timeOf(bool value) const {
-    Answer answer;
+    InputResult answer;
     while (receive(answer, answerMilliseconds)) {
         if (answer.value == static_cast<std::uint64_t>(value))
             return answer.time;
@@ -119,7 +119,7 @@ std::uint64_t Listener::timeOf(bool value) const {
     return 0;
 }
 
-bool Listener::receive(Answer& answer, int milliseconds) const {
+bool Listener::receive(InputResult& answer, int milliseconds) const {
     pollfd wait{answers_, POLLIN, 0};
     return poll(&wait, 1, milliseconds) == 1 &&
            read(answers_, &answer, sizeof answer) == static_cast<ssize_t>(sizeof answer);
@@ -127,7 +127,7 @@ bool Listener::receive(Answer& answer, int milliseconds) const {
 
 void Listener::tell(std::uint64_t value) {
     static const int descriptor = std::atoi(std::getenv(pipeVariable));
-    const Answer answer{wallNanoseconds(), value};
+    const InputResult answer{wallNanoseconds(), value};
     if (write(descriptor, &answer, sizeof answer) != static_cast<ssize_t>(sizeof answer))
         _exit(0);
 }

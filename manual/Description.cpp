@@ -99,7 +99,7 @@ Program windowDescription() {
                       "first: its folders, the link to the settings bundle, and the default document\n"
                       "where there is none. Every change is saved at once, and other processes hear of\n"
                       "it at once; what other processes change is shown as it happens.\n";
-    for (const app::OptionText& text : app::Options::texts())
+    for (const window::OptionText& text : window::Options::texts())
         use.options.push_back(entryOf("", {text.name, text.value, text.help}));
     return {"wardlock-settings", "Settings in a window", {use}};
 }

@@ -15,8 +15,9 @@ std::uintptr_t registration = 0;
 
 } // namespace
 
-LiveRefresh::LiveRefresh(Screen& screen, ScreenChanges& changes, ShownAccount& account, Door& door)
-    : screen_(screen), changes_(changes), account_(account), door_(door) {
+LiveRefresh::LiveRefresh(Screen& screen, ScreenChanges& changes, ShownAccount& account,
+                         PageBoundary& boundary)
+    : screen_(screen), changes_(changes), account_(account), boundary_(boundary) {
     current = this;
     ++registration;
     // The observer is told apart, never followed. NOLINTNEXTLINE(performance-no-int-to-ptr)
@@ -35,7 +36,7 @@ void LiveRefresh::hear(platform::CFNotificationCenter&, void* observer, std::str
 
 void LiveRefresh::heard(const platform::Dictionary* userInfo) {
     Announcement announcement;
-    announcement.own = door_.personIsInside();
+    announcement.own = boundary_.personIsInside();
     if (userInfo) {
         announcement.key = platform::stringValue(userInfo->find(ChangeKey)).value_or("");
         if (const platform::Value* object = userInfo->find(ChangeObject))
@@ -45,7 +46,7 @@ void LiveRefresh::heard(const platform::Dictionary* userInfo) {
     if (announcement.own)
         return account_.acceptOwnChange();
     needed_ = true;
-    if (!door_.isInside())
+    if (!boundary_.isInside())
         refreshIfNeeded();
 }
 
@@ -53,7 +54,7 @@ void LiveRefresh::refreshIfNeeded() {
     if (!needed_)
         return;
     needed_ = false;
-    door_.enterFromLoop([&] {
+    boundary_.enterFromLoop([&] {
         const bool left = account_.leaveIfGone();
         const auto& pages = screen_.pages();
         for (std::size_t i = 1; i < pages.size(); ++i) {

@@ -14,7 +14,7 @@ namespace wardlock::shell {
 /// at a time, since the centre keeps its observers for the life of the process.
 class LiveRefresh {
 public:
-    LiveRefresh(Screen& screen, ScreenChanges& changes, ShownAccount& account, Door& door);
+    LiveRefresh(Screen& screen, ScreenChanges& changes, ShownAccount& account, PageBoundary& boundary);
     ~LiveRefresh();
     LiveRefresh(const LiveRefresh&) = delete;
     LiveRefresh& operator=(const LiveRefresh&) = delete;
@@ -30,7 +30,7 @@ private:
     Screen& screen_;
     ScreenChanges& changes_;
     ShownAccount& account_;
-    Door& door_;
+    PageBoundary& boundary_;
     bool needed_ = false;
 };
 

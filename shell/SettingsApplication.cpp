@@ -14,11 +14,11 @@ namespace wardlock::shell {
 using platform::UIApplication;
 
 SettingsApplication::SettingsApplication(platform::AnimationClock& clock, double transitionSeconds)
-    : door_([this] { settle(); }), clock_(clock, door_),
-      screen_(std::make_shared<BundleListController>(), door_),
+    : boundary_([this] { settle(); }), clock_(clock, boundary_),
+      screen_(std::make_shared<BundleListController>(), boundary_),
       changes_(screen_.stack(), [this](platform::UIView& view) { endEditingIn(view); }),
-      account_(screen_, changes_), pageInput_(screen_, changes_, account_, door_),
-      sheetInput_(screen_, account_, door_), liveRefresh_(screen_, changes_, account_, door_) {
+      account_(screen_, changes_), pageInput_(screen_, changes_, account_, boundary_),
+      sheetInput_(screen_, account_, boundary_), liveRefresh_(screen_, changes_, account_, boundary_) {
     platform::setDiagnosticsKeeper(&appendToLog);
     platform::AnimationClock::setCurrent(&clock_);
     platform::DisplayObserver::setCurrent(&changes_);
@@ -45,18 +45,18 @@ void SettingsApplication::setTransitionSeconds(double seconds) {
 }
 
 void SettingsApplication::process() {
-    door_.enterFromLoop([&] {
+    boundary_.enterFromLoop([&] {
         platform::MainLoop::shared().process();
         liveRefresh_.refreshIfNeeded();
     });
 }
 
 void SettingsApplication::resignActive() {
-    door_.enter([] { UIApplication::sharedApplication().resignActive(); });
+    boundary_.enter([] { UIApplication::sharedApplication().resignActive(); });
 }
 
 void SettingsApplication::dismissNotice() {
-    door_.enter([&] {
+    boundary_.enter([&] {
         if (screen_.notice().empty())
             return;
         screen_.setNotice({});
@@ -76,8 +76,8 @@ void SettingsApplication::close() {
         return;
     closed_ = true;
     pageInput_.endEditing();
-    door_.enter([&] { dismissSheets(); });
-    door_.enterFromLoop([] { platform::NSOperationQueue::mainQueue().drain(); });
+    boundary_.enter([&] { dismissSheets(); });
+    boundary_.enterFromLoop([] { platform::NSOperationQueue::mainQueue().drain(); });
 }
 
 void SettingsApplication::endEditingIn(platform::UIView& view) {
@@ -101,7 +101,7 @@ void SettingsApplication::settle() {
 void SettingsApplication::readTopPage() {
     if (closed_ || screen_.page()->isRead())
         return;
-    door_.enter([&] {
+    boundary_.enter([&] {
         account_.follow();
         if (!account_.leaveIfGone())
             screen_.page()->readRows();

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "shell/LiveRefresh.h"
-#include "shell/input/DoorClock.h"
+#include "shell/input/BoundaryClock.h"
 #include "shell/input/PageInput.h"
 #include "shell/input/SheetInput.h"
 #include "shell/screen/Screen.h"
@@ -18,7 +18,7 @@ namespace wardlock::shell {
 /// and lets process() run whenever MainLoop's descriptor is readable.
 ///
 /// One per process at a time; main thread only. Nothing here throws: an exception that a page does not catch
-/// ends the process, after the uncaught-exception handler and installLastRites().
+/// ends the process, after the uncaught-exception handler and installTerminationHook().
 class SettingsApplication {
 public:
     /// The clock is not owned and outlives this object. Pushes and pops take `transitionSeconds` on it; at 0
@@ -42,7 +42,7 @@ public:
     /// Runs something of the face's that enters pages: a timer's action, an engine's report.
     template <class Call>
     void run(Call&& call) {
-        door_.enter(std::forward<Call>(call));
+        boundary_.enter(std::forward<Call>(call));
     }
 
     /// The whole application loses the focus, is minimised or suspended.
@@ -59,8 +59,8 @@ private:
     void watchMail();
     void dismissSheets();
 
-    Door door_;
-    DoorClock clock_;
+    PageBoundary boundary_;
+    BoundaryClock clock_;
     Screen screen_;
     ScreenChanges changes_;
     ShownAccount account_;

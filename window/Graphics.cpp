@@ -4,7 +4,7 @@
 
 #include <QCoreApplication>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 void chooseGraphics(DrawnOn place) {
     if (place == DrawnOn::Memory) {
@@ -18,4 +18,4 @@ void chooseGraphics(DrawnOn place) {
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
 }
 
-} // namespace wardlock::app
+} // namespace wardlock::window

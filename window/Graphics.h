@@ -1,6 +1,6 @@
 #pragma once
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 enum class DrawnOn { Display, Memory };
 
@@ -8,4 +8,4 @@ enum class DrawnOn { Display, Memory };
 /// QGuiApplication is made. In memory there is neither a display nor a graphics card: pictures and tests.
 void chooseGraphics(DrawnOn place);
 
-} // namespace wardlock::app
+} // namespace wardlock::window

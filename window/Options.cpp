@@ -4,7 +4,7 @@
 #include <array>
 #include <charconv>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 namespace {
 
@@ -88,4 +88,4 @@ std::string Options::usage() {
     return text;
 }
 
-} // namespace wardlock::app
+} // namespace wardlock::window

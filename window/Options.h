@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 /// An option of the command line, for help and manual page.
 struct OptionText {
@@ -39,4 +39,4 @@ struct Options {
     static std::string usage();
 };
 
-} // namespace wardlock::app
+} // namespace wardlock::window

@@ -11,7 +11,7 @@
 
 #include <cstdio>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 namespace {
 
@@ -140,4 +140,4 @@ int takeScreenshots(const Options& options) {
     return complete ? 0 : 1;
 }
 
-} // namespace wardlock::app
+} // namespace wardlock::window

@@ -1,10 +1,10 @@
 #include "window/SettingsWindow.h"
 
 #include "platform/runtime/MainLoop.h"
-#include "window/models/Refused.h"
+#include "window/models/IgnoredResult.h"
 #include "window/models/Text.h"
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 namespace {
 
@@ -51,11 +51,11 @@ void SettingsWindow::tell(const std::vector<std::string>& problems) {
 }
 
 void SettingsWindow::goBack() {
-    refusedIsFine(application_.page().goBack());
+    ignoreResult(application_.page().goBack());
 }
 
 void SettingsWindow::tapBarButton() {
-    refusedIsFine(application_.page().tapBarButton());
+    ignoreResult(application_.page().tapBarButton());
 }
 
 void SettingsWindow::endEditing() {
@@ -123,4 +123,4 @@ void SettingsWindow::editingChanged() {
         model->editingMayHaveChanged();
 }
 
-} // namespace wardlock::app
+} // namespace wardlock::window

@@ -14,7 +14,7 @@
 
 #include <memory>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 /// Settings as QML sees them: what is on the screen, and what a person can do besides touching a page. Hears
 /// the shell's changes and keeps the models in step with them.
@@ -22,9 +22,9 @@ class SettingsWindow : public QObject, public shell::ScreenObserver {
     Q_OBJECT
     Q_PROPERTY(QAbstractItemModel* pages READ pages CONSTANT)
     Q_PROPERTY(double transitionSeconds READ transitionSeconds CONSTANT)
-    Q_PROPERTY(wardlock::app::AlertModel* alert READ alert NOTIFY sheetsChanged)
-    Q_PROPERTY(wardlock::app::ComposerModel* composer READ composer NOTIFY sheetsChanged)
-    Q_PROPERTY(wardlock::app::KeypadModel* keypad READ keypad NOTIFY keypadChanged)
+    Q_PROPERTY(wardlock::window::AlertModel* alert READ alert NOTIFY sheetsChanged)
+    Q_PROPERTY(wardlock::window::ComposerModel* composer READ composer NOTIFY sheetsChanged)
+    Q_PROPERTY(wardlock::window::KeypadModel* keypad READ keypad NOTIFY keypadChanged)
     /// A sentence to tell the person until it is dismissed; empty for none.
     Q_PROPERTY(QString notice READ notice NOTIFY noticeChangedForQml)
 
@@ -83,4 +83,4 @@ private:
     QString problems_;
 };
 
-} // namespace wardlock::app
+} // namespace wardlock::window

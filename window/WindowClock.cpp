@@ -4,7 +4,7 @@
 
 #include <chrono>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 WindowClock::WindowClock() {
     timer_.setSingleShot(true);
@@ -25,4 +25,4 @@ void WindowClock::arm() {
         timer_.start(std::chrono::ceil<std::chrono::milliseconds>(*time));
 }
 
-} // namespace wardlock::app
+} // namespace wardlock::window

@@ -4,7 +4,7 @@
 
 #include <QTimer>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 /// Real time that Qt's loop keeps.
 class WindowClock : public shell::SteadyClock {
@@ -19,4 +19,4 @@ private:
     QTimer timer_;
 };
 
-} // namespace wardlock::app
+} // namespace wardlock::window

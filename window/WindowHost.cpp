@@ -5,16 +5,16 @@
 #include "window/items/BlurredBackdrop.h"
 #include "window/items/Chevron.h"
 #include "window/items/Layer.h"
-#include "window/items/Look.h"
 #include "window/items/RowIcon.h"
 #include "window/items/TableCell.h"
+#include "window/items/Theme.h"
 
 #include <QGuiApplication>
 #include <QQmlContext>
 
 #include <algorithm>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 WindowHost::WindowHost(platform::AnimationClock& clock, double transitionSeconds)
     : settings_(clock, transitionSeconds) {
@@ -24,7 +24,7 @@ WindowHost::WindowHost(platform::AnimationClock& clock, double transitionSeconds
     qmlRegisterType<RowIcon>("Wardlock.Native", 1, 0, "RowIcon");
     qmlRegisterType<TableCell>("Wardlock.Native", 1, 0, "TableCell");
     qmlRegisterType<Toggle>("Wardlock.Native", 1, 0, "Toggle");
-    Look::install();
+    Theme::install();
     installAccessibility();
     engine_.rootContext()->setContextProperty(QStringLiteral("settings"), &settings_);
     engine_.rootContext()->setContextProperty(QStringLiteral("appearance"), &appearance_);
@@ -64,4 +64,4 @@ void WindowHost::followApplicationState(Qt::ApplicationState state) {
         settings_.resignActive();
 }
 
-} // namespace wardlock::app
+} // namespace wardlock::window

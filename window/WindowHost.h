@@ -6,7 +6,7 @@
 #include <QQmlApplicationEngine>
 #include <QQuickWindow>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 /// The window itself, which is the screen of the device: loads the QML over the models. Main thread only; a
 /// QGuiApplication is there.
@@ -31,4 +31,4 @@ private:
     bool active_ = false;
 };
 
-} // namespace wardlock::app
+} // namespace wardlock::window

@@ -1,5 +1,5 @@
 #include "platform/services/ProcessStart.h"
-#include "shell/LastRites.h"
+#include "shell/TerminationHook.h"
 #include "shell/device/Provision.h"
 #include "shell/screen/EscapedText.h"
 #include "window/Graphics.h"
@@ -50,9 +50,9 @@ void hearOfDisplay(QtMsgType kind, const QMessageLogContext&, const QString& tex
     displaySearch.said.append(text);
 }
 
-int openWindow(const app::Options& options, const std::vector<std::string>& problems) {
-    app::WindowClock clock;
-    app::WindowHost host(clock, transitionSeconds);
+int openWindow(const window::Options& options, const std::vector<std::string>& problems) {
+    window::WindowClock clock;
+    window::WindowHost host(clock, transitionSeconds);
     if (!host.window()) {
         std::fputs("wardlock-settings: the window could not be made\n", stderr);
         return 1;
@@ -69,16 +69,16 @@ int openWindow(const app::Options& options, const std::vector<std::string>& prob
 
 int main(int argc, char** argv) {
     platform::prepareProcess();
-    const auto options = app::Options::parse({argv + 1, argv + argc});
+    const auto options = window::Options::parse({argv + 1, argv + argc});
     if (!options.error.empty())
         return usageError(options.error);
     if (options.help)
-        return std::fputs(app::Options::usage().c_str(), stdout) < 0;
+        return std::fputs(window::Options::usage().c_str(), stdout) < 0;
     if (options.version)
         return std::puts("wardlock-settings " WARDLOCK_VERSION) < 0;
     if (!options.deviceRoot.empty())
         qputenv("WARDLOCK_DEVICE_ROOT", options.deviceRoot.c_str());
-    app::chooseGraphics(options.screenshots.empty() ? app::DrawnOn::Display : app::DrawnOn::Memory);
+    window::chooseGraphics(options.screenshots.empty() ? window::DrawnOn::Display : window::DrawnOn::Memory);
     displaySearch.orTerminal = options.orTerminal;
     qInstallMessageHandler(hearOfDisplay);
     QGuiApplication application(argc, argv);
@@ -90,9 +90,9 @@ int main(int argc, char** argv) {
     // Qt itself would take it from a translation, and there is none.
     QGuiApplication::setLayoutDirection(QLocale().textDirection());
 
-    shell::installLastRites(nullptr);
+    shell::installTerminationHook(nullptr);
     const shell::Provision provision;
     if (!options.screenshots.empty())
-        return app::takeScreenshots(options);
+        return window::takeScreenshots(options);
     return openWindow(options, provision.problems());
 }

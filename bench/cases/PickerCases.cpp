@@ -1,7 +1,7 @@
 #include "apps/AppsListView.h"
 #include "bench/InstalledApplications.h"
 #include "bench/PrivateDevice.h"
-#include "platform/text/NameOrder.h"
+#include "platform/text/NameCollator.h"
 #include "settings/Keys.h"
 #include "settings/Settings.h"
 
@@ -12,10 +12,10 @@ namespace {
 
 constexpr platform::CGRect frame{{0, 0}, {390, 844}};
 
-void SortNames(benchmark::State& state, platform::NameOrder::Comparison comparison) {
+void SortNames(benchmark::State& state, platform::NameCollator::Comparison comparison) {
     const std::vector<std::string> names = sampleNames(static_cast<std::size_t>(state.range(0)));
     for (auto _ : state) {
-        platform::NameOrder order(comparison, names.size());
+        platform::NameCollator order(comparison, names.size());
         for (const std::string& name : names)
             order.add(name);
         benchmark::DoNotOptimize(order.sorted());
@@ -48,8 +48,9 @@ void ProvideCell(benchmark::State& state) {
     }
 }
 
-BENCHMARK_CAPTURE(SortNames, withoutLanguage, platform::NameOrder::Comparison::CaseInsensitive)->Arg(10000);
-BENCHMARK_CAPTURE(SortNames, inTheUsersLanguage, platform::NameOrder::Comparison::LocalizedCaseInsensitive)
+BENCHMARK_CAPTURE(SortNames, withoutLanguage, platform::NameCollator::Comparison::CaseInsensitive)
+    ->Arg(10000);
+BENCHMARK_CAPTURE(SortNames, inTheUsersLanguage, platform::NameCollator::Comparison::LocalizedCaseInsensitive)
     ->Arg(10000);
 BENCHMARK(SetUpArrays)->Arg(300)->Arg(10000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(ProvideCell)->Arg(300)->Arg(10000);

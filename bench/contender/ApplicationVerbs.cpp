@@ -2,7 +2,7 @@
 #include "bench/contender/Verbs.h"
 #include "platform/runtime/Class.h"
 #include "platform/services/ALApplicationList.h"
-#include "platform/text/NameOrder.h"
+#include "platform/text/NameCollator.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -29,9 +29,9 @@ platform::ALApplicationList& builtList() {
 }
 
 void measureSort(const std::string& name, const std::vector<std::string>& names,
-                 platform::NameOrder::Comparison comparison) {
+                 platform::NameCollator::Comparison comparison) {
     measure(row("sort", name), [&] {
-        platform::NameOrder order(comparison, names.size());
+        platform::NameCollator order(comparison, names.size());
         for (const std::string& text : names)
             order.add(text);
         keep(order.sorted().front());
@@ -53,9 +53,9 @@ void measureSort(const std::string& file) {
     for (std::string line; std::getline(lines, line);)
         names.push_back(line);
     measureSort("wardlock, without regard to language", names,
-                platform::NameOrder::Comparison::CaseInsensitive);
+                platform::NameCollator::Comparison::CaseInsensitive);
     measureSort("wardlock, in the user's language", names,
-                platform::NameOrder::Comparison::LocalizedCaseInsensitive);
+                platform::NameCollator::Comparison::LocalizedCaseInsensitive);
 }
 
 } // namespace wardlock::bench

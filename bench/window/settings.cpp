@@ -32,7 +32,7 @@ constexpr int times = 15;
 /// Starts the clock again when the pages are ready and the window is about to hear of them.
 class FromReadyModel final : public shell::ScreenObserver {
 public:
-    FromReadyModel(app::SettingsWindow& window, FrameWatch& watch) : window_(window), watch_(watch) {
+    FromReadyModel(window::SettingsWindow& window, FrameWatch& watch) : window_(window), watch_(watch) {
         window_.application().setObserver(this);
     }
     ~FromReadyModel() override { window_.application().setObserver(&window_); }
@@ -45,7 +45,7 @@ private:
         static_cast<shell::ScreenObserver&>(window_).pagesChanged(animated);
     }
 
-    app::SettingsWindow& window_;
+    window::SettingsWindow& window_;
     FrameWatch& watch_;
 };
 
@@ -67,7 +67,7 @@ platform::Dictionary document() {
 struct Opened {
     ProvisionedDevice device{platform::dataWithPropertyList(document())};
     shell::ManualClock clock;
-    app::WindowHost host{clock, 0};
+    window::WindowHost host{clock, 0};
     Person person{host.settings().application()};
 };
 

@@ -6,7 +6,7 @@
 #include "cli/doctor/WebEngineFolders.h"
 #include "cli/io/ShellWord.h"
 #include "platform/files/DeviceRoot.h"
-#include "platform/services/Surroundings.h"
+#include "platform/services/HostStatus.h"
 #include "platform/services/SystemMailService.h"
 
 namespace wardlock::cli {
@@ -17,7 +17,7 @@ using platform::BusState;
 using platform::MailWay;
 using Condition = platform::BusState::Condition;
 
-/// The family the window asks for; window/items/Look.h has it too.
+/// The family the window asks for; window/items/Theme.h has it too.
 constexpr std::string_view windowFont = "Inter";
 
 std::string nameOf(const BusState& bus) {

@@ -8,7 +8,7 @@
 #include "platform/files/FolderTrust.h"
 #include "platform/plist/PropertyList.h"
 #include "platform/plist/PropertyListBounds.h"
-#include "platform/services/Surroundings.h"
+#include "platform/services/HostStatus.h"
 #include "platform/text/Format.h"
 #include "settings/Constants.h"
 #include "settings/DocumentPath.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/input/Answer.h"
+#include "shell/input/InputResult.h"
 
 #include <stdexcept>
 
@@ -13,7 +13,7 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-inline void expectDone(const shell::Answer& answer) {
+inline void expectDone(const shell::InputResult& answer) {
     if (!answer)
         throw ScriptError(answer.why());
 }

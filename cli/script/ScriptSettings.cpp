@@ -5,7 +5,7 @@
 #include "cli/io/Output.h"
 #include "cli/io/TextWeb.h"
 #include "cli/script/ScriptCommands.h"
-#include "shell/LastRites.h"
+#include "shell/TerminationHook.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -56,7 +56,7 @@ Json answerTo(const std::string& line, bool tooLong, ScriptCommands& commands) {
 ExitCode runScriptSettings(std::string_view file) {
     const ScriptFile script(file);
     // What has been answered reaches the reader though a page's exception ends the process.
-    shell::installLastRites(Output::flushLast);
+    shell::installTerminationHook(Output::flushLast);
     const TextWeb web;
     shell::ManualClock clock;
     shell::SettingsApplication settings(clock);

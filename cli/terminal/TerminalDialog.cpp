@@ -58,7 +58,7 @@ void TerminalDialog::tellError(const std::string& sentence) {
     Output::line(style_.red(sentence));
 }
 
-void TerminalDialog::tell(const shell::Answer& answer) {
+void TerminalDialog::tell(const shell::InputResult& answer) {
     if (!answer)
         tellError("That cannot be done: " + answer.why() + ".");
 }

@@ -3,7 +3,7 @@
 #include "cli/io/LineReader.h"
 #include "cli/io/SettingsLoop.h"
 #include "cli/terminal/TextStyle.h"
-#include "shell/input/Answer.h"
+#include "shell/input/InputResult.h"
 
 #include <optional>
 #include <string>
@@ -24,7 +24,7 @@ public:
     std::optional<std::string> askText(const std::string& prompt);
 
     void tellError(const std::string& sentence);
-    void tell(const shell::Answer& answer);
+    void tell(const shell::InputResult& answer);
     /// Breaks long lines.
     void say(const std::string& text);
 

@@ -4,8 +4,8 @@
 #include "cli/io/PageNames.h"
 #include "cli/io/Terminal.h"
 #include "cli/io/TextWeb.h"
-#include "cli/terminal/TerminalFace.h"
-#include "shell/LastRites.h"
+#include "cli/terminal/TerminalView.h"
+#include "shell/TerminationHook.h"
 #include "shell/device/InstalledFiles.h"
 
 namespace wardlock::cli {
@@ -27,13 +27,13 @@ void openOnlyBundle(shell::SettingsApplication& settings) {
 } // namespace
 
 ExitCode runTerminalSettings() {
-    shell::installLastRites(giveTerminalBack);
+    shell::installTerminationHook(giveTerminalBack);
     const TextWeb web;
     shell::SteadyClock clock;
     shell::SettingsApplication settings(clock);
     SettingsLoop loop(settings, &clock);
     openOnlyBundle(settings);
-    TerminalFace face(settings, loop, {Terminal::hasColours()});
+    TerminalView face(settings, loop, {Terminal::hasColours()});
     if (Terminal::readsInput()) {
         face.run();
         return ExitCode::Done;

@@ -3,7 +3,7 @@
 #include "linux/mail/MailOutbox.h"
 #include "linux/mail/MailPortal.h"
 #include "linux/mail/MailProgram.h"
-#include "linux/posix/QuietThread.h"
+#include "linux/posix/SignalMaskedThread.h"
 #include "platform/runtime/NSOperationQueue.h"
 #include "platform/services/SystemMailService.h"
 
@@ -40,7 +40,7 @@ void tell(const MailOutcome& outcome, Told done) {
 bool opensInTime(const std::shared_ptr<MailRoute>& route) {
     auto promise = std::make_shared<std::promise<bool>>();
     auto open = promise->get_future();
-    std::thread asking = quietThread([route, promise] { promise->set_value(route->isOpen()); });
+    std::thread asking = startSignalMaskedThread([route, promise] { promise->set_value(route->isOpen()); });
     if (!asking.joinable())
         return false;
     asking.detach();
@@ -53,7 +53,7 @@ bool LinuxMailService::canSendMail() {
 
 void LinuxMailService::send(const MailMessage& message, std::function<void(const MailOutcome&)> done) {
     const auto handedOver = std::make_shared<Told>(std::move(done));
-    std::thread sending = quietThread([routes = routes_, message, handedOver] {
+    std::thread sending = startSignalMaskedThread([routes = routes_, message, handedOver] {
         tell(sendBy(routes, message), std::exchange(*handedOver, {}));
     });
     if (sending.joinable())

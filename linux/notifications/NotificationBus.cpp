@@ -1,6 +1,6 @@
 #include "linux/notifications/NotificationBus.h"
 
-#include "linux/bus/OwnBus.h"
+#include "linux/bus/PrivateBus.h"
 #include "linux/notifications/NotificationFormat.h"
 #include "linux/notifications/NotificationMessage.h"
 #include "platform/runtime/ExceptionBoundary.h"
@@ -100,15 +100,15 @@ void NotificationBus::connect() {
 
 /// The folder first: in one that somebody else has laid in its place somebody else listens.
 void NotificationBus::connectToOwnBus(const BusAddress& address) {
-    const OwnBus bus(address.ownFolder);
+    const PrivateBus bus(address.ownFolder);
     if (!bus.folderIsPrivate())
         return;
     connection_ = BusConnection::open(address.text, BusConnection::Peer::OwnUser);
     if (connection_)
         return;
     const auto start = bus.start();
-    startingElsewhere_ = start == OwnBus::Start::StartedByOther;
-    if (start == OwnBus::Start::Running)
+    startingElsewhere_ = start == PrivateBus::Start::StartedByOther;
+    if (start == PrivateBus::Start::Running)
         connection_ = BusConnection::open(address.text, BusConnection::Peer::OwnUser);
 }
 

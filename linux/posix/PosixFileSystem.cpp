@@ -1,7 +1,7 @@
 #include "linux/posix/PosixFileSystem.h"
 
 #include "linux/posix/FileDescriptor.h"
-#include "linux/posix/OwnLink.h"
+#include "linux/posix/TrustedSymlink.h"
 #include "platform/files/RealFileSystem.h"
 
 #include <cerrno>
@@ -75,7 +75,7 @@ std::error_code openRegular(const std::string& path, int flags, Links links, Fil
     flags |= O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
     if (links == Links::Keep)
         number = ::open(path.c_str(), flags | O_NOFOLLOW);
-    else if (std::error_code error = openThroughOwnLinks(path, flags, number))
+    else if (std::error_code error = openThroughTrustedSymlinks(path, flags, number))
         return error;
     if (number < 0)
         return lastError();
@@ -144,7 +144,7 @@ std::error_code PosixFileSystem::status(FileHandle file, FileStatus& status) {
 std::error_code PosixFileSystem::readLink(const std::string& path, std::string& target) {
     if (hasNul(path))
         return invalidName();
-    return readOwnLink(path, target);
+    return readTrustedSymlink(path, target);
 }
 
 std::error_code PosixFileSystem::resolve(const std::string& path, std::string& resolved) {

@@ -6,8 +6,8 @@ namespace platform {
 
 /// The files of this machine. Handles are close-on-exec file descriptors. Nothing but a regular file is ever
 /// opened, so that a pipe or a device in a file's place cannot block, and no file is opened for writing under
-/// the number of a standard stream that is closed. Symbolic links of other users are refused as OwnLink.h
-/// says.
+/// the number of a standard stream that is closed. Symbolic links of other users are refused as
+/// TrustedSymlink.h says.
 class WARDLOCK_API PosixFileSystem : public FileSystem {
 public:
     std::error_code status(const std::string& path, Links links, FileStatus& status) override;

@@ -1,7 +1,7 @@
 #include "linux/posix/Program.h"
 
 #include "linux/posix/FileDescriptor.h"
-#include "linux/posix/QuietThread.h"
+#include "linux/posix/SignalMaskedThread.h"
 
 #include <algorithm>
 #include <array>
@@ -178,7 +178,8 @@ std::optional<int> startProgram(const std::vector<std::string>& words, std::chro
     if (const auto code = waitFor(*process, Clock::now() + patience))
         return code;
     // Somebody has to take its status when it ends.
-    std::thread taking = quietThread([process = *process] { takeExitCode(process, Patience::UntilItsEnd); });
+    std::thread taking =
+        startSignalMaskedThread([process = *process] { takeExitCode(process, Patience::UntilItsEnd); });
     if (taking.joinable())
         taking.detach();
     return 0;

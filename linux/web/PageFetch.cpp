@@ -1,6 +1,6 @@
 #include "linux/web/PageFetch.h"
 
-#include "linux/posix/QuietThread.h"
+#include "linux/posix/SignalMaskedThread.h"
 #include "platform/runtime/ExceptionBoundary.h"
 
 #include <curl/curl.h>
@@ -110,7 +110,7 @@ PageFetch::PageFetch(std::string url, TextWebEngineOptions options, std::weak_pt
                      Completion completion)
     : url_(std::move(url)), options_(std::move(options)), reader_(std::move(reader)),
       completion_(std::move(completion)), transfers_(makeTransfers()),
-      thread_(quietThread([this] { run(); })) {
+      thread_(startSignalMaskedThread([this] { run(); })) {
     if (!thread_.joinable())
         completion_({.error = "The system has no room for another thread",
                      .bytes = {},

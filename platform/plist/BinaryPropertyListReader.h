@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/plist/DictionaryMaker.h"
+#include "platform/plist/DictionaryBuilder.h"
 #include "platform/values/Value.h"
 
 #include <cstdint>
@@ -68,7 +68,7 @@ private:
     std::uint64_t topObject_ = 0;
     std::size_t table_ = 0;
     std::vector<Object> objects_;
-    DictionaryMaker dictionaries_;
+    DictionaryBuilder dictionaries_;
 };
 
 } // namespace platform

@@ -1,7 +1,7 @@
 #include "platform/plist/PropertyListBuilder.h"
 
 #include "platform/plist/PropertyListBounds.h"
-#include "platform/values/ShortText.h"
+#include "platform/values/ShortString.h"
 
 namespace platform {
 
@@ -77,7 +77,7 @@ bool PropertyListBuilder::addKey(std::string_view key) {
         return false;
     Frame& frame = frames_.back();
     const bool expected = frame.expected && frame.keyCount < frame.expected->size() &&
-                          sameShortText((*frame.expected)[frame.keyCount], key);
+                          equalShortStrings((*frame.expected)[frame.keyCount], key);
     if (!expected) {
         spellOutKeys(frame);
         keys_.push_back(key);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/plist/DictionaryMaker.h"
+#include "platform/plist/DictionaryBuilder.h"
 #include "platform/plist/StringPool.h"
 #include "platform/values/Value.h"
 
@@ -71,7 +71,7 @@ private:
         }
     };
     struct LastKeys {
-        Reference<KeySet> keys;
+        IntrusivePointer<KeySet> keys;
         /// Whether no key has characters that XML writes otherwise.
         bool spelledPlainly = false;
     };
@@ -94,7 +94,7 @@ private:
     Dictionary closedDictionary(Frame& frame);
     void spellOutKeys(Frame& frame);
 
-    DictionaryMaker dictionaries_;
+    DictionaryBuilder dictionaries_;
     StringPool strings_;
     std::vector<Frame> frames_;
     /// The elements of all open containers, and the keys that were not as expected.

@@ -1,6 +1,6 @@
 #include "platform/plist/StringPool.h"
 
-#include "platform/values/ShortText.h"
+#include "platform/values/ShortString.h"
 
 #include <algorithm>
 #include <bit>
@@ -22,8 +22,8 @@ StringPool::StringPool(std::size_t documentSize)
 Value StringPool::string(std::string_view text) {
     if (text.size() > longestShared)
         return Value(text);
-    Reference<ByteBlock>& slot = slots_[textHash(text) & (slots_.size() - 1)];
-    if (!slot || !sameShortText(slot->bytes(), text))
+    IntrusivePointer<ByteBlock>& slot = slots_[hashShortString(text) & (slots_.size() - 1)];
+    if (!slot || !equalShortStrings(slot->bytes(), text))
         slot = ByteBlock::create(text);
     return Value(Value::Kind::String, slot);
 }

@@ -18,7 +18,7 @@ public:
 
 private:
     /// One remembered string per slot, the latest.
-    std::vector<Reference<ByteBlock>> slots_;
+    std::vector<IntrusivePointer<ByteBlock>> slots_;
 };
 
 } // namespace platform

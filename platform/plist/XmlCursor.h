@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/values/ShortText.h"
+#include "platform/values/ShortString.h"
 
 #include <cstddef>
 #include <cstring>
@@ -33,7 +33,7 @@ public:
     template <std::size_t Size>
     bool take(std::string_view text, const char (&literal)[Size]) {
         constexpr std::size_t length = Size - 1;
-        if (rest().size() < text.size() + length || !sameShortText({at_, text.size()}, text) ||
+        if (rest().size() < text.size() + length || !equalShortStrings({at_, text.size()}, text) ||
             std::memcmp(at_ + text.size(), literal, length) != 0)
             return false;
         at_ += text.size() + length;

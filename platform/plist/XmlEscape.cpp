@@ -2,7 +2,7 @@
 
 #include "platform/base/Utf8.h"
 #include "platform/plist/XmlCharacter.h"
-#include "platform/values/ShortText.h"
+#include "platform/values/ShortString.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/plist/OutputText.h"
+#include "platform/plist/StringBuilder.h"
 #include "platform/values/Value.h"
 
 #include <cstddef>
@@ -52,7 +52,7 @@ private:
 
     const Value& root_;
     Bounds bounds_;
-    OutputText text_;
+    StringBuilder text_;
     std::vector<Frame> frames_;
     bool tooDeep_ = false;
 };

@@ -20,7 +20,7 @@ public:
     /// copy.
     Array(std::initializer_list<Value> values);
     explicit Array(std::vector<Value> values);
-    explicit Array(Reference<ContainerBlock> block) : block_(std::move(block)) {}
+    explicit Array(IntrusivePointer<ContainerBlock> block) : block_(std::move(block)) {}
 
     std::size_t size() const { return block_ ? block_->size() : 0; }
     bool empty() const { return !block_; }
@@ -37,7 +37,7 @@ public:
 private:
     friend class Value;
 
-    Reference<ContainerBlock> block_;
+    IntrusivePointer<ContainerBlock> block_;
 };
 
 } // namespace platform

@@ -30,11 +30,11 @@ DictionaryIterator Dictionary::end() const {
     return {nullptr, nullptr, size()};
 }
 
-Reference<KeySet> Dictionary::keys() const {
+IntrusivePointer<KeySet> Dictionary::keys() const {
     if (!block_)
         return {};
     block_->keys()->retain();
-    return Reference<KeySet>::adopt(block_->keys());
+    return IntrusivePointer<KeySet>::adopt(block_->keys());
 }
 
 bool Dictionary::operator==(const Dictionary& other) const {

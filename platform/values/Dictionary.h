@@ -56,7 +56,7 @@ public:
     /// Of equal keys the last value counts, at the place of the first.
     Dictionary(std::initializer_list<std::pair<std::string_view, Value>> entries);
     /// A block with keys.
-    explicit Dictionary(Reference<ContainerBlock> block) : block_(std::move(block)) {}
+    explicit Dictionary(IntrusivePointer<ContainerBlock> block) : block_(std::move(block)) {}
 
     std::size_t size() const { return block_ ? block_->size() : 0; }
     bool empty() const { return !block_; }
@@ -65,7 +65,7 @@ public:
     DictionaryIterator begin() const;
     DictionaryIterator end() const;
     /// The keys, which dictionaries may share; null when there are none.
-    Reference<KeySet> keys() const;
+    IntrusivePointer<KeySet> keys() const;
 
     /// Whether both are handles on the very same entries. Empty dictionaries are all the same object.
     bool isSameObject(const Dictionary& other) const { return block_ == other.block_; }
@@ -76,7 +76,7 @@ private:
     friend class MutableDictionary;
     friend class Value;
 
-    Reference<ContainerBlock> block_;
+    IntrusivePointer<ContainerBlock> block_;
 };
 
 } // namespace platform

@@ -1,13 +1,13 @@
 #include "platform/values/KeySet.h"
 
-#include "platform/values/ShortText.h"
+#include "platform/values/ShortString.h"
 
 #include <bit>
 
 namespace platform {
 
-Reference<KeySet> KeySet::create(std::size_t keys, std::size_t text) {
-    auto set = Reference<KeySet>::adopt(new KeySet);
+IntrusivePointer<KeySet> KeySet::create(std::size_t keys, std::size_t text) {
+    auto set = IntrusivePointer<KeySet>::adopt(new KeySet);
     set->spans_.reserve(keys);
     set->text_.reserve(text);
     if (keys * 2 > set->slotCount_ && keys <= largestHashed)
@@ -15,7 +15,7 @@ Reference<KeySet> KeySet::create(std::size_t keys, std::size_t text) {
     return set;
 }
 
-Reference<KeySet> KeySet::clone(std::size_t without) const {
+IntrusivePointer<KeySet> KeySet::clone(std::size_t without) const {
     auto copy = create(size() + 1, text_.size());
     for (std::size_t place = 0; place < size(); ++place)
         if (place != without)
@@ -36,8 +36,8 @@ std::size_t KeySet::findInIndex(std::string_view key, std::uint32_t hash) const 
 /// The slot the key is in, or the free one it would take.
 std::size_t KeySet::slotOf(std::string_view key) const {
     const std::size_t mask = slotCount_ - 1;
-    std::size_t slot = textHash(key) & mask;
-    while (slots_[slot] != 0 && !sameShortText((*this)[slots_[slot] - 1u], key))
+    std::size_t slot = hashShortString(key) & mask;
+    while (slots_[slot] != 0 && !equalShortStrings((*this)[slots_[slot] - 1u], key))
         slot = (slot + 1) & mask;
     return slot;
 }

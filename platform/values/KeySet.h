@@ -1,7 +1,7 @@
 #pragma once
 
+#include "platform/values/IntrusivePointer.h"
 #include "platform/values/KeyIndex.h"
-#include "platform/values/Reference.h"
 
 #include <array>
 #include <atomic>
@@ -22,9 +22,9 @@ public:
     static constexpr std::size_t notFound = KeyIndex::none;
 
     /// An empty set with room for the keys and the text told.
-    static Reference<KeySet> create(std::size_t keys = 0, std::size_t text = 0);
+    static IntrusivePointer<KeySet> create(std::size_t keys = 0, std::size_t text = 0);
     /// A copy with one owner, without the key at an index where one is given.
-    Reference<KeySet> clone(std::size_t without = notFound) const;
+    IntrusivePointer<KeySet> clone(std::size_t without = notFound) const;
 
     std::size_t size() const { return spans_.size(); }
     std::string_view operator[](std::size_t index) const {

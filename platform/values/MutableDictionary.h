@@ -36,7 +36,7 @@ public:
     Dictionary copy() const;
 
 private:
-    Reference<KeySet> keys_;
+    IntrusivePointer<KeySet> keys_;
     std::vector<Value> values_;
 };
 

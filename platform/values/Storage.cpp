@@ -12,12 +12,12 @@ namespace platform {
 
 static_assert(sizeof(ByteBlock) == 16 && sizeof(ContainerBlock) == 16 && alignof(Value) <= 16);
 
-Reference<ByteBlock> ByteBlock::create(std::string_view bytes) {
+IntrusivePointer<ByteBlock> ByteBlock::create(std::string_view bytes) {
     if (bytes.empty())
         return {};
     auto* block = new (::operator new(sizeof(ByteBlock) + bytes.size())) ByteBlock(bytes.size());
     std::memcpy(reinterpret_cast<char*>(block + 1), bytes.data(), bytes.size());
-    return Reference<ByteBlock>::adopt(block);
+    return IntrusivePointer<ByteBlock>::adopt(block);
 }
 
 void ByteBlock::destroy() {
@@ -25,7 +25,8 @@ void ByteBlock::destroy() {
     ::operator delete(this);
 }
 
-Reference<ContainerBlock> ContainerBlock::create(Value* values, std::size_t count, Reference<KeySet> keys) {
+IntrusivePointer<ContainerBlock> ContainerBlock::create(Value* values, std::size_t count,
+                                                        IntrusivePointer<KeySet> keys) {
     if (count == 0)
         return {};
     if (count > std::numeric_limits<std::uint32_t>::max())
@@ -33,7 +34,7 @@ Reference<ContainerBlock> ContainerBlock::create(Value* values, std::size_t coun
     void* memory = ::operator new(sizeof(ContainerBlock) + count * sizeof(Value));
     auto* block = new (memory) ContainerBlock(count, keys.detach());
     std::uninitialized_move_n(values, count, block->mutableValues());
-    return Reference<ContainerBlock>::adopt(block);
+    return IntrusivePointer<ContainerBlock>::adopt(block);
 }
 
 ContainerBlock* ContainerBlock::release(Value& value) {

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/base/Export.h"
+#include "platform/values/IntrusivePointer.h"
 #include "platform/values/KeySet.h"
-#include "platform/values/Reference.h"
 
 #include <atomic>
 #include <cstdint>
@@ -18,7 +18,7 @@ class Value;
 class ByteBlock {
 public:
     /// Null for no bytes.
-    WARDLOCK_API static Reference<ByteBlock> create(std::string_view bytes);
+    WARDLOCK_API static IntrusivePointer<ByteBlock> create(std::string_view bytes);
 
     std::string_view bytes() const { return {reinterpret_cast<const char*>(this + 1), length_}; }
     void retain() { references_.fetch_add(1, std::memory_order_relaxed); }
@@ -40,7 +40,8 @@ class ContainerBlock {
 public:
     /// Moves the values in; null for none. A dictionary's `keys` are as many as its values, an array's are
     /// null.
-    static Reference<ContainerBlock> create(Value* values, std::size_t count, Reference<KeySet> keys = {});
+    static IntrusivePointer<ContainerBlock> create(Value* values, std::size_t count,
+                                                   IntrusivePointer<KeySet> keys = {});
 
     std::size_t size() const { return count_; }
     const Value* values() const { return reinterpret_cast<const Value*>(this + 1); }

@@ -80,7 +80,7 @@ Value::Value(const Value& other) : kind_(other.kind_), unsigned_(other.unsigned_
     else if (kind_ == Kind::Dictionary)
         new (&dictionary_) platform::Dictionary(other.dictionary_);
     else if (kind_ == Kind::String || kind_ == Kind::Data)
-        new (&bytes_) Reference<ByteBlock>(other.bytes_);
+        new (&bytes_) IntrusivePointer<ByteBlock>(other.bytes_);
     else
         bits_ = other.bits_;
 }

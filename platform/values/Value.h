@@ -40,7 +40,7 @@ public:
     Value(platform::Array array) : kind_(Kind::Array), array_(std::move(array)) {}
     Value(platform::Dictionary dictionary) : kind_(Kind::Dictionary), dictionary_(std::move(dictionary)) {}
     /// A string or data.
-    Value(Kind kind, Reference<ByteBlock> bytes) : kind_(kind), bytes_(std::move(bytes)) {}
+    Value(Kind kind, IntrusivePointer<ByteBlock> bytes) : kind_(kind), bytes_(std::move(bytes)) {}
     Value(const void*) = delete;
     static Value data(std::string_view bytes) { return {Kind::Data, ByteBlock::create(bytes)}; }
     /// Seconds since 2001-01-01T00:00:00Z.
@@ -98,7 +98,7 @@ private:
         /// Boolean, integer, real, date.
         std::uint64_t bits_;
         /// String, data.
-        Reference<ByteBlock> bytes_;
+        IntrusivePointer<ByteBlock> bytes_;
         platform::Array array_;
         platform::Dictionary dictionary_;
     };
@@ -124,7 +124,7 @@ inline void Value::moveFrom(Value& other) noexcept {
     else if (kind_ == Kind::Dictionary)
         new (&dictionary_) platform::Dictionary(std::move(other.dictionary_));
     else if (kind_ == Kind::String || kind_ == Kind::Data)
-        new (&bytes_) Reference<ByteBlock>(std::move(other.bytes_));
+        new (&bytes_) IntrusivePointer<ByteBlock>(std::move(other.bytes_));
     else
         bits_ = other.bits_;
     other.destroy();
@@ -138,7 +138,7 @@ inline void Value::destroy() {
     else if (kind_ == Kind::Dictionary)
         dictionary_.~Dictionary();
     else if (kind_ == Kind::String || kind_ == Kind::Data)
-        bytes_.~Reference();
+        bytes_.~IntrusivePointer();
 }
 inline ContainerBlock* Value::detachContainer() {
     if (kind_ == Kind::Array)

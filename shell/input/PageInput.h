@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/ui/UIWebView.h"
-#include "shell/input/Answer.h"
+#include "shell/input/InputResult.h"
 #include "shell/screen/Screen.h"
 #include "shell/screen/ScreenChanges.h"
 #include "shell/screen/ShownAccount.h"
@@ -20,33 +20,33 @@ namespace wardlock::shell {
 /// thrown: an exception of a page ends the process. Main thread only.
 class PageInput {
 public:
-    PageInput(Screen& screen, ScreenChanges& changes, ShownAccount& account, Door& door)
-        : screen_(screen), changes_(changes), account_(account), door_(door) {}
+    PageInput(Screen& screen, ScreenChanges& changes, ShownAccount& account, PageBoundary& boundary)
+        : screen_(screen), changes_(changes), account_(account), boundary_(boundary) {}
 
     /// Flips a switch, begins the typing in a text row, and selects any other row.
-    Answer tapRow(platform::NSIndexPath path);
-    Answer setSwitch(platform::NSIndexPath path, bool on);
+    InputResult tapRow(platform::NSIndexPath path);
+    InputResult setSwitch(platform::NSIndexPath path, bool on);
     /// A continuous slider is let go of here; `value` lies between the row's min and max.
-    Answer moveSlider(platform::NSIndexPath path, double value);
+    InputResult moveSlider(platform::NSIndexPath path, double value);
 
-    Answer beginEditing(platform::NSIndexPath path);
+    InputResult beginEditing(platform::NSIndexPath path);
     /// The whole text as it stands in the row now, taken as one line.
-    Answer typeText(std::string text);
+    InputResult typeText(std::string text);
     /// Return, loss of focus: stores what was typed, unless its account is gone. Nothing where nobody types.
     void endEditing();
 
     /// The switch of a row of the page's table.
-    Answer flipTableSwitch(platform::NSIndexPath path);
-    Answer setTableSwitch(platform::NSIndexPath path, bool on);
+    InputResult flipTableSwitch(platform::NSIndexPath path);
+    InputResult setTableSwitch(platform::NSIndexPath path, bool on);
 
     /// Begins to drag the list.
-    Answer dragList();
-    Answer tapBarButton();
+    InputResult dragList();
+    InputResult tapBarButton();
     /// The back button, or a finished back swipe.
-    Answer goBack();
+    InputResult goBack();
     /// A link of the web page shown, by its number, from 1, or by where it leads; refused for any other.
-    Answer followLink(std::size_t number);
-    Answer followLink(std::string_view url);
+    InputResult followLink(std::size_t number);
+    InputResult followLink(std::string_view url);
 
 private:
     /// Returns the index of a link, or how many there are where none is meant.
@@ -56,11 +56,11 @@ private:
     std::optional<std::string> obstacle();
     std::optional<std::string> obstacleToRow(platform::NSIndexPath path);
     void store(platform::NSIndexPath path, const platform::Value& value);
-    Answer follow(const LinkSearch& search);
+    InputResult follow(const LinkSearch& search);
     void beginEditingNow(platform::NSIndexPath path);
     bool isEditing(platform::NSIndexPath path) const;
     template <class Touch>
-    Answer onTableSwitch(platform::NSIndexPath path, Touch touch);
+    InputResult onTableSwitch(platform::NSIndexPath path, Touch touch);
 
     bool isAnybodyTyping() const;
 
@@ -69,7 +69,7 @@ private:
     Screen& screen_;
     ScreenChanges& changes_;
     ShownAccount& account_;
-    Door& door_;
+    PageBoundary& boundary_;
 };
 
 } // namespace wardlock::shell

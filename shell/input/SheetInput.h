@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/input/Answer.h"
+#include "shell/input/InputResult.h"
 #include "shell/screen/Screen.h"
 #include "shell/screen/ShownAccount.h"
 
@@ -15,40 +15,40 @@ namespace wardlock::shell {
 /// thread only.
 class SheetInput {
 public:
-    SheetInput(Screen& screen, ShownAccount& account, Door& door)
-        : screen_(screen), account_(account), door_(door) {}
+    SheetInput(Screen& screen, ShownAccount& account, PageBoundary& boundary)
+        : screen_(screen), account_(account), boundary_(boundary) {}
 
     /// 0 to 9.
-    Answer pressDigit(int digit);
-    Answer pressDelete();
-    Answer cancelKeypad();
-    Answer pressEmergency();
+    InputResult pressDigit(int digit);
+    InputResult pressDelete();
+    InputResult cancelKeypad();
+    InputResult pressEmergency();
     /// The second way to enter: a whole passcode, four digits, recognised otherwise.
-    Answer enterPasscode(std::string passcode);
+    InputResult enterPasscode(std::string passcode);
 
     /// The whole text as it stands in the alert's field now, taken as one line.
-    Answer typeIntoAlert(std::size_t field, std::string text);
-    Answer chooseAlertAction(std::size_t action);
+    InputResult typeIntoAlert(std::size_t field, std::string text);
+    InputResult chooseAlertAction(std::size_t action);
 
-    Answer setRecipients(std::vector<std::string> recipients);
-    Answer setSubject(std::string subject);
-    Answer setBody(std::string body);
-    Answer removeAttachment(std::size_t index);
+    InputResult setRecipients(std::vector<std::string> recipients);
+    InputResult setSubject(std::string subject);
+    InputResult setBody(std::string body);
+    InputResult removeAttachment(std::size_t index);
     /// The sheet stays until the mail's way is known; Screen::notice() then tells it.
-    Answer sendMail();
-    Answer cancelMail();
+    InputResult sendMail();
+    InputResult cancelMail();
 
 private:
     template <class Press>
-    Answer onKeypad(Press press);
+    InputResult onKeypad(Press press);
     template <class Do>
-    Answer onAlert(Do act);
+    InputResult onAlert(Do act);
     template <class Do>
-    Answer onComposer(Do act);
+    InputResult onComposer(Do act);
 
     Screen& screen_;
     ShownAccount& account_;
-    Door& door_;
+    PageBoundary& boundary_;
 };
 
 } // namespace wardlock::shell

@@ -34,14 +34,14 @@ void collectContent(const std::shared_ptr<UIView>& view, std::vector<std::shared
 
 } // namespace
 
-Page::Page(std::shared_ptr<platform::UIViewController> controller, Door& door)
+Page::Page(std::shared_ptr<platform::UIViewController> controller, PageBoundary& boundary)
     : controller_(std::move(controller)), list_(dynamic_cast<platform::PSListController*>(controller_.get())),
-      door_(door) {}
+      boundary_(boundary) {}
 
 Page::~Page() = default;
 
 std::string Page::title() {
-    return door_.enter([&] {
+    return boundary_.enter([&] {
         const std::string& barTitle = controller_->navigationItem().title();
         return barTitle.empty() ? controller_->title() : barTitle;
     });
@@ -52,26 +52,26 @@ std::shared_ptr<platform::UIBarButtonItem> Page::barButton() {
 }
 
 bool Page::isList() {
-    return list_ && door_.enter([&] { return list_->showsList(); });
+    return list_ && boundary_.enter([&] { return list_->showsList(); });
 }
 
 std::size_t Page::sectionCount() {
-    return list_ ? door_.enter([&] { return list_->sections().sections().size(); }) : 0;
+    return list_ ? boundary_.enter([&] { return list_->sections().sections().size(); }) : 0;
 }
 
 Page::Section Page::section(std::size_t index) {
-    return door_.enter([&] {
+    return boundary_.enter([&] {
         const auto& section = list_->sections().sections().at(index);
         return Section{section.header(), section.footer(), section.rows.size()};
     });
 }
 
 std::shared_ptr<PSSpecifier> Page::specifier(NSIndexPath path) {
-    return list_ ? door_.enter([&] { return list_->sections().at(path); }) : nullptr;
+    return list_ ? boundary_.enter([&] { return list_->sections().at(path); }) : nullptr;
 }
 
 std::optional<NSIndexPath> Page::find(const PSSpecifier& specifier) {
-    return list_ ? door_.enter([&] { return list_->sections().find(specifier); }) : std::nullopt;
+    return list_ ? boundary_.enter([&] { return list_->sections().find(specifier); }) : std::nullopt;
 }
 
 bool Page::has(NSIndexPath path) {
@@ -79,7 +79,7 @@ bool Page::has(NSIndexPath path) {
 }
 
 Row Page::row(NSIndexPath path) {
-    return door_.enter([&] {
+    return boundary_.enter([&] {
         const auto specifier = list_->sections().at(path);
         const Shown& now = shown(specifier, path);
         Row row = rowFor(*specifier, now.value);
@@ -111,7 +111,7 @@ std::vector<std::shared_ptr<UIView>> Page::content() {
     if (isList())
         return {};
     std::vector<std::shared_ptr<UIView>> found;
-    collectContent(door_.enter([&] { return controller_->view(); }), found);
+    collectContent(boundary_.enter([&] { return controller_->view(); }), found);
     return found;
 }
 
@@ -120,7 +120,7 @@ std::shared_ptr<Table> Page::table() {
     if (!view)
         table_.reset();
     else if (!table_ || table_->view() != view)
-        table_ = std::make_shared<Table>(view, door_);
+        table_ = std::make_shared<Table>(view, boundary_);
     return table_;
 }
 
@@ -158,7 +158,7 @@ void Page::show(const std::shared_ptr<PSSpecifier>& specifier, std::optional<pla
 }
 
 void Page::readRows() {
-    door_.enter([&] {
+    boundary_.enter([&] {
         // What is read may build the list anew; its rows are then read when they are asked for.
         std::vector<platform::PSListSections::Section> sections;
         if (isList())
@@ -200,7 +200,7 @@ std::vector<NSIndexPath> Page::refreshValues() {
     for (const auto& specifier : specifiers) {
         if (edit_ && edit_->specifier == specifier)
             continue;
-        door_.tryEnter([&] {
+        boundary_.tryEnter([&] {
             if (const auto path = refreshValue(specifier))
                 different.push_back(*path);
         });
@@ -223,19 +223,19 @@ std::optional<NSIndexPath> Page::refreshValue(const std::shared_ptr<PSSpecifier>
 void Page::rebuild() {
     const auto before = shown_;
     platform::PSListController::Specifiers rows;
-    const bool rebuilt = door_.tryEnter([&] {
+    const bool rebuilt = boundary_.tryEnter([&] {
         rows = list_->specifiers();
         list_->reloadSpecifiers();
         rows = list_->specifiers();
     });
     if (!rebuilt) {
-        door_.tryEnter([&] { list_->setSpecifiers(rows); });
+        boundary_.tryEnter([&] { list_->setSpecifiers(rows); });
         shown_ = before;
         return;
     }
     for (const auto& specifier : rows) {
         if (!specifier->getAction() ||
-            door_.tryEnter([&] { shown_[specifier].value = specifier->performGetter(); }))
+            boundary_.tryEnter([&] { shown_[specifier].value = specifier->performGetter(); }))
             continue;
         Shown& kept = shown_[specifier];
         for (const auto& [earlier, shown] : before)

@@ -2,7 +2,7 @@
 
 #include "platform/preferences/PSListController.h"
 #include "platform/ui/UIBarButtonItem.h"
-#include "shell/screen/Door.h"
+#include "shell/screen/PageBoundary.h"
 #include "shell/screen/Row.h"
 #include "shell/screen/Table.h"
 #include "shell/screen/TextEdit.h"
@@ -28,7 +28,7 @@ public:
         std::size_t rowCount = 0;
     };
 
-    Page(std::shared_ptr<platform::UIViewController> controller, Door& door);
+    Page(std::shared_ptr<platform::UIViewController> controller, PageBoundary& boundary);
     ~Page();
     Page(const Page&) = delete;
     Page& operator=(const Page&) = delete;
@@ -113,7 +113,7 @@ private:
 
     std::shared_ptr<platform::UIViewController> controller_;
     platform::PSListController* list_;
-    Door& door_;
+    PageBoundary& boundary_;
     std::map<std::shared_ptr<platform::PSSpecifier>, Shown> shown_;
     bool read_ = false;
     std::size_t builds_ = 0;

@@ -8,7 +8,7 @@ bool PageStack::follow() {
     std::vector<std::shared_ptr<Page>> pages;
     for (const auto& controller : navigation_->viewControllers()) {
         auto page = pageOf(*controller);
-        pages.push_back(page ? std::move(page) : std::make_shared<Page>(controller, door_));
+        pages.push_back(page ? std::move(page) : std::make_shared<Page>(controller, boundary_));
     }
     if (pages == pages_)
         return false;

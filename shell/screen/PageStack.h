@@ -11,8 +11,8 @@ namespace wardlock::shell {
 /// The navigation controller's stack as pages. Main thread only.
 class PageStack {
 public:
-    PageStack(std::shared_ptr<platform::UINavigationController> navigation, Door& door)
-        : navigation_(std::move(navigation)), door_(door) {}
+    PageStack(std::shared_ptr<platform::UINavigationController> navigation, PageBoundary& boundary)
+        : navigation_(std::move(navigation)), boundary_(boundary) {}
 
     /// Follows the navigation controller; answers whether anything changed.
     bool follow();
@@ -24,7 +24,7 @@ public:
 
 private:
     std::shared_ptr<platform::UINavigationController> navigation_;
-    Door& door_;
+    PageBoundary& boundary_;
     std::vector<std::shared_ptr<Page>> pages_;
 };
 

@@ -21,10 +21,10 @@ void collectOverlay(const std::shared_ptr<UIView>& view, Overlay& found) {
 
 } // namespace
 
-Screen::Screen(const std::shared_ptr<platform::UIViewController>& root, Door& door)
+Screen::Screen(const std::shared_ptr<platform::UIViewController>& root, PageBoundary& boundary)
     : navigation_(platform::UINavigationController::initWithRootViewController(root)),
       window_(std::make_shared<platform::UIWindow>(platform::DeviceInformation::current().screenBounds())),
-      stack_(navigation_, door) {
+      stack_(navigation_, boundary) {
     stack_.follow();
 }
 

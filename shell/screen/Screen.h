@@ -20,7 +20,7 @@ namespace wardlock::shell {
 /// thread only.
 class Screen {
 public:
-    Screen(const std::shared_ptr<platform::UIViewController>& root, Door& door);
+    Screen(const std::shared_ptr<platform::UIViewController>& root, PageBoundary& boundary);
 
     const std::vector<std::shared_ptr<Page>>& pages() const { return stack_.pages(); }
     const std::shared_ptr<Page>& page() const { return stack_.top(); }

@@ -16,7 +16,7 @@ namespace wardlock::shell {
 ///
 /// No page is known here. A section of a bundle's first page whose rows are the names of the accounts lists
 /// them, and the page that such a row opened shows the account at the row's position. Main thread only,
-/// inside the door.
+/// inside the boundary.
 class ShownAccount {
 public:
     ShownAccount(Screen& screen, ScreenChanges& changes) : screen_(screen), changes_(changes) {}

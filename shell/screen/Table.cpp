@@ -5,11 +5,11 @@ namespace wardlock::shell {
 using platform::NSIndexPath;
 
 std::size_t Table::sectionCount() {
-    return door_.enter([&] { return view_->numberOfSections(); });
+    return boundary_.enter([&] { return view_->numberOfSections(); });
 }
 
 std::size_t Table::rowCount(std::size_t section) {
-    return door_.enter([&] { return view_->numberOfRowsInSection(section); });
+    return boundary_.enter([&] { return view_->numberOfRowsInSection(section); });
 }
 
 bool Table::has(NSIndexPath path) {
@@ -17,7 +17,7 @@ bool Table::has(NSIndexPath path) {
 }
 
 double Table::rowHeight(NSIndexPath path) {
-    return door_.enter([&] { return view_->heightForRow(path); });
+    return boundary_.enter([&] { return view_->heightForRow(path); });
 }
 
 std::shared_ptr<TableRow> Table::show(NSIndexPath path) {
@@ -27,7 +27,7 @@ std::shared_ptr<TableRow> Table::show(NSIndexPath path) {
             return row;
     if (!has(path))
         return nullptr;
-    auto cell = door_.enter([&] { return view_->takeCell(path); });
+    auto cell = boundary_.enter([&] { return view_->takeCell(path); });
     if (!cell)
         return nullptr;
     auto row = std::make_shared<TableRow>(view_, path, std::move(cell));

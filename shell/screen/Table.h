@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/ui/UITableView.h"
-#include "shell/screen/Door.h"
+#include "shell/screen/PageBoundary.h"
 #include "shell/screen/TableRow.h"
 
 #include <memory>
@@ -14,7 +14,8 @@ namespace wardlock::shell {
 /// no others. Main thread only.
 class Table {
 public:
-    Table(std::shared_ptr<platform::UITableView> view, Door& door) : view_(std::move(view)), door_(door) {}
+    Table(std::shared_ptr<platform::UITableView> view, PageBoundary& boundary)
+        : view_(std::move(view)), boundary_(boundary) {}
 
     const std::shared_ptr<platform::UITableView>& view() const { return view_; }
     std::size_t sectionCount();
@@ -30,7 +31,7 @@ public:
 
 private:
     std::shared_ptr<platform::UITableView> view_;
-    Door& door_;
+    PageBoundary& boundary_;
     std::vector<std::weak_ptr<TableRow>> shown_;
 };
 

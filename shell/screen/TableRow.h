@@ -4,7 +4,7 @@
 #include "platform/ui/UIImage.h"
 #include "platform/ui/UISwitch.h"
 #include "platform/ui/UITableView.h"
-#include "shell/screen/Door.h"
+#include "shell/screen/PageBoundary.h"
 
 #include <memory>
 #include <string>

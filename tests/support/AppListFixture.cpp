@@ -1,7 +1,7 @@
 #include "tests/support/AppListFixture.h"
 
 #include "platform/runtime/Class.h"
-#include "tests/support/Places.h"
+#include "tests/support/BuildPaths.h"
 
 #include <cstdlib>
 #include <dlfcn.h>

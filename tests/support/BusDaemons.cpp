@@ -1,6 +1,6 @@
 #include "tests/support/BusDaemons.h"
 
-#include "tests/support/Patience.h"
+#include "tests/support/TestTimeout.h"
 
 #include <gtest/gtest.h>
 
@@ -43,7 +43,7 @@ void endBusDaemon(int process) {
     ASSERT_GE(descriptor, 0);
     kill(process, SIGKILL);
     pollfd ended{descriptor, POLLIN, 0};
-    EXPECT_EQ(poll(&ended, 1, patienceMilliseconds), 1);
+    EXPECT_EQ(poll(&ended, 1, testTimeoutMilliseconds), 1);
     close(descriptor);
 }
 

@@ -1,6 +1,6 @@
 #include "tests/support/BusFixture.h"
 
-#include "tests/support/Places.h"
+#include "tests/support/BuildPaths.h"
 
 namespace wardlock::test {
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "tests/support/DeviceRootFixture.h"
-#include "tests/support/PrivateBus.h"
 #include "tests/support/Process.h"
+#include "tests/support/TestBus.h"
 
 #include <memory>
 #include <string>
@@ -23,7 +23,7 @@ protected:
     /// test-poster, when it has ended; it must end well.
     static void post(const std::vector<std::string>& arguments, const ProcessSetup& setup = {});
 
-    PrivateBus bus;
+    TestBus bus;
 };
 
 } // namespace wardlock::test

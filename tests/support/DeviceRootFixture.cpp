@@ -1,6 +1,6 @@
 #include "tests/support/DeviceRootFixture.h"
 
-#include "tests/support/Places.h"
+#include "tests/support/BuildPaths.h"
 
 #include <filesystem>
 #include <fstream>

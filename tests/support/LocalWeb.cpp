@@ -1,7 +1,7 @@
 #include "tests/support/LocalWeb.h"
 
 #include "platform/runtime/MainLoop.h"
-#include "tests/support/Patience.h"
+#include "tests/support/TestTimeout.h"
 
 namespace wardlock::test {
 
@@ -20,7 +20,7 @@ void LocalWeb::use(const platform::TextWebEngineOptions& options) {
 
 void LocalWeb::useFor(const std::string& host, int port) {
     platform::TextWebEngineOptions options;
-    options.patience = patience;
+    options.patience = testTimeout;
     options.connectTo = host + ":80:127.0.0.1:" + std::to_string(port);
     use(options);
 }
@@ -31,7 +31,7 @@ void LocalWeb::endEngine() {
 }
 
 bool LocalWeb::waitUntil(const std::function<bool()>& done) {
-    const auto deadline = std::chrono::steady_clock::now() + patience;
+    const auto deadline = std::chrono::steady_clock::now() + testTimeout;
     while (!platform::MainLoop::shared().runUntil(done, 10ms)) {
         if (std::chrono::steady_clock::now() > deadline)
             return false;

@@ -1,6 +1,6 @@
 #include "tests/support/ModuleFixture.h"
 
-#include "tests/support/Places.h"
+#include "tests/support/BuildPaths.h"
 
 #include <filesystem>
 

@@ -1,6 +1,6 @@
 #include "tests/support/Process.h"
 
-#include "tests/support/Patience.h"
+#include "tests/support/TestTimeout.h"
 
 #include <gtest/gtest.h>
 
@@ -146,7 +146,7 @@ bool Process::readMore(Clock::time_point deadline) {
 }
 
 std::optional<std::string> Process::readLine() {
-    const auto deadline = Clock::now() + patience;
+    const auto deadline = Clock::now() + testTimeout;
     std::size_t end;
     while ((end = result_.output.find('\n')) == std::string::npos)
         if (output_ < 0 || !readMore(deadline))
@@ -157,7 +157,7 @@ std::optional<std::string> Process::readLine() {
 }
 
 bool Process::waitForError(std::string_view text) {
-    const auto deadline = Clock::now() + patience;
+    const auto deadline = Clock::now() + testTimeout;
     while (result_.errors.find(text) == std::string::npos)
         if (errors_ < 0 || !readMore(deadline))
             return false;
@@ -188,7 +188,7 @@ void Process::reap(Clock::time_point deadline) {
 }
 
 ProcessResult Process::wait() {
-    const auto deadline = Clock::now() + patience;
+    const auto deadline = Clock::now() + testTimeout;
     while (readMore(deadline)) {
     }
     if (pid_ > 0)

@@ -5,7 +5,7 @@
 #include "settings/DefaultSettings.h"
 #include "settings/Keys.h"
 #include "shell/device/Provision.h"
-#include "tests/support/Places.h"
+#include "tests/support/BuildPaths.h"
 
 namespace wardlock::test {
 

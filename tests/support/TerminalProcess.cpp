@@ -1,6 +1,6 @@
 #include "tests/support/TerminalProcess.h"
 
-#include "tests/support/Patience.h"
+#include "tests/support/TestTimeout.h"
 
 #include <gtest/gtest.h>
 
@@ -76,7 +76,7 @@ std::string TerminalProcess::waitFor(std::string_view text) {
 
 bool TerminalProcess::readMore() {
     pollfd watched{terminal_, POLLIN, 0};
-    if (poll(&watched, 1, patienceMilliseconds) <= 0)
+    if (poll(&watched, 1, testTimeoutMilliseconds) <= 0)
         return false;
     std::array<char, 4096> room{};
     const ssize_t count = read(terminal_, room.data(), room.size());

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 namespace {
 
@@ -68,4 +68,4 @@ QAccessible::State AccessibleGroup::state() const {
     return state;
 }
 
-} // namespace wardlock::app
+} // namespace wardlock::window

@@ -2,7 +2,7 @@
 
 #include "window/accessibility/AccessibleItem.h"
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 /// A group of what an item holds, from top to bottom as it is read: a list makes its rows in any order. A
 /// layer that is covered holds nothing.
@@ -24,4 +24,4 @@ private:
     const QAccessible::Role role_;
 };
 
-} // namespace wardlock::app
+} // namespace wardlock::window

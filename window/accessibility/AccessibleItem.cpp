@@ -7,7 +7,7 @@
 
 #include <QQuickWindow>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 namespace {
 
@@ -76,4 +76,4 @@ QAccessible::State AccessibleItem::state() const {
     return state;
 }
 
-} // namespace wardlock::app
+} // namespace wardlock::window

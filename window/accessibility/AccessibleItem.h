@@ -3,7 +3,7 @@
 #include <QAccessibleObject>
 #include <QQuickItem>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 /// What assistive technology is told of an item where Qt's own answers do not do.
 class AccessibleItem : public QAccessibleObject {
@@ -33,4 +33,4 @@ QAccessibleInterface* toldOf(QQuickItem* item);
 /// process does no harm.
 void installAccessibility();
 
-} // namespace wardlock::app
+} // namespace wardlock::window

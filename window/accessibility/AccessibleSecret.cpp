@@ -2,7 +2,7 @@
 
 #include <QMetaProperty>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 namespace {
 
@@ -48,4 +48,4 @@ QAccessible::State AccessibleSecret::state() const {
     return state;
 }
 
-} // namespace wardlock::app
+} // namespace wardlock::window

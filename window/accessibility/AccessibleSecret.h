@@ -2,7 +2,7 @@
 
 #include "window/accessibility/AccessibleItem.h"
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 /// A text field whose text nobody is to be told: Qt's own answer hands it out.
 class AccessibleSecret : public AccessibleItem {
@@ -25,4 +25,4 @@ public slots:
     void renewSender();
 };
 
-} // namespace wardlock::app
+} // namespace wardlock::window

@@ -2,7 +2,7 @@
 
 #include <QCoreApplication>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 QString AccessibleToggle::text(QAccessible::Text kind) const {
     if (kind == QAccessible::Name)
@@ -34,4 +34,4 @@ void AccessibleToggle::doAction(const QString& name) {
         toggle_.ask();
 }
 
-} // namespace wardlock::app
+} // namespace wardlock::window

@@ -3,7 +3,7 @@
 #include "window/accessibility/AccessibleItem.h"
 #include "window/items/Toggle.h"
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 /// What assistive technology is told of a switch, and how it flips one.
 class AccessibleToggle : public AccessibleItem, public QAccessibleActionInterface {
@@ -23,4 +23,4 @@ private:
     Toggle& toggle_;
 };
 
-} // namespace wardlock::app
+} // namespace wardlock::window

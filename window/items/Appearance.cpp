@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 namespace {
 
@@ -19,7 +19,7 @@ constexpr std::chrono::milliseconds firstAnswer{150};
 
 } // namespace
 
-Appearance::Appearance() : desktop_(platform::watchDesktopLook([this] { emit changed(); })) {
+Appearance::Appearance() : desktop_(platform::monitorDesktopAppearance([this] { emit changed(); })) {
     qApp->installEventFilter(this);
 }
 
@@ -66,4 +66,4 @@ bool Appearance::eventFilter(QObject* watched, QEvent* event) {
     return QObject::eventFilter(watched, event);
 }
 
-} // namespace wardlock::app
+} // namespace wardlock::window

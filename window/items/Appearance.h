@@ -1,13 +1,13 @@
 #pragma once
 
-#include "platform/services/DesktopLook.h"
+#include "platform/services/DesktopAppearance.h"
 
 #include <QObject>
 
 #include <memory>
 #include <optional>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 /// Light or dark, the size of the text, contrast and motion: the desktop's unless forced. Follows the desktop
 /// while it runs: its settings portal first, and where that has no preference, the palette.
@@ -38,11 +38,13 @@ signals:
 
 private:
     bool eventFilter(QObject* watched, QEvent* event) override;
-    platform::DesktopLook look() const { return desktop_ ? desktop_->look() : platform::DesktopLook(); }
+    platform::DesktopAppearance look() const {
+        return desktop_ ? desktop_->look() : platform::DesktopAppearance();
+    }
 
-    std::unique_ptr<platform::DesktopLookWatch> desktop_;
+    std::unique_ptr<platform::DesktopAppearanceMonitor> desktop_;
     std::optional<bool> dark_;
     std::optional<double> textScale_;
 };
 
-} // namespace wardlock::app
+} // namespace wardlock::window

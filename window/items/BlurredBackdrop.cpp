@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <vector>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 namespace {
 
@@ -91,4 +91,4 @@ void BlurredBackdrop::paint(QPainter& painter) {
     painter.fillRect(boundingRect(), veil);
 }
 
-} // namespace wardlock::app
+} // namespace wardlock::window

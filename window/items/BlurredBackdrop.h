@@ -7,7 +7,7 @@
 #include <QQuickItemGrabResult>
 #include <QSharedPointer>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 /// A dark blur of another item, as that looks when this one appears or changes its size. A small picture of
 /// it is blurred by hand, which looks the same and is as quick with every graphics backend.
@@ -37,4 +37,4 @@ private:
 /// Gaussian blur.
 QImage blurred(const QImage& picture, int radius);
 
-} // namespace wardlock::app
+} // namespace wardlock::window

@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 namespace {
 
@@ -38,4 +38,4 @@ void Chevron::paint(QPainter& painter) {
     painter.drawPolyline(arrow, static_cast<int>(std::size(arrow)));
 }
 
-} // namespace wardlock::app
+} // namespace wardlock::window

@@ -4,7 +4,7 @@
 
 #include <QColor>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 /// The arrow that leads on, or, turned, back.
 class Chevron : public PaintedItem {
@@ -29,4 +29,4 @@ private:
     bool back_ = false;
 };
 
-} // namespace wardlock::app
+} // namespace wardlock::window

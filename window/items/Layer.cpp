@@ -2,7 +2,7 @@
 
 #include <QAccessible>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 Layer::Layer(QQuickItem* parent) : QQuickItem(parent) {
     setFlag(ItemIsFocusScope);
@@ -18,4 +18,4 @@ void Layer::setCovered(bool covered) {
     emit coveredChanged();
 }
 
-} // namespace wardlock::app
+} // namespace wardlock::window

@@ -2,7 +2,7 @@
 
 #include <QQuickItem>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 /// A part of the window that others can cover. While it is covered it can be seen, but it is not there for
 /// hands, for the keyboard, or for assistive technology. Holds the keyboard as a FocusScope does; in QML it
@@ -24,4 +24,4 @@ private:
     bool covered_ = false;
 };
 
-} // namespace wardlock::app
+} // namespace wardlock::window

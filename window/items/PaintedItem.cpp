@@ -5,7 +5,7 @@
 
 #include <cmath>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 PaintedItem::PaintedItem(QQuickItem* parent, Ground ground) : QQuickItem(parent), ground_(ground) {
     setFlag(ItemHasContents);
@@ -50,4 +50,4 @@ QImage PaintedItem::picture(QSize pixels, double scale) {
     return picture;
 }
 
-} // namespace wardlock::app
+} // namespace wardlock::window

@@ -3,7 +3,7 @@
 #include <QPainter>
 #include <QQuickItem>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 /// An item that paints itself, in points, and is shown from that picture until it is updated. A window full
 /// of rows is made of them before its first frame: unlike Qt's own painted item it keeps one picture, not
@@ -27,4 +27,4 @@ private:
     const Ground ground_;
 };
 
-} // namespace wardlock::app
+} // namespace wardlock::window

@@ -1,9 +1,9 @@
 #include "window/items/RowIcon.h"
 
-#include "window/items/Look.h"
 #include "window/items/RowPainter.h"
+#include "window/items/Theme.h"
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 RowIcon::RowIcon(QQuickItem* parent) : PaintedItem(parent) {
     setVisible(false);
@@ -21,7 +21,7 @@ void RowIcon::setSource(const QString& source) {
 
 void RowIcon::componentComplete() {
     PaintedItem::componentComplete();
-    if (const auto* look = Look::of(*this))
+    if (const auto* look = Theme::of(*this))
         setImplicitSize(look->icon, look->icon);
     showSource();
 }
@@ -40,4 +40,4 @@ void RowIcon::paint(QPainter& painter) {
     drawPicture(painter, picture_.image(), boundingRect());
 }
 
-} // namespace wardlock::app
+} // namespace wardlock::window

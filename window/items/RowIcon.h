@@ -1,9 +1,9 @@
 #pragma once
 
 #include "window/items/PaintedItem.h"
-#include "window/pictures/AwaitedPicture.h"
+#include "window/pictures/AsyncImage.h"
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 /// A row's picture, square; nothing where there is none.
 class RowIcon : public PaintedItem {
@@ -29,7 +29,7 @@ private:
     void showSource();
 
     QString source_;
-    AwaitedPicture picture_{*this, [this] { update(); }};
+    AsyncImage picture_{*this, [this] { update(); }};
 };
 
-} // namespace wardlock::app
+} // namespace wardlock::window

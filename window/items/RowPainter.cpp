@@ -7,9 +7,9 @@
 
 #include <cmath>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
-RowPainter::RowPainter(QPainter& painter, const Look& look, QSizeF row)
+RowPainter::RowPainter(QPainter& painter, const Theme& look, QSizeF row)
     : painter_(painter), look_(look), row_(row),
       mirrored_(QGuiApplication::layoutDirection() == Qt::RightToLeft) {}
 
@@ -56,4 +56,4 @@ void drawPicture(QPainter& painter, const QImage& picture, const QRectF& square)
     painter.drawImage(place, picture);
 }
 
-} // namespace wardlock::app
+} // namespace wardlock::window

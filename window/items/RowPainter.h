@@ -1,11 +1,11 @@
 #pragma once
 
-#include "window/items/Look.h"
+#include "window/items/Theme.h"
 
 #include <QPainter>
 #include <QRectF>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 class RowText;
 
@@ -17,11 +17,11 @@ struct PlaceInCard {
     bool operator==(const PlaceInCard&) const = default;
 };
 
-/// Draws the parts of rows that only are looked at, with the colours of one Look, onto one row of a size.
+/// Draws the parts of rows that only are looked at, with the colours of one Theme, onto one row of a size.
 /// Mirrored where the application reads from right to left: all places are counted from where reading begins.
 class RowPainter {
 public:
-    RowPainter(QPainter& painter, const Look& look, QSizeF row);
+    RowPainter(QPainter& painter, const Theme& look, QSizeF row);
 
     /// The row's part of the card, over the whole row; round corners show the ground.
     void card(PlaceInCard place, QColor color) const;
@@ -37,7 +37,7 @@ private:
     double left(double start, double width) const;
 
     QPainter& painter_;
-    const Look& look_;
+    const Theme& look_;
     QSizeF row_;
     bool mirrored_;
 };
@@ -45,4 +45,4 @@ private:
 /// The picture, as large as it fits into the square, in its middle.
 void drawPicture(QPainter& painter, const QImage& picture, const QRectF& square);
 
-} // namespace wardlock::app
+} // namespace wardlock::window

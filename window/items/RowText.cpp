@@ -1,20 +1,20 @@
 #include "window/items/RowText.h"
 
-#include "window/items/Look.h"
+#include "window/items/Theme.h"
 
 #include <QFontMetricsF>
 #include <QGuiApplication>
 
 #include <cmath>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 namespace {
 
 constexpr int linesOfLargeText = 3;
 constexpr double roomForDots = 3;
 
-QFont fontOf(const Look& look) {
+QFont fontOf(const Theme& look) {
     QFont font(look.family());
     font.setPixelSize(look.body());
     return font;
@@ -30,7 +30,7 @@ QTextOption option(bool wraps) {
 
 } // namespace
 
-RowText::RowText(const QString& text, const Look& look, double width)
+RowText::RowText(const QString& text, const Theme& look, double width)
     : room_(width), lines_(look.textScale() > 1 ? linesOfLargeText : 1),
       mirrored_(QGuiApplication::layoutDirection() == Qt::RightToLeft), layout_(text, fontOf(look)) {
     layout_.setTextOption(option(lines_ > 1));
@@ -71,4 +71,4 @@ void RowText::draw(QPainter& painter, QPointF topLeft, QColor color) const {
     layout_.draw(&painter, topLeft);
 }
 
-} // namespace wardlock::app
+} // namespace wardlock::window

@@ -3,15 +3,15 @@
 #include <QPainter>
 #include <QTextLayout>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
-class Look;
+class Theme;
 
 /// The text of a row laid out in the room it has: one line of body text; large letters take more lines rather
 /// than lose the end. What is too long even so ends in "…".
 class RowText {
 public:
-    RowText(const QString& text, const Look& look, double width);
+    RowText(const QString& text, const Theme& look, double width);
 
     double width() const { return room_; }
     double height() const { return height_; }
@@ -29,4 +29,4 @@ private:
     QTextLayout layout_;
 };
 
-} // namespace wardlock::app
+} // namespace wardlock::window

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 namespace {
 
@@ -18,8 +18,8 @@ TableCell::TableCell(QQuickItem* parent) : PaintedItem(parent, Ground::Opaque) {
 
 void TableCell::componentComplete() {
     PaintedItem::componentComplete();
-    look_ = Look::of(*this);
-    connect(look_, &Look::changed, this, &TableCell::layOut);
+    look_ = Theme::of(*this);
+    connect(look_, &Theme::changed, this, &TableCell::layOut);
     layOut();
     icon_.show(entry_.icon, look_->icon);
 }
@@ -111,4 +111,4 @@ void TableCell::paint(QPainter& painter) {
     toggle_->paint(painter);
 }
 
-} // namespace wardlock::app
+} // namespace wardlock::window

@@ -4,17 +4,17 @@
 #include "window/items/RowText.h"
 #include "window/items/TableEntry.h"
 #include "window/items/Toggle.h"
-#include "window/pictures/AwaitedPicture.h"
+#include "window/pictures/AsyncImage.h"
 
 #include <QPointer>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 /// One row of a table page: its part of the card with icon, title and switch, painted as one picture, as a
 /// list makes a window full of them before its first frame. It grows with the text.
 class TableCell : public PaintedItem {
     Q_OBJECT
-    Q_PROPERTY(wardlock::app::TableEntry entry READ entry WRITE setEntry NOTIFY entryChanged REQUIRED)
+    Q_PROPERTY(wardlock::window::TableEntry entry READ entry WRITE setEntry NOTIFY entryChanged REQUIRED)
     Q_PROPERTY(QString text READ text NOTIFY entryChanged)
     /// What takes the keyboard of this row; null for none.
     Q_PROPERTY(QQuickItem* focusTarget READ focusTarget NOTIFY entryChanged)
@@ -45,9 +45,9 @@ private:
     void placeSwitch();
 
     TableEntry entry_;
-    QPointer<Look> look_;
+    QPointer<Theme> look_;
     Toggle* toggle_ = nullptr;
-    AwaitedPicture icon_{*this, [this] { update(); }};
+    AsyncImage icon_{*this, [this] { update(); }};
 };
 
-} // namespace wardlock::app
+} // namespace wardlock::window

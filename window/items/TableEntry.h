@@ -5,7 +5,7 @@
 #include <QObject>
 #include <QString>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 /// One row of a table page as its cell shows it.
 struct TableEntry {
@@ -28,4 +28,4 @@ public:
     bool operator==(const TableEntry&) const = default;
 };
 
-} // namespace wardlock::app
+} // namespace wardlock::window

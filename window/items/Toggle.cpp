@@ -1,11 +1,11 @@
 #include "window/items/Toggle.h"
 
-#include "window/items/SwitchFace.h"
+#include "window/items/SwitchStyle.h"
 
 #include <QAccessible>
 #include <QGuiApplication>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 namespace {
 
@@ -20,7 +20,7 @@ QColor between(const QColor& from, const QColor& to, double part) {
 } // namespace
 
 Toggle::Toggle(QQuickItem* parent) : PaintedItem(parent) {
-    setImplicitSize(SwitchFace::size.width(), SwitchFace::size.height());
+    setImplicitSize(SwitchStyle::size.width(), SwitchStyle::size.height());
     setAcceptedMouseButtons(Qt::LeftButton);
     setActiveFocusOnTab(true);
 }
@@ -84,9 +84,9 @@ void Toggle::ask() {
     emit asked(!on_);
 }
 
-const Look* Toggle::look() {
-    if (!look_ && (look_ = Look::of(*this)))
-        connect(look_, &Look::changed, this, [this] { repaint(); });
+const Theme* Toggle::look() {
+    if (!look_ && (look_ = Theme::of(*this)))
+        connect(look_, &Theme::changed, this, [this] { repaint(); });
     return look_;
 }
 
@@ -117,7 +117,7 @@ void Toggle::repaint() {
 void Toggle::paint(QPainter& painter) {
     if (!look_)
         return;
-    SwitchFace face;
+    SwitchStyle face;
     face.track = between(look_->off(), look_->on(), position_);
     if (hasActiveFocus())
         face.ring = look_->focus();
@@ -165,4 +165,4 @@ void Toggle::tellAccessibility() const {
     QAccessible::updateAccessibility(&event);
 }
 
-} // namespace wardlock::app
+} // namespace wardlock::window

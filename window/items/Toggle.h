@@ -1,14 +1,14 @@
 #pragma once
 
-#include "window/items/Look.h"
 #include "window/items/PaintedItem.h"
+#include "window/items/Theme.h"
 
 #include <QPointer>
 #include <QVariantAnimation>
 
 #include <memory>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 /// An on/off switch. It shows `on` and asks for the other state; it never changes by itself.
 class Toggle : public PaintedItem {
@@ -52,12 +52,12 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
-    const Look* look();
+    const Theme* look();
     void repaint();
     void slide();
     void tellAccessibility() const;
 
-    QPointer<Look> look_;
+    QPointer<Theme> look_;
     std::unique_ptr<QVariantAnimation> animation_;
     QString label_;
     /// Where the knob is: 0 off, 1 on.
@@ -66,4 +66,4 @@ private:
     bool available_ = true;
 };
 
-} // namespace wardlock::app
+} // namespace wardlock::window

@@ -1,11 +1,11 @@
 #include "window/models/AlertModel.h"
 
-#include "window/models/Refused.h"
+#include "window/models/IgnoredResult.h"
 #include "window/models/Text.h"
 
 #include <QVariantMap>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 namespace {
 
@@ -47,11 +47,11 @@ QVariantList AlertModel::actions() const {
 }
 
 void AlertModel::type(int field, const QString& text) {
-    refusedIsFine(input_.typeIntoAlert(static_cast<std::size_t>(field), text.toStdString()));
+    ignoreResult(input_.typeIntoAlert(static_cast<std::size_t>(field), text.toStdString()));
 }
 
 void AlertModel::choose(int action) {
-    refusedIsFine(input_.chooseAlertAction(static_cast<std::size_t>(action)));
+    ignoreResult(input_.chooseAlertAction(static_cast<std::size_t>(action)));
 }
 
-} // namespace wardlock::app
+} // namespace wardlock::window

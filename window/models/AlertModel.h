@@ -8,7 +8,7 @@
 
 #include <memory>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 /// The alert over the page, for QML.
 class AlertModel : public QObject {
@@ -41,4 +41,4 @@ private:
     shell::SheetInput& input_;
 };
 
-} // namespace wardlock::app
+} // namespace wardlock::window

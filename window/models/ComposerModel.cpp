@@ -1,11 +1,11 @@
 #include "window/models/ComposerModel.h"
 
-#include "window/models/Refused.h"
+#include "window/models/IgnoredResult.h"
 #include "window/models/Text.h"
 
 #include <QVariantMap>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 QString ComposerModel::recipients() const {
     QStringList all;
@@ -39,27 +39,27 @@ void ComposerModel::setRecipients(const QString& recipients) {
     for (const QString& recipient : recipients.split(QLatin1Char(','), Qt::SkipEmptyParts))
         if (!recipient.trimmed().isEmpty())
             all.push_back(recipient.trimmed().toStdString());
-    refusedIsFine(input_.setRecipients(std::move(all)));
+    ignoreResult(input_.setRecipients(std::move(all)));
 }
 
 void ComposerModel::setSubject(const QString& subject) {
-    refusedIsFine(input_.setSubject(subject.toStdString()));
+    ignoreResult(input_.setSubject(subject.toStdString()));
 }
 
 void ComposerModel::setBody(const QString& body) {
-    refusedIsFine(input_.setBody(body.toStdString()));
+    ignoreResult(input_.setBody(body.toStdString()));
 }
 
 void ComposerModel::removeAttachment(int index) {
-    refusedIsFine(input_.removeAttachment(static_cast<std::size_t>(index)));
+    ignoreResult(input_.removeAttachment(static_cast<std::size_t>(index)));
 }
 
 void ComposerModel::send() {
-    refusedIsFine(input_.sendMail());
+    ignoreResult(input_.sendMail());
 }
 
 void ComposerModel::cancel() {
-    refusedIsFine(input_.cancelMail());
+    ignoreResult(input_.cancelMail());
 }
 
-} // namespace wardlock::app
+} // namespace wardlock::window

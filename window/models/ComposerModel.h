@@ -9,7 +9,7 @@
 
 #include <memory>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 /// The mail sheet, for QML.
 class ComposerModel : public QObject {
@@ -50,4 +50,4 @@ private:
     shell::SheetInput& input_;
 };
 
-} // namespace wardlock::app
+} // namespace wardlock::window

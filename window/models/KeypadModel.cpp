@@ -1,9 +1,9 @@
 #include "window/models/KeypadModel.h"
 
-#include "window/models/Refused.h"
+#include "window/models/IgnoredResult.h"
 #include "window/models/Text.h"
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 QString KeypadModel::statusText() const {
     return shownText(overlay_.keypad->shownText());
@@ -39,19 +39,19 @@ bool KeypadModel::isFading() const {
 }
 
 void KeypadModel::pressDigit(int digit) {
-    refusedIsFine(input_.pressDigit(digit));
+    ignoreResult(input_.pressDigit(digit));
 }
 
 void KeypadModel::pressDelete() {
-    refusedIsFine(input_.pressDelete());
+    ignoreResult(input_.pressDelete());
 }
 
 void KeypadModel::pressCancel() {
-    refusedIsFine(input_.cancelKeypad());
+    ignoreResult(input_.cancelKeypad());
 }
 
 void KeypadModel::pressEmergency() {
-    refusedIsFine(input_.pressEmergency());
+    ignoreResult(input_.pressEmergency());
 }
 
-} // namespace wardlock::app
+} // namespace wardlock::window

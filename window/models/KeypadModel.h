@@ -5,7 +5,7 @@
 
 #include <QObject>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 /// The keypad over everything, for QML.
 class KeypadModel : public QObject {
@@ -49,4 +49,4 @@ private:
     shell::SheetInput& input_;
 };
 
-} // namespace wardlock::app
+} // namespace wardlock::window

@@ -2,10 +2,10 @@
 
 #include "platform/ui/UIActivityIndicatorView.h"
 #include "platform/ui/UITextView.h"
-#include "window/models/Refused.h"
+#include "window/models/IgnoredResult.h"
 #include "window/models/Text.h"
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 using platform::NSIndexPath;
 
@@ -67,23 +67,23 @@ void PageModel::setFilter(const QString& filter) {
 }
 
 void PageModel::tapRow(int section, int row) {
-    refusedIsFine(application_.page().tapRow(at(section, row)));
+    ignoreResult(application_.page().tapRow(at(section, row)));
 }
 
 void PageModel::setSwitch(int section, int row, bool on) {
-    refusedIsFine(application_.page().setSwitch(at(section, row), on));
+    ignoreResult(application_.page().setSwitch(at(section, row), on));
 }
 
 void PageModel::moveSlider(int section, int row, double value) {
-    refusedIsFine(application_.page().moveSlider(at(section, row), value));
+    ignoreResult(application_.page().moveSlider(at(section, row), value));
 }
 
 void PageModel::beginEditing(int section, int row) {
-    refusedIsFine(application_.page().beginEditing(at(section, row)));
+    ignoreResult(application_.page().beginEditing(at(section, row)));
 }
 
 void PageModel::typeText(const QString& text) {
-    refusedIsFine(application_.page().typeText(text.toStdString()));
+    ignoreResult(application_.page().typeText(text.toStdString()));
 }
 
 void PageModel::endEditing() {
@@ -92,11 +92,11 @@ void PageModel::endEditing() {
 
 void PageModel::flipTableSwitch(int row) {
     if (table_ && row >= 0 && row < table_->rowCount())
-        refusedIsFine(application_.page().flipTableSwitch(table_->pathOf(row)));
+        ignoreResult(application_.page().flipTableSwitch(table_->pathOf(row)));
 }
 
 void PageModel::dragList() {
-    refusedIsFine(application_.page().dragList());
+    ignoreResult(application_.page().dragList());
 }
 
 void PageModel::listWasReset() {
@@ -158,4 +158,4 @@ void PageModel::readViews() {
                                           engine_, application_);
 }
 
-} // namespace wardlock::app
+} // namespace wardlock::window

@@ -12,7 +12,7 @@
 
 #include <memory>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 /// One page for QML: what it shows, and what a person can do with it.
 class PageModel : public QObject {
@@ -28,7 +28,7 @@ class PageModel : public QObject {
     Q_PROPERTY(QString text READ text NOTIFY contentChanged)
     /// In points.
     Q_PROPERTY(double textSize READ textSize NOTIFY contentChanged)
-    Q_PROPERTY(wardlock::app::WebModel* web READ web NOTIFY contentChanged)
+    Q_PROPERTY(wardlock::window::WebModel* web READ web NOTIFY contentChanged)
     /// The window's own search.
     Q_PROPERTY(QString filter READ filter WRITE setFilter NOTIFY filterChanged)
 
@@ -88,4 +88,4 @@ private:
     std::unique_ptr<WebModel> web_;
 };
 
-} // namespace wardlock::app
+} // namespace wardlock::window

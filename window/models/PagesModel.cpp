@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 int PagesModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(entries_.size());
@@ -88,4 +88,4 @@ void PagesModel::push(const std::shared_ptr<shell::Page>& page, bool animated) {
     endInsertRows();
 }
 
-} // namespace wardlock::app
+} // namespace wardlock::window

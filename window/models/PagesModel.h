@@ -7,7 +7,7 @@
 #include <memory>
 #include <vector>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 /// The stack of pages for QML, the lowest first. A page that was popped stays, as the topmost, until its
 /// transition has ended, so that it can be seen to go.
@@ -47,4 +47,4 @@ private:
     std::vector<Entry> entries_;
 };
 
-} // namespace wardlock::app
+} // namespace wardlock::window

@@ -3,7 +3,7 @@
 #include <QObject>
 #include <QString>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 /// One line of a list page as QML shows it: a section's header or footer, or a row.
 struct RowEntry {
@@ -68,4 +68,4 @@ public:
     bool operator==(const RowEntry&) const = default;
 };
 
-} // namespace wardlock::app
+} // namespace wardlock::window

@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 using platform::NSIndexPath;
 
@@ -150,4 +150,4 @@ RowEntry RowsModel::entry(const Line& line) const {
     return entry;
 }
 
-} // namespace wardlock::app
+} // namespace wardlock::window

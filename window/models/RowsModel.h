@@ -8,7 +8,7 @@
 #include <memory>
 #include <vector>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 /// The sections and rows of a list page, one after another, as a ListView wants them. Rows that stay keep
 /// their place when the list is built anew, so that a view neither jumps nor flickers. A filter leaves only
@@ -56,4 +56,4 @@ private:
     std::vector<Line> lines_;
 };
 
-} // namespace wardlock::app
+} // namespace wardlock::window

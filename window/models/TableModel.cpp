@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 using platform::NSIndexPath;
 
@@ -117,4 +117,4 @@ void TableModel::rowChanged(NSIndexPath path) {
     emit dataChanged(index(static_cast<int>(place)), index(static_cast<int>(place)));
 }
 
-} // namespace wardlock::app
+} // namespace wardlock::window

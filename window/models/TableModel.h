@@ -8,7 +8,7 @@
 #include <memory>
 #include <vector>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 struct TableEntry;
 
@@ -58,4 +58,4 @@ private:
     mutable QCache<quint64, std::shared_ptr<shell::TableRow>> shown_;
 };
 
-} // namespace wardlock::app
+} // namespace wardlock::window

@@ -1,6 +1,6 @@
 #include "window/models/Text.h"
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 namespace {
 
@@ -34,4 +34,4 @@ bool isCut(std::string_view text, qsizetype longest) {
     return beginning(text, longest).size() > longest;
 }
 
-} // namespace wardlock::app
+} // namespace wardlock::window

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 /// A text of the platform, which is UTF-8, as Qt has it.
 inline QString toQt(std::string_view text) {
@@ -23,4 +23,4 @@ QString shownName(std::string_view name);
 /// Whether it is only the beginning that is shown.
 bool isCut(std::string_view text, qsizetype longest = longestLine);
 
-} // namespace wardlock::app
+} // namespace wardlock::window

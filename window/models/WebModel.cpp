@@ -3,7 +3,7 @@
 #include "platform/ui/UIApplication.h"
 #include "window/models/Text.h"
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 WebModel::WebModel(std::shared_ptr<platform::UIWebView> view,
                    std::shared_ptr<platform::UIActivityIndicatorView> spinner, const WindowWebEngine& engine,
@@ -49,4 +49,4 @@ bool WebModel::openInBrowser() {
     return platform::UIApplication::sharedApplication().openURL(view_->url());
 }
 
-} // namespace wardlock::app
+} // namespace wardlock::window

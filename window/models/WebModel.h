@@ -10,7 +10,7 @@
 
 #include <memory>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 /// A page's web view with its spinner, for QML, which loads `url` and reports what becomes of it.
 class WebModel : public QObject {
@@ -52,4 +52,4 @@ private:
     QString missing_;
 };
 
-} // namespace wardlock::app
+} // namespace wardlock::window

@@ -1,6 +1,6 @@
 #include "window/models/WindowWebEngine.h"
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 WindowWebEngine::WindowWebEngine() {
     setCurrent(this);
@@ -14,4 +14,4 @@ void WindowWebEngine::load(const std::shared_ptr<platform::UIWebView>& view, con
     emit loadAsked(view.get());
 }
 
-} // namespace wardlock::app
+} // namespace wardlock::window

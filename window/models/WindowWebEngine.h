@@ -4,7 +4,7 @@
 
 #include <QObject>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 /// The engine of the window: the page's QML does the loading, so a load is only passed on to whoever shows
 /// the view. A view that nobody shows yet is loaded when it is.
@@ -23,4 +23,4 @@ signals:
     void loadAsked(const platform::UIWebView* view);
 };
 
-} // namespace wardlock::app
+} // namespace wardlock::window

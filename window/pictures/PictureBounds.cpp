@@ -1,8 +1,8 @@
 #include "window/pictures/PictureBounds.h"
 
-#include "window/pictures/SvgWeight.h"
+#include "window/pictures/SvgComplexity.h"
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 namespace {
 
@@ -20,7 +20,7 @@ QByteArray decoderFor(const QByteArray& picture) {
     if (picture.startsWith(jpegBeginning))
         return picture.count("\xff\xda") <= mostScans ? "jpeg" : "";
     const bool isSvg = picture.left(svgBeginning).contains("<svg");
-    return isSvg && SvgWeight(picture).isModest() ? "svg" : "";
+    return isSvg && SvgComplexity(picture).isModest() ? "svg" : "";
 }
 
-} // namespace wardlock::app
+} // namespace wardlock::window

@@ -2,7 +2,7 @@
 
 #include <QByteArray>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 /// The decoder for a picture of unknown origin: "png", "jpeg" or "svg", told from its bytes alone; none when
 /// it is something else, or would take more of the decoder than a row's picture may. Each of these decoders
@@ -10,4 +10,4 @@ namespace wardlock::app {
 /// other files, and a JPEG for a hundred thousand passes. From any thread.
 QByteArray decoderFor(const QByteArray& picture);
 
-} // namespace wardlock::app
+} // namespace wardlock::window

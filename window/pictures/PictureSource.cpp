@@ -13,7 +13,7 @@
 
 #include <cstdint>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 namespace {
 
@@ -111,4 +111,4 @@ QImage PictureSource::decode(const QString& address, const QSize& requestedSize)
     return {};
 }
 
-} // namespace wardlock::app
+} // namespace wardlock::window

@@ -7,7 +7,7 @@
 
 #include <memory>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 /// Gives the pages' pictures addresses and decodes them. Pictures come from modules and applications that
 /// nobody vouches for, so they are decoded within bounds; one that is too large or broken is empty.
@@ -21,4 +21,4 @@ public:
     static QImage decode(const QString& address, const QSize& requestedSize);
 };
 
-} // namespace wardlock::app
+} // namespace wardlock::window

@@ -4,7 +4,7 @@
 
 #include <QCoreApplication>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 namespace {
 
@@ -46,4 +46,4 @@ void Pictures::keep(const Key& key, const QImage& picture) {
     emit arrived(key.first, picture);
 }
 
-} // namespace wardlock::app
+} // namespace wardlock::window

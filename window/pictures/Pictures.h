@@ -8,7 +8,7 @@
 
 #include <optional>
 
-namespace wardlock::app {
+namespace wardlock::window {
 
 /// The pages' pictures for what is painted by hand: decoded once for a size, on a thread of its own, and kept
 /// as long as they are among the last few hundred. Main thread only.
@@ -41,4 +41,4 @@ private:
     QThreadPool thread_;
 };
 
-} // namespace wardlock::app
+} // namespace wardlock::window

@@ -14,8 +14,8 @@ Item {
     Keys.onReturnPressed: settings.tapBarButton()
     opacity: tap.pressed ? 0.4 : 1
 
-    Rectangle { anchors.centerIn: parent; width: 20; height: 2; radius: 1; color: Look.tint }
-    Rectangle { anchors.centerIn: parent; width: 2; height: 20; radius: 1; color: Look.tint }
+    Rectangle { anchors.centerIn: parent; width: 20; height: 2; radius: 1; color: Theme.tint }
+    Rectangle { anchors.centerIn: parent; width: 2; height: 20; radius: 1; color: Theme.tint }
     FocusRing {}
     TapHandler {
         id: tap

@@ -15,10 +15,10 @@ Item {
         id: box
         y: 16
         width: parent.width
-        height: Math.max(34, Math.round(34 * Look.textScale))
+        height: Math.max(34, Math.round(34 * Theme.textScale))
         radius: 7
-        color: Look.field
-        border.color: Look.separator
+        color: Theme.field
+        border.color: Theme.separator
 
         TextInput {
             id: input
@@ -26,10 +26,10 @@ Item {
             anchors.leftMargin: 8
             anchors.rightMargin: 8
             verticalAlignment: TextInput.AlignVCenter
-            color: Look.label
-            selectionColor: Look.tint
-            font.family: Look.family
-            font.pixelSize: Math.round(15 * Look.textScale)
+            color: Theme.label
+            selectionColor: Theme.tint
+            font.family: Theme.family
+            font.pixelSize: Math.round(15 * Theme.textScale)
             clip: true
             selectByMouse: true
             activeFocusOnTab: true
@@ -44,7 +44,7 @@ Item {
                 visible: input.text === "" && input.preeditText === ""
                 text: field.placeholder
                 font.pixelSize: input.font.pixelSize
-                color: Look.placeholder
+                color: Theme.placeholder
                 Accessible.ignored: true
             }
         }

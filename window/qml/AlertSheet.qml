@@ -31,7 +31,7 @@ Item {
     Rectangle {
         id: scrim
         anchors.fill: parent
-        color: Look.scrim
+        color: Theme.scrim
         MouseArea {
             anchors.fill: parent
             hoverEnabled: true
@@ -43,10 +43,10 @@ Item {
         objectName: "alert"
         anchors.horizontalCenter: parent.horizontalCenter
         y: Math.round((parent.height - height) * (fields.count > 0 ? 0.38 : 0.5))
-        width: Math.min(Math.round(270 * Math.max(1, Math.min(Look.textScale, 1.4))), parent.width - 32)
+        width: Math.min(Math.round(270 * Math.max(1, Math.min(Theme.textScale, 1.4))), parent.width - 32)
         height: column.height
         radius: 14
-        color: Look.sheet
+        color: Theme.sheet
 
         Column {
             id: column
@@ -68,7 +68,7 @@ Item {
                 visible: sheet.alert.message !== ""
                 topPadding: 4
                 text: sheet.alert.message
-                font.pixelSize: Look.small
+                font.pixelSize: Theme.small
                 horizontalAlignment: Text.AlignHCenter
                 wrapMode: Text.Wrap
                 elide: Text.ElideNone
@@ -100,21 +100,21 @@ Item {
                         required property int index
                         readonly property var action: sheet.alert.actions[index]
                         width: sheet.sideBySide ? buttons.width / 2 : buttons.width
-                        height: Math.max(44, Look.rowHeight)
+                        height: Math.max(44, Theme.rowHeight)
                         PlainButton {
                             objectName: "alert:" + place.action.title
                             anchors.fill: parent
                             text: place.action.title
                             available: place.action.enabled
                             strong: place.action.style === "cancel"
-                            color: place.action.style === "destructive" ? Look.destructive : Look.tint
+                            color: place.action.style === "destructive" ? Theme.destructive : Theme.tint
                             onPressed: sheet.alert.choose(place.index)
                         }
                         Rectangle {
                             visible: sheet.sideBySide && place.index === 1
                             width: 1
                             height: parent.height
-                            color: Look.separator
+                            color: Theme.separator
                         }
                         Hairline {
                             visible: !sheet.sideBySide && place.index > 0
@@ -129,6 +129,6 @@ Item {
         id: appear
         NumberAnimation { target: scrim; property: "opacity"; from: 0; to: 1; duration: 160 }
         NumberAnimation { target: box; property: "opacity"; from: 0; to: 1; duration: 160 }
-        NumberAnimation { target: box; property: "scale"; from: Look.reducedMotion ? 1 : 1.12; to: 1; duration: 200; easing.type: Easing.OutCubic }
+        NumberAnimation { target: box; property: "scale"; from: Theme.reducedMotion ? 1 : 1.12; to: 1; duration: 200; easing.type: Easing.OutCubic }
     }
 }

@@ -21,11 +21,11 @@ Item {
 
     Rectangle {
         anchors.fill: parent
-        anchors.leftMargin: Look.inset
-        anchors.rightMargin: Look.inset
+        anchors.leftMargin: Theme.inset
+        anchors.rightMargin: Theme.inset
         anchors.bottomMargin: 8
         radius: 8
-        color: Look.ground
+        color: Theme.ground
 
         Label {
             anchors.left: parent.left
@@ -33,7 +33,7 @@ Item {
             anchors.verticalCenter: parent.verticalCenter
             width: parent.width - remove.width - 36
             text: row.name + " · " + row.readable(row.size)
-            font.pixelSize: Math.round(15 * Look.textScale)
+            font.pixelSize: Math.round(15 * Theme.textScale)
             Accessible.ignored: true
         }
         PlainButton {
@@ -42,7 +42,7 @@ Item {
             anchors.right: parent.right
             anchors.rightMargin: 12
             height: parent.height
-            size: Math.round(15 * Look.textScale)
+            size: Math.round(15 * Theme.textScale)
             text: qsTr("Remove")
             Accessible.name: qsTr("Remove %1").arg(row.name)
             onPressed: row.removed()

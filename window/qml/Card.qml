@@ -6,14 +6,14 @@ Item {
     id: card
     property bool first: false
     property bool last: false
-    property color color: Look.card
-    property real separatorInset: Look.inset
+    property color color: Theme.card
+    property real separatorInset: Theme.inset
     property bool separated: !last
 
     Rectangle {
         anchors.fill: parent
         color: card.color
-        radius: card.first || card.last ? Look.corner : 0
+        radius: card.first || card.last ? Theme.corner : 0
     }
     Rectangle {
         visible: card.first !== card.last

@@ -5,6 +5,6 @@ import Wardlock.Native
 Item {
     implicitWidth: 16
     implicitHeight: 14
-    Rectangle { x: 0; y: 8; width: 7; height: 2; radius: 1; rotation: 45; antialiasing: true; color: Look.tint }
-    Rectangle { x: 3; y: 6; width: 13; height: 2; radius: 1; rotation: -50; antialiasing: true; color: Look.tint }
+    Rectangle { x: 0; y: 8; width: 7; height: 2; radius: 1; rotation: 45; antialiasing: true; color: Theme.tint }
+    Rectangle { x: 3; y: 6; width: 13; height: 2; radius: 1; rotation: -50; antialiasing: true; color: Theme.tint }
 }

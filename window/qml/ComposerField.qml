@@ -9,15 +9,15 @@ Item {
     signal edited(string text)
 
     width: parent ? parent.width : 0
-    height: Look.rowHeight
+    height: Theme.rowHeight
 
     Label {
         id: label
         anchors.left: parent.left
-        anchors.leftMargin: Look.inset
+        anchors.leftMargin: Theme.inset
         anchors.verticalCenter: parent.verticalCenter
         text: field.name
-        color: Look.secondary
+        color: Theme.secondary
         Accessible.ignored: true
     }
     TextInput {
@@ -26,13 +26,13 @@ Item {
         anchors.left: label.right
         anchors.leftMargin: 8
         anchors.right: parent.right
-        anchors.rightMargin: Look.inset
+        anchors.rightMargin: Theme.inset
         anchors.verticalCenter: parent.verticalCenter
         horizontalAlignment: TextInput.AlignLeft
-        color: Look.label
-        selectionColor: Look.tint
-        font.family: Look.family
-        font.pixelSize: Look.body
+        color: Theme.label
+        selectionColor: Theme.tint
+        font.family: Theme.family
+        font.pixelSize: Theme.body
         clip: true
         autoScroll: activeFocus
         selectByMouse: true
@@ -45,7 +45,7 @@ Item {
     Hairline {
         anchors.bottom: parent.bottom
         anchors.left: parent.left
-        anchors.leftMargin: Look.inset
+        anchors.leftMargin: Theme.inset
         anchors.right: parent.right
     }
 }

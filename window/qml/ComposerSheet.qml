@@ -19,42 +19,42 @@ FocusScope {
     Rectangle {
         id: scrim
         anchors.fill: parent
-        color: Look.scrim
+        color: Theme.scrim
         MouseArea { anchors.fill: parent; hoverEnabled: true; onWheel: (wheel) => wheel.accepted = true }
     }
     Rectangle {
         id: paper
         objectName: "composer"
-        width: Math.min(parent.width, Look.widest)
+        width: Math.min(parent.width, Theme.widest)
         // Its lower corners lie below the window.
         height: parent.height - 24 + radius
         anchors.horizontalCenter: parent.horizontalCenter
         y: 24
         radius: 12
-        color: Look.card
+        color: Theme.card
 
         Item {
             id: bar
             width: parent.width
-            height: Look.barHeight
+            height: Theme.barHeight
             PlainButton {
                 id: cancel
                 objectName: "mail:cancel"
                 anchors.left: parent.left
-                anchors.leftMargin: Look.inset
+                anchors.leftMargin: Theme.inset
                 height: parent.height
                 text: qsTr("Cancel")
-                size: Look.barText
+                size: Theme.barText
                 available: !sheet.composer.sending
                 onPressed: sheet.composer.cancel()
             }
             Label {
                 objectName: "mail:title"
                 anchors.centerIn: parent
-                readonly property real beside: Math.max(cancel.width, send.width) + Look.inset + 8
+                readonly property real beside: Math.max(cancel.width, send.width) + Theme.inset + 8
                 width: Math.min(implicitWidth, parent.width - 2 * beside)
                 text: qsTr("New Message")
-                font.pixelSize: Look.barText
+                font.pixelSize: Theme.barText
                 fontSizeMode: Text.HorizontalFit
                 minimumPixelSize: 8
                 verticalAlignment: Text.AlignVCenter
@@ -64,11 +64,11 @@ FocusScope {
                 id: send
                 objectName: "mail:send"
                 anchors.right: parent.right
-                anchors.rightMargin: Look.inset
+                anchors.rightMargin: Theme.inset
                 height: parent.height
                 text: sheet.composer.sending ? qsTr("Sending") : qsTr("Send")
                 strong: true
-                size: Look.barText
+                size: Theme.barText
                 available: !sheet.composer.sending && sheet.composer.recipients !== ""
                 onPressed: sheet.composer.send()
             }
@@ -98,11 +98,11 @@ FocusScope {
                     id: body
                     objectName: "mail:body"
                     width: parent.width
-                    padding: Look.inset
-                    color: Look.label
-                    selectionColor: Look.tint
-                    font.family: Look.family
-                    font.pixelSize: Look.body
+                    padding: Theme.inset
+                    color: Theme.label
+                    selectionColor: Theme.tint
+                    font.family: Theme.family
+                    font.pixelSize: Theme.body
                     wrapMode: TextEdit.Wrap
                     selectByMouse: true
                     activeFocusOnTab: true
@@ -129,9 +129,9 @@ FocusScope {
     NumberAnimation {
         id: rise
         target: paper
-        property: Look.reducedMotion ? "opacity" : "y"
-        from: Look.reducedMotion ? 0 : sheet.height
-        to: Look.reducedMotion ? 1 : 24
+        property: Theme.reducedMotion ? "opacity" : "y"
+        from: Theme.reducedMotion ? 0 : sheet.height
+        to: Theme.reducedMotion ? 1 : 24
         duration: 280
         easing.type: Easing.OutCubic
     }

@@ -8,7 +8,7 @@ Rectangle {
     anchors.fill: target
     visible: target.activeFocus
     color: "transparent"
-    radius: Look.corner
-    border.color: Look.focus
+    radius: Theme.corner
+    border.color: Theme.focus
     border.width: 3
 }

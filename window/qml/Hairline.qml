@@ -5,5 +5,5 @@ import Wardlock.Native
 // A line as thin as the screen can show.
 Rectangle {
     height: 1 / Screen.devicePixelRatio
-    color: Look.separator
+    color: Theme.separator
 }

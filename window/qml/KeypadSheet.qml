@@ -61,7 +61,7 @@ FocusScope {
             width: Math.min(implicitWidth, sheet.width - 32)
             text: sheet.keypad.statusText
             color: "white"
-            font.pixelSize: Math.round(20 * Math.min(Look.textScale, 1.4))
+            font.pixelSize: Math.round(20 * Math.min(Theme.textScale, 1.4))
             fontSizeMode: Text.HorizontalFit
             minimumPixelSize: 8
             horizontalAlignment: Text.AlignHCenter
@@ -72,7 +72,7 @@ FocusScope {
             visible: sheet.keypad.subtitle !== ""
             text: sheet.keypad.subtitle
             color: "#ccffffff"
-            font.pixelSize: Look.small
+            font.pixelSize: Theme.small
         }
         Item { width: 1; height: sheet.gap }
         KeypadDots {
@@ -107,7 +107,7 @@ FocusScope {
                 opacity: sheet.keypad.showsEmergency ? 1 : 0
                 Accessible.ignored: !sheet.keypad.showsEmergency
                 text: qsTr("Emergency")
-                size: Look.small
+                size: Theme.small
                 shrinks: true
                 color: "white"
                 onPressed: sheet.keypad.pressEmergency()
@@ -123,7 +123,7 @@ FocusScope {
                 width: sheet.unit
                 height: sheet.unit
                 text: sheet.keypad.digitCount > 0 ? qsTr("Delete") : qsTr("Cancel")
-                size: Math.round(15 * Math.min(Look.textScale, 1.2))
+                size: Math.round(15 * Math.min(Theme.textScale, 1.2))
                 shrinks: true
                 color: "white"
                 onPressed: sheet.keypad.digitCount > 0 ? sheet.keypad.pressDelete() : sheet.keypad.pressCancel()
@@ -135,7 +135,7 @@ FocusScope {
     property int failuresShown: 0
     onFailuresChanged: {
         if (failures > failuresShown)
-            (Look.reducedMotion ? blink : shake).restart();
+            (Theme.reducedMotion ? blink : shake).restart();
         failuresShown = failures;
     }
     SequentialAnimation {

@@ -3,9 +3,9 @@ import Wardlock.Native
 
 // Text in the window's type.
 Text {
-    color: Look.label
-    font.family: Look.family
-    font.pixelSize: Look.body
+    color: Theme.label
+    font.family: Theme.family
+    font.pixelSize: Theme.body
     elide: Text.ElideRight
     textFormat: Text.PlainText
     horizontalAlignment: Text.AlignLeft

@@ -11,7 +11,7 @@ PullList {
         required property var entry
         required property int index
 
-        readonly property real side: Look.sideMargin(width)
+        readonly property real side: Theme.sideMargin(width)
 
         width: ListView.view ? ListView.view.width : 0
         height: content.item ? content.item.implicitHeight : 0

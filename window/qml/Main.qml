@@ -9,7 +9,7 @@ Window {
     height: 844
     minimumWidth: 280
     minimumHeight: 360
-    color: Look.ground
+    color: Theme.ground
 
     onClosing: settings.close()
 

@@ -10,8 +10,8 @@ Rectangle {
     signal tabbedOut(bool forward)
     readonly property bool hasButtons: back.visible || add.active
 
-    height: Look.barHeight
-    color: Look.bar
+    height: Theme.barHeight
+    color: Theme.bar
 
     function takeFocus(forward) {
         const buttons = (back.visible ? [back] : []).concat(add.active ? [add.item] : []);
@@ -55,7 +55,7 @@ Rectangle {
         Chevron {
             id: arrow
             back: true
-            color: Look.tint
+            color: Theme.tint
             thickness: 2.5
             width: 12
             height: 20
@@ -69,8 +69,8 @@ Rectangle {
             anchors.leftMargin: 6
             anchors.verticalCenter: parent.verticalCenter
             text: fullBack.width + 34 <= bar.width * 0.35 ? bar.page.backTitle : qsTr("Back")
-            color: Look.tint
-            font.pixelSize: Look.barText
+            color: Theme.tint
+            font.pixelSize: Theme.barText
             Accessible.ignored: true
         }
         FocusRing {}
@@ -102,7 +102,7 @@ Rectangle {
         width: Math.min(Math.ceil(fullTitle.advanceWidth) + 2, Math.floor(bar.width - bar.before - bar.after))
         horizontalAlignment: Text.AlignHCenter
         text: bar.page.title
-        font.pixelSize: Look.barText
+        font.pixelSize: Theme.barText
         font.weight: Font.DemiBold
         Accessible.role: Accessible.Heading
         Accessible.name: text

@@ -8,13 +8,13 @@ Rectangle {
 
     objectName: "notice"
     visible: text !== ""
-    width: Math.min(parent.width - 2 * Look.margin, 520)
+    width: Math.min(parent.width - 2 * Theme.margin, 520)
     height: Math.max(words.implicitHeight + 28, 60)
     anchors.horizontalCenter: parent.horizontalCenter
     anchors.bottom: parent.bottom
     anchors.bottomMargin: 24
     radius: 14
-    color: Look.dark ? "#3a3a3c" : "#3a3a3c"
+    color: Theme.dark ? "#3a3a3c" : "#3a3a3c"
     Accessible.role: Accessible.AlertMessage
     Accessible.name: text
 
@@ -27,7 +27,7 @@ Rectangle {
         anchors.verticalCenter: parent.verticalCenter
         text: notice.text
         color: "white"
-        font.pixelSize: Math.round(15 * Look.textScale)
+        font.pixelSize: Math.round(15 * Theme.textScale)
         wrapMode: Text.Wrap
         elide: Text.ElideNone
         Accessible.ignored: true

@@ -38,8 +38,8 @@ Item {
             objectName: "page:" + page.title
             width: stack.width
             height: stack.height
-            x: Look.reducedMotion ? 0 : Math.round(direction * width * (out - (above ? 0.3 * (1 - above.out) : 0)))
-            opacity: Look.reducedMotion ? 1 - out : 1
+            x: Theme.reducedMotion ? 0 : Math.round(direction * width * (out - (above ? 0.3 * (1 - above.out) : 0)))
+            opacity: Theme.reducedMotion ? 1 - out : 1
             visible: out < 1 && (above === null || above.out > 0)
             enabled: place === "top"
             focus: isTop
@@ -74,8 +74,8 @@ Item {
                 width: 1
                 height: parent.height
                 x: slot.direction > 0 ? -1 : slot.width
-                color: Look.separator
-                visible: slot.out > 0 && !Look.reducedMotion
+                color: Theme.separator
+                visible: slot.out > 0 && !Theme.reducedMotion
             }
             Item {
                 objectName: "edge"

@@ -10,7 +10,7 @@ FocusScope {
 
     Rectangle {
         anchors.fill: parent
-        color: Look.ground
+        color: Theme.ground
     }
     // First, as it is read first; the content is clipped and never lies over it.
     NavigationBar {

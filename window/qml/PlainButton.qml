@@ -5,9 +5,9 @@ import Wardlock.Native
 Item {
     id: button
     property string text
-    property color color: Look.tint
+    property color color: Theme.tint
     property bool strong: false
-    property int size: Look.body
+    property int size: Theme.body
     /// Smaller letters rather than a text that is cut off.
     property bool shrinks: false
     /// Whether it can be pressed at all; one that is only covered looks as ever.
@@ -32,7 +32,7 @@ Item {
         id: label
         anchors.fill: parent
         text: button.text
-        color: button.available ? button.color : Look.placeholder
+        color: button.available ? button.color : Theme.placeholder
         opacity: tap.pressed ? 0.4 : 1
         font.weight: button.strong ? Font.DemiBold : Font.Normal
         font.pixelSize: button.size

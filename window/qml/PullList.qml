@@ -62,7 +62,7 @@ Item {
     }
     /// As far as the window shows at a time, and the keyboard with it.
     function turnPage(forward) {
-        const way = (forward ? 1 : -1) * Math.max(Look.rowHeight, list.height - Look.rowHeight);
+        const way = (forward ? 1 : -1) * Math.max(Theme.rowHeight, list.height - Theme.rowHeight);
         if (forward ? list.contentY + way >= lastY : list.contentY + way <= firstY)
             return toEnd(forward);
         list.contentY += way;
@@ -139,7 +139,7 @@ Item {
         y: field.height + 40
         sourceComponent: Label {
             text: hint.words
-            color: Look.secondary
+            color: Theme.secondary
         }
     }
 }

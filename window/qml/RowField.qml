@@ -10,11 +10,11 @@ TextInput {
     property bool editing: false
     readonly property bool secure: entry.kind === "secureEditText"
 
-    color: entry.enabled ? Look.label : Look.placeholder
-    selectionColor: Look.tint
+    color: entry.enabled ? Theme.label : Theme.placeholder
+    selectionColor: Theme.tint
     selectedTextColor: "white"
-    font.family: Look.family
-    font.pixelSize: Look.body
+    font.family: Theme.family
+    font.pixelSize: Theme.body
     horizontalAlignment: TextInput.AlignLeft
     verticalAlignment: TextInput.AlignVCenter
     clip: true
@@ -57,7 +57,7 @@ TextInput {
         verticalAlignment: Text.AlignVCenter
         visible: field.text === "" && field.preeditText === ""
         text: field.entry.placeholder
-        color: Look.placeholder
+        color: Theme.placeholder
         Accessible.ignored: true
     }
 }

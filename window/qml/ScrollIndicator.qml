@@ -12,7 +12,7 @@ Rectangle {
     width: 3
     height: Math.max(30, part * list.height)
     radius: 1.5
-    color: Look.dark ? "#80ffffff" : "#60000000"
+    color: Theme.dark ? "#80ffffff" : "#60000000"
     opacity: list.moving && part < 1 ? 1 : 0
     Behavior on opacity { NumberAnimation { duration: 250 } }
 }

@@ -13,13 +13,13 @@ Item {
 
     Rectangle {
         anchors.left: parent.left
-        anchors.leftMargin: Look.sideMargin(box.width)
+        anchors.leftMargin: Theme.sideMargin(box.width)
         anchors.right: cancel.left
         anchors.rightMargin: 12
         y: 8
         height: 36
         radius: 10
-        color: Look.search
+        color: Theme.search
 
         TextInput {
             id: input
@@ -28,10 +28,10 @@ Item {
             anchors.leftMargin: 12
             anchors.rightMargin: 12
             verticalAlignment: TextInput.AlignVCenter
-            color: Look.label
-            selectionColor: Look.tint
-            font.family: Look.family
-            font.pixelSize: Look.body
+            color: Theme.label
+            selectionColor: Theme.tint
+            font.family: Theme.family
+            font.pixelSize: Theme.body
             clip: true
             activeFocusOnTab: true
             Accessible.role: Accessible.EditableText
@@ -42,7 +42,7 @@ Item {
                 verticalAlignment: Text.AlignVCenter
                 visible: input.text === "" && input.preeditText === ""
                 text: qsTr("Search")
-                color: Look.value
+                color: Theme.value
                 Accessible.ignored: true
             }
         }
@@ -51,7 +51,7 @@ Item {
         id: cancel
         objectName: "search:cancel"
         anchors.right: parent.right
-        anchors.rightMargin: Look.sideMargin(box.width)
+        anchors.rightMargin: Theme.sideMargin(box.width)
         y: 4
         text: qsTr("Cancel")
         onPressed: box.cancelled()

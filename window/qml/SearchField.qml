@@ -11,7 +11,7 @@ Item {
     implicitHeight: shown ? 52 : 0
     visible: implicitHeight > 0
     clip: true
-    Behavior on implicitHeight { enabled: !Look.reducedMotion; NumberAnimation { duration: 180; easing.type: Easing.OutCubic } }
+    Behavior on implicitHeight { enabled: !Theme.reducedMotion; NumberAnimation { duration: 180; easing.type: Easing.OutCubic } }
 
     function begin() {
         content.active = true;

@@ -16,12 +16,12 @@ Item {
     Label {
         id: words
         visible: line.text !== ""
-        x: Look.inset
+        x: Theme.inset
         y: line.above
-        width: line.width - 2 * Look.inset
+        width: line.width - 2 * Theme.inset
         text: line.isHeader ? line.text.toUpperCase() : line.text
-        color: Look.secondary
-        font.pixelSize: Look.small
+        color: Theme.secondary
+        font.pixelSize: Theme.small
         wrapMode: Text.Wrap
         elide: Text.ElideNone
         lineHeight: 1.15

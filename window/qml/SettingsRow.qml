@@ -21,7 +21,7 @@ Item {
     readonly property bool holdsFocus: focusTarget !== null && focusTarget.activeFocus
 
     objectName: "row:" + (entry.label !== "" ? entry.label : entry.placeholder)
-    implicitHeight: Math.max(Look.rowHeight, label.visible ? label.height + 20 : 0)
+    implicitHeight: Math.max(Theme.rowHeight, label.visible ? label.height + 20 : 0)
     enabled: entry.enabled
     activeFocusOnTab: takesKeys
 
@@ -46,42 +46,42 @@ Item {
         anchors.fill: parent
         first: row.entry.first
         last: row.entry.last
-        color: row.takesKeys && press.pressed ? Look.pressed : Look.card
-        separatorInset: label.visible ? label.anchors.leftMargin : Look.inset
+        color: row.takesKeys && press.pressed ? Theme.pressed : Theme.card
+        separatorInset: label.visible ? label.anchors.leftMargin : Theme.inset
     }
     RowIcon {
         id: icon
         source: row.entry.icon
         anchors.left: parent.left
-        anchors.leftMargin: Look.inset
+        anchors.leftMargin: Theme.inset
         anchors.verticalCenter: parent.verticalCenter
     }
     Label {
         id: label
         visible: row.entry.label !== ""
         anchors.left: parent.left
-        anchors.leftMargin: icon.visible ? Look.inset + Look.icon + 15 : Look.inset
+        anchors.leftMargin: icon.visible ? Theme.inset + Theme.icon + 15 : Theme.inset
         anchors.verticalCenter: parent.verticalCenter
-        width: Math.min(implicitWidth, row.width - anchors.leftMargin - rightSide.width - Look.inset - 12)
+        width: Math.min(implicitWidth, row.width - anchors.leftMargin - rightSide.width - Theme.inset - 12)
         text: row.entry.label
         // Large letters take another line rather than lose the end.
-        wrapMode: Look.textScale > 1 ? Text.Wrap : Text.NoWrap
-        maximumLineCount: Look.textScale > 1 ? 3 : 1
-        color: !row.entry.enabled ? Look.placeholder : row.kind === "button" ? Look.tint : Look.label
+        wrapMode: Theme.textScale > 1 ? Text.Wrap : Text.NoWrap
+        maximumLineCount: Theme.textScale > 1 ? 3 : 1
+        color: !row.entry.enabled ? Theme.placeholder : row.kind === "button" ? Theme.tint : Theme.label
         Accessible.ignored: true
     }
 
     Row {
         id: rightSide
         anchors.right: parent.right
-        anchors.rightMargin: Look.inset
+        anchors.rightMargin: Theme.inset
         anchors.verticalCenter: parent.verticalCenter
         spacing: 8
 
         Label {
             visible: row.leadsOn && row.entry.value !== ""
             text: row.entry.value
-            color: Look.value
+            color: Theme.value
             width: Math.min(implicitWidth, row.width * 0.5)
             anchors.verticalCenter: parent.verticalCenter
             Accessible.ignored: true
@@ -90,7 +90,7 @@ Item {
             active: row.leadsOn
             visible: active
             anchors.verticalCenter: parent.verticalCenter
-            sourceComponent: Chevron { color: Look.chevron }
+            sourceComponent: Chevron { color: Theme.chevron }
         }
         Loader {
             active: row.entry.marked
@@ -116,9 +116,9 @@ Item {
         id: slider
         active: row.kind === "slider"
         anchors.left: label.visible ? label.right : parent.left
-        anchors.leftMargin: label.visible ? 12 : Look.inset
+        anchors.leftMargin: label.visible ? 12 : Theme.inset
         anchors.right: parent.right
-        anchors.rightMargin: Look.inset
+        anchors.rightMargin: Theme.inset
         anchors.verticalCenter: parent.verticalCenter
         sourceComponent: SliderRow { entry: row.entry; page: row.page }
     }
@@ -126,9 +126,9 @@ Item {
         id: field
         active: row.isField
         anchors.left: label.visible ? label.right : parent.left
-        anchors.leftMargin: label.visible ? 16 : Look.inset
+        anchors.leftMargin: label.visible ? 16 : Theme.inset
         anchors.right: parent.right
-        anchors.rightMargin: Look.inset
+        anchors.rightMargin: Theme.inset
         anchors.top: parent.top
         anchors.bottom: parent.bottom
         sourceComponent: RowField {

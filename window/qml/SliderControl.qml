@@ -41,13 +41,13 @@ Item {
         width: slider.track
         height: 4
         radius: 2
-        color: Look.off
+        color: Theme.off
         Rectangle {
             anchors.left: parent.left
             width: parent.width * slider.shown
             height: parent.height
             radius: 2
-            color: Look.tint
+            color: Theme.tint
         }
     }
     Rectangle {

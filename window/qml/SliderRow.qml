@@ -31,7 +31,7 @@ Item {
         anchors.right: parent.right
         anchors.verticalCenter: parent.verticalCenter
         text: (sliderRow.entry.min + slider.shown * (sliderRow.entry.max - sliderRow.entry.min)).toFixed(2)
-        color: Look.value
+        color: Theme.value
         Accessible.ignored: true
     }
 }

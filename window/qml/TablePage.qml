@@ -7,7 +7,7 @@ PullList {
     model: page.table
     emptyText: qsTr("Nothing here")
     list.topMargin: 20
-    readonly property real side: Look.sideMargin(width)
+    readonly property real side: Theme.sideMargin(width)
 
     delegate: TableCell {
         id: cell

@@ -29,11 +29,11 @@ Flickable {
     Label {
         id: words
         objectName: "words"
-        x: Look.sideMargin(textPage.width)
+        x: Theme.sideMargin(textPage.width)
         y: 16
         width: textPage.width - 2 * x
         text: textPage.page.text
-        font.pixelSize: Math.round(textPage.page.textSize * Look.textScale)
+        font.pixelSize: Math.round(textPage.page.textSize * Theme.textScale)
         wrapMode: Text.Wrap
         elide: Text.ElideNone
         lineHeight: 1.2

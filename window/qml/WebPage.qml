@@ -19,7 +19,7 @@ Rectangle {
     Column {
         visible: webPage.web !== null && webPage.web.missing !== ""
         anchors.centerIn: parent
-        width: Math.min(parent.width - 2 * Look.margin, 400)
+        width: Math.min(parent.width - 2 * Theme.margin, 400)
         spacing: 8
         Label {
             objectName: "web:missing"

@@ -1,6 +1,6 @@
 #include "tests/robustness/faults/BusListener.h"
 
-#include "tests/support/Patience.h"
+#include "tests/support/TestTimeout.h"
 
 #include <gtest/gtest.h>
 #include <systemd/sd-bus.h>
@@ -29,7 +29,7 @@ BusListener::~BusListener() {
 }
 
 std::size_t BusListener::hearAll() {
-    const auto deadline = std::chrono::steady_clock::now() + patience;
+    const auto deadline = std::chrono::steady_clock::now() + testTimeout;
     while (true) {
         const int worked = sd_bus_process(bus_, nullptr);
         EXPECT_GE(worked, 0);

@@ -9,7 +9,7 @@ namespace wardlock::test {
 
 class MemoryFileSystem;
 
-/// A file call that a process made, as the shim has written it down (shim/Desk.h).
+/// A file call that a process made, as the shim has written it down (shim/FaultInjector.h).
 struct JournalEntry {
     std::size_t number = 0;
     std::string function;

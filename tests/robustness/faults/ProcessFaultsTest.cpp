@@ -8,8 +8,8 @@
 #include "tests/robustness/faults/Journal.h"
 #include "tests/robustness/faults/ScriptedProcess.h"
 #include "tests/robustness/faults/WriterCase.h"
+#include "tests/support/BuildPaths.h"
 #include "tests/support/BusFixture.h"
-#include "tests/support/Places.h"
 #include "tests/support/doubles/FaultyFileSystem.h"
 #include "tests/support/doubles/MemoryFileSystem.h"
 

@@ -1,6 +1,6 @@
 #include "tests/robustness/faults/ScriptedProcess.h"
 
-#include "tests/support/Places.h"
+#include "tests/support/BuildPaths.h"
 
 #include <gtest/gtest.h>
 

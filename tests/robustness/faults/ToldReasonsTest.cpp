@@ -1,8 +1,8 @@
 // A command that cannot store what it was told to: it says so in one line, with the reason the system gave.
 
 #include "tests/robustness/faults/Journal.h"
+#include "tests/support/BuildPaths.h"
 #include "tests/support/DeviceRootFixture.h"
-#include "tests/support/Places.h"
 #include "tests/support/Process.h"
 
 #include <cerrno>

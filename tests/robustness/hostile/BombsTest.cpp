@@ -2,8 +2,8 @@
 // a million million elements, a pipe that nobody writes to. Whoever reads them has little memory.
 
 #include "platform/files/DeviceRoot.h"
+#include "tests/support/BuildPaths.h"
 #include "tests/support/HostileFixture.h"
-#include "tests/support/Places.h"
 #include "tests/support/Process.h"
 #include "tests/support/Sanitizers.h"
 

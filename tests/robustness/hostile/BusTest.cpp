@@ -2,13 +2,13 @@
 
 #include "linux/bus/BusAddress.h"
 #include "linux/bus/BusConnection.h"
-#include "linux/bus/OwnBus.h"
+#include "linux/bus/PrivateBus.h"
+#include "tests/support/BuildPaths.h"
 #include "tests/support/BusDaemons.h"
 #include "tests/support/FewDescriptors.h"
 #include "tests/support/HostileFixture.h"
-#include "tests/support/Places.h"
-#include "tests/support/PrivateBus.h"
 #include "tests/support/Process.h"
+#include "tests/support/TestBus.h"
 
 #include <cerrno>
 #include <cstring>
@@ -83,7 +83,7 @@ protected:
     }
 
     void startDaemon() const {
-        ASSERT_EQ(platform::OwnBus(busFolder()).start(), platform::OwnBus::Start::Running);
+        ASSERT_EQ(platform::PrivateBus(busFolder()).start(), platform::PrivateBus::Start::Running);
     }
     int connected() const {
         const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
@@ -135,7 +135,8 @@ TEST_F(Bus, OfOursIsNotTakenFromOthersByAProcessShortOfDescriptors) {
     for (rlim_t left = 0; left <= 2; ++left) {
         const FewDescriptors few(left);
         // One is the lock's; none is left to ask whether anybody listens.
-        EXPECT_EQ(platform::OwnBus(busFolder()).start() == platform::OwnBus::Start::Running, left == 2);
+        EXPECT_EQ(platform::PrivateBus(busFolder()).start() == platform::PrivateBus::Start::Running,
+                  left == 2);
     }
     EXPECT_EQ(entered(), 0);
     EXPECT_EQ(busDaemonsOf(busFolder()).size(), 1U);
@@ -188,7 +189,7 @@ TEST_F(Bus, AtWhoseSocketAnotherUserListensIsRefused) {
 }
 
 TEST_F(Bus, OfARuntimeFolderThatOthersCanChangeIsNotTaken) {
-    const PrivateBus bus;
+    const TestBus bus;
     fs::create_symlink(bus.address().substr(std::string("unix:path=").size()), runtime() + "/bus");
     ASSERT_EQ(platform::busAddress().text, platform::busAddressOfSocket(runtime() + "/bus"));
     for (const unsigned mode : {0770u, 0702u, 01777u}) {

@@ -6,7 +6,7 @@
 #include "platform/ui/UIWebView.h"
 #include "tests/support/Environment.h"
 #include "tests/support/HttpServer.h"
-#include "tests/support/Patience.h"
+#include "tests/support/TestTimeout.h"
 
 #include <gtest/gtest.h>
 
@@ -44,7 +44,8 @@ protected:
         const auto view = std::make_shared<platform::UIWebView>(platform::CGRectZero);
         view->setDelegate(reports);
         view->loadRequest({server.url(path)});
-        EXPECT_TRUE(platform::MainLoop::shared().runUntil([&] { return !reports->ended.empty(); }, patience));
+        EXPECT_TRUE(
+            platform::MainLoop::shared().runUntil([&] { return !reports->ended.empty(); }, testTimeout));
         EXPECT_TRUE(view->text().size() <= 2u << 20);
         platform::WebEngine::setCurrent(nullptr);
         return reports->ended;

@@ -1,8 +1,8 @@
 // What any program on the bus may announce, sent by another process: whatever it carries, who listens goes on
 // listening.
 
+#include "tests/support/BuildPaths.h"
 #include "tests/support/BusFixture.h"
-#include "tests/support/Places.h"
 
 #include <csignal>
 

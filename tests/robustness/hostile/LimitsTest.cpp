@@ -3,8 +3,8 @@
 
 #include "platform/plist/PropertyListFile.h"
 #include "settings/Settings.h"
+#include "tests/support/BuildPaths.h"
 #include "tests/support/HostileFixture.h"
-#include "tests/support/Places.h"
 #include "tests/support/Process.h"
 #include "tests/support/Sanitizers.h"
 #include "tests/support/doubles/RecordingNotificationCenter.h"

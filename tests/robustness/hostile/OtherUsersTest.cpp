@@ -11,7 +11,7 @@
 #include "shell/device/DemonstrationDevice.h"
 #include "shell/device/Provision.h"
 #include "tests/support/HostileFixture.h"
-#include "tests/support/Patience.h"
+#include "tests/support/TestTimeout.h"
 #include "tests/support/doubles/FaultyFileSystem.h"
 #include "tests/support/doubles/RecordingNotificationCenter.h"
 
@@ -133,7 +133,7 @@ TEST_F(OtherUsers, CannotReadAMailThatWasSaved) {
         {"support@example.org"}, "Help", "text", false, {{"a log", "text/plain", "log"}}};
     platform::systemMailService().send(message,
                                        [&](const platform::MailOutcome& outcome) { told = outcome; });
-    ASSERT_TRUE(platform::MainLoop::shared().runUntil([&] { return told.has_value(); }, patience));
+    ASSERT_TRUE(platform::MainLoop::shared().runUntil([&] { return told.has_value(); }, testTimeout));
     ASSERT_EQ(told->kind, platform::MailOutcome::Kind::SavedToOutbox) << told->message;
     int mails = 0;
     for (const auto& mail : fs::directory_iterator(onDisk(platform::mailOutboxPath))) {

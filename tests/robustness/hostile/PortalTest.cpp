@@ -1,11 +1,11 @@
 // A program on the bus that has taken the desktop portal's name, and lies or does not answer.
 
 #include "platform/runtime/MainLoop.h"
-#include "platform/services/DesktopLook.h"
+#include "platform/services/DesktopAppearance.h"
 #include "platform/services/SystemMailService.h"
+#include "tests/support/BuildPaths.h"
 #include "tests/support/BusFixture.h"
-#include "tests/support/Patience.h"
-#include "tests/support/Places.h"
+#include "tests/support/TestTimeout.h"
 
 #include <filesystem>
 #include <memory>
@@ -15,7 +15,7 @@ namespace wardlock::test {
 namespace {
 
 namespace fs = std::filesystem;
-using platform::DesktopLook;
+using platform::DesktopAppearance;
 using platform::MailOutcome;
 
 /// No mail program, but an outbox: the next way after the portal.
@@ -41,7 +41,7 @@ protected:
         const platform::MailMessage message{
             {"support@example.org"}, "Help", "text", false, {{"a log", "text/plain", "log"}}};
         platform::systemMailService().send(message, [&](const MailOutcome& result) { outcome = result; });
-        EXPECT_TRUE(platform::MainLoop::shared().runUntil([&] { return outcome.has_value(); }, patience));
+        EXPECT_TRUE(platform::MainLoop::shared().runUntil([&] { return outcome.has_value(); }, testTimeout));
         return outcome.value_or(MailOutcome()).kind;
     }
     std::size_t mails() const {
@@ -78,9 +78,9 @@ TEST_F(Portal, ThatNeverAnswersLeavesEverythingElseAtWork) {
     platform::systemMailService().send(message, [&](const MailOutcome&) { answered = true; });
     // The main thread goes on: with a listener that hears of a change, and with a look that nobody tells.
     int changes = 0;
-    const auto watch = platform::watchDesktopLook([&] { ++changes; });
+    const auto watch = platform::monitorDesktopAppearance([&] { ++changes; });
     EXPECT_FALSE(watch->waitForAnswer(std::chrono::milliseconds(1)));
-    EXPECT_EQ(watch->look(), DesktopLook());
+    EXPECT_EQ(watch->look(), DesktopAppearance());
     EXPECT_EQ(runProcess(programFolder() + "/wardlock", {"status"}).exitCode, 0);
     EXPECT_FALSE(answered);
     EXPECT_EQ(changes, 0);
@@ -89,9 +89,10 @@ TEST_F(Portal, ThatNeverAnswersLeavesEverythingElseAtWork) {
 TEST_F(Portal, ThatTellsTheLookInAnotherFormTellsNone) {
     for (const char* lie : {"look", "nonsense"}) {
         startPortal(lie);
-        const auto watch = platform::watchDesktopLook([] { ADD_FAILURE() << "a look was taken from it"; });
-        EXPECT_TRUE(watch->waitForAnswer(patience)) << lie;
-        EXPECT_EQ(watch->look(), DesktopLook()) << lie;
+        const auto watch =
+            platform::monitorDesktopAppearance([] { ADD_FAILURE() << "a look was taken from it"; });
+        EXPECT_TRUE(watch->waitForAnswer(testTimeout)) << lie;
+        EXPECT_EQ(watch->look(), DesktopAppearance()) << lie;
     }
 }
 

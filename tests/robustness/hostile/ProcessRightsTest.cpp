@@ -1,8 +1,8 @@
 // What a process of Wardlock leaves behind when it crashes, and whose rights it runs with.
 
 #include "platform/services/ProcessStart.h"
+#include "tests/support/BuildPaths.h"
 #include "tests/support/HostileFixture.h"
-#include "tests/support/Places.h"
 #include "tests/support/Process.h"
 #include "tests/support/Sanitizers.h"
 

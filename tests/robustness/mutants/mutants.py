@@ -369,7 +369,7 @@ ALL = [
     ]),
     # What others may do.
     Mutant("link-of-another-followed", "a symbolic link is followed whoever has laid it", ("tests.hostile/PlantedLinks",), [
-        ("linux/posix/OwnLink.cpp", "if (found.st_uid != 0 && found.st_uid != ::geteuid())", "if (found.st_uid == static_cast<uid_t>(-1))"),
+        ("linux/posix/TrustedSymlink.cpp", "if (found.st_uid != 0 && found.st_uid != ::geteuid())", "if (found.st_uid == static_cast<uid_t>(-1))"),
     ]),
     Mutant("module-of-another-loaded", "a module counts as trusted whoever it belongs to", ("tests.hostile/ModuleTrust",), [
         ("linux/system/ModuleTrust.cpp", "        if (!users_.include(status.owner))\n            return path + \" belongs to another user\";\n", ""),
@@ -378,7 +378,7 @@ ALL = [
         ("linux/posix/PrivateFolder.cpp", "    return made || (status.st_mode & ALLPERMS) == S_IRWXU;", "    return true;"),
     ]),
     Mutant("bus-taken-from-others", "a process that cannot ask who listens removes the own bus's socket", ("tests.hostile/Bus",), [
-        ("linux/bus/OwnBus.cpp", "    if (!socket)\n        return Listener::Unknown;", "    if (!socket)\n        return Listener::None;"),
+        ("linux/bus/PrivateBus.cpp", "    if (!socket)\n        return Listener::Unknown;", "    if (!socket)\n        return Listener::None;"),
     ]),
     Mutant("applications-without-end", "any number of folders is looked at for applications", ("tests.hostile/Bombs",), [
         ("linux/applist/BundleApplications.cpp", "return ++folders_ <= MostFolders || tellTooMany(folder);", "return ++folders_ != 0 || tellTooMany(folder);"),

@@ -8,7 +8,7 @@
 #include "settings/EnabledAccount.h"
 #include "settings/Keys.h"
 #include "settings/Settings.h"
-#include "tests/support/Patience.h"
+#include "tests/support/TestTimeout.h"
 
 #include <cstdlib>
 #include <iostream>
@@ -27,7 +27,8 @@ int main(int argc, char** argv) {
             std::cout << std::endl;
         });
     std::cout << "ready" << std::endl;
-    return platform::MainLoop::shared().runUntil([&] { return heard >= expected; }, wardlock::test::patience)
+    return platform::MainLoop::shared().runUntil([&] { return heard >= expected; },
+                                                 wardlock::test::testTimeout)
                ? 0
                : 1;
 }

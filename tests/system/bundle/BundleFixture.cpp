@@ -1,6 +1,6 @@
 #include "tests/system/bundle/BundleFixture.h"
 
-#include "tests/support/Places.h"
+#include "tests/support/BuildPaths.h"
 
 #include <dlfcn.h>
 #include <filesystem>

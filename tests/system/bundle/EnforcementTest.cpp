@@ -2,10 +2,10 @@
 // and the enforcing process knows.
 
 #include "settings/Keys.h"
-#include "tests/support/Places.h"
-#include "tests/support/PrivateBus.h"
+#include "tests/support/BuildPaths.h"
 #include "tests/support/Process.h"
 #include "tests/support/SettingsApplicationFixture.h"
+#include "tests/support/TestBus.h"
 
 #include <gtest/gtest.h>
 
@@ -38,7 +38,7 @@ protected:
         tap("Wardlock");
     }
 
-    PrivateBus bus;
+    TestBus bus;
 };
 
 /// An enforcing process that has registered and loaded; it ends after so many changes.

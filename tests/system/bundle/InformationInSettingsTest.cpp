@@ -1,7 +1,7 @@
 #include "platform/ui/UIActivityIndicatorView.h"
 #include "platform/ui/UITextView.h"
+#include "tests/support/BuildPaths.h"
 #include "tests/support/LocalWeb.h"
-#include "tests/support/Places.h"
 #include "tests/support/SettingsApplicationFixture.h"
 
 #include <gtest/gtest.h>

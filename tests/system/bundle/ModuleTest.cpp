@@ -2,7 +2,7 @@
 #include "platform/services/Workspace.h"
 #include "specifiers/PreferenceHelper.h"
 #include "specifiers/PreferenceHelperAdditions.h"
-#include "tests/support/Places.h"
+#include "tests/support/BuildPaths.h"
 #include "tests/support/Process.h"
 #include "tests/system/bundle/BundleFixture.h"
 

@@ -1,5 +1,5 @@
+#include "tests/support/BuildPaths.h"
 #include "tests/support/BusFixture.h"
-#include "tests/support/Places.h"
 #include "tests/system/documentation/Console.h"
 #include "tests/system/documentation/Untested.h"
 

@@ -1,7 +1,7 @@
 #include "tests/system/documentation/Console.h"
 
-#include "tests/support/Patience.h"
 #include "tests/support/Process.h"
+#include "tests/support/TestTimeout.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "tests/support/Places.h"
+#include "tests/support/BuildPaths.h"
 #include "tests/system/documentation/Page.h"
 
 #include <gtest/gtest.h>

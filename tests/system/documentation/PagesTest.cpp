@@ -1,4 +1,4 @@
-#include "tests/support/Places.h"
+#include "tests/support/BuildPaths.h"
 #include "tests/system/documentation/Console.h"
 #include "tests/system/documentation/Page.h"
 #include "tests/system/documentation/Untested.h"

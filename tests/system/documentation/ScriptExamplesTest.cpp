@@ -1,6 +1,6 @@
 #include "cli/io/Json.h"
+#include "tests/support/BuildPaths.h"
 #include "tests/support/BusFixture.h"
-#include "tests/support/Places.h"
 #include "tests/system/documentation/Page.h"
 
 #include <nlohmann/json.hpp>

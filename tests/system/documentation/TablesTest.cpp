@@ -1,8 +1,8 @@
 #include "cli/io/Json.h"
 #include "settings/DefaultSettings.h"
 #include "settings/Keys.h"
+#include "tests/support/BuildPaths.h"
 #include "tests/support/BusFixture.h"
-#include "tests/support/Places.h"
 #include "tests/system/documentation/Page.h"
 
 #include <algorithm>

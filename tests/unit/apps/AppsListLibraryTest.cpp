@@ -1,6 +1,6 @@
 #include "apps/AppsListController.h"
 #include "platform/runtime/DynamicLibrary.h"
-#include "tests/support/Places.h"
+#include "tests/support/BuildPaths.h"
 #include "tests/unit/apps/PickerFixture.h"
 
 #include <filesystem>

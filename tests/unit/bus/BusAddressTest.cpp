@@ -1,7 +1,7 @@
 #include "linux/bus/BusAddress.h"
 
 #include "tests/support/DeviceRootFixture.h"
-#include "tests/support/PrivateBus.h"
+#include "tests/support/TestBus.h"
 
 #include <filesystem>
 #include <fstream>
@@ -28,7 +28,7 @@ TEST_F(BusAddressTest, IsTheOneThatTheSessionNames) {
 }
 
 TEST_F(BusAddressTest, IsTheUsersBusWhereItExists) {
-    const PrivateBus bus;
+    const TestBus bus;
     std::filesystem::create_symlink(bus.address().substr(std::string("unix:path=").size()),
                                     runtime() + "/bus");
     EXPECT_EQ(busAddress().text, "unix:path=" + runtime() + "/bus");

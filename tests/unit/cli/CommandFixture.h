@@ -1,7 +1,7 @@
 #pragma once
 
+#include "tests/support/BuildPaths.h"
 #include "tests/support/DeviceRootFixture.h"
-#include "tests/support/Places.h"
 #include "tests/support/Process.h"
 
 #include <string>

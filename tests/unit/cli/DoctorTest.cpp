@@ -228,22 +228,22 @@ TEST_F(Doctor, WaitsForABusThatDoesNothingButNotForLong) {
     bus.resume();
 }
 
-class DoctorWithOwnBus : public Doctor {
+class DoctorWithPrivateBus : public Doctor {
 protected:
-    DoctorWithOwnBus() { environment.unset("DBUS_SESSION_BUS_ADDRESS"); }
+    DoctorWithPrivateBus() { environment.unset("DBUS_SESSION_BUS_ADDRESS"); }
 };
 
-TEST_F(DoctorWithOwnBus, SaysThatItWillBeStarted) {
+TEST_F(DoctorWithPrivateBus, SaysThatItWillBeStarted) {
     const Json found = finding("bus", 0);
     EXPECT_EQ(found["kind"], "own");
     EXPECT_NE(found["text"].get<std::string>().find("is started by"), std::string::npos) << found;
 }
 
-TEST_F(DoctorWithOwnBus, TellsThatNoProgramCouldStartIt) {
+TEST_F(DoctorWithPrivateBus, TellsThatNoProgramCouldStartIt) {
     expectBroken("bus", "cannot be started", with("PATH", folder() / "nothing"));
 }
 
-TEST_F(DoctorWithOwnBus, TellsThatItsFolderIsOpenToOthers) {
+TEST_F(DoctorWithPrivateBus, TellsThatItsFolderIsOpenToOthers) {
     const fs::path own = fs::path(std::getenv("XDG_RUNTIME_DIR")) / "wardlock-bus";
     fs::create_directory(own);
     fs::permissions(own, fs::perms(0755));
@@ -334,7 +334,7 @@ TEST_F(DoctorsSearch, LooksForFontsOfTheUserToo) {
 }
 
 TEST_F(Doctor, LooksForTheFontThatTheWindowAsksFor) {
-    std::ifstream file(sourceFolder() + "/app/Look.h");
+    std::ifstream file(sourceFolder() + "/app/Theme.h");
     const std::string look{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
     const std::string family = finding("fonts", 0)["family"];
     EXPECT_NE(look.find("family() const { return QStringLiteral(\"" + family + '"'), std::string::npos)

@@ -1,7 +1,7 @@
 // How what the command prints reaches its reader: a terminal, a pipe, a pipe that does not block.
 
-#include "tests/support/Patience.h"
 #include "tests/support/TerminalProcess.h"
+#include "tests/support/TestTimeout.h"
 #include "tests/unit/cli/CommandFixture.h"
 
 #include <array>
@@ -75,7 +75,7 @@ TEST_F(Output, TellsAFailureInOneLineWhateverTheArgumentsHold) {
 std::string readToEnd(int end) {
     std::string all;
     std::array<char, 4096> room{};
-    for (pollfd watched{end, POLLIN, 0}; poll(&watched, 1, patienceMilliseconds) > 0;) {
+    for (pollfd watched{end, POLLIN, 0}; poll(&watched, 1, testTimeoutMilliseconds) > 0;) {
         const ssize_t count = read(end, room.data(), room.size());
         if (count <= 0)
             return all;

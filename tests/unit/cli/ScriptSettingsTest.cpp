@@ -1,7 +1,7 @@
 #include "cli/io/Json.h"
+#include "tests/support/BuildPaths.h"
 #include "tests/support/BusFixture.h"
 #include "tests/support/HttpServer.h"
-#include "tests/support/Places.h"
 #include "tests/unit/cli/CommandFixture.h"
 #include "tests/unit/cli/Conversation.h"
 

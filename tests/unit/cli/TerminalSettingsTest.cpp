@@ -1,6 +1,6 @@
+#include "tests/support/BuildPaths.h"
 #include "tests/support/BusFixture.h"
 #include "tests/support/HttpServer.h"
-#include "tests/support/Places.h"
 #include "tests/support/TerminalProcess.h"
 #include "tests/unit/cli/CommandFixture.h"
 

@@ -1,11 +1,11 @@
 #include "platform/services/SystemMailService.h"
 
 #include "platform/runtime/MainLoop.h"
+#include "tests/support/BlockedSignal.h"
+#include "tests/support/BuildPaths.h"
 #include "tests/support/BusFixture.h"
-#include "tests/support/HeldSignal.h"
 #include "tests/support/NoMoreThreads.h"
-#include "tests/support/Patience.h"
-#include "tests/support/Places.h"
+#include "tests/support/TestTimeout.h"
 
 #include <csignal>
 #include <filesystem>
@@ -80,7 +80,7 @@ protected:
     MailOutcome send() {
         std::optional<MailOutcome> outcome;
         platform::systemMailService().send(message_, [&](const MailOutcome& result) { outcome = result; });
-        EXPECT_TRUE(platform::MainLoop::shared().runUntil([&] { return outcome.has_value(); }, patience));
+        EXPECT_TRUE(platform::MainLoop::shared().runUntil([&] { return outcome.has_value(); }, testTimeout));
         return outcome.value_or(MailOutcome());
     }
     std::vector<fs::path> savedMails() const {
@@ -267,7 +267,7 @@ TEST_F(SystemMailService, LeavesTheSignalsOfTheHostToIt) {
     ASSERT_EQ(mkfifo(person.c_str(), 0600), 0);
     Process portal(programFolder() + "/test-email-portal", {"0", "4", person});
     ASSERT_EQ(portal.readLine(), "ready");
-    HeldSignal signal;
+    BlockedSignal signal;
     std::optional<MailOutcome> outcome;
     platform::systemMailService().send(message(), [&](const MailOutcome& result) { outcome = result; });
     signal.hold();
@@ -277,7 +277,7 @@ TEST_F(SystemMailService, LeavesTheSignalsOfTheHostToIt) {
     // way.
     signal.send();
     std::ofstream(person).close();
-    EXPECT_TRUE(platform::MainLoop::shared().runUntil([&] { return outcome.has_value(); }, patience));
+    EXPECT_TRUE(platform::MainLoop::shared().runUntil([&] { return outcome.has_value(); }, testTimeout));
     EXPECT_EQ(outcome.value_or(MailOutcome()).kind, MailOutcome::Kind::HandedOver);
     EXPECT_TRUE(savedMails().empty()) << "it was sent twice";
     EXPECT_TRUE(signal.isHeld()) << "a thread has taken it";

@@ -1,6 +1,6 @@
 #include "cli/command/Verb.h"
+#include "tests/support/BuildPaths.h"
 #include "tests/support/DeviceRootFixture.h"
-#include "tests/support/Places.h"
 #include "tests/support/Process.h"
 #include "tests/support/TerminalProcess.h"
 

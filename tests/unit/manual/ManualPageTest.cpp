@@ -1,5 +1,5 @@
 #include "cli/command/Verb.h"
-#include "tests/support/Places.h"
+#include "tests/support/BuildPaths.h"
 #include "tests/support/Process.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 #include "platform/runtime/CFNotificationCenter.h"
 #include "platform/runtime/MainLoop.h"
 #include "tests/support/BusFixture.h"
-#include "tests/support/Patience.h"
 #include "tests/support/SampleUserInfo.h"
+#include "tests/support/TestTimeout.h"
 #include "tests/support/ValueText.h"
 
 #include <gtest/gtest.h>
@@ -47,7 +47,8 @@ protected:
         CFNotificationCenterPostNotification(center(), name, object, userInfo, true);
     }
     static bool hears(const Heard& heard, std::size_t count) {
-        return platform::MainLoop::shared().runUntil([&] { return heard.lines.size() >= count; }, patience);
+        return platform::MainLoop::shared().runUntil([&] { return heard.lines.size() >= count; },
+                                                     testTimeout);
     }
 };
 

@@ -1,5 +1,5 @@
 #include "platform/plist/PropertyList.h"
-#include "tests/support/Places.h"
+#include "tests/support/BuildPaths.h"
 #include "tests/support/PropertyListReading.h"
 #include "tests/support/ValueText.h"
 

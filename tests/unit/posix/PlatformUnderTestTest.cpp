@@ -1,7 +1,7 @@
 // These tests reach what the platform's library hides because they are linked with its objects. That must not
 // bring a second platform, with a loop and notification centres of its own, into the process.
 
-#include "tests/support/Places.h"
+#include "tests/support/BuildPaths.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "platform/runtime/MainLoop.h"
 
 #include "platform/runtime/NSOperationQueue.h"
-#include "tests/support/Patience.h"
+#include "tests/support/TestTimeout.h"
 
 #include <gtest/gtest.h>
 
@@ -52,7 +52,7 @@ TEST(MainLoop, StaysReadableForWhatAnOperationThatThrowsLeavesBehind) {
 TEST(MainLoop, WakesAHostThatWaitsWhenAnotherThreadAddsAnOperation) {
     bool ran = false;
     std::thread other([&] { NSOperationQueue::mainQueue().addOperation([&] { ran = true; }); });
-    EXPECT_TRUE(MainLoop::shared().runUntil([&] { return ran; }, wardlock::test::patience));
+    EXPECT_TRUE(MainLoop::shared().runUntil([&] { return ran; }, wardlock::test::testTimeout));
     other.join();
 }
 

@@ -5,10 +5,10 @@
 #include "settings/Constants.h"
 #include "settings/DefaultSettings.h"
 #include "settings/Keys.h"
-#include "tests/support/Places.h"
-#include "tests/support/PrivateBus.h"
+#include "tests/support/BuildPaths.h"
 #include "tests/support/Process.h"
 #include "tests/support/SettingsFixture.h"
+#include "tests/support/TestBus.h"
 
 #include <gtest/gtest.h>
 
@@ -38,7 +38,7 @@ protected:
         postChange(BundleIdentifier, PostName, key, object);
     }
 
-    test::PrivateBus bus;
+    test::TestBus bus;
 };
 
 } // namespace

@@ -1,12 +1,12 @@
 #include "tests/support/FailingPage.h"
 
 #include "platform/runtime/MainLoop.h"
-#include "shell/LastRites.h"
-#include "tests/support/Patience.h"
-#include "tests/support/Places.h"
-#include "tests/support/PrivateBus.h"
+#include "shell/TerminationHook.h"
+#include "tests/support/BuildPaths.h"
 #include "tests/support/Process.h"
 #include "tests/support/SettingsApplicationFixture.h"
+#include "tests/support/TestBus.h"
+#include "tests/support/TestTimeout.h"
 
 #include <csignal>
 #include <poll.h>
@@ -23,7 +23,7 @@ protected:
     }
 
     void open() {
-        shell::installLastRites(nullptr);
+        shell::installTerminationHook(nullptr);
         start();
         tap("Failing");
         static_cast<void>(page().title());
@@ -43,7 +43,7 @@ protected:
         std::_Exit(0);
     }
 
-    PrivateBus bus;
+    TestBus bus;
     FailingPage failing{root()};
 };
 
@@ -189,7 +189,7 @@ void FailingPageInShell::enterFromOutside(Entry entry) {
 void FailingPageInShell::hearNotification() {
     EXPECT_EQ(runProcess(programFolder() + "/test-poster", {"test.failing/change"}).exitCode, 0);
     pollfd loop{platform::MainLoop::shared().descriptor(), POLLIN, 0};
-    while (!failing.documentHasChanged() && poll(&loop, 1, patienceMilliseconds) > 0)
+    while (!failing.documentHasChanged() && poll(&loop, 1, testTimeoutMilliseconds) > 0)
         settings().process();
 }
 

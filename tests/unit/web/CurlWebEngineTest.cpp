@@ -1,6 +1,6 @@
 #include "tests/support/LocalWeb.h"
 #include "tests/support/NoMoreThreads.h"
-#include "tests/support/Patience.h"
+#include "tests/support/TestTimeout.h"
 
 #include <gtest/gtest.h>
 
@@ -86,7 +86,7 @@ TEST_F(CurlWebEngine, GivesUpOnAServerThatStaysSilent) {
 }
 
 TEST_F(CurlWebEngine, RefusesAPageThatIsTooLarge) {
-    use({.largestPage = 1000, .patience = patience, .connectTo = ""});
+    use({.largestPage = 1000, .patience = testTimeout, .connectTo = ""});
     server.answer("/large", std::string(1001, 'x'));
     server.answerRaw("/endless", "HTTP/1.1 200 OK\r\n\r\n" + std::string(5000, 'x'));
     server.answer("/fits", std::string(1000, 'x'));

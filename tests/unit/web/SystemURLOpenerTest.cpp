@@ -1,9 +1,9 @@
 #include "platform/services/SystemURLOpener.h"
 
 #include "linux/posix/FileDescriptor.h"
+#include "tests/support/BlockedSignal.h"
 #include "tests/support/DeviceRootFixture.h"
-#include "tests/support/HeldSignal.h"
-#include "tests/support/Patience.h"
+#include "tests/support/TestTimeout.h"
 
 #include <array>
 #include <cerrno>
@@ -44,10 +44,10 @@ protected:
         fs::permissions(path, fs::perms::owner_all);
     }
     /// With all the time that a handler needs to fail in.
-    static bool open(std::string_view url) { return platform::openURLOnSystem(url, patience); }
-    /// True when it does within the patience; for what no descriptor tells.
+    static bool open(std::string_view url) { return platform::openURLOnSystem(url, testTimeout); }
+    /// True when it does within the testTimeout; for what no descriptor tells.
     static bool happens(const std::function<bool()>& done) {
-        const auto deadline = std::chrono::steady_clock::now() + patience;
+        const auto deadline = std::chrono::steady_clock::now() + testTimeout;
         while (!done() && std::chrono::steady_clock::now() < deadline)
             poll(nullptr, 0, 5);
         return done();
@@ -151,7 +151,7 @@ TEST_F(SystemURLOpener, LeavesNoDeadHandlerBehindWhateverSignalsTheHostGets) {
     installProgram("xdg-open", "echo $$ >'" + folder() / "process" + "'; read line <'" + pipe + "'");
     EXPECT_TRUE(platform::openURLOnSystem("known:x", std::chrono::milliseconds(100)));
     // The thread that waits for the handler's end is there by now: it takes no signal of the host.
-    HeldSignal signal;
+    BlockedSignal signal;
     signal.hold();
     signal.send();
     std::ofstream(pipe) << "line\n";

@@ -1,4 +1,4 @@
-#include "tests/support/Places.h"
+#include "tests/support/BuildPaths.h"
 #include "tests/unit/window/WindowFixture.h"
 
 #include <QGuiApplication>

@@ -1,7 +1,7 @@
 #include "tests/support/FailingPage.h"
 
 #include "platform/runtime/NSOperationQueue.h"
-#include "shell/LastRites.h"
+#include "shell/TerminationHook.h"
 #include "tests/unit/window/WindowFixture.h"
 
 #include <QGuiApplication>
@@ -17,7 +17,7 @@ namespace {
 class FailingPageInWindow : public WindowFixture {
 protected:
     [[noreturn]] void openAndEnter(Entry entry) {
-        shell::installLastRites(nullptr);
+        shell::installTerminationHook(nullptr);
         open();
         scene().tap("row:Failing");
         scene().item("row:Press");

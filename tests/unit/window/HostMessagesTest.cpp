@@ -1,5 +1,5 @@
-#include "shell/LastRites.h"
-#include "tests/support/Places.h"
+#include "shell/TerminationHook.h"
+#include "tests/support/BuildPaths.h"
 #include "tests/support/Process.h"
 #include "tests/unit/window/WindowFixture.h"
 
@@ -51,7 +51,7 @@ TEST_F(WindowHostMessages, ReportAPageThatThrowsBeforeTheProcessEnds) {
     // The report is the uncaught-exception handler's, which the bundle of this build installs.
     EXPECT_EXIT(
         {
-            shell::installLastRites(nullptr);
+            shell::installTerminationHook(nullptr);
             installFixtureBundle();
             open();
             scene().tap("row:Wardlock");

@@ -2,7 +2,7 @@
 
 #include "platform/ui/UIImage.h"
 #include "tests/support/DeviceRootFixture.h"
-#include "tests/support/Patience.h"
+#include "tests/support/TestTimeout.h"
 #include "window/pictures/PictureSource.h"
 
 #include <QBuffer>
@@ -59,16 +59,16 @@ class Icon : public DeviceRootFixture {
 protected:
     /// What the window would show of the picture.
     static QImage shown(const std::string& bytes) {
-        return shownAt(app::PictureSource::urlFor(std::make_shared<platform::UIImage>("", bytes)));
+        return shownAt(window::PictureSource::urlFor(std::make_shared<platform::UIImage>("", bytes)));
     }
     static QImage shownOf(const std::string& path) {
-        return shownAt(app::PictureSource::urlFor(std::make_shared<platform::UIImage>(path, "")));
+        return shownAt(window::PictureSource::urlFor(std::make_shared<platform::UIImage>(path, "")));
     }
     static bool isShown(const std::string& bytes) {
         const QImage image = shown(bytes);
         return !image.isNull() && image.pixelColor(image.width() / 2, image.height() / 2).red() > 200;
     }
-    static QImage shownAt(const QString& url) { return app::PictureSource::decode(url, QSize(58, 58)); }
+    static QImage shownAt(const QString& url) { return window::PictureSource::decode(url, QSize(58, 58)); }
 };
 
 TEST_F(Icon, IsShownInEachFormThatIsKnown) {

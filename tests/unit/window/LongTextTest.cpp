@@ -20,15 +20,15 @@ protected:
     void openItsAccount() {
         setAccounts({megabytes});
         openWardlock();
-        scene().tap("row:" + app::shownText(megabytes));
-        scene().item("page:" + app::shownText(megabytes));
+        scene().tap("row:" + window::shownText(megabytes));
+        scene().item("page:" + window::shownText(megabytes));
     }
 };
 
 TEST_F(WindowLongText, InAnAccountsNameIsCutInItsRow) {
     setAccounts({megabytes, "Ben"});
     openWardlock();
-    EXPECT_EQ(scene().item("row:" + app::shownText(megabytes))->height(), 44);
+    EXPECT_EQ(scene().item("row:" + window::shownText(megabytes))->height(), 44);
     EXPECT_TRUE(scene().shows("row:Ben"));
 }
 
@@ -46,8 +46,8 @@ TEST_F(WindowLongText, ThatEndsLinesIsOneLineInRowsAndTitles) {
 
 TEST_F(WindowLongText, InAnAccountsNameIsCutOnItsPageAndStays) {
     openItsAccount();
-    EXPECT_EQ(scene().text("title"), app::shownText(megabytes).toStdString());
-    EXPECT_EQ(scene().text("field:Account Name"), app::shownText(megabytes).toStdString());
+    EXPECT_EQ(scene().text("title"), window::shownText(megabytes).toStdString());
+    EXPECT_EQ(scene().text("field:Account Name"), window::shownText(megabytes).toStdString());
     scene().tap("switch:Enabled");
     EXPECT_EQ(account(0, kAccountName).string(), megabytes);
 }
@@ -57,7 +57,7 @@ TEST_F(WindowLongText, StaysWhereNothingIsTypedInItsField) {
     scene().tap("field:Account Name");
     EXPECT_EQ(scene().text("field:Account Name"), "");
     scene().press(Qt::Key_Return);
-    EXPECT_EQ(scene().text("field:Account Name"), app::shownText(megabytes).toStdString());
+    EXPECT_EQ(scene().text("field:Account Name"), window::shownText(megabytes).toStdString());
     EXPECT_EQ(account(0, kAccountName).string(), megabytes);
 }
 
@@ -73,23 +73,23 @@ TEST_F(WindowLongText, IsReplacedByWhatIsTypedInItsField) {
 TEST_F(WindowLongText, IsCutInTheNotice) {
     open();
     host().settings().tell({megabytes});
-    EXPECT_EQ(host().settings().notice(), app::shownText(megabytes));
+    EXPECT_EQ(host().settings().notice(), window::shownText(megabytes));
 }
 
 TEST(ShownText, IsWholeUpToItsBound) {
-    EXPECT_EQ(app::shownText("x\u00e9\u20ac", 3), QStringLiteral(u"x\u00e9\u20ac"));
-    EXPECT_FALSE(app::isCut("x\u00e9\u20ac", 3));
+    EXPECT_EQ(window::shownText("x\u00e9\u20ac", 3), QStringLiteral(u"x\u00e9\u20ac"));
+    EXPECT_FALSE(window::isCut("x\u00e9\u20ac", 3));
 }
 
 TEST(ShownText, EndsInAnEllipsisBeyondIt) {
-    EXPECT_EQ(app::shownText("x\u00e9\u20acy", 3), QStringLiteral(u"x\u00e9\u20ac\u2026"));
-    EXPECT_TRUE(app::isCut("x\u00e9\u20acy", 3));
-    EXPECT_EQ(app::shownText(std::string(100, 'x'), 3), QStringLiteral(u"xxx\u2026"));
+    EXPECT_EQ(window::shownText("x\u00e9\u20acy", 3), QStringLiteral(u"x\u00e9\u20ac\u2026"));
+    EXPECT_TRUE(window::isCut("x\u00e9\u20acy", 3));
+    EXPECT_EQ(window::shownText(std::string(100, 'x'), 3), QStringLiteral(u"xxx\u2026"));
 }
 
 TEST(ShownText, LosesNoHalfOfALetter) {
-    EXPECT_EQ(app::shownText("xy\U0001F600z", 3), QStringLiteral(u"xy\u2026"));
-    EXPECT_EQ(app::shownText("x\U0001F600z", 3), QStringLiteral(u"x\U0001F600\u2026"));
+    EXPECT_EQ(window::shownText("xy\U0001F600z", 3), QStringLiteral(u"xy\u2026"));
+    EXPECT_EQ(window::shownText("x\U0001F600z", 3), QStringLiteral(u"x\U0001F600\u2026"));
 }
 
 } // namespace wardlock::test

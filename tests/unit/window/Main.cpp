@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 
 int main(int argc, char** argv) {
-    wardlock::app::chooseGraphics(wardlock::app::DrawnOn::Memory);
+    wardlock::window::chooseGraphics(wardlock::window::DrawnOn::Memory);
     QGuiApplication application(argc, argv);
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();

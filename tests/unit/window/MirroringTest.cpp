@@ -1,7 +1,7 @@
 // The window's program, asked for pictures by people of different languages.
 
+#include "tests/support/BuildPaths.h"
 #include "tests/support/BusFixture.h"
-#include "tests/support/Places.h"
 #include "tests/unit/window/Scene.h"
 
 #include <QFile>

@@ -163,7 +163,7 @@ TEST_F(WindowWebPage, SaysWhatIsMissingAndOpensTheBrowser) {
     EXPECT_EQ(scene().text("title"), "Other Tweaks");
     auto* page = host().settings().application().screen().page().get();
     ASSERT_TRUE(page);
-    auto* web = dynamic_cast<app::PagesModel*>(host().settings().pages())->top()->web();
+    auto* web = dynamic_cast<window::PagesModel*>(host().settings().pages())->top()->web();
     ASSERT_TRUE(web);
     web->engineMissing();
     scene().item("web:missing");
@@ -176,7 +176,7 @@ TEST_F(WindowWebPage, SaysWhatIsMissingAndOpensTheBrowser) {
 TEST_F(WindowWebPage, ShowsABlackSpinnerWhileItLoads) {
     openWardlock();
     scene().tap("row:More From Tavix");
-    auto* web = dynamic_cast<app::PagesModel*>(host().settings().pages())->top()->web();
+    auto* web = dynamic_cast<window::PagesModel*>(host().settings().pages())->top()->web();
     ASSERT_TRUE(web);
     web->started();
     EXPECT_EQ(scene().text("spinner", "color"), "#000000");

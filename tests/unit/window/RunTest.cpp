@@ -1,8 +1,8 @@
 // The command that builds Wardlock and opens it, with the programs of this build in place of those it would
 // make.
 
+#include "tests/support/BuildPaths.h"
 #include "tests/support/BusFixture.h"
-#include "tests/support/Places.h"
 #include "tests/support/Process.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "tests/unit/window/Scene.h"
 
-#include "tests/support/Patience.h"
+#include "tests/support/TestTimeout.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -78,7 +78,7 @@ void describe(QAccessibleInterface* element, int depth, std::string& text) {
 } // namespace
 
 bool until(const std::function<bool()>& condition) {
-    const QDeadlineTimer deadline(patienceMilliseconds);
+    const QDeadlineTimer deadline(testTimeoutMilliseconds);
     QTimer heartbeat;
     heartbeat.start(2);
     while (!condition()) {

@@ -4,7 +4,7 @@
 #include "settings/DefaultSettings.h"
 #include "settings/Keys.h"
 #include "shell/device/DemonstrationDevice.h"
-#include "tests/support/Places.h"
+#include "tests/support/BuildPaths.h"
 #include "tests/unit/window/WindowFixture.h"
 
 #include <gtest/gtest.h>

@@ -114,9 +114,10 @@ TEST_F(WindowWebEngine, StaysBlankAndSilentWhenTheLoadFails) {
         return expectEngineMissing();
     // Either it spins still or the failure is here already.
     bool failed = false;
-    auto* model = dynamic_cast<app::PagesModel*>(host().settings().pages())->top()->web();
+    auto* model = dynamic_cast<window::PagesModel*>(host().settings().pages())->top()->web();
     ASSERT_TRUE(model);
-    QObject::connect(model, &app::WebModel::changed, model, [&] { failed = failed || !model->isLoading(); });
+    QObject::connect(model, &window::WebModel::changed, model,
+                     [&] { failed = failed || !model->isLoading(); });
     EXPECT_TRUE(until([&] { return failed; }));
     scene().expectGone("spinner");
     EXPECT_TRUE(middleBecomes(Qt::white));

@@ -7,7 +7,7 @@
 #include "settings/DefaultSettings.h"
 #include "settings/Keys.h"
 #include "shell/device/Provision.h"
-#include "tests/support/Places.h"
+#include "tests/support/BuildPaths.h"
 
 #include <QAccessible>
 
@@ -32,7 +32,7 @@ WindowFixture::~WindowFixture() {
 
 std::vector<std::string> WindowFixture::open(double transitionSeconds, QSize size) {
     const shell::Provision provision;
-    host_ = std::make_unique<app::WindowHost>(clock, transitionSeconds);
+    host_ = std::make_unique<window::WindowHost>(clock, transitionSeconds);
     EXPECT_NE(host_->window(), nullptr);
     host_->appearance().force(false);
     host_->appearance().forceTextScale(1);

@@ -30,7 +30,7 @@ protected:
     void openAccount(int index = 0);
     void openFixtureBundle();
     void quit() { host_.reset(); }
-    app::WindowHost& host() { return *host_; }
+    window::WindowHost& host() { return *host_; }
     QQuickWindow& window() { return *host_->window(); }
     Scene scene() { return Scene(*host_->window()); }
 
@@ -55,7 +55,7 @@ protected:
     std::vector<std::string> openedUrls;
 
 private:
-    std::unique_ptr<app::WindowHost> host_;
+    std::unique_ptr<window::WindowHost> host_;
 };
 
 } // namespace wardlock::test

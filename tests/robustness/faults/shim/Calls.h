@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/robustness/faults/shim/Desk.h"
+#include "tests/robustness/faults/shim/FaultInjector.h"
 
 #include <cerrno>
 #include <dlfcn.h>
@@ -37,7 +37,7 @@ long number(Result result) {
 /// Makes a call that counts, or what stands in the plan instead of it.
 template <class Result, class Act>
 Result make(const Call& call, Result failed, Act act) {
-    Desk& desk = Desk::shared();
+    FaultInjector& desk = FaultInjector::shared();
     const Fate fate = desk.meet(call.function, call.room, call.path);
     const int before = errno;
     Result result = failed;
@@ -53,8 +53,8 @@ Result make(const Call& call, Result failed, Act act) {
 /// Makes the call, through the desk where it is upon a file that counts. `upon` is a path or a handle.
 template <class Result, class Upon, class Act>
 Result conduct(const Upon& upon, const Call& call, Result failed, Act act) {
-    const std::lock_guard guard(Desk::shared().mutex());
-    return Desk::shared().counts(upon) ? make(call, failed, act) : act(Fate());
+    const std::lock_guard guard(FaultInjector::shared().mutex());
+    return FaultInjector::shared().counts(upon) ? make(call, failed, act) : act(Fate());
 }
 
 std::string octal(unsigned number);

@@ -36,13 +36,13 @@ constexpr std::string_view announcement = "com.tavix.wardlock/update";
 
 Call upon(int file, const char* function, Room room = Room::None, std::vector<std::string> more = {}) {
     more.insert(more.begin(), std::to_string(file));
-    return {function, room, Desk::shared().pathOf(file), std::move(more)};
+    return {function, room, FaultInjector::shared().pathOf(file), std::move(more)};
 }
 
 /// A path that is not whole is taken for one of no interest: the product's are whole.
 int openThrough(const char* path, int flags, mode_t mode) {
     static auto* const next = behind<int(const char*, int, mode_t)>("open");
-    const std::lock_guard guard(Desk::shared().mutex());
+    const std::lock_guard guard(FaultInjector::shared().mutex());
     const bool creates = (flags & O_CREAT) != 0;
     const Call call{creates ? "create" : "open",
                     creates ? Room::Needed : Room::None,
@@ -50,7 +50,7 @@ int openThrough(const char* path, int flags, mode_t mode) {
                     {path, octal(static_cast<unsigned>(flags)), octal(mode)}};
     const int opened = conduct(path, call, -1, [&](Fate) { return next(path, flags, mode); });
     if (opened >= 0)
-        Desk::shared().opened(opened, path);
+        FaultInjector::shared().opened(opened, path);
     return opened;
 }
 
@@ -82,13 +82,13 @@ int shimOpenat(int folder, const char* path, int flags, ...) {
 
 int shimFstat(int file, struct stat* found) {
     static auto* const next = behind<int(int, struct stat*)>("fstat");
-    const std::lock_guard guard(Desk::shared().mutex());
+    const std::lock_guard guard(FaultInjector::shared().mutex());
     return conduct(file, upon(file, "fstat"), -1, [&](Fate) { return next(file, found); });
 }
 
 ssize_t shimReadlinkat(int file, const char* path, char* room, size_t size) {
     static auto* const next = behind<ssize_t(int, const char*, char*, size_t)>("readlinkat");
-    const std::lock_guard guard(Desk::shared().mutex());
+    const std::lock_guard guard(FaultInjector::shared().mutex());
     return conduct(file, upon(file, "readlinkat"), ssize_t(-1),
                    [&](Fate) { return next(file, path, room, size); });
 }
@@ -97,8 +97,8 @@ ssize_t shimRead(int file, void* room, size_t size) {
     static auto* const next = behind<ssize_t(int, void*, size_t)>("read");
     // Whoever waits for input must not hold the desk meanwhile.
     {
-        const std::lock_guard guard(Desk::shared().mutex());
-        if (Desk::shared().counts(file))
+        const std::lock_guard guard(FaultInjector::shared().mutex());
+        if (FaultInjector::shared().counts(file))
             return make(upon(file, "read"), ssize_t(-1),
                         [&](Fate fate) { return next(file, room, std::min(size, fate.most)); });
     }
@@ -107,11 +107,11 @@ ssize_t shimRead(int file, void* room, size_t size) {
 
 ssize_t shimWrite(int file, const void* bytes, size_t size) {
     static auto* const next = behind<ssize_t(int, const void*, size_t)>("write");
-    const std::lock_guard guard(Desk::shared().mutex());
-    if (!Desk::shared().counts(file))
+    const std::lock_guard guard(FaultInjector::shared().mutex());
+    if (!FaultInjector::shared().counts(file))
         return next(file, bytes, size);
     Call call = upon(file, "write", Room::Needed);
-    Desk& desk = Desk::shared();
+    FaultInjector& desk = FaultInjector::shared();
     const Fate fate = desk.meet(call.function, call.room, call.path);
     const size_t taken = fate.torn ? size / 2 : std::min(size, fate.most);
     errno = fate.error;
@@ -120,61 +120,61 @@ ssize_t shimWrite(int file, const void* bytes, size_t size) {
     call.fields.push_back(hexadecimal(bytes, count > 0 ? static_cast<size_t>(count) : 0));
     desk.record(call.function, error, count, call.fields);
     if (fate.torn)
-        Desk::endProcess();
+        FaultInjector::endProcess();
     errno = error;
     return count;
 }
 
 ssize_t shimPwrite(int file, const void* bytes, size_t size, off_t at) {
     static auto* const next = behind<ssize_t(int, const void*, size_t, off_t)>("pwrite");
-    const std::lock_guard guard(Desk::shared().mutex());
+    const std::lock_guard guard(FaultInjector::shared().mutex());
     return conduct(file, upon(file, "pwrite", Room::Needed, {std::to_string(at), hexadecimal(bytes, size)}),
                    ssize_t(-1), [&](Fate) { return next(file, bytes, size, at); });
 }
 
 int shimFtruncate(int file, off_t size) {
     static auto* const next = behind<int(int, off_t)>("ftruncate");
-    const std::lock_guard guard(Desk::shared().mutex());
+    const std::lock_guard guard(FaultInjector::shared().mutex());
     return conduct(file, upon(file, "ftruncate", Room::None, {std::to_string(size)}), -1,
                    [&](Fate) { return next(file, size); });
 }
 
 int shimFlock(int file, int operation) {
     static auto* const next = behind<int(int, int)>("flock");
-    const std::lock_guard guard(Desk::shared().mutex());
+    const std::lock_guard guard(FaultInjector::shared().mutex());
     return conduct(file, upon(file, "flock"), -1, [&](Fate) { return next(file, operation); });
 }
 
 int shimFchmod(int file, mode_t mode) {
     static auto* const next = behind<int(int, mode_t)>("fchmod");
-    const std::lock_guard guard(Desk::shared().mutex());
+    const std::lock_guard guard(FaultInjector::shared().mutex());
     return conduct(file, upon(file, "fchmod", Room::None, {octal(mode)}), -1,
                    [&](Fate) { return next(file, mode); });
 }
 
 int shimFchown(int file, uid_t owner, gid_t group) {
     static auto* const next = behind<int(int, uid_t, gid_t)>("fchown");
-    const std::lock_guard guard(Desk::shared().mutex());
+    const std::lock_guard guard(FaultInjector::shared().mutex());
     return conduct(file, upon(file, "fchown", Room::None, {std::to_string(owner), std::to_string(group)}), -1,
                    [&](Fate) { return next(file, owner, group); });
 }
 
 int shimFsync(int file) {
     static auto* const next = behind<int(int)>("fsync");
-    const std::lock_guard guard(Desk::shared().mutex());
+    const std::lock_guard guard(FaultInjector::shared().mutex());
     return conduct(file, upon(file, "fsync", Room::Needed), -1, [&](Fate) { return next(file); });
 }
 
 int shimFdatasync(int file) {
     static auto* const next = behind<int(int)>("fdatasync");
-    const std::lock_guard guard(Desk::shared().mutex());
+    const std::lock_guard guard(FaultInjector::shared().mutex());
     return conduct(file, upon(file, "fdatasync", Room::Needed), -1, [&](Fate) { return next(file); });
 }
 
 int shimClose(int file) {
     static auto* const next = behind<int(int)>("close");
-    const std::lock_guard guard(Desk::shared().mutex());
-    Desk& desk = Desk::shared();
+    const std::lock_guard guard(FaultInjector::shared().mutex());
+    FaultInjector& desk = FaultInjector::shared();
     if (!desk.counts(file)) {
         desk.closed(file);
         return next(file);
@@ -194,9 +194,9 @@ ssize_t shimSendmsg(int socket, const msghdr* message, int flags) {
     static auto* const next = behind<ssize_t(int, const msghdr*, int)>("sendmsg");
     const ssize_t sent = next(socket, message, flags);
     const int error = errno;
-    const std::lock_guard guard(Desk::shared().mutex());
-    if (sent > 0 && Desk::shared().isArmed() && announces(*message))
-        Desk::shared().remark("announce");
+    const std::lock_guard guard(FaultInjector::shared().mutex());
+    if (sent > 0 && FaultInjector::shared().isArmed() && announces(*message))
+        FaultInjector::shared().remark("announce");
     errno = error;
     return sent;
 }

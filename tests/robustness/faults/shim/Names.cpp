@@ -73,24 +73,24 @@ int shimMkdir(const char* path, mode_t mode) {
 
 DIR* shimOpendir(const char* path) {
     static auto* const next = behind<DIR*(const char*)>("opendir");
-    const std::lock_guard guard(Desk::shared().mutex());
+    const std::lock_guard guard(FaultInjector::shared().mutex());
     DIR* const opened = conduct(path, {"opendir", Room::None, path, {path}}, static_cast<DIR*>(nullptr),
                                 [&](Fate) { return next(path); });
     if (opened)
-        Desk::shared().opened(opened, path);
+        FaultInjector::shared().opened(opened, path);
     return opened;
 }
 
 dirent* shimReaddir(DIR* folder) {
     static auto* const next = behind<dirent*(DIR*)>("readdir");
-    const std::lock_guard guard(Desk::shared().mutex());
-    return conduct(folder, {"readdir", Room::None, Desk::shared().pathOf(folder), {}},
+    const std::lock_guard guard(FaultInjector::shared().mutex());
+    return conduct(folder, {"readdir", Room::None, FaultInjector::shared().pathOf(folder), {}},
                    static_cast<dirent*>(nullptr), [&](Fate) { return next(folder); });
 }
 
 int shimClosedir(DIR* folder) {
     static auto* const next = behind<int(DIR*)>("closedir");
-    const std::lock_guard guard(Desk::shared().mutex());
-    Desk::shared().closed(folder);
+    const std::lock_guard guard(FaultInjector::shared().mutex());
+    FaultInjector::shared().closed(folder);
     return next(folder);
 }

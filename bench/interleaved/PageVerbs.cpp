@@ -1,0 +1,62 @@
+#include "bench/FilesInMemory.h"
+#include "bench/OpenSettings.h"
+#include "bench/SampleDocument.h"
+#include "bench/Timing.h"
+#include "bench/interleaved/Verbs.h"
+#include "bench/peers/Peers.h"
+#include "platform/files/DeviceRoot.h"
+#include "platform/plist/PropertyList.h"
+#include "settings/Constants.h"
+#include "settings/DocumentPath.h"
+
+#include <filesystem>
+
+namespace wardlock::bench {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+void measurePage(const std::string& file, const std::string& name, bool shown) {
+    const std::string bytes = fileBytes(file);
+    OpenSettings settings(bytes);
+    const FilesInMemory files;
+    const auto build = [&] {
+        keep(settings.person.rebuildPage());
+        if (shown)
+            settings.person.readRows();
+    };
+    const auto parse = [&] { keep(platform::propertyListWithData(bytes).has_value()); };
+    measureInTurn({{name, "project", "wardlock"}, build, {name, "floor", "parsing the document"}, parse});
+}
+
+} // namespace
+
+void measurePage(const std::string& file) {
+    measurePage(file, "page", false);
+}
+
+void measureShownPage(const std::string& file) {
+    measurePage(file, "page-shown", true);
+}
+
+void measureTap(const std::string& file) {
+    OpenSettings settings(fileBytes(file));
+    settings.person.tap({1, 0});
+    const auto path = settings.person.find("Siri");
+    const fs::path stored = platform::pathOnDevice(documentPath(BundleIdentifier));
+    settings.person.tap(path);
+    const std::string bytes = fileBytes(stored);
+    const fs::path folder = stored.parent_path().parent_path() / "floor";
+    fs::create_directory(folder);
+    const std::string beside = folder / stored.filename();
+
+    measureInTurn({{"tap", "project", "wardlock"},
+                   [&] { settings.person.tap(path); },
+                   {"tap", "floor", "write + fsync + rename + fsync"},
+                   [&] { replaceFile(beside, bytes, platform::Sync::Full); },
+                   // What the bus says meanwhile is taken in when nothing else is to be done.
+                   [&] { settings.application.process(); }});
+}
+
+} // namespace wardlock::bench

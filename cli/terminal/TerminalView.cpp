@@ -1,0 +1,191 @@
+#include "cli/terminal/TerminalView.h"
+
+#include "cli/io/Output.h"
+#include "cli/io/Terminal.h"
+#include "cli/io/TextWidth.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace wardlock::cli {
+
+using platform::NSIndexPath;
+using shell::Row;
+using shell::RowKind;
+
+namespace {
+
+constexpr std::size_t longestQuote = 40;
+
+TextPage::Size terminalSize() {
+    return {Terminal::columns(), Terminal::lines()};
+}
+
+} // namespace
+
+TerminalView::TerminalView(shell::SettingsApplication& settings, SettingsLoop& loop, TextStyle style)
+    : settings_(settings), loop_(loop), dialog_(loop, style), sheets_(settings, loop, dialog_) {
+    settings_.setObserver(this);
+    loop_.setTurn([this] { followTurn(); });
+}
+
+TerminalView::~TerminalView() {
+    loop_.setTurn({});
+    settings_.setObserver(nullptr);
+}
+
+void TerminalView::run() {
+    while (!dialog_.isOver()) {
+        showNotice();
+        if (!sheets_.ask())
+            askPage();
+    }
+}
+
+void TerminalView::followTurn() {
+    sheets_.followKeypad();
+    redrawIfStale();
+}
+
+void TerminalView::redrawIfStale() {
+    if (!pageIsAsked_ || dialog_.prompt().empty() || !(stale_ || terminalSize() != shownSize_))
+        return;
+    Output::line("");
+    showNotice();
+    showPage();
+    Output::text(dialog_.prompt());
+    Output::flush();
+}
+
+void TerminalView::showPage() {
+    shell::Screen& screen = settings_.screen();
+    if (shownPage_ != screen.page().get()) {
+        shownPage_ = screen.page().get();
+        firstTableRow_ = 0;
+    }
+    shownSize_ = terminalSize();
+    const TextPage page(screen, dialog_.style(), shownSize_, firstTableRow_);
+    Output::text(page.text());
+    rows_ = page.rows();
+    tableRowsShown_ = page.tableRowsShown();
+    tableRowCount_ = page.tableRowCount();
+    stale_ = false;
+}
+
+void TerminalView::showNotice() {
+    if (settings_.screen().notice().empty())
+        return;
+    for (const auto& line : wrapped(settings_.screen().notice(), Terminal::columns()))
+        Output::line(dialog_.style().bold(line));
+    settings_.dismissNotice();
+}
+
+void TerminalView::askPage() {
+    if (stale_ || !std::exchange(pageStands_, false))
+        showPage();
+    const bool first = settings_.screen().pages().size() < 2;
+    std::string prompt = "Number";
+    if (!first)
+        prompt += ", b back";
+    if (settings_.screen().page()->barButton())
+        prompt += ", + add";
+    pageIsAsked_ = true;
+    const auto word = dialog_.ask("\n" + prompt + ", ? help, q quit: ");
+    pageIsAsked_ = false;
+    if (word && !word->empty())
+        obeyOnPage(*word);
+}
+
+void TerminalView::obeyOnPage(const std::string& word) {
+    if (const auto number = wholeNumber(word)) {
+        pageStands_ = *number == 0 || *number > rows_.size();
+        if (pageStands_)
+            dialog_.tellError("There is no row " + std::to_string(*number) + ".");
+        else
+            touchRow(rows_[*number - 1]);
+    } else if (word == "b") {
+        dialog_.tell(settings_.page().goBack());
+    } else if (word == "+") {
+        dialog_.tell(settings_.page().tapBarButton());
+    } else if (word == "n" || word == "p") {
+        turnTable(word == "n");
+    } else if (word == "z") {
+        settings_.resignActive();
+    } else if (word.starts_with("f ")) {
+        followLink(word.substr(2));
+    } else if (word == "q") {
+        dialog_.end();
+    } else if (word == "?") {
+        showHelp();
+    } else {
+        pageStands_ = true;
+        dialog_.tellError("\u201C" + truncated(printable(word), longestQuote) +
+                          "\u201D is no answer here; ? lists them.");
+    }
+}
+
+void TerminalView::touchRow(NSIndexPath path) {
+    shell::Page& page = *settings_.screen().page();
+    if (!page.isList())
+        return dialog_.tell(settings_.page().flipTableSwitch(path));
+    if (!page.has(path))
+        return dialog_.tellError("The row is gone.");
+    const Row row = page.row(path);
+    if (row.isTextField())
+        askText(path, row);
+    else if (row.kind == RowKind::Slider)
+        askSlider(path, row);
+    else
+        dialog_.tell(settings_.page().tapRow(path));
+}
+
+void TerminalView::askText(NSIndexPath path, const Row& row) {
+    const auto begun = settings_.page().beginEditing(path);
+    if (!begun)
+        return dialog_.tell(begun);
+    const std::string name = printable(row.label.empty() ? row.placeholder : row.label);
+    const std::string prompt = name + " (Enter keeps it, \"\" empties it): ";
+    const auto text =
+        row.kind == RowKind::SecureEditText ? dialog_.askHidden(prompt) : dialog_.askText(prompt);
+    if (text && !text->empty())
+        dialog_.tell(settings_.page().typeText(*text == "\"\"" ? "" : *text));
+    settings_.page().endEditing();
+}
+
+void TerminalView::askSlider(NSIndexPath path, const Row& row) {
+    const auto text = dialog_.ask("From " + shell::fieldText(platform::Value(row.min)) + " to " +
+                                  shell::fieldText(platform::Value(row.max)) + ": ");
+    if (!text || text->empty())
+        return;
+    if (const auto value = decimalNumber(*text))
+        dialog_.tell(settings_.page().moveSlider(path, *value));
+    else
+        dialog_.tellError("That is no number.");
+}
+
+void TerminalView::turnTable(bool forward) {
+    if (forward && firstTableRow_ + tableRowsShown_ < tableRowCount_)
+        firstTableRow_ += tableRowsShown_;
+    else if (!forward)
+        firstTableRow_ -= std::min(firstTableRow_, tableRowsShown_);
+}
+
+void TerminalView::followLink(const std::string& link) {
+    const auto number = wholeNumber(link);
+    dialog_.tell(number ? settings_.page().followLink(*number) : settings_.page().followLink(link));
+}
+
+void TerminalView::showHelp() {
+    pageStands_ = true;
+    Output::text("\n"
+                 "  1, 2, ...  tap the row of that number\n"
+                 "  b          go back\n"
+                 "  +          press the button at the top right\n"
+                 "  n, p       show the next or the previous rows of a long list\n"
+                 "  f NUMBER   follow a link of the page shown; its address does, too\n"
+                 "  z          leave Settings for another application, and come back (so does Ctrl+Z);\n"
+                 "             the keypad takes it too, and closes\n"
+                 "  q          quit\n");
+}
+
+} // namespace wardlock::cli

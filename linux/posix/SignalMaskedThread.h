@@ -1,0 +1,12 @@
+#pragma once
+
+#include <functional>
+#include <thread>
+
+namespace platform {
+
+/// Starts a thread that takes none of the process's signals: they are the host's, and would interrupt what
+/// the thread waits for. Not joinable when the system gives no more threads.
+std::thread startSignalMaskedThread(std::function<void()> work);
+
+} // namespace platform

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "linux/bus/BusConnection.h"
+#include "linux/bus/BusPointers.h"
+#include "linux/posix/LoopSource.h"
+#include "platform/services/DesktopAppearance.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace platform {
+
+/// The look that the desktop's settings portal, org.freedesktop.portal.Settings, tells: all of it when the
+/// portal is found or starts anew, then each change. A bus that is lost has nothing more to say; what was
+/// said last stands.
+class AppearancePortal final : public DesktopAppearanceMonitor, public LoopSource {
+public:
+    explicit AppearancePortal(std::function<void()> changed);
+    ~AppearancePortal() override;
+    AppearancePortal(const AppearancePortal&) = delete;
+    AppearancePortal& operator=(const AppearancePortal&) = delete;
+
+    const DesktopAppearance& look() const override { return look_; }
+    bool waitForAnswer(std::chrono::milliseconds patience) override;
+
+    int descriptor() const override;
+    short events() const override;
+    std::optional<Clock::time_point> deadline() const override;
+    void process() override;
+
+private:
+    bool listen();
+    bool listen(const std::string& match, sd_bus_message_handler_t handler, BusSlot& slot);
+    bool ask();
+    void leave();
+    void readAll(sd_bus_message* answer);
+    void readValues(sd_bus_message* answer);
+    void readValue(sd_bus_message* message, std::string_view key);
+    void take(std::string_view key, std::uint32_t value);
+
+    static int onAnswer(sd_bus_message* message, void* self, sd_bus_error* error);
+    static int onChange(sd_bus_message* message, void* self, sd_bus_error* error);
+    static int onOwner(sd_bus_message* message, void* self, sd_bus_error* error);
+
+    std::function<void()> changed_;
+    DesktopAppearance look_;
+    /// What `changed_` was last called for.
+    DesktopAppearance told_;
+    bool answered_ = false;
+    std::unique_ptr<BusConnection> connection_;
+    BusSlot changes_;
+    BusSlot owners_;
+    BusSlot question_;
+};
+
+} // namespace platform

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <utility>
+
+namespace platform {
+
+/// Owns one count of a block that counts its own references (`retain()`, `release()`); may be null. Any
+/// thread: the blocks count atomically.
+template <class T>
+class IntrusivePointer {
+public:
+    IntrusivePointer() = default;
+    /// Takes over a count the caller already has.
+    static IntrusivePointer adopt(T* block) {
+        IntrusivePointer reference;
+        reference.block_ = block;
+        return reference;
+    }
+    IntrusivePointer(const IntrusivePointer& other) : block_(other.block_) {
+        if (block_)
+            block_->retain();
+    }
+    IntrusivePointer(IntrusivePointer&& other) noexcept : block_(std::exchange(other.block_, nullptr)) {}
+    IntrusivePointer& operator=(IntrusivePointer other) noexcept {
+        std::swap(block_, other.block_);
+        return *this;
+    }
+    ~IntrusivePointer() {
+        if (block_)
+            block_->release();
+    }
+
+    T* get() const { return block_; }
+    T* operator->() const { return block_; }
+    T& operator*() const { return *block_; }
+    explicit operator bool() const { return block_ != nullptr; }
+    bool operator==(const IntrusivePointer& other) const = default;
+    /// Gives the count to the caller.
+    T* detach() { return std::exchange(block_, nullptr); }
+
+private:
+    T* block_ = nullptr;
+};
+
+} // namespace platform

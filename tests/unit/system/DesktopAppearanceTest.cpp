@@ -1,0 +1,133 @@
+#include "platform/services/DesktopAppearance.h"
+
+#include "platform/runtime/MainLoop.h"
+#include "tests/support/BuildPaths.h"
+#include "tests/support/BusFixture.h"
+#include "tests/support/TestTimeout.h"
+
+namespace wardlock::test {
+namespace {
+
+using platform::DesktopAppearance;
+
+class DesktopAppearanceTest : public BusFixture {
+protected:
+    static std::unique_ptr<Process> startPortal(const std::vector<std::string>& values) {
+        auto portal = std::make_unique<Process>(programFolder() + "/test-settings-portal", values);
+        EXPECT_EQ(portal->readLine(), "ready");
+        return portal;
+    }
+    static void tell(const std::string& value) {
+        EXPECT_EQ(runProcess(programFolder() + "/test-settings-portal", {"--tell", value}).exitCode, 0);
+    }
+    void watch() {
+        watch_ = platform::monitorDesktopAppearance([this] { ++changes_; });
+    }
+    void watchUntilAnswered() {
+        watch();
+        EXPECT_TRUE(watch_->waitForAnswer(testTimeout));
+    }
+    const DesktopAppearance& look() const { return watch_->look(); }
+    bool becomes(const DesktopAppearance& look) const {
+        return platform::MainLoop::shared().runUntil([&] { return watch_->look() == look; }, testTimeout);
+    }
+    int changes() const { return changes_; }
+    platform::DesktopAppearanceMonitor& watched() { return *watch_; }
+
+private:
+    int changes_ = 0;
+    std::unique_ptr<platform::DesktopAppearanceMonitor> watch_;
+};
+
+TEST_F(DesktopAppearanceTest, IsWhatThePortalSaysAtFirst) {
+    const auto portal = startPortal({"color-scheme=1", "contrast=1", "reduced-motion=1"});
+    watchUntilAnswered();
+    EXPECT_EQ(look(), (DesktopAppearance{true, true, true}));
+    EXPECT_EQ(changes(), 1);
+}
+
+TEST_F(DesktopAppearanceTest, KnowsLightFromNoPreference) {
+    const auto portal = startPortal({"color-scheme=2"});
+    watchUntilAnswered();
+    EXPECT_EQ(look(), (DesktopAppearance{false, false, false}));
+}
+
+TEST_F(DesktopAppearanceTest, HasNoPreferenceWhereTheDesktopHasNone) {
+    const auto portal = startPortal({"color-scheme=0", "contrast=0", "reduced-motion=0"});
+    watchUntilAnswered();
+    EXPECT_EQ(look(), DesktopAppearance());
+    EXPECT_EQ(changes(), 0);
+}
+
+TEST_F(DesktopAppearanceTest, TakesOtherKindsAndNumbersForNoPreference) {
+    const auto portal = startPortal({"accent-color=red", "color-scheme=dark", "contrast=7"});
+    watchUntilAnswered();
+    EXPECT_EQ(look(), DesktopAppearance());
+    tell("color-scheme=3");
+    tell("contrast=high");
+    tell("reduced-motion=1");
+    EXPECT_TRUE(becomes({std::nullopt, false, true}));
+}
+
+TEST_F(DesktopAppearanceTest, FollowsEachChange) {
+    const auto portal = startPortal({"color-scheme=2"});
+    watchUntilAnswered();
+    tell("color-scheme=1");
+    EXPECT_TRUE(becomes({true, false, false}));
+    tell("contrast=1");
+    EXPECT_TRUE(becomes({true, true, false}));
+    tell("color-scheme=0");
+    EXPECT_TRUE(becomes({std::nullopt, true, false}));
+    EXPECT_EQ(changes(), 4);
+}
+
+TEST_F(DesktopAppearanceTest, IsAskedForAnewWhenAnotherPortalComes) {
+    auto portal = startPortal({"color-scheme=1", "contrast=1"});
+    watchUntilAnswered();
+    portal.reset();
+    portal = startPortal({"color-scheme=2"});
+    EXPECT_TRUE(becomes({false, false, false}));
+}
+
+TEST_F(DesktopAppearanceTest, IsFoundWhenThePortalComesLater) {
+    watchUntilAnswered();
+    EXPECT_EQ(look(), DesktopAppearance());
+    const auto portal = startPortal({"color-scheme=1"});
+    EXPECT_TRUE(becomes({true, false, false}));
+}
+
+TEST_F(DesktopAppearanceTest, IsNoPreferenceWithoutABus) {
+    bus.kill();
+    watchUntilAnswered();
+    EXPECT_EQ(look(), DesktopAppearance());
+    EXPECT_EQ(changes(), 0);
+}
+
+TEST_F(DesktopAppearanceTest, StartsNoBusToAskOn) {
+    environment.unset("DBUS_SESSION_BUS_ADDRESS");
+    watchUntilAnswered();
+    EXPECT_EQ(runProcess("/bin/ls", {folder() / "run"}).output, "");
+}
+
+TEST_F(DesktopAppearanceTest, StaysWhenTheBusIsLost) {
+    const auto portal = startPortal({"color-scheme=1"});
+    watchUntilAnswered();
+    bus.kill();
+    EXPECT_EQ(portal->wait().exitCode, 0);
+    platform::MainLoop::shared().process();
+    EXPECT_EQ(look(), (DesktopAppearance{true, false, false}));
+}
+
+TEST_F(DesktopAppearanceTest, IsNotWaitedForWhenTheBusStandsStill) {
+    const auto portal = startPortal({"color-scheme=1"});
+    bus.stop();
+    watch();
+    EXPECT_FALSE(watched().waitForAnswer(std::chrono::milliseconds(1)));
+    EXPECT_EQ(look(), DesktopAppearance());
+    bus.resume();
+    EXPECT_TRUE(becomes({true, false, false}));
+    EXPECT_EQ(changes(), 1);
+}
+
+} // namespace
+} // namespace wardlock::test

@@ -1,0 +1,89 @@
+#include "window/items/SwitchStyle.h"
+
+#include <QEasingCurve>
+#include <QImage>
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace wardlock::window {
+
+namespace {
+
+constexpr double knob = 27;
+constexpr double rim = 2;
+constexpr double ringWidth = 3;
+constexpr std::size_t picturesKept = 8;
+const QColor knobEdge(0, 0, 0, 40);
+
+void draw(QPainter& painter, const SwitchStyle& face) {
+    const QRectF all({}, SwitchStyle::size);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(face.track);
+    painter.drawRoundedRect(all, all.height() / 2, all.height() / 2);
+
+    const double way = all.width() - knob - 2 * rim;
+    const double part = QEasingCurve(QEasingCurve::InOutQuad).valueForProgress(face.position);
+    const QRectF circle(rim + way * (face.mirrored ? 1 - part : part), rim, knob, knob);
+    painter.setBrush(Qt::white);
+    painter.drawEllipse(circle);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(knobEdge, 1));
+    painter.drawEllipse(circle.adjusted(0.5, 0.5, -0.5, -0.5));
+    if (face.ring.alpha() == 0)
+        return;
+    painter.setPen(QPen(face.ring, ringWidth));
+    const QRectF line = all.adjusted(ringWidth / 2, ringWidth / 2, -ringWidth / 2, -ringWidth / 2);
+    painter.drawRoundedRect(line, line.height() / 2, line.height() / 2);
+}
+
+struct Picture {
+    SwitchStyle face;
+    double scale;
+    QImage image;
+};
+
+/// The last few faces, the latest in front.
+std::vector<Picture>& pictures() {
+    thread_local std::vector<Picture> pictures;
+    return pictures;
+}
+
+const QImage& pictureOf(const SwitchStyle& face, double scale) {
+    auto& known = pictures();
+    const auto same = std::ranges::find_if(
+        known, [&](const Picture& picture) { return picture.face == face && picture.scale == scale; });
+    if (same != known.end()) {
+        std::rotate(known.begin(), same, same + 1);
+        return known.front().image;
+    }
+    QImage image((SwitchStyle::size * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.scale(scale, scale);
+    draw(painter, face);
+    painter.end();
+    image.setDevicePixelRatio(scale);
+    known.insert(known.begin(), {face, scale, image});
+    known.resize(std::min(known.size(), picturesKept));
+    return known.front().image;
+}
+
+bool isWhole(double number) {
+    return number == std::floor(number);
+}
+
+} // namespace
+
+void paintSwitch(QPainter& painter, const SwitchStyle& face) {
+    const QTransform place = painter.deviceTransform();
+    const bool onWholePixels = isWhole(place.m11()) && isWhole(place.dx()) && isWhole(place.dy());
+    if (onWholePixels && isWhole(face.position))
+        painter.drawImage(QPointF(), pictureOf(face, place.m11()));
+    else
+        draw(painter, face);
+}
+
+} // namespace wardlock::window

@@ -1,0 +1,66 @@
+#include "window/items/Theme.h"
+
+#include <QGuiApplication>
+#include <QQmlContext>
+#include <QQmlEngine>
+#include <QQuickItem>
+
+#include <algorithm>
+#include <cmath>
+
+namespace wardlock::window {
+
+namespace {
+
+constexpr double largestBarScale = 1.3;
+
+QObject* make(QQmlEngine* engine, QJSEngine*) {
+    const auto appearance = engine->rootContext()->contextProperty(QStringLiteral("appearance"));
+    return new Theme(*appearance.value<Appearance*>());
+}
+
+int typeNumber() {
+    static const int number = qmlRegisterSingletonType<Theme>("Wardlock.Native", 1, 0, "Theme", &make);
+    return number;
+}
+
+} // namespace
+
+Theme::Theme(const Appearance& appearance) : appearance_(appearance) {
+    connect(&appearance, &Appearance::changed, this, &Theme::follow);
+    follow();
+    // What is painted by hand is mirrored by hand.
+    connect(qApp, &QGuiApplication::layoutDirectionChanged, this, &Theme::changed);
+}
+
+void Theme::follow() {
+    dark_ = appearance_.isDark();
+    strong_ = appearance_.highContrast();
+    textScale_ = appearance_.textScale();
+    emit changed();
+}
+
+void Theme::install() {
+    typeNumber();
+}
+
+Theme* Theme::of(const QQuickItem& item) {
+    for (const auto* made = &item; made; made = made->parentItem())
+        if (auto* engine = qmlEngine(made))
+            return engine->singletonInstance<Theme*>(typeNumber());
+    return nullptr;
+}
+
+double Theme::barScale() const {
+    return std::min(textScale(), largestBarScale);
+}
+
+int Theme::barHeight() const {
+    return std::max(52, qRound(52 * barScale()));
+}
+
+double Theme::sideMargin(double width) const {
+    return std::max<double>(margin, std::round((width - widest) / 2));
+}
+
+} // namespace wardlock::window

@@ -1,0 +1,121 @@
+#pragma once
+
+#include "window/items/Appearance.h"
+
+#include <QColor>
+#include <QObject>
+#include <QString>
+
+class QQuickItem;
+
+namespace wardlock::window {
+
+/// Every colour, size and duration of the window, in QML the singleton `Theme`, one to an engine. Sizes are
+/// in points and grow with the text.
+class Theme : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(bool dark READ isDark NOTIFY changed)
+    Q_PROPERTY(bool reducedMotion READ reducedMotion NOTIFY changed)
+    Q_PROPERTY(double textScale READ textScale NOTIFY changed)
+    Q_PROPERTY(QString family READ family CONSTANT)
+    Q_PROPERTY(int body READ body NOTIFY changed)
+    Q_PROPERTY(int barText READ barText NOTIFY changed)
+    Q_PROPERTY(int small READ smallText NOTIFY changed)
+    Q_PROPERTY(QColor ground READ ground NOTIFY changed)
+    Q_PROPERTY(QColor card READ card NOTIFY changed)
+    Q_PROPERTY(QColor pressed READ pressed NOTIFY changed)
+    Q_PROPERTY(QColor bar READ bar NOTIFY changed)
+    Q_PROPERTY(QColor label READ label NOTIFY changed)
+    Q_PROPERTY(QColor secondary READ secondary NOTIFY changed)
+    Q_PROPERTY(QColor value READ value NOTIFY changed)
+    Q_PROPERTY(QColor placeholder READ placeholder NOTIFY changed)
+    Q_PROPERTY(QColor separator READ separator NOTIFY changed)
+    Q_PROPERTY(QColor chevron READ chevron NOTIFY changed)
+    Q_PROPERTY(QColor tint READ tint NOTIFY changed)
+    Q_PROPERTY(QColor destructive READ destructive NOTIFY changed)
+    Q_PROPERTY(QColor on READ on NOTIFY changed)
+    Q_PROPERTY(QColor off READ off NOTIFY changed)
+    Q_PROPERTY(QColor sheet READ sheet NOTIFY changed)
+    Q_PROPERTY(QColor field READ field NOTIFY changed)
+    Q_PROPERTY(QColor search READ search NOTIFY changed)
+    Q_PROPERTY(QColor scrim READ scrim CONSTANT)
+    Q_PROPERTY(QColor focus READ focus NOTIFY changed)
+    Q_PROPERTY(int rowHeight READ rowHeight NOTIFY changed)
+    Q_PROPERTY(int barHeight READ barHeight NOTIFY changed)
+    Q_PROPERTY(int margin MEMBER margin CONSTANT)
+    Q_PROPERTY(int inset MEMBER inset CONSTANT)
+    Q_PROPERTY(int corner MEMBER corner CONSTANT)
+    Q_PROPERTY(int icon MEMBER icon CONSTANT)
+    Q_PROPERTY(int widest MEMBER widest CONSTANT)
+
+public:
+    explicit Theme(const Appearance& appearance);
+
+    /// Makes it known to QML as Wardlock.Native's. More than once in a process does no harm.
+    static void install();
+    /// That of the window the item belongs to, of the nearest ancestor that QML made; null for none.
+    static Theme* of(const QQuickItem& item);
+
+    bool isDark() const { return dark_; }
+    /// Nothing slides, grows or shakes: it fades.
+    bool reducedMotion() const { return appearance_.reducedMotion(); }
+    double textScale() const { return textScale_; }
+    QString family() const { return QStringLiteral("Inter"); }
+    int body() const { return scaled(17); }
+    /// A bar has to hold three texts beside each other: they grow less.
+    double barScale() const;
+    int barText() const { return qRound(17 * barScale()); }
+    int smallText() const { return scaled(13); }
+
+    QColor ground() const { return isDark() ? 0x000000 : 0xf2f2f7; }
+    QColor card() const { return isDark() ? 0x1c1c1e : 0xffffff; }
+    QColor pressed() const { return isDark() ? 0x2c2c2e : 0xd9d9de; }
+    QColor bar() const { return isDark() ? 0x161618 : 0xf9f9f9; }
+    QColor label() const { return isDark() ? 0xffffff : 0x000000; }
+    QColor secondary() const { return shade(0x6d6d72, 0x8e8e93, 0x48484c, 0xc7c7cc); }
+    QColor value() const { return shade(0x8a8a8e, 0x98989f, 0x48484c, 0xc7c7cc); }
+    QColor placeholder() const { return shade(0xbcbcc0, 0x5f5f63, 0x6d6d72, 0x98989f); }
+    QColor separator() const { return shade(0xc6c6c8, 0x38383a, 0x8a8a8e, 0x7c7c80); }
+    QColor chevron() const { return shade(0xc4c4c7, 0x5a5a5e, 0x6d6d72, 0xaeaeb2); }
+    QColor tint() const { return shade(0x007aff, 0x0a84ff, 0x0040dd, 0x409cff); }
+    QColor destructive() const { return shade(0xff3b30, 0xff453a, 0xc40013, 0xff6961); }
+    QColor on() const { return shade(0x34c759, 0x30d158, 0x248a3d, 0x30db5b); }
+    QColor off() const { return shade(0xe9e9ea, 0x39393d, 0xaeaeb2, 0x6c6c70); }
+    QColor sheet() const { return isDark() ? 0x2c2c2e : 0xf4f4f4; }
+    QColor field() const { return isDark() ? 0x1c1c1e : 0xffffff; }
+    QColor search() const { return isDark() ? 0x1c1c1e : 0xe3e3e8; }
+    QColor scrim() const { return QColor::fromRgba(0x66000000); }
+    QColor focus() const { return QColor::fromRgba(isDark() ? 0x800a84ff : 0x80007aff); }
+
+    int rowHeight() const { return qMax(44, scaled(44)); }
+    int barHeight() const;
+    const int margin = 16;
+    const int inset = 16;
+    const int corner = 10;
+    const int icon = 29;
+    const int widest = 720;
+    /// Where a label begins that stands beside an icon.
+    int besideIcon() const { return inset + icon + 15; }
+
+    /// The margin that keeps a column readable on a wide window.
+    Q_INVOKABLE double sideMargin(double width) const;
+
+signals:
+    void changed();
+
+private:
+    int scaled(int points) const { return qRound(points * textScale()); }
+
+    QColor shade(QRgb day, QRgb night, QRgb strongDay, QRgb strongNight) const {
+        return dark_ ? (strong_ ? strongNight : night) : (strong_ ? strongDay : day);
+    }
+    void follow();
+
+    const Appearance& appearance_;
+    bool dark_ = false;
+    /// For high contrast.
+    bool strong_ = false;
+    double textScale_ = 1;
+};
+
+} // namespace wardlock::window
