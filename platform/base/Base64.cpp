@@ -45,7 +45,7 @@ std::optional<std::string> bytesFromBase64(std::string_view text) {
         if (digitCount % 4 != 1)
             bytes += static_cast<char>(static_cast<unsigned char>(bits >> (6 - 2 * ((digitCount - 1) % 4))));
     }
-    // One digit alone is no byte, and whole groups of four need no padding.
+    // A single digit is not a byte, and whole groups of four need no padding.
     const std::size_t rest = digitCount % 4;
     const bool whole = rest == 0 ? paddingCount == 0 : rest != 1 && paddingCount <= 4 - rest;
     return whole ? std::optional(std::move(bytes)) : std::nullopt;

@@ -12,7 +12,7 @@ bool isDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-/// What std::from_chars leaves untold of a number out of range: whether it is too large or too small.
+/// Finds what std::from_chars does not report of a number out of range: whether it is too large or too small.
 bool isTooLarge(std::string_view decimal) {
     const std::size_t exponentAt = decimal.find_first_of("eE");
     const std::string_view digits = decimal.substr(0, exponentAt);
@@ -32,7 +32,7 @@ bool isTooLarge(std::string_view decimal) {
 } // namespace
 
 Decimal leadingDecimal(std::string_view text) {
-    // std::from_chars also knows words and a sign.
+    // std::from_chars also accepts words and a sign.
     const std::size_t digitAt = text.starts_with('.') ? 1 : 0;
     if (digitAt >= text.size() || !isDigit(text[digitAt]))
         return {};

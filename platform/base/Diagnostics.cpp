@@ -8,7 +8,7 @@ namespace platform {
 namespace {
 
 constexpr std::size_t mostTexts = 100;
-// Paths of files are in them, and no more.
+// Long enough for paths of files.
 constexpr std::size_t longestText = 8192;
 
 struct Diagnostics {
@@ -18,7 +18,7 @@ struct Diagnostics {
 };
 
 Diagnostics& diagnostics() {
-    // Never destroyed: other threads may still have something to say at the end.
+    // Never destroyed: other threads may still report something while the process ends.
     static auto* const all = new Diagnostics;
     return *all;
 }

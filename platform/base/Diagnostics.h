@@ -7,15 +7,14 @@
 
 namespace platform {
 
-/// What the platform refused or left out for its own safety and nobody is told otherwise: a word to whoever
-/// keeps a log. From any thread.
+/// Reports to the log what the platform refused or left out for safety and reports nowhere else. Any thread.
 ///
-/// The same text is told once a process, and no more than a hundred texts: what is refused again and again
+/// Each text is reported once per process, and at most a hundred texts are: what is refused again and again
 /// must not fill the log.
 WARDLOCK_API void diagnose(const std::string& text);
 
-/// Who is told, on the thread of the call; null for nobody, as at the start. What was told to nobody is told
-/// when it comes up again.
+/// Sets the function that receives each text, on the thread that reports it. Null, the state at the start,
+/// receives nothing. A text that came without a handler is reported when it comes again.
 using DiagnosticsKeeper = void (*)(std::string_view text);
 WARDLOCK_API void setDiagnosticsKeeper(DiagnosticsKeeper keeper);
 

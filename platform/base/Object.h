@@ -6,9 +6,9 @@
 
 namespace platform {
 
-/// What can be the target of a selector, the observer of a notification or the instance of a class made by
-/// name. Objects live in std::shared_ptr; whoever does not own one holds std::weak_ptr. Protocols do not
-/// derive from Object, so that a class has exactly one enable_shared_from_this.
+/// Base of every selector target, notification observer and instance of a class created by name. Objects live
+/// in std::shared_ptr; code that does not own one keeps a std::weak_ptr. Protocols do not derive from Object,
+/// so that a class has exactly one enable_shared_from_this.
 class WARDLOCK_API Object : public std::enable_shared_from_this<Object> {
 public:
     Object(const Object&) = delete;
@@ -18,7 +18,7 @@ public:
 protected:
     Object() = default;
 
-    /// The owning pointer of this object, as the class that asks for it.
+    /// Returns the owning pointer of this object as a pointer to `T`.
     template <class T>
     std::shared_ptr<T> self(T* object) {
         return std::shared_ptr<T>(shared_from_this(), object);

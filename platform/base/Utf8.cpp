@@ -6,7 +6,8 @@
 namespace platform {
 namespace {
 
-/// The first place from `at` on that is no ASCII. Most of a document is, so it is passed over in large steps.
+/// Returns the first position from `at` on that is not ASCII. Most of a document is, so it goes in large
+/// steps.
 std::size_t skipAscii(std::string_view text, std::size_t at) {
     constexpr std::uint64_t highBits = 0x8080808080808080u;
     std::uint64_t words[4];
@@ -20,7 +21,7 @@ std::size_t skipAscii(std::string_view text, std::size_t at) {
     return at;
 }
 
-/// Length and first bits of a sequence by its lead byte; length 0 for none.
+/// Length and first bits of a sequence by its lead byte; length 0 for an invalid lead byte.
 struct Lead {
     std::size_t length;
     char32_t bits;

@@ -1,6 +1,6 @@
 #pragma once
 
-/// UTF-8 as the standard has it: no surrogates, nothing overlong, nothing beyond U+10FFFF.
+/// UTF-8 as the standard defines it: no surrogates, no overlong forms, nothing beyond U+10FFFF.
 
 #include "platform/base/Export.h"
 
@@ -16,12 +16,12 @@ struct DecodedCharacter {
     std::size_t length = 0;
 };
 
-/// The character that begins at `position`, which lies inside the text.
+/// Decodes the character that begins at `position`, which must lie inside the text.
 WARDLOCK_API DecodedCharacter decodeUtf8(std::string_view text, std::size_t position);
 WARDLOCK_API bool isValidUtf8(std::string_view text);
-/// Whether UTF-8 can hold the character: no surrogate, nothing beyond U+10FFFF.
+/// Returns whether UTF-8 can encode `code`: not a surrogate, not beyond U+10FFFF.
 WARDLOCK_API bool isCharacter(char32_t code);
-/// Nothing for what is no character.
+/// Appends the character in UTF-8; appends nothing where `character` is not a character.
 WARDLOCK_API void appendUtf8(char32_t character, std::string& text);
 
 } // namespace platform

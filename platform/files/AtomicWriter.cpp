@@ -11,9 +11,9 @@ namespace platform {
 namespace {
 
 constexpr unsigned privateMode = 0600;
-// Only several processes writing all the time in one folder, each looking through the others' temporaries,
-// ever need more than one; where a name keeps being taken or a temporary keeps vanishing, something is wrong
-// for good.
+// Only several processes that write all the time in one folder, each removing the others' temporaries, ever
+// need more than one attempt. Where a name is always taken or a temporary always vanishes, the cause is
+// permanent.
 constexpr int attempts = 64;
 
 // ".NAME.0123456789abcdef.wardlock-new"
@@ -22,18 +22,18 @@ constexpr std::size_t numberDigits = 16;
 constexpr std::size_t longestNamePart =
     180; // of a file's name in its temporary's, which has to fit 255 bytes
 
-/// What a temporary's own writer is told when another process took it for a leftover, between its making and
-/// its lock or between its closing and its renaming. Nothing else answers with it.
+/// The error of a temporary's own writer when another process took the temporary for a leftover. That happens
+/// between its creation and its lock, or between its closing and its renaming. No other call returns it.
 std::error_code takenForStale() {
     return std::make_error_code(std::errc::operation_canceled);
 }
 
-/// Whether a file system or a system without the right says that an attribute is not to be had: there is
-/// nothing to keep then. Any other error is the disk's, and may be gone the next time.
+/// Returns whether the error means that an attribute cannot be kept: the file system has no such attribute,
+/// or the right is missing. Any other error is the disk's, and may be gone the next time.
 bool isRefusal(std::error_code error) {
     return error == std::errc::operation_not_permitted || error == std::errc::permission_denied ||
            error == std::errc::not_supported || error == std::errc::function_not_supported ||
-           // The owner has no number in this container.
+           // The owner's number is not mapped in this container.
            error == std::errc::invalid_argument || error == std::errc::value_too_large;
 }
 
@@ -127,7 +127,7 @@ std::error_code AtomicWriter::createTemporary(const Target& target, std::string&
         error = uninterrupted([&] { return files_.create(path, privateMode, file); });
         if (error != std::errc::file_exists)
             return error;
-        // A forked child goes through the same numbers as its parent.
+        // A forked child draws the same numbers as its parent.
         nextNumber() = randomNumber();
     }
     return error;
@@ -154,7 +154,7 @@ std::error_code AtomicWriter::attempt(const Target& target, std::string_view byt
 }
 
 std::error_code AtomicWriter::fill(FileHandle file, const Target& target, std::string_view bytes, Sync sync) {
-    // A file system without locks refuses them to whoever looks for leftovers as well.
+    // A file system without locks refuses them to a process that looks for leftovers as well.
     if (uninterrupted([&] { return files_.lock(file); }) == std::errc::operation_would_block)
         return takenForStale();
     FileStatus created;
@@ -171,7 +171,7 @@ std::error_code AtomicWriter::fill(FileHandle file, const Target& target, std::s
 
 std::error_code AtomicWriter::keepAttributes(FileHandle file, const FileStatus& created,
                                              const Target& target) {
-    // Set for a new file too: the creation mask may have taken more than it should.
+    // Set for a new file too: the creation mask may have removed more than it should.
     unsigned mode = privateMode;
     if (target.old)
         if (std::error_code error = keepOwner(file, created, *target.old, mode))
@@ -190,7 +190,7 @@ std::error_code AtomicWriter::keepOwner(FileHandle file, const FileStatus& creat
     std::error_code error = uninterrupted([&] { return files_.setOwner(file, old.owner, old.group); });
     if (!isRefusal(error))
         return error;
-    // Set-id bits would lend the rights of somebody else than before.
+    // Set-id bits would give the rights of another user than before.
     mode &= 0777;
     if (created.group == old.group)
         return {};

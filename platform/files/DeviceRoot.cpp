@@ -23,7 +23,7 @@ std::string withoutTrailingSlashes(std::string path) {
     return path;
 }
 
-/// A relative root would be another folder, and another device, after each change of the working folder.
+/// A relative root would name another folder, and another device, after each change of the working folder.
 std::string absolute(const std::string& path) {
     std::error_code failed;
     const std::filesystem::path whole = std::filesystem::absolute(path, failed).lexically_normal();
@@ -53,7 +53,7 @@ std::string defaultRoot() {
     return (data == "/" ? "" : data) + "/wardlock/device";
 }
 
-/// Two names of one folder, or of a folder that does not exist yet.
+/// Returns whether both name one folder, or a folder that does not exist yet.
 bool isSameFolder(const std::string& one, const std::string& other) {
     FileStatus first;
     FileStatus second;

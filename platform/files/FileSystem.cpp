@@ -43,7 +43,7 @@ std::error_code writeAll(FileSystem& files, FileHandle file, std::string_view by
         std::size_t written = 0;
         if (std::error_code error = uninterrupted([&] { return files.write(file, bytes, written); }))
             return error;
-        // A write that takes nothing and reports nothing would go on for ever.
+        // A write that takes nothing and reports no error would go on for ever.
         if (written == 0)
             return std::make_error_code(std::errc::io_error);
         bytes.remove_prefix(written);

@@ -6,20 +6,20 @@
 
 namespace platform {
 
-/// Who besides the user could change what lies in a folder.
+/// A path that lets another user change what is in a folder.
 struct FolderDoubt {
-    /// The folder or link that lets another user in: the one asked for, or one on the path to it.
+    /// The folder or link that lets another user in: the one asked about, or one on the path to it.
     std::string path;
-    /// Why, in one line that begins with the path; empty where nobody else could.
+    /// The reason, in one line that begins with the path; empty where no other user can change anything.
     std::string reason;
 
     explicit operator bool() const { return !reason.empty(); }
 };
 
-/// Whether another user could put files into the folder, an absolute path of this machine, or put another
-/// folder in its place. The folder and all above it are judged as those of a module are (DynamicLibrary.h):
-/// they have to belong to the user, to root or to the owner of this library, and nobody else may write to
-/// them. A folder further up may be sticky.
+/// Finds out whether another user could put files into the folder, an absolute path of this machine, or
+/// replace the folder by another. The folder and all above it follow the rules for a module's folders
+/// (DynamicLibrary.h). Each must belong to the user, to root or to the owner of this library, and no other
+/// user may write to it. A folder further up may be sticky.
 WARDLOCK_API FolderDoubt doubtOfFolder(const std::string& path);
 
 } // namespace platform

@@ -7,10 +7,10 @@ namespace platform {
 
 class FileSystem;
 
-/// What the operating system's half of this library gives: the files of this machine.
+/// The operating system's half of this library: the files of this machine.
 FileSystem& realFileSystem();
 
-/// The home folder the user's password entry names; none where there is no entry.
+/// Returns the home folder of the user's password entry; nothing where there is no entry.
 std::optional<std::string> homeFolderOfUser();
 
 } // namespace platform

@@ -16,8 +16,8 @@ class Value;
 class WARDLOCK_API Array {
 public:
     Array() = default;
-    /// An array of one array is `Array{Value(other)}`: of `Array{other}` gcc makes the same, but clang a
-    /// copy.
+    /// Write an array of one array as `Array{Value(other)}`. From `Array{other}` gcc makes the same, but
+    /// clang makes a copy.
     Array(std::initializer_list<Value> values);
     explicit Array(std::vector<Value> values);
     explicit Array(IntrusivePointer<ContainerBlock> block) : block_(std::move(block)) {}
@@ -30,7 +30,7 @@ public:
     const Value* begin() const { return block_ ? block_->values() : nullptr; }
     const Value* end() const;
 
-    /// Whether both are handles on the very same elements. Empty arrays are all the same object.
+    /// Returns whether both are handles on the very same elements. All empty arrays are the same object.
     bool isSameObject(const Array& other) const { return block_ == other.block_; }
     bool operator==(const Array& other) const;
 

@@ -19,7 +19,7 @@ struct DictionaryEntry {
     const Value& value;
 };
 
-/// Walks keys and values side by side, in insertion order.
+/// Iterates over keys and values side by side, in insertion order.
 class WARDLOCK_API DictionaryIterator {
 public:
     using value_type = DictionaryEntry;
@@ -48,28 +48,28 @@ private:
     std::size_t place_;
 };
 
-/// An immutable map from strings to values that keeps the order of insertion: a handle on shared entries,
-/// cheap to copy, usable from any thread. Include Value.h.
+/// An immutable map from strings to values that keeps the insertion order: a handle on shared entries, cheap
+/// to copy, usable from any thread. Include Value.h.
 class WARDLOCK_API Dictionary {
 public:
     Dictionary() = default;
-    /// Of equal keys the last value counts, at the place of the first.
+    /// Of equal keys the last value counts, at the position of the first.
     Dictionary(std::initializer_list<std::pair<std::string_view, Value>> entries);
-    /// A block with keys.
+    /// Takes a block with keys.
     explicit Dictionary(IntrusivePointer<ContainerBlock> block) : block_(std::move(block)) {}
 
     std::size_t size() const { return block_ ? block_->size() : 0; }
     bool empty() const { return !block_; }
-    /// The value of the key, or null. Allocates nothing.
+    /// Returns the value of `key`, or null. Allocates nothing.
     const Value* find(std::string_view key) const noexcept;
     DictionaryIterator begin() const;
     DictionaryIterator end() const;
-    /// The keys, which dictionaries may share; null when there are none.
+    /// Returns the keys, which dictionaries may share; null when there are none.
     IntrusivePointer<KeySet> keys() const;
 
-    /// Whether both are handles on the very same entries. Empty dictionaries are all the same object.
+    /// Returns whether both are handles on the very same entries. All empty dictionaries are the same object.
     bool isSameObject(const Dictionary& other) const { return block_ == other.block_; }
-    /// Same keys and values, in whatever order.
+    /// Compares keys and values, in any order.
     bool operator==(const Dictionary& other) const;
 
 private:

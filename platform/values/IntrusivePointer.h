@@ -4,13 +4,13 @@
 
 namespace platform {
 
-/// Owns one count of a block that counts its own references (`retain()`, `release()`); may be null. Any
+/// Owns one reference to a block that counts its own references (`retain()`, `release()`); may be null. Any
 /// thread: the blocks count atomically.
 template <class T>
 class IntrusivePointer {
 public:
     IntrusivePointer() = default;
-    /// Takes over a count the caller already has.
+    /// Takes over a reference that the caller already owns.
     static IntrusivePointer adopt(T* block) {
         IntrusivePointer reference;
         reference.block_ = block;
@@ -35,7 +35,7 @@ public:
     T& operator*() const { return *block_; }
     explicit operator bool() const { return block_ != nullptr; }
     bool operator==(const IntrusivePointer& other) const = default;
-    /// Gives the count to the caller.
+    /// Hands the reference to the caller and becomes null.
     T* detach() { return std::exchange(block_, nullptr); }
 
 private:

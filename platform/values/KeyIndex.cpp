@@ -21,7 +21,7 @@ const Secret& secret() {
     return drawn;
 }
 
-/// SipHash's state, with one round a word and three at the end.
+/// The state of SipHash, with one round per word and three at the end.
 struct Sip {
     std::uint64_t v0 = secret()[0] ^ 0x736f6d6570736575;
     std::uint64_t v1 = secret()[1] ^ 0x646f72616e646f6d;
@@ -56,7 +56,7 @@ struct Sip {
 
 std::uint64_t wordOf(const char* bytes, std::size_t count) {
     std::uint64_t word = 0;
-    // The empty key may have no address.
+    // The empty key may have a null address.
     if (count > 0)
         std::memcpy(&word, bytes, count);
     return word;

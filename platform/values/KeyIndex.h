@@ -7,16 +7,18 @@
 
 namespace platform {
 
-/// Where the keys of a large set stand, found by a hash that is keyed with a secret of the process: nobody
-/// who writes a file can choose keys that make it slow. Keys are told by their places; the set compares them.
+/// Finds the positions of the keys of a large set. The hash is keyed with a secret of the process: the author
+/// of a file cannot choose keys that make it slow. The index stores positions only; the set compares the
+/// keys.
 class KeyIndex {
 public:
-    /// Room for as many keys; more are taken.
+    /// Makes room for `expected` keys; more may be added.
     explicit KeyIndex(std::size_t expected);
 
     static std::uint32_t hashOf(std::string_view key);
 
-    /// The place for which `isKey(place)` answers true among those added with the hash; `none` for no such.
+    /// Returns the position for which `isKey(position)` is true among those added with `hash`; `none` when
+    /// there is none.
     template <class IsKey>
     std::size_t find(std::uint32_t hash, IsKey isKey) const {
         const std::size_t mask = slots_.size() - 1;
@@ -26,7 +28,7 @@ public:
         }
         return none;
     }
-    /// A key that is not there yet.
+    /// Adds a key that is not in the index yet.
     void add(std::uint32_t hash, std::size_t place);
 
     static constexpr std::size_t none = static_cast<std::size_t>(-1);
@@ -34,7 +36,7 @@ public:
 private:
     struct Slot {
         std::uint32_t hash = 0;
-        /// Place + 1; 0 for a free slot.
+        /// Position + 1; 0 for a free slot.
         std::uint32_t next = 0;
     };
 

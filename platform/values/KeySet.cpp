@@ -33,7 +33,7 @@ std::size_t KeySet::findInIndex(std::string_view key, std::uint32_t hash) const 
     return index_->find(hash, [&](std::size_t place) { return (*this)[place] == key; });
 }
 
-/// The slot the key is in, or the free one it would take.
+/// Returns the slot of the key, or the free slot that it would take.
 std::size_t KeySet::slotOf(std::string_view key) const {
     const std::size_t mask = slotCount_ - 1;
     std::size_t slot = hashShortString(key) & mask;

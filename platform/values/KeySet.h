@@ -14,16 +14,16 @@
 namespace platform {
 
 /// The keys of dictionaries, in order. Records of one kind have the same keys, so their dictionaries share
-/// one key set and hold only values. Shared key sets are never changed; one with a single owner may grow.
+/// one key set and store only values. A shared key set never changes; one with a single owner may grow.
 /// Keys are found through a small hash index, in large sets through a keyed one, which no choice of keys
 /// makes slow.
 class KeySet {
 public:
     static constexpr std::size_t notFound = KeyIndex::none;
 
-    /// An empty set with room for the keys and the text told.
+    /// Returns an empty set with room for `keys` keys of together `text` bytes.
     static IntrusivePointer<KeySet> create(std::size_t keys = 0, std::size_t text = 0);
-    /// A copy with one owner, without the key at an index where one is given.
+    /// Returns a copy with one owner, without the key at the index `without` where one is given.
     IntrusivePointer<KeySet> clone(std::size_t without = notFound) const;
 
     std::size_t size() const { return spans_.size(); }
@@ -32,9 +32,9 @@ public:
     }
     /// All keys, one after the other.
     std::string_view text() const { return text_; }
-    /// The place of the key, or notFound. Allocates nothing.
+    /// Returns the index of the key, or notFound. Allocates nothing.
     std::size_t find(std::string_view key) const noexcept;
-    /// The place of the key, which is added at the end when it is new. Only by the single owner.
+    /// Returns the index of the key, which is added at the end when it is new. Only for a single owner.
     std::size_t add(std::string_view key);
 
     bool hasSingleOwner() const { return references_.load(std::memory_order_acquire) == 1; }
@@ -50,8 +50,8 @@ private:
         std::size_t length;
     };
 
-    /// Beyond this many keys the small hash index, whose worst case is a walk over all of them, gives way to
-    /// the keyed one.
+    /// With more keys than this, the keyed index replaces the small hash index, whose worst case visits all
+    /// keys.
     static constexpr std::size_t largestHashed = 64;
 
     KeySet() = default;
@@ -64,9 +64,9 @@ private:
     void makeIndex();
 
     std::atomic<std::uint32_t> references_{1};
-    /// Of the hash index: a power of two, at least twice the keys.
+    /// Slots of the hash index: a power of two, at least twice the keys.
     std::uint32_t slotCount_ = 8;
-    /// Open addressing: place + 1, 0 for a free slot.
+    /// Open addressing: index + 1, 0 for a free slot.
     std::array<std::uint8_t, 2 * largestHashed> slots_{};
     std::unique_ptr<KeyIndex> index_;
     std::string text_;

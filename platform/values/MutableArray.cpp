@@ -54,7 +54,7 @@ void MutableArray::remove(std::size_t index) {
 }
 
 void MutableArray::removeObject(const Value& value) {
-    // A copy: the value may be an element of this array, which erasing would change on the way.
+    // A copy: the value may be an element of this array, and erasing would change it.
     std::erase(values_, Value(value));
 }
 

@@ -8,8 +8,8 @@
 
 namespace platform {
 
-/// A list of values that can be changed: a copy of an array one level deep, its elements stay shared. Indexes
-/// beyond the end throw NSException (NSRangeException) before anything is changed. Include Value.h.
+/// A list of values that can be changed: a copy of an array one level deep, whose elements stay shared. An
+/// index beyond the end throws NSException (NSRangeException) before anything is changed. Include Value.h.
 class WARDLOCK_API MutableArray {
 public:
     MutableArray();
@@ -27,11 +27,11 @@ public:
     const Value* end() const;
 
     void append(Value value);
-    /// Before the element at the index; at the end where the index is the size.
+    /// Inserts before the element at `index`; at the end where `index` is the size.
     void insert(std::size_t index, Value value);
     void replace(std::size_t index, Value value);
     void remove(std::size_t index);
-    /// Every element that equals the value.
+    /// Removes every element that equals `value`.
     void removeObject(const Value& value);
 
     Array copy() const;

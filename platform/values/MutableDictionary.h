@@ -9,9 +9,9 @@
 
 namespace platform {
 
-/// A dictionary that can be changed: a copy one level deep, its values stay shared. The order of insertion is
-/// kept; a new value under an old key takes the old one's place. Pointers, iterators and keys from it hold
-/// until the next change. Include Value.h.
+/// A dictionary that can be changed: a copy one level deep, whose values stay shared. The insertion order is
+/// kept; a new value under an existing key takes the old one's position. Pointers, iterators and keys stay
+/// valid until the next change. Include Value.h.
 class WARDLOCK_API MutableDictionary {
 public:
     MutableDictionary();
@@ -29,7 +29,7 @@ public:
     DictionaryIterator end() const;
 
     void set(std::string_view key, Value value);
-    /// Throws NSException (NSInvalidArgumentException) for nil; nothing is changed then.
+    /// Throws NSException (NSInvalidArgumentException) for null; nothing is changed then.
     void set(std::string_view key, const Value* valueOrNil);
     void remove(std::string_view key);
 

@@ -46,7 +46,7 @@ void callHandler() {
     }
 }
 
-/// The default end prints the message of the exception and does not survive a null one.
+/// The default terminate handler prints the exception's message and does not survive a null one.
 bool defaultEndIsSafe() {
     try {
         if (const auto uncaught = std::current_exception())
@@ -59,7 +59,7 @@ bool defaultEndIsSafe() {
     return true;
 }
 
-/// A step of the end that fails itself must not keep the next one from running.
+/// Runs one step of the end; a step that fails must not keep the next one from running.
 void attempt(void (*step)()) {
     try {
         step();
@@ -75,8 +75,8 @@ void attempt(void (*step)()) {
         if (const auto last = lastRites.exchange(nullptr))
             attempt(last);
     } else if (nobody != std::this_thread::get_id()) {
-        // Another thread is ending the process and may be in the middle of its report: this one waits for an
-        // end that it does not see.
+        // Another thread is ending the process and may still write its report: wait here until the process
+        // ends.
         static std::atomic_flag never;
         never.wait(false);
     }

@@ -13,12 +13,12 @@ inline constexpr const char* NSInvalidArgumentException = "NSInvalidArgumentExce
 inline constexpr const char* NSRangeException = "NSRangeException";
 inline constexpr const char* NSGenericException = "NSGenericException";
 
-/// The platform's exception: storing nothing where a value is needed, an index out of range, a message to an
-/// object of the wrong class. Nobody catches it; it ends the process after the uncaught-exception handler has
-/// run.
+/// The platform's exception: storing null where a value is needed, an index out of range, a message to an
+/// object of the wrong class. No page catches it; it ends the process after the uncaught-exception handler
+/// has run.
 class WARDLOCK_API NSException : public std::exception {
 public:
-    /// Takes the addresses of the calling stack here, where the throwing frames still stand.
+    /// Records the addresses of the calling stack here, while the throwing frames are still on it.
     NSException(std::string name, std::string reason, std::optional<Dictionary> userInfo = std::nullopt);
     ~NSException() override;
 
@@ -28,7 +28,7 @@ public:
 
     /// Unsigned integers, innermost frame first.
     const Array& callStackReturnAddresses() const { return addresses_; }
-    /// Strings, one per return address: module, symbol and offset as far as they are known. Looked up at each
+    /// One string per return address: module, symbol and offset as far as they are known. Looked up at each
     /// call.
     Array callStackSymbols() const;
 
@@ -45,15 +45,16 @@ private:
 
 using NSUncaughtExceptionHandler = void (*)(const NSException&);
 
-/// Makes `handler` the process's handler of exceptions that nobody catches; null removes it. It runs from the
-/// terminate handler, in the thread that threw; when it returns the process ends by SIGABRT. An exception of
-/// another type reaches the handler as an NSGenericException with the other's message as reason, and so does
-/// an end without an exception. ExceptionBoundary.h keeps the exception current until then.
+/// Installs `handler` for exceptions that are not caught; null removes it. The terminate handler runs it in
+/// the thread that threw; when it returns, the process ends by SIGABRT.
+///
+/// An exception of another type reaches the handler as an NSGenericException whose reason is the other's
+/// message. So does an end without an exception. ExceptionBoundary.h keeps the exception current until then.
 WARDLOCK_API void NSSetUncaughtExceptionHandler(NSUncaughtExceptionHandler handler);
 WARDLOCK_API NSUncaughtExceptionHandler NSGetUncaughtExceptionHandler();
 
-/// For a host: runs `last` once, after the uncaught-exception handler and before the process ends, for
-/// example to write the queued log entries and give the terminal back. Replaces the previous one.
+/// For a host: runs `hook` once, after the uncaught-exception handler and before the process ends. It may
+/// write the queued log entries and restore the terminal. Replaces the previous hook; null removes it.
 WARDLOCK_API void setLastRites(void (*last)());
 
 } // namespace platform

@@ -4,7 +4,7 @@
 
 namespace platform {
 
-/// Throws NSException (NSRangeException) unless the index is below the size.
+/// Throws NSException (NSRangeException) unless `index` is below `size`.
 void checkIndex(std::size_t index, std::size_t size);
 
 } // namespace platform

@@ -12,23 +12,23 @@ namespace platform {
 template <class Signature>
 class Selector;
 
-/// A message an object answers: its name, for people, and the member function behind it. Copyable; the empty
-/// selector (default-constructed) is the platform's null selector. The name must outlive the selector: use a
-/// literal.
+/// A message that an object responds to: its name, for people, and the member function behind it. Copyable.
+/// The empty selector (default-constructed) is the platform's null selector. The name must outlive the
+/// selector: use a literal.
 template <class R, class... Args>
 class Selector<R(Args...)> {
 public:
     constexpr Selector() = default;
 
-    /// A selector for `Method`, a pointer to a member function taking (Args...), or fewer: a method that
-    /// ignores the sender takes nothing.
+    /// Returns a selector for `Method`, a pointer to a member function that takes (Args...) or fewer
+    /// parameters. A method that ignores the sender takes none.
     template <auto Method>
     static constexpr Selector of(std::string_view name) {
         return Selector(name, &call<Method>);
     }
 
-    /// Sends the message. Throws NSInvalidArgumentException when the target's class has no such method and
-    /// when the selector is empty.
+    /// Sends the message to `target`. Throws NSInvalidArgumentException when the target's class has no such
+    /// method and when the selector is empty.
     R operator()(Object& target, Args... args) const {
         if (!invoke_)
             throw NSException(NSInvalidArgumentException, "empty selector sent");

@@ -15,8 +15,8 @@ std::uint64_t loadWord(const char* from) {
     return word;
 }
 
-/// A hash for short texts: of their length, middle and last letters, where the keys of one record and the
-/// identifiers of one list differ. Collisions are easily made; whoever uses it must bound what they cost.
+/// Hashes short texts: their length, middle and last letters, where the keys of one record and the
+/// identifiers of one list differ. Collisions are easy to construct, so the caller must bound what they cost.
 inline std::size_t hashShortString(std::string_view text) {
     const char* const begin = text.data();
     const std::size_t length = text.size();
@@ -36,7 +36,7 @@ inline std::size_t hashShortString(std::string_view text) {
     return static_cast<std::size_t>(mixed >> 32 ^ mixed >> 56);
 }
 
-/// Whether the first and the last bytes of two texts of one length are the same, a word of each.
+/// Returns whether the first and the last bytes of two texts of one length are equal, a word of each.
 template <class Word>
 bool sameEnds(std::string_view a, std::string_view b) {
     const std::size_t last = a.size() - sizeof(Word);
@@ -44,7 +44,7 @@ bool sameEnds(std::string_view a, std::string_view b) {
            loadWord<Word>(a.data() + last) == loadWord<Word>(b.data() + last);
 }
 
-/// Equality of short texts, without the call that a comparison of any length costs.
+/// Compares short texts, without the call that a comparison of any length costs.
 inline bool equalShortStrings(std::string_view a, std::string_view b) {
     const std::size_t length = a.size();
     if (length != b.size())

@@ -44,8 +44,8 @@ ContainerBlock* ContainerBlock::release(Value& value) {
 }
 
 void ContainerBlock::destroy(ContainerBlock* block) {
-    // The blocks being taken apart, innermost first, are chained through themselves: nothing is allocated,
-    // and the depth of the nesting costs no stack. A block counts down the values it still has.
+    // The blocks being freed, innermost first, are chained through themselves: nothing is allocated, and the
+    // nesting takes no stack. Each block counts down the values that it still has.
     ContainerBlock* innermost = nullptr;
     const auto enter = [&innermost](ContainerBlock* each) {
         if (each->keys_)

@@ -12,12 +12,12 @@ namespace platform {
 
 class Value;
 
-/// The counted blocks behind values. Immutable once made; they may be shared between threads.
+/// The reference-counted blocks behind values. Immutable after construction; threads may share them.
 
 /// The bytes of a string or of data.
 class ByteBlock {
 public:
-    /// Null for no bytes.
+    /// Returns null for no bytes.
     WARDLOCK_API static IntrusivePointer<ByteBlock> create(std::string_view bytes);
 
     std::string_view bytes() const { return {reinterpret_cast<const char*>(this + 1), length_}; }
@@ -38,14 +38,14 @@ private:
 /// The elements of an array, or the values of a dictionary beside their keys.
 class ContainerBlock {
 public:
-    /// Moves the values in; null for none. A dictionary's `keys` are as many as its values, an array's are
-    /// null.
+    /// Moves the values in; returns null for none. A dictionary has as many `keys` as values; for an array
+    /// `keys` is null.
     static IntrusivePointer<ContainerBlock> create(Value* values, std::size_t count,
                                                    IntrusivePointer<KeySet> keys = {});
 
     std::size_t size() const { return count_; }
     const Value* values() const { return reinterpret_cast<const Value*>(this + 1); }
-    /// Of a dictionary only.
+    /// Only of a dictionary.
     KeySet* keys() const { return keys_; }
     void retain() { references_.fetch_add(1, std::memory_order_relaxed); }
     void release() {
@@ -59,16 +59,16 @@ private:
 
     bool dropsLastReference() { return references_.fetch_sub(1, std::memory_order_acq_rel) == 1; }
     Value* mutableValues() { return reinterpret_cast<Value*>(this + 1); }
-    /// Frees the block and all that only it held, however deep, without recursion.
+    /// Frees the block and everything that only it owned, at any depth, without recursion.
     WARDLOCK_API static void destroy(ContainerBlock* block);
-    /// Ends the value; answers its block when that has no owner left.
+    /// Ends the value; returns its block when the block has no owner left, else null.
     static ContainerBlock* release(Value& value);
 
     std::atomic<std::uint32_t> references_{1};
     std::uint32_t count_;
     union {
         KeySet* keys_;
-        /// While blocks are being freed: the one this was in.
+        /// While blocks are being freed: the block that contained this one.
         ContainerBlock* outer_;
     };
 };

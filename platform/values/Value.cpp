@@ -15,7 +15,7 @@ bool sameNumber(double a, double b) {
 
 using Pairs = std::vector<std::pair<const Value*, const Value*>>;
 
-/// Compares two containers of one kind but for their values, which it leaves in `pairs`.
+/// Compares two containers of one kind except for their values, which it appends to `pairs`.
 bool pairUp(const Array& a, const Array& b, Pairs& pairs) {
     if (a.isSameObject(b))
         return true;
@@ -91,7 +91,7 @@ Value& Value::operator=(const Value& other) {
 
 Value& Value::operator=(Value&& other) noexcept {
     if (this != &other) {
-        // The old content goes last: `other` may lie inside it.
+        // The old content goes last: `other` may be inside it.
         const Value old(std::move(*this));
         moveFrom(other);
     }
@@ -99,7 +99,7 @@ Value& Value::operator=(Value&& other) noexcept {
 }
 
 bool Value::operator==(const Value& other) const {
-    // The pairs left to compare, so that the depth of the nesting costs no stack.
+    // The pairs left to compare: a list, so that the nesting takes no stack.
     Pairs pairs;
     if (!sameOutside(*this, other, pairs))
         return false;

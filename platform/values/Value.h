@@ -19,8 +19,8 @@
 namespace platform {
 
 /// A property-list value. Never nil: nil is a null `const Value*`, or an empty std::optional where a value is
-/// returned. Immutable in all it holds; texts and containers are shared, so copies are cheap and may go to
-/// other threads. A value that was moved from is false.
+/// returned. Immutable in all it contains. Texts and containers are shared, so copies are cheap and may go to
+/// other threads. A moved-from value is false.
 class WARDLOCK_API Value {
 public:
     enum class Kind : std::uint8_t { Boolean, Integer, Real, String, Data, Date, Array, Dictionary };
@@ -33,7 +33,7 @@ public:
           bits_(static_cast<std::uint64_t>(number)) {}
     template <std::floating_point T>
     Value(T number) : kind_(Kind::Real), bits_(std::bit_cast<std::uint64_t>(static_cast<double>(number))) {}
-    /// UTF-8. Other bytes are held, but written to a document as U+FFFD.
+    /// UTF-8. Other bytes are kept, but written to a document as U+FFFD.
     Value(std::string_view text) : Value(Kind::String, ByteBlock::create(text)) {}
     Value(const std::string& text) : Value(std::string_view(text)) {}
     Value(const char* text) : Value(std::string_view(text)) {}
@@ -55,16 +55,16 @@ public:
     Kind kind() const { return kind_; }
     bool is(Kind kind) const { return kind_ == kind; }
 
-    /// The content; each only of a value of that kind.
+    /// The content; each function only for a value of that kind.
     bool boolean() const { return content(Kind::Boolean).bits_ != 0; }
-    /// Not of a number above the largest signed one.
+    /// Not for a number above the largest signed one.
     std::int64_t integer() const {
         assert(!isUnsigned());
         return static_cast<std::int64_t>(bits_);
     }
-    /// Whether the integer is above the largest signed one.
+    /// Returns whether the integer is above the largest signed one.
     bool isUnsigned() const { return content(Kind::Integer).unsigned_; }
-    /// Not of a negative number.
+    /// Not for a negative number.
     std::uint64_t unsignedInteger() const {
         assert(isUnsigned() || integer() >= 0);
         return bits_;
@@ -76,7 +76,7 @@ public:
     const platform::Array& array() const { return content(Kind::Array).array_; }
     const platform::Dictionary& dictionary() const { return content(Kind::Dictionary).dictionary_; }
 
-    /// Same kind and content. Dictionaries compare whatever their order; a NaN equals a NaN.
+    /// Compares kind and content: dictionaries in any order; a NaN equals a NaN.
     bool operator==(const Value& other) const;
 
 private:
@@ -87,7 +87,8 @@ private:
         return *this;
     }
     std::string_view bytes() const { return bytes_ ? bytes_->bytes() : std::string_view(); }
-    /// Takes the shared elements out of a container, which becomes empty; null for none and for other kinds.
+    /// Takes the shared elements out of a container, which becomes empty; returns null for none and for other
+    /// kinds.
     ContainerBlock* detachContainer();
     void moveFrom(Value& other) noexcept;
     void destroy();
@@ -104,14 +105,14 @@ private:
     };
 };
 
-/// The platform's readings, tolerant of nil and of other kinds. Numbers by their value; strings by their
+/// The platform's conversions of nil and all kinds. Numbers convert by their value; strings by their
 /// beginning: "YES", "true", digits. Everything else reads as false and as 0.
 WARDLOCK_API bool boolValueOfOther(const Value& value);
 inline bool boolValue(const Value* value) {
     return value && (value->is(Value::Kind::Boolean) ? value->boolean() : boolValueOfOther(*value));
 }
 WARDLOCK_API float floatValue(const Value* value);
-/// Null, or none, for nil and for another kind.
+/// Returns null, or nothing, for nil and for another kind.
 WARDLOCK_API const Array* arrayValue(const Value* value);
 WARDLOCK_API const Dictionary* dictionaryValue(const Value* value);
 WARDLOCK_API std::optional<std::string_view> stringValue(const Value* value);

@@ -13,7 +13,7 @@ std::string_view withoutLeadingSpace(std::string_view text) {
     return start == std::string_view::npos ? std::string_view() : text.substr(start);
 }
 
-/// Takes a sign off the front; answers whether it was a minus.
+/// Takes a sign off the front; returns whether it was a minus.
 bool takeSign(std::string_view& text) {
     if (text.empty() || (text.front() != '-' && text.front() != '+'))
         return false;
@@ -22,7 +22,7 @@ bool takeSign(std::string_view& text) {
     return minus;
 }
 
-/// A sign and zeroes may stand before what decides.
+/// A sign and zeroes may precede the deciding character.
 bool textIsTrue(std::string_view text) {
     text = withoutLeadingSpace(text);
     takeSign(text);
@@ -56,7 +56,7 @@ double number(const Value& value) {
     }
 }
 
-/// A double beyond the range of float is the infinity of its sign.
+/// Converts a double beyond the range of float to the infinity of its sign.
 float narrow(double wide) {
     if (std::abs(wide) > static_cast<double>(std::numeric_limits<float>::max()) && std::isfinite(wide))
         return std::copysign(std::numeric_limits<float>::infinity(),
