@@ -1,10 +1,13 @@
 #!/usr/bin/env python3
 """The rules find what they are there for: each planted violation is reported, a clean tree is not."""
 import os
+import shutil
+import subprocess
 import tempfile
 import unittest
 import unittest.mock
 
+import commitsubject
 import compiledonce
 import elffiles
 import includes
@@ -158,6 +161,91 @@ class CompiledOnce(unittest.TestCase):
     def test_a_source_with_two_objects_is_found_however_it_is_named(self):
         commands = [{"directory": "/s/b", "file": "/s/A.cpp"}, {"directory": "/s/b", "file": "../A.cpp"}]
         self.assertEqual(compiledonce.compiled_twice(commands), {"/s/A.cpp": 2})
+
+
+class CommitMessages(unittest.TestCase):
+    ROOMS = {"plist", "cli", "docs", "house"}
+
+    def reported(self, message, expected, files=1):
+        found = commitsubject.violations(message, self.ROOMS, files)
+        self.assertEqual(len(found), 1, found)
+        self.assertIn(expected, found[0])
+
+    def test_good_messages_pass(self):
+        for message in "plist: skip characters outside base64 in data", "cli, docs: print rows in order", "docs: name 3.5 mm", \
+                "house: rename classes\n\nTheir names had to be learned.":
+            with self.subTest(message=message):
+                self.assertEqual(commitsubject.violations(message, self.ROOMS, 1), [])
+
+    def test_a_long_subject_is_found(self):
+        self.reported("plist: read " + "x" * 61, "73 characters")
+        self.assertEqual(commitsubject.violations("plist: read " + "x" * 60, self.ROOMS, 1), [])
+
+    def test_another_form_is_found(self):
+        for subject in "Skip characters", "plist: Skip characters", "plist: skip", "plist:skip characters", "plist skip characters", \
+                "plist: skip characters.", "", ": skip characters", "plist,cli: skip characters":
+            with self.subTest(subject=subject):
+                self.reported(subject, "not of the form")
+
+    def test_an_unknown_room_is_found(self):
+        self.reported("attic: sweep floors", "not a room")
+        self.reported("cli, attic: sweep floors", "\"attic\" is not a room")
+
+    def test_many_files_without_a_body_are_found(self):
+        self.assertEqual(commitsubject.violations("plist: read data", self.ROOMS, 5), [])
+        self.reported("plist: read data", "6 files", 6)
+        self.reported("plist: read data\n\n \n", "6 files", 6)
+        self.assertEqual(commitsubject.violations("plist: read data\n\nA reason.", self.ROOMS, 6), [])
+
+    def test_a_body_without_an_empty_line_above_is_found(self):
+        self.reported("plist: read data\nA reason.", "not empty")
+
+
+@unittest.skipUnless(shutil.which("git"), "git is not installed")
+class NewestCommit(Tree):
+    def git(self, *arguments):
+        identity = {"GIT_CONFIG_GLOBAL": os.devnull, "GIT_CONFIG_SYSTEM": os.devnull}
+        for role in "AUTHOR", "COMMITTER":
+            identity.update({f"GIT_{role}_NAME": "Test", f"GIT_{role}_EMAIL": "test@example.org"})
+        environment = {name: value for name, value in os.environ.items() if not name.startswith("GIT_")} | identity
+        subprocess.run(["git", "-C", self.top, *arguments], env=environment, check=True, capture_output=True)
+
+    def commit(self, message, *paths):
+        for path in paths:
+            self.plant(path, message)
+        self.git("add", ".")
+        self.git("commit", "--message", message)
+
+    def test_a_folder_without_a_repository_or_a_commit_passes(self):
+        self.assertEqual(commitsubject.newest_violations(self.top), [])
+        self.git("init")
+        self.assertEqual(commitsubject.newest_violations(self.top), [])
+
+    def test_a_folder_within_another_repository_passes(self):
+        self.git("init")
+        self.commit("Nonsense", "sources/A.cpp")
+        self.assertEqual(commitsubject.newest_violations(os.path.join(self.top, "sources")), [])
+        self.assertEqual(len(commitsubject.newest_violations(self.top)), 1)
+
+    def test_only_the_newest_commit_counts(self):
+        self.git("init")
+        self.commit("Nonsense", "platform/plist/A.cpp")
+        self.commit("plist: read data", "platform/plist/A.cpp")
+        self.assertEqual(commitsubject.newest_violations(self.top), [])
+        self.commit("settings: read data", "platform/plist/A.cpp")
+        self.assertIn("not a room", commitsubject.newest_violations(self.top)[0])
+
+    def test_the_changed_files_are_counted(self):
+        self.git("init")
+        self.commit("plist: read data", "plist/A.cpp")
+        self.commit("plist: write data", *[f"plist/{number}.cpp" for number in range(6)])
+        self.assertIn("6 files", commitsubject.newest_violations(self.top)[0])
+
+    def test_a_machine_without_git_passes(self):
+        self.git("init")
+        self.commit("Nonsense", "plist/A.cpp")
+        with unittest.mock.patch.object(commitsubject.subprocess, "run", side_effect=FileNotFoundError):
+            self.assertEqual(commitsubject.newest_violations(self.top), [])
 
 
 if __name__ == "__main__":
