@@ -23,12 +23,12 @@ namespace {
 
 constexpr const char* BlankName = "Blank";
 
-/// A negative one becomes one beyond every array.
+/// A negative SelectedIndex becomes an index beyond every array.
 std::size_t selected() {
     return static_cast<std::size_t>(SelectedIndex);
 }
 
-/// Null when there is no list or nothing in it.
+/// Returns null when `stored` is not an array or is empty.
 const Array* accountsIn(const Value* stored) {
     const auto* accounts = platform::arrayValue(stored);
     return accounts && !accounts->empty() ? accounts : nullptr;
@@ -47,13 +47,13 @@ void disableFirstEnabled(MutableArray& accounts) {
     }
 }
 
-/// Changes the document's entries; answers false when there is no account to change.
+/// Changes the document's entries. Returns false when there is no account to change.
 bool storeInAccount(MutableDictionary& entries, std::string_view key, const Value* value) {
     const auto* stored = accountsIn(entries.find(kAccounts));
     if (!stored)
         return false;
     MutableArray accounts(*stored);
-    // Does not skip the account itself: it is set again below.
+    // The account itself may be the one switched off: it is set again below.
     if (key == kAccountEnabled && platform::boolValue(value))
         disableFirstEnabled(accounts);
     const auto* record = platform::dictionaryValue(&accounts.at(selected()));
@@ -109,7 +109,7 @@ void AppsController::deleteAccount() {
         "Delete Account", "Are you sure you want to delete this account?",
         platform::UIAlertControllerStyle::Alert);
     alert->addAction(UIAlertAction::actionWithTitle("Cancel", UIAlertActionStyle::Cancel, {}));
-    // Keeps the page alive until it has run.
+    // Keeps the page alive until the handler has run.
     const auto deleteTapped = [page = self(this)](UIAlertAction&) { page->deleteSelectedAccount(); };
     alert->addAction(UIAlertAction::actionWithTitle("Delete", UIAlertActionStyle::Destructive, deleteTapped));
     presentViewController(alert, true);

@@ -8,21 +8,21 @@
 
 namespace wardlock {
 
-/// Identifiers to be put in the order of the applications' display names. Each name is looked up once.
-/// Identifiers without a name come after all named ones; equals keep their order. The views point into the
-/// dictionary and into the arrays added, which must outlive this object.
+/// Identifiers to be sorted by the display names of their applications. Each name is looked up once.
+/// Identifiers without a name come after all named ones; equal ones keep their order. The views point into
+/// the dictionary and into the added arrays, which must outlive this object.
 class ApplicationOrder {
 public:
     explicit ApplicationOrder(const platform::Dictionary& names) : names_(names) {}
 
-    /// Every identifier that has an entry.
+    /// Adds every identifier that has an entry in the dictionary of names.
     void addAll();
-    /// The strings of the array.
+    /// Adds the strings of the array.
     void add(const platform::Array& identifiers);
-    /// Every occurrence of the array's strings.
+    /// Removes every occurrence of the array's strings.
     void remove(const platform::Array& identifiers);
 
-    /// By display name.
+    /// Sorts by display name.
     void sort(platform::NameCollator::Comparison comparison);
 
     void appendTo(platform::MutableArray& rows) const;

@@ -5,7 +5,7 @@
 
 namespace wardlock {
 
-/// The page of the restricted applications of one account. It has no rows of its own: each time it is about
+/// The page of the restricted applications of one account. It has no rows of its own. Each time it is about
 /// to appear it shows a new AppsListView, and so the document as it is now.
 class AppsListController : public platform::PSListController {
 public:

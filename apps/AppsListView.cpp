@@ -28,18 +28,18 @@ constexpr double RowHeight = 35;
 
 const std::string PreferencesPath = documentPath(BundleIdentifier);
 
-/// The record of the account that the picker opened last edits.
+/// The record of the account that the most recently opened picker edits.
 std::optional<Dictionary> SelectedAccount;
 
-/// The list of a device that has the AppList library; the class is looked up each time, since the library may
-/// come and go.
+/// Returns the application list where the device has the AppList library. The class is looked up each time,
+/// since the library may be loaded and unloaded.
 platform::ALApplicationList* sharedApplicationList() {
     const platform::Class* found = platform::objc_getClass("ALApplicationList");
     auto* methods = found ? found->classMethods<platform::ALApplicationListClass>() : nullptr;
     return methods ? &methods->sharedApplicationList() : nullptr;
 }
 
-/// The element at SelectedIndex when it is a record; none when there are no accounts.
+/// Returns the element at SelectedIndex when it is a record; none when there are no accounts.
 std::optional<Dictionary> selectedRecord(const Array* accounts) {
     if (!accounts)
         return std::nullopt;

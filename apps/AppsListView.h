@@ -10,27 +10,27 @@
 
 namespace wardlock {
 
-/// The installed applications with a switch each: on when the application is restricted for the account whose
-/// page the picker was opened from, the one at SelectedIndex. Every switch change is saved at once. Rows keep
-/// their places while the view lives; the next one groups the restricted applications first. Main thread
+/// The installed applications with a switch each: on when the application is restricted for the account at
+/// SelectedIndex, from whose page the picker was opened. Every change of a switch is saved at once. Rows keep
+/// their places while the view lives; the next view groups the restricted applications first. Main thread
 /// only.
 class AppsListView : public platform::UIView,
                      public platform::UITableViewDataSource,
                      public platform::UITableViewDelegate {
 public:
     /// Reads the account, opens the AppList library and builds model and table. Throws NSRangeException when
-    /// SelectedIndex lies outside "kAccounts".
+    /// SelectedIndex is outside "kAccounts".
     static std::shared_ptr<AppsListView> initWithFrame(const platform::CGRect& frame);
     explicit AppsListView(const platform::CGRect& frame) : UIView(frame) {}
     ~AppsListView() override;
 
-    /// Display identifier to display name, as the AppList library reports them.
+    /// Maps display identifiers to display names, as the AppList library reports them.
     const platform::Dictionary& applications() const { return applications_; }
     void setApplications(platform::Dictionary applications) { applications_ = std::move(applications); }
     /// What is saved; none when the account record has no list.
     const std::optional<IdentifierList>& enabled() const { return enabled_; }
     void setEnabled(std::optional<IdentifierList> enabled) { enabled_ = std::move(enabled); }
-    /// Without a role: nothing fills or reads it.
+    /// Unused: no code fills or reads it.
     const std::optional<platform::MutableArray>& disabled() const { return disabled_; }
     void setDisabled(std::optional<platform::MutableArray> disabled) { disabled_ = std::move(disabled); }
     /// The rows' identifiers: the restricted applications, then the others offered, each by name.
@@ -39,14 +39,14 @@ public:
     const std::shared_ptr<platform::UITableView>& tableView() const { return tableView_; }
     void setTableView(std::shared_ptr<platform::UITableView> table) { tableView_ = std::move(table); }
 
-    /// The applications that are never offered: services of the system that nobody opens by hand. A new array
-    /// at each call.
+    /// Returns the applications that are never offered: services of the system that a user does not open.
+    /// Creates the array at each call.
     platform::Array hiddenDisplayIdentifiers() const;
     /// Builds `applications`, `enabled` and `allApps`.
     void setupArrays();
     void setupTableViewWithFrame(const platform::CGRect& frame);
-    /// Writes `enabled` into the account's record and announces it. Throws NSInvalidArgumentException, and
-    /// writes nothing, when there is no list to store.
+    /// Writes `enabled` into the account's record and announces the change. Throws
+    /// NSInvalidArgumentException, and writes nothing, when there is no list to store.
     void savePreferences();
     void switchChanged(platform::UIControl& sender);
 

@@ -9,9 +9,9 @@
 
 namespace wardlock {
 
-/// The restricted applications of an account in the order in which they are stored, with a quick answer to
-/// whether one is among them: every cell asks. Elements that are no strings are kept in their places, so that
-/// saving does not lose them, but stand for no application.
+/// The restricted applications of an account in their stored order, with a fast membership test: every cell
+/// calls it. Elements that are not strings keep their places, so that saving does not lose them, but match no
+/// application.
 class IdentifierList {
 public:
     explicit IdentifierList(const platform::Array& stored);
@@ -21,7 +21,7 @@ public:
 
     bool contains(std::string_view identifier) const;
     void append(std::string_view identifier);
-    /// Every occurrence.
+    /// Removes every occurrence.
     void remove(std::string_view identifier);
 
 private:

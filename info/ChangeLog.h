@@ -6,8 +6,8 @@
 
 namespace wardlock {
 
-/// The bundle's resource changelog.txt, read anew, in a text view that fills it. A resource that is missing
-/// or no UTF-8 text gives an empty page.
+/// The bundle's resource changelog.txt, read when the view is created, in a text view that fills it. A
+/// resource that is missing or is not UTF-8 gives an empty page.
 class ChangeLog : public platform::UIView {
 public:
     static std::shared_ptr<ChangeLog> initWithFrame(const platform::CGRect& frame);

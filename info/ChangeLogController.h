@@ -5,7 +5,7 @@
 
 namespace wardlock {
 
-/// The page of the history of changes; a new ChangeLog each time it is about to appear.
+/// The page of the history of changes. It creates a ChangeLog each time it is about to appear.
 class ChangeLogController : public platform::PSListController {
 public:
     static const platform::Class& theClass();

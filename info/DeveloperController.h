@@ -5,8 +5,8 @@
 
 namespace wardlock {
 
-/// The page of the maker's other packages; a new DeveloperView, and so a new load of the listing, each time
-/// it is about to appear.
+/// The page of the maker's other packages. It creates a DeveloperView, and so loads the listing again, each
+/// time it is about to appear.
 class DeveloperController : public platform::PSListController {
 public:
     static const platform::Class& theClass();

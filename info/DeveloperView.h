@@ -10,7 +10,7 @@
 namespace wardlock {
 
 /// The repository's listing of the maker's packages in a web view, under a spinner that turns while a page
-/// loads. A load that fails leaves the page as it is and says nothing.
+/// loads. A load that fails leaves the page as it is and shows no message.
 class DeveloperView : public platform::UIView, public platform::UIWebViewDelegate {
 public:
     /// Starts the load.
@@ -24,7 +24,8 @@ public:
 
     void setupTextViewWithFrame(const platform::CGRect& frame);
 
-    /// Creates the alert of a failed load, which is never shown. Virtual because nothing else tells of it.
+    /// Creates the alert of a failed load, which is never shown. Virtual because nothing else reveals that it
+    /// was created.
     virtual std::shared_ptr<platform::UIAlertView> failureAlert() const;
 
     void webViewDidStartLoad(platform::UIWebView& webView) override;

@@ -17,7 +17,7 @@ constexpr double FadeSeconds = 0.4;
 constexpr std::int32_t AllowedAttempts = 4;
 constexpr int SimpleFourDigitStyle = 0;
 
-/// The class methods of a class looked up by name now; null where the system has no such class.
+/// Returns the class methods of a class that is looked up by name; null where the system has no such class.
 template <class Protocol>
 Protocol* classNamed(std::string_view name) {
     const auto* found = platform::objc_getClass(name);
@@ -51,7 +51,7 @@ void PasscodeView::createBlurView() {
 }
 
 void PasscodeView::createPasscode() {
-    // First, so that it lies beneath the keypad.
+    // Added first, so that it is beneath the keypad.
     createBlurView();
     setMaxAttempts(AllowedAttempts);
     if (auto* factory = classNamed<platform::SBUIPasscodeLockViewFactory>("SBUIPasscodeLockViewFactory"))
@@ -107,7 +107,7 @@ void PasscodeView::destroyPasscode() {
 }
 
 void PasscodeView::destroyPasscodeWithCompletion(Completion completion) {
-    // The fade owns the view: whoever showed it may let go of it meanwhile.
+    // The fade owns the view: its owner may release it meanwhile.
     const auto faded = [view = self(this), completion = std::move(completion)] {
         view->takeDown(completion);
     };

@@ -14,12 +14,12 @@
 namespace wardlock {
 
 /// The system's workspace, for closeApp(). Exported under this plain name for a host to set; the bundle never
-/// does.
+/// sets it.
 extern "C" WARDLOCK_API platform::FBWorkspace* workspace;
 
-/// The system's four-digit keypad over a dark blur, over the whole screen. Reports what a person does with
-/// it, first to the delegate, then to the block of that event; checking and saving are theirs. Fades in when
-/// made, lives through its fade-out, and is not used again after it. Main thread only.
+/// The system's four-digit keypad over a dark blur, over the whole screen. It reports what the user does with
+/// it, first to the delegate, then to the block of that event; checking and saving are theirs. It fades in
+/// when created, lives through its fade-out, and is not used again after it. Main thread only.
 class PasscodeView : public platform::UIView, public platform::SBUIPasscodeLockViewDelegate {
 public:
     using Keypad = platform::SBUIPasscodeLockViewSimple4DigitKeypad;
@@ -27,14 +27,14 @@ public:
     using EnteredBlock = std::function<void(PasscodeView&, const std::string& passcode)>;
     using Completion = std::function<void()>;
 
-    /// The size of the screen, with the keypad in it.
+    /// Creates a view of the size of the screen, with the keypad in it.
     static std::shared_ptr<PasscodeView> initWithDefaultSize();
     ~PasscodeView() override;
 
     /// Not retained.
     std::shared_ptr<PasscodeViewDelegate> delegate() const { return delegate_.lock(); }
     void setDelegate(const std::shared_ptr<PasscodeViewDelegate>& delegate) { delegate_ = delegate; }
-    /// Keypad and blur are null once the view was taken down; what is asked of the keypad is then dropped.
+    /// Keypad and blur are null once the view has been destroyed; requests to the keypad are then dropped.
     const std::shared_ptr<Keypad>& keypad() const { return keypad_; }
     void setKeypad(std::shared_ptr<Keypad> keypad) { keypad_ = std::move(keypad); }
     const std::shared_ptr<platform::UIVisualEffectView>& blurView() const { return blurView_; }
@@ -57,7 +57,7 @@ public:
     void createPasscode();
 
     void setStatus(const std::string& text);
-    /// The keypad's own text.
+    /// Shows the keypad's own text.
     void resetStatus();
     /// Clears the entered digits.
     void reset();
@@ -66,8 +66,8 @@ public:
     /// Fades keypad and blur; `completion` may be empty.
     void setPasscodeHidden(bool hidden, Completion completion);
     void destroyPasscode();
-    /// Fades out, then empties, hides and detaches the view and tells `completion`, delegate and block. Each
-    /// call runs its own completion.
+    /// Fades out, then empties, hides and detaches the view and notifies `completion`, delegate and block.
+    /// Each call runs its own completion.
     void destroyPasscodeWithCompletion(Completion completion);
 
     void cancelPasscode();

@@ -6,8 +6,8 @@ namespace wardlock {
 
 class PasscodeView;
 
-/// Whoever shows a PasscodeView hears of it here. Optional methods: empty unless overridden. Not retained by
-/// the view, which is alive during each call.
+/// Receives the events of a PasscodeView. Optional methods: empty unless overridden. The view does not retain
+/// its delegate, and is alive during each call.
 class PasscodeViewDelegate {
 public:
     virtual ~PasscodeViewDelegate() = default;

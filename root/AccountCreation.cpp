@@ -1,4 +1,4 @@
-// The root page's new accounts.
+// Account creation on the root page.
 
 #include "account/AppsController.h"
 #include "platform/ui/UIAlertController.h"
@@ -28,7 +28,7 @@ platform::Dictionary newAccountRecord(const std::string& name) {
     return record.copy();
 }
 
-/// Answers false, having changed nothing, when there is no list to append to.
+/// Returns false, having changed nothing, when there is no list to append to.
 bool appendAccount(platform::MutableDictionary& document, const platform::Dictionary& record) {
     const auto* stored = platform::arrayValue(document.find(kAccounts));
     if (!stored)
@@ -52,10 +52,10 @@ void SettingsListController::addAccount() {
                 "alertTextFieldDidChange:"),
             platform::UITextFieldTextDidChangeNotification, field);
     });
-    // Leaves the registration above standing: the dismissed field posts nothing any more.
+    // Leaves the registration above in place: the dismissed field no longer posts notifications.
     alert->addAction(UIAlertAction::actionWithTitle("Cancel", UIAlertActionStyle::Cancel, {}));
 
-    // The page owns the alert and the alert the handler, so the handler owns neither.
+    // The page owns the alert and the alert owns the handler, so the handler owns neither.
     const std::weak_ptr<UIAlertController> weakAlert = alert;
     const std::weak_ptr<SettingsListController> weakPage = self(this);
     const auto createTapped = [weakPage, weakAlert](UIAlertAction&) {

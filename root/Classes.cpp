@@ -1,4 +1,4 @@
-// What the bundle's module hands over when it is loaded: its pages, by name.
+// The table that the bundle's module returns when it is loaded: its page classes by name.
 
 #include "account/AppsController.h"
 #include "apps/AppsListController.h"

@@ -19,7 +19,8 @@ constexpr const char* EnterCurrentPasscode = "Enter Current Passcode";
 constexpr const char* EnterNewPasscode = "Enter New Passcode";
 constexpr std::int32_t ToleratedFailures = 3;
 
-/// None, which no entry equals, when the document has no passcode; not to be confused with the empty one.
+/// Returns none, which no entry equals, when the document has no passcode; the empty passcode is a different
+/// value.
 std::optional<std::string_view> currentPasscode() {
     return documentSnapshot ? platform::stringValue(documentSnapshot->find(kPasscode)) : std::nullopt;
 }
@@ -60,7 +61,7 @@ void SettingsListController::passcodeDidCancel(PasscodeView& view) {
 }
 
 void SettingsListController::passcodeViewDidDestroy(PasscodeView& view) {
-    // An earlier overlay may end after the next one has come: the one that is kept stays.
+    // An earlier overlay may end after the next one has been shown; then the later one is kept.
     if (passcodeView_.get() == &view)
         setPasscodeView(nullptr);
 }

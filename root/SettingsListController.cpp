@@ -32,7 +32,7 @@ SettingsListController::~SettingsListController() {
 }
 
 const platform::PSListController::Specifiers& SettingsListController::specifiers() {
-    // An empty list counts as none: this page has rows in any case.
+    // An empty list counts as none: this page always has rows.
     if (PSListController::specifiers().empty())
         setSpecifiers(buildSpecifiers());
     return PSListController::specifiers();
@@ -106,8 +106,8 @@ void SettingsListController::viewDidAppear(bool animated) {
 }
 
 void SettingsListController::tableViewDidSelectRowAtIndexPath(platform::NSIndexPath path) {
-    // The accounts' group holds nothing else, so that an account's row is its position in "kAccounts". Taps
-    // in other groups set the index too, harmlessly.
+    // The accounts' group has only account rows, so that an account's row is its position in "kAccounts".
+    // Taps in other groups set the index too, which is harmless.
     SelectedIndex = static_cast<std::intptr_t>(path.row);
     PSListController::tableViewDidSelectRowAtIndexPath(path);
 }

@@ -16,9 +16,9 @@ namespace wardlock {
 class PasscodeView;
 class PreferenceHelper;
 
-/// The bundle's first page: master switch, passcode, accounts and contact. Built anew from the document on
-/// disk each time it is shown. Opening it asks for no passcode; guarding Settings is the enforcing half's
-/// business. Main thread only; failures of writing are not reported.
+/// The bundle's first page: master switch, passcode, accounts and contact. It is rebuilt from the document on
+/// disk each time it is shown. Opening it does not ask for a passcode: the enforcing half guards Settings.
+/// Main thread only; failed writes are not reported.
 class SettingsListController : public platform::PSListController,
                                public PasscodeViewDelegate,
                                public platform::MFMailComposeViewControllerDelegate {
@@ -41,7 +41,7 @@ public:
     void scrollViewWillBeginDragging() override;
 
     // The passcode. Its stage is the keypad's status text: the current passcode first, unless it is empty,
-    // then the new one. The fourth wrong entry in a row closes the overlay; a new passcode is taken on its
+    // then the new one. The fourth wrong entry in a row closes the overlay; a new passcode is accepted on its
     // first entry.
     void passcodePressed();
     void passcodeViewEnteredPasscode(PasscodeView& view, const std::string& passcode) override;
@@ -51,7 +51,8 @@ public:
     void applicationWillResign(const platform::NSNotification& notification);
     void savePasscode(const std::string& passcode);
 
-    // A new account: asks for a name and appends a copy of the default record. Names are taken as they are.
+    // Account creation: asks for a name and appends a copy of the default record. Names are taken as they
+    // are.
     void addAccount();
     void alertTextFieldDidChange(const platform::NSNotification& notification);
     /// A document without an account list is left as it is, with an entry in the log.

@@ -1,4 +1,4 @@
-// The root page's ways to the maker: the profile and a ready-made support mail.
+// The root page's contact with the maker: the profile and a ready-made support mail.
 
 #include "platform/base/Diagnostics.h"
 #include "platform/files/DeviceRoot.h"
@@ -25,7 +25,7 @@ constexpr const char* SubjectFormat = "Wardlock -- %@(%@)";
 constexpr const char* BodyFormat =
     "Application: %@\nDevice: %@\nFirmware: %@\n\nComments:\n%@\n\nReproduce:\n%@";
 constexpr const char* PackageListPath = "/tmp/dpkgl.log";
-// No mail server takes more.
+// Mail servers accept no more.
 constexpr std::size_t LargestAttachment = std::size_t{64} << 20;
 
 std::optional<std::string> contentsOfFile(std::string_view devicePath) {

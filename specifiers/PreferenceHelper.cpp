@@ -89,7 +89,7 @@ PreferenceHelper::Row PreferenceHelper::link(std::string title, std::string_view
     auto row = PSSpecifier::preferenceSpecifierNamed(std::move(title), target(), setAction_, getAction_,
                                                      &platform::PSListItemsController::theClass(),
                                                      PSCellType::LinkList, nullptr);
-    // The titles serve as the short ones too.
+    // The titles serve as the short titles too.
     row->setValues(std::move(values), titles, titles);
     row->setIdentifier(identifier);
     return row;

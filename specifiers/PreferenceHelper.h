@@ -11,11 +11,10 @@
 
 namespace wardlock {
 
-/// Makes the rows of a list page, so that the page's own code reads as a plain list of them. A page keeps one
-/// for as long as its rows live: rows made by initWithBundleIdentifier's helper are bound to the helper
-/// itself, which reads and writes top-level keys of the preferences document. The target is not retained.
-/// Nothing is validated: empty titles, identifiers and null classes are passed on as they are. Main thread
-/// only.
+/// Creates the rows of a list page, so that the page's own code reads as a plain list of them. A page keeps
+/// its helper for as long as its rows live: the helper of initWithBundleIdentifier binds rows to itself. It
+/// then reads and writes top-level keys of the preferences document. The target is not retained. Nothing is
+/// validated: empty titles, identifiers and null classes are passed on as they are. Main thread only.
 class PreferenceHelper : public platform::Object {
 public:
     using PSSpecifier = platform::PSSpecifier;
@@ -25,8 +24,8 @@ public:
     using Row = std::shared_ptr<PSSpecifier>;
     using TextRow = std::shared_ptr<platform::PSTextFieldSpecifier>;
 
-    /// Binds rows to the document of the bundle identifier; changes are announced under the post name unless
-    /// it is empty. Installs the exception report as the process's uncaught-exception handler.
+    /// Binds rows to the document of the bundle identifier. Changes are announced under `post` unless it is
+    /// empty. Installs the exception report as the process's uncaught-exception handler.
     static std::shared_ptr<PreferenceHelper> initWithBundleIdentifier(std::string identifier,
                                                                       std::string post);
     /// Binds rows to accessors of the target.
@@ -34,7 +33,7 @@ public:
                                                             SetAction set, GetAction get);
     ~PreferenceHelper() override;
 
-    /// Changing these affects the rows made afterwards only.
+    /// Changing these affects only the rows created afterwards.
     std::shared_ptr<platform::Object> target() const { return target_.lock(); }
     void setTarget(const std::shared_ptr<platform::Object>& target) { target_ = target; }
     SetAction setAction() const { return setAction_; }
@@ -72,8 +71,8 @@ public:
     TextRow field(std::string placeholder, std::string_view identifier);
     TextRow numberField(std::string placeholder, std::string_view identifier, bool secure);
 
-    /// Gives the row an icon of the bundle that defines the target's class; "png" unless the file name has
-    /// an extension. Answers the row.
+    /// Gives the row an icon of the bundle that defines the target's class, with the extension "png" unless
+    /// the file name has one. Returns the row.
     Row withIcon(Row specifier, std::string_view fileName);
 
     /// What rows bound to the helper itself read and store: a top-level key of the document as it is on disk

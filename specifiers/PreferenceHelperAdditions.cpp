@@ -14,7 +14,7 @@ std::shared_ptr<platform::UIImage> iconOfBundle(const platform::NSBundle& bundle
     std::filesystem::path base(fileName);
     std::string extension = base.extension().string();
     base.replace_extension();
-    // The extension comes with its full stop; a name that ends in one has nothing behind it.
+    // The extension includes its full stop; a name that ends in one has nothing after it.
     extension = extension.size() > 1 ? extension.substr(1) : "png";
     const auto path = bundle.pathForResource(base.string(), extension);
     return path ? platform::UIImage::imageWithContentsOfFile(*path) : nullptr;
