@@ -12,10 +12,10 @@ namespace platform {
 namespace {
 
 constexpr std::size_t trailerLength = 32;
-/// Offsets and references, in bytes.
+/// Width of offsets and references, in bytes.
 constexpr std::size_t widest = 16;
 
-/// A value's weight is about its share of an XML document; the whole may weigh a hundred times what any
+/// A value's weight is about its share of an XML document. The whole may weigh a hundred times what any
 /// settings need.
 constexpr std::uint64_t valueWeight = 64;
 constexpr std::uint64_t heaviest = std::uint64_t(256) << 20;
@@ -43,8 +43,8 @@ std::optional<Value> BinaryPropertyListReader::read() {
     return top ? std::move(top->value) : std::nullopt;
 }
 
-/// The last 32 bytes: six unused, the sizes of an offset and of a reference, the number of objects, the top
-/// one, and where the table of offsets is.
+/// Reads the last 32 bytes: six unused, the sizes of an offset and of a reference, the number of objects, the
+/// top object, and the position of the offset table.
 bool BinaryPropertyListReader::readTrailer() {
     if (!bytes_.starts_with(magic) || bytes_.size() < magic.size() + trailerLength)
         return false;
@@ -59,14 +59,14 @@ bool BinaryPropertyListReader::readTrailer() {
     if (!sizesAreSound || objectCount_ == 0 || table < magic.size() || table > trailer)
         return false;
     table_ = static_cast<std::size_t>(table);
-    // Each object has a byte of its own, at an offset of its own: a table of millions costs its writer as
-    // much.
+    // Each object has a byte of its own, at an offset of its own: a table of millions needs a file of
+    // millions.
     const std::uint64_t offsets = offsetSize_ < 8 ? std::uint64_t(1) << (8 * offsetSize_) : objectCount_;
     const std::uint64_t room = std::min<std::uint64_t>(table_ - magic.size(), offsets);
     return objectCount_ <= std::min<std::uint64_t>(room, (trailer - table_) / offsetSize_);
 }
 
-/// Null when the object is none, contains itself, or is nested too deeply.
+/// Returns null when the object is invalid, contains itself, or is nested too deeply.
 BinaryPropertyListReader::Object* BinaryPropertyListReader::readObject(std::uint64_t index,
                                                                        std::size_t depth) {
     if (index >= objectCount_)
@@ -117,7 +117,7 @@ std::optional<Value> BinaryPropertyListReader::valueAt(std::size_t offset, std::
     }
 }
 
-/// The marker's low half is the length, or tells that an integer object follows with it.
+/// Reads the marker's low half: the length, or the sign that an integer object with the length follows.
 std::optional<BinaryPropertyListReader::Content>
 BinaryPropertyListReader::contentAt(std::size_t offset) const {
     const auto marker = static_cast<std::uint8_t>(bytes_[offset]);
@@ -142,8 +142,8 @@ std::optional<Value> BinaryPropertyListReader::singleByte(std::uint8_t marker) c
     return Value(marker == 9);
 }
 
-/// Shorter integers are unsigned, those of eight bytes signed; sixteen bytes hold what is above the largest
-/// signed one.
+/// Shorter integers are unsigned, those of eight bytes signed; sixteen bytes are for numbers above the
+/// largest signed one.
 std::optional<Value> BinaryPropertyListReader::integer(const Content& content) const {
     const std::size_t size = std::size_t(1) << content.length;
     if (size > 16 || !holds(content.start, 1, size))
@@ -256,7 +256,7 @@ bool BinaryPropertyListReader::readReferences(std::size_t start, std::uint64_t c
     return true;
 }
 
-/// The largest number for one that does not fit: no place in the document and no count of what it holds.
+/// Returns the largest number for one that does not fit: it is neither a valid position nor a valid count.
 std::uint64_t BinaryPropertyListReader::bigEndian(std::size_t at, std::size_t length) const {
     for (; length > sizeof(std::uint64_t); --length)
         if (bytes_[at++] != 0)
@@ -267,7 +267,7 @@ std::uint64_t BinaryPropertyListReader::bigEndian(std::size_t at, std::size_t le
     return number;
 }
 
-/// Whether so many things of a size lie between here and the table of offsets.
+/// Returns whether `count` items of `size` bytes fit between `at` and the offset table.
 bool BinaryPropertyListReader::holds(std::size_t at, std::uint64_t count, std::uint64_t size) const {
     return at <= table_ && count <= (table_ - at) / size;
 }

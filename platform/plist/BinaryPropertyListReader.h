@@ -10,18 +10,18 @@
 
 namespace platform {
 
-/// Reads the binary form ("bplist00") of a property list. Every length is checked against the bytes there are
-/// before anything is allocated for it, and since objects may be named any number of times, the size of the
-/// value once written out is bounded as well.
+/// Reads the binary form ("bplist00") of a property list. Every length is checked against the remaining bytes
+/// before anything is allocated for it. Objects may be named any number of times, so the size of the value
+/// once written out is bounded as well.
 class BinaryPropertyListReader {
 public:
     static constexpr std::string_view magic = "bplist00";
 
-    /// The bytes must outlive the reader.
+    /// `bytes` must outlive the reader.
     explicit BinaryPropertyListReader(std::string_view bytes)
         : bytes_(bytes), dictionaries_(Duplicates::KeepFirst) {}
 
-    /// None unless the bytes are a property list. To be called once.
+    /// Returns nothing unless the bytes are a property list. Call it once.
     std::optional<Value> read();
 
 private:
@@ -29,9 +29,9 @@ private:
     struct Object {
         enum class State : std::uint8_t { Unread, Reading, Read };
         State state = State::Unread;
-        /// Of containers, 1 and more; 0 for other values.
+        /// 1 and more for containers; 0 for other values.
         std::uint16_t height = 0;
-        /// What the value costs written out, with all it contains.
+        /// The bytes of the value written out, with all it contains.
         std::uint64_t weight = 0;
         std::optional<Value> value;
     };

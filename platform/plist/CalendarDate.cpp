@@ -17,7 +17,7 @@ constexpr Seconds reference = sys_days(year(2001) / January / 1);
 constexpr Seconds first = sys_days(year::min() / January / 1);
 constexpr Seconds last = sys_days(year::max() / December / 31) + days(1) - seconds(1);
 
-/// Digits only, at least and at most as many as told, and then the character.
+/// Takes `fewest` to `most` digits and then the character `after`; returns nothing for any other text.
 std::optional<int> takeNumber(std::string_view& text, std::size_t fewest, std::size_t most, char after) {
     const std::size_t length = std::min(text.find_first_not_of("0123456789"), text.size());
     if (length < fewest || length > most || length == text.size() || text[length] != after)

@@ -15,7 +15,7 @@ bool hasKeys(const KeySet& set, std::span<const std::string_view> keys) {
     return true;
 }
 
-/// Null when a key comes twice.
+/// Returns null when a key occurs twice.
 IntrusivePointer<KeySet> newSet(std::span<const std::string_view> keys) {
     std::size_t text = 0;
     for (const std::string_view key : keys)
@@ -37,7 +37,7 @@ Dictionary DictionaryBuilder::make(std::span<const std::string_view> keys, Value
 }
 
 IntrusivePointer<KeySet> DictionaryBuilder::recentSet(std::span<const std::string_view> keys) {
-    // The one found, the first free place, or the oldest, which makes room.
+    // The set that was found, the first free element, or the oldest set, which makes room.
     auto place = std::find_if(recent_.begin(), recent_.end() - 1,
                               [&](const auto& set) { return !set || hasKeys(*set, keys); });
     if (!*place || !hasKeys(**place, keys)) {

@@ -11,13 +11,12 @@ namespace platform {
 /// Which value counts where a document names a key twice in one dictionary.
 enum class Duplicates { KeepFirst, KeepLast };
 
-/// Makes the dictionaries of one document, so that those with the same keys in the same order share their key
-/// set.
+/// Creates the dictionaries of one document. Those with the same keys in the same order share their key set.
 class DictionaryBuilder {
 public:
     explicit DictionaryBuilder(Duplicates duplicates) : duplicates_(duplicates) {}
 
-    /// As many values as keys; the values are moved from.
+    /// `values` has as many elements as `keys`; they are moved from.
     Dictionary make(std::span<const std::string_view> keys, Value* values);
 
 private:
@@ -25,7 +24,7 @@ private:
     Dictionary withDuplicates(std::span<const std::string_view> keys, Value* values) const;
 
     Duplicates duplicates_;
-    /// The sets met last, the latest first. A document has few kinds of records; what is older is only worth
+    /// The latest key sets, the newest first. A document has few kinds of records; an older set is only worth
     /// its memory when it comes again.
     std::array<IntrusivePointer<KeySet>, 16> recent_;
 };

@@ -14,7 +14,7 @@ namespace {
 
 constexpr int mostDamaged = 9;
 
-/// The name under which the bytes of a damaged file are kept, the first, second, ... time.
+/// Returns the name for the bytes of a damaged file; `number` counts the names from 1.
 std::string damagedName(const std::string& path, int number) {
     char digit[2] = {};
     std::to_chars(digit, digit + 1, number);
@@ -29,8 +29,8 @@ DocumentFile::DocumentFile(FileSystem& files, std::string path) : files_(files),
         return uninterrupted([&] { return files_.readFile(path_, largestDocument, bytes); });
     };
     std::error_code error = read();
-    // A disk or a remote folder may fail once and not again; taking the document for unreadable would put
-    // another in its place that has lost its entries.
+    // A disk or a remote folder may fail once and not again. Taking the document for unreadable would replace
+    // it with one that has lost its entries.
     if (error && error != std::errc::no_such_file_or_directory)
         error = read();
     if (error) {
@@ -65,7 +65,7 @@ std::error_code DocumentFile::replace(const Dictionary& dictionary, Sync sync) {
         return error;
     if (std::error_code error = keepOld(sync))
         return error;
-    // The mode that kept us from reading the old file would do so with the new one.
+    // The mode that made the old file unreadable would make the new one unreadable too.
     const Attributes attributes = state_ == State::Unreadable ? Attributes::Private : Attributes::OfOldFile;
     return AtomicWriter(files_).write(path_, bytes, sync, attributes);
 }

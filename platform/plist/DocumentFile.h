@@ -8,25 +8,27 @@
 
 namespace platform {
 
-/// A property-list dictionary in a file, by its path on this machine: what stands there at the moment of
-/// making, and its replacement.
+/// A property-list dictionary in a file, by its path on this machine: its content at construction, and its
+/// replacement.
 class DocumentFile {
 public:
     DocumentFile(FileSystem& files, std::string path);
 
-    /// The dictionary; none when the file is missing, unreadable or no document. An empty dictionary is a
-    /// document.
+    /// Returns the dictionary; nothing when the file is missing, unreadable or not a document. An empty
+    /// dictionary is a document.
     const std::optional<Dictionary>& dictionary() const { return dictionary_; }
 
-    /// Writes the dictionary in the file's place, atomically; the error that kept it from being written, none
-    /// when it stands. What could not be read again (PropertyListError) is not written; the log is told of
-    /// it, since most callers do not look.
+    /// Replaces the file by `dictionary`, atomically. Returns no error when it is written, else the error
+    /// that prevented it. A dictionary that could not be read again (PropertyListError) is not written; the
+    /// log reports it too, since most callers ignore the error.
     ///
-    /// Bytes that are no document are kept beside the file first, as "NAME.damaged" with mode 0600, and
-    /// "NAME.damaged.2" up to 9 when that holds other bytes already; only the last of them is ever replaced.
-    /// A file that cannot be read (or is too large to be a document) is given such a name instead of a copy.
-    /// Where nothing can be kept, nothing is written; nor where this process was short of descriptors or
-    /// memory when it looked: the document may be as good as ever.
+    /// What the file contained is kept beside it first:
+    /// - Bytes that are not a document become "NAME.damaged" with mode 0600. When that already has other
+    ///   bytes, "NAME.damaged.2" up to 9 follow; only the last of them is ever replaced.
+    /// - A file that cannot be read (or is too large to be a document) gets such a name instead of a copy.
+    ///
+    /// Where nothing can be kept, nothing is written. Nor is it where this process was short of descriptors
+    /// or memory when it read the file: the document may be intact.
     std::error_code replace(const Dictionary& dictionary, Sync sync);
 
 private:
@@ -41,7 +43,7 @@ private:
     FileSystem& files_;
     std::string path_;
     State state_ = State::Missing;
-    /// Why it could not be read.
+    /// The error of reading the file.
     std::error_code readError_;
     std::optional<Dictionary> dictionary_;
     std::string damaged_;

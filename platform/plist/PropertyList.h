@@ -10,18 +10,17 @@
 
 namespace platform {
 
-/// Reads a property list, XML or binary, told apart by its first bytes. One pass; nesting and the number of
-/// values are bounded (PropertyListBounds.h). Anything that is not a property list gives none, never an
-/// exception.
+/// Reads a property list, XML or binary, distinguished by its first bytes, in one pass. Nesting and the
+/// number of values are bounded (PropertyListBounds.h). Returns nothing for anything else; never throws.
 WARDLOCK_API std::optional<Value> propertyListWithData(std::string_view bytes);
 
-/// The XML form: declaration, DOCTYPE, <plist version="1.0">, tabs, one element a line, final newline. Of any
-/// value, whether or not it can be read again.
+/// Returns the XML form: declaration, DOCTYPE, <plist version="1.0">, tabs, one element a line, final
+/// newline. Takes any value, also one that cannot be read again.
 WARDLOCK_API std::string dataWithPropertyList(const Value& value);
 WARDLOCK_API std::string dataWithPropertyList(const Dictionary& dictionary);
 
-/// The XML form within the bounds of a document, so that it can be read again; a PropertyListError where the
-/// value exceeds them.
+/// Writes the XML form into `document` within the bounds of a document, so that it can be read again. Returns
+/// a PropertyListError where the value exceeds them.
 WARDLOCK_API std::error_code documentWithPropertyList(const Value& value, std::string& document);
 
 } // namespace platform

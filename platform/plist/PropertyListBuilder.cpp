@@ -34,7 +34,7 @@ bool PropertyListBuilder::close(Container kind) {
     if (kind != Container::Array && frame.keyCount != count)
         return false;
     if (kind == Container::PropertyList) {
-        // Its value has its place already: it is the outer container's next one.
+        // Its value has its position already: it is the outer container's next one.
         frames_.pop_back();
         return true;
     }

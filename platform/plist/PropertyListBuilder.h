@@ -12,33 +12,33 @@
 
 namespace platform {
 
-/// Builds a value from an XML document's elements in the order in which they stand there. A function that
-/// answers false has met an element where it may not stand.
+/// Builds a value from an XML document's elements in their order. A function that returns false has received
+/// an element where it is not allowed.
 class PropertyListBuilder {
 public:
-    /// What has a start and an end tag and values between. A <plist> is the one value that stands in it.
+    /// An element with a start and an end tag and values between. A <plist> contains exactly one value.
     enum class Container : std::uint8_t { Array, Dictionary, PropertyList };
 
-    /// `documentSize` in bytes.
+    /// `documentSize` is in bytes.
     explicit PropertyListBuilder(std::size_t documentSize);
 
-    /// How many containers are open.
+    /// Returns the number of open containers.
     std::size_t depth() const { return frames_.size(); }
 
     bool open(Container kind);
-    /// Closes the innermost container, which must be of that kind and, for a dictionary, have a value for
-    /// each key.
+    /// Closes the innermost container. Returns false unless it is of that kind and, for a dictionary, has a
+    /// value for each key.
     bool close(Container kind);
 
-    /// The key that the last dictionary of this depth had in this place, if a key may stand here and that one
-    /// is written in XML as it is; else empty.
+    /// Returns the key that the last dictionary of this depth had at this position. Returns an empty text
+    /// unless a key is allowed here and that one is written in XML as it is.
     std::string_view expectedKey() const {
         return mayAddKey() && frames_.back().spelledPlainly ? frames_.back().expectedKey()
                                                             : std::string_view();
     }
-    /// Takes the key that expectedKey() answered.
+    /// Takes the key that expectedKey() returned.
     void addExpectedKey() { ++frames_.back().keyCount; }
-    /// The text must stay where it is until the value is taken.
+    /// `text` must stay valid until take().
     bool addKey(std::string_view key);
 
     template <class Content>
@@ -50,7 +50,7 @@ public:
     }
     bool addString(std::string_view text);
 
-    /// The one value that was built, once no container is open.
+    /// Returns the one value that was built; nothing while a container is open.
     std::optional<Value> take();
 
 private:
@@ -59,25 +59,25 @@ private:
         bool spelledPlainly;
         std::size_t firstValue;
         std::size_t firstKey;
-        /// Of a <plist> the number of its values, which is 1.
+        /// For a <plist>, the number of its values, which is 1.
         std::size_t keyCount;
-        /// The keys of the last dictionary of this depth, as long as this one's are the same; then only they
-        /// are counted, not kept.
+        /// The keys of the last dictionary of this depth, as long as this one's are equal; then they are only
+        /// counted, not kept.
         const KeySet* expected;
 
-        /// Empty when there is none.
+        /// Returns an empty text when there is none.
         std::string_view expectedKey() const {
             return expected && keyCount < expected->size() ? (*expected)[keyCount] : std::string_view();
         }
     };
     struct LastKeys {
         IntrusivePointer<KeySet> keys;
-        /// Whether no key has characters that XML writes otherwise.
+        /// Whether XML writes every key without escapes.
         bool spelledPlainly = false;
     };
 
-    /// Whether a value may stand here: anywhere in an array, after a key in a dictionary, once in a <plist>
-    /// and on the outside.
+    /// Returns whether a value is allowed here: anywhere in an array, after a key in a dictionary, once in a
+    /// <plist> and at the top.
     bool mayAdd() const {
         if (frames_.empty())
             return values_.empty();
@@ -97,10 +97,10 @@ private:
     DictionaryBuilder dictionaries_;
     StringPool strings_;
     std::vector<Frame> frames_;
-    /// The elements of all open containers, and the keys that were not as expected.
+    /// The elements of all open containers, and the keys that differed from the expected ones.
     std::vector<Value> values_;
     std::vector<std::string_view> keys_;
-    /// By depth.
+    /// Indexed by depth.
     std::vector<LastKeys> last_;
 };
 

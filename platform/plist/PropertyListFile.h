@@ -12,17 +12,17 @@
 
 namespace platform {
 
-/// The dictionary in the property list at a device path; none when the file is missing, unreadable, no
-/// property list or its root is no dictionary.
+/// Reads the dictionary of the property list at a device path. Returns nothing when the file is missing,
+/// unreadable or not a property list, and when its root is not a dictionary.
 WARDLOCK_API std::optional<Dictionary> dictionaryWithContentsOfFile(std::string_view devicePath);
 
 /// Replaces the file at a device path by the dictionary's XML form, atomically; readers see the old bytes or
-/// the new. A file there that is no document is kept beside as "<name>.damaged" first. Returns whether the
-/// new content stands.
+/// the new. A file that is not a document is kept as "<name>.damaged" first. Returns whether the new content
+/// is in place.
 WARDLOCK_API bool writeToFileAtomically(const Dictionary& dictionary, std::string_view devicePath,
                                         Sync sync = Sync::Full);
 
-/// What became of a read-modify-write.
+/// The result of a read-modify-write.
 struct Update {
     /// The entries after the change, whether or not they could be written.
     Dictionary dictionary;
@@ -32,10 +32,12 @@ struct Update {
     std::error_code error;
 };
 
-/// The one read-modify-write: a new mutable dictionary receives all entries of the file as it now is on disk
-/// (none when it is missing or no document), `change` is applied, and the whole is written back atomically.
-/// When `change` answers false nothing is written. What `change` throws passes through; nothing is written
-/// then.
+/// The read-modify-write that every writer uses. A new mutable dictionary receives all entries of the file as
+/// it is on disk (none when it is missing or not a document). Then `change` is applied and the whole is
+/// written back atomically.
+///
+/// When `change` returns false, nothing is written. An exception of `change` passes through, and nothing is
+/// written either.
 WARDLOCK_API Update updateFile(std::string_view devicePath,
                                const std::function<bool(MutableDictionary&)>& change, Sync sync = Sync::Full);
 

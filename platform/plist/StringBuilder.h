@@ -11,7 +11,7 @@ namespace platform {
 /// A text that grows at its end by many small pieces.
 class StringBuilder {
 public:
-    /// Room for that much at first.
+    /// Reserves `expected` bytes.
     explicit StringBuilder(std::size_t expected) : text_(expected, '\0') {}
 
     template <std::size_t Size>
@@ -20,7 +20,7 @@ public:
         length_ += Size - 1;
     }
     void put(std::string_view piece) {
-        // Of a piece that may be empty, and then without an address.
+        // Not memcpy: a piece may be empty, and then without an address.
         length_ += piece.copy(room(piece.size()), piece.size());
     }
     void putTabs(std::size_t count) {
@@ -28,7 +28,7 @@ public:
         length_ += count;
     }
     std::size_t size() const { return length_; }
-    /// The whole; nothing may be added afterwards.
+    /// Returns the whole text; nothing may be added afterwards.
     std::string take() {
         text_.resize(length_);
         return std::move(text_);

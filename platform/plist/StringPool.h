@@ -7,11 +7,11 @@
 
 namespace platform {
 
-/// Makes the strings of one document. Short ones that recur, such as identifiers in a list of each record,
-/// share their bytes; the pool remembers a bounded number of them.
+/// Creates the strings of one document. Short ones that recur, such as identifiers in a list of each record,
+/// share their bytes. The pool remembers a bounded number of them.
 class StringPool {
 public:
-    /// `documentSize` bounds how much remembering is worth.
+    /// `documentSize`, in bytes, bounds how much remembering is worth.
     explicit StringPool(std::size_t documentSize);
 
     Value string(std::string_view text);

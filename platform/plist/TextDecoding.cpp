@@ -20,7 +20,7 @@ struct Form {
     std::size_t markLength = 0;
 };
 
-/// What an encoding's name says; no byte order where it leaves that to the mark.
+/// The meaning of an encoding's name; no byte order where the name leaves that to the mark.
 struct Declaration {
     Encoding encoding;
     std::optional<ByteOrder> order{};
@@ -57,7 +57,8 @@ std::string utf8FromLatin1(std::string_view bytes) {
     return text;
 }
 
-/// Where Latin-1 has the second block of control characters, windows-1252 has others, but for five places.
+/// windows-1252 differs from Latin-1 where that has the second block of control characters, but for five
+/// codes.
 std::string utf8FromWindows1252(std::string_view bytes) {
     static constexpr unsigned char first = 0x80;
     static constexpr std::array<char16_t, 32> others{
@@ -87,8 +88,7 @@ std::string lowerCase(std::string_view text) {
     return lower;
 }
 
-/// What the text ["encoding" = "name"] of the XML declaration names, in lower case; none when it is not
-/// there.
+/// Returns the value of `encoding="name"` in the XML declaration, in lower case; nothing where it is missing.
 std::optional<std::string> declaredEncoding(std::string_view bytes) {
     constexpr std::string_view space = " \t\r\n";
     bytes.remove_prefix(std::min(bytes.find_first_not_of(space), bytes.size()));
@@ -108,7 +108,7 @@ std::optional<std::string> declaredEncoding(std::string_view bytes) {
     return lowerCase(rest.substr(open + 1, close - open - 1));
 }
 
-/// What the declaration names; UTF-8 where it names none.
+/// Returns what the declaration names; UTF-8 where it names no encoding; nothing for an unknown name.
 std::optional<Declaration> declarationOf(std::string_view bytes) {
     struct Name {
         std::string_view name;
@@ -143,13 +143,13 @@ std::optional<Declaration> declarationOf(std::string_view bytes) {
     return found->meaning;
 }
 
-/// By the mark at the front, or by the zeros that the other bytes of a wide "<" leave.
+/// Finds the form by the byte-order mark, or by the zeros around a "<" in wide units.
 std::optional<Form> byOpening(std::string_view bytes) {
     struct Opening {
         std::string_view bytes;
         Form form;
     };
-    // The longer before the shorter that begin alike.
+    // Of openings that begin alike, the longer comes first.
     static constexpr std::array openings{
         Opening{"\x00\x00\xFE\xFF"sv, {Encoding::Utf32, ByteOrder::Big, 4}},
         Opening{"\xFF\xFE\x00\x00"sv, {Encoding::Utf32, ByteOrder::Little, 4}},
@@ -161,7 +161,7 @@ std::optional<Form> byOpening(std::string_view bytes) {
         Opening{"\x00<"sv, {Encoding::Utf16, ByteOrder::Big, 0}},
         Opening{"<\x00"sv, {Encoding::Utf16, ByteOrder::Little, 0}},
     };
-    // As most documents begin.
+    // The beginning of most documents.
     if (bytes.starts_with("<?xml"))
         return std::nullopt;
     for (const Opening& opening : openings)
@@ -178,8 +178,8 @@ std::optional<Form> byDeclaration(std::string_view bytes) {
     return Form{declared->encoding};
 }
 
-/// Whether the declaration in a text that was decoded by its opening bears them out: wide units without a
-/// mark need one that names them.
+/// Returns whether the declaration of a text that was decoded by its opening agrees: wide units without a
+/// mark need a declaration that names them.
 bool declarationFits(std::string_view text, const Form& form) {
     const std::optional<std::string> name = declaredEncoding(text);
     if (name && name->empty())

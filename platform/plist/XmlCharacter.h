@@ -5,20 +5,20 @@
 
 namespace platform {
 
-/// Characters that no XML document may hold, not even as a reference: most control characters, U+FFFE and
-/// U+FFFF. One of them would make the document unreadable to other readers.
+/// Characters that an XML document may not contain, not even as a reference: most control characters, U+FFFE
+/// and U+FFFF. One of them would make the document unreadable to other readers.
 ///
-/// In a text such a character is written as U+FFFD, which other readers see, and a comment of its code, as in
-/// "<!--U+0007-->", which they pass over and ours takes the character back from.
+/// In a text such a character is written as U+FFFD, which other readers see, and a comment with its code, as
+/// in "<!--U+0007-->". Other readers skip the comment; ours restores the character from it.
 
-/// Whether an XML document may hold the character.
+/// Returns whether an XML document may contain the character.
 bool isXmlCharacter(char32_t character);
 
-/// Appends what stands for a character that is none of XML.
+/// Appends the replacement for a character that XML does not allow.
 void appendReplacement(std::string& text, char32_t character);
 
-/// Puts the character back that the comment's content names, where the text before it ends with U+FFFD. Any
-/// other comment is without effect.
+/// Restores the character that the comment names, where the text before it ends with U+FFFD. Any other
+/// comment has no effect.
 void restoreReplaced(std::string& text, std::string_view comment);
 
 } // namespace platform

@@ -8,18 +8,18 @@
 
 namespace platform {
 
-/// A place in an XML text. What is not there is not taken.
+/// A position in an XML text. A function that does not find its text takes nothing.
 class XmlCursor {
 public:
     explicit XmlCursor(std::string_view text) : at_(text.data()), end_(text.data() + text.size()) {}
 
     bool atEnd() const { return at_ == end_; }
     std::string_view rest() const { return {at_, static_cast<std::size_t>(end_ - at_)}; }
-    /// The character a distance ahead; NUL beyond the end.
+    /// Returns the character `ahead` bytes further on; NUL beyond the end.
     char peek(std::size_t ahead = 0) const { return ahead < rest().size() ? at_[ahead] : '\0'; }
     void skip(std::size_t length) { at_ += length; }
 
-    /// Takes the literal when it comes next.
+    /// Takes `literal` when it comes next.
     template <std::size_t Size>
     bool take(const char (&literal)[Size]) {
         constexpr std::size_t length = Size - 1;
@@ -45,7 +45,7 @@ public:
             ++at_;
     }
 
-    /// Takes everything up to the literal and the literal.
+    /// Takes everything up to and including the literal.
     bool skipPast(std::string_view literal) {
         const std::size_t found = rest().find(literal);
         if (found == std::string_view::npos)
@@ -54,8 +54,8 @@ public:
         return true;
     }
 
-    /// The text before the next such character, which is not taken; false, and nothing taken, when there is
-    /// none.
+    /// Takes the text before the next `character`, which is not taken. Returns false, and takes nothing, when
+    /// there is none.
     bool takeUntil(char character, std::string_view& text) {
         const void* found = std::memchr(at_, character, rest().size());
         if (!found)

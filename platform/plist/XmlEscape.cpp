@@ -14,13 +14,13 @@ constexpr std::uint64_t everyByte(unsigned char byte) {
     return 0x0101010101010101u * byte;
 }
 
-/// Eight characters at once: the highest bit of some byte of the result is set exactly when one of the word's
-/// is zero.
+/// Tests eight bytes at once: the highest bit of some byte of the result is set exactly when one of the
+/// word's bytes is zero.
 constexpr std::uint64_t zeroBytes(std::uint64_t word) {
     return (word - everyByte(1)) & ~word;
 }
 
-/// Whether one of the eight is a control character, "&", "<", ">" or no ASCII.
+/// Returns whether one of the eight is a control character, "&", "<", ">" or not ASCII.
 constexpr bool hasSpecial(std::uint64_t word) {
     const std::uint64_t control = (word - everyByte(0x20)) & ~word;
     const std::uint64_t ampersand = zeroBytes(word ^ everyByte('&'));
@@ -57,7 +57,7 @@ void appendAscii(std::string& text, char c) {
     }
 }
 
-/// The special character at the front; answers how many bytes it takes.
+/// Appends the escape of the special character at the front; returns how many bytes it takes.
 std::size_t appendSpecial(std::string& text, std::string_view characters) {
     const auto [character, length] = decodeUtf8(characters, 0);
     if (length == 1)

@@ -18,7 +18,7 @@ std::string_view trimmed(std::string_view text) {
     return text.substr(first, text.find_last_not_of(space) - first + 1);
 }
 
-/// Takes a sign off the front; answers whether it was a minus.
+/// Takes a sign off the front; returns whether it was a minus.
 bool takeSign(std::string_view& text) {
     const bool minus = text.starts_with('-');
     if (minus || text.starts_with('+'))

@@ -8,10 +8,10 @@
 
 namespace platform {
 
-/// The number of an <integer> element: a sign, decimal or "0x" digits, white space around each; from the
-/// least signed 64-bit integer to the largest unsigned one.
+/// Reads the number of an <integer> element: a sign, decimal or "0x" digits, white space around each. Returns
+/// nothing unless it is between the least signed and the largest unsigned 64-bit integer.
 std::optional<Value> integerFromText(std::string_view text);
-/// The number of a <real> element: decimal, or a word for what is no number or infinite.
+/// Reads the number of a <real> element: decimal, or a word for not-a-number or infinity.
 std::optional<Value> realFromText(std::string_view text);
 
 /// Appends the integer's decimal digits.

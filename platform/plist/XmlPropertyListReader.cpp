@@ -23,7 +23,7 @@ std::optional<Value> XmlPropertyListReader::read() {
     return cursor_.atEnd() ? builder_.take() : std::nullopt;
 }
 
-/// White space, comments and processing instructions. Answers false for one without an end.
+/// Skips white space, comments and processing instructions. Returns false for one without an end.
 bool XmlPropertyListReader::skipMiscellany() {
     for (;;) {
         cursor_.skipSpace();
@@ -53,7 +53,7 @@ bool XmlPropertyListReader::skipDocumentType() {
     return false;
 }
 
-/// What stands before the value: one DOCTYPE at most, and the <plist> tag, which may be missing.
+/// Reads what precedes the value: one DOCTYPE at most, and the <plist> tag, which may be missing.
 bool XmlPropertyListReader::readProlog() {
     if (!skipMiscellany())
         return false;
@@ -194,8 +194,8 @@ XmlPropertyListReader::Element XmlPropertyListReader::takeName() {
     }
 }
 
-/// Takes the rest of a start tag after its name. Attributes, which a property list gives no meaning, are
-/// passed over.
+/// Takes the rest of a start tag after its name. Attributes have no meaning in a property list and are
+/// skipped.
 bool XmlPropertyListReader::skipAttributes() {
     const char next = cursor_.peek();
     if (next != '/' && next != ' ' && next != '\t' && next != '\n' && next != '\r')

@@ -10,15 +10,15 @@
 
 namespace platform {
 
-/// Reads the XML form of a property list in one pass. Entities are never declared nor looked up; a DOCTYPE is
-/// passed over, one with declarations of its own refused.
+/// Reads the XML form of a property list in one pass. Entities are neither declared nor looked up. A DOCTYPE
+/// is skipped; one with declarations of its own is refused.
 class XmlPropertyListReader {
 public:
-    /// The document in UTF-8, without a byte-order mark; it must outlive the reader.
+    /// `document` is UTF-8 without a byte-order mark; it must outlive the reader.
     explicit XmlPropertyListReader(std::string_view document)
         : cursor_(document), builder_(document.size()) {}
 
-    /// None unless the whole document is a property list. To be called once.
+    /// Returns nothing unless the whole document is a property list. Call it once.
     std::optional<Value> read();
 
 private:
@@ -54,7 +54,7 @@ private:
     XmlCursor cursor_;
     PropertyListBuilder builder_;
     XmlText text_;
-    /// The tag taken last.
+    /// The latest tag.
     Element element_ = Element::None;
     TagKind tagKind_ = TagKind::Opening;
     bool wrapped_ = false;

@@ -33,7 +33,7 @@ XmlPropertyListWriter::XmlPropertyListWriter(const Value& root, Bounds bounds)
 std::error_code XmlPropertyListWriter::write() {
     text_.put(prolog);
     writeElement(root_);
-    // What is too large is not written to its end: it may be larger than the memory.
+    // A document that is too large is not written to its end: it may be larger than the memory.
     while (!frames_.empty() && !tooDeep_ && text_.size() <= bounds_.bytes)
         writeNext();
     text_.put(epilog);
@@ -42,7 +42,7 @@ std::error_code XmlPropertyListWriter::write() {
     return text_.size() > bounds_.bytes ? make_error_code(PropertyListError::TooLarge) : std::error_code();
 }
 
-/// The next element of the innermost container, or its end.
+/// Writes the next element of the innermost container, or its end.
 void XmlPropertyListWriter::writeNext() {
     Frame& frame = frames_.back();
     if (frame.next == frame.end)
@@ -122,7 +122,7 @@ void XmlPropertyListWriter::writeString(std::string_view text) {
     text_.put("</string>\n");
 }
 
-/// Dates too, which are numbers of seconds.
+/// Writes dates too, which are numbers of seconds.
 void XmlPropertyListWriter::writeNumber(const Value& value) {
     std::string element;
     if (value.is(Value::Kind::Integer)) {
@@ -141,8 +141,8 @@ void XmlPropertyListWriter::writeNumber(const Value& value) {
     text_.put(std::string_view(element));
 }
 
-/// Base64 on lines of its own. Indentation counts against the width of a line, and stops growing where it
-/// would leave no room.
+/// Writes base64 on lines of its own. Indentation counts against the width of a line, and stops growing where
+/// it would leave no room.
 void XmlPropertyListWriter::writeData(std::string_view bytes) {
     constexpr std::size_t lineWidth = 76;
     constexpr std::size_t tabWidth = 8;

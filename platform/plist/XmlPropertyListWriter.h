@@ -21,12 +21,12 @@ public:
         std::size_t levels = std::numeric_limits<std::size_t>::max();
     };
 
-    /// The root must outlive the writer.
+    /// `root` must outlive the writer.
     XmlPropertyListWriter(const Value& root, Bounds bounds);
 
-    /// Writes the whole document; an error where the bounds are too narrow for it. To be called once.
+    /// Writes the whole document; returns an error where the bounds are too narrow for it. Call it once.
     std::error_code write();
-    /// What was written.
+    /// Returns the written text.
     std::string take() { return text_.take(); }
 
 private:

@@ -18,7 +18,8 @@ struct Pending {
     std::size_t depth;
 };
 
-/// What the elements of a container add, but for their own indentation, which `pending` will count.
+/// Returns what the elements of a container add, except for their own indentation, which `pending` will
+/// count.
 std::size_t containerSize(const Value& value, std::size_t depth, std::vector<Pending>& pending) {
     if (value.is(Value::Kind::Array)) {
         if (!value.array().empty())

@@ -21,8 +21,8 @@ constexpr std::array namedReferences{
     NamedReference{"quot", '"'}, NamedReference{"apos", '\''},
 };
 
-/// Between "&" and ";". Everything numeric is taken that UTF-8 can hold: control characters too, as other
-/// writers keep them.
+/// Appends the character between "&" and ";". Every numeric reference that UTF-8 can encode is accepted:
+/// control characters too, as other writers keep them.
 bool appendReference(std::string& text, std::string_view reference) {
     for (const NamedReference& named : namedReferences) {
         if (reference == named.name) {
@@ -43,7 +43,7 @@ bool appendReference(std::string& text, std::string_view reference) {
     return true;
 }
 
-/// Plain text with references and no tags.
+/// Appends plain text with references and without tags.
 bool appendText(std::string& text, std::string_view raw) {
     for (;;) {
         const std::size_t ampersand = raw.find('&');

@@ -10,12 +10,12 @@
 namespace platform {
 
 /// Reads the characters inside an element: plain text, CDATA, the five named and all numeric character
-/// references, with comments and processing instructions left out. Comments of XmlCharacter.h stand for what
-/// they name.
+/// references. Comments and processing instructions are left out, except that the comments of XmlCharacter.h
+/// restore a character.
 class XmlText {
 public:
-    /// Takes the characters up to the next tag. A part of the document where it says what it means; else kept
-    /// here.
+    /// Takes the characters up to the next tag. Returns a part of the document where it needs no decoding;
+    /// else a text that this object keeps.
     std::optional<std::string_view> take(XmlCursor& cursor);
 
 private:

@@ -6,7 +6,7 @@
 
 namespace platform {
 
-/// Every `step`-th character from `first` to `last` folds to the one `delta` further on.
+/// Every `step`-th character from `first` to `last` folds to the character `delta` further on.
 struct CaseFoldingRange {
     std::uint32_t first;
     std::uint32_t last;
@@ -14,7 +14,7 @@ struct CaseFoldingRange {
     std::int32_t delta;
 };
 
-/// Unicode's simple case foldings, ordered, without overlaps.
+/// Unicode's simple case foldings, in order, without overlaps.
 extern const CaseFoldingRange caseFoldingRanges[];
 extern const std::size_t caseFoldingRangeCount;
 

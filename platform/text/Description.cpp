@@ -12,7 +12,7 @@ namespace platform {
 namespace {
 
 constexpr std::size_t maximumDepth = 64;
-// Shared containers can name more elements than any memory holds.
+// Shared containers can name more elements than fit any memory.
 constexpr std::size_t maximumSize = std::size_t{1} << 20;
 constexpr std::string_view cutShort = "...";
 constexpr std::string_view hexDigits = "0123456789abcdef";
@@ -28,7 +28,7 @@ std::string padded(long long number, std::size_t width) {
     return (number < 0 ? "-" : "") + std::string(width - std::min(width, digits.size()), '0') + digits;
 }
 
-/// "2001-01-01 00:00:00 +0000", whole seconds.
+/// Returns "2001-01-01 00:00:00 +0000", whole seconds.
 std::string dateText(double secondsSince2001) {
     using namespace std::chrono;
     constexpr double farthest = 1e12;
@@ -44,7 +44,7 @@ std::string dateText(double secondsSince2001) {
            padded(clock.minutes().count(), 2) + ":" + padded(clock.seconds().count(), 2) + " +0000";
 }
 
-/// "<01020304 0506>"
+/// Returns "<01020304 0506>".
 std::string dataText(std::string_view bytes) {
     constexpr std::size_t group = 4;
     std::string out = "<";
@@ -90,7 +90,7 @@ void appendEscaped(std::string& out, char c) {
     }
 }
 
-/// A string as it stands inside a collection. Letters beyond ASCII are kept readable.
+/// Returns a string as it is shown inside a collection. Letters beyond ASCII stay readable.
 std::string elementText(std::string_view string) {
     if (!string.empty() && std::all_of(string.begin(), string.end(), isPlain))
         return std::string(string);

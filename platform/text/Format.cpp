@@ -13,7 +13,7 @@ namespace {
 constexpr std::string_view conversions = "@diouxXcsfFeEgGaAp";
 constexpr std::string_view lengthModifiers = "hlqLjzt";
 
-/// Reads a format from its start to its end, taking the arguments as the conversions ask for them.
+/// Reads a format from its start to its end and takes the arguments in the order of the conversions.
 class Formatter {
 public:
     Formatter(std::string_view format, std::span<const FormatArgument> arguments)
@@ -100,7 +100,7 @@ private:
             conversion.precision = std::min(static_cast<std::size_t>(precision), maximumPrecision);
     }
 
-    /// "12", or "*" for the number in the arguments.
+    /// Reads "12", or "*" for the number in the arguments.
     std::optional<long> count() {
         if (peek() != '*')
             return number();
@@ -116,7 +116,7 @@ private:
         return std::nullopt;
     }
 
-    /// The number before a "$"; 0 where there is none.
+    /// Reads the number before a "$"; returns 0 where there is none.
     std::size_t position() {
         const std::size_t start = at_;
         const auto found = number();

@@ -15,8 +15,8 @@
 
 namespace platform {
 
-/// One argument of a format: a number, an address ("%p"), a text, or an object ("%@"). A pointer to an object
-/// and an optional one are the object; an absent object prints as "(null)".
+/// One argument of a format: a number, an address ("%p"), a text, or an object ("%@"). Objects may be passed
+/// by pointer or as std::optional; an absent one prints as "(null)".
 class WARDLOCK_API FormatArgument {
 public:
     template <std::integral T>
@@ -29,7 +29,7 @@ public:
     FormatArgument(const std::string& text) : argument_(std::string_view(text)) {}
     FormatArgument(const Value& object) : argument_(&object) {}
     FormatArgument(std::nullptr_t) {}
-    // The rest stands out of line: inlined at each call it costs code, and gcc 12 takes the object for
+    // The rest is out of line: inlined at each call it costs code, and gcc 12 takes the object for
     // uninitialised.
     FormatArgument(const char* text);
     FormatArgument(const std::string* text);
@@ -51,7 +51,7 @@ public:
     using Argument = std::variant<std::monostate, std::int64_t, std::uint64_t, double, std::string_view,
                                   const Value*, Value>;
     const Argument& argument() const { return argument_; }
-    /// How wide an integer was when it was passed: what an unsigned conversion makes of a negative one.
+    /// Returns the bytes of an integer as it was passed: an unsigned conversion of a negative one needs them.
     std::size_t bytes() const { return bytes_; }
 
 private:
@@ -59,11 +59,14 @@ private:
     std::size_t bytes_ = sizeof(std::int64_t);
 };
 
-/// Formats as the platform's strings do: "%@" an object's description, and the printf conversions
-/// d i u o x X c s f F e E g G a A p % with flags, width, precision, length modifiers (accepted, without
-/// effect: arguments know their size) and positions ("%2$@"). Independent of the process's locale. A
-/// conversion without an argument, or one that does not fit its argument, prints the argument as "%@" would
-/// ("(null)" for none); widths and precisions are bounded.
+/// Formats as the platform's strings do, independent of the process's locale:
+/// - "%@" prints an object's description;
+/// - the printf conversions are d i u o x X c s f F e E g G a A p %;
+/// - flags, width, precision and positions ("%2$@") have their usual effect;
+/// - length modifiers are accepted without effect, since arguments know their size.
+///
+/// A conversion without an argument prints "(null)". One that does not fit its argument prints the argument
+/// as "%@" would. Widths and precisions are bounded.
 WARDLOCK_API std::string formatString(std::string_view format,
                                       std::initializer_list<FormatArgument> arguments);
 
@@ -72,9 +75,12 @@ std::string stringWithFormat(std::string_view format, const Args&... arguments) 
     return formatString(format, {FormatArgument(arguments)...});
 }
 
-/// The platform's description form of a value: a string bare at the top, quoted inside a collection where it
-/// needs it; collections in parentheses and braces, one element a line, booleans as 1 and 0, data in
-/// hexadecimal, dates in UTC. Very deep and very large collections are cut short ("...").
+/// Returns the platform's description of a value:
+/// - a string bare at the top, quoted inside a collection where it needs quotes;
+/// - collections in parentheses and braces, one element a line;
+/// - booleans as 1 and 0, data in hexadecimal, dates in UTC.
+///
+/// Very deep and very large collections are cut short ("...").
 WARDLOCK_API std::string description(const Value& value);
 
 } // namespace platform

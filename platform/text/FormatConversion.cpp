@@ -42,7 +42,7 @@ std::string objectText(const FormatArgument* argument) {
         argument->argument());
 }
 
-/// The text to the width: blanks before it or behind it.
+/// Pads the text to the width, with blanks before it or behind it.
 std::string fitted(const Conversion& conversion, std::string text) {
     if (text.size() >= conversion.width)
         return text;
@@ -50,7 +50,7 @@ std::string fitted(const Conversion& conversion, std::string text) {
     return conversion.left ? text + blanks : blanks + text;
 }
 
-/// A number to the width: zeros, where asked for, stand between its sign and its digits.
+/// Pads a number to the width: zeros, where requested, go between its sign and its digits.
 std::string fittedNumber(const Conversion& conversion, std::string prefix, const std::string& number,
                          bool zerosAllowed) {
     const std::size_t size = prefix.size() + number.size();
@@ -84,7 +84,7 @@ std::string integerText(const Conversion& conversion, bool negative, std::uint64
         else if (conversion.sign)
             prefix = conversion.sign;
     }
-    // The octal alternate form keeps its zero.
+    // The alternate octal form keeps its zero.
     const bool keepsZero = conversion.letter == 'o' && conversion.alternate;
     if (conversion.precision == 0 && magnitude == 0 && !keepsZero)
         number.clear();
@@ -107,7 +107,8 @@ std::string signedText(const Conversion& conversion, std::int64_t number, std::s
     return integerText(conversion, number < 0, magnitude);
 }
 
-/// A character as UTF-8; what a byte cannot hold is cut off, as the conversion does.
+/// Returns a character as UTF-8; the bits that a byte cannot contain are cut off, as in the printf
+/// conversion.
 std::string characterText(const Conversion& conversion, std::uint64_t code) {
     const auto byte = static_cast<unsigned char>(code);
     std::string text;
@@ -121,7 +122,7 @@ std::string characterText(const Conversion& conversion, std::uint64_t code) {
 }
 
 std::string realDigits(const Conversion& conversion, double magnitude) {
-    // The longest: every digit before the point, and the precision behind it.
+    // The longest number: every digit before the point, and the precision behind it.
     std::array<char, 320 + maximumPrecision> buffer;
     char* const begin = buffer.data();
     char* const end = begin + buffer.size();
@@ -139,8 +140,8 @@ std::string realDigits(const Conversion& conversion, double magnitude) {
     return {begin, std::to_chars(begin, end, magnitude, form, precision).ptr};
 }
 
-/// The alternate form has its point, and of the general one all digits that the precision asks for, zeros as
-/// well.
+/// Completes the alternate form: it always has its point, and the general one shows all digits of the
+/// precision, zeros as well.
 void completeAlternate(const Conversion& conversion, std::string& text) {
     if (text.find('.') == std::string::npos)
         text.insert(std::min(text.find_first_of("ep"), text.size()), 1, '.');
@@ -174,7 +175,7 @@ std::string realText(const Conversion& conversion, double number) {
     return fittedNumber(conversion, std::move(prefix), text, finite);
 }
 
-/// Cut to the precision in bytes, never within a character.
+/// Cuts the text to the precision in bytes, never within a character.
 std::string stringText(const Conversion& conversion, std::string_view text) {
     if (conversion.precision && *conversion.precision < text.size()) {
         std::size_t end = *conversion.precision;

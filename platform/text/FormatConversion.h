@@ -8,7 +8,7 @@
 
 namespace platform {
 
-/// What a width and a precision are cut to, so that a format cannot ask for any amount of memory.
+/// Upper bounds of a width and a precision, so that a format cannot ask for any amount of memory.
 inline constexpr std::size_t maximumWidth = 4096;
 inline constexpr std::size_t maximumPrecision = 512;
 
@@ -18,13 +18,13 @@ struct Conversion {
     bool left = false;
     bool zero = false;
     bool alternate = false;
-    char sign = 0; // what stands before a number that is not negative
+    char sign = 0; // what precedes a number that is not negative
     std::size_t width = 0;
     std::optional<std::size_t> precision;
     char letter = 0;
 };
 
-/// The argument as the conversion shows it; "(null)" for none.
+/// Returns the argument as the conversion shows it; "(null)" for none.
 std::string converted(const Conversion& conversion, const FormatArgument* argument);
 
 } // namespace platform

@@ -9,7 +9,7 @@ namespace platform {
 namespace {
 
 constexpr std::size_t PrefixBytes = sizeof(std::uint64_t);
-/// Room for a usual name's key; more is found when needed.
+/// Bytes of a usual name's key; the buffer grows when a name needs more.
 constexpr std::size_t UsualKey = 24;
 
 std::uint64_t prefixOf(std::string_view key) {

@@ -10,27 +10,27 @@
 
 namespace platform {
 
-/// Puts many names in order with one key prepared per name. Names that are missing come after all others;
-/// equals keep the order in which they were added.
+/// Sorts many names with one key prepared per name. Missing names come after all others; equal names keep the
+/// order in which they were added.
 class WARDLOCK_API NameCollator {
 public:
     enum class Comparison {
-        /// appendCaseFolded
+        /// By appendCaseFolded.
         CaseInsensitive,
-        /// appendLocalizedKey
+        /// By appendLocalizedKey.
         LocalizedCaseInsensitive
     };
 
-    /// `expected`: how many names will be added, for room.
+    /// `expected` is the number of names that will be added; more may be.
     NameCollator(Comparison comparison, std::size_t expected);
 
     void add(std::optional<std::string_view> name);
-    /// The positions of the names, as they were added, in order.
+    /// Returns the indexes of the names, in the order they were added, sorted by name.
     std::vector<std::uint32_t> sorted() const;
 
 private:
     struct Entry {
-        /// The key's first bytes as a number that orders as they do: it decides nearly every comparison.
+        /// The key's first bytes as a number that sorts as they do: it decides nearly every comparison.
         std::uint64_t prefix;
         std::uint32_t position;
         bool missing;
@@ -40,7 +40,7 @@ private:
     bool before(const Entry& a, const Entry& b) const;
 
     Comparison comparison_;
-    /// All keys, one after another, and where each ends.
+    /// All keys, one after another; each entry has the end of its own.
     std::string keys_;
     std::vector<std::size_t> ends_;
     std::vector<Entry> entries_;

@@ -87,8 +87,7 @@ private:
         return *this;
     }
     std::string_view bytes() const { return bytes_ ? bytes_->bytes() : std::string_view(); }
-    /// Takes the shared elements out of a container, which becomes empty; returns null for none and for other
-    /// kinds.
+    /// Takes the shared elements out of a container, which becomes empty; null for other kinds.
     ContainerBlock* detachContainer();
     void moveFrom(Value& other) noexcept;
     void destroy();
