@@ -10,8 +10,8 @@ namespace {
 
 using platform::Array;
 
-/// Whether the record at `index` of the one list stands at a position of the other where it did not stand
-/// before. A record that stayed where it was is only equal, and no sign of a move.
+/// Returns whether the record at `index` of `list` is at a position of `other` where it was not before. A
+/// record that stayed where it was is merely equal; that does not show a move.
 bool standsElsewhere(const Array& list, std::size_t index, const Array& other) {
     for (std::size_t i = 0; i < other.size(); ++i)
         if (i != index && other.at(i) == list.at(index) && (i >= list.size() || !(list.at(i) == other.at(i))))

@@ -1,6 +1,6 @@
 #pragma once
 
-/// The list of accounts of the preferences document. An account is known by its position alone, and other
+/// The list of accounts of the preferences document. Only its position identifies an account, and other
 /// processes may change the list at any time.
 
 #include "platform/base/Export.h"
@@ -12,23 +12,23 @@
 
 namespace wardlock {
 
-/// What has become of an account between two looks at the list. A record that was changed where it stands is
-/// the same account still.
+/// What happened to an account between two readings of the list. A record that was changed at its position is
+/// still the same account.
 enum class AccountFate {
     Same,
-    /// Its record stands at another position, and another one at its own.
+    /// Its record is at another position, and another one at its own.
     Moved,
-    /// Its record is gone; another one may stand at its position.
+    /// Its record is gone; another one may be at its position.
     Removed
 };
 
-/// The accounts as they were at one moment. Main thread only.
+/// The accounts at one moment. Main thread only.
 class WARDLOCK_API Accounts {
 public:
-    /// None.
+    /// An empty list.
     Accounts() = default;
     explicit Accounts(platform::Array records) : records_(std::move(records)) {}
-    /// As they are on disk now; none when there is no document or no list in it.
+    /// Reads the accounts on disk; an empty list when the document or its list is missing.
     static Accounts onDisk();
 
     std::size_t size() const { return records_.size(); }
@@ -36,9 +36,10 @@ public:
     std::string name(std::size_t index) const;
     std::vector<std::string> names() const;
 
-    /// What has become of the account at `index` in the `later` list. Records carry no identity: one that
-    /// stood, or stands, at another position is taken for moved; one that is found nowhere else, for changed,
-    /// unless the list has become shorter and the name is another one.
+    /// Compares the account at `index` with the `later` list. Records have no identity of their own:
+    /// - A record that was, or is, at another position counts as moved.
+    /// - A record found nowhere else counts as changed, unless the list has become shorter and the name
+    ///   differs.
     AccountFate fate(std::size_t index, const Accounts& later) const;
 
 private:

@@ -1,8 +1,8 @@
 #pragma once
 
-/// The one message the pages send to other processes: a key of the preferences document or of an account
-/// record has a new value. Name "identifier/post" on the distributed centre, no object, user info of exactly
-/// "key" and "object", delivered immediately. Main thread only.
+/// The one message that the pages send to other processes: a key of the preferences document or of an account
+/// record has a new value. Its name is "identifier/post" on the distributed centre, without an object. The
+/// user info is exactly "key" and "object"; delivery is immediate. Main thread only.
 
 #include "platform/base/Export.h"
 #include "platform/runtime/CFNotificationCenter.h"
@@ -23,7 +23,7 @@ WARDLOCK_API std::string changeNotificationName(std::string_view identifier, std
 WARDLOCK_API void postChange(std::string_view identifier, std::string_view post, std::string_view key,
                              const platform::Value& object);
 
-/// Registers `callback` for the changes of all processes, this one included. `observer` is handed back to it.
+/// Registers `callback` for the changes of all processes, this one included. `observer` is passed to it.
 WARDLOCK_API void observeChanges(std::string_view identifier, std::string_view post, void* observer,
                                  platform::CFNotificationCallback callback);
 

@@ -14,7 +14,7 @@ platform::Array defaultRestrictedApplications() {
     };
 }
 
-/// The order is the one in which a record's keys are listed and written.
+/// A record's keys are listed and written in this order.
 platform::Dictionary defaultAccount() {
     return {
         {kAccountEnabled, false},

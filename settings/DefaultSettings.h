@@ -5,8 +5,8 @@
 
 namespace wardlock {
 
-/// The complete default document: switched on, no passcode, one account record that is itself not enabled.
-/// Every call builds fresh containers; whoever wants to change the result makes a mutable copy.
+/// Returns the complete default document: switched on, no passcode, one account record that is itself not
+/// enabled. Every call builds new containers; a caller that changes the result makes a mutable copy.
 WARDLOCK_API platform::Dictionary DefaultSettings();
 
 } // namespace wardlock

@@ -6,7 +6,7 @@ namespace wardlock {
 
 namespace {
 
-/// Asks for the orientation once for each of the two tests.
+/// Queries the orientation once for each of the two tests.
 bool isPortrait(platform::DeviceInformation& device) {
     return device.statusBarOrientation() == platform::UIInterfaceOrientationPortrait ||
            device.statusBarOrientation() == platform::UIInterfaceOrientationPortraitUpsideDown;
@@ -23,7 +23,7 @@ platform::CGSize screenSize() {
     const platform::CGSize size = device.screenBounds().size;
     if (isPortrait(device))
         return size;
-    // The width is read anew after the orientation was asked for: the screen may have changed in between.
+    // The width is read again after the orientation: the screen may have changed in between.
     return {size.height, device.screenBounds().size.width};
 }
 

@@ -8,10 +8,10 @@
 namespace wardlock {
 
 WARDLOCK_API bool isIpad();
-/// The main screen's size in points as seen in the current orientation: width and height swapped unless it is
-/// portrait.
+/// Returns the main screen's size in points in the current orientation: width and height are swapped unless
+/// it is portrait.
 WARDLOCK_API platform::CGSize screenSize();
-/// Neither portrait nor portrait upside down; an unknown orientation counts as landscape.
+/// Returns true unless portrait or portrait upside down; an unknown orientation counts as landscape.
 WARDLOCK_API bool isLandscape();
 
 } // namespace wardlock

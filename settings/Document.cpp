@@ -21,7 +21,7 @@ bool isMissing(const std::string& path) {
     return platform::uninterrupted(ask) == std::errc::no_such_file_or_directory;
 }
 
-/// The folder itself, or the first above it that is there.
+/// Returns the folder itself, or the nearest one above it that exists.
 std::string firstThatExists(std::string folder) {
     while (isMissing(folder) && platform::folderOf(folder) != folder)
         folder = platform::folderOf(folder);

@@ -10,18 +10,18 @@
 
 namespace wardlock {
 
-/// The preferences document of a bundle identifier as it is on disk now; none when it is missing or no
-/// document. Never creates it.
+/// Reads the preferences document of a bundle identifier from disk. Returns nothing when it is missing or not
+/// a document. Never creates it.
 WARDLOCK_API std::optional<platform::Dictionary> document(std::string_view identifier);
 
-/// Changes it on disk, as platform::updateFile does: `change` gets all its entries as they are now and
-/// answers whether to write.
+/// Changes the document on disk, as platform::updateFile does: `change` receives all its entries as they are
+/// now and returns whether to write.
 WARDLOCK_API platform::Update updateDocument(std::string_view identifier,
                                              const std::function<bool(platform::MutableDictionary&)>& change);
 
-/// Makes the folders above the document, for the user alone, in a device root that lacks them; whether they
-/// were missing and stand now. Nothing is made on the device itself (the root "/"), where the system has made
-/// them for the one they belong to.
+/// Creates the missing folders above the document, for the user alone, in a device root. Returns whether they
+/// were missing and exist now. Creates nothing on the device itself (the root "/"), where the system has
+/// created them for their owner.
 WARDLOCK_API bool makeMissingDocumentFolder(std::string_view identifier);
 
 } // namespace wardlock

@@ -7,7 +7,7 @@
 
 namespace wardlock {
 
-/// The device path of the preferences document of a bundle identifier, formatted anew at each call.
+/// Returns the device path of the preferences document of a bundle identifier, formatted at each call.
 WARDLOCK_API std::string documentPath(std::string_view identifier);
 
 } // namespace wardlock

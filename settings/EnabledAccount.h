@@ -11,26 +11,26 @@
 
 namespace wardlock {
 
-/// The very record inside the cached document, not a copy; none when no account is enabled or none has been
-/// looked for.
+/// The very record inside the cached document, not a copy; empty when no account is enabled or none has been
+/// searched for.
 extern WARDLOCK_API std::optional<platform::Dictionary> EnabledAccount;
 
-/// Searches the cached document afresh; leaves EnabledAccount alone.
+/// Searches the cached document again; leaves EnabledAccount alone.
 WARDLOCK_API std::optional<platform::Dictionary> EnabledAccountNew();
-/// EnabledAccount, searched for while there is none.
+/// Returns EnabledAccount; searches for it while it is empty.
 WARDLOCK_API const std::optional<platform::Dictionary>& EnabledAccountFetchIfNecessary();
 
-/// Look-ups in the enabled account; null, false and 0.0 when there is none. They allocate nothing; an answer
+/// Look-ups in the enabled account; null, false and 0.0 when there is none. They allocate nothing; a result
 /// is valid until the next reload.
 WARDLOCK_API const platform::Value* AccountObject(std::string_view key);
 WARDLOCK_API bool AccountBool(std::string_view key);
 WARDLOCK_API float AccountFloat(std::string_view key);
-/// What AccountObject answers: a value that is no string is handed out as it is.
+/// Returns the result of AccountObject; a value that is not a string is returned as it is.
 WARDLOCK_API const platform::Value* AccountString(std::string_view key);
 
-/// Whether an account is enabled.
+/// Returns whether an account is enabled.
 WARDLOCK_API bool AccountEnabled();
-/// Whether the extension is switched on and an account is enabled.
+/// Returns whether the extension is switched on and an account is enabled.
 WARDLOCK_API bool TweakEnabled();
 
 } // namespace wardlock

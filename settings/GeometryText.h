@@ -9,11 +9,11 @@
 
 namespace wardlock {
 
-/// "{x, y, width, height}"
+/// Returns "{x, y, width, height}".
 WARDLOCK_API std::string frameToString(const platform::CGRect& frame);
-/// "{width, height}"
+/// Returns "{width, height}".
 WARDLOCK_API std::string sizeToString(const platform::CGSize& size);
-/// "{x, y}"
+/// Returns "{x, y}".
 WARDLOCK_API std::string pointToString(const platform::CGPoint& point);
 
 } // namespace wardlock

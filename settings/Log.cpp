@@ -17,10 +17,10 @@ namespace {
 
 constexpr std::string_view entryFormat = "\n%@";
 constexpr std::string_view replacementCharacter = "\xef\xbf\xbd";
-// A log beyond this is no longer looked through, and kept.
+// A log beyond this size is not read, and is kept.
 constexpr std::size_t longestLogRead = std::size_t{16} << 20;
 
-/// Bytes that are no UTF-8 would cost the whole log at the next entry.
+/// Bytes that are not UTF-8 would cost the whole log at the next entry.
 std::string asUtf8(std::string_view text) {
     if (platform::isValidUtf8(text))
         return std::string(text);
@@ -33,8 +33,8 @@ std::string asUtf8(std::string_view text) {
     return out;
 }
 
-/// Reading serves only to tell whether there is a log in UTF-8; where there is none an empty one takes its
-/// place. What fails after that costs the entry.
+/// Reading serves only to find out whether there is a log in UTF-8; else an empty one replaces it. A later
+/// failure costs the entry.
 void writeEntry(const std::string& entry) {
     platform::FileSystem& files = platform::FileSystem::current();
     const std::string path =
@@ -42,7 +42,7 @@ void writeEntry(const std::string& entry) {
     std::string text;
     const std::error_code unread =
         platform::uninterrupted([&] { return files.readFile(path, longestLogRead, text); });
-    // The mode that kept us from reading the old log would do so with the new one, at each entry again.
+    // The mode that made the old log unreadable would make the new one unreadable too, at each entry again.
     if (unread && unread != std::errc::file_too_large)
         platform::AtomicWriter(files).write(path, "", platform::Sync::None, platform::Attributes::Private);
     else if (!unread && !platform::isValidUtf8(text))

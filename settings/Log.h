@@ -1,8 +1,8 @@
 #pragma once
 
 /// The diagnostics log: a plain UTF-8 file that only grows, each entry preceded by a line feed. Entries may
-/// come from any thread; the file is written on the main thread, one entry after another in the order of the
-/// calls. A log that cannot be written loses its entry without a report.
+/// come from any thread; the file is written on the main thread, in the order of the calls. A log that cannot
+/// be written loses its entry without a report.
 
 #include "platform/base/Export.h"
 #include "platform/text/Format.h"

@@ -13,8 +13,8 @@ namespace wardlock {
 
 namespace {
 
-/// Answers whether anything was missing: everything is in a document that is missing itself or empty. Records
-/// of accounts and values of a wrong kind are left as they are.
+/// Returns whether anything was missing; in a missing or empty document everything is. Records of accounts
+/// and values of a wrong kind are left as they are.
 bool fillMissingKeys(platform::MutableDictionary& document) {
     bool changed = false;
     const platform::Dictionary defaults = DefaultSettings();
@@ -34,7 +34,7 @@ ChangeCallback UpdateCallback;
 
 platform::Dictionary SettingsNew() {
     platform::Update loaded = updateDocument(BundleIdentifier, fillMissingKeys);
-    // A device has had the folder from the start; a device root that is used for the first time has not.
+    // A device has had the folder from the start; a new device root has not.
     if (loaded.changed && !loaded.written && makeMissingDocumentFolder(BundleIdentifier))
         loaded = updateDocument(BundleIdentifier, fillMissingKeys);
     return loaded.dictionary;

@@ -12,9 +12,8 @@
 
 namespace platform {
 
-/// A page that is a list of rows made from specifiers. A subclass builds them in specifiers(); the host shows
-/// the sections() and comes back with taps and values. A subclass that shows something else replaces its
-/// view.
+/// A page that is a list of rows built from specifiers. A subclass builds them in specifiers(). The host
+/// shows the sections() and reports taps and values. A subclass that shows something else replaces its view.
 class WARDLOCK_API PSListController : public UIViewController {
 public:
     using Specifiers = std::vector<std::shared_ptr<PSSpecifier>>;
@@ -22,35 +21,35 @@ public:
     PSListController();
     ~PSListController() override;
 
-    /// The page's rows; a subclass overrides it to build them when hasSpecifiers() is false.
+    /// Returns the page's rows; a subclass overrides it to build them when hasSpecifiers() is false.
     virtual const Specifiers& specifiers();
     void setSpecifiers(Specifiers specifiers);
     bool hasSpecifiers() const { return specifiers_.has_value(); }
-    /// Drops the list, asks specifiers() to build it anew and tells the host.
+    /// Drops the list, has specifiers() build it again and notifies the host.
     void reloadSpecifiers();
-    /// The host reads the row's value again.
+    /// Makes the host read the row's value again.
     void reloadSpecifier(const PSSpecifier& specifier);
     /// Adds a row at the end of the list.
     void addSpecifier(const std::shared_ptr<PSSpecifier>& specifier, bool animated);
 
     /// The specifier whose row pushed this page; null for a bundle's first page. The page's title is its name
-    /// unless the page says otherwise.
+    /// unless the page sets another.
     const std::shared_ptr<PSSpecifier>& specifier() const { return specifier_; }
     void setSpecifier(std::shared_ptr<PSSpecifier> specifier);
 
     std::string title() const override { return navigationTitle(); }
     virtual std::string navigationTitle() const;
-    /// Has the list ready.
+    /// Builds the list.
     void viewWillAppear(bool animated) override;
 
-    /// A tap on a row: performs a button's action, pushes the detail page of a link or a link list. Rows of
-    /// other kinds do nothing here.
+    /// Handles a tap on a row: performs a button's action, pushes the detail page of a link or a link list.
+    /// Rows of other kinds do nothing here.
     virtual void tableViewDidSelectRowAtIndexPath(NSIndexPath path);
     /// A person starts to drag the list.
     virtual void scrollViewWillBeginDragging() {}
 
-    /// For the host: the rows in their sections, valid until the list changes; whether the list is what the
-    /// page shows.
+    /// For the host: the rows in their sections, valid until the list changes; whether the page shows the
+    /// list.
     const PSListSections& sections();
     bool showsList();
 

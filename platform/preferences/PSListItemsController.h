@@ -15,7 +15,7 @@ public:
     const Specifiers& specifiers() override;
     void tableViewDidSelectRowAtIndexPath(NSIndexPath path) override;
 
-    /// Whether the row carries the mark.
+    /// Returns whether the row has the mark.
     bool isChosen(NSIndexPath path);
 };
 

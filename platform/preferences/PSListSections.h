@@ -10,8 +10,8 @@
 
 namespace platform {
 
-/// A list of specifiers as sections and rows: a group specifier starts a section, with its name as header and
-/// its "footerText" as footer; rows before the first group form a section without either.
+/// A list of specifiers as sections and rows. A group specifier starts a section, with its name as header and
+/// its "footerText" as footer. Rows before the first group form a section without either.
 class WARDLOCK_API PSListSections {
 public:
     struct Section {
@@ -27,7 +27,7 @@ public:
     explicit PSListSections(const std::vector<std::shared_ptr<PSSpecifier>>& specifiers);
 
     const std::vector<Section>& sections() const { return sections_; }
-    /// Null when there is no such row.
+    /// Returns null when there is no such row.
     std::shared_ptr<PSSpecifier> at(NSIndexPath path) const;
     std::optional<NSIndexPath> find(const PSSpecifier& specifier) const;
 

@@ -30,7 +30,7 @@ enum class PSCellType : int {
 
 enum class UIKeyboardType : int { Default = 0, NumberPad = 4 };
 
-/// The names of the properties that rows are built from.
+/// The names of the properties from which rows are built.
 namespace PSKey {
 inline constexpr const char* id = "id";
 inline constexpr const char* footerText = "footerText";
@@ -43,14 +43,14 @@ inline constexpr const char* defaultValue = "default";
 inline constexpr const char* enabled = "enabled";
 } // namespace PSKey
 
-/// The record of one row or group of a list page. The target is not retained: reading from one that is gone
-/// gives none, storing and acting do nothing.
+/// The record of one row or group of a list page. The target is not retained. When it is gone, reading
+/// returns nothing, and storing and acting have no effect.
 class WARDLOCK_API PSSpecifier : public Object {
 public:
     using SetAction = Selector<void(const Value* value, PSSpecifier& specifier)>;
     using GetAction = Selector<std::optional<Value>(PSSpecifier& specifier)>;
     using ButtonAction = Selector<void(PSSpecifier& specifier)>;
-    /// A property holds nothing, a value or a picture.
+    /// A property is empty, a value or an image.
     using Property = std::variant<std::monostate, Value, std::shared_ptr<UIImage>>;
 
     static std::shared_ptr<PSSpecifier>
@@ -74,9 +74,9 @@ public:
     void setIdentifier(std::string_view identifier);
     const Property& propertyForKey(std::string_view key) const;
     void setProperty(Property property, std::string_view key);
-    /// The property when it holds a value; null otherwise.
+    /// Returns the property when it is a value; null otherwise.
     const Value* valueForKey(std::string_view key) const;
-    /// The property when it holds a picture; null otherwise.
+    /// Returns the property when it is an image; null otherwise.
     std::shared_ptr<UIImage> imageForKey(std::string_view key) const;
 
     /// The choices of a link list.
@@ -92,7 +92,7 @@ public:
     int autoCaps() const { return autoCaps_; }
     int autoCorrection() const { return autoCorrection_; }
 
-    /// The value to show, through the get action.
+    /// Returns the value to show, through the get action.
     std::optional<Value> performGetter();
     /// Stores what a person chose, through the set action.
     void performSetter(const Value* value);

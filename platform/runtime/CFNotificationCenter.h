@@ -11,33 +11,33 @@ namespace platform {
 
 class CFNotificationCenter;
 
-/// `object` and `userInfo` are null where the poster gave none; all arguments are valid during the call only.
+/// `object` and `userInfo` are null where the poster gave none. All arguments are valid during the call only.
 using CFNotificationCallback = void (*)(CFNotificationCenter& center, void* observer, std::string_view name,
                                         const std::string* object, const Dictionary* userInfo);
 
 enum class CFNotificationSuspensionBehavior { Drop = 1, Coalesce = 2, Hold = 3, DeliverImmediately = 4 };
 
 /// A notification centre that reaches other processes. Main thread only; callbacks run there, from
-/// MainLoop::process(), observers in the posting process within the post itself.
+/// MainLoop::process(). Observers in the posting process run within the post itself.
 class WARDLOCK_API CFNotificationCenter {
 public:
     virtual ~CFNotificationCenter();
 
-    /// The registration is effective when this returns, or when the bus that cannot be reached now comes
+    /// The registration is effective when this returns. Without a bus it takes effect when the bus comes
     /// back.
     virtual void addObserver(void* observer, CFNotificationCallback callback, std::string_view name,
                              const std::string* object, CFNotificationSuspensionBehavior suspension) = 0;
-    /// Never blocks for long and reports nothing: without a bus the observers of this process are told all
-    /// the same.
+    /// Never blocks for long and reports no error: without a bus the observers of this process are still
+    /// notified.
     virtual void postNotification(std::string_view name, const std::string* object,
                                   const Dictionary* userInfo, bool deliverImmediately) = 0;
 };
 
-/// The centre that reaches every process of this device root.
+/// Returns the centre that reaches every process of this device root.
 WARDLOCK_API CFNotificationCenter& CFNotificationCenterGetDistributedCenter();
 
-/// For tests: what CFNotificationCenterGetDistributedCenter answers from now on; null brings the real one
-/// back. Does not take ownership.
+/// For tests: replaces the result of CFNotificationCenterGetDistributedCenter; null restores the real centre.
+/// The caller keeps ownership.
 WARDLOCK_API void setDistributedCenter(CFNotificationCenter* center);
 
 WARDLOCK_API void CFNotificationCenterAddObserver(CFNotificationCenter& center, void* observer,

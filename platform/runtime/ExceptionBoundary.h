@@ -7,11 +7,12 @@
 
 namespace platform {
 
-/// The exception boundary. A host enters pages, callbacks and whatever else may throw through it, wherever an
-/// exception must not go on into the caller: a toolkit's loop, a library written in C, a destructor, a
-/// `noexcept` function. Returns what `call` returns. What `call` throws and does not catch ends the process
-/// here with the exception current, so that the uncaught-exception handler and the last rites run
-/// (NSException.h).
+/// The exception boundary. A host enters pages, callbacks and any other code that may throw through it,
+/// wherever an exception must not reach the caller: a toolkit's loop, a library written in C, a destructor, a
+/// `noexcept` function.
+///
+/// Returns what `call` returns. An exception that leaves `call` ends the process here while the exception is
+/// current, so that the uncaught-exception handler and the termination hook run (NSException.h).
 ///
 /// `noexcept` alone does not do that. gcc 12 may inline such a function together with clean-ups, and then
 /// calls std::terminate without an active exception, which leaves nothing to report.
@@ -22,7 +23,7 @@ std::invoke_result_t<Call> callOrTerminate(Call&& call) noexcept {
     try {
         return std::invoke(std::forward<Call>(call));
     } catch (...) {
-        // Within the handler the exception is the current one.
+        // Inside the handler the exception is the current one.
         std::terminate();
     }
 }

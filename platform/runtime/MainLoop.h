@@ -7,21 +7,21 @@
 
 namespace platform {
 
-/// What a host's loop watches on the platform's behalf: the main queue and the distributed notification
-/// centre behind one descriptor. Main thread only.
+/// What a host's loop watches for the platform: the main queue and the distributed notification centre behind
+/// one descriptor. Main thread only.
 class WARDLOCK_API MainLoop {
 public:
     static MainLoop& shared();
 
-    /// Readable when process() has something to do; timeouts included. Owned by the loop, valid for the
-    /// process's life.
+    /// Returns the descriptor that is readable when process() has work, timeouts included. The loop owns it;
+    /// it is valid until the process ends.
     int descriptor() const;
-    /// Does what is due now and returns; never waits.
+    /// Processes what is due now and returns; never waits.
     void process();
-    /// A loop for hosts that have none: processes until `done` answers true or the deadline passes; returns
-    /// what `done` answered last.
+    /// A loop for hosts that have none: processes until `done` returns true or `timeout` has passed. Returns
+    /// the last result of `done`.
     bool runUntil(const std::function<bool()>& done, std::chrono::milliseconds timeout);
-    /// From any thread: makes the descriptor readable, so that the host calls process().
+    /// Makes the descriptor readable, so that the host calls process(). Any thread.
     void wakeUp();
 
 private:

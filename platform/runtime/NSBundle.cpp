@@ -14,9 +14,9 @@ namespace platform {
 namespace {
 
 constexpr const char* infoFile = "/Info.plist";
-// A module lies in its bundle or in a folder or two inside; what lies further up is not about it.
+// A module is in its bundle or in a folder or two inside; a bundle further up is not its own.
 constexpr int foldersLookedAt = 3;
-// No file and no class is called longer, and reasons name them.
+// No file and no class has a longer name, and reasons quote them.
 constexpr std::size_t longestName = 1024;
 
 std::optional<Dictionary> infoIn(const std::string& folder) {
@@ -27,7 +27,7 @@ std::string stringIn(const Dictionary& info, std::string_view key) {
     return std::string(stringValue(info.find(key)).value_or(""));
 }
 
-/// Whether a name stays inside the folder it is looked up in.
+/// Returns whether a name stays inside the folder in which it is looked up.
 bool staysInside(std::string_view name) {
     while (!name.empty()) {
         const std::string_view component = name.substr(0, name.find('/'));
@@ -96,7 +96,7 @@ const Class* NSBundle::principalClass(std::string& reason) {
         reason = path_ + infoFile + " names no class in NSPrincipalClass";
         return nullptr;
     }
-    // One handle for each bundle object, and never given back: a bundle stays loaded.
+    // One handle for each bundle object, never released: a bundle stays loaded.
     if (!module_)
         module_ = openModule(way_ + '/' + executable, RTLD_Lazy, reason);
     if (!module_)

@@ -37,7 +37,7 @@ void NSNotificationCenter::removeIf(Matches matches) {
     std::erase_if(registrations_, [&](const std::shared_ptr<Registration>& registration) {
         if (!matches(*registration))
             return false;
-        // A dispatch under way still holds the registration; without its observer it tells nobody.
+        // A dispatch in progress still has the registration; without its observer it notifies no one.
         registration->observer.reset();
         return true;
     });

@@ -21,8 +21,8 @@ struct NSNotification {
 };
 
 /// Notifications inside the process. Main thread only. Observers and objects are not retained: an observer
-/// that is gone is dropped. Dispatch works on a snapshot of the observers: one added meanwhile is not told,
-/// one removed meanwhile neither.
+/// that is gone is dropped. Dispatch works on a snapshot of the observers; one that is added or removed
+/// meanwhile is not notified.
 class WARDLOCK_API NSNotificationCenter {
 public:
     using Action = Selector<void(const NSNotification&)>;
@@ -32,15 +32,15 @@ public:
     /// `object` null: posts of any object.
     void addObserver(const std::shared_ptr<Object>& observer, Action action, std::string_view name,
                      const std::shared_ptr<Object>& object = nullptr);
-    /// Removes the observer altogether. Takes a plain reference so that a destructor can call it.
+    /// Removes every registration of the observer. Takes a plain reference so that a destructor can call it.
     void removeObserver(const Object& observer);
     /// Removes the observer's registrations for the name; `object` null: of any object.
     void removeObserver(const Object& observer, std::string_view name,
                         const std::shared_ptr<Object>& object = nullptr);
-    /// Tells the observers in the order of their registration before it returns.
+    /// Notifies the observers in the order of their registration before it returns.
     void postNotification(std::string_view name, const std::shared_ptr<Object>& object = nullptr,
                           std::optional<Dictionary> userInfo = std::nullopt);
-    /// How many registrations stand, of observers that live.
+    /// Returns the number of registrations whose observers are alive.
     std::size_t observerCount(std::string_view name) const;
 
 private:

@@ -19,7 +19,7 @@ const std::thread::id loadingThread = std::this_thread::get_id();
 struct NSOperationQueue::State {
     std::mutex mutex;
     std::deque<std::function<void()>> operations;
-    /// How many operations were taken so far: the position of the first one in the sequence of all.
+    /// The number of operations taken so far: the position of the first queued one in the sequence of all.
     std::uint64_t taken = 0;
 };
 
@@ -46,7 +46,7 @@ void NSOperationQueue::addOperation(std::function<void()> operation) {
 void NSOperationQueue::drain() {
     std::unique_lock lock(state_->mutex);
     const std::uint64_t end = state_->taken + state_->operations.size();
-    // One at a time, so that what an operation that throws leaves behind stays queued for the last rites.
+    // One at a time: what is queued after an operation that throws stays queued for the termination hook.
     while (state_->taken < end) {
         const auto operation = std::move(state_->operations.front());
         state_->operations.pop_front();

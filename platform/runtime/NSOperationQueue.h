@@ -12,13 +12,13 @@ class WARDLOCK_API NSOperationQueue {
 public:
     static NSOperationQueue& mainQueue();
 
-    /// From any thread; tasks run on the main thread in the order in which they were added.
+    /// Adds a task; tasks run on the main thread in the order in which they were added. Any thread.
     void addOperation(std::function<void()> operation);
-    /// Main thread: runs the tasks that are queued now; those that they add wait for the next call.
+    /// Runs the tasks that are queued now; those that they add wait for the next call. Main thread.
     void drain();
-    /// From any thread: whether no task waits.
+    /// Returns whether the queue is empty. Any thread.
     bool empty() const;
-    /// Whether the caller is the thread on which the platform library was loaded.
+    /// Returns whether the caller is the thread on which the platform library was loaded.
     static bool isMainThread();
 
 private:

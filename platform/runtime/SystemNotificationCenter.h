@@ -4,7 +4,8 @@ namespace platform {
 
 class CFNotificationCenter;
 
-/// The operating system's own distributed centre, made at first use and kept until the process ends.
+/// Returns the operating system's own distributed centre, created on first use and kept until the process
+/// ends.
 CFNotificationCenter& systemNotificationCenter();
 
 } // namespace platform

@@ -17,9 +17,9 @@ class WARDLOCK_API ALApplicationList : public Object {
 public:
     ~ALApplicationList() override;
 
-    /// Display identifier to display name (a string), every installed application.
+    /// Returns every installed application: display identifier to display name (a string).
     virtual Dictionary applications() = 0;
-    /// A square icon of `size` points; null when the application is not installed or has none.
+    /// Returns a square icon of `size` points; null when the application is not installed or has none.
     virtual std::shared_ptr<UIImage> iconOfSize(int size, std::string_view displayIdentifier) = 0;
 };
 

@@ -15,15 +15,16 @@ inline constexpr long UIInterfaceOrientationPortraitUpsideDown = 2;
 inline constexpr long UIInterfaceOrientationLandscapeLeft = 3;
 inline constexpr long UIInterfaceOrientationLandscapeRight = 4;
 
-/// What the device says of itself. Main thread only; each call asks anew.
+/// What the device reports about itself. Main thread only; each call reads again.
 class WARDLOCK_API DeviceInformation {
 public:
     virtual ~DeviceInformation();
 
     virtual long userInterfaceIdiom() = 0;
-    /// The main screen's bounds in points as it stands upright: they do not turn with the orientation.
+    /// Returns the main screen's bounds in points in its upright position: they do not turn with the
+    /// orientation.
     virtual CGRect screenBounds() = 0;
-    /// The main screen's pixels per point. 2 where nobody knows better: a picture that is too fine looks
+    /// Returns the main screen's pixels per point; 2 where it is unknown. An image that is too fine looks
     /// right, one that is too coarse does not.
     virtual double screenScale() { return 2; }
     virtual long statusBarOrientation() = 0;
@@ -33,13 +34,15 @@ public:
     virtual std::string machine() = 0;
 
     static DeviceInformation& current();
-    /// What a host knows better than the machine, told to the machine's own information: the size its window
-    /// gives the screen as it is held (390 x 844 until then; portrait unless wider than high), its scale, and
-    /// the idiom it shows (a phone's until then).
+    /// Set by a host on the machine's own information:
+    /// - the size its window gives the screen as it is held (390 x 844 until then; portrait unless wider than
+    ///   high);
+    /// - its scale;
+    /// - the idiom it shows (a phone's until then).
     static void setScreenSize(CGSize size);
     static void setScreenScale(double pixelsPerPoint);
     static void setUserInterfaceIdiom(long idiom);
-    /// Null brings the machine's own back. Does not take ownership.
+    /// Null restores the machine's own. The caller keeps ownership.
     static void setCurrent(DeviceInformation* information);
 };
 

@@ -24,8 +24,8 @@ public:
                                                                const std::string& error) = 0;
 };
 
-/// The sheet in which a person reads, edits and sends a mail. Its delegate is not retained and takes the
-/// sheet down.
+/// The sheet in which a person reads, edits and sends a mail. Its delegate is not retained and dismisses the
+/// sheet.
 class WARDLOCK_API MFMailComposeViewController : public UIViewController {
 public:
     static bool canSendMail();
@@ -40,7 +40,7 @@ public:
     void addAttachmentData(std::string data, std::string mimeType, std::string fileName);
     const MailMessage& message() const { return message_; }
 
-    /// What a person does. Sending goes through the MailService; the outcome is kept for the host to tell.
+    /// What a person does. Sending goes through the MailService; the outcome is kept for the host to show.
     void removeAttachment(std::size_t index);
     void send();
     void cancel();

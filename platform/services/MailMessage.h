@@ -11,7 +11,7 @@ struct MailAttachment {
     std::string fileName;
 };
 
-/// A mail as the composer holds it; texts are UTF-8.
+/// A mail in the composer; texts are UTF-8.
 struct MailMessage {
     std::vector<std::string> recipients;
     std::string subject;

@@ -8,11 +8,12 @@
 
 namespace platform {
 
-/// What became of a mail that was sent off.
+/// The result of sending a mail.
 struct MailOutcome {
     enum class Kind { HandedOver, SavedToOutbox, Failed };
     Kind kind = Kind::Failed;
-    /// One sentence for the person: which program has the mail, where it lies, or why it could not be sent.
+    /// One sentence for the person: which program has the mail, where it is saved, or why it could not be
+    /// sent.
     std::string message;
 };
 
@@ -22,12 +23,12 @@ public:
     virtual ~MailService();
 
     virtual bool canSendMail() = 0;
-    /// Tries the routes in their order; `done` is called on the main thread, possibly before this returns.
+    /// Tries the routes in their order. Calls `done` on the main thread, possibly before this returns.
     virtual void send(const MailMessage& message, std::function<void(const MailOutcome&)> done) = 0;
 
-    /// The process's service; one that can send nothing while none is set.
+    /// Returns the process's service; while none is set, one that cannot send.
     static MailService& current();
-    /// Null takes it back. Not owned.
+    /// Sets the process's service; null removes it. The caller keeps ownership.
     static void setCurrent(MailService* service);
 };
 

@@ -21,7 +21,7 @@ public:
 };
 
 /// The four-digit keypad. Its delegate is not retained. It takes input while its alpha is above 0, so while
-/// it fades in and not while it fades out. The fourth digit reports the entry; digits beyond it are ignored
+/// it fades in and not while it fades out. The fourth digit reports the entry; further digits are ignored
 /// until a reset.
 class WARDLOCK_API SBUIPasscodeLockViewSimple4DigitKeypad : public UIView {
 public:
@@ -39,7 +39,7 @@ public:
     void resetForFailedPasscode();
     void _setStatusText(std::string text);
     const std::string& _statusText() const { return statusText_; }
-    /// "Enter Passcode".
+    /// Returns "Enter Passcode".
     std::string _defaultStatusText() const;
     /// Shows the text, and the subtitle below it (empty for none).
     void updateStatusText(std::string text, std::string subtitle, bool animated);
@@ -48,23 +48,23 @@ public:
     double backgroundAlpha() const { return backgroundAlpha_; }
     void setBackgroundAlpha(double alpha);
 
-    /// What a person sees of it beyond that.
+    /// What a person sees besides.
     const std::string& shownText() const { return shownText_; }
     const std::string& shownSubtitle() const { return shownSubtitle_; }
-    /// Counts the failures shown, so that each can be shaken for once.
+    /// Counts the failures shown, so that a front end shakes once for each.
     int failures() const { return failures_; }
     bool takesInput() const { return alpha() > 0; }
 
-    /// What a person does. `digit` is 0 to 9, anything else is ignored.
+    /// What a person does. `digit` is 0 to 9; anything else is ignored.
     void pressDigit(int digit);
     void pressDelete();
     void pressCancel();
-    /// Does nothing while the button is not shown.
+    /// No effect while the button is not shown.
     void pressEmergencyCall();
-    /// The second way to enter: a whole passcode recognised otherwise. Nothing but one of four digits can be
-    /// entered this way either, for no other could ever be typed again.
+    /// The second way of entry: a whole passcode recognised by other means. It has to be four digits here
+    /// too, since any other passcode could never be typed again.
     void enterViaMesa(std::string passcode);
-    /// Whether the text is a passcode of this keypad: four digits.
+    /// Returns whether the text is a passcode of this keypad: four digits.
     static bool isPasscode(std::string_view text);
 
 private:

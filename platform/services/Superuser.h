@@ -4,7 +4,7 @@
 
 namespace platform {
 
-/// Whether this process acts with the superuser's rights, which some engines refuse to be sandboxed with.
+/// Returns whether this process has the superuser's rights, with which some engines refuse to be sandboxed.
 WARDLOCK_API bool isSuperuser();
 
 } // namespace platform

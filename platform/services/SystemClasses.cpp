@@ -69,7 +69,7 @@ const Class workspaceEvent("FBWorkspaceEvent", nullptr, onlyInstance<EventMaker>
 const Class workspaceEventQueue("FBWorkspaceEventQueue", nullptr, onlyInstance<EventQueueMaker>);
 const Class* const systemClasses[] = {&keypadFactory, &workspaceEvent, &workspaceEventQueue};
 
-// They are there for as long as the platform is, without anybody opening a module for them.
+// They are registered for as long as the platform is loaded, without a module.
 [[maybe_unused]] const bool registered = (registerClasses(systemClasses), true);
 
 } // namespace

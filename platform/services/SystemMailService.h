@@ -4,10 +4,13 @@
 
 namespace platform {
 
-/// The ways mail leaves this machine, tried in this order: the desktop's email portal, where a bus and the
-/// portal are; xdg-email, where a mail program is registered and a display is; the device root's outbox
-/// folder, where there is one: a complete message is saved there. canSendMail() answers within seconds
-/// whatever the desktop does; sending happens beside the main thread and is told on it.
+/// Returns the service that tries these ways in order:
+/// - the desktop's email portal, where there is a bus with a portal;
+/// - xdg-email, where there are a registered mail program and a display;
+/// - the device root's outbox folder, where it exists: a complete message is saved there.
+///
+/// canSendMail() returns within seconds whatever the desktop does. Sending runs beside the main thread and is
+/// reported on it.
 WARDLOCK_API MailService& systemMailService();
 
 /// The device path of the outbox folder.

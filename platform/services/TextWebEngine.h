@@ -19,9 +19,9 @@ struct TextWebEngineOptions {
     std::string connectTo;
 };
 
-/// An engine that fetches pages over http and https and gives their text and links, for faces that cannot
-/// show a page itself. It runs no scripts, keeps no cookies and loads nothing that a page embeds. Main thread
-/// only; its reports come from the main queue. When it goes, what it was loading is given up.
+/// Returns an engine that fetches pages over http and https and provides their text and links, for front ends
+/// that cannot show a page itself. It runs no scripts, keeps no cookies and loads nothing that a page embeds.
+/// Main thread only; its reports come from the main queue. Its destruction cancels its loads.
 WARDLOCK_API std::shared_ptr<WebEngine> makeTextWebEngine(const TextWebEngineOptions& options = {});
 
 } // namespace platform

@@ -12,7 +12,7 @@ class StandingClock : public AnimationClock {
     void after(Time, std::function<void()> action) override { action(); }
 };
 
-/// A century: sums of two such times are still times.
+/// A century: the sum of two such times does not overflow.
 constexpr std::chrono::hours longest{24 * 36'525};
 
 AnimationClock* currentClock = nullptr;

@@ -7,28 +7,27 @@
 
 namespace platform {
 
-/// The time that animations and page transitions run on: real where a window shows them, stepped by hand in
-/// tests and scripts. Times are whole nanoseconds, so that times that follow each other add up exactly. Main
-/// thread only.
+/// The clock of animations and page transitions: real time where a window shows them, stepped by hand in
+/// tests and scripts. Times are whole nanoseconds, so that consecutive times add up exactly. Main thread
+/// only.
 class WARDLOCK_API AnimationClock {
 public:
     using Time = std::chrono::nanoseconds;
 
     virtual ~AnimationClock();
 
-    /// The time since some start; never goes back.
+    /// Returns the time since some start; never goes back.
     virtual Time now() = 0;
-    /// Runs `action` once `delay` has passed; actions due at the same time run in the order in which they
-    /// were asked for.
+    /// Runs `action` once `delay` has passed. Actions due at the same time run in the order of the calls.
     virtual void after(Time delay, std::function<void()> action) = 0;
 
-    /// Seconds as the nearest time. What is no number is none at all, and what is too long for a time is the
-    /// longest.
+    /// Converts seconds to the nearest time. Not-a-number becomes zero, and what is too long for a time
+    /// becomes the longest time.
     static Time time(double seconds);
 
-    /// The process's clock. While none is set, one that stands still at 0 and runs every action at once.
+    /// Returns the process's clock. While none is set, its time is always 0 and every action runs at once.
     static AnimationClock& current();
-    /// Null takes it back. Not owned.
+    /// Sets the process's clock; null removes it. The caller keeps ownership.
     static void setCurrent(AnimationClock* clock);
 };
 

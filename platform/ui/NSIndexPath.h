@@ -4,7 +4,7 @@
 
 namespace platform {
 
-/// The place of a row: its section and its row within the section, both from 0.
+/// The position of a row: its section and its row within the section, both from 0.
 struct NSIndexPath {
     std::size_t section = 0;
     std::size_t row = 0;

@@ -7,7 +7,7 @@ namespace platform {
 enum class UIActivityIndicatorViewStyle : int { WhiteLarge = 0, White = 1, Gray = 2 };
 enum class UIColor : int { White, Black, Gray };
 
-/// A spinner; to be seen only while it is animating.
+/// A spinner; visible only while it is animating.
 class WARDLOCK_API UIActivityIndicatorView : public UIView {
 public:
     explicit UIActivityIndicatorView(UIActivityIndicatorViewStyle style);

@@ -40,9 +40,9 @@ private:
     std::weak_ptr<UIAlertController> alert_;
 };
 
-/// A question over the page: a title, a message, text fields and buttons. Presented by a page; a tap on a
-/// button dismisses it, then runs that button's handler. With the dismissal all handlers are dropped, so that
-/// what they kept alive goes.
+/// A question over the page: a title, a message, text fields and buttons. A page presents it; a tap on a
+/// button dismisses it, then runs that button's handler. The dismissal drops all handlers, so that it
+/// releases what they keep alive.
 class WARDLOCK_API UIAlertController : public UIViewController {
 public:
     static std::shared_ptr<UIAlertController> alertControllerWithTitle(std::string title, std::string message,
@@ -57,7 +57,7 @@ public:
     void addTextFieldWithConfigurationHandler(
         const std::function<void(const std::shared_ptr<UITextField>&)>& configure);
     void addAction(std::shared_ptr<UIAlertAction> action);
-    /// What a tap on a button does; nothing when it is disabled or no button of this alert.
+    /// Performs a tap on a button; no effect when it is disabled or belongs to another alert.
     void choose(const std::shared_ptr<UIAlertAction>& action);
 
 protected:

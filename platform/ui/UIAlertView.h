@@ -8,7 +8,7 @@
 
 namespace platform {
 
-/// The platform's older alert, built by pages that never show it; it therefore offers no way to be shown.
+/// The platform's older alert. Pages build it but never show it, so it has no function to show it.
 class WARDLOCK_API UIAlertView : public Object {
 public:
     static std::shared_ptr<UIAlertView> initWithTitle(std::string title, std::string message,

@@ -24,10 +24,10 @@ public:
     const std::shared_ptr<UIWindow>& keyWindow() const { return keyWindow_; }
     void setKeyWindow(std::shared_ptr<UIWindow> window);
 
-    /// Whether a handler for the URL's scheme was there and took it.
+    /// Returns whether a handler for the URL's scheme was there and accepted it.
     bool openURL(std::string_view url);
     using URLOpener = std::function<bool(std::string_view url)>;
-    /// How openURL opens; empty: it opens nothing.
+    /// Sets how openURL opens a URL; empty: it opens nothing.
     void setURLOpener(URLOpener opener);
 
     /// Posts UIApplicationWillResignActiveNotification.

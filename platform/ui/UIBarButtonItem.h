@@ -20,7 +20,7 @@ public:
 
     UIBarButtonSystemItem systemItem() const { return item_; }
     Action action() const { return action_; }
-    /// What a tap does. Nothing when the target is gone.
+    /// Performs a tap; no effect when the target is gone.
     void press();
 
 private:

@@ -10,7 +10,7 @@ namespace platform {
 
 inline constexpr unsigned UIControlEventValueChanged = 4096;
 
-/// A view that a person operates and that tells its targets so. Targets are not retained.
+/// A view that a person operates and that notifies its targets. Targets are not retained.
 class WARDLOCK_API UIControl : public UIView {
 public:
     using Action = Selector<void(UIControl& sender)>;

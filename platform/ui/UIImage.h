@@ -9,17 +9,17 @@
 
 namespace platform {
 
-/// A picture, not decoded: the encoded bytes or the path of a file of this machine. Whoever shows it decodes
-/// it, within bounds of its own.
+/// An image, not decoded: the encoded bytes or the path of a file of this machine. The front end that shows
+/// it decodes it, within its own bounds.
 class WARDLOCK_API UIImage : public Object {
 public:
     UIImage(std::string path, std::string bytes) : path_(std::move(path)), bytes_(std::move(bytes)) {}
     ~UIImage() override;
 
-    /// Of a picture's file, in bytes; larger ones are not read.
+    /// Bytes of an image's file; larger ones are not read.
     static constexpr std::size_t largestFile = std::size_t{4} << 20;
 
-    /// The image in a file of this machine; null when there is none that can be read.
+    /// Returns the image in a file of this machine; null when it cannot be read.
     static std::shared_ptr<UIImage> imageWithContentsOfFile(std::string_view path);
 
     /// Empty where the image has only bytes.

@@ -8,8 +8,8 @@
 namespace platform {
 
 /// The stack of pages. An animated push or pop takes transitionSeconds() on the AnimationClock; the pages'
-/// viewDidAppear and viewDidDisappear come at its end. A push or pop asked for during a transition first ends
-/// that transition.
+/// viewDidAppear and viewDidDisappear come at its end. A push or pop during a transition first ends that
+/// transition.
 class WARDLOCK_API UINavigationController : public UIViewController {
 public:
     static std::shared_ptr<UINavigationController>
@@ -19,16 +19,17 @@ public:
     const std::vector<std::shared_ptr<UIViewController>>& viewControllers() const { return stack_; }
     std::shared_ptr<UIViewController> topViewController() const;
     void pushViewController(const std::shared_ptr<UIViewController>& controller, bool animated);
-    /// The page taken off, or null when only the root is left. The page lives until the transition has ended.
+    /// Returns the removed page, or null when only the root is left. The page lives until the transition has
+    /// ended.
     std::shared_ptr<UIViewController> popViewControllerAnimated(bool animated);
 
-    /// Takes off every page above `controller` in one pop, of which only the topmost and `controller` are
-    /// told. Returns the pages taken off; nothing happens, and none are returned, when `controller` is not on
-    /// the stack or is on top.
+    /// Removes every page above `controller` in one pop; only the topmost and `controller` are notified.
+    /// Returns the removed pages. No effect, and none returned, when `controller` is not on the stack or is
+    /// on top.
     std::vector<std::shared_ptr<UIViewController>> popToViewController(const UIViewController& controller,
                                                                        bool animated);
 
-    /// Whether a push or pop is being shown.
+    /// Returns whether a push or pop is being shown.
     bool isInTransition() const { return transition_ != nullptr; }
     /// Ends the running transition now.
     void finishTransition();

@@ -4,7 +4,7 @@
 
 namespace platform {
 
-/// An on/off switch, which tells its targets when a person has changed it.
+/// An on/off switch, which notifies its targets when a person has changed it.
 class WARDLOCK_API UISwitch : public UIControl {
 public:
     using UIControl::UIControl;
@@ -13,7 +13,7 @@ public:
     bool isOn() const { return on_; }
     /// Sends no event.
     void setOn(bool on, bool animated);
-    /// What a tap does: the other state, then the value-changed event.
+    /// Performs a tap: the other state, then the value-changed event.
     void toggle();
 
 private:

@@ -31,8 +31,8 @@ public:
     virtual double tableViewHeightForRowAtIndexPath(UITableView&, NSIndexPath) { return 44; }
 };
 
-/// Rows provided by a data source on demand. Delegate and data source are not retained. Whoever shows the
-/// table takes the cells of the rows to be seen and gives them back for reuse when they are out of sight.
+/// Rows that a data source provides on demand. Delegate and data source are not retained. The front end takes
+/// the cells of the visible rows and returns them for reuse when they are out of sight.
 class WARDLOCK_API UITableView : public UIView {
 public:
     UITableView(const CGRect& frame, UITableViewStyle style) : UIView(frame), style_(style) {}
@@ -42,14 +42,14 @@ public:
     void setDelegate(std::weak_ptr<UITableViewDelegate> delegate) { delegate_ = std::move(delegate); }
     void setDataSource(std::weak_ptr<UITableViewDataSource> source) { dataSource_ = std::move(source); }
 
-    /// A cell given back earlier under the identifier, or null.
+    /// Returns a cell that was returned for reuse under `identifier`, or null.
     std::shared_ptr<UITableViewCell> dequeueReusableCellWithIdentifier(std::string_view identifier);
 
-    /// For whoever shows the table; without a data source there are no sections.
+    /// For the front end; without a data source there are no sections.
     std::size_t numberOfSections();
     std::size_t numberOfRowsInSection(std::size_t section);
     double heightForRow(NSIndexPath path);
-    /// The row's cell, made or reused by the data source; null without one.
+    /// Returns the row's cell, created or reused by the data source; null without a data source.
     std::shared_ptr<UITableViewCell> takeCell(NSIndexPath path);
     void giveBack(std::shared_ptr<UITableViewCell> cell);
 

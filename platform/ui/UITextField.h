@@ -20,7 +20,7 @@ public:
     void setText(std::string text);
     const std::string& placeholder() const { return placeholder_; }
     void setPlaceholder(std::string placeholder);
-    /// What typing does: the new text, then the notification.
+    /// Performs typing: sets the new text, then posts the notification.
     void edit(std::string text);
 
 private:

@@ -10,7 +10,7 @@ namespace platform {
 
 namespace {
 
-/// The length of the animation whose block is running; none outside of one.
+/// The length of the animation whose block is running; zero outside of one.
 AnimationClock::Time animationLength{};
 
 } // namespace

@@ -17,8 +17,8 @@ enum UIViewAutoresizing : unsigned {
     UIViewAutoresizingFlexibleHeight = 16,
 };
 
-/// A rectangle in a tree of rectangles, without drawing: a superview owns its subviews, a subview knows its
-/// superview weakly. Changes are told to the DisplayObserver. Main thread only.
+/// A rectangle in a tree of rectangles, without drawing. A superview owns its subviews; a subview has a weak
+/// pointer to its superview. The DisplayObserver is notified of changes. Main thread only.
 class WARDLOCK_API UIView : public Object {
 public:
     UIView() = default;
@@ -30,12 +30,12 @@ public:
     /// The frame's size at origin (0, 0).
     CGRect bounds() const { return {{}, frame_.size}; }
     CGPoint center() const;
-    /// Moves the frame so that its middle lies at the point.
+    /// Moves the frame so that its centre is at `center`.
     void setCenter(CGPoint center);
 
     double alpha() const { return alpha_; }
-    /// Inside the block of animateWithDuration the change is shown over the animation's time; alpha() answers
-    /// the new value at once, presentationAlpha() what is to be seen now.
+    /// Inside the block of animateWithDuration the change is shown over the animation's time. alpha() returns
+    /// the new value at once, presentationAlpha() the value to show now.
     void setAlpha(double alpha);
     double presentationAlpha() const;
 
@@ -48,22 +48,22 @@ public:
 
     const std::vector<std::shared_ptr<UIView>>& subviews() const { return subviews_; }
     std::shared_ptr<UIView> superview() const { return superview_.lock(); }
-    /// Puts the view on top of the subviews, taking it out of another superview first.
+    /// Adds `view` on top of the subviews and removes it from another superview first.
     void addSubview(const std::shared_ptr<UIView>& view);
     void removeFromSuperview();
 
-    /// Ends the typing of text in this view: what was typed is stored, the keyboard closes. Answers true: the
-    /// one who shows the view never refuses.
+    /// Ends the typing of text in this view: the typed text is stored, the keyboard closes. Always returns
+    /// true: the front end never refuses.
     bool endEditing(bool force);
 
-    /// Runs `animations` now; the changes of alpha it makes are shown over `seconds` on the AnimationClock;
-    /// then `completion` is called with whether the time ran out (always true here: animations are not
+    /// Runs `animations` now; the changes of alpha it makes are shown over `seconds` on the AnimationClock.
+    /// Then calls `completion` with whether the time ran out (always true here: animations are not
     /// cancelled).
     static void animateWithDuration(double seconds, const std::function<void()>& animations,
                                     std::function<void(bool finished)> completion = {});
 
 protected:
-    /// Tells the DisplayObserver that this view looks different now.
+    /// Notifies the DisplayObserver that this view looks different now.
     void changed();
 
 private:

@@ -39,34 +39,34 @@ public:
     void setTitle(std::string title);
     UINavigationItem& navigationItem() { return navigationItem_; }
 
-    /// Made by loadView() when first asked for.
+    /// Created by loadView() on the first call.
     const std::shared_ptr<UIView>& view();
     bool isViewLoaded() const { return view_ != nullptr; }
     void setView(std::shared_ptr<UIView> view);
 
-    /// A page is about to be on top, is on top, is about to be covered or left, is covered or left. The
-    /// second and fourth come when the transition has ended, before a tap is accepted.
+    /// The page will be on top, is on top, will be covered or left, is covered or left. The second and fourth
+    /// come when the transition has ended, before a tap is accepted.
     virtual void viewWillAppear(bool /*animated*/) {}
     virtual void viewDidAppear(bool /*animated*/) {}
     virtual void viewWillDisappear(bool /*animated*/) {}
     virtual void viewDidDisappear(bool /*animated*/) {}
 
-    /// Null when the page is on no stack.
+    /// Null when the page is not on a stack.
     std::shared_ptr<UINavigationController> navigationController() const {
         return navigationController_.lock();
     }
     const std::shared_ptr<UIViewController>& presentedViewController() const { return presented_; }
     /// Null when this controller is not presented.
     std::shared_ptr<UIViewController> presentingViewController() const { return presenting_.lock(); }
-    /// Nothing happens while this controller presents something already.
+    /// No effect while this controller already presents something.
     void presentViewController(const std::shared_ptr<UIViewController>& controller, bool animated);
-    /// Takes down what this controller presents; if it presents nothing, itself.
+    /// Dismisses what this controller presents; if it presents nothing, itself.
     void dismissViewControllerAnimated(bool animated);
 
 protected:
-    /// The view of a controller that was given none: empty, the size of the key window.
+    /// Returns the view of a controller that was given none: empty, the size of the key window.
     virtual std::shared_ptr<UIView> loadView();
-    /// This controller was presented and has been taken down.
+    /// This controller was presented and has been dismissed.
     virtual void didDismiss() {}
     void changed();
 

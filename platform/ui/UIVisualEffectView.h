@@ -12,7 +12,7 @@ struct UIBlurEffect {
     static UIBlurEffect effectWithStyle(UIBlurEffectStyle style) { return {style}; }
 };
 
-/// Blurs what lies beneath it.
+/// Blurs what is beneath it.
 class WARDLOCK_API UIVisualEffectView : public UIView {
 public:
     explicit UIVisualEffectView(UIBlurEffect effect) : effect_(effect) {}

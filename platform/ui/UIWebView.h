@@ -13,7 +13,7 @@ struct NSURLRequest {
     std::string url;
 };
 
-/// A place in a page that leads to another one.
+/// A text in a page that leads to another page.
 struct WebLink {
     std::string text;
     std::string url;
@@ -31,39 +31,40 @@ public:
     virtual void webViewDidFailLoadWithError(UIWebView&, const std::string& /*error*/) {}
 };
 
-/// Loads pages for web views. The process has one at a time: the engine of the window, or one that fetches
-/// the page's text. It reports with the web view's did...() methods, on the main thread, from the host's loop
+/// Loads pages for web views. The process has one at a time: the window's engine, or one that fetches the
+/// page's text. It reports through the web view's did...() methods, on the main thread, from the host's loop
 /// and never from within load().
 class WARDLOCK_API WebEngine {
 public:
     virtual ~WebEngine();
-    /// A load that the view had asked for before is given up without a report. The view is not retained.
+    /// An earlier load of the same view is cancelled without a report. The view is not retained.
     virtual void load(const std::shared_ptr<UIWebView>& view, const NSURLRequest& request) = 0;
 
     /// Null while there is none: loads then fail.
     static WebEngine* current();
-    /// Not owned.
+    /// The caller keeps ownership.
     static void setCurrent(WebEngine* engine);
 };
 
-/// A page of the web. Its delegate is not retained.
+/// A web page. Its delegate is not retained.
 class WARDLOCK_API UIWebView : public UIView {
 public:
     using UIView::UIView;
     ~UIWebView() override;
 
     void setDelegate(std::weak_ptr<UIWebViewDelegate> delegate) { delegate_ = std::move(delegate); }
-    /// Asks the engine for the page; also what following a link does.
+    /// Requests the page from the engine; following a link does the same.
     void loadRequest(const NSURLRequest& request);
 
-    /// The address asked for last; empty before the first.
+    /// The address of the last request; empty before the first.
     const std::string& url() const { return url_; }
-    /// The page's text as far as the engine gives it, for those who cannot show the page itself.
+    /// The page's text as far as the engine provides it, for front ends that cannot show the page itself.
     const std::string& text() const { return text_; }
-    /// Where the page's links lead, as far as the engine tells, for those who let a person follow one.
+    /// Where the page's links lead, as far as the engine reports them, for front ends that let a person
+    /// follow one.
     const std::vector<WebLink>& links() const { return links_; }
 
-    /// The engine's reports.
+    /// Called by the engine.
     void didStartLoad();
     void didFinishLoad(std::string text, std::vector<WebLink> links = {});
     void didFailLoad(const std::string& error);

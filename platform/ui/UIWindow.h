@@ -4,7 +4,7 @@
 
 namespace platform {
 
-/// The view over everything else; what is added to it lies over the pages.
+/// The view over everything else; its subviews are above the pages.
 class WARDLOCK_API UIWindow : public UIView {
 public:
     using UIView::UIView;
