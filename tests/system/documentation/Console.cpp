@@ -77,7 +77,7 @@ std::string quoted(const std::string& text) {
 std::string scriptFor(const std::vector<Step>& steps, const std::string& folder, const std::string& scratch) {
     std::ostringstream script;
     script << "cd " << quoted(folder) << "\nothers=()\ntrap 'kill \"${others[@]}\" 2>&-' EXIT\n"
-           << "hear() { local line; for ((; $2 > 0; )); do IFS= read -r -t " << patience.count() / 2
+           << "hear() { local line; for ((; $2 > 0; )); do IFS= read -r -t " << testTimeout.count() / 2
            << " -u $1 line || return; printf '%s\\n' \"$line\"; set -- $1 $(($2 - 1)); done; }\n";
     // Descriptors of the other terminals, beyond those that a shell uses itself.
     std::map<std::string, std::size_t> terminals;
