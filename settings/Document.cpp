@@ -22,7 +22,7 @@ bool isMissing(const std::string& path) {
 }
 
 /// Returns the folder itself, or the nearest one above it that exists.
-std::string firstThatExists(std::string folder) {
+std::string nearestExisting(std::string folder) {
     while (isMissing(folder) && platform::folderOf(folder) != folder)
         folder = platform::folderOf(folder);
     return folder;
@@ -43,7 +43,7 @@ bool makeMissingDocumentFolder(std::string_view identifier) {
     if (platform::deviceRoot() == "/")
         return false;
     const std::string folder = platform::folderOf(platform::pathOnDevice(documentPath(identifier)));
-    return isMissing(folder) && !platform::doubtOfFolder(firstThatExists(folder)) &&
+    return isMissing(folder) && !platform::doubtOfFolder(nearestExisting(folder)) &&
            !platform::makeFolders(platform::FileSystem::current(), folder, privateFolderMode);
 }
 

@@ -19,7 +19,7 @@ SettingsApplication::SettingsApplication(platform::AnimationClock& clock, double
       changes_(screen_.stack(), [this](platform::UIView& view) { endEditingIn(view); }),
       account_(screen_, changes_), pageInput_(screen_, changes_, account_, boundary_),
       sheetInput_(screen_, account_, boundary_), liveRefresh_(screen_, changes_, account_, boundary_) {
-    platform::setDiagnosticsKeeper(&appendToLog);
+    platform::setDiagnosticsHandler(&appendToLog);
     platform::AnimationClock::setCurrent(&clock_);
     platform::DisplayObserver::setCurrent(&changes_);
     UIApplication::sharedApplication().setKeyWindow(screen_.window());
@@ -37,7 +37,7 @@ SettingsApplication::~SettingsApplication() {
     UIApplication::sharedApplication().setKeyWindow(nullptr);
     platform::DisplayObserver::setCurrent(nullptr);
     platform::AnimationClock::setCurrent(nullptr);
-    platform::setDiagnosticsKeeper(nullptr);
+    platform::setDiagnosticsHandler(nullptr);
 }
 
 void SettingsApplication::setTransitionSeconds(double seconds) {

@@ -20,7 +20,7 @@ void lastRites() {
 
 void installTerminationHook(void (*face)()) {
     faceRite = face;
-    platform::setLastRites(lastRites);
+    platform::setTerminationHook(lastRites);
 }
 
 } // namespace wardlock::shell

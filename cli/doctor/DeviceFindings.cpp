@@ -52,14 +52,14 @@ std::string counted(std::uint64_t count, std::string_view what) {
 }
 
 std::string whyThisRoot() {
-    if (platform::deviceRootIsNamed())
+    if (platform::deviceRootIsFromEnvironment())
         return "named by WARDLOCK_DEVICE_ROOT";
     return platform::deviceRoot() == "/" ? "this machine is the device: it has /var/mobile"
                                          : "your own: WARDLOCK_DEVICE_ROOT names none";
 }
 
 std::string howToMakeRoot() {
-    return platform::deviceRootIsNamed()
+    return platform::deviceRootIsFromEnvironment()
                ? "Make it with: wardlock device init \"$WARDLOCK_DEVICE_ROOT\""
                : "Open Settings once (wardlock settings): it makes what the device root lacks.";
 }
@@ -129,7 +129,7 @@ Finding lookAtDeviceRoot() {
     const std::string root = platform::deviceRoot();
     const std::string folder = platform::folderOf(documentOnDisk());
     finding.facts["path"] = root;
-    finding.facts["named"] = platform::deviceRootIsNamed();
+    finding.facts["named"] = platform::deviceRootIsFromEnvironment();
     finding.text = root + " (" + whyThisRoot() + ")";
     const auto status = statusOf(root);
     if (!status)

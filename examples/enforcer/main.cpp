@@ -67,7 +67,7 @@ void start() {
     // A mistake in this program ends it; these two put a report of it into the log on the device,
     // /var/mobile/com.tavix.wardlock_log, which the parent can mail to the maker.
     platform::NSSetUncaughtExceptionHandler(wardlock::TweakExceptionHandler);
-    platform::setLastRites(writeWhatIsQueued);
+    platform::setTerminationHook(writeWhatIsQueued);
     // Once per process. It listens first and reads then, so no change falls between; where there is no
     // document yet, this is what makes the default one.
     wardlock::InitSettingsWithUpdateNameAndCallback(wardlock::PostName, settingsChanged);

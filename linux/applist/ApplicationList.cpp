@@ -34,7 +34,7 @@ Dictionary ApplicationList::applications() {
     const Applications before = std::exchange(applications_, {});
     MutableDictionary names;
     add(bundleApplications(), names);
-    if (deviceRootIsOwn())
+    if (deviceRootIsDefault())
         add(desktopApplications(), names);
     hasLooked_ = true;
     std::erase_if(icons_, [this, &before](const auto& icon) {

@@ -7,14 +7,14 @@ namespace platform {
 
 namespace {
 
-constexpr std::size_t mostTexts = 100;
+constexpr std::size_t maximumTexts = 100;
 // Long enough for paths of files.
 constexpr std::size_t longestText = 8192;
 
 struct Diagnostics {
     std::mutex guard;
-    DiagnosticsKeeper keeper = nullptr;
-    std::set<std::string> told;
+    DiagnosticsHandler handler = nullptr;
+    std::set<std::string> reported;
 };
 
 Diagnostics& diagnostics() {
@@ -26,21 +26,21 @@ Diagnostics& diagnostics() {
 } // namespace
 
 void diagnose(const std::string& text) {
-    DiagnosticsKeeper keeper = nullptr;
+    DiagnosticsHandler handler = nullptr;
     const std::string shown = text.substr(0, longestText);
     {
         Diagnostics& all = diagnostics();
         const std::lock_guard lock(all.guard);
-        if (all.keeper && all.told.size() < mostTexts && all.told.insert(shown).second)
-            keeper = all.keeper;
+        if (all.handler && all.reported.size() < maximumTexts && all.reported.insert(shown).second)
+            handler = all.handler;
     }
-    if (keeper)
-        keeper(shown);
+    if (handler)
+        handler(shown);
 }
 
-void setDiagnosticsKeeper(DiagnosticsKeeper keeper) {
+void setDiagnosticsHandler(DiagnosticsHandler handler) {
     const std::lock_guard lock(diagnostics().guard);
-    diagnostics().keeper = keeper;
+    diagnostics().handler = handler;
 }
 
 } // namespace platform

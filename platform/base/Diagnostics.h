@@ -15,7 +15,7 @@ WARDLOCK_API void diagnose(const std::string& text);
 
 /// Sets the function that receives each text, on the thread that reports it. Null, the state at the start,
 /// receives nothing. A text that came without a handler is reported when it comes again.
-using DiagnosticsKeeper = void (*)(std::string_view text);
-WARDLOCK_API void setDiagnosticsKeeper(DiagnosticsKeeper keeper);
+using DiagnosticsHandler = void (*)(std::string_view text);
+WARDLOCK_API void setDiagnosticsHandler(DiagnosticsHandler handler);
 
 } // namespace platform

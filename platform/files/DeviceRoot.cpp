@@ -70,12 +70,12 @@ std::string deviceRoot() {
     return named.empty() ? defaultRoot() : absolute(named);
 }
 
-bool deviceRootIsNamed() {
+bool deviceRootIsFromEnvironment() {
     return !environment(rootVariable).empty();
 }
 
-bool deviceRootIsOwn() {
-    return !deviceRootIsNamed() || isSameFolder(deviceRoot(), defaultRoot());
+bool deviceRootIsDefault() {
+    return !deviceRootIsFromEnvironment() || isSameFolder(deviceRoot(), defaultRoot());
 }
 
 std::string pathOnDevice(std::string_view devicePath) {

@@ -15,11 +15,11 @@ namespace platform {
 WARDLOCK_API std::string deviceRoot();
 
 /// Returns whether WARDLOCK_DEVICE_ROOT names the root.
-WARDLOCK_API bool deviceRootIsNamed();
+WARDLOCK_API bool deviceRootIsFromEnvironment();
 
 /// Returns whether the root is the machine's own or the user's default one, also where the environment names
 /// that same folder.
-WARDLOCK_API bool deviceRootIsOwn();
+WARDLOCK_API bool deviceRootIsDefault();
 
 /// Returns the path on this machine for an absolute device path. As on the device itself, ".." does not lead
 /// above the root.

@@ -125,11 +125,11 @@ BinaryPropertyListReader::contentAt(std::size_t offset) const {
     const bool counted = content.kind >= Data && content.kind != Uid;
     if (!counted || content.length != 0xF)
         return content;
-    if (!holds(content.start, 1, 1))
+    if (!fits(content.start, 1, 1))
         return std::nullopt;
     const auto lengthMarker = static_cast<std::uint8_t>(bytes_[content.start]);
     const std::size_t lengthSize = std::size_t(1) << (lengthMarker & 0x0F);
-    if (lengthMarker >> 4 != Integer || lengthSize > 8 || !holds(content.start + 1, 1, lengthSize))
+    if (lengthMarker >> 4 != Integer || lengthSize > 8 || !fits(content.start + 1, 1, lengthSize))
         return std::nullopt;
     content.length = bigEndian(content.start + 1, lengthSize);
     content.start += 1 + lengthSize;
@@ -146,7 +146,7 @@ std::optional<Value> BinaryPropertyListReader::singleByte(std::uint8_t marker) c
 /// largest signed one.
 std::optional<Value> BinaryPropertyListReader::integer(const Content& content) const {
     const std::size_t size = std::size_t(1) << content.length;
-    if (size > 16 || !holds(content.start, 1, size))
+    if (size > 16 || !fits(content.start, 1, size))
         return std::nullopt;
     if (size < 8)
         return Value(bigEndian(content.start, size));
@@ -164,7 +164,7 @@ std::optional<Value> BinaryPropertyListReader::integer(const Content& content) c
 
 std::optional<Value> BinaryPropertyListReader::real(const Content& content) const {
     const std::size_t size = std::size_t(1) << content.length;
-    if ((size != 4 && size != 8) || !holds(content.start, 1, size))
+    if ((size != 4 && size != 8) || !fits(content.start, 1, size))
         return std::nullopt;
     const std::uint64_t bits = bigEndian(content.start, size);
     return size == 8 ? Value(std::bit_cast<double>(bits))
@@ -172,20 +172,20 @@ std::optional<Value> BinaryPropertyListReader::real(const Content& content) cons
 }
 
 std::optional<Value> BinaryPropertyListReader::date(const Content& content) const {
-    if (content.length != 3 || !holds(content.start, 1, 8))
+    if (content.length != 3 || !fits(content.start, 1, 8))
         return std::nullopt;
     return Value::date(std::bit_cast<double>(bigEndian(content.start, 8)));
 }
 
 std::optional<Value> BinaryPropertyListReader::uid(const Content& content) const {
     const std::uint64_t size = content.length + 1;
-    if (size > 8 || !holds(content.start, 1, size))
+    if (size > 8 || !fits(content.start, 1, size))
         return std::nullopt;
     return Value(Dictionary{{"CF$UID", bigEndian(content.start, static_cast<std::size_t>(size))}});
 }
 
 std::optional<Value> BinaryPropertyListReader::bytes(const Content& content, Object& object) const {
-    if (!holds(content.start, content.length, 1))
+    if (!fits(content.start, content.length, 1))
         return std::nullopt;
     const std::string_view all = bytes_.substr(content.start, static_cast<std::size_t>(content.length));
     object.weight += all.size();
@@ -197,7 +197,7 @@ std::optional<Value> BinaryPropertyListReader::bytes(const Content& content, Obj
 }
 
 std::optional<Value> BinaryPropertyListReader::wideString(const Content& content, Object& object) const {
-    if (!holds(content.start, content.length, 2))
+    if (!fits(content.start, content.length, 2))
         return std::nullopt;
     const auto text = utf8FromUtf16(
         bytes_.substr(content.start, static_cast<std::size_t>(content.length) * 2), ByteOrder::Big);
@@ -218,7 +218,7 @@ std::optional<Value> BinaryPropertyListReader::array(const Content& content, std
 /// All keys come first, then all values.
 std::optional<Value> BinaryPropertyListReader::dictionary(const Content& content, std::size_t depth,
                                                           Object& object) {
-    if (!holds(content.start, content.length, 2 * referenceSize_))
+    if (!fits(content.start, content.length, 2 * referenceSize_))
         return std::nullopt;
     std::vector<Value> keys;
     std::vector<Value> values;
@@ -238,7 +238,7 @@ std::optional<Value> BinaryPropertyListReader::dictionary(const Content& content
 
 bool BinaryPropertyListReader::readReferences(std::size_t start, std::uint64_t count, std::size_t depth,
                                               Object& object, std::vector<Value>& values) {
-    if (!holds(start, count, referenceSize_) || depth > deepestPropertyList)
+    if (!fits(start, count, referenceSize_) || depth > deepestPropertyList)
         return false;
     values.reserve(static_cast<std::size_t>(count));
     object.height = std::max<std::uint16_t>(object.height, 1);
@@ -268,7 +268,7 @@ std::uint64_t BinaryPropertyListReader::bigEndian(std::size_t at, std::size_t le
 }
 
 /// Returns whether `count` items of `size` bytes fit between `at` and the offset table.
-bool BinaryPropertyListReader::holds(std::size_t at, std::uint64_t count, std::uint64_t size) const {
+bool BinaryPropertyListReader::fits(std::size_t at, std::uint64_t count, std::uint64_t size) const {
     return at <= table_ && count <= (table_ - at) / size;
 }
 

@@ -59,7 +59,7 @@ private:
                         std::vector<Value>& values);
 
     std::uint64_t bigEndian(std::size_t at, std::size_t length) const;
-    bool holds(std::size_t at, std::uint64_t count, std::uint64_t size) const;
+    bool fits(std::size_t at, std::uint64_t count, std::uint64_t size) const;
 
     std::string_view bytes_;
     std::size_t offsetSize_ = 0;

@@ -63,7 +63,7 @@ std::error_code DocumentFile::replace(const Dictionary& dictionary, Sync sync) {
     std::string bytes;
     if (std::error_code error = encode(dictionary, bytes))
         return error;
-    if (std::error_code error = keepOld(sync))
+    if (std::error_code error = keepOldContent(sync))
         return error;
     // The mode that made the old file unreadable would make the new one unreadable too.
     const Attributes attributes = state_ == State::Unreadable ? Attributes::Private : Attributes::OfOldFile;
@@ -77,7 +77,7 @@ std::error_code DocumentFile::encode(const Dictionary& dictionary, std::string& 
     return error;
 }
 
-std::error_code DocumentFile::keepOld(Sync sync) {
+std::error_code DocumentFile::keepOldContent(Sync sync) {
     if (state_ == State::Damaged)
         return copyAside(sync);
     return state_ == State::Unreadable ? linkAside() : std::error_code();

@@ -36,7 +36,7 @@ private:
 
     static State stateAfter(std::error_code error);
     std::error_code encode(const Dictionary& dictionary, std::string& bytes) const;
-    std::error_code keepOld(Sync sync);
+    std::error_code keepOldContent(Sync sync);
     std::error_code copyAside(Sync sync);
     std::error_code linkAside();
 

@@ -15,7 +15,7 @@ namespace {
 
 constexpr const char* infoFile = "/Info.plist";
 // A module is in its bundle or in a folder or two inside; a bundle further up is not its own.
-constexpr int foldersLookedAt = 3;
+constexpr int searchedFolders = 3;
 // No file and no class has a longer name, and reasons quote them.
 constexpr std::size_t longestName = 1024;
 
@@ -40,16 +40,16 @@ bool staysInside(std::string_view name) {
 
 } // namespace
 
-NSBundle::NSBundle(std::string way, std::string path, Dictionary info)
-    : way_(std::move(way)), path_(std::move(path)), info_(std::move(info)) {}
+NSBundle::NSBundle(std::string foundPath, std::string path, Dictionary info)
+    : foundPath_(std::move(foundPath)), path_(std::move(path)), info_(std::move(info)) {}
 
 std::shared_ptr<NSBundle> NSBundle::bundleWithPath(std::string_view devicePath) {
-    const std::string way = pathOnDevice(devicePath);
+    const std::string foundPath = pathOnDevice(devicePath);
     std::string folder;
-    if (FileSystem::current().resolve(way, folder))
+    if (FileSystem::current().resolve(foundPath, folder))
         return nullptr;
     std::optional<Dictionary> info = infoIn(folder);
-    return info ? std::shared_ptr<NSBundle>(new NSBundle(way, folder, *info)) : nullptr;
+    return info ? std::shared_ptr<NSBundle>(new NSBundle(foundPath, folder, *info)) : nullptr;
 }
 
 std::shared_ptr<NSBundle> NSBundle::bundleForObject(const Object& object) {
@@ -59,7 +59,7 @@ std::shared_ptr<NSBundle> NSBundle::bundleForObject(const Object& object) {
 std::shared_ptr<NSBundle> NSBundle::bundleForClass(const std::type_info& type) {
     const std::string own = folderOf(moduleHolding(&type));
     std::string folder = own;
-    for (int looked = 0; looked < foldersLookedAt; ++looked) {
+    for (int level = 0; level < searchedFolders; ++level) {
         if (const std::optional<Dictionary> info = infoIn(folder))
             return std::shared_ptr<NSBundle>(new NSBundle(folder, folder, *info));
         folder = folderOf(folder);
@@ -80,7 +80,7 @@ std::optional<std::string> NSBundle::pathForResource(std::string_view name, std:
 }
 
 std::string NSBundle::reasonToDistrust() const {
-    return platform::reasonToDistrust(way_ + infoFile);
+    return platform::reasonToDistrust(foundPath_ + infoFile);
 }
 
 const Class* NSBundle::principalClass(std::string& reason) {
@@ -98,7 +98,7 @@ const Class* NSBundle::principalClass(std::string& reason) {
     }
     // One handle for each bundle object, never released: a bundle stays loaded.
     if (!module_)
-        module_ = openModule(way_ + '/' + executable, RTLD_Lazy, reason);
+        module_ = openModule(foundPath_ + '/' + executable, RTLD_Lazy, reason);
     if (!module_)
         return nullptr;
     const Class* const found = classInTable(classesOfModule(module_), name);

@@ -38,11 +38,11 @@ public:
     const Class* principalClass(std::string& reason);
 
 private:
-    NSBundle(std::string way, std::string path, Dictionary info);
+    NSBundle(std::string foundPath, std::string path, Dictionary info);
 
     /// The path by which it was found, links included: a user who can change a folder on it chooses the
     /// bundle.
-    std::string way_;
+    std::string foundPath_;
     std::string path_;
     Dictionary info_;
     void* module_ = nullptr;

@@ -22,7 +22,7 @@ public:
     }
 };
 
-class EventMaker : public FBWorkspaceEventClass {
+class EventFactory : public FBWorkspaceEventClass {
 public:
     std::shared_ptr<FBWorkspaceEvent> eventWithName(std::string_view name,
                                                     FBWorkspaceEvent::Handler handler) override {
@@ -50,7 +50,7 @@ private:
     bool executing_ = false;
 };
 
-class EventQueueMaker : public FBWorkspaceEventQueueClass {
+class EventQueueFactory : public FBWorkspaceEventQueueClass {
 public:
     FBWorkspaceEventQueue& sharedInstance() override { return *queue_; }
 
@@ -65,8 +65,8 @@ Object& onlyInstance() {
 }
 
 const Class keypadFactory("SBUIPasscodeLockViewFactory", nullptr, onlyInstance<KeypadFactory>);
-const Class workspaceEvent("FBWorkspaceEvent", nullptr, onlyInstance<EventMaker>);
-const Class workspaceEventQueue("FBWorkspaceEventQueue", nullptr, onlyInstance<EventQueueMaker>);
+const Class workspaceEvent("FBWorkspaceEvent", nullptr, onlyInstance<EventFactory>);
+const Class workspaceEventQueue("FBWorkspaceEventQueue", nullptr, onlyInstance<EventQueueFactory>);
 const Class* const systemClasses[] = {&keypadFactory, &workspaceEvent, &workspaceEventQueue};
 
 // They are registered for as long as the platform is loaded, without a module.

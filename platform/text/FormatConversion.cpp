@@ -43,7 +43,7 @@ std::string objectText(const FormatArgument* argument) {
 }
 
 /// Pads the text to the width, with blanks before it or behind it.
-std::string fitted(const Conversion& conversion, std::string text) {
+std::string padded(const Conversion& conversion, std::string text) {
     if (text.size() >= conversion.width)
         return text;
     const std::string blanks(conversion.width - text.size(), ' ');
@@ -51,12 +51,12 @@ std::string fitted(const Conversion& conversion, std::string text) {
 }
 
 /// Pads a number to the width: zeros, where requested, go between its sign and its digits.
-std::string fittedNumber(const Conversion& conversion, std::string prefix, const std::string& number,
+std::string paddedNumber(const Conversion& conversion, std::string prefix, const std::string& number,
                          bool zerosAllowed) {
     const std::size_t size = prefix.size() + number.size();
     if (conversion.zero && !conversion.left && zerosAllowed && size < conversion.width)
         prefix.append(conversion.width - size, '0');
-    return fitted(conversion, prefix + number);
+    return padded(conversion, prefix + number);
 }
 
 std::string integerText(const Conversion& conversion, bool negative, std::uint64_t magnitude) {
@@ -94,7 +94,7 @@ std::string integerText(const Conversion& conversion, bool negative, std::uint64
         makeUpper(number);
         makeUpper(prefix);
     }
-    return fittedNumber(conversion, std::move(prefix), number, !conversion.precision);
+    return paddedNumber(conversion, std::move(prefix), number, !conversion.precision);
 }
 
 std::string signedText(const Conversion& conversion, std::int64_t number, std::size_t bytes) {
@@ -118,7 +118,7 @@ std::string characterText(const Conversion& conversion, std::uint64_t code) {
     } else {
         text += static_cast<char>(byte);
     }
-    return fitted(conversion, text);
+    return padded(conversion, text);
 }
 
 std::string realDigits(const Conversion& conversion, double magnitude) {
@@ -172,7 +172,7 @@ std::string realText(const Conversion& conversion, double number) {
         makeUpper(text);
         makeUpper(prefix);
     }
-    return fittedNumber(conversion, std::move(prefix), text, finite);
+    return paddedNumber(conversion, std::move(prefix), text, finite);
 }
 
 /// Cuts the text to the precision in bytes, never within a character.
@@ -183,7 +183,7 @@ std::string stringText(const Conversion& conversion, std::string_view text) {
             --end;
         text = text.substr(0, end);
     }
-    return fitted(conversion, std::string(text));
+    return padded(conversion, std::string(text));
 }
 
 bool isOneOf(char letter, std::string_view letters) {
@@ -194,7 +194,7 @@ bool isOneOf(char letter, std::string_view letters) {
 
 std::string converted(const Conversion& conversion, const FormatArgument* argument) {
     if (!argument)
-        return fitted(conversion, std::string(absent));
+        return padded(conversion, std::string(absent));
     const auto& content = argument->argument();
     if (const auto* number = std::get_if<std::int64_t>(&content)) {
         if (conversion.letter == 'c')
@@ -213,7 +213,7 @@ std::string converted(const Conversion& conversion, const FormatArgument* argume
         if (conversion.letter == 's')
             return stringText(conversion, *text);
     }
-    return fitted(conversion, objectText(argument));
+    return padded(conversion, objectText(argument));
 }
 
 } // namespace platform

@@ -5,7 +5,7 @@
 namespace platform {
 
 DictionaryEntry DictionaryIterator::operator*() const {
-    return {(*keys_)[place_], values_[place_]};
+    return {(*keys_)[index_], values_[index_]};
 }
 
 Dictionary::Dictionary(std::initializer_list<std::pair<std::string_view, Value>> entries) {
@@ -18,8 +18,8 @@ Dictionary::Dictionary(std::initializer_list<std::pair<std::string_view, Value>>
 const Value* Dictionary::find(std::string_view key) const noexcept {
     if (!block_)
         return nullptr;
-    const std::size_t place = block_->keys()->find(key);
-    return place == KeySet::notFound ? nullptr : block_->values() + place;
+    const std::size_t index = block_->keys()->find(key);
+    return index == KeySet::notFound ? nullptr : block_->values() + index;
 }
 
 DictionaryIterator Dictionary::begin() const {

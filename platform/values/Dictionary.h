@@ -27,25 +27,25 @@ public:
     using difference_type = std::ptrdiff_t;
     using iterator_category = std::input_iterator_tag;
 
-    DictionaryIterator(const KeySet* keys, const Value* values, std::size_t place)
-        : keys_(keys), values_(values), place_(place) {}
+    DictionaryIterator(const KeySet* keys, const Value* values, std::size_t index)
+        : keys_(keys), values_(values), index_(index) {}
 
     DictionaryEntry operator*() const;
     DictionaryIterator& operator++() {
-        ++place_;
+        ++index_;
         return *this;
     }
     DictionaryIterator operator++(int) {
         DictionaryIterator before = *this;
-        ++place_;
+        ++index_;
         return before;
     }
-    bool operator==(const DictionaryIterator& other) const { return place_ == other.place_; }
+    bool operator==(const DictionaryIterator& other) const { return index_ == other.index_; }
 
 private:
     const KeySet* keys_;
     const Value* values_;
-    std::size_t place_;
+    std::size_t index_;
 };
 
 /// An immutable map from strings to values that keeps the insertion order: a handle on shared entries, cheap

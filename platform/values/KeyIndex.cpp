@@ -54,7 +54,7 @@ struct Sip {
     }
 };
 
-std::uint64_t wordOf(const char* bytes, std::size_t count) {
+std::uint64_t loadWord64(const char* bytes, std::size_t count) {
     std::uint64_t word = 0;
     // The empty key may have a null address.
     if (count > 0)
@@ -72,12 +72,12 @@ std::uint32_t KeyIndex::hashOf(std::string_view key) {
     Sip sip;
     std::size_t i = 0;
     for (; i + sizeof(std::uint64_t) <= key.size(); i += sizeof(std::uint64_t))
-        sip.take(wordOf(key.data() + i, sizeof(std::uint64_t)));
-    sip.take(wordOf(key.data() + i, key.size() - i) | std::uint64_t{key.size()} << 56);
+        sip.take(loadWord64(key.data() + i, sizeof(std::uint64_t)));
+    sip.take(loadWord64(key.data() + i, key.size() - i) | std::uint64_t{key.size()} << 56);
     return static_cast<std::uint32_t>(sip.end());
 }
 
-void KeyIndex::add(std::uint32_t hash, std::size_t place) {
+void KeyIndex::add(std::uint32_t hash, std::size_t position) {
     if (++count_ * 2 > slots_.size()) {
         const std::vector<Slot> before = std::exchange(slots_, std::vector<Slot>(slots_.size() * 2));
         for (const Slot& slot : before) {
@@ -85,7 +85,7 @@ void KeyIndex::add(std::uint32_t hash, std::size_t place) {
                 put(slot);
         }
     }
-    put({hash, static_cast<std::uint32_t>(place + 1)});
+    put({hash, static_cast<std::uint32_t>(position + 1)});
 }
 
 void KeyIndex::put(Slot filled) {

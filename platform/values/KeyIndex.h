@@ -29,7 +29,7 @@ public:
         return none;
     }
     /// Adds a key that is not in the index yet.
-    void add(std::uint32_t hash, std::size_t place);
+    void add(std::uint32_t hash, std::size_t position);
 
     static constexpr std::size_t none = static_cast<std::size_t>(-1);
 

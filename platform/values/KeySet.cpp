@@ -17,9 +17,9 @@ IntrusivePointer<KeySet> KeySet::create(std::size_t keys, std::size_t text) {
 
 IntrusivePointer<KeySet> KeySet::clone(std::size_t without) const {
     auto copy = create(size() + 1, text_.size());
-    for (std::size_t place = 0; place < size(); ++place)
-        if (place != without)
-            copy->add((*this)[place]);
+    for (std::size_t index = 0; index < size(); ++index)
+        if (index != without)
+            copy->add((*this)[index]);
     return copy;
 }
 
@@ -30,7 +30,7 @@ std::size_t KeySet::find(std::string_view key) const noexcept {
 }
 
 std::size_t KeySet::findInIndex(std::string_view key, std::uint32_t hash) const {
-    return index_->find(hash, [&](std::size_t place) { return (*this)[place] == key; });
+    return index_->find(hash, [&](std::size_t index) { return (*this)[index] == key; });
 }
 
 /// Returns the slot of the key, or the free slot that it would take.
@@ -47,9 +47,9 @@ std::size_t KeySet::add(std::string_view key) {
         makeIndex();
     if (index_) {
         const std::uint32_t hash = KeyIndex::hashOf(key);
-        const std::size_t place = findInIndex(key, hash);
-        if (place != notFound)
-            return place;
+        const std::size_t index = findInIndex(key, hash);
+        if (index != notFound)
+            return index;
         append(key);
         index_->add(hash, size() - 1);
         return size() - 1;
@@ -72,14 +72,14 @@ void KeySet::append(std::string_view key) {
 void KeySet::useSlots(std::size_t count) {
     slotCount_ = static_cast<std::uint32_t>(count);
     slots_.fill(0);
-    for (std::size_t place = 0; place < size(); ++place)
-        slots_[slotOf((*this)[place])] = static_cast<std::uint8_t>(place + 1);
+    for (std::size_t index = 0; index < size(); ++index)
+        slots_[slotOf((*this)[index])] = static_cast<std::uint8_t>(index + 1);
 }
 
 void KeySet::makeIndex() {
     index_ = std::make_unique<KeyIndex>(spans_.capacity());
-    for (std::size_t place = 0; place < size(); ++place)
-        index_->add(KeyIndex::hashOf((*this)[place]), place);
+    for (std::size_t index = 0; index < size(); ++index)
+        index_->add(KeyIndex::hashOf((*this)[index]), index);
 }
 
 } // namespace platform

@@ -32,8 +32,8 @@ bool MutableDictionary::empty() const {
 }
 
 const Value* MutableDictionary::find(std::string_view key) const noexcept {
-    const std::size_t place = keys_ ? keys_->find(key) : KeySet::notFound;
-    return place == KeySet::notFound ? nullptr : &values_[place];
+    const std::size_t index = keys_ ? keys_->find(key) : KeySet::notFound;
+    return index == KeySet::notFound ? nullptr : &values_[index];
 }
 
 DictionaryIterator MutableDictionary::begin() const {
@@ -47,9 +47,9 @@ DictionaryIterator MutableDictionary::end() const {
 void MutableDictionary::set(std::string_view key, Value value) {
     if (!keys_)
         keys_ = KeySet::create();
-    std::size_t place = keys_->find(key);
-    if (place != KeySet::notFound) {
-        values_[place] = std::move(value);
+    std::size_t index = keys_->find(key);
+    if (index != KeySet::notFound) {
+        values_[index] = std::move(value);
         return;
     }
     // Room first, so that nothing can fail once the key is in.
@@ -68,11 +68,11 @@ void MutableDictionary::set(std::string_view key, const Value* valueOrNil) {
 }
 
 void MutableDictionary::remove(std::string_view key) {
-    const std::size_t place = keys_ ? keys_->find(key) : KeySet::notFound;
-    if (place == KeySet::notFound)
+    const std::size_t index = keys_ ? keys_->find(key) : KeySet::notFound;
+    if (index == KeySet::notFound)
         return;
-    keys_ = keys_->clone(place);
-    values_.erase(values_.begin() + static_cast<std::ptrdiff_t>(place));
+    keys_ = keys_->clone(index);
+    values_.erase(values_.begin() + static_cast<std::ptrdiff_t>(index));
 }
 
 Dictionary MutableDictionary::copy() const {

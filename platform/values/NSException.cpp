@@ -15,7 +15,7 @@ namespace platform {
 namespace {
 
 std::atomic<NSUncaughtExceptionHandler> uncaughtExceptionHandler = nullptr;
-std::atomic<void (*)()> lastRites = nullptr;
+std::atomic<void (*)()> terminationHook = nullptr;
 std::atomic<std::terminate_handler> defaultEnd = nullptr;
 std::atomic<std::thread::id> endingThread;
 
@@ -69,12 +69,12 @@ void attempt(void (*step)()) {
 }
 
 [[noreturn]] void endProcess() {
-    std::thread::id nobody;
-    if (endingThread.compare_exchange_strong(nobody, std::this_thread::get_id())) {
+    std::thread::id noThread;
+    if (endingThread.compare_exchange_strong(noThread, std::this_thread::get_id())) {
         attempt(callHandler);
-        if (const auto last = lastRites.exchange(nullptr))
-            attempt(last);
-    } else if (nobody != std::this_thread::get_id()) {
+        if (const auto hook = terminationHook.exchange(nullptr))
+            attempt(hook);
+    } else if (noThread != std::this_thread::get_id()) {
         // Another thread is ending the process and may still write its report: wait here until the process
         // ends.
         static std::atomic_flag never;
@@ -116,8 +116,8 @@ NSUncaughtExceptionHandler NSGetUncaughtExceptionHandler() {
     return uncaughtExceptionHandler;
 }
 
-void setLastRites(void (*last)()) {
-    lastRites = last;
+void setTerminationHook(void (*hook)()) {
+    terminationHook = hook;
     installTerminateHandler();
 }
 

@@ -55,6 +55,6 @@ WARDLOCK_API NSUncaughtExceptionHandler NSGetUncaughtExceptionHandler();
 
 /// For a host: runs `hook` once, after the uncaught-exception handler and before the process ends. It may
 /// write the queued log entries and restore the terminal. Replaces the previous hook; null removes it.
-WARDLOCK_API void setLastRites(void (*last)());
+WARDLOCK_API void setTerminationHook(void (*hook)());
 
 } // namespace platform

@@ -100,7 +100,7 @@ ALL = [
         (FILE, "if (error && error != std::errc::no_such_file_or_directory)\n        error = read();", "static_cast<void>(read);"),
     ]),
     Mutant("damaged-not-kept", "the bytes of a damaged document are not kept", both("killed"), [
-        (FILE, "    if (std::error_code error = keepOld(sync))\n        return error;\n", ""),
+        (FILE, "    if (std::error_code error = keepOldContent(sync))\n        return error;\n", ""),
     ]),
     Mutant("damaged-not-synced", "the kept bytes are not on the disk when the document is replaced", both("power-cut"), [
         (FILE, "return copyAside(sync);", "return copyAside(sync == Sync::Full ? Sync::None : sync);"),
@@ -486,7 +486,7 @@ ALL = [
     ]),
     Mutant("damaged-copied-first", "a file is kept aside for a write that is refused", ("tests.plist/DocumentBounds",), [
         ("platform/plist/DocumentFile.cpp", "    std::string bytes;\n    if (std::error_code error = encode(",
-         "    keepOld(sync);\n    std::string bytes;\n    if (std::error_code error = encode("),
+         "    keepOldContent(sync);\n    std::string bytes;\n    if (std::error_code error = encode("),
     ]),
     Mutant("characters-beyond-xml", "U+FFFE and U+FFFF are written as they are", ("tests.plist/PropertyListInteroperation",), [
         ("platform/plist/XmlEscape.cpp", "    else if (isXmlCharacter(character))", "    else if (length > 1)"),
@@ -525,7 +525,7 @@ ALL = [
          "if (const platform::FolderDoubt doubt; doubt) {"),
     ]),
     Mutant("home-of-a-group", "a document is created in a home that others may change", ("tests.hostile/FoldersOfOthers",), [
-        ("settings/Document.cpp", " && !platform::doubtOfFolder(firstThatExists(folder))", " && !firstThatExists(folder).empty()"),
+        ("settings/Document.cpp", " && !platform::doubtOfFolder(nearestExisting(folder))", " && !nearestExisting(folder).empty()"),
     ]),
     Mutant("device-folder-open-first", "a new folder of the device is open to others", ("tests.shell/ProvisionTest",), [
         ("shell/device/Provision.cpp", "platform::makeFolders(platform::FileSystem::current(), path, privateMode)",
@@ -585,7 +585,7 @@ ALL = [
         ("linux/applist/IconTheme.cpp", 'numberOf(*index, group, "Scale", 1)', 'numberOf(*index, group, "Unscaled", 1)'),
     ]),
     Mutant("default-root-by-name", "the user's device root counts as another when it is named", ("tests.files/DeviceRoot",), [
-        ("platform/files/DeviceRoot.cpp", "isSameFolder(deviceRoot(), defaultRoot())", "(!deviceRootIsNamed() && isSameFolder(deviceRoot(), defaultRoot()))"),
+        ("platform/files/DeviceRoot.cpp", "isSameFolder(deviceRoot(), defaultRoot())", "(!deviceRootIsFromEnvironment() && isSameFolder(deviceRoot(), defaultRoot()))"),
     ]),
     Mutant("class-of-another-kind", "a class of the list's name is taken for the list whatever it is", ("tests.apps/AppsListLibrary",), [
         ("apps/AppsListView.cpp", "    return methods ? &methods->sharedApplicationList() : nullptr;",

@@ -43,7 +43,7 @@ TEST_F(DeviceRoot, OfATestHoldsWhatWasWritten) {
 
 TEST_F(DeviceRoot, IsTheOneTheEnvironmentNames) {
     EXPECT_EQ(deviceRoot(), root());
-    EXPECT_FALSE(platform::deviceRootIsOwn());
+    EXPECT_FALSE(platform::deviceRootIsDefault());
 }
 
 TEST_F(DeviceRoot, IsReadAnewAtEachCall) {
@@ -56,7 +56,7 @@ TEST_F(DeviceRoot, LosesTrailingSlashes) {
     EXPECT_EQ(deviceRoot(), root());
     environment.set("WARDLOCK_DEVICE_ROOT", "/");
     EXPECT_EQ(deviceRoot(), "/");
-    EXPECT_FALSE(platform::deviceRootIsOwn());
+    EXPECT_FALSE(platform::deviceRootIsDefault());
 }
 
 TEST_F(DeviceRoot, NamedByARelativePathLiesInTheWorkingFolder) {
@@ -68,7 +68,7 @@ TEST_F(DeviceRoot, IsTheMachineItselfWhereThatIsADevice) {
     environment.unset("WARDLOCK_DEVICE_ROOT");
     onMachine().addFolder("/var/mobile");
     EXPECT_EQ(deviceRoot(), "/");
-    EXPECT_TRUE(platform::deviceRootIsOwn());
+    EXPECT_TRUE(platform::deviceRootIsDefault());
     EXPECT_EQ(pathOnDevice("/var/mobile"), "/var/mobile");
 }
 
@@ -82,22 +82,22 @@ TEST_F(DeviceRoot, LiesInTheUsersDataFolderElse) {
     environment.set("WARDLOCK_DEVICE_ROOT", "");
     onMachine();
     EXPECT_EQ(deviceRoot(), folder() / "data/wardlock/device");
-    EXPECT_TRUE(platform::deviceRootIsOwn());
+    EXPECT_TRUE(platform::deviceRootIsDefault());
 }
 
 TEST_F(DeviceRoot, IsTheUsersOwnWhereTheEnvironmentNamesThatFolder) {
     const std::string own = folder() / "data/wardlock/device";
     for (const std::string& name : {own, own + "/", folder() / "data/../data/wardlock/./device"}) {
         environment.set("WARDLOCK_DEVICE_ROOT", name);
-        EXPECT_TRUE(platform::deviceRootIsOwn()) << name;
-        EXPECT_TRUE(platform::deviceRootIsNamed());
+        EXPECT_TRUE(platform::deviceRootIsDefault()) << name;
+        EXPECT_TRUE(platform::deviceRootIsFromEnvironment());
     }
     fs::create_directories(own);
     fs::create_directory_symlink(own, folder() / "link");
     environment.set("WARDLOCK_DEVICE_ROOT", folder() / "link");
-    EXPECT_TRUE(platform::deviceRootIsOwn());
+    EXPECT_TRUE(platform::deviceRootIsDefault());
     environment.set("WARDLOCK_DEVICE_ROOT", folder() / "data/wardlock");
-    EXPECT_FALSE(platform::deviceRootIsOwn());
+    EXPECT_FALSE(platform::deviceRootIsDefault());
 }
 
 TEST_F(DeviceRoot, LiesInTheHomeFolderWhereNoDataFolderIsNamed) {

@@ -49,10 +49,10 @@ class DocumentBounds : public DeviceRootFixture {
 protected:
     DocumentBounds() {
         logged.clear();
-        platform::setDiagnosticsKeeper([](std::string_view text) { logged += text; });
+        platform::setDiagnosticsHandler([](std::string_view text) { logged += text; });
         writeFile(file, before);
     }
-    ~DocumentBounds() override { platform::setDiagnosticsKeeper(nullptr); }
+    ~DocumentBounds() override { platform::setDiagnosticsHandler(nullptr); }
 
     /// The error of a write that puts the dictionary in the file's place.
     static std::error_code errorOf(const Dictionary& dictionary) {

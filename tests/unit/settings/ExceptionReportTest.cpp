@@ -66,7 +66,7 @@ TEST_F(ExceptionReportDeathTest, ReachesTheLogWhereTheQueueRunsBeforeTheEnd) {
     EXPECT_EXIT(
         {
             platform::NSSetUncaughtExceptionHandler(TweakExceptionHandler);
-            platform::setLastRites(+[]() { NSOperationQueue::mainQueue().drain(); });
+            platform::setTerminationHook(+[]() { NSOperationQueue::mainQueue().drain(); });
             platform::callOrTerminate(+[]() { throw NSException("NSRangeException", "beyond the end"); });
         },
         testing::KilledBySignal(SIGABRT), "");

@@ -205,7 +205,7 @@ TEST(UncaughtExceptionDeathTest, RunsTheLastRitesAfterTheHandler) {
     EXPECT_EXIT(
         {
             NSSetUncaughtExceptionHandler(reportException);
-            setLastRites(reportEnd);
+            setTerminationHook(reportEnd);
             throwToHost(NSException(NSRangeException, "x"));
         },
         testing::KilledBySignal(SIGABRT), "\\[handler: [^]]*\\]\n\\[last rites\\]");
@@ -214,7 +214,7 @@ TEST(UncaughtExceptionDeathTest, RunsTheLastRitesAfterTheHandler) {
 TEST(UncaughtExceptionDeathTest, RunsTheLastRitesWithoutAHandler) {
     EXPECT_EXIT(
         {
-            setLastRites(reportEnd);
+            setTerminationHook(reportEnd);
             throwToHost(NSException(NSRangeException, "x"));
         },
         testing::KilledBySignal(SIGABRT), "\\[last rites\\]");
@@ -224,7 +224,7 @@ TEST(UncaughtExceptionDeathTest, RunsTheLastRitesWhenTheHandlerThrows) {
     EXPECT_EXIT(
         {
             NSSetUncaughtExceptionHandler(+[](const NSException&) { throw std::runtime_error("handler"); });
-            setLastRites(reportEnd);
+            setTerminationHook(reportEnd);
             throwToHost(NSException(NSRangeException, "x"));
         },
         testing::KilledBySignal(SIGABRT), "\\[last rites\\]");
@@ -233,7 +233,7 @@ TEST(UncaughtExceptionDeathTest, RunsTheLastRitesWhenTheHandlerThrows) {
 TEST(UncaughtExceptionDeathTest, RunsTheLastRitesOnce) {
     EXPECT_EXIT(
         {
-            setLastRites(+[]() {
+            setTerminationHook(+[]() {
                 reportEnd();
                 std::terminate();
             });
