@@ -4,8 +4,8 @@
 
 namespace wardlock::bench {
 
-/// While it lives the device's files are those of a memory double: the document, and what the pages read of
-/// their bundle. What is measured then is the pages, not the disk.
+/// While it lives, a memory double serves the device's files: the document, and what the pages read of their
+/// bundle. A measurement then covers the pages, not the disk.
 class FilesInMemory {
 public:
     /// Copies what is on the disk now.

@@ -11,13 +11,14 @@ namespace wardlock::bench {
 /// The rows of the picker wherever the window is measured.
 inline constexpr std::size_t pickerRows = 10'000;
 
-/// As many names of applications, in mixed case, one in eight of another script; the same at each call.
+/// Returns `count` names of applications, in mixed case, one in eight of another script; the same at each
+/// call.
 std::vector<std::string> sampleNames(std::size_t count);
-/// The identifier of the application of that number.
+/// Returns the identifier of the application of that number.
 std::string sampleIdentifier(std::size_t number);
 
-/// While it lives, the class "ALApplicationList" is found by name and has these applications, without icons:
-/// what remains of the picker's time is its own.
+/// While it lives, the class "ALApplicationList" is found by name and has these applications, without icons.
+/// The picker's remaining time is its own.
 class InstalledApplications {
 public:
     explicit InstalledApplications(std::size_t count);

@@ -26,7 +26,7 @@ int eventCount() {
     return events ? std::atoi(events) : 1000;
 }
 
-/// Lets both processes come to rest, so that one event's end is not part of the next.
+/// Waits until both processes are idle, so that one event's end is not part of the next.
 void pauseBetweenEvents() {
     constexpr timespec millisecond{0, 1'000'000};
     nanosleep(&millisecond, nullptr);
@@ -77,7 +77,7 @@ void Listener::measure(const Row& row, const std::function<void(bool)>& change) 
     reportWith(measured, std::move(samples), lost);
 }
 
-void Listener::measureInTurn(const Measured& one, const Measured& other) {
+void Listener::measureInterleaved(const Measured& one, const Measured& other) {
     Samples ofOne, ofOther;
     int lostByOne = 0, lostByOther = 0;
     for (int i = -warmUps; i < eventCount() && std::max(lostByOne, lostByOther) < toleratedLosses; ++i)

@@ -9,37 +9,37 @@
 
 namespace wardlock::bench {
 
-/// The other process of a two-process measurement: this program again, which tells when its callback ran and
-/// what it saw. A pipe between the two carries the answers; the clock is the machine's, the same in both.
+/// The other process of a two-process measurement: this program again. It reports when its callback ran and
+/// which value it received. A pipe between the two carries the reports; both use the machine's clock.
 class Listener {
 public:
-    /// Starts this program with `arguments` and waits until it says that it listens. Ends the process when it
-    /// does not.
+    /// Starts this program with `arguments` and waits until it reports that it listens. Ends the process when
+    /// it does not.
     explicit Listener(const std::vector<std::string>& arguments);
     ~Listener();
     Listener(const Listener&) = delete;
     Listener& operator=(const Listener&) = delete;
 
-    /// Makes $BENCH_EVENTS (1000) changes, 1 and 0 in turn, each when the one before has been seen, and
-    /// reports the time from the start of the change to the listener's callback that saw it.
+    /// Makes $BENCH_EVENTS (1000) changes, 1 and 0 in turn, each when the one before has been received.
+    /// Reports the time from the start of the change to the listener's callback.
     void measure(const Row& row, const std::function<void(bool)>& change);
 
-    /// Something that is changed, and who listens.
+    /// An operation that changes something, and its listener.
     struct Measured {
         Row row;
         Listener& listener;
         std::function<void(bool)> change;
     };
 
-    /// The same for two, change by change in turn.
-    static void measureInTurn(const Measured& one, const Measured& other);
+    /// Measures two operations, change by change in turn.
+    static void measureInterleaved(const Measured& one, const Measured& other);
 
-    /// Waits for the callback that saw `value`; its time, or 0 when none came.
+    /// Waits for the callback with `value`; returns its time, or 0 when none came.
     std::uint64_t timeOf(bool value) const;
 
-    /// In the other process: says that it listens.
+    /// In the other process: reports that it listens.
     static void ready();
-    /// In the other process, from the callback: says what was seen.
+    /// In the other process, from the callback: reports the received value.
     static void saw(bool value);
 
 private:
@@ -48,7 +48,7 @@ private:
         std::uint64_t value;
     };
 
-    /// Makes one change; false when its callback did not come. A null `samples` is a warm-up.
+    /// Makes one change; returns false when its callback did not come. A null `samples` is a warm-up.
     static bool measureOnce(const Measured& measured, bool value, Samples* samples);
     static void reportWith(const Measured& measured, Samples samples, int lost);
     static void tell(std::uint64_t value);

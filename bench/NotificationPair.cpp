@@ -11,7 +11,7 @@ namespace wardlock::bench {
 
 namespace {
 
-/// Not the product's: nothing is loaded anew.
+/// Not the product's: no process reloads anything.
 constexpr std::string_view post = "benchmark";
 
 void notified(platform::CFNotificationCenter&, void*, std::string_view, const std::string*,

@@ -4,7 +4,7 @@
 
 namespace wardlock::bench {
 
-/// The word by which this program's second process is told to listen.
+/// The argument that starts this program's second process as a listener.
 inline constexpr const char* listenForNotificationsVerb = "listen-notify";
 
 /// The second process: reports each notification's value; never returns.

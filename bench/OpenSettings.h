@@ -6,7 +6,7 @@
 
 namespace wardlock::bench {
 
-/// Settings without a face on a device of its own, opened at Wardlock's first page. One at a time.
+/// Settings without a front end on a device of its own, opened at Wardlock's first page. One at a time.
 class OpenSettings {
 public:
     explicit OpenSettings(std::string_view document) : device_(document) { person.tap("Wardlock"); }

@@ -7,20 +7,21 @@
 
 namespace wardlock::bench {
 
-/// Somebody at the pages of Settings. Whatever a person could not do ends the process.
+/// Operates the pages of Settings as a person does. An action that a person could not perform ends the
+/// process.
 class Person {
 public:
     explicit Person(shell::SettingsApplication& settings) : settings_(settings) {}
 
-    /// The first row of the page with that label.
+    /// Returns the first row of the page with that label.
     platform::NSIndexPath find(std::string_view label);
     void tap(platform::NSIndexPath path);
     void tap(std::string_view label) { tap(find(label)); }
     void goBack();
 
-    /// Has the page's list built anew and arranged in sections; answers the number of rows.
+    /// Rebuilds the page's list and arranges it in sections; returns the number of rows.
     std::size_t rebuildPage();
-    /// Looks at every row of the page, values included, as a face that shows all of them does.
+    /// Reads every row of the page, values included, as a front end that shows all of them does.
     void readRows();
 
 private:

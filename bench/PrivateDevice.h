@@ -13,7 +13,7 @@ public:
     PrivateDevice(const PrivateDevice&) = delete;
     PrivateDevice& operator=(const PrivateDevice&) = delete;
 
-    /// Stores a document of that many accounts as the preferences document; answers its device path.
+    /// Stores a document of `accounts` accounts as the preferences document; returns its device path.
     std::string storeDocument(std::size_t accounts) const;
 
 private:

@@ -6,7 +6,7 @@
 
 namespace wardlock::bench {
 
-/// A private device with the bundle of this build and a document. Ends the process when that cannot be made.
+/// A private device with the bundle of this build and a document. Ends the process when it cannot be created.
 class ProvisionedDevice {
 public:
     explicit ProvisionedDevice(std::string_view document);

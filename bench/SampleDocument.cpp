@@ -31,7 +31,7 @@ std::string fileBytes(const std::string& path) {
         std::perror(path.c_str());
         std::exit(1);
     }
-    // As cheap as the system calls themselves: some of what is compared reads its file with this.
+    // As cheap as the system calls themselves: some of the compared programs read their file with this.
     std::setvbuf(file, nullptr, _IONBF, 0);
     std::string bytes(std::filesystem::file_size(path), '\0');
     bytes.resize(std::fread(bytes.data(), 1, bytes.size(), file));

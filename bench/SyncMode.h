@@ -6,7 +6,7 @@
 
 namespace wardlock::bench {
 
-/// "full", "fdatasync", and anything else for none.
+/// Converts "full" and "fdatasync"; anything else is none.
 platform::Sync syncOf(std::string_view mode);
 
 } // namespace wardlock::bench

@@ -74,11 +74,11 @@ void report(const Row& row, std::string_view unit, Samples samples, double quant
 }
 
 void measure(const Row& row, const std::function<void()>& operation, double per) {
-    // The first call pays for what later ones find ready.
+    // A warm-up: the first call fills what later ones reuse.
     double once = wallTimeOf(operation);
     if (once < 1e8)
         once = wallTimeOf(operation);
-    // Short operations are timed together, so that the clock costs nothing beside them.
+    // Short operations are timed together, so that the cost of the clock does not count.
     constexpr double shortest = 2e5;
     const std::size_t batch = once < shortest ? static_cast<std::size_t>(shortest / (once + 1)) + 1 : 1;
     const double divisor = static_cast<double>(batch) * per;
@@ -94,8 +94,8 @@ void measure(const Row& row, const std::function<void()>& operation, double per)
     report(row, "ns", std::move(samples));
 }
 
-void measureInTurn(const Pair& pair) {
-    // The first calls pay for what later ones find ready.
+void measureInterleaved(const Pair& pair) {
+    // A warm-up: the first calls fill what later ones reuse.
     Samples first, samples, beside;
     for (int i = 0; i < 3; ++i) {
         pair.between();

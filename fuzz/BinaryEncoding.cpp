@@ -19,7 +19,7 @@ std::string bigEndian(std::uint64_t number, int length) {
     return bytes;
 }
 
-/// What an object begins with: its kind, and how many there are in it.
+/// Returns the beginning of an object: its kind and its number of elements.
 std::string marker(int kind, std::size_t count) {
     if (count < 15)
         return std::string(1, static_cast<char>(kind << 4 | static_cast<int>(count)));
@@ -62,7 +62,7 @@ std::string integerObject(const Value& value) {
 /// The objects of one document; references and offsets take eight bytes.
 class Encoder {
 public:
-    /// The number of the object.
+    /// Adds a value; returns the number of its object.
     std::uint64_t add(const Value& value) {
         switch (value.kind()) {
         case Value::Kind::Boolean:

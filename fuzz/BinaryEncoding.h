@@ -6,8 +6,8 @@
 
 namespace wardlock::fuzz {
 
-/// A value as a binary property list, by an encoder that shares nothing with what reads it. Its texts have to
-/// be valid UTF-8.
+/// Encodes a value as a binary property list. The encoder shares no code with the reader. Texts must be valid
+/// UTF-8.
 std::string binaryPropertyList(const platform::Value& value);
 
 } // namespace wardlock::fuzz

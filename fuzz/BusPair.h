@@ -7,8 +7,8 @@
 
 namespace wardlock::fuzz {
 
-/// A receiver of messages and the raw socket of whoever sends them, without a bus in between: the receiver
-/// reads any bytes, as it would read those of a bus.
+/// A receiver of messages and the raw socket of its sender, without a bus in between: the receiver reads any
+/// bytes, as it would read those of a bus.
 class BusPair {
 public:
     BusPair();
@@ -17,7 +17,7 @@ public:
     BusPair& operator=(const BusPair&) = delete;
 
     sd_bus* receiver() const { return receiver_; }
-    /// Writes the bytes and lets the receiver process what it makes of them. False: it has given up the
+    /// Writes the bytes and has the receiver process them. Returns false when the receiver has closed the
     /// connection.
     bool send(std::string_view bytes);
 

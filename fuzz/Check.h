@@ -5,9 +5,9 @@
 
 namespace wardlock::fuzz {
 
-/// Ends the process, which is a finding, when what must hold does not.
-inline void check(bool holds, const char* what) {
-    if (holds)
+/// Ends the process, which is a finding, unless `condition` is true.
+inline void check(bool condition, const char* what) {
+    if (condition)
         return;
     std::fprintf(stderr, "does not hold: %s\n", what);
     std::abort();

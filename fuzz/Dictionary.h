@@ -5,8 +5,8 @@
 
 namespace wardlock::fuzz {
 
-/// The words of a libFuzzer dictionary: a text in double quotes a line, with \\, \" and \xHH. Lines of
-/// another form are skipped, as remarks are.
+/// Returns the words of a libFuzzer dictionary: a text in double quotes a line, with \\, \" and \xHH.
+/// Comments and lines of another form are skipped.
 std::vector<std::string> wordsOf(const std::string& dictionary);
 
 } // namespace wardlock::fuzz

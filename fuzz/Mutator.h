@@ -7,12 +7,12 @@
 
 namespace wardlock::fuzz {
 
-/// Makes new inputs out of known ones: the same ones for the same seed on every machine.
+/// Derives new inputs from known ones: the same ones for the same seed on every machine.
 class Mutator {
 public:
     static constexpr std::size_t longest = 4096;
 
-    /// `seeds` are what is changed, `words` what may be put in whole.
+    /// `seeds` are the inputs to change, `words` the texts to insert as a whole.
     Mutator(std::uint64_t seed, std::vector<std::string> seeds, std::vector<std::string> words);
 
     std::string next();

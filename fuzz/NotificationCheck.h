@@ -4,11 +4,11 @@
 
 namespace wardlock::fuzz {
 
-/// Reads a message as one that has arrived. What the reader accepts, the writer must be able to write, and
-/// the reader to read again to the same; and it must be printable. Ends the process when that does not hold.
+/// Reads a message as one that has arrived. The writer must be able to write what the reader accepts, and the
+/// reader must read the same again. It must also be printable. Ends the process otherwise.
 void checkNotification(sd_bus* bus, sd_bus_message* message);
 
-/// As a receiver gets it. False: the bus would have refused it.
+/// Seals a message as a receiver gets it. Returns false when the bus would have refused it.
 bool seal(sd_bus_message* message);
 
 } // namespace wardlock::fuzz

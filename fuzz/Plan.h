@@ -8,7 +8,7 @@
 
 namespace wardlock::fuzz {
 
-/// Decisions taken out of an input's bytes, from the front. When they have run out, every further decision is
+/// Decisions taken from an input's bytes, from the front. Once they are used up, every further decision is
 /// the first choice: no, 0, nothing.
 class Plan {
 public:
@@ -16,13 +16,13 @@ public:
 
     bool isOver() const { return rest_.empty(); }
     bool yes() { return (number<unsigned char>() & 1) != 0; }
-    /// One of 0 to `bound` - 1, of at most 256.
+    /// Returns 0 to `bound` - 1; `bound` is at most 256.
     std::size_t below(std::size_t bound) { return number<unsigned char>() % bound; }
     template <class Choices>
     auto choice(const Choices& choices) {
         return choices[below(std::size(choices))];
     }
-    /// Any bit pattern of the type's.
+    /// Returns any bit pattern of the type.
     template <class T>
     T number() {
         static_assert(std::is_arithmetic_v<T>);
@@ -31,7 +31,7 @@ public:
         std::memcpy(&value, bytes.data(), bytes.size());
         return value;
     }
-    /// As many bytes as the next one says, at most 255.
+    /// Returns as many bytes as the next byte's value, at most 255.
     std::string bytes() { return std::string(take(number<unsigned char>())); }
     std::string_view rest() { return take(rest_.size()); }
 

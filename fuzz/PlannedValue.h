@@ -5,7 +5,7 @@
 
 namespace wardlock::fuzz {
 
-/// A property-list value of any kind, nested as far as the plan wants, up to a bound.
+/// Returns a property-list value of any kind, nested as deep as the plan chooses, up to a bound.
 platform::Value plannedValue(Plan& plan, int level = 0);
 
 } // namespace wardlock::fuzz

@@ -1,5 +1,5 @@
-// Runs a fuzz target without libFuzzer: every input of a corpus, then inputs made of them by chance, the same
-// ones in every run. An input that ends the process is printed in hexadecimal before it does.
+// Runs a fuzz target without libFuzzer: every input of a corpus, then random mutations of them, the same ones
+// in every run. An input that ends the process is printed in hexadecimal first.
 // usage: fuzz-TARGET [--inputs N] [--seed N] [--dictionary FILE] FOLDER-OR-FILE...
 
 #include "fuzz/Dictionary.h"
@@ -33,8 +33,8 @@ struct Options {
 
 std::string current;
 
-/// Only calls that a signal's handler may make.
-void tellInput(int signal) {
+/// Only calls that a signal handler may make.
+void printInput(int signal) {
     static constexpr char digits[] = "0123456789abcdef";
     static constexpr std::string_view title = "the input, in hexadecimal: ";
     [[maybe_unused]] ssize_t ignored = write(STDERR_FILENO, title.data(), title.size());
@@ -107,7 +107,7 @@ int main(int count, char** words) {
         return 2;
     }
     for (const int signal : {SIGABRT, SIGSEGV, SIGBUS, SIGFPE, SIGILL})
-        std::signal(signal, tellInput);
+        std::signal(signal, printInput);
     for (const std::string& seed : seeds)
         run(seed);
     wardlock::fuzz::Mutator mutator(options.seed, seeds,

@@ -31,7 +31,7 @@ namespace fs = std::filesystem;
 using cli::Json;
 using platform::Value;
 
-/// Answers every page at once with a text and a link. Reports wait until it is asked for them.
+/// Serves every page at once with a text and a link. Reports wait until they are requested.
 class EchoingWeb final : public platform::WebEngine {
 public:
     EchoingWeb() { setCurrent(this); }
@@ -86,7 +86,7 @@ void checkDocument() {
     }
 }
 
-/// Real time stands still here, and nothing comes from elsewhere: waiting would only take time.
+/// The clock stands still here, and no input comes from elsewhere: waiting would only take time.
 void shortenWait(Json& command) {
     if (!command.is_object() || command.value("do", Json()) != "wait")
         return;

@@ -6,9 +6,9 @@
 
 namespace wardlock::fuzz {
 
-/// Settings for scripts within this process: on a demonstration device of its own, in memory where the
-/// machine has a folder there, without bus, mails, web and real time. Ends the process when an answer has not
-/// the form that docs/automation.md promises, or when the document on disk is not whole.
+/// Settings for scripts within this process, without bus, mail, web and real time. The demonstration device
+/// is its own, in memory where the machine has a folder there. Ends the process when a reply differs from the
+/// form in docs/automation.md, or when the document on disk is not whole.
 class ScriptedSettings {
 public:
     ScriptedSettings();
@@ -16,7 +16,7 @@ public:
     ScriptedSettings(const ScriptedSettings&) = delete;
     ScriptedSettings& operator=(const ScriptedSettings&) = delete;
 
-    /// A script from start to end, on a device as new with that many accounts.
+    /// Runs a script from start to end, on a new device with `accounts` accounts.
     void run(std::string_view script, std::size_t accounts);
 
 private:

@@ -10,7 +10,7 @@ using platform::Value;
 
 namespace {
 
-/// As the written form keeps it: dates to the second, within the calendar.
+/// Returns the value as the written form keeps it: dates to the second, within the calendar.
 Value asWritten(const Value& value) {
     switch (value.kind()) {
     case Value::Kind::Date:
@@ -39,7 +39,7 @@ void expectSameValueAgain(const Value& value) {
     const auto again = platform::propertyListWithData(document);
     if (!again || *again != asWritten(value) || platform::dataWithPropertyList(*again) != document)
         std::abort();
-    // What is in bounds is the same document.
+    // A value within the bounds gives the same document.
     std::string bounded;
     if (!platform::documentWithPropertyList(value, bounded) && bounded != document)
         std::abort();

@@ -4,7 +4,7 @@
 
 namespace wardlock::fuzz {
 
-/// Writes what was read and reads it again: the same value must come back. Ends the process when it does not.
+/// Writes the value and reads it again: the same value must come back. Ends the process when it does not.
 void expectSameValueAgain(const platform::Value& value);
 
 } // namespace wardlock::fuzz

@@ -24,7 +24,7 @@ void BuildRootPage(benchmark::State& state) {
         benchmark::DoNotOptimize(settings.person.rebuildPage());
 }
 
-/// With every row asked for, its value included.
+/// The list with every row and its value read.
 void ShowRootPage(benchmark::State& state) {
     OpenSettings settings(bytesOf(state));
     const FilesInMemory files;

@@ -32,7 +32,7 @@ void SetUpArrays(benchmark::State& state) {
         view->setupArrays();
 }
 
-/// A cell that comes into sight, made from one that went out of it, as a list that scrolls does.
+/// A cell that scrolls into view, created from one that scrolled out of it.
 void ProvideCell(benchmark::State& state) {
     const PrivateDevice device;
     device.storeDocument(1);

@@ -41,7 +41,7 @@ void measureSort(const std::string& name, const std::vector<std::string>& names,
 } // namespace
 
 void measureApplicationList() {
-    // The user's own device root, whose applications are the desktop's too.
+    // The user's own device root, whose applications include the desktop's.
     unsetenv("WARDLOCK_DEVICE_ROOT");
     platform::ALApplicationList& list = builtList();
     measure(row("applist", "wardlock"), [&] { keep(list.applications().size()); });

@@ -24,7 +24,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Until the parent ends this process.
+/// Runs until the parent ends this process.
 void runForever() {
     while (!platform::MainLoop::shared().runUntil([] { return false; }, std::chrono::hours(1))) {
     }

@@ -4,8 +4,8 @@
 
 namespace wardlock::bench {
 
-/// Operations on a document's bytes and file. FILE is a path of this machine, absolute. Each prints a line a
-/// measurement.
+/// Operations on a document's bytes and file. FILE is an absolute path of this machine. Each prints one line
+/// per measurement.
 void measureParse(const std::string& file);
 void measureLoad(const std::string& file);
 void measureSerialise(const std::string& file);
@@ -13,12 +13,12 @@ void measurePeakMemory(const std::string& file);
 void measureSave(const std::string& file, const std::string& out, const std::string& mode);
 /// Changes FILE.
 void measureReadModifyWrite(const std::string& file, const std::string& mode);
-/// One boolean of the enabled account, and one of a record in hand.
+/// Looks up one boolean of the enabled account, and one of a record that is loaded already.
 void measureLookUp(const std::string& file);
 
-/// The applications of the desktop, as the AppList library of this build lists them.
+/// Lists the applications of the desktop, with the AppList library of this build.
 void measureApplicationList();
-/// The lines of FILE by name, keys prepared.
+/// Sorts the lines of FILE by name, with prepared keys.
 void measureSort(const std::string& file);
 
 /// Operations between two processes; each starts its own second one.

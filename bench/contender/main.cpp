@@ -1,5 +1,5 @@
-// The program that stands in comparisons for this project: one operation a call, results as tab-separated
-// lines. What it calls is what the product calls.
+// The program that represents this project in comparisons: one operation a call, results as tab-separated
+// lines. It calls what the product calls.
 //
 //   contender parse|load|serialise|lookup|rss FILE
 //   contender save FILE OUT none|fdatasync|full

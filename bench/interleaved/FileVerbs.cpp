@@ -15,7 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A copy in a folder of its own, so that neither looks through the other's files.
+/// Copies `file` into a folder of its own, so that no operation lists the other's files.
 std::string copied(const fs::path& file, const char* folder) {
     const fs::path copy = file.parent_path() / folder / file.filename();
     fs::create_directories(copy.parent_path());
@@ -47,7 +47,7 @@ void measureReadModifyWrite(const std::string& file, const std::string& mode) {
         replaceFile(other, buffer, sync);
     };
     const std::string operation = "rmw-" + mode;
-    measureInTurn(
+    measureInterleaved(
         {{operation, "project", "wardlock"}, update, {operation, "floor", "read + write + rename"}, floor});
 }
 

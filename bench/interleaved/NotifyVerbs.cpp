@@ -11,7 +11,7 @@ void measureNotify() {
     BareSignal signal;
     Listener own({listenForNotificationsVerb});
     Listener other({listenForBareSignalsVerb});
-    Listener::measureInTurn(
+    Listener::measureInterleaved(
         {{"notify", "project", "wardlock"}, own, announce},
         {{"notify", "peer", "D-Bus signal (sd-bus)"}, other, [&](bool value) { signal.post(value); }});
 }

@@ -27,7 +27,8 @@ void measurePage(const std::string& file, const std::string& name, bool shown) {
             settings.person.readRows();
     };
     const auto parse = [&] { keep(platform::propertyListWithData(bytes).has_value()); };
-    measureInTurn({{name, "project", "wardlock"}, build, {name, "floor", "parsing the document"}, parse});
+    measureInterleaved(
+        {{name, "project", "wardlock"}, build, {name, "floor", "parsing the document"}, parse});
 }
 
 } // namespace
@@ -51,12 +52,12 @@ void measureTap(const std::string& file) {
     fs::create_directory(folder);
     const std::string beside = folder / stored.filename();
 
-    measureInTurn({{"tap", "project", "wardlock"},
-                   [&] { settings.person.tap(path); },
-                   {"tap", "floor", "write + fsync + rename + fsync"},
-                   [&] { replaceFile(beside, bytes, platform::Sync::Full); },
-                   // What the bus says meanwhile is taken in when nothing else is to be done.
-                   [&] { settings.application.process(); }});
+    measureInterleaved({{"tap", "project", "wardlock"},
+                        [&] { settings.person.tap(path); },
+                        {"tap", "floor", "write + fsync + rename + fsync"},
+                        [&] { replaceFile(beside, bytes, platform::Sync::Full); },
+                        // Bus messages that arrived are processed between the measurements.
+                        [&] { settings.application.process(); }});
 }
 
 } // namespace wardlock::bench

@@ -1,5 +1,5 @@
-// Wardlock beside what it is compared with, sample by sample in turn: for what meets a disk or another
-// process, where two programs that run one after the other meet different weather. Same lines as the
+// Wardlock and its comparisons, sample by sample in turn: for operations on a disk or another process. Two
+// programs that run one after the other would meet different conditions there. The output lines are the
 // contender's.
 //
 //   bench-interleaved page|page-shown|tap FILE

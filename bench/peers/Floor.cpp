@@ -1,4 +1,4 @@
-// The file calls alone: what no program that replaces a file in one step goes below.
+// The file calls alone: the lower bound of every program that replaces a file in one step.
 #include "bench/SampleDocument.h"
 #include "bench/SyncMode.h"
 #include "bench/Timing.h"

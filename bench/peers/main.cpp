@@ -1,6 +1,6 @@
-// What this project is compared with, as far as a machine with its build packages has it: libplist, the
-// standard containers, the bytes and system calls alone, a bare D-Bus signal. Same operations, same lines as
-// the contender's.
+// The comparisons for this project that a machine with its build packages has: libplist, the standard
+// containers, the bytes and system calls alone, a bare D-Bus signal. The operations and output lines are the
+// contender's.
 //
 //   bench-peers PEER parse|load|serialise|lookup|rss|rmw|notify FILE [none|fdatasync]
 

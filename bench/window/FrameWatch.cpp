@@ -16,7 +16,7 @@ constexpr int quietMilliseconds = 150;
 constexpr int scrolledFrames = 400;
 constexpr double pointsPerFrame = 24;
 
-/// The first one that is called "list", as it stands in the window; null for none.
+/// Returns the first item named "list" in the window's order; null when there is none.
 QQuickItem* findList(QQuickItem& item) {
     if (item.objectName() == QLatin1String("list"))
         return &item;

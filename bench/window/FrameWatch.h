@@ -9,15 +9,15 @@
 
 namespace wardlock::bench {
 
-/// Times what a window shows: from a moment until the frame that shows it is painted. Ends the process when
-/// no frame comes.
+/// Measures from a moment until the frame that shows its effect is painted. Ends the process when no frame
+/// comes.
 class FrameWatch {
 public:
     explicit FrameWatch(QQuickWindow& window) : window_(window) {}
 
-    /// Until nothing asks for frames any more.
+    /// Waits until no more frames are requested.
     void settle();
-    /// Starts a measurement; again, to leave out what came before.
+    /// Starts a measurement; a second call leaves out what came before it.
     void start();
     /// Waits for the next frame and adds the time to `samples`.
     void finish(Samples& samples);

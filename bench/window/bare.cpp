@@ -1,4 +1,4 @@
-// A window of Qt Quick with nothing of Wardlock's: what the window is compared with.
+// A plain Qt Quick window without Wardlock: the comparison for the window.
 //
 //   bench-bare-window            an empty window, until it is ended
 //   bench-bare-window list       10,000 texts, from the making of the list until it is painted

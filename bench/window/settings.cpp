@@ -29,7 +29,7 @@ namespace {
 
 constexpr int times = 15;
 
-/// Starts the clock again when the pages are ready and the window is about to hear of them.
+/// Restarts the clock when the pages are ready and the window is about to be notified.
 class FromReadyModel final : public shell::ScreenObserver {
 public:
     FromReadyModel(window::SettingsWindow& window, FrameWatch& watch) : window_(window), watch_(watch) {
@@ -49,8 +49,8 @@ private:
     FrameWatch& watch_;
 };
 
-/// One account that restricts as many applications as the default one, all of them installed: every row of
-/// the picker has a name.
+/// Returns one account that restricts as many applications as the default one, all of them installed: every
+/// row of the picker has a name.
 platform::Dictionary document() {
     constexpr std::size_t restricted = 9;
     platform::MutableDictionary document(sampleDocument(1));
@@ -108,7 +108,7 @@ void measureScroll(Opened& opened) {
     watch.measureScrolling({"scroll", "project", "wardlock"});
 }
 
-/// Stays as it is until it is ended, so that it can be looked at from outside.
+/// Stays open until the process is ended, so that other programs can measure it.
 int visitPages(Opened& opened) {
     FrameWatch watch(*opened.host.window());
     Person& person = opened.person;

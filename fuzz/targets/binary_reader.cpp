@@ -1,4 +1,4 @@
-// Any bytes as a binary property list; the magic number is put in front, so that every input gets that far.
+// Any bytes as a binary property list; the magic number is prepended, so that every input gets that far.
 #include "fuzz/SecondReading.h"
 #include "platform/plist/PropertyList.h"
 

@@ -1,5 +1,5 @@
-// The formatter, on any format and any arguments: it ends, its text is bounded and valid UTF-8 where what it
-// was given is, and a single conversion of a number prints what the C library's prints.
+// The formatter, on any format and any arguments. It ends, and its text is bounded. The text is valid UTF-8
+// where its input is. A single conversion of a number prints what the C library's prints.
 
 #include "platform/text/Format.h"
 
@@ -22,7 +22,7 @@ using wardlock::fuzz::Plan;
 
 constexpr std::size_t argumentCount = 5;
 
-/// Arguments of any kind, and what those that only refer to something refer to.
+/// Arguments of any kind, and the objects that they refer to.
 class Arguments {
 public:
     explicit Arguments(Plan& plan) : values_{value(plan), value(plan)}, text_(plan.bytes()) {
@@ -90,7 +90,7 @@ void compare(const std::string& start, const char* length, char letter, Argument
     check(false, "a conversion prints as the C library does");
 }
 
-/// "%-08.3" of "%-08.3f".
+/// Returns "%-08.3" of "%-08.3f".
 std::string conversionStart(Plan& plan) {
     std::string start = "%";
     for (const char flag : {'-', '0', '#', '+', ' '})
@@ -120,7 +120,7 @@ void printOneNumber(Plan& plan) {
     }
     default: {
         const auto any = plan.number<double>();
-        // What is no number has no sign here, unlike in the C library.
+        // Not-a-number has no sign here, unlike in the C library.
         const double number = std::isnan(any) ? std::abs(any) : any;
         return compare(start, "", plan.choice(std::string_view("fFeEgG")), number, number);
     }

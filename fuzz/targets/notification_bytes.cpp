@@ -1,5 +1,5 @@
-// The reader of notifications, on any bytes that arrive as the body of a signal: the first byte chooses its
-// signature, the one of notifications or, after it, any other.
+// The reader of notifications, on any bytes that arrive as the body of a signal. The first byte chooses its
+// signature: the one of notifications or, after it, any other.
 
 #include "fuzz/BusPair.h"
 #include "fuzz/NotificationCheck.h"
@@ -28,7 +28,7 @@ void appendText(std::string& message, std::string_view text) {
     message.append(text).push_back('\0');
 }
 
-/// A header field: its code, and a variant of the one-letter type.
+/// Appends a header field: its code, and a variant of the one-letter type.
 void appendField(std::string& fields, char code, char type, std::string_view text) {
     align(fields, 8);
     fields += {code, 1, type, 0};
@@ -40,10 +40,10 @@ void appendField(std::string& fields, char code, char type, std::string_view tex
     }
 }
 
-/// The little-endian wire form of a signal.
+/// Returns the little-endian wire form of a signal.
 std::string signalMessage(std::string_view signature, std::string_view body) {
     namespace format = platform::notificationformat;
-    // As if behind the sixteen bytes before them, which align as well.
+    // Aligned as if after the sixteen bytes that precede them, which align as well.
     std::string fields;
     appendField(fields, 1, 'o', format::path);
     appendField(fields, 2, 's', format::interface);
@@ -76,7 +76,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         sd_bus_add_filter(pair->receiver(), nullptr, arrived, nullptr);
     }
     const std::string signature = plan.yes() ? plan.bytes() : platform::notificationformat::signature;
-    // A receiver that has met a malformed message wants no more of its sender.
+    // A receiver closes the connection after a malformed message.
     if (!pair->send(signalMessage(signature, plan.rest())))
         pair.reset();
     return 0;

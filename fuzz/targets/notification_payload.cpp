@@ -1,4 +1,4 @@
-// The reader of notifications, on whatever well-formed message a program on the bus may send: the input is
+// The reader of notifications, on any well-formed message that a program on the bus may send: the input is
 // the plan of a message.
 
 #include "fuzz/BusPair.h"

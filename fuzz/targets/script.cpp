@@ -1,4 +1,4 @@
-// Settings for scripts, on whatever lines arrive. The first byte chooses how many accounts there are.
+// Settings for scripts, on any lines. The first byte chooses the number of accounts.
 
 #include "fuzz/ScriptedSettings.h"
 

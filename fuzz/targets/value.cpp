@@ -1,5 +1,5 @@
-// A value made here, in both forms of a property list: what is read is the value, nothing of it lost on the
-// way. (A reader that loses something every time would do so again with what was written of the rest.)
+// A value built from the plan, in both forms of a property list: reading returns the value without loss. (A
+// reader that always loses something would do so again with what was written of the rest.)
 #include "fuzz/BinaryEncoding.h"
 #include "fuzz/Check.h"
 #include "fuzz/Plan.h"
@@ -16,7 +16,7 @@ namespace {
 
 using platform::Value;
 
-/// Whether all its texts can be written: what is no UTF-8 has no place in a property list.
+/// Returns whether all its texts can be written: bytes that are not UTF-8 cannot.
 bool isText(const Value& value) {
     switch (value.kind()) {
     case Value::Kind::String:

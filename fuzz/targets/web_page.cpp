@@ -1,5 +1,5 @@
-// The text form of web pages, on whatever a server may send: always valid UTF-8 without control characters,
-// and links to web pages only.
+// The text form of web pages, on anything that a server may send: always valid UTF-8 without control
+// characters, and links to web pages only.
 
 #include "linux/web/HtmlText.h"
 #include "linux/web/PageEncoding.h"

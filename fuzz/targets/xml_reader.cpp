@@ -1,4 +1,4 @@
-// Any bytes as an XML property list, in whatever encoding they claim.
+// Any bytes as an XML property list, in whatever encoding they declare.
 #include "fuzz/SecondReading.h"
 #include "platform/plist/PropertyList.h"
 

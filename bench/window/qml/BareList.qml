@@ -1,8 +1,8 @@
 import QtQuick
 import QtQuick.Window
 
-// A list of texts and nothing else: of the picker's type and height of row, and as much of it in sight. It is made when it
-// is asked for.
+// Only a list of texts: of the picker's type and height of row, and as much of it in sight. It is created on
+// request.
 Window {
     width: 390
     height: 844

@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Window
 
-// What every window of Qt Quick costs.
+// The cost of every Qt Quick window.
 Window {
     width: 390
     height: 844
