@@ -1,8 +1,10 @@
 import QtQuick
 import QtWebEngine
 
-// The engine's view. It shows no error page of its own: a load that fails leaves what was there.
+// The engine's view of one page, which whoever is on the way may have written: it gets the web and nothing of
+// the machine. It shows no error page of its own: a load that fails leaves what was there.
 WebEngineView {
+    id: view
     objectName: "web"
     property QtObject web: null
 
@@ -11,13 +13,79 @@ WebEngineView {
         if (web)
             url = web.url;
     }
+    function isOfTheWeb(address) {
+        return /^https?:/.test(address.toString());
+    }
     onWebChanged: open()
-    settings.errorPageEnabled: false
+
+    // Nothing of a visit is written to disk.
+    profile: WebEngineProfile {
+        offTheRecord: true
+        onDownloadRequested: (download) => download.cancel()
+    }
+    settings {
+        errorPageEnabled: false
+        pluginsEnabled: false
+        pdfViewerEnabled: false
+        unknownUrlSchemePolicy: WebEngineSettings.DisallowUnknownUrlSchemes
+        localContentCanAccessFileUrls: false
+        localContentCanAccessRemoteUrls: false
+        navigateOnDropEnabled: false
+        javascriptCanOpenWindows: false
+        javascriptCanAccessClipboard: false
+        javascriptCanPaste: false
+        allowWindowActivationFromJavaScript: false
+        allowRunningInsecureContent: false
+        allowGeolocationOnInsecureOrigins: false
+        fullScreenSupportEnabled: false
+        screenCaptureEnabled: false
+        webRTCPublicInterfacesOnly: true
+        dnsPrefetchEnabled: false
+        hyperlinkAuditingEnabled: false
+        playbackRequiresUserGesture: true
+        autoLoadIconsForPage: false
+        touchIconsEnabled: false
+    }
+    onNavigationRequested: (request) => {
+        if (!isOfTheWeb(request.url))
+            request.reject();
+    }
     // There is one view: a link that asks for a window of its own is followed in it too.
     onNewWindowRequested: (request) => {
-        if (request.userInitiated)
+        if (request.userInitiated && isOfTheWeb(request.requestedUrl))
             url = request.requestedUrl;
     }
+
+    // Whatever else a page asks a person or the machine for is refused without a question.
+    onFileDialogRequested: (request) => {
+        request.accepted = true;
+        request.dialogReject();
+    }
+    onColorDialogRequested: (request) => {
+        request.accepted = true;
+        request.dialogReject();
+    }
+    onJavaScriptDialogRequested: (request) => {
+        request.accepted = true;
+        request.dialogReject();
+    }
+    onAuthenticationDialogRequested: (request) => {
+        request.accepted = true;
+        request.dialogReject();
+    }
+    onFeaturePermissionRequested: (origin, feature) => grantFeaturePermission(origin, feature, false)
+    onFileSystemAccessRequested: (request) => request.reject()
+    onQuotaRequested: (request) => request.reject()
+    onRegisterProtocolHandlerRequested: (request) => request.reject()
+    onFullScreenRequested: (request) => request.reject()
+    onSelectClientCertificate: (selection) => selection.selectNone()
+    onCertificateError: (error) => error.rejectCertificate()
+    onContextMenuRequested: (request) => request.accepted = true
+    onTooltipRequested: (request) => request.accepted = true
+    onTouchSelectionMenuRequested: (request) => request.accepted = true
+    // What the page's scripts print is none of ours.
+    onJavaScriptConsoleMessage: {}
+
     onLoadingChanged: (info) => {
         if (!web)
             return;

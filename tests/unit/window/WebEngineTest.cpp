@@ -5,10 +5,13 @@
 #include "tests/unit/window/WindowFixture.h"
 
 #include <QFile>
+#include <QGuiApplication>
 #include <QLibraryInfo>
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <tuple>
 
 namespace wardlock::test {
 
@@ -138,6 +141,151 @@ TEST_F(WindowWebEngine, LoadsAnewWhenThePageIsOpenedAgain) {
     scene().tap("row:More From Tavix");
     EXPECT_TRUE(titleBecomes("twice"));
     EXPECT_EQ(timesAsked(), 2);
+}
+
+/// A page of somebody hostile. Its script sets the title, which is what it could find out.
+class HostileWebPage : public WindowWebEngine {
+protected:
+    static std::string scripted(const std::string& body, const std::string& script) {
+        return "<!doctype html><title>not yet</title><body style='margin:0'>" + body + "<script>" + script +
+               "</script>";
+    }
+    /// A link over the whole page. The page's title changes some time after it was tapped, if the page is
+    /// still there to change it.
+    static std::string trap(const std::string& link) {
+        return scripted(
+            "<a " + link + " style='display:block;height:100vh;background:#00ff00'></a>",
+            "document.title = 'waiting';"
+            "document.addEventListener('click', () => setTimeout(() => document.title = 'still here', 500))");
+    }
+    /// Opens the page as the listing; what its script then found out.
+    bool tells(const std::string& html, const QString& title) {
+        server.answer(listing, html);
+        openListing(server.port());
+        return titleBecomes(title);
+    }
+    QString scheme() { return web()->property("url").toUrl().scheme(); }
+    /// All files and folders in the user's folders that the engine made.
+    std::vector<std::string> tracesOnDisk() const {
+        std::vector<std::string> traces;
+        for (const char* name : {"home", "data", "config", "cache"})
+            for (const auto& entry : std::filesystem::recursive_directory_iterator(folder() / name))
+                if (const std::string path = entry.path(); path.find("QtWebEngine") != std::string::npos)
+                    traces.push_back(path);
+        return traces;
+    }
+};
+
+/// An address outside the web, and the window in which a link leads there.
+class HostileLink : public HostileWebPage,
+                    public ::testing::WithParamInterface<std::tuple<const char*, const char*>> {};
+
+TEST_P(HostileLink, LeadsNowhere) {
+    if (!engineIsInstalled())
+        GTEST_SKIP() << "there is no web engine";
+    const auto [address, target] = GetParam();
+    server.answer(listing, trap("href='" + std::string(address) + "' target=" + target));
+    openListing(server.port());
+    EXPECT_TRUE(titleBecomes("waiting"));
+    EXPECT_TRUE(middleBecomes(QColor(0, 255, 0)));
+    scene().tap("web");
+    EXPECT_TRUE(titleBecomes("still here"));
+    EXPECT_EQ(scheme(), "http");
+}
+
+INSTANTIATE_TEST_SUITE_P(OfEachScheme, HostileLink,
+                         ::testing::Combine(::testing::Values("file:///etc/passwd",
+                                                              "data:text/html,<title>gone</title>",
+                                                              "view-source:http://host.example/",
+                                                              "chrome://version", "mailto:x@y.example"),
+                                            ::testing::Values("_self", "_blank")));
+
+TEST_F(HostileWebPage, OpensNothingByItself) {
+    if (!engineIsInstalled())
+        GTEST_SKIP() << "there is no web engine";
+    EXPECT_TRUE(tells(scripted("", "const opened = window.open('/other');"
+                                   "document.title = opened ? 'opened' : 'refused'"),
+                      "refused"));
+    EXPECT_EQ(server.requests().back(), listing);
+}
+
+TEST_F(HostileWebPage, IsNotRedirectedOutOfTheWeb) {
+    if (!engineIsInstalled())
+        GTEST_SKIP() << "there is no web engine";
+    server.redirect(listing, "file:///etc/passwd");
+    openListing(server.port());
+    EXPECT_TRUE(until([&] { return !server.requests().empty(); }));
+    scene().expectGone("spinner");
+    EXPECT_NE(scheme(), "file");
+}
+
+TEST_F(HostileWebPage, AsksNothingOfAPerson) {
+    if (!engineIsInstalled())
+        GTEST_SKIP() << "there is no web engine";
+    const auto windows = QGuiApplication::allWindows().size();
+    EXPECT_TRUE(tells(scripted("", "alert('x'); document.title = confirm('x') + ' ' + prompt('x', 'y')"),
+                      "false null"));
+    EXPECT_EQ(QGuiApplication::allWindows().size(), windows + 1);
+}
+
+TEST_F(HostileWebPage, AsksForNoPassword) {
+    if (!engineIsInstalled())
+        GTEST_SKIP() << "there is no web engine";
+    const std::string body = "<title>locked</title>";
+    server.answerRaw(listing, "HTTP/1.1 401 Unauthorized\r\nWWW-Authenticate: Basic realm=x\r\n"
+                              "Content-Type: text/html\r\nConnection: close\r\nContent-Length: " +
+                                  std::to_string(body.size()) + "\r\n\r\n" + body);
+    openListing(server.port());
+    EXPECT_TRUE(titleBecomes("locked"));
+    scene().expectGone("spinner");
+}
+
+TEST_F(HostileWebPage, GetsNoFileOfAPersons) {
+    if (!engineIsInstalled())
+        GTEST_SKIP() << "there is no web engine";
+    server.answer(
+        listing,
+        scripted("<input type=file style='display:block;width:100vw;height:100vh;background:#00ff00'>",
+                 "document.title = 'waiting';"
+                 "document.querySelector('input').addEventListener('click', () => "
+                 "setTimeout(() => document.title = 'files: ' + "
+                 "document.querySelector('input').files.length, 500))"));
+    openListing(server.port());
+    EXPECT_TRUE(titleBecomes("waiting"));
+    EXPECT_TRUE(middleBecomes(QColor(0, 255, 0)));
+    const auto windows = QGuiApplication::allWindows().size();
+    scene().tap("web");
+    EXPECT_TRUE(titleBecomes("files: 0"));
+    EXPECT_EQ(QGuiApplication::allWindows().size(), windows);
+}
+
+TEST_F(HostileWebPage, LeavesNoFileBehind) {
+    if (!engineIsInstalled())
+        GTEST_SKIP() << "there is no web engine";
+    server.answerRaw("/file",
+                     "HTTP/1.1 200 OK\r\nContent-Type: application/octet-stream\r\nContent-Disposition: "
+                     "attachment; filename=file\r\nConnection: close\r\nContent-Length: 4\r\n\r\nfile");
+    server.answer(listing, scripted("<iframe src=/file></iframe>",
+                                    "document.cookie = 'a=b; max-age=100000'; localStorage.setItem('a', 'b');"
+                                    "document.title = document.cookie + ' ' + localStorage.getItem('a')"));
+    openListing(server.port());
+    EXPECT_TRUE(titleBecomes("a=b b"));
+    EXPECT_TRUE(until([&] { return std::ranges::count(server.requests(), "/file") == 1; }));
+    quit();
+    EXPECT_EQ(tracesOnDisk(), std::vector<std::string>());
+    EXPECT_TRUE(std::filesystem::is_empty(folder() / "home"));
+}
+
+TEST_F(HostileWebPage, GetsNoPermission) {
+    if (!engineIsInstalled())
+        GTEST_SKIP() << "there is no web engine";
+    // Of all origins without encryption this one may ask.
+    server.redirect(listing, "http://localhost/ask");
+    server.answer("/ask",
+                  scripted("", "navigator.geolocation.getCurrentPosition(() => document.title = 'given',"
+                               "error => document.title = 'refused ' + error.code)"));
+    openListing(server.port());
+    EXPECT_TRUE(titleBecomes("refused 1"));
 }
 
 } // namespace wardlock::test
