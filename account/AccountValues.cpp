@@ -3,18 +3,16 @@
 #include "account/AppsController.h"
 #include "platform/ui/UIAlertController.h"
 #include "platform/ui/UINavigationController.h"
+#include "settings/Accounts.h"
 #include "settings/ChangeNotification.h"
 #include "settings/Constants.h"
-#include "settings/DefaultSettings.h"
 #include "settings/Document.h"
+#include "settings/DocumentPath.h"
 #include "settings/Keys.h"
 #include "specifiers/SelectedIndex.h"
 
 namespace wardlock {
 
-using platform::Array;
-using platform::MutableArray;
-using platform::MutableDictionary;
 using platform::UIAlertAction;
 using platform::UIAlertActionStyle;
 using platform::Value;
@@ -23,58 +21,23 @@ namespace {
 
 constexpr const char* BlankName = "Blank";
 
-/// A negative SelectedIndex becomes an index beyond every array.
-std::size_t selected() {
-    return static_cast<std::size_t>(SelectedIndex);
-}
-
-/// Returns null when `stored` is not an array or is empty.
-const Array* accountsIn(const Value* stored) {
-    const auto* accounts = platform::arrayValue(stored);
-    return accounts && !accounts->empty() ? accounts : nullptr;
-}
-
-/// Switches off the first account that is enabled, and only that one.
-void disableFirstEnabled(MutableArray& accounts) {
-    for (std::size_t index = 0; index < accounts.size(); ++index) {
-        const auto* record = platform::dictionaryValue(&accounts.at(index));
-        if (!record || !platform::boolValue(record->find(kAccountEnabled)))
-            continue;
-        MutableDictionary disabled(*record);
-        disabled.set(kAccountEnabled, Value(false));
-        accounts.replace(index, Value(disabled.copy()));
-        return;
-    }
-}
-
-/// Changes the document's entries. Returns false when there is no account to change.
-bool storeInAccount(MutableDictionary& entries, std::string_view key, const Value* value) {
-    const auto* stored = accountsIn(entries.find(kAccounts));
-    if (!stored)
+/// Returns false when there is no account to change.
+bool storeInAccount(Accounts& accounts, std::string_view key, const Value* value) {
+    if (accounts.empty())
         return false;
-    MutableArray accounts(*stored);
     // The account itself may be the one switched off: it is set again below.
-    if (key == kAccountEnabled && platform::boolValue(value))
-        disableFirstEnabled(accounts);
-    const auto* record = platform::dictionaryValue(&accounts.at(selected()));
-    if (!record)
-        return false;
-    MutableDictionary changed(*record);
-    changed.set(key, value);
-    accounts.remove(selected());
-    accounts.insert(selected(), Value(changed.copy()));
-    entries.set(kAccounts, Value(accounts.copy()));
-    return true;
+    if (key == kAccountEnabled && platform::boolValue(value)) {
+        const Value off(false);
+        if (const auto enabled = accounts.firstEnabled())
+            accounts.set(*enabled, kAccountEnabled, &off);
+    }
+    return accounts.set(selectedPosition(), key, value);
 }
 
-bool removeAccount(MutableDictionary& entries) {
-    const auto* stored = accountsIn(entries.find(kAccounts));
-    if (!stored)
+bool removeAccount(Accounts& accounts) {
+    if (accounts.empty())
         return false;
-    MutableArray accounts(*stored);
-    accounts.remove(selected());
-    const auto defaults = DefaultSettings();
-    entries.set(kAccounts, accounts.empty() ? *defaults.find(kAccounts) : Value(accounts.copy()));
+    accounts.remove(selectedPosition());
     return true;
 }
 
@@ -83,8 +46,9 @@ bool removeAccount(MutableDictionary& entries) {
 std::optional<Value> AppsController::getValue(platform::PSSpecifier& specifier) {
     const auto entries = document(BundleIdentifier);
     const Value* value = nullptr;
-    if (const auto* accounts = entries ? accountsIn(entries->find(kAccounts)) : nullptr) {
-        const auto* record = platform::dictionaryValue(&accounts->at(selected()));
+    const auto accounts = Accounts::of(entries ? entries->find(kAccounts) : nullptr);
+    if (accounts && !accounts->empty()) {
+        const auto* record = accounts->record(selectedPosition());
         value = record ? record->find(specifier.identifier()) : nullptr;
     } else {
         value = specifier.valueForKey(platform::PSKey::defaultValue);
@@ -97,8 +61,8 @@ void AppsController::setValue(const Value* value, platform::PSSpecifier& specifi
     const Value blank(BlankName);
     if (key == kAccountName && (!value || platform::stringValue(value) == ""))
         value = &blank;
-    const auto update = updateDocument(BundleIdentifier, [&key, value](MutableDictionary& entries) {
-        return storeInAccount(entries, key, value);
+    const auto update = updateAccounts(documentPath(BundleIdentifier), [&key, value](Accounts& accounts) {
+        return storeInAccount(accounts, key, value);
     });
     if (update.changed)
         postChange(BundleIdentifier, PostName, key, *value);
@@ -116,7 +80,7 @@ void AppsController::deleteAccount() {
 }
 
 void AppsController::deleteSelectedAccount() {
-    const auto update = updateDocument(BundleIdentifier, removeAccount);
+    const auto update = updateAccounts(documentPath(BundleIdentifier), removeAccount);
     if (update.changed)
         postChange(BundleIdentifier, PostName, kAccounts, *update.dictionary.find(kAccounts));
     if (const auto navigation = navigationController())

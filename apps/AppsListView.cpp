@@ -6,6 +6,7 @@
 #include "platform/runtime/DynamicLibrary.h"
 #include "platform/services/ALApplicationList.h"
 #include "platform/ui/UISwitch.h"
+#include "settings/Accounts.h"
 #include "settings/ChangeNotification.h"
 #include "settings/Constants.h"
 #include "settings/DocumentPath.h"
@@ -18,7 +19,6 @@ namespace {
 using platform::Array;
 using platform::Dictionary;
 using platform::MutableArray;
-using platform::MutableDictionary;
 using platform::Value;
 using Comparison = platform::NameCollator::Comparison;
 
@@ -39,12 +39,10 @@ platform::ALApplicationList* sharedApplicationList() {
     return methods ? &methods->sharedApplicationList() : nullptr;
 }
 
-/// Returns the element at SelectedIndex when it is a record; none when there are no accounts.
-std::optional<Dictionary> selectedRecord(const Array* accounts) {
-    if (!accounts)
-        return std::nullopt;
-    const Dictionary* record =
-        platform::dictionaryValue(&accounts->at(static_cast<std::size_t>(SelectedIndex)));
+/// Returns the element at SelectedIndex when it is a record; none when the document has no accounts.
+std::optional<Dictionary> selectedRecord(const std::optional<Dictionary>& document) {
+    const auto accounts = Accounts::of(document ? document->find(kAccounts) : nullptr);
+    const Dictionary* record = accounts ? accounts->record(selectedPosition()) : nullptr;
     return record ? std::optional(*record) : std::nullopt;
 }
 
@@ -52,8 +50,7 @@ std::optional<Dictionary> selectedRecord(const Array* accounts) {
 
 std::shared_ptr<AppsListView> AppsListView::initWithFrame(const platform::CGRect& frame) {
     auto view = std::make_shared<AppsListView>(frame);
-    const std::optional<Dictionary> document = platform::dictionaryWithContentsOfFile(PreferencesPath);
-    SelectedAccount = selectedRecord(document ? platform::arrayValue(document->find(kAccounts)) : nullptr);
+    SelectedAccount = selectedRecord(platform::dictionaryWithContentsOfFile(PreferencesPath));
     view->applist_ = platform::dlopen(platform::appListLibraryPath, platform::RTLD_Lazy);
     view->setupTableViewWithFrame(frame);
     return view;
@@ -88,25 +85,15 @@ void AppsListView::setupArrays() {
 }
 
 void AppsListView::savePreferences() {
-    const auto change = [this](MutableDictionary& document) {
-        const Array* present = platform::arrayValue(document.find(kAccounts));
-        MutableArray accounts(present ? *present : Array());
-        if (accounts.empty())
+    const std::optional<Value> list = enabled_ ? std::optional<Value>(enabled_->copy()) : std::nullopt;
+    const auto change = [&list](Accounts& accounts) {
+        if (accounts.empty() || !accounts.set(selectedPosition(), kAppsRestricted, list ? &*list : nullptr))
             return false;
-        const auto index = static_cast<std::size_t>(SelectedIndex);
-        const Dictionary* record = platform::dictionaryValue(&accounts.at(index));
-        if (!record)
-            return false;
-        MutableDictionary account(*record);
-        const std::optional<Value> list = enabled_ ? std::optional<Value>(enabled_->copy()) : std::nullopt;
-        account.set(kAppsRestricted, list ? &*list : nullptr);
-        SelectedAccount = account.copy();
-        accounts.replace(index, *SelectedAccount);
-        document.set(kAccounts, accounts.copy());
+        SelectedAccount = *accounts.record(selectedPosition());
         return true;
     };
-    if (platform::updateFile(PreferencesPath, change).changed)
-        postChange(BundleIdentifier, PostName, kAppsRestricted, enabled_->copy());
+    if (updateAccounts(PreferencesPath, change).changed)
+        postChange(BundleIdentifier, PostName, kAppsRestricted, *list);
 }
 
 void AppsListView::setupTableViewWithFrame(const platform::CGRect& frame) {

@@ -4,10 +4,10 @@
 #include "platform/ui/UIAlertController.h"
 #include "root/DocumentSnapshot.h"
 #include "root/SettingsListController.h"
+#include "settings/Accounts.h"
 #include "settings/ChangeNotification.h"
 #include "settings/Constants.h"
-#include "settings/DefaultSettings.h"
-#include "settings/Document.h"
+#include "settings/DocumentPath.h"
 #include "settings/Keys.h"
 #include "settings/Log.h"
 #include "specifiers/PreferenceHelper.h"
@@ -22,21 +22,9 @@ using platform::UIAlertController;
 namespace {
 
 platform::Dictionary newAccountRecord(const std::string& name) {
-    const auto defaults = DefaultSettings();
-    platform::MutableDictionary record(defaults.find(kAccounts)->array().at(0).dictionary());
+    platform::MutableDictionary record(*Accounts::defaults().record(0));
     record.set(kAccountName, platform::Value(name));
     return record.copy();
-}
-
-/// Returns false, having changed nothing, when there is no list to append to.
-bool appendAccount(platform::MutableDictionary& document, const platform::Dictionary& record) {
-    const auto* stored = platform::arrayValue(document.find(kAccounts));
-    if (!stored)
-        return false;
-    platform::MutableArray accounts(*stored);
-    accounts.append(platform::Value(record));
-    document.set(kAccounts, platform::Value(accounts.copy()));
-    return true;
 }
 
 } // namespace
@@ -83,8 +71,9 @@ void SettingsListController::alertTextFieldDidChange(const platform::NSNotificat
 
 void SettingsListController::createAccountWithName(const std::string& name) {
     const auto record = newAccountRecord(name);
-    const auto update = updateDocument(BundleIdentifier, [&record](platform::MutableDictionary& entries) {
-        return appendAccount(entries, record);
+    const auto update = updateAccounts(documentPath(BundleIdentifier), [&record](Accounts& accounts) {
+        accounts.append(record);
+        return true;
     });
     if (!update.changed) {
         jLog("No account was created: the preferences document has no list of accounts.");

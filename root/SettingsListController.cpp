@@ -7,6 +7,7 @@
 #include "platform/ui/UIApplication.h"
 #include "root/DocumentSnapshot.h"
 #include "root/Maker.h"
+#include "settings/Accounts.h"
 #include "settings/Constants.h"
 #include "settings/Keys.h"
 #include "specifiers/PreferenceHelper.h"
@@ -88,15 +89,9 @@ void SettingsListController::observeResigning() {
 }
 
 void SettingsListController::appendAccounts(Specifiers& rows) {
-    const auto* accounts =
-        documentSnapshot ? platform::arrayValue(documentSnapshot->find(kAccounts)) : nullptr;
-    if (!accounts)
-        return;
-    for (const auto& account : *accounts) {
-        const auto* record = platform::dictionaryValue(&account);
-        const auto name = platform::stringValue(record ? record->find(kAccountName) : nullptr);
-        rows.push_back(prefs_->link(std::string(name.value_or("")), &AppsController::theClass()));
-    }
+    const auto accounts = Accounts::of(documentSnapshot ? documentSnapshot->find(kAccounts) : nullptr);
+    for (std::string& name : accounts.value_or(Accounts()).names())
+        rows.push_back(prefs_->link(std::move(name), &AppsController::theClass()));
 }
 
 void SettingsListController::viewDidAppear(bool animated) {

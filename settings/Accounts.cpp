@@ -1,6 +1,7 @@
 #include "settings/Accounts.h"
 
 #include "settings/Constants.h"
+#include "settings/DefaultSettings.h"
 #include "settings/Document.h"
 #include "settings/Keys.h"
 
@@ -9,6 +10,9 @@ namespace wardlock {
 namespace {
 
 using platform::Array;
+using platform::Dictionary;
+using platform::MutableArray;
+using platform::Value;
 
 /// Returns whether the record at `index` of `list` is at a position of `other` where it was not before. A
 /// record that stayed where it was is merely equal; that does not show a move.
@@ -21,15 +25,35 @@ bool standsElsewhere(const Array& list, std::size_t index, const Array& other) {
 
 } // namespace
 
+std::optional<Accounts> Accounts::of(const Value* list) {
+    const Array* records = platform::arrayValue(list);
+    return records ? std::optional<Accounts>(*records) : std::nullopt;
+}
+
+Accounts Accounts::defaults() {
+    return Accounts(DefaultSettings().find(kAccounts)->array());
+}
+
 Accounts Accounts::onDisk() {
     const auto entries = document(BundleIdentifier);
-    const auto* records = entries ? platform::arrayValue(entries->find(kAccounts)) : nullptr;
-    return records ? Accounts(*records) : Accounts();
+    return of(entries ? entries->find(kAccounts) : nullptr).value_or(Accounts());
+}
+
+const Dictionary* Accounts::record(std::size_t index) const {
+    return platform::dictionaryValue(&records_.at(index));
+}
+
+std::optional<std::size_t> Accounts::firstEnabled() const {
+    for (std::size_t index = 0; index < size(); ++index)
+        if (const Dictionary* found = record(index))
+            if (platform::boolValue(found->find(kAccountEnabled)))
+                return index;
+    return std::nullopt;
 }
 
 std::string Accounts::name(std::size_t index) const {
-    const auto* record = index < size() ? platform::dictionaryValue(&records_.at(index)) : nullptr;
-    return std::string(platform::stringValue(record ? record->find(kAccountName) : nullptr).value_or(""));
+    const Dictionary* found = index < size() ? record(index) : nullptr;
+    return std::string(platform::stringValue(found ? found->find(kAccountName) : nullptr).value_or(""));
 }
 
 std::vector<std::string> Accounts::names() const {
@@ -37,6 +61,30 @@ std::vector<std::string> Accounts::names() const {
     for (std::size_t i = 0; i < size(); ++i)
         names.push_back(name(i));
     return names;
+}
+
+void Accounts::append(const Dictionary& record) {
+    MutableArray changed(records_);
+    changed.append(record);
+    records_ = changed.copy();
+}
+
+bool Accounts::set(std::size_t index, std::string_view key, const Value* value) {
+    const Dictionary* old = record(index);
+    if (!old)
+        return false;
+    platform::MutableDictionary account(*old);
+    account.set(key, value);
+    MutableArray changed(records_);
+    changed.replace(index, account.copy());
+    records_ = changed.copy();
+    return true;
+}
+
+void Accounts::remove(std::size_t index) {
+    MutableArray changed(records_);
+    changed.remove(index);
+    *this = changed.empty() ? defaults() : Accounts(changed.copy());
 }
 
 AccountFate Accounts::fate(std::size_t index, const Accounts& later) const {
@@ -50,6 +98,16 @@ AccountFate Accounts::fate(std::size_t index, const Accounts& later) const {
         return AccountFate::Removed;
     return later.size() < size() && name(index) != later.name(index) ? AccountFate::Removed
                                                                      : AccountFate::Same;
+}
+
+platform::Update updateAccounts(std::string_view documentPath, const std::function<bool(Accounts&)>& change) {
+    return platform::updateFile(documentPath, [&change](platform::MutableDictionary& entries) {
+        auto accounts = Accounts::of(entries.find(kAccounts));
+        if (!accounts || !change(*accounts))
+            return false;
+        entries.set(kAccounts, accounts->records());
+        return true;
+    });
 }
 
 } // namespace wardlock

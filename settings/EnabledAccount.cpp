@@ -1,5 +1,6 @@
 #include "settings/EnabledAccount.h"
 
+#include "settings/Accounts.h"
 #include "settings/Keys.h"
 #include "settings/Settings.h"
 
@@ -8,15 +9,9 @@ namespace wardlock {
 std::optional<platform::Dictionary> EnabledAccount;
 
 std::optional<platform::Dictionary> EnabledAccountNew() {
-    const platform::Array* accounts = platform::arrayValue(objectForKey(kAccounts));
-    if (!accounts)
-        return std::nullopt;
-    for (const platform::Value& account : *accounts) {
-        const platform::Dictionary* record = platform::dictionaryValue(&account);
-        if (record && platform::boolValue(record->find(kAccountEnabled)))
-            return *record;
-    }
-    return std::nullopt;
+    const auto accounts = Accounts::of(objectForKey(kAccounts));
+    const auto enabled = accounts ? accounts->firstEnabled() : std::nullopt;
+    return enabled ? std::optional(*accounts->record(*enabled)) : std::nullopt;
 }
 
 const std::optional<platform::Dictionary>& EnabledAccountFetchIfNecessary() {

@@ -2,6 +2,7 @@
 
 #include "platform/base/Export.h"
 
+#include <cstddef>
 #include <cstdint>
 
 namespace wardlock {
@@ -9,5 +10,10 @@ namespace wardlock {
 /// The position in "kAccounts" of the account being edited: the row tapped last on the root page, 0 whenever
 /// that page is shown. One per process, exported under this plain name; not saved. Main thread only.
 extern "C" WARDLOCK_API std::intptr_t SelectedIndex;
+
+/// SelectedIndex as a position in a list: a negative one becomes one beyond every list.
+inline std::size_t selectedPosition() {
+    return static_cast<std::size_t>(SelectedIndex);
+}
 
 } // namespace wardlock

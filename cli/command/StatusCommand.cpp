@@ -3,7 +3,7 @@
 #include "cli/io/Json.h"
 #include "cli/io/Output.h"
 #include "cli/io/TextWidth.h"
-#include "settings/DefaultSettings.h"
+#include "settings/Accounts.h"
 #include "settings/EnabledAccount.h"
 #include "settings/Keys.h"
 #include "settings/Settings.h"
@@ -33,8 +33,8 @@ struct AccountStatus {
 
 std::vector<std::string> activeRestrictions() {
     std::vector<std::string> keys;
-    const platform::Dictionary defaults = DefaultSettings();
-    for (const auto& [key, value] : platform::arrayValue(defaults.find(kAccounts))->at(0).dictionary())
+    const auto defaults = Accounts::defaults();
+    for (const auto& [key, value] : *defaults.record(0))
         if (value.kind() == Value::Kind::Boolean && key != kAccountEnabled && AccountBool(key))
             keys.emplace_back(key);
     return keys;
@@ -50,18 +50,13 @@ std::vector<std::string> strings(const platform::Array* array) {
 }
 
 std::optional<AccountStatus> accountStatus() {
-    const std::optional<platform::Dictionary>& account = EnabledAccountFetchIfNecessary();
-    if (!account)
+    const auto accounts = Accounts::of(objectForKey(kAccounts));
+    const auto enabled = accounts ? accounts->firstEnabled() : std::nullopt;
+    if (!enabled)
         return std::nullopt;
     AccountStatus status;
-    if (const platform::Array* accounts = platform::arrayValue(objectForKey(kAccounts))) {
-        status.count = accounts->size();
-        for (const Value& record : *accounts) {
-            if (record.kind() == Value::Kind::Dictionary && record.dictionary().isSameObject(*account))
-                break;
-            ++status.index;
-        }
-    }
+    status.index = *enabled;
+    status.count = accounts->size();
     if (const auto name = platform::stringValue(AccountString(kAccountName)))
         status.name = *name;
     status.restrictions = activeRestrictions();

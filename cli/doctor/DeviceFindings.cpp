@@ -10,6 +10,7 @@
 #include "platform/plist/PropertyListBounds.h"
 #include "platform/services/HostStatus.h"
 #include "platform/text/Format.h"
+#include "settings/Accounts.h"
 #include "settings/Constants.h"
 #include "settings/DocumentPath.h"
 #include "settings/Keys.h"
@@ -78,23 +79,22 @@ platform::FolderDoubt doubtOfRoot(const std::string& folderOfDocument) {
 /// The accounts, and which one is enabled. False when the list is of another kind.
 bool describeAccounts(const platform::Dictionary& document, Finding& finding) {
     const Value* list = document.find(kAccounts);
-    const platform::Array* accounts = platform::arrayValue(list);
-    if (list && !accounts)
+    const auto stored = Accounts::of(list);
+    if (list && !stored)
         return false;
-    const std::size_t count = accounts ? accounts->size() : 0;
+    const Accounts accounts = stored.value_or(Accounts());
+    const std::size_t count = accounts.size();
     finding.text += ", " + counted(count, "account");
     finding.facts["accounts"] = count;
     finding.facts["enabledAccount"] = nullptr;
-    for (std::size_t i = 0; i < count; ++i) {
-        const platform::Dictionary* record = platform::dictionaryValue(&accounts->at(i));
-        if (!record || !platform::boolValue(record->find(kAccountEnabled)))
-            continue;
-        const auto name = platform::stringValue(record->find(kAccountName)).value_or("without a name");
-        finding.text += ", enabled: " + printable(name);
-        finding.facts["enabledAccount"] = i;
+    const auto enabled = accounts.firstEnabled();
+    if (!enabled) {
+        finding.text += ", none enabled";
         return true;
     }
-    finding.text += ", none enabled";
+    const Value* name = accounts.record(*enabled)->find(kAccountName);
+    finding.text += ", enabled: " + printable(platform::stringValue(name).value_or("without a name"));
+    finding.facts["enabledAccount"] = *enabled;
     return true;
 }
 

@@ -14,6 +14,7 @@ PASSCODE = "root/PasscodeWorkflow.cpp"
 OVERLAY = "passcode/PasscodeView.cpp"
 ACCOUNT = "account/AccountValues.cpp"
 PICKER = "apps/AppsListView.cpp"
+LIST = "settings/Accounts.cpp"
 HELPER = "specifiers/PreferenceHelper.cpp"
 ICONS = "specifiers/PreferenceHelperAdditions.cpp"
 SETTINGS = "settings/Settings.cpp"
@@ -119,14 +120,14 @@ ALL = [
         ("root/PasscodeWorkflow.cpp", "    if (currentPasscode() == passcode) {", "    if (currentPasscode() && currentPasscode()->substr(0, 2) == passcode.substr(0, 2)) {"),
     ]),
     Mutant("two-accounts-enabled", "enabling an account leaves the one enabled before as it is", ("tests.account/EnablingAnAccount",), [
-        ("account/AccountValues.cpp", "        disabled.set(kAccountEnabled, Value(false));\n", ""),
+        (ACCOUNT, "            accounts.set(*enabled, kAccountEnabled, &off);\n", "            static_cast<void>(off);\n"),
     ]),
     Mutant("deleted-account-left", "of a deleted account the record stays at the list's end", both("killed/AccountDeletion"), [
-        ("account/AccountValues.cpp", "    accounts.remove(selected());\n    const auto defaults",
-         "    const Value left = accounts.at(selected());\n    accounts.remove(selected());\n    accounts.insert(accounts.size(), left);\n    const auto defaults"),
+        (LIST, "    changed.remove(index);\n",
+         "    const Value left = changed.at(index);\n    changed.remove(index);\n    changed.append(left);\n"),
     ]),
     Mutant("wrong-account-restricted", "the picker writes into the first account", ("tests.apps/AppsListSaving",), [
-        ("apps/AppsListView.cpp", "        const auto index = static_cast<std::size_t>(SelectedIndex);", "        const std::size_t index = 0;"),
+        (PICKER, "accounts.set(selectedPosition(), kAppsRestricted,", "accounts.set(0, kAppsRestricted,"),
     ]),
     Mutant("enabled-account-cached", "a change of the document leaves the enabled account as it was read first", ("tests.settings/SettingsUpdateTest",), [
         ("settings/Settings.cpp", "    EnabledAccount = EnabledAccountNew();", "    EnabledAccountFetchIfNecessary();"),
@@ -155,13 +156,14 @@ ALL = [
          "        postChange(BundleIdentifier, PostName, key, *value);\n    reloadSpecifiers();\n}"),
     ]),
     Mutant("deletion-resets-index", "the deletion itself resets the selected index", ("tests.account/AccountDeletion",), [
-        (ACCOUNT, "    const auto update = updateDocument(BundleIdentifier, removeAccount);\n",
-         "    const auto update = updateDocument(BundleIdentifier, removeAccount);\n    SelectedIndex = 0;\n"),
+        (ACCOUNT, "    const auto update = updateAccounts(documentPath(BundleIdentifier), removeAccount);\n",
+         "    const auto update = updateAccounts(documentPath(BundleIdentifier), removeAccount);\n    SelectedIndex = 0;\n"),
     ]),
     Mutant("equal-value-not-stored", "an account's value that is equal to the stored one is dropped", ("tests.account/AccountValues",), [
-        (ACCOUNT, "    MutableDictionary changed(*record);\n",
-         "    if (value && record->find(key) && *record->find(key) == *value)\n        return false;\n"
-         "    MutableDictionary changed(*record);\n"),
+        (ACCOUNT, "    return accounts.set(selectedPosition(), key, value);\n",
+         "    const auto* record = accounts.record(selectedPosition());\n"
+         "    if (record && value && record->find(key) && *record->find(key) == *value)\n        return false;\n"
+         "    return accounts.set(selectedPosition(), key, value);\n"),
     ]),
     Mutant("trailing-blanks-dropped", "an account's new name loses the blanks at its end", ("tests.account/AccountValues", "tests.bundle/InSettings"), [
         (ACCOUNT, "        value = &blank;\n",
@@ -174,8 +176,11 @@ ALL = [
          "    record.set(kAccountName, platform::Value(name.substr(0, name.find_last_not_of(' ') + 1)));"),
     ]),
     Mutant("equal-list-not-stored", "the picker drops a list that is equal to the stored one", ("tests.apps/AppsListSaving",), [
-        (PICKER, "        SelectedAccount = account.copy();\n",
-         "        if (account.copy() == *record)\n            return false;\n        SelectedAccount = account.copy();\n"),
+        (PICKER, "    const auto change = [&list](Accounts& accounts) {\n",
+         "    const auto change = [&list](Accounts& accounts) {\n"
+         "        const auto* record = accounts.empty() ? nullptr : accounts.record(selectedPosition());\n"
+         "        if (record && list && record->find(kAppsRestricted) && *record->find(kAppsRestricted) == *list)\n"
+         "            return false;\n"),
     ]),
     Mutant("title-kept-in-reuse", "a reused cell keeps its title where the application has no name", ("tests.apps/AppsListTable",), [
         (PICKER, "    cell->textLabel().setText(platform::stringValue(applications_.find(identifier)).value_or(\"\"));",
@@ -288,20 +293,19 @@ ALL = [
         ("account/AppsController.cpp", "    if (!hasSpecifiers())", "    if (PSListController::specifiers().empty())"),
     ]),
     Mutant("enabled-in-two-writes", "enabling an account writes twice", ("tests.account/EnablingAnAccount",), [
-        (ACCOUNT, "    const auto update = updateDocument(BundleIdentifier, [&key, value](",
+        (ACCOUNT, "    const auto update = updateAccounts(documentPath(BundleIdentifier), [&key, value](",
          "    if (key == kAccountEnabled && platform::boolValue(value))\n"
-         "        updateDocument(BundleIdentifier, [](MutableDictionary& entries) {\n"
-         "            const auto* stored = accountsIn(entries.find(kAccounts));\n"
-         "            MutableArray accounts(stored ? *stored : Array());\n"
-         "            disableFirstEnabled(accounts);\n"
-         "            entries.set(kAccounts, Value(accounts.copy()));\n"
-         "            return stored != nullptr && selected() < accounts.size();\n"
+         "        updateAccounts(documentPath(BundleIdentifier), [](Accounts& accounts) {\n"
+         "            const Value off(false);\n"
+         "            if (const auto enabled = accounts.firstEnabled())\n"
+         "                accounts.set(*enabled, kAccountEnabled, &off);\n"
+         "            return selectedPosition() < accounts.size();\n"
          "        });\n"
-         "    const auto update = updateDocument(BundleIdentifier, [&key, value]("),
+         "    const auto update = updateAccounts(documentPath(BundleIdentifier), [&key, value]("),
     ]),
     Mutant("unwritten-record-forgotten", "the picker keeps its record only when it could be written", ("tests.apps/AppsListSaving",), [
-        (PICKER, "    if (platform::updateFile(PreferencesPath, change).changed)\n",
-         "    const auto before = SelectedAccount;\n    const auto update = platform::updateFile(PreferencesPath, change);\n"
+        (PICKER, "    if (updateAccounts(PreferencesPath, change).changed)\n",
+         "    const auto before = SelectedAccount;\n    const auto update = updateAccounts(PreferencesPath, change);\n"
          "    if (!update.written)\n        SelectedAccount = before;\n    if (update.changed)\n"),
     ]),
     Mutant("table-added-first", "the picker's table is added before it has rows and a delegate", ("tests.apps/AppsListTable",), [
@@ -407,22 +411,22 @@ ALL = [
          "    documentSnapshot.emplace(update.dictionary);\n"),
     ]),
     Mutant("account-announces-first", "a value of an account is announced before it is written", both("killed/TextField"), [
-        ("account/AccountValues.cpp", "    const auto update = updateDocument(BundleIdentifier, [&key, value](",
+        (ACCOUNT, "    const auto update = updateAccounts(documentPath(BundleIdentifier), [&key, value](",
          "    postChange(BundleIdentifier, PostName, key, *value);\n"
-         "    const auto update = updateDocument(BundleIdentifier, [&key, value]("),
+         "    const auto update = updateAccounts(documentPath(BundleIdentifier), [&key, value]("),
         ("account/AccountValues.cpp", "    if (update.changed)\n        postChange(BundleIdentifier, PostName, key, *value);\n",
          "    static_cast<void>(update);\n"),
     ]),
     Mutant("deletion-announces-first", "a deletion is announced before it is written", both("killed/AccountDeletion"), [
-        ("account/AccountValues.cpp", "    const auto update = updateDocument(BundleIdentifier, removeAccount);\n    if (update.changed)\n",
-         "    postChange(BundleIdentifier, PostName, kAccounts, Value(Array()));\n"
-         "    const auto update = updateDocument(BundleIdentifier, removeAccount);\n    if (!update.changed)\n"),
+        (ACCOUNT, "    const auto update = updateAccounts(documentPath(BundleIdentifier), removeAccount);\n    if (update.changed)\n",
+         "    postChange(BundleIdentifier, PostName, kAccounts, Value(platform::Array()));\n"
+         "    const auto update = updateAccounts(documentPath(BundleIdentifier), removeAccount);\n    if (!update.changed)\n"),
     ]),
     Mutant("picker-announces-first", "the picker announces before it writes", both("killed/Picker"), [
-        ("apps/AppsListView.cpp", "    if (platform::updateFile(PreferencesPath, change).changed)\n        postChange(",
-         "    if (enabled_)\n        postChange("),
-        ("apps/AppsListView.cpp", "kAppsRestricted, enabled_->copy());\n}", "kAppsRestricted, enabled_->copy());\n"
-         "    platform::updateFile(PreferencesPath, change);\n}"),
+        (PICKER, "    if (updateAccounts(PreferencesPath, change).changed)\n        postChange(",
+         "    if (list)\n        postChange("),
+        (PICKER, "kAppsRestricted, *list);\n}", "kAppsRestricted, *list);\n"
+         "    updateAccounts(PreferencesPath, change);\n}"),
     ]),
     Mutant("announced-twice", "every change is announced twice", ("memory.errors", "processes.killed", "soak"), [
         ("settings/ChangeNotification.cpp", "    const platform::Dictionary userInfo{{ChangeKey, key}, {ChangeObject, object}};\n",
@@ -513,8 +517,7 @@ ALL = [
         ("cli/script/ScriptCommands.cpp", 'answer.erase("ok");', 'answer.erase("ok");\n        answer.erase("id");'),
     ]),
     Mutant("last-account-deletable", "deleting the last account leaves none", ("fuzz.script",), [
-        ("account/AccountValues.cpp", "entries.set(kAccounts, accounts.empty() ? *defaults.find(kAccounts) : Value(accounts.copy()));",
-         "entries.set(kAccounts, Value(accounts.copy()));"),
+        (LIST, "*this = changed.empty() ? defaults() : Accounts(changed.copy());", "*this = Accounts(changed.copy());"),
     ]),
     # What other users may do with folders, groups and processes.
     Mutant("first-group-overlooked", "a user whose first group it is does not count as a member", ("tests.hostile/GroupOfAUser",), [

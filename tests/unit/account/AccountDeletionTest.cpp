@@ -1,11 +1,11 @@
 #include "account/AppsController.h"
 #include "platform/ui/UIAlertController.h"
 #include "platform/ui/UINavigationController.h"
-#include "platform/values/NSException.h"
 #include "root/SettingsListController.h"
 #include "settings/DefaultSettings.h"
 #include "specifiers/SelectedIndex.h"
 #include "tests/support/PageFixture.h"
+#include "tests/support/ThrownException.h"
 #include "tests/support/doubles/PicturingDisplay.h"
 
 namespace wardlock::test {
@@ -178,12 +178,7 @@ TEST_F(AccountDeletion, BeyondTheAccountsThrowsAndWritesNothing) {
     open(1);
     writeAccounts({accountNamed("Ann")});
     const auto before = readFile(documentPath);
-    try {
-        remove();
-        ADD_FAILURE() << "nothing thrown";
-    } catch (const platform::NSException& exception) {
-        EXPECT_EQ(exception.name(), "NSRangeException");
-    }
+    EXPECT_EQ(thrown([this] { remove(); }), "NSRangeException");
     EXPECT_EQ(readFile(documentPath), before);
     expectNoChange();
 }

@@ -1,7 +1,7 @@
 #include "account/AppsController.h"
-#include "platform/values/NSException.h"
 #include "specifiers/SelectedIndex.h"
 #include "tests/support/PageFixture.h"
+#include "tests/support/ThrownException.h"
 #include "tests/support/doubles/RecordingDisplay.h"
 
 #include <algorithm>
@@ -11,7 +11,6 @@ namespace {
 
 using platform::Array;
 using platform::Dictionary;
-using platform::NSException;
 using platform::Value;
 
 class AccountValues : public PageFixture {
@@ -29,16 +28,6 @@ protected:
     void expectUntouched(const std::string& bytes) {
         EXPECT_EQ(readFile(documentPath), bytes);
         expectNoChange();
-    }
-    /// The name of what `call` throws; empty when it throws nothing.
-    template <class Call>
-    static std::string thrown(Call call) {
-        try {
-            call();
-        } catch (const NSException& exception) {
-            return exception.name();
-        }
-        return "";
     }
 
     std::shared_ptr<AppsController> page = std::make_shared<AppsController>();

@@ -1,6 +1,6 @@
 #include "platform/text/Collation.h"
-#include "platform/values/NSException.h"
 #include "tests/support/EnglishLocale.h"
+#include "tests/support/ThrownException.h"
 #include "tests/unit/apps/PickerFixture.h"
 
 namespace wardlock::test {
@@ -190,12 +190,7 @@ TEST_F(AppsListModel, OfAnIndexOutsideTheAccountsThrows) {
     restrict({});
     for (const std::intptr_t index : {std::intptr_t{1}, std::intptr_t{-1}, INTPTR_MAX, INTPTR_MIN}) {
         SelectedIndex = index;
-        try {
-            open();
-            FAIL() << "nothing was thrown for " << index;
-        } catch (const platform::NSException& exception) {
-            EXPECT_EQ(exception.name(), platform::NSRangeException);
-        }
+        EXPECT_EQ(thrown([this] { open(); }), platform::NSRangeException) << index;
     }
 }
 

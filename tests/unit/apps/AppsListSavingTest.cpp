@@ -1,4 +1,4 @@
-#include "platform/values/NSException.h"
+#include "tests/support/ThrownException.h"
 #include "tests/unit/apps/PickerFixture.h"
 
 namespace wardlock::test {
@@ -135,12 +135,7 @@ TEST_F(AppsListSaving, OutsideTheAccountsThrowsAndWritesNothing) {
     const std::string before = readFile(documentPath);
     for (const std::intptr_t index : {std::intptr_t{1}, std::intptr_t{-1}}) {
         SelectedIndex = index;
-        try {
-            view->savePreferences();
-            FAIL() << "nothing was thrown";
-        } catch (const platform::NSException& exception) {
-            EXPECT_EQ(exception.name(), platform::NSRangeException);
-        }
+        EXPECT_EQ(thrown([&view] { view->savePreferences(); }), platform::NSRangeException);
     }
     EXPECT_EQ(readFile(documentPath), before);
     expectNoChange();
@@ -150,12 +145,7 @@ TEST_F(AppsListSaving, OfARecordWithoutAListThrowsBeforeAnythingIsWritten) {
     writeAccounts({Value(accountWithoutList())});
     const auto view = open();
     const std::string before = readFile(documentPath);
-    try {
-        tap(*view, 0);
-        FAIL() << "nothing was thrown";
-    } catch (const platform::NSException& exception) {
-        EXPECT_EQ(exception.name(), platform::NSInvalidArgumentException);
-    }
+    EXPECT_EQ(thrown([&] { tap(*view, 0); }), platform::NSInvalidArgumentException);
     EXPECT_FALSE(view->enabled());
     EXPECT_EQ(readFile(documentPath), before);
     expectNoChange();

@@ -1,6 +1,6 @@
-#include "platform/values/NSException.h"
 #include "specifiers/PreferenceHelper.h"
 #include "tests/support/PageFixture.h"
+#include "tests/support/ThrownException.h"
 
 namespace wardlock::test {
 namespace {
@@ -123,12 +123,7 @@ TEST_F(ValueBinding, WithoutAPostNameWritesAndAnnouncesNothing) {
 TEST_F(ValueBinding, StoringNoneThrowsBeforeAnythingIsWritten) {
     writeDocument({{"kEnabled", true}});
     const auto before = readFile(documentPath);
-    try {
-        row->performSetter(nullptr);
-        ADD_FAILURE() << "nothing thrown";
-    } catch (const platform::NSException& exception) {
-        EXPECT_EQ(exception.name(), "NSInvalidArgumentException");
-    }
+    EXPECT_EQ(thrown([this] { row->performSetter(nullptr); }), "NSInvalidArgumentException");
     EXPECT_EQ(readFile(documentPath), before);
     expectNoChange();
 }
