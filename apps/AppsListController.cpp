@@ -3,11 +3,6 @@
 #include "apps/AppsListView.h"
 
 namespace wardlock {
-namespace {
-
-constexpr const char* Title = "Apps";
-
-} // namespace
 
 const platform::Class& AppsListController::theClass() {
     static constexpr platform::Class theClass("AppsListController",
@@ -15,14 +10,8 @@ const platform::Class& AppsListController::theClass() {
     return theClass;
 }
 
-std::string AppsListController::navigationTitle() const {
-    return Title;
-}
-
-void AppsListController::viewWillAppear(bool animated) {
-    PSListController::viewWillAppear(animated);
-    navigationItem().setTitle(Title);
-    setView(AppsListView::initWithFrame(view()->frame()));
+std::shared_ptr<platform::UIView> AppsListController::makeView(const platform::CGRect& frame) {
+    return AppsListView::initWithFrame(frame);
 }
 
 } // namespace wardlock

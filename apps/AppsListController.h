@@ -1,18 +1,20 @@
 #pragma once
 
-#include "platform/preferences/PSListController.h"
 #include "platform/runtime/Class.h"
+#include "specifiers/ViewListController.h"
 
 namespace wardlock {
 
-/// The page of the restricted applications of one account. It has no rows of its own. Each time it is about
-/// to appear it shows a new AppsListView, and so the document as it is now.
-class AppsListController : public platform::PSListController {
+/// The page of the restricted applications of one account. Its view is a new AppsListView each time, and so
+/// shows the document as it is now.
+class AppsListController : public ViewListController {
 public:
     static const platform::Class& theClass();
 
-    std::string navigationTitle() const override;
-    void viewWillAppear(bool animated) override;
+    AppsListController() : ViewListController("Apps") {}
+
+private:
+    std::shared_ptr<platform::UIView> makeView(const platform::CGRect& frame) override;
 };
 
 } // namespace wardlock

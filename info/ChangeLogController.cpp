@@ -3,11 +3,6 @@
 #include "info/ChangeLog.h"
 
 namespace wardlock {
-namespace {
-
-constexpr const char* Title = "Change Log";
-
-} // namespace
 
 const platform::Class& ChangeLogController::theClass() {
     static constexpr platform::Class theClass("ChangeLogController",
@@ -15,14 +10,8 @@ const platform::Class& ChangeLogController::theClass() {
     return theClass;
 }
 
-std::string ChangeLogController::navigationTitle() const {
-    return Title;
-}
-
-void ChangeLogController::viewWillAppear(bool animated) {
-    PSListController::viewWillAppear(animated);
-    navigationItem().setTitle(Title);
-    setView(ChangeLog::initWithFrame(view()->frame()));
+std::shared_ptr<platform::UIView> ChangeLogController::makeView(const platform::CGRect& frame) {
+    return ChangeLog::initWithFrame(frame);
 }
 
 } // namespace wardlock

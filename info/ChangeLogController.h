@@ -1,17 +1,19 @@
 #pragma once
 
-#include "platform/preferences/PSListController.h"
 #include "platform/runtime/Class.h"
+#include "specifiers/ViewListController.h"
 
 namespace wardlock {
 
-/// The page of the history of changes. It creates a ChangeLog each time it is about to appear.
-class ChangeLogController : public platform::PSListController {
+/// The page of the history of changes: a ChangeLog.
+class ChangeLogController : public ViewListController {
 public:
     static const platform::Class& theClass();
 
-    std::string navigationTitle() const override;
-    void viewWillAppear(bool animated) override;
+    ChangeLogController() : ViewListController("Change Log") {}
+
+private:
+    std::shared_ptr<platform::UIView> makeView(const platform::CGRect& frame) override;
 };
 
 } // namespace wardlock

@@ -3,11 +3,6 @@
 #include "info/DeveloperView.h"
 
 namespace wardlock {
-namespace {
-
-constexpr const char* Title = "Other Tweaks";
-
-} // namespace
 
 const platform::Class& DeveloperController::theClass() {
     static constexpr platform::Class theClass("DeveloperController",
@@ -15,14 +10,8 @@ const platform::Class& DeveloperController::theClass() {
     return theClass;
 }
 
-std::string DeveloperController::navigationTitle() const {
-    return Title;
-}
-
-void DeveloperController::viewWillAppear(bool animated) {
-    PSListController::viewWillAppear(animated);
-    navigationItem().setTitle(Title);
-    setView(DeveloperView::initWithFrame(view()->frame()));
+std::shared_ptr<platform::UIView> DeveloperController::makeView(const platform::CGRect& frame) {
+    return DeveloperView::initWithFrame(frame);
 }
 
 } // namespace wardlock

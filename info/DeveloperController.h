@@ -1,18 +1,19 @@
 #pragma once
 
-#include "platform/preferences/PSListController.h"
 #include "platform/runtime/Class.h"
+#include "specifiers/ViewListController.h"
 
 namespace wardlock {
 
-/// The page of the maker's other packages. It creates a DeveloperView, and so loads the listing again, each
-/// time it is about to appear.
-class DeveloperController : public platform::PSListController {
+/// The page of the maker's other packages: a DeveloperView, and so a new load of the listing each time.
+class DeveloperController : public ViewListController {
 public:
     static const platform::Class& theClass();
 
-    std::string navigationTitle() const override;
-    void viewWillAppear(bool animated) override;
+    DeveloperController() : ViewListController("Other Tweaks") {}
+
+private:
+    std::shared_ptr<platform::UIView> makeView(const platform::CGRect& frame) override;
 };
 
 } // namespace wardlock

@@ -15,6 +15,7 @@ OVERLAY = "passcode/PasscodeView.cpp"
 ACCOUNT = "account/AccountValues.cpp"
 PICKER = "apps/AppsListView.cpp"
 LIST = "settings/Accounts.cpp"
+VIEW_PAGE = "specifiers/ViewListController.cpp"
 HELPER = "specifiers/PreferenceHelper.cpp"
 ICONS = "specifiers/PreferenceHelperAdditions.cpp"
 SETTINGS = "settings/Settings.cpp"
@@ -341,35 +342,17 @@ ALL = [
     Mutant("post-name-alone-clears", "a post name given alone clears the callback", ("tests.settings/SettingsUpdateTest",), [
         (SETTINGS, "    // Observed first:", "    if (post != PostName)\n        UpdateCallback = nullptr;\n    // Observed first:"),
     ]),
-    Mutant("apps-title-after-view", "the picker's page sets its title after its view", ("tests.apps/AppsListPage",), [
-        ("apps/AppsListController.cpp", "    navigationItem().setTitle(Title);\n", ""),
-        ("apps/AppsListController.cpp", "(AppsListView::initWithFrame(view()->frame()));\n",
-         "(AppsListView::initWithFrame(view()->frame()));\n    navigationItem().setTitle(Title);\n"),
+    Mutant("page-title-after-view", "a page with a view of its own sets its title after its view",
+           ("tests.apps/AppsListPage", "tests.info/ChangeLogPage", "tests.info/DeveloperPage"), [
+        (VIEW_PAGE, "    navigationItem().setTitle(title_);\n", ""),
+        (VIEW_PAGE, "    setView(makeView(view()->frame()));\n",
+         "    setView(makeView(view()->frame()));\n    navigationItem().setTitle(title_);\n"),
     ]),
-    Mutant("apps-superclass-last", "the picker's page calls its superclass last", ("tests.apps/AppsListPage",), [
-        ("apps/AppsListController.cpp", "    PSListController::viewWillAppear(animated);\n", ""),
-        ("apps/AppsListController.cpp", "(AppsListView::initWithFrame(view()->frame()));\n",
-         "(AppsListView::initWithFrame(view()->frame()));\n    PSListController::viewWillAppear(animated);\n"),
-    ]),
-    Mutant("log-title-after-view", "the change log's page sets its title after its view", ("tests.info/ChangeLogPage",), [
-        ("info/ChangeLogController.cpp", "    navigationItem().setTitle(Title);\n", ""),
-        ("info/ChangeLogController.cpp", "(ChangeLog::initWithFrame(view()->frame()));\n",
-         "(ChangeLog::initWithFrame(view()->frame()));\n    navigationItem().setTitle(Title);\n"),
-    ]),
-    Mutant("log-superclass-last", "the change log's page calls its superclass last", ("tests.info/ChangeLogPage",), [
-        ("info/ChangeLogController.cpp", "    PSListController::viewWillAppear(animated);\n", ""),
-        ("info/ChangeLogController.cpp", "(ChangeLog::initWithFrame(view()->frame()));\n",
-         "(ChangeLog::initWithFrame(view()->frame()));\n    PSListController::viewWillAppear(animated);\n"),
-    ]),
-    Mutant("listing-title-after-view", "the listing's page sets its title after its view", ("tests.info/DeveloperPage",), [
-        ("info/DeveloperController.cpp", "    navigationItem().setTitle(Title);\n", ""),
-        ("info/DeveloperController.cpp", "(DeveloperView::initWithFrame(view()->frame()));\n",
-         "(DeveloperView::initWithFrame(view()->frame()));\n    navigationItem().setTitle(Title);\n"),
-    ]),
-    Mutant("listing-superclass-last", "the listing's page calls its superclass last", ("tests.info/DeveloperPage",), [
-        ("info/DeveloperController.cpp", "    PSListController::viewWillAppear(animated);\n", ""),
-        ("info/DeveloperController.cpp", "(DeveloperView::initWithFrame(view()->frame()));\n",
-         "(DeveloperView::initWithFrame(view()->frame()));\n    PSListController::viewWillAppear(animated);\n"),
+    Mutant("page-superclass-last", "a page with a view of its own calls its superclass last",
+           ("tests.apps/AppsListPage", "tests.info/ChangeLogPage", "tests.info/DeveloperPage"), [
+        (VIEW_PAGE, "    PSListController::viewWillAppear(animated);\n", ""),
+        (VIEW_PAGE, "    setView(makeView(view()->frame()));\n",
+         "    setView(makeView(view()->frame()));\n    PSListController::viewWillAppear(animated);\n"),
     ]),
     # What others may do.
     Mutant("link-of-another-followed", "a symbolic link is followed whoever has laid it", ("tests.hostile/PlantedLinks",), [
