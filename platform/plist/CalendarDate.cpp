@@ -1,5 +1,7 @@
 #include "platform/plist/CalendarDate.h"
 
+#include "platform/base/CalendarTime.h"
+
 #include <algorithm>
 #include <charconv>
 #include <chrono>
@@ -26,13 +28,6 @@ std::optional<int> takeNumber(std::string_view& text, std::size_t fewest, std::s
     std::from_chars(text.data(), text.data() + length, number);
     text.remove_prefix(length + 1);
     return number;
-}
-
-void appendNumber(std::string& text, int number, std::size_t width, char after) {
-    const std::string digits = std::to_string(number);
-    text.append(width - std::min(width, digits.size()), '0');
-    text += digits;
-    text += after;
 }
 
 } // namespace
@@ -63,17 +58,7 @@ void appendDateText(std::string& text, double secondsSince2001) {
     const double whole =
         std::isnan(secondsSince2001) ? 0 : std::floor(std::clamp(secondsSince2001, earliest, latest));
     const Seconds time = reference + seconds(static_cast<std::int64_t>(whole));
-    const auto midnight = floor<days>(time);
-    const year_month_day date(midnight);
-    const hh_mm_ss clock(time - midnight);
-    if (int(date.year()) < 0)
-        text += '-';
-    appendNumber(text, std::abs(int(date.year())), 4, '-');
-    appendNumber(text, static_cast<int>(unsigned(date.month())), 2, '-');
-    appendNumber(text, static_cast<int>(unsigned(date.day())), 2, 'T');
-    appendNumber(text, static_cast<int>(clock.hours().count()), 2, ':');
-    appendNumber(text, static_cast<int>(clock.minutes().count()), 2, ':');
-    appendNumber(text, static_cast<int>(clock.seconds().count()), 2, 'Z');
+    appendCalendarTime(text, time, 'T', "Z");
 }
 
 } // namespace platform

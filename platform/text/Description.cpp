@@ -1,3 +1,4 @@
+#include "platform/base/CalendarTime.h"
 #include "platform/text/Format.h"
 
 #include <algorithm>
@@ -23,11 +24,6 @@ std::string text(Number number) {
     return {buffer.data(), std::to_chars(buffer.data(), buffer.data() + buffer.size(), number).ptr};
 }
 
-std::string padded(long long number, std::size_t width) {
-    const std::string digits = text(number < 0 ? -number : number);
-    return (number < 0 ? "-" : "") + std::string(width - std::min(width, digits.size()), '0') + digits;
-}
-
 /// Returns "2001-01-01 00:00:00 +0000", whole seconds.
 std::string dateText(double secondsSince2001) {
     using namespace std::chrono;
@@ -36,12 +32,9 @@ std::string dateText(double secondsSince2001) {
         return text(secondsSince2001);
     const sys_seconds time =
         sys_days(year(2001) / January / 1) + seconds(static_cast<long long>(std::floor(secondsSince2001)));
-    const auto day = floor<days>(time);
-    const year_month_day date(day);
-    const hh_mm_ss clock(time - day);
-    return padded(int(date.year()), 4) + "-" + padded(unsigned(date.month()), 2) + "-" +
-           padded(unsigned(date.day()), 2) + " " + padded(clock.hours().count(), 2) + ":" +
-           padded(clock.minutes().count(), 2) + ":" + padded(clock.seconds().count(), 2) + " +0000";
+    std::string date;
+    appendCalendarTime(date, time, ' ', " +0000");
+    return date;
 }
 
 /// Returns "<01020304 0506>".
