@@ -1,11 +1,7 @@
 #include "linux/mail/LinuxMailService.h"
 
-#include "linux/mail/MailOutbox.h"
-#include "linux/mail/MailPortal.h"
-#include "linux/mail/MailProgram.h"
 #include "linux/posix/SignalMaskedThread.h"
 #include "platform/runtime/NSOperationQueue.h"
-#include "platform/services/SystemMailService.h"
 
 #include <algorithm>
 #include <future>
@@ -60,12 +56,6 @@ void LinuxMailService::send(const MailMessage& message, std::function<void(const
         sending.detach();
     else
         tell({MailOutcome::Kind::Failed, "The system has no room for another thread."}, *handedOver);
-}
-
-MailService& systemMailService() {
-    static LinuxMailService service(
-        {std::make_shared<MailPortal>(), std::make_shared<MailProgram>(), std::make_shared<MailOutbox>()});
-    return service;
 }
 
 } // namespace platform

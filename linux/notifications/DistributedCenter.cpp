@@ -2,7 +2,6 @@
 
 #include "linux/notifications/DeviceRootIdentity.h"
 #include "linux/posix/LoopSources.h"
-#include "platform/runtime/SystemNotificationCenter.h"
 
 #include <algorithm>
 #include <utility>
@@ -20,12 +19,6 @@ const std::string* pointerTo(const std::optional<std::string>& object) {
 }
 
 } // namespace
-
-CFNotificationCenter& systemNotificationCenter() {
-    // Never destroyed: a post while the process ends must still find it.
-    static auto* center = new DistributedCenter;
-    return *center;
-}
 
 DistributedCenter::DistributedCenter()
     : bus_({[this](Notification notification) { receive(std::move(notification)); },

@@ -2,7 +2,6 @@
 
 #include "linux/posix/FileDescriptor.h"
 #include "linux/posix/TrustedSymlink.h"
-#include "platform/files/RealFileSystem.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -116,12 +115,6 @@ std::error_code readToEnd(int file, std::size_t expected, std::size_t maximum, s
 }
 
 } // namespace
-
-FileSystem& realFileSystem() {
-    // Never destroyed: the log may be written by whoever ends last.
-    static FileSystem* const files = new PosixFileSystem;
-    return *files;
-}
 
 std::error_code PosixFileSystem::status(const std::string& path, Links links, FileStatus& status) {
     if (hasNul(path))

@@ -181,8 +181,4 @@ void AppearancePortal::take(std::string_view key, std::uint32_t value) {
         look_.reducedMotion = value == wanted;
 }
 
-std::unique_ptr<DesktopAppearanceMonitor> monitorDesktopAppearance(std::function<void()> changed) {
-    return std::make_unique<AppearancePortal>(std::move(changed));
-}
-
 } // namespace platform

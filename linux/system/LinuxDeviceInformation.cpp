@@ -22,11 +22,6 @@ std::string unquoted(std::string_view text) {
 
 DeviceInformation* replacement = nullptr;
 
-LinuxDeviceInformation& machineInformation() {
-    static LinuxDeviceInformation information;
-    return information;
-}
-
 } // namespace
 
 DeviceInformation::~DeviceInformation() = default;

@@ -30,6 +30,9 @@ private:
     double screenScale_ = 2;
 };
 
+/// The one of the process, which hosts change by DeviceInformation's own functions.
+LinuxDeviceInformation& machineInformation();
+
 /// The unquoted VERSION_ID in the text of an os-release file; empty where there is none.
 WARDLOCK_API std::string versionInRelease(std::string_view text);
 

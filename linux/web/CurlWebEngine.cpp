@@ -22,10 +22,6 @@ std::optional<PageText> readable(const FetchedPage& page) {
 
 } // namespace
 
-std::shared_ptr<WebEngine> makeTextWebEngine(const TextWebEngineOptions& options) {
-    return std::make_shared<CurlWebEngine>(options);
-}
-
 void CurlWebEngine::load(const std::shared_ptr<UIWebView>& view, const NSURLRequest& request) {
     forgetAbandoned();
     const Ticket ticket{view.get(), ++lastNumber_};

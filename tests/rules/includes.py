@@ -68,7 +68,7 @@ ROOMS = {
     "linux/notifications": (PLATFORM + ["linux/posix", "linux/bus"], POSIX + ["systemd"]),
     "linux/web": (PLATFORM + ["linux/posix"], POSIX + ["curl", "HTML"]),
     "linux/mail": (PLATFORM + ["linux/posix", "linux/bus", "linux/web"], POSIX + ["systemd"]),
-    "linux/system": (PLATFORM + ["linux/posix", "linux/bus", "linux/mail"], POSIX + ["systemd"]),
+    "linux/system": (PLATFORM + ["linux/posix", "linux/bus", "linux/notifications", "linux/web", "linux/mail"], POSIX + ["systemd"]),
     "linux/applist": (PLATFORM, POSIX + ["GLib"]),
     "shell/screen": (PLATFORM + ["settings"], STD),
     "shell/input": (PLATFORM + ["settings", "shell/screen"], STD),

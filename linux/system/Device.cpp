@@ -1,0 +1,53 @@
+// What a device consists of here: the class behind each service of the platform. Installed applications are a
+// module of their own, linux/applist, which pages find by its class's name.
+
+#include "linux/mail/LinuxMailService.h"
+#include "linux/mail/MailOutbox.h"
+#include "linux/mail/MailPortal.h"
+#include "linux/mail/MailProgram.h"
+#include "linux/notifications/DistributedCenter.h"
+#include "linux/posix/PosixFileSystem.h"
+#include "linux/system/AppearancePortal.h"
+#include "linux/system/LinuxDeviceInformation.h"
+#include "linux/web/CurlWebEngine.h"
+#include "platform/files/RealFileSystem.h"
+#include "platform/runtime/SystemNotificationCenter.h"
+#include "platform/services/SystemMailService.h"
+
+#include <memory>
+#include <utility>
+
+namespace platform {
+
+FileSystem& realFileSystem() {
+    // Never destroyed: the log may be written by whoever ends last.
+    static FileSystem* const files = new PosixFileSystem;
+    return *files;
+}
+
+CFNotificationCenter& systemNotificationCenter() {
+    // Never destroyed: a post while the process ends must still find it.
+    static auto* const center = new DistributedCenter;
+    return *center;
+}
+
+LinuxDeviceInformation& machineInformation() {
+    static LinuxDeviceInformation information;
+    return information;
+}
+
+MailService& systemMailService() {
+    static LinuxMailService service(
+        {std::make_shared<MailPortal>(), std::make_shared<MailProgram>(), std::make_shared<MailOutbox>()});
+    return service;
+}
+
+std::shared_ptr<WebEngine> makeTextWebEngine(const TextWebEngineOptions& options) {
+    return std::make_shared<CurlWebEngine>(options);
+}
+
+std::unique_ptr<DesktopAppearanceMonitor> monitorDesktopAppearance(std::function<void()> changed) {
+    return std::make_unique<AppearancePortal>(std::move(changed));
+}
+
+} // namespace platform
