@@ -27,12 +27,12 @@ platform::NSIndexPath Person::find(std::string_view label) {
 
 void Person::tap(platform::NSIndexPath path) {
     if (const auto answer = settings_.page().tapRow(path); !answer)
-        giveUp(answer.why());
+        giveUp(answer.reason());
 }
 
 void Person::goBack() {
     if (const auto answer = settings_.page().goBack(); !answer)
-        giveUp(answer.why());
+        giveUp(answer.reason());
 }
 
 std::size_t Person::rebuildPage() {

@@ -56,10 +56,10 @@ void BundleListController::open(const BundleEntry& entry) {
     std::string reason;
     const platform::Class* principal = entry.bundle->principalClass(reason);
     if (!principal)
-        return tellFailure(entry, reason);
+        return showFailure(entry, reason);
     const auto page = std::dynamic_pointer_cast<platform::UIViewController>(principal->create());
     if (!page)
-        return tellFailure(entry, std::string(principal->name()) + " is no page");
+        return showFailure(entry, std::string(principal->name()) + " is no page");
     if (page->title().empty())
         page->setTitle(entry.name);
     if (page->title().empty())
@@ -68,7 +68,7 @@ void BundleListController::open(const BundleEntry& entry) {
         navigation->pushViewController(page, true);
 }
 
-void BundleListController::tellFailure(const BundleEntry& entry, const std::string& reason) {
+void BundleListController::showFailure(const BundleEntry& entry, const std::string& reason) {
     const auto alert = platform::UIAlertController::alertControllerWithTitle(
         "Cannot Open " + entry.name, reason, platform::UIAlertControllerStyle::Alert);
     alert->addAction(

@@ -6,20 +6,20 @@
 namespace wardlock::shell {
 
 /// The application's own first page: a row for each settings bundle of the device. A tap loads the bundle and
-/// shows its first page; when that fails, an alert tells the reason.
+/// shows its first page; when that fails, an alert shows the reason.
 class BundleListController : public platform::PSListController {
 public:
     ~BundleListController() override;
 
     const Specifiers& specifiers() override;
     std::string navigationTitle() const override { return "Settings"; }
-    /// Looks again which bundles there are.
+    /// Reads again which bundles exist.
     void viewWillAppear(bool animated) override;
     void tableViewDidSelectRowAtIndexPath(platform::NSIndexPath path) override;
 
 private:
     void open(const BundleEntry& entry);
-    void tellFailure(const BundleEntry& entry, const std::string& reason);
+    void showFailure(const BundleEntry& entry, const std::string& reason);
 
     BundleList bundles_;
 };

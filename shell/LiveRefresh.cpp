@@ -10,7 +10,7 @@ namespace wardlock::shell {
 namespace {
 
 LiveRefresh* current = nullptr;
-/// Which registration is the current one's; earlier ones hear the notification too and must not count.
+/// Identifies the current registration. Earlier registrations receive the notification too and are ignored.
 std::uintptr_t registration = 0;
 
 } // namespace
@@ -20,21 +20,21 @@ LiveRefresh::LiveRefresh(Screen& screen, ScreenChanges& changes, ShownAccount& a
     : screen_(screen), changes_(changes), account_(account), boundary_(boundary) {
     current = this;
     ++registration;
-    // The observer is told apart, never followed. NOLINTNEXTLINE(performance-no-int-to-ptr)
-    observeChanges(BundleIdentifier, PostName, reinterpret_cast<void*>(registration), hear);
+    // The observer is compared, never dereferenced. NOLINTNEXTLINE(performance-no-int-to-ptr)
+    observeChanges(BundleIdentifier, PostName, reinterpret_cast<void*>(registration), receive);
 }
 
 LiveRefresh::~LiveRefresh() {
     current = nullptr;
 }
 
-void LiveRefresh::hear(platform::CFNotificationCenter&, void* observer, std::string_view, const std::string*,
-                       const platform::Dictionary* userInfo) {
+void LiveRefresh::receive(platform::CFNotificationCenter&, void* observer, std::string_view,
+                          const std::string*, const platform::Dictionary* userInfo) {
     if (current && reinterpret_cast<std::uintptr_t>(observer) == registration)
-        current->heard(userInfo);
+        current->handleChange(userInfo);
 }
 
-void LiveRefresh::heard(const platform::Dictionary* userInfo) {
+void LiveRefresh::handleChange(const platform::Dictionary* userInfo) {
     Announcement announcement;
     announcement.own = boundary_.personIsInside();
     if (userInfo) {

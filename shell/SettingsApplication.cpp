@@ -64,7 +64,7 @@ void SettingsApplication::dismissNotice() {
     });
 }
 
-/// A page owns its alert, and an alert's handler may keep its page alive until it is dismissed.
+/// A page owns its alert, and an alert's handler may keep its page alive until the alert is dismissed.
 void SettingsApplication::dismissSheets() {
     for (const auto& page : screen_.pages())
         if (page->controller().presentedViewController())
@@ -96,8 +96,8 @@ void SettingsApplication::settle() {
     changes_.deliver();
 }
 
-/// A page has its values from the moment it comes on top, whether a face looks at them or not: a switch flips
-/// what stood on it then, and an account that disappears leaves something to be seen.
+/// A page has its values from the moment it is on top, even when the front end does not read them. A switch
+/// then flips the value of that moment, and the last values of a deleted account can still be shown.
 void SettingsApplication::readTopPage() {
     if (closed_ || screen_.page()->isRead())
         return;

@@ -12,10 +12,10 @@
 
 namespace wardlock::shell {
 
-/// The Settings application without a face. It holds the pages, shows the device's settings bundles on the
-/// first of them, and offers one picture of what a person sees now and everything that a person can do. A
-/// face reads screen(), acts through page() and sheets(), hears of changes as the observer, lends its clock,
-/// and lets process() run whenever MainLoop's descriptor is readable.
+/// The Settings application without a front end. It owns the pages and shows the device's settings bundles on
+/// the first of them. It offers what the user sees now as screen(), and everything that the user can do as
+/// page() and sheets(). A front end observes changes, lends its clock, and calls process() whenever
+/// MainLoop's descriptor is readable.
 ///
 /// One per process at a time; main thread only. Nothing here throws: an exception that a page does not catch
 /// ends the process, after the uncaught-exception handler and installTerminationHook().
@@ -29,7 +29,7 @@ public:
     SettingsApplication(const SettingsApplication&) = delete;
     SettingsApplication& operator=(const SettingsApplication&) = delete;
 
-    /// Who is told of changes: not owned, null for none.
+    /// Sets the observer of changes: not owned, null for none.
     void setObserver(ScreenObserver* observer) { changes_.setObserver(observer); }
 
     Screen& screen() { return screen_; }
@@ -37,19 +37,19 @@ public:
     SheetInput& sheets() { return sheetInput_; }
 
     void setTransitionSeconds(double seconds);
-    /// Does what is due on the main loop, and never waits: log entries, other processes' changes.
+    /// Does what is due on the main loop without waiting: log entries, other processes' changes.
     void process();
-    /// Runs something of the face's that enters pages: a timer's action, an engine's report.
+    /// Runs a call of the front end that enters pages: a timer's action, an engine's report.
     template <class Call>
     void run(Call&& call) {
         boundary_.enter(std::forward<Call>(call));
     }
 
-    /// The whole application loses the focus, is minimised or suspended.
+    /// To be called when the whole application loses the focus, is minimised or suspended.
     void resignActive();
     void dismissNotice();
-    /// The window is closed: what was being typed is stored, the log is written. Nothing more is to be done
-    /// with the pages then.
+    /// To be called when the window is closed: stores what was being typed and writes the log. The pages are
+    /// not used after it.
     void close();
 
 private:
@@ -67,7 +67,7 @@ private:
     PageInput pageInput_;
     SheetInput sheetInput_;
     LiveRefresh liveRefresh_;
-    /// The mail sheet last seen, until the way of its mail has been told.
+    /// The most recent mail sheet, until the outcome of its mail has been shown.
     std::shared_ptr<platform::MFMailComposeViewController> mail_;
     bool inTransition_ = false;
     bool closed_ = false;

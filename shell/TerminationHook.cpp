@@ -7,20 +7,20 @@ namespace wardlock::shell {
 
 namespace {
 
-void (*faceRite)() = nullptr;
+void (*restoreFrontEnd)() = nullptr;
 
-void lastRites() {
-    if (faceRite)
-        faceRite();
+void runTerminationHook() {
+    if (restoreFrontEnd)
+        restoreFrontEnd();
     if (platform::NSOperationQueue::isMainThread())
         platform::NSOperationQueue::mainQueue().drain();
 }
 
 } // namespace
 
-void installTerminationHook(void (*face)()) {
-    faceRite = face;
-    platform::setTerminationHook(lastRites);
+void installTerminationHook(void (*restore)()) {
+    restoreFrontEnd = restore;
+    platform::setTerminationHook(runTerminationHook);
 }
 
 } // namespace wardlock::shell

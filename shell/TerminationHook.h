@@ -2,9 +2,9 @@
 
 namespace wardlock::shell {
 
-/// From now on, an exception that nobody catches ends the process only after the queued log entries are
-/// written (when it was thrown on the main thread) and `face`, which may be null, has run: a terminal is
-/// given back there.
-void installTerminationHook(void (*face)());
+/// Installs what an uncaught exception runs before the process ends. The queued log entries are written when
+/// it was thrown on the main thread. Before that `restore` runs, with which a front end restores the terminal
+/// or flushes its output; null for none.
+void installTerminationHook(void (*restore)());
 
 } // namespace wardlock::shell

@@ -15,7 +15,7 @@ public:
 
 inline void expectDone(const shell::InputResult& answer) {
     if (!answer)
-        throw ScriptError(answer.why());
+        throw ScriptError(answer.reason());
 }
 
 } // namespace wardlock::cli

@@ -60,7 +60,7 @@ void TerminalDialog::tellError(const std::string& sentence) {
 
 void TerminalDialog::tell(const shell::InputResult& answer) {
     if (!answer)
-        tellError("That cannot be done: " + answer.why() + ".");
+        tellError("That cannot be done: " + answer.reason() + ".");
 }
 
 void TerminalDialog::say(const std::string& text) {

@@ -13,9 +13,9 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Longer ones are no names, and would only fill memory and screen; they count as absent.
+/// Longer names would only fill memory and screen; they count as absent.
 constexpr std::size_t longestText = 1024;
-/// Beyond these nobody finds anything on a page, and each costs the reading of a file.
+/// More would not be found on a page, and each costs the reading of a file.
 constexpr std::size_t mostBundles = 500;
 constexpr std::size_t mostSentences = 20;
 
@@ -57,30 +57,30 @@ BundleList::BundleList() {
         if (it->path().extension() == ".bundle")
             folders.push_back(it->path().filename().string());
     std::ranges::sort(folders);
-    const std::size_t looked = std::min(folders.size(), mostBundles);
-    for (std::size_t i = 0; i < looked; ++i)
+    const std::size_t readFolders = std::min(folders.size(), mostBundles);
+    for (std::size_t i = 0; i < readFolders; ++i)
         add(folders[i]);
-    summarise(folders.size() - looked);
+    summarise(folders.size() - readFolders);
     std::ranges::stable_sort(entries_, {}, [](const BundleEntry& entry) { return lowered(entry.name); });
 }
 
-void BundleList::summarise(std::size_t notLookedAt) {
-    const std::size_t more = leftOut_.size() - std::min(leftOut_.size(), mostSentences) + notLookedAt;
+void BundleList::summarise(std::size_t unreadFolders) {
+    const std::size_t more = leftOut_.size() - std::min(leftOut_.size(), mostSentences) + unreadFolders;
     leftOut_.resize(std::min(leftOut_.size(), mostSentences));
     if (more > 0)
         leftOut_.push_back(std::to_string(more) + " more were left out.");
 }
 
 void BundleList::add(const std::string& folderName) {
-    const auto leaveOut = [&](const std::string& why) {
-        leftOut_.push_back("\u201c" + folderName + "\u201d was left out: " + why + ".");
+    const auto leaveOut = [&](const std::string& reason) {
+        leftOut_.push_back("\u201c" + folderName + "\u201d was left out: " + reason + ".");
     };
     const auto bundle =
         platform::NSBundle::bundleWithPath(std::string(preferenceBundlesPath) + '/' + folderName);
     if (!bundle)
         leaveOut("it has no Info.plist that can be read");
     else if (const std::string reason = bundle->reasonToDistrust(); !reason.empty())
-        // Not even its name is shown: it could be another's.
+        // Not even its name is shown: another user could have set it.
         leaveOut(reason);
     else if (text(*bundle, "CFBundleExecutable").empty())
         leaveOut("its Info.plist names no module");

@@ -18,26 +18,27 @@ struct BundleEntry {
     std::shared_ptr<platform::UIImage> icon;
 };
 
-/// The device path of the folder that holds them.
+/// The device path of the folder of all settings bundles.
 inline constexpr const char* preferenceBundlesPath = "/Library/PreferenceBundles";
 
 /// The settings bundles of the device root as they are on disk now: each folder "NAME.bundle" with an
-/// Info.plist that names a module and a principal class, and that nobody else could have changed.
+/// Info.plist that names a module and a principal class. Bundles that another user could have changed are
+/// left out.
 class BundleList {
 public:
     /// Reads the folder; loads nothing. Never throws.
     BundleList();
 
-    /// By name, letter case aside.
+    /// The bundles by name, letter case aside.
     const std::vector<BundleEntry>& entries() const { return entries_; }
-    /// One sentence for each bundle that was left out, with the reason; of very many only the first, and
-    /// how many more there are.
+    /// Returns one sentence with the reason for each bundle that was left out; of very many only the first,
+    /// and the number of the others.
     const std::vector<std::string>& leftOut() const { return leftOut_; }
 
 private:
     void add(const std::string& folderName);
-    /// Keeps the sentences to as many as a page can show.
-    void summarise(std::size_t notLookedAt);
+    /// Limits the sentences to as many as a page can show. `unreadFolders` were not read at all.
+    void summarise(std::size_t unreadFolders);
 
     std::vector<BundleEntry> entries_;
     std::vector<std::string> leftOut_;

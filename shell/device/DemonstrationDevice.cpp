@@ -28,7 +28,7 @@ std::error_code makeFolder(const fs::path& path) {
     return platform::makeFolders(platform::FileSystem::current(), path.string(), privateMode);
 }
 
-/// The list comes last: it is what makes the folder an application.
+/// The property list is written last: it makes the folder an application.
 bool install(const DemonstrationApplication& application, const fs::path& folder) {
     const fs::path info = folder / "Info.plist";
     std::error_code error;

@@ -1,15 +1,15 @@
 #pragma once
 
-/// A device to try everything out on: some forty invented applications beside those that accounts restrict
-/// from the start and services that the picker never offers, and an outbox for mails.
+/// A device for trying everything out. It has some forty invented applications, those that accounts restrict
+/// from the start, services that the picker never offers, and an outbox for mails.
 
 #include <string>
 #include <vector>
 
 namespace wardlock::shell {
 
-/// Adds to the device root what it lacks of the demonstration; what stands there stays as it is. Answers one
-/// sentence for each thing that could not be made.
+/// Adds to the device root what it lacks of the demonstration; existing files stay as they are. Returns one
+/// sentence for each thing that could not be created.
 std::vector<std::string> furnishDemonstration();
 
 } // namespace wardlock::shell

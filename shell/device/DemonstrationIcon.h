@@ -6,7 +6,7 @@
 
 namespace wardlock::shell {
 
-/// The application's icon as SVG: a white shape on a rounded ground that darkens downwards.
+/// Returns the application's icon as SVG: a white shape on a rounded ground that darkens downwards.
 std::string demonstrationIcon(const DemonstrationApplication& application);
 
 } // namespace wardlock::shell

@@ -18,7 +18,7 @@ void appendNumber(std::string& bytes, std::uint64_t number, int size) {
         bytes.push_back(static_cast<char>(number >> shift));
 }
 
-/// The marker of a kind of object with its count, which has a number object of its own from 15 on.
+/// Appends the marker of a kind of object with its count, which is a number object of its own from 15 on.
 void appendMarker(std::string& bytes, unsigned kind, std::size_t count) {
     constexpr std::size_t Many = 15;
     bytes.push_back(static_cast<char>(kind << 4 | (count < Many ? count : Many)));
@@ -58,7 +58,8 @@ void appendString(std::string& bytes, std::string_view text) {
     bytes.append(units);
 }
 
-/// The binary form of one dictionary of short strings: fewer than 128 objects, texts of fewer than 256 units.
+/// Returns the binary form of one dictionary of short strings: fewer than 128 objects, texts of fewer than
+/// 256 units.
 std::string binaryForm(const Entries& entries) {
     constexpr unsigned DictionaryKind = 13;
     constexpr int UnusedTrailer = 6;

@@ -6,7 +6,7 @@
 
 namespace wardlock::shell {
 
-/// The bytes of the application's Info.plist, in its form.
+/// Returns the bytes of the application's Info.plist, in its form.
 std::string demonstrationInfo(const DemonstrationApplication& application, std::string_view iconFile);
 
 } // namespace wardlock::shell

@@ -9,7 +9,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// That folder below what the program's own folder lies in; empty where it does not hold the file.
+/// Returns the folder `below`, relative to the parent of the program's own folder; empty where it does not
+/// contain `file`.
 std::string folderWith(const char* file, const fs::path& below) {
     std::error_code error;
     const fs::path program = fs::canonical("/proc/self/exe", error);

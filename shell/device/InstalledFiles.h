@@ -2,15 +2,17 @@
 
 #include <string>
 
-// What lies beside the running program, found from where that lies: an installed tree and a build tree look
-// alike. Symbolic links are resolved: a link to the program elsewhere does not move its installation.
+// The files installed with the running program, found from the program's own path: an installed tree and a
+// build tree have the same layout. Symbolic links are resolved: a link to the program elsewhere does not move
+// its installation.
 namespace wardlock::shell {
 
-/// The folder of this installation that holds the settings bundle and the modules. Empty when there is none.
+/// Returns the folder of this installation with the settings bundle and the modules; empty when there is
+/// none.
 std::string installedFolder();
 
-/// The folder of this installation that holds the pages of the documentation. Empty when there is none, as in
-/// a build tree: there they lie in the source.
+/// Returns the folder of this installation with the pages of the documentation. Empty when there is none, as
+/// in a build tree, where they are in the sources.
 std::string installedPages();
 
 } // namespace wardlock::shell

@@ -33,7 +33,7 @@ constexpr std::array folders{
 constexpr unsigned privateMode = 0700;
 constexpr const char* appListModule = "AppList.dylib";
 
-/// Nobody else could have put something else there, or could do it now.
+/// Returns whether another user could neither have put files there nor can do so now.
 bool isFolderOfOurs(const std::string& path) {
     return !platform::doubtOfFolder(path);
 }
@@ -67,7 +67,7 @@ void Provision::makeWhatIsMissing(const std::function<void()>& furnish) {
 
 bool Provision::makeFolders() {
     const std::string root = platform::deviceRoot();
-    // What cannot be made here is reported of the root itself.
+    // What cannot be created here is reported as a problem of the root itself.
     static_cast<void>(
         platform::makeFolders(platform::FileSystem::current(), platform::folderOf(root), privateMode));
     if (!makeFolder(root))
@@ -89,8 +89,8 @@ bool Provision::makeFoldersTo(const std::string& devicePath) {
 }
 
 bool Provision::makeFolder(const std::string& path) {
-    // Closed from the first moment: another user who could enter a folder that is closed only later would
-    // already have one of his own in it.
+    // Private from the first moment: before it is closed, another user could enter the folder and create one
+    // of their own in it.
     if (const auto error = platform::makeFolders(platform::FileSystem::current(), path, privateMode)) {
         report("The folder " + path + " cannot be made: " + error.message() + ".");
         return false;
@@ -103,7 +103,7 @@ bool Provision::makeFolder(const std::string& path) {
 }
 
 void Provision::report(std::string problem) {
-    // Several folders lie below the same one.
+    // Several folders have the same parent.
     if (std::ranges::find(problems_, problem) == problems_.end())
         problems_.push_back(std::move(problem));
 }
@@ -112,12 +112,13 @@ void Provision::link(const std::string& devicePath, const std::string& target) {
     const fs::path path = platform::pathOnDevice(devicePath);
     std::error_code error;
     const auto status = fs::symlink_status(path, error);
-    // Something else that stands there was put there by the user.
+    // The user put something else there: it stays.
     if ((fs::exists(status) && !fs::is_symlink(status)) || !isFolderOfOurs(path.parent_path()))
         return;
     if (!fs::exists(target, error) || (fs::is_symlink(status) && fs::read_symlink(path, error) == target))
         return;
-    // Beside and over it, so that another start never sees the bundle missing.
+    // The new link is created beside the old one and renamed over it, so that another start never sees the
+    // bundle missing.
     const fs::path temporary = path.string() + ".new" + std::to_string(std::random_device()());
     fs::create_symlink(target, temporary, error);
     if (!error)

@@ -10,27 +10,29 @@ namespace wardlock::shell {
 /// The folder of the settings bundle, among the device root's preference bundles.
 inline constexpr const char* settingsBundleName = "WardlockSettings.bundle";
 
-/// The folders that a device root has, as device paths.
+/// Returns the folders that a device root has, as device paths.
 std::span<const char* const> deviceFolders();
 
-/// What a device root lacks is made before the pages are shown: its folders (private to the user), the links
-/// to the settings bundle and the application-list module of the running program's installation, and the
-/// document of the enforcing half's first start. A preferences document that exists is never touched. Nothing
-/// is made in a folder that another user owns or can write to. On the machine's own root ("/") nothing is
-/// made: there all this is the package's and the device's business.
+/// Creates what a device root lacks before the pages are shown:
+/// - its folders, private to the user;
+/// - the links to the settings bundle and the application-list module of the running program's installation;
+/// - the document of the enforcing half's first start, only where no document exists.
+///
+/// Nothing is created in a folder that another user owns or can write to. Nothing is created on the machine's
+/// own root ("/"): there the package and the device do all of this.
 class Provision {
 public:
-    /// Links and folders that cannot be created, folders of other users and an application-list module that
-    /// others can change, which the picker then does without, are reported in problems(). `furnish` is run
-    /// when all folders stand and before the first start: it may add applications.
+    /// Reports in problems(): links and folders that cannot be created, folders of other users, and an
+    /// application-list module that others can change, which the picker then does without. `furnish` is run
+    /// when all folders exist and before the first start: it may add applications.
     explicit Provision(const std::function<void()>& furnish = {});
 
-    /// One sentence each, for the person; empty when the root is complete.
+    /// One sentence for each problem, for the user; empty when the root is complete.
     const std::vector<std::string>& problems() const { return problems_; }
 
 private:
     void makeWhatIsMissing(const std::function<void()>& furnish);
-    // These return whether the folders stand and are the user's own.
+    // These return whether the folders exist and are the user's own.
     bool makeFolders();
     bool makeFoldersTo(const std::string& devicePath);
     bool makeFolder(const std::string& path);

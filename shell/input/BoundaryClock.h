@@ -7,7 +7,7 @@
 
 namespace wardlock::shell {
 
-/// A face's clock as the pages see it: what waits on it enters them through the boundary.
+/// A front end's clock as the pages see it: an action that waits on it enters them through the boundary.
 class BoundaryClock : public platform::AnimationClock {
 public:
     BoundaryClock(platform::AnimationClock& clock, PageBoundary& boundary)
@@ -19,7 +19,7 @@ public:
 private:
     platform::AnimationClock& clock_;
     PageBoundary& boundary_;
-    /// Gone with this object, so that a clock which outlives the application runs nothing of it.
+    /// Expires with this object, so that a clock which outlives the application runs none of its actions.
     std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
 };
 

@@ -5,20 +5,20 @@
 
 namespace wardlock::shell {
 
-/// Whether a person could do what was asked, and if not, why: one sentence without a full stop.
+/// Whether the user could do what was asked, and if not, the reason: one sentence without a full stop.
 class [[nodiscard]] InputResult {
 public:
     static InputResult done() { return InputResult({}); }
-    static InputResult refused(std::string why) { return InputResult(std::move(why)); }
+    static InputResult refused(std::string reason) { return InputResult(std::move(reason)); }
 
-    explicit operator bool() const { return why_.empty(); }
+    explicit operator bool() const { return reason_.empty(); }
     /// Empty when it was done.
-    const std::string& why() const { return why_; }
+    const std::string& reason() const { return reason_; }
 
 private:
-    explicit InputResult(std::string why) : why_(std::move(why)) {}
+    explicit InputResult(std::string reason) : reason_(std::move(reason)) {}
 
-    std::string why_;
+    std::string reason_;
 };
 
 } // namespace wardlock::shell

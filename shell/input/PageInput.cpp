@@ -17,8 +17,8 @@ std::optional<std::string> PageInput::obstacle() {
 }
 
 std::optional<std::string> PageInput::obstacleToRow(NSIndexPath path) {
-    if (auto why = obstacle())
-        return why;
+    if (auto reason = obstacle())
+        return reason;
     if (!page().isList() || !page().has(path))
         return "there is no such row";
     if (!page().row(path).enabled)
@@ -35,8 +35,8 @@ InputResult PageInput::tapRow(NSIndexPath path) {
     return boundary_.enter([&] {
         if (!isEditing(path))
             endEditing();
-        if (auto why = obstacleToRow(path))
-            return InputResult::refused(*why);
+        if (auto reason = obstacleToRow(path))
+            return InputResult::refused(*reason);
         const Row row = page().row(path);
         if (row.kind == RowKind::Slider)
             return InputResult::refused("a slider is moved, not tapped");
@@ -53,8 +53,8 @@ InputResult PageInput::tapRow(NSIndexPath path) {
 InputResult PageInput::setSwitch(NSIndexPath path, bool on) {
     return boundary_.enter([&] {
         endEditing();
-        if (auto why = obstacleToRow(path))
-            return InputResult::refused(*why);
+        if (auto reason = obstacleToRow(path))
+            return InputResult::refused(*reason);
         const Row row = page().row(path);
         if (row.kind != RowKind::Switch)
             return InputResult::refused("the row is no switch");
@@ -67,8 +67,8 @@ InputResult PageInput::setSwitch(NSIndexPath path, bool on) {
 InputResult PageInput::moveSlider(NSIndexPath path, double value) {
     return boundary_.enter([&] {
         endEditing();
-        if (auto why = obstacleToRow(path))
-            return InputResult::refused(*why);
+        if (auto reason = obstacleToRow(path))
+            return InputResult::refused(*reason);
         const Row row = page().row(path);
         if (row.kind != RowKind::Slider)
             return InputResult::refused("the row is no slider");
@@ -81,7 +81,7 @@ InputResult PageInput::moveSlider(NSIndexPath path, double value) {
 
 void PageInput::store(NSIndexPath path, const Value& value) {
     const auto specifier = page().specifier(path);
-    // The control shows what the person made of it, whatever becomes of the value.
+    // The control shows what the user set, whatever the page stores.
     page().show(specifier, value);
     changes_.row(screen_.page(), path);
     specifier->performSetter(&value);
@@ -91,8 +91,8 @@ InputResult PageInput::beginEditing(NSIndexPath path) {
     return boundary_.enter([&] {
         if (!isEditing(path))
             endEditing();
-        if (auto why = obstacleToRow(path))
-            return InputResult::refused(*why);
+        if (auto reason = obstacleToRow(path))
+            return InputResult::refused(*reason);
         if (!page().row(path).isTextField())
             return InputResult::refused("the row is no text field");
         beginEditingNow(path);
@@ -110,8 +110,8 @@ void PageInput::beginEditingNow(NSIndexPath path) {
 
 InputResult PageInput::typeText(std::string text) {
     return boundary_.enter([&] {
-        if (auto why = screen_.obstacle())
-            return InputResult::refused(*why);
+        if (auto reason = screen_.obstacle())
+            return InputResult::refused(*reason);
         const auto* edit = page().edit();
         if (!edit)
             return InputResult::refused("no text field is being edited");
@@ -151,8 +151,8 @@ template <class Touch>
 InputResult PageInput::onTableSwitch(NSIndexPath path, Touch touch) {
     return boundary_.enter([&] {
         endEditing();
-        if (auto why = obstacle())
-            return InputResult::refused(*why);
+        if (auto reason = obstacle())
+            return InputResult::refused(*reason);
         const auto table = page().table();
         const auto row = table ? table->show(path) : nullptr;
         if (!row)
@@ -178,8 +178,8 @@ InputResult PageInput::setTableSwitch(NSIndexPath path, bool on) {
 
 InputResult PageInput::dragList() {
     return boundary_.enter([&] {
-        if (auto why = obstacle())
-            return InputResult::refused(*why);
+        if (auto reason = obstacle())
+            return InputResult::refused(*reason);
         if (!page().isList())
             return InputResult::refused("the page is no list");
         page().listController()->scrollViewWillBeginDragging();
@@ -190,8 +190,8 @@ InputResult PageInput::dragList() {
 InputResult PageInput::tapBarButton() {
     return boundary_.enter([&] {
         endEditing();
-        if (auto why = obstacle())
-            return InputResult::refused(*why);
+        if (auto reason = obstacle())
+            return InputResult::refused(*reason);
         const auto button = page().barButton();
         if (!button)
             return InputResult::refused("the page has no such button");
@@ -203,8 +203,8 @@ InputResult PageInput::tapBarButton() {
 InputResult PageInput::goBack() {
     return boundary_.enter([&] {
         endEditing();
-        if (auto why = screen_.obstacle())
-            return InputResult::refused(*why);
+        if (auto reason = screen_.obstacle())
+            return InputResult::refused(*reason);
         if (screen_.pages().size() < 2)
             return InputResult::refused("this is the first page");
         screen_.navigation().popViewControllerAnimated(true);
@@ -227,8 +227,8 @@ InputResult PageInput::followLink(std::string_view url) {
 
 InputResult PageInput::follow(const LinkSearch& search) {
     return boundary_.enter([&] {
-        if (auto why = obstacle())
-            return InputResult::refused(*why);
+        if (auto reason = obstacle())
+            return InputResult::refused(*reason);
         const auto web = page().contentView<platform::UIWebView>();
         if (!web)
             return InputResult::refused("the page shows no web page");

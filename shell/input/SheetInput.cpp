@@ -69,8 +69,8 @@ InputResult SheetInput::onAlert(Do act) {
         const auto alert = screen_.alert();
         if (!alert)
             return InputResult::refused("there is no alert");
-        if (const auto why = screen_.obstacleToSheets())
-            return InputResult::refused(*why);
+        if (const auto reason = screen_.obstacleToSheets())
+            return InputResult::refused(*reason);
         return act(*alert);
     });
 }
@@ -104,8 +104,8 @@ InputResult SheetInput::onComposer(Do act) {
         const auto composer = screen_.composer();
         if (!composer)
             return InputResult::refused("there is no mail sheet");
-        if (const auto why = screen_.obstacleToSheets())
-            return InputResult::refused(*why);
+        if (const auto reason = screen_.obstacleToSheets())
+            return InputResult::refused(*reason);
         if (composer->isSending())
             return InputResult::refused("the mail is being sent");
         return act(*composer);

@@ -10,9 +10,9 @@
 
 namespace wardlock::shell {
 
-/// What a person can do with what lies over the pages: the keypad, an alert, the mail sheet. Each call
-/// answers why not when a person could not. Nothing is thrown: an exception of a page ends the process. Main
-/// thread only.
+/// What the user can do with what is over the pages: the keypad, an alert, the mail sheet. Each call returns
+/// the reason when it is refused. Nothing is thrown: an exception of a page ends the process. Main thread
+/// only.
 class SheetInput {
 public:
     SheetInput(Screen& screen, ShownAccount& account, PageBoundary& boundary)
@@ -23,10 +23,10 @@ public:
     InputResult pressDelete();
     InputResult cancelKeypad();
     InputResult pressEmergency();
-    /// The second way to enter: a whole passcode, four digits, recognised otherwise.
+    /// The keypad's second input: a whole passcode of four digits, recognised by other means.
     InputResult enterPasscode(std::string passcode);
 
-    /// The whole text as it stands in the alert's field now, taken as one line.
+    /// Replaces the text of the alert's field by `text`, taken as one line.
     InputResult typeIntoAlert(std::size_t field, std::string text);
     InputResult chooseAlertAction(std::size_t action);
 
@@ -34,7 +34,7 @@ public:
     InputResult setSubject(std::string subject);
     InputResult setBody(std::string body);
     InputResult removeAttachment(std::size_t index);
-    /// The sheet stays until the mail's way is known; Screen::notice() then tells it.
+    /// The sheet stays until the outcome of the mail is known, which Screen::notice() then shows.
     InputResult sendMail();
     InputResult cancelMail();
 

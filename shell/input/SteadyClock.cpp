@@ -18,7 +18,7 @@ std::optional<SteadyClock::Time> SteadyClock::timeToNext() {
 }
 
 void SteadyClock::runDue() {
-    // The time is taken once: actions that keep asking for another at once do not keep the loop here.
+    // The time is read once: actions that keep adding others for now cannot keep the loop here.
     const Time time = now();
     while (const auto action = actions_.takeDue(time))
         action();

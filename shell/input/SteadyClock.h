@@ -8,13 +8,13 @@
 
 namespace wardlock::shell {
 
-/// Real time for a face with a loop of its own: it waits timeToNext() at most, then calls runDue().
+/// Real time for a front end with a loop of its own: it waits timeToNext() at most, then calls runDue().
 class SteadyClock : public platform::AnimationClock {
 public:
     Time now() override;
     void after(Time delay, std::function<void()> action) override;
 
-    /// Zero when something is due; none while nothing waits.
+    /// Returns zero when an action is due, none while no action waits.
     std::optional<Time> timeToNext();
     void runDue();
 

@@ -10,16 +10,16 @@
 
 namespace wardlock::shell {
 
-/// Actions that wait for their time on whatever clock keeps them. Those due at the same time come
-/// in the order in which they were added. Main thread only.
+/// Actions that wait for their time on any clock. Those due at the same time run in the order in which they
+/// were added. Main thread only.
 class TimedActions {
 public:
     using Time = platform::AnimationClock::Time;
 
     void add(Time due, std::function<void()> action);
-    /// When the next one is due; none while there is none.
+    /// Returns when the next action is due; none while there is none.
     std::optional<Time> nextDue() const;
-    /// Takes out the next one that is due at `time`; empty when none is.
+    /// Removes and returns the next action that is due at `time`; empty when there is none.
     std::function<void()> takeDue(Time time);
 
 private:

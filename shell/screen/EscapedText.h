@@ -5,13 +5,13 @@
 
 namespace wardlock::shell {
 
-/// Whether a terminal would obey the character instead of showing it: controls, and those that end a line or
-/// turn the direction of writing.
+/// Returns whether a terminal would obey the character instead of showing it: controls, and those that end a
+/// line or turn the direction of writing.
 bool isControl(char32_t character);
 
-/// The text with nothing left out, and nothing in it that a terminal would obey: each byte of a control
-/// character and each byte that is not UTF-8 becomes "\x1b" and the like. Every face shows control characters
-/// in this form. Those in `kept` stay.
+/// Returns the whole text without anything that a terminal would obey: each byte of a control character and
+/// each byte that is not UTF-8 becomes "\x1b" and the like. Every front end shows control characters in this
+/// form. Characters in `kept` stay.
 std::string escaped(std::string_view text, std::string_view kept = {});
 
 } // namespace wardlock::shell

@@ -4,8 +4,8 @@
 
 namespace wardlock::shell {
 
-/// Typed or pasted text as a field of one line takes it: control characters at the end, the line feed of what
-/// was copied, are left away, others become blanks.
+/// Returns typed or pasted text for a field of one line. Control characters at the end, such as the line feed
+/// of copied text, are removed; others become blanks.
 std::string oneLine(std::string text);
 
 } // namespace wardlock::shell

@@ -7,9 +7,9 @@
 
 namespace wardlock::shell {
 
-/// The keypad over everything else, with what a person sees of it: its status text and subtitle, how many
-/// digits are entered, how often it has failed, whether it shows its emergency button, and how far it and the
-/// blur beneath it have faded in (their presentationAlpha()).
+/// The keypad over everything else, with what the user sees of it: its status text and subtitle, the number
+/// of entered digits and of failures, whether it shows its emergency button. Keypad and blur have faded in as
+/// far as their presentationAlpha().
 struct Overlay {
     std::shared_ptr<platform::SBUIPasscodeLockViewSimple4DigitKeypad> keypad;
     /// Null for none.

@@ -20,7 +20,7 @@ bool isContent(const UIView& view) {
            dynamic_cast<const platform::UIActivityIndicatorView*>(&view);
 }
 
-/// A view of content is shown as one: what lies inside it is its own affair.
+/// A view of content is shown as one unit: the views inside it are its own.
 void collectContent(const std::shared_ptr<UIView>& view, std::vector<std::shared_ptr<UIView>>& found) {
     if (!view || view->isHidden())
         return;
@@ -159,7 +159,7 @@ void Page::show(const std::shared_ptr<PSSpecifier>& specifier, std::optional<pla
 
 void Page::readRows() {
     boundary_.enter([&] {
-        // What is read may build the list anew; its rows are then read when they are asked for.
+        // A get action may rebuild the list; the new rows are then read when they are asked for.
         std::vector<platform::PSListSections::Section> sections;
         if (isList())
             sections = list_->sections().sections();
@@ -192,7 +192,7 @@ void Page::listWasReloaded() {
 }
 
 std::vector<NSIndexPath> Page::refreshValues() {
-    // What is read may build the list anew and so change what is shown.
+    // A get action may rebuild the list and so change what is shown.
     std::vector<std::shared_ptr<PSSpecifier>> specifiers;
     for (const auto& [specifier, shown] : shown_)
         specifiers.push_back(specifier);

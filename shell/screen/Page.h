@@ -15,10 +15,12 @@
 
 namespace wardlock::shell {
 
-/// One page of the stack as a person sees it. A list page shows sections of rows, whose values are read
-/// through their get actions when the page comes on top and kept until the page says that they changed; any
-/// other page shows the views that stand in content(). Reading never throws: what a page throws ends the
-/// process. Lives as long as a face holds it; the controller then lives with it. Main thread only.
+/// One page of the stack as the user sees it. A list page shows sections of rows. Their values are read
+/// through their get actions when the page comes on top, and kept until the page announces a change. Any
+/// other page shows the views in content().
+///
+/// Reading never throws: an exception of a page ends the process. A page and its controller live as long as a
+/// front end keeps a pointer. Main thread only.
 class Page {
 public:
     struct Section {
@@ -34,11 +36,11 @@ public:
     Page& operator=(const Page&) = delete;
 
     platform::UIViewController& controller() const { return *controller_; }
-    /// The controller when it is a list page; whether it also shows its list is for isList() to say.
+    /// Returns the controller when it is a list page; isList() returns whether the page also shows its list.
     platform::PSListController* listController() const { return list_; }
 
     std::string title();
-    /// What the bar's button shows; null for none.
+    /// Returns the button of the bar; null for none.
     std::shared_ptr<platform::UIBarButtonItem> barButton();
     bool isList();
 
@@ -48,14 +50,14 @@ public:
     bool has(platform::NSIndexPath path);
     /// Precondition: the row exists.
     Row row(platform::NSIndexPath path);
-    /// Null when there is no such row.
+    /// Returns null when there is no such row.
     std::shared_ptr<platform::PSSpecifier> specifier(platform::NSIndexPath path);
     std::optional<platform::NSIndexPath> find(const platform::PSSpecifier& specifier);
 
-    /// What a page that is no list shows: its tables, text views, web views and spinners that are not hidden,
+    /// Returns what a page that is not a list shows: its visible tables, text views, web views and spinners,
     /// the lower ones first.
     std::vector<std::shared_ptr<platform::UIView>> content();
-    /// The first of the kind; null where the page has none.
+    /// Returns the first view of that class; null where the page has none.
     template <class View>
     std::shared_ptr<View> contentView() {
         for (const auto& view : content())
@@ -63,41 +65,41 @@ public:
                 return wanted;
         return nullptr;
     }
-    /// The page's table; null where it has none.
+    /// Returns the page's table; null where it has none.
     std::shared_ptr<Table> table();
-    /// The table as last asked for; null while nobody has.
+    /// Returns the table that table() returned last; null before the first call.
     const std::shared_ptr<Table>& shownTable() const { return table_; }
-    /// Whether the view is, or lies in, the page's view.
+    /// Returns whether the view is, or is inside, the page's view.
     bool holds(const platform::UIView& view) const;
 
-    /// The typing in one of the rows; null while there is none.
+    /// Returns the edit of one of the rows; null while there is none.
     const TextEdit* edit() const { return edit_ ? &*edit_ : nullptr; }
     void beginEdit(std::shared_ptr<platform::PSSpecifier> specifier);
     void changeEdit(std::string text);
     std::optional<TextEdit> takeEdit();
 
-    /// What the row's control shows from now on, without reading it again.
+    /// Sets what the row's control shows from now on, without reading the row again.
     void show(const std::shared_ptr<platform::PSSpecifier>& specifier, std::optional<platform::Value> value);
-    /// Whether every row of a list has been read since it was built or forgotten.
+    /// Returns whether every row of a list has been read since it was built or forgotten.
     bool isRead() const { return read_; }
     /// Reads the rows that have not been read yet.
     void readRows();
     /// Rows are read again by readRows(), or when they are next asked for.
     void forgetValue(const platform::PSSpecifier& specifier);
     void forgetValues();
-    /// The list was built anew; an edit goes on in the new row of its key.
+    /// To be called after the list was rebuilt; an edit continues in the new row of its key.
     void listWasReloaded();
-    /// How often it was.
+    /// The number of rebuilds.
     std::size_t builds() const { return builds_; }
-    /// Reads the rows again that are being shown, an edited one aside; answers those that look different.
-    /// A row whose page throws keeps its value.
+    /// Reads the shown rows again, an edited one aside, and returns those that look different. A row whose
+    /// page throws keeps its value.
     std::vector<platform::NSIndexPath> refreshValues();
-    /// Builds the list anew and reads the values of its rows. A list that throws stays as it was, and so does
-    /// the value of a row; a new row has none then.
+    /// Rebuilds the list and reads the values of its rows. A list that throws stays as it was, and so does
+    /// the value of a row; a new row then has no value.
     void rebuild();
 
 private:
-    /// What a row was last seen to show.
+    /// What a row last showed.
     struct Shown {
         std::optional<platform::Value> value;
         bool marked = false;
@@ -107,7 +109,7 @@ private:
 
     Shown read(const std::shared_ptr<platform::PSSpecifier>& specifier, platform::NSIndexPath path);
     const Shown& shown(const std::shared_ptr<platform::PSSpecifier>& specifier, platform::NSIndexPath path);
-    /// Where the row stands when it looks different now.
+    /// Returns the position of the row when it looks different now.
     std::optional<platform::NSIndexPath>
     refreshValue(const std::shared_ptr<platform::PSSpecifier>& specifier);
 

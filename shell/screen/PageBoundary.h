@@ -8,29 +8,29 @@
 
 namespace wardlock::shell {
 
-/// The one way into the pages, and an exception boundary: what a page throws and does not catch ends the
+/// The only entry into the pages, and an exception boundary: what a page throws and does not catch ends the
 /// process here, and no front end's loop ever sees an exception. When the last call has left, `settled` runs,
-/// so that a front end is notified of changes once the pages are done with them. Main thread only.
+/// so that a front end is notified of changes once the pages have finished. Main thread only.
 class PageBoundary {
 public:
     explicit PageBoundary(std::function<void()> settled) : settled_(std::move(settled)) {}
     PageBoundary(const PageBoundary&) = delete;
     PageBoundary& operator=(const PageBoundary&) = delete;
 
-    /// For what a person or the clock does, and for reading what a page shows.
+    /// For input, for the clock, and for reading what a page shows.
     template <class Call>
     std::invoke_result_t<Call> enter(Call&& call) {
         return enterCounted(personDepth_, std::forward<Call>(call));
     }
 
-    /// For what arrives from outside the process: a bus's callbacks, the main queue.
+    /// For calls from outside the process: a bus's callbacks, the main queue.
     template <class Call>
     std::invoke_result_t<Call> enterFromLoop(Call&& call) {
         return enterCounted(loopDepth_, std::forward<Call>(call));
     }
 
-    /// For what nobody asked for: what it throws is dropped, what an entry within it throws too. Returns
-    /// whether it came to its end.
+    /// For work that the user did not ask for: exceptions are dropped, those of an entry within it too.
+    /// Returns whether it came to its end.
     template <class Call>
     bool tryEnter(Call&& call) {
         return enterFromLoop([&] {
@@ -44,7 +44,8 @@ public:
         });
     }
 
-    /// Whether a person, the clock or a front end is inside, rather than something from outside the process.
+    /// Returns whether input, the clock or a front end is inside, rather than a call from outside the
+    /// process.
     bool personIsInside() const { return personDepth_ > 0; }
     bool isInside() const { return personDepth_ + loopDepth_ > 0; }
 

@@ -12,7 +12,7 @@ bool PageStack::follow() {
     }
     if (pages == pages_)
         return false;
-    // What a page showed before it was covered is read again, as it is uncovered.
+    // A page that is uncovered is read again.
     if (pages.size() < pages_.size())
         pages.back()->forgetValues();
     pages_ = std::move(pages);

@@ -14,12 +14,12 @@ public:
     PageStack(std::shared_ptr<platform::UINavigationController> navigation, PageBoundary& boundary)
         : navigation_(std::move(navigation)), boundary_(boundary) {}
 
-    /// Follows the navigation controller; answers whether anything changed.
+    /// Follows the navigation controller; returns whether anything changed.
     bool follow();
     /// The first page first; never empty once followed.
     const std::vector<std::shared_ptr<Page>>& pages() const { return pages_; }
     const std::shared_ptr<Page>& top() const { return pages_.back(); }
-    /// Null when the controller is on no page.
+    /// Returns null when the controller is not on a page.
     std::shared_ptr<Page> pageOf(const platform::UIViewController& controller) const;
 
 private:

@@ -43,7 +43,7 @@ std::string numberText(Number number) {
     return {text, end};
 }
 
-/// The short title that stands for the value; nothing when it is none of the choices.
+/// Returns the short title of the value; empty when the value is not one of the choices.
 std::string chosenTitle(const platform::PSSpecifier& specifier, const Value& value) {
     const auto& values = specifier.values();
     const auto found = std::ranges::find(values, value);

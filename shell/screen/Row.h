@@ -14,19 +14,20 @@ namespace wardlock::shell {
 
 enum class RowKind { Link, LinkList, Slider, Switch, StaticText, EditText, SecureEditText, Button };
 
-/// The kind's name for scripts: "link", "linkList", "slider" and so on.
+/// Returns the kind's name for scripts: "link", "linkList", "slider" and so on.
 std::string_view name(RowKind kind);
 
-/// One row of a list page as a person sees it now.
+/// One row of a list page as the user sees it now.
 struct Row {
     RowKind kind = RowKind::StaticText;
     std::string label;
-    /// The key of the stored value; empty where there is none. Not to be seen, but to be addressed by.
+    /// The key of the stored value, by which the row is addressed; it is not shown. Empty where there is
+    /// none.
     std::string key;
     /// The value as its page keeps it; none where it has none.
     std::optional<platform::Value> value;
-    /// The value as text: what stands in a text field, the title chosen of a link list, a slider's number.
-    /// Secure text is as many bullets.
+    /// The value as text: the content of a text field, the chosen title of a link list, a slider's number.
+    /// Secure text is replaced by as many bullets.
     std::string text;
     bool enabled = true;
     /// On the page of a link list: whether the row carries the mark.
@@ -37,7 +38,7 @@ struct Row {
     /// Text fields.
     std::string placeholder;
     bool numberPad = false;
-    /// Whether a person is typing in it; `text` is then what has been typed.
+    /// Whether the user is editing it; `text` is then what has been typed.
     bool editing = false;
 
     /// Sliders.
@@ -55,13 +56,13 @@ struct Row {
     bool isTextField() const { return kind == RowKind::EditText || kind == RowKind::SecureEditText; }
 };
 
-/// The row of a specifier that shows `value`.
+/// Returns the row of a specifier that shows `value`.
 Row rowFor(const platform::PSSpecifier& specifier, const std::optional<platform::Value>& value);
 
-/// A value as the text of a text field; kinds that are no text and no number are empty.
+/// Returns a value as the text of a text field; empty for kinds that are neither text nor number.
 std::string fieldText(const platform::Value& value);
 
-/// What a text field with the text shows: the text, or as many bullets.
+/// Returns what a text field shows: the text, or as many bullets.
 std::string shownText(RowKind kind, std::string_view text);
 
 } // namespace wardlock::shell

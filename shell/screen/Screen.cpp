@@ -65,8 +65,8 @@ std::optional<std::string> Screen::obstacleToSheets() const {
 }
 
 std::optional<std::string> Screen::obstacle() const {
-    if (auto why = obstacleToSheets())
-        return why;
+    if (auto reason = obstacleToSheets())
+        return reason;
     if (alert())
         return "an alert covers it";
     if (composer())

@@ -14,10 +14,13 @@
 
 namespace wardlock::shell {
 
-/// What a person sees now, from the lowest to the topmost: the pages, of which the last covers the others; an
-/// alert or the mail sheet over them; the keypad over everything. Reading changes nothing. Alerts, mail
-/// sheets and keypads are handed out to be read: what a person does with them goes through SheetInput. Main
-/// thread only.
+/// What the user sees now, from the lowest to the topmost:
+/// - the pages, of which the last covers the others;
+/// - an alert or the mail sheet over them;
+/// - the keypad over everything.
+///
+/// Reading changes nothing. Alerts, mail sheets and keypads are returned for reading: input to them goes
+/// through SheetInput. Main thread only.
 class Screen {
 public:
     Screen(const std::shared_ptr<platform::UIViewController>& root, PageBoundary& boundary);
@@ -34,14 +37,14 @@ public:
     std::shared_ptr<platform::MFMailComposeViewController> composer() const;
     std::optional<Overlay> overlay() const;
 
-    /// A sentence of the application itself, shown until it is dismissed: what became of a mail, or of the
-    /// account that was shown. Empty for none.
+    /// A sentence of the application itself, shown until it is dismissed: the outcome of a mail, or that the
+    /// account shown was deleted. Empty for none.
     const std::string& notice() const { return notice_; }
     void setNotice(std::string notice) { notice_ = std::move(notice); }
 
-    /// Why a person cannot touch the page now; none when nothing is in the way.
+    /// Returns the reason why the page accepts no input now; none when it does.
     std::optional<std::string> obstacle() const;
-    /// Why a person cannot touch the alert or mail sheet now.
+    /// Returns the reason why the alert or mail sheet accepts no input now; none when it does.
     std::optional<std::string> obstacleToSheets() const;
 
     PageStack& stack() { return stack_; }

@@ -36,7 +36,7 @@ void ScreenChanges::viewChanged(UIView& view) {
         if (page->holds(view))
             return add({Kind::Content, page, {}, false});
     }
-    // An alert's text field stands in no view; a cell that nobody shows yet stands in none either.
+    // An alert's text field is not in a view; neither is a cell that is not shown yet.
     if (dynamic_cast<platform::UITextField*>(&view))
         add({Kind::Presentation, nullptr, {}, false});
 }
@@ -79,7 +79,7 @@ void ScreenChanges::announced(const Announcement& announcement) {
 }
 
 void ScreenChanges::add(Change change) {
-    // A later change takes in an equal earlier one: what is to be seen in between nobody sees.
+    // A later change replaces an equal earlier one: the state in between is never seen.
     std::erase(changes_, change);
     changes_.push_back(std::move(change));
 }
@@ -90,11 +90,11 @@ void ScreenChanges::deliver() {
     delivering_ = true;
     while (!changes_.empty())
         for (const auto& change : std::exchange(changes_, {}))
-            tell(change);
+            notify(change);
     delivering_ = false;
 }
 
-void ScreenChanges::tell(const Change& change) {
+void ScreenChanges::notify(const Change& change) {
     if (!observer_)
         return;
     switch (change.kind) {
@@ -111,11 +111,11 @@ void ScreenChanges::tell(const Change& change) {
     case Kind::Notice:
         return observer_->noticeChanged();
     default:
-        return tellOfPage(change);
+        return notifyOfPage(change);
     }
 }
 
-void ScreenChanges::tellOfPage(const Change& change) {
+void ScreenChanges::notifyOfPage(const Change& change) {
     switch (change.kind) {
     case Kind::Page:
         return observer_->pageChanged(*change.page);

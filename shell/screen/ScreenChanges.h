@@ -10,8 +10,8 @@
 
 namespace wardlock::shell {
 
-/// Hears what the pages' objects tell, keeps it in terms of the screen, and tells the face when the pages are
-/// done. Main thread only.
+/// Observes the pages' objects, translates their changes to terms of the screen, and notifies the front end
+/// when the pages have finished. Main thread only.
 class ScreenChanges : public platform::DisplayObserver {
 public:
     /// `endEditing` stores what is being typed inside the view.
@@ -28,7 +28,7 @@ public:
     void rowInserted(platform::UIViewController& page, platform::NSIndexPath path, bool animated) override;
     void endEditing(platform::UIView& view) override { endEditing_(view); }
 
-    /// What the application itself knows to have changed.
+    /// Changes that the application itself knows of.
     void pages(bool animated) { add({Kind::Pages, nullptr, {}, animated}); }
     void transitionEnded() { add({Kind::TransitionEnded, nullptr, {}, false}); }
     void row(const std::shared_ptr<Page>& page, platform::NSIndexPath path) {
@@ -38,7 +38,8 @@ public:
     void notice() { add({Kind::Notice, nullptr, {}, false}); }
     void announced(const Announcement& announcement);
 
-    /// Tells the face everything that has changed until now, and what changes while it listens.
+    /// Notifies the observer of everything that has changed until now, and of what changes while it is being
+    /// notified.
     void deliver();
 
 private:
@@ -66,8 +67,8 @@ private:
     };
 
     void add(Change change);
-    void tell(const Change& change);
-    void tellOfPage(const Change& change);
+    void notify(const Change& change);
+    void notifyOfPage(const Change& change);
 
     PageStack& stack_;
     std::function<void(platform::UIView&)> endEditing_;

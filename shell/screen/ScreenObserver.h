@@ -19,9 +19,9 @@ struct Announcement {
     bool own = false;
 };
 
-/// A face hears here what a person sees differently from now on. It is told after the pages are done with
-/// what they were doing, so everything it reads then is as it is going to stay; repeated changes come once.
-/// Main thread only; nothing may be thrown. All optional.
+/// Notifies a front end of what the user sees differently from now on. It is called after the pages have
+/// finished, so everything it reads then is final; repeated changes come once. Main thread only; nothing may
+/// be thrown. All methods are optional.
 class ScreenObserver {
 public:
     virtual ~ScreenObserver() = default;
@@ -30,28 +30,28 @@ public:
     virtual void pagesChanged(bool /*animated*/) {}
     /// The push or pop has ended; taps are accepted from now on.
     virtual void transitionEnded() {}
-    /// The page's title or bar button, or which kind of page it is.
+    /// The page's title, its bar button or its kind changed.
     virtual void pageChanged(Page&) {}
 
-    /// All rows of a list page. An insertion that is followed by it is told first.
+    /// All rows of a list page changed. An insertion before it is reported first.
     virtual void listReset(Page&) {}
     virtual void rowChanged(Page&, platform::NSIndexPath) {}
     virtual void rowInserted(Page&, platform::NSIndexPath, bool /*animated*/) {}
 
-    /// The views of a page that is no list were replaced, or one of them looks different.
+    /// The views of a page that is not a list were replaced, or one of them looks different.
     virtual void contentChanged(Page&) {}
-    /// A cell of the page's table that is being shown.
+    /// A cell of the page's table changed that is being shown.
     virtual void tableRowChanged(Page&, platform::NSIndexPath) {}
 
-    /// The keypad came, went, or looks different.
+    /// The keypad appeared, disappeared, or looks different.
     virtual void overlayChanged() {}
-    /// An alert or the mail sheet came, went, or looks different.
+    /// An alert or the mail sheet appeared, disappeared, or looks different.
     virtual void presentationChanged() {}
-    /// A text row is being edited now, or none any more.
+    /// The editing of a text row began or ended.
     virtual void editingChanged() {}
     virtual void noticeChanged() {}
 
-    /// Not to be seen, but for those who watch.
+    /// A change was announced. Not for the screen, but for observers such as scripts.
     virtual void changeAnnounced(const Announcement&) {}
 };
 

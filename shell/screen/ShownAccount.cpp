@@ -10,7 +10,7 @@ namespace wardlock::shell {
 
 namespace {
 
-/// The places of pages on the stack; below them lies the list of bundles.
+/// Positions of pages on the stack; below them is the list of bundles.
 constexpr std::size_t listPlace = 1;
 constexpr std::size_t openedPlace = 2;
 

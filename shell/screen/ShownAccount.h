@@ -10,23 +10,23 @@
 
 namespace wardlock::shell {
 
-/// Watches over the account that the pages on the screen are about. Pages address it by its position in the
-/// list of accounts, which other processes may change at any time: what they read and store then belongs to
-/// another account, or to none.
+/// Watches the account that the pages on the screen show. Pages address it by its position in the list of
+/// accounts, which other processes may change at any time. What they read and store then belongs to another
+/// account, or to none.
 ///
-/// No page is known here. A section of a bundle's first page whose rows are the names of the accounts lists
-/// them, and the page that such a row opened shows the account at the row's position. Main thread only,
-/// inside the boundary.
+/// This class does not know the pages. It searches a bundle's first page for a section whose rows are the
+/// names of the accounts. The page that such a row opened shows the account at the row's position. Main
+/// thread only, inside the boundary.
 class ShownAccount {
 public:
     ShownAccount(Screen& screen, ScreenChanges& changes) : screen_(screen), changes_(changes) {}
 
-    /// The stack of pages, or the list of the first one, may have changed.
+    /// To be called when the stack of pages, or the list of the first one, may have changed.
     void follow();
-    /// A page of this process changed the settings.
+    /// To be called when a page of this process changed the settings.
     void acceptOwnChange();
-    /// Goes back to the first page when the account shown is gone, or its position means another one, and has
-    /// the notice say so. Returns whether it went back.
+    /// Goes back to the first page, with a notice, when the shown account was deleted or its position means
+    /// another one. Returns whether it went back.
     bool leaveIfGone();
 
 private:
@@ -37,11 +37,11 @@ private:
     ScreenChanges& changes_;
     std::weak_ptr<Page> list_;
     std::weak_ptr<Page> opened_;
-    /// Which build of the first page's list the accounts were read for.
+    /// The build of the first page's list for which the accounts were read.
     std::size_t build_ = 0;
     /// The accounts as the pages on the screen know them.
     Accounts known_;
-    /// Of the account shown; none while the pages show none.
+    /// The position of the account shown; none while the pages show none.
     std::optional<std::size_t> position_;
 };
 

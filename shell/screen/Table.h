@@ -10,8 +10,8 @@
 
 namespace wardlock::shell {
 
-/// A page's table for those who show it: counts are cheap, cells exist for the rows that are being shown and
-/// no others. Main thread only.
+/// A page's table as a front end shows it: counts are cheap, and cells exist only for the rows that are being
+/// shown. Main thread only.
 class Table {
 public:
     Table(std::shared_ptr<platform::UITableView> view, PageBoundary& boundary)
@@ -23,10 +23,10 @@ public:
     bool has(platform::NSIndexPath path);
     /// In points.
     double rowHeight(platform::NSIndexPath path);
-    /// The row for as long as the caller holds it; callers that show the same row share it. Null when there
-    /// is no such row.
+    /// Returns the row, which exists as long as the caller keeps it; callers that show the same row share it.
+    /// Null when there is no such row.
     std::shared_ptr<TableRow> show(platform::NSIndexPath path);
-    /// The row being shown whose cell the view is or lies in.
+    /// Returns the shown row whose cell the view is or is inside.
     std::optional<platform::NSIndexPath> shownRow(const platform::UIView& view);
 
 private:

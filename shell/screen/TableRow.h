@@ -11,7 +11,7 @@
 
 namespace wardlock::shell {
 
-/// A row of a table that somebody shows: holds its cell and gives it back to the table at its end.
+/// A row of a table that is being shown: keeps its cell, and gives it back to the table when destroyed.
 class TableRow {
 public:
     TableRow(std::shared_ptr<platform::UITableView> table, platform::NSIndexPath path,
@@ -25,7 +25,7 @@ public:
     const std::string& title() const { return cell_->textLabel().text(); }
     /// Empty while its label is hidden.
     std::string detail() const;
-    /// What the detail label holds, to be seen or not: what the row is addressed by.
+    /// The detail label's text, shown or not, by which the row is addressed.
     const std::string& key() const { return cell_->detailTextLabel().text(); }
     const std::shared_ptr<platform::UIImage>& icon() const { return cell_->image(); }
     /// The row's switch; null where it has none.

@@ -7,11 +7,11 @@
 
 namespace wardlock::shell {
 
-/// The typing in one text row: from the tap on it to its end, when what was typed is stored.
+/// The editing of one text row: from the tap on it to its end, when what was typed is stored.
 struct TextEdit {
     std::shared_ptr<platform::PSSpecifier> specifier;
     std::string text;
-    /// A field that was only looked at stores nothing.
+    /// A field in which nothing was typed stores nothing.
     bool typed = false;
 };
 

@@ -48,20 +48,20 @@ bool SettingsApplicationFixture::hasRow(std::string_view label) {
 
 void SettingsApplicationFixture::tap(std::string_view label) {
     const auto answer = settings().page().tapRow(pathOf(label));
-    EXPECT_TRUE(answer) << label << ": " << answer.why();
+    EXPECT_TRUE(answer) << label << ": " << answer.reason();
 }
 
 void SettingsApplicationFixture::type(std::string_view label, std::string text) {
     const auto begun = settings().page().beginEditing(pathOf(label));
-    EXPECT_TRUE(begun) << label << ": " << begun.why();
+    EXPECT_TRUE(begun) << label << ": " << begun.reason();
     const auto typed = settings().page().typeText(std::move(text));
-    EXPECT_TRUE(typed) << label << ": " << typed.why();
+    EXPECT_TRUE(typed) << label << ": " << typed.reason();
 }
 
 void SettingsApplicationFixture::press(std::string_view digits) {
     for (const char digit : digits) {
         const auto answer = settings().sheets().pressDigit(digit - '0');
-        EXPECT_TRUE(answer) << answer.why();
+        EXPECT_TRUE(answer) << answer.reason();
     }
 }
 
@@ -71,7 +71,7 @@ void SettingsApplicationFixture::chooseInAlert(std::string_view title) {
     for (std::size_t i = 0; i < alert->actions().size(); ++i)
         if (alert->actions()[i]->title() == title) {
             const auto answer = settings().sheets().chooseAlertAction(i);
-            EXPECT_TRUE(answer) << answer.why();
+            EXPECT_TRUE(answer) << answer.reason();
             return;
         }
     ADD_FAILURE() << "no button \"" << title << "\" in the alert";

@@ -50,7 +50,7 @@ TEST_F(InformationInSettings, ShowsTheListingAndFollowsItsLinks) {
     ASSERT_TRUE(waitForLoad());
     EXPECT_EQ(web()->text(), "One [1]\n");
     const auto answer = settings().page().followLink(web()->links().at(0).url);
-    ASSERT_TRUE(answer) << answer.why();
+    ASSERT_TRUE(answer) << answer.reason();
     ASSERT_TRUE(waitForLoad());
     EXPECT_EQ(web()->text(), "First package\n");
 }

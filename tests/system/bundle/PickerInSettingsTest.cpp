@@ -84,7 +84,7 @@ protected:
     }
     void flip(std::size_t row) {
         const auto answer = settings().page().flipTableSwitch({0, row});
-        EXPECT_TRUE(answer) << answer.why();
+        EXPECT_TRUE(answer) << answer.reason();
     }
     Array stored(std::size_t account = 0) const {
         return document().find(kAccounts)->array().at(account).dictionary().find(kAppsRestricted)->array();

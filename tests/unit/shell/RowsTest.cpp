@@ -183,18 +183,18 @@ TEST_F(RowsTest, ATextFieldIsOneLine) {
 }
 
 TEST_F(RowsTest, TypingNeedsAField) {
-    EXPECT_EQ(settings().page().typeText("x").why(), "no text field is being edited");
-    EXPECT_EQ(settings().page().beginEditing(pathOf("On")).why(), "the row is no text field");
+    EXPECT_EQ(settings().page().typeText("x").reason(), "no text field is being edited");
+    EXPECT_EQ(settings().page().beginEditing(pathOf("On")).reason(), "the row is no text field");
 }
 
 TEST_F(RowsTest, ADisabledRowDoesNothing) {
-    EXPECT_EQ(settings().page().tapRow(pathOf("Locked")).why(), "the row is disabled");
+    EXPECT_EQ(settings().page().tapRow(pathOf("Locked")).reason(), "the row is disabled");
     EXPECT_FALSE(hasValue("locked"));
 }
 
 TEST_F(RowsTest, ARowThatIsNotThereIsRefused) {
-    EXPECT_EQ(settings().page().tapRow({0, 1}).why(), "there is no such row");
-    EXPECT_EQ(settings().page().tapRow({9, 0}).why(), "there is no such row");
+    EXPECT_EQ(settings().page().tapRow({0, 1}).reason(), "there is no such row");
+    EXPECT_EQ(settings().page().tapRow({9, 0}).reason(), "there is no such row");
 }
 
 TEST_F(RowsTest, AButtonPerformsItsActionAndStaticTextNone) {
@@ -217,7 +217,7 @@ TEST_F(RowsTest, ARowIsAddedAtTheEnd) {
 TEST_F(RowsTest, AnAlertCoversThePageUntilItIsAnswered) {
     tap("Ask");
     ASSERT_TRUE(settings().screen().alert());
-    EXPECT_EQ(settings().page().tapRow(pathOf("Starred")).why(), "an alert covers it");
+    EXPECT_EQ(settings().page().tapRow(pathOf("Starred")).reason(), "an alert covers it");
     EXPECT_FALSE(settings().page().goBack());
     EXPECT_FALSE(settings().page().tapBarButton());
     EXPECT_FALSE(settings().page().dragList());
@@ -229,8 +229,8 @@ TEST_F(RowsTest, AnAlertCoversThePageUntilItIsAnswered) {
 
 TEST_F(RowsTest, ADisabledButtonOfAnAlertDoesNothing) {
     tap("Ask");
-    EXPECT_EQ(settings().sheets().chooseAlertAction(2).why(), "the button is disabled");
-    EXPECT_EQ(settings().sheets().chooseAlertAction(3).why(), "the alert has no such button");
+    EXPECT_EQ(settings().sheets().chooseAlertAction(2).reason(), "the button is disabled");
+    EXPECT_EQ(settings().sheets().chooseAlertAction(3).reason(), "the alert has no such button");
     EXPECT_TRUE(settings().screen().alert());
 }
 

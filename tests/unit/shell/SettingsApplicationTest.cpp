@@ -54,7 +54,7 @@ TEST_F(SettingsApplicationTest, TellsWhyABundleCannotBeOpened) {
 
 TEST_F(SettingsApplicationTest, RefusesTapsWhileThePageMoves) {
     openWardlock(0.35);
-    EXPECT_EQ(settings().page().tapRow({0, 0}).why(), "the page is still moving");
+    EXPECT_EQ(settings().page().tapRow({0, 0}).reason(), "the page is still moving");
     clock.step(0.35);
     EXPECT_TRUE(settings().page().tapRow({0, 0}));
 }
@@ -73,12 +73,12 @@ TEST_F(SettingsApplicationTest, SetsAPasscodeOnTheKeypad) {
     tap("Passcode");
     ASSERT_TRUE(settings().screen().overlay());
     EXPECT_EQ(settings().screen().overlay()->keypad->shownText(), "Enter New Passcode");
-    EXPECT_EQ(settings().page().tapRow(pathOf("Enabled")).why(), "the keypad covers it");
+    EXPECT_EQ(settings().page().tapRow(pathOf("Enabled")).reason(), "the keypad covers it");
     press("12");
     EXPECT_EQ(settings().screen().overlay()->keypad->passcode().size(), 2U);
     press("34");
     EXPECT_EQ(passcode(), "1234");
-    EXPECT_EQ(settings().sheets().pressDigit(5).why(), "the keypad is fading out");
+    EXPECT_EQ(settings().sheets().pressDigit(5).reason(), "the keypad is fading out");
     clock.step(0.4);
     EXPECT_FALSE(settings().screen().overlay());
 }
@@ -87,11 +87,11 @@ TEST_F(SettingsApplicationTest, TakesAWholePasscodeOfFourDigitsAndNoOther) {
     openWardlock();
     tap("Passcode");
     for (const char* none : {"", "123", "12345", "12a4"})
-        EXPECT_EQ(settings().sheets().enterPasscode(none).why(), "a passcode is four digits");
+        EXPECT_EQ(settings().sheets().enterPasscode(none).reason(), "a passcode is four digits");
     EXPECT_EQ(passcode(), "");
     EXPECT_TRUE(settings().sheets().enterPasscode("0815"));
     EXPECT_EQ(passcode(), "0815");
-    EXPECT_EQ(settings().sheets().enterPasscode("4711").why(), "the keypad is fading out");
+    EXPECT_EQ(settings().sheets().enterPasscode("4711").reason(), "the keypad is fading out");
     EXPECT_EQ(passcode(), "0815");
 }
 
@@ -159,14 +159,14 @@ TEST_F(SettingsApplicationTest, EndsFadesAndPushesWhoseTimeHasPassedInSteps) {
 TEST_F(SettingsApplicationTest, HidesTheEmergencyButton) {
     openWardlock();
     tap("Passcode");
-    EXPECT_EQ(settings().sheets().pressEmergency().why(), "the keypad shows no emergency button");
+    EXPECT_EQ(settings().sheets().pressEmergency().reason(), "the keypad shows no emergency button");
 }
 
 TEST_F(SettingsApplicationTest, CreatesAnAccount) {
     openWardlock();
     EXPECT_TRUE(settings().page().tapBarButton());
     ASSERT_TRUE(settings().screen().alert());
-    EXPECT_EQ(settings().sheets().chooseAlertAction(1).why(), "the button is disabled");
+    EXPECT_EQ(settings().sheets().chooseAlertAction(1).reason(), "the button is disabled");
     EXPECT_TRUE(settings().sheets().typeIntoAlert(0, "Tom"));
     chooseInAlert("Create");
     EXPECT_EQ(accountCount(), 2U);
@@ -224,7 +224,7 @@ TEST_F(SettingsApplicationTest, SendsTheSupportMailAndTellsWhatBecameOfIt) {
     const auto path = platform::NSIndexPath{2, 1};
     EXPECT_TRUE(settings().page().tapRow(path));
     ASSERT_TRUE(settings().screen().composer());
-    EXPECT_EQ(settings().page().tapRow({0, 0}).why(), "the mail sheet covers it");
+    EXPECT_EQ(settings().page().tapRow({0, 0}).reason(), "the mail sheet covers it");
     EXPECT_TRUE(settings().sheets().setSubject("Help"));
     EXPECT_TRUE(settings().sheets().setRecipients({"a@example.org", "b@example.org"}));
     EXPECT_TRUE(settings().sheets().setBody("Hello"));
@@ -232,7 +232,7 @@ TEST_F(SettingsApplicationTest, SendsTheSupportMailAndTellsWhatBecameOfIt) {
     ASSERT_EQ(mail.sent.size(), 1U);
     EXPECT_EQ(mail.sent[0].subject, "Help");
     EXPECT_EQ(mail.sent[0].recipients.size(), 2U);
-    EXPECT_EQ(settings().sheets().cancelMail().why(), "the mail is being sent");
+    EXPECT_EQ(settings().sheets().cancelMail().reason(), "the mail is being sent");
     settings().run([&] { mail.finish({MailOutcome::Kind::HandedOver, "Thunderbird has the mail."}); });
     EXPECT_FALSE(settings().screen().composer());
     EXPECT_EQ(settings().screen().notice(), "Thunderbird has the mail.");

@@ -60,7 +60,7 @@ TEST_F(ShownAccountTest, GoesBackAndSaysSoWhenItsRemovalIsAnnounced) {
 TEST_F(ShownAccountTest, GoesBackWhenATapFindsItRemoved) {
     open({"Ann", "Tom"}, "Tom");
     writeDocument(documentOf({"Ann"}));
-    EXPECT_EQ(settings().page().tapRow(pathOf("Siri")).why(), "the page is gone");
+    EXPECT_EQ(settings().page().tapRow(pathOf("Siri")).reason(), "the page is gone");
     expectFirstPage(tomRemoved);
     expectDocument(documentOf({"Ann"}));
 }
@@ -83,7 +83,7 @@ TEST_F(ShownAccountTest, DeletesNoOtherAccountThatTookItsPosition) {
     open({"Ann", "Tom", "Eva"}, "Tom");
     tap("Delete Account");
     writeDocument(documentOf({"Ann", "Eva"}));
-    EXPECT_EQ(settings().sheets().chooseAlertAction(1).why(), "the page is gone");
+    EXPECT_EQ(settings().sheets().chooseAlertAction(1).reason(), "the page is gone");
     EXPECT_FALSE(settings().screen().alert());
     expectFirstPage(tomRemoved);
     expectDocument(documentOf({"Ann", "Eva"}));
@@ -120,7 +120,7 @@ TEST_F(ShownAccountTest, LeavesThePickerTooAndStoresNothing) {
     tap("Apps");
     EXPECT_EQ(page().title(), "Apps");
     writeDocument(documentOf({"Ann"}));
-    EXPECT_EQ(settings().page().flipTableSwitch({0, 0}).why(), "the page is gone");
+    EXPECT_EQ(settings().page().flipTableSwitch({0, 0}).reason(), "the page is gone");
     expectFirstPage(tomRemoved);
     expectDocument(documentOf({"Ann"}));
 }

@@ -53,7 +53,7 @@ TEST_F(TableTest, SharesARowThatIsShownTwice) {
 TEST_F(TableTest, HasNoRowBeyondItsEnd) {
     EXPECT_FALSE(page().table()->show({0, 10'000}));
     EXPECT_FALSE(page().table()->show({1, 0}));
-    EXPECT_EQ(settings().page().flipTableSwitch({0, 10'000}).why(), "there is no such row");
+    EXPECT_EQ(settings().page().flipTableSwitch({0, 10'000}).reason(), "there is no such row");
 }
 
 TEST_F(TableTest, FlipsTheSwitchOfARowThatIsShown) {
@@ -70,15 +70,15 @@ TEST_F(TableTest, SetsTheSwitchOfARow) {
         EXPECT_TRUE(settings().page().setTableSwitch({0, 3}, on));
         EXPECT_EQ(row->isOn(), on);
     }
-    EXPECT_EQ(settings().page().setTableSwitch({0, 10'000}, true).why(), "there is no such row");
+    EXPECT_EQ(settings().page().setTableSwitch({0, 10'000}, true).reason(), "there is no such row");
 }
 
 TEST_F(TableTest, SetsNoSwitchWhileThePageMovesNotEvenToWhatItIs) {
     EXPECT_TRUE(settings().page().goBack());
     settings().setTransitionSeconds(0.35);
     tap("Table");
-    EXPECT_EQ(settings().page().setTableSwitch({0, 3}, false).why(), "the page is still moving");
-    EXPECT_EQ(settings().page().setTableSwitch({0, 3}, true).why(), "the page is still moving");
+    EXPECT_EQ(settings().page().setTableSwitch({0, 3}, false).reason(), "the page is still moving");
+    EXPECT_EQ(settings().page().setTableSwitch({0, 3}, true).reason(), "the page is still moving");
     clock.step(0.35);
     EXPECT_TRUE(settings().page().setTableSwitch({0, 3}, false));
 }
