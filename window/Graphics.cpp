@@ -11,7 +11,7 @@ void chooseGraphics(DrawnOn place) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
         qputenv("QT_QUICK_BACKEND", "software");
     }
-    // The web engine would end the process: there is no sandbox for the superuser.
+    // The web engine would end the process: its sandbox does not work for the superuser.
     if (platform::isSuperuser())
         qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
     // A web engine that is loaded later shares its pictures with the window.

@@ -4,8 +4,9 @@ namespace wardlock::window {
 
 enum class DrawnOn { Display, Memory };
 
-/// Tells Qt and the web engine how to draw, by environment and attributes: to be called before the
-/// QGuiApplication is made. In memory there is neither a display nor a graphics card: pictures and tests.
+/// Configures by environment and attributes how Qt and the web engine draw. To be called before the
+/// QGuiApplication is created. Drawing in memory needs neither a display nor a graphics card: for pictures
+/// and tests.
 void chooseGraphics(DrawnOn place);
 
 } // namespace wardlock::window

@@ -11,9 +11,9 @@ namespace wardlock::window {
 /// An option of the command line, for help and manual page.
 struct OptionText {
     std::string_view name;
-    /// What its value is called; empty for an option that takes none.
+    /// The name of its value; empty for an option without one.
     std::string_view value;
-    /// May take several lines; no full stop.
+    /// May be several lines; no full stop.
     std::string_view help;
 };
 
@@ -21,20 +21,20 @@ struct OptionText {
 struct Options {
     bool help = false;
     bool version = false;
-    /// Where no window can be opened, the terminal does.
+    /// Where a window cannot be opened, runs Settings in the terminal.
     bool orTerminal = false;
-    /// None: as the system has it.
+    /// None: as on the desktop.
     std::optional<bool> dark;
     std::optional<double> textScale;
     /// Empty: the environment's or the user's own.
     std::string deviceRoot;
     /// Empty: open the window.
     std::string screenshots;
-    /// Why the arguments cannot be understood; empty when they can.
+    /// The reason why the arguments are wrong; empty when they are right.
     std::string error;
 
     static Options parse(const std::vector<std::string>& arguments);
-    /// Every option, in the order of the help.
+    /// Returns every option, in the order of the help.
     static std::span<const OptionText> texts();
     static std::string usage();
 };

@@ -15,12 +15,12 @@ namespace wardlock::window {
 
 namespace {
 
-/// Walks through the pages as a person would and takes a picture of each.
-class Photographer {
+/// Opens the pages as a user would and writes a picture of each.
+class ScreenshotSeries {
 public:
-    Photographer(const Options& options, QString suffix, bool dark, QSize size)
+    ScreenshotSeries(const Options& options, QString suffix, bool dark, QSize size)
         : folder_(toQt(options.screenshots)), suffix_(std::move(suffix)), host_(clock_, 0) {
-        host_.appearance().leaveDesktop();
+        host_.appearance().ignoreDesktop();
         host_.appearance().force(dark);
         host_.appearance().forceTextScale(options.textScale.value_or(1));
         if (auto* window = host_.window()) {
@@ -108,7 +108,7 @@ private:
 
     static constexpr double fade = 0.5;
     static constexpr int settleMilliseconds = 700;
-    /// Of a format that loses nothing, the quality is the time spent on packing.
+    /// In a format without loss, the quality is the time spent on compression.
     static constexpr int smallestFile = 0;
 
     QDir folder_;
@@ -133,9 +133,9 @@ int takeScreenshots(const Options& options) {
         if (options.dark.value_or(dark) != dark)
             continue;
         const QString appearance = dark ? QStringLiteral("-dark") : QStringLiteral("-light");
-        complete = Photographer(options, appearance, dark, phone).run() && complete;
+        complete = ScreenshotSeries(options, appearance, dark, phone).run() && complete;
         complete =
-            Photographer(options, appearance + QStringLiteral("-wide"), dark, desktop).run() && complete;
+            ScreenshotSeries(options, appearance + QStringLiteral("-wide"), dark, desktop).run() && complete;
     }
     return complete ? 0 : 1;
 }

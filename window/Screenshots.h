@@ -4,9 +4,9 @@
 
 namespace wardlock::window {
 
-/// Writes a picture of every page, in both appearances (or the one asked for) and at the size of a phone and
-/// of a small desktop, to the folder of the options. Answers the process's exit status; what goes wrong is
-/// told on standard error. A QGuiApplication that needs no display is there.
+/// Writes a picture of every page to the folder of the options: in both appearances, or the one of the
+/// options, and at the size of a phone and of a small desktop. Returns the process's exit status; errors are
+/// printed on standard error. Needs a QGuiApplication, but no display.
 int takeScreenshots(const Options& options);
 
 } // namespace wardlock::window

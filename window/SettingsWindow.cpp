@@ -8,7 +8,7 @@ namespace wardlock::window {
 
 namespace {
 
-/// Has `model` show `shown`, making and retiring it as needed; answers whether it is another one now.
+/// Makes `model` show `shown`, creating and destroying it as needed. Returns whether it is another model now.
 template <class Model, class Shown>
 bool follow(std::unique_ptr<Model>& model, const Shown& shown, bool present, shell::SheetInput& input) {
     if (model && present && model->shows(shown)) {
@@ -42,7 +42,7 @@ QString SettingsWindow::notice() {
     return own.isEmpty() ? problems_ : own;
 }
 
-void SettingsWindow::tell(const std::vector<std::string>& problems) {
+void SettingsWindow::showProblems(const std::vector<std::string>& problems) {
     QStringList lines;
     for (const std::string& problem : problems)
         lines.append(shownText(problem));

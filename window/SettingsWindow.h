@@ -16,8 +16,8 @@
 
 namespace wardlock::window {
 
-/// Settings as QML sees them: what is on the screen, and what a person can do besides touching a page. Hears
-/// the shell's changes and keeps the models in step with them.
+/// Settings as QML sees them: what is on the screen, and what the user can do besides touching a page.
+/// Observes the shell's changes and updates the models.
 class SettingsWindow : public QObject, public shell::ScreenObserver {
     Q_OBJECT
     Q_PROPERTY(QAbstractItemModel* pages READ pages CONSTANT)
@@ -25,7 +25,7 @@ class SettingsWindow : public QObject, public shell::ScreenObserver {
     Q_PROPERTY(wardlock::window::AlertModel* alert READ alert NOTIFY sheetsChanged)
     Q_PROPERTY(wardlock::window::ComposerModel* composer READ composer NOTIFY sheetsChanged)
     Q_PROPERTY(wardlock::window::KeypadModel* keypad READ keypad NOTIFY keypadChanged)
-    /// A sentence to tell the person until it is dismissed; empty for none.
+    /// A sentence for the user, shown until it is dismissed; empty for none.
     Q_PROPERTY(QString notice READ notice NOTIFY noticeChangedForQml)
 
 public:
@@ -41,14 +41,14 @@ public:
     QString notice();
     shell::SettingsApplication& application() { return application_; }
 
-    /// The host has something to say.
-    void tell(const std::vector<std::string>& problems);
+    /// Shows what is wrong with the device root.
+    void showProblems(const std::vector<std::string>& problems);
 
     Q_INVOKABLE void goBack();
     Q_INVOKABLE void tapBarButton();
     Q_INVOKABLE void endEditing();
     Q_INVOKABLE void dismissNotice();
-    /// Somebody uses assistive technology.
+    /// Returns whether assistive technology is in use.
     Q_INVOKABLE bool isAssisted() const { return QAccessible::isActive(); }
     void resignActive() { application_.resignActive(); }
     Q_INVOKABLE void close() { application_.close(); }

@@ -6,7 +6,7 @@
 
 namespace wardlock::window {
 
-/// Real time that Qt's loop keeps.
+/// Real time, with Qt's event loop as the timer.
 class WindowClock : public shell::SteadyClock {
 public:
     WindowClock();

@@ -36,13 +36,13 @@ WindowHost::WindowHost(platform::AnimationClock& clock, double transitionSeconds
     if (!window())
         return;
     for (const auto changed : {&QWindow::widthChanged, &QWindow::heightChanged})
-        connect(window(), changed, this, &WindowHost::tellScreen);
-    connect(window(), &QWindow::screenChanged, this, &WindowHost::tellScreen);
-    tellScreen();
+        connect(window(), changed, this, &WindowHost::updateScreen);
+    connect(window(), &QWindow::screenChanged, this, &WindowHost::updateScreen);
+    updateScreen();
 }
 
 WindowHost::~WindowHost() {
-    // The views go before the models they show.
+    // The views are destroyed before the models they show.
     delete window();
 }
 
@@ -51,8 +51,9 @@ QQuickWindow* WindowHost::window() const {
                                            : qobject_cast<QQuickWindow*>(engine_.rootObjects().constFirst());
 }
 
-void WindowHost::tellScreen() const {
-    // Pictures are asked for no coarser than a device's: text that grows takes them along.
+void WindowHost::updateScreen() const {
+    // Pictures are requested at the resolution of a device at least, so that they stay sharp when the text
+    // grows.
     constexpr double devicesScale = 2;
     platform::DeviceInformation::setScreenSize({double(window()->width()), double(window()->height())});
     platform::DeviceInformation::setScreenScale(std::max(devicesScale, window()->devicePixelRatio()));

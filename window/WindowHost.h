@@ -8,22 +8,22 @@
 
 namespace wardlock::window {
 
-/// The window itself, which is the screen of the device: loads the QML over the models. Main thread only; a
-/// QGuiApplication is there.
+/// The window itself, which is the screen of the device: loads the QML over the models. Main thread only;
+/// needs a QGuiApplication.
 class WindowHost : public QObject {
 public:
-    /// The clock outlives this object. See loaded() for whether it worked.
+    /// The clock outlives this object. loaded() returns whether it worked.
     WindowHost(platform::AnimationClock& clock, double transitionSeconds);
     ~WindowHost() override;
 
-    /// Null when the QML could not be loaded; the reasons are on standard error.
+    /// Returns null when the QML could not be loaded; the reasons are on standard error.
     QQuickWindow* window() const;
     SettingsWindow& settings() { return settings_; }
     Appearance& appearance() { return appearance_; }
 
 private:
     void followApplicationState(Qt::ApplicationState state);
-    void tellScreen() const;
+    void updateScreen() const;
 
     SettingsWindow settings_;
     Appearance appearance_;

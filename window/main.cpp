@@ -26,15 +26,16 @@ int usageError(const std::string& error) {
     return 2;
 }
 
-/// What Qt says while it looks for a display: before the application is there, or ends for want of one.
+/// Collects Qt's messages while it searches for a display, before the application exists: without one, Qt
+/// ends the process.
 struct DisplaySearch {
     bool orTerminal = false;
     QStringList said;
 };
 DisplaySearch displaySearch;
 
-/// Qt ends the process when it reaches no display, advising to install the application anew.
-[[noreturn]] void tellOfMissingDisplay() {
+/// Qt ends the process when it reaches no display, with the advice to reinstall the application.
+[[noreturn]] void reportMissingDisplay() {
     const QString reason = displaySearch.said.value(0, QStringLiteral("there is no display"));
     std::fprintf(stderr, "wardlock-settings: no window can be opened: %s\n",
                  shell::escaped(reason.trimmed().toStdString()).c_str());
@@ -46,7 +47,7 @@ DisplaySearch displaySearch;
 
 void hearOfDisplay(QtMsgType kind, const QMessageLogContext&, const QString& text) {
     if (kind == QtFatalMsg)
-        tellOfMissingDisplay();
+        reportMissingDisplay();
     displaySearch.said.append(text);
 }
 
@@ -59,7 +60,7 @@ int openWindow(const window::Options& options, const std::vector<std::string>& p
     }
     host.appearance().force(options.dark);
     host.appearance().forceTextScale(options.textScale);
-    host.settings().tell(problems);
+    host.settings().showProblems(problems);
     host.appearance().awaitDesktop();
     host.window()->show();
     return QGuiApplication::exec();
@@ -87,7 +88,7 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "%s\n", qPrintable(text));
     QGuiApplication::setApplicationName(QStringLiteral("Settings"));
     QGuiApplication::setDesktopFileName(QStringLiteral("wardlock-settings"));
-    // Qt itself would take it from a translation, and there is none.
+    // Qt itself would take the direction from a translation, and there is none.
     QGuiApplication::setLayoutDirection(QLocale().textDirection());
 
     shell::installTerminationHook(nullptr);

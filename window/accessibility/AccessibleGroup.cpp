@@ -8,10 +8,10 @@ namespace wardlock::window {
 
 namespace {
 
-/// The nearest items below that are told of at all.
+/// Finds the nearest items below that assistive technology can see.
 void collect(const QQuickItem& item, QList<QQuickItem*>& found) {
     for (auto* child : item.childItems())
-        if (toldOf(child))
+        if (interfaceOf(child))
             found.append(child);
         else
             collect(*child, found);
@@ -51,11 +51,11 @@ int AccessibleGroup::indexOfChild(const QAccessibleInterface* child) const {
 
 QAccessibleInterface* AccessibleGroup::childAt(int x, int y) const {
     const auto all = children();
-    // What lies on top comes last.
+    // The topmost item comes last.
     for (auto child = all.rbegin(); child != all.rend(); ++child) {
-        auto* told = QAccessible::queryAccessibleInterface(*child);
-        if (told && !told->state().invisible && told->rect().contains(x, y))
-            return told;
+        auto* accessible = QAccessible::queryAccessibleInterface(*child);
+        if (accessible && !accessible->state().invisible && accessible->rect().contains(x, y))
+            return accessible;
     }
     return nullptr;
 }
@@ -63,7 +63,7 @@ QAccessibleInterface* AccessibleGroup::childAt(int x, int y) const {
 QAccessible::State AccessibleGroup::state() const {
     auto state = AccessibleItem::state();
     state.invisible |= isCovered();
-    // The keyboard is on something within.
+    // An item inside has the keyboard focus.
     state.focused = false;
     return state;
 }

@@ -4,8 +4,8 @@
 
 namespace wardlock::window {
 
-/// A group of what an item holds, from top to bottom as it is read: a list makes its rows in any order. A
-/// layer that is covered holds nothing.
+/// A group of the items in an item, in reading order from top to bottom: a list creates its rows in any
+/// order. A covered layer is an empty group.
 class AccessibleGroup : public AccessibleItem {
 public:
     AccessibleGroup(QQuickItem& item, QAccessible::Role role) : AccessibleItem(item), role_(role) {}

@@ -24,7 +24,7 @@ QAccessibleInterface* make(const QString&, QObject* object) {
     return AccessibleSecret::makeIfSecret(*item);
 }
 
-/// What QML says of the item with Accessible; null where it says nothing.
+/// Returns the item's Accessible attached object of QML; null where it has none.
 const QObject* attached(const QQuickItem& item) {
     for (const auto* child : item.children())
         if (child->inherits("QQuickAccessibleAttached"))
@@ -34,7 +34,7 @@ const QObject* attached(const QQuickItem& item) {
 
 } // namespace
 
-QAccessibleInterface* toldOf(QQuickItem* item) {
+QAccessibleInterface* interfaceOf(QQuickItem* item) {
     const auto* words = attached(*item);
     if (words && words->property("ignored").toBool())
         return nullptr;
@@ -51,8 +51,8 @@ QWindow* AccessibleItem::window() const {
 
 QAccessibleInterface* AccessibleItem::parent() const {
     for (auto* above = item_.parentItem(); above; above = above->parentItem())
-        if (auto* told = toldOf(above))
-            return told;
+        if (auto* accessible = interfaceOf(above))
+            return accessible;
     return window() ? QAccessible::queryAccessibleInterface(window()) : nullptr;
 }
 

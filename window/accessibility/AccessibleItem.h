@@ -5,7 +5,7 @@
 
 namespace wardlock::window {
 
-/// What assistive technology is told of an item where Qt's own answers do not do.
+/// What assistive technology sees of an item where Qt's own interface is not enough.
 class AccessibleItem : public QAccessibleObject {
 public:
     explicit AccessibleItem(QQuickItem& item) : QAccessibleObject(&item), item_(item) {}
@@ -26,11 +26,12 @@ private:
     QQuickItem& item_;
 };
 
-/// What assistive technology is told of an item; null where it is told nothing, or the item is to be ignored.
-QAccessibleInterface* toldOf(QQuickItem* item);
+/// Returns what assistive technology sees of an item; null where it sees nothing, or the item is to be
+/// ignored.
+QAccessibleInterface* interfaceOf(QQuickItem* item);
 
-/// From now on layers, lists and secret fields are told of by the classes of this folder. More than once in a
-/// process does no harm.
+/// Makes the classes of this folder represent layers, lists and secret fields from now on. Repeated calls in
+/// a process do no harm.
 void installAccessibility();
 
 } // namespace wardlock::window

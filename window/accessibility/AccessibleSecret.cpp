@@ -18,8 +18,8 @@ void renewWhenEchoChanges(QQuickItem& field, const QMetaProperty& echo) {
 } // namespace
 
 void AccessibilityRenewal::renewSender() {
-    if (auto* told = QAccessible::queryAccessibleInterface(sender()))
-        QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(told));
+    if (auto* accessible = QAccessible::queryAccessibleInterface(sender()))
+        QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(accessible));
 }
 
 QAccessibleInterface* AccessibleSecret::makeIfSecret(QQuickItem& item) {
@@ -34,7 +34,7 @@ QAccessibleInterface* AccessibleSecret::makeIfSecret(QQuickItem& item) {
 QString AccessibleSecret::text(QAccessible::Text kind) const {
     if (kind == QAccessible::Value)
         return item().property("displayText").toString();
-    // Of a password field Qt hands out no name that was said with Accessible.
+    // Qt does not return the name of a password field that Accessible sets.
     if (kind == QAccessible::Name)
         return item().property("spokenName").toString();
     return AccessibleItem::text(kind);

@@ -4,12 +4,13 @@
 
 namespace wardlock::window {
 
-/// A text field whose text nobody is to be told: Qt's own answer hands it out.
+/// A text field whose text stays secret: Qt's own interface returns it.
 class AccessibleSecret : public AccessibleItem {
 public:
     using AccessibleItem::AccessibleItem;
 
-    /// Null when the item is no text field or hides nothing. It is looked at again when that changes.
+    /// Returns null when the item is not a text field or hides nothing. The item is examined again when that
+    /// changes.
     static QAccessibleInterface* makeIfSecret(QQuickItem& item);
 
     QString text(QAccessible::Text kind) const override;
@@ -17,7 +18,7 @@ public:
     QAccessible::State state() const override;
 };
 
-/// Has an object told of anew by whatever is right for it now.
+/// Replaces an object's accessible interface by the one that fits its present state.
 class AccessibilityRenewal : public QObject {
     Q_OBJECT
 

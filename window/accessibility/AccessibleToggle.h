@@ -5,7 +5,7 @@
 
 namespace wardlock::window {
 
-/// What assistive technology is told of a switch, and how it flips one.
+/// What assistive technology sees of a switch, and how it flips one.
 class AccessibleToggle : public AccessibleItem, public QAccessibleActionInterface {
 public:
     explicit AccessibleToggle(Toggle& toggle) : AccessibleItem(toggle), toggle_(toggle) {}

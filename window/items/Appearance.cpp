@@ -14,8 +14,8 @@ namespace {
 constexpr double usualDotsPerInch = 96;
 constexpr double smallestScale = 0.8;
 constexpr double largestScale = 2.5;
-/// A desktop that takes longer is followed when it answers; the window is not kept back for it.
-constexpr std::chrono::milliseconds firstAnswer{150};
+/// A desktop that takes longer is followed when it replies; the window does not wait for it.
+constexpr std::chrono::milliseconds firstReply{150};
 
 } // namespace
 
@@ -26,7 +26,7 @@ Appearance::Appearance() : desktop_(platform::monitorDesktopAppearance([this] { 
 bool Appearance::isDark() const {
     if (dark_)
         return *dark_;
-    if (const auto dark = look().dark)
+    if (const auto dark = desktopAppearance().dark)
         return *dark;
     const QPalette palette = QGuiApplication::palette();
     return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
@@ -52,10 +52,10 @@ void Appearance::forceTextScale(std::optional<double> scale) {
 
 void Appearance::awaitDesktop() {
     if (desktop_)
-        desktop_->waitForAnswer(firstAnswer);
+        desktop_->waitForAnswer(firstReply);
 }
 
-void Appearance::leaveDesktop() {
+void Appearance::ignoreDesktop() {
     desktop_.reset();
     emit changed();
 }

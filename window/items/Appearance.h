@@ -9,8 +9,8 @@
 
 namespace wardlock::window {
 
-/// Light or dark, the size of the text, contrast and motion: the desktop's unless forced. Follows the desktop
-/// while it runs: its settings portal first, and where that has no preference, the palette.
+/// Light or dark, the size of the text, contrast and motion: the desktop's unless forced. It follows the
+/// desktop while it runs: the settings portal first, and where that has no preference, the palette.
 class Appearance : public QObject {
     Q_OBJECT
     Q_PROPERTY(bool dark READ isDark NOTIFY changed)
@@ -21,24 +21,24 @@ public:
     Appearance();
 
     bool isDark() const;
-    bool highContrast() const { return look().highContrast; }
-    bool reducedMotion() const { return look().reducedMotion; }
+    bool highContrast() const { return desktopAppearance().highContrast; }
+    bool reducedMotion() const { return desktopAppearance().reducedMotion; }
     double textScale() const;
-    /// None: as the desktop has it.
+    /// None: as on the desktop.
     void force(std::optional<bool> dark);
     void forceTextScale(std::optional<double> scale);
 
-    /// Gives the desktop a moment to answer, so that the first frame is right already.
+    /// Gives the desktop a moment to reply, so that the first frame is right already.
     void awaitDesktop();
-    /// From now on the desktop's portal has no say: for pictures that are the same everywhere.
-    void leaveDesktop();
+    /// Ignores the desktop's portal from now on: for pictures that are the same everywhere.
+    void ignoreDesktop();
 
 signals:
     void changed();
 
 private:
     bool eventFilter(QObject* watched, QEvent* event) override;
-    platform::DesktopAppearance look() const {
+    platform::DesktopAppearance desktopAppearance() const {
         return desktop_ ? desktop_->look() : platform::DesktopAppearance();
     }
 

@@ -14,7 +14,7 @@ constexpr int passes = 3;
 const QColor veil(20, 20, 24, 150);
 const QColor veilAlone(60, 60, 66, 245);
 
-/// One box filter along a line of `count` pixels, `stride` apart; `line` is scratch space.
+/// Applies one box filter along a line of `count` pixels, `stride` apart; `line` is scratch space.
 void boxFilter(QRgb* pixels, int count, std::ptrdiff_t stride, int reach, std::vector<QRgb>& line) {
     line.resize(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)

@@ -9,8 +9,8 @@
 
 namespace wardlock::window {
 
-/// A dark blur of another item, as that looks when this one appears or changes its size. A small picture of
-/// it is blurred by hand, which looks the same and is as quick with every graphics backend.
+/// A dark blur of another item, as it was when this one appeared or changed its size. A small picture of it
+/// is blurred on the processor, which gives the same result and speed with every graphics backend.
 class BlurredBackdrop : public PaintedItem {
     Q_OBJECT
     Q_PROPERTY(QQuickItem* source MEMBER source_ NOTIFY sourceChanged)
@@ -33,8 +33,8 @@ private:
     QImage blurred_;
 };
 
-/// The picture with three box filters of the radius, in pixels, one after another, which comes close to a
-/// Gaussian blur.
+/// Returns the picture after three box filters of the radius, in pixels, one after another. That comes close
+/// to a Gaussian blur.
 QImage blurred(const QImage& picture, int radius);
 
 } // namespace wardlock::window

@@ -6,7 +6,7 @@
 
 namespace wardlock::window {
 
-/// The arrow that leads on, or, turned, back.
+/// The arrow of a row that leads to a page; turned round, the arrow back.
 class Chevron : public PaintedItem {
     Q_OBJECT
     Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY changed)

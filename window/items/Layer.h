@@ -4,9 +4,8 @@
 
 namespace wardlock::window {
 
-/// A part of the window that others can cover. While it is covered it can be seen, but it is not there for
-/// hands, for the keyboard, or for assistive technology. Holds the keyboard as a FocusScope does; in QML it
-/// needs an Accessible.role.
+/// A part of the window that others can cover. A covered layer is visible, but takes no input and is hidden
+/// from the keyboard and from assistive technology. It is a FocusScope; in QML it needs an Accessible.role.
 class Layer : public QQuickItem {
     Q_OBJECT
     Q_PROPERTY(bool covered READ isCovered WRITE setCovered NOTIFY coveredChanged)

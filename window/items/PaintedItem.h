@@ -6,15 +6,15 @@
 namespace wardlock::window {
 
 /// An item that paints itself, in points, and is shown from that picture until it is updated. A window full
-/// of rows is made of them before its first frame: unlike Qt's own painted item it keeps one picture, not
-/// two.
+/// of rows is created before its first frame: unlike Qt's own painted item it keeps one picture, not two.
 class PaintedItem : public QQuickItem {
 public:
     enum class Ground { Opaque, Transparent };
 
     explicit PaintedItem(QQuickItem* parent, Ground ground = Ground::Transparent);
 
-    /// Onto an opaque ground every pixel is painted. On the thread that renders, while the main thread waits.
+    /// Paints every pixel, on an opaque ground. Called on the thread that renders, while the main thread
+    /// waits.
     virtual void paint(QPainter& painter) = 0;
 
 protected:

@@ -21,8 +21,8 @@ void RowIcon::setSource(const QString& source) {
 
 void RowIcon::componentComplete() {
     PaintedItem::componentComplete();
-    if (const auto* look = Theme::of(*this))
-        setImplicitSize(look->icon, look->icon);
+    if (const auto* theme = Theme::of(*this))
+        setImplicitSize(theme->icon, theme->icon);
     showSource();
 }
 

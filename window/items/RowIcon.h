@@ -8,7 +8,7 @@ namespace wardlock::window {
 /// A row's picture, square; nothing where there is none.
 class RowIcon : public PaintedItem {
     Q_OBJECT
-    /// An address of PictureSource's, empty for none.
+    /// An address from PictureSource, empty for none.
     Q_PROPERTY(QString source READ source WRITE setSource NOTIFY sourceChanged)
 
 public:

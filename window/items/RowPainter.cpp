@@ -9,8 +9,8 @@
 
 namespace wardlock::window {
 
-RowPainter::RowPainter(QPainter& painter, const Theme& look, QSizeF row)
-    : painter_(painter), look_(look), row_(row),
+RowPainter::RowPainter(QPainter& painter, const Theme& theme, QSizeF row)
+    : painter_(painter), theme_(theme), row_(row),
       mirrored_(QGuiApplication::layoutDirection() == Qt::RightToLeft) {}
 
 double RowPainter::left(double start, double width) const {
@@ -21,25 +21,25 @@ void RowPainter::card(PlaceInCard place, QColor color) const {
     const QRectF all({}, row_);
     if (!place.first && !place.last)
         return painter_.fillRect(all, color);
-    painter_.fillRect(all, look_.ground());
-    // The corners beyond the row's end are the neighbours'.
-    const QRectF card = all.adjusted(0, place.first ? 0 : -look_.corner, 0, place.last ? 0 : look_.corner);
+    painter_.fillRect(all, theme_.ground());
+    // The corners beyond the row's end belong to its neighbours.
+    const QRectF card = all.adjusted(0, place.first ? 0 : -theme_.corner, 0, place.last ? 0 : theme_.corner);
     painter_.setPen(Qt::NoPen);
     painter_.setBrush(color);
     painter_.setRenderHint(QPainter::Antialiasing);
-    painter_.drawRoundedRect(card, look_.corner, look_.corner);
+    painter_.drawRoundedRect(card, theme_.corner, theme_.corner);
 }
 
 void RowPainter::separator(double start) const {
     const double thickness = 1 / painter_.deviceTransform().m11();
     const double width = row_.width() - start;
     painter_.fillRect(QRectF(left(start, width), row_.height() - thickness, width, thickness),
-                      look_.separator());
+                      theme_.separator());
 }
 
 void RowPainter::icon(const QImage& picture) const {
-    const double top = std::ceil((row_.height() - look_.icon) / 2);
-    drawPicture(painter_, picture, QRectF(left(look_.inset, look_.icon), top, look_.icon, look_.icon));
+    const double top = std::ceil((row_.height() - theme_.icon) / 2);
+    drawPicture(painter_, picture, QRectF(left(theme_.inset, theme_.icon), top, theme_.icon, theme_.icon));
 }
 
 void RowPainter::text(const RowText& text, double start, QColor color) const {

@@ -9,7 +9,7 @@ namespace wardlock::window {
 
 class RowText;
 
-/// Where a row stands in its card.
+/// The position of a row in its card.
 struct PlaceInCard {
     bool first = false;
     bool last = false;
@@ -17,32 +17,32 @@ struct PlaceInCard {
     bool operator==(const PlaceInCard&) const = default;
 };
 
-/// Draws the parts of rows that only are looked at, with the colours of one Theme, onto one row of a size.
-/// Mirrored where the application reads from right to left: all places are counted from where reading begins.
+/// Draws the parts of a row that take no input, with the colours of one Theme. Mirrored where the application
+/// reads from right to left: all positions are counted from where reading begins.
 class RowPainter {
 public:
-    RowPainter(QPainter& painter, const Theme& look, QSizeF row);
+    RowPainter(QPainter& painter, const Theme& theme, QSizeF row);
 
-    /// The row's part of the card, over the whole row; round corners show the ground.
+    /// Draws the row's part of the card, over the whole row; round corners show the ground.
     void card(PlaceInCard place, QColor color) const;
-    /// A line as thin as the screen can show, at the bottom, from `start` to the row's end.
+    /// Draws a line as thin as the screen can show, at the bottom, from `start` to the row's end.
     void separator(double start) const;
-    /// A picture within the square of an icon.
+    /// Draws a picture within the square of an icon.
     void icon(const QImage& picture) const;
-    /// In the middle of the row's height.
+    /// Draws the text in the middle of the row's height.
     void text(const RowText& text, double start, QColor color) const;
 
 private:
-    /// What begins at `start` and is so wide, where it is really.
+    /// Returns the left edge of a part that begins at `start` and has that width, mirrored or not.
     double left(double start, double width) const;
 
     QPainter& painter_;
-    const Theme& look_;
+    const Theme& theme_;
     QSizeF row_;
     bool mirrored_;
 };
 
-/// The picture, as large as it fits into the square, in its middle.
+/// Draws the picture in the middle of the square, as large as it fits.
 void drawPicture(QPainter& painter, const QImage& picture, const QRectF& square);
 
 } // namespace wardlock::window

@@ -14,32 +14,32 @@ namespace {
 constexpr int linesOfLargeText = 3;
 constexpr double roomForDots = 3;
 
-QFont fontOf(const Theme& look) {
-    QFont font(look.family());
-    font.setPixelSize(look.body());
+QFont fontOf(const Theme& theme) {
+    QFont font(theme.family());
+    font.setPixelSize(theme.body());
     return font;
 }
 
 QTextOption option(bool wraps) {
     QTextOption option;
     option.setWrapMode(wraps ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::NoWrap);
-    // The same letters at the same places as in QML's texts.
+    // The letters are at the same positions as in QML's texts.
     option.setUseDesignMetrics(true);
     return option;
 }
 
 } // namespace
 
-RowText::RowText(const QString& text, const Theme& look, double width)
-    : room_(width), lines_(look.textScale() > 1 ? linesOfLargeText : 1),
-      mirrored_(QGuiApplication::layoutDirection() == Qt::RightToLeft), layout_(text, fontOf(look)) {
+RowText::RowText(const QString& text, const Theme& theme, double width)
+    : room_(width), lines_(theme.textScale() > 1 ? linesOfLargeText : 1),
+      mirrored_(QGuiApplication::layoutDirection() == Qt::RightToLeft), layout_(text, fontOf(theme)) {
     layout_.setTextOption(option(lines_ > 1));
-    // What was found out about the letters is kept until they are drawn.
+    // Results of the font's measurement are cached until the text is drawn.
     layout_.setCacheEnabled(true);
     if (const int shown = layOut(); shown < text.size()) {
         const int start = layout_.lineAt(layout_.lineCount() - 1).textStart();
         const QFontMetricsF metrics(layout_.font());
-        // Letters measured so are a little narrower: "…" must not go into a line that is not shown.
+        // Letters measured this way are a little narrower: "…" must not go into a line that is not shown.
         const double room = lines_ > 1 ? room_ - roomForDots : room_;
         layout_.setText(text.left(start) + metrics.elidedText(text.mid(start), Qt::ElideRight, room));
         layOut();

@@ -7,11 +7,11 @@ namespace wardlock::window {
 
 class Theme;
 
-/// The text of a row laid out in the room it has: one line of body text; large letters take more lines rather
-/// than lose the end. What is too long even so ends in "…".
+/// The text of a row, laid out in the available width: one line of body text. Large letters take more lines
+/// rather than lose the end. Text that is still too long ends in "…".
 class RowText {
 public:
-    RowText(const QString& text, const Theme& look, double width);
+    RowText(const QString& text, const Theme& theme, double width);
 
     double width() const { return room_; }
     double height() const { return height_; }
@@ -19,7 +19,7 @@ public:
     void draw(QPainter& painter, QPointF topLeft, QColor color) const;
 
 private:
-    /// Answers how much of the text has found room.
+    /// Returns how much of the text fits.
     int layOut();
 
     const double room_;

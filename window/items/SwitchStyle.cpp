@@ -17,44 +17,44 @@ constexpr double ringWidth = 3;
 constexpr std::size_t picturesKept = 8;
 const QColor knobEdge(0, 0, 0, 40);
 
-void draw(QPainter& painter, const SwitchStyle& face) {
+void draw(QPainter& painter, const SwitchStyle& style) {
     const QRectF all({}, SwitchStyle::size);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(face.track);
+    painter.setBrush(style.track);
     painter.drawRoundedRect(all, all.height() / 2, all.height() / 2);
 
     const double way = all.width() - knob - 2 * rim;
-    const double part = QEasingCurve(QEasingCurve::InOutQuad).valueForProgress(face.position);
-    const QRectF circle(rim + way * (face.mirrored ? 1 - part : part), rim, knob, knob);
+    const double part = QEasingCurve(QEasingCurve::InOutQuad).valueForProgress(style.position);
+    const QRectF circle(rim + way * (style.mirrored ? 1 - part : part), rim, knob, knob);
     painter.setBrush(Qt::white);
     painter.drawEllipse(circle);
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(knobEdge, 1));
     painter.drawEllipse(circle.adjusted(0.5, 0.5, -0.5, -0.5));
-    if (face.ring.alpha() == 0)
+    if (style.ring.alpha() == 0)
         return;
-    painter.setPen(QPen(face.ring, ringWidth));
+    painter.setPen(QPen(style.ring, ringWidth));
     const QRectF line = all.adjusted(ringWidth / 2, ringWidth / 2, -ringWidth / 2, -ringWidth / 2);
     painter.drawRoundedRect(line, line.height() / 2, line.height() / 2);
 }
 
 struct Picture {
-    SwitchStyle face;
+    SwitchStyle style;
     double scale;
     QImage image;
 };
 
-/// The last few faces, the latest in front.
+/// The pictures of the last few styles, the latest first.
 std::vector<Picture>& pictures() {
     thread_local std::vector<Picture> pictures;
     return pictures;
 }
 
-const QImage& pictureOf(const SwitchStyle& face, double scale) {
+const QImage& pictureOf(const SwitchStyle& style, double scale) {
     auto& known = pictures();
     const auto same = std::ranges::find_if(
-        known, [&](const Picture& picture) { return picture.face == face && picture.scale == scale; });
+        known, [&](const Picture& picture) { return picture.style == style && picture.scale == scale; });
     if (same != known.end()) {
         std::rotate(known.begin(), same, same + 1);
         return known.front().image;
@@ -63,10 +63,10 @@ const QImage& pictureOf(const SwitchStyle& face, double scale) {
     image.fill(Qt::transparent);
     QPainter painter(&image);
     painter.scale(scale, scale);
-    draw(painter, face);
+    draw(painter, style);
     painter.end();
     image.setDevicePixelRatio(scale);
-    known.insert(known.begin(), {face, scale, image});
+    known.insert(known.begin(), {style, scale, image});
     known.resize(std::min(known.size(), picturesKept));
     return known.front().image;
 }
@@ -77,13 +77,13 @@ bool isWhole(double number) {
 
 } // namespace
 
-void paintSwitch(QPainter& painter, const SwitchStyle& face) {
+void paintSwitch(QPainter& painter, const SwitchStyle& style) {
     const QTransform place = painter.deviceTransform();
     const bool onWholePixels = isWhole(place.m11()) && isWhole(place.dx()) && isWhole(place.dy());
-    if (onWholePixels && isWhole(face.position))
-        painter.drawImage(QPointF(), pictureOf(face, place.m11()));
+    if (onWholePixels && isWhole(style.position))
+        painter.drawImage(QPointF(), pictureOf(style, place.m11()));
     else
-        draw(painter, face);
+        draw(painter, style);
 }
 
 } // namespace wardlock::window

@@ -5,15 +5,15 @@
 
 namespace wardlock::window {
 
-/// What a switch looks like.
+/// How a switch is painted.
 struct SwitchStyle {
     /// In points.
     static constexpr QSizeF size{51, 31};
 
     QColor track;
-    /// Around the switch that has the keyboard; transparent for none.
+    /// Around the switch that has the keyboard focus; transparent for none.
     QColor ring = Qt::transparent;
-    /// Where the knob is: 0 at the beginning, 1 at the end.
+    /// The knob's position: 0 at the beginning, 1 at the end.
     double position = 0;
     /// The beginning is on the right.
     bool mirrored = false;
@@ -21,8 +21,8 @@ struct SwitchStyle {
     bool operator==(const SwitchStyle&) const = default;
 };
 
-/// Paints it from the painter's origin on. A window full of rows has two or three different faces: those at
-/// rest are painted once. Any thread.
-void paintSwitch(QPainter& painter, const SwitchStyle& face);
+/// Paints the switch from the painter's origin on. A window full of rows has two or three different styles:
+/// each is painted once while no knob moves. Any thread.
+void paintSwitch(QPainter& painter, const SwitchStyle& style);
 
 } // namespace wardlock::window

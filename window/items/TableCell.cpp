@@ -18,10 +18,10 @@ TableCell::TableCell(QQuickItem* parent) : PaintedItem(parent, Ground::Opaque) {
 
 void TableCell::componentComplete() {
     PaintedItem::componentComplete();
-    look_ = Theme::of(*this);
-    connect(look_, &Theme::changed, this, &TableCell::layOut);
+    theme_ = Theme::of(*this);
+    connect(theme_, &Theme::changed, this, &TableCell::layOut);
     layOut();
-    icon_.show(entry_.icon, look_->icon);
+    icon_.show(entry_.icon, theme_->icon);
 }
 
 void TableCell::setEntry(const TableEntry& entry) {
@@ -31,11 +31,11 @@ void TableCell::setEntry(const TableEntry& entry) {
     if (entry_.key != before.key || before.row != entry_.row || objectName().isEmpty())
         setObjectName(QStringLiteral("cell:") + entry_.key);
     showSwitch(entry_.key == before.key);
-    if (look_ && (entry_.height != before.height || entry_.hasSwitch != before.hasSwitch ||
-                  (entry_.title != before.title && look_->textScale() > 1)))
+    if (theme_ && (entry_.height != before.height || entry_.hasSwitch != before.hasSwitch ||
+                   (entry_.title != before.title && theme_->textScale() > 1)))
         layOut();
-    if (look_ && entry_.icon != before.icon)
-        icon_.show(entry_.icon, look_->icon);
+    if (theme_ && entry_.icon != before.icon)
+        icon_.show(entry_.icon, theme_->icon);
     auto onlySwitched = before;
     onlySwitched.on = entry_.on;
     if (onlySwitched != entry_)
@@ -44,14 +44,14 @@ void TableCell::setEntry(const TableEntry& entry) {
 }
 
 RowText TableCell::laidOut() const {
-    const double taken = entry_.hasSwitch ? toggle_->width() + look_->inset + besideSwitch : look_->inset;
-    return {entry_.title, *look_, width() - taken - look_->besideIcon()};
+    const double taken = entry_.hasSwitch ? toggle_->width() + theme_->inset + besideSwitch : theme_->inset;
+    return {entry_.title, *theme_, width() - taken - theme_->besideIcon()};
 }
 
 void TableCell::layOut() {
-    double height = std::max<double>(entry_.height, qRound(entry_.height * look_->textScale()));
-    // The text is laid out in vain where one line is all it may have.
-    if (look_->textScale() > 1 && width() > 0)
+    double height = std::max<double>(entry_.height, qRound(entry_.height * theme_->textScale()));
+    // Where one line is the limit, the layout would change nothing.
+    if (theme_->textScale() > 1 && width() > 0)
         height = std::max(height, laidOut().height() + aroundLines);
     setHeight(height);
     placeSwitch();
@@ -79,10 +79,10 @@ void TableCell::showSwitch(bool sameRow) {
 }
 
 void TableCell::placeSwitch() {
-    if (!toggle_ || !look_)
+    if (!toggle_ || !theme_)
         return;
     const bool mirrored = QGuiApplication::layoutDirection() == Qt::RightToLeft;
-    toggle_->setPosition({mirrored ? look_->inset : width() - toggle_->width() - look_->inset,
+    toggle_->setPosition({mirrored ? theme_->inset : width() - toggle_->width() - theme_->inset,
                           std::round((height() - toggle_->height()) / 2)});
 }
 
@@ -90,21 +90,21 @@ void TableCell::geometryChange(const QRectF& now, const QRectF& before) {
     PaintedItem::geometryChange(now, before);
     if (now.size() == before.size())
         return;
-    if (look_ && now.width() != before.width())
+    if (theme_ && now.width() != before.width())
         layOut();
     else
         placeSwitch();
 }
 
 void TableCell::paint(QPainter& painter) {
-    if (!look_)
+    if (!theme_)
         return;
-    const RowPainter row(painter, *look_, size());
-    row.card(entry_.place, look_->card());
+    const RowPainter row(painter, *theme_, size());
+    row.card(entry_.place, theme_->card());
     if (!entry_.place.last)
-        row.separator(look_->besideIcon());
+        row.separator(theme_->besideIcon());
     row.icon(icon_.image());
-    row.text(laidOut(), look_->besideIcon(), look_->label());
+    row.text(laidOut(), theme_->besideIcon(), theme_->label());
     if (!entry_.hasSwitch)
         return;
     painter.translate(toggle_->position());

@@ -10,13 +10,13 @@
 
 namespace wardlock::window {
 
-/// One row of a table page: its part of the card with icon, title and switch, painted as one picture, as a
-/// list makes a window full of them before its first frame. It grows with the text.
+/// One row of a table page: its part of the card with icon, title and switch. It is painted as one picture,
+/// since a list creates a window full of them before its first frame. It grows with the text.
 class TableCell : public PaintedItem {
     Q_OBJECT
     Q_PROPERTY(wardlock::window::TableEntry entry READ entry WRITE setEntry NOTIFY entryChanged REQUIRED)
     Q_PROPERTY(QString text READ text NOTIFY entryChanged)
-    /// What takes the keyboard of this row; null for none.
+    /// The item that takes the keyboard focus of this row; null for none.
     Q_PROPERTY(QQuickItem* focusTarget READ focusTarget NOTIFY entryChanged)
 
 public:
@@ -31,7 +31,7 @@ public:
 
 signals:
     void entryChanged();
-    /// The switch of the row of that number was tapped.
+    /// The switch of row `row` was tapped.
     void flipped(int row);
 
 protected:
@@ -45,7 +45,7 @@ private:
     void placeSwitch();
 
     TableEntry entry_;
-    QPointer<Theme> look_;
+    QPointer<Theme> theme_;
     Toggle* toggle_ = nullptr;
     AsyncImage icon_{*this, [this] { update(); }};
 };

@@ -13,15 +13,15 @@ struct TableEntry {
 
 public:
     QString title;
-    /// What the row is known by; empty for none.
+    /// The stable identifier of the row; empty for none.
     QString key;
-    /// An address, empty for none.
+    /// An address from PictureSource, empty for none.
     QString icon;
     /// In points, before it grows with the text.
     double height = 0;
     bool hasSwitch = false;
     bool on = false;
-    /// Its place among the rows shown.
+    /// Its index among the rows shown.
     int row = 0;
     PlaceInCard place;
 

@@ -29,7 +29,7 @@ int typeNumber() {
 Theme::Theme(const Appearance& appearance) : appearance_(appearance) {
     connect(&appearance, &Appearance::changed, this, &Theme::follow);
     follow();
-    // What is painted by hand is mirrored by hand.
+    // Items that paint themselves have to mirror themselves.
     connect(qApp, &QGuiApplication::layoutDirectionChanged, this, &Theme::changed);
 }
 

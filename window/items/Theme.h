@@ -10,8 +10,8 @@ class QQuickItem;
 
 namespace wardlock::window {
 
-/// Every colour, size and duration of the window, in QML the singleton `Theme`, one to an engine. Sizes are
-/// in points and grow with the text.
+/// Every colour, size and duration of the window, in QML the singleton `Theme`, one for each engine. Sizes
+/// are in points and grow with the text.
 class Theme : public QObject {
     Q_OBJECT
     Q_PROPERTY(bool dark READ isDark NOTIFY changed)
@@ -51,18 +51,18 @@ class Theme : public QObject {
 public:
     explicit Theme(const Appearance& appearance);
 
-    /// Makes it known to QML as Wardlock.Native's. More than once in a process does no harm.
+    /// Registers the type in QML's module Wardlock.Native. Repeated calls in a process do no harm.
     static void install();
-    /// That of the window the item belongs to, of the nearest ancestor that QML made; null for none.
+    /// Returns the theme of the item's window, through the nearest ancestor that QML created; null for none.
     static Theme* of(const QQuickItem& item);
 
     bool isDark() const { return dark_; }
-    /// Nothing slides, grows or shakes: it fades.
+    /// Animations only fade: nothing slides, grows or shakes.
     bool reducedMotion() const { return appearance_.reducedMotion(); }
     double textScale() const { return textScale_; }
     QString family() const { return QStringLiteral("Inter"); }
     int body() const { return scaled(17); }
-    /// A bar has to hold three texts beside each other: they grow less.
+    /// A bar has three texts beside each other, so they grow less.
     double barScale() const;
     int barText() const { return qRound(17 * barScale()); }
     int smallText() const { return scaled(13); }
@@ -94,7 +94,7 @@ public:
     const int corner = 10;
     const int icon = 29;
     const int widest = 720;
-    /// Where a label begins that stands beside an icon.
+    /// The start of a label beside an icon.
     int besideIcon() const { return inset + icon + 15; }
 
     /// The margin that keeps a column readable on a wide window.
@@ -113,7 +113,7 @@ private:
 
     const Appearance& appearance_;
     bool dark_ = false;
-    /// For high contrast.
+    /// High contrast.
     bool strong_ = false;
     double textScale_ = 1;
 };

@@ -29,12 +29,12 @@ void Toggle::setOn(bool on) {
     if (on == on_)
         return;
     on_ = on;
-    if (isVisible() && window() && look() && !look_->reducedMotion())
+    if (isVisible() && window() && theme() && !theme_->reducedMotion())
         slide();
     else
         position_ = on;
     repaint();
-    tellAccessibility();
+    notifyAccessibility();
     emit changed();
 }
 
@@ -84,10 +84,10 @@ void Toggle::ask() {
     emit asked(!on_);
 }
 
-const Theme* Toggle::look() {
-    if (!look_ && (look_ = Theme::of(*this)))
-        connect(look_, &Theme::changed, this, [this] { repaint(); });
-    return look_;
+const Theme* Toggle::theme() {
+    if (!theme_ && (theme_ = Theme::of(*this)))
+        connect(theme_, &Theme::changed, this, [this] { repaint(); });
+    return theme_;
 }
 
 void Toggle::componentComplete() {
@@ -97,14 +97,14 @@ void Toggle::componentComplete() {
 
 void Toggle::itemChange(ItemChange change, const ItemChangeData& data) {
     PaintedItem::itemChange(change, data);
-    // Painting is no time to look for it.
+    // The theme is looked up here, not while painting.
     if (change == ItemSceneChange && data.window)
-        look();
+        theme();
 }
 
 void Toggle::leavePaintingToParent() {
     setFlag(ItemHasContents, false);
-    look();
+    theme();
 }
 
 void Toggle::repaint() {
@@ -115,19 +115,19 @@ void Toggle::repaint() {
 }
 
 void Toggle::paint(QPainter& painter) {
-    if (!look_)
+    if (!theme_)
         return;
-    SwitchStyle face;
-    face.track = between(look_->off(), look_->on(), position_);
+    SwitchStyle style;
+    style.track = between(theme_->off(), theme_->on(), position_);
     if (hasActiveFocus())
-        face.ring = look_->focus();
-    face.position = position_;
-    face.mirrored = QGuiApplication::layoutDirection() == Qt::RightToLeft;
-    paintSwitch(painter, face);
+        style.ring = theme_->focus();
+    style.position = position_;
+    style.mirrored = QGuiApplication::layoutDirection() == Qt::RightToLeft;
+    paintSwitch(painter, style);
 }
 
 void Toggle::mousePressEvent(QMouseEvent* event) {
-    // The release comes here too, unless the list is dragged before.
+    // The release is delivered here too, unless the list is dragged first.
     event->accept();
 }
 
@@ -156,7 +156,7 @@ void Toggle::focusOutEvent(QFocusEvent*) {
     repaint();
 }
 
-void Toggle::tellAccessibility() const {
+void Toggle::notifyAccessibility() const {
     if (!QAccessible::isActive())
         return;
     QAccessible::State checked;

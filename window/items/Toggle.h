@@ -10,11 +10,11 @@
 
 namespace wardlock::window {
 
-/// An on/off switch. It shows `on` and asks for the other state; it never changes by itself.
+/// An on/off switch. It shows `on` and requests the other state; it never changes by itself.
 class Toggle : public PaintedItem {
     Q_OBJECT
     Q_PROPERTY(bool on READ isOn WRITE setOn NOTIFY changed)
-    /// Whether it can be flipped at all; one that is only covered looks as ever.
+    /// Whether it can be flipped at all; a covered switch looks as usual.
     Q_PROPERTY(bool available READ isAvailable WRITE setAvailable NOTIFY changed)
     Q_PROPERTY(QString label READ label WRITE setLabel NOTIFY changed)
 
@@ -22,19 +22,19 @@ public:
     explicit Toggle(QQuickItem* parent = nullptr);
 
     bool isOn() const { return on_; }
-    /// Slides there once it is seen.
+    /// Slides to the state when the switch is visible.
     void setOn(bool on);
-    /// Is so without sliding.
+    /// Shows the state without sliding.
     void showOn(bool on);
     bool isAvailable() const { return available_; }
     void setAvailable(bool available);
     const QString& label() const { return label_; }
     void setLabel(const QString& label);
-    /// What a tap does.
+    /// Does what a tap does.
     void ask();
 
-    /// From now on its parent, which QML made, paints it as part of itself and is updated in its stead: a
-    /// picture less for each row. For one that is always available.
+    /// From now on its parent, which QML created, paints the switch as a part of itself and is updated in its
+    /// stead. That saves one picture for each row. For a switch that is always available.
     void leavePaintingToParent();
     void paint(QPainter& painter) override;
 
@@ -52,15 +52,15 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
-    const Theme* look();
+    const Theme* theme();
     void repaint();
     void slide();
-    void tellAccessibility() const;
+    void notifyAccessibility() const;
 
-    QPointer<Theme> look_;
+    QPointer<Theme> theme_;
     std::unique_ptr<QVariantAnimation> animation_;
     QString label_;
-    /// Where the knob is: 0 off, 1 on.
+    /// The knob's position: 0 off, 1 on.
     double position_ = 0;
     bool on_ = false;
     bool available_ = true;

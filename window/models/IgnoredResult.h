@@ -4,8 +4,8 @@
 
 namespace wardlock::window {
 
-/// A tap that comes too late, on something that has just been covered or taken away, does nothing: a person
-/// sees why.
+/// Input that comes too late, on something that has just been covered or removed, does nothing: the user sees
+/// the reason.
 inline void ignoreResult(const shell::InputResult&) {}
 
 } // namespace wardlock::window

@@ -14,11 +14,11 @@ class KeypadModel : public QObject {
     Q_PROPERTY(QString subtitle READ subtitle NOTIFY changed)
     Q_PROPERTY(int digitCount READ digitCount NOTIFY changed)
     Q_PROPERTY(bool showsEmergency READ showsEmergency NOTIFY changed)
-    /// Grows with each failure that is to be shaken for.
+    /// Increases with each failure for which the keypad shakes.
     Q_PROPERTY(int failures READ failures NOTIFY changed)
     Q_PROPERTY(double opacity READ opacity NOTIFY changed)
     Q_PROPERTY(double blurOpacity READ blurOpacity NOTIFY changed)
-    /// Whether a fade is running: tick() is then wanted at every frame.
+    /// Whether a fade is running: tick() is then to be called at every frame.
     Q_PROPERTY(bool fading READ isFading NOTIFY changed)
 
 public:

@@ -15,7 +15,7 @@ NSIndexPath at(int section, int row) {
     return {static_cast<std::size_t>(section), static_cast<std::size_t>(row)};
 }
 
-/// QML may still hold what is replaced until it has heard of the change.
+/// QML may still use the replaced model until it has been notified of the change.
 template <class Model>
 void retire(std::unique_ptr<Model>& model) {
     if (model)

@@ -14,7 +14,7 @@
 
 namespace wardlock::window {
 
-/// One page for QML: what it shows, and what a person can do with it.
+/// One page for QML: what it shows, and what the user can do with it.
 class PageModel : public QObject {
     Q_OBJECT
     Q_PROPERTY(QString title READ title NOTIFY barChanged)
@@ -59,7 +59,7 @@ public:
     Q_INVOKABLE void flipTableSwitch(int row);
     Q_INVOKABLE void dragList();
 
-    /// What the shell tells of the page.
+    /// What the shell reports of the page.
     void barMayHaveChanged() { emit barChanged(); }
     void listWasReset();
     void rowWasChanged(platform::NSIndexPath path);

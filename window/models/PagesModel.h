@@ -9,8 +9,8 @@
 
 namespace wardlock::window {
 
-/// The stack of pages for QML, the lowest first. A page that was popped stays, as the topmost, until its
-/// transition has ended, so that it can be seen to go.
+/// The stack of pages for QML, the lowest first. A popped page stays, as the topmost, until its transition
+/// has ended, so that it can be seen leaving.
 class PagesModel : public QAbstractListModel {
     Q_OBJECT
 
@@ -25,10 +25,10 @@ public:
     QVariant data(const QModelIndex& index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
 
-    /// Follows the shell's stack; what comes and goes is seen to do so when `animated`.
+    /// Follows the shell's stack; with `animated`, pages that enter or leave are shown doing so.
     void follow(bool animated);
     void transitionEnded();
-    /// Null when the page is not on the stack.
+    /// Returns null when the page is not on the stack.
     PageModel* find(const shell::Page& page) const;
     PageModel* top() const;
 

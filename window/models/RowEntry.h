@@ -43,16 +43,16 @@ public:
     QString kind;
     QString label;
     QString value;
-    /// The value is only the beginning of what is stored.
+    /// Whether the value is only the beginning of the stored one.
     bool cut = false;
-    /// Of the stored value, empty for none.
+    /// The key of the stored value, empty for none.
     QString key;
     bool on = false;
     bool enabled = true;
-    /// One of several to choose from, and whether it is the one chosen.
+    /// Whether the row is one of several choices, and whether it is the chosen one.
     bool choice = false;
     bool marked = false;
-    /// An address, empty for none.
+    /// An address from PictureSource, empty for none.
     QString icon;
     QString placeholder;
     bool numberPad = false;

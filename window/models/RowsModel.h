@@ -10,9 +10,9 @@
 
 namespace wardlock::window {
 
-/// The sections and rows of a list page, one after another, as a ListView wants them. Rows that stay keep
-/// their place when the list is built anew, so that a view neither jumps nor flickers. A filter leaves only
-/// the rows whose label holds its text, with the headers of their sections.
+/// The sections and rows of a list page, one after another, for a ListView. Rows that stay keep their place
+/// when the list is rebuilt, so that a view neither jumps nor flickers. A filter leaves only the rows whose
+/// label contains its text, with the headers of their sections.
 class RowsModel : public QAbstractListModel {
     Q_OBJECT
 
@@ -26,10 +26,10 @@ public:
     QHash<int, QByteArray> roleNames() const override;
 
     void setFilter(const QString& filter);
-    /// The list was built anew.
+    /// To be called after the list was rebuilt.
     void reset();
     void rowChanged(platform::NSIndexPath path);
-    /// Values may look different everywhere, for example since another row is being edited.
+    /// To be called when every value may look different, for example since another row is being edited.
     void allChanged();
 
 private:
@@ -39,7 +39,7 @@ private:
         platform::NSIndexPath path;
         bool first = false;
         bool last = false;
-        /// What makes a line the same one after the list was built anew.
+        /// The line's identity across rebuilds of the list.
         std::string name;
 
         bool isSame(const Line& other) const { return kind == other.kind && name == other.name; }

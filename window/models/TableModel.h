@@ -12,9 +12,9 @@ namespace wardlock::window {
 
 struct TableEntry;
 
-/// The rows of a page's table as a ListView wants them. A row's cell is asked for when the view asks for the
-/// row, and given back once enough others have been shown since: rows out of sight cost nothing. A filter
-/// leaves the rows whose title or key holds its text.
+/// The rows of a page's table for a ListView. A row's cell is requested when the view requests the row, and
+/// given back once enough others have been shown since: rows out of sight cost nothing. A filter leaves the
+/// rows whose title or key contains its text.
 class TableModel : public QAbstractListModel {
     Q_OBJECT
 
@@ -29,7 +29,7 @@ public:
 
     void setFilter(const QString& filter);
     void rowChanged(platform::NSIndexPath path);
-    /// The place in the table of a row of this model.
+    /// Returns the table's path of a row of this model.
     platform::NSIndexPath pathOf(int row) const;
 
 private:
@@ -41,19 +41,19 @@ private:
     std::shared_ptr<shell::TableRow> shown(platform::NSIndexPath path) const;
     TableEntry entry(int row) const;
     void readPlaces();
-    /// How many rows stand before the section's first.
+    /// Returns the number of rows before the section's first.
     std::size_t before(std::size_t section) const { return section == 0 ? 0 : ends_[section - 1]; }
-    /// Of every row, counted through all sections.
+    /// Returns the path of a row that is counted through all sections.
     platform::NSIndexPath pathAt(std::size_t place) const;
     bool passes(std::size_t place);
 
     std::shared_ptr<shell::Table> table_;
     QString filter_;
-    /// How many rows there are up to the end of each section.
+    /// The number of rows up to the end of each section.
     std::vector<std::size_t> ends_;
-    /// The texts of every row, once a filter has been asked for.
+    /// The texts of every row, once a filter has been set.
     std::vector<Text> texts_;
-    /// Places that pass the filter; unused without one.
+    /// The rows that pass the filter; unused without one.
     std::vector<std::size_t> passing_;
     mutable QCache<quint64, std::shared_ptr<shell::TableRow>> shown_;
 };

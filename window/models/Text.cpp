@@ -4,7 +4,7 @@ namespace wardlock::window {
 
 namespace {
 
-/// At least a few letters more than are shown, where there are more: a letter has four bytes at most.
+/// Returns at least a few letters more than are shown, where there are more: a letter has four bytes at most.
 QString beginning(std::string_view text, qsizetype longest) {
     return toQt(text.substr(0, 4 * static_cast<std::size_t>(longest + 1)));
 }
@@ -15,7 +15,7 @@ QString shownText(std::string_view text, qsizetype longest) {
     QString all = beginning(text, longest);
     if (all.size() <= longest)
         return all;
-    // The second half of a letter does not stand alone.
+    // Does not cut a surrogate pair in two.
     all.truncate(all.at(longest).isLowSurrogate() ? longest - 1 : longest);
     return all + QChar(0x2026);
 }

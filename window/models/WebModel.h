@@ -12,13 +12,13 @@
 
 namespace wardlock::window {
 
-/// A page's web view with its spinner, for QML, which loads `url` and reports what becomes of it.
+/// A page's web view with its spinner, for QML, which loads `url` and reports the outcome.
 class WebModel : public QObject {
     Q_OBJECT
     Q_PROPERTY(QUrl url READ url NOTIFY loadAsked)
     Q_PROPERTY(bool loading READ isLoading NOTIFY changed)
     Q_PROPERTY(bool spinnerIsBlack READ spinnerIsBlack CONSTANT)
-    /// Why there is no engine; empty while there is, or nobody has looked yet.
+    /// The reason why there is no engine; empty while there is one, or before it is looked for.
     Q_PROPERTY(QString missing READ missing NOTIFY changed)
 
 public:
@@ -36,7 +36,7 @@ public:
     Q_INVOKABLE void started();
     Q_INVOKABLE void finished();
     Q_INVOKABLE void failed(const QString& reason);
-    /// There is no engine on this machine.
+    /// To be called when there is no engine on this machine.
     Q_INVOKABLE void engineMissing();
     Q_INVOKABLE bool openInBrowser();
 

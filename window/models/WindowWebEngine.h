@@ -6,13 +6,13 @@
 
 namespace wardlock::window {
 
-/// The engine of the window: the page's QML does the loading, so a load is only passed on to whoever shows
-/// the view. A view that nobody shows yet is loaded when it is.
+/// The engine of the window. The page's QML does the loading, so a load is only passed on to the model that
+/// shows the view. A view that is not shown yet is loaded when it is.
 class WindowWebEngine : public QObject, public platform::WebEngine {
     Q_OBJECT
 
 public:
-    /// Is the process's engine while it lives.
+    /// Registers itself as the process's engine while it lives.
     WindowWebEngine();
     ~WindowWebEngine() override;
 

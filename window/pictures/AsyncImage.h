@@ -16,7 +16,7 @@ public:
     AsyncImage(const AsyncImage&) = delete;
     AsyncImage& operator=(const AsyncImage&) = delete;
 
-    /// An address of PictureSource's, empty for none, and the side of the square in points.
+    /// `address` comes from PictureSource, empty for none; `side` is the side of the square in points.
     void show(const QString& address, int side);
     const QImage& image() const { return image_; }
 

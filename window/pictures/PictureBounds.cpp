@@ -7,9 +7,9 @@ namespace wardlock::window {
 namespace {
 
 constexpr const char* jpegBeginning = "\xff\xd8\xff";
-/// How far into a file the root element of an SVG may stand, behind declarations and comments.
+/// How many bytes of an SVG file, declarations and comments, may precede its root element.
 constexpr qsizetype svgBeginning = 4096;
-/// Progressive pictures come in about ten; each costs a pass over the whole picture.
+/// Progressive pictures have about ten scans; each costs a pass over the whole picture.
 constexpr qsizetype mostScans = 64;
 
 } // namespace
@@ -20,7 +20,7 @@ QByteArray decoderFor(const QByteArray& picture) {
     if (picture.startsWith(jpegBeginning))
         return picture.count("\xff\xda") <= mostScans ? "jpeg" : "";
     const bool isSvg = picture.left(svgBeginning).contains("<svg");
-    return isSvg && SvgComplexity(picture).isModest() ? "svg" : "";
+    return isSvg && SvgComplexity(picture).isWithinBounds() ? "svg" : "";
 }
 
 } // namespace wardlock::window

@@ -23,7 +23,7 @@ constexpr int picturesKept = 512;
 constexpr QSize unknownSize(58, 58);
 const QLatin1String addressStart("picture:");
 
-/// Pictures that exist only as bytes, by the number that stands in their address.
+/// Pictures that exist only as bytes, by the number in their address.
 class KeptPictures {
 public:
     quint64 keep(const std::shared_ptr<platform::UIImage>& image) {
@@ -56,7 +56,7 @@ KeptPictures& keptPictures() {
     return pictures;
 }
 
-/// The picture's bytes; none when it is no file of bounded size.
+/// Returns the picture's bytes; empty when it is not a regular file of bounded size.
 QByteArray bytesOfFile(const QString& path) {
     std::string bytes;
     auto& files = platform::FileSystem::current();
@@ -65,7 +65,7 @@ QByteArray bytesOfFile(const QString& path) {
     return QByteArray::fromStdString(bytes);
 }
 
-/// Empty for a picture that is broken or out of bounds.
+/// Returns an empty image for a picture that is broken or out of bounds.
 QImage read(QByteArray bytes, const QSize& requestedSize) {
     const QByteArray decoder = decoderFor(bytes);
     if (decoder.isEmpty())

@@ -9,15 +9,16 @@
 
 namespace wardlock::window {
 
-/// Gives the pages' pictures addresses and decodes them. Pictures come from modules and applications that
-/// nobody vouches for, so they are decoded within bounds; one that is too large or broken is empty.
+/// Gives the pages' pictures addresses and decodes them. Pictures come from untrusted modules and
+/// applications, so they are decoded within bounds; one that is too large or broken is empty.
 class PictureSource {
 public:
-    /// The address of the picture; empty for null. Main thread only. A picture made of bytes stays known as
-    /// long as it is among the last few hundred asked for.
+    /// Returns the address of the picture; empty for null. Main thread only. A picture made of bytes stays
+    /// available while it is among the last few hundred requested.
     static QString urlFor(const std::shared_ptr<platform::UIImage>& image);
 
-    /// The picture at an address, no larger than asked for; null where it cannot be had. Any thread.
+    /// Returns the picture at an address, no larger than `requestedSize`; null where it cannot be decoded.
+    /// Any thread.
     static QImage decode(const QString& address, const QSize& requestedSize);
 };
 

@@ -10,8 +10,8 @@
 
 namespace wardlock::window {
 
-/// The pages' pictures for what is painted by hand: decoded once for a size, on a thread of its own, and kept
-/// as long as they are among the last few hundred. Main thread only.
+/// The pages' pictures for items that paint themselves: decoded once for each size, on a thread of its own,
+/// and kept while they are among the last few hundred. Main thread only.
 class Pictures : public QObject {
     Q_OBJECT
 
@@ -19,9 +19,10 @@ public:
     /// Lives as long as the application.
     static Pictures& shared();
 
-    /// The picture at an address of PictureSource's, for a square of so many pixels. None: not decoded yet.
+    /// Returns the picture at an address of PictureSource, for a square of `side` pixels. None: not decoded
+    /// yet.
     std::optional<QImage> find(const QString& address, int side) const;
-    /// Has it decoded; arrived() tells of it, later. A null image: it cannot be.
+    /// Decodes the picture in the background; arrived() reports it. A null image: it cannot be decoded.
     void fetch(const QString& address, int side);
 
 signals:
@@ -31,13 +32,13 @@ private:
     using Key = QPair<QString, int>;
 
     Pictures();
-    /// On the thread.
+    /// Runs on the thread.
     void decode(const Key& key);
     void keep(const Key& key, const QImage& picture);
 
     QCache<Key, QImage> decoded_;
     QSet<Key> awaited_;
-    /// Goes first, so that nothing is still being decoded when the rest goes.
+    /// Destroyed first, so that nothing is being decoded while the other members are destroyed.
     QThreadPool thread_;
 };
 

@@ -10,17 +10,17 @@ namespace wardlock::window {
 
 namespace {
 
-/// Detailed pictures of desktops have a few thousand.
-constexpr int heaviest = 20000;
+/// Detailed icons of desktops have a few thousand.
+constexpr int highestComplexity = 20000;
 constexpr int deepest = 100;
-/// A path's length in text, and a letter's share of a path.
+/// The length of a path's text, or of other text, that counts as one shape.
 constexpr qsizetype attributeOfOneShape = 128;
 constexpr qsizetype textOfOneShape = 8;
-/// Of a picture within the picture.
+/// The pixels of an embedded picture that count as one shape.
 constexpr int pixelsOfOneShape = 256;
 constexpr int largestSide = 2048;
 
-/// The identifiers in "url(#name)", wherever it stands.
+/// Returns the identifiers in "url(#name)", at any position.
 QStringList namesIn(QStringView text) {
     QStringList names;
     const QLatin1String start("url(");
@@ -37,9 +37,9 @@ QStringList namesIn(QStringView text) {
     return names;
 }
 
-/// A picture within the picture has to be a PNG, and in place: a name would be opened as a file, whatever it
-/// is, and another drawing would not be looked at. None for anything else.
-std::optional<int> weightOfPicture(QStringView link) {
+/// Returns the complexity of an embedded picture, none for one that is refused. It has to be a PNG within the
+/// document: a name would be opened as a file of any kind, and an embedded drawing would not be checked.
+std::optional<int> complexityOfPicture(QStringView link) {
     const QLatin1String start("base64,");
     const qsizetype at = link.lastIndexOf(start);
     if (at < 0 || !link.startsWith(QLatin1String("data:")))
@@ -60,7 +60,7 @@ SvgComplexity::SvgComplexity(const QByteArray& document) {
         return;
     drawings_.resize(elements_.size());
     states_.resize(elements_.size(), State::Unknown);
-    modest_ = judge(0, 1) && stylesAreModest();
+    withinBounds_ = judge(0, 1) && stylesAreWithinBounds();
 }
 
 bool SvgComplexity::read(QXmlStreamReader& reader) {
@@ -90,7 +90,7 @@ bool SvgComplexity::read(QXmlStreamReader& reader) {
 }
 
 bool SvgComplexity::startElement(QXmlStreamReader& reader) {
-    if (elements_.size() >= static_cast<std::size_t>(heaviest) || open_.size() >= deepest)
+    if (elements_.size() >= static_cast<std::size_t>(highestComplexity) || open_.size() >= deepest)
         return false;
     const int number = static_cast<int>(elements_.size());
     if (!open_.empty())
@@ -111,18 +111,19 @@ bool SvgComplexity::addAttribute(int number, const QXmlStreamAttribute& attribut
     const QStringView value = attribute.value();
     const bool isLink = attribute.name() == QLatin1String("href");
     if (isLink && ofImage) {
-        const std::optional<int> weight = weightOfPicture(value);
-        element.weight += weight.value_or(0);
-        return weight.has_value();
+        const std::optional<int> complexity = complexityOfPicture(value);
+        element.complexity += complexity.value_or(0);
+        return complexity.has_value();
     }
-    element.weight += static_cast<int>(std::min<qsizetype>(value.size() / attributeOfOneShape, heaviest));
+    element.complexity +=
+        static_cast<int>(std::min<qsizetype>(value.size() / attributeOfOneShape, highestComplexity));
     if (attribute.name() == QLatin1String("id"))
         named_.insert(value.toString(), number);
     else if (!isLink)
         element.uses += namesIn(value);
     else if (value.startsWith(u'#'))
         element.uses.append(value.mid(1).toString());
-    return element.weight <= heaviest;
+    return element.complexity <= highestComplexity;
 }
 
 bool SvgComplexity::addText(QStringView text) {
@@ -131,28 +132,29 @@ bool SvgComplexity::addText(QStringView text) {
     Element& element = elements_[static_cast<std::size_t>(open_.back())];
     if (element.isStyle)
         styles_ += namesIn(text);
-    element.weight += static_cast<int>(std::min<qsizetype>(text.size() / textOfOneShape, heaviest));
-    return element.weight <= heaviest;
+    element.complexity +=
+        static_cast<int>(std::min<qsizetype>(text.size() / textOfOneShape, highestComplexity));
+    return element.complexity <= highestComplexity;
 }
 
-/// Each may be meant for every element.
-bool SvgComplexity::stylesAreModest() {
+/// Each style may apply to every element.
+bool SvgComplexity::stylesAreWithinBounds() {
     Drawing used;
     if (!addAll(used, styles_, 1))
         return false;
-    const auto all = static_cast<qint64>(elements_.size()) * used.weight;
-    return all + drawings_.front().weight <= heaviest;
+    const auto all = static_cast<qint64>(elements_.size()) * used.complexity;
+    return all + drawings_.front().complexity <= highestComplexity;
 }
 
 bool SvgComplexity::judge(int number, int depth) {
     const auto index = static_cast<std::size_t>(number);
     if (states_[index] == State::Known)
         return depth + drawings_[index].height <= deepest;
-    // Asked before and not known yet: it contains itself.
+    // Visited before and not known yet: it contains itself.
     if (states_[index] == State::Asked || depth > deepest)
         return false;
     states_[index] = State::Asked;
-    Drawing sum{elements_[index].weight, 1};
+    Drawing sum{elements_[index].complexity, 1};
     for (const int child : elements_[index].children)
         if (!add(sum, child, depth))
             return false;
@@ -160,13 +162,13 @@ bool SvgComplexity::judge(int number, int depth) {
         return false;
     drawings_[index] = sum;
     states_[index] = State::Known;
-    return sum.weight <= heaviest;
+    return sum.complexity <= highestComplexity;
 }
 
 bool SvgComplexity::addAll(Drawing& sum, const QStringList& names, int depth) {
     for (const QString& name : names)
         for (auto used = named_.constFind(name); used != named_.cend() && used.key() == name; ++used) {
-            // Colours that run into each other cost no more than plain ones.
+            // Gradients cost no more than plain colours.
             const bool isGradient = elements_[static_cast<std::size_t>(*used)].isGradient;
             if (!isGradient && !add(sum, *used, depth))
                 return false;
@@ -179,8 +181,8 @@ bool SvgComplexity::add(Drawing& sum, int element, int depth) {
         return false;
     const Drawing& part = drawings_[static_cast<std::size_t>(element)];
     sum.height = std::max(sum.height, part.height + 1);
-    sum.weight += part.weight;
-    return sum.weight <= heaviest;
+    sum.complexity += part.complexity;
+    return sum.complexity <= highestComplexity;
 }
 
 } // namespace wardlock::window

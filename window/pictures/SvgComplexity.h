@@ -9,28 +9,28 @@
 
 namespace wardlock::window {
 
-/// How much an SVG document asks of the one who draws it: about one for each shape that is drawn, however
-/// often it is used, and more for long ones.
+/// The cost of drawing an SVG document: about one for each drawn shape, however often it is used, and more
+/// for long ones.
 class SvgComplexity {
 public:
     /// Reads the document, once.
     explicit SvgComplexity(const QByteArray& document);
 
-    /// Whether it can be drawn at once: it is whole, neither large nor deep once all references are followed,
-    /// never uses itself, and asks for no other file.
-    bool isModest() const { return modest_; }
+    /// Whether it can be drawn at once: it is complete, neither large nor deep once all references are
+    /// followed, never uses itself, and refers to no other file.
+    bool isWithinBounds() const { return withinBounds_; }
 
 private:
     struct Element {
         std::vector<int> children;
         QStringList uses;
-        int weight = 1;
+        int complexity = 1;
         bool isGradient = false;
         bool isStyle = false;
     };
-    /// What is drawn for an element with everything in it.
+    /// The cost of drawing an element with everything in it.
     struct Drawing {
-        int weight = 0;
+        int complexity = 0;
         int height = 0;
     };
     enum class State { Unknown, Asked, Known };
@@ -39,21 +39,21 @@ private:
     bool startElement(QXmlStreamReader& reader);
     bool addAttribute(int element, const QXmlStreamAttribute& attribute, bool ofImage);
     bool addText(QStringView text);
-    bool stylesAreModest();
+    bool stylesAreWithinBounds();
     bool judge(int element, int depth);
     bool addAll(Drawing& sum, const QStringList& names, int depth);
     bool add(Drawing& sum, int element, int depth);
 
     std::vector<Element> elements_;
-    /// From the outermost one to the one that is being read.
+    /// From the outermost element to the one being read.
     std::vector<int> open_;
-    /// A name that is given twice means all of them.
+    /// A name that is given twice means all its elements.
     QMultiHash<QString, int> named_;
-    /// What style sheets name.
+    /// The names in style sheets.
     QStringList styles_;
     std::vector<Drawing> drawings_;
     std::vector<State> states_;
-    bool modest_ = false;
+    bool withinBounds_ = false;
 };
 
 } // namespace wardlock::window

@@ -1,7 +1,7 @@
 import QtQuick
 import Wardlock.Native
 
-// The page's button, at the end of its bar.
+// The page's button, at the end of its navigation bar.
 Item {
     objectName: "add"
     implicitWidth: 52

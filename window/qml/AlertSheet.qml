@@ -1,7 +1,7 @@
 import QtQuick
 import Wardlock.Native
 
-// A question over the page.
+// An alert over the page.
 Item {
     id: sheet
     required property var alert
@@ -93,7 +93,7 @@ Item {
                 id: buttons
                 width: parent.width
                 Repeater {
-                    // By number, so that a button stays the same one when it is enabled.
+                    // By index, so that a button stays the same item when it is enabled.
                     model: sheet.alert.actions.length
                     Item {
                         id: place

@@ -1,7 +1,7 @@
 import QtQuick
 import Wardlock.Native
 
-// A file that goes with a mail.
+// An attachment of a mail.
 Item {
     id: row
     property string name

@@ -1,7 +1,7 @@
 import QtQuick
 import Wardlock.Native
 
-// The mark of the chosen one.
+// The mark of the chosen row.
 Item {
     implicitWidth: 16
     implicitHeight: 14

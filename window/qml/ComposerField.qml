@@ -1,7 +1,7 @@
 import QtQuick
 import Wardlock.Native
 
-// A line of the mail sheet: what it is, and its text.
+// A line of the mail sheet: its label and its text.
 Item {
     id: field
     property string name

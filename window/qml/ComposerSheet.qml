@@ -1,7 +1,7 @@
 import QtQuick
 import Wardlock.Native
 
-// The mail sheet: everything can be read and changed before the mail goes.
+// The mail sheet: everything can be read and changed before the mail is sent.
 FocusScope {
     id: sheet
     required property var composer
@@ -26,7 +26,7 @@ FocusScope {
         id: paper
         objectName: "composer"
         width: Math.min(parent.width, Theme.widest)
-        // Its lower corners lie below the window.
+        // Its lower corners are below the window.
         height: parent.height - 24 + radius
         anchors.horizontalCenter: parent.horizontalCenter
         y: 24

@@ -1,7 +1,7 @@
 import QtQuick
 import Wardlock.Native
 
-// Shows where the keyboard is.
+// Shows which item has the keyboard focus.
 Rectangle {
     property Item target: parent
     objectName: "ring"

@@ -1,6 +1,6 @@
 import QtQuick
 
-// How many digits are entered.
+// Shows how many digits are entered.
 Row {
     id: dots
     property int count: 0

@@ -1,7 +1,7 @@
 import QtQuick
 import Wardlock.Native
 
-// The four-digit keypad over a dark blur of what lies beneath.
+// The four-digit keypad over a dark blur of what is beneath it.
 FocusScope {
     id: sheet
     required property var keypad
@@ -18,7 +18,7 @@ FocusScope {
 
     Keys.onPressed: (event) => {
         if (event.key >= Qt.Key_0 && event.key <= Qt.Key_9) {
-            // A key that is held is one digit: four of them would be a passcode.
+            // A key that is held down is one digit: four repetitions would be a passcode.
             if (!event.isAutoRepeat)
                 keypad.pressDigit(event.key - Qt.Key_0);
         } else if (event.key === Qt.Key_Backspace || event.key === Qt.Key_Delete)

@@ -1,7 +1,7 @@
 import QtQuick
 import Wardlock.Native
 
-// Text in the window's type.
+// Text in the window's font.
 Text {
     color: Theme.label
     font.family: Theme.family

@@ -16,8 +16,7 @@ PullList {
         width: ListView.view ? ListView.view.width : 0
         height: content.item ? content.item.implicitHeight : 0
 
-        // A row that scrolls out of sight takes no more keys.
-        // Nor is it told to assistive technology.
+        // A row that scrolls out of sight takes no more keys, and is hidden from assistive technology.
         ListView.onPooled: {
             if (activeFocusInside)
                 listPage.forceActiveFocus();

@@ -13,7 +13,7 @@ Window {
 
     onClosing: settings.close()
 
-    // What covered the pages has gone: the keyboard is theirs again, where it was.
+    // When what covered the pages disappears, they take the keyboard focus back where it was.
     readonly property bool covered: settings.alert !== null || settings.composer !== null || settings.keypad !== null
     onCoveredChanged: if (!covered) pages.forceActiveFocus()
 

@@ -6,7 +6,7 @@ Rectangle {
     id: bar
     required property var page
 
-    /// The keyboard leaves the bar at its end or its beginning.
+    /// The keyboard focus leaves the bar at its end or its beginning.
     signal tabbedOut(bool forward)
     readonly property bool hasButtons: back.visible || add.active
 
@@ -32,7 +32,7 @@ Rectangle {
         event.accepted = true;
     }
 
-    /// What the title leaves free at its beginning and its end.
+    /// The space that the title leaves free at its beginning and its end.
     readonly property real before: (back.visible ? back.width : 0) + 12
     readonly property real after: (add.active ? add.width : 0) + 12
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Wardlock.Native
 
-// A sentence of the application itself, to be read and dismissed.
+// A sentence of the application itself, which can be dismissed.
 Rectangle {
     id: notice
     property string text

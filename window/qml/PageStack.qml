@@ -1,12 +1,12 @@
 import QtQuick
 import Wardlock.Native
 
-// The pages one over another: a pushed one slides in from the side, a popped one out, the one beneath follows a little.
-// A swipe from the edge takes the topmost away under the finger.
+// The pages one over another. A pushed page slides in from the side, a popped one out; the one beneath follows a
+// little. A swipe from the edge moves the topmost page with the finger.
 Item {
     id: stack
     readonly property int duration: Math.round(settings.transitionSeconds * 1000)
-    /// Counts comings and goings, for what asks the repeater for its items.
+    /// Counts pages that enter or leave: bindings on the repeater's items depend on it.
     property int changes: 0
 
     function topView() {
@@ -32,7 +32,7 @@ Item {
             readonly property int direction: LayoutMirroring.enabled ? -1 : 1
             readonly property bool isTop: place === "top" || place === "entering"
             readonly property Item above: stack.changes >= 0 && index + 1 < pages.count ? pages.itemAt(index + 1) : null
-            /// How far it is out of the window: 0 in its place, 1 gone.
+            /// How far the page is out of the window: 0 in its place, 1 outside.
             property real out: 0
 
             objectName: "page:" + page.title

@@ -12,7 +12,7 @@ FocusScope {
         anchors.fill: parent
         color: Theme.ground
     }
-    // First, as it is read first; the content is clipped and never lies over it.
+    // First, as it is read first; the content is clipped and never covers it.
     NavigationBar {
         id: bar
         onTabbedOut: (forward) => {
@@ -31,7 +31,7 @@ FocusScope {
         anchors.left: parent.left
         anchors.right: parent.right
         focus: true
-        // Not by the kind's first change too, which comes earlier: it would be made twice.
+        // Not also at the first change of the kind, which comes earlier: the item would be created twice.
         property bool made: false
         Component.onCompleted: {
             made = true;

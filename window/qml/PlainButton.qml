@@ -8,9 +8,9 @@ Item {
     property color color: Theme.tint
     property bool strong: false
     property int size: Theme.body
-    /// Smaller letters rather than a text that is cut off.
+    /// Uses smaller letters instead of cutting the text off.
     property bool shrinks: false
-    /// Whether it can be pressed at all; one that is only covered looks as ever.
+    /// Whether it can be pressed at all; a covered button looks as usual.
     property bool available: true
     signal pressed()
 

@@ -1,22 +1,21 @@
 import QtQuick
 import Wardlock.Native
 
-// A scrolling list that opens the page's search when it is pulled down, or with the keys for it.
+// A scrolling list that opens the page's search when it is pulled down, or by its keys.
 Item {
     id: pullList
     required property var page
     property alias list: list
     property alias model: list.model
     property alias delegate: list.delegate
-    /// What is said where there are no rows; empty for nothing.
+    /// Shown where there are no rows; empty for nothing.
     property string emptyText
 
-    /// The keyboard leaves the list over its first or last row.
+    /// The keyboard focus leaves the list over its first or last row.
     signal tabbedOut(bool forward)
     focus: true
 
-    // Rows are made as they come into sight, so the view's own order of focus knows only some of them, and those in any
-    // order.
+    // Rows are created as they come into sight, so the view's own order of focus has only some of them, in any order.
     function focusRow(from, step) {
         for (let i = from + step; i >= 0 && i < list.count; i += step) {
             list.positionViewAtIndex(i, ListView.Contain);
@@ -36,7 +35,8 @@ Item {
         }
         return -1;
     }
-    /// To the next row, from the first in sight where none has the keyboard. The texts beyond the last row are shown too.
+    /// Moves to the next row, from the first in sight where no row has the focus. Also shows the texts beyond the last
+    /// row.
     function step(forward, tab) {
         const focused = focusedRow();
         const start = focused < 0 && !list.atYBeginning ? list.indexAt(list.width / 2, list.contentY) - (forward ? 1 : 0) : focused;
@@ -52,7 +52,7 @@ Item {
     function showEnd(last) {
         if (!last)
             return list.positionViewAtBeginning();
-        // Makes the last rows, but leaves out the margin below them.
+        // Creates the last rows, but leaves out the margin below them.
         list.positionViewAtEnd();
         list.contentY = lastY;
     }
@@ -60,7 +60,7 @@ Item {
         if (focusRow(last ? list.count : -1, last ? -1 : 1))
             showEnd(last);
     }
-    /// As far as the window shows at a time, and the keyboard with it.
+    /// Scrolls by the height of the window, and moves the keyboard focus with it.
     function turnPage(forward) {
         const way = (forward ? 1 : -1) * Math.max(Theme.rowHeight, list.height - Theme.rowHeight);
         if (forward ? list.contentY + way >= lastY : list.contentY + way <= firstY)
@@ -100,13 +100,13 @@ Item {
         anchors.right: parent.right
         clip: true
         reuseItems: true
-        // A current row would be kept when it is out of sight, and the view's own keys make one.
+        // A current row would be kept when it is out of sight, and the view's own keys set one.
         currentIndex: -1
         keyNavigationEnabled: false
         boundsBehavior: Flickable.DragAndOvershootBounds
         flickDeceleration: 2200
         maximumFlickVelocity: 6000
-        // Rows out of sight cost nothing until somebody moves there, be it with a screen reader.
+        // Rows out of sight cost nothing until the keyboard or a screen reader moves there.
         cacheBuffer: indicator.active || settings.isAssisted() ? 200 : 0
         bottomMargin: 28
         Accessible.role: Accessible.List

@@ -1,12 +1,12 @@
 import QtQuick
 import Wardlock.Native
 
-// The text field of a row. What is typed is handed on at once and stored when the editing ends.
+// The text field of a row. What is typed is passed on at once and stored when the editing ends.
 TextInput {
     id: field
     required property var page
     required property var entry
-    /// What the entry said last.
+    /// The last value of the entry's `editing`.
     property bool editing: false
     readonly property bool secure: entry.kind === "secureEditText"
 
@@ -31,7 +31,7 @@ TextInput {
 
     Component.onCompleted: text = entry.value
     onEntryChanged: {
-        // The page has ended the editing, for example since its list is dragged.
+        // The page has ended the editing, for example because its list is dragged.
         if (activeFocus && editing && !entry.editing)
             focus = false;
         else if (!activeFocus && text !== entry.value)
@@ -40,7 +40,7 @@ TextInput {
     }
     onActiveFocusChanged: {
         if (activeFocus) {
-            // What cannot be seen whole is not edited but written anew; where nothing is typed, it stays.
+            // A text that cannot be shown whole is not edited but replaced; where nothing is typed, it stays.
             if (secure || entry.cut)
                 text = "";
             page.beginEditing(entry.section, entry.row);

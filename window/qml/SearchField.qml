@@ -1,7 +1,7 @@
 import QtQuick
 import Wardlock.Native
 
-// Pulled down over a list: filters its rows. What is in it is made when it is first asked for.
+// Pulled down over a list: filters its rows. Its content is created at its first use.
 Item {
     id: search
     readonly property string text: content.item ? content.item.text : ""

@@ -14,7 +14,7 @@ Item {
     readonly property bool takesKeys: selects && (kind !== "staticText" || entry.choice)
     readonly property bool leadsOn: kind === "link" || kind === "linkList"
 
-    /// What takes the keyboard of this row; null for none.
+    /// The item that takes the keyboard focus of this row; null for none.
     readonly property Item focusTarget: !entry.enabled ? null
         : selects ? (takesKeys ? row : null)
         : kind === "switch" ? toggle.item : kind === "slider" ? (slider.item ? slider.item.control : null) : field.item

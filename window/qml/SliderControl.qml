@@ -1,12 +1,12 @@
 import QtQuick
 import Wardlock.Native
 
-// A slider between 0 and 1. It stores when it is let go of.
+// A slider between 0 and 1. It stores its value when it is released.
 Item {
     id: slider
     property real position: 0
     property string label
-    /// For assistive technology: what the two ends stand for, and what it shows.
+    /// For assistive technology: the values of the two ends, and the present value as text.
     property real minimumValue: 0
     property real maximumValue: 1
     readonly property real value: minimumValue + shown * (maximumValue - minimumValue)

@@ -1,6 +1,6 @@
 import QtQuick
 
-// Twelve spokes that turn; to be seen only while it runs.
+// Twelve spokes that turn; visible only while it runs.
 Item {
     id: spinner
     property bool running: false

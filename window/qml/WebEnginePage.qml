@@ -1,8 +1,8 @@
 import QtQuick
 import QtWebEngine
 
-// The engine's view of one page, which whoever is on the way may have written: it gets the web and nothing of
-// the machine. It shows no error page of its own: a load that fails leaves what was there.
+// The engine's view of one page. Its content may come from anybody on the way, so it can use the web and nothing
+// of the machine. It shows no error page of its own: a load that fails leaves the earlier content.
 WebEngineView {
     id: view
     objectName: "web"

@@ -1,7 +1,7 @@
 import QtQuick
 import Wardlock.Native
 
-// A page of the web. The engine is loaded only now; where there is none the page says so.
+// A page of the web. The engine is loaded when the page opens; where there is none the page shows a message.
 Rectangle {
     id: webPage
     required property var page

@@ -72,7 +72,7 @@ TEST_F(WindowLongText, IsReplacedByWhatIsTypedInItsField) {
 
 TEST_F(WindowLongText, IsCutInTheNotice) {
     open();
-    host().settings().tell({megabytes});
+    host().settings().showProblems({megabytes});
     EXPECT_EQ(host().settings().notice(), window::shownText(megabytes));
 }
 

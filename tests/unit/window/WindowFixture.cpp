@@ -36,7 +36,7 @@ std::vector<std::string> WindowFixture::open(double transitionSeconds, QSize siz
     EXPECT_NE(host_->window(), nullptr);
     host_->appearance().force(false);
     host_->appearance().forceTextScale(1);
-    host_->settings().tell(provision.problems());
+    host_->settings().showProblems(provision.problems());
     platform::MailService::setCurrent(&mail);
     platform::UIApplication::sharedApplication().setURLOpener([this](std::string_view url) {
         openedUrls.emplace_back(url);
