@@ -1,7 +1,7 @@
 #!/usr/bin/python3
-"""Hears of every change of Wardlock's settings over D-Bus: one line "changed: KEY = VALUE" each.
+"""Prints every change of Wardlock's settings, received over D-Bus: one line "changed: KEY = VALUE" each.
 
-Needs PyGObject (python3-gi). docs/notification.md describes the signal and why it looks as it does.
+Needs PyGObject (python3-gi). docs/notification.md describes the signal and the reasons for its form.
 """
 import argparse
 import datetime
@@ -26,13 +26,13 @@ def device_root():
 
 
 def identity(root):
-    """What the signal calls a device root: several may share one bus."""
+    """Returns the signal's name for a device root: several may share one bus."""
     status = os.stat(root)
     return f"{status.st_dev}:{status.st_ino}"
 
 
 def is_private_folder(path):
-    """Whether nobody else could have put a bus there."""
+    """Returns whether no other user could have put a bus there."""
     if not os.path.isabs(path) or not os.path.isdir(path):
         return False
     status = os.stat(path)
@@ -52,7 +52,7 @@ def bus_address():
 
 
 def plain(value):
-    """The value inside a variant of the signal; its signature tells the kind."""
+    """Returns the value inside a variant of the signal; its signature gives the kind."""
     kind = value.get_type_string()
     if kind == "v":
         return plain(value.get_variant())
@@ -76,13 +76,13 @@ def children(container):
 
 
 def plain_or_start(value):
-    """A start of a container stays a pair of its kind and size; all else is a value."""
+    """Returns the start of a container as a pair of its kind and size, everything else as a value."""
     return value.unpack() if value.get_type_string() == "(su)" else plain(value)
 
 
 def flattened(items):
-    """A container whose nesting is deeper than a bus allows comes as the list of what is read in it."""
-    containers = []  # those that are not complete: kind, size, what they have so far
+    """Returns a container that is nested deeper than a bus allows: it arrives as the list of its values."""
+    containers = []  # the incomplete ones: kind, size, the values so far
     while True:
         item = next(items)
         if isinstance(item, tuple):
@@ -102,17 +102,17 @@ def flattened(items):
             containers[-1][2].append(item)
 
 
-def heard(_bus, _sender, _path, _interface, _member, arguments):
+def received(_bus, _sender, _path, _interface, _member, arguments):
     if arguments.get_type_string() != "(ssasav)" or arguments.get_child_value(1).get_string() != NAME:
         return
     try:
         user_info = [plain(item) for item in children(arguments.get_child_value(3))]
     except RecursionError:
-        return  # None of ours: what is so deep is announced without it.
+        return  # Not sent by Wardlock, which announces a value this deep without its content.
     if user_info:
         print(f"changed: {user_info[0].get('key')} = {user_info[0].get('object')!r}", flush=True)
     else:
-        # Something may have changed: whoever keeps settings in memory reads them again.
+        # Something may have changed: a program that keeps settings in memory reads them again.
         print("changed", flush=True)
 
 
@@ -125,8 +125,8 @@ def main():
     try:
         bus = Gio.DBusConnection.new_for_address_sync(bus_address(), flags)
         bus.signal_subscribe(None, "com.tavix.DistributedNotifications", "Notification",
-                             "/com/tavix/DistributedNotifications", identity(root), Gio.DBusSignalFlags.NONE, heard)
-        # An answer from the bus: by now it has taken the subscription, too.
+                             "/com/tavix/DistributedNotifications", identity(root), Gio.DBusSignalFlags.NONE, received)
+        # A reply from the bus: by now it has accepted the subscription, too.
         bus.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "GetId", None, None,
                       Gio.DBusCallFlags.NONE, -1)
     except (GLib.Error, OSError) as error:

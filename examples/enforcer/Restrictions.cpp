@@ -16,9 +16,9 @@ constexpr Feature features[] = {
     {"volume", wardlock::kRestrictVolume},
 };
 
-/// The list of restricted applications; null where the document has none. It may hold anything: arrayValue,
-/// stringValue and the like read what is of another kind as nothing, where Value::array() would be an error
-/// of this program.
+/// Returns the list of restricted applications; null where the document has none. The document may contain
+/// any kind of value: arrayValue, stringValue and the like read another kind as absent, where Value::array()
+/// would be an error of this program.
 const platform::Array* restrictedApplications() {
     return platform::arrayValue(wardlock::AccountObject(wardlock::kAppsRestricted));
 }
@@ -32,8 +32,8 @@ const Feature* feature(std::string_view name) {
 }
 
 bool allows(const Feature& feature) {
-    // Always this question first: with the master switch off nothing is restricted, but the look-ups of the
-    // enabled account go on answering.
+    // Always ask this first: with the master switch off nothing is restricted, but the look-ups of the
+    // enabled account still return its values.
     return !wardlock::TweakEnabled() || !wardlock::AccountBool(feature.key);
 }
 

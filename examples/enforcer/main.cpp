@@ -1,11 +1,11 @@
-// A program that enforces the settings. What a home screen would ask it comes as lines on standard input,
+// A program that enforces the settings. What a home screen would ask it comes as lines on standard input:
 //
 //     camera | siri | volume     may the child use it?
 //     open IDENTIFIER            may the child open this application?
-//     fail                       what becomes of a mistake in this program?
+//     fail                       what happens after a mistake in this program?
 //
-// and is answered by "yes" or "no". Changes are told as they come, and what they leave restricted. It ends at
-// the end of its input, or by SIGTERM. README.md beside this file walks through it.
+// It replies with "yes" or "no". It prints each change when it arrives, and what is restricted then. It ends
+// at the end of its input, or by SIGTERM. README.md beside this file explains it step by step.
 
 #include "Restrictions.h"
 
@@ -28,26 +28,26 @@
 
 namespace {
 
-std::string answer(const std::string& question) {
+std::string reply(const std::string& question) {
     constexpr std::string_view open = "open ";
     if (question.starts_with(open))
         return restrictions::allowsApplication(std::string_view(question).substr(open.size())) ? "yes" : "no";
     if (const auto* feature = restrictions::feature(question))
         return restrictions::allows(*feature) ? "yes" : "no";
     if (question == "fail")
-        platform::Array().at(1); // An index beyond the end, as a mistake would have it.
+        platform::Array().at(1); // An index beyond the end: a typical mistake.
     return "?";
 }
 
-/// Called from MainLoop::process() when the settings have been read anew: every look-up already answers with
-/// the new state. Key and value say what was changed, and are valid during the call only.
+/// Called from MainLoop::process() after the settings have been read again: every look-up already returns the
+/// new state. `key` and `value` are what was changed, and are valid during the call only.
 void settingsChanged(const platform::Value* key, const platform::Value* value) {
     std::cout << platform::stringWithFormat("changed: %@ = %@", key, value) << std::endl;
 }
 
 /// Does what a change asks for: a real program would close the camera that has just been restricted. It
-/// compares what is with what was, and leaves the callback's key and value to whoever tells people: after a
-/// lost bus has come back the settings are read anew without that call.
+/// compares the restrictions with the earlier ones instead of using the callback's key and value. After a
+/// lost bus has come back the settings are read again without that call.
 void enforce() {
     static std::string inForce;
     const std::string now = restrictions::summary();
@@ -56,37 +56,37 @@ void enforce() {
     inForce = now;
 }
 
-/// When an exception ends the process, its report waits in the main queue, which would not run again. This is
-/// called after the report is made and before the end. The queue belongs to the main thread.
+/// When an exception ends the process, its report waits in the main queue, which would not run again. This
+/// function is called after the report is made and before the end. The queue belongs to the main thread.
 void writeWhatIsQueued() {
     if (platform::NSOperationQueue::isMainThread())
         platform::NSOperationQueue::mainQueue().drain();
 }
 
 void start() {
-    // A mistake in this program ends it; these two put a report of it into the log on the device,
+    // A mistake in this program ends it. These two calls write a report of it into the log on the device,
     // /var/mobile/com.tavix.wardlock_log, which the parent can mail to the maker.
     platform::NSSetUncaughtExceptionHandler(wardlock::TweakExceptionHandler);
     platform::setTerminationHook(writeWhatIsQueued);
-    // Once per process. It listens first and reads then, so no change falls between; where there is no
-    // document yet, this is what makes the default one.
+    // Once per process. It registers the observer first and reads then, so no change is missed. Where there
+    // is no document yet, this call creates the default one.
     wardlock::InitSettingsWithUpdateNameAndCallback(wardlock::PostName, settingsChanged);
     wardlock::jLog("enforcer started");
 }
 
-/// Answers the whole lines that have come; false at the end of the input.
-bool answerQuestions(std::string& pending) {
+/// Replies to each whole line that has arrived. Returns false at the end of the input.
+bool replyToQuestions(std::string& pending) {
     char bytes[4096];
     const ssize_t count = read(STDIN_FILENO, bytes, sizeof bytes);
     if (count <= 0)
         return false;
     pending.append(bytes, static_cast<std::size_t>(count));
     for (std::size_t end; (end = pending.find('\n')) != std::string::npos; pending.erase(0, end + 1))
-        std::cout << answer(pending.substr(0, end)) << std::endl;
+        std::cout << reply(pending.substr(0, end)) << std::endl;
     return true;
 }
 
-/// A descriptor that is readable when one of the signals has come that ask the program to end.
+/// Returns a descriptor that is readable when a signal has arrived that asks the program to end.
 int signalsToEnd() {
     sigset_t signals;
     sigemptyset(&signals);
@@ -105,11 +105,11 @@ void obeyUntilTheEnd() {
         enforce();
         if (poll(watched, std::size(watched), -1) < 0)
             continue;
-        // The library needs nothing else: no thread, no timer. One descriptor, and this call when it is
-        // readable.
+        // The library needs nothing else: no thread, no timer. It needs one descriptor, and this call when it
+        // is readable.
         if (watched[0].revents)
             settings.process();
-        if (watched[1].revents || (watched[2].revents && !answerQuestions(pending)))
+        if (watched[1].revents || (watched[2].revents && !replyToQuestions(pending)))
             return;
     }
 }
@@ -117,13 +117,13 @@ void obeyUntilTheEnd() {
 } // namespace
 
 int main() {
-    // Whatever is thrown in here and not caught ends the program, with its report.
+    // An exception that is thrown in here and not caught ends the program, with its report.
     platform::callOrTerminate([] {
         start();
         std::cout << "ready" << std::endl;
         obeyUntilTheEnd();
-        // There is nothing to close: the settings are never written back, and the bus notices. Only the log
-        // may hold entries that the loop has not come to.
+        // There is nothing to close: the settings are never written back, and the bus notices the end. Only
+        // the log may have entries that the loop has not written yet.
         platform::NSOperationQueue::mainQueue().drain();
     });
 }
