@@ -11,13 +11,14 @@ bool seal(sd_bus_message* message) {
 }
 
 void checkNotification(sd_bus* bus, sd_bus_message* message) {
-    const auto notification = platform::readNotification(message);
+    const auto notification = platform::notifications::readNotification(message);
     if (!notification)
         return;
     platform::stringWithFormat("%@", notification->userInfo);
-    const platform::BusMessage written = platform::notificationMessage(bus, *notification);
+    const platform::bus::BusMessage written =
+        platform::notifications::notificationMessage(bus, *notification);
     check(written && seal(written.get()), "what was read can be written");
-    const auto again = platform::readNotification(written.get());
+    const auto again = platform::notifications::readNotification(written.get());
     check(again && again->name == notification->name && again->object == notification->object &&
               again->userInfo == notification->userInfo,
           "what was read, written and read again is the same");

@@ -42,7 +42,7 @@ void appendField(std::string& fields, char code, char type, std::string_view tex
 
 /// Returns the little-endian wire form of a signal.
 std::string signalMessage(std::string_view signature, std::string_view body) {
-    namespace format = platform::notificationformat;
+    namespace format = platform::notifications::format;
     // Aligned as if after the sixteen bytes that precede them, which align as well.
     std::string fields;
     appendField(fields, 1, 'o', format::path);
@@ -75,7 +75,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         pair = std::make_unique<BusPair>();
         sd_bus_add_filter(pair->receiver(), nullptr, arrived, nullptr);
     }
-    const std::string signature = plan.yes() ? plan.bytes() : platform::notificationformat::signature;
+    const std::string signature = plan.yes() ? plan.bytes() : platform::notifications::format::signature;
     // A receiver closes the connection after a malformed message.
     if (!pair->send(signalMessage(signature, plan.rest())))
         pair.reset();

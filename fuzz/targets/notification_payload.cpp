@@ -110,13 +110,13 @@ private:
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     static const wardlock::fuzz::BusPair pair;
-    namespace format = platform::notificationformat;
+    namespace format = platform::notifications::format;
     Plan plan({reinterpret_cast<const char*>(bytes), size});
     sd_bus_message* created = nullptr;
     wardlock::fuzz::check(sd_bus_message_new_signal(pair.receiver(), &created, format::path,
                                                     format::interface, format::member) >= 0,
                           "a new message");
-    const platform::BusMessage message(created);
+    const platform::bus::BusMessage message(created);
     MessagePlanner(created, plan).appendNotification();
     if (wardlock::fuzz::seal(created))
         wardlock::fuzz::checkNotification(pair.receiver(), created);

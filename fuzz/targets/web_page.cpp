@@ -28,10 +28,10 @@ void checkText(std::string_view text) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
-    const std::string text = platform::decodedPage(bytes, "text/html");
+    const std::string text = platform::web::decodedPage(bytes, "text/html");
     check(platform::isValidUtf8(text));
-    checkText(platform::plainText(platform::decodedText(bytes, "text/plain")).text);
-    const auto page = platform::htmlText(text, "http://host.example/folder/page?query");
+    checkText(platform::web::plainText(platform::web::decodedText(bytes, "text/plain")).text);
+    const auto page = platform::web::htmlText(text, "http://host.example/folder/page?query");
     // Only a long page may be too complex.
     check(page || size > ShortPage);
     if (!page)

@@ -7,7 +7,7 @@
 #include <sys/un.h>
 #include <unistd.h>
 
-namespace platform {
+namespace platform::bus {
 
 namespace {
 
@@ -78,4 +78,4 @@ BusAddress busAddress() {
     return {busAddressOfSocket(folder + ownSocketName), folder, false};
 }
 
-} // namespace platform
+} // namespace platform::bus

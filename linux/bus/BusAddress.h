@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace platform {
+namespace platform::bus {
 
 /// Where the notifications of this user go.
 struct BusAddress {
@@ -22,4 +22,4 @@ BusAddress busAddress();
 /// The D-Bus address of a socket at the path.
 std::string busAddressOfSocket(const std::string& path);
 
-} // namespace platform
+} // namespace platform::bus

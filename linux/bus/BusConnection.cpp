@@ -5,7 +5,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
-namespace platform {
+namespace platform::bus {
 
 namespace {
 
@@ -86,4 +86,4 @@ std::uint64_t BusConnection::unsent() const {
     return sd_bus_get_n_queued_write(bus_, &count) < 0 ? 0 : count;
 }
 
-} // namespace platform
+} // namespace platform::bus

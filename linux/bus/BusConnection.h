@@ -10,13 +10,13 @@
 #include <string>
 #include <string_view>
 
-namespace platform {
+namespace platform::bus {
 
 /// One connection to a message bus, from the connecting to its loss; a lost one is of no further use. Nothing
 /// here waits for the bus, wait() aside.
 class BusConnection {
 public:
-    using Clock = LoopSource::Clock;
+    using Clock = posix::LoopSource::Clock;
 
     /// Whose process may be at the other end.
     enum class Peer { Any, OwnUser };
@@ -55,4 +55,4 @@ private:
     std::string uniqueName_;
 };
 
-} // namespace platform
+} // namespace platform::bus

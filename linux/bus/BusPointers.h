@@ -5,7 +5,7 @@
 #include <memory>
 
 /// Owners of what sd-bus hands out.
-namespace platform {
+namespace platform::bus {
 
 struct BusMessageDeleter {
     void operator()(sd_bus_message* message) const { sd_bus_message_unref(message); }
@@ -18,4 +18,4 @@ struct BusSlotDeleter {
 /// Letting go of a slot ends what it stands for: a subscription, a call that waits for its answer.
 using BusSlot = std::unique_ptr<sd_bus_slot, BusSlotDeleter>;
 
-} // namespace platform
+} // namespace platform::bus

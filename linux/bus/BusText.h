@@ -2,9 +2,9 @@
 
 #include <string_view>
 
-namespace platform {
+namespace platform::bus {
 
 /// Whether a D-Bus string can carry the text: well-formed UTF-8 without a zero byte.
 bool isBusText(std::string_view text);
 
-} // namespace platform
+} // namespace platform::bus

@@ -8,7 +8,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-namespace platform {
+namespace platform::bus {
 
 namespace {
 
@@ -86,4 +86,4 @@ bool runDaemon(const std::vector<std::string>& command, std::chrono::millisecond
     return WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
-} // namespace platform
+} // namespace platform::bus

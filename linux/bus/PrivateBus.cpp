@@ -16,7 +16,7 @@
 #include <sys/un.h>
 #include <unistd.h>
 
-namespace platform {
+namespace platform::bus {
 
 namespace {
 
@@ -62,7 +62,7 @@ Listener listenerAt(const std::string& path) {
     if (path.size() >= sizeof address.sun_path)
         return Listener::Unknown;
     std::memcpy(address.sun_path, path.c_str(), path.size() + 1);
-    const FileDescriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+    const posix::FileDescriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
     if (!socket)
         return Listener::Unknown;
     if (connect(socket.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0 ||
@@ -74,13 +74,13 @@ Listener listenerAt(const std::string& path) {
 } // namespace
 
 bool PrivateBus::folderIsPrivate() const {
-    return preparePrivateFolder(folder_);
+    return posix::preparePrivateFolder(folder_);
 }
 
 PrivateBus::Start PrivateBus::start() const {
     if (!folderIsPrivate())
         return Start::Failed;
-    const FileDescriptor lock(
+    const posix::FileDescriptor lock(
         open((folder_ + "/lock").c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR));
     if (!lock)
         return Start::Failed;
@@ -106,10 +106,11 @@ bool PrivateBus::writeConfiguration() const {
     // In its escaped form the address needs no escaping for XML.
     replace(text, "@ADDRESS@", busAddressOfSocket(socketPath()));
     replace(text, "@USER@", std::string_view(digits, static_cast<std::size_t>(end - digits)));
-    const FileDescriptor file(open(configurationPath().c_str(),
-                                   O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR));
-    PosixFileSystem files;
+    const posix::FileDescriptor file(open(configurationPath().c_str(),
+                                          O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC,
+                                          S_IRUSR | S_IWUSR));
+    posix::PosixFileSystem files;
     return file && !writeAll(files, file.get(), text);
 }
 
-} // namespace platform
+} // namespace platform::bus

@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace platform {
+namespace platform::bus {
 
 /// A message bus of our own, for machines without a session: a dbus-daemon in a private folder, shared by all
 /// processes of the user that find the same folder. It lives on after the process that started it.
@@ -31,4 +31,4 @@ private:
     std::string folder_;
 };
 
-} // namespace platform
+} // namespace platform::bus

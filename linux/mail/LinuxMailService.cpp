@@ -9,7 +9,7 @@
 #include <thread>
 #include <utility>
 
-namespace platform {
+namespace platform::mail {
 
 namespace {
 
@@ -36,7 +36,8 @@ void tell(const MailOutcome& outcome, Told done) {
 bool opensInTime(const std::shared_ptr<MailRoute>& route) {
     auto promise = std::make_shared<std::promise<bool>>();
     auto open = promise->get_future();
-    std::thread asking = startSignalMaskedThread([route, promise] { promise->set_value(route->isOpen()); });
+    std::thread asking =
+        posix::startSignalMaskedThread([route, promise] { promise->set_value(route->isOpen()); });
     if (!asking.joinable())
         return false;
     asking.detach();
@@ -49,7 +50,7 @@ bool LinuxMailService::canSendMail() {
 
 void LinuxMailService::send(const MailMessage& message, std::function<void(const MailOutcome&)> done) {
     const auto handedOver = std::make_shared<Told>(std::move(done));
-    std::thread sending = startSignalMaskedThread([routes = routes_, message, handedOver] {
+    std::thread sending = posix::startSignalMaskedThread([routes = routes_, message, handedOver] {
         tell(sendBy(routes, message), std::exchange(*handedOver, {}));
     });
     if (sending.joinable())
@@ -58,4 +59,4 @@ void LinuxMailService::send(const MailMessage& message, std::function<void(const
         tell({MailOutcome::Kind::Failed, "The system has no room for another thread."}, *handedOver);
 }
 
-} // namespace platform
+} // namespace platform::mail

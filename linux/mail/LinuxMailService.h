@@ -5,7 +5,7 @@
 #include <memory>
 #include <vector>
 
-namespace platform {
+namespace platform::mail {
 
 /// Whether the route is open. Asked beside the calling thread; one that does not answer within seconds counts
 /// as closed.
@@ -24,4 +24,4 @@ private:
     std::vector<std::shared_ptr<MailRoute>> routes_;
 };
 
-} // namespace platform
+} // namespace platform::mail

@@ -14,7 +14,7 @@
 #include <filesystem>
 #include <sys/stat.h>
 
-namespace platform {
+namespace platform::mail {
 
 namespace fs = std::filesystem;
 
@@ -64,10 +64,11 @@ std::string safeFileName(std::string_view text) {
 }
 
 std::error_code writeNewFile(const std::string& path, std::string_view bytes) {
-    const FileDescriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0600));
+    const posix::FileDescriptor file(
+        open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0600));
     if (!file)
         return {errno, std::generic_category()};
-    PosixFileSystem files;
+    posix::PosixFileSystem files;
     std::error_code error = writeAll(files, file.get(), bytes);
     if (!error)
         error = uninterrupted([&] { return files.sync(file.get(), Sync::Full); });
@@ -78,7 +79,7 @@ std::error_code writeNewFile(const std::string& path, std::string_view bytes) {
 
 MailFolder::MailFolder(const std::vector<MailAttachment>& attachments) {
     const fs::path parent = parentFolder();
-    if (parent.empty() || !prepareOwnFolder(parent.string()))
+    if (parent.empty() || !posix::prepareOwnFolder(parent.string()))
         return;
     removeOldFolders(parent);
     path_ = (parent / (std::string(folderName) + "XXXXXX")).string();
@@ -104,4 +105,4 @@ void MailFolder::remove() const {
         fs::remove_all(path_, ignored);
 }
 
-} // namespace platform
+} // namespace platform::mail

@@ -7,7 +7,7 @@
 #include <system_error>
 #include <vector>
 
-namespace platform {
+namespace platform::mail {
 
 /// A name for a file, made of any text: no folders, no control characters, nothing that begins with a dot or
 /// a dash, not too long, never empty.
@@ -35,4 +35,4 @@ private:
     bool complete_ = false;
 };
 
-} // namespace platform
+} // namespace platform::mail

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-namespace platform {
+namespace platform::mail {
 
 namespace {
 
@@ -149,4 +149,4 @@ std::string mailFileNameParameter(std::string_view parameter, std::string_view f
     return "; " + std::string(parameter) + "=\"" + plain + '"';
 }
 
-} // namespace platform
+} // namespace platform::mail

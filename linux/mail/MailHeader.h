@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-namespace platform {
+namespace platform::mail {
 
 /// "Name: text" with CRLF, the text as it is where it is ASCII and else in encoded words, in lines of at most
 /// 76 characters. Line feeds and other control characters become blanks, so that no text can add a header.
@@ -18,4 +18,4 @@ std::string mailFileNameParameter(std::string_view parameter, std::string_view f
 /// The text without control characters.
 std::string withoutControls(std::string_view text);
 
-} // namespace platform
+} // namespace platform::mail

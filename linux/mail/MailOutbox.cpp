@@ -12,7 +12,7 @@
 #include <system_error>
 #include <unistd.h>
 
-namespace platform {
+namespace platform::mail {
 
 namespace fs = std::filesystem;
 
@@ -39,7 +39,7 @@ MailOutcome notSaved(const fs::path& folder, std::error_code error) {
 
 bool MailOutbox::isOpen() {
     const std::string folder = pathOnDevice(mailOutboxPath);
-    return isFolderOfOwnUser(folder) && access(folder.c_str(), W_OK | X_OK) == 0;
+    return posix::isFolderOfOwnUser(folder) && access(folder.c_str(), W_OK | X_OK) == 0;
 }
 
 std::optional<MailOutcome> MailOutbox::send(const MailMessage& message) {
@@ -70,4 +70,4 @@ std::optional<MailOutcome> MailOutbox::send(const MailMessage& message) {
     return notSaved(folder, error);
 }
 
-} // namespace platform
+} // namespace platform::mail

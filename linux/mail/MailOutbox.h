@@ -2,7 +2,7 @@
 
 #include "linux/mail/MailRoute.h"
 
-namespace platform {
+namespace platform::mail {
 
 /// The device root's outbox folder, where there is one: a complete message is saved there.
 class MailOutbox : public MailRoute {
@@ -11,4 +11,4 @@ public:
     std::optional<MailOutcome> send(const MailMessage& message) override;
 };
 
-} // namespace platform
+} // namespace platform::mail

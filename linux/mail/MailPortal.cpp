@@ -3,7 +3,7 @@
 #include "linux/mail/MailFolder.h"
 #include "linux/mail/MailPortalRequest.h"
 
-namespace platform {
+namespace platform::mail {
 
 namespace {
 
@@ -36,4 +36,4 @@ std::optional<MailOutcome> MailPortal::send(const MailMessage& message) {
     return std::nullopt;
 }
 
-} // namespace platform
+} // namespace platform::mail

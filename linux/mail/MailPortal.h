@@ -2,7 +2,7 @@
 
 #include "linux/mail/MailRoute.h"
 
-namespace platform {
+namespace platform::mail {
 
 /// The desktop's email portal, org.freedesktop.portal.Email, over a connection of its own to the session bus
 /// that the environment names. It takes the attachments as open files, and asks the person which mail program
@@ -13,4 +13,4 @@ public:
     std::optional<MailOutcome> send(const MailMessage& message) override;
 };
 
-} // namespace platform
+} // namespace platform::mail

@@ -11,12 +11,12 @@
 #include <fcntl.h>
 #include <random>
 
-namespace platform {
+namespace platform::mail {
 
 namespace {
 
-using desktopportal::object;
-using desktopportal::service;
+using bus::desktopportal::object;
+using bus::desktopportal::service;
 
 constexpr const char* emailInterface = "org.freedesktop.portal.Email";
 constexpr const char* requestInterface = "org.freedesktop.portal.Request";
@@ -87,7 +87,7 @@ bool appendFiles(sd_bus_message* call, const std::vector<std::string>& files) {
                     sd_bus_message_open_container(call, 'v', "ah") >= 0 &&
                     sd_bus_message_open_container(call, 'a', "h") >= 0;
     for (const auto& file : files) {
-        const FileDescriptor opened(open(file.c_str(), O_RDONLY | O_CLOEXEC));
+        const posix::FileDescriptor opened(open(file.c_str(), O_RDONLY | O_CLOEXEC));
         // The message keeps a duplicate.
         appended = appended && opened && sd_bus_message_append(call, "h", opened.get()) >= 0;
     }
@@ -95,12 +95,12 @@ bool appendFiles(sd_bus_message* call, const std::vector<std::string>& files) {
            sd_bus_message_close_container(call) >= 0 && sd_bus_message_close_container(call) >= 0;
 }
 
-BusMessage composeCall(sd_bus& bus, std::uint32_t version, const MailMessage& message,
-                       const std::vector<std::string>& files, const std::string& token) {
+bus::BusMessage composeCall(sd_bus& bus, std::uint32_t version, const MailMessage& message,
+                            const std::vector<std::string>& files, const std::string& token) {
     sd_bus_message* made = nullptr;
     if (sd_bus_message_new_method_call(&bus, &made, service, object, emailInterface, "ComposeEmail") < 0)
         return nullptr;
-    BusMessage call(made);
+    bus::BusMessage call(made);
     const bool complete =
         sd_bus_message_append(made, "s", "") >= 0 && sd_bus_message_open_container(made, 'a', "{sv}") >= 0 &&
         appendText(made, "handle_token", token) && appendRecipients(made, version, message.recipients) &&
@@ -129,7 +129,7 @@ void waitForResponse(sd_bus& bus, const Response& response, std::chrono::microse
 } // namespace
 
 PortalBus openPortalBus() {
-    const BusAddress address = busAddress();
+    const bus::BusAddress address = bus::busAddress();
     // No portal stands at a bus of our own.
     sd_bus* made = nullptr;
     if (!address.ownFolder.empty() || sd_bus_new(&made) < 0)
@@ -145,13 +145,13 @@ std::optional<std::uint32_t> emailPortalVersion(sd_bus& bus, std::chrono::micros
     if (sd_bus_message_new_method_call(&bus, &made, service, object, "org.freedesktop.DBus.Properties",
                                        "Get") < 0)
         return std::nullopt;
-    const BusMessage call(made);
+    const bus::BusMessage call(made);
     if (sd_bus_message_append(made, "ss", emailInterface, "version") < 0)
         return std::nullopt;
     sd_bus_message* answered = nullptr;
     if (sd_bus_call(&bus, made, static_cast<std::uint64_t>(timeout.count()), nullptr, &answered) < 0)
         return std::nullopt;
-    const BusMessage answer(answered);
+    const bus::BusMessage answer(answered);
     std::uint32_t version = 0;
     return sd_bus_message_read(answered, "v", "u", &version) >= 0 ? std::optional(version) : std::nullopt;
 }
@@ -161,7 +161,7 @@ std::optional<PortalResponse> composeEmail(sd_bus& bus, std::uint32_t version, c
                                            std::chrono::microseconds timeout) {
     const std::string token = newToken();
     const std::string path = requestPath(bus, token);
-    const BusMessage call = composeCall(bus, version, message, files, token);
+    const bus::BusMessage call = composeCall(bus, version, message, files, token);
     if (path.empty() || !call)
         return std::nullopt;
     // Subscribed before the call: the answer may come before the call returns.
@@ -170,20 +170,20 @@ std::optional<PortalResponse> composeEmail(sd_bus& bus, std::uint32_t version, c
     if (sd_bus_match_signal(&bus, &subscribed, service, path.c_str(), requestInterface, "Response",
                             takeResponse, &response) < 0)
         return std::nullopt;
-    const BusSlot slot(subscribed);
+    const bus::BusSlot slot(subscribed);
     const std::string owners = std::string("type='signal',sender='org.freedesktop.DBus',"
                                            "path='/org/freedesktop/DBus',interface='org.freedesktop.DBus',"
                                            "member='NameOwnerChanged',arg0='") +
                                service + "'";
     if (sd_bus_add_match(&bus, &subscribed, owners.c_str(), takeOwner, &response) < 0)
         return std::nullopt;
-    const BusSlot ownerSlot(subscribed);
+    const bus::BusSlot ownerSlot(subscribed);
     sd_bus_message* answered = nullptr;
     if (sd_bus_call(&bus, call.get(), static_cast<std::uint64_t>(timeout.count()), nullptr, &answered) < 0)
         return std::nullopt;
-    const BusMessage answer(answered);
+    const bus::BusMessage answer(answered);
     waitForResponse(bus, response, timeout);
     return response ? std::optional(static_cast<PortalResponse>(*response)) : std::nullopt;
 }
 
-} // namespace platform
+} // namespace platform::mail

@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-namespace platform {
+namespace platform::mail {
 
 /// A connection to the session bus, to be used by one thread. Null when there is none. It is never flushed:
 /// that could wait for a stopped daemon.
@@ -32,4 +32,4 @@ std::optional<PortalResponse> composeEmail(sd_bus& bus, std::uint32_t version, c
                                            const std::vector<std::string>& files,
                                            std::chrono::microseconds timeout);
 
-} // namespace platform
+} // namespace platform::mail

@@ -5,7 +5,7 @@
 #include "linux/posix/Program.h"
 #include "linux/web/UrlHandlers.h"
 
-namespace platform {
+namespace platform::mail {
 
 namespace {
 
@@ -20,7 +20,7 @@ bool looksLikeAddress(const std::string& text) {
 } // namespace
 
 bool MailProgram::isOpen() {
-    return hasDisplay() && findProgram("xdg-email") && schemeHasHandler("mailto");
+    return web::hasDisplay() && posix::findProgram("xdg-email") && web::schemeHasHandler("mailto");
 }
 
 std::optional<MailOutcome> MailProgram::send(const MailMessage& message) {
@@ -36,11 +36,11 @@ std::optional<MailOutcome> MailProgram::send(const MailMessage& message) {
     for (const auto& recipient : message.recipients)
         if (looksLikeAddress(recipient))
             words.push_back(withoutControls(recipient));
-    const auto code = startProgram(words, patience);
+    const auto code = posix::startProgram(words, patience);
     if (code && *code == 0)
         return MailOutcome{MailOutcome::Kind::HandedOver, "The mail was handed to your mail program."};
     folder.remove();
     return std::nullopt;
 }
 
-} // namespace platform
+} // namespace platform::mail

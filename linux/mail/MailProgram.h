@@ -2,7 +2,7 @@
 
 #include "linux/mail/MailRoute.h"
 
-namespace platform {
+namespace platform::mail {
 
 /// The desktop's mail program, through xdg-email: where it is installed, a program is registered for mail and
 /// there is a display.
@@ -12,4 +12,4 @@ public:
     std::optional<MailOutcome> send(const MailMessage& message) override;
 };
 
-} // namespace platform
+} // namespace platform::mail

@@ -4,7 +4,7 @@
 
 #include <optional>
 
-namespace platform {
+namespace platform::mail {
 
 /// One way for a mail to leave this machine. Called from any thread, one at a time; may wait, bounded.
 class MailRoute {
@@ -17,4 +17,4 @@ public:
     virtual std::optional<MailOutcome> send(const MailMessage& message) = 0;
 };
 
-} // namespace platform
+} // namespace platform::mail

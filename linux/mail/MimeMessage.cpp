@@ -9,7 +9,7 @@
 #include <random>
 #include <unistd.h>
 
-namespace platform {
+namespace platform::mail {
 
 namespace {
 
@@ -145,4 +145,4 @@ std::string mimeMessage(const MailMessage& message, const MailOrigin& origin) {
     return text + lineEnd + "--" + boundary + "--\r\n";
 }
 
-} // namespace platform
+} // namespace platform::mail

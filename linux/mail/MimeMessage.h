@@ -5,7 +5,7 @@
 #include <ctime>
 #include <string>
 
-namespace platform {
+namespace platform::mail {
 
 /// What a message says of where and when it was written.
 struct MailOrigin {
@@ -22,4 +22,4 @@ MailOrigin mailOriginOfProcess();
 /// The complete message, as a mail program opens it for sending: headers, text, attachments; ASCII with CRLF.
 std::string mimeMessage(const MailMessage& message, const MailOrigin& origin);
 
-} // namespace platform
+} // namespace platform::mail

@@ -9,7 +9,7 @@
 #include <sys/stat.h>
 #include <utility>
 
-namespace platform {
+namespace platform::notifications {
 
 namespace {
 
@@ -56,4 +56,4 @@ std::string deviceRootIdentity() {
     return known.identity;
 }
 
-} // namespace platform
+} // namespace platform::notifications

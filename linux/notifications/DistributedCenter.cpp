@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace platform {
+namespace platform::notifications {
 
 namespace {
 
@@ -27,9 +27,9 @@ DistributedCenter::DistributedCenter()
                 subscribed_ = false;
                 missAll();
                 // The descriptor's number may be in use again before the loop looks the next time.
-                LoopSources::shared().refresh();
+                posix::LoopSources::shared().refresh();
             }}) {
-    LoopSources::shared().add(*this);
+    posix::LoopSources::shared().add(*this);
 }
 
 void DistributedCenter::addObserver(void* observer, CFNotificationCallback callback, std::string_view name,
@@ -39,7 +39,7 @@ void DistributedCenter::addObserver(void* observer, CFNotificationCallback callb
     const bool effective = bus_.subscribe();
     registrations_.push_back(
         {observer, callback, std::string(name), object ? std::optional(*object) : std::nullopt, !effective});
-    LoopSources::shared().refresh();
+    posix::LoopSources::shared().refresh();
 }
 
 void DistributedCenter::postNotification(std::string_view name, const std::string* object,
@@ -49,7 +49,7 @@ void DistributedCenter::postNotification(std::string_view name, const std::strin
                                     userInfo ? std::optional(*userInfo) : std::nullopt};
     // Other processes first: an observer here may throw.
     bus_.post(notification);
-    LoopSources::shared().refresh();
+    posix::LoopSources::shared().refresh();
     deliver(notification);
 }
 
@@ -106,4 +106,4 @@ void DistributedCenter::deliverMissed() {
     }
 }
 
-} // namespace platform
+} // namespace platform::notifications

@@ -9,12 +9,12 @@
 #include <string>
 #include <vector>
 
-namespace platform {
+namespace platform::notifications {
 
 /// The distributed centre over D-Bus. The observers of the posting process are told within the post; those of
 /// other processes of the same device root from their main loop. An observer that may have missed
 /// notifications, because the bus was away, is told once without user info, so that it looks for itself.
-class DistributedCenter : public CFNotificationCenter, public LoopSource {
+class DistributedCenter : public CFNotificationCenter, public posix::LoopSource {
 public:
     DistributedCenter();
 
@@ -52,4 +52,4 @@ private:
     NotificationBus bus_;
 };
 
-} // namespace platform
+} // namespace platform::notifications

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace platform {
+namespace platform::notifications {
 
 bool FlattenedValue::add(Value value) {
     if (!put(std::move(value)))
@@ -82,4 +82,4 @@ void FlattenedValue::closeFilled() {
     }
 }
 
-} // namespace platform
+} // namespace platform::notifications

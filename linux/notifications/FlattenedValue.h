@@ -11,7 +11,7 @@
 #include <variant>
 #include <vector>
 
-namespace platform {
+namespace platform::notifications {
 
 /// Assembles a value from its parts in the order of reading: a container is begun with the number of its
 /// elements or entries, which follow; an entry is its key, a string, and its value. Each step answers false
@@ -53,4 +53,4 @@ private:
     std::optional<Value> value_;
 };
 
-} // namespace platform
+} // namespace platform::notifications

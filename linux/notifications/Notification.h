@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-namespace platform {
+namespace platform::notifications {
 
 /// What one process of a device root tells the others.
 struct Notification {
@@ -16,4 +16,4 @@ struct Notification {
     std::optional<Dictionary> userInfo;
 };
 
-} // namespace platform
+} // namespace platform::notifications

@@ -9,7 +9,7 @@
 #include <thread>
 #include <utility>
 
-namespace platform {
+namespace platform::notifications {
 
 namespace {
 
@@ -85,10 +85,10 @@ void NotificationBus::connectIfDue(Clock::time_point due) {
 }
 
 void NotificationBus::connect() {
-    const BusAddress address = busAddress();
+    const bus::BusAddress address = bus::busAddress();
     startingElsewhere_ = false;
     if (address.ownFolder.empty())
-        connection_ = BusConnection::open(address.text, BusConnection::Peer::Any);
+        connection_ = bus::BusConnection::open(address.text, bus::BusConnection::Peer::Any);
     else
         connectToOwnBus(address);
     handshakeAwaited_ = false;
@@ -99,17 +99,17 @@ void NotificationBus::connect() {
 }
 
 /// The folder first: in one that somebody else has laid in its place somebody else listens.
-void NotificationBus::connectToOwnBus(const BusAddress& address) {
-    const PrivateBus bus(address.ownFolder);
+void NotificationBus::connectToOwnBus(const bus::BusAddress& address) {
+    const bus::PrivateBus bus(address.ownFolder);
     if (!bus.folderIsPrivate())
         return;
-    connection_ = BusConnection::open(address.text, BusConnection::Peer::OwnUser);
+    connection_ = bus::BusConnection::open(address.text, bus::BusConnection::Peer::OwnUser);
     if (connection_)
         return;
     const auto start = bus.start();
-    startingElsewhere_ = start == PrivateBus::Start::StartedByOther;
-    if (start == PrivateBus::Start::Running)
-        connection_ = BusConnection::open(address.text, BusConnection::Peer::OwnUser);
+    startingElsewhere_ = start == bus::PrivateBus::Start::StartedByOther;
+    if (start == bus::PrivateBus::Start::Running)
+        connection_ = bus::BusConnection::open(address.text, bus::BusConnection::Peer::OwnUser);
 }
 
 void NotificationBus::scheduleNextAttempt() {
@@ -175,8 +175,8 @@ void NotificationBus::askForSubscription() {
     slot_.reset();
     sd_bus_slot* slot = nullptr;
     subscription_ = Subscription::Asked;
-    if (sd_bus_add_match_async(connection_->bus(), &slot, notificationformat::match, onNotification,
-                               onSubscribed, this) < 0) {
+    if (sd_bus_add_match_async(connection_->bus(), &slot, format::match, onNotification, onSubscribed, this) <
+        0) {
         subscription_ = Subscription::Refused;
         subscriptionRetry_ = Clock::now() + subscriptionRetryTime;
     }
@@ -238,4 +238,4 @@ void NotificationBus::waitForSocket() {
     }
 }
 
-} // namespace platform
+} // namespace platform::notifications

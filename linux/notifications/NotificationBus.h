@@ -12,12 +12,12 @@
 #include <memory>
 #include <optional>
 
-namespace platform {
+namespace platform::notifications {
 
 /// Carries notifications to and from the other processes of this user, whatever becomes of the bus: looks for
 /// it, connects, subscribes, and begins again after a loss. Main thread only. Every wait is bounded: two
 /// seconds for a bus that accepts and does nothing, three for a subscription; none where nobody listens.
-class NotificationBus : public LoopSource {
+class NotificationBus : public posix::LoopSource {
 public:
     struct Events {
         /// A notification that another process posted. Within process(), subscribe() and post(): keep it for
@@ -46,7 +46,7 @@ private:
     bool isReady() const { return connection_ && connection_->isReady(); }
     void connectIfDue(Clock::time_point due);
     void connect();
-    void connectToOwnBus(const BusAddress& address);
+    void connectToOwnBus(const bus::BusAddress& address);
     void scheduleNextAttempt();
     /// One step of what there is to do: an attempt that is due, what the bus has sent, what waits to be sent.
     void advance();
@@ -63,8 +63,8 @@ private:
     static int onSubscribed(sd_bus_message* message, void* self, sd_bus_error* error);
 
     Events events_;
-    std::unique_ptr<BusConnection> connection_;
-    BusSlot slot_;
+    std::unique_ptr<bus::BusConnection> connection_;
+    bus::BusSlot slot_;
     Subscription subscription_ = Subscription::None;
     bool subscriptionWanted_ = false;
     Clock::time_point subscriptionRetry_{};
@@ -82,4 +82,4 @@ private:
     std::deque<Notification> pending_;
 };
 
-} // namespace platform
+} // namespace platform::notifications

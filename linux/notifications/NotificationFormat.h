@@ -20,7 +20,7 @@
 //        "dictionary" and the number of its elements or entries, which follow; an entry is its key and its
 //        value.
 
-namespace platform::notificationformat {
+namespace platform::notifications::format {
 
 inline constexpr const char* path = "/com/tavix/DistributedNotifications";
 inline constexpr const char* interface = "com.tavix.DistributedNotifications";
@@ -41,4 +41,4 @@ inline constexpr int mostNestedLevels = 32;
 inline constexpr std::size_t mostValues = 1'500'000;
 inline constexpr std::size_t mostBytes = std::size_t{30} * 1024 * 1024;
 
-} // namespace platform::notificationformat
+} // namespace platform::notifications::format

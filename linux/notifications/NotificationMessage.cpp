@@ -7,11 +7,9 @@
 
 #include <utility>
 
-namespace platform {
+namespace platform::notifications {
 
 namespace {
-
-namespace format = notificationformat;
 
 bool appendUserInfo(sd_bus_message* message, const std::optional<Dictionary>& userInfo) {
     return sd_bus_message_open_container(message, 'a', "v") >= 0 &&
@@ -19,11 +17,12 @@ bool appendUserInfo(sd_bus_message* message, const std::optional<Dictionary>& us
            sd_bus_message_close_container(message) >= 0;
 }
 
-BusMessage build(sd_bus* bus, const Notification& notification, const std::optional<Dictionary>& userInfo) {
+bus::BusMessage build(sd_bus* bus, const Notification& notification,
+                      const std::optional<Dictionary>& userInfo) {
     sd_bus_message* created = nullptr;
     if (sd_bus_message_new_signal(bus, &created, format::path, format::interface, format::member) < 0)
         return nullptr;
-    BusMessage message(created);
+    bus::BusMessage message(created);
     const bool hasObject = notification.object.has_value();
     if (sd_bus_message_append(created, "ss", notification.deviceRoot.c_str(), notification.name.c_str()) <
             0 ||
@@ -58,9 +57,9 @@ bool readUserInfo(sd_bus_message* message, std::optional<Dictionary>& userInfo) 
 
 } // namespace
 
-BusMessage notificationMessage(sd_bus* bus, const Notification& notification) {
-    if (!isBusText(notification.deviceRoot) || !isBusText(notification.name) ||
-        (notification.object && !isBusText(*notification.object)))
+bus::BusMessage notificationMessage(sd_bus* bus, const Notification& notification) {
+    if (!bus::isBusText(notification.deviceRoot) || !bus::isBusText(notification.name) ||
+        (notification.object && !bus::isBusText(*notification.object)))
         return nullptr;
     auto message = build(bus, notification, notification.userInfo);
     if (!message && notification.userInfo)
@@ -82,4 +81,4 @@ std::optional<Notification> readNotification(sd_bus_message* message) {
     return notification;
 }
 
-} // namespace platform
+} // namespace platform::notifications

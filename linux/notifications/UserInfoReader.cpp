@@ -11,11 +11,9 @@
 #include <utility>
 #include <vector>
 
-namespace platform {
+namespace platform::notifications {
 
 namespace {
-
-namespace format = notificationformat;
 
 template <class T>
 std::optional<Value> readBasic(sd_bus_message* message, char type) {
@@ -191,4 +189,4 @@ bool UserInfoReader::account() {
     return ++values_ <= format::mostValues;
 }
 
-} // namespace platform
+} // namespace platform::notifications

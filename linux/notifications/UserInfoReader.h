@@ -8,7 +8,7 @@
 #include <optional>
 #include <string_view>
 
-namespace platform {
+namespace platform::notifications {
 
 class FlattenedValue;
 
@@ -38,4 +38,4 @@ private:
     std::size_t values_ = 0;
 };
 
-} // namespace platform
+} // namespace platform::notifications

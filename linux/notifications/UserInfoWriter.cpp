@@ -9,11 +9,9 @@
 #include <variant>
 #include <vector>
 
-namespace platform {
+namespace platform::notifications {
 
 namespace {
-
-namespace format = notificationformat;
 
 /// What a value and a key cost at most beside their text or bytes: signature, length, padding.
 constexpr std::size_t bytesOfAnyValue = 24;
@@ -21,7 +19,7 @@ constexpr std::size_t bytesOfAnyKey = 16;
 
 bool hasOnlyBusKeys(const Dictionary& dictionary) {
     return std::all_of(dictionary.begin(), dictionary.end(),
-                       [](const DictionaryEntry& entry) { return isBusText(entry.key); });
+                       [](const DictionaryEntry& entry) { return bus::isBusText(entry.key); });
 }
 
 /// The elements of a container that are still to be written.
@@ -115,7 +113,7 @@ bool UserInfoWriter::writeScalar(const Value& value) {
     case Value::Kind::Data:
         return open('v', "ay") && writeBytes(value.data()) && close();
     default:
-        if (isBusText(value.string()))
+        if (bus::isBusText(value.string()))
             return open('v', "s") && writeText(value.string()) && close();
         return open('v', "(ay)") && open('r', "ay") && writeBytes(value.string()) && close() && close();
     }
@@ -193,4 +191,4 @@ bool UserInfoWriter::appendBasic(char type, const void* value) {
     return sd_bus_message_append_basic(message_, type, value) >= 0;
 }
 
-} // namespace platform
+} // namespace platform::notifications

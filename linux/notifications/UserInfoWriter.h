@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <string_view>
 
-namespace platform {
+namespace platform::notifications {
 
 /// Appends values to a message in the form of NotificationFormat.h. After a failure the message is of no use.
 /// No recursion is as deep as the value.
@@ -39,4 +39,4 @@ private:
     std::size_t bytes_ = 0;
 };
 
-} // namespace platform
+} // namespace platform::notifications

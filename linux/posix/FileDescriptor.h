@@ -3,7 +3,7 @@
 #include <unistd.h>
 #include <utility>
 
-namespace platform {
+namespace platform::posix {
 
 /// Owns a file descriptor; -1 is none.
 class FileDescriptor {
@@ -33,4 +33,4 @@ private:
     int descriptor_ = -1;
 };
 
-} // namespace platform
+} // namespace platform::posix

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <optional>
 
-namespace platform {
+namespace platform::posix {
 
 /// Something that wants the main thread when a descriptor is ready or a time has come. Main thread only. What
 /// it wants is asked for anew before each wait, because it changes with what the source last did.
@@ -24,4 +24,4 @@ public:
     virtual void process() = 0;
 };
 
-} // namespace platform
+} // namespace platform::posix

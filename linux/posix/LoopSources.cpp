@@ -6,7 +6,7 @@
 #include <sys/eventfd.h>
 #include <sys/timerfd.h>
 
-namespace platform {
+namespace platform::posix {
 
 namespace {
 
@@ -121,4 +121,4 @@ void LoopSources::setTimer(std::optional<LoopSource::Clock::time_point> deadline
     timerfd_settime(timer_.get(), TFD_TIMER_ABSTIME, &when, nullptr);
 }
 
-} // namespace platform
+} // namespace platform::posix

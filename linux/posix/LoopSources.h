@@ -8,7 +8,7 @@
 #include <optional>
 #include <vector>
 
-namespace platform {
+namespace platform::posix {
 
 /// The sources of the main loop behind one pollable descriptor: an epoll set with a wake-up event, a timer
 /// for the nearest deadline, and the descriptor of each source. Main thread only, wakeUp() aside. Where the
@@ -52,4 +52,4 @@ private:
     std::optional<LoopSource::Clock::time_point> timerDeadline_;
 };
 
-} // namespace platform
+} // namespace platform::posix

@@ -20,7 +20,7 @@ public:
     OperationsLeft& operator=(const OperationsLeft&) = delete;
     ~OperationsLeft() {
         if (!NSOperationQueue::mainQueue().empty())
-            LoopSources::shared().wakeUp();
+            posix::LoopSources::shared().wakeUp();
     }
 };
 
@@ -43,18 +43,18 @@ MainLoop& MainLoop::shared() {
 }
 
 int MainLoop::descriptor() const {
-    return LoopSources::shared().descriptor();
+    return posix::LoopSources::shared().descriptor();
 }
 
 void MainLoop::wakeUp() {
-    LoopSources::shared().wakeUp();
+    posix::LoopSources::shared().wakeUp();
 }
 
 void MainLoop::process() {
     const OperationsLeft operationsLeft;
-    LoopSources::shared().clearWakeUp();
+    posix::LoopSources::shared().clearWakeUp();
     NSOperationQueue::mainQueue().drain();
-    LoopSources::shared().process();
+    posix::LoopSources::shared().process();
 }
 
 bool MainLoop::runUntil(const std::function<bool()>& done, std::chrono::milliseconds timeout) {

@@ -12,7 +12,7 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 
-namespace platform {
+namespace platform::posix {
 
 namespace {
 
@@ -268,4 +268,4 @@ std::error_code PosixFileSystem::makeFolder(const std::string& path, unsigned mo
     return hasNul(path) ? invalidName() : outcome(::mkdir(path.c_str(), mode));
 }
 
-} // namespace platform
+} // namespace platform::posix

@@ -2,7 +2,7 @@
 
 #include "platform/files/FileSystem.h"
 
-namespace platform {
+namespace platform::posix {
 
 /// The files of this machine. Handles are close-on-exec file descriptors. Nothing but a regular file is ever
 /// opened, so that a pipe or a device in a file's place cannot block, and no file is opened for writing under
@@ -35,4 +35,4 @@ public:
     std::error_code makeFolder(const std::string& path, unsigned mode) override;
 };
 
-} // namespace platform
+} // namespace platform::posix

@@ -7,7 +7,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace platform {
+namespace platform::posix {
 
 bool preparePrivateFolder(const std::string& path) {
     const bool made = mkdir(path.c_str(), S_IRWXU) == 0;
@@ -45,4 +45,4 @@ bool isPrivateFolder(const std::string& path) {
            (status.st_mode & ALLPERMS) == S_IRWXU;
 }
 
-} // namespace platform
+} // namespace platform::posix

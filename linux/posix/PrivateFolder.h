@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace platform {
+namespace platform::posix {
 
 /// Makes the folder where it is missing. True: it is a real folder, of this user, and nobody else may look
 /// into it. False also for a symbolic link, which somebody else may have laid.
@@ -18,4 +18,4 @@ bool isFolderOfOwnUser(const std::string& path);
 /// Whether it is such a folder already.
 bool isPrivateFolder(const std::string& path);
 
-} // namespace platform
+} // namespace platform::posix

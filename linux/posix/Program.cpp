@@ -16,7 +16,7 @@
 #include <thread>
 #include <unistd.h>
 
-namespace platform {
+namespace platform::posix {
 
 namespace {
 
@@ -185,4 +185,4 @@ std::optional<int> startProgram(const std::vector<std::string>& words, std::chro
     return 0;
 }
 
-} // namespace platform
+} // namespace platform::posix

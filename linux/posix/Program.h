@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-namespace platform {
+namespace platform::posix {
 
 /// How another program ended.
 struct ProgramResult {
@@ -28,4 +28,4 @@ std::optional<ProgramResult> runProgram(const std::vector<std::string>& words,
 /// when it ends within `patience`, 0 when it is still running then, and none when it cannot be started.
 std::optional<int> startProgram(const std::vector<std::string>& words, std::chrono::milliseconds patience);
 
-} // namespace platform
+} // namespace platform::posix

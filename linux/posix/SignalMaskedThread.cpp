@@ -6,7 +6,7 @@
 #include <system_error>
 #include <utility>
 
-namespace platform {
+namespace platform::posix {
 
 namespace {
 
@@ -37,4 +37,4 @@ std::thread startSignalMaskedThread(std::function<void()> work) {
     }
 }
 
-} // namespace platform
+} // namespace platform::posix

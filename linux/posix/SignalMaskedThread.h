@@ -3,10 +3,10 @@
 #include <functional>
 #include <thread>
 
-namespace platform {
+namespace platform::posix {
 
 /// Starts a thread that takes none of the process's signals: they are the host's, and would interrupt what
 /// the thread waits for. Not joinable when the system gives no more threads.
 std::thread startSignalMaskedThread(std::function<void()> work);
 
-} // namespace platform
+} // namespace platform::posix

@@ -9,7 +9,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace platform {
+namespace platform::posix {
 
 namespace {
 
@@ -67,4 +67,4 @@ std::error_code openThroughTrustedSymlinks(std::string path, int flags, int& des
     return std::make_error_code(std::errc::too_many_symbolic_link_levels);
 }
 
-} // namespace platform
+} // namespace platform::posix

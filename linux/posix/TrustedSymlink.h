@@ -3,7 +3,7 @@
 #include <string>
 #include <system_error>
 
-namespace platform {
+namespace platform::posix {
 
 /// Symbolic links in the last component of a path, followed only where this user or root laid them. In a
 /// folder that others can write to anybody can lay one, and would choose what is read or replaced with our
@@ -15,4 +15,4 @@ std::error_code readTrustedSymlink(const std::string& path, std::string& target)
 /// Opens an existing file as open(2) does. No error: the descriptor is the caller's.
 std::error_code openThroughTrustedSymlinks(std::string path, int flags, int& descriptor);
 
-} // namespace platform
+} // namespace platform::posix

@@ -11,7 +11,7 @@
 #include <sys/xattr.h>
 #include <unistd.h>
 
-namespace platform {
+namespace platform::posix {
 
 namespace {
 
@@ -112,4 +112,4 @@ bool TrustedUsers::haveGroupAlone(const std::string& path, std::uint32_t group) 
            std::ranges::any_of(users_, [&](std::uint32_t user) { return isGroupOfUserAlone(user, group); });
 }
 
-} // namespace platform
+} // namespace platform::posix

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace platform {
+namespace platform::posix {
 
 /// The users whose code this process runs in any case: root, its own, whoever owns the file system's root (in
 /// a container root may go by another number) and whoever owns this library.
@@ -24,4 +24,4 @@ private:
     std::vector<std::uint32_t> users_;
 };
 
-} // namespace platform
+} // namespace platform::posix

@@ -4,7 +4,7 @@
 #include "linux/bus/DesktopPortal.h"
 #include "linux/posix/LoopSources.h"
 
-namespace platform {
+namespace platform::system {
 
 namespace {
 
@@ -23,23 +23,24 @@ constexpr std::uint32_t wanted = 1;
 
 AppearancePortal::AppearancePortal(std::function<void()> changed) : changed_(std::move(changed)) {
     // A bus that we would have to start ourselves has no desktop on it.
-    if (const BusAddress address = busAddress(); address.ownFolder.empty())
-        connection_ = BusConnection::open(address.text, BusConnection::Peer::Any);
+    if (const bus::BusAddress address = bus::busAddress(); address.ownFolder.empty())
+        connection_ = bus::BusConnection::open(address.text, bus::BusConnection::Peer::Any);
     // Listening first: what changes while the question is under way is not lost.
     if (!connection_ || !listen() || !ask())
         leave();
-    LoopSources::shared().add(*this);
+    posix::LoopSources::shared().add(*this);
 }
 
 AppearancePortal::~AppearancePortal() {
-    LoopSources::shared().remove(*this);
+    posix::LoopSources::shared().remove(*this);
     leave();
 }
 
 bool AppearancePortal::listen() {
-    const std::string portal = desktopportal::service;
-    return listen("type='signal',sender='" + portal + "',path='" + desktopportal::object + "',interface='" +
-                      settingsInterface + "',member='SettingChanged',arg0='" + appearance + "'",
+    const std::string portal = bus::desktopportal::service;
+    return listen("type='signal',sender='" + portal + "',path='" + bus::desktopportal::object +
+                      "',interface='" + settingsInterface + "',member='SettingChanged',arg0='" + appearance +
+                      "'",
                   onChange, changes_) &&
            listen("type='signal',sender='org.freedesktop.DBus',path='/org/freedesktop/DBus',"
                   "interface='org.freedesktop.DBus',member='NameOwnerChanged',arg0='" +
@@ -47,7 +48,8 @@ bool AppearancePortal::listen() {
                   onOwner, owners_);
 }
 
-bool AppearancePortal::listen(const std::string& match, sd_bus_message_handler_t handler, BusSlot& slot) {
+bool AppearancePortal::listen(const std::string& match, sd_bus_message_handler_t handler,
+                              bus::BusSlot& slot) {
     sd_bus_slot* made = nullptr;
     if (sd_bus_add_match_async(connection_->bus(), &made, match.c_str(), handler, nullptr, this) < 0)
         return false;
@@ -57,10 +59,10 @@ bool AppearancePortal::listen(const std::string& match, sd_bus_message_handler_t
 
 bool AppearancePortal::ask() {
     sd_bus_message* made = nullptr;
-    if (sd_bus_message_new_method_call(connection_->bus(), &made, desktopportal::service,
-                                       desktopportal::object, settingsInterface, "ReadAll") < 0)
+    if (sd_bus_message_new_method_call(connection_->bus(), &made, bus::desktopportal::service,
+                                       bus::desktopportal::object, settingsInterface, "ReadAll") < 0)
         return false;
-    const BusMessage call(made);
+    const bus::BusMessage call(made);
     sd_bus_slot* slot = nullptr;
     if (sd_bus_message_append(made, "as", 1, appearance) < 0 ||
         sd_bus_call_async(connection_->bus(), &slot, made, onAnswer, this, answerMicroseconds) < 0)
@@ -83,7 +85,7 @@ bool AppearancePortal::waitForAnswer(std::chrono::milliseconds patience) {
     while (!answered_ && connection_->wait(deadline))
         process();
     // The loop has to watch for what the connection now waits for.
-    LoopSources::shared().refresh();
+    posix::LoopSources::shared().refresh();
     return answered_;
 }
 
@@ -181,4 +183,4 @@ void AppearancePortal::take(std::string_view key, std::uint32_t value) {
         look_.reducedMotion = value == wanted;
 }
 
-} // namespace platform
+} // namespace platform::system

@@ -10,12 +10,12 @@
 #include <string>
 #include <string_view>
 
-namespace platform {
+namespace platform::system {
 
 /// The look that the desktop's settings portal, org.freedesktop.portal.Settings, tells: all of it when the
 /// portal is found or starts anew, then each change. A bus that is lost has nothing more to say; what was
 /// said last stands.
-class AppearancePortal final : public DesktopAppearanceMonitor, public LoopSource {
+class AppearancePortal final : public DesktopAppearanceMonitor, public posix::LoopSource {
 public:
     explicit AppearancePortal(std::function<void()> changed);
     ~AppearancePortal() override;
@@ -32,7 +32,7 @@ public:
 
 private:
     bool listen();
-    bool listen(const std::string& match, sd_bus_message_handler_t handler, BusSlot& slot);
+    bool listen(const std::string& match, sd_bus_message_handler_t handler, bus::BusSlot& slot);
     bool ask();
     void leave();
     void readAll(sd_bus_message* answer);
@@ -49,10 +49,10 @@ private:
     /// What `changed_` was last called for.
     DesktopAppearance told_;
     bool answered_ = false;
-    std::unique_ptr<BusConnection> connection_;
-    BusSlot changes_;
-    BusSlot owners_;
-    BusSlot question_;
+    std::unique_ptr<bus::BusConnection> connection_;
+    bus::BusSlot changes_;
+    bus::BusSlot owners_;
+    bus::BusSlot question_;
 };
 
-} // namespace platform
+} // namespace platform::system

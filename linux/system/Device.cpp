@@ -21,33 +21,34 @@ namespace platform {
 
 FileSystem& realFileSystem() {
     // Never destroyed: the log may be written by whoever ends last.
-    static FileSystem* const files = new PosixFileSystem;
+    static FileSystem* const files = new posix::PosixFileSystem;
     return *files;
 }
 
 CFNotificationCenter& systemNotificationCenter() {
     // Never destroyed: a post while the process ends must still find it.
-    static auto* const center = new DistributedCenter;
+    static auto* const center = new notifications::DistributedCenter;
     return *center;
 }
 
-LinuxDeviceInformation& machineInformation() {
+system::LinuxDeviceInformation& system::machineInformation() {
     static LinuxDeviceInformation information;
     return information;
 }
 
 MailService& systemMailService() {
-    static LinuxMailService service(
-        {std::make_shared<MailPortal>(), std::make_shared<MailProgram>(), std::make_shared<MailOutbox>()});
+    static mail::LinuxMailService service({std::make_shared<mail::MailPortal>(),
+                                           std::make_shared<mail::MailProgram>(),
+                                           std::make_shared<mail::MailOutbox>()});
     return service;
 }
 
 std::shared_ptr<WebEngine> makeTextWebEngine(const TextWebEngineOptions& options) {
-    return std::make_shared<CurlWebEngine>(options);
+    return std::make_shared<web::CurlWebEngine>(options);
 }
 
 std::unique_ptr<DesktopAppearanceMonitor> monitorDesktopAppearance(std::function<void()> changed) {
-    return std::make_unique<AppearancePortal>(std::move(changed));
+    return std::make_unique<system::AppearancePortal>(std::move(changed));
 }
 
 } // namespace platform

@@ -18,13 +18,13 @@ namespace platform {
 
 namespace {
 
-using Clock = BusConnection::Clock;
+using Clock = bus::BusConnection::Clock;
 
 /// A bus that is busy is not taken for a broken one.
 constexpr std::chrono::seconds patience{6};
 
-bool letsUsIn(const std::string& address, BusConnection::Peer peer) {
-    const auto connection = BusConnection::open(address, peer);
+bool letsUsIn(const std::string& address, bus::BusConnection::Peer peer) {
+    const auto connection = bus::BusConnection::open(address, peer);
     const auto deadline = Clock::now() + patience;
     while (connection && !connection->isReady() && !connection->isLost()) {
         connection->process();
@@ -38,24 +38,24 @@ bool canBePrivateFolder(const std::string& path) {
     FileStatus status;
     if (FileSystem::current().status(path, Links::Keep, status) == std::errc::no_such_file_or_directory)
         return mayWrite(folderOf(path));
-    return isPrivateFolder(path);
+    return posix::isPrivateFolder(path);
 }
 
-BusState::Condition conditionOf(const BusAddress& address) {
+BusState::Condition conditionOf(const bus::BusAddress& address) {
     using enum BusState::Condition;
     if (address.ownFolder.empty())
-        return letsUsIn(address.text, BusConnection::Peer::Any) ? Answers : Unreachable;
+        return letsUsIn(address.text, bus::BusConnection::Peer::Any) ? Answers : Unreachable;
     if (!canBePrivateFolder(address.ownFolder))
         return Distrusted;
-    if (letsUsIn(address.text, BusConnection::Peer::OwnUser))
+    if (letsUsIn(address.text, bus::BusConnection::Peer::OwnUser))
         return Answers;
-    return findProgram("dbus-daemon") ? NotStarted : NoDaemon;
+    return posix::findProgram("dbus-daemon") ? NotStarted : NoDaemon;
 }
 
 } // namespace
 
 BusState busState() {
-    const BusAddress address = busAddress();
+    const bus::BusAddress address = bus::busAddress();
     BusState state;
     if (!address.ownFolder.empty())
         state.kind = BusState::Kind::Own;
@@ -68,11 +68,11 @@ BusState busState() {
 }
 
 MailWay mailWay() {
-    if (opensInTime(std::make_shared<MailPortal>()))
+    if (mail::opensInTime(std::make_shared<mail::MailPortal>()))
         return MailWay::Portal;
-    if (opensInTime(std::make_shared<MailProgram>()))
+    if (mail::opensInTime(std::make_shared<mail::MailProgram>()))
         return MailWay::Program;
-    return opensInTime(std::make_shared<MailOutbox>()) ? MailWay::Outbox : MailWay::None;
+    return mail::opensInTime(std::make_shared<mail::MailOutbox>()) ? MailWay::Outbox : MailWay::None;
 }
 
 bool mayWrite(const std::string& path) {

@@ -5,7 +5,7 @@
 #include <iterator>
 #include <sys/utsname.h>
 
-namespace platform {
+namespace platform::system {
 
 namespace {
 
@@ -23,28 +23,6 @@ std::string unquoted(std::string_view text) {
 DeviceInformation* replacement = nullptr;
 
 } // namespace
-
-DeviceInformation::~DeviceInformation() = default;
-
-DeviceInformation& DeviceInformation::current() {
-    return replacement ? *replacement : machineInformation();
-}
-
-void DeviceInformation::setCurrent(DeviceInformation* information) {
-    replacement = information;
-}
-
-void DeviceInformation::setScreenSize(CGSize size) {
-    machineInformation().becomeScreenSize(size);
-}
-
-void DeviceInformation::setScreenScale(double pixelsPerPoint) {
-    machineInformation().becomeScreenScale(pixelsPerPoint);
-}
-
-void DeviceInformation::setUserInterfaceIdiom(long idiom) {
-    machineInformation().becomeIdiom(idiom);
-}
 
 std::string versionInRelease(std::string_view text) {
     constexpr std::string_view name = "VERSION_ID=";
@@ -78,6 +56,32 @@ std::string LinuxDeviceInformation::systemVersion() {
 std::string LinuxDeviceInformation::machine() {
     utsname names{};
     return uname(&names) == 0 ? names.machine : "";
+}
+
+} // namespace platform::system
+
+namespace platform {
+
+DeviceInformation::~DeviceInformation() = default;
+
+DeviceInformation& DeviceInformation::current() {
+    return system::replacement ? *system::replacement : system::machineInformation();
+}
+
+void DeviceInformation::setCurrent(DeviceInformation* information) {
+    system::replacement = information;
+}
+
+void DeviceInformation::setScreenSize(CGSize size) {
+    system::machineInformation().becomeScreenSize(size);
+}
+
+void DeviceInformation::setScreenScale(double pixelsPerPoint) {
+    system::machineInformation().becomeScreenScale(pixelsPerPoint);
+}
+
+void DeviceInformation::setUserInterfaceIdiom(long idiom) {
+    system::machineInformation().becomeIdiom(idiom);
 }
 
 } // namespace platform

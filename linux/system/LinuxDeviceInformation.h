@@ -4,7 +4,7 @@
 
 #include <string_view>
 
-namespace platform {
+namespace platform::system {
 
 /// The device as this machine and the host's window make it out. Main thread only.
 class WARDLOCK_API LinuxDeviceInformation final : public DeviceInformation {
@@ -36,4 +36,4 @@ LinuxDeviceInformation& machineInformation();
 /// The unquoted VERSION_ID in the text of an os-release file; empty where there is none.
 WARDLOCK_API std::string versionInRelease(std::string_view text);
 
-} // namespace platform
+} // namespace platform::system

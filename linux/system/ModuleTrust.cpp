@@ -113,7 +113,7 @@ private:
         return "";
     }
 
-    const TrustedUsers users_;
+    const posix::TrustedUsers users_;
     const std::string library_ = moduleHolding(&writableByAll);
     /// Where the walk stands, a path without links, and what of the path is still ahead.
     std::string here_ = "/";

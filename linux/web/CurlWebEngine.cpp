@@ -7,7 +7,7 @@
 #include <cctype>
 #include <optional>
 
-namespace platform {
+namespace platform::web {
 namespace {
 
 /// Nothing for a page that is too complex to be read.
@@ -84,4 +84,4 @@ void CurlWebEngine::finish(Ticket ticket, const PageText& page, const std::strin
         view->didFailLoad(error);
 }
 
-} // namespace platform
+} // namespace platform::web

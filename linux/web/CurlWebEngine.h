@@ -8,7 +8,7 @@
 #include <map>
 #include <memory>
 
-namespace platform {
+namespace platform::web {
 
 /// The text engine over libcurl: each load is fetched in a thread of its own and reported from the main
 /// queue. Of a view's loads only the last one counts.
@@ -43,4 +43,4 @@ private:
     std::map<const UIWebView*, Load> loads_;
 };
 
-} // namespace platform
+} // namespace platform::web

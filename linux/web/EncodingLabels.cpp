@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-namespace platform {
+namespace platform::web {
 namespace {
 
 struct Encoding {
@@ -84,4 +84,4 @@ const char* encodingOf(std::string_view label) {
     return found == Encodings.end() ? nullptr : found->name;
 }
 
-} // namespace platform
+} // namespace platform::web

@@ -2,10 +2,10 @@
 
 #include <string_view>
 
-namespace platform {
+namespace platform::web {
 
 /// The encoding that a page's or a server's label means on the web, "latin1" and 200 others, by the name that
 /// iconv has for it. Null for any other: iconv itself knows many that browsers refuse, UTF-7 among them.
 const char* encodingOf(std::string_view label);
 
-} // namespace platform
+} // namespace platform::web

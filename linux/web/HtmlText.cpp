@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <array>
 
-namespace platform {
+namespace platform::web {
 namespace {
 
 constexpr std::size_t MostLinks = 1000;
@@ -163,4 +163,4 @@ PageText plainText(std::string_view text) {
     return {flow.take(), {}};
 }
 
-} // namespace platform
+} // namespace platform::web

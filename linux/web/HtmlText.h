@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-namespace platform {
+namespace platform::web {
 
 /// What can be read of a page: its text, and where its links lead.
 struct PageText {
@@ -25,4 +25,4 @@ std::optional<PageText> htmlText(std::string_view html, const std::string& url);
 /// The same for a page that is plain text.
 PageText plainText(std::string_view text);
 
-} // namespace platform
+} // namespace platform::web

@@ -3,7 +3,7 @@
 #include <ctime>
 #include <new>
 
-namespace platform {
+namespace platform::web {
 namespace {
 
 /// A page of a megabyte whose text is mostly markup takes about half of it.
@@ -74,4 +74,4 @@ const GumboVector* childrenOf(const GumboNode& node) {
     return node.type == GUMBO_NODE_ELEMENT ? &node.v.element.children : nullptr;
 }
 
-} // namespace platform
+} // namespace platform::web

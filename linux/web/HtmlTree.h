@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-namespace platform {
+namespace platform::web {
 
 /// A page as a tree, built by the rules of HTML5: every text is a page. Its memory and the processor time of
 /// its thread are bounded, because a short page can describe a tree of billions of elements.
@@ -75,4 +75,4 @@ void visit(const GumboNode& top, Enter enter, Leave leave) {
     }
 }
 
-} // namespace platform
+} // namespace platform::web

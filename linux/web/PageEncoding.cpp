@@ -10,7 +10,7 @@
 #include <iconv.h>
 #include <utility>
 
-namespace platform {
+namespace platform::web {
 namespace {
 
 using namespace std::string_view_literals;
@@ -174,4 +174,4 @@ std::string decodedText(std::string_view bytes, std::string_view contentType) {
     return decoded(bytes, encoding ? encoding : encodingIn(contentType));
 }
 
-} // namespace platform
+} // namespace platform::web

@@ -9,7 +9,7 @@
 #include <mutex>
 #include <optional>
 
-namespace platform {
+namespace platform::web {
 namespace {
 
 constexpr const char* Schemes = "http,https";
@@ -110,7 +110,7 @@ PageFetch::PageFetch(std::string url, TextWebEngineOptions options, std::weak_pt
                      Completion completion)
     : url_(std::move(url)), options_(std::move(options)), reader_(std::move(reader)),
       completion_(std::move(completion)), transfers_(makeTransfers()),
-      thread_(startSignalMaskedThread([this] { run(); })) {
+      thread_(posix::startSignalMaskedThread([this] { run(); })) {
     if (!thread_.joinable())
         completion_({.error = "The system has no room for another thread",
                      .bytes = {},
@@ -146,4 +146,4 @@ void PageFetch::run() {
     completion_(std::move(page));
 }
 
-} // namespace platform
+} // namespace platform::web

@@ -8,7 +8,7 @@
 #include <string>
 #include <thread>
 
-namespace platform {
+namespace platform::web {
 
 /// What a fetch brought.
 struct FetchedPage {
@@ -50,4 +50,4 @@ private:
     std::thread thread_;
 };
 
-} // namespace platform
+} // namespace platform::web

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace platform {
+namespace platform::web {
 namespace {
 
 bool isControl(char32_t c) {
@@ -66,4 +66,4 @@ void TextFlow::append(char32_t character) {
     appendUtf8(character, text_);
 }
 
-} // namespace platform
+} // namespace platform::web

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace platform {
+namespace platform::web {
 
 /// Gathers the text of a page: white space collapsed, line ends held back until more text comes, control
 /// characters and what is not UTF-8 left out.
@@ -35,4 +35,4 @@ private:
     int preformatted_ = 0;
 };
 
-} // namespace platform
+} // namespace platform::web

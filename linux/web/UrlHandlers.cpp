@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-namespace platform {
+namespace platform::web {
 
 namespace {
 
@@ -41,7 +41,7 @@ std::string schemeOf(std::string_view url) {
 
 bool schemeHasHandler(std::string_view scheme) {
     const std::string type = "x-scheme-handler/" + std::string(scheme);
-    const auto answer = runProgram({"xdg-mime", "query", "default", type}, patience);
+    const auto answer = posix::runProgram({"xdg-mime", "query", "default", type}, patience);
     return answer && answer->exitCode == 0 && answer->output.find(".desktop") != std::string::npos;
 }
 
@@ -49,4 +49,4 @@ bool hasDisplay() {
     return isSet("WAYLAND_DISPLAY") || isSet("DISPLAY");
 }
 
-} // namespace platform
+} // namespace platform::web

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-namespace platform {
+namespace platform::web {
 
 /// The scheme of a URL in lower case; empty when it has none that is valid.
 std::string schemeOf(std::string_view url);
@@ -14,4 +14,4 @@ bool schemeHasHandler(std::string_view scheme);
 /// Whether there is a display on which a program could show itself.
 bool hasDisplay();
 
-} // namespace platform
+} // namespace platform::web

@@ -21,10 +21,10 @@ bool openURLOnSystem(std::string_view url) {
 }
 
 bool openURLOnSystem(std::string_view url, std::chrono::milliseconds patience) {
-    const std::string scheme = schemeOf(url);
-    if (scheme.empty() || !isPlain(url) || !hasDisplay() || !schemeHasHandler(scheme))
+    const std::string scheme = web::schemeOf(url);
+    if (scheme.empty() || !isPlain(url) || !web::hasDisplay() || !web::schemeHasHandler(scheme))
         return false;
-    const auto code = startProgram({"xdg-open", std::string(url)}, patience);
+    const auto code = posix::startProgram({"xdg-open", std::string(url)}, patience);
     return code && *code == 0;
 }
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace platform {
+namespace platform::web {
 namespace {
 
 constexpr std::size_t LongestAddress = 8000;
@@ -41,4 +41,4 @@ std::string WebAddress::of(std::string_view link) const {
     return isWeb && address.size() <= LongestAddress ? address : std::string();
 }
 
-} // namespace platform
+} // namespace platform::web

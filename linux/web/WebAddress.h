@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace platform {
+namespace platform::web {
 
 /// The address of a page, and where its links lead from there.
 class WebAddress {
@@ -25,4 +25,4 @@ private:
     std::unique_ptr<CURLU, Release> base_;
 };
 
-} // namespace platform
+} // namespace platform::web

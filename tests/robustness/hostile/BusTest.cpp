@@ -23,7 +23,7 @@ namespace wardlock::test {
 namespace {
 
 namespace fs = std::filesystem;
-using platform::BusConnection;
+using platform::bus::BusConnection;
 
 sockaddr_un addressOf(const std::string& path) {
     sockaddr_un address{};
@@ -83,7 +83,7 @@ protected:
     }
 
     void startDaemon() const {
-        ASSERT_EQ(platform::PrivateBus(busFolder()).start(), platform::PrivateBus::Start::Running);
+        ASSERT_EQ(platform::bus::PrivateBus(busFolder()).start(), platform::bus::PrivateBus::Start::Running);
     }
     int connected() const {
         const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
@@ -98,8 +98,8 @@ protected:
     /// 0 when the bus lets this process in; EPERM when it refuses.
     int entered() const {
         using namespace std::chrono_literals;
-        const auto bus =
-            BusConnection::open(platform::busAddressOfSocket(busFolder() + "/bus"), BusConnection::Peer::Any);
+        const auto bus = BusConnection::open(platform::bus::busAddressOfSocket(busFolder() + "/bus"),
+                                             BusConnection::Peer::Any);
         if (!bus)
             return ECONNREFUSED;
         const auto deadline = BusConnection::Clock::now() + 20s;
@@ -135,7 +135,7 @@ TEST_F(Bus, OfOursIsNotTakenFromOthersByAProcessShortOfDescriptors) {
     for (rlim_t left = 0; left <= 2; ++left) {
         const FewDescriptors few(left);
         // One is the lock's; none is left to ask whether anybody listens.
-        EXPECT_EQ(platform::PrivateBus(busFolder()).start() == platform::PrivateBus::Start::Running,
+        EXPECT_EQ(platform::bus::PrivateBus(busFolder()).start() == platform::bus::PrivateBus::Start::Running,
                   left == 2);
     }
     EXPECT_EQ(entered(), 0);
@@ -179,7 +179,7 @@ TEST_F(Bus, AtWhoseSocketAnotherUserListensIsRefused) {
     SKIP_WITHOUT_OTHER_USER();
     fs::permissions(folder().path(), fs::perms::all);
     const std::string path = folder() / "foreign";
-    const std::string address = platform::busAddressOfSocket(path);
+    const std::string address = platform::bus::busAddressOfSocket(path);
     // The kernel remembers who began to listen.
     ASSERT_EQ(::seteuid(OtherUser::id()), 0);
     const Listener listener(path);
@@ -191,10 +191,10 @@ TEST_F(Bus, AtWhoseSocketAnotherUserListensIsRefused) {
 TEST_F(Bus, OfARuntimeFolderThatOthersCanChangeIsNotTaken) {
     const TestBus bus;
     fs::create_symlink(bus.address().substr(std::string("unix:path=").size()), runtime() + "/bus");
-    ASSERT_EQ(platform::busAddress().text, platform::busAddressOfSocket(runtime() + "/bus"));
+    ASSERT_EQ(platform::bus::busAddress().text, platform::bus::busAddressOfSocket(runtime() + "/bus"));
     for (const unsigned mode : {0770u, 0702u, 01777u}) {
         fs::permissions(runtime(), static_cast<fs::perms>(mode));
-        EXPECT_EQ(platform::busAddress().text.find(runtime()), std::string::npos) << std::oct << mode;
+        EXPECT_EQ(platform::bus::busAddress().text.find(runtime()), std::string::npos) << std::oct << mode;
     }
 }
 

@@ -10,7 +10,7 @@
 namespace wardlock::test {
 namespace {
 
-using platform::busAddress;
+using platform::bus::busAddress;
 
 /// No session bus is named; the run-time folder is the test's own.
 class BusAddressTest : public DeviceRootFixture {
@@ -73,7 +73,7 @@ TEST_F(BusAddressTest, IsOurOwnBelowTmpWhereTheRuntimeFoldersNameIsTooLongForASo
 }
 
 TEST(BusAddress, EscapesWhatAnAddressCannotHold) {
-    EXPECT_EQ(platform::busAddressOfSocket("/a b,c;d=e%\xc3\xa4:'-_.*"),
+    EXPECT_EQ(platform::bus::busAddressOfSocket("/a b,c;d=e%\xc3\xa4:'-_.*"),
               "unix:path=/a%20b%2cc%3bd%3de%25%c3%a4%3a%27-_.*");
 }
 

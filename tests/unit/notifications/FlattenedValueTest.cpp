@@ -7,8 +7,8 @@
 
 using platform::Array;
 using platform::Dictionary;
-using platform::FlattenedValue;
 using platform::Value;
+using platform::notifications::FlattenedValue;
 
 namespace {
 

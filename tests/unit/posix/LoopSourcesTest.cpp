@@ -9,9 +9,9 @@
 #include <poll.h>
 #include <unistd.h>
 
-using platform::FileDescriptor;
-using platform::LoopSource;
-using platform::LoopSources;
+using platform::posix::FileDescriptor;
+using platform::posix::LoopSource;
+using platform::posix::LoopSources;
 
 namespace wardlock::test {
 namespace {

@@ -68,11 +68,11 @@ protected:
     }
 
     TemporaryFolder folder;
-    platform::PosixFileSystem files;
+    platform::posix::PosixFileSystem files;
 };
 
 TEST_F(PosixFileSystem, IsTheOneInUseUnlessAnotherIsSet) {
-    EXPECT_NE(dynamic_cast<platform::PosixFileSystem*>(&platform::FileSystem::current()), nullptr);
+    EXPECT_NE(dynamic_cast<platform::posix::PosixFileSystem*>(&platform::FileSystem::current()), nullptr);
     platform::FileSystem::setCurrent(&files);
     EXPECT_EQ(&platform::FileSystem::current(), &files);
     platform::FileSystem::setCurrent(nullptr);
@@ -291,7 +291,7 @@ public:
         EXPECT_EQ(::pipe(ready), 0);
         child_ = ::fork();
         if (child_ == 0) {
-            platform::PosixFileSystem files;
+            platform::posix::PosixFileSystem files;
             FileHandle file = noFile;
             const bool begun = !files.create(temporary, 0600, file) && !files.lock(file);
             (void)!::write(ready[1], begun ? "y" : "n", 1);

@@ -6,6 +6,7 @@
 #include <sys/utsname.h>
 
 using namespace platform;
+using namespace platform::system;
 
 TEST(LinuxDeviceInformation, IsAPhoneInPortraitUntilAHostSaysOtherwise) {
     LinuxDeviceInformation device;

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace platform {
+namespace platform::web {
 namespace {
 
 PageText read(std::string_view html, const std::string& url = "http://host/folder/page") {
@@ -155,4 +155,4 @@ TEST(HtmlText, TakesWhatIsLeftUnfinished) {
 }
 
 } // namespace
-} // namespace platform
+} // namespace platform::web

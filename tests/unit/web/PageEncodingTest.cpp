@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-namespace platform {
+namespace platform::web {
 namespace {
 
 TEST(PageEncoding, IsWhatTheServerSays) {
@@ -131,4 +131,4 @@ TEST(PageEncoding, ReplacesWhatTheEncodingDoesNotHave) {
 }
 
 } // namespace
-} // namespace platform
+} // namespace platform::web

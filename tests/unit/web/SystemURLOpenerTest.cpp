@@ -113,8 +113,8 @@ TEST_F(SystemURLOpener, DoesNotWaitForAHandlerThatStays) {
     // One that reads a pipe until this test closes its other end.
     std::array<int, 2> ends{};
     ASSERT_EQ(pipe(ends.data()), 0);
-    const platform::FileDescriptor reading(ends[0]);
-    const platform::FileDescriptor writing(ends[1]);
+    const platform::posix::FileDescriptor reading(ends[0]);
+    const platform::posix::FileDescriptor writing(ends[1]);
     ASSERT_EQ(fcntl(writing.get(), F_SETFD, FD_CLOEXEC), 0);
     installProgram("xdg-open", "exec /bin/cat /proc/self/fd/" + std::to_string(reading.get()));
     EXPECT_TRUE(platform::openURLOnSystem("known:x", std::chrono::milliseconds(100)));
