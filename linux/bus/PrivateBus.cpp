@@ -1,10 +1,10 @@
 #include "linux/bus/PrivateBus.h"
 
 #include "linux/bus/BusAddress.h"
-#include "linux/bus/Daemon.h"
 #include "linux/posix/FileDescriptor.h"
 #include "linux/posix/PosixFileSystem.h"
 #include "linux/posix/PrivateFolder.h"
+#include "linux/posix/Program.h"
 
 #include <cerrno>
 #include <charconv>
@@ -92,9 +92,9 @@ PrivateBus::Start PrivateBus::start() const {
         return listener == Listener::Some ? Start::Running : Start::Failed;
     unlink(socketPath().c_str());
     // The daemon goes into the background once it listens.
-    if (!writeConfiguration() || !runDaemon({"dbus-daemon", "--config-file=" + configurationPath(), "--fork",
-                                             "--nopidfile", "--nosyslog"},
-                                            startTime))
+    if (!writeConfiguration() || !posix::startDaemon({"dbus-daemon", "--config-file=" + configurationPath(),
+                                                      "--fork", "--nopidfile", "--nosyslog"},
+                                                     startTime))
         return Start::Failed;
     return Start::Running;
 }

@@ -24,7 +24,10 @@ using Clock = std::chrono::steady_clock;
 
 constexpr std::size_t mostOutput = std::size_t(64) * 1024;
 
-/// What the new process does before it becomes the program.
+enum class Environment { Ours, Empty };
+
+/// What the new process starts with: three descriptors, on /dev/null where nothing else is said, and no
+/// others; no blocked or ignored signals; a session of its own.
 class SpawnSetup {
 public:
     explicit SpawnSetup(int output) {
@@ -35,16 +38,13 @@ public:
             posix_spawn_file_actions_adddup2(&actions_, output, STDOUT_FILENO);
         else
             posix_spawn_file_actions_addopen(&actions_, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+        posix_spawn_file_actions_addclosefrom_np(&actions_, STDERR_FILENO + 1);
         posix_spawnattr_init(&attributes_);
-        sigset_t none;
-        sigemptyset(&none);
-        posix_spawnattr_setsigmask(&attributes_, &none);
-        sigset_t defaults;
-        sigemptyset(&defaults);
-        sigaddset(&defaults, SIGPIPE);
-        sigaddset(&defaults, SIGINT);
-        sigaddset(&defaults, SIGXFSZ);
-        posix_spawnattr_setsigdefault(&attributes_, &defaults);
+        sigset_t signals;
+        sigemptyset(&signals);
+        posix_spawnattr_setsigmask(&attributes_, &signals);
+        sigfillset(&signals);
+        posix_spawnattr_setsigdefault(&attributes_, &signals);
         posix_spawnattr_setflags(&attributes_,
                                  POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
     }
@@ -55,21 +55,23 @@ public:
     SpawnSetup(const SpawnSetup&) = delete;
     SpawnSetup& operator=(const SpawnSetup&) = delete;
 
-    std::optional<pid_t> start(const std::vector<std::string>& words) const {
+    std::optional<pid_t> start(const std::vector<std::string>& words, Environment environment) const {
         std::vector<char*> arguments;
         arguments.reserve(words.size() + 1);
         for (const auto& word : words)
             arguments.push_back(const_cast<char*>(word.c_str()));
         arguments.push_back(nullptr);
+        std::array<char*, 1> empty{};
+        char** const variables = environment == Environment::Ours ? environ : empty.data();
         pid_t process = 0;
-        if (posix_spawnp(&process, arguments[0], &actions_, &attributes_, arguments.data(), environ) != 0)
+        if (posix_spawnp(&process, arguments[0], &actions_, &attributes_, arguments.data(), variables) != 0)
             return std::nullopt;
         return process;
     }
 
 private:
-    posix_spawn_file_actions_t actions_;
-    posix_spawnattr_t attributes_;
+    posix_spawn_file_actions_t actions_{};
+    posix_spawnattr_t attributes_{};
 };
 
 int exitCodeOf(int status) {
@@ -132,6 +134,12 @@ std::optional<int> waitFor(pid_t process, Clock::time_point deadline) {
     }
 }
 
+/// Ends what the process started as well, which may have its output.
+void endSession(pid_t process) {
+    kill(-process, SIGKILL);
+    takeExitCode(process, Patience::UntilItsEnd);
+}
+
 } // namespace
 
 std::optional<std::string> findProgram(std::string_view name) {
@@ -155,7 +163,7 @@ std::optional<ProgramResult> runProgram(const std::vector<std::string>& words,
         return std::nullopt;
     const FileDescriptor reading(ends[0]);
     FileDescriptor writing(ends[1]);
-    const auto process = SpawnSetup(writing.get()).start(words);
+    const auto process = SpawnSetup(writing.get()).start(words, Environment::Ours);
     if (!process)
         return std::nullopt;
     writing.reset();
@@ -165,14 +173,12 @@ std::optional<ProgramResult> runProgram(const std::vector<std::string>& words,
         result.exitCode = *code;
         return result;
     }
-    // Its whole session: what it started holds the pipe as well.
-    kill(-*process, SIGKILL);
-    takeExitCode(*process, Patience::UntilItsEnd);
+    endSession(*process);
     return std::nullopt;
 }
 
 std::optional<int> startProgram(const std::vector<std::string>& words, std::chrono::milliseconds patience) {
-    const auto process = SpawnSetup(-1).start(words);
+    const auto process = SpawnSetup(-1).start(words, Environment::Ours);
     if (!process)
         return std::nullopt;
     if (const auto code = waitFor(*process, Clock::now() + patience))
@@ -183,6 +189,16 @@ std::optional<int> startProgram(const std::vector<std::string>& words, std::chro
     if (taking.joinable())
         taking.detach();
     return 0;
+}
+
+bool startDaemon(const std::vector<std::string>& words, std::chrono::milliseconds timeout) {
+    const auto process = SpawnSetup(-1).start(words, Environment::Empty);
+    if (!process)
+        return false;
+    const auto code = waitFor(*process, Clock::now() + timeout);
+    if (!code)
+        endSession(*process);
+    return code == 0;
 }
 
 } // namespace platform::posix

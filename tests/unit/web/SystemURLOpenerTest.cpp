@@ -116,8 +116,19 @@ TEST_F(SystemURLOpener, DoesNotWaitForAHandlerThatStays) {
     const platform::posix::FileDescriptor reading(ends[0]);
     const platform::posix::FileDescriptor writing(ends[1]);
     ASSERT_EQ(fcntl(writing.get(), F_SETFD, FD_CLOEXEC), 0);
-    installProgram("xdg-open", "exec /bin/cat /proc/self/fd/" + std::to_string(reading.get()));
+    installProgram("xdg-open", "exec /bin/cat /proc/" + std::to_string(getpid()) + "/fd/" +
+                                   std::to_string(reading.get()));
     EXPECT_TRUE(platform::openURLOnSystem("known:x", std::chrono::milliseconds(100)));
+}
+
+TEST_F(SystemURLOpener, GivesAHandlerNoneOfTheHostsDescriptors) {
+    const std::string held = folder() / "held";
+    const platform::posix::FileDescriptor left(::open(held.c_str(), O_RDWR | O_CREAT, 0600));
+    ASSERT_TRUE(left) << "without close-on-exec";
+    installProgram("xdg-open", "/bin/ls -l /proc/self/fd >'" + folder() / "opened" + "'");
+    ASSERT_TRUE(open("known:x"));
+    EXPECT_NE(opened().find("/dev/null"), std::string::npos);
+    EXPECT_EQ(opened().find(held), std::string::npos) << opened();
 }
 
 TEST_F(SystemURLOpener, DoesNotWaitWhereTheSystemHasNoHandlesOfProcesses) {
