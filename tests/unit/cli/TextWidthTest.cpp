@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <clocale>
+#include <string>
+
 using namespace wardlock::cli;
 using Lines = std::vector<std::string>;
 
@@ -11,6 +14,19 @@ TEST(TextWidth, CountsColumnsAndNotBytes) {
     EXPECT_EQ(columnsOf("中文"), 4U);
     EXPECT_EQ(columnsOf("e\u0301"), 1U) << "a mark stands on its letter";
     EXPECT_EQ(columnsOf("😀"), 2U);
+}
+
+TEST(TextWidth, CountsMarksOfEveryScriptWithTheirLetters) {
+    EXPECT_EQ(columnsOf("க்"), 1U) << "Tamil";
+    EXPECT_EQ(columnsOf("ກິ"), 1U) << "Lao";
+    EXPECT_EQ(columnsOf("\u2693\u26BD"), 4U) << "pictures among the symbols";
+}
+
+TEST(TextWidth, CountsColumnsInWhateverLocaleTheProcessIs) {
+    const std::string before = std::setlocale(LC_ALL, nullptr);
+    ASSERT_TRUE(std::setlocale(LC_ALL, "C"));
+    EXPECT_EQ(columnsOf("中文"), 4U);
+    std::setlocale(LC_ALL, before.c_str());
 }
 
 TEST(TextWidth, MakesTextHarmlessForATerminal) {
