@@ -27,7 +27,7 @@ install(FILES "${CMAKE_BINARY_DIR}/WardlockConfig.cmake" "${CMAKE_BINARY_DIR}/Wa
 install(DIRECTORY examples DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/libwardlock-dev" COMPONENT libwardlock-dev
   USE_SOURCE_PERMISSIONS)
 wardlock_install_pages(libwardlock-dev FOLDERS examples
-  PAGES index.md embedding.md notification.md document-format.md performance.md)
+  PAGES index.md embedding.md notification.md document-format.md dependencies.md performance.md)
 install(DIRECTORY docs/images DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/wardlock" COMPONENT wardlock)
 wardlock_install_pages(wardlock FOLDERS images
   PAGES index.md user-guide.md recovery.md automation.md document-format.md security.md)

@@ -25,7 +25,6 @@ public:
     bool waitForInput(int descriptor);
     /// Waits until `done` holds; false when the time is over or the process is asked to end.
     bool waitUntil(const std::function<bool()>& done, std::chrono::milliseconds timeout);
-    bool isStopped() const { return stopped_; }
 
 private:
     /// One turn; answers whether the descriptor is readable (-1: none).
