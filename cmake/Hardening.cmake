@@ -1,9 +1,10 @@
-# What users run is hardened as Debian's packages are, and by what gcc 12 and glibc have beyond that: tests/system/installation/hardening.py
-# reads it in the built files. Assertions of the standard library end a process that reads beyond a container.
+# The release is hardened as Debian's packages are, and with further options of gcc 12 and glibc.
+# tests/system/installation/hardening.py checks the built files. Assertions of the standard library end a process that reads
+# beyond a container.
 include(CheckPIESupported)
 check_pie_supported(LANGUAGES CXX)
 
-# A program or library depends on the libraries whose names it uses, on no others.
+# A program or library depends only on the libraries whose symbols it uses.
 add_link_options(LINKER:--as-needed)
 
 if(CMAKE_BUILD_TYPE STREQUAL "Release")

@@ -1,8 +1,7 @@
-# What an installation holds, in three components that are packages of their own:
-#   wardlock          the window, the command, the bundle, the modules, what a desktop needs to list them, and the pages of the
-#                     documentation for who uses them
+# What is installed, in three components, each of which becomes a package:
+#   wardlock          the window, the command, the bundle, the modules, the desktop entry, and the documentation for users
 #   libwardlock       the two shared libraries
-#   libwardlock-dev   their headers, how CMake and pkg-config find them, examples, and the pages for who writes programs
+#   libwardlock-dev   their headers, files for CMake and pkg-config, examples, and the documentation for developers
 include(CMakePackageConfigHelpers)
 include(cmake/InstallPages.cmake)
 
@@ -45,7 +44,7 @@ foreach(program IN ITEMS wardlock-command wardlock-window-program)
   endif()
 endforeach()
 
-# How a desktop lists the window.
+# The desktop entry of the window.
 if(TARGET wardlock-window-program)
   configure_file(packaging/desktop/com.tavix.wardlock.metainfo.xml.in
     "${CMAKE_BINARY_DIR}/com.tavix.wardlock.metainfo.xml" @ONLY)
@@ -62,5 +61,5 @@ if(TARGET wardlock-window-program)
   endforeach()
 endif()
 
-# What the build makes for below share/ lies so in the build tree: man/man1, bash-completion/completions, ...
+# The build tree has generated files in the layout of the installation: man/man1, bash-completion/completions, ...
 install(DIRECTORY "${CMAKE_BINARY_DIR}/share/" DESTINATION "${CMAKE_INSTALL_DATADIR}" COMPONENT wardlock OPTIONAL)

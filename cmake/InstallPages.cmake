@@ -1,8 +1,7 @@
-# The pages of the documentation, as they lie in the packages' folders of documents. There a link to what is in the same folder
-# goes on leading to it. All others would lead nowhere: what they stand at becomes plain text, and a row of a table that begins
-# with one is left out.
+# Installs the pages of the documentation into the packages' folders of documents. Links within such a folder are kept. All
+# others would be broken: their text becomes plain, and a table row that begins with one is removed.
 
-# Where in a package's folder something that a page links to lies; empty when it is not there.
+# Sets `result` to the place of a link's target in a package's folder; empty when the package lacks the target.
 function(place_of target pages folders result)
   string(REGEX REPLACE "#.*" "" path "${target}")
   cmake_path(SET path NORMALIZE "docs/${path}")
@@ -14,10 +13,10 @@ function(place_of target pages folders result)
   endif()
 endfunction()
 
-# The text of a page with its links as they are to be.
+# Sets `result` to the text of a page with its links adapted.
 function(text_of page pages folders result)
   file(READ "${PROJECT_SOURCE_DIR}/docs/${page}" text)
-  # Without the bracket that closes what a link stands at: alone it would confuse a list.
+  # Without the bracket that closes the link's text: CMake treats a lone bracket in a list as special.
   string(REGEX MATCHALL "[(][A-Za-z0-9./_-]+(#[A-Za-z0-9_-]+)?[)]" targets "${text}")
   list(REMOVE_DUPLICATES targets)
   foreach(target IN LISTS targets)
@@ -39,7 +38,8 @@ function(text_of page pages folders result)
   set(${result} "${text}" PARENT_SCOPE)
 endfunction()
 
-# wardlock_install_pages(COMPONENT PAGES page... FOLDERS folder...): the folders are those that the package has beside the pages.
+# wardlock_install_pages(COMPONENT PAGES page... FOLDERS folder...): FOLDERS are the folders that the package has beside the
+# pages.
 function(wardlock_install_pages component)
   cmake_parse_arguments(PARSE_ARGV 1 its "" "" "PAGES;FOLDERS")
   foreach(page IN LISTS its_PAGES)

@@ -1,21 +1,21 @@
-# Precompiled headers hold headers of others only: the standard library, GoogleTest, Qt. A header of the project in one would be
-# compiled into everything that does not include it, and building with CMAKE_DISABLE_PRECOMPILE_HEADERS=ON, as tools/lint does,
-# finds what relies on one for an include of its own.
+# Precompiled headers contain only headers of the standard library, GoogleTest and Qt. A project header in one would be visible to
+# sources that do not include it. A build with CMAKE_DISABLE_PRECOMPILE_HEADERS=ON, as in tools/lint, finds sources with missing
+# includes.
 
-# The precompiled header has to be named in what a compiler cache looks at.
+# A compiler cache needs the name of the precompiled header in the preprocessed source.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND NOT CMAKE_DISABLE_PRECOMPILE_HEADERS)
   add_compile_options($<$<COMPILE_LANGUAGE:CXX>:-fpch-preprocess>)
 elseif(CMAKE_CXX_COMPILER_ID MATCHES "Clang" AND NOT CMAKE_DISABLE_PRECOMPILE_HEADERS)
   add_compile_options("$<$<COMPILE_LANGUAGE:CXX>:SHELL:-Xclang -fno-pch-timestamp>")
 endif()
-# Position independent in the same way as libraries: what is compiled for a program shares their precompiled header.
+# Programs are position independent in the same way as libraries, so that they share precompiled headers.
 set(CMAKE_CXX_COMPILE_OPTIONS_PIE -fPIC)
 
-# wardlock_precompiled(NAME header...): a precompiled header for the targets that say wardlock_precompile(TARGET NAME), compiled
-# once with the options of this folder.
+# wardlock_precompiled(NAME header...): defines a precompiled header for the targets with wardlock_precompile(TARGET NAME). It is
+# compiled once with the options of this folder.
 function(wardlock_precompiled name)
   set(source "${CMAKE_BINARY_DIR}/precompiled/${name}.cpp")
-  file(CONFIGURE OUTPUT "${source}" CONTENT "// What a precompiled header belongs to.\n")
+  file(CONFIGURE OUTPUT "${source}" CONTENT "// CMake needs a source for a precompiled header.\n")
   add_library(wardlock-precompiled-${name} OBJECT "${source}")
   target_precompile_headers(wardlock-precompiled-${name} PRIVATE ${ARGN})
 endfunction()
@@ -24,7 +24,7 @@ function(wardlock_precompile target name)
   target_precompile_headers(${target} REUSE_FROM wardlock-precompiled-${name})
 endfunction()
 
-# What a fifth of the product's sources or more include.
+# Headers that at least a fifth of the product's sources include.
 wardlock_precompiled(standard
   <algorithm> <array> <charconv> <chrono> <cmath> <cstddef> <cstdint> <cstdlib> <filesystem> <functional> <map> <memory> <mutex>
   <optional> <string> <string_view> <system_error> <utility> <variant> <vector>)

@@ -1,4 +1,4 @@
-# A source file belongs to the room it stands in: every *.cpp of the named folders becomes part of the target.
+# wardlock_sources(TARGET folder...): adds every *.cpp of the folders to the target.
 function(wardlock_sources target)
   foreach(folder IN LISTS ARGN)
     file(GLOB sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/${folder}/*.cpp")

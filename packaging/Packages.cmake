@@ -1,23 +1,23 @@
-# The Debian packages, made by CPack from the components of cmake/Install.cmake. `packaging/build` is the command.
+# The Debian packages, which CPack builds from the components of cmake/Install.cmake. Run by packaging/build.
 if(NOT WARDLOCK_PACKAGES)
   return()
 endif()
 
-# The changelog says the version of the packages: that of the program and a number of the packaging's own.
+# The changelog has the version of the packages: the version of the program, and a revision of the packaging.
 set(changelog "${PROJECT_SOURCE_DIR}/packaging/debian/changelog")
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${changelog}")
 file(STRINGS "${changelog}" newest LIMIT_COUNT 1)
 if(NOT newest MATCHES "^wardlock \\(([0-9.]+)-([0-9]+)\\) ")
-  message(FATAL_ERROR "packaging/debian/changelog does not begin with an entry of wardlock")
+  message(FATAL_ERROR "packaging/debian/changelog must begin with an entry of wardlock")
 endif()
 set(CPACK_DEBIAN_PACKAGE_RELEASE ${CMAKE_MATCH_2})
 if(NOT CMAKE_MATCH_1 VERSION_EQUAL PROJECT_VERSION)
-  message(FATAL_ERROR "packaging/debian/changelog is of version ${CMAKE_MATCH_1}, the project of ${PROJECT_VERSION}")
+  message(FATAL_ERROR "packaging/debian/changelog has version ${CMAKE_MATCH_1}, but the project has ${PROJECT_VERSION}")
 endif()
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME wardlock)
-# Each component has its own.
+# Each component has its own summary.
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")
 set(CPACK_OUTPUT_FILE_PREFIX "${PROJECT_SOURCE_DIR}/build/packages")
 set(CPACK_STRIP_FILES ON)
@@ -36,7 +36,7 @@ set(CPACK_DEBIAN_PACKAGE_SOURCE wardlock)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 
-# What links a library says itself that it needs it. The packages are of one build and go together.
+# Dependencies on libraries are read from the built files. The packages of one build depend on each other.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${CMAKE_LIBRARY_OUTPUT_DIRECTORY}")
 set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
@@ -50,21 +50,21 @@ endforeach()
 
 set(CPACK_DEBIAN_WARDLOCK_PACKAGE_SECTION utils)
 set(CPACK_COMPONENT_WARDLOCK_DEPENDS libwardlock)
-# No library tells of these: what the window's QML files import, how icons are decoded, where the icons of applications
-# are looked for, and a font (without one a minimal system shows no text at all).
+# Dependencies that no built file names: the window's QML imports, the decoder of icons, the base icon theme of applications, and a
+# font (without one, a minimal system shows no text at all).
 string(JOIN ", " CPACK_DEBIAN_WARDLOCK_PACKAGE_DEPENDS
   qml6-module-qtquick qml6-module-qtquick-window qml6-module-qtqml qml6-module-qtqml-workerscript libqt6svg6 hicolor-icon-theme
   fonts-inter)
 # The web page in the window, mail and links, and the window on Wayland.
 set(CPACK_DEBIAN_WARDLOCK_PACKAGE_RECOMMENDS "qml6-module-qtwebengine, qt6-wayland, xdg-utils")
 
-# The number of the libraries' SONAME.
+# The version in the SONAME of the libraries.
 get_target_property(soname wardlock-settings-library SOVERSION)
 set(CPACK_DEBIAN_LIBWARDLOCK_PACKAGE_NAME libwardlock${soname})
 set(CPACK_DEBIAN_LIBWARDLOCK_PACKAGE_SECTION libs)
-# Started where no bus is running, so that other processes hear of changes.
+# Started where no bus is running, so that other processes are notified of changes.
 set(CPACK_DEBIAN_LIBWARDLOCK_PACKAGE_DEPENDS dbus-daemon)
-# What programs that link the libraries depend on, and how the linker hears of them.
+# What programs that link the libraries depend on, and the trigger that updates the linker's cache.
 file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/debian/shlibs" CONTENT
 "libwardlock-platform ${soname} libwardlock${soname} (>= ${PROJECT_VERSION})
 libwardlock-settings ${soname} libwardlock${soname} (>= ${PROJECT_VERSION})

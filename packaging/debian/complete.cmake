@@ -1,4 +1,4 @@
-# Run by CPack when the components are installed and before they are packed: adds to each what only a Debian package has.
+# Run by CPack after the components are installed and before they are packed. Adds the files that only a Debian package has.
 find_program(gzip gzip REQUIRED)
 
 function(compress file)

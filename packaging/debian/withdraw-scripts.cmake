@@ -1,5 +1,5 @@
-# Run by CPack when the packages are made: takes out the scripts that it writes for every library. They call ldconfig,
-# which Debian's packages leave to a trigger.
+# Run by CPack after the packages are built. Removes the scripts that CPack writes for every library: they call ldconfig, which
+# Debian's packages leave to a trigger.
 find_program(dpkg_deb dpkg-deb REQUIRED)
 
 foreach(package IN LISTS CPACK_PACKAGE_FILES)
