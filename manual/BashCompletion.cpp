@@ -19,7 +19,7 @@ std::string joined(const std::vector<std::string>& words) {
     return text;
 }
 
-/// The call that offers the candidates.
+/// Returns the call that offers the candidates.
 std::string offer(const std::string& function, const Candidates& candidates) {
     switch (candidates.kind) {
     case Candidates::Kind::Files:
@@ -45,8 +45,8 @@ std::string optionNames(const Use& use) {
     return joined(names);
 }
 
-/// Branches of `case "$verb $word"`: the values of options, the options themselves, and the operands by
-/// number.
+/// Returns the branches of `case "$verb $word"`: for the values of options, the options themselves, and the
+/// operands by number.
 std::string branches(const Program& program, const std::string& function) {
     std::string values;
     std::string options;
@@ -74,7 +74,7 @@ std::string branches(const Program& program, const std::string& function) {
     return text;
 }
 
-/// Options that take a value, for counting the operands.
+/// Returns a pattern of the options that take a value, for counting the operands.
 std::string valued(const Program& program) {
     std::vector<std::string> names;
     for (const Use& use : program.uses)
@@ -94,9 +94,9 @@ std::string helpers(const Program& program, const std::string& function) {
            "    mapfile -t COMPREPLY < <(compgen -W \"$1\" -- \"$current\")\n}\n\n" +
            function +
            "_paths() {\n"
-           "    # Left to the shell itself, since a file's name may hold a line end.\n"
+           "    # The shell itself completes paths, since a file name may contain a line end.\n"
            "    compopt -o \"$1\"\n}\n\n"
-           "# Which operand the word being typed is, counted from 1, when the operands begin at word $1.\n" +
+           "# Prints the number of the operand being typed, from 1, when the operands begin at word $1.\n" +
            function +
            "_operand() {\n"
            "    local i number=1\n"
@@ -112,7 +112,7 @@ std::string helpers(const Program& program, const std::string& function) {
            "    echo \"$number\"\n}\n\n";
 }
 
-/// Finds the verb, or completes it.
+/// Returns the code that finds the verb, or completes it.
 std::string verbPart(const Program& program, const std::string& function) {
     std::string text = "    if ((COMP_CWORD == 1)); then\n        " + function + "_words '" +
                        joined(firstWords(program)) +
@@ -135,7 +135,7 @@ std::string verbPart(const Program& program, const std::string& function) {
 std::string bashCompletion(const Program& program) {
     const std::string function = functionName(program);
     std::string text =
-        "# bash completion for " + program.name + ", made from the tables behind --help.\n\n" +
+        "# bash completion for " + program.name + ", generated from the tables of --help.\n\n" +
         helpers(program, function) + function +
         "() {\n"
         "    local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} verb='' first=1\n"

@@ -22,7 +22,7 @@ std::vector<std::string> keysOf(const platform::Dictionary& dictionary) {
     return keys;
 }
 
-/// The keys a verb takes: of the document, of an account, or of both.
+/// Returns the keys that a verb takes: of the document, of an account, or of both.
 std::vector<std::string> keysFor(std::string_view verb) {
     const platform::Dictionary defaults = DefaultSettings();
     const platform::Value& account = platform::arrayValue(defaults.find(kAccounts))->at(0);
@@ -95,10 +95,10 @@ Program windowDescription() {
     Use use;
     use.summary = "open Settings in a window";
     use.synopsis = "wardlock-settings [OPTION]...";
-    use.description = "Opens the Settings application in a window. What the device root lacks is made\n"
-                      "first: its folders, the link to the settings bundle, and the default document\n"
-                      "where there is none. Every change is saved at once, and other processes hear of\n"
-                      "it at once; what other processes change is shown as it happens.\n";
+    use.description = "Opens the Settings application in a window. First creates what the device root\n"
+                      "lacks: its folders, the link to the settings bundle, and the default document.\n"
+                      "Every change is saved at once, and other processes are notified at once. Changes\n"
+                      "by other processes are shown as they happen.\n";
     for (const window::OptionText& text : window::Options::texts())
         use.options.push_back(entryOf("", {text.name, text.value, text.help}));
     return {"wardlock-settings", "Settings in a window", {use}};

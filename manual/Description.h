@@ -9,40 +9,40 @@
 
 namespace wardlock::manual {
 
-/// What can stand in the place of a word on the command line.
+/// The possible completions of a word on the command line.
 struct Candidates {
     enum class Kind { Nothing, Files, Folders, Words };
     Kind kind = Kind::Nothing;
     std::vector<std::string> words;
 };
 
-/// An option, as all programs have them.
+/// An option, and the completions of its value.
 struct OptionEntry {
     cli::Option option;
     Candidates values;
 };
 
-/// An operand, by what the synopsis calls it.
+/// An operand, by its name in the synopsis.
 struct OperandEntry {
     std::string name;
-    /// Any number of them.
+    /// Whether there may be any number of them.
     bool repeated = false;
     Candidates values;
 };
 
-/// One use of a program: a verb of `wardlock`, or all that `wardlock-settings` does.
+/// One use of a program: a verb of `wardlock`, or the single use of `wardlock-settings`.
 struct Use {
     /// "plist set"; empty where the program has no verbs.
     std::string verb;
     std::string summary;
     std::string synopsis;
-    /// As the help prints it: paragraphs, lines of examples indented by two blanks.
+    /// As in the help: paragraphs, and examples indented by two blanks.
     std::string description;
     std::vector<OptionEntry> options;
     std::vector<OperandEntry> operands;
 };
 
-/// A program, from the tables its help is made from.
+/// A program, described by the tables of its help.
 struct Program {
     std::string name;
     std::string summary;
@@ -54,7 +54,8 @@ struct Program {
 Program commandDescription();
 Program windowDescription();
 
-/// The first words of all verbs ("plist"), and the second ones of a family ("set"); each once.
+/// Return the first words of all verbs ("plist"), and the second words of a family ("set"), without
+/// duplicates.
 std::vector<std::string> firstWords(const Program& program);
 std::vector<std::string> secondWords(const Program& program, std::string_view family);
 

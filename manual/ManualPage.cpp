@@ -18,16 +18,17 @@ struct FileText {
 constexpr std::array files{
     FileText{
         "/var/mobile/Library/Preferences/com.tavix.wardlock.plist",
-        "The preferences document. It is replaced in one step by every change; what cannot be read is kept "
-        "beside it under the same name and .damaged."},
+        "The preferences document. Every change replaces it in one step. A document that cannot be read is "
+        "kept beside it, with .damaged added to its name."},
     FileText{"/var/mobile/com.tavix.wardlock_log",
-             "The log, which goes with a support mail. It only grows; it may be removed."},
-    FileText{"/Library/PreferenceBundles/WardlockSettings.bundle", "The settings bundle: the pages."},
+             "The log, which is attached to a support mail. It only grows, and may be removed."},
+    FileText{"/Library/PreferenceBundles/WardlockSettings.bundle",
+             "The settings bundle, which contains the pages."},
     FileText{"/Library/MobileSubstrate/DynamicLibraries/AppList.dylib",
-             "The list of installed applications."},
+             "The module that lists the installed applications."},
     FileText{"/Applications", "The installed applications of the device root."},
     FileText{"/var/mobile/Library/Mail/Outbox",
-             "Where it exists, support mails that no mail program takes are saved here."},
+             "If this folder exists, support mail that no mail program can send is saved here."},
 };
 
 struct Example {
@@ -36,11 +37,11 @@ struct Example {
 };
 
 constexpr std::array commandExamples{
-    Example{"Make a device to try everything out on, and open Settings there in the terminal:",
+    Example{"Create a sample device, and open its Settings in the terminal:",
             "export WARDLOCK_DEVICE_ROOT=$(wardlock device init --demo ~/my-device)\nwardlock settings "
             "--terminal"},
-    Example{"Find out what does not work:", "wardlock doctor"},
-    Example{"Switch everything off and tell every process:",
+    Example{"Check the installation:", "wardlock doctor"},
+    Example{"Turn off the master switch, and notify all processes:",
             "wardlock plist set "
             "\"$WARDLOCK_DEVICE_ROOT\"/var/mobile/Library/Preferences/com.tavix.wardlock.plist \\\n"
             "    kEnabled bool false\nwardlock announce kEnabled"},
@@ -49,7 +50,8 @@ constexpr std::array commandExamples{
 };
 
 constexpr std::array windowExamples{
-    Example{"Show another device, in the dark:", "wardlock-settings --dark --device-root ~/my-device"},
+    Example{"Show another device with the dark appearance:",
+            "wardlock-settings --dark --device-root ~/my-device"},
 };
 
 std::string section(std::string_view title) {
@@ -64,7 +66,7 @@ std::string items(const std::vector<OptionEntry>& options) {
     return text;
 }
 
-/// Without the one that every verb has.
+/// Returns the options without --help, which every verb has.
 std::vector<OptionEntry> ownOptions(const Use& use) {
     std::vector<OptionEntry> options = use.options;
     std::erase_if(options,
@@ -99,7 +101,7 @@ std::string environment() {
 }
 
 std::string fileList() {
-    std::string text = section("FILES") + "Paths of the device; they lie below the device root.\n";
+    std::string text = section("FILES") + "These are paths of the device, below the device root.\n";
     for (const FileText& file : files)
         text += ".TP\n.I " + roffVerbatim(file.path) + '\n' + roffText(file.meaning) + '\n';
     return text;
@@ -132,20 +134,19 @@ std::string upper(std::string text) {
     return text;
 }
 
-/// What the person reads who does not know yet what the program is about.
+/// The introduction for a reader who does not know the program.
 constexpr std::string_view about =
-    "Wardlock restricts what a child can do on a device. A parent makes an account for the child, switches "
-    "restrictions on and off, and chooses the applications that are kept away. All settings are one "
-    "document; "
-    "the process that enforces them hears of every change at once.\n";
+    "Wardlock restricts what a child can do on a device. A parent creates an account for the child, turns "
+    "restrictions on and off, and chooses the applications that are blocked. One document contains all "
+    "settings. The process that enforces them is notified of every change at once.\n";
 
-constexpr std::string_view everyVerb = "Every verb takes --help, which prints what stands here.\n";
+constexpr std::string_view everyVerb = "With --help, each verb prints its description.\n";
 
 } // namespace
 
 std::string manualPage(const Program& program) {
     const bool isCommand = program.hasVerbs();
-    std::string text = ".\\\" Made from the tables behind --help.\n.TH " + upper(program.name) +
+    std::string text = ".\\\" Generated from the tables of --help.\n.TH " + upper(program.name) +
                        " 1 " WARDLOCK_RELEASE_DATE " \"Wardlock " WARDLOCK_VERSION "\" \"User Commands\"\n";
     text += section("NAME") + roffVerbatim(program.name) + " \\- " + roffText(program.summary) + '\n';
     text += section("SYNOPSIS") + ".nh\n.ad l\n" + synopsis(program) + ".ad\n.hy\n";
@@ -158,7 +159,7 @@ std::string manualPage(const Program& program) {
     text += environment() + fileList();
     text += isCommand ? examples(commandExamples) : examples(windowExamples);
     text += section("SEE ALSO") + (isCommand ? ".BR wardlock\\-settings (1)\n" : ".BR wardlock (1)\n");
-    return text + ".PP\nThe user guide and the other pages of the documentation:\n" +
+    return text + ".PP\nThe user guide and further documentation:\n" +
            roffParagraphs("  " WARDLOCK_PAGES_FOLDER "/index.md\n");
 }
 

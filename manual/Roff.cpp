@@ -32,7 +32,7 @@ std::string escaped(std::string_view text, bool minus) {
     return result;
 }
 
-/// A line of text must not begin with what would make it a request.
+/// Escapes a leading full stop, which would make the line a request.
 std::string line(const std::string& text) {
     return text.starts_with('.') ? "\\&" + text : text;
 }
@@ -41,7 +41,7 @@ std::string bold(std::string_view text) {
     return "\\fB" + escaped(text, true) + "\\fR";
 }
 
-/// Broken at blanks into lines that every reader of the source can take.
+/// Breaks the text at blanks into lines of at most 78 characters, as the source of manual pages should have.
 std::string lines(std::string_view text) {
     constexpr std::size_t width = 78;
     std::string result;
@@ -55,7 +55,8 @@ std::string lines(std::string_view text) {
     return result + line(std::string(text));
 }
 
-/// "--json," and "-o" are options, "WARDLOCK_DEVICE_ROOT" is a variable; punctuation behind stays plain.
+/// Makes options ("--json", "-o") and variables ("WARDLOCK_DEVICE_ROOT") bold, without the punctuation behind
+/// them.
 std::string roffWord(std::string_view word) {
     const std::size_t end = word.find_last_not_of(",.;:)");
     const std::string_view core = word.substr(0, end == std::string_view::npos ? 0 : end + 1);

@@ -6,7 +6,7 @@ namespace wardlock::manual {
 
 namespace {
 
-/// Text inside single quotes and inside the brackets and colons of `_arguments`.
+/// Escapes a text for single quotes and for the brackets and colons of `_arguments`.
 std::string described(std::string_view text) {
     std::string result;
     for (const char c : text) {
@@ -40,7 +40,7 @@ std::string action(const Candidates& candidates) {
     return " ";
 }
 
-/// The call of `_arguments` for one use.
+/// Returns the call of `_arguments` for one use.
 std::string arguments(const Use& use, const std::string& indent) {
     std::string text = indent + "_arguments";
     for (const OptionEntry& entry : use.options) {
@@ -70,7 +70,7 @@ const Use* useOf(const Program& program, const std::string& verb) {
     return found == program.uses.end() ? nullptr : &*found;
 }
 
-/// "status:tell whether..."; a family is told by its verbs.
+/// Returns the choices as "status:show whether..."; a family is described by its verbs.
 std::string choices(const Program& program, const std::vector<std::string>& words, const std::string& prefix,
                     const std::string& indent) {
     std::string text = indent + "choices=(\n";
@@ -82,7 +82,7 @@ std::string choices(const Program& program, const std::vector<std::string>& word
     return text + indent + ")\n" + indent + "_describe verb choices\n";
 }
 
-/// A function for a family: completes the second word, then goes by it.
+/// Returns a function for a family: it completes the second word, or the arguments of that verb.
 std::string familyFunction(const Program& program, const std::string& family) {
     const auto words = secondWords(program, family);
     std::string text = "_wardlock_" + family + "() {\n    local -a choices\n    if ((CURRENT == 2)); then\n" +
@@ -114,7 +114,7 @@ std::string withVerbs(const Program& program) {
 } // namespace
 
 std::string zshCompletion(const Program& program) {
-    const std::string head = "#compdef " + program.name + "\n# Made from the tables behind --help.\n\n";
+    const std::string head = "#compdef " + program.name + "\n# Generated from the tables of --help.\n\n";
     return head + (program.hasVerbs() ? withVerbs(program) : arguments(program.uses.front(), ""));
 }
 

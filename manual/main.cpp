@@ -1,4 +1,4 @@
-// Writes one file of the manual: wardlock-manual page|bash|zsh PROGRAM. Run by the build.
+// Prints one file of the manual: wardlock-manual page|bash|zsh PROGRAM. Run by the build.
 
 #include "manual/Pages.h"
 
@@ -9,7 +9,7 @@
 int main(int count, char** words) {
     using namespace wardlock::manual;
     if (count != 3)
-        return std::fputs("wardlock-manual page|bash|zsh PROGRAM\n", stderr), 2;
+        return std::fputs("Usage: wardlock-manual page|bash|zsh PROGRAM\n", stderr), 2;
     const std::string_view kind = words[1];
     const Program program =
         std::string_view(words[2]) == "wardlock-settings" ? windowDescription() : commandDescription();

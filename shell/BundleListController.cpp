@@ -59,7 +59,7 @@ void BundleListController::open(const BundleEntry& entry) {
         return showFailure(entry, reason);
     const auto page = std::dynamic_pointer_cast<platform::UIViewController>(principal->create());
     if (!page)
-        return showFailure(entry, std::string(principal->name()) + " is no page");
+        return showFailure(entry, std::string(principal->name()) + " is not a page");
     if (page->title().empty())
         page->setTitle(entry.name);
     if (page->title().empty())

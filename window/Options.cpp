@@ -16,20 +16,20 @@ std::optional<double> number(const std::string& text) {
     return value;
 }
 
-constexpr OptionText darkText{"--dark", "", "the dark appearance, instead of the system's"};
-constexpr OptionText lightText{"--light", "", "the light appearance, instead of the system's"};
+constexpr OptionText darkText{"--dark", "", "use the dark appearance instead of the system's"};
+constexpr OptionText lightText{"--light", "", "use the light appearance instead of the system's"};
 constexpr OptionText textScaleText{"--text-scale", "N",
-                                   "the size of the text, from 0.8 to 2.5, instead of the\nsystem's"};
+                                   "scale the text by N, from 0.8 to 2.5, instead of by the\nsystem's scale"};
 constexpr OptionText deviceRootText{"--device-root", "DIR",
-                                    "the device to show: the folder that holds its files,\ninstead of "
-                                    "WARDLOCK_DEVICE_ROOT or the user's own device"};
+                                    "show the device whose files are in the folder DIR,\ninstead of "
+                                    "WARDLOCK_DEVICE_ROOT or the user's default"};
 constexpr OptionText screenshotsText{"--screenshots", "DIR",
                                      "write a picture of every page, light and dark, to DIR\nand end; needs "
                                      "no display"};
 constexpr OptionText orTerminalText{"--or-terminal", "",
-                                    "go on with Settings in the terminal where no window can\nbe opened"};
-constexpr OptionText helpText{"--help", "", "show this text"};
-constexpr OptionText versionText{"--version", "", "show the version"};
+                                    "open Settings in the terminal if no window can be\nopened"};
+constexpr OptionText helpText{"--help", "", "print this help"};
+constexpr OptionText versionText{"--version", "", "print the version"};
 constexpr std::array allTexts{darkText,        lightText,      textScaleText, deviceRootText,
                               screenshotsText, orTerminalText, helpText,      versionText};
 
@@ -46,7 +46,7 @@ Options Options::parse(const std::vector<std::string>& arguments) {
         const std::string& name = arguments[i];
         const bool hasValue = takesValue(name);
         if (hasValue && i + 1 == arguments.size()) {
-            options.error = name + " needs a value";
+            options.error = "option '" + name + "' needs a value";
             break;
         }
         if (name == helpText.name)
@@ -62,9 +62,10 @@ Options Options::parse(const std::vector<std::string>& arguments) {
         else if (name == screenshotsText.name)
             options.screenshots = arguments[++i];
         else if (name == textScaleText.name && !(options.textScale = number(arguments[++i])))
-            options.error = "--text-scale needs a number, for example 1.5";
+            options.error = "option '--text-scale' needs a number, for example 1.5";
         else if (!hasValue)
-            options.error = "unknown argument " + name;
+            options.error =
+                (name.starts_with('-') ? "unknown option '" : "unexpected argument '") + name + '\'';
     }
     return options;
 }

@@ -84,7 +84,7 @@ private:
             for (std::size_t row = 0; row < shown->section(section).rowCount; ++row)
                 if (shown->row({section, row}).label == label)
                     return page()->tapRow(static_cast<int>(section), static_cast<int>(row));
-        std::fprintf(stderr, "wardlock-settings: there is no row %s to take a picture of\n", label);
+        std::fprintf(stderr, "wardlock-settings: cannot take a picture: no row '%s'\n", label);
         complete_ = false;
     }
 
@@ -122,7 +122,7 @@ private:
 
 int takeScreenshots(const Options& options) {
     if (!QDir().mkpath(toQt(options.screenshots))) {
-        std::fprintf(stderr, "wardlock-settings: cannot make the folder %s\n",
+        std::fprintf(stderr, "wardlock-settings: cannot create folder %s\n",
                      shell::escaped(options.screenshots).c_str());
         return 1;
     }

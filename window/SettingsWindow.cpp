@@ -8,6 +8,13 @@ namespace wardlock::window {
 
 namespace {
 
+/// Returns the message as a sentence: "Cannot create folder /x: Permission denied."
+std::string sentence(std::string message) {
+    if (!message.empty() && message[0] >= 'a' && message[0] <= 'z')
+        message[0] = static_cast<char>(message[0] - 'a' + 'A');
+    return message + '.';
+}
+
 /// Makes `model` show `shown`, creating and destroying it as needed. Returns whether it is another model now.
 template <class Model, class Shown>
 bool follow(std::unique_ptr<Model>& model, const Shown& shown, bool present, shell::SheetInput& input) {
@@ -45,7 +52,7 @@ QString SettingsWindow::notice() {
 void SettingsWindow::showProblems(const std::vector<std::string>& problems) {
     QStringList lines;
     for (const std::string& problem : problems)
-        lines.append(shownText(problem));
+        lines.append(shownText(sentence(problem)));
     problems_ = lines.join(QLatin1Char('\n'));
     emit noticeChangedForQml();
 }

@@ -26,26 +26,26 @@ int usageError(const std::string& error) {
     return 2;
 }
 
-/// Collects Qt's messages while it searches for a display, before the application exists: without one, Qt
-/// ends the process.
+/// The messages of Qt until the application object exists, or until Qt ends the process without a display.
 struct DisplaySearch {
     bool orTerminal = false;
     QStringList said;
 };
 DisplaySearch displaySearch;
 
-/// Qt ends the process when it reaches no display, with the advice to reinstall the application.
+/// Replaces the message with which Qt ends the process without a display: it advises to reinstall the
+/// application.
 [[noreturn]] void reportMissingDisplay() {
-    const QString reason = displaySearch.said.value(0, QStringLiteral("there is no display"));
-    std::fprintf(stderr, "wardlock-settings: no window can be opened: %s\n",
+    const QString reason = displaySearch.said.value(0, QStringLiteral("no display"));
+    std::fprintf(stderr, "wardlock-settings: cannot open a window: %s\n",
                  shell::escaped(reason.trimmed().toStdString()).c_str());
     if (displaySearch.orTerminal)
         platform::becomeProgramBeside("wardlock", {"settings", "--terminal"});
-    std::fputs("Settings in the terminal: wardlock settings --terminal\n", stderr);
+    std::fputs("To use the terminal instead: wardlock settings --terminal\n", stderr);
     std::_Exit(1);
 }
 
-void hearOfDisplay(QtMsgType kind, const QMessageLogContext&, const QString& text) {
+void collectDisplayMessage(QtMsgType kind, const QMessageLogContext&, const QString& text) {
     if (kind == QtFatalMsg)
         reportMissingDisplay();
     displaySearch.said.append(text);
@@ -55,7 +55,7 @@ int openWindow(const window::Options& options, const std::vector<std::string>& p
     window::WindowClock clock;
     window::WindowHost host(clock, transitionSeconds);
     if (!host.window()) {
-        std::fputs("wardlock-settings: the window could not be made\n", stderr);
+        std::fputs("wardlock-settings: cannot create the window\n", stderr);
         return 1;
     }
     host.appearance().force(options.dark);
@@ -81,7 +81,7 @@ int main(int argc, char** argv) {
         qputenv("WARDLOCK_DEVICE_ROOT", options.deviceRoot.c_str());
     window::chooseGraphics(options.screenshots.empty() ? window::DrawnOn::Display : window::DrawnOn::Memory);
     displaySearch.orTerminal = options.orTerminal;
-    qInstallMessageHandler(hearOfDisplay);
+    qInstallMessageHandler(collectDisplayMessage);
     QGuiApplication application(argc, argv);
     qInstallMessageHandler(nullptr);
     for (const QString& text : displaySearch.said)

@@ -17,7 +17,7 @@ ExitCode announce(const Arguments& arguments) {
         value = AccountObject(key);
     if (!value)
         throw CommandError(ExitCode::Failed,
-                           "neither the settings nor an enabled account have \"" + std::string(key) + "\"");
+                           "no key '" + std::string(key) + "' in the settings or the enabled account");
     postChange(BundleIdentifier, PostName, key, *value);
     return ExitCode::Done;
 }
@@ -27,12 +27,14 @@ ExitCode announce(const Arguments& arguments) {
 const Verb announceVerb{
     "announce",
     "KEY",
-    "tell every process that a key has changed",
-    "Announces a change of KEY with its present value: that of the top-level key,\n"
-    "else that of the enabled account's key. For programs that write the document\n"
-    "without announcing it themselves. Exit code 1 when there is no such key. A\n"
-    "document that is missing, or lacks a top-level key, is completed with the\n"
-    "defaults and written, as by every process that looks the settings up.\n",
+    "notify all processes that a key has changed",
+    "Notifies all processes that KEY has changed, and of its present value: that of\n"
+    "the top-level key, else that of the enabled account's key. Run it after a\n"
+    "program that writes the document without announcing the change. Exit code 1\n"
+    "when there is no such key.\n"
+    "\n"
+    "Like every process that reads the settings, this verb first writes the defaults\n"
+    "where the document or a top-level key is missing.\n",
     {},
     1,
     1,

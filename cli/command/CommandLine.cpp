@@ -2,11 +2,14 @@
 
 #include "cli/command/Verb.h"
 #include "cli/io/Output.h"
+#include "cli/io/Suggestion.h"
 #include "platform/runtime/ExceptionBoundary.h"
 
 #include <algorithm>
 #include <exception>
+#include <sstream>
 #include <string>
+#include <vector>
 
 namespace wardlock::cli {
 
@@ -14,7 +17,7 @@ namespace {
 
 using Words = std::span<const std::string_view>;
 
-/// How many words at the front name the verb; 0 when they name another.
+/// Returns how many of the first words name `verb`; 0 when they name another.
 std::size_t matchedWords(const Verb& verb, Words words) {
     const std::size_t space = verb.name.find(' ');
     if (words.empty() || words[0] != verb.name.substr(0, space))
@@ -29,9 +32,28 @@ bool isFamily(std::string_view word) {
         verbs(), [&](const Verb* verb) { return verb->name.starts_with(std::string(word) + ' '); });
 }
 
+/// Returns whether --help is among the options; after "--" it is an operand.
 bool asksForHelp(Words words) {
     return std::find(words.begin(), std::ranges::find(words, "--"), "--help") !=
            std::ranges::find(words, "--");
+}
+
+/// "FILE": what the synopsis calls the operand of that index.
+std::string operandName(const Verb& verb, std::size_t index) {
+    std::istringstream names{std::string(verb.operands)};
+    std::string name;
+    for (std::size_t i = 0; i <= index; ++i)
+        names >> name;
+    return name.substr(0, name.find("..."));
+}
+
+std::string unknownVerb(Words words) {
+    const std::string first(words[0]);
+    std::vector<std::string_view> known;
+    for (const Verb* verb : verbs())
+        known.push_back(isFamily(first) ? verb->name : verb->name.substr(0, verb->name.find(' ')));
+    const std::string given = isFamily(first) ? first + ' ' + std::string(words[1]) : first;
+    return "unknown verb '" + given + '\'' + didYouMean(given, known);
 }
 
 ExitCode runVerb(const Verb& verb, Words words) {
@@ -41,15 +63,18 @@ ExitCode runVerb(const Verb& verb, Words words) {
     }
     const Arguments arguments(words, verb.options);
     const std::size_t count = arguments.operands().size();
-    if (count < verb.fewestOperands || count > verb.mostOperands)
-        throw CommandError(ExitCode::WrongUsage,
-                           count < verb.fewestOperands ? "an argument is missing" : "too many arguments");
+    if (count < verb.fewestOperands)
+        throw CommandError(ExitCode::WrongUsage, "missing argument " + operandName(verb, count));
+    if (count > verb.mostOperands)
+        throw CommandError(ExitCode::WrongUsage, "unexpected argument '" +
+                                                     std::string(arguments.operand(verb.mostOperands)) +
+                                                     '\'');
     return verb.run(arguments);
 }
 
 ExitCode runWithoutVerb(Words words) {
     if (words.empty())
-        throw CommandError(ExitCode::WrongUsage, "no verb given");
+        throw CommandError(ExitCode::WrongUsage, "missing verb");
     if (words[0] == "--help")
         Output::text(overview());
     else if (words[0] == "--version")
@@ -57,14 +82,13 @@ ExitCode runWithoutVerb(Words words) {
     else if (isFamily(words[0]) && words.size() > 1 && words[1] == "--help")
         Output::text(overview(words[0]));
     else if (isFamily(words[0]) && words.size() == 1)
-        throw CommandError(ExitCode::WrongUsage, std::string(words[0]) + " needs a verb of its own");
+        throw CommandError(ExitCode::WrongUsage, "missing verb after '" + std::string(words[0]) + '\'');
     else
-        throw CommandError(ExitCode::WrongUsage, "no such verb: " + std::string(words[0]) +
-                                                     (isFamily(words[0]) ? ' ' + std::string(words[1]) : ""));
+        throw CommandError(ExitCode::WrongUsage, unknownVerb(words));
     return ExitCode::Done;
 }
 
-/// Runs `body`, then makes sure that what it printed is out; tells every failure in one line.
+/// Runs `body`, then flushes what it printed. Reports every failure in one line.
 template <class Body>
 ExitCode reportingFailures(const std::string& name, Body body) {
     try {
@@ -72,7 +96,7 @@ ExitCode reportingFailures(const std::string& name, Body body) {
         Output::flush();
         return code;
     } catch (const CommandError& error) {
-        // What was printed before the failure comes before it.
+        // What was printed before the failure comes before its message.
         Output::flushLast();
         std::string text = name + ": " + error.what();
         if (error.code() == ExitCode::WrongUsage)

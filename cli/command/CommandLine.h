@@ -7,8 +7,8 @@
 
 namespace wardlock::cli {
 
-/// Runs the command on the words that follow the program's name: finds the verb, runs it, reports its
-/// failure. An exception that is no failure ends the process, after its report.
+/// Runs the command on the words that follow the program's name: finds the verb, runs it and reports its
+/// failure. An exception that is not a std::exception ends the process, after its report.
 ExitCode runCommandLine(std::span<const std::string_view> words);
 
 } // namespace wardlock::cli

@@ -17,18 +17,18 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr Option demoOption{"--demo", "", "add some forty applications and an outbox for mails"};
+constexpr Option demoOption{"--demo", "", "add about forty sample applications, and an outbox for mail"};
 constexpr std::array deviceOptions{demoOption};
 
-/// The folder becomes the device root of this process, and of the bus's messages with it.
+/// Makes the folder the device root of this process and of the notifications it sends.
 void useDeviceRoot(std::string_view folder) {
     std::error_code error;
     const fs::path root = fs::absolute(fs::path(folder), error).lexically_normal();
     if (folder.empty() || error)
-        throw CommandError(ExitCode::WrongUsage, "DIR is no folder's name");
+        throw CommandError(ExitCode::WrongUsage, "'" + std::string(folder) + "' is not a folder name");
     if (root == root.root_path())
-        throw CommandError(ExitCode::WrongUsage, "the machine's own root is not made by this command");
-    // NOLINTNEXTLINE(concurrency-mt-unsafe): there is one thread yet
+        throw CommandError(ExitCode::WrongUsage, "cannot create a device root in '/'");
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): no other thread runs yet
     setenv("WARDLOCK_DEVICE_ROOT", root.c_str(), 1);
 }
 
@@ -54,14 +54,13 @@ ExitCode initialise(const Arguments& arguments) {
 const Verb deviceInitVerb{
     "device init",
     "DIR",
-    "make a device root to use as WARDLOCK_DEVICE_ROOT",
-    "Makes in DIR what a device root lacks: its folders, the links to the settings\n"
-    "bundle and the application list of this installation, and, where there is no\n"
-    "preferences document, the one of a first start. What stands there stays as it\n"
-    "is. Prints the root.\n"
+    "create a device root for WARDLOCK_DEVICE_ROOT",
+    "Creates in DIR what a device root needs: its folders, links to the installed\n"
+    "settings bundle and application list, and the default preferences document.\n"
+    "Existing files are not changed. Prints the path of the root.\n"
     "\n"
-    "With --demo the device also gets invented applications with icons, and an\n"
-    "outbox in which support mails are saved.\n",
+    "With --demo, also adds sample applications with icons, and an outbox that\n"
+    "receives support mail.\n",
     deviceOptions,
     1,
     1,

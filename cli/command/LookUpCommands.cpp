@@ -15,9 +15,10 @@ namespace wardlock::cli {
 
 namespace {
 
-ExitCode printValue(const Arguments& arguments, const platform::Value* value) {
+ExitCode printValue(const Arguments& arguments, const platform::Value* value, const std::string& place) {
     if (!value)
-        throw CommandError(ExitCode::Failed, "there is no \"" + std::string(arguments.operand(0)) + "\"");
+        throw CommandError(ExitCode::Failed,
+                           "no key '" + std::string(arguments.operand(0)) + "' in " + place);
     if (arguments.has(jsonOption.name))
         Output::foreignLine(jsonLine(typedJson(*value)));
     else if (value->kind() == platform::Value::Kind::Boolean)
@@ -28,13 +29,13 @@ ExitCode printValue(const Arguments& arguments, const platform::Value* value) {
 }
 
 ExitCode get(const Arguments& arguments) {
-    return printValue(arguments, objectForKey(arguments.operand(0)));
+    return printValue(arguments, objectForKey(arguments.operand(0)), "the settings");
 }
 
 ExitCode account(const Arguments& arguments) {
     if (!EnabledAccountFetchIfNecessary())
         throw CommandError(ExitCode::Failed, "no account is enabled");
-    return printValue(arguments, AccountObject(arguments.operand(0)));
+    return printValue(arguments, AccountObject(arguments.operand(0)), "the enabled account");
 }
 
 constexpr std::array lookUpOptions{jsonOption};
@@ -46,13 +47,14 @@ const Verb getVerb{
     "KEY",
     "print the value of a top-level key of the settings",
     "Prints the value of a top-level key (kEnabled, kPasscode, kAccounts) as the\n"
-    "settings library answers it. Exit code 1 when there is none. A document that\n"
-    "is missing, or lacks a top-level key, is completed with the defaults and\n"
-    "written, as by every process that looks the settings up.\n"
-    "A terminal is shown control characters as escapes; a pipe or file gets the value\n"
-    "as it is.\n"
+    "settings library returns it. Exit code 1 when there is no such key. On a\n"
+    "terminal, control characters are printed as escapes; a pipe or file gets the\n"
+    "unchanged value.\n"
     "\n"
-    "With --json the value as `wardlock plist dump` prints it.\n",
+    "Like every process that reads the settings, this verb first writes the defaults\n"
+    "where the document or a top-level key is missing.\n"
+    "\n"
+    "With --json, prints the value in the form of `wardlock plist dump`.\n",
     lookUpOptions,
     1,
     1,
@@ -65,10 +67,11 @@ const Verb accountVerb{
     "print the value of a key of the enabled account",
     "Prints the value of a key (kAccountName, kRestrictSiri...) of the enabled\n"
     "account. Exit code 1 when no account is enabled or the account lacks the key.\n"
-    "A document that is missing, or lacks a top-level key, is completed with the\n"
-    "defaults and written, as by every process that looks the settings up.\n"
     "\n"
-    "With --json the value as `wardlock plist dump` prints it.\n",
+    "Like every process that reads the settings, this verb first writes the defaults\n"
+    "where the document or a top-level key is missing.\n"
+    "\n"
+    "With --json, prints the value in the form of `wardlock plist dump`.\n",
     lookUpOptions,
     1,
     1,

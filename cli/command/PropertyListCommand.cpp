@@ -18,7 +18,7 @@ namespace {
 using platform::Value;
 
 [[noreturn]] void refuse(std::string_view text, std::string_view why) {
-    throw CommandError(ExitCode::WrongUsage, "\"" + std::string(text) + "\" " + std::string(why));
+    throw CommandError(ExitCode::WrongUsage, "'" + std::string(text) + "' " + std::string(why));
 }
 
 template <class Number>
@@ -33,7 +33,7 @@ Value integerFromText(std::string_view text) {
         return *number;
     if (const auto number = numberFromText<std::uint64_t>(text))
         return *number;
-    refuse(text, "is no integer from -9223372036854775808 to 18446744073709551615");
+    refuse(text, "is not an integer from -9223372036854775808 to 18446744073709551615");
 }
 
 } // namespace
@@ -51,17 +51,16 @@ std::string fileBytes(const std::string& path, std::size_t largest) {
     const auto read = [&] { return platform::FileSystem::current().readFile(path, largest, bytes); };
     const std::error_code error = platform::uninterrupted(read);
     if (error == std::errc::file_too_large)
-        throw CommandError(ExitCode::Failed, path + ": larger than " + std::to_string(largest >> 20) +
-                                                 " MiB, the most that is read");
+        throw ReadError(ExitCode::Failed, path, "larger than " + std::to_string(largest >> 20) + " MiB");
     if (error)
-        throw CommandError(ExitCode::Failed, path + ": " + error.message());
+        throw ReadError(ExitCode::Failed, path, error.message());
     return bytes;
 }
 
 Value propertyListInFile(const std::string& path, std::size_t largest) {
     std::optional<Value> value = platform::propertyListWithData(fileBytes(path, largest));
     if (!value)
-        throw CommandError(ExitCode::NotAPropertyList, path + ": not a property list");
+        throw ReadError(ExitCode::NotAPropertyList, path, "not a property list");
     return *std::move(value);
 }
 
@@ -71,7 +70,7 @@ void storePropertyList(const Value& value, const std::string& path, platform::Sy
     if (!error)
         error = platform::AtomicWriter().write(path, document, sync);
     if (error)
-        throw CommandError(ExitCode::Failed, path + ": " + error.message());
+        throw CommandError(ExitCode::Failed, "cannot write " + path + ": " + error.message());
 }
 
 Value valueFromText(std::string_view type, std::string_view text) {
@@ -85,17 +84,17 @@ Value valueFromText(std::string_view type, std::string_view text) {
     if (type == "real") {
         if (const auto number = numberFromText<double>(text))
             return *number;
-        refuse(text, "is no real number");
+        refuse(text, "is not a real number");
     }
     if (type != "string")
-        refuse(type, "is no type; bool, int, real and string are");
+        refuse(type, "is not a type: expected bool, int, real or string");
     requireText(text);
     return text;
 }
 
 void requireText(std::string_view text) {
     if (!platform::isValidUtf8(text))
-        throw CommandError(ExitCode::WrongUsage, "an argument is not UTF-8");
+        throw CommandError(ExitCode::WrongUsage, "KEY and VALUE must be valid UTF-8");
 }
 
 } // namespace wardlock::cli

@@ -27,18 +27,18 @@ ExitCode dump(const Arguments& arguments) {
 ExitCode convert(const Arguments& arguments) {
     const auto out = arguments.value(outOption.name);
     if (!out)
-        throw CommandError(ExitCode::WrongUsage, "-o OUT is missing");
+        throw CommandError(ExitCode::WrongUsage, "missing option '-o OUT'");
     storePropertyList(propertyListInFile(std::string(arguments.operand(0))), std::string(*out), Sync::Full);
     return ExitCode::Done;
 }
 
-/// What is wrong with the file; Done with an empty reason when nothing is.
+/// Returns why the file is not a property list; Done with an empty reason when it is one.
 std::pair<ExitCode, std::string> judge(const std::string& path) {
     try {
         propertyListInFile(path, platform::largestDocument);
         return {ExitCode::Done, {}};
-    } catch (const CommandError& error) {
-        return {error.code(), std::string(error.what()).substr(path.size() + 2)};
+    } catch (const ReadError& error) {
+        return {error.code(), error.reason()};
     }
 }
 
@@ -75,12 +75,12 @@ const Verb plistDumpVerb{
     "plist dump",
     "FILE",
     "print a property list as typed JSON",
-    "Prints the value in a property list, XML or binary, as JSON on one line:\n"
+    "Prints a property list (XML or binary) as one line of JSON:\n"
     "  {\"bool\":true} {\"int\":\"-12\"} {\"real\":\"1.5\"} {\"string\":\"x\"} {\"data\":\"BASE64\"}\n"
     "  {\"date\":\"2001-01-01T00:00:00Z\"} {\"array\":[V,...]} {\"dict\":[[\"key\",V],...]}\n"
-    "Numbers are texts, so that no reader rounds them; a real may be nan, inf or\n"
-    "-inf, and a dictionary is a list of pairs, which keeps its order. FILE is a\n"
-    "path of this machine, not of the device.\n",
+    "Numbers are strings, so that no reader rounds them; a real may be nan, inf or\n"
+    "-inf. A dictionary is a list of pairs, which keeps its order. FILE is a path of\n"
+    "this machine, not of the device.\n",
     {},
     1,
     1,
@@ -90,11 +90,11 @@ const Verb plistDumpVerb{
 const Verb plistConvertVerb{
     "plist convert",
     "FILE",
-    "write a property list anew in its XML form",
-    "Reads a property list, XML or binary, and writes it to OUT as XML. OUT is\n"
-    "replaced in one step, and may be FILE itself; it stays as it is, and the exit\n"
-    "code is 1, where the XML would be larger than a document may be (16 MiB). Both\n"
-    "are paths of this machine, not of the device.\n",
+    "convert a property list to XML",
+    "Reads a property list (XML or binary) and writes it to OUT as XML. OUT is\n"
+    "replaced in one step, and may be FILE itself. When the XML would exceed 16 MiB,\n"
+    "OUT is not changed and the exit code is 1. Both are paths of this machine, not\n"
+    "of the device.\n",
     convertOptions,
     1,
     1,
@@ -104,13 +104,14 @@ const Verb plistConvertVerb{
 const Verb plistLintVerb{
     "plist lint",
     "FILE...",
-    "tell which files are property lists",
-    "Prints one line for each FILE: \"FILE: OK\", or why it is no property list.\n"
-    "Exit code 3 when one of them is none, else 1 when one cannot be read or is\n"
-    "larger than a document may be (16 MiB). FILE is a path of this machine, not of\n"
-    "the device.\n"
+    "check whether files are property lists",
+    "Prints one line for each FILE: \"FILE: OK\", or the reason why it is not a\n"
+    "property list. Exit code 3 when one of them is not, else 1 when one cannot be\n"
+    "read or is larger than 16 MiB. FILE is a path of this machine, not of the\n"
+    "device.\n"
     "\n"
-    "With --json an object a line: \"file\", \"ok\", and \"reason\" when it is not.\n",
+    "With --json, prints one object a line: \"file\", \"ok\", and \"reason\" when it is\n"
+    "not.\n",
     lintOptions,
     1,
     std::numeric_limits<std::size_t>::max(),

@@ -13,9 +13,9 @@ namespace {
 
 using platform::Sync;
 
-constexpr Option syncOption{
-    "--sync", "MODE",
-    "what is on the disk before this ends: none, data\n(the bytes) or full (the name too; the default)"};
+constexpr Option syncOption{"--sync", "MODE",
+                            "what reaches the disk before the command ends: none,\ndata (the content) or "
+                            "full (its name too; default)"};
 constexpr std::array setOptions{syncOption};
 
 Sync syncNamed(std::string_view name) {
@@ -25,16 +25,19 @@ Sync syncNamed(std::string_view name) {
         return Sync::Data;
     if (name == "full")
         return Sync::Full;
-    throw CommandError(ExitCode::WrongUsage, "--sync is none, data or full");
+    throw CommandError(ExitCode::WrongUsage,
+                       "unknown mode '" + std::string(name) + "' for '--sync': expected none, data or full");
 }
 
-/// The read-modify-write takes what it cannot read for no document and replaces it; here that is not wanted.
+/// Throws CommandError for a file that the read-modify-write would replace because it cannot read it as a
+/// document. This verb is for any property list, which must not be lost.
 void requireDictionary(const std::string& path) {
     if (isMissing(path))
         return;
-    // No larger than the read-modify-write takes.
+    // The limit of the read-modify-write.
     if (propertyListInFile(path, platform::largestDocument).kind() != platform::Value::Kind::Dictionary)
-        throw CommandError(ExitCode::Failed, path + ": its outermost value is no dictionary");
+        throw CommandError(ExitCode::Failed,
+                           "cannot change " + path + ": its top-level value is not a dictionary");
 }
 
 ExitCode set(const Arguments& arguments) {
@@ -49,7 +52,7 @@ ExitCode set(const Arguments& arguments) {
         return true;
     };
     if (const std::error_code error = platform::updateFileOfMachine(path, change, sync).error)
-        throw CommandError(ExitCode::Failed, path + ": it could not be written: " + error.message());
+        throw CommandError(ExitCode::Failed, "cannot write " + path + ": " + error.message());
     return ExitCode::Done;
 }
 
@@ -58,13 +61,17 @@ ExitCode set(const Arguments& arguments) {
 const Verb plistSetVerb{
     "plist set",
     "FILE KEY TYPE VALUE",
-    "store one top-level key of a property list",
-    "Reads FILE, sets KEY, and replaces the file in one step by its XML form; what\n"
-    "else it holds stays. A FILE that is missing is made. TYPE is bool (VALUE true\n"
-    "or false), int, real or string; a VALUE that begins with a dash and is no\n"
-    "number comes after \"--\". Exit code 0 only when the change is stored; 3, and\n"
-    "nothing changed, when FILE is not a property list. FILE is a path of this\n"
-    "machine, not of the device. Nobody is told: see `wardlock announce`.\n",
+    "set a top-level key of a property list",
+    "Reads FILE, sets KEY, and replaces FILE in one step by its XML form. All other\n"
+    "keys keep their values. A missing FILE is created. FILE is a path of this\n"
+    "machine, not of the device.\n"
+    "\n"
+    "TYPE is bool (VALUE true or false), int, real or string. Write \"--\" before the\n"
+    "operands when VALUE begins with a dash and is not a number.\n"
+    "\n"
+    "Exit code 0 only when the change is stored; 3, and FILE is not changed, when\n"
+    "FILE is not a property list. Other processes are not notified: see\n"
+    "`wardlock announce`.\n",
     setOptions,
     4,
     4,

@@ -12,8 +12,8 @@ namespace wardlock::cli {
 namespace {
 
 constexpr Option scriptOption{
-    "--script", "FILE", "obey the JSON commands in FILE, one a line;\n\"-\" reads them from standard input"};
-constexpr Option terminalOption{"--terminal", "", "use the terminal though there is a display"};
+    "--script", "FILE", "run the JSON commands in FILE, one a line;\n\"-\" reads them from standard input"};
+constexpr Option terminalOption{"--terminal", "", "use the terminal even if there is a display"};
 
 ExitCode settings(const Arguments& arguments) {
     const auto script = arguments.value(scriptOption.name);
@@ -21,7 +21,7 @@ ExitCode settings(const Arguments& arguments) {
         openWindowProgram();
     const shell::Provision provision;
     for (const auto& problem : provision.problems())
-        Output::error(problem);
+        Output::error("wardlock settings: " + problem);
     return script ? runScriptSettings(*script) : runTerminalSettings();
 }
 
@@ -34,14 +34,14 @@ const Verb settingsVerb{
     "",
     "open Settings: in a window, in the terminal, or for a script",
     "Opens Settings in a window where there is a display, and in the terminal\n"
-    "otherwise. What the device root lacks is made first: its folders, the link to\n"
-    "the settings bundle, and the default document where there is none.\n"
+    "otherwise. First creates what the device root lacks: its folders, the link to\n"
+    "the settings bundle, and the default document.\n"
     "\n"
-    "In the terminal, a number taps the row, b goes back and ? lists the rest.\n"
+    "In the terminal, a number taps the row, b goes back and ? lists all commands.\n"
     "\n"
-    "With --script, every line of FILE is a JSON command and is answered by one line\n"
-    "of JSON on standard output. Commands that cannot be carried out are answered by\n"
-    "an \"error\" and end nothing. All of them are described in\n"
+    "With --script, each line of FILE is a JSON command. For each command, one line\n"
+    "of JSON is printed to standard output. A command that cannot be carried out\n"
+    "prints an \"error\", and the script continues. All commands are documented in\n"
     "\n"
     "  docs/automation.md\n",
     settingsOptions,

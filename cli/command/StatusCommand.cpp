@@ -20,13 +20,13 @@ namespace {
 
 using platform::Value;
 
-/// What the enabled account amounts to.
+/// The enabled account, and what it restricts.
 struct AccountStatus {
-    /// Its place among the accounts, and how many there are.
+    /// Its index among the accounts, and their number.
     std::size_t index = 0;
     std::size_t count = 0;
     std::optional<std::string> name;
-    /// The keys of its restrictions that are on, in the record's order.
+    /// The keys of its restrictions that are on, in the order of the record.
     std::vector<std::string> restrictions;
     std::vector<std::string> apps;
 };
@@ -86,7 +86,7 @@ void printAccount(const std::optional<AccountStatus>& account) {
         Output::line("Enabled account: none");
         return;
     }
-    Output::line("Enabled account: " + printable(account->name.value_or("without a name")) + " (account " +
+    Output::line("Enabled account: " + printable(account->name.value_or("unnamed")) + " (account " +
                  std::to_string(account->index + 1) + " of " + std::to_string(account->count) + ")");
     printList("Restrictions:", account->restrictions);
     printList("Restricted apps:", account->apps);
@@ -117,15 +117,16 @@ constexpr std::array statusOptions{jsonOption};
 const Verb statusVerb{
     "status",
     "",
-    "tell whether Wardlock is on, and what the enabled account restricts",
-    "Tells the master switch, whether restrictions are in force (the switch is on\n"
-    "and an account is enabled), the enabled account, and what it restricts. A\n"
-    "document that is missing, or lacks a top-level key, is completed with the\n"
-    "defaults and written, as by every process that looks the settings up.\n"
+    "show whether Wardlock is on, and what the enabled account restricts",
+    "Prints the master switch, whether restrictions are in force (the switch is on\n"
+    "and an account is enabled), the enabled account, and what it restricts.\n"
     "\n"
-    "With --json one object: \"enabled\", \"tweakEnabled\", and \"account\", which is\n"
-    "null or an object of \"index\" (from 0), \"name\" (or null), \"restrictions\" and\n"
-    "\"apps\".\n",
+    "Like every process that reads the settings, this verb first writes the defaults\n"
+    "where the document or a top-level key is missing.\n"
+    "\n"
+    "With --json, prints one object: \"enabled\", \"tweakEnabled\", and \"account\". The\n"
+    "last is null or an object of \"index\" (from 0), \"name\" (or null),\n"
+    "\"restrictions\" and \"apps\".\n",
     statusOptions,
     0,
     0,

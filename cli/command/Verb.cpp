@@ -16,7 +16,7 @@ std::string padded(std::string_view text, std::size_t width) {
     return result;
 }
 
-/// The text with its further lines below its first.
+/// Returns the text with `width` blanks before each line but the first.
 std::string indented(std::string_view text, std::size_t width) {
     std::string result;
     for (const char c : text) {
@@ -29,18 +29,19 @@ std::string indented(std::string_view text, std::size_t width) {
 
 constexpr std::array allVariables{
     Variable{"WARDLOCK_DEVICE_ROOT",
-             "the folder that stands for the device's file system; else /\nwhere /var/mobile "
-             "exists, else wardlock/device in\nXDG_DATA_HOME (~/.local/share)"},
+             "the folder that contains the device's files; by default / where\n/var/mobile exists, "
+             "otherwise wardlock/device in XDG_DATA_HOME\n(~/.local/share)"},
     Variable{"DBUS_SESSION_BUS_ADDRESS",
-             "the bus that carries changes; else the one in\nXDG_RUNTIME_DIR, else one of Wardlock's own"},
+             "the D-Bus that carries change notifications; by default the bus\nin XDG_RUNTIME_DIR, "
+             "otherwise a private bus of Wardlock"},
     Variable{"DISPLAY, WAYLAND_DISPLAY",
-             "where Settings opens its window; without one wardlock\nsettings opens in the terminal"},
+             "the display for the window; without one, Settings opens in the\nterminal"},
 };
 
 constexpr std::array allExitCodes{
-    ExitCodeText{ExitCode::Done, "done"},
-    ExitCodeText{ExitCode::Failed, "failure (one line on standard error)"},
-    ExitCodeText{ExitCode::WrongUsage, "wrong usage"},
+    ExitCodeText{ExitCode::Done, "success"},
+    ExitCodeText{ExitCode::Failed, "failure; standard error has one line about it"},
+    ExitCodeText{ExitCode::WrongUsage, "usage error"},
     ExitCodeText{ExitCode::NotAPropertyList, "not a property list"},
 };
 
@@ -92,7 +93,7 @@ std::string overview(std::string_view family) {
     text += family.empty() ? "VERB [ARGUMENT...]\n" : std::string(family) + " VERB [ARGUMENT...]\n";
     if (family.empty())
         text += "       wardlock --help | --version\n";
-    text += "\nVerbs (wardlock VERB --help tells more of each):\n";
+    text += "\nVerbs (wardlock VERB --help describes each):\n";
     for (const Verb* verb : verbs())
         if (family.empty() || verb->name.starts_with(std::string(family) + ' '))
             text += "  " + padded(verb->name, 15) + std::string(verb->summary) + '\n';

@@ -10,14 +10,14 @@
 
 namespace wardlock::cli {
 
-/// One thing the command does. Help texts and manual pages are made from these descriptions, so that there is
-/// one text for both.
+/// A verb of the command. Help texts and manual pages are generated from these descriptions, so that both
+/// have the same text.
 struct Verb {
     /// The words that name it: "status", "plist dump".
     std::string_view name;
-    /// The operands as the synopsis shows them; empty when it takes none.
+    /// The operands as the synopsis shows them; empty when the verb takes none.
     std::string_view operands;
-    /// One line, without a full stop; the help of an option may take several.
+    /// One line, without a full stop.
     std::string_view summary;
     /// Paragraphs, wrapped at 80 columns, ending in a line feed; pages of the documentation as
     /// "docs/NAME.md".
@@ -25,37 +25,37 @@ struct Verb {
     std::span<const Option> options;
     std::size_t fewestOperands;
     std::size_t mostOperands;
-    /// Failures are thrown as CommandError; the result is for verbs whose outcome is more than done.
+    /// Throws CommandError on failure. Returns the exit code otherwise.
     ExitCode (*run)(const Arguments& arguments);
 };
 
-/// Every verb, in the order in which the help lists them.
+/// Returns every verb, in the order of the help.
 std::span<const Verb* const> verbs();
 
-/// A variable of the environment that the command heeds.
+/// An environment variable that the command reads.
 struct Variable {
     std::string_view name;
     std::string_view meaning;
 };
 std::span<const Variable> variables();
 
-/// What an exit code of the command means.
+/// An exit code of the command, and its meaning.
 struct ExitCodeText {
     ExitCode code;
     std::string_view meaning;
 };
 std::span<const ExitCodeText> exitCodes();
 
-/// The option every verb takes.
-inline constexpr Option helpOption{"--help", "", "print this"};
+/// The option of every verb.
+inline constexpr Option helpOption{"--help", "", "print this help"};
 
-/// "wardlock plist set [--sync MODE] FILE KEY TYPE VALUE".
+/// Returns "wardlock plist set [--sync MODE] FILE KEY TYPE VALUE".
 std::string synopsis(const Verb& verb);
-/// "--sync MODE".
+/// Returns "--sync MODE".
 std::string optionSynopsis(const Option& option);
-/// What `wardlock VERB --help` prints.
+/// Returns what `wardlock VERB --help` prints.
 std::string helpText(const Verb& verb);
-/// What `wardlock --help` prints; with a family ("plist"), what is said of its verbs.
+/// Returns what `wardlock --help` prints; for a family ("plist"), only its verbs.
 std::string overview(std::string_view family = {});
 
 } // namespace wardlock::cli

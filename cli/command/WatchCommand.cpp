@@ -44,30 +44,30 @@ std::string changeAsText(const Value* key, const Value* object) {
     return text + (AccountEnabled() ? ", an account is enabled" : ", no account is enabled");
 }
 
-/// Waits for something to do; false once the verb is to end.
+/// Waits until the main loop has work. Returns false when a signal ends the verb.
 bool waitForWork(const Signals& stop) {
     std::array<pollfd, 3> waits{
         pollfd{platform::MainLoop::shared().descriptor(), POLLIN, 0},
         pollfd{stop.descriptor(), POLLIN, 0},
-        // Without events asked for, it reports only that the reader has gone.
+        // Without requested events, poll reports only that the reader has closed its end.
         pollfd{STDOUT_FILENO, 0, 0},
     };
     if (poll(waits.data(), waits.size(), -1) < 0 && errno != EINTR)
         throw std::system_error(errno, std::generic_category(), "poll");
     if (waits[2].revents != 0)
-        throw CommandError(ExitCode::Failed, "nobody reads the output any more");
+        throw CommandError(ExitCode::Failed, "cannot write the output: its reader has closed it");
     return waits[1].revents == 0;
 }
 
 ExitCode watch(const Arguments& arguments) {
     const bool json = arguments.has(jsonOption.name);
     const Signals stop{SIGINT, SIGTERM};
-    // Printed after the dispatch: a failure must not be thrown through the bus.
+    // Printed after the dispatch: a failure must not be thrown through the bus library.
     std::vector<std::string> arrived;
     InitSettingsWithUpdateNameAndCallback(PostName, [json, &arrived](const Value* key, const Value* object) {
         arrived.push_back(json ? changeAsJson(key, object) : changeAsText(key, object));
     });
-    Output::error("Watching for changes; SIGINT or SIGTERM ends it.");
+    Output::error("Watching for changes; stop with SIGINT or SIGTERM.");
     while (waitForWork(stop)) {
         platform::MainLoop::shared().process();
         for (const std::string& change : std::exchange(arrived, {}))
@@ -86,15 +86,16 @@ const Verb watchVerb{
     "watch",
     "",
     "print each change of the settings as it is announced",
-    "Registers for changes as the enforcing process does and prints each one after\n"
-    "the settings have been loaded anew, until SIGINT or SIGTERM. \"Watching\" on\n"
-    "standard error says that the registration stands. A document that is missing,\n"
-    "or lacks a top-level key, is completed with the defaults and written, as by\n"
-    "every process that looks the settings up.\n"
+    "Registers for changes as the enforcing process does, and prints each change\n"
+    "after the settings have been reloaded, until SIGINT or SIGTERM. The line\n"
+    "\"Watching\" on standard error reports that the registration is complete.\n"
     "\n"
-    "With --json an object a line: \"key\", \"value\" (as `wardlock plist dump` prints\n"
-    "it, or null), and whether after the change \"tweakEnabled\" and \"accountEnabled\"\n"
-    "hold.\n",
+    "Like every process that reads the settings, this verb first writes the defaults\n"
+    "where the document or a top-level key is missing.\n"
+    "\n"
+    "With --json, prints one object a line: \"key\", \"value\" (in the form of\n"
+    "`wardlock plist dump`, or null), and \"tweakEnabled\" and \"accountEnabled\" as\n"
+    "they are after the change.\n",
     watchOptions,
     0,
     0,

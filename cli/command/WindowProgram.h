@@ -4,14 +4,15 @@
 
 namespace wardlock::cli {
 
-/// The program that shows Settings in a window, where it is installed beside this one; else empty.
+/// Returns the path of the program that shows Settings in a window; empty when it is not installed beside
+/// this one.
 std::string windowProgramPath();
 
-/// Whether the environment names a display.
+/// Returns whether the environment names a display.
 bool hasDisplay();
 
-/// Becomes that program, where it is installed and there is a display; where the display does not answer, it
-/// goes on with `wardlock settings --terminal`. Returns otherwise.
+/// Replaces this process by that program where it is installed and there is a display; returns otherwise. If
+/// the display cannot be opened, the program continues with `wardlock settings --terminal`.
 void openWindowProgram();
 
 } // namespace wardlock::cli

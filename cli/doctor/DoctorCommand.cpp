@@ -1,6 +1,6 @@
 #include "cli/command/Commands.h"
 #include "cli/command/CommonOptions.h"
-#include "cli/doctor/Finding.h"
+#include "cli/doctor/CheckResult.h"
 #include "cli/io/Output.h"
 #include "cli/io/TextWidth.h"
 
@@ -11,47 +11,46 @@ namespace wardlock::cli {
 
 namespace {
 
-constexpr std::array looks{&lookAtDeviceRoot, &lookAtDocument, &lookAtLog,       &lookAtBus,   &lookAtBundle,
-                           &lookAtAppList,    &lookAtWindow,   &lookAtWebEngine, &lookAtFonts, &lookAtMail};
+constexpr std::array checks{&checkDeviceRoot, &checkDocument, &checkLog,       &checkBus,   &checkBundle,
+                            &checkAppList,    &checkWindow,   &checkWebEngine, &checkFonts, &checkMail};
 
-bool isBroken(const Finding& finding) {
-    return !finding.works && finding.need == Finding::Need::Needed;
+bool isBroken(const CheckResult& result) {
+    return !result.works && result.need == CheckResult::Need::Needed;
 }
 
-std::string asJson(const Finding& finding) {
+std::string asJson(const CheckResult& result) {
     Json json = Json::object();
-    json["check"] = finding.name;
-    json["works"] = finding.works;
-    json["needed"] = finding.need == Finding::Need::Needed;
-    json["text"] = finding.text;
-    json["advice"] = finding.advice;
-    json.update(finding.facts);
+    json["check"] = result.name;
+    json["works"] = result.works;
+    json["needed"] = result.need == CheckResult::Need::Needed;
+    json["text"] = result.text;
+    json["advice"] = result.advice;
+    json.update(result.facts);
     return jsonLine(json);
 }
 
-void print(const Finding& finding) {
-    const std::string_view verdict = finding.works ? "ok      " : isBroken(finding) ? "BROKEN  " : "absent  ";
-    Output::line(std::string(verdict) + std::string(finding.title) + ": " + printable(finding.text));
-    for (const std::string& advice : finding.advice)
+void print(const CheckResult& result) {
+    const std::string_view verdict = result.works ? "ok      " : isBroken(result) ? "BROKEN  " : "absent  ";
+    Output::line(std::string(verdict) + std::string(result.title) + ": " + printable(result.text));
+    for (const std::string& advice : result.advice)
         Output::line("        -> " + printable(advice));
 }
 
 ExitCode doctor(const Arguments& arguments) {
     const bool json = arguments.has(jsonOption.name);
     std::ptrdiff_t broken = 0;
-    for (const auto look : looks) {
-        const Finding finding = look();
-        broken += isBroken(finding);
+    for (const auto check : checks) {
+        const CheckResult result = check();
+        broken += isBroken(result);
         if (json)
-            Output::foreignLine(asJson(finding));
+            Output::foreignLine(asJson(result));
         else
-            print(finding);
+            print(result);
     }
     if (!json && broken == 0)
-        Output::line("All that Wardlock needs works.");
+        Output::line("Everything that Wardlock needs works.");
     else if (!json)
-        Output::line("Of what Wardlock needs, " + std::to_string(broken) +
-                     (broken == 1 ? " thing does" : " things do") + " not work.");
+        Output::line(std::to_string(broken) + (broken == 1 ? " problem" : " problems") + " found.");
     return broken == 0 ? ExitCode::Done : ExitCode::Failed;
 }
 
@@ -62,16 +61,17 @@ constexpr std::array doctorOptions{jsonOption};
 const Verb doctorVerb{
     "doctor",
     "",
-    "tell what works, what does not, and what to do about it",
-    "Looks at the device root, the document, the log, the bus, the settings bundle,\n"
-    "the AppList module, the window, its web engine and font, and the way of the\n"
-    "support mail. Each gets a line: \"ok\", \"absent\" (Wardlock does without it) or\n"
-    "\"BROKEN\", and below it, after \"->\", what to do. Nothing is changed or created.\n"
+    "check the installation, and suggest repairs",
+    "Checks the device root, the document, the log, the bus, the settings bundle,\n"
+    "the AppList module, the window, its web engine and font, and the route of\n"
+    "support mail. Prints one line for each: \"ok\", \"absent\" (Wardlock works without\n"
+    "it) or \"BROKEN\". Lines with \"->\" suggest what to do. Nothing is changed or\n"
+    "created.\n"
     "\n"
-    "Exit code 0 when all that Wardlock needs works, 1 when something does not.\n"
+    "Exit code 0 when nothing is broken, 1 otherwise.\n"
     "\n"
-    "With --json an object a line: \"check\", \"works\", \"needed\", \"text\", \"advice\" (a\n"
-    "list), and what was found, such as \"path\", \"size\" or \"accounts\".\n",
+    "With --json, prints one object a line: \"check\", \"works\", \"needed\", \"text\",\n"
+    "\"advice\" (a list), and what was found, such as \"path\", \"size\" or \"accounts\".\n",
     doctorOptions,
     0,
     0,

@@ -17,7 +17,7 @@ bool isLetter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 }
 
-/// "Inter-Bold" and "Inter" are of the family "Inter", "Interstate" is not.
+/// Returns true for "Inter-Bold" and "Inter" of the family "Inter", and false for "Interstate".
 bool isOfFamily(const fs::path& file, std::string_view family) {
     static constexpr std::array types{".otf", ".ttf", ".ttc"};
     const std::string type = file.extension().string();

@@ -6,11 +6,11 @@
 
 namespace wardlock::cli {
 
-/// Where the machine and the user keep fonts, as fontconfig's own configuration has it.
+/// Returns the font folders of the machine and the user, as in fontconfig's default configuration.
 std::vector<std::string> fontFolders();
 
-/// A font file of the family below the folders, told by its name ("Inter-Bold.otf" is one of "Inter"); empty
-/// when there is none. Bounded: of huge folders only a part is looked through.
+/// Returns a font file of the family below the folders, found by its name ("Inter-Bold.otf" is one of
+/// "Inter"); empty when there is none. Bounded: only a part of huge folders is searched.
 std::string fontFile(std::string_view family, const std::vector<std::string>& folders);
 
 } // namespace wardlock::cli

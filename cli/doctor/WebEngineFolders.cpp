@@ -19,7 +19,7 @@ std::vector<std::string> qmlFolders() {
             if (!folder.empty())
                 folders.push_back(folder);
     }
-    // Empty where the window is not built.
+    // Empty in a build without the window.
     if (const std::string own = WARDLOCK_QML_FOLDER; !own.empty())
         folders.push_back(own);
     return folders;

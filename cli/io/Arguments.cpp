@@ -1,6 +1,7 @@
 #include "cli/io/Arguments.h"
 
 #include "cli/io/CommandError.h"
+#include "cli/io/Suggestion.h"
 
 #include <algorithm>
 
@@ -9,7 +10,16 @@ namespace wardlock::cli {
 namespace {
 
 [[noreturn]] void refuse(std::string_view option, std::string_view why) {
-    throw CommandError(ExitCode::WrongUsage, std::string(option) + ": " + std::string(why));
+    throw CommandError(ExitCode::WrongUsage, "option '" + std::string(option) + "' " + std::string(why));
+}
+
+[[noreturn]] void refuseUnknown(std::string_view name, std::span<const Option> options) {
+    // The caller has the option that every verb takes.
+    std::vector<std::string_view> known{"--help"};
+    for (const Option& option : options)
+        known.push_back(option.name);
+    throw CommandError(ExitCode::WrongUsage,
+                       "unknown option '" + std::string(name) + '\'' + didYouMean(name, known));
 }
 
 bool isNegativeNumber(std::string_view word) {
@@ -37,7 +47,7 @@ Arguments::Arguments(std::span<const std::string_view> words, std::span<const Op
         const std::string_view name = words[i].substr(0, equals);
         const auto option = std::ranges::find(options, name, &Option::name);
         if (option == options.end())
-            refuse(name, "no such option");
+            refuseUnknown(name, options);
         if (option->value.empty()) {
             if (equals != std::string_view::npos)
                 refuse(name, "takes no value");

@@ -13,23 +13,23 @@ namespace wardlock::cli {
 /// An option a verb takes: "--json", "--sync MODE", "-o OUT".
 struct Option {
     std::string_view name;
-    /// What the option's value is called; empty for an option that takes none.
+    /// The placeholder of its value in the help; empty for an option that takes none.
     std::string_view value;
     std::string_view help;
-    /// The verb cannot do without it.
+    /// Whether the verb needs it.
     bool required = false;
 };
 
-/// The words after a verb, told apart into options and operands. "--name=value" and "--name value" are the
-/// same, "--" ends the options, and a negative number is an operand.
+/// The words after a verb, parsed into options and operands. "--name=value" and "--name value" are the same,
+/// "--" ends the options, and a negative number is an operand.
 class Arguments {
 public:
-    /// Throws CommandError(WrongUsage) for an option that is unknown, lacks its value or has one it does not
-    /// take.
+    /// Throws CommandError(WrongUsage) for an option that is unknown, lacks its value, or has a value but
+    /// takes none.
     Arguments(std::span<const std::string_view> words, std::span<const Option> options);
 
     bool has(std::string_view option) const { return options_.contains(option); }
-    /// The value given last; none when the option was not given.
+    /// Returns the option's last value; none when it was not given.
     std::optional<std::string_view> value(std::string_view option) const;
 
     const std::vector<std::string_view>& operands() const { return operands_; }

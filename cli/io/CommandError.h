@@ -8,7 +8,7 @@ namespace wardlock::cli {
 /// The command's exit codes; scripts rely on them.
 enum class ExitCode { Done = 0, Failed = 1, WrongUsage = 2, NotAPropertyList = 3 };
 
-/// Ends a verb: the message goes to standard error as one line, the code becomes the process's.
+/// Ends a verb: the message is printed to standard error as one line, and the process ends with the code.
 class CommandError : public std::runtime_error {
 public:
     CommandError(ExitCode code, const std::string& message) : std::runtime_error(message), code_(code) {}

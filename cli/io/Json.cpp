@@ -22,7 +22,7 @@ void appendEscape(std::string& text, char32_t character) {
 
 std::string jsonLine(const Json& value) {
     const std::string text = value.dump(-1, ' ', false, Json::error_handler_t::replace);
-    // JSON lets those above U+001F stand as they are, and all of them stand in its strings.
+    // JSON itself escapes only those up to U+001F. All of them are inside strings.
     std::string line;
     for (std::size_t position = 0; position < text.size();) {
         const auto decoded = platform::decodeUtf8(text, position);
@@ -45,7 +45,7 @@ std::optional<Json> parseJson(std::string_view text) {
             keys.pop_back();
         else if (event == Json::parse_event_t::key)
             acceptable = keys.back().insert(parsed.get<std::string>()).second && acceptable;
-        // An opening bracket is told with the depth at which it stands.
+        // The parser reports an opening bracket with the depth outside it.
         const bool opens =
             event == Json::parse_event_t::object_start || event == Json::parse_event_t::array_start;
         acceptable = acceptable && depth + opens <= deepestJson;

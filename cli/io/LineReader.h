@@ -6,23 +6,23 @@
 
 namespace wardlock::cli {
 
-/// The lines of a descriptor.
+/// Reads a descriptor line by line.
 class LineReader {
 public:
-    /// Of a longer line the rest is left out, and tooLong() tells so.
+    /// A longer line is truncated, and tooLong() returns true.
     static constexpr std::size_t longestLine = std::size_t(1024) * 1024;
 
-    /// `wait` comes back with true when the descriptor is readable, and with false to end the reading.
+    /// `wait` returns true when the descriptor is readable, and false to end the reading.
     LineReader(int descriptor, std::function<bool(int descriptor)> wait)
         : descriptor_(descriptor), wait_(std::move(wait)) {}
 
-    /// The next line without its line feed; none at the end. A last line without one counts. Throws
-    /// std::system_error when reading fails.
+    /// Returns the next line without its line feed; none at the end. The last line may lack a line feed.
+    /// Throws std::system_error when reading fails.
     std::optional<std::string> next();
     bool tooLong() const { return tooLong_; }
 
 private:
-    /// False at the end.
+    /// Returns false at the end.
     bool readMore();
     std::string take(std::size_t length);
 

@@ -15,13 +15,13 @@ namespace wardlock::cli {
 
 namespace {
 
-/// More than that does not wait for a flush.
+/// The limit of what waits for a flush.
 constexpr std::size_t mostUnwritten = std::size_t{64} * 1024;
 
 std::string unwritten;
 
-/// 0, or the error of the system. Whoever shares a pipe or a terminal with us may have made it non-blocking:
-/// what it does not take at once it takes later.
+/// Writes the whole text; returns 0 or the error of the system. Another process that shares the pipe or
+/// terminal may have made it non-blocking: then this waits until it can be written.
 int writeAll(int descriptor, std::string_view text) {
     while (!text.empty()) {
         const ssize_t count = write(descriptor, text.data(), text.size());

@@ -4,23 +4,23 @@
 
 namespace wardlock::cli {
 
-/// Standard output of the command. What cannot be written ends the verb with a CommandError instead of being
-/// lost, and a reader that went away is such a failure too, not a signal's death. A reader that is only slow
-/// is waited for, though its end of the pipe or terminal was made not to block. One thread.
+/// Standard output of the command. When it cannot be written, the verb ends with a CommandError and nothing
+/// is lost silently. A reader that has closed its end is such a failure too, and does not end the process by
+/// a signal. A slow reader is waited for, even if the pipe or terminal is non-blocking. For one thread.
 class Output {
 public:
     /// Adds a line; it reaches the reader with the next flush() at the latest.
     static void line(std::string_view text);
-    /// Adds text as it is.
+    /// Adds text unchanged.
     static void text(std::string_view text);
-    /// Adds a line that came from elsewhere: byte by byte, but to a terminal with escapes for what the
-    /// terminal would obey.
+    /// Adds a line with text from a file or another process: unchanged, but on a terminal with escapes for
+    /// what the terminal would execute.
     static void foreignLine(std::string_view text);
     static void flush();
-    /// flush() for the end of the process: failures have nobody to be told to.
+    /// flush() for the end of the process: failures cannot be reported and are ignored.
     static void flushLast() noexcept;
-    /// One line to standard error, with escapes for control characters, those that end lines too; failures
-    /// there have nobody to be told to.
+    /// Prints one line to standard error, with escapes for all control characters, line ends included.
+    /// Failures are ignored.
     static void error(std::string_view text);
 };
 

@@ -5,8 +5,8 @@
 
 namespace wardlock::cli {
 
-/// A text of the command that names pages of the documentation as the source does, "docs/automation.md": with
-/// the folder in which its reader finds them instead. An empty folder leaves the text as it is.
+/// Returns the text with "docs/" replaced by the folder in which the reader finds the documentation. An empty
+/// folder leaves the text unchanged.
 std::string withPagesIn(std::string_view folder, std::string_view text);
 
 } // namespace wardlock::cli

@@ -9,25 +9,25 @@
 
 namespace wardlock::cli {
 
-/// The main loop of a face without a window: lets the application and its clock do what is due while it
-/// waits. SIGINT, SIGTERM and SIGHUP end the waiting. SIGTSTP, a terminal's Ctrl+Z, stops the process once
+/// The main loop of a front end without a window: runs the due work of the application and its clock while it
+/// waits. SIGINT, SIGTERM and SIGHUP end the waiting. SIGTSTP, a terminal's Ctrl+Z, stops the process after
 /// the application has resigned active.
 class SettingsLoop {
 public:
-    /// `clock` may be null: then time stands still here.
+    /// `clock` may be null: then no time passes here.
     SettingsLoop(shell::SettingsApplication& settings, shell::SteadyClock* clock)
         : settings_(settings), clock_(clock) {}
 
-    /// Called at every turn, when the application has done what was due. A resized terminal makes one.
+    /// Sets what is called at every turn, after the due work. A resized terminal causes a turn.
     void setTurn(std::function<void()> turn) { turn_ = std::move(turn); }
 
-    /// Waits until the descriptor is readable; false when the process is asked to end.
+    /// Waits until the descriptor is readable. Returns false when a signal asks the process to end.
     bool waitForInput(int descriptor);
-    /// Waits until `done` holds; false when the time is over or the process is asked to end.
+    /// Waits until `done` returns true. Returns false on a timeout, or when a signal asks the process to end.
     bool waitUntil(const std::function<bool()>& done, std::chrono::milliseconds timeout);
 
 private:
-    /// One turn; answers whether the descriptor is readable (-1: none).
+    /// Runs one turn. Returns whether the descriptor is readable (-1: none).
     bool turn(int descriptor, std::chrono::milliseconds longest);
     void suspend();
 

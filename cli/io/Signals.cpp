@@ -18,7 +18,7 @@ Signals::Signals(std::initializer_list<int> signals) {
 }
 
 Signals::~Signals() {
-    // Taken before they are let through again, or the one that ended the loop would end the process too.
+    // Taken before they are unblocked, or the signal that ended the loop would end the process too.
     take();
     close(descriptor_);
     pthread_sigmask(SIG_SETMASK, &before_, nullptr);

@@ -5,11 +5,11 @@
 
 namespace wardlock::cli {
 
-/// Signals as something a loop can wait for: none slips in between a look and the wait. One object for a
-/// signal at a time; the signals' former handling comes back with its end.
+/// Signals that a loop can wait for: none is lost between a check and the wait. Only one object for a signal
+/// at a time; the destructor restores the former signal mask.
 class Signals {
 public:
-    /// Throws std::system_error when the machine has no descriptor left.
+    /// Throws std::system_error when no descriptor can be opened.
     explicit Signals(std::initializer_list<int> signals);
     ~Signals();
     Signals(const Signals&) = delete;
@@ -19,8 +19,8 @@ public:
     int descriptor() const { return descriptor_; }
     /// Takes what has arrived.
     void take() const;
-    /// Takes what has arrived and has the signal do what it would have done: SIGTSTP stops the process,
-    /// unless nobody is there to continue it. Comes back when that is over.
+    /// Takes what has arrived and runs the default action of `signal`: SIGTSTP stops the process, unless no
+    /// shell could continue it. Returns after the process was continued.
     void obey(int signal) const;
 
 private:

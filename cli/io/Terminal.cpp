@@ -12,7 +12,7 @@ namespace wardlock::cli {
 
 namespace {
 
-/// As it was before the echo was switched off; meaningful while hidden.
+/// The settings before the echo was switched off; valid while hidden.
 termios before{};
 volatile std::sig_atomic_t hidden = 0;
 

@@ -4,20 +4,20 @@
 
 namespace wardlock::cli {
 
-/// The terminal behind standard input and output, as far as there is one.
+/// The terminal of standard input and output, if any.
 class Terminal {
 public:
     static bool readsInput();
     static bool showsOutput();
-    /// Whether output may be coloured: a terminal that can, and no NO_COLOR.
+    /// Whether output may be coloured: a terminal with colours, and no NO_COLOR.
     static bool hasColours();
     /// At least 20, at most 100 columns: longer lines are hard to read.
     static std::size_t columns();
     /// At least 10.
     static std::size_t lines();
 
-    /// Typed text is not shown while this lives; nor does a key abort the process, which would leave the
-    /// terminal like that. The one that interrupts ends it in order.
+    /// Typed text is not shown while this exists. Ctrl+\ does not abort the process, which would leave the
+    /// terminal without an echo; Ctrl+C ends it in order.
     class Hidden {
     public:
         Hidden();
@@ -25,7 +25,7 @@ public:
         Hidden(const Hidden&) = delete;
         Hidden& operator=(const Hidden&) = delete;
     };
-    /// The terminal is as it was before while this lives, whatever was hidden.
+    /// While this exists, the terminal has its former settings, even if typed text was hidden.
     class GivenBack {
     public:
         GivenBack();
@@ -36,7 +36,7 @@ public:
     private:
         const bool wasHidden_;
     };
-    /// Gives the terminal back as it was; for the end of the process, whatever it came by.
+    /// Restores the former settings; for every end of the process.
     static void restore();
 };
 

@@ -6,7 +6,7 @@
 
 namespace wardlock::cli {
 
-/// While this lives, pages that show something of the web get its text.
+/// While this exists, pages that show a web page get its text.
 class TextWeb {
 public:
     TextWeb() { platform::WebEngine::setCurrent(engine_.get()); }

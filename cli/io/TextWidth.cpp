@@ -27,7 +27,7 @@ bool isLineEnd(char32_t character) {
            character == 0x2029;
 }
 
-/// Bytes from the beginning that take at most `columns`.
+/// Returns how many of the first bytes take at most `columns`.
 std::size_t bytesWithin(std::string_view text, std::size_t columns) {
     std::size_t used = 0;
     std::size_t position = 0;
@@ -47,7 +47,7 @@ void wrapParagraph(std::string_view text, std::size_t columns, std::vector<std::
         if (text[end] != ' ')
             if (const std::size_t blank = text.rfind(' ', end); blank != std::string_view::npos && blank > 0)
                 end = blank;
-        // A character that is wider than the line still has to go somewhere.
+        // A character that is wider than the line gets a line of its own.
         if (end == 0)
             end = std::max<std::size_t>(platform::decodeUtf8(text, 0).length, 1);
         lines.emplace_back(text.substr(0, end));

@@ -1,7 +1,7 @@
 #pragma once
 
-/// How a terminal shows a UTF-8 text, without the process's locale: how many columns it takes, and what of it
-/// would be obeyed instead of shown.
+/// How a terminal shows a UTF-8 text, independent of the locale: how many columns it takes, and which
+/// characters the terminal would execute.
 
 #include <cstddef>
 #include <string>
@@ -10,20 +10,20 @@
 
 namespace wardlock::cli {
 
-/// 0 for what stands on the character before it, 2 for wide ones, 1 for all others.
+/// Returns 0 for combining and invisible characters, 2 for wide ones, 1 for all others.
 std::size_t columnsOf(char32_t character);
 std::size_t columnsOf(std::string_view text);
 
-/// The text as one line that a terminal only shows: line ends and tabs become blanks, all other control
-/// characters what shell::escaped makes of them.
+/// Returns the text as one line without control characters: line ends and tabs become blanks, all others are
+/// escaped by shell::escaped.
 std::string printable(std::string_view text);
 
-/// At most `columns` wide; one that was cut ends in an ellipsis. Precondition: printable.
+/// Returns at most `columns` of the text; an ellipsis replaces the rest. Precondition: printable.
 std::string truncated(std::string_view text, std::size_t columns);
-/// With blanks up to `columns`.
+/// Returns the text with blanks up to `columns`.
 std::string padded(std::string text, std::size_t columns);
 
-/// Lines of at most `columns`, broken at blanks where there are some; line feeds break as well.
+/// Returns lines of at most `columns`, broken at line feeds and, where possible, at blanks.
 std::vector<std::string> wrapped(std::string_view text, std::size_t columns);
 
 } // namespace wardlock::cli

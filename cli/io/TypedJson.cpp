@@ -50,7 +50,7 @@ Json dictionaryJson(const platform::Dictionary& dictionary) {
     return entries;
 }
 
-/// {"name": content}; an initialiser list would make a pair of some contents.
+/// Returns {"name": content}. An initialiser list would turn some contents into a pair.
 Json tagged(const char* name, Json content) {
     Json result = Json::object();
     result[name] = std::move(content);

@@ -12,7 +12,7 @@ using platform::NSIndexPath;
 
 namespace {
 
-/// What a page's rows are counted and looked at through, a list's as well as a table's.
+/// The sections and rows of a page, be it a list or a table.
 class Rows {
 public:
     explicit Rows(shell::Page& page) : page_(page), table_(page.isList() ? nullptr : page.table()) {}
@@ -56,9 +56,9 @@ RowAddress::RowAddress(const ScriptFields& fields) : key_(fields.optionalText("k
     else
         row_ = fields.optionalIndex("row");
     if (!label_ && !row_ && !key_)
-        throw ScriptError("\"row\" or \"key\" is missing");
+        throw ScriptError("missing member 'row' or 'key'");
     if (row_ && !section_ && !header_)
-        throw ScriptError("a row's number needs its \"section\"");
+        throw ScriptError("a row number needs 'section'");
 }
 
 bool RowAddress::names(const Candidate& row) const {
@@ -70,7 +70,9 @@ bool RowAddress::namesSection(const std::string& header, std::size_t index) cons
 }
 
 std::string RowAddress::text() const {
-    return label_ ? '"' + *label_ + '"' : key_ ? "of key \"" + *key_ + '"' : std::to_string(row_.value_or(0));
+    return label_ ? '\'' + *label_ + '\''
+           : key_ ? "with key '" + *key_ + '\''
+                  : std::to_string(row_.value_or(0));
 }
 
 NSIndexPath RowAddress::find(shell::Page& page) const {

@@ -9,15 +9,15 @@
 
 namespace wardlock::cli {
 
-/// A row as a script names it: "row" is its label (its placeholder where it has none, its title in a table)
-/// or its number within "section"; "key" is its key. "section" is a number, or the header of the section to
-/// look in.
+/// A row as a script names it. "row" is its label, or its number within "section"; "key" is its key. A row
+/// without a label is named by its placeholder, a row of a table by its title. "section" is a number, or the
+/// header of the section to search.
 class RowAddress {
 public:
-    /// Throws ScriptError when the members name no row.
+    /// Throws ScriptError when `fields` has neither "row" nor "key", or a row number without "section".
     explicit RowAddress(const ScriptFields& fields);
 
-    /// The one row of the page that it names; throws ScriptError when there is none or more than one.
+    /// Returns the path of the named row. Throws ScriptError when the page has no such row or several.
     platform::NSIndexPath find(shell::Page& page) const;
 
 private:

@@ -8,7 +8,7 @@
 
 namespace wardlock::cli {
 
-/// A row of a list page, and one of a table, as docs/automation.md tells them.
+/// Returns a row of a list page, or of a table, as docs/automation.md documents them.
 Json rowJson(const shell::Row& row);
 Json rowJson(const shell::TableRow& row);
 

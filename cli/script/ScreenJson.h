@@ -9,13 +9,13 @@
 
 namespace wardlock::cli {
 
-/// Which rows of a table a script wants to see; a table may have very many.
+/// The rows of a table that a script asks for; a table may have very many.
 struct TableExtent {
     std::size_t first = 0;
     std::optional<std::size_t> count;
 };
 
-/// What a person sees now, as docs/automation.md tells it. What is not there is left out.
+/// Returns what the user sees, as docs/automation.md documents it. Members for absent things are left out.
 Json screenJson(shell::Screen& screen, const TableExtent& extent);
 
 } // namespace wardlock::cli

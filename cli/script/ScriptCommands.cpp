@@ -1,5 +1,6 @@
 #include "cli/script/ScriptCommands.h"
 
+#include "cli/io/Suggestion.h"
 #include "cli/io/TypedJson.h"
 #include "cli/script/RowAddress.h"
 #include "cli/script/ScreenJson.h"
@@ -18,7 +19,7 @@ constexpr double longestWait = 600;
 
 double within(double seconds, double most) {
     if (!(seconds >= 0) || seconds > most)
-        throw ScriptError("\"seconds\" is out of range");
+        throw ScriptError("'seconds' must be from 0 to " + std::to_string(std::llround(most)));
     return seconds;
 }
 
@@ -49,6 +50,13 @@ const std::vector<ScriptCommands::Entry>& ScriptCommands::table() {
     return table;
 }
 
+std::vector<std::string_view> ScriptCommands::names() {
+    std::vector<std::string_view> names;
+    for (const Entry& entry : table())
+        names.push_back(entry.name);
+    return names;
+}
+
 ScriptCommands::ScriptCommands(shell::SettingsApplication& settings, shell::ManualClock& clock,
                                SettingsLoop& loop)
     : settings_(settings), clock_(clock), loop_(loop), sheets_(settings) {
@@ -65,12 +73,12 @@ Json ScriptCommands::run(const Json& command) {
         answer["id"] = command["id"];
     try {
         if (!command.is_object())
-            throw ScriptError("a command is an object");
+            throw ScriptError("a command must be an object");
         const ScriptFields fields(command);
         const std::string name = fields.text("do");
         const auto entry = std::ranges::find(table(), name, &Entry::name);
         if (entry == table().end())
-            throw ScriptError("there is no command \"" + name + '"');
+            throw ScriptError("unknown command '" + name + '\'' + didYouMean(name, names()));
         answer["ok"] = true;
         (this->*entry->handler)(fields, answer);
     } catch (const ScriptError& error) {
@@ -173,7 +181,7 @@ void ScriptCommands::resign(const ScriptFields& fields, Json&) {
 void ScriptCommands::dismiss(const ScriptFields& fields, Json&) {
     fields.allowOnly({});
     if (settings_.screen().notice().empty())
-        throw ScriptError("there is no notice");
+        throw ScriptError("no notice is shown");
     settings_.dismissNotice();
 }
 
@@ -202,11 +210,11 @@ void ScriptCommands::wait(const ScriptFields& fields, Json&) {
     constexpr double usualWait = 10;
     const std::string what = fields.text("for");
     if (what != "change" && what != "load" && what != "mail")
-        throw ScriptError("\"for\" must be \"change\", \"load\" or \"mail\"");
+        throw ScriptError("'for' must be 'change', 'load' or 'mail'");
     const double seconds = within(fields.optionalNumber("seconds").value_or(usualWait), longestWait);
-    const std::chrono::milliseconds patience(std::llround(seconds * 1000));
-    if (!loop_.waitUntil([&] { return hasHappened(what); }, patience))
-        throw ScriptError("it did not happen in time");
+    const std::chrono::milliseconds timeout(std::llround(seconds * 1000));
+    if (!loop_.waitUntil([&] { return hasHappened(what); }, timeout))
+        throw ScriptError("timed out");
 }
 
 bool ScriptCommands::hasHappened(std::string_view what) {

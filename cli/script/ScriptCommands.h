@@ -13,16 +13,16 @@
 
 namespace wardlock::cli {
 
-/// The commands of a script: each does what one act of a person does, or answers what a person sees. See
-/// docs/automation.md for what they are.
+/// The commands of a script: each does one action of the user, or returns what the user sees.
+/// docs/automation.md documents them.
 class ScriptCommands : private shell::ScreenObserver {
 public:
     ScriptCommands(shell::SettingsApplication& settings, shell::ManualClock& clock, SettingsLoop& loop);
     ~ScriptCommands() override;
 
-    /// The answer, an object. Never throws for what the command says.
+    /// Runs one command. Returns its answer, an object; it has an "error" when the command is refused.
     Json run(const Json& command);
-    /// Whether the script has asked for the end.
+    /// Returns whether the script has asked to quit.
     bool isOver() const { return over_; }
 
 private:
@@ -32,6 +32,7 @@ private:
         Handler handler;
     };
     static const std::vector<Entry>& table();
+    static std::vector<std::string_view> names();
 
     void changeAnnounced(const shell::Announcement& announcement) override;
 
@@ -61,7 +62,7 @@ private:
     shell::ManualClock& clock_;
     SettingsLoop& loop_;
     ScriptSheets sheets_;
-    /// Since the last question for them.
+    /// Since the last "posts".
     std::vector<shell::Announcement> announced_;
     bool over_ = false;
 };

@@ -6,13 +6,14 @@
 
 namespace wardlock::cli {
 
-/// A command of a script that cannot be carried out: becomes the answer {"error": ...}. Never thrown where
-/// pages are on the stack.
+/// Thrown for a command that cannot be carried out: becomes the answer {"error": ...}. Never thrown through
+/// code of pages.
 class ScriptError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
 
+/// Throws ScriptError with the reason of a refused input.
 inline void expectDone(const shell::InputResult& answer) {
     if (!answer)
         throw ScriptError(answer.reason());

@@ -1,5 +1,6 @@
 #include "cli/script/ScriptFields.h"
 
+#include "cli/io/Suggestion.h"
 #include "cli/script/ScriptError.h"
 
 #include <algorithm>
@@ -11,21 +12,21 @@ namespace {
 constexpr double largestIndex = 1e9;
 
 [[noreturn]] void refuse(std::string_view name, std::string_view why) {
-    throw ScriptError('"' + std::string(name) + "\" " + std::string(why));
+    throw ScriptError('\'' + std::string(name) + "' " + std::string(why));
 }
 
 std::size_t asIndex(std::string_view name, const Json& value) {
     if (!value.is_number_integer() || value.get<double>() < 0 || value.get<double>() > largestIndex)
-        refuse(name, "must be a whole number from 0");
+        refuse(name, "must be an integer, 0 or more");
     return value.get<std::size_t>();
 }
 
 std::string asText(std::string_view name, const Json& value) {
     if (!value.is_string())
-        refuse(name, "must be a text");
+        refuse(name, "must be a string");
     std::string text = value.get<std::string>();
     if (text.find('\0') != std::string::npos)
-        refuse(name, "must hold no zero character");
+        refuse(name, "must not contain a null character");
     return text;
 }
 
@@ -40,7 +41,8 @@ double asNumber(std::string_view name, const Json& value) {
 void ScriptFields::allowOnly(std::initializer_list<std::string_view> names) const {
     for (const auto& [name, value] : command_.items())
         if (name != "do" && name != "id" && std::ranges::find(names, name) == names.end())
-            refuse(name, "is no part of this command");
+            throw ScriptError("unknown member '" + name + '\'' +
+                              didYouMean(name, {names.begin(), names.size()}));
 }
 
 const Json* ScriptFields::find(std::string_view name) const {
@@ -51,7 +53,7 @@ const Json* ScriptFields::find(std::string_view name) const {
 const Json& ScriptFields::needed(std::string_view name) const {
     const Json* value = find(name);
     if (!value)
-        refuse(name, "is missing");
+        throw ScriptError("missing member '" + std::string(name) + '\'');
     return *value;
 }
 

@@ -12,17 +12,18 @@
 
 namespace wardlock::cli {
 
-/// The members of one command, read with their kinds. Everything throws ScriptError that names the member.
+/// The members of one command, read as the expected types. Functions throw ScriptError, which names the
+/// member, for a missing or unfit value.
 class ScriptFields {
 public:
     /// `command` is an object and outlives this.
     explicit ScriptFields(const Json& command) : command_(command) {}
 
-    /// Refuses members that the command does not know: a misspelt one must not be overlooked.
+    /// Throws ScriptError for a member that the command does not know: a misspelt one must not be ignored.
     void allowOnly(std::initializer_list<std::string_view> names) const;
 
     bool has(std::string_view name) const { return find(name) != nullptr; }
-    /// Null when there is none.
+    /// Returns null when there is no such member.
     const Json* find(std::string_view name) const;
     std::string text(std::string_view name) const;
     std::optional<std::string> optionalText(std::string_view name) const;
@@ -30,7 +31,7 @@ public:
     std::optional<double> optionalNumber(std::string_view name) const;
     std::optional<std::size_t> optionalIndex(std::string_view name) const;
     bool boolean(std::string_view name) const;
-    /// A text, or a list of texts.
+    /// Returns the elements of a list of strings; one element for a string.
     std::vector<std::string> texts(std::string_view name) const;
 
 private:

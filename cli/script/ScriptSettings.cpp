@@ -17,14 +17,14 @@ namespace wardlock::cli {
 
 namespace {
 
-/// The script's descriptor; closes the file again.
+/// Opens the script, and closes it in the end.
 class ScriptFile {
 public:
     explicit ScriptFile(std::string_view file)
         : descriptor_(file == "-" ? STDIN_FILENO : open(std::string(file).c_str(), O_RDONLY | O_CLOEXEC)) {
         if (descriptor_ < 0)
-            throw CommandError(ExitCode::Failed,
-                               std::string(file) + ": " + std::generic_category().message(errno));
+            throw CommandError(ExitCode::Failed, "cannot open " + std::string(file) + ": " +
+                                                     std::generic_category().message(errno));
     }
     ~ScriptFile() {
         if (descriptor_ != STDIN_FILENO)
@@ -39,23 +39,23 @@ private:
     int descriptor_;
 };
 
-bool isRemark(std::string_view line) {
+bool isComment(std::string_view line) {
     const std::size_t first = line.find_first_not_of(" \t");
     return first == std::string_view::npos || line[first] == '#';
 }
 
 Json answerTo(const std::string& line, bool tooLong, ScriptCommands& commands) {
     if (tooLong)
-        return {{"error", "the line is too long"}};
+        return {{"error", "the line is longer than " + std::to_string(LineReader::longestLine) + " bytes"}};
     const auto command = parseJson(line);
-    return command ? commands.run(*command) : Json{{"error", "the line is no JSON"}};
+    return command ? commands.run(*command) : Json{{"error", "the line is not JSON"}};
 }
 
 } // namespace
 
 ExitCode runScriptSettings(std::string_view file) {
     const ScriptFile script(file);
-    // What has been answered reaches the reader though a page's exception ends the process.
+    // Answers reach the reader even when the exception of a page ends the process.
     shell::installTerminationHook(Output::flushLast);
     const TextWeb web;
     shell::ManualClock clock;
@@ -67,7 +67,7 @@ ExitCode runScriptSettings(std::string_view file) {
         const auto line = lines.next();
         if (!line)
             break;
-        if (isRemark(*line))
+        if (isComment(*line))
             continue;
         settings.process();
         const Json answer = answerTo(*line, lines.tooLong(), commands);

@@ -6,9 +6,9 @@
 
 namespace wardlock::cli {
 
-/// Settings for scripts: one JSON command a line from the file, or from standard input for "-"; one JSON
-/// answer a line. Ends with the input, as closing the window does. Throws CommandError when the file cannot
-/// be read or nobody takes the answers.
+/// Runs Settings for scripts: reads one JSON command a line from the file, or from standard input for "-",
+/// and prints one JSON answer a line. Returns at the end of the input, after what closing the window does.
+/// Throws CommandError when the file cannot be opened or the answers cannot be written.
 ExitCode runScriptSettings(std::string_view file);
 
 } // namespace wardlock::cli

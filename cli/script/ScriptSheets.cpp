@@ -12,7 +12,7 @@ std::size_t actionIndex(const platform::UIAlertController& alert, const std::str
     const auto& actions = alert.actions();
     const auto found = std::ranges::find(actions, title, [](const auto& action) { return action->title(); });
     if (found == actions.end())
-        throw ScriptError("the alert has no button \"" + title + '"');
+        throw ScriptError("the alert has no button '" + title + '\'');
     return static_cast<std::size_t>(found - actions.begin());
 }
 
@@ -27,7 +27,7 @@ void ScriptSheets::choose(const ScriptFields& fields) {
     fields.allowOnly({"action"});
     const auto alert = settings_.screen().alert();
     if (!alert)
-        throw ScriptError("there is no alert");
+        throw ScriptError("no alert is shown");
     expectDone(settings_.sheets().chooseAlertAction(actionIndex(*alert, fields.text("action"))));
 }
 
@@ -36,7 +36,7 @@ void ScriptSheets::keypad(const ScriptFields& fields) {
     shell::SheetInput& sheets = settings_.sheets();
     if (const auto digits = fields.optionalText("digits")) {
         if (!std::ranges::all_of(*digits, [](char digit) { return digit >= '0' && digit <= '9'; }))
-            throw ScriptError("\"digits\" must be digits");
+            throw ScriptError("'digits' must contain only the digits 0 to 9");
         for (const char digit : *digits)
             expectDone(sheets.pressDigit(digit - '0'));
     } else if (const auto passcode = fields.optionalText("passcode")) {
@@ -48,20 +48,20 @@ void ScriptSheets::keypad(const ScriptFields& fields) {
     } else if (key == "emergency") {
         expectDone(sheets.pressEmergency());
     } else {
-        throw ScriptError("the keypad has no key \"" + key + '"');
+        throw ScriptError("the keypad has no key '" + key + '\'');
     }
 }
 
 void ScriptSheets::mail(const ScriptFields& fields) {
     fields.allowOnly({"to", "subject", "body", "remove", "press"});
     if (!settings_.screen().composer())
-        throw ScriptError("there is no mail sheet");
+        throw ScriptError("no mail sheet is shown");
     editMail(fields);
     const auto press = fields.optionalText("press");
     if (!press)
         return;
     if (*press != "send" && *press != "cancel")
-        throw ScriptError("the mail sheet has no button \"" + *press + '"');
+        throw ScriptError("the mail sheet has no button '" + *press + '\'');
     expectDone(*press == "send" ? settings_.sheets().sendMail() : settings_.sheets().cancelMail());
 }
 

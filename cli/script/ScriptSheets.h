@@ -7,7 +7,8 @@
 
 namespace wardlock::cli {
 
-/// A script's commands for what lies over the pages. Each throws ScriptError when it cannot be done.
+/// The script commands for alerts, the keypad and the mail sheet. Each throws ScriptError when it cannot be
+/// carried out.
 class ScriptSheets {
 public:
     explicit ScriptSheets(shell::SettingsApplication& settings) : settings_(settings) {}

@@ -49,21 +49,21 @@ std::optional<std::string> TerminalDialog::ask(const std::string& prompt) {
 }
 
 std::optional<std::string> TerminalDialog::askHidden(const std::string& prompt) {
-    // Before the question is seen: what is typed at once must not be shown either.
+    // Before the prompt is printed: what is typed at once must not be shown either.
     const Terminal::Hidden hidden;
     return ask(prompt);
 }
 
-void TerminalDialog::tellError(const std::string& sentence) {
+void TerminalDialog::printError(const std::string& sentence) {
     Output::line(style_.red(sentence));
 }
 
-void TerminalDialog::tell(const shell::InputResult& answer) {
+void TerminalDialog::printRefusal(const shell::InputResult& answer) {
     if (!answer)
-        tellError("That cannot be done: " + answer.reason() + ".");
+        printError("Not possible: " + answer.reason() + ".");
 }
 
-void TerminalDialog::say(const std::string& text) {
+void TerminalDialog::print(const std::string& text) {
     for (const auto& line : wrapped(text, Terminal::columns()))
         Output::line(line);
 }

@@ -11,26 +11,28 @@
 
 namespace wardlock::cli {
 
-/// Questions and answers in a terminal.
+/// Prompts and their answers in a terminal.
 class TerminalDialog {
 public:
     TerminalDialog(SettingsLoop& loop, TextStyle style);
 
-    /// The answer without blanks around it; none at the end of the input, which isOver() then tells.
+    /// Prints the prompt and returns the typed line without blanks around it. Returns none at the end of the
+    /// input; isOver() is true then.
     std::optional<std::string> ask(const std::string& prompt);
-    /// What is typed is not shown.
+    /// As ask(), without showing what is typed.
     std::optional<std::string> askHidden(const std::string& prompt);
-    /// As typed, blanks and all.
+    /// As ask(), with all blanks.
     std::optional<std::string> askText(const std::string& prompt);
 
-    void tellError(const std::string& sentence);
-    void tell(const shell::InputResult& answer);
-    /// Breaks long lines.
-    void say(const std::string& text);
+    void printError(const std::string& sentence);
+    /// Prints why the input was refused; nothing when it was not.
+    void printRefusal(const shell::InputResult& answer);
+    /// Prints a text, and breaks long lines.
+    void print(const std::string& text);
 
     bool isOver() const { return over_; }
     void end() { over_ = true; }
-    /// The question that waits for its answer now; empty while none does.
+    /// Returns the prompt that waits for an answer; empty when none does.
     const std::string& prompt() const { return prompt_; }
     const TextStyle& style() const { return style_; }
 
@@ -41,7 +43,7 @@ private:
     bool over_ = false;
 };
 
-/// The number that the whole word is; none for anything else.
+/// Returns the number in the word; none when the word is not a number as a whole.
 std::optional<std::size_t> wholeNumber(std::string_view word);
 std::optional<double> decimalNumber(std::string_view word);
 

@@ -12,12 +12,12 @@ namespace wardlock::cli {
 
 namespace {
 
-void giveTerminalBack() {
+void restoreTerminal() {
     Terminal::restore();
     Output::flushLast();
 }
 
-/// Where the device has one settings bundle, the person came for that.
+/// Opens the settings bundle of a device that has only one.
 void openOnlyBundle(shell::SettingsApplication& settings) {
     shell::Page& page = *settings.screen().page();
     if (page.sectionCount() == 1 && page.section(0).rowCount == 1 && page.section(0).footer.empty())
@@ -27,22 +27,22 @@ void openOnlyBundle(shell::SettingsApplication& settings) {
 } // namespace
 
 ExitCode runTerminalSettings() {
-    shell::installTerminationHook(giveTerminalBack);
+    shell::installTerminationHook(restoreTerminal);
     const TextWeb web;
     shell::SteadyClock clock;
     shell::SettingsApplication settings(clock);
     SettingsLoop loop(settings, &clock);
     openOnlyBundle(settings);
-    TerminalView face(settings, loop, {Terminal::hasColours()});
+    TerminalView view(settings, loop, {Terminal::hasColours()});
     if (Terminal::readsInput()) {
-        face.run();
+        view.run();
         return ExitCode::Done;
     }
-    face.showPage();
+    view.showPage();
     Output::text(withPagesIn(
         shell::installedPages(),
-        "\nTo go on, run `wardlock settings` in a terminal, with a display for the window, or with\n"
-        "`--script FILE` for commands as JSON lines (docs/automation.md).\n"));
+        "\nTo change settings, run `wardlock settings` in a terminal, or with a display for the window.\n"
+        "Scripts use `wardlock settings --script FILE` (docs/automation.md).\n"));
     return ExitCode::Done;
 }
 

@@ -4,8 +4,8 @@
 
 namespace wardlock::cli {
 
-/// Settings in the terminal: shows the page as text and asks what to do, until the input ends or the person
-/// quits. Where standard input is no terminal it shows the first page and how to go on.
+/// Runs Settings in the terminal: prints the page as text and prompts for commands, until the input ends or
+/// the user quits. If standard input is not a terminal, prints the first page and how to use Settings.
 ExitCode runTerminalSettings();
 
 } // namespace wardlock::cli

@@ -11,9 +11,9 @@ namespace wardlock::cli {
 namespace {
 
 /// Longer than any fade.
-constexpr std::chrono::seconds fadePatience{5};
-/// The person may have to choose a mail program first.
-constexpr std::chrono::minutes mailPatience{10};
+constexpr std::chrono::seconds fadeTimeout{5};
+/// The user may have to choose a mail program first.
+constexpr std::chrono::minutes mailTimeout{10};
 
 std::vector<std::string> addressesIn(const std::string& text) {
     std::vector<std::string> addresses;
@@ -52,13 +52,13 @@ bool TerminalSheets::ask() {
 
 void TerminalSheets::askKeypad(const shell::Overlay& overlay) {
     if (!overlay.keypad->takesInput()) {
-        loop_.waitUntil([&] { return !settings_.screen().overlay(); }, fadePatience);
+        loop_.waitUntil([&] { return !settings_.screen().overlay(); }, fadeTimeout);
         return;
     }
     Output::line("");
     Output::line(dialog_.style().bold(printable(overlay.keypad->shownText())));
     if (!overlay.keypad->shownSubtitle().empty())
-        dialog_.say(overlay.keypad->shownSubtitle());
+        dialog_.print(overlay.keypad->shownSubtitle());
     asked_ = overlay.keypad;
     const auto digits = dialog_.askHidden("Four digits (Enter cancels): ");
     if (!std::exchange(asked_, nullptr))
@@ -70,14 +70,14 @@ void TerminalSheets::askKeypad(const shell::Overlay& overlay) {
     else if (platform::SBUIPasscodeLockViewSimple4DigitKeypad::isPasscode(*digits))
         enter(*digits, overlay);
     else
-        dialog_.tellError("A passcode is four digits.");
+        dialog_.printError("A passcode has four digits.");
 }
 
 void TerminalSheets::followKeypad() {
     if (!asked_ || asked_->takesInput())
         return;
     asked_ = nullptr;
-    Output::text("\nThe keypad has closed. Enter goes on: ");
+    Output::text("\nThe keypad was closed. Press Enter to continue: ");
     Output::flush();
 }
 
@@ -86,10 +86,10 @@ void TerminalSheets::enter(const std::string& digits, const shell::Overlay& over
     for (const char digit : digits) {
         const auto pressed = settings_.sheets().pressDigit(digit - '0');
         if (!pressed)
-            return dialog_.tell(pressed);
+            return dialog_.printRefusal(pressed);
     }
     if (overlay.keypad->failures() > failures)
-        dialog_.tellError("Wrong passcode.");
+        dialog_.printError("Wrong passcode.");
 }
 
 void TerminalSheets::askAlert(const platform::UIAlertController& alert) {
@@ -97,7 +97,7 @@ void TerminalSheets::askAlert(const platform::UIAlertController& alert) {
     Output::line("");
     Output::line(style.bold(printable(alert.title())));
     if (!alert.message().empty())
-        dialog_.say(alert.message());
+        dialog_.print(alert.message());
     std::size_t number = 0;
     for (const auto& field : alert.textFields())
         Output::line("  " + std::to_string(++number) + "  " + printable(field->placeholder()) + ": " +
@@ -106,7 +106,7 @@ void TerminalSheets::askAlert(const platform::UIAlertController& alert) {
         const std::string title = printable(action->title());
         const bool red = action->style() == platform::UIAlertActionStyle::Destructive;
         Output::line("  " + std::to_string(++number) + "  " + (red ? style.red(title) : title) +
-                     (action->isEnabled() ? "" : " (not yet)"));
+                     (action->isEnabled() ? "" : " (disabled)"));
     }
     const auto word = dialog_.ask("Number: ");
     const auto chosen = word ? wholeNumber(*word) : std::nullopt;
@@ -114,17 +114,17 @@ void TerminalSheets::askAlert(const platform::UIAlertController& alert) {
     if (!word || word->empty())
         return;
     if (!chosen || *chosen == 0 || *chosen > number)
-        dialog_.tellError("The numbers are 1 to " + std::to_string(number) + ".");
+        dialog_.printError("Type a number from 1 to " + std::to_string(number) + ".");
     else if (*chosen <= fields)
         askAlertText(alert, *chosen - 1);
     else
-        dialog_.tell(settings_.sheets().chooseAlertAction(*chosen - 1 - fields));
+        dialog_.printRefusal(settings_.sheets().chooseAlertAction(*chosen - 1 - fields));
 }
 
 void TerminalSheets::askAlertText(const platform::UIAlertController& alert, std::size_t field) {
     const auto text = dialog_.askText(printable(alert.textFields()[field]->placeholder()) + ": ");
     if (text)
-        dialog_.tell(settings_.sheets().typeIntoAlert(field, *text));
+        dialog_.printRefusal(settings_.sheets().typeIntoAlert(field, *text));
 }
 
 void TerminalSheets::showMail(const platform::MailMessage& message) {
@@ -134,7 +134,7 @@ void TerminalSheets::showMail(const platform::MailMessage& message) {
     Output::line("  1  To: " + printable(joined(message.recipients)));
     Output::line("  2  Subject: " + printable(message.subject));
     Output::line("  3  Text:");
-    dialog_.say(message.body);
+    dialog_.print(message.body);
     for (std::size_t index = 0; index < message.attachments.size(); ++index)
         Output::line("  " + std::to_string(index + 4) +
                      "  Attached: " + printable(message.attachments[index].fileName) + ", " +
@@ -145,41 +145,41 @@ void TerminalSheets::askMail(const platform::MFMailComposeViewController& compos
     if (composer.isSending())
         return waitForMail();
     showMail(composer.message());
-    const auto word = dialog_.ask("Number changes it or removes an attachment, s sends, c cancels: ");
+    const auto word = dialog_.ask("Number to edit a field or remove an attachment, s to send, c to cancel: ");
     if (!word)
         static_cast<void>(settings_.sheets().cancelMail());
     else
-        obeyOnMail(*word);
+        runMailCommand(*word);
 }
 
-void TerminalSheets::obeyOnMail(const std::string& word) {
+void TerminalSheets::runMailCommand(const std::string& word) {
     shell::SheetInput& sheets = settings_.sheets();
     if (word == "s")
-        return dialog_.tell(sheets.sendMail());
+        return dialog_.printRefusal(sheets.sendMail());
     if (word == "c")
-        return dialog_.tell(sheets.cancelMail());
+        return dialog_.printRefusal(sheets.cancelMail());
     const std::size_t number = wholeNumber(word).value_or(0);
     if (number == 1) {
         if (const auto text = dialog_.ask("To: "))
-            dialog_.tell(sheets.setRecipients(addressesIn(*text)));
+            dialog_.printRefusal(sheets.setRecipients(addressesIn(*text)));
     } else if (number == 2) {
         if (const auto text = dialog_.ask("Subject: "))
-            dialog_.tell(sheets.setSubject(*text));
+            dialog_.printRefusal(sheets.setSubject(*text));
     } else if (number == 3) {
         askBody();
     } else if (number > 3) {
-        dialog_.tell(sheets.removeAttachment(number - 4));
+        dialog_.printRefusal(sheets.removeAttachment(number - 4));
     } else if (!word.empty()) {
-        dialog_.tellError("That is no answer here.");
+        dialog_.printError("Type a number, s or c.");
     }
 }
 
 void TerminalSheets::askBody() {
-    Output::line("The new text; a line with a single full stop ends it.");
+    Output::line("Type the new text. A line with only a full stop ends it.");
     std::string body;
     while (const auto line = dialog_.askText("")) {
         if (*line == ".") {
-            dialog_.tell(settings_.sheets().setBody(body));
+            dialog_.printRefusal(settings_.sheets().setBody(body));
             return;
         }
         body += *line + '\n';
@@ -194,7 +194,7 @@ void TerminalSheets::waitForMail() {
             const auto composer = settings_.screen().composer();
             return !composer || !composer->isSending();
         },
-        mailPatience);
+        mailTimeout);
     if (!done)
         dialog_.end();
 }

@@ -9,17 +9,17 @@
 
 namespace wardlock::cli {
 
-/// What lies over the pages, in a terminal: the keypad, an alert, the mail sheet. Each call shows it, asks
-/// once and does what was answered.
+/// The keypad, alerts and the mail sheet in a terminal. Each call shows the topmost one, prompts once and
+/// carries out the answer.
 class TerminalSheets {
 public:
     TerminalSheets(shell::SettingsApplication& settings, SettingsLoop& loop, TerminalDialog& dialog)
         : settings_(settings), loop_(loop), dialog_(dialog) {}
 
-    /// Whether there was anything to ask for.
+    /// Prompts for the topmost sheet. Returns false when none is shown.
     bool ask();
-    /// Tells a person who is asked for digits that the keypad closes: Settings were left. What is typed then
-    /// goes to nobody.
+    /// Prints that the keypad was closed while the user was asked for digits, because Settings resigned
+    /// active. What is typed afterwards is discarded.
     void followKeypad();
 
 private:
@@ -29,14 +29,14 @@ private:
     void askAlertText(const platform::UIAlertController& alert, std::size_t field);
     void askMail(const platform::MFMailComposeViewController& composer);
     void showMail(const platform::MailMessage& message);
-    void obeyOnMail(const std::string& word);
+    void runMailCommand(const std::string& word);
     void askBody();
     void waitForMail();
 
     shell::SettingsApplication& settings_;
     SettingsLoop& loop_;
     TerminalDialog& dialog_;
-    /// Whose digits are being asked for; null while they are not.
+    /// The keypad whose digits are being asked for; null otherwise.
     std::shared_ptr<platform::SBUIPasscodeLockViewSimple4DigitKeypad> asked_;
 };
 

@@ -93,20 +93,20 @@ void TerminalView::askPage() {
     const auto word = dialog_.ask("\n" + prompt + ", ? help, q quit: ");
     pageIsAsked_ = false;
     if (word && !word->empty())
-        obeyOnPage(*word);
+        runPageCommand(*word);
 }
 
-void TerminalView::obeyOnPage(const std::string& word) {
+void TerminalView::runPageCommand(const std::string& word) {
     if (const auto number = wholeNumber(word)) {
         pageStands_ = *number == 0 || *number > rows_.size();
         if (pageStands_)
-            dialog_.tellError("There is no row " + std::to_string(*number) + ".");
+            dialog_.printError("There is no row " + std::to_string(*number) + ".");
         else
             touchRow(rows_[*number - 1]);
     } else if (word == "b") {
-        dialog_.tell(settings_.page().goBack());
+        dialog_.printRefusal(settings_.page().goBack());
     } else if (word == "+") {
-        dialog_.tell(settings_.page().tapBarButton());
+        dialog_.printRefusal(settings_.page().tapBarButton());
     } else if (word == "n" || word == "p") {
         turnTable(word == "n");
     } else if (word == "z") {
@@ -119,36 +119,36 @@ void TerminalView::obeyOnPage(const std::string& word) {
         showHelp();
     } else {
         pageStands_ = true;
-        dialog_.tellError("\u201C" + truncated(printable(word), longestQuote) +
-                          "\u201D is no answer here; ? lists them.");
+        dialog_.printError("Unknown command '" + truncated(printable(word), longestQuote) +
+                           "'; ? lists all commands.");
     }
 }
 
 void TerminalView::touchRow(NSIndexPath path) {
     shell::Page& page = *settings_.screen().page();
     if (!page.isList())
-        return dialog_.tell(settings_.page().flipTableSwitch(path));
+        return dialog_.printRefusal(settings_.page().flipTableSwitch(path));
     if (!page.has(path))
-        return dialog_.tellError("The row is gone.");
+        return dialog_.printError("The row is gone.");
     const Row row = page.row(path);
     if (row.isTextField())
         askText(path, row);
     else if (row.kind == RowKind::Slider)
         askSlider(path, row);
     else
-        dialog_.tell(settings_.page().tapRow(path));
+        dialog_.printRefusal(settings_.page().tapRow(path));
 }
 
 void TerminalView::askText(NSIndexPath path, const Row& row) {
     const auto begun = settings_.page().beginEditing(path);
     if (!begun)
-        return dialog_.tell(begun);
+        return dialog_.printRefusal(begun);
     const std::string name = printable(row.label.empty() ? row.placeholder : row.label);
-    const std::string prompt = name + " (Enter keeps it, \"\" empties it): ";
+    const std::string prompt = name + " (Enter keeps it, \"\" clears it): ";
     const auto text =
         row.kind == RowKind::SecureEditText ? dialog_.askHidden(prompt) : dialog_.askText(prompt);
     if (text && !text->empty())
-        dialog_.tell(settings_.page().typeText(*text == "\"\"" ? "" : *text));
+        dialog_.printRefusal(settings_.page().typeText(*text == "\"\"" ? "" : *text));
     settings_.page().endEditing();
 }
 
@@ -158,9 +158,9 @@ void TerminalView::askSlider(NSIndexPath path, const Row& row) {
     if (!text || text->empty())
         return;
     if (const auto value = decimalNumber(*text))
-        dialog_.tell(settings_.page().moveSlider(path, *value));
+        dialog_.printRefusal(settings_.page().moveSlider(path, *value));
     else
-        dialog_.tellError("That is no number.");
+        dialog_.printError("Type a number.");
 }
 
 void TerminalView::turnTable(bool forward) {
@@ -172,7 +172,7 @@ void TerminalView::turnTable(bool forward) {
 
 void TerminalView::followLink(const std::string& link) {
     const auto number = wholeNumber(link);
-    dialog_.tell(number ? settings_.page().followLink(*number) : settings_.page().followLink(link));
+    dialog_.printRefusal(number ? settings_.page().followLink(*number) : settings_.page().followLink(link));
 }
 
 void TerminalView::showHelp() {
@@ -182,9 +182,9 @@ void TerminalView::showHelp() {
                  "  b          go back\n"
                  "  +          press the button at the top right\n"
                  "  n, p       show the next or the previous rows of a long list\n"
-                 "  f NUMBER   follow a link of the page shown; its address does, too\n"
-                 "  z          leave Settings for another application, and come back (so does Ctrl+Z);\n"
-                 "             the keypad takes it too, and closes\n"
+                 "  f LINK     follow a link of the page, by its number or its address\n"
+                 "  z          switch to another application and back, as Ctrl+Z does; closes the\n"
+                 "             keypad, where it can be typed too\n"
                  "  q          quit\n");
 }
 

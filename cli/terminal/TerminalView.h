@@ -11,31 +11,31 @@
 
 namespace wardlock::cli {
 
-/// One conversation in a terminal: shows what a person sees, topmost first, and asks what to do. Whatever is
-/// over the page - keypad, alert, mail - is asked for before the page.
+/// The front end in a terminal: prints what the user sees and prompts for commands. The keypad, an alert and
+/// the mail sheet are prompted for before the page below them.
 class TerminalView : private shell::ScreenObserver {
 public:
     TerminalView(shell::SettingsApplication& settings, SettingsLoop& loop, TextStyle style);
     ~TerminalView() override;
 
-    /// Until the input ends or the person quits.
+    /// Returns when the input ends or the user quits.
     void run();
-    /// Shows the page and returns.
+    /// Prints the page.
     void showPage();
 
 private:
-    // What changes while nobody is asked is shown at the next question.
+    // A change without a prompt is shown with the next one.
     void listReset(shell::Page&) override { stale_ = true; }
     void rowChanged(shell::Page&, platform::NSIndexPath) override { stale_ = true; }
     void contentChanged(shell::Page&) override { stale_ = true; }
     void noticeChanged() override { stale_ = true; }
 
     void askPage();
-    void obeyOnPage(const std::string& word);
+    void runPageCommand(const std::string& word);
     void touchRow(platform::NSIndexPath path);
     void askText(platform::NSIndexPath path, const shell::Row& row);
     void askSlider(platform::NSIndexPath path, const shell::Row& row);
-    /// By its number or its address.
+    /// Follows a link by its number or its address.
     void followLink(const std::string& link);
     void turnTable(bool forward);
     void showHelp();
@@ -48,7 +48,7 @@ private:
     TerminalDialog dialog_;
     TerminalSheets sheets_;
     std::vector<platform::NSIndexPath> rows_;
-    /// Which table rows are shown, of which page.
+    /// The page that is shown, and which rows of its table.
     const shell::Page* shownPage_ = nullptr;
     TextPage::Size shownSize_{};
     std::size_t firstTableRow_ = 0;
@@ -56,7 +56,7 @@ private:
     std::size_t tableRowCount_ = 0;
     bool stale_ = false;
     bool pageIsAsked_ = false;
-    /// Whether the page as it is stands right above: after a complaint or the help it is not shown again.
+    /// Whether the page needs no repetition: it was printed right above an error or the help.
     bool pageStands_ = false;
 };
 

@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::size_t numberColumns = 5;
 constexpr std::size_t gap = 2;
-/// Lines of a page that are not a table's rows: title, rule, count, prompt and what is typed.
+/// Lines of a page besides the rows of a table: title, rule, count, prompt and what is typed.
 constexpr std::size_t linesAroundTable = 6;
 
 std::string valueText(const Row& row) {
@@ -98,7 +98,7 @@ void TextPage::addRow(NSIndexPath path, const std::string& label, const std::str
     rows_.push_back(path);
     const std::string number = std::to_string(rows_.size());
     const std::size_t room = size_.columns - std::min(size_.columns, numberColumns);
-    // A long value gives way to the label down to half of the line.
+    // A long value is truncated for the label, down to half of the line.
     const std::string shownValue =
         truncated(value, std::max(room / 2, room - std::min(room, columnsOf(label) + gap)));
     const std::size_t valueColumns = columnsOf(shownValue);

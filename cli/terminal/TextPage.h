@@ -10,8 +10,8 @@
 
 namespace wardlock::cli {
 
-/// A page as text: its title, its rows with numbers, its texts; as wide as the terminal. Of a table it shows
-/// as many rows as the terminal has lines for, from `firstTableRow` on.
+/// A page as text: its title, its rows with numbers, its texts; as wide as the terminal. It contains as many
+/// rows of a table as the terminal has lines for, from `firstTableRow` on.
 class TextPage {
 public:
     struct Size {
@@ -23,9 +23,9 @@ public:
     TextPage(shell::Screen& screen, TextStyle style, Size size, std::size_t firstTableRow);
 
     const std::string& text() const { return text_; }
-    /// The row behind each number; the first is that of 1.
+    /// Returns the rows by their numbers; the first has the number 1.
     const std::vector<platform::NSIndexPath>& rows() const { return rows_; }
-    /// How many table rows are shown, and how many there are; 0 where the page has no table.
+    /// Returns the number of table rows shown, and of all; 0 for a page without a table.
     std::size_t tableRowsShown() const { return tableRowsShown_; }
     std::size_t tableRowCount() const { return tableRowCount_; }
 

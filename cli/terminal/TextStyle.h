@@ -4,7 +4,7 @@
 
 namespace wardlock::cli {
 
-/// Emphasis of a terminal's text; nothing where there are no colours.
+/// Emphasis of text in a terminal; none without colours.
 struct TextStyle {
     bool colours = false;
 

@@ -83,7 +83,7 @@ std::optional<Application> applicationIn(const std::string& folder, std::string_
     const std::optional<Value> list = propertyListWithData(bytes);
     const Dictionary* info = list ? dictionaryValue(&*list) : nullptr;
     if (!info || text(*info, "CFBundleIdentifier").empty()) {
-        diagnose(path + " is left out: it names no application.");
+        diagnose(path + " is left out: it is not an application.");
         return std::nullopt;
     }
     Application application;

@@ -70,7 +70,7 @@ void* openModule(const std::string& path, int mode, std::string& reason) {
         const auto entry = reinterpret_cast<Entry>(::dlsym(handle, classTableEntry));
         if (!entry) {
             openModules().byHandle.erase(handle);
-            reason = file + " is no module of this kind: it has no " + classTableEntry;
+            reason = file + " is not a module for Settings: it does not export " + classTableEntry;
             return nullptr;
         }
         opened.classes = entry();

@@ -68,17 +68,17 @@ void BundleList::summarise(std::size_t unreadFolders) {
     const std::size_t more = leftOut_.size() - std::min(leftOut_.size(), mostSentences) + unreadFolders;
     leftOut_.resize(std::min(leftOut_.size(), mostSentences));
     if (more > 0)
-        leftOut_.push_back(std::to_string(more) + " more were left out.");
+        leftOut_.push_back(std::to_string(more) + " more are not shown.");
 }
 
 void BundleList::add(const std::string& folderName) {
     const auto leaveOut = [&](const std::string& reason) {
-        leftOut_.push_back("\u201c" + folderName + "\u201d was left out: " + reason + ".");
+        leftOut_.push_back("\u201c" + folderName + "\u201d is not shown: " + reason + ".");
     };
     const auto bundle =
         platform::NSBundle::bundleWithPath(std::string(preferenceBundlesPath) + '/' + folderName);
     if (!bundle)
-        leaveOut("it has no Info.plist that can be read");
+        leaveOut("its Info.plist cannot be read");
     else if (const std::string reason = bundle->reasonToDistrust(); !reason.empty())
         // Not even its name is shown: another user could have set it.
         leaveOut(reason);

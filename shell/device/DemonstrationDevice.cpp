@@ -46,11 +46,11 @@ std::vector<std::string> furnishDemonstration() {
     for (const DemonstrationApplication& application : demonstrationApplications()) {
         const fs::path folder = applications / (std::string(application.folder) + ".app");
         if (!install(application, folder))
-            problems.push_back("The application " + folder.string() + " cannot be made.");
+            problems.push_back("cannot create application " + folder.string());
     }
     const fs::path outbox = platform::pathOnDevice(platform::mailOutboxPath);
     if (const auto error = makeFolder(outbox))
-        problems.push_back("The folder " + outbox.string() + " cannot be made: " + error.message() + ".");
+        problems.push_back("cannot create folder " + outbox.string() + ": " + error.message());
     return problems;
 }
 

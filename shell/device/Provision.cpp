@@ -54,7 +54,7 @@ void Provision::makeWhatIsMissing(const std::function<void()>& furnish) {
     const bool complete = makeFolders();
     const std::string installed = installedFolder();
     if (installed.empty()) {
-        problems_.push_back("The settings bundle was not found beside this program.");
+        problems_.push_back("no settings bundle beside this program");
     } else {
         link(std::string(preferenceBundlesPath) + '/' + settingsBundleName,
              installed + "/PreferenceBundles/" + settingsBundleName);
@@ -92,11 +92,11 @@ bool Provision::makeFolder(const std::string& path) {
     // Private from the first moment: before it is closed, another user could enter the folder and create one
     // of their own in it.
     if (const auto error = platform::makeFolders(platform::FileSystem::current(), path, privateMode)) {
-        report("The folder " + path + " cannot be made: " + error.message() + ".");
+        report("cannot create folder " + path + ": " + error.message());
         return false;
     }
     if (const platform::FolderDoubt doubt = platform::doubtOfFolder(path)) {
-        report("The folder " + path + " is not used: " + doubt.reason + ".");
+        report("cannot use folder " + path + ": " + doubt.reason);
         return false;
     }
     return true;
@@ -126,7 +126,7 @@ void Provision::link(const std::string& devicePath, const std::string& target) {
     std::error_code ignored;
     fs::remove(temporary, ignored);
     if (error)
-        problems_.push_back("The link " + path.string() + " cannot be made: " + error.message() + ".");
+        problems_.push_back("cannot create link " + path.string() + ": " + error.message());
 }
 
 void Provision::firstStart() {
@@ -140,7 +140,7 @@ void Provision::firstStart() {
 void Provision::lookAtAppList() {
     const std::string reason = platform::reasonToDistrustModule(platform::appListLibraryPath);
     if (!reason.empty())
-        problems_.push_back("The list of applications stays empty: " + reason + ".");
+        problems_.push_back("cannot list applications: " + reason);
 }
 
 } // namespace wardlock::shell

@@ -57,7 +57,7 @@ InputResult PageInput::setSwitch(NSIndexPath path, bool on) {
             return InputResult::refused(*reason);
         const Row row = page().row(path);
         if (row.kind != RowKind::Switch)
-            return InputResult::refused("the row is no switch");
+            return InputResult::refused("the row is not a switch");
         if (row.isOn() != on)
             store(path, Value(on));
         return InputResult::done();
@@ -71,9 +71,9 @@ InputResult PageInput::moveSlider(NSIndexPath path, double value) {
             return InputResult::refused(*reason);
         const Row row = page().row(path);
         if (row.kind != RowKind::Slider)
-            return InputResult::refused("the row is no slider");
+            return InputResult::refused("the row is not a slider");
         if (std::isnan(value) || value < row.min || value > row.max)
-            return InputResult::refused("the slider does not go that far");
+            return InputResult::refused("the value is outside the range of the slider");
         store(path, Value(value));
         return InputResult::done();
     });
@@ -94,7 +94,7 @@ InputResult PageInput::beginEditing(NSIndexPath path) {
         if (auto reason = obstacleToRow(path))
             return InputResult::refused(*reason);
         if (!page().row(path).isTextField())
-            return InputResult::refused("the row is no text field");
+            return InputResult::refused("the row is not a text field");
         beginEditingNow(path);
         return InputResult::done();
     });
@@ -181,7 +181,7 @@ InputResult PageInput::dragList() {
         if (auto reason = obstacle())
             return InputResult::refused(*reason);
         if (!page().isList())
-            return InputResult::refused("the page is no list");
+            return InputResult::refused("the page is not a list");
         page().listController()->scrollViewWillBeginDragging();
         return InputResult::done();
     });

@@ -15,7 +15,7 @@ InputResult SheetInput::onKeypad(Press press) {
     return boundary_.enter([&] {
         const auto overlay = screen_.overlay();
         if (!overlay)
-            return InputResult::refused("there is no keypad");
+            return InputResult::refused("no keypad is shown");
         if (!overlay->keypad->takesInput())
             return InputResult::refused("the keypad is fading out");
         return press(*overlay->keypad);
@@ -25,7 +25,7 @@ InputResult SheetInput::onKeypad(Press press) {
 InputResult SheetInput::pressDigit(int digit) {
     return onKeypad([&](Keypad& keypad) {
         if (digit < 0 || digit > 9)
-            return InputResult::refused("the keypad has the digits 0 to 9");
+            return InputResult::refused("a digit is 0 to 9");
         keypad.pressDigit(digit);
         return InputResult::done();
     });
@@ -57,7 +57,7 @@ InputResult SheetInput::pressEmergency() {
 InputResult SheetInput::enterPasscode(std::string passcode) {
     return onKeypad([&](Keypad& keypad) {
         if (!Keypad::isPasscode(passcode))
-            return InputResult::refused("a passcode is four digits");
+            return InputResult::refused("a passcode has four digits");
         keypad.enterViaMesa(std::move(passcode));
         return InputResult::done();
     });
@@ -68,7 +68,7 @@ InputResult SheetInput::onAlert(Do act) {
     return boundary_.enter([&] {
         const auto alert = screen_.alert();
         if (!alert)
-            return InputResult::refused("there is no alert");
+            return InputResult::refused("no alert is shown");
         if (const auto reason = screen_.obstacleToSheets())
             return InputResult::refused(*reason);
         return act(*alert);
@@ -103,7 +103,7 @@ InputResult SheetInput::onComposer(Do act) {
     return boundary_.enter([&] {
         const auto composer = screen_.composer();
         if (!composer)
-            return InputResult::refused("there is no mail sheet");
+            return InputResult::refused("no mail sheet is shown");
         if (const auto reason = screen_.obstacleToSheets())
             return InputResult::refused(*reason);
         if (composer->isSending())

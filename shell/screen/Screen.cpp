@@ -61,16 +61,16 @@ std::optional<Overlay> Screen::overlay() const {
 }
 
 std::optional<std::string> Screen::obstacleToSheets() const {
-    return overlay() ? std::optional<std::string>("the keypad covers it") : std::nullopt;
+    return overlay() ? std::optional<std::string>("the keypad covers the page") : std::nullopt;
 }
 
 std::optional<std::string> Screen::obstacle() const {
     if (auto reason = obstacleToSheets())
         return reason;
     if (alert())
-        return "an alert covers it";
+        return "an alert covers the page";
     if (composer())
-        return "the mail sheet covers it";
+        return "the mail sheet covers the page";
     if (isInTransition())
         return "the page is still moving";
     return std::nullopt;

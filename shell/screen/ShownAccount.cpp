@@ -15,7 +15,8 @@ constexpr std::size_t listPlace = 1;
 constexpr std::size_t openedPlace = 2;
 
 std::string sentence(AccountFate fate, const std::string& name) {
-    const std::string account = name.empty() ? "the account" : "the account \"" + oneLine(name) + '"';
+    const std::string account =
+        name.empty() ? "the account" : "the account \u201c" + oneLine(name) + "\u201d";
     return fate == AccountFate::Moved ? "Another program moved " + account + " in the list of accounts."
                                       : "Another program removed " + account + '.';
 }

@@ -40,7 +40,7 @@ void WebModel::failed(const QString& reason) {
 }
 
 void WebModel::engineMissing() {
-    missing_ = tr("This page needs a web engine, and none is installed.");
+    missing_ = tr("This page needs a web engine, which is not installed.");
     emit changed();
     failed(missing_);
 }

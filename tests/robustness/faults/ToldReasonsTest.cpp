@@ -34,7 +34,7 @@ protected:
                           {"plist", "set", onDisk(list), "kEnabled", "bool", "true"}, setup_);
     }
     std::string told(const std::string& reason) const {
-        return "wardlock plist set: " + onDisk(list) + ": it could not be written: " + reason + "\n";
+        return "wardlock plist set: cannot write " + onDisk(list) + ": " + reason + "\n";
     }
 
 private:

@@ -145,7 +145,7 @@ TEST_F(Bombs, InThePlaceOfABundlesInfoAreLeftOutWithAWord) {
     }
     const std::string seen = settings("{\"do\":\"see\"}\n{\"do\":\"tap\",\"row\":\"Wardlock\"}\n");
     for (const Bomb& bomb : bombs())
-        EXPECT_TRUE(contains(seen, std::string("“") + bomb.name + ".bundle” was left out: ")) << bomb.name;
+        EXPECT_TRUE(contains(seen, std::string("“") + bomb.name + ".bundle” is not shown: ")) << bomb.name;
 }
 
 TEST_F(Bombs, InThePlaceOfAnApplicationsInfoAreLeftOutWithAWordInTheLog) {
@@ -219,8 +219,8 @@ TEST_F(Bombs, OfBundlesWithoutEndAreCutWithAWord) {
     for (int i = 0; i < 520; ++i)
         makeFolder("/Library/PreferenceBundles/" + std::to_string(i) + ".bundle");
     const std::string seen = settings("{\"do\":\"see\"}\n");
-    EXPECT_TRUE(contains(seen, "“0.bundle” was left out: it has no Info.plist that can be read."));
-    EXPECT_TRUE(contains(seen, " more were left out.")) << seen.substr(0, 4000);
+    EXPECT_TRUE(contains(seen, "“0.bundle” is not shown: its Info.plist cannot be read."));
+    EXPECT_TRUE(contains(seen, " more are not shown.")) << seen.substr(0, 4000);
     EXPECT_LT(seen.size(), 10000u);
 }
 
@@ -233,7 +233,7 @@ TEST_F(Bombs, InTheNamesOfABundleAreNoNames) {
                                           "</string><key>NSPrincipalClass</key><string>" + name +
                                           "</string></dict></plist>");
     const std::string seen = settings("{\"do\":\"see\"}\n");
-    EXPECT_TRUE(contains(seen, "“Long.bundle” was left out: its Info.plist names no module."));
+    EXPECT_TRUE(contains(seen, "“Long.bundle” is not shown: its Info.plist names no module."));
     EXPECT_LT(seen.size(), 10000u);
 }
 

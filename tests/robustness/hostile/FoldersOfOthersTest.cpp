@@ -22,7 +22,7 @@ using shell::Provision;
 
 /// What a person is told when such a folder is met, and nothing more.
 std::vector<std::string> refusal(const std::string& folder, const std::string& reason) {
-    return {"The folder " + folder + " is not used: " + reason + "."};
+    return {"cannot use folder " + folder + ": " + reason};
 }
 
 class FoldersOfOthers : public HostileFixture {

@@ -183,7 +183,7 @@ protected:
         EXPECT_EQ(opened, reason.empty());
         const shell::BundleList list;
         EXPECT_EQ(list.entries().size(), opened ? 1u : 0u);
-        const std::vector<std::string> told{"\u201cGreeter.bundle\u201d was left out: " + reason + "."};
+        const std::vector<std::string> told{"\u201cGreeter.bundle\u201d is not shown: " + reason + "."};
         EXPECT_EQ(list.leftOut(), opened ? std::vector<std::string>() : told);
         return reason;
     }
@@ -233,8 +233,8 @@ TEST_F(ModuleTrust, InTheApplicationListEndsWithAWordAtTheStart) {
     setMode(modules, 0777);
     const std::string why = reason(modules, "can be changed by every user");
     EXPECT_EQ(shell::Provision().problems(),
-              (std::vector<std::string>{"The folder " + onDisk(modules) + " is not used: " + why + ".",
-                                        "The list of applications stays empty: " + why + "."}));
+              (std::vector<std::string>{"cannot use folder " + onDisk(modules) + ": " + why,
+                                        "cannot list applications: " + why}));
     EXPECT_EQ(refusal(platform::appListLibraryPath), why);
 }
 

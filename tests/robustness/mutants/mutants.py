@@ -518,7 +518,7 @@ ALL = [
          "platform::makeFolders(platform::FileSystem::current(), path, 0777)"),
     ]),
     Mutant("open-folder-unreported", "the doctor overlooks a folder that others may change", ("tests.cli/Doctor",), [
-        ("cli/doctor/DeviceFindings.cpp", "if (const platform::FolderDoubt doubt = doubtOfRoot(folder))",
+        ("cli/doctor/DeviceChecks.cpp", "if (const platform::FolderDoubt doubt = doubtOfRoot(folder))",
          "if (const platform::FolderDoubt doubt = doubtOfRoot(folder); doubt && folder.empty())"),
     ]),
     Mutant("advice-unquoted", "what the doctor advises to type is not quoted", ("tests.cli/ShellWord", "tests.cli/Doctor"), [

@@ -109,11 +109,37 @@ TEST_F(CommandLine, RefusesWrongUsageInOneLine) {
 
 TEST_F(CommandLine, NamesTheWholeVerbThatItDoesNotKnow) {
     EXPECT_EQ(wardlockCommand({"frobnicate"}).errors,
-              "wardlock: no such verb: frobnicate (see wardlock --help)\n");
+              "wardlock: unknown verb 'frobnicate' (see wardlock --help)\n");
     EXPECT_EQ(wardlockCommand({"plist", "frobnicate"}).errors,
-              "wardlock: no such verb: plist frobnicate (see wardlock --help)\n");
+              "wardlock: unknown verb 'plist frobnicate' (see wardlock --help)\n");
     EXPECT_EQ(wardlockCommand({"plist"}).errors,
-              "wardlock: plist needs a verb of its own (see wardlock --help)\n");
+              "wardlock: missing verb after 'plist' (see wardlock --help)\n");
+}
+
+TEST_F(CommandLine, SuggestsTheVerbThatWasProbablyMeant) {
+    EXPECT_EQ(wardlockCommand({"stats"}).errors,
+              "wardlock: unknown verb 'stats'; did you mean 'status'? (see wardlock --help)\n");
+    EXPECT_EQ(wardlockCommand({"plist", "dmup"}).errors,
+              "wardlock: unknown verb 'plist dmup'; did you mean 'plist dump'? (see wardlock --help)\n");
+}
+
+TEST_F(CommandLine, NamesTheMissingOrUnexpectedArgument) {
+    EXPECT_EQ(wardlockCommand({"plist", "set", "list", "key"}).errors,
+              "wardlock plist set: missing argument TYPE (see wardlock plist set --help)\n");
+    EXPECT_EQ(wardlockCommand({"plist", "lint"}).errors,
+              "wardlock plist lint: missing argument FILE (see wardlock plist lint --help)\n");
+    EXPECT_EQ(wardlockCommand({"get", "kEnabled", "kPasscode"}).errors,
+              "wardlock get: unexpected argument 'kPasscode' (see wardlock get --help)\n");
+}
+
+TEST_F(CommandLine, NamesTheOptionThatIsWrong) {
+    EXPECT_EQ(
+        wardlockCommand({"status", "--jsno"}).errors,
+        "wardlock status: unknown option '--jsno'; did you mean '--json'? (see wardlock status --help)\n");
+    EXPECT_EQ(wardlockCommand({"status", "--json=1"}).errors,
+              "wardlock status: option '--json' takes no value (see wardlock status --help)\n");
+    EXPECT_EQ(wardlockCommand({"plist", "convert", "a", "-o"}).errors,
+              "wardlock plist convert: option '-o' needs a value (see wardlock plist convert --help)\n");
 }
 
 TEST_F(CommandLine, FailsInOneLineWhenTheOutputIsClosed) {

@@ -80,7 +80,7 @@ TEST_F(DeviceCommand, TellsWhatCannotBeMade) {
     writeFile("/file", "");
     const ProcessResult result = init({onDisk("/file")});
     EXPECT_EQ(result.exitCode, 1);
-    EXPECT_NE(result.errors.find("cannot be made"), std::string::npos);
+    EXPECT_NE(result.errors.find("cannot create folder "), std::string::npos);
     EXPECT_EQ(result.output, "");
 }
 

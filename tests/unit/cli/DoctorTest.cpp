@@ -72,16 +72,16 @@ TEST_F(Doctor, SaysThatAllThatIsNeededWorks) {
     EXPECT_EQ(result.exitCode, 0) << result.output;
     EXPECT_EQ(result.errors, "");
     EXPECT_EQ(result.output.find("BROKEN"), std::string::npos) << result.output;
-    EXPECT_TRUE(result.output.ends_with("\nAll that Wardlock needs works.\n")) << result.output;
+    EXPECT_TRUE(result.output.ends_with("\nEverything that Wardlock needs works.\n")) << result.output;
 }
 
 TEST_F(Doctor, CountsWhatDoesNotWork) {
     removeFile(documentPath);
     const ProcessResult one = wardlockCommand({"doctor"});
     EXPECT_EQ(one.exitCode, 1);
-    EXPECT_TRUE(one.output.ends_with("\nOf what Wardlock needs, 1 thing does not work.\n")) << one.output;
+    EXPECT_TRUE(one.output.ends_with("\n1 problem found.\n")) << one.output;
     EXPECT_NE(one.output.find("\nBROKEN  Document: "), std::string::npos) << one.output;
-    EXPECT_NE(one.output.find("\n        -> Open Settings, or run: wardlock status."), std::string::npos)
+    EXPECT_NE(one.output.find("\n        -> Open Settings, or run wardlock status: "), std::string::npos)
         << one.output;
 }
 
@@ -101,18 +101,18 @@ TEST_F(Doctor, CreatesNothingWhereNothingIs) {
 }
 
 TEST_F(Doctor, TellsWhichDeviceRootAndWhy) {
-    EXPECT_EQ(finding("deviceRoot", 0)["text"], root() + " (named by WARDLOCK_DEVICE_ROOT)");
+    EXPECT_EQ(finding("deviceRoot", 0)["text"], root() + " (from WARDLOCK_DEVICE_ROOT)");
 }
 
 TEST_F(Doctor, TellsThatTheDeviceRootIsNotThere) {
     fs::remove_all(root());
-    expectBroken("deviceRoot", "is not there");
+    expectBroken("deviceRoot", "does not exist");
 }
 
 TEST_F(Doctor, TellsThatTheDeviceRootIsNoFolder) {
     fs::remove_all(root());
     std::ofstream(root()) << "a file";
-    expectBroken("deviceRoot", "is no folder");
+    expectBroken("deviceRoot", "is not a folder");
 }
 
 TEST_F(Doctor, TellsThatTheFolderOfTheDocumentIsNotThere) {
@@ -168,14 +168,14 @@ TEST_F(Doctor, TellsWhatIsWrongWithTheDocument) {
     writeFile(documentPath, xml("<array/>"));
     expectBroken("document", "no dictionary");
     writeFile(documentPath, xml("<dict><key>kAccounts</key><string/></dict>"));
-    expectBroken("document", "\"kAccounts\" that is no list");
+    expectBroken("document", "\"kAccounts\" that is not a list");
     removeFile(documentPath);
     makeFolder(documentPath);
     expectBroken("document", "cannot be read");
     fs::remove(onDisk(documentPath));
     writeFile(documentPath,
               xml("<dict><key>k</key><string>" + std::string(16u << 20, 'x') + "</string></dict>"));
-    expectBroken("document", "is larger than 16 MiB, the most that a document may have");
+    expectBroken("document", "is larger than 16 MiB, the limit for a document");
     std::string booleans;
     for (int i = 0; i < 1'900'000; ++i)
         booleans += "<true/>";
@@ -219,12 +219,12 @@ TEST_F(Doctor, TellsWhichBusAnswers) {
 
 TEST_F(Doctor, TellsOfABusThatNobodyServes) {
     bus.kill();
-    expectBroken("bus", "does not answer");
+    expectBroken("bus", "cannot be reached");
 }
 
 TEST_F(Doctor, WaitsForABusThatDoesNothingButNotForLong) {
     bus.stop();
-    expectBroken("bus", "does not answer");
+    expectBroken("bus", "cannot be reached");
     bus.resume();
 }
 
@@ -236,7 +236,8 @@ protected:
 TEST_F(DoctorWithPrivateBus, SaysThatItWillBeStarted) {
     const Json found = finding("bus", 0);
     EXPECT_EQ(found["kind"], "own");
-    EXPECT_NE(found["text"].get<std::string>().find("is started by"), std::string::npos) << found;
+    EXPECT_NE(found["text"].get<std::string>().find("starts with the first process"), std::string::npos)
+        << found;
 }
 
 TEST_F(DoctorWithPrivateBus, TellsThatNoProgramCouldStartIt) {
@@ -259,7 +260,7 @@ TEST_F(Doctor, TellsWhatIsWrongWithTheBundle) {
     fs::create_symlink(folder() / "gone", onDisk(bundlePath));
     expectBroken("bundle", "link to something that is gone");
     removeFile(bundlePath);
-    expectBroken("bundle", "is not there");
+    expectBroken("bundle", "does not exist");
     makeFolder(bundlePath);
     expectBroken("bundle", "no Info.plist");
     writeFile(std::string(bundlePath) + "/Info.plist",
@@ -279,7 +280,7 @@ TEST_F(Doctor, CountsTheApplications) {
 
 TEST_F(Doctor, TellsWhatIsWrongWithTheAppList) {
     removeFile(modulePath);
-    expectBroken("appList", "is not there");
+    expectBroken("appList", "does not exist");
     writeFile(modulePath, "no module");
     expectBroken("appList", "cannot be loaded: ");
 }

@@ -29,7 +29,7 @@ std::optional<Turns> turnsTo(Entry entry) {
     const Turn mail = row(8);
     const Turn table = row(11);
     const char* const digits = "Four digits (Enter cancels): ";
-    const char* const mailQuestion = "s sends, c cancels: ";
+    const char* const mailQuestion = "s to send, c to cancel: ";
     switch (entry) {
     case Entry::ListBuilt:
     case Entry::RowRead:
@@ -45,7 +45,7 @@ std::optional<Turns> turnsTo(Entry entry) {
     case Entry::SliderMoved:
         return Turns{row(2), {"to 10: ", "5\n"}};
     case Entry::TypingEndedByReturn:
-        return Turns{row(3), {"empties it): ", "Ann\n"}};
+        return Turns{row(3), {"clears it): ", "Ann\n"}};
     case Entry::ChoiceMade:
         return Turns{row(4), row(2)};
     case Entry::RowTapped:

@@ -68,7 +68,7 @@ TEST_F(Output, ShowsATerminalFileNamesAsEscapes) {
 TEST_F(Output, TellsAFailureInOneLineWhateverTheArgumentsHold) {
     const ProcessResult result = wardlockCommand({"get", std::string("a\nb\xFF") + wicked});
     EXPECT_EQ(result.errors,
-              std::string("wardlock get: there is no \"a\\x0ab\\xff") + wickedEscaped + "\"\n");
+              std::string("wardlock get: no key 'a\\x0ab\\xff") + wickedEscaped + "' in the settings\n");
 }
 
 /// Everything that comes out of a pipe.

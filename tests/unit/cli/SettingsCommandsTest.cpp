@@ -52,7 +52,7 @@ TEST_F(SettingsCommands, StatusTellsWhenTheMasterSwitchIsOff) {
         R"({"enabled":false,"tweakEnabled":false,"account":{"index":0,"name":null,"restrictions":[],"apps":[]}})"
         "\n");
     EXPECT_EQ(wardlockCommand({"status"}).output, "Master switch: off\nIn force: no\n"
-                                                  "Enabled account: without a name (account 1 of 1)\n"
+                                                  "Enabled account: unnamed (account 1 of 1)\n"
                                                   "Restrictions: nothing\nRestricted apps: nothing\n");
 }
 

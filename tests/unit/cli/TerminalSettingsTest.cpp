@@ -66,7 +66,7 @@ TEST_F(TerminalSettings, AsksForTextAndGoesBack) {
     terminal.type("3\n");
     EXPECT_NE(terminal.waitFor(question).find("Delete Account"), std::string::npos);
     terminal.type("2\n");
-    terminal.waitFor("empties it): ");
+    terminal.waitFor("clears it): ");
     terminal.type("  Jürgen 中文 \n");
     terminal.waitFor(question);
     terminal.type("b\n");
@@ -81,12 +81,12 @@ TEST_F(TerminalSettings, EnterKeepsTheTextAndQuotesEmptyIt) {
     terminal.waitFor(question);
     const std::string before = readFile(documentPath);
     terminal.type("2\n");
-    terminal.waitFor("empties it): ");
+    terminal.waitFor("clears it): ");
     terminal.type("\n");
     terminal.waitFor(question);
     EXPECT_EQ(readFile(documentPath), before);
     terminal.type("2\n");
-    terminal.waitFor("empties it): ");
+    terminal.waitFor("clears it): ");
     terminal.type("\"\"\n");
     terminal.waitFor(question);
     EXPECT_TRUE(documentHolds("<string>Blank</string>"));
@@ -133,7 +133,7 @@ TEST_F(TerminalSettings, LeavesNoTerminalBehindInWhichNothingTypedIsShown) {
     terminal.waitFor("cancels): ");
     // The key that aborts a process.
     terminal.type("\x1C\n");
-    terminal.waitFor("A passcode is four digits.");
+    terminal.waitFor("A passcode has four digits.");
     terminal.waitFor("cancels): ");
     EXPECT_FALSE(terminal.echoes());
     terminal.type("\x03");
@@ -183,7 +183,7 @@ TEST_F(TerminalSettings, ClosesTheKeypadWhenItIsSuspendedAndTakesNoneOfItsDigits
     terminal.type("2\n");
     terminal.waitFor("cancels): ");
     terminal.type("\x1A");
-    terminal.waitFor("The keypad has closed. Enter goes on: ");
+    terminal.waitFor("The keypad was closed. Press Enter to continue: ");
     EXPECT_FALSE(terminal.echoes());
     terminal.type("4711\n");
     EXPECT_EQ(terminal.waitFor(question).find("4711"), std::string::npos);
@@ -202,7 +202,7 @@ TEST_F(TerminalSettings, StopsWhenItIsSuspendedAndShowsWhatIsTypedMeanwhile) {
     terminal.waitFor("left");
     EXPECT_TRUE(terminal.echoes());
     terminal.type("\n");
-    terminal.waitFor("The keypad has closed. Enter goes on: ");
+    terminal.waitFor("The keypad was closed. Press Enter to continue: ");
     EXPECT_FALSE(terminal.echoes());
     terminal.type("\n");
     terminal.waitFor(question);
@@ -236,18 +236,18 @@ TEST_F(TerminalSettings, TellsWhichNumbersAnAlertTakes) {
     terminal.type("+\n");
     terminal.waitFor("Number: ");
     terminal.type("4\n");
-    EXPECT_NE(terminal.waitFor("Number: ").find("The numbers are 1 to 3."), std::string::npos);
+    EXPECT_NE(terminal.waitFor("Number: ").find("Type a number from 1 to 3."), std::string::npos);
     terminal.type("Create\n");
-    EXPECT_NE(terminal.waitFor("Number: ").find("The numbers are 1 to 3."), std::string::npos);
+    EXPECT_NE(terminal.waitFor("Number: ").find("Type a number from 1 to 3."), std::string::npos);
 }
 
 TEST_F(TerminalSettings, CreatesAnAccountThroughTheAlert) {
     TerminalProcess terminal(command, words());
     terminal.waitFor(question);
     terminal.type("+\n");
-    EXPECT_NE(terminal.waitFor("Number: ").find("Create (not yet)"), std::string::npos);
+    EXPECT_NE(terminal.waitFor("Number: ").find("Create (disabled)"), std::string::npos);
     terminal.type("3\n");
-    terminal.waitFor("That cannot be done: the button is disabled.");
+    terminal.waitFor("Not possible: the button is disabled.");
     terminal.waitFor("Number: ");
     terminal.type("1\n");
     terminal.waitFor("New Account Name: ");
@@ -296,7 +296,7 @@ TEST_F(TerminalSettings, GoesBackFromAnAccountThatAnotherProcessRemoved) {
     terminal.waitFor(question);
     writeFile(documentPath, xml("<dict><key>kAccounts</key><array/></dict>"));
     EXPECT_EQ(wardlockCommand({"announce", "kAccounts"}).exitCode, 0);
-    terminal.waitFor("Another program removed the account \"Default\".");
+    terminal.waitFor("Another program removed the account “Default”.");
     EXPECT_NE(terminal.waitFor(question).find("‹ Settings   Wardlock"), std::string::npos);
 }
 
@@ -333,14 +333,14 @@ TEST_F(TerminalSettings, AsksForSlidersAndSecureText) {
     terminal.type("3\n");
     terminal.waitFor(": ");
     terminal.type("11\n");
-    terminal.waitFor("the slider does not go that far");
+    terminal.waitFor("the value is outside the range of the slider");
     terminal.waitFor(question);
     terminal.type("3\n");
     terminal.waitFor(": ");
     terminal.type("2.5\n");
     EXPECT_NE(terminal.waitFor(question).find(" 2.5\r\n"), std::string::npos);
     terminal.type("5\n");
-    terminal.waitFor("empties it): ");
+    terminal.waitFor("clears it): ");
     EXPECT_FALSE(terminal.echoes());
     terminal.type("secret\n");
     const std::string page = terminal.waitFor(question);

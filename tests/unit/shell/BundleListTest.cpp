@@ -59,9 +59,9 @@ TEST_F(BundleListTest, LeavesBrokenBundlesOutAndTellsWhy) {
     const BundleList list;
     EXPECT_EQ(names(list), std::vector<std::string>{"Whole"});
     EXPECT_EQ(list.leftOut(), (std::vector<std::string>{
-                                  "“A.bundle” was left out: it has no Info.plist that can be read.",
-                                  "“B.bundle” was left out: its Info.plist names no module.",
-                                  "“C.bundle” was left out: its Info.plist names no principal class."}));
+                                  "“A.bundle” is not shown: its Info.plist cannot be read.",
+                                  "“B.bundle” is not shown: its Info.plist names no module.",
+                                  "“C.bundle” is not shown: its Info.plist names no principal class."}));
 }
 
 TEST_F(BundleListTest, FindsTheIcon) {

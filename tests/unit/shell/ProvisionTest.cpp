@@ -46,8 +46,8 @@ TEST_F(ProvisionTest, LeavesTheModeOfAFolderThatStandsAsItIs) {
     const Provision provision;
     EXPECT_EQ(fs::status(onDisk("/tmp")).permissions(), fs::perms::all);
     EXPECT_EQ(provision.problems(),
-              std::vector<std::string>{"The folder " + onDisk("/tmp") + " is not used: " + onDisk("/tmp") +
-                                       " can be changed by every user."});
+              std::vector<std::string>{"cannot use folder " + onDisk("/tmp") + ": " + onDisk("/tmp") +
+                                       " can be changed by every user"});
 }
 
 TEST_F(ProvisionTest, MakesFoldersThatAreClosedFromTheFirstMoment) {
@@ -80,7 +80,7 @@ TEST_F(ProvisionTest, MakesNothingInARootThatEveryUserCanChange) {
     const Provision provision([] { ADD_FAILURE() << "it was furnished"; });
     EXPECT_TRUE(fs::is_empty(root()));
     EXPECT_EQ(provision.problems().front(),
-              "The folder " + root() + " is not used: " + root() + " can be changed by every user.");
+              "cannot use folder " + root() + ": " + root() + " can be changed by every user");
 }
 
 TEST_F(ProvisionTest, MakesNoDocumentInAFolderThatEveryUserCanChange) {

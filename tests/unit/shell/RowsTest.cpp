@@ -184,7 +184,7 @@ TEST_F(RowsTest, ATextFieldIsOneLine) {
 
 TEST_F(RowsTest, TypingNeedsAField) {
     EXPECT_EQ(settings().page().typeText("x").reason(), "no text field is being edited");
-    EXPECT_EQ(settings().page().beginEditing(pathOf("On")).reason(), "the row is no text field");
+    EXPECT_EQ(settings().page().beginEditing(pathOf("On")).reason(), "the row is not a text field");
 }
 
 TEST_F(RowsTest, ADisabledRowDoesNothing) {
@@ -217,7 +217,7 @@ TEST_F(RowsTest, ARowIsAddedAtTheEnd) {
 TEST_F(RowsTest, AnAlertCoversThePageUntilItIsAnswered) {
     tap("Ask");
     ASSERT_TRUE(settings().screen().alert());
-    EXPECT_EQ(settings().page().tapRow(pathOf("Starred")).reason(), "an alert covers it");
+    EXPECT_EQ(settings().page().tapRow(pathOf("Starred")).reason(), "an alert covers the page");
     EXPECT_FALSE(settings().page().goBack());
     EXPECT_FALSE(settings().page().tapBarButton());
     EXPECT_FALSE(settings().page().dragList());

@@ -73,7 +73,7 @@ TEST_F(SettingsApplicationTest, SetsAPasscodeOnTheKeypad) {
     tap("Passcode");
     ASSERT_TRUE(settings().screen().overlay());
     EXPECT_EQ(settings().screen().overlay()->keypad->shownText(), "Enter New Passcode");
-    EXPECT_EQ(settings().page().tapRow(pathOf("Enabled")).reason(), "the keypad covers it");
+    EXPECT_EQ(settings().page().tapRow(pathOf("Enabled")).reason(), "the keypad covers the page");
     press("12");
     EXPECT_EQ(settings().screen().overlay()->keypad->passcode().size(), 2U);
     press("34");
@@ -87,7 +87,7 @@ TEST_F(SettingsApplicationTest, TakesAWholePasscodeOfFourDigitsAndNoOther) {
     openWardlock();
     tap("Passcode");
     for (const char* none : {"", "123", "12345", "12a4"})
-        EXPECT_EQ(settings().sheets().enterPasscode(none).reason(), "a passcode is four digits");
+        EXPECT_EQ(settings().sheets().enterPasscode(none).reason(), "a passcode has four digits");
     EXPECT_EQ(passcode(), "");
     EXPECT_TRUE(settings().sheets().enterPasscode("0815"));
     EXPECT_EQ(passcode(), "0815");
@@ -224,7 +224,7 @@ TEST_F(SettingsApplicationTest, SendsTheSupportMailAndTellsWhatBecameOfIt) {
     const auto path = platform::NSIndexPath{2, 1};
     EXPECT_TRUE(settings().page().tapRow(path));
     ASSERT_TRUE(settings().screen().composer());
-    EXPECT_EQ(settings().page().tapRow({0, 0}).reason(), "the mail sheet covers it");
+    EXPECT_EQ(settings().page().tapRow({0, 0}).reason(), "the mail sheet covers the page");
     EXPECT_TRUE(settings().sheets().setSubject("Help"));
     EXPECT_TRUE(settings().sheets().setRecipients({"a@example.org", "b@example.org"}));
     EXPECT_TRUE(settings().sheets().setBody("Hello"));

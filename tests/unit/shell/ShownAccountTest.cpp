@@ -46,8 +46,8 @@ protected:
     void expectDocument(const Dictionary& expected) { EXPECT_EQ(document(), expected); }
 };
 
-constexpr const char* tomRemoved = "Another program removed the account \"Tom\".";
-constexpr const char* tomMoved = "Another program moved the account \"Tom\" in the list of accounts.";
+constexpr const char* tomRemoved = "Another program removed the account “Tom”.";
+constexpr const char* tomMoved = "Another program moved the account “Tom” in the list of accounts.";
 
 TEST_F(ShownAccountTest, GoesBackAndSaysSoWhenItsRemovalIsAnnounced) {
     open({"Ann", "Tom"}, "Tom");
@@ -143,7 +143,7 @@ TEST_F(ShownAccountTest, IsNotOpenedByARowThatIsGoneOrMeansAnother) {
     settings().dismissNotice();
     writeDocument(documentOf({"Tom", "Ann"}));
     tap("Ann");
-    expectFirstPage("Another program moved the account \"Ann\" in the list of accounts.");
+    expectFirstPage("Another program moved the account “Ann” in the list of accounts.");
 }
 
 TEST_F(ShownAccountTest, IsFoundGoneOnTheWayBackFromThePicker) {
@@ -171,7 +171,7 @@ TEST_F(ShownAccountTest, GoesBackWhenTheDocumentIsGone) {
     open({"Ann", "Tom"}, "Ann");
     removeFile(documentPath);
     EXPECT_FALSE(settings().page().tapRow(pathOf("Siri")));
-    expectFirstPage("Another program removed the account \"Ann\".");
+    expectFirstPage("Another program removed the account “Ann”.");
     EXPECT_FALSE(exists(documentPath));
 }
 

@@ -45,7 +45,7 @@ TEST_F(WindowLiveRefresh, GoesBackFromAnAccountThatAnotherProcessRemoved) {
     setAccounts({"Anna"});
     announce();
     EXPECT_TRUE(until([&] { return scene().shows("row:Anna"); }));
-    EXPECT_TRUE(scene().showsText("Another program removed the account \"Ben\"."));
+    EXPECT_TRUE(scene().showsText("Another program removed the account “Ben”."));
     scene().tap("notice:ok");
     scene().expectGone("notice");
 }
@@ -59,7 +59,7 @@ TEST_F(WindowLiveRefresh, GoesBackWhenATapFindsTheAccountRemoved) {
     const auto before = document();
     scene().tap("switch:Editing");
     EXPECT_TRUE(until([&] { return scene().shows("row:Anna"); }));
-    EXPECT_TRUE(scene().showsText("Another program removed the account \"Ben\"."));
+    EXPECT_TRUE(scene().showsText("Another program removed the account “Ben”."));
     EXPECT_EQ(document(), before);
 }
 

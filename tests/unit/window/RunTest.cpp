@@ -51,7 +51,7 @@ TEST_F(Run, GoesOnInTheTerminalWhereTheDisplayIsNotThere) {
     const auto result = runWithDisplay(":64123");
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(std::ranges::count(result.errors, '\n'), 1) << result.errors;
-    EXPECT_TRUE(result.errors.starts_with("wardlock-settings: no window can be opened: ")) << result.errors;
+    EXPECT_TRUE(result.errors.starts_with("wardlock-settings: cannot open a window: ")) << result.errors;
     EXPECT_NE(result.output.find("Passcode"), std::string::npos) << result.output;
     EXPECT_NE(result.output.find("To go on, run `wardlock settings` in a terminal"), std::string::npos)
         << result.output;
