@@ -38,7 +38,7 @@ bool asksForHelp(Words words) {
            std::ranges::find(words, "--");
 }
 
-/// "FILE": what the synopsis calls the operand of that index.
+/// Returns the name of the operand at `index` in the synopsis, for example "FILE".
 std::string operandName(const Verb& verb, std::size_t index) {
     std::istringstream names{std::string(verb.operands)};
     std::string name;

@@ -87,8 +87,9 @@ const Verb watchVerb{
     "",
     "print each change of the settings as it is announced",
     "Registers for changes as the enforcing process does, and prints each change\n"
-    "after the settings have been reloaded, until SIGINT or SIGTERM. The line\n"
-    "\"Watching\" on standard error reports that the registration is complete.\n"
+    "after the settings have been reloaded, until SIGINT or SIGTERM. A line that\n"
+    "begins with \"Watching\" on standard error reports that the registration is\n"
+    "complete.\n"
     "\n"
     "Like every process that reads the settings, this verb first writes the defaults\n"
     "where the document or a top-level key is missing.\n"
