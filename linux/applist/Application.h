@@ -6,7 +6,7 @@
 
 namespace platform::applist {
 
-/// An installed application as the list knows it.
+/// An installed application in the list.
 struct Application {
     std::string identifier;
     std::string name;
@@ -14,9 +14,9 @@ struct Application {
     std::string folder;
     /// The file of the desktop's entry; empty for a .app folder.
     std::string entry;
-    /// Names of icon files inside the folder, as its Info.plist gives them.
+    /// Names of icon files inside the folder, from its Info.plist.
     std::vector<std::string> icons;
-    /// Tells installations of the application apart.
+    /// Distinguishes installations of the application.
     std::uint64_t version = 0;
 
     bool operator==(const Application&) const = default;

@@ -12,9 +12,11 @@
 namespace platform::applist {
 
 /// The installed applications: the device root's .app folders and, where the device root is the machine's or
-/// the user's own, the entries of the desktop. Where both name an identifier the folder counts, and of
-/// several folders the first. Each call of applications() looks anew; icons are looked for when they are
-/// asked for, and kept until their application changes. Main thread only.
+/// the user's default one, the entries of the desktop. Where both name an identifier the folder counts, and
+/// of several folders the first.
+///
+/// Each call of applications() searches again. Icons are searched for on request and kept until their
+/// application changes. Main thread only.
 class ApplicationList : public ALApplicationList {
 public:
     Dictionary applications() override;

@@ -19,10 +19,10 @@ constexpr std::string_view Suffix = ".app";
 constexpr std::size_t LargestInfo = 1u << 20;
 constexpr std::size_t LongestText = 1024;
 constexpr std::size_t MostIcons = 32;
-/// Folders that are looked at, with an application in them or not. A device has a few hundred.
+/// Folders that are searched, with an application in them or not. A device has a few hundred.
 constexpr std::size_t MostFolders = 10000;
 
-/// Where .app folders stand: directly, or one folder per application further down.
+/// Where .app folders are: directly, or one folder per application further down.
 struct Place {
     std::string_view devicePath;
     bool inContainers;
@@ -101,10 +101,10 @@ std::optional<Application> applicationIn(const std::string& folder, std::string_
     return application;
 }
 
-/// Looks through folders for applications, and at so many that it ends whatever it finds there.
+/// Searches folders for applications, and only so many that it ends whatever it finds there.
 class Search {
 public:
-    /// False: it has come to its end, and has said so.
+    /// Returns false when the search has reached its bound, and has reported that.
     bool lookIn(const std::string& folder) {
         for (const std::string& name : sortedNames(folder)) {
             if (name.size() <= Suffix.size() || !name.ends_with(Suffix))

@@ -10,11 +10,11 @@
 namespace platform::applist {
 namespace {
 
-/// Names stand without scale, idiom and often without extension.
+/// Names are without scale, idiom and often without extension.
 constexpr std::array<std::string_view, 3> Scales{"@3x", "@2x", ""};
 constexpr std::array<std::string_view, 3> Idioms{"", "~iphone", "~ipad"};
 constexpr std::array<std::string_view, 3> Extensions{".png", ".svg", ".jpg"};
-/// What a folder has where Info.plist names none.
+/// The usual names where Info.plist gives none.
 constexpr std::array<std::string_view, 2> UsualNames{"Icon", "icon"};
 
 struct Choice {
@@ -22,7 +22,7 @@ struct Choice {
     int pixels = 0;
 };
 
-/// Sizes above the wanted one count by how little they are above, those below after all of them. A picture
+/// Sizes above the wanted one are ordered by their distance; sizes below come after all of them. An image
 /// that scales fits exactly.
 bool isBetter(const Choice& candidate, const Choice& best, int wanted) {
     const auto cost = [wanted](int pixels) {
@@ -57,7 +57,7 @@ public:
             best_ = std::move(candidate);
     }
 
-    /// All forms of a name without scale, idiom and extension.
+    /// Adds all forms of a name without scale, idiom and extension.
     void considerForms(std::string_view base) {
         for (const std::string_view scale : Scales)
             for (const std::string_view idiom : Idioms)

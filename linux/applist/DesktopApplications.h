@@ -7,11 +7,11 @@
 
 namespace platform::applist {
 
-/// The desktop's own applications, those it would show in its menus, with names in the user's language. The
+/// Returns the desktop's own applications, those in its menus, with names in the user's language. The
 /// identifier is the entry's name without ".desktop".
 std::vector<Application> desktopApplications();
 
-/// The file of the entry's icon for a square of so many pixels; empty when there is none.
+/// Returns the file of the entry's icon for a square of `pixels`; empty when there is none.
 std::string desktopIcon(const Application& application, int pixels);
 
 } // namespace platform::applist

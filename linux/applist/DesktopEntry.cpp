@@ -1,5 +1,5 @@
-// Read here and not by GIO, which waits at a pipe among the files, and does not come to an end where links
-// between folders lead in a circle.
+// Read here and not by GIO, which waits at a pipe among the files, and does not end where links between
+// folders form a cycle.
 
 #include "linux/applist/DesktopEntry.h"
 
@@ -22,7 +22,7 @@ bool isProgram(const std::string& name) {
     return !taken(g_find_program_in_path(name.c_str())).empty();
 }
 
-/// The program of a command line; empty for one that no shell would take.
+/// Returns the program of a command line; empty for one that a shell would refuse.
 std::string programOf(const std::string& commandLine) {
     char** words = nullptr;
     if (!g_shell_parse_argv(commandLine.c_str(), nullptr, &words, nullptr))
@@ -31,7 +31,7 @@ std::string programOf(const std::string& commandLine) {
     return words[0];
 }
 
-/// XDG_CURRENT_DESKTOP: the desktop in use, then those that it is one of.
+/// XDG_CURRENT_DESKTOP: the desktop in use, then those from which it is derived.
 TextsPointer desktopsInUse() {
     const char* const desktops = std::getenv("XDG_CURRENT_DESKTOP");
     return TextsPointer(g_strsplit(desktops ? desktops : "", ":", -1));

@@ -11,13 +11,13 @@ class DesktopEntry {
 public:
     explicit DesktopEntry(const std::string& path);
 
-    /// Whether menus show it: an application that is not hidden, is installed, has something to start and is
-    /// for the desktop in use.
+    /// Returns whether menus show it: an application that is not hidden, is installed, has something to start
+    /// and is for the desktop in use.
     bool isShown() const;
-    /// The key "Name" in the user's language, else as it stands. Menus of some desktops show other keys'
-    /// names.
+    /// Returns the key "Name" in the user's language, else without a language. Menus of some desktops show
+    /// other keys' names.
     std::string name() const;
-    /// A name for IconTheme, or the path of a file; empty when there is none.
+    /// Returns a name for IconTheme, or the path of a file; empty when there is none.
     std::string icon() const;
 
 private:

@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::string_view Suffix = ".desktop";
 constexpr int DeepestFolder = 8;
-/// Names of files and folders that are looked at. A large desktop has some hundred entries.
+/// Names of files and folders that are read. A large desktop has some hundred entries.
 constexpr std::size_t MostNames = 4000;
 
 class Search {

@@ -11,9 +11,9 @@ struct DesktopFile {
     std::string path;
 };
 
-/// The files of the desktop's entries: those of the user's folder, then those of the system's in their order.
-/// Of several with one identifier only the first is there, whatever it holds: it masks the others. Bounded in
-/// depth and number, whatever links lead to.
+/// Returns the files of the desktop's entries: those of the user's folder, then those of the system's in
+/// their order. Of several with one identifier only the first counts, whatever its content: it masks the
+/// others. Bounded in depth and number, whatever links lead to.
 std::vector<DesktopFile> desktopFiles();
 
 } // namespace platform::applist

@@ -16,7 +16,7 @@ struct TextsRelease {
     void operator()(char** texts) const { g_strfreev(texts); }
 };
 
-/// Owns what GLib hands out to be freed.
+/// Owns what GLib returns to be freed.
 using KeyFilePointer = std::unique_ptr<GKeyFile, KeyFileRelease>;
 using TextPointer = std::unique_ptr<char, TextRelease>;
 using TextsPointer = std::unique_ptr<char*, TextsRelease>;

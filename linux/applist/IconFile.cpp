@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::size_t LargestFile = 2u << 20;
 constexpr std::uint32_t LargestSide = 2048;
-/// How far into a file the root element of an SVG may stand, behind declarations and comments.
+/// How far into a file the root element of an SVG may be, after declarations and comments.
 constexpr std::size_t SvgBeginning = 4096;
 
 std::uint32_t bigEndian(std::string_view bytes, std::size_t position) {
@@ -21,8 +21,8 @@ std::uint32_t bigEndian(std::string_view bytes, std::size_t position) {
     return number;
 }
 
-/// A header chunk must come first; the device's own optimised form has another one there, which only the
-/// device decodes.
+/// A header chunk must come first. The device's own optimised form begins with another one, and only the
+/// device decodes it.
 std::optional<IconFile> png(std::string_view bytes) {
     constexpr std::size_t HeaderEnd = 24;
     if (bytes.size() < HeaderEnd || bytes.substr(12, 4) != "IHDR")

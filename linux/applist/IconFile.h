@@ -5,14 +5,14 @@
 
 namespace platform::applist {
 
-/// What the beginning of a picture's file says of it.
+/// What the beginning of an image's file documents.
 struct IconFile {
-    /// Larger of width and height in pixels; 0 where the picture has no size of its own (SVG), or does not
-    /// tell it at its beginning (JPEG).
+    /// The larger of width and height in pixels. 0 where the image has no size of its own (SVG), or its
+    /// beginning does not contain it (JPEG).
     int pixels = 0;
 
-    /// The picture in a regular file; none when it is too large a file, too large a picture, or none that
-    /// those who show icons can decode.
+    /// Reads the image in a regular file. Returns nothing for a file or an image that is too large, and for a
+    /// format that the front ends cannot decode.
     static std::optional<IconFile> look(const std::string& path);
 };
 

@@ -15,7 +15,7 @@ namespace {
 
 constexpr const char* LastTheme = "hicolor";
 constexpr std::size_t MostThemes = 16;
-/// Of one theme; large ones have hundreds.
+/// Per theme; large ones have hundreds.
 constexpr std::size_t MostFolders = 4096;
 constexpr std::array<std::string_view, 3> Extensions{".png", ".svg", ".jpg"};
 
@@ -57,12 +57,13 @@ int numberOf(GKeyFile& file, const char* group, const char* key, int otherwise) 
     return otherwise;
 }
 
-/// Whether a theme's folder of icons lies in the theme; what else it is by links is the user's business.
+/// Returns whether the path of a theme's folder stays in the theme; links inside it are the user's own
+/// choice.
 bool staysInside(const std::string& name) {
     return !name.starts_with('/') && ('/' + name + '/').find("/../") == std::string::npos;
 }
 
-/// A theme's name is one folder's name.
+/// Returns whether the text is the name of one folder, as a theme's is.
 bool isName(const std::string& name) {
     return !name.empty() && name != "." && name != ".." && name.find('/') == std::string::npos;
 }
@@ -90,7 +91,7 @@ std::vector<std::string> iconFolders() {
     return folders;
 }
 
-/// Icons that belong to no theme.
+/// Icons outside any theme.
 std::vector<std::string> plainFolders() {
     std::vector<std::string> folders = iconFolders();
     for (const char* const* folder = g_get_system_data_dirs(); *folder; ++folder)
@@ -174,8 +175,8 @@ std::vector<IconTheme::Folder> IconTheme::foldersOf(const std::string& theme,
     return folders;
 }
 
-/// 0 where the folder's icons are meant for the size; larger ones then come before smaller ones, which would
-/// have to be blown up.
+/// Returns 0 where the folder's icons are meant for the size. Otherwise larger ones come before smaller ones,
+/// which would have to be enlarged.
 int IconTheme::distance(const Folder& folder, int pixels) {
     constexpr int Smaller = 1 << 20;
     if (pixels >= folder.least && pixels <= folder.most)

@@ -7,15 +7,15 @@
 
 namespace platform::applist {
 
-/// Icons by name from the user's icon theme, the themes it inherits from, "hicolor" and the folders of icons
-/// without a theme, in this order, which is that of every free desktop, for one size at a
-/// time. Themes are read once. Main thread only.
+/// Icons by name, for one size at a time. They come from the user's icon theme, the themes it inherits from,
+/// "hicolor" and the folders of icons without a theme. This is the order of every free desktop. Themes are
+/// read once. Main thread only.
 class IconTheme {
 public:
-    /// The user's theme, as the desktop's settings files name it.
+    /// Returns the user's theme, as the desktop's settings files name it.
     static IconTheme& current();
 
-    /// The file of the icon for a square of so many pixels; empty when no theme has it.
+    /// Returns the file of the icon for a square of `pixels`; empty when no theme has it.
     std::string find(const std::string& name, int pixels);
 
 private:

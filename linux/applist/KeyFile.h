@@ -6,8 +6,7 @@
 
 namespace platform::applist {
 
-/// The settings file of a desktop, theme or entry at the path: a regular file within bounds; null for all
-/// others.
+/// Reads the settings file of a desktop, theme or entry: a regular file within bounds; null for all others.
 KeyFilePointer readKeyFile(const std::string& path);
 
 } // namespace platform::applist

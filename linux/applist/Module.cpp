@@ -1,4 +1,4 @@
-// What the AppList library hands over when it is opened: the class "ALApplicationList".
+// The entry of the AppList library: the class "ALApplicationList".
 
 #include "linux/applist/ApplicationList.h"
 #include "platform/runtime/Class.h"

@@ -16,8 +16,8 @@ const char* environmentVariable(const char* name) {
     return value && *value ? value : nullptr;
 }
 
-/// The run-time folder, where it is one and ours: a shell of another user may have handed its own down. In
-/// one that others can write to, the bus could be anybody's.
+/// Returns the run-time folder where it is a folder of this user: a shell of another user may have passed its
+/// own on. In a folder that others can write to, the bus could be another user's.
 std::string runtimeFolder() {
     const char* path = environmentVariable("XDG_RUNTIME_DIR");
     struct stat status {};

@@ -9,10 +9,10 @@ namespace platform::bus {
 
 namespace {
 
-/// Messages of one turn: a sender that floods the bus must not keep the host from its other work.
+/// Messages per turn: a sender that floods the bus must not keep the host from its other work.
 constexpr int messagesAtOnce = 64;
 
-/// Whether the process that began to listen at the other end was this user's.
+/// Returns whether the listening process at the other end is this user's.
 bool listenerIsOwn(int socket) {
     ucred listener{};
     socklen_t size = sizeof listener;
@@ -35,7 +35,7 @@ std::unique_ptr<BusConnection> BusConnection::open(const std::string& address, P
 }
 
 BusConnection::~BusConnection() {
-    // Without the flush of the gentler forms: a stopped bus would hold us for minutes.
+    // Without the flush of the other close functions: a stopped bus would block for minutes.
     sd_bus_close(bus_);
     sd_bus_unref(bus_);
 }

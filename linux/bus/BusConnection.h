@@ -12,16 +12,16 @@
 
 namespace platform::bus {
 
-/// One connection to a message bus, from the connecting to its loss; a lost one is of no further use. Nothing
-/// here waits for the bus, wait() aside.
+/// One connection to a message bus, from connecting to its loss; after a loss it cannot be used again. Only
+/// wait() waits for the bus.
 class BusConnection {
 public:
     using Clock = posix::LoopSource::Clock;
 
-    /// Whose process may be at the other end.
+    /// The users whose process may be at the other end.
     enum class Peer { Any, OwnUser };
 
-    /// Begins to connect. Null: nobody listens, or somebody whom `peer` rules out.
+    /// Starts to connect. Returns null when no process listens, or one that `peer` excludes.
     static std::unique_ptr<BusConnection> open(const std::string& address, Peer peer);
     ~BusConnection();
     BusConnection(const BusConnection&) = delete;
@@ -29,22 +29,23 @@ public:
 
     sd_bus* bus() const { return bus_; }
     bool isLost() const { return lost_; }
-    /// Whether the bus has let us in.
+    /// Returns whether the bus has accepted the connection.
     bool isReady() const { return !uniqueName_.empty(); }
-    /// Our name on the bus; empty until it has let us in.
+    /// Returns our name on the bus; empty until the bus has accepted the connection.
     std::string_view uniqueName() const { return uniqueName_; }
 
     int descriptor() const;
     short events() const;
     std::optional<Clock::time_point> deadline() const;
-    /// Does what can be done without waiting, and not more than a bounded number of messages.
+    /// Processes what needs no waiting, and at most a bounded number of messages.
     void process();
-    /// Waits until there is something to process. False: the time is over.
+    /// Waits until there is something to process. Returns false when the deadline has passed.
     bool wait(Clock::time_point deadline) const;
 
-    /// Writes the message as far as the socket takes it and queues the rest. False: the connection is lost.
+    /// Writes the message as far as the socket takes it and queues the rest. Returns false when the
+    /// connection is lost.
     bool send(sd_bus_message* message);
-    /// How many messages wait for the socket.
+    /// Returns the number of messages that wait for the socket.
     std::uint64_t unsent() const;
 
 private:

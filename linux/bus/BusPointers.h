@@ -4,7 +4,7 @@
 
 #include <memory>
 
-/// Owners of what sd-bus hands out.
+/// Owners of the objects that sd-bus returns.
 namespace platform::bus {
 
 struct BusMessageDeleter {
@@ -15,7 +15,7 @@ using BusMessage = std::unique_ptr<sd_bus_message, BusMessageDeleter>;
 struct BusSlotDeleter {
     void operator()(sd_bus_slot* slot) const { sd_bus_slot_unref(slot); }
 };
-/// Letting go of a slot ends what it stands for: a subscription, a call that waits for its answer.
+/// Releasing a slot ends what it represents: a subscription, a call that waits for its reply.
 using BusSlot = std::unique_ptr<sd_bus_slot, BusSlotDeleter>;
 
 } // namespace platform::bus

@@ -22,10 +22,10 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Until the daemon listens, on a machine that has much else to do; one that cannot start says so at once.
+/// The time until the daemon listens, on a busy machine; one that cannot start reports it at once.
 constexpr auto startTime = 3000ms;
 
-/// Only this user comes in; beyond that a session bus's rules, and its limits.
+/// Only this user may connect; otherwise a session bus's rules and limits.
 constexpr std::string_view configuration =
     R"(<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
  "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
@@ -55,7 +55,7 @@ void replace(std::string& text, std::string_view placeholder, std::string_view b
 
 enum class Listener { None, Some, Unknown };
 
-/// Whether a process listens at the socket, however busy it is.
+/// Returns whether a process listens at the socket, however busy it is.
 Listener listenerAt(const std::string& path) {
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
@@ -87,7 +87,7 @@ PrivateBus::Start PrivateBus::start() const {
     if (flock(lock.get(), LOCK_EX | LOCK_NB) != 0)
         return errno == EWOULDBLOCK ? Start::StartedByOther : Start::Failed;
     const Listener listener = listenerAt(socketPath());
-    // A process without descriptors to spare must not take the bus away from all others.
+    // A process that has run out of descriptors must not take the bus away from all others.
     if (listener != Listener::None)
         return listener == Listener::Some ? Start::Running : Start::Failed;
     unlink(socketPath().c_str());

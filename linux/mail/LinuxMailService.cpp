@@ -26,7 +26,7 @@ MailOutcome sendBy(const std::vector<std::shared_ptr<MailRoute>>& routes, const 
 
 using Told = std::function<void(const MailOutcome&)>;
 
-/// `done` keeps objects of the main thread alive: it is handed over to die there.
+/// `done` keeps objects of the main thread alive: it is handed over so that they are destroyed there.
 void tell(const MailOutcome& outcome, Told done) {
     NSOperationQueue::mainQueue().addOperation([outcome, done = std::move(done)] { done(outcome); });
 }

@@ -7,12 +7,12 @@
 
 namespace platform::mail {
 
-/// Whether the route is open. Asked beside the calling thread; one that does not answer within seconds counts
-/// as closed.
+/// Returns whether the route is open. The query runs beside the calling thread; a route without a reply
+/// within seconds counts as closed.
 bool opensInTime(const std::shared_ptr<MailRoute>& route);
 
-/// Sends by the first of its routes that takes the mail. Routes wait for other programs, so they are walked
-/// beside the main thread; a desktop that hangs holds nobody up.
+/// Sends by the first of its routes that takes the mail. Routes wait for other programs, so they are tried
+/// beside the main thread; a desktop that hangs blocks no caller.
 class LinuxMailService : public MailService {
 public:
     explicit LinuxMailService(std::vector<std::shared_ptr<MailRoute>> routes) : routes_(std::move(routes)) {}

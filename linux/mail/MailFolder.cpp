@@ -24,7 +24,7 @@ constexpr std::size_t longestName = 100;
 constexpr std::chrono::hours keptFor{24};
 constexpr std::string_view folderName = "mail.";
 
-/// Of the user's cache: a desktop's own programs may look there, other users may not.
+/// In the user's cache: the desktop's own programs may read it, other users may not.
 fs::path parentFolder() {
     if (const char* cache = std::getenv("XDG_CACHE_HOME"); cache && *cache == '/')
         return fs::path(cache) / "wardlock";
@@ -88,7 +88,7 @@ MailFolder::MailFolder(const std::vector<MailAttachment>& attachments) {
         return;
     }
     for (const auto& attachment : attachments) {
-        // Two attachments of one name lie in folders of their own, since the name is what counts.
+        // Two attachments of one name are in folders of their own, since their names must stay.
         const fs::path folder = fs::path(path_) / std::to_string(files_.size() + 1);
         if (mkdir(folder.c_str(), 0700) != 0)
             return;

@@ -12,20 +12,20 @@ namespace {
 constexpr std::size_t longestLine = 76;
 /// "=?UTF-8?B?" and "?=".
 constexpr std::size_t charactersAroundWord = 12;
-/// A word that does not fit here any more moves to the next line.
+/// A word with less room than this moves to the next line.
 constexpr std::size_t fewestBytesOfWord = 12;
 
 bool isAscii(std::string_view text) {
     return std::ranges::all_of(text, [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
 }
 
-/// How many bytes an encoded word holds on a line of which `used` characters are taken.
+/// Returns how many bytes an encoded word takes on a line of which `used` characters are taken.
 std::size_t bytesBeside(std::size_t used) {
     const std::size_t room = longestLine - std::min(longestLine, used + charactersAroundWord);
     return room / 4 * 3;
 }
 
-/// Bytes of `text` from its beginning, cut between characters.
+/// Returns the length of the beginning of `text` that fits `most` bytes, cut between characters.
 std::size_t lengthOfWord(std::string_view text, std::size_t most) {
     std::size_t length = 0;
     while (length < text.size()) {
@@ -37,7 +37,7 @@ std::size_t lengthOfWord(std::string_view text, std::size_t most) {
     return length;
 }
 
-/// Encoded words that begin on a line of which `used` characters are taken.
+/// Returns encoded words that begin on a line of which `used` characters are taken.
 std::string encodedWords(std::string_view text, std::size_t used) {
     std::string words;
     if (bytesBeside(used) < fewestBytesOfWord) {
@@ -57,7 +57,7 @@ std::string encodedWords(std::string_view text, std::size_t used) {
 
 /// Breaks at blanks where the line grows too long; a word longer than a line stays whole.
 std::string folded(const std::string& name, std::string text) {
-    // Not right behind the name: a line of blanks only would be its first.
+    // Not right after the name: the first line would be blank.
     const std::size_t begin = name.size() + 2;
     text.insert(0, name + ": ");
     std::size_t lineStart = 0;

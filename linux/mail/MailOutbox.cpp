@@ -22,7 +22,7 @@ std::string twoDigits(int number) {
     return {static_cast<char>('0' + number / 10 % 10), static_cast<char>('0' + number % 10)};
 }
 
-/// "20240131-142501", so that the folder lists the mails in their order.
+/// Returns "20240131-142501", so that a listing of the folder sorts the mails by time.
 std::string timeForName(std::time_t time) {
     std::tm parts{};
     gmtime_r(&time, &parts);
@@ -47,7 +47,7 @@ std::optional<MailOutcome> MailOutbox::send(const MailMessage& message) {
     const std::string bytes = mimeMessage(message, origin);
     const fs::path folder = pathOnDevice(mailOutboxPath);
     const std::string name = timeForName(origin.time) + ' ' + safeFileName(message.subject);
-    // Beside its place first: whoever watches the folder for mails never sees half of one.
+    // Under a temporary name first: a program that watches the folder for mails never sees half of one.
     const std::string temporary = (folder / ('.' + origin.messageId.substr(0, 32))).string();
     if (const std::error_code error = writeNewFile(temporary, bytes))
         return notSaved(folder, error);

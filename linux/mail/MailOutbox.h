@@ -4,7 +4,7 @@
 
 namespace platform::mail {
 
-/// The device root's outbox folder, where there is one: a complete message is saved there.
+/// The device root's outbox folder, where it exists: a complete message is saved there.
 class MailOutbox : public MailRoute {
 public:
     bool isOpen() override;

@@ -27,7 +27,7 @@ std::optional<MailOutcome> MailPortal::send(const MailMessage& message) {
     std::optional<PortalResponse> response;
     if (folder.complete())
         response = composeEmail(*bus, *version, message, folder.files(), patienceForPerson);
-    // The portal holds the open files; their names are nobody's business any more.
+    // The portal has the files open and needs their names no longer.
     folder.remove();
     if (response == PortalResponse::Done)
         return MailOutcome{MailOutcome::Kind::HandedOver, "The mail was handed to your mail program."};

@@ -5,8 +5,8 @@
 namespace platform::mail {
 
 /// The desktop's email portal, org.freedesktop.portal.Email, over a connection of its own to the session bus
-/// that the environment names. It takes the attachments as open files, and asks the person which mail program
-/// is to have the mail.
+/// that the environment names. It takes the attachments as open files, and asks the person to choose the mail
+/// program.
 class MailPortal : public MailRoute {
 public:
     bool isOpen() override;

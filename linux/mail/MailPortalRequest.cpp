@@ -28,7 +28,7 @@ using Response = std::optional<std::uint32_t>;
 
 constexpr auto ended = static_cast<std::uint32_t>(PortalResponse::Ended);
 
-/// One that cannot be read is a failure too: nothing better follows it.
+/// A response that cannot be read is a failure too: no better one follows.
 int takeResponse(sd_bus_message* signal, void* response, sd_bus_error*) {
     std::uint32_t code = ended;
     if (sd_bus_message_read(signal, "u", &code) < 0)
@@ -37,7 +37,7 @@ int takeResponse(sd_bus_message* signal, void* response, sd_bus_error*) {
     return 0;
 }
 
-/// The portal has ended, or another one has come that knows nothing of the request.
+/// The portal has ended, or another one has come that does not know the request.
 int takeOwner(sd_bus_message*, void* response, sd_bus_error*) {
     if (auto& code = *static_cast<Response*>(response); !code)
         code = ended;
@@ -49,7 +49,8 @@ std::string newToken() {
     return "wardlock" + std::to_string(random()) + '_' + std::to_string(random());
 }
 
-/// Where the portal will answer a request of this connection: its unique name with underscores for dots.
+/// Returns the path at which the portal will reply to a request of this connection: its unique name with
+/// underscores for dots.
 std::string requestPath(sd_bus& bus, const std::string& token) {
     const char* name = nullptr;
     if (sd_bus_get_unique_name(&bus, &name) < 0 || !name || *name != ':')
@@ -110,7 +111,7 @@ bus::BusMessage composeCall(sd_bus& bus, std::uint32_t version, const MailMessag
     return complete ? std::move(call) : nullptr;
 }
 
-/// Lets the connection work until the response has come.
+/// Processes the connection until the response has come.
 void waitForResponse(sd_bus& bus, const Response& response, std::chrono::microseconds timeout) {
     const auto deadline = std::chrono::steady_clock::now() + timeout;
     while (!response) {
@@ -130,7 +131,7 @@ void waitForResponse(sd_bus& bus, const Response& response, std::chrono::microse
 
 PortalBus openPortalBus() {
     const bus::BusAddress address = bus::busAddress();
-    // No portal stands at a bus of our own.
+    // A private bus has no portal.
     sd_bus* made = nullptr;
     if (!address.ownFolder.empty() || sd_bus_new(&made) < 0)
         return nullptr;
@@ -164,7 +165,7 @@ std::optional<PortalResponse> composeEmail(sd_bus& bus, std::uint32_t version, c
     const bus::BusMessage call = composeCall(bus, version, message, files, token);
     if (path.empty() || !call)
         return std::nullopt;
-    // Subscribed before the call: the answer may come before the call returns.
+    // Subscribed before the call: the response may come before the call returns.
     Response response;
     sd_bus_slot* subscribed = nullptr;
     if (sd_bus_match_signal(&bus, &subscribed, service, path.c_str(), requestInterface, "Response",

@@ -9,8 +9,8 @@ namespace platform::mail {
 
 namespace {
 
-/// How long a failure may take to show. A mail program that was not running yet keeps xdg-email waiting until
-/// it is closed.
+/// How long a failure may take to show. xdg-email waits for a mail program that was not running yet until
+/// that program is closed.
 constexpr std::chrono::seconds patience{10};
 
 bool looksLikeAddress(const std::string& text) {

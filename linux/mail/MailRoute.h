@@ -12,8 +12,7 @@ public:
     virtual ~MailRoute() = default;
 
     virtual bool isOpen() = 0;
-    /// What became of the mail; none when this route turned out to be closed, so that the next is to be
-    /// tried.
+    /// Returns the result; nothing when this route turned out to be closed, so that the next is tried.
     virtual std::optional<MailOutcome> send(const MailMessage& message) = 0;
 };
 

@@ -65,7 +65,7 @@ std::string withMailLineEnds(std::string_view text) {
     return result;
 }
 
-/// Whether the text can stand in a message as it is: ASCII, printable, in lines that are not too long.
+/// Returns whether a message can contain the text as it is: ASCII, printable, in lines that are not too long.
 bool canStandPlain(std::string_view text) {
     std::size_t column = 0;
     for (const char byte : text) {
@@ -100,7 +100,7 @@ std::string attachmentPart(const MailAttachment& attachment) {
            "\r\nContent-Transfer-Encoding: base64\r\n\r\n" + base64Lines(attachment.data);
 }
 
-/// Mails are written beside the main thread, which may look users up meanwhile.
+/// Thread-safe: mails are written beside the main thread, which may look users up meanwhile.
 std::string nameOfUser() {
     std::array<char, 16384> room{};
     passwd entry{};
@@ -136,7 +136,7 @@ std::string mimeMessage(const MailMessage& message, const MailOrigin& origin) {
     text += "X-Unsent: 1\r\nMIME-Version: 1.0\r\n";
     if (message.attachments.empty())
         return text + textPart(message);
-    // A boundary with "=_" cannot stand in base64, and a random one not in the text.
+    // A boundary with "=_" cannot occur in base64, and a random one not in the text.
     const std::string boundary = "=_" + randomText();
     text += "Content-Type: multipart/mixed; boundary=\"" + boundary + "\"\r\n\r\n";
     text += "--" + boundary + lineEnd + textPart(message);

@@ -7,7 +7,7 @@
 
 namespace platform::mail {
 
-/// What a message says of where and when it was written.
+/// The sender and the time of a message.
 struct MailOrigin {
     /// "user@host".
     std::string sender;
@@ -16,10 +16,11 @@ struct MailOrigin {
     std::string messageId;
 };
 
-/// Who, where and when this process is.
+/// Returns the user, the host and the time of this process.
 MailOrigin mailOriginOfProcess();
 
-/// The complete message, as a mail program opens it for sending: headers, text, attachments; ASCII with CRLF.
+/// Returns the complete message, as a mail program opens it for sending: headers, text, attachments; ASCII
+/// with CRLF.
 std::string mimeMessage(const MailMessage& message, const MailOrigin& origin);
 
 } // namespace platform::mail

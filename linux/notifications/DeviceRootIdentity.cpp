@@ -19,8 +19,8 @@ void appendNumber(std::string& text, std::uint64_t number) {
     text.append(digits, end);
 }
 
-/// The file system is asked again after this time: long enough for a burst of notifications, where asking
-/// takes half as long as sending, and short enough for a root that was removed and made anew.
+/// The file system is queried again after this time. It is long enough for a burst of notifications, where a
+/// query takes half as long as sending. It is short enough for a root that was removed and created again.
 constexpr std::chrono::seconds validity{1};
 
 struct KnownIdentity {
@@ -29,7 +29,7 @@ struct KnownIdentity {
     std::chrono::steady_clock::time_point expiry;
 };
 
-/// None for a folder that does not exist.
+/// Returns nothing for a folder that does not exist.
 std::optional<std::string> identityOfFolder(const std::string& path) {
     struct stat status {};
     if (stat(path.c_str(), &status) != 0)

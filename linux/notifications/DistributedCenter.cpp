@@ -10,8 +10,8 @@ namespace platform::notifications {
 
 namespace {
 
-/// What may wait for the main loop. More than that is dropped, and the observers are told that they missed
-/// something.
+/// The number of notifications that may wait for the main loop. More are dropped, and the observers are
+/// notified that they missed some.
 constexpr std::size_t mostInInbox = 4096;
 
 const std::string* pointerTo(const std::optional<std::string>& object) {
@@ -26,7 +26,7 @@ DistributedCenter::DistributedCenter()
             [this] {
                 subscribed_ = false;
                 missAll();
-                // The descriptor's number may be in use again before the loop looks the next time.
+                // The descriptor's number may be in use again before the loop's next wait.
                 posix::LoopSources::shared().refresh();
             }}) {
     posix::LoopSources::shared().add(*this);
@@ -85,7 +85,7 @@ void DistributedCenter::missAll() {
 }
 
 void DistributedCenter::deliver(const Notification& notification) {
-    // By index, as far as it reaches now: a callback may add an observer.
+    // By index up to the present size: a callback may add an observer.
     for (std::size_t i = 0, count = registrations_.size(); i < count; ++i) {
         const Registration registration = registrations_[i];
         if (registration.name == notification.name &&

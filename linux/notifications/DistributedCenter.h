@@ -11,9 +11,9 @@
 
 namespace platform::notifications {
 
-/// The distributed centre over D-Bus. The observers of the posting process are told within the post; those of
+/// The distributed centre over D-Bus. Observers in the posting process are notified within the post; those in
 /// other processes of the same device root from their main loop. An observer that may have missed
-/// notifications, because the bus was away, is told once without user info, so that it looks for itself.
+/// notifications, because the bus was away, gets one without user info, so that it reloads.
 class DistributedCenter : public CFNotificationCenter, public posix::LoopSource {
 public:
     DistributedCenter();
@@ -34,7 +34,7 @@ private:
         CFNotificationCallback callback;
         std::string name;
         std::optional<std::string> object;
-        /// Notifications may have passed that the observer was not told of.
+        /// Whether the observer may have missed notifications.
         bool missedSome;
     };
 
@@ -44,10 +44,10 @@ private:
     void deliverMissed();
 
     std::vector<Registration> registrations_;
-    /// What came in and is not delivered yet: observers run outside the bus's own work, so that they may use
-    /// it.
+    /// Notifications that arrived and are not delivered yet. Observers run outside the bus's own work, so
+    /// that they may use the bus.
     std::deque<Notification> inbox_;
-    /// Whether notifications come in, so that observers who missed some can be told.
+    /// Whether notifications arrive, so that observers who missed some can be notified.
     bool subscribed_ = false;
     NotificationBus bus_;
 };

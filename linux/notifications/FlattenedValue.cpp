@@ -14,7 +14,7 @@ bool FlattenedValue::add(Value value) {
 bool FlattenedValue::beginArray(std::uint32_t count) {
     if (!takesContainer())
         return false;
-    // The elements are believed in when they come.
+    // A declared count is not trusted: elements take memory only when they arrive.
     open_.emplace_back(OpenArray{count, {}});
     closeFilled();
     return true;
@@ -28,7 +28,7 @@ bool FlattenedValue::beginDictionary(std::uint32_t count) {
     return true;
 }
 
-/// Whether a container may come next, and not a key, nothing at all, or no further level.
+/// Returns whether a container may come next, and not a key, the end, or no further level.
 bool FlattenedValue::takesContainer() const {
     if (value_ || open_.size() >= levels_)
         return false;
@@ -64,8 +64,8 @@ bool FlattenedValue::put(Value value) {
     return true;
 }
 
-/// Ends every innermost container that has all its elements; the container that it completes is the next
-/// one's element.
+/// Closes every innermost container that has all its elements; a completed container is the next one's
+/// element.
 void FlattenedValue::closeFilled() {
     while (!open_.empty()) {
         std::optional<Value> filled;

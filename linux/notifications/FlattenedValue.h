@@ -13,12 +13,12 @@
 
 namespace platform::notifications {
 
-/// Assembles a value from its parts in the order of reading: a container is begun with the number of its
-/// elements or entries, which follow; an entry is its key, a string, and its value. Each step answers false
-/// where it cannot come next; the value is then of no use.
+/// Assembles a value from its parts in the order of reading. A container begins with the number of its
+/// elements or entries, which follow; an entry is its key, a string, and its value. Each step returns false
+/// where it is not allowed; the value is then unusable.
 class FlattenedValue {
 public:
-    /// Containers that may stand inside each other.
+    /// `levels` bounds the containers inside each other.
     explicit FlattenedValue(std::size_t levels) : levels_(levels) {}
 
     bool add(Value value);
@@ -26,7 +26,7 @@ public:
     bool beginDictionary(std::uint32_t count);
 
     bool isComplete() const { return value_.has_value(); }
-    /// Of a complete value, once.
+    /// Returns the complete value. Call it once.
     Value take() { return *std::move(value_); }
 
 private:

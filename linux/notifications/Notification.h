@@ -7,9 +7,9 @@
 
 namespace platform::notifications {
 
-/// What one process of a device root tells the others.
+/// A notification from one process of a device root to the others.
 struct Notification {
-    /// Which device root it concerns (deviceRootIdentity()).
+    /// The device root that it concerns (deviceRootIdentity()).
     std::string deviceRoot;
     std::string name;
     std::optional<std::string> object;

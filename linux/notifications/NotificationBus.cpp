@@ -17,16 +17,16 @@ using namespace std::chrono_literals;
 
 constexpr auto firstBackOff = 50ms;
 constexpr auto longestBackOff = 4000ms;
-/// Posts while there is no bus look for one themselves, but not each of a burst.
+/// Without a bus, posts look for one themselves, but not each of a burst.
 constexpr auto pauseAfterFailure = 20ms;
 constexpr auto pauseWhileOtherStarts = 5ms;
-/// Generous, for a busy machine: only a bus that accepts and then does nothing takes as long.
+/// Generous, for a busy machine: only a bus that accepts a connection and then stalls takes as long.
 constexpr auto handshakeTime = 2000ms;
 constexpr auto subscriptionTime = 3000ms;
 constexpr auto subscriptionRetryTime = 1000ms;
 constexpr auto socketTime = 2000ms;
 constexpr auto longestSocketTime = 5000ms;
-/// What is kept for a bus that is away, and what for one that does not read.
+/// The number of messages kept for a bus that is away, and for one that does not read.
 constexpr std::size_t mostPending = 256;
 constexpr std::uint64_t mostUnsent = 64;
 
@@ -45,7 +45,8 @@ void NotificationBus::post(Notification notification) {
     if (pending_.size() == mostPending)
         pending_.pop_front();
     pending_.push_back(std::move(notification));
-    // A second time where the first one shows that the bus of the last post is gone: it may be back already.
+    // A second attempt where the first one shows that the bus of the last post is gone: it may be back
+    // already.
     for (int attempt = 0; attempt < 2 && !pending_.empty(); ++attempt) {
         connectIfDue(lastFailure_ + pauseAfterFailure);
         waitForHandshake();
@@ -98,7 +99,7 @@ void NotificationBus::connect() {
     }
 }
 
-/// The folder first: in one that somebody else has laid in its place somebody else listens.
+/// The folder first: in a folder that another user has put there, another user listens.
 void NotificationBus::connectToOwnBus(const bus::BusAddress& address) {
     const bus::PrivateBus bus(address.ownFolder);
     if (!bus.folderIsPrivate())
@@ -113,7 +114,7 @@ void NotificationBus::connectToOwnBus(const bus::BusAddress& address) {
 }
 
 void NotificationBus::scheduleNextAttempt() {
-    // A post that looks for the bus in between puts nothing off.
+    // A post that looks for the bus in between delays nothing.
     if (Clock::now() < nextAttempt_ && !startingElsewhere_)
         return;
     const Clock::duration shortest = startingElsewhere_ ? pauseWhileOtherStarts : firstBackOff;
@@ -139,7 +140,7 @@ void NotificationBus::advance() {
     sendPending();
 }
 
-/// False: the time is over, or there is nothing that could still come of it.
+/// Returns false when the deadline has passed, or when `done` can no longer become true.
 template <class Done>
 bool NotificationBus::advanceUntil(Clock::time_point deadline, Done done) {
     while (!done()) {
@@ -171,7 +172,7 @@ void NotificationBus::loseConnection() {
 }
 
 void NotificationBus::askForSubscription() {
-    // Before the new one: letting go of a refused one takes its rule back, and the rules are the same.
+    // Before the new one: releasing a refused slot removes its rule, and the rules are the same.
     slot_.reset();
     sd_bus_slot* slot = nullptr;
     subscription_ = Subscription::Asked;
@@ -197,7 +198,7 @@ int NotificationBus::onSubscribed(sd_bus_message* message, void* self, sd_bus_er
 
 void NotificationBus::receive(sd_bus_message* message) {
     const char* sender = sd_bus_message_get_sender(message);
-    // The observers of this process were told within the post.
+    // The observers of this process were notified within the post.
     if (!sender || connection_->uniqueName() == sender)
         return;
     if (auto notification = readNotification(message))
@@ -220,15 +221,15 @@ void NotificationBus::sendPending() {
     }
 }
 
-/// Once for each connection: a bus that does not answer must not hold every post.
+/// Once for each connection: a bus that stalls must not delay every post.
 void NotificationBus::waitForHandshake() {
     if (handshakeAwaited_ || isReady())
         return;
     handshakeAwaited_ = !advanceUntil(Clock::now() + handshakeTime, [this] { return isReady(); });
 }
 
-/// A process may end right after a post: what the socket did not take at once would be lost with it. A bus
-/// that reads a large message piece by piece is given longer than one that reads nothing.
+/// A process may end right after a post: what the socket did not take at once would be lost. A bus that reads
+/// a large message piece by piece gets more time than one that reads nothing.
 void NotificationBus::waitForSocket() {
     const auto latest = Clock::now() + longestSocketTime;
     while (isReady() && !stalled_ && connection_->unsent() > 0) {

@@ -14,23 +14,23 @@
 
 namespace platform::notifications {
 
-/// Carries notifications to and from the other processes of this user, whatever becomes of the bus: looks for
-/// it, connects, subscribes, and begins again after a loss. Main thread only. Every wait is bounded: two
-/// seconds for a bus that accepts and does nothing, three for a subscription; none where nobody listens.
+/// Carries notifications to and from the other processes of this user. It looks for the bus, connects,
+/// subscribes, and starts again after a loss. Main thread only. Every wait is bounded: two seconds for a bus
+/// that stalls, three for a subscription; none where no process listens.
 class NotificationBus : public posix::LoopSource {
 public:
     struct Events {
-        /// A notification that another process posted. Within process(), subscribe() and post(): keep it for
-        /// later.
+        /// A notification that another process posted. Called within process(), subscribe() and post(): the
+        /// receiver must keep it for later.
         std::function<void(Notification)> received;
-        /// Notifications come in from now on; others may have passed since subscribe() or since lost().
+        /// Notifications arrive from now on; others may have been missed since subscribe() or since lost().
         std::function<void()> subscribed;
         std::function<void()> lost;
     };
 
     explicit NotificationBus(Events events) : events_(std::move(events)) {}
 
-    /// From now on notifications are wanted. When this returns true they come in.
+    /// Requests notifications from now on. Returns true when they arrive already.
     bool subscribe();
     /// Sends the notification, at once where there is a bus, otherwise when there is one again.
     void post(Notification notification);
@@ -48,7 +48,7 @@ private:
     void connect();
     void connectToOwnBus(const bus::BusAddress& address);
     void scheduleNextAttempt();
-    /// One step of what there is to do: an attempt that is due, what the bus has sent, what waits to be sent.
+    /// One step: an attempt that is due, received messages, messages that wait to be sent.
     void advance();
     template <class Done>
     bool advanceUntil(Clock::time_point deadline, Done done);
@@ -69,15 +69,15 @@ private:
     bool subscriptionWanted_ = false;
     Clock::time_point subscriptionRetry_{};
 
-    /// When to connect again without being asked, and how long to wait after the next failure.
+    /// When to connect again without a post, and how long to wait after the next failure.
     Clock::time_point nextAttempt_{};
     Clock::duration backOff_{};
     Clock::time_point lastFailure_{};
-    /// Another process is about to start our own bus.
+    /// Another process is about to start the private bus.
     bool startingElsewhere_ = false;
-    /// The connection was not made in time, or is made: no post waits for it again.
+    /// The connection was accepted, or not in time: no post waits for it again.
     bool handshakeAwaited_ = false;
-    /// The bus did not read in time: no post waits again until everything has gone out.
+    /// The bus did not read in time: no post waits again until everything has been sent.
     bool stalled_ = false;
     std::deque<Notification> pending_;
 };

@@ -10,15 +10,14 @@
 //   as  the object: none or one
 //   av  the user info: none or one value
 //
-// A value is a variant whose signature tells the kind:
+// A value is a variant whose signature gives the kind:
 //   b boolean, x integer, t integer above the signed range, d real, s string, ay data,
 //   (d) date, seconds since 2001-01-01 00:00:00 UTC, av array, a{sv} dictionary,
-//   (ay) string that is no D-Bus text: a zero byte within, or not UTF-8,
-//   (av) a container in flattened form, used below the sixteenth level, where D-Bus ends soon, and for
-//   dictionaries with
-//        a key that is no D-Bus text: the values in the order of reading, a container as (su), "array" or
-//        "dictionary" and the number of its elements or entries, which follow; an entry is its key and its
-//        value.
+//   (ay) string that is not a D-Bus text: a zero byte within, or not UTF-8,
+//   (av) a container in flattened form, used below the sixteenth level, near D-Bus's own bound, and for
+//        dictionaries with a key that is not a D-Bus text: the values in the order of reading.
+//        A container is (su), "array" or "dictionary" and the number of its elements or entries,
+//        which follow; an entry is its key and its value.
 
 namespace platform::notifications::format {
 
@@ -32,12 +31,13 @@ inline constexpr const char* match =
 inline constexpr const char* array = "array";
 inline constexpr const char* dictionary = "dictionary";
 
-/// Containers within containers that go as they are. A level takes up to three of the 64 that the bus allows.
+/// Containers within containers that are sent as they are. A level takes up to three of the 64 that the bus
+/// allows.
 inline constexpr int nestedLevels = 16;
-/// What a reader follows.
+/// The nesting that a reader accepts.
 inline constexpr int mostNestedLevels = 32;
-/// Values in one user info, and what they take in bytes, estimated. A bus without limits of its own refuses
-/// messages above 32 MiB and disconnects their sender; what is larger is announced without user info.
+/// Values in one user info, and their estimated bytes. A bus without limits of its own refuses messages above
+/// 32 MiB and disconnects their sender. A larger user info is left out of the notification.
 inline constexpr std::size_t mostValues = 1'500'000;
 inline constexpr std::size_t mostBytes = std::size_t{30} * 1024 * 1024;
 

@@ -33,7 +33,7 @@ bus::BusMessage build(sd_bus* bus, const Notification& notification,
     return message;
 }
 
-/// An array of none or one string. False: of another form.
+/// Reads an array of no string or one. Returns false for another form.
 bool readObject(sd_bus_message* message, std::optional<std::string>& object) {
     if (sd_bus_message_enter_container(message, 'a', "s") < 0)
         return false;
@@ -43,7 +43,7 @@ bool readObject(sd_bus_message* message, std::optional<std::string>& object) {
     return sd_bus_message_at_end(message, 0) > 0 && sd_bus_message_exit_container(message) >= 0;
 }
 
-/// An array of none or one variant, which is a dictionary. False: of another form.
+/// Reads an array of no variant or one, which is a dictionary. Returns false for another form.
 bool readUserInfo(sd_bus_message* message, std::optional<Dictionary>& userInfo) {
     if (sd_bus_message_enter_container(message, 'a', "v") < 0)
         return false;

@@ -12,14 +12,14 @@ namespace platform::notifications {
 
 class FlattenedValue;
 
-/// Reads values from a message in the form of NotificationFormat.h. The message comes from anyone on the bus:
-/// whatever it holds, the reader takes bounded memory and stack, and answers none for what has another form
-/// or is nested more deeply than a property list.
+/// Reads values from a message in the form of NotificationFormat.h. Any program on the bus may have sent it:
+/// the reader takes bounded memory and stack for any content. It returns nothing for another form and for a
+/// value that is nested more deeply than a property list.
 class UserInfoReader {
 public:
     explicit UserInfoReader(sd_bus_message* message) : message_(message) {}
 
-    /// The variant that comes next; it must be a dictionary.
+    /// Reads the next variant, which must be a dictionary.
     std::optional<Dictionary> read();
 
 private:

@@ -13,7 +13,7 @@ namespace platform::notifications {
 
 namespace {
 
-/// What a value and a key cost at most beside their text or bytes: signature, length, padding.
+/// The most that a value and a key cost beside their text or bytes: signature, length, padding.
 constexpr std::size_t bytesOfAnyValue = 24;
 constexpr std::size_t bytesOfAnyKey = 16;
 

@@ -9,15 +9,15 @@
 
 namespace platform::notifications {
 
-/// Appends values to a message in the form of NotificationFormat.h. After a failure the message is of no use.
-/// No recursion is as deep as the value.
+/// Appends values to a message in the form of NotificationFormat.h. After a failure the message is unusable.
+/// The depth of the value does not affect the depth of recursion.
 class UserInfoWriter {
 public:
     explicit UserInfoWriter(sd_bus_message* message) : message_(message) {}
 
-    /// False: too large or too deep, or out of memory.
+    /// Returns false when the value is too large or too deep, or memory ran out.
     bool write(const Dictionary& userInfo);
-    /// What was written, in bytes, estimated from above.
+    /// Returns the written bytes, estimated from above.
     std::size_t bytes() const { return bytes_; }
 
 private:

@@ -5,7 +5,7 @@
 
 namespace platform::posix {
 
-/// Owns a file descriptor; -1 is none.
+/// Owns a file descriptor; -1 for none.
 class FileDescriptor {
 public:
     FileDescriptor() = default;
@@ -22,7 +22,7 @@ public:
 
     int get() const { return descriptor_; }
     explicit operator bool() const { return descriptor_ >= 0; }
-    /// Not closed then: the caller owns it.
+    /// Returns the descriptor without closing it; the caller owns it.
     int release() { return std::exchange(descriptor_, -1); }
     void reset() {
         if (descriptor_ >= 0)

@@ -70,7 +70,7 @@ void LoopSources::process() {
 
 void LoopSources::refresh() {
     std::optional<LoopSource::Clock::time_point> nearest;
-    // All that is given up first: its number may be another source's by now.
+    // Removes all old descriptors first: a number may belong to another source by now.
     for (Watch& each : watches_)
         unwatch(each);
     for (Watch& each : watches_) {

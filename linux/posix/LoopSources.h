@@ -11,25 +11,25 @@
 namespace platform::posix {
 
 /// The sources of the main loop behind one pollable descriptor: an epoll set with a wake-up event, a timer
-/// for the nearest deadline, and the descriptor of each source. Main thread only, wakeUp() aside. Where the
-/// system gives no descriptors the set stays unreadable and nothing else fails.
+/// for the nearest deadline, and the descriptor of each source. Main thread only, except wakeUp(). Where the
+/// system provides no descriptors, the set stays unreadable and nothing else fails.
 class LoopSources {
 public:
     static LoopSources& shared();
 
-    /// The source must stay as long as the process, or be removed.
+    /// `source` must live as long as the process, or be removed.
     void add(LoopSource& source);
     void remove(LoopSource& source);
 
     int descriptor() const { return epoll_.get(); }
-    /// From any thread.
+    /// Makes the set readable. Any thread.
     void wakeUp();
-    /// Takes a wake-up back; what woke us is looked at afterwards.
+    /// Clears the wake-up; the sources that caused it are processed afterwards.
     void clearWakeUp();
-    /// One turn: each source does what is due.
+    /// One turn: each source processes what is due.
     void process();
-    /// Looks at what each source now waits for. Cheap when nothing has changed: a source calls it after any
-    /// work that it did outside process().
+    /// Reads again what each source waits for. Cheap when nothing has changed: a source calls it after any
+    /// work outside process().
     void refresh();
 
 private:

@@ -11,8 +11,8 @@ namespace platform {
 
 namespace {
 
-/// Operations that wait when the turn ends, whether it ends well or by an exception, keep the descriptor
-/// readable.
+/// Keeps the descriptor readable while operations wait at the end of the turn, whether it ends normally or by
+/// an exception.
 class OperationsLeft {
 public:
     OperationsLeft() = default;
@@ -24,7 +24,7 @@ public:
     }
 };
 
-/// Waits until the descriptor is readable or the time is over, to the millisecond above.
+/// Waits until the descriptor is readable or the timeout has passed, rounded up to a millisecond.
 void waitForReading(int descriptor, std::chrono::steady_clock::duration timeout) {
     const auto milliseconds = std::chrono::ceil<std::chrono::milliseconds>(timeout).count();
     constexpr std::int64_t longest = 60'000;

@@ -20,12 +20,12 @@ std::error_code lastError() {
     return {errno, std::generic_category()};
 }
 
-/// The answer of a call that tells success by 0.
+/// Converts the result of a call that returns 0 on success.
 std::error_code outcome(int result) {
     return result == 0 ? std::error_code() : lastError();
 }
 
-/// A name with a NUL inside would reach the kernel cut short, and mean another file.
+/// The kernel would read a name with a NUL inside as a shorter one, of another file.
 bool hasNul(const std::string& path) {
     return path.find('\0') != std::string::npos;
 }
@@ -53,7 +53,8 @@ FileStatus statusOf(const struct stat& found) {
             .size = static_cast<std::uint64_t>(found.st_size)};
 }
 
-/// In a process without standard output the next file takes its number, and what is printed would land in it.
+/// In a process without standard output the next file takes its number, and printed text would be written
+/// into it.
 std::error_code aboveStandardOnes(FileDescriptor& opened, FileHandle& file) {
     const int number = opened.get();
     const int moved = number > STDERR_FILENO ? number : ::fcntl(number, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
@@ -65,7 +66,7 @@ std::error_code aboveStandardOnes(FileDescriptor& opened, FileHandle& file) {
     return {};
 }
 
-/// Opens a regular file, and nothing else: O_NONBLOCK keeps a pipe without a writer from holding us.
+/// Opens regular files only; O_NONBLOCK prevents a wait at a pipe without a writer.
 std::error_code openRegular(const std::string& path, int flags, Links links, FileHandle& file,
                             FileStatus& status) {
     if (hasNul(path))
@@ -91,7 +92,7 @@ std::error_code openRegular(const std::string& path, int flags, Links links, Fil
     return {};
 }
 
-/// Reads to the end: one call, and the one that finds the end, where the size was told right.
+/// Reads to the end: one call, and the one that finds the end, where the reported size was right.
 std::error_code readToEnd(int file, std::size_t expected, std::size_t maximum, std::string& bytes) {
     std::string read(expected + 1, '\0');
     std::size_t length = 0;
@@ -170,7 +171,7 @@ std::error_code PosixFileSystem::list(const std::string& folder, std::vector<std
         return lastError();
     std::vector<std::string> found;
     errno = 0;
-    // readdir is safe on a stream no other thread has.
+    // readdir is safe on a stream that no other thread uses.
     while (const dirent* entry = ::readdir(opened.get())) {
         const std::string_view name = entry->d_name;
         if (name != "." && name != "..")
@@ -235,7 +236,8 @@ std::error_code PosixFileSystem::sync(FileHandle file, Sync sync) {
 }
 
 std::error_code PosixFileSystem::close(FileHandle file) {
-    // Interrupted or not, the descriptor is gone afterwards; a second close could hit somebody else's.
+    // Interrupted or not, the descriptor is gone afterwards; a second close could close another thread's
+    // file.
     return ::close(file) == 0 || errno == EINTR ? std::error_code() : lastError();
 }
 

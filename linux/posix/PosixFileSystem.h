@@ -4,10 +4,11 @@
 
 namespace platform::posix {
 
-/// The files of this machine. Handles are close-on-exec file descriptors. Nothing but a regular file is ever
-/// opened, so that a pipe or a device in a file's place cannot block, and no file is opened for writing under
-/// the number of a standard stream that is closed. Symbolic links of other users are refused as
-/// TrustedSymlink.h says.
+/// The files of this machine. Handles are close-on-exec file descriptors.
+///
+/// - Only regular files are opened, so that a pipe or a device in a file's place cannot block.
+/// - No file is opened for writing under the number of a standard stream that is closed.
+/// - Symbolic links of other users are refused as TrustedSymlink.h documents.
 class WARDLOCK_API PosixFileSystem : public FileSystem {
 public:
     std::error_code status(const std::string& path, Links links, FileStatus& status) override;
@@ -29,7 +30,7 @@ public:
     std::error_code rename(const std::string& from, const std::string& to) override;
     std::error_code link(const std::string& file, const std::string& name) override;
     std::error_code makeSymbolicLink(const std::string& target, const std::string& path) override;
-    /// No error where the folder's file system cannot do it: there is nothing more to ask of such a one.
+    /// Returns no error where the folder's file system does not support it: nothing more can be done there.
     std::error_code syncFolder(const std::string& folder) override;
     std::error_code remove(const std::string& path) override;
     std::error_code makeFolder(const std::string& path, unsigned mode) override;

@@ -15,7 +15,7 @@ bool preparePrivateFolder(const std::string& path) {
     struct stat status {};
     if (!folder || fstat(folder.get(), &status) != 0 || status.st_uid != geteuid())
         return false;
-    // The umask may have taken more away than we wanted.
+    // The creation mask may have removed more than it should.
     if (made && fchmod(folder.get(), S_IRWXU) != 0)
         return false;
     return made || (status.st_mode & ALLPERMS) == S_IRWXU;

@@ -25,8 +25,8 @@ void refuseForeignRights() {
     ::_exit(EXIT_FAILURE);
 }
 
-/// The kernel makes no dump below two bytes, neither into a file nor for a program that collects dumps; of a
-/// limit of 0 such a program is only told.
+/// The kernel makes no dump below two bytes, neither into a file nor for a program that collects dumps. A
+/// limit of 0 does not stop such a program.
 void refuseCoreDumps() {
     constexpr rlim_t none = 1;
     rlimit limit{};
@@ -44,7 +44,7 @@ void prepareProcess() {
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
     for (int descriptor = STDIN_FILENO; descriptor <= STDERR_FILENO; ++descriptor) {
-        // Opened the wrong way round on purpose: a write to a closed standard output has to fail, not to
+        // Opened in the wrong direction on purpose: a write to a closed standard output has to fail, not to
         // vanish.
         if (::fcntl(descriptor, F_GETFD) < 0 && errno == EBADF)
             static_cast<void>(::open("/dev/null", descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY));

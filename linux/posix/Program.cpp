@@ -26,8 +26,10 @@ constexpr std::size_t mostOutput = std::size_t(64) * 1024;
 
 enum class Environment { Ours, Empty };
 
-/// What the new process starts with: three descriptors, on /dev/null where nothing else is said, and no
-/// others; no blocked or ignored signals; a session of its own.
+/// The state in which the new process starts:
+/// - three descriptors, on /dev/null unless set otherwise, and no others;
+/// - no blocked or ignored signals;
+/// - a session of its own.
 class SpawnSetup {
 public:
     explicit SpawnSetup(int output) {
@@ -83,7 +85,7 @@ int millisecondsUntil(Clock::time_point deadline) {
     return static_cast<int>(std::clamp<std::int64_t>(left, 0, 60'000));
 }
 
-/// Reads until the other end is closed; false when the time is over before.
+/// Reads until the other end is closed; returns false when the deadline passes first.
 bool readAll(int descriptor, Clock::time_point deadline, std::string& output) {
     std::array<char, 4096> room{};
     while (true) {
@@ -105,8 +107,8 @@ bool readAll(int descriptor, Clock::time_point deadline, std::string& output) {
 
 enum class Patience { None, UntilItsEnd };
 
-/// Takes the status of a process that has ended; its exit code, none while it runs. A host that ignores its
-/// children's ends has the status taken from us: then it is that of a success.
+/// Returns the exit code of a process that has ended, and reaps it; nothing while it runs. In a host that
+/// ignores the ends of its children the status is lost: then the code is that of a success.
 std::optional<int> takeExitCode(pid_t process, Patience patience) {
     int status = 0;
     pid_t taken = 0;
@@ -118,7 +120,7 @@ std::optional<int> takeExitCode(pid_t process, Patience patience) {
     return taken == process ? std::optional(exitCodeOf(status)) : std::nullopt;
 }
 
-/// Waits for the process's end and takes its status; none when the time is over before.
+/// Waits for the process's end and reaps it; returns nothing when the deadline passes first.
 std::optional<int> waitFor(pid_t process, Clock::time_point deadline) {
     constexpr int lookMilliseconds = 5;
     const FileDescriptor handle(static_cast<int>(syscall(SYS_pidfd_open, process, 0)));
@@ -128,13 +130,13 @@ std::optional<int> waitFor(pid_t process, Clock::time_point deadline) {
         const int left = millisecondsUntil(deadline);
         if (left == 0)
             return std::nullopt;
-        // Older systems, and containers that allow only calls they know, have no handles of processes.
+        // Older systems, and containers that allow only the calls they know, have no process descriptors.
         pollfd watched{handle.get(), POLLIN, 0};
         poll(&watched, 1, handle ? left : std::min(left, lookMilliseconds));
     }
 }
 
-/// Ends what the process started as well, which may have its output.
+/// Ends the processes that it started as well, which may have its output.
 void endSession(pid_t process) {
     kill(-process, SIGKILL);
     takeExitCode(process, Patience::UntilItsEnd);
@@ -183,7 +185,7 @@ std::optional<int> startProgram(const std::vector<std::string>& words, std::chro
         return std::nullopt;
     if (const auto code = waitFor(*process, Clock::now() + patience))
         return code;
-    // Somebody has to take its status when it ends.
+    // A thread has to reap it when it ends.
     std::thread taking =
         startSignalMaskedThread([process = *process] { takeExitCode(process, Patience::UntilItsEnd); });
     if (taking.joinable())

@@ -12,27 +12,27 @@ namespace platform::posix {
 struct ProgramResult {
     /// Its exit code; -1 when a signal ended it.
     int exitCode = -1;
-    /// What it wrote to standard output, its first 64 KiB.
+    /// The first 64 KiB of its standard output.
     std::string output;
 };
 
-/// Where the search path has the program; none when it has not.
+/// Returns where the search path has the program; nothing when it has not.
 std::optional<std::string> findProgram(std::string_view name);
 
-// Each of these starts a program of the search path without a shell, in a session of its own, with input and
-// errors on /dev/null, none of our descriptors and no signal blocked or ignored. From any thread.
+// Each of these starts a program of the search path without a shell, in a session of its own. Input and
+// errors are on /dev/null; no descriptor is inherited and no signal blocked or ignored. Any thread.
 
-/// Runs a program to its end and returns its output. None when it cannot be started or has not ended in time;
-/// it is then ended.
+/// Runs a program to its end and returns its output. Returns nothing when it cannot be started or has not
+/// ended within `timeout`; then it is ended.
 std::optional<ProgramResult> runProgram(const std::vector<std::string>& words,
                                         std::chrono::milliseconds timeout);
 
-/// Starts one that goes on by itself; its output goes nowhere. Returns its exit code when it ends within
-/// `patience`, 0 when it is still running then, and none when it cannot be started.
+/// Starts a program that continues by itself; its output is discarded. Returns its exit code when it ends
+/// within `timeout`, 0 when it is still running then, and nothing when it cannot be started.
 std::optional<int> startProgram(const std::vector<std::string>& words, std::chrono::milliseconds patience);
 
-/// Starts one that puts itself into the background, without our environment, and waits until the started
-/// process has ended. True: it ended well in time; one that takes longer is ended.
+/// Starts a program that puts itself into the background, without this process's environment, and waits until
+/// the started process has ended. Returns true when it succeeded within `timeout`; a slower one is ended.
 bool startDaemon(const std::vector<std::string>& words, std::chrono::milliseconds timeout);
 
 } // namespace platform::posix

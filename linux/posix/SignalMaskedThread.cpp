@@ -10,7 +10,7 @@ namespace platform::posix {
 
 namespace {
 
-/// No signals for the calling thread, and for those it starts.
+/// Blocks all signals for the calling thread and for the threads that it starts.
 class NoSignals {
 public:
     NoSignals() {

@@ -27,7 +27,7 @@ public:
 };
 
 const std::error_category& foreignLink() {
-    // Never destroyed: an error may be told by whoever ends last.
+    // Never destroyed: an error may be printed until the process has ended.
     static const auto* const category = new ForeignLink;
     return *category;
 }
@@ -56,7 +56,7 @@ std::error_code openThroughTrustedSymlinks(std::string path, int flags, int& des
         descriptor = ::open(path.c_str(), flags | O_NOFOLLOW);
         if (descriptor >= 0)
             return {};
-        // What the call says of a link in the last component.
+        // The error of open(2) for a link in the last component.
         if (errno != ELOOP)
             return lastError();
         std::string text;

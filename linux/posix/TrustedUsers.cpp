@@ -18,7 +18,7 @@ namespace {
 constexpr std::size_t firstRoom = 1024;
 constexpr std::size_t mostRoom = std::size_t{1} << 20;
 
-/// Asks the user data base, with as much room as the entry takes; false when there is none.
+/// Queries the user data base, with as much memory as the entry takes; returns false when there is no entry.
 template <class Entry, class Call>
 bool findEntry(Call call, Entry& entry, std::vector<char>& room) {
     Entry* found = nullptr;
@@ -28,7 +28,7 @@ bool findEntry(Call call, Entry& entry, std::vector<char>& room) {
     return found != nullptr;
 }
 
-/// The user data base is walked by a position that the whole process shares.
+/// Iterates over the user data base; the whole process shares the position.
 class UserWalk {
 public:
     UserWalk() : alone_(guard()) { ::setpwent(); }
@@ -36,7 +36,7 @@ public:
     UserWalk(const UserWalk&) = delete;
     UserWalk& operator=(const UserWalk&) = delete;
 
-    /// 0 with the next entry, ENOENT at the end.
+    /// Returns 0 with the next entry, ENOENT at the end.
     int next(passwd& entry) {
         passwd* found = nullptr;
         int error = 0;
@@ -56,7 +56,7 @@ private:
     std::vector<char> room_ = std::vector<char>(firstRoom);
 };
 
-/// The list of a group does not name the users whose first group it is: their own entries do.
+/// A group's list does not name the users whose first group it is: their own entries do.
 bool isFirstGroupOfAnother(uid_t user, gid_t group) {
     UserWalk users;
     passwd entry = {};
@@ -64,11 +64,12 @@ bool isFirstGroupOfAnother(uid_t user, gid_t group) {
     while ((error = users.next(entry)) == 0)
         if (entry.pw_gid == group && entry.pw_uid != user)
             return true;
-    // Whom the data base does not list it could still let in.
+    // The data base could still let in a user whom it does not list.
     return error != ENOENT;
 }
 
-/// The group has the user's name, is the user's first one and nobody else's, and has no other member.
+/// Returns whether the group has the user's name, is the first group of this user only, and has no other
+/// member.
 bool isGroupOfUserAlone(uid_t user, gid_t group) {
     std::vector<char> userRoom;
     passwd owner = {};
@@ -94,7 +95,7 @@ bool hasAccessList(const std::string& path) {
 } // namespace
 
 TrustedUsers::TrustedUsers() : users_{0, ::geteuid()} {
-    // An object of this library, so that its file is found.
+    // An object of this library, to find the library's file.
     static const char here = 0;
     for (const std::string& path : {std::string("/"), moduleHolding(&here)}) {
         FileStatus status;

@@ -11,7 +11,7 @@ namespace {
 constexpr const char* settingsInterface = "org.freedesktop.portal.Settings";
 constexpr const char* appearance = "org.freedesktop.appearance";
 
-/// A desktop that is only starting takes its time over the first question, and nobody waits for the answer.
+/// A desktop that is still starting takes its time over the first query, and no caller waits for the reply.
 constexpr std::uint64_t answerMicroseconds = 30'000'000;
 
 /// Only the numbers of the portal's own table: all others count as no preference.
@@ -22,10 +22,10 @@ constexpr std::uint32_t wanted = 1;
 } // namespace
 
 AppearancePortal::AppearancePortal(std::function<void()> changed) : changed_(std::move(changed)) {
-    // A bus that we would have to start ourselves has no desktop on it.
+    // A private bus has no desktop on it.
     if (const bus::BusAddress address = bus::busAddress(); address.ownFolder.empty())
         connection_ = bus::BusConnection::open(address.text, bus::BusConnection::Peer::Any);
-    // Listening first: what changes while the question is under way is not lost.
+    // Listens first: a change during the query is not lost.
     if (!connection_ || !listen() || !ask())
         leave();
     posix::LoopSources::shared().add(*this);
@@ -84,7 +84,7 @@ bool AppearancePortal::waitForAnswer(std::chrono::milliseconds patience) {
     process();
     while (!answered_ && connection_->wait(deadline))
         process();
-    // The loop has to watch for what the connection now waits for.
+    // The loop has to watch what the connection now waits for.
     posix::LoopSources::shared().refresh();
     return answered_;
 }
@@ -138,7 +138,7 @@ int AppearancePortal::onOwner(sd_bus_message* message, void* self, sd_bus_error*
     return 0;
 }
 
-/// What the answer does not hold the desktop does not care about.
+/// The desktop has no preference for a setting that is missing in the reply.
 void AppearancePortal::readAll(sd_bus_message* answer) {
     look_ = DesktopAppearance();
     sd_bus_message_enter_container(answer, 'a', "{sa{sv}}");

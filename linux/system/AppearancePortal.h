@@ -12,9 +12,9 @@
 
 namespace platform::system {
 
-/// The look that the desktop's settings portal, org.freedesktop.portal.Settings, tells: all of it when the
-/// portal is found or starts anew, then each change. A bus that is lost has nothing more to say; what was
-/// said last stands.
+/// The appearance that the desktop's settings portal, org.freedesktop.portal.Settings, reports. It reads all
+/// settings when the portal is found or restarted, then follows each change. After the loss of the bus the
+/// last report stays valid.
 class AppearancePortal final : public DesktopAppearanceMonitor, public posix::LoopSource {
 public:
     explicit AppearancePortal(std::function<void()> changed);
@@ -46,7 +46,7 @@ private:
 
     std::function<void()> changed_;
     DesktopAppearance look_;
-    /// What `changed_` was last called for.
+    /// The appearance of the last `changed_` call.
     DesktopAppearance told_;
     bool answered_ = false;
     std::unique_ptr<bus::BusConnection> connection_;

@@ -8,14 +8,14 @@
 namespace platform {
 namespace {
 
-/// The user's collation, apart from the process's locale, which the host may set or leave alone. Null when
+/// Returns the user's collation, apart from the process's locale, which the host may set or not. Null when
 /// there is none. Lives as long as the process.
 locale_t userCollation() {
     static const locale_t collation = newlocale(LC_COLLATE_MASK | LC_CTYPE_MASK, "", nullptr);
     return collation;
 }
 
-/// The key of a text without a null character inside.
+/// Appends the key of a text without a null character inside.
 void appendTransformed(const char* text, std::string& keys) {
     char usual[1024];
     const std::size_t needed = strxfrm_l(usual, text, sizeof usual, userCollation());
@@ -39,7 +39,7 @@ void appendLocalizedKey(std::string_view text, std::string& keys) {
     thread_local std::string folded;
     folded.clear();
     appendCaseFolded(text, folded);
-    // The transformation ends at a null character: what follows one is transformed apart.
+    // The transformation ends at a null character: the text after it is transformed separately.
     for (std::size_t i = 0; i <= folded.size(); i += std::strlen(folded.c_str() + i) + 1) {
         if (i != 0)
             keys.push_back('\0');

@@ -20,7 +20,7 @@
 namespace platform {
 
 FileSystem& realFileSystem() {
-    // Never destroyed: the log may be written by whoever ends last.
+    // Never destroyed: the log may be written until the process has ended.
     static FileSystem* const files = new posix::PosixFileSystem;
     return *files;
 }

@@ -20,7 +20,7 @@ struct OpenModule {
 };
 
 /// The open modules by the system's handle, which is the same however often a file is opened. Recursive: a
-/// module's own initialisers may open another. Never destroyed, as handles are given back late.
+/// module's own initialisers may open another. Never destroyed, as handles are released late.
 struct OpenModules {
     std::recursive_mutex guard;
     std::map<void*, OpenModule> byHandle;
@@ -41,7 +41,7 @@ std::string systemReason() {
     return text ? text : "unknown reason";
 }
 
-/// Maps the file for good: what a module made may be released after its last handle.
+/// Maps the file for good: an object of the module may be released after its last handle.
 void* mapFile(const std::string& path, int mode) {
     const int binding = mode == RTLD_Lazy ? RTLD_LAZY : RTLD_NOW;
     return ::dlopen(path.c_str(), binding | RTLD_LOCAL | RTLD_NODELETE);
@@ -91,7 +91,7 @@ std::string moduleHolding(const void* address) {
     void* extra = nullptr;
     if (::dladdr1(address, &info, &extra, RTLD_DL_LINKMAP) == 0)
         return "";
-    // The program itself has no name here, and the one it was called by may have been looked up in PATH.
+    // The program itself has no name here, and the name of its call may have been looked up in PATH.
     const std::string name = static_cast<const link_map*>(extra)->l_name;
     const std::string path = name.empty() ? "/proc/self/exe" : name;
     std::string file;

@@ -20,7 +20,7 @@ namespace {
 
 using Clock = bus::BusConnection::Clock;
 
-/// A bus that is busy is not taken for a broken one.
+/// Long enough that a busy bus does not count as broken.
 constexpr std::chrono::seconds patience{6};
 
 bool letsUsIn(const std::string& address, bus::BusConnection::Peer peer) {

@@ -52,7 +52,7 @@ std::string callStackSymbol(std::uintptr_t address) {
     // looked up.
     const auto call = address == 0 ? 0 : address - 1;
     Dl_info info{};
-    // NOLINTNEXTLINE(performance-no-int-to-ptr): nobody follows it
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): the pointer is never followed
     const bool known = dladdr(reinterpret_cast<const void*>(call), &info) != 0;
 
     std::string line(known && info.dli_fname ? lastComponent(info.dli_fname) : std::string_view("???"));

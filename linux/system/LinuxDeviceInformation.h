@@ -6,7 +6,7 @@
 
 namespace platform::system {
 
-/// The device as this machine and the host's window make it out. Main thread only.
+/// The device as this machine and the host's window determine it. Main thread only.
 class WARDLOCK_API LinuxDeviceInformation final : public DeviceInformation {
 public:
     long userInterfaceIdiom() override { return idiom_; }
@@ -30,10 +30,10 @@ private:
     double screenScale_ = 2;
 };
 
-/// The one of the process, which hosts change by DeviceInformation's own functions.
+/// Returns the one of the process, which hosts change by DeviceInformation's own functions.
 LinuxDeviceInformation& machineInformation();
 
-/// The unquoted VERSION_ID in the text of an os-release file; empty where there is none.
+/// Returns the unquoted VERSION_ID in the text of an os-release file; empty where there is none.
 WARDLOCK_API std::string versionInRelease(std::string_view text);
 
 } // namespace platform::system

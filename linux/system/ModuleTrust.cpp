@@ -23,12 +23,12 @@ bool isAbove(const std::string& folder, const std::string& path) {
     return path.size() > start.size() && path.starts_with(start);
 }
 
-/// Goes down a path through the links in it, and judges everything on its way.
+/// Follows a path through its links and checks everything on the way.
 class Walk {
 public:
     explicit Walk(std::string path) : rest_(std::move(path)) {}
 
-    /// Why not to trust the file that the path leads to; empty when there is no reason.
+    /// Returns why not to trust the file that the path leads to; empty when there is no reason.
     std::string toFile() {
         std::string reason = toTheEnd();
         if (reason.empty())
@@ -36,7 +36,7 @@ public:
         return reason.empty() ? judge(folderOf(here_), Place::LastFolder) : reason;
     }
 
-    /// The same of a folder.
+    /// The same for a folder.
     FolderDoubt toFolder() {
         std::string reason = toTheEnd();
         if (reason.empty())
@@ -92,7 +92,7 @@ private:
 
     std::string judge(const std::string& path, Place place) {
         judged_ = path;
-        // Who can change what lies above this library can change the library.
+        // A user who can change a folder above this library can change the library.
         if (place != Place::File && isAbove(path, library_))
             return "";
         FileStatus status;
@@ -102,8 +102,8 @@ private:
             return path + ": " + (place == Place::File ? "not a file" : "not a folder");
         if (!users_.include(status.owner))
             return path + " belongs to another user";
-        // In a sticky folder nobody can put something in the place of what belongs to another; but a module
-        // is not laid among everybody's files.
+        // In a sticky folder no user can replace what belongs to another. A module itself must not be in a
+        // folder that all users share.
         if (place == Place::FolderAbove && (status.mode & sticky))
             return "";
         if (status.mode & writableByAll)
@@ -115,10 +115,10 @@ private:
 
     const posix::TrustedUsers users_;
     const std::string library_ = moduleHolding(&writableByAll);
-    /// Where the walk stands, a path without links, and what of the path is still ahead.
+    /// The position of the walk, a path without links, and the rest of the path.
     std::string here_ = "/";
     std::string rest_;
-    /// What was looked at last.
+    /// The latest path that was checked.
     std::string judged_;
     int links_ = 0;
 };

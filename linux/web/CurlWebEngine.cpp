@@ -10,7 +10,7 @@
 namespace platform::web {
 namespace {
 
-/// Nothing for a page that is too complex to be read.
+/// Returns nothing for a page that is too complex to read.
 std::optional<PageText> readable(const FetchedPage& page) {
     std::string type = page.contentType;
     std::ranges::transform(type, type.begin(), [](unsigned char c) { return std::tolower(c); });
@@ -49,7 +49,7 @@ void CurlWebEngine::begin(Ticket ticket) {
     if (!view)
         return;
     view->didStartLoad();
-    // Whoever was told may have asked for another page.
+    // The notified code may have requested another page.
     load = current(ticket);
     if (!load)
         return;

@@ -11,7 +11,7 @@
 namespace platform::web {
 
 /// The text engine over libcurl: each load is fetched in a thread of its own and reported from the main
-/// queue. Of a view's loads only the last one counts.
+/// queue. Only the last load of a view counts.
 class CurlWebEngine final : public WebEngine, public std::enable_shared_from_this<CurlWebEngine> {
 public:
     explicit CurlWebEngine(TextWebEngineOptions options) : options_(std::move(options)) {}
@@ -24,13 +24,13 @@ private:
         std::string url;
         std::unique_ptr<PageFetch> fetch;
     };
-    /// Names a load where it may have been given up meanwhile.
+    /// Names a load that may have been cancelled meanwhile.
     struct Ticket {
         const UIWebView* key;
         std::uint64_t number;
     };
 
-    /// The load of the ticket, or null when it no longer counts.
+    /// Returns the load of the ticket, or null when it no longer counts.
     Load* current(Ticket ticket);
     void forgetAbandoned();
     void begin(Ticket ticket);

@@ -13,7 +13,7 @@ struct Encoding {
 };
 
 // The encodings of the web and their labels, as the standard that browsers follow lists them. Where iconv's
-// encoding of the same name knows fewer characters than the web's, its larger relative stands here.
+// encoding of the same name has fewer characters than the web's, the list names its larger relative.
 constexpr std::array Encodings{
     Encoding{"UTF-8", " unicode-1-1-utf-8 unicode11utf8 unicode20utf8 utf-8 utf8 x-unicode20utf8 "},
     Encoding{"IBM866", " 866 cp866 csibm866 ibm866 "},

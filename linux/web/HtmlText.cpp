@@ -14,7 +14,7 @@ constexpr std::size_t MostLinks = 1000;
 
 enum class Shown { Not, Inline, Line, Paragraph, Preformatted };
 
-// How a browser shows the elements of HTML that no style changes; all others stand within their line.
+// How a browser shows the elements of HTML without styles; all others are inline.
 constexpr std::array NotShown{GUMBO_TAG_SCRIPT,   GUMBO_TAG_STYLE,  GUMBO_TAG_TITLE,    GUMBO_TAG_TEMPLATE,
                               GUMBO_TAG_NOSCRIPT, GUMBO_TAG_IFRAME, GUMBO_TAG_NOFRAMES, GUMBO_TAG_NOEMBED,
                               GUMBO_TAG_DATALIST, GUMBO_TAG_RP};
@@ -56,7 +56,8 @@ bool isElement(const GumboNode& node, GumboTag tag) {
            node.v.element.tag == tag;
 }
 
-/// Where the page's relative links begin: at the first <base> that names an address, else at the page itself.
+/// Returns the base of the page's relative links: the first <base> that names an address, else the page
+/// itself.
 WebAddress baseOf(const GumboNode& document, const std::string& url) {
     const WebAddress page(url);
     std::string base;
@@ -142,7 +143,7 @@ private:
     const WebAddress base_;
     TextFlow flow_;
     PageText page_;
-    /// Where the link that is being read leads; empty while there is none.
+    /// The target of the current link; empty while there is none.
     std::string link_;
     std::size_t linkStart_ = 0;
 };

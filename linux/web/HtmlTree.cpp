@@ -9,7 +9,7 @@ namespace {
 /// A page of a megabyte whose text is mostly markup takes about half of it.
 constexpr std::size_t MostMemory = std::size_t(128) << 20;
 constexpr double MostSeconds = 1;
-/// How many requests for memory pass from one look at the clock to the next.
+/// Requests for memory between two readings of the clock.
 constexpr std::size_t RequestsPerLook = 64;
 
 /// Of this thread alone: a busy machine makes no page too complex.
@@ -42,7 +42,7 @@ void* HtmlTree::allocate(void* budget, std::size_t size) {
     auto& left = *static_cast<Budget*>(budget);
     if (void* memory = left.take(size))
         return memory;
-    // The parser takes every request as granted. It is left at once, and what it had goes with the budget.
+    // The parser expects every request to succeed. It is left at once; its memory goes with the budget.
     std::longjmp(left.exit, 1); // NOLINT(cert-err52-cpp): an exception must not pass through functions in C
 }
 

@@ -13,20 +13,20 @@ namespace platform::web {
 /// its thread are bounded, because a short page can describe a tree of billions of elements.
 class HtmlTree {
 public:
-    /// `html` is UTF-8 and outlives the tree.
+    /// `html` is UTF-8 and must outlive the tree.
     explicit HtmlTree(std::string_view html);
     HtmlTree(const HtmlTree&) = delete;
     HtmlTree& operator=(const HtmlTree&) = delete;
 
-    /// The document; null for a page that exceeds the bounds.
+    /// Returns the document; null for a page that exceeds the bounds.
     const GumboNode* document() const { return document_; }
 
 private:
-    /// Hands out memory until a bound is reached.
+    /// Allocates memory until a bound is reached.
     class Budget {
     public:
         Budget();
-        /// Null at the bound.
+        /// Returns null at the bound.
         void* take(std::size_t size) noexcept;
         /// Where the parser is left at the bound.
         std::jmp_buf exit{};
@@ -44,14 +44,14 @@ private:
     const GumboNode* document_ = nullptr;
 };
 
-/// The attribute's value; empty where the element has none.
+/// Returns the attribute's value; empty where the element has none.
 std::string_view attribute(const GumboNode& element, const char* name);
 bool hasAttribute(const GumboNode& element, const char* name);
 
-/// The children of a document or an element; none for anything else, a template included.
+/// Returns the children of a document or an element; null for any other node, a template included.
 const GumboVector* childrenOf(const GumboNode& node);
 
-/// Visits `top` and what is below it in the page's order. Not recursive: pages nest as deep as they like.
+/// Visits `top` and what is below it in the page's order. Not recursive, since pages nest without bound.
 /// `enter(node)` returns whether to visit the node's children; `leave(node)` follows either way.
 template <class Enter, class Leave>
 void visit(const GumboNode& top, Enter enter, Leave leave) {

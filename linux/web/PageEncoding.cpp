@@ -19,7 +19,7 @@ constexpr std::string_view Utf8 = "UTF-8";
 constexpr const char* Western = "CP1252";
 constexpr std::string_view Replacement = "\xEF\xBF\xBD";
 constexpr std::string_view Blanks = " \t\n\f\r";
-/// How far into a page its <meta> is looked for.
+/// Bytes of a page that are searched for its <meta>.
 constexpr std::size_t MetaBeginning = 4096;
 
 std::string lowered(std::string_view text) {
@@ -37,7 +37,7 @@ const char* encodingLabelled(std::string_view label) {
     return encodingOf(lowered(withoutBlanks(label)));
 }
 
-/// The encoding behind "charset=", as content types and <meta> elements have it; null for none.
+/// Returns the encoding after "charset=", as content types and <meta> elements have it; null for none.
 const char* encodingIn(std::string_view text) {
     const std::string lower = lowered(text);
     constexpr std::string_view key = "charset";
@@ -54,16 +54,16 @@ const char* encodingIn(std::string_view text) {
     return nullptr;
 }
 
-/// As one <meta> declares it; null when it does not.
+/// Returns the encoding that one <meta> declares; null when it declares none.
 const char* declaredBy(const GumboNode& meta) {
     const char* encoding = encodingLabelled(attribute(meta, "charset"));
     if (!encoding && lowered(attribute(meta, "http-equiv")) == "content-type")
         encoding = encodingIn(attribute(meta, "content"));
-    // Whatever could be read so far is not UTF-16.
+    // A page that could be read so far is not UTF-16.
     return encoding && std::string_view(encoding).starts_with("UTF-16") ? Utf8.data() : encoding;
 }
 
-/// As the first <meta> that names an encoding has it; null for none.
+/// Returns the encoding of the first <meta> that names one; null for none.
 const char* declaredEncoding(std::string_view bytes) {
     const HtmlTree tree(bytes.substr(0, MetaBeginning));
     const char* encoding = nullptr;
@@ -77,7 +77,7 @@ const char* declaredEncoding(std::string_view bytes) {
     return encoding;
 }
 
-/// The mark is taken off the bytes; null for none.
+/// Removes the byte-order mark; returns its encoding, null for none.
 const char* encodingMarked(std::string_view& bytes) {
     for (const auto& [mark, encoding] :
          {std::pair("\xEF\xBB\xBF"sv, "UTF-8"), {"\xFF\xFE"sv, "UTF-16LE"}, {"\xFE\xFF"sv, "UTF-16BE"}})
@@ -88,7 +88,7 @@ const char* encodingMarked(std::string_view& bytes) {
     return nullptr;
 }
 
-/// What is not well-formed becomes U+FFFD.
+/// Replaces what is not well-formed by U+FFFD.
 std::string validated(std::string_view text) {
     std::string valid;
     valid.reserve(text.size());
@@ -129,7 +129,7 @@ public:
             input += skipped;
             left -= skipped;
         }
-        // What an encoding with states still holds back.
+        // The characters that an encoding with states still has to write.
         step(nullptr, nullptr, text);
         return text;
     }
@@ -145,7 +145,7 @@ private:
     }
 
     iconv_t handle_;
-    /// The bytes of what is skipped where nothing can be read.
+    /// The bytes to skip where nothing can be read.
     std::size_t unit_;
 };
 

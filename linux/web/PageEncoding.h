@@ -5,9 +5,9 @@
 
 namespace platform::web {
 
-/// The text of a page as UTF-8. Its encoding is the one that its byte-order mark, its content type or its own
-/// <meta> names, in this order; without any UTF-8 where the bytes are that, else windows-1252. A label that
-/// the web does not have names none. Bytes that the encoding does not have become U+FFFD.
+/// Returns the text of a page as UTF-8. Its encoding is the first that one of these names: its byte-order
+/// mark, its content type, its own <meta>. Without a name it is UTF-8 where the bytes are valid, else
+/// windows-1252. A label unknown to the web names none. Bytes that are invalid in the encoding become U+FFFD.
 std::string decodedPage(std::string_view bytes, std::string_view contentType);
 
 /// The same for plain text, which has no <meta>.

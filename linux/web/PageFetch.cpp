@@ -14,9 +14,9 @@ namespace {
 
 constexpr const char* Schemes = "http,https";
 constexpr long MostRedirections = 10;
-/// Of all answers of one fetch, redirections included.
+/// For all responses of one fetch, redirections included.
 constexpr std::size_t LargestHeaders = std::size_t(256) * 1024;
-/// How often a fetch looks whether its reader is still there.
+/// The interval at which a fetch checks whether its reader is still there.
 constexpr int LookMilliseconds = 250;
 
 struct EasyRelease {
@@ -33,7 +33,7 @@ struct Body {
     std::size_t headers = 0;
 };
 
-/// Takes less than it is given, which ends the transfer, when the page grows too large; counted after
+/// Takes fewer bytes than it is given, which ends the transfer, when the page grows too large; counted after
 /// decompression.
 std::size_t append(char* data, std::size_t size, std::size_t count, void* target) {
     auto& body = *static_cast<Body*>(target);
@@ -44,7 +44,7 @@ std::size_t append(char* data, std::size_t size, std::size_t count, void* target
     return length;
 }
 
-/// Headers are kept by the library itself; a server that sends nothing else must come to an end too.
+/// The library itself keeps headers; a server that sends nothing else must be ended too.
 std::size_t countHeader(char*, std::size_t size, std::size_t count, void* target) {
     auto& body = *static_cast<Body*>(target);
     body.headers += size * count;
@@ -68,7 +68,7 @@ void configure(CURL* handle, const std::string& url, const TextWebEngineOptions&
     curl_easy_setopt(handle, CURLOPT_ACCEPT_ENCODING, "");
     curl_easy_setopt(handle, CURLOPT_USERAGENT, "Wardlock");
     curl_easy_setopt(handle, CURLOPT_NOSIGNAL, 1L);
-    // A name that does not resolve must not hold up the one who gives the fetch up.
+    // A name that does not resolve must not delay the cancelling of the fetch.
     curl_easy_setopt(handle, CURLOPT_QUICK_EXIT, 1L);
     curl_easy_setopt(handle, CURLOPT_WRITEFUNCTION, &append);
     curl_easy_setopt(handle, CURLOPT_WRITEDATA, &body);
@@ -82,7 +82,7 @@ std::string information(CURL* handle, CURLINFO what) {
     return text ? text : "";
 }
 
-/// Runs the transfer until it ends, or `isWanted` answers false: then there is no result.
+/// Runs the transfer until it ends, or until `isWanted` returns false: then there is no result.
 template <class Wanted>
 std::optional<CURLcode> transfer(CURLM* transfers, CURL* handle, Wanted isWanted) {
     if (curl_multi_add_handle(transfers, handle) != CURLM_OK)

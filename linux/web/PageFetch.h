@@ -10,7 +10,7 @@
 
 namespace platform::web {
 
-/// What a fetch brought.
+/// The result of a fetch.
 struct FetchedPage {
     /// Why there is no page; empty when there is one. A server's own error page is a page.
     std::string error;
@@ -21,12 +21,12 @@ struct FetchedPage {
     std::string url;
 };
 
-/// Fetches one page in a thread of its own. Going away gives the fetch up and waits for the thread, which
+/// Fetches one page in a thread of its own. The destructor cancels the fetch and waits for the thread, which
 /// ends at once.
 class PageFetch {
 public:
-    /// Runs in the fetch's thread, at its end, the reader gone or not; not when the fetch itself goes away.
-    /// Where there is no thread to be had it runs at once.
+    /// Runs in the fetch's thread, at its end, whether or not the reader is gone; not when the fetch itself
+    /// is destroyed. Without a thread it runs at once.
     using Completion = std::function<void(FetchedPage)>;
 
     /// Ends with an error as soon as `reader` is gone.
@@ -45,7 +45,7 @@ private:
     const std::weak_ptr<const void> reader_;
     const Completion completion_;
     std::atomic<bool> givenUp_ = false;
-    /// The CURLM of the thread; made before it starts, so that it can be woken at any time.
+    /// The CURLM of the thread; created before it starts, so that it can be woken at any time.
     void* const transfers_;
     std::thread thread_;
 };

@@ -6,23 +6,23 @@
 
 namespace platform::web {
 
-/// Gathers the text of a page: white space collapsed, line ends held back until more text comes, control
-/// characters and what is not UTF-8 left out.
+/// Collects the text of a page: white space is collapsed, and line ends are kept back until more text comes.
+/// Control characters and bytes that are not UTF-8 are left out.
 class TextFlow {
 public:
     void write(std::string_view text);
-    /// What follows stands on a line of its own; with two line ends, behind an empty line.
+    /// The following text is on a line of its own; with two line ends, after an empty line.
     void endLine(std::size_t lineEnds);
     /// One more line end, however many there are.
     void breakLine();
-    /// Between the two the lines and blanks stand as they are written; both nest.
+    /// Between the two, lines and blanks stay as they are written; both nest.
     void beginPreformatted() { ++preformatted_; }
     void endPreformatted() { --preformatted_; }
 
     std::size_t size() const { return text_.size(); }
-    /// What was written since the text had that size, blanks at its beginning aside.
+    /// Returns the text after the first `size` bytes, without blanks at its beginning.
     std::string_view since(std::size_t size) const;
-    /// The whole, with a line end.
+    /// Returns the whole text, with a line end.
     std::string take();
 
 private:

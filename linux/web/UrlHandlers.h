@@ -5,13 +5,14 @@
 
 namespace platform::web {
 
-/// The scheme of a URL in lower case; empty when it has none that is valid.
+/// Returns the scheme of a URL in lower case; empty when it has no valid one.
 std::string schemeOf(std::string_view url);
 
-/// Whether a program is registered for URLs of the scheme, so that a desktop would open them. Bounded.
+/// Returns whether a program is registered for URLs of the scheme, so that a desktop would open them.
+/// Bounded.
 bool schemeHasHandler(std::string_view scheme);
 
-/// Whether there is a display on which a program could show itself.
+/// Returns whether there is a display on which a program could show itself.
 bool hasDisplay();
 
 } // namespace platform::web

@@ -7,7 +7,7 @@ namespace {
 
 constexpr std::size_t LongestAddress = 8000;
 
-/// As browsers take what an attribute gives: blanks around it and line ends within it do not count.
+/// As browsers read an attribute: blanks around it and line ends within it do not count.
 std::string trimmed(std::string_view link) {
     const auto isBlank = [](char c) { return static_cast<unsigned char>(c) <= 0x20; };
     const auto begin = std::ranges::find_if_not(link, isBlank);

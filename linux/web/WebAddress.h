@@ -11,11 +11,11 @@ namespace platform::web {
 /// The address of a page, and where its links lead from there.
 class WebAddress {
 public:
-    /// `url` is absolute; links of a page at another one lead nowhere.
+    /// `url` is absolute; the links of a page at a relative one lead nowhere.
     explicit WebAddress(const std::string& url);
 
-    /// The absolute address that `link` names, over http or https; empty for any other, for a place within
-    /// the page, and for one of more than eight thousand characters.
+    /// Returns the absolute address that `link` names, over http or https. Empty for any other, for a
+    /// position within the page, and for more than eight thousand characters.
     std::string of(std::string_view link) const;
 
 private:
