@@ -43,7 +43,7 @@ bool makeMissingDocumentFolder(std::string_view identifier) {
     if (platform::deviceRoot() == "/")
         return false;
     const std::string folder = platform::folderOf(platform::pathOnDevice(documentPath(identifier)));
-    return isMissing(folder) && !platform::doubtOfFolder(nearestExisting(folder)) &&
+    return isMissing(folder) && !platform::riskOfFolder(nearestExisting(folder)) &&
            !platform::makeFolders(platform::FileSystem::current(), folder, privateFolderMode);
 }
 

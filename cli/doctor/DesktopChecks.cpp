@@ -14,7 +14,7 @@ namespace wardlock::cli {
 namespace {
 
 using platform::BusState;
-using platform::MailWay;
+using platform::MailRouteKind;
 using Condition = platform::BusState::Condition;
 
 /// The font family of the window; the same as in window/items/Theme.h.
@@ -26,7 +26,7 @@ std::string nameOf(const BusState& bus) {
         return "the bus in DBUS_SESSION_BUS_ADDRESS (" + bus.address + ")";
     case BusState::Kind::User:
         return "the bus of your session (" + bus.address + ")";
-    case BusState::Kind::Own:
+    case BusState::Kind::Private:
         break;
     }
     return "the private bus of Wardlock (" + bus.address + ")";
@@ -38,7 +38,7 @@ std::string_view factOf(BusState::Kind kind) {
         return "named";
     case BusState::Kind::User:
         return "user";
-    case BusState::Kind::Own:
+    case BusState::Kind::Private:
         break;
     }
     return "own";
@@ -53,7 +53,7 @@ CheckResult checkBus() {
     result.facts["kind"] = factOf(bus.kind);
     result.facts["address"] = bus.address;
     switch (bus.condition) {
-    case Condition::Answers:
+    case Condition::Reachable:
         break;
     case Condition::NotStarted:
         result.text = nameOf(bus) + " starts with the first process that needs it";
@@ -71,8 +71,8 @@ CheckResult checkBus() {
     case Condition::Distrusted:
         result.fails(nameOf(bus) +
                          " cannot be used: its folder cannot be created, or other users have access to it",
-                     "Remove " + bus.ownFolder + ", or deny access to other users: chmod 700 " +
-                         shellWord(bus.ownFolder));
+                     "Remove " + bus.privateFolder + ", or deny access to other users: chmod 700 " +
+                         shellWord(bus.privateFolder));
         break;
     }
     if (!result.works)
@@ -120,20 +120,20 @@ CheckResult checkFonts() {
 
 CheckResult checkMail() {
     CheckResult result("mail", "Support mail", CheckResult::Need::Optional);
-    switch (platform::mailWay()) {
-    case MailWay::Portal:
+    switch (platform::firstMailRoute()) {
+    case MailRouteKind::Portal:
         result.text = "opens in your mail program through the desktop portal";
         result.facts["route"] = "portal";
         break;
-    case MailWay::Program:
+    case MailRouteKind::Program:
         result.text = "opens in your mail program through xdg-email";
         result.facts["route"] = "program";
         break;
-    case MailWay::Outbox:
+    case MailRouteKind::Outbox:
         result.text = "is saved in " + platform::pathOnDevice(platform::mailOutboxPath);
         result.facts["route"] = "outbox";
         break;
-    case MailWay::None:
+    case MailRouteKind::None:
         result.facts["route"] = nullptr;
         result.fails("cannot be sent: the row for support mail does nothing",
                      "Set up a mail program and install xdg-utils, or create an outbox folder: mkdir -p " +

@@ -66,14 +66,14 @@ std::string howToCreateRoot() {
 }
 
 /// Returns the first folder of the device root that another user could change.
-platform::FolderDoubt doubtOfRoot(const std::string& folderOfDocument) {
-    platform::FolderDoubt doubt = platform::doubtOfFolder(folderOfDocument);
+platform::FolderRisk riskOfRoot(const std::string& folderOfDocument) {
+    platform::FolderRisk risk = platform::riskOfFolder(folderOfDocument);
     for (const char* folder : shell::deviceFolders()) {
         const std::string path = platform::pathOnDevice(folder);
-        if (!doubt && statusOf(path))
-            doubt = platform::doubtOfFolder(path);
+        if (!risk && statusOf(path))
+            risk = platform::riskOfFolder(path);
     }
-    return doubt;
+    return risk;
 }
 
 /// Adds the number of accounts and the enabled one. Returns false when "kAccounts" is not a list.
@@ -141,11 +141,11 @@ CheckResult checkDeviceRoot() {
         return result.fails(result.text + ": no permission to write to " + folder,
                             "Run Wardlock as the owner of that folder: every change replaces the document "
                             "there.");
-    if (const platform::FolderDoubt doubt = doubtOfRoot(folder))
-        return result.fails(result.text + ": " + doubt.reason,
+    if (const platform::FolderRisk risk = riskOfRoot(folder))
+        return result.fails(result.text + ": " + risk.reason,
                             "Another user could read or replace your files there. If you own the folder: "
                             "chmod go-w " +
-                                shellWord(doubt.path) + "; otherwise, use another device root.");
+                                shellWord(risk.path) + "; otherwise, use another device root.");
     return result;
 }
 

@@ -28,7 +28,7 @@ std::string whyMissing(const std::string& path) {
     platform::FileStatus status;
     if (!files.status(path, platform::Links::Follow, status))
         return "";
-    if (!files.status(path, platform::Links::Keep, status))
+    if (!files.status(path, platform::Links::NoFollow, status))
         return path + " is a link to a missing file";
     return path + " does not exist";
 }

@@ -23,7 +23,7 @@ int pixelsOf(int points) {
 std::shared_ptr<UIImage> imageOf(const Application& application, int pixels) {
     std::string path =
         application.folder.empty() ? desktopIcon(application, pixels) : bundleIcon(application, pixels);
-    if (path.empty() || !IconFile::look(path))
+    if (path.empty() || !IconFile::read(path))
         return nullptr;
     return std::make_shared<UIImage>(std::move(path), std::string());
 }
@@ -36,7 +36,7 @@ Dictionary ApplicationList::applications() {
     add(bundleApplications(), names);
     if (deviceRootIsDefault())
         add(desktopApplications(), names);
-    hasLooked_ = true;
+    isSearched_ = true;
     std::erase_if(icons_, [this, &before](const auto& icon) {
         const auto now = applications_.find(icon.first);
         const auto then = before.find(icon.first);
@@ -46,7 +46,7 @@ Dictionary ApplicationList::applications() {
 }
 
 std::shared_ptr<UIImage> ApplicationList::iconOfSize(int size, std::string_view displayIdentifier) {
-    if (!hasLooked_)
+    if (!isSearched_)
         applications();
     const auto application = applications_.find(std::string(displayIdentifier));
     if (application == applications_.end() || size <= 0)

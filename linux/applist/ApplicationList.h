@@ -33,7 +33,7 @@ private:
 
     Applications applications_;
     std::unordered_map<std::string, std::vector<Icon>> icons_;
-    bool hasLooked_ = false;
+    bool isSearched_ = false;
 };
 
 } // namespace platform::applist

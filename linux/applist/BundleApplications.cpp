@@ -105,11 +105,11 @@ std::optional<Application> applicationIn(const std::string& folder, std::string_
 class Search {
 public:
     /// Returns false when the search has reached its bound, and has reported that.
-    bool lookIn(const std::string& folder) {
+    bool search(const std::string& folder) {
         for (const std::string& name : sortedNames(folder)) {
             if (name.size() <= Suffix.size() || !name.ends_with(Suffix))
                 continue;
-            if (!mayLookAtOneMore(folder))
+            if (!countFolder(folder))
                 return false;
             const auto folderName = std::string_view(name).substr(0, name.size() - Suffix.size());
             if (auto application = applicationIn(folder + "/" + name, folderName))
@@ -118,11 +118,11 @@ public:
         return true;
     }
 
-    bool lookInContainers(const std::string& folder) {
+    bool searchContainers(const std::string& folder) {
         for (const std::string& container : sortedNames(folder)) {
             if (++containers_ > MostFolders)
-                return tellTooMany(folder);
-            if (!lookIn(folder + "/" + container))
+                return reportTooMany(folder);
+            if (!search(folder + "/" + container))
                 return false;
         }
         return true;
@@ -131,10 +131,8 @@ public:
     std::vector<Application> take() { return std::move(found_); }
 
 private:
-    bool mayLookAtOneMore(const std::string& folder) {
-        return ++folders_ <= MostFolders || tellTooMany(folder);
-    }
-    static bool tellTooMany(const std::string& folder) {
+    bool countFolder(const std::string& folder) { return ++folders_ <= MostFolders || reportTooMany(folder); }
+    static bool reportTooMany(const std::string& folder) {
         diagnose("There are more applications in " + folder +
                  " than a list can show: the others are left out.");
         return false;
@@ -151,7 +149,7 @@ std::vector<Application> bundleApplications() {
     Search search;
     for (const Place& place : Places) {
         const std::string folder = pathOnDevice(place.devicePath);
-        if (!(place.inContainers ? search.lookInContainers(folder) : search.lookIn(folder)))
+        if (!(place.inContainers ? search.searchContainers(folder) : search.search(folder)))
             break;
     }
     return search.take();

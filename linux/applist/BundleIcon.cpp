@@ -49,7 +49,7 @@ public:
         if (folder_.empty() || FileSystem::current().resolve(folder_ + "/" + name, path) ||
             !isInside(path, folder_))
             return;
-        const std::optional<IconFile> icon = IconFile::look(path);
+        const std::optional<IconFile> icon = IconFile::read(path);
         if (!icon)
             return;
         Choice candidate{std::move(path), icon->pixels};

@@ -22,14 +22,14 @@ constexpr std::size_t MostNames = 4000;
 class Search {
 public:
     /// A folder's own entries come before those of the folders in it.
-    void lookIn(const std::string& folder, const std::string& prefix, int depth) {
+    void search(const std::string& folder, const std::string& prefix, int depth) {
         std::vector<std::string> names;
         if (!isNewFolder(folder) || FileSystem::current().list(folder, names))
             return;
         std::ranges::sort(names);
         std::vector<std::string> others;
         for (const std::string& name : names) {
-            if (!mayLookAtOneMore(folder))
+            if (!countFolder(folder))
                 return;
             if (name.size() > Suffix.size() && name.ends_with(Suffix))
                 add(prefix + name.substr(0, name.size() - Suffix.size()), folder + '/' + name);
@@ -37,13 +37,13 @@ public:
                 others.push_back(name);
         }
         for (const std::string& name : others)
-            lookIn(folder + '/' + name, prefix + name + '-', depth + 1);
+            search(folder + '/' + name, prefix + name + '-', depth + 1);
     }
 
     std::vector<DesktopFile> take() { return std::move(found_); }
 
 private:
-    bool mayLookAtOneMore(const std::string& folder) {
+    bool countFolder(const std::string& folder) {
         if (++names_ == MostNames + 1)
             diagnose("There are more desktop entries in " + folder +
                      " than a list can show: the others are left out.");
@@ -74,7 +74,7 @@ std::vector<DesktopFile> desktopFiles() {
         folders.emplace_back(*folder);
     Search search;
     for (const std::string& folder : folders)
-        search.lookIn(folder + "/applications", "", 1);
+        search.search(folder + "/applications", "", 1);
     return search.take();
 }
 

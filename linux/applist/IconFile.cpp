@@ -36,7 +36,7 @@ std::optional<IconFile> png(std::string_view bytes) {
 
 } // namespace
 
-std::optional<IconFile> IconFile::look(const std::string& path) {
+std::optional<IconFile> IconFile::read(const std::string& path) {
     std::string bytes;
     if (FileSystem::current().readFile(path, LargestFile, bytes))
         return std::nullopt;

@@ -13,7 +13,7 @@ struct IconFile {
 
     /// Reads the image in a regular file. Returns nothing for a file or an image that is too large, and for a
     /// format that the front ends cannot decode.
-    static std::optional<IconFile> look(const std::string& path);
+    static std::optional<IconFile> read(const std::string& path);
 };
 
 } // namespace platform::applist

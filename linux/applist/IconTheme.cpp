@@ -104,7 +104,7 @@ std::string fileIn(const std::string& folder, const std::string& name) {
         std::string path = folder + "/" + name;
         path.append(extension);
         FileStatus status;
-        if (!FileSystem::current().status(path, Links::Follow, status) && IconFile::look(path))
+        if (!FileSystem::current().status(path, Links::Follow, status) && IconFile::read(path))
             return path;
     }
     return {};

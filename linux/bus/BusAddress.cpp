@@ -27,8 +27,8 @@ std::string runtimeFolder() {
     return path;
 }
 
-constexpr const char* ownFolderName = "/wardlock-bus";
-constexpr const char* ownSocketName = "/bus";
+constexpr const char* privateFolderName = "/wardlock-bus";
+constexpr const char* privateSocketName = "/bus";
 
 /// A socket's name in the file system is short.
 bool fitsSocket(const std::string& path) {
@@ -43,7 +43,7 @@ bool isSocket(const std::string& path) {
 std::string folderBelowTmp() {
     char digits[20];
     const auto end = std::to_chars(digits, digits + sizeof digits, geteuid()).ptr;
-    return std::string("/tmp") + ownFolderName + '-' + std::string(digits, end);
+    return std::string("/tmp") + privateFolderName + '-' + std::string(digits, end);
 }
 
 bool goesUnescaped(char c) {
@@ -72,10 +72,10 @@ BusAddress busAddress() {
     const std::string runtime = runtimeFolder();
     if (!runtime.empty() && isSocket(runtime + "/bus"))
         return {busAddressOfSocket(runtime + "/bus"), {}, false};
-    std::string folder = runtime + ownFolderName;
-    if (runtime.empty() || !fitsSocket(folder + ownSocketName))
+    std::string folder = runtime + privateFolderName;
+    if (runtime.empty() || !fitsSocket(folder + privateSocketName))
         folder = folderBelowTmp();
-    return {busAddressOfSocket(folder + ownSocketName), folder, false};
+    return {busAddressOfSocket(folder + privateSocketName), folder, false};
 }
 
 } // namespace platform::bus

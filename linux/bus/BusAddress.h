@@ -9,7 +9,7 @@ struct BusAddress {
     /// In D-Bus's form; empty: there is no bus.
     std::string text;
     /// The folder of the private bus, which this process starts when no process listens; empty: another bus.
-    std::string ownFolder;
+    std::string privateFolder;
     /// Whether the environment names it.
     bool isNamed = false;
 };

@@ -14,7 +14,7 @@ namespace platform::mail {
 namespace {
 
 /// A tap on the mail row waits this long for each route at most.
-constexpr std::chrono::seconds patience{3};
+constexpr std::chrono::seconds timeout{3};
 
 MailOutcome sendBy(const std::vector<std::shared_ptr<MailRoute>>& routes, const MailMessage& message) {
     for (const auto& route : routes)
@@ -24,10 +24,10 @@ MailOutcome sendBy(const std::vector<std::shared_ptr<MailRoute>>& routes, const 
     return {MailOutcome::Kind::Failed, "No mail program could be reached."};
 }
 
-using Told = std::function<void(const MailOutcome&)>;
+using Completion = std::function<void(const MailOutcome&)>;
 
 /// `done` keeps objects of the main thread alive: it is handed over so that they are destroyed there.
-void tell(const MailOutcome& outcome, Told done) {
+void report(const MailOutcome& outcome, Completion done) {
     NSOperationQueue::mainQueue().addOperation([outcome, done = std::move(done)] { done(outcome); });
 }
 
@@ -36,12 +36,12 @@ void tell(const MailOutcome& outcome, Told done) {
 bool opensInTime(const std::shared_ptr<MailRoute>& route) {
     auto promise = std::make_shared<std::promise<bool>>();
     auto open = promise->get_future();
-    std::thread asking =
+    std::thread query =
         posix::startSignalMaskedThread([route, promise] { promise->set_value(route->isOpen()); });
-    if (!asking.joinable())
+    if (!query.joinable())
         return false;
-    asking.detach();
-    return open.wait_for(patience) == std::future_status::ready && open.get();
+    query.detach();
+    return open.wait_for(timeout) == std::future_status::ready && open.get();
 }
 
 bool LinuxMailService::canSendMail() {
@@ -49,14 +49,14 @@ bool LinuxMailService::canSendMail() {
 }
 
 void LinuxMailService::send(const MailMessage& message, std::function<void(const MailOutcome&)> done) {
-    const auto handedOver = std::make_shared<Told>(std::move(done));
+    const auto handedOver = std::make_shared<Completion>(std::move(done));
     std::thread sending = posix::startSignalMaskedThread([routes = routes_, message, handedOver] {
-        tell(sendBy(routes, message), std::exchange(*handedOver, {}));
+        report(sendBy(routes, message), std::exchange(*handedOver, {}));
     });
     if (sending.joinable())
         sending.detach();
     else
-        tell({MailOutcome::Kind::Failed, "The system has no room for another thread."}, *handedOver);
+        report({MailOutcome::Kind::Failed, "The system has no room for another thread."}, *handedOver);
 }
 
 } // namespace platform::mail

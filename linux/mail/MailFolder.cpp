@@ -79,7 +79,7 @@ std::error_code writeNewFile(const std::string& path, std::string_view bytes) {
 
 MailFolder::MailFolder(const std::vector<MailAttachment>& attachments) {
     const fs::path parent = parentFolder();
-    if (parent.empty() || !posix::prepareOwnFolder(parent.string()))
+    if (parent.empty() || !posix::prepareUserFolder(parent.string()))
         return;
     removeOldFolders(parent);
     path_ = (parent / (std::string(folderName) + "XXXXXX")).string();

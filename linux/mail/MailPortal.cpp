@@ -7,26 +7,26 @@ namespace platform::mail {
 
 namespace {
 
-constexpr std::chrono::seconds patienceForAnswer{2};
+constexpr std::chrono::seconds replyTimeout{2};
 /// The portal may ask the person which mail program to take.
-constexpr std::chrono::minutes patienceForPerson{5};
+constexpr std::chrono::minutes personTimeout{5};
 
 } // namespace
 
 bool MailPortal::isOpen() {
     const PortalBus bus = openPortalBus();
-    return bus && emailPortalVersion(*bus, patienceForAnswer);
+    return bus && emailPortalVersion(*bus, replyTimeout);
 }
 
 std::optional<MailOutcome> MailPortal::send(const MailMessage& message) {
     const PortalBus bus = openPortalBus();
-    const auto version = bus ? emailPortalVersion(*bus, patienceForAnswer) : std::nullopt;
+    const auto version = bus ? emailPortalVersion(*bus, replyTimeout) : std::nullopt;
     if (!version)
         return std::nullopt;
     const MailFolder folder(message.attachments);
     std::optional<PortalResponse> response;
     if (folder.complete())
-        response = composeEmail(*bus, *version, message, folder.files(), patienceForPerson);
+        response = composeEmail(*bus, *version, message, folder.files(), personTimeout);
     // The portal has the files open and needs their names no longer.
     folder.remove();
     if (response == PortalResponse::Done)

@@ -133,7 +133,7 @@ PortalBus openPortalBus() {
     const bus::BusAddress address = bus::busAddress();
     // A private bus has no portal.
     sd_bus* made = nullptr;
-    if (!address.ownFolder.empty() || sd_bus_new(&made) < 0)
+    if (!address.privateFolder.empty() || sd_bus_new(&made) < 0)
         return nullptr;
     PortalBus bus(made);
     const bool started = sd_bus_set_address(made, address.text.c_str()) >= 0 &&
@@ -149,12 +149,12 @@ std::optional<std::uint32_t> emailPortalVersion(sd_bus& bus, std::chrono::micros
     const bus::BusMessage call(made);
     if (sd_bus_message_append(made, "ss", emailInterface, "version") < 0)
         return std::nullopt;
-    sd_bus_message* answered = nullptr;
-    if (sd_bus_call(&bus, made, static_cast<std::uint64_t>(timeout.count()), nullptr, &answered) < 0)
+    sd_bus_message* received = nullptr;
+    if (sd_bus_call(&bus, made, static_cast<std::uint64_t>(timeout.count()), nullptr, &received) < 0)
         return std::nullopt;
-    const bus::BusMessage answer(answered);
+    const bus::BusMessage reply(received);
     std::uint32_t version = 0;
-    return sd_bus_message_read(answered, "v", "u", &version) >= 0 ? std::optional(version) : std::nullopt;
+    return sd_bus_message_read(received, "v", "u", &version) >= 0 ? std::optional(version) : std::nullopt;
 }
 
 std::optional<PortalResponse> composeEmail(sd_bus& bus, std::uint32_t version, const MailMessage& message,
@@ -179,10 +179,10 @@ std::optional<PortalResponse> composeEmail(sd_bus& bus, std::uint32_t version, c
     if (sd_bus_add_match(&bus, &subscribed, owners.c_str(), takeOwner, &response) < 0)
         return std::nullopt;
     const bus::BusSlot ownerSlot(subscribed);
-    sd_bus_message* answered = nullptr;
-    if (sd_bus_call(&bus, call.get(), static_cast<std::uint64_t>(timeout.count()), nullptr, &answered) < 0)
+    sd_bus_message* received = nullptr;
+    if (sd_bus_call(&bus, call.get(), static_cast<std::uint64_t>(timeout.count()), nullptr, &received) < 0)
         return std::nullopt;
-    const bus::BusMessage answer(answered);
+    const bus::BusMessage reply(received);
     waitForResponse(bus, response, timeout);
     return response ? std::optional(static_cast<PortalResponse>(*response)) : std::nullopt;
 }

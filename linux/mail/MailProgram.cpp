@@ -11,7 +11,7 @@ namespace {
 
 /// How long a failure may take to show. xdg-email waits for a mail program that was not running yet until
 /// that program is closed.
-constexpr std::chrono::seconds patience{10};
+constexpr std::chrono::seconds timeout{10};
 
 bool looksLikeAddress(const std::string& text) {
     return text.find('@') != std::string::npos && text.front() != '-';
@@ -36,7 +36,7 @@ std::optional<MailOutcome> MailProgram::send(const MailMessage& message) {
     for (const auto& recipient : message.recipients)
         if (looksLikeAddress(recipient))
             words.push_back(withoutControls(recipient));
-    const auto code = posix::startProgram(words, patience);
+    const auto code = posix::startProgram(words, timeout);
     if (code && *code == 0)
         return MailOutcome{MailOutcome::Kind::HandedOver, "The mail was handed to your mail program."};
     folder.remove();

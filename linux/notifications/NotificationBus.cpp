@@ -33,11 +33,11 @@ constexpr std::uint64_t mostUnsent = 64;
 } // namespace
 
 bool NotificationBus::subscribe() {
-    subscriptionWanted_ = true;
+    subscriptionRequested_ = true;
     connectIfDue(lastFailure_ + pauseAfterFailure);
     const bool effective = advanceUntil(Clock::now() + subscriptionTime,
                                         [this] { return subscription_ == Subscription::Effective; });
-    handshakeAwaited_ = handshakeAwaited_ || !effective;
+    waitedForHandshake_ = waitedForHandshake_ || !effective;
     return effective;
 }
 
@@ -65,7 +65,7 @@ short NotificationBus::events() const {
 
 std::optional<NotificationBus::Clock::time_point> NotificationBus::deadline() const {
     if (!connection_) {
-        const bool wanted = subscriptionWanted_ || !pending_.empty();
+        const bool wanted = subscriptionRequested_ || !pending_.empty();
         return wanted ? std::optional(nextAttempt_) : std::nullopt;
     }
     auto nearest = connection_->deadline();
@@ -75,7 +75,7 @@ std::optional<NotificationBus::Clock::time_point> NotificationBus::deadline() co
 }
 
 void NotificationBus::process() {
-    if (subscriptionWanted_ || !pending_.empty())
+    if (subscriptionRequested_ || !pending_.empty())
         connectIfDue(nextAttempt_);
     advance();
 }
@@ -88,11 +88,11 @@ void NotificationBus::connectIfDue(Clock::time_point due) {
 void NotificationBus::connect() {
     const bus::BusAddress address = bus::busAddress();
     startingElsewhere_ = false;
-    if (address.ownFolder.empty())
+    if (address.privateFolder.empty())
         connection_ = bus::BusConnection::open(address.text, bus::BusConnection::Peer::Any);
     else
-        connectToOwnBus(address);
-    handshakeAwaited_ = false;
+        connectToPrivateBus(address);
+    waitedForHandshake_ = false;
     if (!connection_) {
         lastFailure_ = Clock::now();
         scheduleNextAttempt();
@@ -100,8 +100,8 @@ void NotificationBus::connect() {
 }
 
 /// The folder first: in a folder that another user has put there, another user listens.
-void NotificationBus::connectToOwnBus(const bus::BusAddress& address) {
-    const bus::PrivateBus bus(address.ownFolder);
+void NotificationBus::connectToPrivateBus(const bus::BusAddress& address) {
+    const bus::PrivateBus bus(address.privateFolder);
     if (!bus.folderIsPrivate())
         return;
     connection_ = bus::BusConnection::open(address.text, bus::BusConnection::Peer::OwnUser);
@@ -135,7 +135,7 @@ void NotificationBus::advance() {
         stalled_ = false;
     if (subscription_ == Subscription::Refused && Clock::now() >= subscriptionRetry_)
         subscription_ = Subscription::None;
-    if (subscriptionWanted_ && subscription_ == Subscription::None)
+    if (subscriptionRequested_ && subscription_ == Subscription::None)
         askForSubscription();
     sendPending();
 }
@@ -223,9 +223,9 @@ void NotificationBus::sendPending() {
 
 /// Once for each connection: a bus that stalls must not delay every post.
 void NotificationBus::waitForHandshake() {
-    if (handshakeAwaited_ || isReady())
+    if (waitedForHandshake_ || isReady())
         return;
-    handshakeAwaited_ = !advanceUntil(Clock::now() + handshakeTime, [this] { return isReady(); });
+    waitedForHandshake_ = !advanceUntil(Clock::now() + handshakeTime, [this] { return isReady(); });
 }
 
 /// A process may end right after a post: what the socket did not take at once would be lost. A bus that reads
@@ -233,8 +233,8 @@ void NotificationBus::waitForHandshake() {
 void NotificationBus::waitForSocket() {
     const auto latest = Clock::now() + longestSocketTime;
     while (isReady() && !stalled_ && connection_->unsent() > 0) {
-        const auto patience = std::min(Clock::now() + socketTime, latest);
-        stalled_ = !connection_->wait(patience) || Clock::now() >= latest;
+        const auto deadline = std::min(Clock::now() + socketTime, latest);
+        stalled_ = !connection_->wait(deadline) || Clock::now() >= latest;
         advance();
     }
 }

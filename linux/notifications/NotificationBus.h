@@ -46,7 +46,7 @@ private:
     bool isReady() const { return connection_ && connection_->isReady(); }
     void connectIfDue(Clock::time_point due);
     void connect();
-    void connectToOwnBus(const bus::BusAddress& address);
+    void connectToPrivateBus(const bus::BusAddress& address);
     void scheduleNextAttempt();
     /// One step: an attempt that is due, received messages, messages that wait to be sent.
     void advance();
@@ -66,7 +66,7 @@ private:
     std::unique_ptr<bus::BusConnection> connection_;
     bus::BusSlot slot_;
     Subscription subscription_ = Subscription::None;
-    bool subscriptionWanted_ = false;
+    bool subscriptionRequested_ = false;
     Clock::time_point subscriptionRetry_{};
 
     /// When to connect again without a post, and how long to wait after the next failure.
@@ -76,7 +76,7 @@ private:
     /// Another process is about to start the private bus.
     bool startingElsewhere_ = false;
     /// The connection was accepted, or not in time: no post waits for it again.
-    bool handshakeAwaited_ = false;
+    bool waitedForHandshake_ = false;
     /// The bus did not read in time: no post waits again until everything has been sent.
     bool stalled_ = false;
     std::deque<Notification> pending_;

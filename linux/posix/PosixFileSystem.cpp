@@ -73,7 +73,7 @@ std::error_code openRegular(const std::string& path, int flags, Links links, Fil
         return invalidName();
     int number = noFile;
     flags |= O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
-    if (links == Links::Keep)
+    if (links == Links::NoFollow)
         number = ::open(path.c_str(), flags | O_NOFOLLOW);
     else if (std::error_code error = openThroughTrustedSymlinks(path, flags, number))
         return error;
@@ -193,7 +193,7 @@ std::error_code PosixFileSystem::create(const std::string& path, unsigned mode, 
 
 std::error_code PosixFileSystem::open(const std::string& path, FileHandle& file) {
     FileStatus status;
-    return openRegular(path, O_RDONLY, Links::Keep, file, status);
+    return openRegular(path, O_RDONLY, Links::NoFollow, file, status);
 }
 
 std::error_code PosixFileSystem::openToAppend(const std::string& path, FileHandle& file) {

@@ -21,7 +21,7 @@ bool preparePrivateFolder(const std::string& path) {
     return made || (status.st_mode & ALLPERMS) == S_IRWXU;
 }
 
-bool prepareOwnFolder(const std::string& path) {
+bool prepareUserFolder(const std::string& path) {
     PosixFileSystem files;
     if (makeFolders(files, path, S_IRWXU))
         return false;

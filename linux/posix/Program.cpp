@@ -105,15 +105,15 @@ bool readAll(int descriptor, Clock::time_point deadline, std::string& output) {
     }
 }
 
-enum class Patience { None, UntilItsEnd };
+enum class Wait { No, UntilItsEnd };
 
 /// Returns the exit code of a process that has ended, and reaps it; nothing while it runs. In a host that
 /// ignores the ends of its children the status is lost: then the code is that of a success.
-std::optional<int> takeExitCode(pid_t process, Patience patience) {
+std::optional<int> takeExitCode(pid_t process, Wait wait) {
     int status = 0;
     pid_t taken = 0;
     do
-        taken = waitpid(process, &status, patience == Patience::None ? WNOHANG : 0);
+        taken = waitpid(process, &status, wait == Wait::No ? WNOHANG : 0);
     while (taken < 0 && errno == EINTR);
     if (taken < 0)
         return 0;
@@ -125,7 +125,7 @@ std::optional<int> waitFor(pid_t process, Clock::time_point deadline) {
     constexpr int lookMilliseconds = 5;
     const FileDescriptor handle(static_cast<int>(syscall(SYS_pidfd_open, process, 0)));
     while (true) {
-        if (const auto code = takeExitCode(process, Patience::None))
+        if (const auto code = takeExitCode(process, Wait::No))
             return code;
         const int left = millisecondsUntil(deadline);
         if (left == 0)
@@ -139,7 +139,7 @@ std::optional<int> waitFor(pid_t process, Clock::time_point deadline) {
 /// Ends the processes that it started as well, which may have its output.
 void endSession(pid_t process) {
     kill(-process, SIGKILL);
-    takeExitCode(process, Patience::UntilItsEnd);
+    takeExitCode(process, Wait::UntilItsEnd);
 }
 
 } // namespace
@@ -179,15 +179,15 @@ std::optional<ProgramResult> runProgram(const std::vector<std::string>& words,
     return std::nullopt;
 }
 
-std::optional<int> startProgram(const std::vector<std::string>& words, std::chrono::milliseconds patience) {
+std::optional<int> startProgram(const std::vector<std::string>& words, std::chrono::milliseconds timeout) {
     const auto process = SpawnSetup(-1).start(words, Environment::Ours);
     if (!process)
         return std::nullopt;
-    if (const auto code = waitFor(*process, Clock::now() + patience))
+    if (const auto code = waitFor(*process, Clock::now() + timeout))
         return code;
     // A thread has to reap it when it ends.
     std::thread taking =
-        startSignalMaskedThread([process = *process] { takeExitCode(process, Patience::UntilItsEnd); });
+        startSignalMaskedThread([process = *process] { takeExitCode(process, Wait::UntilItsEnd); });
     if (taking.joinable())
         taking.detach();
     return 0;

@@ -29,7 +29,7 @@ std::optional<ProgramResult> runProgram(const std::vector<std::string>& words,
 
 /// Starts a program that continues by itself; its output is discarded. Returns its exit code when it ends
 /// within `timeout`, 0 when it is still running then, and nothing when it cannot be started.
-std::optional<int> startProgram(const std::vector<std::string>& words, std::chrono::milliseconds patience);
+std::optional<int> startProgram(const std::vector<std::string>& words, std::chrono::milliseconds timeout);
 
 /// Starts a program that puts itself into the background, without this process's environment, and waits until
 /// the started process has ended. Returns true when it succeeded within `timeout`; a slower one is ended.

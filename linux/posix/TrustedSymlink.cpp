@@ -62,7 +62,7 @@ std::error_code openThroughTrustedSymlinks(std::string path, int flags, int& des
         std::string text;
         if (std::error_code error = readTrustedSymlink(path, text))
             return error;
-        path = throughLink(path, text);
+        path = linkDestination(path, text);
     }
     return std::make_error_code(std::errc::too_many_symbolic_link_levels);
 }

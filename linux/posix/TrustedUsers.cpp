@@ -97,9 +97,9 @@ bool hasAccessList(const std::string& path) {
 TrustedUsers::TrustedUsers() : users_{0, ::geteuid()} {
     // An object of this library, to find the library's file.
     static const char here = 0;
-    for (const std::string& path : {std::string("/"), moduleHolding(&here)}) {
+    for (const std::string& path : {std::string("/"), moduleContaining(&here)}) {
         FileStatus status;
-        if (!realFileSystem().status(path, Links::Keep, status))
+        if (!realFileSystem().status(path, Links::NoFollow, status))
             users_.push_back(status.owner);
     }
 }

@@ -12,7 +12,7 @@ constexpr const char* settingsInterface = "org.freedesktop.portal.Settings";
 constexpr const char* appearance = "org.freedesktop.appearance";
 
 /// A desktop that is still starting takes its time over the first query, and no caller waits for the reply.
-constexpr std::uint64_t answerMicroseconds = 30'000'000;
+constexpr std::uint64_t replyMicroseconds = 30'000'000;
 
 /// Only the numbers of the portal's own table: all others count as no preference.
 constexpr std::uint32_t dark = 1;
@@ -23,17 +23,17 @@ constexpr std::uint32_t wanted = 1;
 
 AppearancePortal::AppearancePortal(std::function<void()> changed) : changed_(std::move(changed)) {
     // A private bus has no desktop on it.
-    if (const bus::BusAddress address = bus::busAddress(); address.ownFolder.empty())
+    if (const bus::BusAddress address = bus::busAddress(); address.privateFolder.empty())
         connection_ = bus::BusConnection::open(address.text, bus::BusConnection::Peer::Any);
     // Listens first: a change during the query is not lost.
-    if (!connection_ || !listen() || !ask())
-        leave();
+    if (!connection_ || !listen() || !query())
+        disconnect();
     posix::LoopSources::shared().add(*this);
 }
 
 AppearancePortal::~AppearancePortal() {
     posix::LoopSources::shared().remove(*this);
-    leave();
+    disconnect();
 }
 
 bool AppearancePortal::listen() {
@@ -57,7 +57,7 @@ bool AppearancePortal::listen(const std::string& match, sd_bus_message_handler_t
     return true;
 }
 
-bool AppearancePortal::ask() {
+bool AppearancePortal::query() {
     sd_bus_message* made = nullptr;
     if (sd_bus_message_new_method_call(connection_->bus(), &made, bus::desktopportal::service,
                                        bus::desktopportal::object, settingsInterface, "ReadAll") < 0)
@@ -65,28 +65,28 @@ bool AppearancePortal::ask() {
     const bus::BusMessage call(made);
     sd_bus_slot* slot = nullptr;
     if (sd_bus_message_append(made, "as", 1, appearance) < 0 ||
-        sd_bus_call_async(connection_->bus(), &slot, made, onAnswer, this, answerMicroseconds) < 0)
+        sd_bus_call_async(connection_->bus(), &slot, made, onReply, this, replyMicroseconds) < 0)
         return false;
-    question_.reset(slot);
+    query_.reset(slot);
     return true;
 }
 
-void AppearancePortal::leave() {
-    question_.reset();
+void AppearancePortal::disconnect() {
+    query_.reset();
     owners_.reset();
     changes_.reset();
     connection_.reset();
-    answered_ = true;
+    replied_ = true;
 }
 
-bool AppearancePortal::waitForAnswer(std::chrono::milliseconds patience) {
-    const auto deadline = Clock::now() + patience;
+bool AppearancePortal::waitForFirstReport(std::chrono::milliseconds timeout) {
+    const auto deadline = Clock::now() + timeout;
     process();
-    while (!answered_ && connection_->wait(deadline))
+    while (!replied_ && connection_->wait(deadline))
         process();
     // The loop has to watch what the connection now waits for.
     posix::LoopSources::shared().refresh();
-    return answered_;
+    return replied_;
 }
 
 int AppearancePortal::descriptor() const {
@@ -106,16 +106,16 @@ void AppearancePortal::process() {
         return;
     connection_->process();
     if (connection_->isLost())
-        leave();
-    if (look_ == told_)
+        disconnect();
+    if (current_ == reported_)
         return;
-    told_ = look_;
+    reported_ = current_;
     changed_();
 }
 
-int AppearancePortal::onAnswer(sd_bus_message* message, void* self, sd_bus_error*) {
+int AppearancePortal::onReply(sd_bus_message* message, void* self, sd_bus_error*) {
     auto& portal = *static_cast<AppearancePortal*>(self);
-    portal.answered_ = true;
+    portal.replied_ = true;
     if (sd_bus_message_is_method_error(message, nullptr) == 0)
         portal.readAll(message);
     return 1;
@@ -134,33 +134,33 @@ int AppearancePortal::onOwner(sd_bus_message* message, void* self, sd_bus_error*
     const char* before = nullptr;
     const char* now = nullptr;
     if (sd_bus_message_read(message, "sss", &name, &before, &now) > 0 && *now)
-        static_cast<AppearancePortal*>(self)->ask();
+        static_cast<AppearancePortal*>(self)->query();
     return 0;
 }
 
 /// The desktop has no preference for a setting that is missing in the reply.
-void AppearancePortal::readAll(sd_bus_message* answer) {
-    look_ = DesktopAppearance();
-    sd_bus_message_enter_container(answer, 'a', "{sa{sv}}");
-    while (sd_bus_message_enter_container(answer, 'e', "sa{sv}") > 0) {
+void AppearancePortal::readAll(sd_bus_message* reply) {
+    current_ = DesktopAppearance();
+    sd_bus_message_enter_container(reply, 'a', "{sa{sv}}");
+    while (sd_bus_message_enter_container(reply, 'e', "sa{sv}") > 0) {
         const char* space = nullptr;
-        if (sd_bus_message_read(answer, "s", &space) > 0 && std::string_view(space) == appearance)
-            readValues(answer);
+        if (sd_bus_message_read(reply, "s", &space) > 0 && std::string_view(space) == appearance)
+            readValues(reply);
         else
-            sd_bus_message_skip(answer, "a{sv}");
-        sd_bus_message_exit_container(answer);
+            sd_bus_message_skip(reply, "a{sv}");
+        sd_bus_message_exit_container(reply);
     }
 }
 
-void AppearancePortal::readValues(sd_bus_message* answer) {
-    sd_bus_message_enter_container(answer, 'a', "{sv}");
-    while (sd_bus_message_enter_container(answer, 'e', "sv") > 0) {
+void AppearancePortal::readValues(sd_bus_message* reply) {
+    sd_bus_message_enter_container(reply, 'a', "{sv}");
+    while (sd_bus_message_enter_container(reply, 'e', "sv") > 0) {
         const char* key = nullptr;
-        if (sd_bus_message_read(answer, "s", &key) > 0)
-            readValue(answer, key);
-        sd_bus_message_exit_container(answer);
+        if (sd_bus_message_read(reply, "s", &key) > 0)
+            readValue(reply, key);
+        sd_bus_message_exit_container(reply);
     }
-    sd_bus_message_exit_container(answer);
+    sd_bus_message_exit_container(reply);
 }
 
 void AppearancePortal::readValue(sd_bus_message* message, std::string_view key) {
@@ -168,19 +168,19 @@ void AppearancePortal::readValue(sd_bus_message* message, std::string_view key) 
     std::uint32_t value = 0;
     if (sd_bus_message_peek_type(message, nullptr, &type) > 0 && type && std::string_view(type) == "u") {
         if (sd_bus_message_read(message, "v", "u", &value) > 0)
-            take(key, value);
+            store(key, value);
     } else {
         sd_bus_message_skip(message, "v");
     }
 }
 
-void AppearancePortal::take(std::string_view key, std::uint32_t value) {
+void AppearancePortal::store(std::string_view key, std::uint32_t value) {
     if (key == "color-scheme")
-        look_.dark = value == dark || value == light ? std::optional(value == dark) : std::nullopt;
+        current_.dark = value == dark || value == light ? std::optional(value == dark) : std::nullopt;
     else if (key == "contrast")
-        look_.highContrast = value == wanted;
+        current_.highContrast = value == wanted;
     else if (key == "reduced-motion")
-        look_.reducedMotion = value == wanted;
+        current_.reducedMotion = value == wanted;
 }
 
 } // namespace platform::system

@@ -22,8 +22,8 @@ public:
     AppearancePortal(const AppearancePortal&) = delete;
     AppearancePortal& operator=(const AppearancePortal&) = delete;
 
-    const DesktopAppearance& look() const override { return look_; }
-    bool waitForAnswer(std::chrono::milliseconds patience) override;
+    const DesktopAppearance& current() const override { return current_; }
+    bool waitForFirstReport(std::chrono::milliseconds timeout) override;
 
     int descriptor() const override;
     short events() const override;
@@ -33,26 +33,26 @@ public:
 private:
     bool listen();
     bool listen(const std::string& match, sd_bus_message_handler_t handler, bus::BusSlot& slot);
-    bool ask();
-    void leave();
-    void readAll(sd_bus_message* answer);
-    void readValues(sd_bus_message* answer);
+    bool query();
+    void disconnect();
+    void readAll(sd_bus_message* reply);
+    void readValues(sd_bus_message* reply);
     void readValue(sd_bus_message* message, std::string_view key);
-    void take(std::string_view key, std::uint32_t value);
+    void store(std::string_view key, std::uint32_t value);
 
-    static int onAnswer(sd_bus_message* message, void* self, sd_bus_error* error);
+    static int onReply(sd_bus_message* message, void* self, sd_bus_error* error);
     static int onChange(sd_bus_message* message, void* self, sd_bus_error* error);
     static int onOwner(sd_bus_message* message, void* self, sd_bus_error* error);
 
     std::function<void()> changed_;
-    DesktopAppearance look_;
+    DesktopAppearance current_;
     /// The appearance of the last `changed_` call.
-    DesktopAppearance told_;
-    bool answered_ = false;
+    DesktopAppearance reported_;
+    bool replied_ = false;
     std::unique_ptr<bus::BusConnection> connection_;
     bus::BusSlot changes_;
     bus::BusSlot owners_;
-    bus::BusSlot question_;
+    bus::BusSlot query_;
 };
 
 } // namespace platform::system

@@ -86,7 +86,7 @@ ClassTable classesOfModule(void* handle) {
     return found == openModules().byHandle.end() ? ClassTable() : found->second.classes;
 }
 
-std::string moduleHolding(const void* address) {
+std::string moduleContaining(const void* address) {
     Dl_info info = {};
     void* extra = nullptr;
     if (::dladdr1(address, &info, &extra, RTLD_DL_LINKMAP) == 0)

@@ -21,11 +21,11 @@ namespace {
 using Clock = bus::BusConnection::Clock;
 
 /// Long enough that a busy bus does not count as broken.
-constexpr std::chrono::seconds patience{6};
+constexpr std::chrono::seconds timeout{6};
 
 bool letsUsIn(const std::string& address, bus::BusConnection::Peer peer) {
     const auto connection = bus::BusConnection::open(address, peer);
-    const auto deadline = Clock::now() + patience;
+    const auto deadline = Clock::now() + timeout;
     while (connection && !connection->isReady() && !connection->isLost()) {
         connection->process();
         if (!connection->isReady() && !connection->isLost() && !connection->wait(deadline))
@@ -36,19 +36,19 @@ bool letsUsIn(const std::string& address, bus::BusConnection::Peer peer) {
 
 bool canBePrivateFolder(const std::string& path) {
     FileStatus status;
-    if (FileSystem::current().status(path, Links::Keep, status) == std::errc::no_such_file_or_directory)
+    if (FileSystem::current().status(path, Links::NoFollow, status) == std::errc::no_such_file_or_directory)
         return mayWrite(folderOf(path));
     return posix::isPrivateFolder(path);
 }
 
 BusState::Condition conditionOf(const bus::BusAddress& address) {
     using enum BusState::Condition;
-    if (address.ownFolder.empty())
-        return letsUsIn(address.text, bus::BusConnection::Peer::Any) ? Answers : Unreachable;
-    if (!canBePrivateFolder(address.ownFolder))
+    if (address.privateFolder.empty())
+        return letsUsIn(address.text, bus::BusConnection::Peer::Any) ? Reachable : Unreachable;
+    if (!canBePrivateFolder(address.privateFolder))
         return Distrusted;
     if (letsUsIn(address.text, bus::BusConnection::Peer::OwnUser))
-        return Answers;
+        return Reachable;
     return posix::findProgram("dbus-daemon") ? NotStarted : NoDaemon;
 }
 
@@ -57,22 +57,23 @@ BusState::Condition conditionOf(const bus::BusAddress& address) {
 BusState busState() {
     const bus::BusAddress address = bus::busAddress();
     BusState state;
-    if (!address.ownFolder.empty())
-        state.kind = BusState::Kind::Own;
+    if (!address.privateFolder.empty())
+        state.kind = BusState::Kind::Private;
     else if (!address.isNamed)
         state.kind = BusState::Kind::User;
     state.condition = conditionOf(address);
     state.address = address.text;
-    state.ownFolder = address.ownFolder;
+    state.privateFolder = address.privateFolder;
     return state;
 }
 
-MailWay mailWay() {
+MailRouteKind firstMailRoute() {
     if (mail::opensInTime(std::make_shared<mail::MailPortal>()))
-        return MailWay::Portal;
+        return MailRouteKind::Portal;
     if (mail::opensInTime(std::make_shared<mail::MailProgram>()))
-        return MailWay::Program;
-    return mail::opensInTime(std::make_shared<mail::MailOutbox>()) ? MailWay::Outbox : MailWay::None;
+        return MailRouteKind::Program;
+    return mail::opensInTime(std::make_shared<mail::MailOutbox>()) ? MailRouteKind::Outbox
+                                                                   : MailRouteKind::None;
 }
 
 bool mayWrite(const std::string& path) {

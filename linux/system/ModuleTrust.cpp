@@ -32,16 +32,16 @@ public:
     std::string toFile() {
         std::string reason = toTheEnd();
         if (reason.empty())
-            reason = judge(here_, Place::File);
-        return reason.empty() ? judge(folderOf(here_), Place::LastFolder) : reason;
+            reason = check(here_, Place::File);
+        return reason.empty() ? check(folderOf(here_), Place::LastFolder) : reason;
     }
 
     /// The same for a folder.
-    FolderDoubt toFolder() {
+    FolderRisk toFolder() {
         std::string reason = toTheEnd();
         if (reason.empty())
-            reason = judge(here_, Place::LastFolder);
-        return {reason.empty() ? "" : judged_, reason};
+            reason = check(here_, Place::LastFolder);
+        return {reason.empty() ? "" : checked_, reason};
     }
 
 private:
@@ -65,14 +65,14 @@ private:
     }
 
     std::string step(const std::string& path) {
-        judged_ = path;
+        checked_ = path;
         FileStatus status;
-        if (std::error_code error = realFileSystem().status(path, Links::Keep, status))
+        if (std::error_code error = realFileSystem().status(path, Links::NoFollow, status))
             return path + ": " + error.message();
         if (status.kind == FileKind::Link)
             return follow(path, status);
         here_ = path;
-        return rest_.empty() ? "" : judge(path, Place::FolderAbove);
+        return rest_.empty() ? "" : check(path, Place::FolderAbove);
     }
 
     std::string follow(const std::string& link, const FileStatus& status) {
@@ -90,13 +90,13 @@ private:
         return "";
     }
 
-    std::string judge(const std::string& path, Place place) {
-        judged_ = path;
+    std::string check(const std::string& path, Place place) {
+        checked_ = path;
         // A user who can change a folder above this library can change the library.
         if (place != Place::File && isAbove(path, library_))
             return "";
         FileStatus status;
-        if (std::error_code error = realFileSystem().status(path, Links::Keep, status))
+        if (std::error_code error = realFileSystem().status(path, Links::NoFollow, status))
             return path + ": " + error.message();
         if (status.kind != (place == Place::File ? FileKind::Regular : FileKind::Folder))
             return path + ": " + (place == Place::File ? "not a file" : "not a folder");
@@ -114,12 +114,12 @@ private:
     }
 
     const posix::TrustedUsers users_;
-    const std::string library_ = moduleHolding(&writableByAll);
+    const std::string library_ = moduleContaining(&writableByAll);
     /// The position of the walk, a path without links, and the rest of the path.
     std::string here_ = "/";
     std::string rest_;
     /// The latest path that was checked.
-    std::string judged_;
+    std::string checked_;
     int links_ = 0;
 };
 
@@ -129,7 +129,7 @@ std::string reasonToDistrust(const std::string& path) {
     return Walk(path).toFile();
 }
 
-FolderDoubt doubtOfFolder(const std::string& path) {
+FolderRisk riskOfFolder(const std::string& path) {
     return Walk(path).toFolder();
 }
 

@@ -17,7 +17,7 @@ constexpr long MostRedirections = 10;
 /// For all responses of one fetch, redirections included.
 constexpr std::size_t LargestHeaders = std::size_t(256) * 1024;
 /// The interval at which a fetch checks whether its reader is still there.
-constexpr int LookMilliseconds = 250;
+constexpr int PollMilliseconds = 250;
 
 struct EasyRelease {
     void operator()(CURL* handle) const { curl_easy_cleanup(handle); }
@@ -63,7 +63,7 @@ void configure(CURL* handle, const std::string& url, const TextWebEngineOptions&
     curl_easy_setopt(handle, CURLOPT_REDIR_PROTOCOLS_STR, Schemes);
     curl_easy_setopt(handle, CURLOPT_FOLLOWLOCATION, 1L);
     curl_easy_setopt(handle, CURLOPT_MAXREDIRS, MostRedirections);
-    curl_easy_setopt(handle, CURLOPT_TIMEOUT_MS, static_cast<long>(options.patience.count()));
+    curl_easy_setopt(handle, CURLOPT_TIMEOUT_MS, static_cast<long>(options.timeout.count()));
     curl_easy_setopt(handle, CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(options.largestPage));
     curl_easy_setopt(handle, CURLOPT_ACCEPT_ENCODING, "");
     curl_easy_setopt(handle, CURLOPT_USERAGENT, "Wardlock");
@@ -98,7 +98,7 @@ std::optional<CURLcode> transfer(CURLM* transfers, CURL* handle, Wanted isWanted
                 result = message->data.result;
         }
         if (!result)
-            curl_multi_poll(transfers, nullptr, 0, LookMilliseconds, nullptr);
+            curl_multi_poll(transfers, nullptr, 0, PollMilliseconds, nullptr);
     }
     curl_multi_remove_handle(transfers, handle);
     return result;

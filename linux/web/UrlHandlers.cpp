@@ -9,7 +9,7 @@ namespace platform::web {
 
 namespace {
 
-constexpr std::chrono::seconds patience{3};
+constexpr std::chrono::seconds timeout{3};
 
 bool isLetter(char byte) {
     return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z');
@@ -41,8 +41,8 @@ std::string schemeOf(std::string_view url) {
 
 bool schemeHasHandler(std::string_view scheme) {
     const std::string type = "x-scheme-handler/" + std::string(scheme);
-    const auto answer = posix::runProgram({"xdg-mime", "query", "default", type}, patience);
-    return answer && answer->exitCode == 0 && answer->output.find(".desktop") != std::string::npos;
+    const auto result = posix::runProgram({"xdg-mime", "query", "default", type}, timeout);
+    return result && result->exitCode == 0 && result->output.find(".desktop") != std::string::npos;
 }
 
 bool hasDisplay() {

@@ -8,7 +8,7 @@ namespace platform {
 
 namespace {
 
-constexpr std::chrono::milliseconds usualPatience{1500};
+constexpr std::chrono::milliseconds usualTimeout{1500};
 
 bool isPlain(std::string_view url) {
     return std::ranges::all_of(url, [](char byte) { return byte > ' ' && byte != 0x7F; });
@@ -17,14 +17,14 @@ bool isPlain(std::string_view url) {
 } // namespace
 
 bool openURLOnSystem(std::string_view url) {
-    return openURLOnSystem(url, usualPatience);
+    return openURLOnSystem(url, usualTimeout);
 }
 
-bool openURLOnSystem(std::string_view url, std::chrono::milliseconds patience) {
+bool openURLOnSystem(std::string_view url, std::chrono::milliseconds timeout) {
     const std::string scheme = web::schemeOf(url);
     if (scheme.empty() || !isPlain(url) || !web::hasDisplay() || !web::schemeHasHandler(scheme))
         return false;
-    const auto code = posix::startProgram({"xdg-open", std::string(url)}, patience);
+    const auto code = posix::startProgram({"xdg-open", std::string(url)}, timeout);
     return code && *code == 0;
 }
 

@@ -60,7 +60,7 @@ std::error_code appendToFile(FileSystem& files, const std::string& path, std::st
     return failed ? failed : closed;
 }
 
-std::string throughLink(const std::string& link, const std::string& text) {
+std::string linkDestination(const std::string& link, const std::string& text) {
     if (text.starts_with('/'))
         return text;
     const std::string folder = folderOf(link);
@@ -69,14 +69,15 @@ std::string throughLink(const std::string& link, const std::string& text) {
 
 std::error_code followLinks(FileSystem& files, std::string& path, FileStatus& status) {
     for (int links = 0; links <= longestLinkChain; ++links) {
-        if (std::error_code error = uninterrupted([&] { return files.status(path, Links::Keep, status); }))
+        if (std::error_code error =
+                uninterrupted([&] { return files.status(path, Links::NoFollow, status); }))
             return error;
         if (status.kind != FileKind::Link)
             return {};
         std::string text;
         if (std::error_code error = uninterrupted([&] { return files.readLink(path, text); }))
             return error;
-        path = throughLink(path, text);
+        path = linkDestination(path, text);
     }
     return std::make_error_code(std::errc::too_many_symbolic_link_levels);
 }

@@ -31,7 +31,7 @@ using FileHandle = int;
 inline constexpr FileHandle noFile = -1;
 
 /// How a path is read whose last component is a symbolic link.
-enum class Links { Follow, Keep };
+enum class Links { Follow, NoFollow };
 
 /// The file calls of the platform layer, one function per call. The code above runs unchanged over the real
 /// files, over a memory double and over one that injects faults.
@@ -114,7 +114,7 @@ WARDLOCK_API std::error_code appendToFile(FileSystem& files, const std::string& 
 inline constexpr int longestLinkChain = 40;
 
 /// Returns where a symbolic link with this text leads.
-WARDLOCK_API std::string throughLink(const std::string& link, const std::string& text);
+WARDLOCK_API std::string linkDestination(const std::string& link, const std::string& text);
 
 /// Follows links in the last component. `path` becomes the name of something other than a link, or of nothing
 /// (std::errc::no_such_file_or_directory). `status` describes what is there.

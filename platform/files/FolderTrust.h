@@ -7,7 +7,7 @@
 namespace platform {
 
 /// A path that lets another user change what is in a folder.
-struct FolderDoubt {
+struct FolderRisk {
     /// The folder or link that lets another user in: the one asked about, or one on the path to it.
     std::string path;
     /// The reason, in one line that begins with the path; empty where no other user can change anything.
@@ -20,6 +20,6 @@ struct FolderDoubt {
 /// replace the folder by another. The folder and all above it follow the rules for a module's folders
 /// (DynamicLibrary.h). Each must belong to the user, to root or to the owner of this library, and no other
 /// user may write to it. A folder further up may be sticky.
-WARDLOCK_API FolderDoubt doubtOfFolder(const std::string& path);
+WARDLOCK_API FolderRisk riskOfFolder(const std::string& path);
 
 } // namespace platform

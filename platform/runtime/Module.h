@@ -29,6 +29,6 @@ std::string reasonToDistrust(const std::string& path);
 ClassTable classesOfModule(void* handle);
 
 /// Returns the file of the program or library that contains the address, without links; empty when none does.
-std::string moduleHolding(const void* address);
+std::string moduleContaining(const void* address);
 
 } // namespace platform

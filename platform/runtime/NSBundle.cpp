@@ -57,7 +57,7 @@ std::shared_ptr<NSBundle> NSBundle::bundleForObject(const Object& object) {
 }
 
 std::shared_ptr<NSBundle> NSBundle::bundleForClass(const std::type_info& type) {
-    const std::string own = folderOf(moduleHolding(&type));
+    const std::string own = folderOf(moduleContaining(&type));
     std::string folder = own;
     for (int level = 0; level < searchedFolders; ++level) {
         if (const std::optional<Dictionary> info = infoIn(folder))

@@ -26,10 +26,10 @@ public:
     virtual ~DesktopAppearanceMonitor() = default;
 
     /// Returns the desktop's last report; no preferences before the first.
-    virtual const DesktopAppearance& look() const = 0;
+    virtual const DesktopAppearance& current() const = 0;
     /// Waits for the first report, or until it is certain that none will come. Returns false when `timeout`
     /// has passed; a later report then counts as a change.
-    virtual bool waitForAnswer(std::chrono::milliseconds patience) = 0;
+    virtual bool waitForFirstReport(std::chrono::milliseconds timeout) = 0;
 };
 
 /// Queries the desktop's settings portal over the session bus, without waiting for it. `changed` is called

@@ -12,12 +12,12 @@ namespace platform {
 /// The message bus that carries change notifications to other processes.
 struct BusState {
     enum class Kind {
-        Named, ///< by DBUS_SESSION_BUS_ADDRESS
-        User,  ///< the user's bus in XDG_RUNTIME_DIR
-        Own,   ///< a private bus, which the product starts itself
+        Named,   ///< by DBUS_SESSION_BUS_ADDRESS
+        User,    ///< the user's bus in XDG_RUNTIME_DIR
+        Private, ///< a private bus, which the product starts itself
     };
     enum class Condition {
-        Answers,
+        Reachable,
         NotStarted,  ///< private: the first process that needs it starts it
         Unreachable, ///< no process listens, or it refuses the connection
         NoDaemon,    ///< private, and no dbus-daemon program is installed
@@ -28,14 +28,14 @@ struct BusState {
     /// In D-Bus's form.
     std::string address;
     /// The folder of the private bus; empty for another bus.
-    std::string ownFolder;
+    std::string privateFolder;
 };
 WARDLOCK_API BusState busState();
 
 /// Returns the first way by which a mail would leave this machine now. A query starts the desktop's portal
 /// where there is one.
-enum class MailWay { None, Portal, Program, Outbox };
-WARDLOCK_API MailWay mailWay();
+enum class MailRouteKind { None, Portal, Program, Outbox };
+WARDLOCK_API MailRouteKind firstMailRoute();
 
 /// Returns whether this user may write to a path of this machine.
 WARDLOCK_API bool mayWrite(const std::string& path);

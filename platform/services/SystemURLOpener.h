@@ -13,6 +13,6 @@ WARDLOCK_API bool openURLOnSystem(std::string_view url);
 
 /// The same with another `timeout`: how long a failure to open may take to show. A handler that still runs
 /// then has the URL.
-WARDLOCK_API bool openURLOnSystem(std::string_view url, std::chrono::milliseconds patience);
+WARDLOCK_API bool openURLOnSystem(std::string_view url, std::chrono::milliseconds timeout);
 
 } // namespace platform

@@ -14,7 +14,7 @@ namespace platform {
 struct TextWebEngineOptions {
     std::size_t largestPage = 1u << 20;
     /// From the beginning of a load to its end, redirections included: a request's time-out on the platform.
-    std::chrono::milliseconds patience = std::chrono::seconds(60);
+    std::chrono::milliseconds timeout = std::chrono::seconds(60);
     /// "host:port:address:port": connections to the first pair go to the second.
     std::string connectTo;
 };

@@ -4,7 +4,7 @@ namespace platform {
 
 namespace {
 
-class NobodyWatching : public DisplayObserver {
+class NoObserver : public DisplayObserver {
     void viewChanged(UIView&) override {}
     void controllerChanged(UIViewController&) override {}
     void listReloaded(UIViewController&) override {}
@@ -20,8 +20,8 @@ DisplayObserver* currentObserver = nullptr;
 DisplayObserver::~DisplayObserver() = default;
 
 DisplayObserver& DisplayObserver::current() {
-    static NobodyWatching nobody;
-    return currentObserver ? *currentObserver : nobody;
+    static NoObserver none;
+    return currentObserver ? *currentObserver : none;
 }
 
 void DisplayObserver::setCurrent(DisplayObserver* observer) {

@@ -35,7 +35,7 @@ constexpr const char* appListModule = "AppList.dylib";
 
 /// Returns whether another user could neither have put files there nor can do so now.
 bool isFolderOfOurs(const std::string& path) {
-    return !platform::doubtOfFolder(path);
+    return !platform::riskOfFolder(path);
 }
 
 } // namespace
@@ -95,8 +95,8 @@ bool Provision::makeFolder(const std::string& path) {
         report("cannot create folder " + path + ": " + error.message());
         return false;
     }
-    if (const platform::FolderDoubt doubt = platform::doubtOfFolder(path)) {
-        report("cannot use folder " + path + ": " + doubt.reason);
+    if (const platform::FolderRisk risk = platform::riskOfFolder(path)) {
+        report("cannot use folder " + path + ": " + risk.reason);
         return false;
     }
     return true;

@@ -20,7 +20,7 @@ void LocalWeb::use(const platform::TextWebEngineOptions& options) {
 
 void LocalWeb::useFor(const std::string& host, int port) {
     platform::TextWebEngineOptions options;
-    options.patience = testTimeout;
+    options.timeout = testTimeout;
     options.connectTo = host + ":80:127.0.0.1:" + std::to_string(port);
     use(options);
 }

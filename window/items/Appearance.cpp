@@ -52,7 +52,7 @@ void Appearance::forceTextScale(std::optional<double> scale) {
 
 void Appearance::awaitDesktop() {
     if (desktop_)
-        desktop_->waitForAnswer(firstReply);
+        desktop_->waitForFirstReport(firstReply);
 }
 
 void Appearance::ignoreDesktop() {

@@ -39,7 +39,7 @@ signals:
 private:
     bool eventFilter(QObject* watched, QEvent* event) override;
     platform::DesktopAppearance desktopAppearance() const {
-        return desktop_ ? desktop_->look() : platform::DesktopAppearance();
+        return desktop_ ? desktop_->current() : platform::DesktopAppearance();
     }
 
     std::unique_ptr<platform::DesktopAppearanceMonitor> desktop_;

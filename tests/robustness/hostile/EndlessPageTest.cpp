@@ -38,7 +38,7 @@ protected:
 
     /// How the load of the page ended.
     std::string load(const std::string& path, std::chrono::milliseconds longest) {
-        const auto engine = platform::makeTextWebEngine({.patience = longest, .connectTo = ""});
+        const auto engine = platform::makeTextWebEngine({.timeout = longest, .connectTo = ""});
         platform::WebEngine::setCurrent(engine.get());
         const auto reports = std::make_shared<Reports>();
         const auto view = std::make_shared<platform::UIWebView>(platform::CGRectZero);

@@ -17,7 +17,7 @@ namespace wardlock::test {
 namespace {
 
 namespace fs = std::filesystem;
-using platform::doubtOfFolder;
+using platform::riskOfFolder;
 using shell::Provision;
 
 /// What a person is told when such a folder is met, and nothing more.
@@ -122,7 +122,7 @@ protected:
             if (!OwnMounts::putInPlace("/etc/passwd", users, folder() / "passwd") ||
                 !OwnMounts::putInPlace("/etc/group", groups, folder() / "group"))
                 return 2;
-            const auto found = doubtOfFolder(onDisk("/shared"));
+            const auto found = riskOfFolder(onDisk("/shared"));
             return !found ? 0 : found.reason.ends_with(" can be changed by a group of users") ? 1 : 3;
         });
         EXPECT_TRUE(result == 0 || result == 1) << result;

@@ -79,8 +79,8 @@ TEST_F(Portal, ThatNeverAnswersLeavesEverythingElseAtWork) {
     // The main thread goes on: with a listener that hears of a change, and with a look that nobody tells.
     int changes = 0;
     const auto watch = platform::monitorDesktopAppearance([&] { ++changes; });
-    EXPECT_FALSE(watch->waitForAnswer(std::chrono::milliseconds(1)));
-    EXPECT_EQ(watch->look(), DesktopAppearance());
+    EXPECT_FALSE(watch->waitForFirstReport(std::chrono::milliseconds(1)));
+    EXPECT_EQ(watch->current(), DesktopAppearance());
     EXPECT_EQ(runProcess(programFolder() + "/wardlock", {"status"}).exitCode, 0);
     EXPECT_FALSE(answered);
     EXPECT_EQ(changes, 0);
@@ -91,8 +91,8 @@ TEST_F(Portal, ThatTellsTheLookInAnotherFormTellsNone) {
         startPortal(lie);
         const auto watch =
             platform::monitorDesktopAppearance([] { ADD_FAILURE() << "a look was taken from it"; });
-        EXPECT_TRUE(watch->waitForAnswer(testTimeout)) << lie;
-        EXPECT_EQ(watch->look(), DesktopAppearance()) << lie;
+        EXPECT_TRUE(watch->waitForFirstReport(testTimeout)) << lie;
+        EXPECT_EQ(watch->current(), DesktopAppearance()) << lie;
     }
 }
 

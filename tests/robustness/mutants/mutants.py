@@ -368,7 +368,7 @@ ALL = [
         ("linux/bus/PrivateBus.cpp", "    if (!socket)\n        return Listener::Unknown;", "    if (!socket)\n        return Listener::None;"),
     ]),
     Mutant("applications-without-end", "any number of folders is looked at for applications", ("tests.hostile/Bombs",), [
-        ("linux/applist/BundleApplications.cpp", "return ++folders_ <= MostFolders || tellTooMany(folder);", "return ++folders_ != 0 || tellTooMany(folder);"),
+        ("linux/applist/BundleApplications.cpp", "return ++folders_ <= MostFolders || reportTooMany(folder);", "return ++folders_ != 0 || reportTooMany(folder);"),
     ]),
     Mutant("terminal-obeys-values", "a terminal gets the control characters of a value", ("tests.cli/Output",), [
         ("cli/io/Output.cpp", "Terminal::showsOutput() ? shell::escaped(", "Terminal::showsOutput() && text.empty() ? shell::escaped("),
@@ -507,19 +507,19 @@ ALL = [
         ("linux/posix/TrustedUsers.cpp", "    return !isFirstGroupOfAnother(user, group);", "    return !isFirstGroupOfAnother(user, group) || !name.empty();"),
     ]),
     Mutant("device-folder-of-another", "a folder of the device is used whoever it belongs to", ("tests.hostile/FoldersOfOthers",), [
-        ("shell/device/Provision.cpp", "if (const platform::FolderDoubt doubt = platform::doubtOfFolder(path)) {",
-         "if (const platform::FolderDoubt doubt; doubt) {"),
+        ("shell/device/Provision.cpp", "if (const platform::FolderRisk risk = platform::riskOfFolder(path)) {",
+         "if (const platform::FolderRisk risk; risk) {"),
     ]),
     Mutant("home-of-a-group", "a document is created in a home that others may change", ("tests.hostile/FoldersOfOthers",), [
-        ("settings/Document.cpp", " && !platform::doubtOfFolder(nearestExisting(folder))", " && !nearestExisting(folder).empty()"),
+        ("settings/Document.cpp", " && !platform::riskOfFolder(nearestExisting(folder))", " && !nearestExisting(folder).empty()"),
     ]),
     Mutant("device-folder-open-first", "a new folder of the device is open to others", ("tests.shell/ProvisionTest",), [
         ("shell/device/Provision.cpp", "platform::makeFolders(platform::FileSystem::current(), path, privateMode)",
          "platform::makeFolders(platform::FileSystem::current(), path, 0777)"),
     ]),
     Mutant("open-folder-unreported", "the doctor overlooks a folder that others may change", ("tests.cli/Doctor",), [
-        ("cli/doctor/DeviceChecks.cpp", "if (const platform::FolderDoubt doubt = doubtOfRoot(folder))",
-         "if (const platform::FolderDoubt doubt = doubtOfRoot(folder); doubt && folder.empty())"),
+        ("cli/doctor/DeviceChecks.cpp", "if (const platform::FolderRisk risk = riskOfRoot(folder))",
+         "if (const platform::FolderRisk risk = riskOfRoot(folder); risk && folder.empty())"),
     ]),
     Mutant("advice-unquoted", "what the doctor advises to type is not quoted", ("tests.cli/ShellWord", "tests.cli/Doctor"), [
         ("cli/io/ShellWord.cpp", "    if (isPlain(text))", "    if (isPlain(text) || !text.empty())"),

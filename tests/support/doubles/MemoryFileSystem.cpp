@@ -108,7 +108,7 @@ std::optional<std::string> MemoryFileSystem::contents(const std::string& path) c
 
 std::optional<FileStatus> MemoryFileSystem::statusOf(const std::string& path) const {
     std::error_code error;
-    const auto node = find(path, Links::Keep, error);
+    const auto node = find(path, Links::NoFollow, error);
     return node ? std::optional(node->status) : std::nullopt;
 }
 
@@ -194,7 +194,7 @@ std::shared_ptr<MemoryFileSystem::Node> MemoryFileSystem::find(std::string path,
             return nullptr;
         }
         const auto& node = found->second;
-        if (node->status.kind != FileKind::Link || links == Links::Keep)
+        if (node->status.kind != FileKind::Link || links == Links::NoFollow)
             return node;
         path = node->text.starts_with('/') ? node->text : platform::folderOf(path) + '/' + node->text;
     }
@@ -280,7 +280,7 @@ std::error_code MemoryFileSystem::status(FileHandle file, FileStatus& status) {
 
 std::error_code MemoryFileSystem::readLink(const std::string& path, std::string& target) {
     std::error_code error;
-    const auto node = find(path, Links::Keep, error);
+    const auto node = find(path, Links::NoFollow, error);
     if (!node)
         return error;
     if (node->status.kind != FileKind::Link)
@@ -331,7 +331,7 @@ std::error_code MemoryFileSystem::create(const std::string& path, unsigned mode,
 }
 
 std::error_code MemoryFileSystem::open(const std::string& path, FileHandle& file) {
-    return openExisting(path, Links::Keep, false, file);
+    return openExisting(path, Links::NoFollow, false, file);
 }
 
 std::error_code MemoryFileSystem::openToAppend(const std::string& path, FileHandle& file) {
@@ -422,7 +422,7 @@ std::error_code MemoryFileSystem::rename(const std::string& from, const std::str
 std::error_code MemoryFileSystem::link(const std::string& file, const std::string& name) {
     record("link " + withoutTemporaryName(file) + " " + withoutTemporaryName(name));
     std::error_code error;
-    const auto node = find(file, Links::Keep, error);
+    const auto node = find(file, Links::NoFollow, error);
     return node ? add(name, node) : error;
 }
 

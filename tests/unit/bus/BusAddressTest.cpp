@@ -24,7 +24,7 @@ protected:
 TEST_F(BusAddressTest, IsTheOneThatTheSessionNames) {
     environment.set("DBUS_SESSION_BUS_ADDRESS", "unix:path=/a;unix:path=/b");
     EXPECT_EQ(busAddress().text, "unix:path=/a;unix:path=/b");
-    EXPECT_EQ(busAddress().ownFolder, "");
+    EXPECT_EQ(busAddress().privateFolder, "");
 }
 
 TEST_F(BusAddressTest, IsTheUsersBusWhereItExists) {
@@ -32,31 +32,31 @@ TEST_F(BusAddressTest, IsTheUsersBusWhereItExists) {
     std::filesystem::create_symlink(bus.address().substr(std::string("unix:path=").size()),
                                     runtime() + "/bus");
     EXPECT_EQ(busAddress().text, "unix:path=" + runtime() + "/bus");
-    EXPECT_EQ(busAddress().ownFolder, "");
+    EXPECT_EQ(busAddress().privateFolder, "");
 }
 
 TEST_F(BusAddressTest, IsOurOwnInTheRuntimeFolderOtherwise) {
     EXPECT_EQ(busAddress().text, "unix:path=" + runtime() + "/wardlock-bus/bus");
-    EXPECT_EQ(busAddress().ownFolder, runtime() + "/wardlock-bus");
+    EXPECT_EQ(busAddress().privateFolder, runtime() + "/wardlock-bus");
 }
 
 TEST_F(BusAddressTest, TakesAnEmptyNameForNone) {
     environment.set("DBUS_SESSION_BUS_ADDRESS", "");
-    EXPECT_EQ(busAddress().ownFolder, runtime() + "/wardlock-bus");
+    EXPECT_EQ(busAddress().privateFolder, runtime() + "/wardlock-bus");
 }
 
 TEST_F(BusAddressTest, TakesNoPlainFileForTheUsersBus) {
     std::ofstream(runtime() + "/bus") << "not a socket";
-    EXPECT_EQ(busAddress().ownFolder, runtime() + "/wardlock-bus");
+    EXPECT_EQ(busAddress().privateFolder, runtime() + "/wardlock-bus");
 }
 
 TEST_F(BusAddressTest, IsOurOwnBelowTmpWithoutARuntimeFolder) {
     environment.unset("XDG_RUNTIME_DIR");
-    EXPECT_EQ(busAddress().ownFolder, folderBelowTmp());
+    EXPECT_EQ(busAddress().privateFolder, folderBelowTmp());
     EXPECT_EQ(busAddress().text, "unix:path=" + folderBelowTmp() + "/bus");
     for (const std::string& unusable : {std::string("run"), runtime() + "/missing"}) {
         environment.set("XDG_RUNTIME_DIR", unusable);
-        EXPECT_EQ(busAddress().ownFolder, folderBelowTmp()) << unusable;
+        EXPECT_EQ(busAddress().privateFolder, folderBelowTmp()) << unusable;
     }
 }
 
@@ -68,7 +68,7 @@ TEST_F(BusAddressTest, IsOurOwnBelowTmpWhereTheRuntimeFoldersNameIsTooLongForASo
         std::filesystem::permissions(path, std::filesystem::perms::owner_all);
         environment.set("XDG_RUNTIME_DIR", path);
         const bool fits = path == runtime;
-        EXPECT_EQ(busAddress().ownFolder, fits ? path + "/wardlock-bus" : folderBelowTmp());
+        EXPECT_EQ(busAddress().privateFolder, fits ? path + "/wardlock-bus" : folderBelowTmp());
     }
 }
 

@@ -50,7 +50,7 @@ protected:
     }
     FileStatus statusOf(const std::string& path) {
         FileStatus status;
-        EXPECT_FALSE(files.status(path, Links::Keep, status));
+        EXPECT_FALSE(files.status(path, Links::NoFollow, status));
         return status;
     }
     /// The answer, an errno value, of what runs in a process of an ordinary user.

@@ -25,11 +25,11 @@ protected:
     }
     void watchUntilAnswered() {
         watch();
-        EXPECT_TRUE(watch_->waitForAnswer(testTimeout));
+        EXPECT_TRUE(watch_->waitForFirstReport(testTimeout));
     }
-    const DesktopAppearance& look() const { return watch_->look(); }
+    const DesktopAppearance& look() const { return watch_->current(); }
     bool becomes(const DesktopAppearance& look) const {
-        return platform::MainLoop::shared().runUntil([&] { return watch_->look() == look; }, testTimeout);
+        return platform::MainLoop::shared().runUntil([&] { return watch_->current() == look; }, testTimeout);
     }
     int changes() const { return changes_; }
     platform::DesktopAppearanceMonitor& watched() { return *watch_; }
@@ -122,7 +122,7 @@ TEST_F(DesktopAppearanceTest, IsNotWaitedForWhenTheBusStandsStill) {
     const auto portal = startPortal({"color-scheme=1"});
     bus.stop();
     watch();
-    EXPECT_FALSE(watched().waitForAnswer(std::chrono::milliseconds(1)));
+    EXPECT_FALSE(watched().waitForFirstReport(std::chrono::milliseconds(1)));
     EXPECT_EQ(look(), DesktopAppearance());
     bus.resume();
     EXPECT_TRUE(becomes({true, false, false}));

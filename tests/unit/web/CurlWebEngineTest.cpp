@@ -78,7 +78,7 @@ TEST_F(CurlWebEngine, TellsAFailureWhereTheSystemHasNoMoreThreads) {
 }
 
 TEST_F(CurlWebEngine, GivesUpOnAServerThatStaysSilent) {
-    use({.largestPage = 1000, .patience = 200ms, .connectTo = ""});
+    use({.largestPage = 1000, .timeout = 200ms, .connectTo = ""});
     server.hang("/slow");
     view->loadRequest({server.url("/slow")});
     EXPECT_EQ(after(2), (Told{"start", "fail"}));
@@ -86,7 +86,7 @@ TEST_F(CurlWebEngine, GivesUpOnAServerThatStaysSilent) {
 }
 
 TEST_F(CurlWebEngine, RefusesAPageThatIsTooLarge) {
-    use({.largestPage = 1000, .patience = testTimeout, .connectTo = ""});
+    use({.largestPage = 1000, .timeout = testTimeout, .connectTo = ""});
     server.answer("/large", std::string(1001, 'x'));
     server.answerRaw("/endless", "HTTP/1.1 200 OK\r\n\r\n" + std::string(5000, 'x'));
     server.answer("/fits", std::string(1000, 'x'));
@@ -158,7 +158,7 @@ TEST_F(CurlWebEngine, OfTwoLoadsAskedForAtOnceMakesOnlyTheSecond) {
 }
 
 TEST_F(CurlWebEngine, IsAsPatientAsThePlatformsRequests) {
-    EXPECT_EQ(platform::TextWebEngineOptions().patience, 60s);
+    EXPECT_EQ(platform::TextWebEngineOptions().timeout, 60s);
 }
 
 TEST_F(CurlWebEngine, GivesUpWhenTheViewIsGone) {
