@@ -125,7 +125,7 @@ bool Listener::receive(InputResult& answer, int milliseconds) const {
            read(answers_, &answer, sizeof answer) == static_cast<ssize_t>(sizeof answer);
 }
 
-void Listener::tell(std::uint64_t value) {
+void Listener::send(std::uint64_t value) {
     static const int descriptor = std::atoi(std::getenv(pipeVariable));
     const InputResult answer{wallNanoseconds(), value};
     if (write(descriptor, &answer, sizeof answer) != static_cast<ssize_t>(sizeof answer))
@@ -133,11 +133,11 @@ void Listener::tell(std::uint64_t value) {
 }
 
 void Listener::ready() {
-    tell(readyValue);
+    send(readyValue);
 }
 
 void Listener::saw(bool value) {
-    tell(value);
+    send(value);
 }
 
 } // namespace wardlock::bench

@@ -51,7 +51,7 @@ private:
     /// Makes one change; returns false when its callback did not come. A null `samples` is a warm-up.
     static bool measureOnce(const Measured& measured, bool value, Samples* samples);
     static void reportWith(const Measured& measured, Samples samples, int lost);
-    static void tell(std::uint64_t value);
+    static void send(std::uint64_t value);
     bool receive(InputResult& answer, int milliseconds) const;
     int process_ = -1;
     int answers_ = -1;

@@ -28,7 +28,7 @@ Row row(std::string operation, std::string name = "wardlock") {
 platform::Dictionary loaded(const std::string& file) {
     const auto document = platform::dictionaryWithContentsOfFile(file);
     if (!document)
-        fail("the file is no document");
+        fail("the file is not a document");
     return *document;
 }
 
@@ -53,7 +53,7 @@ void measureLookUpBy(const std::string& name, const std::vector<std::string_view
 void measureParse(const std::string& file) {
     const std::string bytes = fileBytes(file);
     if (!platform::propertyListWithData(bytes))
-        fail("the file is no property list");
+        fail("the file is not a property list");
     measure(row("parse"), [&] { keep(platform::propertyListWithData(bytes).has_value()); });
 }
 

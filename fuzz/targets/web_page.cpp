@@ -11,8 +11,8 @@
 
 namespace {
 
-void check(bool holds) {
-    if (!holds)
+void check(bool condition) {
+    if (!condition)
         std::abort();
 }
 

@@ -23,7 +23,7 @@ using Clock = bus::BusConnection::Clock;
 /// Long enough that a busy bus does not count as broken.
 constexpr std::chrono::seconds timeout{6};
 
-bool letsUsIn(const std::string& address, bus::BusConnection::Peer peer) {
+bool acceptsConnection(const std::string& address, bus::BusConnection::Peer peer) {
     const auto connection = bus::BusConnection::open(address, peer);
     const auto deadline = Clock::now() + timeout;
     while (connection && !connection->isReady() && !connection->isLost()) {
@@ -44,10 +44,10 @@ bool canBePrivateFolder(const std::string& path) {
 BusState::Condition conditionOf(const bus::BusAddress& address) {
     using enum BusState::Condition;
     if (address.privateFolder.empty())
-        return letsUsIn(address.text, bus::BusConnection::Peer::Any) ? Reachable : Unreachable;
+        return acceptsConnection(address.text, bus::BusConnection::Peer::Any) ? Reachable : Unreachable;
     if (!canBePrivateFolder(address.privateFolder))
         return Distrusted;
-    if (letsUsIn(address.text, bus::BusConnection::Peer::OwnUser))
+    if (acceptsConnection(address.text, bus::BusConnection::Peer::OwnUser))
         return Reachable;
     return posix::findProgram("dbus-daemon") ? NotStarted : NoDaemon;
 }
