@@ -1,7 +1,7 @@
 #include "settings/Accounts.h"
 
 #include "settings/Keys.h"
-#include "tests/support/SettingsFixture.h"
+#include "tests/unit/settings/SettingsFixture.h"
 
 #include <gtest/gtest.h>
 
