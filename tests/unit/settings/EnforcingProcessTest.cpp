@@ -1,6 +1,7 @@
 // What the whole library is for: a process that enforces the settings hears of a change that another one
 // made.
 
+#include "platform/runtime/SystemNotificationCenter.h"
 #include "settings/ChangeNotification.h"
 #include "settings/Constants.h"
 #include "settings/DefaultSettings.h"
