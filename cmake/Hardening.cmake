@@ -5,13 +5,13 @@ include(CheckPIESupported)
 check_pie_supported(LANGUAGES CXX)
 
 # A program or library depends only on the libraries whose symbols it uses.
-add_link_options(LINKER:--as-needed)
+target_link_options(wardlock-options INTERFACE LINKER:--as-needed)
 
 if(CMAKE_BUILD_TYPE STREQUAL "Release")
-  add_compile_options(-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=3 -D_GLIBCXX_ASSERTIONS
+  target_compile_options(wardlock-options INTERFACE -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=3 -D_GLIBCXX_ASSERTIONS
     -fstack-protector-strong -fstack-clash-protection)
   if(CMAKE_SYSTEM_PROCESSOR STREQUAL "x86_64")
-    add_compile_options(-fcf-protection)
+    target_compile_options(wardlock-options INTERFACE -fcf-protection)
   endif()
-  add_link_options(LINKER:-z,relro,-z,now,-z,noexecstack)
+  target_link_options(wardlock-options INTERFACE LINKER:-z,relro,-z,now,-z,noexecstack)
 endif()

@@ -7,14 +7,10 @@ include(cmake/InstallPages.cmake)
 
 set(package_folder "${CMAKE_INSTALL_LIBDIR}/cmake/Wardlock")
 
-set_target_properties(wardlock-platform PROPERTIES EXPORT_NAME platform)
-set_target_properties(wardlock-settings-library PROPERTIES EXPORT_NAME settings
-  BUILD_WITH_INSTALL_RPATH ON INSTALL_RPATH "$ORIGIN")
-target_compile_features(wardlock-platform INTERFACE cxx_std_20)
+set_target_properties(wardlock-settings-library PROPERTIES BUILD_WITH_INSTALL_RPATH ON INSTALL_RPATH "$ORIGIN")
 install(TARGETS wardlock-platform wardlock-settings-library EXPORT WardlockTargets
-  LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT libwardlock NAMELINK_COMPONENT libwardlock-dev)
-install(DIRECTORY platform settings DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/wardlock" COMPONENT libwardlock-dev
-  FILES_MATCHING PATTERN "*.h")
+  LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT libwardlock NAMELINK_COMPONENT libwardlock-dev
+  FILE_SET HEADERS DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" COMPONENT libwardlock-dev)
 
 install(EXPORT WardlockTargets NAMESPACE Wardlock:: DESTINATION "${package_folder}" COMPONENT libwardlock-dev)
 file(CONFIGURE OUTPUT "${CMAKE_BINARY_DIR}/WardlockConfig.cmake"

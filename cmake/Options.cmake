@@ -13,38 +13,32 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
-set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
+# How the targets of this project are compiled and linked. The libraries link it privately, so that their users do not inherit it.
+add_library(wardlock-options INTERFACE)
+target_include_directories(wardlock-options INTERFACE "${PROJECT_SOURCE_DIR}")
+# GLib requires it. Used everywhere, because precompiled headers are shared.
+target_compile_options(wardlock-options INTERFACE -pthread)
+# No program replaces single functions of the shared libraries, so calls inside them can be bound (clang's default).
+target_compile_options(wardlock-options INTERFACE $<$<CONFIG:Release>:-fno-semantic-interposition>)
+
+# Within another project, its own flags and folders apply.
+if(NOT PROJECT_IS_TOP_LEVEL)
+  return()
+endif()
+
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 # The build tree has the layout of an installation, so that programs find their libraries and modules in the same way. No RUNPATH
 # is changed on installation: CMake would reserve space for that by an empty element, which means the current folder.
-set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/${CMAKE_INSTALL_BINDIR}")
-set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/${CMAKE_INSTALL_LIBDIR}")
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/${CMAKE_INSTALL_BINDIR}")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/${CMAKE_INSTALL_LIBDIR}")
 
-add_compile_options(-Wall -Wextra -Wpedantic)
-# GLib requires it. Used everywhere, because precompiled headers are shared.
-add_compile_options(-pthread)
-# No program replaces single functions of the shared libraries, so calls inside them can be bound (clang's default).
-add_compile_options($<$<CONFIG:Release>:-fno-semantic-interposition>)
+target_compile_options(wardlock-options INTERFACE -Wall -Wextra -Wpedantic)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   # gcc 12 wrongly warns of overlapping and out-of-bounds copies in every optimised "literal" + std::string (its bugs 105329,
   # 105651).
-  add_compile_options(-Wno-restrict)
-  add_compile_options($<$<CONFIG:Release>:-Wno-array-bounds> $<$<CONFIG:Release>:-Wno-stringop-overflow>)
+  target_compile_options(wardlock-options INTERFACE
+    -Wno-restrict $<$<CONFIG:Release>:-Wno-array-bounds> $<$<CONFIG:Release>:-Wno-stringop-overflow>)
 endif()
 include(cmake/Hardening.cmake)
-if(WARDLOCK_SANITIZE)
-  add_compile_options(-fsanitize=${WARDLOCK_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
-  add_link_options(-fsanitize=${WARDLOCK_SANITIZE})
-  # The check needs type information, which the web engine's items are built without. It also fails where no descriptor is left.
-  add_compile_options(-fno-sanitize=vptr)
-endif()
-if(WARDLOCK_COVERAGE)
-  # Processes of one test run at the same time, so the counts are updated atomically. A process that is killed or ends by _exit
-  # writes no counts.
-  add_compile_options(--coverage -fprofile-update=atomic)
-  add_link_options(--coverage)
-endif()
-if(WARDLOCK_FUZZERS)
-  # The fuzzers are guided by the coverage of the libraries.
-  add_compile_options(-fsanitize=fuzzer-no-link)
-endif()
+include(cmake/Instrumentation.cmake)

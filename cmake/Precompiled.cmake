@@ -4,9 +4,9 @@
 
 # A compiler cache needs the name of the precompiled header in the preprocessed source.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND NOT CMAKE_DISABLE_PRECOMPILE_HEADERS)
-  add_compile_options($<$<COMPILE_LANGUAGE:CXX>:-fpch-preprocess>)
+  target_compile_options(wardlock-options INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-fpch-preprocess>)
 elseif(CMAKE_CXX_COMPILER_ID MATCHES "Clang" AND NOT CMAKE_DISABLE_PRECOMPILE_HEADERS)
-  add_compile_options("$<$<COMPILE_LANGUAGE:CXX>:SHELL:-Xclang -fno-pch-timestamp>")
+  target_compile_options(wardlock-options INTERFACE "$<$<COMPILE_LANGUAGE:CXX>:SHELL:-Xclang -fno-pch-timestamp>")
 endif()
 # Programs are position independent in the same way as libraries, so that they share precompiled headers.
 set(CMAKE_CXX_COMPILE_OPTIONS_PIE -fPIC)
@@ -14,9 +14,10 @@ set(CMAKE_CXX_COMPILE_OPTIONS_PIE -fPIC)
 # wardlock_precompiled(NAME header...): defines a precompiled header for the targets with wardlock_precompile(TARGET NAME). It is
 # compiled once with the options of this folder.
 function(wardlock_precompiled name)
-  set(source "${CMAKE_BINARY_DIR}/precompiled/${name}.cpp")
-  file(CONFIGURE OUTPUT "${source}" CONTENT "// CMake needs a source for a precompiled header.\n")
+  set(source "${PROJECT_BINARY_DIR}/precompiled/${name}.cpp")
+  file(CONFIGURE OUTPUT "${source}" CONTENT "// What a precompiled header belongs to.\n")
   add_library(wardlock-precompiled-${name} OBJECT "${source}")
+  target_link_libraries(wardlock-precompiled-${name} PRIVATE wardlock-options)
   target_precompile_headers(wardlock-precompiled-${name} PRIVATE ${ARGN})
 endfunction()
 

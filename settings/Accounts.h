@@ -3,9 +3,9 @@
 /// The list of accounts of the preferences document. Only its position identifies an account, and other
 /// processes may change the list at any time.
 
-#include "platform/base/Export.h"
-#include "platform/plist/PropertyListFile.h"
-#include "platform/values/Value.h"
+#include "../platform/base/Export.h"
+#include "../platform/plist/PropertyListFile.h"
+#include "../platform/values/Value.h"
 
 #include <cstddef>
 #include <functional>

@@ -4,9 +4,9 @@
 /// record has a new value. Its name is "identifier/post" on the distributed centre, without an object. The
 /// user info is exactly "key" and "object"; delivery is immediate. Main thread only.
 
-#include "platform/base/Export.h"
-#include "platform/runtime/CFNotificationCenter.h"
-#include "platform/values/Value.h"
+#include "../platform/base/Export.h"
+#include "../platform/runtime/CFNotificationCenter.h"
+#include "../platform/values/Value.h"
 
 #include <string>
 #include <string_view>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/base/Export.h"
-#include "platform/values/Value.h"
+#include "../platform/base/Export.h"
+#include "../platform/values/Value.h"
 
 namespace wardlock {
 

@@ -2,8 +2,8 @@
 
 /// Questions about the device and how it is held. Main thread only.
 
-#include "platform/base/Export.h"
-#include "platform/base/Geometry.h"
+#include "../platform/base/Export.h"
+#include "../platform/base/Geometry.h"
 
 namespace wardlock {
 

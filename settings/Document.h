@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/base/Export.h"
-#include "platform/plist/PropertyListFile.h"
-#include "platform/values/Value.h"
+#include "../platform/base/Export.h"
+#include "../platform/plist/PropertyListFile.h"
+#include "../platform/values/Value.h"
 
 #include <functional>
 #include <optional>

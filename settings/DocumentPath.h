@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/base/Export.h"
+#include "../platform/base/Export.h"
 
 #include <string>
 #include <string_view>

@@ -3,8 +3,8 @@
 /// The one account whose restrictions apply: the first enabled record of the cached document. Main thread
 /// only. A key that is missing from the record reads as false, 0.0 or null, whatever its default would be.
 
-#include "platform/base/Export.h"
-#include "platform/values/Value.h"
+#include "../platform/base/Export.h"
+#include "../platform/values/Value.h"
 
 #include <optional>
 #include <string_view>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/base/Export.h"
-#include "platform/values/NSException.h"
+#include "../platform/base/Export.h"
+#include "../platform/values/NSException.h"
 
 namespace wardlock {
 

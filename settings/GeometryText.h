@@ -2,8 +2,8 @@
 
 /// Geometry as text for log lines, six digits after the decimal point.
 
-#include "platform/base/Export.h"
-#include "platform/base/Geometry.h"
+#include "../platform/base/Export.h"
+#include "../platform/base/Geometry.h"
 
 #include <string>
 

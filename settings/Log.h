@@ -4,8 +4,8 @@
 /// come from any thread; the file is written on the main thread, in the order of the calls. A log that cannot
 /// be written loses its entry without a report.
 
-#include "platform/base/Export.h"
-#include "platform/text/Format.h"
+#include "../platform/base/Export.h"
+#include "../platform/text/Format.h"
 
 #include <string>
 #include <string_view>

@@ -6,9 +6,9 @@
 /// Nothing here reports an error. The defaults replace a missing, unreadable or empty document, a failed
 /// write is ignored, and a missing key reads as false, 0.0 or null.
 
-#include "platform/base/Export.h"
-#include "platform/runtime/CFNotificationCenter.h"
-#include "platform/values/Value.h"
+#include "../platform/base/Export.h"
+#include "../platform/runtime/CFNotificationCenter.h"
+#include "../platform/values/Value.h"
 
 #include <functional>
 #include <optional>

@@ -2,14 +2,14 @@
 
 #include <algorithm>
 #include <iterator>
-#include <settings/EnabledAccount.h>
-#include <settings/Keys.h>
+#include <wardlock/settings/EnabledAccount.h>
+#include <wardlock/settings/Keys.h>
 
 namespace restrictions {
 
 namespace {
 
-// A real enforcing process knows all of the keys in <settings/Keys.h>.
+// A real enforcing process knows all of the keys in <wardlock/settings/Keys.h>.
 constexpr Feature features[] = {
     {"camera", wardlock::kRestrictCamera},
     {"siri", wardlock::kRestrictSiri},

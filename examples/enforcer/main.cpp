@@ -12,19 +12,19 @@
 #include <csignal>
 #include <iostream>
 #include <iterator>
-#include <platform/runtime/ExceptionBoundary.h>
-#include <platform/runtime/MainLoop.h>
-#include <platform/runtime/NSOperationQueue.h>
-#include <platform/text/Format.h>
-#include <platform/values/NSException.h>
 #include <poll.h>
-#include <settings/Constants.h>
-#include <settings/ExceptionReport.h>
-#include <settings/Log.h>
-#include <settings/Settings.h>
 #include <string>
 #include <sys/signalfd.h>
 #include <unistd.h>
+#include <wardlock/platform/runtime/ExceptionBoundary.h>
+#include <wardlock/platform/runtime/MainLoop.h>
+#include <wardlock/platform/runtime/NSOperationQueue.h>
+#include <wardlock/platform/text/Format.h>
+#include <wardlock/platform/values/NSException.h>
+#include <wardlock/settings/Constants.h>
+#include <wardlock/settings/ExceptionReport.h>
+#include <wardlock/settings/Log.h>
+#include <wardlock/settings/Settings.h>
 
 namespace {
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/values/KeySet.h"
 #include "platform/values/Value.h"
 
 #include <array>

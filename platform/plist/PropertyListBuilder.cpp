@@ -1,6 +1,7 @@
 #include "platform/plist/PropertyListBuilder.h"
 
 #include "platform/plist/PropertyListBounds.h"
+#include "platform/values/KeySet.h"
 #include "platform/values/ShortString.h"
 
 namespace platform {

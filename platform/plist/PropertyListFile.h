@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/base/Export.h"
-#include "platform/files/Sync.h"
-#include "platform/values/Value.h"
+#include "../base/Export.h"
+#include "../files/Sync.h"
+#include "../values/Value.h"
 
 #include <functional>
 #include <optional>

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/plist/StringBuilder.h"
+#include "platform/values/KeySet.h"
 #include "platform/values/Value.h"
 
 #include <cstddef>

@@ -1,5 +1,7 @@
 #include "platform/plist/XmlSize.h"
 
+#include "platform/values/KeySet.h"
+
 #include <algorithm>
 #include <vector>
 

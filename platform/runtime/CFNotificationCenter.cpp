@@ -6,18 +6,18 @@ namespace platform {
 
 namespace {
 
-CFNotificationCenter* centerForTests = nullptr;
+CFNotificationCenter* replacement = nullptr;
 
 } // namespace
 
 CFNotificationCenter::~CFNotificationCenter() = default;
 
 CFNotificationCenter& CFNotificationCenterGetDistributedCenter() {
-    return centerForTests ? *centerForTests : systemNotificationCenter();
+    return replacement ? *replacement : systemNotificationCenter();
 }
 
 void setDistributedCenter(CFNotificationCenter* center) {
-    centerForTests = center;
+    replacement = center;
 }
 
 void CFNotificationCenterAddObserver(CFNotificationCenter& center, void* observer,

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/base/Export.h"
-#include "platform/values/Value.h"
+#include "../base/Export.h"
+#include "../values/Value.h"
 
 #include <optional>
 #include <string>
@@ -35,10 +35,6 @@ public:
 
 /// Returns the centre that reaches every process of this device root.
 WARDLOCK_API CFNotificationCenter& CFNotificationCenterGetDistributedCenter();
-
-/// For tests: replaces the result of CFNotificationCenterGetDistributedCenter; null restores the real centre.
-/// The caller keeps ownership.
-WARDLOCK_API void setDistributedCenter(CFNotificationCenter* center);
 
 WARDLOCK_API void CFNotificationCenterAddObserver(CFNotificationCenter& center, void* observer,
                                                   CFNotificationCallback callback, std::string_view name,

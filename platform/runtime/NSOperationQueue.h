@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/base/Export.h"
+#include "../base/Export.h"
 
 #include <functional>
 #include <memory>

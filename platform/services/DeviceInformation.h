@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/base/Export.h"
-#include "platform/base/Geometry.h"
+#include "../base/Export.h"
+#include "../base/Geometry.h"
 
 #include <string>
 

@@ -1,5 +1,6 @@
 #include "platform/values/Array.h"
 
+#include "platform/values/KeySet.h"
 #include "platform/values/RangeCheck.h"
 #include "platform/values/Value.h"
 

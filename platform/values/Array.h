@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/base/Export.h"
-#include "platform/values/Storage.h"
+#include "../base/Export.h"
+#include "Storage.h"
 
 #include <cstddef>
 #include <initializer_list>

@@ -1,5 +1,6 @@
 #include "platform/values/Dictionary.h"
 
+#include "platform/values/KeySet.h"
 #include "platform/values/Value.h"
 
 namespace platform {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/base/Export.h"
-#include "platform/values/Array.h"
+#include "../base/Export.h"
+#include "Array.h"
 
 #include <cstddef>
 #include <vector>

@@ -1,5 +1,6 @@
 #include "platform/values/MutableDictionary.h"
 
+#include "platform/values/KeySet.h"
 #include "platform/values/NSException.h"
 #include "platform/values/Value.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/base/Export.h"
-#include "platform/values/Dictionary.h"
+#include "../base/Export.h"
+#include "Dictionary.h"
 
 #include <cstddef>
 #include <string_view>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/base/Export.h"
-#include "platform/values/Value.h"
+#include "../base/Export.h"
+#include "Value.h"
 
 #include <exception>
 #include <optional>

@@ -1,5 +1,6 @@
 #include "platform/values/Storage.h"
 
+#include "platform/values/KeySet.h"
 #include "platform/values/Value.h"
 
 #include <cstring>

@@ -1,15 +1,16 @@
 #pragma once
 
-#include "platform/base/Export.h"
-#include "platform/values/IntrusivePointer.h"
-#include "platform/values/KeySet.h"
+#include "../base/Export.h"
+#include "IntrusivePointer.h"
 
 #include <atomic>
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
 namespace platform {
 
+class KeySet;
 class Value;
 
 /// The reference-counted blocks behind values. Immutable after construction; threads may share them.

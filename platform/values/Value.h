@@ -1,11 +1,11 @@
 #pragma once
 
-#include "platform/base/Export.h"
-#include "platform/values/Array.h"
-#include "platform/values/Dictionary.h"
-#include "platform/values/MutableArray.h"
-#include "platform/values/MutableDictionary.h"
-#include "platform/values/Storage.h"
+#include "../base/Export.h"
+#include "Array.h"
+#include "Dictionary.h"
+#include "MutableArray.h"
+#include "MutableDictionary.h"
+#include "Storage.h"
 
 #include <bit>
 #include <cassert>

@@ -121,9 +121,23 @@ def includes_of(top, path):
                 yield number, match.group(1), match.group(2)
 
 
+def public_headers(top):
+    """Paths of the headers that other programs may include: those that a CMakeLists.txt lists as such."""
+    found = set()
+    for folder in sorted({room.split("/")[0] for room in ROOMS}):
+        listed = os.path.join(top, folder, "CMakeLists.txt")
+        if os.path.exists(listed):
+            with open(listed, encoding="utf-8") as file:
+                for call in re.findall(r"wardlock_public_headers\(\s*\S+([^)]*)\)", file.read()):
+                    found.update(f"{folder}/{name}" for name in call.split())
+    return found
+
+
 def violations(top):
     found = []
     headers = {}
+    public = public_headers(top)
+    found += [f"{path}: is a public header, but no file" for path in sorted(public) if not os.path.exists(os.path.join(top, path))]
     for path in source_files(top):
         room = room_of(path)
         if not room:
@@ -132,6 +146,15 @@ def violations(top):
         own, others = ROOMS[room]
         for number, bracket, name in includes_of(top, path):
             if bracket == '"':
+                if path in public:
+                    # Other programs have folders of their own, but none between two of these headers.
+                    below = os.path.join(os.path.dirname(path), name)
+                    if not os.path.exists(os.path.join(top, below)):
+                        found.append(f"{path}:{number}: \"{name}\" is no path from the public header's own folder")
+                        continue
+                    name = os.path.normpath(below)
+                    if name not in public:
+                        found.append(f"{path}:{number}: a public header may not include \"{name}\", which is private")
                 headers.setdefault(path, []).append(name)
                 if own is not EVERYTHING and os.path.dirname(name) not in own + [room] and name not in own:
                     found.append(f"{path}:{number}: {room} may not include \"{name}\"")

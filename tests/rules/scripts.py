@@ -28,6 +28,7 @@ WRONG = {
     ".ci/run": [["--preset", "nonsense"]],
     "tests/system/installation/check": [[], ["build", "source"]],
     "tests/system/installation/components": [[], ["build"]],
+    "tests/system/installation/fetch": [[], ["--run"], ["/no/such/folder", "g++"]],
     "tests/robustness/mutants/run": [["--only"], ["--only", "nonsense"], ["--list", "--check"]],
     "tests/robustness/soak/soak.py": [[]],
     "tests/robustness/soak/watcher.py": [[], ["one", "another"]],

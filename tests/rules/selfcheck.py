@@ -86,6 +86,34 @@ class Includes(Tree):
     def test_an_include_that_is_no_path_from_the_top_is_refused(self):
         self.refused("settings/A.cpp", '"settings/Gone.h"')
 
+    def public(self, folder, *headers):
+        self.plant(f"{folder}/CMakeLists.txt", f"wardlock_public_headers(a-library\n  {' '.join(headers)})\n")
+
+    def test_public_headers_that_include_each_other_relative_to_themselves_pass(self):
+        self.public("platform", "base/Export.h", "values/Value.h")
+        self.public("settings", "Settings.h")
+        self.plant("platform/base/Export.h", "#pragma once\n")
+        self.plant("platform/values/Value.h", '#include "../base/Export.h"\n')
+        self.plant("settings/Settings.h", '#include "../platform/values/Value.h"\n')
+        self.plant("settings/Settings.cpp", '#include "settings/Settings.h"\n')
+        self.assertEqual(includes.violations(self.top), [])
+
+    def test_a_public_header_may_not_see_a_private_one(self):
+        self.public("settings", "A.h")
+        self.refused("settings/A.h", '"B.h"', "settings/B.h")
+
+    def test_a_public_header_may_not_name_another_from_the_top(self):
+        self.public("settings", "A.h", "B.h")
+        self.refused("settings/A.h", '"settings/B.h"', "settings/B.h")
+
+    def test_a_public_header_is_held_to_its_room(self):
+        self.public("platform", "values/A.h", "ui/B.h")
+        self.refused("platform/values/A.h", '"../ui/B.h"', "platform/ui/B.h")
+
+    def test_a_public_header_that_is_gone_is_found(self):
+        self.public("settings", "A.h")
+        self.assertEqual(len(includes.violations(self.top)), 1)
+
     def test_a_circle_is_found(self):
         self.plant("settings/A.h", '#include "settings/B.h"\n')
         self.plant("settings/B.h", '#include "settings/A.h"\n')

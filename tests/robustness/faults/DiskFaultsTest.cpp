@@ -1,4 +1,18 @@
-// Every writer, over a disk in memory whose calls fail, whose power is cut, or whose process is killed.
+// The fault tests: every writer of the preferences document, at every call to the file system that it makes.
+//
+// A writer is a page or a command that changes the document (Writers.h). A case is a writer and what it
+// finds: a linked, a missing or a damaged document (WriterCase.h). The opening is what a script does to reach
+// the place where the writer writes, without faults; the act is the one step that writes. The act's calls to
+// the file system are numbered from 1. A point is one such number and one fault there: the call fails, is cut
+// short or interrupted, or the process is killed or the power is cut before it. A test tries all points of
+// the act. A stage is the disk of one point, and the process that writes. A power cut leaves one of several
+// disks, called ways: what was not synchronised is there or not. The announcement is the change notification
+// after a write; what is announced has to survive a power cut. The shim is a library that is preloaded into
+// another process, makes its calls fail, and writes them down in the journal.
+//
+// After each point the document is whole, the old or the new one. The next writer writes, and removes what
+// was left. Here the disk is in memory, and the act runs in this process. ProcessFaultsTest.cpp does the same
+// to another process on the real disk; ToldReasonsTest.cpp tests what a person is told of a failed write.
 
 #include "cli/command/CommandLine.h"
 #include "cli/script/ScriptCommands.h"

@@ -2,10 +2,10 @@
 // a million million elements, a pipe that nobody writes to. Whoever reads them has little memory.
 
 #include "platform/files/DeviceRoot.h"
+#include "tests/robustness/hostile/HostileFixture.h"
+#include "tests/robustness/hostile/Sanitizers.h"
 #include "tests/support/BuildPaths.h"
-#include "tests/support/HostileFixture.h"
 #include "tests/support/Process.h"
-#include "tests/support/Sanitizers.h"
 
 #include <filesystem>
 #include <fstream>

@@ -3,10 +3,10 @@
 #include "linux/bus/BusAddress.h"
 #include "linux/bus/BusConnection.h"
 #include "linux/bus/PrivateBus.h"
+#include "tests/robustness/hostile/HostileFixture.h"
 #include "tests/support/BuildPaths.h"
 #include "tests/support/BusDaemons.h"
 #include "tests/support/FewDescriptors.h"
-#include "tests/support/HostileFixture.h"
 #include "tests/support/Process.h"
 #include "tests/support/TestBus.h"
 

@@ -3,9 +3,9 @@
 #include "platform/files/FolderTrust.h"
 #include "settings/Settings.h"
 #include "shell/device/Provision.h"
+#include "tests/robustness/hostile/HostileFixture.h"
+#include "tests/robustness/hostile/OwnMounts.h"
 #include "tests/support/BuildPaths.h"
-#include "tests/support/HostileFixture.h"
-#include "tests/support/OwnMounts.h"
 #include "tests/support/Process.h"
 #include "tests/support/doubles/RecordingNotificationCenter.h"
 

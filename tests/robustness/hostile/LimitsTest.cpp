@@ -3,10 +3,10 @@
 
 #include "platform/plist/PropertyListFile.h"
 #include "settings/Settings.h"
+#include "tests/robustness/hostile/HostileFixture.h"
+#include "tests/robustness/hostile/Sanitizers.h"
 #include "tests/support/BuildPaths.h"
-#include "tests/support/HostileFixture.h"
 #include "tests/support/Process.h"
-#include "tests/support/Sanitizers.h"
 #include "tests/support/doubles/RecordingNotificationCenter.h"
 
 #include <algorithm>

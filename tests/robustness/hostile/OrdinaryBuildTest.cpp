@@ -1,7 +1,7 @@
 // A build in an ordinary user's folder stays of use: to that user, and to root, who runs it.
 
+#include "tests/robustness/hostile/HostileFixture.h"
 #include "tests/support/BuildPaths.h"
-#include "tests/support/HostileFixture.h"
 #include "tests/support/Process.h"
 
 #include <filesystem>

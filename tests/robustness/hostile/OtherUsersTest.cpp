@@ -10,7 +10,7 @@
 #include "settings/Settings.h"
 #include "shell/device/DemonstrationDevice.h"
 #include "shell/device/Provision.h"
-#include "tests/support/HostileFixture.h"
+#include "tests/robustness/hostile/HostileFixture.h"
 #include "tests/support/TestTimeout.h"
 #include "tests/support/doubles/FaultyFileSystem.h"
 #include "tests/support/doubles/RecordingNotificationCenter.h"

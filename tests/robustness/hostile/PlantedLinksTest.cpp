@@ -10,7 +10,7 @@
 #include "settings/Document.h"
 #include "settings/Log.h"
 #include "settings/Settings.h"
-#include "tests/support/HostileFixture.h"
+#include "tests/robustness/hostile/HostileFixture.h"
 #include "tests/support/doubles/RecordingNotificationCenter.h"
 
 #include <filesystem>

@@ -1,10 +1,10 @@
 // What a process of Wardlock leaves behind when it crashes, and whose rights it runs with.
 
 #include "platform/services/ProcessStart.h"
+#include "tests/robustness/hostile/HostileFixture.h"
+#include "tests/robustness/hostile/Sanitizers.h"
 #include "tests/support/BuildPaths.h"
-#include "tests/support/HostileFixture.h"
 #include "tests/support/Process.h"
-#include "tests/support/Sanitizers.h"
 
 #include <algorithm>
 #include <csignal>

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/runtime/CFNotificationCenter.h"
+#include "platform/runtime/SystemNotificationCenter.h"
 
 #include <functional>
 #include <string>

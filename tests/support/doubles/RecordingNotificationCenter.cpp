@@ -1,5 +1,7 @@
 #include "tests/support/doubles/RecordingNotificationCenter.h"
 
+#include "platform/runtime/SystemNotificationCenter.h"
+
 namespace wardlock::test {
 
 RecordingNotificationCenter::RecordingNotificationCenter() {

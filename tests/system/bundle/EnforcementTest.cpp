@@ -1,6 +1,7 @@
 // The product's one request, end to end and in two processes: a parent restricts something for an account,
 // and the enforcing process knows.
 
+#include "platform/runtime/SystemNotificationCenter.h"
 #include "settings/Keys.h"
 #include "tests/support/BuildPaths.h"
 #include "tests/support/Process.h"

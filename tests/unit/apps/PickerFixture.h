@@ -4,7 +4,7 @@
 #include "platform/ui/UISwitch.h"
 #include "specifiers/SelectedIndex.h"
 #include "tests/support/PageFixture.h"
-#include "tests/support/doubles/FakeApplicationList.h"
+#include "tests/unit/apps/FakeApplicationList.h"
 
 #include <optional>
 #include <string>

@@ -1,6 +1,6 @@
 #include "platform/plist/PropertyList.h"
-#include "tests/support/BinaryPropertyList.h"
-#include "tests/support/PropertyListReading.h"
+#include "tests/unit/plist/BinaryPropertyList.h"
+#include "tests/unit/plist/PropertyListReading.h"
 
 #include <gtest/gtest.h>
 

@@ -5,8 +5,8 @@
 #include "platform/plist/PropertyListBounds.h"
 #include "platform/plist/PropertyListError.h"
 #include "platform/plist/PropertyListFile.h"
-#include "tests/support/BinaryPropertyList.h"
 #include "tests/support/DeviceRootFixture.h"
+#include "tests/unit/plist/BinaryPropertyList.h"
 
 #include <filesystem>
 

@@ -1,5 +1,5 @@
 #include "platform/plist/PropertyList.h"
-#include "tests/support/BinaryPropertyList.h"
+#include "tests/unit/plist/BinaryPropertyList.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "platform/plist/PropertyList.h"
-#include "tests/support/PropertyListReading.h"
+#include "tests/unit/plist/PropertyListReading.h"
 
 #include <gtest/gtest.h>
 

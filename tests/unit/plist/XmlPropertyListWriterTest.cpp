@@ -1,7 +1,7 @@
 #include "platform/plist/PropertyList.h"
 #include "tests/support/BuildPaths.h"
-#include "tests/support/PropertyListReading.h"
 #include "tests/support/ValueText.h"
+#include "tests/unit/plist/PropertyListReading.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "settings/DeviceHelpers.h"
 
-#include "tests/support/doubles/CountingDeviceInformation.h"
+#include "tests/unit/settings/CountingDeviceInformation.h"
 
 #include <gtest/gtest.h>
 

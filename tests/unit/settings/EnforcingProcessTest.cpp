@@ -1,14 +1,15 @@
 // What the whole library is for: a process that enforces the settings hears of a change that another one
 // made.
 
+#include "platform/runtime/SystemNotificationCenter.h"
 #include "settings/ChangeNotification.h"
 #include "settings/Constants.h"
 #include "settings/DefaultSettings.h"
 #include "settings/Keys.h"
 #include "tests/support/BuildPaths.h"
 #include "tests/support/Process.h"
-#include "tests/support/SettingsFixture.h"
 #include "tests/support/TestBus.h"
+#include "tests/unit/settings/SettingsFixture.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,7 @@
 #include "tests/support/FailingPage.h"
 
 #include "platform/runtime/MainLoop.h"
+#include "platform/runtime/SystemNotificationCenter.h"
 #include "shell/TerminationHook.h"
 #include "tests/support/BuildPaths.h"
 #include "tests/support/Process.h"

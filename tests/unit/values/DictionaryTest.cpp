@@ -1,4 +1,5 @@
 #include "platform/plist/PropertyList.h"
+#include "platform/values/KeySet.h"
 #include "platform/values/NSException.h"
 #include "platform/values/Value.h"
 #include "tests/support/ValueText.h"

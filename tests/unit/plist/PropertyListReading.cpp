@@ -1,4 +1,4 @@
-#include "tests/support/PropertyListReading.h"
+#include "tests/unit/plist/PropertyListReading.h"
 
 #include "platform/plist/PropertyList.h"
 #include "tests/support/ValueText.h"

@@ -1,4 +1,4 @@
-#include "tests/support/HostileFixture.h"
+#include "tests/robustness/hostile/HostileFixture.h"
 
 #include <filesystem>
 #include <fstream>

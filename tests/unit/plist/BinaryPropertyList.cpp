@@ -1,4 +1,4 @@
-#include "tests/support/BinaryPropertyList.h"
+#include "tests/unit/plist/BinaryPropertyList.h"
 
 namespace wardlock::test {
 

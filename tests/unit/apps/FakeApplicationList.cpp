@@ -1,4 +1,4 @@
-#include "tests/support/doubles/FakeApplicationList.h"
+#include "tests/unit/apps/FakeApplicationList.h"
 
 #include <map>
 

@@ -1,4 +1,4 @@
-#include "tests/support/OwnMounts.h"
+#include "tests/robustness/hostile/OwnMounts.h"
 
 #include <cstdio>
 #include <fstream>
