@@ -9,11 +9,26 @@ Rectangle {
 
     color: "white"
 
+    // A Loader that is given the file would warn of a missing engine on standard error, though the page says it.
+    function loadEngine() {
+        if (web === null || web.missing !== "" || engine.sourceComponent)
+            return
+        const component = Qt.createComponent("WebEnginePage.qml")
+        if (component.status === Component.Ready) {
+            engine.sourceComponent = component
+            return
+        }
+        if (!component.errorString().includes("is not installed"))
+            console.warn(component.errorString())
+        web.engineMissing()
+    }
+    onWebChanged: loadEngine()
+    Component.onCompleted: loadEngine()
+
     Loader {
+        id: engine
         anchors.fill: parent
         active: webPage.web !== null && webPage.web.missing === ""
-        source: "WebEnginePage.qml"
-        onStatusChanged: if (status === Loader.Error) webPage.web.engineMissing()
         onLoaded: item.web = Qt.binding(() => webPage.web)
     }
     Column {

@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <string>
+#include <vector>
 
 namespace wardlock::test {
 
@@ -29,13 +31,15 @@ protected:
     }
 
     /// What it answers without a person at the terminal, where DISPLAY is such.
-    ProcessResult runWithDisplay(const std::string& display) const {
+    ProcessResult runWithDisplay(const std::string& display,
+                                 const std::vector<std::string>& words = {}) const {
         ProcessSetup setup;
         setup.environment = {{"DISPLAY", display},
                              {"WAYLAND_DISPLAY", std::nullopt},
                              {"QT_QPA_PLATFORM", std::nullopt},
+                             {"XDG_RUNTIME_DIR", std::nullopt},
                              {"PATH", (place_ / "commands").string() + ":/usr/bin:/bin"}};
-        return runProcess(place_ / "run", {}, setup);
+        return runProcess(place_ / "run", words, setup);
     }
 
 private:
@@ -62,6 +66,14 @@ TEST_F(Run, SaysNothingOfAWindowWhereNoDisplayIsNamed) {
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.errors, "");
     EXPECT_NE(result.output.find("Passcode"), std::string::npos) << result.output;
+}
+
+TEST_F(Run, TakesPicturesWithoutAWarningThoughNothingIsSetUpForQt) {
+    const std::string pictures = folder() / "pictures";
+    const auto result = runWithDisplay("", {"--screenshots", pictures});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.errors, "");
+    EXPECT_FALSE(fs::is_empty(pictures));
 }
 
 } // namespace wardlock::test
