@@ -1,8 +1,12 @@
 #include "settings/Accounts.h"
 
+#include "platform/files/DeviceRoot.h"
+#include "platform/files/FileSystem.h"
+#include "platform/plist/PropertyListBounds.h"
 #include "settings/Constants.h"
 #include "settings/DefaultSettings.h"
 #include "settings/Document.h"
+#include "settings/DocumentPath.h"
 #include "settings/Keys.h"
 
 namespace wardlock {
@@ -23,6 +27,17 @@ bool standsElsewhere(const Array& list, std::size_t index, const Array& other) {
     return false;
 }
 
+/// Returns whether the document's bytes cannot be read although it may exist.
+bool documentIsUnreadable() {
+    const std::string path = platform::pathOnDevice(documentPath(BundleIdentifier));
+    std::string bytes;
+    const auto read = [&] {
+        return platform::FileSystem::current().readFile(path, platform::largestDocument, bytes);
+    };
+    const std::error_code error = platform::uninterrupted(read);
+    return error && error != std::errc::no_such_file_or_directory && error != std::errc::not_a_directory;
+}
+
 } // namespace
 
 std::optional<Accounts> Accounts::of(const Value* list) {
@@ -36,6 +51,13 @@ Accounts Accounts::defaults() {
 
 Accounts Accounts::onDisk() {
     const auto entries = document(BundleIdentifier);
+    return of(entries ? entries->find(kAccounts) : nullptr).value_or(Accounts());
+}
+
+std::optional<Accounts> Accounts::onDiskIfReadable() {
+    const auto entries = document(BundleIdentifier);
+    if (!entries && documentIsUnreadable())
+        return std::nullopt;
     return of(entries ? entries->find(kAccounts) : nullptr).value_or(Accounts());
 }
 

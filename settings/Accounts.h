@@ -40,6 +40,9 @@ public:
     static Accounts defaults();
     /// Reads the accounts on disk; an empty list when the document or its list is missing.
     static Accounts onDisk();
+    /// The same, but none when a document is there and cannot be read now, for example on a failing disk:
+    /// that says nothing about its accounts.
+    static std::optional<Accounts> onDiskIfReadable();
 
     std::size_t size() const { return records_.size(); }
     bool empty() const { return records_.empty(); }

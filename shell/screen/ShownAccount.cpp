@@ -49,20 +49,24 @@ std::optional<std::size_t> ShownAccount::positionShownBy(Page& opened, Page& lis
 }
 
 void ShownAccount::acceptOwnChange() {
-    if (position_)
-        known_ = Accounts::onDisk();
+    if (!position_)
+        return;
+    if (auto now = Accounts::onDiskIfReadable())
+        known_ = *std::move(now);
 }
 
 bool ShownAccount::leaveIfGone() {
     if (!position_)
         return false;
-    Accounts now = Accounts::onDisk();
-    const AccountFate fate = known_.fate(*position_, now);
+    auto now = Accounts::onDiskIfReadable();
+    if (!now)
+        return false;
+    const AccountFate fate = known_.fate(*position_, *now);
     if (fate != AccountFate::Same) {
         leave(sentence(fate, known_.name(*position_)));
         return true;
     }
-    known_ = std::move(now);
+    known_ = *std::move(now);
     return false;
 }
 

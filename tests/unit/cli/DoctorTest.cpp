@@ -166,7 +166,7 @@ TEST_F(Doctor, TellsWhatIsWrongWithTheDocument) {
     writeFile(documentPath, "no list");
     expectBroken("document", "is not a property list");
     writeFile(documentPath, xml("<array/>"));
-    expectBroken("document", "no dictionary");
+    expectBroken("document", "not a dictionary");
     writeFile(documentPath, xml("<dict><key>kAccounts</key><string/></dict>"));
     expectBroken("document", "\"kAccounts\" that is not a list");
     removeFile(documentPath);
@@ -248,7 +248,7 @@ TEST_F(DoctorWithPrivateBus, TellsThatItsFolderIsOpenToOthers) {
     const fs::path own = fs::path(std::getenv("XDG_RUNTIME_DIR")) / "wardlock-bus";
     fs::create_directory(own);
     fs::permissions(own, fs::perms(0755));
-    expectBroken("bus", "open to others");
+    expectBroken("bus", "other users have access");
 }
 
 TEST_F(Doctor, LoadsTheBundle) {
@@ -258,11 +258,11 @@ TEST_F(Doctor, LoadsTheBundle) {
 TEST_F(Doctor, TellsWhatIsWrongWithTheBundle) {
     removeFile(bundlePath);
     fs::create_symlink(folder() / "gone", onDisk(bundlePath));
-    expectBroken("bundle", "link to something that is gone");
+    expectBroken("bundle", "link to a missing file");
     removeFile(bundlePath);
     expectBroken("bundle", "does not exist");
     makeFolder(bundlePath);
-    expectBroken("bundle", "no Info.plist");
+    expectBroken("bundle", "no readable Info.plist");
     writeFile(std::string(bundlePath) + "/Info.plist",
               xml("<dict><key>CFBundleExecutable</key><string>M</string><key>NSPrincipalClass</key>"
                   "<string>C</string></dict>"));
@@ -335,7 +335,7 @@ TEST_F(DoctorsSearch, LooksForFontsOfTheUserToo) {
 }
 
 TEST_F(Doctor, LooksForTheFontThatTheWindowAsksFor) {
-    std::ifstream file(sourceFolder() + "/app/Theme.h");
+    std::ifstream file(sourceFolder() + "/window/items/Theme.h");
     const std::string look{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
     const std::string family = finding("fonts", 0)["family"];
     EXPECT_NE(look.find("family() const { return QStringLiteral(\"" + family + '"'), std::string::npos)

@@ -208,9 +208,8 @@ TEST_F(PropertyListCommands, SetChangesNothingInAFileThatTheChangeWouldMakeTooLa
     const ProcessResult result =
         wardlockCommand({"plist", "set", path, "k", "string", std::string(10'000, '&')});
     EXPECT_EQ(result.exitCode, 1);
-    EXPECT_EQ(result.errors, "wardlock plist set: " + path +
-                                 ": it could not be written: a property list of more than "
-                                 "16 MiB cannot be read again\n");
+    EXPECT_EQ(result.errors, "wardlock plist set: cannot write " + path +
+                                 ": a property list of more than 16 MiB cannot be read again\n");
     EXPECT_TRUE(readFile("/tmp/list.plist") == bytes);
     EXPECT_EQ(set({path, "k", "string", "&"}), 0);
 }

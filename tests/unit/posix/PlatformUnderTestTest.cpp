@@ -27,7 +27,7 @@ TEST(PlatformUnderTest, IsTheOnlyOneOfTheProcessThoughAModuleNeedsOne) {
     std::vector<std::string> platforms;
     dl_iterate_phdr(notePlatform, &platforms);
     ASSERT_EQ(platforms.size(), 1U);
-    EXPECT_NE(platforms.front().find("/testing/linux/"), std::string::npos) << platforms.front();
+    EXPECT_NE(platforms.front().find("/testing/posix/"), std::string::npos) << platforms.front();
 }
 
 } // namespace

@@ -73,7 +73,8 @@ TEST_F(WindowLongText, IsReplacedByWhatIsTypedInItsField) {
 TEST_F(WindowLongText, IsCutInTheNotice) {
     open();
     host().settings().showProblems({megabytes});
-    EXPECT_EQ(host().settings().notice(), window::shownText(megabytes));
+    // As a sentence: with a capital letter, and the full stop beyond the cut.
+    EXPECT_EQ(host().settings().notice(), window::shownText('X' + megabytes.substr(1) + '.'));
 }
 
 TEST(ShownText, IsWholeUpToItsBound) {
