@@ -51,6 +51,21 @@ void collectDisplayMessage(QtMsgType kind, const QMessageLogContext&, const QStr
     displaySearch.said.append(text);
 }
 
+QtMessageHandler defaultHandler = nullptr;
+
+/// Prints Qt's message, except those that its web engine prints at every start: types of its own QML module,
+/// the sandbox that root has to do without, and a scene graph drawn in memory. A user can do nothing about
+/// them.
+void printMessage(QtMsgType kind, const QMessageLogContext& context, const QString& text) {
+    const bool ofEngine = QLatin1String(context.category) == QLatin1String("qt.webenginecontext") ||
+                          text.startsWith(QLatin1String("Sandboxing disabled by user")) ||
+                          text.startsWith(QLatin1String("No suitable graphics backend found")) ||
+                          (text.startsWith(QLatin1String("QWebEngine")) &&
+                           text.contains(QLatin1String(" is neither a QObject")));
+    if (kind == QtFatalMsg || kind == QtCriticalMsg || !ofEngine)
+        defaultHandler(kind, context, text);
+}
+
 int openWindow(const window::Options& options, const std::vector<std::string>& problems) {
     window::WindowClock clock;
     window::WindowHost host(clock, transitionSeconds);
@@ -84,6 +99,7 @@ int main(int argc, char** argv) {
     qInstallMessageHandler(collectDisplayMessage);
     QGuiApplication application(argc, argv);
     qInstallMessageHandler(nullptr);
+    defaultHandler = qInstallMessageHandler(printMessage);
     for (const QString& text : displaySearch.said)
         std::fprintf(stderr, "%s\n", qPrintable(text));
     QGuiApplication::setApplicationName(QStringLiteral("Settings"));
