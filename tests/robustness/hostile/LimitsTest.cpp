@@ -4,7 +4,6 @@
 #include "platform/plist/PropertyListFile.h"
 #include "settings/Settings.h"
 #include "tests/robustness/hostile/HostileFixture.h"
-#include "tests/robustness/hostile/Sanitizers.h"
 #include "tests/support/BuildPaths.h"
 #include "tests/support/Process.h"
 #include "tests/support/doubles/RecordingNotificationCenter.h"
@@ -29,9 +28,10 @@ constexpr const char* script = R"({"do":"tap","row":"Wardlock"}
 constexpr int fewest = 4;
 constexpr int most = 16;
 
-// A build that counts its lines cannot write its counts either, and tells of it elsewhere.
-constexpr const char* noRoom = "export GCOV_ERROR_FILE=/dev/null; ulimit -f 0";
-constexpr const char* ownFile = "the thread sanitizer writes a file of its own first";
+// Room for what a sanitizer writes for itself, but not for the large document. A build that counts its lines
+// cannot write its counts either, and reports that elsewhere. The unit is 512 bytes.
+constexpr const char* littleRoom = "export GCOV_ERROR_FILE=/dev/null; ulimit -f 2048";
+constexpr std::size_t largeSize = 3 << 20;
 
 class Limits : public HostileFixture {
 protected:
@@ -40,6 +40,15 @@ protected:
         before_ = readFile(documentPath);
     }
 
+    /// Adds a key with more bytes than `littleRoom` leaves for a file.
+    void makeDocumentLarge() {
+        const auto update = platform::updateFile(documentPath, [](platform::MutableDictionary& document) {
+            document.set("kNote", std::string(largeSize, 'x'));
+            return true;
+        });
+        ASSERT_TRUE(update.written);
+        before_ = readFile(documentPath);
+    }
     /// The command with what a shell does before it: "ulimit -n 7", "exec <&-".
     static ProcessResult run(const std::string& before, const Words& words, const std::string& input = {}) {
         Words all{"-c", before + R"(; exec "$0" "$@")", programFolder() + "/wardlock"};
@@ -85,9 +94,8 @@ private:
 };
 
 TEST_F(Limits, OnTheSizeOfFilesFailAWriteWithTheReason) {
-    if (hasThreadSanitizer)
-        GTEST_SKIP() << ownFile;
-    const ProcessResult result = run(noRoom, setEnabled());
+    makeDocumentLarge();
+    const ProcessResult result = run(littleRoom, setEnabled());
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_TRUE(isOneLine(result.errors)) << result.errors;
     EXPECT_TRUE(result.errors.starts_with("wardlock plist set: cannot write ")) << result.errors;
@@ -97,9 +105,8 @@ TEST_F(Limits, OnTheSizeOfFilesFailAWriteWithTheReason) {
 }
 
 TEST_F(Limits, OnTheSizeOfFilesLeaveSettingsRunningAndTheDocumentWhole) {
-    if (hasThreadSanitizer)
-        GTEST_SKIP() << ownFile;
-    const ProcessResult result = run(noRoom, {"settings", "--script", "-"}, script);
+    makeDocumentLarge();
+    const ProcessResult result = run(littleRoom, {"settings", "--script", "-"}, script);
     EXPECT_EQ(result.signal, 0) << result.errors;
     EXPECT_EQ(result.exitCode, 0) << result.errors;
     EXPECT_GE(std::ranges::count(result.output, '\n'), 3) << result.output;
