@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <stdexcept>
 
 namespace fs = std::filesystem;
 
@@ -73,6 +74,56 @@ const std::array<FailingEntry, static_cast<std::size_t>(Entry::NotificationCame)
     {Entry::OperationRun, "WhenItsOperationRuns", "queue"},
     {Entry::NotificationCame, "WhenANotificationComes", "bus"},
 }};
+
+EntryGroup groupOf(Entry entry) {
+    switch (entry) {
+    case Entry::ListBuilt:
+    case Entry::RowRead:
+    case Entry::TitleRead:
+    case Entry::PageAppearing:
+    case Entry::PageShown:
+        return EntryGroup::Opening;
+    case Entry::PageLeaving:
+    case Entry::PageGone:
+    case Entry::RowTapped:
+    case Entry::ButtonTapped:
+    case Entry::SwitchTapped:
+    case Entry::SwitchSet:
+    case Entry::SliderMoved:
+    case Entry::ChoiceMade:
+    case Entry::BarButtonTapped:
+    case Entry::ListDragged:
+        return EntryGroup::List;
+    case Entry::TypingEndedByReturn:
+    case Entry::TypingEndedByATap:
+    case Entry::TypingEndedByADrag:
+    case Entry::TypingEndedByTheBarButton:
+    case Entry::TypingEndedByGoingBack:
+    case Entry::TypingEndedByClosing:
+        return EntryGroup::Typing;
+    case Entry::AlertTyped:
+    case Entry::AlertButtonTapped:
+    case Entry::PasscodeEntered:
+    case Entry::PasscodeEnteredOtherwise:
+    case Entry::KeypadCancelled:
+    case Entry::EmergencyPressed:
+    case Entry::MailCancelled:
+    case Entry::MailSent:
+        return EntryGroup::Sheet;
+    case Entry::TableCounted:
+    case Entry::TableRowsCounted:
+    case Entry::TableRowMeasured:
+    case Entry::TableCellMade:
+    case Entry::TableSwitchTapped:
+        return EntryGroup::Table;
+    case Entry::ApplicationResigned:
+    case Entry::TimeCame:
+    case Entry::OperationRun:
+    case Entry::NotificationCame:
+        return EntryGroup::Outside;
+    }
+    throw std::logic_error("an entry without a group");
+}
 
 FailingPage::FailingPage(std::string root)
     : document_(root + "/var/mobile/Library/Preferences/com.tavix.wardlock.plist"),

@@ -49,6 +49,20 @@ enum class Entry {
     NotificationCame,
 };
 
+/// What a front end opens on the page before it enters it.
+enum class EntryGroup {
+    /// Opening the page is the entry itself.
+    Opening,
+    List,
+    Typing,
+    Sheet,
+    Table,
+    /// What comes without a user: time, the bus, another program in front.
+    Outside,
+};
+
+EntryGroup groupOf(Entry entry);
+
 struct FailingEntry {
     Entry entry;
     const char* name;

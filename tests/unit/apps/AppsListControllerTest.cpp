@@ -1,6 +1,6 @@
 #include "apps/AppsListController.h"
 
-#include "tests/support/doubles/PicturingDisplay.h"
+#include "tests/support/ViewListPage.h"
 #include "tests/unit/apps/PickerFixture.h"
 
 namespace wardlock::test {
@@ -25,10 +25,7 @@ TEST_F(AppsListPage, IsMadeByName) {
 }
 
 TEST_F(AppsListPage, IsTitledApps) {
-    EXPECT_EQ(page->navigationTitle(), "Apps");
-    EXPECT_EQ(page->title(), "Apps");
-    page->viewWillAppear(false);
-    EXPECT_EQ(page->navigationItem().title(), "Apps");
+    expectTitle(*page, "Apps");
 }
 
 TEST_F(AppsListPage, HasAListWithoutRowsReadyAsEveryListPage) {
@@ -50,14 +47,7 @@ TEST_F(AppsListPage, ShowsANewViewOfTheSizeOfTheOneBefore) {
 }
 
 TEST_F(AppsListPage, SetsItsTitleBeforeItsNewViewAndAfterItsListIsReady) {
-    const auto before = std::make_shared<platform::UIView>(frame);
-    page->setView(before);
-    doubles::PicturingDisplay display([&] {
-        return page->navigationItem().title() + (page->hasSpecifiers() ? ", list ready" : ", no list") +
-               (page->view() == before ? ", view of before" : ", new view");
-    });
-    page->viewWillAppear(true);
-    EXPECT_EQ(display.pictures,
+    EXPECT_EQ(picturesOfAppearing(*page),
               (std::vector<std::string>{"Apps, list ready, view of before", "Apps, list ready, new view"}));
 }
 

@@ -4,8 +4,9 @@
 #include "platform/runtime/NSBundle.h"
 #include "platform/ui/UITextView.h"
 #include "tests/support/PageFixture.h"
+#include "tests/support/ViewListPage.h"
 #include "tests/support/doubles/MemoryFileSystem.h"
-#include "tests/support/doubles/PicturingDisplay.h"
+#include "tests/support/doubles/RecordingDisplay.h"
 
 namespace wardlock::test {
 namespace {
@@ -40,10 +41,7 @@ TEST_F(ChangeLogPage, IsMadeByNameAndTitledChangeLog) {
     EXPECT_EQ(ChangeLogController::theClass().name(), "ChangeLogController");
     EXPECT_NE(std::dynamic_pointer_cast<ChangeLogController>(ChangeLogController::theClass().create()),
               nullptr);
-    EXPECT_EQ(page->navigationTitle(), "Change Log");
-    EXPECT_EQ(page->title(), "Change Log");
-    page->viewWillAppear(false);
-    EXPECT_EQ(page->navigationItem().title(), "Change Log");
+    expectTitle(*page, "Change Log");
 }
 
 TEST_F(ChangeLogPage, ShowsTheTextReadOnlyInASystemFontOfFifteenPoints) {
@@ -100,15 +98,8 @@ TEST_F(ChangeLogPage, ReadsTheResourceAnewEachTimeItAppears) {
 }
 
 TEST_F(ChangeLogPage, SetsItsTitleBeforeItsNewViewAndAfterItsListIsReady) {
-    const auto before = std::make_shared<platform::UIView>(frame);
-    page->setView(before);
-    doubles::PicturingDisplay display([&] {
-        return page->navigationItem().title() + (page->hasSpecifiers() ? ", list ready" : ", no list") +
-               (page->view() == before ? ", view of before" : ", new view");
-    });
-    page->viewWillAppear(true);
-    EXPECT_EQ(display.pictures, (std::vector<std::string>{"Change Log, list ready, view of before",
-                                                          "Change Log, list ready, new view"}));
+    EXPECT_EQ(picturesOfAppearing(*page), (std::vector<std::string>{"Change Log, list ready, view of before",
+                                                                    "Change Log, list ready, new view"}));
 }
 
 TEST_F(ChangeLogPage, HoldsALongText) {

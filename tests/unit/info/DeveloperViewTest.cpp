@@ -2,7 +2,7 @@
 
 #include "info/DeveloperController.h"
 #include "tests/support/PageFixture.h"
-#include "tests/support/doubles/PicturingDisplay.h"
+#include "tests/support/ViewListPage.h"
 
 namespace wardlock::test {
 namespace {
@@ -42,10 +42,7 @@ TEST_F(DeveloperPage, IsMadeByNameAndTitledOtherTweaks) {
     EXPECT_EQ(DeveloperController::theClass().name(), "DeveloperController");
     EXPECT_NE(std::dynamic_pointer_cast<DeveloperController>(DeveloperController::theClass().create()),
               nullptr);
-    EXPECT_EQ(page->navigationTitle(), "Other Tweaks");
-    EXPECT_EQ(page->title(), "Other Tweaks");
-    page->viewWillAppear(false);
-    EXPECT_EQ(page->navigationItem().title(), "Other Tweaks");
+    expectTitle(*page, "Other Tweaks");
 }
 
 TEST_F(DeveloperPage, LaysALargeBlackSpinnerOverTheMiddleOfTheWebView) {
@@ -137,15 +134,9 @@ TEST_F(DeveloperPage, KeepsTheTextsOfTheAlertThatNobodyIsShown) {
 }
 
 TEST_F(DeveloperPage, SetsItsTitleBeforeItsNewViewAndAfterItsListIsReady) {
-    const auto before = std::make_shared<platform::UIView>(frame);
-    page->setView(before);
-    doubles::PicturingDisplay display([&] {
-        return page->navigationItem().title() + (page->hasSpecifiers() ? ", list ready" : ", no list") +
-               (page->view() == before ? ", view of before" : ", new view");
-    });
-    page->viewWillAppear(true);
-    EXPECT_EQ(display.pictures, (std::vector<std::string>{"Other Tweaks, list ready, view of before",
-                                                          "Other Tweaks, list ready, new view"}));
+    EXPECT_EQ(picturesOfAppearing(*page),
+              (std::vector<std::string>{"Other Tweaks, list ready, view of before",
+                                        "Other Tweaks, list ready, new view"}));
 }
 
 TEST_F(DeveloperPage, LoadsTheListingAnewEachTimeItAppears) {

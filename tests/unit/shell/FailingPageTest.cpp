@@ -49,52 +49,20 @@ protected:
 };
 
 void FailingPageInShell::enter(Entry entry) {
-    switch (entry) {
-    case Entry::ListBuilt:
-    case Entry::RowRead:
-    case Entry::TitleRead:
-    case Entry::PageAppearing:
-    case Entry::PageShown:
+    switch (groupOf(entry)) {
+    case EntryGroup::Opening:
         return;
-    case Entry::PageLeaving:
-    case Entry::PageGone:
-    case Entry::RowTapped:
-    case Entry::ButtonTapped:
-    case Entry::SwitchTapped:
-    case Entry::SwitchSet:
-    case Entry::SliderMoved:
-    case Entry::ChoiceMade:
-    case Entry::BarButtonTapped:
-    case Entry::ListDragged:
+    case EntryGroup::List:
         return enterList(entry);
-    case Entry::TypingEndedByReturn:
-    case Entry::TypingEndedByATap:
-    case Entry::TypingEndedByADrag:
-    case Entry::TypingEndedByTheBarButton:
-    case Entry::TypingEndedByGoingBack:
-    case Entry::TypingEndedByClosing:
+    case EntryGroup::Typing:
         type("Name", "Ann");
         return endTyping(entry);
-    case Entry::AlertTyped:
-    case Entry::AlertButtonTapped:
-    case Entry::PasscodeEntered:
-    case Entry::PasscodeEnteredOtherwise:
-    case Entry::KeypadCancelled:
-    case Entry::EmergencyPressed:
-    case Entry::MailCancelled:
-    case Entry::MailSent:
+    case EntryGroup::Sheet:
         return enterSheet(entry);
-    case Entry::TableCounted:
-    case Entry::TableRowsCounted:
-    case Entry::TableRowMeasured:
-    case Entry::TableCellMade:
-    case Entry::TableSwitchTapped:
+    case EntryGroup::Table:
         tap("Table");
         return enterTable(entry);
-    case Entry::ApplicationResigned:
-    case Entry::TimeCame:
-    case Entry::OperationRun:
-    case Entry::NotificationCame:
+    case EntryGroup::Outside:
         return enterFromOutside(entry);
     }
 }
