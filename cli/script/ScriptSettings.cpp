@@ -55,7 +55,7 @@ Json answerTo(const std::string& line, bool tooLong, ScriptCommands& commands) {
 
 ExitCode runScriptSettings(std::string_view file) {
     const ScriptFile script(file);
-    // Answers reach the reader even when the exception of a page ends the process.
+    // Replies reach the reader even when the exception of a page ends the process.
     shell::installTerminationHook(Output::flushLast);
     const TextWeb web;
     shell::ManualClock clock;
