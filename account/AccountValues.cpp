@@ -4,9 +4,9 @@
 #include "platform/ui/UIAlertController.h"
 #include "platform/ui/UINavigationController.h"
 #include "settings/Accounts.h"
-#include "settings/ChangeNotification.h"
 #include "settings/Constants.h"
 #include "settings/Document.h"
+#include "settings/DocumentChange.h"
 #include "settings/DocumentPath.h"
 #include "settings/Keys.h"
 #include "specifiers/SelectedIndex.h"
@@ -16,32 +16,6 @@ namespace wardlock {
 using platform::UIAlertAction;
 using platform::UIAlertActionStyle;
 using platform::Value;
-
-namespace {
-
-constexpr const char* BlankName = "Blank";
-
-/// Returns false when there is no account to change.
-bool storeInAccount(Accounts& accounts, std::string_view key, const Value* value) {
-    if (accounts.empty())
-        return false;
-    // The account itself may be the one switched off: it is set again below.
-    if (key == kAccountEnabled && platform::boolValue(value)) {
-        const Value off(false);
-        if (const auto enabled = accounts.firstEnabled())
-            accounts.set(*enabled, kAccountEnabled, &off);
-    }
-    return accounts.set(selectedPosition(), key, value);
-}
-
-bool removeAccount(Accounts& accounts) {
-    if (accounts.empty())
-        return false;
-    accounts.remove(selectedPosition());
-    return true;
-}
-
-} // namespace
 
 std::optional<Value> AppsController::getValue(platform::PSSpecifier& specifier) {
     const auto entries = document(BundleIdentifier);
@@ -57,15 +31,7 @@ std::optional<Value> AppsController::getValue(platform::PSSpecifier& specifier) 
 }
 
 void AppsController::setValue(const Value* value, platform::PSSpecifier& specifier) {
-    const std::string key = specifier.identifier();
-    const Value blank(BlankName);
-    if (key == kAccountName && (!value || platform::stringValue(value) == ""))
-        value = &blank;
-    const auto update = updateAccounts(documentPath(BundleIdentifier), [&key, value](Accounts& accounts) {
-        return storeInAccount(accounts, key, value);
-    });
-    if (update.changed)
-        postChange(BundleIdentifier, PostName, key, *value);
+    announce(setAccountValue(documentPath(BundleIdentifier), selectedAccount, specifier.identifier(), value));
 }
 
 void AppsController::deleteAccount() {
@@ -80,9 +46,7 @@ void AppsController::deleteAccount() {
 }
 
 void AppsController::deleteSelectedAccount() {
-    const auto update = updateAccounts(documentPath(BundleIdentifier), removeAccount);
-    if (update.changed)
-        postChange(BundleIdentifier, PostName, kAccounts, *update.dictionary.find(kAccounts));
+    announce(wardlock::deleteAccount(documentPath(BundleIdentifier), selectedAccount));
     if (const auto navigation = navigationController())
         navigation->popViewControllerAnimated(true);
 }

@@ -1,16 +1,16 @@
 #include "apps/AppsListView.h"
 
-#include "apps/ApplicationOrder.h"
 #include "platform/plist/PropertyListFile.h"
 #include "platform/runtime/Class.h"
 #include "platform/runtime/DynamicLibrary.h"
 #include "platform/services/ALApplicationList.h"
 #include "platform/ui/UISwitch.h"
 #include "settings/Accounts.h"
-#include "settings/ChangeNotification.h"
 #include "settings/Constants.h"
+#include "settings/DocumentChange.h"
 #include "settings/DocumentPath.h"
 #include "settings/Keys.h"
+#include "settings/OfferedApplications.h"
 #include "specifiers/SelectedIndex.h"
 
 namespace wardlock {
@@ -18,9 +18,7 @@ namespace {
 
 using platform::Array;
 using platform::Dictionary;
-using platform::MutableArray;
 using platform::Value;
-using Comparison = platform::NameCollator::Comparison;
 
 constexpr const char* CellIdentifier = "theCell";
 constexpr int IconSize = 29;
@@ -60,40 +58,26 @@ AppsListView::~AppsListView() {
     platform::dlclose(applist_);
 }
 
+platform::Array AppsListView::hiddenDisplayIdentifiers() const {
+    return wardlock::hiddenDisplayIdentifiers();
+}
+
 void AppsListView::setupArrays() {
     platform::ALApplicationList* list = sharedApplicationList();
     setApplications(list ? list->applications() : Dictionary());
-    ApplicationOrder candidates(applications_);
-    candidates.addAll();
-    candidates.remove(hiddenDisplayIdentifiers());
-    candidates.sort(Comparison::LocalizedCaseInsensitive);
-
     const Array* stored =
         SelectedAccount ? platform::arrayValue(SelectedAccount->find(kAppsRestricted)) : nullptr;
-    setEnabled(stored ? std::optional<IdentifierList>(*stored) : std::nullopt);
-    const Array restricted = stored ? *stored : Array();
-    candidates.remove(restricted);
-
-    ApplicationOrder top(applications_);
-    top.add(restricted);
-    top.sort(Comparison::CaseInsensitive);
-    candidates.sort(Comparison::CaseInsensitive);
-    MutableArray rows;
-    top.appendTo(rows);
-    candidates.appendTo(rows);
-    setAllApps(std::move(rows));
+    setEnabled(stored ? std::optional<RestrictedApplications>(*stored) : std::nullopt);
+    setAllApps(offeredApplications(applications_, stored ? *stored : Array()));
 }
 
 void AppsListView::savePreferences() {
     const std::optional<Value> list = enabled_ ? std::optional<Value>(enabled_->copy()) : std::nullopt;
-    const auto change = [&list](Accounts& accounts) {
-        if (accounts.empty() || !accounts.set(selectedPosition(), kAppsRestricted, list ? &*list : nullptr))
-            return false;
-        SelectedAccount = *accounts.record(selectedPosition());
-        return true;
-    };
-    if (updateAccounts(PreferencesPath, change).changed)
-        postChange(BundleIdentifier, PostName, kAppsRestricted, *list);
+    const DocumentChange change =
+        setAccountValue(PreferencesPath, selectedAccount, kAppsRestricted, list ? &*list : nullptr);
+    if (change.update.changed)
+        SelectedAccount = selectedRecord(change.update.dictionary);
+    announce(change);
 }
 
 void AppsListView::setupTableViewWithFrame(const platform::CGRect& frame) {

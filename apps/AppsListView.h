@@ -1,9 +1,9 @@
 #pragma once
 
-#include "apps/IdentifierList.h"
 #include "platform/ui/UIControl.h"
 #include "platform/ui/UITableView.h"
 #include "platform/values/Value.h"
+#include "settings/RestrictedApplications.h"
 
 #include <memory>
 #include <optional>
@@ -28,8 +28,8 @@ public:
     const platform::Dictionary& applications() const { return applications_; }
     void setApplications(platform::Dictionary applications) { applications_ = std::move(applications); }
     /// What is saved; none when the account record has no list.
-    const std::optional<IdentifierList>& enabled() const { return enabled_; }
-    void setEnabled(std::optional<IdentifierList> enabled) { enabled_ = std::move(enabled); }
+    const std::optional<RestrictedApplications>& enabled() const { return enabled_; }
+    void setEnabled(std::optional<RestrictedApplications> enabled) { enabled_ = std::move(enabled); }
     /// Unused: no code fills or reads it.
     const std::optional<platform::MutableArray>& disabled() const { return disabled_; }
     void setDisabled(std::optional<platform::MutableArray> disabled) { disabled_ = std::move(disabled); }
@@ -39,8 +39,7 @@ public:
     const std::shared_ptr<platform::UITableView>& tableView() const { return tableView_; }
     void setTableView(std::shared_ptr<platform::UITableView> table) { tableView_ = std::move(table); }
 
-    /// Returns the applications that are never offered: services of the system that a user does not open.
-    /// Creates the array at each call.
+    /// Returns the applications that are never offered.
     platform::Array hiddenDisplayIdentifiers() const;
     /// Builds `applications`, `enabled` and `allApps`.
     void setupArrays();
@@ -61,7 +60,7 @@ private:
     std::shared_ptr<platform::UITableViewCell> makeCell();
 
     platform::Dictionary applications_;
-    std::optional<IdentifierList> enabled_;
+    std::optional<RestrictedApplications> enabled_;
     std::optional<platform::MutableArray> disabled_;
     platform::MutableArray allApps_;
     std::shared_ptr<platform::UITableView> tableView_;

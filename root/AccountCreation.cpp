@@ -4,11 +4,9 @@
 #include "platform/ui/UIAlertController.h"
 #include "root/DocumentSnapshot.h"
 #include "root/SettingsListController.h"
-#include "settings/Accounts.h"
-#include "settings/ChangeNotification.h"
 #include "settings/Constants.h"
+#include "settings/DocumentChange.h"
 #include "settings/DocumentPath.h"
-#include "settings/Keys.h"
 #include "settings/Log.h"
 #include "specifiers/PreferenceHelper.h"
 
@@ -18,16 +16,6 @@ using platform::NSNotificationCenter;
 using platform::UIAlertAction;
 using platform::UIAlertActionStyle;
 using platform::UIAlertController;
-
-namespace {
-
-platform::Dictionary newAccountRecord(const std::string& name) {
-    platform::MutableDictionary record(*Accounts::defaults().record(0));
-    record.set(kAccountName, platform::Value(name));
-    return record.copy();
-}
-
-} // namespace
 
 void SettingsListController::addAccount() {
     const auto alert = UIAlertController::alertControllerWithTitle("New Account", "",
@@ -70,17 +58,13 @@ void SettingsListController::alertTextFieldDidChange(const platform::NSNotificat
 }
 
 void SettingsListController::createAccountWithName(const std::string& name) {
-    const auto record = newAccountRecord(name);
-    const auto update = updateAccounts(documentPath(BundleIdentifier), [&record](Accounts& accounts) {
-        accounts.append(record);
-        return true;
-    });
-    if (!update.changed) {
+    const DocumentChange change = createAccount(documentPath(BundleIdentifier), name);
+    if (!change.update.changed) {
         jLog("No account was created: the preferences document has no list of accounts.");
         return;
     }
-    documentSnapshot.emplace(update.dictionary);
-    postChange(BundleIdentifier, PostName, kAccounts, platform::Value(record));
+    documentSnapshot.emplace(change.update.dictionary);
+    announce(change);
     if (prefs_)
         addSpecifier(prefs_->link(name, &AppsController::theClass()), true);
     reloadSpecifiers();

@@ -4,9 +4,8 @@
 #include "platform/ui/UIApplication.h"
 #include "root/DocumentSnapshot.h"
 #include "root/SettingsListController.h"
-#include "settings/ChangeNotification.h"
 #include "settings/Constants.h"
-#include "settings/Document.h"
+#include "settings/DocumentChange.h"
 #include "settings/Keys.h"
 
 #include <optional>
@@ -76,12 +75,10 @@ void SettingsListController::applicationWillResign(const platform::NSNotificatio
 }
 
 void SettingsListController::savePasscode(const std::string& passcode) {
-    const auto setPasscode = [&](platform::MutableDictionary& entries) {
-        entries.set(kPasscode, platform::Value(passcode));
-        return true;
-    };
-    documentSnapshot.emplace(updateDocument(BundleIdentifier, setPasscode).dictionary);
-    postChange(BundleIdentifier, PostName, kPasscode, platform::Value(passcode));
+    const platform::Value value(passcode);
+    const DocumentChange change = setTopLevelValue(BundleIdentifier, kPasscode, &value);
+    documentSnapshot.emplace(change.update.dictionary);
+    announce(change);
 }
 
 } // namespace wardlock

@@ -3,8 +3,8 @@
 #include "platform/preferences/PSListItemsController.h"
 #include "platform/runtime/NSBundle.h"
 #include "platform/values/NSException.h"
-#include "settings/ChangeNotification.h"
 #include "settings/Document.h"
+#include "settings/DocumentChange.h"
 #include "settings/ExceptionReport.h"
 #include "specifiers/PreferenceHelperAdditions.h"
 
@@ -160,14 +160,9 @@ std::optional<Value> PreferenceHelper::getValue(PSSpecifier& specifier) {
 }
 
 void PreferenceHelper::setValue(const Value* value, PSSpecifier& specifier) {
-    const std::string key = specifier.identifier();
-    const auto setKey = [&](platform::MutableDictionary& entries) {
-        entries.set(key, value);
-        return true;
-    };
-    updateDocument(identifier_, setKey);
+    const DocumentChange change = setTopLevelValue(identifier_, specifier.identifier(), value);
     if (!post_.empty())
-        postChange(identifier_, post_, key, *value);
+        announce(change, identifier_, post_);
 }
 
 } // namespace wardlock

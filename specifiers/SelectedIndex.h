@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/base/Export.h"
+#include "settings/Accounts.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -14,6 +15,11 @@ extern "C" WARDLOCK_API std::intptr_t SelectedIndex;
 /// SelectedIndex as a position in a list: a negative one becomes one beyond every list.
 inline std::size_t selectedPosition() {
     return static_cast<std::size_t>(SelectedIndex);
+}
+
+/// Chooses the account at SelectedIndex for a change (settings/DocumentChange.h).
+inline std::size_t selectedAccount(const Accounts&) {
+    return selectedPosition();
 }
 
 } // namespace wardlock

@@ -1,8 +1,8 @@
-#include "apps/IdentifierList.h"
+#include "settings/RestrictedApplications.h"
 
 namespace wardlock {
 
-IdentifierList::IdentifierList(const platform::Array& stored) : elements_(stored) {
+RestrictedApplications::RestrictedApplications(const platform::Array& stored) : elements_(stored) {
     present_.reserve(stored.size());
     for (const platform::Value& element : stored) {
         if (const auto identifier = platform::stringValue(&element))
@@ -10,16 +10,16 @@ IdentifierList::IdentifierList(const platform::Array& stored) : elements_(stored
     }
 }
 
-bool IdentifierList::contains(std::string_view identifier) const {
+bool RestrictedApplications::contains(std::string_view identifier) const {
     return present_.contains(identifier);
 }
 
-void IdentifierList::append(std::string_view identifier) {
+void RestrictedApplications::append(std::string_view identifier) {
     elements_.append(identifier);
     present_.emplace(identifier);
 }
 
-void IdentifierList::remove(std::string_view identifier) {
+void RestrictedApplications::remove(std::string_view identifier) {
     const auto found = present_.find(identifier);
     if (found == present_.end())
         return;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/base/Export.h"
 #include "platform/values/Value.h"
 
 #include <functional>
@@ -10,11 +11,11 @@
 namespace wardlock {
 
 /// The restricted applications of an account in their stored order, with a fast membership test: every cell
-/// calls it. Elements that are not strings keep their places, so that saving does not lose them, but match no
-/// application.
-class IdentifierList {
+/// of the picker calls it. Elements that are not strings keep their places, so that saving does not lose
+/// them, but match no application.
+class WARDLOCK_API RestrictedApplications {
 public:
-    explicit IdentifierList(const platform::Array& stored);
+    explicit RestrictedApplications(const platform::Array& stored);
 
     const platform::MutableArray& elements() const { return elements_; }
     platform::Array copy() const { return elements_.copy(); }

@@ -1,4 +1,4 @@
-#include "apps/ApplicationOrder.h"
+#include "settings/ApplicationOrder.h"
 
 #include <algorithm>
 #include <unordered_set>

@@ -1,8 +1,8 @@
-#include "apps/AppsListView.h"
+#include "settings/OfferedApplications.h"
 
 namespace wardlock {
 
-platform::Array AppsListView::hiddenDisplayIdentifiers() const {
+platform::Array hiddenDisplayIdentifiers() {
     return {
         "com.apple.Preferences",
         "com.apple.AdSheet",
