@@ -22,7 +22,7 @@ void notified(platform::CFNotificationCenter&, void*, std::string_view, const st
 } // namespace
 
 void listenForNotifications() {
-    observeChanges(BundleIdentifier, post, nullptr, notified);
+    const auto subscription = observeChanges(BundleIdentifier, post, nullptr, notified);
     Listener::ready();
     for (;;)
         platform::MainLoop::shared().runUntil([] { return false; }, std::chrono::hours(1));

@@ -1,5 +1,6 @@
 #include "settings/ChangeNotification.h"
 
+#include "platform/runtime/CFNotificationCenterClass.h"
 #include "platform/text/Format.h"
 #include "settings/Constants.h"
 
@@ -17,11 +18,11 @@ void postChange(std::string_view identifier, std::string_view post, std::string_
                                                    &userInfo, true);
 }
 
-void observeChanges(std::string_view identifier, std::string_view post, void* observer,
-                    platform::CFNotificationCallback callback) {
-    platform::CFNotificationCenterAddObserver(platform::CFNotificationCenterGetDistributedCenter(), observer,
-                                              callback, changeNotificationName(identifier, post), nullptr,
-                                              platform::CFNotificationSuspensionBehavior::DeliverImmediately);
+platform::Subscription observeChanges(std::string_view identifier, std::string_view post, void* observer,
+                                      platform::CFNotificationCallback callback) {
+    return platform::CFNotificationCenter::current().addObserver(
+        observer, callback, changeNotificationName(identifier, post), nullptr,
+        platform::CFNotificationSuspensionBehavior::DeliverImmediately);
 }
 
 } // namespace wardlock

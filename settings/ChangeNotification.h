@@ -5,6 +5,7 @@
 /// user info is exactly "key" and "object"; delivery is immediate. Main thread only.
 
 #include "../platform/base/Export.h"
+#include "../platform/base/Subscription.h"
 #include "../platform/runtime/CFNotificationCenter.h"
 #include "../platform/values/Value.h"
 
@@ -23,8 +24,9 @@ WARDLOCK_API std::string changeNotificationName(std::string_view identifier, std
 WARDLOCK_API void postChange(std::string_view identifier, std::string_view post, std::string_view key,
                              const platform::Value& object);
 
-/// Registers `callback` for the changes of all processes, this one included. `observer` is passed to it.
-WARDLOCK_API void observeChanges(std::string_view identifier, std::string_view post, void* observer,
-                                 platform::CFNotificationCallback callback);
+/// Registers `callback` for the changes of all processes, this one included, until the subscription ends.
+/// `observer` is passed to it.
+WARDLOCK_API platform::Subscription observeChanges(std::string_view identifier, std::string_view post,
+                                                   void* observer, platform::CFNotificationCallback callback);
 
 } // namespace wardlock

@@ -73,8 +73,9 @@ void InitSettings() {
 }
 
 void InitSettingsWithUpdateName(std::string_view post) {
-    // Observed first: a change between the two is then announced rather than missed.
-    observeChanges(BundleIdentifier, post, nullptr, SettingsUpdateCallback);
+    // Observed first: a change between the two is then announced rather than missed. Never ended: this half
+    // of the library has no tear-down.
+    observeChanges(BundleIdentifier, post, nullptr, SettingsUpdateCallback).release();
     InitSettings();
 }
 

@@ -3,35 +3,16 @@
 #include "settings/ChangeNotification.h"
 #include "settings/Constants.h"
 
-#include <cstdint>
-
 namespace wardlock::shell {
-
-namespace {
-
-LiveRefresh* current = nullptr;
-/// Identifies the current registration. Earlier registrations receive the notification too and are ignored.
-std::uintptr_t registration = 0;
-
-} // namespace
 
 LiveRefresh::LiveRefresh(Screen& screen, ScreenChanges& changes, ShownAccount& account,
                          PageBoundary& boundary)
-    : screen_(screen), changes_(changes), account_(account), boundary_(boundary) {
-    current = this;
-    ++registration;
-    // The observer is compared, never dereferenced. NOLINTNEXTLINE(performance-no-int-to-ptr)
-    observeChanges(BundleIdentifier, PostName, reinterpret_cast<void*>(registration), receive);
-}
-
-LiveRefresh::~LiveRefresh() {
-    current = nullptr;
-}
+    : screen_(screen), changes_(changes), account_(account), boundary_(boundary),
+      subscription_(observeChanges(BundleIdentifier, PostName, this, receive)) {}
 
 void LiveRefresh::receive(platform::CFNotificationCenter&, void* observer, std::string_view,
                           const std::string*, const platform::Dictionary* userInfo) {
-    if (current && reinterpret_cast<std::uintptr_t>(observer) == registration)
-        current->handleChange(userInfo);
+    static_cast<LiveRefresh*>(observer)->handleChange(userInfo);
 }
 
 void LiveRefresh::handleChange(const platform::Dictionary* userInfo) {

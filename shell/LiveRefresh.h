@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/base/Subscription.h"
 #include "platform/runtime/CFNotificationCenter.h"
 #include "shell/screen/Screen.h"
 #include "shell/screen/ScreenChanges.h"
@@ -14,12 +15,10 @@ namespace wardlock::shell {
 /// - it reads the rows of the other list pages again.
 ///
 /// The user did not ask for that, so an exception of a page is dropped and the earlier values stay. A table's
-/// rows never move. Main thread only; one at a time, since the centre keeps its observers for the life of the
-/// process.
+/// rows never move. Main thread only.
 class LiveRefresh {
 public:
     LiveRefresh(Screen& screen, ScreenChanges& changes, ShownAccount& account, PageBoundary& boundary);
-    ~LiveRefresh();
     LiveRefresh(const LiveRefresh&) = delete;
     LiveRefresh& operator=(const LiveRefresh&) = delete;
 
@@ -36,6 +35,7 @@ private:
     ShownAccount& account_;
     PageBoundary& boundary_;
     bool needed_ = false;
+    platform::Subscription subscription_;
 };
 
 } // namespace wardlock::shell

@@ -31,7 +31,6 @@ SettingsApplication::SettingsApplication(platform::AnimationClock& clock, double
 
 SettingsApplication::~SettingsApplication() {
     close();
-    changes_.setObserver(nullptr);
     platform::MailService::setCurrent(nullptr);
     UIApplication::sharedApplication().setURLOpener({});
     UIApplication::sharedApplication().setKeyWindow(nullptr);

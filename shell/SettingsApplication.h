@@ -29,8 +29,8 @@ public:
     SettingsApplication(const SettingsApplication&) = delete;
     SettingsApplication& operator=(const SettingsApplication&) = delete;
 
-    /// Sets the observer of changes: not owned, null for none.
-    void setObserver(ScreenObserver* observer) { changes_.setObserver(observer); }
+    /// Notifies the observer of changes until the subscription ends, which the observer outlives.
+    platform::Subscription observe(ScreenObserver& observer) { return changes_.observe(observer); }
 
     Screen& screen() { return screen_; }
     PageInput& page() { return pageInput_; }

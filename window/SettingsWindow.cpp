@@ -35,14 +35,12 @@ bool follow(std::unique_ptr<Model>& model, const Shown& shown, bool present, she
 SettingsWindow::SettingsWindow(platform::AnimationClock& clock, double transitionSeconds)
     : transitionSeconds_(transitionSeconds), application_(clock, transitionSeconds),
       pages_(application_, engine_), loop_(platform::MainLoop::shared().descriptor(), QSocketNotifier::Read) {
-    application_.setObserver(this);
+    subscription_ = application_.observe(*this);
     connect(&loop_, &QSocketNotifier::activated, this, [this] { application_.process(); });
     pages_.follow(false);
 }
 
-SettingsWindow::~SettingsWindow() {
-    application_.setObserver(nullptr);
-}
+SettingsWindow::~SettingsWindow() = default;
 
 QString SettingsWindow::notice() {
     const QString own = shownText(application_.screen().notice());

@@ -81,6 +81,7 @@ private:
     std::unique_ptr<KeypadModel> keypad_;
     QSocketNotifier loop_;
     QString problems_;
+    platform::Subscription subscription_;
 };
 
 } // namespace wardlock::window

@@ -29,24 +29,16 @@ namespace {
 
 constexpr int times = 15;
 
-/// Restarts the clock when the pages are ready and the window is about to be notified.
-class FromReadyModel final : public shell::ScreenObserver {
+/// Restarts the clock when the pages are ready and the window is about to show one more.
+class FromReadyModel final {
 public:
-    FromReadyModel(window::SettingsWindow& window, FrameWatch& watch) : window_(window), watch_(watch) {
-        window_.application().setObserver(this);
+    FromReadyModel(window::SettingsWindow& window, FrameWatch& watch) {
+        QObject::connect(window.pages(), &QAbstractItemModel::rowsAboutToBeInserted, &connection_,
+                         [&watch] { watch.start(); });
     }
-    ~FromReadyModel() override { window_.application().setObserver(&window_); }
-    FromReadyModel(const FromReadyModel&) = delete;
-    FromReadyModel& operator=(const FromReadyModel&) = delete;
 
 private:
-    void pagesChanged(bool animated) override {
-        watch_.start();
-        static_cast<shell::ScreenObserver&>(window_).pagesChanged(animated);
-    }
-
-    window::SettingsWindow& window_;
-    FrameWatch& watch_;
+    QObject connection_;
 };
 
 /// Returns one account that restricts as many applications as the default one, all of them installed: every

@@ -56,8 +56,7 @@ bool SettingsLoop::turn(int descriptor, std::chrono::milliseconds longest) {
         clock_->runDue();
     resize_.take();
     stopped_ = ready > 0 && waits[2].revents != 0;
-    if (turn_)
-        turn_();
+    turns_.forEach([](const std::function<void()>& turn) { turn(); });
     return ready > 0 && waits[0].revents != 0;
 }
 

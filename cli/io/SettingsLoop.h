@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cli/io/Signals.h"
+#include "platform/base/Subscribers.h"
 #include "shell/SettingsApplication.h"
 #include "shell/input/SteadyClock.h"
 
@@ -18,8 +19,9 @@ public:
     SettingsLoop(shell::SettingsApplication& settings, shell::SteadyClock* clock)
         : settings_(settings), clock_(clock) {}
 
-    /// Sets what is called at every turn, after the due work. A resized terminal causes a turn.
-    void setTurn(std::function<void()> turn) { turn_ = std::move(turn); }
+    /// Calls the function at every turn, after the due work, until the subscription ends. A resized terminal
+    /// causes a turn.
+    platform::Subscription observeTurns(std::function<void()> turn) { return turns_.add(std::move(turn)); }
 
     /// Waits until the descriptor is readable. Returns false when a signal asks the process to end.
     bool waitForInput(int descriptor);
@@ -33,7 +35,7 @@ private:
 
     shell::SettingsApplication& settings_;
     shell::SteadyClock* clock_;
-    std::function<void()> turn_;
+    platform::Subscribers<std::function<void()>> turns_;
     Signals stop_{SIGINT, SIGTERM, SIGHUP};
     Signals resize_{SIGWINCH};
     Signals suspend_{SIGTSTP};

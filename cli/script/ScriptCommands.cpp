@@ -59,13 +59,8 @@ std::vector<std::string_view> ScriptCommands::names() {
 
 ScriptCommands::ScriptCommands(shell::SettingsApplication& settings, shell::ManualClock& clock,
                                SettingsLoop& loop)
-    : settings_(settings), clock_(clock), loop_(loop), sheets_(settings) {
-    settings_.setObserver(this);
-}
-
-ScriptCommands::~ScriptCommands() {
-    settings_.setObserver(nullptr);
-}
+    : settings_(settings), clock_(clock), loop_(loop), sheets_(settings),
+      subscription_(settings.observe(*this)) {}
 
 Json ScriptCommands::run(const Json& command) {
     Json answer = Json::object();

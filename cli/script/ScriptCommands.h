@@ -18,7 +18,6 @@ namespace wardlock::cli {
 class ScriptCommands : private shell::ScreenObserver {
 public:
     ScriptCommands(shell::SettingsApplication& settings, shell::ManualClock& clock, SettingsLoop& loop);
-    ~ScriptCommands() override;
 
     /// Runs one command. Returns its answer, an object; it has an "error" when the command is refused.
     Json run(const Json& command);
@@ -65,6 +64,7 @@ private:
     /// Since the last "posts".
     std::vector<shell::Announcement> announced_;
     bool over_ = false;
+    platform::Subscription subscription_;
 };
 
 } // namespace wardlock::cli

@@ -24,15 +24,8 @@ TextPage::Size terminalSize() {
 } // namespace
 
 TerminalView::TerminalView(shell::SettingsApplication& settings, SettingsLoop& loop, TextStyle style)
-    : settings_(settings), loop_(loop), dialog_(loop, style), sheets_(settings, loop, dialog_) {
-    settings_.setObserver(this);
-    loop_.setTurn([this] { followTurn(); });
-}
-
-TerminalView::~TerminalView() {
-    loop_.setTurn({});
-    settings_.setObserver(nullptr);
-}
+    : settings_(settings), loop_(loop), dialog_(loop, style), sheets_(settings, loop, dialog_),
+      changes_(settings.observe(*this)), turns_(loop.observeTurns([this] { followTurn(); })) {}
 
 void TerminalView::run() {
     while (!dialog_.isOver()) {

@@ -16,7 +16,6 @@ namespace wardlock::cli {
 class TerminalView : private shell::ScreenObserver {
 public:
     TerminalView(shell::SettingsApplication& settings, SettingsLoop& loop, TextStyle style);
-    ~TerminalView() override;
 
     /// Returns when the input ends or the user quits.
     void run();
@@ -58,6 +57,8 @@ private:
     bool pageIsAsked_ = false;
     /// Whether the page needs no repetition: it was printed right above an error or the help.
     bool pageStands_ = false;
+    platform::Subscription changes_;
+    platform::Subscription turns_;
 };
 
 } // namespace wardlock::cli

@@ -3,7 +3,6 @@
 #include "linux/notifications/DeviceRootIdentity.h"
 #include "linux/posix/LoopSources.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace platform::notifications {
@@ -28,18 +27,19 @@ DistributedCenter::DistributedCenter()
                 missAll();
                 // The descriptor's number may be in use again before the loop's next wait.
                 posix::LoopSources::shared().refresh();
-            }}) {
-    posix::LoopSources::shared().add(*this);
-}
+            }}),
+      turns_(posix::LoopSources::shared().add(*this)) {}
 
-void DistributedCenter::addObserver(void* observer, CFNotificationCallback callback, std::string_view name,
-                                    const std::string* object, CFNotificationSuspensionBehavior) {
+Subscription DistributedCenter::addObserver(void* observer, CFNotificationCallback callback,
+                                            std::string_view name, const std::string* object,
+                                            CFNotificationSuspensionBehavior) {
     if (!callback)
-        return;
+        return {};
     const bool effective = bus_.subscribe();
-    registrations_.push_back(
+    auto subscription = registrations_.add(
         {observer, callback, std::string(name), object ? std::optional(*object) : std::nullopt, !effective});
     posix::LoopSources::shared().refresh();
+    return subscription;
 }
 
 void DistributedCenter::postNotification(std::string_view name, const std::string* object,
@@ -55,8 +55,8 @@ void DistributedCenter::postNotification(std::string_view name, const std::strin
 
 std::optional<DistributedCenter::Clock::time_point> DistributedCenter::deadline() const {
     const bool undelivered =
-        !inbox_.empty() || (subscribed_ && std::any_of(registrations_.begin(), registrations_.end(),
-                                                       [](const auto& each) { return each.missedSome; }));
+        !inbox_.empty() ||
+        (subscribed_ && registrations_.any([](const Registration& each) { return each.missedSome; }));
     return undelivered ? std::optional(Clock::time_point()) : bus_.deadline();
 }
 
@@ -80,30 +80,25 @@ void DistributedCenter::receive(Notification notification) {
 }
 
 void DistributedCenter::missAll() {
-    for (Registration& registration : registrations_)
-        registration.missedSome = true;
+    registrations_.forEach([](Registration& registration) { registration.missedSome = true; });
 }
 
 void DistributedCenter::deliver(const Notification& notification) {
-    // By index up to the present size: a callback may add an observer.
-    for (std::size_t i = 0, count = registrations_.size(); i < count; ++i) {
-        const Registration registration = registrations_[i];
+    registrations_.forEach([&](const Registration& registration) {
         if (registration.name == notification.name &&
             (!registration.object || registration.object == notification.object))
             registration.callback(*this, registration.observer, notification.name,
                                   pointerTo(notification.object),
                                   notification.userInfo ? &*notification.userInfo : nullptr);
-    }
+    });
 }
 
 void DistributedCenter::deliverMissed() {
-    for (std::size_t i = 0; subscribed_ && i < registrations_.size(); ++i) {
-        if (!std::exchange(registrations_[i].missedSome, false))
-            continue;
-        const Registration registration = registrations_[i];
-        registration.callback(*this, registration.observer, registration.name, pointerTo(registration.object),
-                              nullptr);
-    }
+    registrations_.forEach([this](Registration& registration) {
+        if (subscribed_ && std::exchange(registration.missedSome, false))
+            registration.callback(*this, registration.observer, registration.name,
+                                  pointerTo(registration.object), nullptr);
+    });
 }
 
 } // namespace platform::notifications

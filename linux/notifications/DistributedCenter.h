@@ -2,12 +2,13 @@
 
 #include "linux/notifications/Notification.h"
 #include "linux/notifications/NotificationBus.h"
-#include "platform/runtime/CFNotificationCenter.h"
+#include "linux/posix/LoopSource.h"
+#include "platform/base/Subscribers.h"
+#include "platform/runtime/CFNotificationCenterClass.h"
 
 #include <deque>
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace platform::notifications {
 
@@ -18,8 +19,8 @@ class DistributedCenter : public CFNotificationCenter, public posix::LoopSource 
 public:
     DistributedCenter();
 
-    void addObserver(void* observer, CFNotificationCallback callback, std::string_view name,
-                     const std::string* object, CFNotificationSuspensionBehavior suspension) override;
+    Subscription addObserver(void* observer, CFNotificationCallback callback, std::string_view name,
+                             const std::string* object, CFNotificationSuspensionBehavior suspension) override;
     void postNotification(std::string_view name, const std::string* object, const Dictionary* userInfo,
                           bool deliverImmediately) override;
 
@@ -43,13 +44,14 @@ private:
     void deliver(const Notification& notification);
     void deliverMissed();
 
-    std::vector<Registration> registrations_;
+    Subscribers<Registration> registrations_;
     /// Notifications that arrived and are not delivered yet. Observers run outside the bus's own work, so
     /// that they may use the bus.
     std::deque<Notification> inbox_;
     /// Whether notifications arrive, so that observers who missed some can be notified.
     bool subscribed_ = false;
     NotificationBus bus_;
+    Subscription turns_;
 };
 
 } // namespace platform::notifications

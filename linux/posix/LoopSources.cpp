@@ -37,12 +37,13 @@ LoopSources::LoopSources()
     watchForReading(epoll_.get(), timer_.get());
 }
 
-void LoopSources::add(LoopSource& source) {
+Subscription LoopSources::add(LoopSource& source) {
     watches_.push_back({&source, -1, 0});
     refresh();
+    return Subscription([this, &source] { remove(source); });
 }
 
-void LoopSources::remove(LoopSource& source) {
+void LoopSources::remove(const LoopSource& source) {
     const auto found = std::find_if(watches_.begin(), watches_.end(),
                                     [&](const Watch& watch) { return watch.source == &source; });
     if (found == watches_.end())
@@ -62,10 +63,16 @@ void LoopSources::clearWakeUp() {
 }
 
 void LoopSources::process() {
-    // By index: a source may add another.
-    for (std::size_t i = 0; i < watches_.size(); ++i)
-        watches_[i].source->process();
+    // A source may add or remove others, or itself.
+    const std::vector<Watch> turn = watches_;
+    for (const Watch& each : turn)
+        if (isWatched(*each.source))
+            each.source->process();
     refresh();
+}
+
+bool LoopSources::isWatched(const LoopSource& source) const {
+    return std::ranges::any_of(watches_, [&](const Watch& watch) { return watch.source == &source; });
 }
 
 void LoopSources::refresh() {

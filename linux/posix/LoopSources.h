@@ -2,6 +2,7 @@
 
 #include "linux/posix/FileDescriptor.h"
 #include "linux/posix/LoopSource.h"
+#include "platform/base/Subscription.h"
 
 #include <chrono>
 #include <cstdint>
@@ -17,9 +18,8 @@ class LoopSources {
 public:
     static LoopSources& shared();
 
-    /// `source` must live as long as the process, or be removed.
-    void add(LoopSource& source);
-    void remove(LoopSource& source);
+    /// Watches the source until the subscription ends, which the source outlives.
+    Subscription add(LoopSource& source);
 
     int descriptor() const { return epoll_.get(); }
     /// Makes the set readable. Any thread.
@@ -41,6 +41,8 @@ private:
 
     LoopSources();
 
+    void remove(const LoopSource& source);
+    bool isWatched(const LoopSource& source) const;
     void unwatch(Watch& watch);
     void watch(Watch& watch);
     void setTimer(std::optional<LoopSource::Clock::time_point> deadline);

@@ -28,12 +28,7 @@ AppearancePortal::AppearancePortal(std::function<void()> changed) : changed_(std
     // Listens first: a change during the query is not lost.
     if (!connection_ || !listen() || !query())
         disconnect();
-    posix::LoopSources::shared().add(*this);
-}
-
-AppearancePortal::~AppearancePortal() {
-    posix::LoopSources::shared().remove(*this);
-    disconnect();
+    turns_ = posix::LoopSources::shared().add(*this);
 }
 
 bool AppearancePortal::listen() {

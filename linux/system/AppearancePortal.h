@@ -3,6 +3,7 @@
 #include "linux/bus/BusConnection.h"
 #include "linux/bus/BusPointers.h"
 #include "linux/posix/LoopSource.h"
+#include "platform/base/Subscription.h"
 #include "platform/services/DesktopAppearance.h"
 
 #include <functional>
@@ -18,7 +19,6 @@ namespace platform::system {
 class AppearancePortal final : public DesktopAppearanceMonitor, public posix::LoopSource {
 public:
     explicit AppearancePortal(std::function<void()> changed);
-    ~AppearancePortal() override;
     AppearancePortal(const AppearancePortal&) = delete;
     AppearancePortal& operator=(const AppearancePortal&) = delete;
 
@@ -53,6 +53,7 @@ private:
     bus::BusSlot changes_;
     bus::BusSlot owners_;
     bus::BusSlot query_;
+    Subscription turns_;
 };
 
 } // namespace platform::system

@@ -11,7 +11,6 @@
 #include "linux/system/LinuxDeviceInformation.h"
 #include "linux/web/CurlWebEngine.h"
 #include "platform/files/RealFileSystem.h"
-#include "platform/runtime/SystemNotificationCenter.h"
 #include "platform/services/SystemMailService.h"
 
 #include <memory>
@@ -25,7 +24,7 @@ FileSystem& realFileSystem() {
     return *files;
 }
 
-CFNotificationCenter& systemNotificationCenter() {
+CFNotificationCenter& CFNotificationCenter::native() {
     // Never destroyed: a post while the process ends must still find it.
     static auto* const center = new notifications::DistributedCenter;
     return *center;

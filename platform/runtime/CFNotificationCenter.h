@@ -3,12 +3,13 @@
 #include "../base/Export.h"
 #include "../values/Value.h"
 
-#include <optional>
 #include <string>
 #include <string_view>
 
 namespace platform {
 
+/// A notification centre that reaches other processes. Main thread only; callbacks run there, from
+/// MainLoop::process(). Observers in the posting process run within the post itself.
 class CFNotificationCenter;
 
 /// `object` and `userInfo` are null where the poster gave none. All arguments are valid during the call only.
@@ -17,29 +18,17 @@ using CFNotificationCallback = void (*)(CFNotificationCenter& center, void* obse
 
 enum class CFNotificationSuspensionBehavior { Drop = 1, Coalesce = 2, Hold = 3, DeliverImmediately = 4 };
 
-/// A notification centre that reaches other processes. Main thread only; callbacks run there, from
-/// MainLoop::process(). Observers in the posting process run within the post itself.
-class WARDLOCK_API CFNotificationCenter {
-public:
-    virtual ~CFNotificationCenter();
-
-    /// The registration is effective when this returns. Without a bus it takes effect when the bus comes
-    /// back.
-    virtual void addObserver(void* observer, CFNotificationCallback callback, std::string_view name,
-                             const std::string* object, CFNotificationSuspensionBehavior suspension) = 0;
-    /// Never blocks for long and reports no error: without a bus the observers of this process are still
-    /// notified.
-    virtual void postNotification(std::string_view name, const std::string* object,
-                                  const Dictionary* userInfo, bool deliverImmediately) = 0;
-};
-
 /// Returns the centre that reaches every process of this device root.
 WARDLOCK_API CFNotificationCenter& CFNotificationCenterGetDistributedCenter();
 
+/// Registers a callback until the process ends. The registration is effective when this returns. Without a
+/// bus it takes effect when the bus comes back.
 WARDLOCK_API void CFNotificationCenterAddObserver(CFNotificationCenter& center, void* observer,
                                                   CFNotificationCallback callback, std::string_view name,
                                                   const std::string* object,
                                                   CFNotificationSuspensionBehavior suspension);
+/// Never blocks for long and reports no error: without a bus the observers of this process are still
+/// notified.
 WARDLOCK_API void CFNotificationCenterPostNotification(CFNotificationCenter& center, std::string_view name,
                                                        const std::string* object, const Dictionary* userInfo,
                                                        bool deliverImmediately);

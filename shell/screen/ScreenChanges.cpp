@@ -74,8 +74,7 @@ void ScreenChanges::rowInserted(UIViewController& controller, NSIndexPath path, 
 }
 
 void ScreenChanges::announced(const Announcement& announcement) {
-    if (observer_)
-        observer_->changeAnnounced(announcement);
+    observers_.forEach([&](ScreenObserver* observer) { observer->changeAnnounced(announcement); });
 }
 
 void ScreenChanges::add(Change change) {
@@ -90,45 +89,43 @@ void ScreenChanges::deliver() {
     delivering_ = true;
     while (!changes_.empty())
         for (const auto& change : std::exchange(changes_, {}))
-            notify(change);
+            observers_.forEach([&](ScreenObserver* observer) { notify(*observer, change); });
     delivering_ = false;
 }
 
-void ScreenChanges::notify(const Change& change) {
-    if (!observer_)
-        return;
+void ScreenChanges::notify(ScreenObserver& observer, const Change& change) {
     switch (change.kind) {
     case Kind::Pages:
-        return observer_->pagesChanged(change.animated);
+        return observer.pagesChanged(change.animated);
     case Kind::TransitionEnded:
-        return observer_->transitionEnded();
+        return observer.transitionEnded();
     case Kind::Overlay:
-        return observer_->overlayChanged();
+        return observer.overlayChanged();
     case Kind::Presentation:
-        return observer_->presentationChanged();
+        return observer.presentationChanged();
     case Kind::Editing:
-        return observer_->editingChanged();
+        return observer.editingChanged();
     case Kind::Notice:
-        return observer_->noticeChanged();
+        return observer.noticeChanged();
     default:
-        return notifyOfPage(change);
+        return notifyOfPage(observer, change);
     }
 }
 
-void ScreenChanges::notifyOfPage(const Change& change) {
+void ScreenChanges::notifyOfPage(ScreenObserver& observer, const Change& change) {
     switch (change.kind) {
     case Kind::Page:
-        return observer_->pageChanged(*change.page);
+        return observer.pageChanged(*change.page);
     case Kind::List:
-        return observer_->listReset(*change.page);
+        return observer.listReset(*change.page);
     case Kind::Row:
-        return observer_->rowChanged(*change.page, change.path);
+        return observer.rowChanged(*change.page, change.path);
     case Kind::RowInserted:
-        return observer_->rowInserted(*change.page, change.path, change.animated);
+        return observer.rowInserted(*change.page, change.path, change.animated);
     case Kind::TableRow:
-        return observer_->tableRowChanged(*change.page, change.path);
+        return observer.tableRowChanged(*change.page, change.path);
     default:
-        return observer_->contentChanged(*change.page);
+        return observer.contentChanged(*change.page);
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/base/Subscribers.h"
 #include "platform/ui/DisplayObserver.h"
 #include "shell/screen/PageStack.h"
 #include "shell/screen/ScreenObserver.h"
@@ -18,8 +19,8 @@ public:
     ScreenChanges(PageStack& stack, std::function<void(platform::UIView&)> endEditing)
         : stack_(stack), endEditing_(std::move(endEditing)) {}
 
-    /// Not owned; null for none.
-    void setObserver(ScreenObserver* observer) { observer_ = observer; }
+    /// Notifies the observer until the subscription ends, which the observer outlives.
+    platform::Subscription observe(ScreenObserver& observer) { return observers_.add(&observer); }
 
     void viewChanged(platform::UIView& view) override;
     void controllerChanged(platform::UIViewController& controller) override;
@@ -38,8 +39,8 @@ public:
     void notice() { add({Kind::Notice, nullptr, {}, false}); }
     void announced(const Announcement& announcement);
 
-    /// Notifies the observer of everything that has changed until now, and of what changes while it is being
-    /// notified.
+    /// Notifies the observers of everything that has changed until now, and of what changes while they
+    /// are being notified.
     void deliver();
 
 private:
@@ -67,12 +68,12 @@ private:
     };
 
     void add(Change change);
-    void notify(const Change& change);
-    void notifyOfPage(const Change& change);
+    static void notify(ScreenObserver& observer, const Change& change);
+    static void notifyOfPage(ScreenObserver& observer, const Change& change);
 
     PageStack& stack_;
     std::function<void(platform::UIView&)> endEditing_;
-    ScreenObserver* observer_ = nullptr;
+    platform::Subscribers<ScreenObserver*> observers_;
     std::vector<Change> changes_;
     bool delivering_ = false;
 };

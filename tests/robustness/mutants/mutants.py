@@ -254,7 +254,7 @@ ALL = [
     ]),
     # The platform.
     Mutant("null-callback-called", "an observer without a callback is called", ("tests.notifications/DistributedCenterTest",), [
-        ("linux/notifications/DistributedCenter.cpp", "    if (!callback)\n        return;\n", ""),
+        ("linux/notifications/DistributedCenter.cpp", "    if (!callback)\n        return {};\n", ""),
     ]),
     Mutant("descriptors-run-out", "a document that no descriptor is left for counts as unreadable", ("tests.plist/PropertyListFile", r"tests.plist/.*PropertyListFileFault"), [
         (FILE, "error == std::errc::too_many_files_open ||\n", "error == std::errc::no_buffer_space ||\n"),

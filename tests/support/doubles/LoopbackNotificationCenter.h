@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/runtime/CFNotificationCenter.h"
-#include "platform/runtime/SystemNotificationCenter.h"
+#include "platform/base/Subscribers.h"
+#include "platform/runtime/CFNotificationCenterClass.h"
 
 #include <functional>
 #include <string>
@@ -19,12 +19,13 @@ public:
         platform::Dictionary userInfo;
     };
 
-    LoopbackNotificationCenter() { platform::setDistributedCenter(this); }
-    ~LoopbackNotificationCenter() override { platform::setDistributedCenter(nullptr); }
+    LoopbackNotificationCenter() { setCurrent(this); }
+    ~LoopbackNotificationCenter() override { setCurrent(nullptr); }
 
-    void addObserver(void* observer, platform::CFNotificationCallback callback, std::string_view name,
-                     const std::string*, platform::CFNotificationSuspensionBehavior) override {
-        observers_.push_back({observer, callback, std::string(name)});
+    platform::Subscription addObserver(void* observer, platform::CFNotificationCallback callback,
+                                       std::string_view name, const std::string*,
+                                       platform::CFNotificationSuspensionBehavior) override {
+        return observers_.add({observer, callback, std::string(name)});
     }
     void postNotification(std::string_view name, const std::string*, const platform::Dictionary* userInfo,
                           bool) override {
@@ -35,11 +36,13 @@ public:
     }
     /// As another process's post arrives.
     void deliver(std::string_view name, const platform::Dictionary* userInfo) {
-        const auto observers = observers_;
-        for (const auto& [observer, callback, wanted] : observers)
-            if (wanted == name)
-                callback(*this, observer, name, nullptr, userInfo);
+        observers_.forEach([&](const Observer& each) {
+            if (each.name == name)
+                each.callback(*this, each.observer, name, nullptr, userInfo);
+        });
     }
+    /// The number of registrations that have not ended.
+    std::size_t observerCount() const { return observers_.size(); }
 
     std::vector<Post> posts;
     /// Called within each post, when set: for what must have happened before.
@@ -51,7 +54,7 @@ private:
         platform::CFNotificationCallback callback;
         std::string name;
     };
-    std::vector<Observer> observers_;
+    platform::Subscribers<Observer> observers_;
 };
 
 } // namespace wardlock::test

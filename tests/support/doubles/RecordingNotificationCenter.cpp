@@ -1,24 +1,25 @@
 #include "tests/support/doubles/RecordingNotificationCenter.h"
 
-#include "platform/runtime/SystemNotificationCenter.h"
-
 namespace wardlock::test {
 
 RecordingNotificationCenter::RecordingNotificationCenter() {
-    platform::setDistributedCenter(this);
+    setCurrent(this);
 }
 
 RecordingNotificationCenter::~RecordingNotificationCenter() {
-    platform::setDistributedCenter(nullptr);
+    setCurrent(nullptr);
 }
 
-void RecordingNotificationCenter::addObserver(void* observer, platform::CFNotificationCallback callback,
-                                              std::string_view name, const std::string* object,
-                                              platform::CFNotificationSuspensionBehavior suspension) {
+platform::Subscription
+RecordingNotificationCenter::addObserver(void* observer, platform::CFNotificationCallback callback,
+                                         std::string_view name, const std::string* object,
+                                         platform::CFNotificationSuspensionBehavior suspension) {
     observers.push_back(
         {observer, callback, std::string(name), object ? std::optional(*object) : std::nullopt, suspension});
+    auto subscription = registered_.add(observers.back());
     if (onAddObserver)
         onAddObserver(Observer(observers.back()));
+    return subscription;
 }
 
 void RecordingNotificationCenter::postNotification(std::string_view name, const std::string* object,
@@ -32,11 +33,10 @@ void RecordingNotificationCenter::postNotification(std::string_view name, const 
 
 void RecordingNotificationCenter::deliver(std::string_view name, const std::string* object,
                                           const platform::Dictionary* userInfo) {
-    const std::vector<Observer> now = observers;
-    for (const Observer& each : now) {
+    registered_.forEach([&](const Observer& each) {
         if (each.name == name && (!each.object || (object && *object == *each.object)))
             each.callback(*this, each.observer, name, object, userInfo);
-    }
+    });
 }
 
 } // namespace wardlock::test

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "platform/runtime/CFNotificationCenter.h"
+#include "platform/base/Subscribers.h"
+#include "platform/runtime/CFNotificationCenterClass.h"
 
 #include <functional>
 #include <optional>
@@ -30,9 +31,9 @@ public:
     RecordingNotificationCenter();
     ~RecordingNotificationCenter() override;
 
-    void addObserver(void* observer, platform::CFNotificationCallback callback, std::string_view name,
-                     const std::string* object,
-                     platform::CFNotificationSuspensionBehavior suspension) override;
+    platform::Subscription addObserver(void* observer, platform::CFNotificationCallback callback,
+                                       std::string_view name, const std::string* object,
+                                       platform::CFNotificationSuspensionBehavior suspension) override;
     void postNotification(std::string_view name, const std::string* object,
                           const platform::Dictionary* userInfo, bool deliverImmediately) override;
 
@@ -40,12 +41,15 @@ public:
     void deliver(std::string_view name, const std::string* object = nullptr,
                  const platform::Dictionary* userInfo = nullptr);
 
-    /// In the order of the calls.
+    /// In the order of the calls, ended registrations included.
     std::vector<Post> posts;
     std::vector<Observer> observers;
     /// Called within each post and each registration, when set: for what must have happened before.
     std::function<void(const Post&)> onPost;
     std::function<void(const Observer&)> onAddObserver;
+
+private:
+    platform::Subscribers<Observer> registered_;
 };
 
 } // namespace wardlock::test

@@ -1,7 +1,7 @@
 // The product's one request, end to end and in two processes: a parent restricts something for an account,
 // and the enforcing process knows.
 
-#include "platform/runtime/SystemNotificationCenter.h"
+#include "platform/runtime/CFNotificationCenterClass.h"
 #include "settings/Keys.h"
 #include "tests/support/BuildPaths.h"
 #include "tests/support/Process.h"
@@ -21,7 +21,7 @@ class Enforcement : public SettingsApplicationFixture {
 protected:
     Enforcement() {
         environment.set("DBUS_SESSION_BUS_ADDRESS", bus.address());
-        platform::setDistributedCenter(nullptr);
+        platform::CFNotificationCenter::setCurrent(nullptr);
     }
 
     /// Two accounts of which the second is enabled.

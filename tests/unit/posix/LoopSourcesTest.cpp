@@ -19,17 +19,13 @@ namespace {
 /// Waits for whatever descriptor it is given.
 class Source : public LoopSource {
 public:
-    Source() { LoopSources::shared().add(*this); }
-    ~Source() override { LoopSources::shared().remove(*this); }
-    Source(const Source&) = delete;
-    Source& operator=(const Source&) = delete;
-
     int descriptor() const override { return watched.get(); }
     short events() const override { return POLLIN; }
     std::optional<Clock::time_point> deadline() const override { return std::nullopt; }
     void process() override {}
 
     FileDescriptor watched;
+    platform::Subscription turns = LoopSources::shared().add(*this);
 };
 
 /// The reading end of a pipe in which there is something to read.

@@ -30,9 +30,10 @@ TEST(ChangeNotification, CarriesExactlyTheKeyAndItsValueAtOnce) {
 TEST(ChangeNotification, ReachesWhoObservesIt) {
     RecordingNotificationCenter center;
     int told = 0;
-    observeChanges(BundleIdentifier, PostName, &told,
-                   [](platform::CFNotificationCenter&, void* observer, std::string_view, const std::string*,
-                      const Dictionary*) { ++*static_cast<int*>(observer); });
+    const auto subscription =
+        observeChanges(BundleIdentifier, PostName, &told,
+                       [](platform::CFNotificationCenter&, void* observer, std::string_view,
+                          const std::string*, const Dictionary*) { ++*static_cast<int*>(observer); });
     center.deliver("com.tavix.wardlock/update");
     EXPECT_EQ(told, 1);
     EXPECT_EQ(center.observers[0].suspension, platform::CFNotificationSuspensionBehavior::DeliverImmediately);

@@ -1,7 +1,7 @@
 // What the whole library is for: a process that enforces the settings hears of a change that another one
 // made.
 
-#include "platform/runtime/SystemNotificationCenter.h"
+#include "platform/runtime/CFNotificationCenterClass.h"
 #include "settings/ChangeNotification.h"
 #include "settings/Constants.h"
 #include "settings/DefaultSettings.h"
@@ -28,7 +28,7 @@ class EnforcingProcessTest : public test::SettingsFixture {
 protected:
     EnforcingProcessTest() {
         environment.set("DBUS_SESSION_BUS_ADDRESS", bus.address());
-        platform::setDistributedCenter(nullptr);
+        platform::CFNotificationCenter::setCurrent(nullptr);
     }
 
     static Process startEnforcer(int changes) {

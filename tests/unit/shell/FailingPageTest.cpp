@@ -1,7 +1,7 @@
 #include "tests/support/FailingPage.h"
 
+#include "platform/runtime/CFNotificationCenterClass.h"
 #include "platform/runtime/MainLoop.h"
-#include "platform/runtime/SystemNotificationCenter.h"
 #include "shell/TerminationHook.h"
 #include "tests/support/BuildPaths.h"
 #include "tests/support/Process.h"
@@ -20,7 +20,7 @@ class FailingPageInShell : public SettingsApplicationFixture {
 protected:
     FailingPageInShell() {
         environment.set("DBUS_SESSION_BUS_ADDRESS", bus.address());
-        platform::setDistributedCenter(nullptr);
+        platform::CFNotificationCenter::setCurrent(nullptr);
     }
 
     void open() {

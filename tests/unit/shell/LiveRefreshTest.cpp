@@ -65,11 +65,10 @@ TEST_F(LiveRefreshTest, ReadsTheRowsOfTheAccountPageAgain) {
     tap("Default");
     EXPECT_FALSE(row("Siri").isOn());
     Counter counter;
-    settings().setObserver(&counter);
+    const auto observing = settings().observe(counter);
     changeElsewhere(withAccountValue(0, wardlock::kRestrictSiri, true));
     EXPECT_TRUE(row("Siri").isOn());
     EXPECT_EQ(counter.rows, 1) << "only the row that looks different";
-    settings().setObserver(nullptr);
 }
 
 TEST_F(LiveRefreshTest, DoesNotStealTextBeingTyped) {
@@ -135,7 +134,7 @@ TEST_F(LiveRefreshTest, NothingIsReloadedForTheProcesssOwnPosts) {
     start();
     tap("Wardlock");
     Counter counter;
-    settings().setObserver(&counter);
+    const auto observing = settings().observe(counter);
     tap("Enabled");
     EXPECT_EQ(counter.resets, 0);
     ASSERT_EQ(counter.announcements.size(), 1U);
@@ -145,7 +144,6 @@ TEST_F(LiveRefreshTest, NothingIsReloadedForTheProcesssOwnPosts) {
     changeElsewhere(document());
     EXPECT_EQ(counter.resets, 1);
     EXPECT_FALSE(counter.announcements[1].own);
-    settings().setObserver(nullptr);
 }
 
 TEST_F(LiveRefreshTest, RefreshesForAnAnnouncementWithoutUserInfo) {

@@ -47,10 +47,11 @@ protected:
         start(transitionSeconds);
         tap("Fixture");
         clock.step(transitionSeconds);
-        settings().setObserver(&told);
+        observing_ = settings().observe(told);
     }
 
     Recorder told;
+    platform::Subscription observing_;
 };
 
 } // namespace
@@ -127,17 +128,16 @@ TEST_F(ScreenChangesTest, AreToldWhenThePagesAreDone) {
     };
     open();
     Reader reader(settings());
-    settings().setObserver(&reader);
+    const auto observing = settings().observe(reader);
     tap("Table");
     EXPECT_EQ(reader.title, "Table");
-    settings().setObserver(nullptr);
 }
 
 TEST_F(ScreenChangesTest, ComeOnceForARepeatedChange) {
     start();
     tap("Wardlock");
     tap("Passcode");
-    settings().setObserver(&told);
+    observing_ = settings().observe(told);
     clock.step(0.4);
     press("1");
     EXPECT_EQ(told.take(), std::vector<std::string>{"overlay"});
