@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""The goal for covered lines is held for the bundle, the settings library and the platform, each in sum.
+"""The goal for covered lines applies to the bundle, the settings library and the platform, each in total.
 
     coveragegoal.py PROGRAM
 """
@@ -34,14 +34,14 @@ class Goal(unittest.TestCase):
         for number in range(len(WHOLE)):
             self.assertFalse(self.reached(*WHOLE[:number], *WHOLE[number + 1:]))
 
-    def test_counts_a_part_in_sum_of_its_rooms(self):
+    def test_counts_a_part_as_the_total_of_its_rooms(self):
         self.assertTrue(self.reached(*WHOLE, file("account/A.cpp", 100, 0), file("apps/A.cpp", 94, 6)))
         self.assertFalse(self.reached(*WHOLE, file("account/A.cpp", 90, 10)))
 
     def test_counts_no_lone_braces(self):
         self.assertTrue(self.reached(*WHOLE, file("info/A.cpp", 96, 4, braces=50)))
 
-    def test_asks_nothing_of_the_other_rooms(self):
+    def test_ignores_the_other_rooms(self):
         self.assertTrue(self.reached(*WHOLE, file("cli/A.cpp", 0, 100)))
 
 

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""tools/lint tells every finding of clang-tidy, each apart from the others.
+"""tools/lint reports every finding of clang-tidy, each separate from the others.
 
     lintfindings.py PROGRAM
 """
@@ -13,13 +13,13 @@ SECOND = "settings/A.h:4:1: warning: another [check-two]\n"
 
 
 class Findings(unittest.TestCase):
-    def test_are_told_apart_with_what_explains_them(self):
+    def test_are_separated_with_their_notes(self):
         self.assertEqual(lint.findings(FIRST + SECOND), [FIRST, SECOND])
 
     def test_name_their_files_from_the_top(self):
         self.assertEqual(lint.findings(f"{lint.TOP}/{SECOND}"), [SECOND])
 
-    def test_are_none_in_silence(self):
+    def test_are_absent_without_output(self):
         self.assertEqual(lint.findings("\n"), [])
 
 

@@ -29,7 +29,7 @@ class Shown(unittest.TestCase):
         shows.end()
         return out.getvalue()
 
-    def test_a_line_at_each_tenth_where_there_is_no_terminal(self):
+    def test_each_tenth_prints_a_line_without_a_terminal(self):
         text = self.shown(*(COMPILED % (number, 40) for number in range(1, 41)))
         self.assertEqual(text.splitlines()[0], "Building: 4 of 40")
         self.assertEqual(len(text.splitlines()), 10)
@@ -39,7 +39,7 @@ class Shown(unittest.TestCase):
         self.assertEqual(self.shown(*(COMPILED % (number, 3) for number in range(1, 4))),
                          "Building: 1 of 3\nBuilding: 2 of 3\nBuilding: 3 of 3\n")
 
-    def test_one_moving_line_with_the_source_on_a_terminal(self):
+    def test_a_terminal_shows_one_moving_line_with_the_source(self):
         text = self.shown(COMPILED % (1, 40), COMPILED % (2, 40), columns=80)
         self.assertEqual(text, "\rBuilding: 1 of 40, Class.cpp\033[K\rBuilding: 2 of 40, Class.cpp\033[K\r\033[K")
 
@@ -47,20 +47,20 @@ class Shown(unittest.TestCase):
         longest = max(self.shown(COMPILED % (1, 40), columns=20).replace("\033[K", "").split("\r"), key=len)
         self.assertEqual(len(longest), 19)
 
-    def test_the_rest_is_judged_by_what_is_done(self):
+    def test_the_remaining_time_is_estimated_from_finished_steps(self):
         text = self.shown(*(COMPILED % (number, 120) for number in range(1, 61)), seconds=2)
         self.assertEqual(text.splitlines()[-1], "Building: 60 of 120, about 2 minutes left")
 
-    def test_a_failed_test_is_told_at_once_and_alone_in_its_line(self):
+    def test_a_failed_test_is_shown_at_once_and_alone_in_its_line(self):
         text = self.shown(PASSED % (1, 40), FAILED % (2, 40), columns=80)
         self.assertIn("\r\033[KFAILED: settings.Log.IsKept (Failed)\n", text)
         self.assertIn("\rBuilding: 2 of 40, settings.Log.IsKept", text)
 
-    def test_a_test_with_parameters_is_told_with_them(self):
+    def test_a_test_with_parameters_is_shown_with_them(self):
         text = self.shown(' 1/9 Test #3: manual.All/Page.IsValid/Window  # GetParam() = "a b" ....***Exception: SegFault  0.14 sec')
         self.assertEqual(text.splitlines()[0], 'FAILED: manual.All/Page.IsValid/Window  # GetParam() = "a b" (Exception: SegFault)')
 
-    def test_a_skipped_test_is_no_failure(self):
+    def test_a_skipped_test_is_not_a_failure(self):
         self.assertNotIn("FAILED", self.shown(SKIPPED % (1, 40), columns=80))
 
     def test_other_lines_are_not_shown(self):
@@ -82,14 +82,14 @@ class Commands(unittest.TestCase):
     def test_output_of_both_kinds_goes_into_the_log(self):
         self.assertEqual(self.run_command("echo one; echo two >&2"), (0, "", "one\ntwo\n"))
 
-    def test_the_log_goes_on(self):
+    def test_an_existing_log_is_appended_to(self):
         self.run_command("echo one")
         self.assertEqual(self.run_command("echo two")[2], "one\ntwo\n")
 
     def test_the_exit_code_is_the_commands(self):
         self.assertEqual(self.run_command("exit 7")[0], 7)
 
-    def test_bytes_of_no_encoding_end_nothing(self):
+    def test_bytes_of_another_encoding_do_not_end_it(self):
         self.assertEqual(self.run_command(r"printf '\377\n'; echo '[1/1] Linking CXX executable bin/a'")[:2],
                          (0, "Building: 1 of 1\n"))
 

@@ -27,7 +27,7 @@ class Links(unittest.TestCase):
     def test_pictures_of_the_package_stay_pictures(self):
         self.expect("![one](examples/one.png)\n", "![one](examples/one.png)\n")
 
-    def test_other_links_become_what_they_stand_at(self):
+    def test_other_links_become_their_text(self):
         self.expect("the [user\nguide](user-guide.md#keys), in [C++](../cli/main.cpp)\n", "the user\nguide, in C++\n")
         self.expect("![a picture](images/one.png)\n", "a picture\n")
 

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Every script of the repository tells how it is used, and refuses what it does not know before it does anything.
+"""Every script of the repository documents its use, and refuses unknown arguments before it does anything.
 
     scripts.py FOLDER
 """
@@ -9,7 +9,7 @@ import subprocess
 import sys
 import unittest
 
-# Folders at the top that are none of the repository's.
+# Folders at the top that do not belong to the repository.
 NOT_OURS = {".git", "build"}
 # What a script may take that misunderstands its arguments and begins its work.
 LONGEST = 120
@@ -80,7 +80,7 @@ class Scripts(unittest.TestCase):
             self.fail("it did not end")
         return process.returncode, output, errors
 
-    def test_help_is_no_error(self):
+    def test_help_is_not_an_error(self):
         for script in scripts():
             with self.subTest(script=script):
                 code, text, errors = self.run_with(script, "--help")
@@ -98,7 +98,7 @@ class Scripts(unittest.TestCase):
                     self.assertNotEqual(errors, "")
                     self.assertNotIn("Traceback", errors)
 
-    def test_those_with_arguments_of_their_own_are_there(self):
+    def test_scripts_with_their_own_arguments_exist(self):
         self.assertEqual((WRONG.keys() | OPTIONS.keys()) - set(scripts()), set())
 
 

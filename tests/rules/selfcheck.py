@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""The rules find what they are there for: each planted violation is reported, a clean tree is not."""
+"""The rules report each planted violation, and nothing in a clean tree."""
 import os
 import shutil
 import subprocess
@@ -12,6 +12,7 @@ import compiledonce
 import elffiles
 import includes
 import sizes
+import testnames
 
 
 class Tree(unittest.TestCase):
@@ -50,7 +51,7 @@ class Includes(Tree):
                 self.plant("settings/File.cpp", f"#include {header}\n")
                 self.assertEqual(len(includes.violations(self.top)), 1, number)
 
-    def test_every_room_of_the_bundle_is_held_to_it(self):
+    def test_no_room_of_the_bundle_may_see_the_operating_system(self):
         for room in ["settings", "specifiers", "passcode", "root", "account", "apps", "info"]:
             for header in ["<QObject>", "<glib.h>", "<gio/gio.h>", "<systemd/sd-bus.h>", "<curl/curl.h>", "<unistd.h>"]:
                 with self.subTest(room=room, header=header):
@@ -67,7 +68,7 @@ class Includes(Tree):
     def test_pages_may_not_see_the_root(self):
         self.refused("account/A.cpp", '"root/SettingsListController.h"', "root/SettingsListController.h")
 
-    def test_pages_may_not_see_a_face(self):
+    def test_pages_may_not_see_a_front_end(self):
         self.refused("apps/A.cpp", '"shell/Navigation.h"', "shell/Navigation.h")
 
     def test_the_window_may_not_see_a_page(self):
@@ -79,11 +80,11 @@ class Includes(Tree):
     def test_only_the_linux_room_may_see_the_bus(self):
         self.refused("cli/command/A.cpp", "<systemd/sd-bus.h>")
 
-    def test_a_folder_that_is_no_room_is_refused(self):
+    def test_a_folder_that_is_not_a_room_is_refused(self):
         self.plant("attic/A.cpp", "")
         self.assertEqual(len(includes.violations(self.top)), 1)
 
-    def test_an_include_that_is_no_path_from_the_top_is_refused(self):
+    def test_an_include_that_is_not_a_path_from_the_top_is_refused(self):
         self.refused("settings/A.cpp", '"settings/Gone.h"')
 
     def public(self, folder, *headers):
@@ -106,11 +107,11 @@ class Includes(Tree):
         self.public("settings", "A.h", "B.h")
         self.refused("settings/A.h", '"settings/B.h"', "settings/B.h")
 
-    def test_a_public_header_is_held_to_its_room(self):
+    def test_a_public_header_may_not_see_a_later_room(self):
         self.public("platform", "values/A.h", "ui/B.h")
         self.refused("platform/values/A.h", '"../ui/B.h"', "platform/ui/B.h")
 
-    def test_a_public_header_that_is_gone_is_found(self):
+    def test_a_missing_public_header_is_found(self):
         self.public("settings", "A.h")
         self.assertEqual(len(includes.violations(self.top)), 1)
 
@@ -189,6 +190,85 @@ class CompiledOnce(unittest.TestCase):
     def test_a_source_with_two_objects_is_found_however_it_is_named(self):
         commands = [{"directory": "/s/b", "file": "/s/A.cpp"}, {"directory": "/s/b", "file": "../A.cpp"}]
         self.assertEqual(compiledonce.compiled_twice(commands), {"/s/A.cpp": 2})
+
+
+class TestNames(Tree):
+    def plant_tests(self, *tests):
+        self.plant("tests/unit/plist/ReaderTest.cpp", "".join(f"TEST({test}) {{\n}}\n" for test in tests))
+
+    def reported(self, expected, *tests):
+        self.plant_tests(*tests)
+        found = testnames.violations(self.top)
+        self.assertEqual(len(found), 1, found)
+        self.assertIn(expected, found[0])
+
+    def test_good_names_pass(self):
+        self.plant_tests("Reader, SkipsCharactersOutsideBase64", "Reader, FadesOut", "Reader, RunsTheHandlerOnce",
+                         "Reader,\n     RefusesUtf16WithHalfAPair", "Officer, AsksForThePasscode", "TestedPlatform, IsLoadedOnce")
+        self.assertEqual(testnames.violations(self.top), [])
+
+    def test_every_kind_of_test_is_checked(self):
+        for macro in "TEST_F", "TEST_P", "TYPED_TEST":
+            with self.subTest(macro=macro):
+                self.plant("tests/unit/plist/ReaderTest.cpp", f"{macro}(Reader, WithoutABus) {{\n}}\n")
+                self.assertEqual(len(testnames.violations(self.top)), 1)
+
+    def test_a_name_that_does_not_begin_a_clause_is_found(self):
+        for name in "OfARecordWithoutAList", "AnAlertIsShown", "AReaderReads", "TheEndIsRead", "WhoseBytesAreLost", "AndReadsUtf8":
+            with self.subTest(name=name):
+                self.reported("begins with", f"Reader, {name}")
+
+    def test_a_name_that_does_not_end_a_clause_is_found(self):
+        for name in "ReadsAFileOf", "LooksInto", "ShowsTheRowItAsksFor", "ReadsThe", "ReadsAndWritesAnd", "IsSwitchedOn":
+            with self.subTest(name=name):
+                self.reported("ends with", f"Reader, {name}")
+
+    def test_a_name_of_one_word_is_found(self):
+        self.reported("one word", "Reader, Reads")
+
+    def test_a_name_in_another_case_is_found(self):
+        for name in "readsData", "Reads_Data", "reads_data":
+            with self.subTest(name=name):
+                self.reported("not CamelCase", f"Reader, {name}")
+
+    def test_a_name_twice_in_a_suite_is_found(self):
+        self.reported("the name of another", "Reader, ReadsData", "Reader, ReadsData")
+
+    def test_a_name_in_another_suite_or_room_passes(self):
+        self.plant_tests("Reader, ReadsData", "Writer, ReadsData")
+        self.plant("tests/unit/cli/ReaderTest.cpp", "TEST(Reader, ReadsData) {\n}\n")
+        self.assertEqual(testnames.violations(self.top), [])
+
+    def test_a_suite_of_another_form_is_found(self):
+        self.reported("ends in Test", "ReaderTest, ReadsData")
+        self.reported("ends in Test", "ReaderTests, ReadsData")
+        self.reported("begins with Of", "OfAReader, ReadsData")
+        self.reported("begins with A", "AReader, ReadsData")
+        self.reported("begins with The", "TheReader, ReadsData")
+        self.reported("not CamelCase", "reader, ReadsData")
+
+    def plant_mutants(self, *proofs):
+        mutants = os.path.join(os.path.dirname(os.path.dirname(os.path.abspath(__file__))), "robustness/mutants")
+        with open(os.path.join(mutants, "run"), encoding="utf-8") as file:
+            self.plant("tests/robustness/mutants/run", file.read())
+        self.plant("tests/support/programs/post.cpp", "")
+        self.plant("tests/robustness/mutants/mutants.py",
+                   f"class Mutant:\n    name = 'lost'\n    proofs = {proofs!r}\nALL = [Mutant]\n")
+
+    def test_proofs_that_match_tests_pass(self):
+        self.plant_mutants("tests.plist/Reader", "tests.plist/.*ead.*", "memory.killed", "memory.killed/Switch", "soak", "fuzz.value")
+        self.plant("tests/unit/faults/DiskFaultsTest.cpp", "TEST_P(DiskFaults, KilledProcessLosesNothing) {\n}\n")
+        self.plant("tests/robustness/soak/CMakeLists.txt", "add_test(NAME soak.two-settings-share-one-document\n")
+        self.plant("fuzz/CMakeLists.txt", "wardlock_fuzz_target(value INPUTS 5)\n")
+        self.plant_tests("Reader, ReadsData")
+        self.assertEqual(testnames.violations(self.top), [])
+
+    def test_a_proof_that_matches_no_test_is_found(self):
+        self.plant("tests/unit/cli/WriterTest.cpp", "TEST(Writer, WritesData) {\n}\n")
+        for proof in "tests.plist/Writer", "tests.plist/Read", "memory.killed", "processes.nothing", "soak", "fuzz.value", "nonsense":
+            with self.subTest(proof=proof):
+                self.plant_mutants(proof)
+                self.reported(f"no test matches the proof {proof}", "Reader, ReadsData")
 
 
 class CommitMessages(unittest.TestCase):

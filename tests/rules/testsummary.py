@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""The closing line of ./test is right whatever became of the tests.
+"""The closing line of ./test is right whatever the results of the tests.
 
     testsummary.py PROGRAM
 """
@@ -34,7 +34,7 @@ class Summary(unittest.TestCase):
     def test_all_passed(self):
         self.assertEqual(self.summary(PASSED, PASSED), (0, "2 passed, 0 failed\n"))
 
-    def test_a_failure_is_told_with_its_reason_and_output(self):
+    def test_a_failure_is_shown_with_its_reason_and_output(self):
         code, text = self.summary(PASSED, FAILED, log="2/2 Test #2: b .....***Timeout   1.00 sec\n")
         self.assertEqual(code, 1)
         self.assertEqual(text, "FAILED: b (Timeout)\nwhy <it> failed\n\n1 passed, 1 failed\n")
@@ -43,10 +43,10 @@ class Summary(unittest.TestCase):
         code, text = self.summary(PASSED, MISSING)
         self.assertEqual((code, text.splitlines()[-1]), (1, "1 passed, 1 failed"))
 
-    def test_skipped_tests_are_neither(self):
+    def test_skipped_tests_count_neither_as_passed_nor_as_failed(self):
         self.assertEqual(self.summary(PASSED, SKIPPED, DISABLED), (0, "2 skipped\n1 passed, 0 failed\n"))
 
-    def test_nothing_run_is_no_success(self):
+    def test_an_empty_run_is_not_a_success(self):
         self.assertEqual(self.summary(), (1, "0 passed, 0 failed\n"))
         self.assertEqual(self.summary(SKIPPED)[0], 1)
 
@@ -54,7 +54,7 @@ class Summary(unittest.TestCase):
         self.assertEqual(self.summary_of_runs(([PASSED, SKIPPED], ""), ([PASSED, PASSED], "")),
                          (0, "1 skipped\n3 passed, 0 failed\n"))
 
-    def test_a_failure_in_either_run_is_told_with_the_reason_of_its_own_log(self):
+    def test_a_failure_in_either_run_is_shown_with_the_reason_of_its_own_log(self):
         reason = "2/2 Test #2: b .....***%s   1.00 sec\n"
         for first in (0, 1):
             runs = [([PASSED], reason % "Another"), ([FAILED], reason % "Timeout")]
@@ -63,7 +63,7 @@ class Summary(unittest.TestCase):
                 self.assertEqual((code, text.splitlines()[-1]), (1, "1 passed, 1 failed"))
                 self.assertIn("FAILED: b (Timeout)\n", text)
 
-    def test_a_run_of_nothing_is_no_success_beside_another(self):
+    def test_an_empty_run_is_not_a_success_beside_another(self):
         self.assertEqual(self.summary_of_runs(([PASSED], ""), ([], "")), (1, "1 passed, 0 failed\n"))
         self.assertEqual(self.summary_of_runs(([SKIPPED], ""), ([PASSED], ""))[0], 1)
 

@@ -12,7 +12,7 @@
 //
 // After each point the document is whole, the old or the new one. The next writer writes, and removes what
 // was left. Here the disk is in memory, and the act runs in this process. ProcessFaultsTest.cpp does the same
-// to another process on the real disk; ToldReasonsTest.cpp tests what a person is told of a failed write.
+// to another process on the real disk; ToldReasonsTest.cpp tests the message of a failed write.
 
 #include "cli/command/CommandLine.h"
 #include "cli/script/ScriptCommands.h"
@@ -255,7 +255,7 @@ private:
     std::optional<cli::ScriptCommands> script_;
 };
 
-TEST_P(DiskFaults, AKilledProcessLeavesTheOldOrTheNewDocument) {
+TEST_P(DiskFaults, KilledProcessLeavesTheOldOrTheNewDocument) {
     const std::size_t count = callsOfTheAct();
     std::size_t leftBehind = 0;
     for (std::size_t number = 1; number <= count + 1; ++number) {
@@ -271,7 +271,7 @@ TEST_P(DiskFaults, AKilledProcessLeavesTheOldOrTheNewDocument) {
     EXPECT_GT(leftBehind, 0u) << "no kill left a temporary: the clearing was not tried";
 }
 
-TEST_P(DiskFaults, APowerCutLeavesTheOldOrTheNewDocument) {
+TEST_P(DiskFaults, PowerCutLeavesTheOldOrTheNewDocument) {
     const std::size_t count = callsOfTheAct();
     for (std::size_t number = 1; number <= count + 1; ++number) {
         const auto stage = perform([number](FaultyFileSystem& files) { files.killFrom(number); });
@@ -288,7 +288,7 @@ TEST_P(DiskFaults, APowerCutLeavesTheOldOrTheNewDocument) {
     }
 }
 
-TEST_P(DiskFaults, AnErrorOnceLeavesTheOldOrTheNewDocumentAndAProcessThatGoesOn) {
+TEST_P(DiskFaults, SingleErrorLeavesTheOldOrTheNewDocumentAndARunningProcess) {
     const std::size_t count = callsOfTheAct();
     for (const std::errc error : {std::errc::io_error, std::errc::no_space_on_device})
         for (std::size_t number = 1; number <= count; ++number) {
@@ -313,7 +313,7 @@ TEST_P(DiskFaults, ErrorsFromAnyCallOnLeaveTheOldOrTheNewDocument) {
     }
 }
 
-TEST_P(DiskFaults, ADiskFullFromAnyCallOnLeavesTheOldOrTheNewDocumentAndNoTemporary) {
+TEST_P(DiskFaults, FullDiskFromAnyCallOnLeavesTheOldOrTheNewDocumentAndNoTemporary) {
     const std::size_t count = callsOfTheAct();
     for (std::size_t number = 1; number <= count; ++number) {
         SCOPED_TRACE("disk full from call " + std::to_string(number) + ' ' + functions[number - 1]);
@@ -324,7 +324,7 @@ TEST_P(DiskFaults, ADiskFullFromAnyCallOnLeavesTheOldOrTheNewDocumentAndNoTempor
     }
 }
 
-TEST_P(DiskFaults, AnInterruptionOrAShortWriteChangesNothing) {
+TEST_P(DiskFaults, InterruptionOrShortWriteChangesNothing) {
     const std::size_t count = callsOfTheAct();
     const auto expectUnchanged = [this](const std::function<void(FaultyFileSystem&)>& arrange) {
         const auto stage = perform(arrange);
@@ -346,7 +346,7 @@ TEST_P(DiskFaults, AnInterruptionOrAShortWriteChangesNothing) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Of, DiskFaults, ::testing::ValuesIn(writerCases()),
+INSTANTIATE_TEST_SUITE_P(EveryWriter, DiskFaults, ::testing::ValuesIn(writerCases()),
                          [](const auto& info) { return info.param.name(); });
 
 } // namespace

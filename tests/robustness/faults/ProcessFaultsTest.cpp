@@ -265,7 +265,7 @@ private:
     }
 };
 
-TEST_P(ProcessFaults, AKilledProcessLeavesTheOldOrTheNewDocumentAndNoFalseAnnouncement) {
+TEST_P(ProcessFaults, KilledProcessLeavesTheOldOrTheNewDocumentAndNoFalseAnnouncement) {
     const Journal whole = calls();
     std::size_t leftBehind = 0;
     for (const std::size_t number : chosen(whole, 2))
@@ -286,7 +286,7 @@ TEST_P(ProcessFaults, AKilledProcessLeavesTheOldOrTheNewDocumentAndNoFalseAnnoun
     EXPECT_GT(leftBehind, 0u) << "no kill left a temporary: the clearing was not tried";
 }
 
-TEST_P(ProcessFaults, TheCallsWrittenDownAreAllThatChangeTheDisk) {
+TEST_P(ProcessFaults, JournalContainsEveryCallThatChangesTheDisk) {
     const Outcome run = perform("record");
     MemoryFileSystem disk;
     disk.actAs(::geteuid(), ::getegid());
@@ -298,7 +298,7 @@ TEST_P(ProcessFaults, TheCallsWrittenDownAreAllThatChangeTheDisk) {
     EXPECT_EQ(disk.openHandles(), 0u);
 }
 
-TEST_P(ProcessFaults, APowerCutLeavesTheOldOrTheNewDocument) {
+TEST_P(ProcessFaults, PowerCutLeavesTheOldOrTheNewDocument) {
     const Journal whole = calls();
     MemoryFileSystem disk;
     disk.actAs(::geteuid(), ::getegid());
@@ -327,7 +327,7 @@ TEST_P(ProcessFaults, APowerCutLeavesTheOldOrTheNewDocument) {
     EXPECT_GE(tried.size(), 4u) << "there was hardly anything to lose";
 }
 
-TEST_P(ProcessFaults, AnErrorOnceLeavesTheOldOrTheNewDocumentAndAProcessThatGoesOn) {
+TEST_P(ProcessFaults, SingleErrorLeavesTheOldOrTheNewDocumentAndARunningProcess) {
     const Journal whole = calls();
     for (const std::size_t number : chosen(whole, 5)) {
         const JournalEntry& call = whole.call(number);
@@ -352,7 +352,7 @@ TEST_P(ProcessFaults, ErrorsFromAnyCallOnLeaveTheOldOrTheNewDocument) {
     }
 }
 
-TEST_P(ProcessFaults, ADiskFullFromAnyCallOnLeavesTheOldOrTheNewDocumentAndNoTemporary) {
+TEST_P(ProcessFaults, FullDiskFromAnyCallOnLeavesTheOldOrTheNewDocumentAndNoTemporary) {
     const Journal whole = calls();
     for (const std::size_t number : chosen(whole, 6)) {
         SCOPED_TRACE("disk full from call " + std::to_string(number) + ' ' + whole.call(number).function);
@@ -363,7 +363,7 @@ TEST_P(ProcessFaults, ADiskFullFromAnyCallOnLeavesTheOldOrTheNewDocumentAndNoTem
     }
 }
 
-TEST_P(ProcessFaults, AnInterruptionOrAShortWriteOrReadChangesNothing) {
+TEST_P(ProcessFaults, InterruptionOrShortWriteOrReadChangesNothing) {
     const Journal whole = calls();
     const auto expectUnchanged = [this](const std::string& plan) {
         SCOPED_TRACE(plan);
@@ -387,7 +387,7 @@ TEST_P(ProcessFaults, AnInterruptionOrAShortWriteOrReadChangesNothing) {
         }
 }
 
-INSTANTIATE_TEST_SUITE_P(Of, ProcessFaults, ::testing::ValuesIn(writerCases()),
+INSTANTIATE_TEST_SUITE_P(EveryWriter, ProcessFaults, ::testing::ValuesIn(writerCases()),
                          [](const auto& info) { return info.param.name(); });
 
 } // namespace

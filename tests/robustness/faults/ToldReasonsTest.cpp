@@ -13,9 +13,9 @@ namespace {
 
 constexpr const char* list = "/lists/a.plist";
 
-class ToldReasons : public DeviceRootFixture {
+class WriteErrorMessage : public DeviceRootFixture {
 protected:
-    ToldReasons() {
+    WriteErrorMessage() {
         writeFile(list, "<plist><dict/></plist>");
         setup_.environment["LD_PRELOAD"] = testModulesFolder() + "/faults-shim.so";
         setup_.environment["WARDLOCK_FAULTS_BELOW"] = onDisk("/lists");
@@ -41,14 +41,14 @@ private:
     ProcessSetup setup_;
 };
 
-TEST_F(ToldReasons, AreThoseOfAFullDisk) {
+TEST_F(WriteErrorMessage, NamesAFullDisk) {
     const ProcessResult result = set("fill 1-");
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_EQ(result.errors, told("No space left on device"));
     EXPECT_EQ(readFile(list), "<plist><dict/></plist>");
 }
 
-TEST_F(ToldReasons, AreThoseOfEveryCallThatTheWriteNeeds) {
+TEST_F(WriteErrorMessage, NamesTheErrorOfEveryCallThatTheWriteNeeds) {
     ASSERT_EQ(set("record").exitCode, 0);
     std::size_t refused = 0;
     const Journal calls = Journal::read(journal());

@@ -96,7 +96,7 @@ const std::vector<Bomb>& bombs() {
     return all;
 }
 
-class Bombs : public HostileFixture {
+class HostileFiles : public HostileFixture {
 protected:
     /// The command with little memory.
     ProcessResult run(const std::vector<std::string>& words, const std::string& input = {}) const {
@@ -137,7 +137,7 @@ constexpr const char* openPicker = R"({"do":"tap","row":"Wardlock"}
 {"do":"see"}
 )";
 
-TEST_F(Bombs, InThePlaceOfABundlesInfoAreLeftOutWithAWord) {
+TEST_F(HostileFiles, ReplaceABundlesInfoAndAreLeftOutWithANotice) {
     for (const Bomb& bomb : bombs()) {
         const std::string folder = std::string("/Library/PreferenceBundles/") + bomb.name + ".bundle";
         putFolder(folder);
@@ -148,7 +148,7 @@ TEST_F(Bombs, InThePlaceOfABundlesInfoAreLeftOutWithAWord) {
         EXPECT_TRUE(contains(seen, std::string("“") + bomb.name + ".bundle” is not shown: ")) << bomb.name;
 }
 
-TEST_F(Bombs, InThePlaceOfAnApplicationsInfoAreLeftOutWithAWordInTheLog) {
+TEST_F(HostileFiles, ReplaceAnApplicationsInfoAndAreLeftOutWithALogEntry) {
     for (const Bomb& bomb : bombs()) {
         const std::string folder = std::string("/Applications/") + bomb.name + ".app";
         putFolder(folder);
@@ -163,7 +163,7 @@ TEST_F(Bombs, InThePlaceOfAnApplicationsInfoAreLeftOutWithAWordInTheLog) {
             << bomb.name;
 }
 
-TEST_F(Bombs, InThePlaceOfThePropertyListOfACommandAreTold) {
+TEST_F(HostileFiles, AreReportedByTheCommandThatReadsThem) {
     for (const Bomb& bomb : bombs()) {
         const std::string path = folder() / bomb.name;
         bomb.lay(path);
@@ -176,7 +176,7 @@ TEST_F(Bombs, InThePlaceOfThePropertyListOfACommandAreTold) {
     }
 }
 
-TEST_F(Bombs, InTheDocumentsPlaceAreKeptOrLeftAndCostNothingElse) {
+TEST_F(HostileFiles, ReplaceTheDocumentAndLeaveTheCommandWorking) {
     for (const Bomb& bomb : bombs()) {
         bomb.lay(onDisk(documentPath));
         const ProcessResult result = run({"status"});
@@ -187,7 +187,7 @@ TEST_F(Bombs, InTheDocumentsPlaceAreKeptOrLeftAndCostNothingElse) {
     }
 }
 
-TEST_F(Bombs, OfNamesWithoutEndAreCountedAsNoNames) {
+TEST_F(HostileFiles, CountAsUnnamedWithHugeNames) {
     putApplication("Short.app", "org.example.long", std::string(900000, 'x'));
     putApplication("Unnamed.app", std::string(900000, 'y'), "Unnamed");
     const std::string seen = settings(openPicker);
@@ -196,7 +196,7 @@ TEST_F(Bombs, OfNamesWithoutEndAreCountedAsNoNames) {
     EXPECT_LT(seen.size(), 100000u);
 }
 
-TEST_F(Bombs, OfApplicationsWithoutEndAreCutWithAWordInTheLog) {
+TEST_F(HostileFiles, AreCutAtTheLimitOfApplicationsWithALogEntry) {
     putApplication("0.app", "org.example.first", "First");
     putApplication("zzz.app", "org.example.last", "Last");
     for (int i = 0; i < 10000; ++i)
@@ -207,7 +207,7 @@ TEST_F(Bombs, OfApplicationsWithoutEndAreCutWithAWordInTheLog) {
     EXPECT_TRUE(contains(readFile(logPath), "than a list can show: the others are left out."));
 }
 
-TEST_F(Bombs, OfFoldersWithoutAnApplicationAreLookedAtAsOftenOnly) {
+TEST_F(HostileFiles, AreCutAtTheLimitOfFoldersWithoutAnApplication) {
     for (int i = 0; i < 10000; ++i)
         fs::create_directory_symlink("nowhere", onDisk("/Applications/" + std::to_string(i) + ".app"));
     putApplication("zzz.app", "org.example.last", "Last");
@@ -215,7 +215,7 @@ TEST_F(Bombs, OfFoldersWithoutAnApplicationAreLookedAtAsOftenOnly) {
     EXPECT_TRUE(contains(readFile(logPath), "than a list can show: the others are left out."));
 }
 
-TEST_F(Bombs, OfBundlesWithoutEndAreCutWithAWord) {
+TEST_F(HostileFiles, AreCutAtTheLimitOfBundlesWithANotice) {
     for (int i = 0; i < 520; ++i)
         makeFolder("/Library/PreferenceBundles/" + std::to_string(i) + ".bundle");
     const std::string seen = settings("{\"do\":\"see\"}\n");
@@ -224,7 +224,7 @@ TEST_F(Bombs, OfBundlesWithoutEndAreCutWithAWord) {
     EXPECT_LT(seen.size(), 10000u);
 }
 
-TEST_F(Bombs, InTheNamesOfABundleAreNoNames) {
+TEST_F(HostileFiles, NameNoModuleWithHugeNamesOfABundle) {
     const std::string folder = "/Library/PreferenceBundles/Long.bundle";
     putFolder(folder);
     const std::string name(1 << 20, 'x');
@@ -237,7 +237,7 @@ TEST_F(Bombs, InTheNamesOfABundleAreNoNames) {
     EXPECT_LT(seen.size(), 10000u);
 }
 
-TEST_F(Bombs, InTheNameOfAnAccountCostNeitherMemoryNorTheOtherRows) {
+TEST_F(HostileFiles, LeaveTheOtherRowsShownWithAHugeAccountName) {
     ASSERT_EQ(run({"status"}).exitCode, 0);
     std::string document = readFile(documentPath);
     const std::string name = "<string>Default</string>";
@@ -250,7 +250,7 @@ TEST_F(Bombs, InTheNameOfAnAccountCostNeitherMemoryNorTheOtherRows) {
     EXPECT_LT(result.output.size(), 100000u);
 }
 
-TEST_F(Bombs, InTheLogsPlaceAreWrittenBehindAndNotAttached) {
+TEST_F(HostileFiles, ReplaceTheLogAndAreAppendedToButNotAttached) {
     writeFile(logPath, "the log");
     fs::resize_file(onDisk(logPath), terabyte);
     makeFolder("/var/mobile/Library/Mail/Outbox");

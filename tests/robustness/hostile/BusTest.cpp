@@ -112,7 +112,7 @@ protected:
     }
 };
 
-TEST_F(Bus, OfOursCannotBeReachedByOtherUsers) {
+TEST_F(Bus, CannotBeReachedByOtherUsers) {
     SKIP_WITHOUT_OTHER_USER();
     letOthersIn();
     startDaemon();
@@ -121,7 +121,7 @@ TEST_F(Bus, OfOursCannotBeReachedByOtherUsers) {
     EXPECT_EQ(OtherUser::reads(busFolder() + "/bus.conf"), EACCES);
 }
 
-TEST_F(Bus, OfOursLetsNobodyElseInEvenWhereItsFolderStandsOpen) {
+TEST_F(Bus, RefusesOtherUsersEvenWhenItsFolderIsOpen) {
     SKIP_WITHOUT_OTHER_USER();
     startDaemon();
     letOthersIn();
@@ -130,7 +130,7 @@ TEST_F(Bus, OfOursLetsNobodyElseInEvenWhereItsFolderStandsOpen) {
     EXPECT_EQ(OtherUser::does([this] { return entered(); }), EPERM);
 }
 
-TEST_F(Bus, OfOursIsNotTakenFromOthersByAProcessShortOfDescriptors) {
+TEST_F(Bus, IsNotReplacedByAProcessShortOfDescriptors) {
     startDaemon();
     for (rlim_t left = 0; left <= 2; ++left) {
         const FewDescriptors few(left);
@@ -142,14 +142,14 @@ TEST_F(Bus, OfOursIsNotTakenFromOthersByAProcessShortOfDescriptors) {
     EXPECT_EQ(busDaemonsOf(busFolder()).size(), 1U);
 }
 
-TEST_F(Bus, OfOursIsVisitedInAFolderOfOurs) {
+TEST_F(Bus, IsUsedInAFolderOfTheSameUser) {
     makeBusFolder(0700);
     const Listener listener(busFolder() + "/bus");
     post();
     EXPECT_TRUE(listener.wasVisited()) << "or the tests below would prove nothing";
 }
 
-TEST_F(Bus, InAFolderThatAnotherUserHasLaidIsNotVisited) {
+TEST_F(Bus, IsNotUsedInAFolderOfAnotherUser) {
     SKIP_WITHOUT_OTHER_USER();
     makeBusFolder(0700);
     const Listener listener(busFolder() + "/bus");
@@ -158,14 +158,14 @@ TEST_F(Bus, InAFolderThatAnotherUserHasLaidIsNotVisited) {
     EXPECT_FALSE(listener.wasVisited());
 }
 
-TEST_F(Bus, InAFolderThatOthersMayEnterIsNotVisited) {
+TEST_F(Bus, IsNotUsedInAFolderThatOthersMayEnter) {
     makeBusFolder(0755);
     const Listener listener(busFolder() + "/bus");
     post();
     EXPECT_FALSE(listener.wasVisited());
 }
 
-TEST_F(Bus, BehindALinkInTheFoldersPlaceIsNotVisited) {
+TEST_F(Bus, IsNotUsedBehindALinkThatReplacesItsFolder) {
     const std::string elsewhere = folder() / "elsewhere";
     fs::create_directory(elsewhere);
     fs::permissions(elsewhere, fs::perms::owner_all);
@@ -175,7 +175,7 @@ TEST_F(Bus, BehindALinkInTheFoldersPlaceIsNotVisited) {
     EXPECT_FALSE(listener.wasVisited());
 }
 
-TEST_F(Bus, AtWhoseSocketAnotherUserListensIsRefused) {
+TEST_F(Bus, IsRefusedWhenAnotherUserListensAtItsSocket) {
     SKIP_WITHOUT_OTHER_USER();
     fs::permissions(folder().path(), fs::perms::all);
     const std::string path = folder() / "foreign";
@@ -188,7 +188,7 @@ TEST_F(Bus, AtWhoseSocketAnotherUserListensIsRefused) {
     EXPECT_EQ(BusConnection::open(address, BusConnection::Peer::OwnUser), nullptr);
 }
 
-TEST_F(Bus, OfARuntimeFolderThatOthersCanChangeIsNotTaken) {
+TEST_F(Bus, IsNotUsedInARuntimeFolderThatOthersCanChange) {
     const TestBus bus;
     fs::create_symlink(bus.address().substr(std::string("unix:path=").size()), runtime() + "/bus");
     ASSERT_EQ(platform::bus::busAddress().text, platform::bus::busAddressOfSocket(runtime() + "/bus"));

@@ -35,9 +35,9 @@ const std::vector<Bomb>& bombs() {
     return all;
 }
 
-class DesktopBombs : public AppListFixture {
+class HostileDesktopFiles : public AppListFixture {
 protected:
-    DesktopBombs() {
+    HostileDesktopFiles() {
         useOwnRoot();
         writeEntry("org.good.desktop", "Name=Good\nIcon=good\n");
     }
@@ -52,13 +52,13 @@ protected:
     static constexpr const char* oneFolder = "64x64/apps\n[64x64/apps]\nSize=64\nType=Fixed\n";
 };
 
-TEST_F(DesktopBombs, InThePlaceOfEntriesAreLeftOut) {
+TEST_F(HostileDesktopFiles, ReplaceEntriesAndAreLeftOut) {
     for (const Bomb& bomb : bombs())
         bomb.lay(entries() + bomb.name + ".desktop");
     expectOnlyTheGoodOne();
 }
 
-TEST_F(DesktopBombs, OfFoldersThatLeadToEachOtherEnd) {
+TEST_F(HostileDesktopFiles, DoNotTrapTheSearchInACircleOfFolders) {
     fs::create_directory_symlink(".", entries() + "again");
     fs::create_directory_symlink("..", entries() + "above");
     fs::create_directory_symlink("/", entries() + "everything");
@@ -67,13 +67,13 @@ TEST_F(DesktopBombs, OfFoldersThatLeadToEachOtherEnd) {
     EXPECT_LE(found.size(), 4000U);
 }
 
-TEST_F(DesktopBombs, OfEntriesWithoutEndAreCut) {
+TEST_F(HostileDesktopFiles, AreCutAtTheLimitOfEntries) {
     for (int i = 0; i < 4001; ++i)
         fs::create_symlink("org.good.desktop", entries() + "z" + std::to_string(i) + ".desktop");
     EXPECT_EQ(list().applications().size(), 4000U);
 }
 
-TEST_F(DesktopBombs, InThePlaceOfAThemesIndexLeaveTheOtherFolders) {
+TEST_F(HostileDesktopFiles, ReplaceAThemesIndexAndLeaveTheOtherFolders) {
     writeDesktop("pixmaps/good.png", png(58));
     fs::create_directories(dataFolder() + "/icons/hicolor");
     // Themes are read once in a process.
@@ -90,7 +90,7 @@ TEST_F(DesktopBombs, InThePlaceOfAThemesIndexLeaveTheOtherFolders) {
     EXPECT_EQ(iconOf("org.good"), "good.png");
 }
 
-TEST_F(DesktopBombs, InThePlaceOfIconsAreNoIcons) {
+TEST_F(HostileDesktopFiles, ReplaceIconsAndAreNotShown) {
     writeTheme(oneFolder);
     fs::create_directories(dataFolder() + "/icons/hicolor/64x64/apps");
     for (const Bomb& bomb : bombs()) {
@@ -106,7 +106,7 @@ TEST_F(DesktopBombs, InThePlaceOfIconsAreNoIcons) {
             EXPECT_EQ(iconOf(std::string(kind) + bomb.name), "") << kind << bomb.name;
 }
 
-TEST_F(DesktopBombs, OfFoldersOutsideAThemeAreNotLookedInto) {
+TEST_F(HostileDesktopFiles, NameFoldersOutsideAThemeAndAreNotFollowed) {
     writeDesktop("private/good.png", png(58));
     writeTheme("../../private," + dataFolder() + "/private\n[../../private]\nSize=58\nType=Fixed\n[" +
                dataFolder() + "/private]\nSize=58\nType=Fixed\n");

@@ -59,29 +59,29 @@ constexpr const char* ok = "HTTP/1.1 200 OK\r\nContent-Type: text/html\r\n";
 /// Longer than any test may take.
 constexpr auto forEver = 1h;
 
-TEST_F(EndlessPage, OfTextIsRefused) {
+TEST_F(EndlessPage, IsRefusedWhenItsTextDoesNotEnd) {
     server.answerForEver("/", std::string(ok) + "\r\n", std::string(4096, 'x'));
     EXPECT_EQ(load("/", forEver), "Failed writing received data to disk/application");
 }
 
-TEST_F(EndlessPage, OfHeadersIsRefused) {
+TEST_F(EndlessPage, IsRefusedWhenItsHeadersDoNotEnd) {
     server.answerForEver("/", ok, "X-More: " + std::string(1000, 'x') + "\r\n");
     EXPECT_NE(load("/", forEver), "finished");
     server.answerForEver("/one", std::string(ok) + "X-One: ", std::string(4096, 'x'));
     EXPECT_NE(load("/one", forEver), "finished");
 }
 
-TEST_F(EndlessPage, OfAnswersBeforeTheAnswerIsRefused) {
+TEST_F(EndlessPage, IsRefusedWhenInterimResponsesDoNotEnd) {
     server.answerForEver("/", "", "HTTP/1.1 100 Continue\r\n\r\n");
     EXPECT_NE(load("/", forEver), "finished");
 }
 
-TEST_F(EndlessPage, OfAFewBytesNowAndThenIsGivenUpInTime) {
+TEST_F(EndlessPage, TimesOutWhenItsBytesArriveSlowly) {
     server.drip("/", std::string(ok) + "\r\n", "x");
     EXPECT_EQ(load("/", 300ms), "Timeout was reached");
 }
 
-TEST_F(EndlessPage, ThatIsNeverBegunIsGivenUpInTime) {
+TEST_F(EndlessPage, TimesOutWhenItNeverBegins) {
     server.hang("/");
     EXPECT_EQ(load("/", 300ms), "Timeout was reached");
 }
@@ -121,7 +121,7 @@ std::string compressedBlanks(int times) {
     return std::string("\x1f\x8b\x08\0\0\0\0\0\0\xff", 10) + bits.bytes + std::string(8, '\0');
 }
 
-TEST_F(EndlessPage, InACompressedFewBytesIsRefused) {
+TEST_F(EndlessPage, IsRefusedWhenAFewBytesDecompressToManyOfThem) {
     const auto answerWith = [this](const char* path, const std::string& body) {
         server.answerRaw(path, std::string(ok) + "Content-Encoding: gzip\r\nContent-Length: " +
                                    std::to_string(body.size()) + "\r\nConnection: close\r\n\r\n" + body);
@@ -130,7 +130,7 @@ TEST_F(EndlessPage, InACompressedFewBytesIsRefused) {
     EXPECT_EQ(load("/", forEver), "Failed writing received data to disk/application");
 }
 
-TEST_F(EndlessPage, OfAddressesThatLeadOnIsRefused) {
+TEST_F(EndlessPage, IsRefusedWhenItsRedirectsDoNotEnd) {
     server.redirect("/", "/");
     EXPECT_EQ(load("/", forEver), "Number of redirects hit maximum amount");
 }

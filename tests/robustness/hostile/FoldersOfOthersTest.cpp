@@ -25,9 +25,9 @@ std::vector<std::string> refusal(const std::string& folder, const std::string& r
     return {"cannot use folder " + folder + ": " + reason};
 }
 
-class FoldersOfOthers : public HostileFixture {
+class ForeignFolder : public HostileFixture {
 protected:
-    FoldersOfOthers() { fs::permissions(folder().path(), static_cast<fs::perms>(0755)); }
+    ForeignFolder() { fs::permissions(folder().path(), static_cast<fs::perms>(0755)); }
 
     /// A home of this user, with the device root in its place.
     std::string useHome() {
@@ -43,7 +43,7 @@ protected:
     RecordingNotificationCenter center;
 };
 
-TEST_F(FoldersOfOthers, AmongThoseOfADeviceGetNeitherLinksNorADocument) {
+TEST_F(ForeignFolder, GetsNeitherLinksNorADocumentInsideADevice) {
     SKIP_WITHOUT_OTHER_USER();
     for (const char* planted : {"/var", "/var/mobile/Library"}) {
         fs::remove_all(onDisk("/var"));
@@ -56,7 +56,7 @@ TEST_F(FoldersOfOthers, AmongThoseOfADeviceGetNeitherLinksNorADocument) {
     }
 }
 
-TEST_F(FoldersOfOthers, InThePlaceOfTheDeviceRootStayEmpty) {
+TEST_F(ForeignFolder, StaysEmptyWhenItReplacesTheDeviceRoot) {
     SKIP_WITHOUT_OTHER_USER();
     fs::remove_all(root());
     fs::create_directory(root());
@@ -66,7 +66,7 @@ TEST_F(FoldersOfOthers, InThePlaceOfTheDeviceRootStayEmpty) {
     EXPECT_TRUE(fs::is_empty(root()));
 }
 
-TEST_F(FoldersOfOthers, BehindALinkOfAnotherUserAreNotUsed) {
+TEST_F(ForeignFolder, IsNotUsedBehindALinkOfAnotherUser) {
     SKIP_WITHOUT_OTHER_USER();
     makeFolder("/elsewhere");
     fs::remove_all(onDisk("/var"));
@@ -76,7 +76,7 @@ TEST_F(FoldersOfOthers, BehindALinkOfAnotherUserAreNotUsed) {
     EXPECT_TRUE(fs::is_empty(onDisk("/elsewhere")));
 }
 
-TEST_F(FoldersOfOthers, WithALinkOfOursAreJudgedWhereItLeads) {
+TEST_F(ForeignFolder, IsJudgedAtTheTargetOfAnOwnLink) {
     fs::remove_all(onDisk("/var"));
     makeFolder("/elsewhere");
     fs::create_directory_symlink(onDisk("/elsewhere"), onDisk("/var"));
@@ -84,7 +84,7 @@ TEST_F(FoldersOfOthers, WithALinkOfOursAreJudgedWhereItLeads) {
     EXPECT_TRUE(exists("/elsewhere/mobile/Library/Preferences/com.tavix.wardlock.plist"));
 }
 
-TEST_F(FoldersOfOthers, AreNotUsedInAHomeThatAGroupCanChange) {
+TEST_F(ForeignFolder, IsNotUsedInAHomeThatAGroupCanChange) {
     SKIP_WITHOUT_OTHER_USER();
     const std::string home = useHome();
     fs::permissions(home, static_cast<fs::perms>(0775));
@@ -99,7 +99,7 @@ TEST_F(FoldersOfOthers, AreNotUsedInAHomeThatAGroupCanChange) {
 }
 
 // As sudo leaves it where it keeps HOME: what root made there the user could not change any more.
-TEST_F(FoldersOfOthers, AreNotUsedByRootInTheHomeOfTheUserWhoBecameIt) {
+TEST_F(ForeignFolder, IsNotUsedByRootInTheHomeOfTheUserWhoBecameRoot) {
     SKIP_WITHOUT_OTHER_USER();
     const std::string home = useHome();
     OtherUser::give(home);
@@ -112,7 +112,7 @@ TEST_F(FoldersOfOthers, AreNotUsedByRootInTheHomeOfTheUserWhoBecameIt) {
 }
 
 /// Tries a folder that its group may write to, with a user data base of the test's own.
-class GroupOfAUser : public FoldersOfOthers {
+class UserGroup : public ForeignFolder {
 protected:
     /// Empty when the group counts as the user alone.
     std::string doubt(const std::string& users, const std::string& groups) {
@@ -132,7 +132,7 @@ protected:
     static constexpr const char* group = "root:x:0:\n";
 };
 
-TEST_F(GroupOfAUser, IsTheUserAloneWithoutAnyOtherMember) {
+TEST_F(UserGroup, BelongsToTheUserAloneWithoutAnotherMember) {
     SKIP_WITHOUT_OWN_MOUNTS();
     EXPECT_EQ(doubt(root, group), "");
     EXPECT_EQ(doubt(std::string(root) + "tom:x:1000:1000::/home/tom:/bin/sh\n",
@@ -140,25 +140,25 @@ TEST_F(GroupOfAUser, IsTheUserAloneWithoutAnyOtherMember) {
               "");
 }
 
-TEST_F(GroupOfAUser, IsSharedWithAMemberOfItsList) {
+TEST_F(UserGroup, IsSharedWithAMemberOfItsList) {
     SKIP_WITHOUT_OWN_MOUNTS();
     EXPECT_EQ(doubt(std::string(root) + "tom:x:1000:1000::/home/tom:/bin/sh\n", "root:x:0:tom\n"),
               "a group of users");
 }
 
-TEST_F(GroupOfAUser, IsSharedWithAUserWhoseFirstGroupItIs) {
+TEST_F(UserGroup, IsSharedWithAUserWhoseFirstGroupItIs) {
     SKIP_WITHOUT_OWN_MOUNTS();
     EXPECT_EQ(doubt(std::string(root) + "operator:x:11:0:operator:/root:/bin/sh\n", group),
               "a group of users");
 }
 
-TEST_F(GroupOfAUser, IsNotSharedWithAnotherNameOfTheSameUser) {
+TEST_F(UserGroup, IsNotSharedWithAnotherNameOfTheSameUser) {
     SKIP_WITHOUT_OWN_MOUNTS();
     EXPECT_EQ(doubt(std::string(root) + "toor:x:0:0::/root:/bin/sh\n", group), "");
 }
 
 /// A disk that was written on another machine, or that keeps no owners of its own.
-class ARemovableDisk : public FoldersOfOthers {
+class RemovableDisk : public ForeignFolder {
 protected:
     /// The problems with a device root on it, as lines.
     std::string problems(unsigned user, unsigned mode) {
@@ -178,19 +178,19 @@ protected:
     }
 };
 
-TEST_F(ARemovableDisk, OfThisUserServesAsADevice) {
+TEST_F(RemovableDisk, ServesAsADeviceWhenTheUserOwnsIt) {
     SKIP_WITHOUT_OWN_MOUNTS();
     EXPECT_EQ(problems(::geteuid(), 0700), "document");
 }
 
-TEST_F(ARemovableDisk, OfAUserWhomOnlyAnotherMachineKnowsIsNotUsed) {
+TEST_F(RemovableDisk, IsNotUsedWhenItsOwnerIsUnknownHere) {
     SKIP_WITHOUT_OWN_MOUNTS();
     constexpr unsigned unknown = 54321;
     EXPECT_EQ(problems(unknown, 0755),
               refusal(root(), root() + " belongs to another user").front() + "\nno document");
 }
 
-TEST_F(ARemovableDisk, WhoseFilesEveryUserMayChangeIsNotUsed) {
+TEST_F(RemovableDisk, IsNotUsedWhenEveryUserMayChangeItsFiles) {
     SKIP_WITHOUT_OWN_MOUNTS();
     EXPECT_EQ(problems(::geteuid(), 0777),
               refusal(root(), root() + " can be changed by every user").front() + "\nno document");

@@ -47,24 +47,24 @@ private:
     Process watch_;
 };
 
-TEST_P(ForgedAnnouncement, NestedFarTooDeeplyEndsNoListener) {
+TEST_P(ForgedAnnouncement, EndsNoListenerWhenNestedFarTooDeeply) {
     forge("kForged", 100'000);
     announce();
     EXPECT_TRUE(names(heard(), "kEnabled"));
 }
 
-TEST_P(ForgedAnnouncement, NestedAsDeeplyAsADocumentIsHeard) {
+TEST_P(ForgedAnnouncement, IsReceivedWhenNestedAsDeeplyAsADocument) {
     forge("kForged", 511);
     EXPECT_TRUE(names(heard(), "kForged"));
 }
 
-TEST_P(ForgedAnnouncement, NestedALevelDeeperThanADocumentIsIgnored) {
+TEST_P(ForgedAnnouncement, IsIgnoredWhenNestedALevelDeeperThanADocument) {
     forge("kForged", 512);
     announce();
     EXPECT_TRUE(names(heard(), "kEnabled"));
 }
 
-INSTANTIATE_TEST_SUITE_P(ToWatch, ForgedAnnouncement, ::testing::Values(Form::Json, Form::Words),
+INSTANTIATE_TEST_SUITE_P(Watch, ForgedAnnouncement, ::testing::Values(Form::Json, Form::Words),
                          [](const auto& form) {
                              return std::string(form.param == Form::Json ? "AsJson" : "InWords");
                          });

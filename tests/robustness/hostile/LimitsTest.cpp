@@ -33,9 +33,9 @@ constexpr int most = 16;
 constexpr const char* littleRoom = "export GCOV_ERROR_FILE=/dev/null; ulimit -f 2048";
 constexpr std::size_t largeSize = 3 << 20;
 
-class Limits : public HostileFixture {
+class ResourceLimit : public HostileFixture {
 protected:
-    Limits() {
+    ResourceLimit() {
         SettingsNew();
         before_ = readFile(documentPath);
     }
@@ -93,7 +93,7 @@ private:
     std::string before_;
 };
 
-TEST_F(Limits, OnTheSizeOfFilesFailAWriteWithTheReason) {
+TEST_F(ResourceLimit, FailsAWriteWithTheReasonWhenFilesAreLimited) {
     makeDocumentLarge();
     const ProcessResult result = run(littleRoom, setEnabled());
     EXPECT_EQ(result.exitCode, 1);
@@ -104,7 +104,7 @@ TEST_F(Limits, OnTheSizeOfFilesFailAWriteWithTheReason) {
     EXPECT_TRUE(documentIsAlone());
 }
 
-TEST_F(Limits, OnTheSizeOfFilesLeaveSettingsRunningAndTheDocumentWhole) {
+TEST_F(ResourceLimit, LeavesSettingsRunningAndTheDocumentWholeWhenFilesAreLimited) {
     makeDocumentLarge();
     const ProcessResult result = run(littleRoom, {"settings", "--script", "-"}, script);
     EXPECT_EQ(result.signal, 0) << result.errors;
@@ -114,7 +114,7 @@ TEST_F(Limits, OnTheSizeOfFilesLeaveSettingsRunningAndTheDocumentWhole) {
     EXPECT_TRUE(documentIsAlone());
 }
 
-TEST_F(Limits, OnTheSizeOfFilesFailTheOutputToo) {
+TEST_F(ResourceLimit, FailsTheOutputWhenFilesAreLimited) {
     const std::string output = folder() / "output";
     const ProcessResult result = run("export GCOV_ERROR_FILE=/dev/null; ulimit -f 1; exec >'" + output + "'",
                                      {"plist", "dump", onDisk(documentPath)});
@@ -122,7 +122,7 @@ TEST_F(Limits, OnTheSizeOfFilesFailTheOutputToo) {
     EXPECT_EQ(result.errors, "wardlock plist dump: cannot write the output: File too large\n");
 }
 
-TEST_F(Limits, OnDescriptorsFailAReadOrLeaveItRight) {
+TEST_F(ResourceLimit, FailsAReadOrLeavesItRightWhenDescriptorsAreLimited) {
     const Words dump{"plist", "dump", onDisk(documentPath)};
     const ProcessResult status = run("true", {"status"});
     const ProcessResult dumped = run("true", dump);
@@ -138,7 +138,7 @@ TEST_F(Limits, OnDescriptorsFailAReadOrLeaveItRight) {
     EXPECT_EQ(run("ulimit -n 64", {"status"}).output, status.output);
 }
 
-TEST_F(Limits, OnDescriptorsEndNoDoctorByASignal) {
+TEST_F(ResourceLimit, EndsNoDoctorByASignalWhenDescriptorsAreLimited) {
     for (const int descriptors : {5, 6, 8, 10, 12}) {
         const ProcessResult result = run("ulimit -n " + std::to_string(descriptors), {"doctor"});
         EXPECT_EQ(result.signal, 0) << descriptors << result.errors;
@@ -146,7 +146,7 @@ TEST_F(Limits, OnDescriptorsEndNoDoctorByASignal) {
     }
 }
 
-TEST_F(Limits, OnDescriptorsLeaveTheDocumentAsItWasOrMakeItAsItIsToBe) {
+TEST_F(ResourceLimit, LeavesTheOldOrTheNewDocumentWhenDescriptorsAreLimited) {
     bool failed = false;
     bool done = false;
     for (int descriptors = fewest; descriptors <= most; ++descriptors) {
@@ -161,7 +161,7 @@ TEST_F(Limits, OnDescriptorsLeaveTheDocumentAsItWasOrMakeItAsItIsToBe) {
     EXPECT_TRUE(failed && done) << "or the sweep began or ended at the wrong place";
 }
 
-TEST_F(Limits, OnDescriptorsEndNoSettingsByASignal) {
+TEST_F(ResourceLimit, EndsNoSettingsByASignalWhenDescriptorsAreLimited) {
     for (int descriptors = fewest; descriptors <= most; ++descriptors) {
         const ProcessResult result =
             run("ulimit -n " + std::to_string(descriptors), {"settings", "--script", "-"}, script);
@@ -173,7 +173,7 @@ TEST_F(Limits, OnDescriptorsEndNoSettingsByASignal) {
     }
 }
 
-TEST_F(Limits, OfStandardStreamsThatAreClosedCostNoDocument) {
+TEST_F(ResourceLimit, KeepsTheDocumentWhenStandardStreamsAreClosed) {
     for (const char* closed : {"<&-", ">&-", "2>&-", "<&- >&-", "<&- 2>&-", ">&- 2>&-", "<&- >&- 2>&-"}) {
         const ProcessResult result = run(std::string("exec ") + closed, setEnabled());
         EXPECT_EQ(result.exitCode, 0) << closed << result.errors;
@@ -188,7 +188,7 @@ TEST_F(Limits, OfStandardStreamsThatAreClosedCostNoDocument) {
     }
 }
 
-TEST_F(Limits, OfClosedStreamsEndSettingsInTheTerminalAndTheScriptWithoutASignal) {
+TEST_F(ResourceLimit, EndsTerminalAndScriptWithoutASignalWhenStreamsAreClosed) {
     for (const Words& words : {Words{"settings", "--script", "-"}, Words{"settings", "--terminal"}})
         for (const char* closed : {"<&-", ">&-", "2>&-", "<&- >&- 2>&-"}) {
             const ProcessResult result = run(std::string("exec ") + closed, words, "q\n");
@@ -197,7 +197,7 @@ TEST_F(Limits, OfClosedStreamsEndSettingsInTheTerminalAndTheScriptWithoutASignal
         }
 }
 
-TEST_F(Limits, OfAPipeThatNobodyReadsIsTold) {
+TEST_F(ResourceLimit, IsReportedWhenAPipeHasNoReader) {
     for (const Words& words : {Words{"status"}, Words{"plist", "dump", onDisk(documentPath)}}) {
         ProcessSetup setup;
         Words all{"-c", R"({ "$0" "$@"; echo "code $?" >&2; } | true)", programFolder() + "/wardlock"};

@@ -53,7 +53,7 @@ protected:
     }
 };
 
-TEST_F(ModuleTrust, IsGivenToAModuleBelowFoldersOfOurs) {
+TEST_F(ModuleTrust, IsGivenToAModuleBelowTrustedFolders) {
     EXPECT_EQ(refusal(), "");
 }
 
@@ -80,19 +80,19 @@ TEST_F(ModuleTrust, EndsAtAFolderHighAboveThatBelongsToAnotherUser) {
     EXPECT_EQ(refusal(), reason(folderAbove, "belongs to another user"));
 }
 
-TEST_F(ModuleTrust, SurvivesAStickyFolderAboveWhereNobodyReplacesWhatIsOurs) {
+TEST_F(ModuleTrust, SurvivesAStickyFolderAboveTheModule) {
     setMode(folderAbove, 01777);
     EXPECT_EQ(refusal(), "");
 }
 
-TEST_F(ModuleTrust, EndsInAStickyFolderAtWhatIsAnotherUsers) {
+TEST_F(ModuleTrust, EndsInAStickyFolderAtAnEntryOfAnotherUser) {
     SKIP_WITHOUT_OTHER_USER();
     setMode(folderAbove, 01777);
     OtherUser::give(onDisk("/usr/share/modules"));
     EXPECT_EQ(refusal(), reason("/usr/share/modules", "belongs to another user"));
 }
 
-TEST_F(ModuleTrust, EndsAtAStickyFolderThatIsAnotherUsers) {
+TEST_F(ModuleTrust, EndsAtAStickyFolderOfAnotherUser) {
     SKIP_WITHOUT_OTHER_USER();
     OtherUser::give(onDisk(folderAbove));
     setMode(folderAbove, 01777);
@@ -106,7 +106,7 @@ TEST_F(ModuleTrust, EndsAtTheFolderOfALinkThatEveryUserCanChange) {
     EXPECT_EQ(refusal("/open/link.so"), reason("/open", "can be changed by every user"));
 }
 
-TEST_F(ModuleTrust, EndsAtAFolderThatOnlyALinkLeadsThrough) {
+TEST_F(ModuleTrust, EndsAtAFolderThatOnlyALinkCrosses) {
     layLink("../usr/share", "/open/share");
     layLink("../open/share/modules", "/first/modules");
     EXPECT_EQ(refusal("/first/modules/greeter.so"), "");
@@ -114,7 +114,7 @@ TEST_F(ModuleTrust, EndsAtAFolderThatOnlyALinkLeadsThrough) {
     EXPECT_EQ(refusal("/first/modules/greeter.so"), reason("/open", "can be changed by every user"));
 }
 
-TEST_F(ModuleTrust, SurvivesALinkOfOursInAStickyFolder) {
+TEST_F(ModuleTrust, SurvivesAnOwnLinkInAStickyFolder) {
     layLink(onDisk(module), "/open/link.so");
     setMode("/open", 01777);
     EXPECT_EQ(refusal("/open/link.so"), "");
@@ -189,11 +189,11 @@ protected:
     }
 };
 
-TEST_F(BundleTrust, IsGivenToABundleBelowFoldersOfOurs) {
+TEST_F(BundleTrust, IsGivenToABundleBelowTrustedFolders) {
     EXPECT_EQ(refusal(), "");
 }
 
-TEST_F(BundleTrust, EndsWhereEveryUserCanChangeWhatIsSaidOfTheBundle) {
+TEST_F(BundleTrust, EndsWhenEveryUserCanChangeTheBundlesInfo) {
     const std::string info = std::string(bundle) + "/Info.plist";
     setMode(info, 0666);
     EXPECT_EQ(refusal(), reason(info, "can be changed by every user"));
@@ -218,7 +218,7 @@ TEST_F(BundleTrust, EndsWhereEveryUserCanPutAnotherBundleInItsPlace) {
     EXPECT_EQ(refusal(), reason("/Library/PreferenceBundles", "can be changed by every user"));
 }
 
-TEST_F(BundleTrust, EndsWhereEveryUserCanLayAnotherLinkToABundle) {
+TEST_F(BundleTrust, EndsWhenEveryUserCanReplaceALinkToABundle) {
     fs::rename(onDisk(bundle), onDisk("/usr/Greeter.bundle"));
     layLink(onDisk("/usr/Greeter.bundle"), bundle);
     ASSERT_EQ(refusal(), "");
@@ -226,7 +226,7 @@ TEST_F(BundleTrust, EndsWhereEveryUserCanLayAnotherLinkToABundle) {
     EXPECT_EQ(refusal(), reason("/Library", "can be changed by every user"));
 }
 
-TEST_F(ModuleTrust, InTheApplicationListEndsWithAWordAtTheStart) {
+TEST_F(ModuleTrust, EndsForTheApplicationListWithANoticeAtTheStart) {
     ASSERT_EQ(shell::Provision().problems(), std::vector<std::string>());
     ASSERT_EQ(refusal(platform::appListLibraryPath), "");
     const char* const modules = "/Library/MobileSubstrate/DynamicLibraries";

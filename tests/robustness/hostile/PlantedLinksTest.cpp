@@ -25,7 +25,7 @@ using platform::MutableDictionary;
 constexpr std::string_view aDocument =
     "<plist version=\"1.0\"><dict><key>kPasscode</key><string>9</string></dict></plist>";
 
-class PlantedLinks : public HostileFixture {
+class PlantedLink : public HostileFixture {
 protected:
     void plant(const std::string& target, std::string_view devicePath) const {
         letOthersWrite(fs::path(onDisk(devicePath)).parent_path());
@@ -47,7 +47,7 @@ protected:
     RecordingNotificationCenter center;
 };
 
-TEST_F(PlantedLinks, AtTheDocumentDoNotDirectItsWriting) {
+TEST_F(PlantedLink, DoesNotRedirectTheWritingOfTheDocument) {
     SKIP_WITHOUT_OTHER_USER();
     plant(secret(), documentPath);
     EXPECT_FALSE(writesDocument());
@@ -55,21 +55,21 @@ TEST_F(PlantedLinks, AtTheDocumentDoNotDirectItsWriting) {
     EXPECT_EQ(entriesOf(documentFolder), 1) << "neither a temporary nor a second name of the secret is left";
 }
 
-TEST_F(PlantedLinks, AtTheDocumentThatLeadNowhereMakeNoFileThere) {
+TEST_F(PlantedLink, CreatesNoFileWhenItReplacesTheDocumentAndDangles) {
     SKIP_WITHOUT_OTHER_USER();
     plant(folder() / "made", documentPath);
     EXPECT_FALSE(writesDocument());
     EXPECT_FALSE(fs::exists(folder() / "made"));
 }
 
-TEST_F(PlantedLinks, AtTheDocumentDoNotDirectItsReading) {
+TEST_F(PlantedLink, DoesNotRedirectTheReadingOfTheDocument) {
     SKIP_WITHOUT_OTHER_USER();
     writeFile("/other.plist", aDocument);
     plant(onDisk("/other.plist"), documentPath);
     EXPECT_FALSE(document(BundleIdentifier));
 }
 
-TEST_F(PlantedLinks, BehindALinkOfOursAreNotFollowedEither) {
+TEST_F(PlantedLink, IsNotFollowedBehindATrustedLink) {
     SKIP_WITHOUT_OTHER_USER();
     writeFile("/other.plist", aDocument);
     makeFolder("/shared");
@@ -80,7 +80,7 @@ TEST_F(PlantedLinks, BehindALinkOfOursAreNotFollowedEither) {
     EXPECT_EQ(readFile("/other.plist"), aDocument);
 }
 
-TEST_F(PlantedLinks, AreRefusedForAReasonThatSaysSo) {
+TEST_F(PlantedLink, IsRefusedWithAReasonThatNamesIt) {
     SKIP_WITHOUT_OTHER_USER();
     plant(secret(), documentPath);
     const auto error = platform::AtomicWriter().write(onDisk(documentPath), "x", platform::Sync::None);
@@ -88,7 +88,7 @@ TEST_F(PlantedLinks, AreRefusedForAReasonThatSaysSo) {
     EXPECT_EQ(error.message(), "The symbolic link belongs to another user");
 }
 
-TEST_F(PlantedLinks, OfOursAtTheDocumentAreFollowedAndKept) {
+TEST_F(PlantedLink, IsFollowedAndKeptAtTheDocumentWhenTheUserOwnsIt) {
     writeFile("/elsewhere/real.plist", aDocument);
     fs::create_symlink("../../../../elsewhere/real.plist", onDisk(documentPath));
     ASSERT_TRUE(document(BundleIdentifier));
@@ -98,7 +98,7 @@ TEST_F(PlantedLinks, OfOursAtTheDocumentAreFollowedAndKept) {
     EXPECT_NE(readFile("/elsewhere/real.plist"), aDocument);
 }
 
-TEST_F(PlantedLinks, OfRootAreFollowedByAnOrdinaryUser) {
+TEST_F(PlantedLink, IsFollowedByAnOrdinaryUserWhenRootOwnsIt) {
     SKIP_WITHOUT_OTHER_USER();
     letOthersIn();
     writeFile("/elsewhere/real.plist", aDocument);
@@ -108,7 +108,7 @@ TEST_F(PlantedLinks, OfRootAreFollowedByAnOrdinaryUser) {
     EXPECT_EQ(OtherUser::does([] { return document(BundleIdentifier) ? 0 : 1; }), 0);
 }
 
-TEST_F(PlantedLinks, AtTheKeptCopyOfADamagedDocumentLeaveTheirTargetAlone) {
+TEST_F(PlantedLink, LeavesItsTargetAloneAtTheKeptCopyOfADamagedDocument) {
     SKIP_WITHOUT_OTHER_USER();
     writeFile(documentPath, "damaged");
     plant(secret(), std::string(documentPath) + ".damaged");
@@ -117,14 +117,14 @@ TEST_F(PlantedLinks, AtTheKeptCopyOfADamagedDocumentLeaveTheirTargetAlone) {
     EXPECT_EQ(readFile(std::string(documentPath) + ".damaged.2"), "damaged");
 }
 
-TEST_F(PlantedLinks, WithATemporarysNameLeaveTheirTargetAlone) {
+TEST_F(PlantedLink, LeavesItsTargetAloneWhenItHasATemporarysName) {
     SKIP_WITHOUT_OTHER_USER();
     plant(secret(), std::string(documentFolder) + "/.com.tavix.wardlock.plist.0123456789abcdef.wardlock-new");
     EXPECT_TRUE(writesDocument());
     EXPECT_EQ(contents(secret()), "secret");
 }
 
-TEST_F(PlantedLinks, AtTheLogDoNotDirectItsEntries) {
+TEST_F(PlantedLink, DoesNotRedirectTheEntriesOfTheLog) {
     SKIP_WITHOUT_OTHER_USER();
     plant(secret(), logPath);
     jLog("an entry");
@@ -133,7 +133,7 @@ TEST_F(PlantedLinks, AtTheLogDoNotDirectItsEntries) {
     EXPECT_TRUE(fs::is_symlink(onDisk(logPath)));
 }
 
-TEST_F(PlantedLinks, AtAnInfoListMakeNoBundle) {
+TEST_F(PlantedLink, MakesNoBundleWhenItReplacesAnInfoList) {
     SKIP_WITHOUT_OTHER_USER();
     writeFile("/other.plist", aDocument);
     makeFolder("/Library/PreferenceBundles/X.bundle");
@@ -141,7 +141,7 @@ TEST_F(PlantedLinks, AtAnInfoListMakeNoBundle) {
     EXPECT_EQ(platform::NSBundle::bundleWithPath("/Library/PreferenceBundles/X.bundle"), nullptr);
 }
 
-TEST_F(PlantedLinks, InThePlaceOfTheOutboxCloseIt) {
+TEST_F(PlantedLink, ClosesTheOutboxWhenItReplacesIt) {
     SKIP_WITHOUT_OTHER_USER();
     environment.set("PATH", "/nonexistent");
     environment.unset("DISPLAY");

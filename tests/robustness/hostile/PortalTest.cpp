@@ -53,25 +53,25 @@ private:
     std::unique_ptr<Process> portal_;
 };
 
-TEST_F(Portal, WhoseVersionIsATextIsNoPortal) {
+TEST_F(Portal, IsIgnoredWhenItsVersionIsAText) {
     startPortal("version");
     EXPECT_EQ(sent(), MailOutcome::Kind::SavedToOutbox);
     EXPECT_EQ(mails(), 1U);
 }
 
-TEST_F(Portal, WhoseResponseIsATextHasNotTakenTheMail) {
+TEST_F(Portal, LeavesTheMailUnsentWhenItsResponseIsAText) {
     startPortal("response");
     EXPECT_EQ(sent(), MailOutcome::Kind::SavedToOutbox);
     EXPECT_EQ(mails(), 1U);
 }
 
-TEST_F(Portal, ThatEndsBeforeItsResponseHasNotTakenTheMail) {
+TEST_F(Portal, LeavesTheMailUnsentWhenItEndsBeforeItsResponse) {
     startPortal("end");
     EXPECT_EQ(sent(), MailOutcome::Kind::SavedToOutbox);
     EXPECT_EQ(mails(), 1U);
 }
 
-TEST_F(Portal, ThatNeverAnswersLeavesEverythingElseAtWork) {
+TEST_F(Portal, LeavesEverythingElseWorkingWhenItNeverReplies) {
     startPortal("silence");
     bool answered = false;
     const platform::MailMessage message{{"support@example.org"}, "Help", "text", false, {}};
@@ -86,7 +86,7 @@ TEST_F(Portal, ThatNeverAnswersLeavesEverythingElseAtWork) {
     EXPECT_EQ(changes, 0);
 }
 
-TEST_F(Portal, ThatTellsTheLookInAnotherFormTellsNone) {
+TEST_F(Portal, ReportsNoAppearanceWhenItsReplyHasAnotherForm) {
     for (const char* lie : {"look", "nonsense"}) {
         startPortal(lie);
         const auto watch =

@@ -21,9 +21,9 @@ namespace fs = std::filesystem;
 
 /// A process without a limit on core dumps, in a folder of its own, that has come so far as to say
 /// "Watching".
-class CoreDumps : public HostileFixture {
+class CoreDump : public HostileFixture {
 protected:
-    CoreDumps() { fs::create_directory(where()); }
+    CoreDump() { fs::create_directory(where()); }
 
     std::string where() const { return folder() / "crash"; }
     std::unique_ptr<Process> start(const std::string& script) const {
@@ -43,7 +43,7 @@ protected:
     }
 };
 
-TEST_F(CoreDumps, OfWardlockAreNotKept) {
+TEST_F(CoreDump, IsNotKeptOfWardlock) {
     if (hasAddressSanitizer || hasThreadSanitizer)
         GTEST_SKIP() << "the sanitizers keep no core dumps themselves";
     EXPECT_FALSE(leavesSomething(watching()));
@@ -51,7 +51,7 @@ TEST_F(CoreDumps, OfWardlockAreNotKept) {
         GTEST_SKIP() << "this machine keeps the core dump of no process in its folder";
 }
 
-TEST_F(CoreDumps, OfWardlockAreRefusedToCollectorsTooByTheLimit) {
+TEST_F(CoreDump, IsRefusedToCollectorsByTheLimit) {
     const auto process = start(watching());
     std::ifstream limits("/proc/" + std::to_string(process->id()) + "/limits");
     std::string line;
@@ -84,12 +84,12 @@ TEST(SetUserId, EndsAProgramBeforeItDoesAnything) {
     EXPECT_EXIT(prepareAs(0, other, 0, 0), testing::ExitedWithCode(1), refused);
 }
 
-TEST(SetUserId, OfAGroupEndsAProgramToo) {
+TEST(SetUserId, EndsAProgramWithAnEffectiveGroup) {
     SKIP_WITHOUT_OTHER_USER();
     EXPECT_EXIT(prepareAs(0, 0, OtherUser::group(), 0), testing::ExitedWithCode(1), refused);
 }
 
-TEST(SetUserId, IsNotWhatARootOrAnOrdinaryUserRunsWith) {
+TEST(SetUserId, LeavesRootAndAnOrdinaryUserRunning) {
     SKIP_WITHOUT_OTHER_USER();
     const unsigned other = OtherUser::id();
     EXPECT_EXIT(prepareAs(0, 0, 0, 0), testing::ExitedWithCode(0), "");

@@ -113,14 +113,14 @@ ALL = [
     Mutant("short-read-is-enough", "what a short read has left is not read", ("processes.interrupted",), [
         (REAL_FILES, "        if (length == read.size())\n            read.resize(read.size() * 2);", "        break;"),
     ]),
-    Mutant("reason-of-a-failure-lost", "plist set does not say why it could not store", ("tests.faults/ToldReasons",), [
+    Mutant("reason-of-a-failure-lost", "plist set does not say why it could not store", ("tests.faults/WriteErrorMessage",), [
         ("cli/command/PropertyListSetCommand.cpp", " + error.message());", ");"),
     ]),
     # The pages.
     Mutant("passcode-by-its-beginning", "a passcode that begins as the right one is taken for it", ("tests.root/PasscodeWorkflow",), [
         ("root/PasscodeWorkflow.cpp", "    if (currentPasscode() == passcode) {", "    if (currentPasscode() && currentPasscode()->substr(0, 2) == passcode.substr(0, 2)) {"),
     ]),
-    Mutant("two-accounts-enabled", "enabling an account leaves the one enabled before as it is", ("tests.account/EnablingAnAccount",), [
+    Mutant("two-accounts-enabled", "enabling an account leaves the one enabled before as it is", ("tests.account/AccountEnabling",), [
         (ACCOUNT, "            accounts.set(*enabled, kAccountEnabled, &off);\n", "            static_cast<void>(off);\n"),
     ]),
     Mutant("deleted-account-left", "of a deleted account the record stays at the list's end", both("killed/AccountDeletion"), [
@@ -130,7 +130,7 @@ ALL = [
     Mutant("wrong-account-restricted", "the picker writes into the first account", ("tests.apps/AppsListSaving",), [
         (PICKER, "accounts.set(selectedPosition(), kAppsRestricted,", "accounts.set(0, kAppsRestricted,"),
     ]),
-    Mutant("enabled-account-cached", "a change of the document leaves the enabled account as it was read first", ("tests.settings/SettingsUpdateTest",), [
+    Mutant("enabled-account-cached", "a change of the document leaves the enabled account as it was read first", ("tests.settings/SettingsUpdate",), [
         ("settings/Settings.cpp", "    EnabledAccount = EnabledAccountNew();", "    EnabledAccountFetchIfNecessary();"),
     ]),
     # What only one sentence of the behaviour forbids: the passcode.
@@ -142,7 +142,7 @@ ALL = [
         (PASSCODE, "        failedCount_ = 0;\n        cancelPasscodeView(view);",
          "        failedCount_ = 0;\n        cancelPasscodeView(view);\n        view.removeFromSuperview();"),
     ]),
-    Mutant("overlay-cancels-itself", "the overlay takes itself down when cancelled", ("tests.passcode/Overlay",), [
+    Mutant("overlay-cancels-itself", "the overlay takes itself down when cancelled", ("tests.passcode/PasscodeOverlay",), [
         (OVERLAY, "    if (const auto block = passcodeCancelledBlock_)\n        block(*this);\n",
          "    if (const auto block = passcodeCancelledBlock_)\n        block(*this);\n    destroyPasscode();\n"),
     ]),
@@ -152,7 +152,7 @@ ALL = [
          "        entries.set(kPasscode, platform::Value(passcode));\n        return changed;"),
     ]),
     # The account page and its picker.
-    Mutant("own-write-reloads", "the account page is reloaded after each of its writes", ("tests.account/AccountValues",), [
+    Mutant("own-write-reloads", "the account page is reloaded after each of its writes", ("tests.account/AccountValue",), [
         (ACCOUNT, "        postChange(BundleIdentifier, PostName, key, *value);\n}",
          "        postChange(BundleIdentifier, PostName, key, *value);\n    reloadSpecifiers();\n}"),
     ]),
@@ -160,19 +160,19 @@ ALL = [
         (ACCOUNT, "    const auto update = updateAccounts(documentPath(BundleIdentifier), removeAccount);\n",
          "    const auto update = updateAccounts(documentPath(BundleIdentifier), removeAccount);\n    SelectedIndex = 0;\n"),
     ]),
-    Mutant("equal-value-not-stored", "an account's value that is equal to the stored one is dropped", ("tests.account/AccountValues",), [
+    Mutant("equal-value-not-stored", "an account's value that is equal to the stored one is dropped", ("tests.account/AccountValue",), [
         (ACCOUNT, "    return accounts.set(selectedPosition(), key, value);\n",
          "    const auto* record = accounts.record(selectedPosition());\n"
          "    if (record && value && record->find(key) && *record->find(key) == *value)\n        return false;\n"
          "    return accounts.set(selectedPosition(), key, value);\n"),
     ]),
-    Mutant("trailing-blanks-dropped", "an account's new name loses the blanks at its end", ("tests.account/AccountValues", "tests.bundle/InSettings"), [
+    Mutant("trailing-blanks-dropped", "an account's new name loses the blanks at its end", ("tests.account/AccountValue", "tests.bundle/BundleInSettings"), [
         (ACCOUNT, "        value = &blank;\n",
          "        value = &blank;\n    Value shorter(false);\n"
          "    if (const auto name = platform::stringValue(value); name && key == kAccountName) {\n"
          "        shorter = Value(name->substr(0, name->find_last_not_of(' ') + 1));\n        value = &shorter;\n    }\n"),
     ]),
-    Mutant("blanks-of-new-name-dropped", "a new account's name loses the blanks at its end", ("tests.root/AccountCreation", "tests.bundle/InSettings"), [
+    Mutant("blanks-of-new-name-dropped", "a new account's name loses the blanks at its end", ("tests.root/AccountCreation", "tests.bundle/BundleInSettings"), [
         ("root/AccountCreation.cpp", "    record.set(kAccountName, platform::Value(name));",
          "    record.set(kAccountName, platform::Value(name.substr(0, name.find_last_not_of(' ') + 1)));"),
     ]),
@@ -213,11 +213,11 @@ ALL = [
          "        const bool changed = !value || !entries.find(key) || *entries.find(key) != *value;\n"
          "        entries.set(key, value);\n        return changed;"),
     ]),
-    Mutant("icon-of-target", "an added icon is sought in the bundle of the row's target", ("tests.specifiers/Icons",), [
+    Mutant("icon-of-target", "an added icon is sought in the bundle of the row's target", ("tests.specifiers/RowIcon",), [
         (ICONS, "platform::NSBundle::bundleForClass(typeid(PreferenceHelper)).get(), fileName);",
          "specifier->target() ? platform::NSBundle::bundleForObject(*specifier->target()).get() : nullptr, fileName);"),
     ]),
-    Mutant("icon-split-at-first-stop", "an icon's name is split at its first full stop", ("tests.specifiers/Icons",), [
+    Mutant("icon-split-at-first-stop", "an icon's name is split at its first full stop", ("tests.specifiers/RowIcon",), [
         (ICONS, "    std::string extension = base.extension().string();\n    base.replace_extension();\n",
          "    const auto stop = fileName.find('.');\n"
          "    std::string extension(stop == std::string_view::npos ? \"\" : fileName.substr(stop));\n"
@@ -227,33 +227,33 @@ ALL = [
         ("info/DeveloperView.cpp", "    failureAlert();\n", ""),
     ]),
     # The settings library.
-    Mutant("earlier-callback-kept", "a second callback does not replace the first", ("tests.settings/SettingsUpdateTest",), [
+    Mutant("earlier-callback-kept", "a second callback does not replace the first", ("tests.settings/SettingsUpdate",), [
         (SETTINGS, "    UpdateCallback = std::move(callback);", "    if (!UpdateCallback)\n        UpdateCallback = std::move(callback);"),
     ]),
-    Mutant("callback-not-cleared", "a null callback leaves the earlier one", ("tests.settings/SettingsUpdateTest",), [
+    Mutant("callback-not-cleared", "a null callback leaves the earlier one", ("tests.settings/SettingsUpdate",), [
         (SETTINGS, "    UpdateCallback = std::move(callback);", "    if (callback)\n        UpdateCallback = std::move(callback);"),
     ]),
-    Mutant("post-name-of-the-bundle", "the post name given with a callback is not the one observed", ("tests.settings/SettingsUpdateTest",), [
+    Mutant("post-name-of-the-bundle", "the post name given with a callback is not the one observed", ("tests.settings/SettingsUpdate",), [
         (SETTINGS, "    InitSettingsWithUpdateName(post);", "    static_cast<void>(post);\n    InitSettingsWithUpdateName(PostName);"),
     ]),
-    Mutant("other-kinds-read-false", "an account's value that is no boolean reads as false", ("tests.settings/EnabledAccountTest",), [
+    Mutant("other-kinds-read-false", "an account's value that is no boolean reads as false", ("tests.settings/EnabledAccountRecord",), [
         ("settings/EnabledAccount.cpp", "    return platform::boolValue(AccountObject(key));",
          "    const platform::Value* value = AccountObject(key);\n"
          "    return value && value->kind() == platform::Value::Kind::Boolean && value->boolean();"),
     ]),
-    Mutant("other-kinds-read-true", "an account's value that is no boolean reads as true", ("tests.settings/EnabledAccountTest",), [
+    Mutant("other-kinds-read-true", "an account's value that is no boolean reads as true", ("tests.settings/EnabledAccountRecord",), [
         ("settings/EnabledAccount.cpp", "    return platform::boolValue(AccountObject(key));",
          "    const platform::Value* value = AccountObject(key);\n"
          "    return value && (value->kind() != platform::Value::Kind::Boolean || value->boolean());"),
     ]),
-    Mutant("log-bound-lower", "a log is looked through up to half its bound only", ("tests.settings/LogTest",), [
+    Mutant("log-bound-lower", "a log is looked through up to half its bound only", ("tests.settings/Log",), [
         ("settings/Log.cpp", "std::size_t{16} << 20", "std::size_t{8} << 20"),
     ]),
-    Mutant("log-bound-higher", "a log is looked through beyond its bound", ("tests.settings/LogTest",), [
+    Mutant("log-bound-higher", "a log is looked through beyond its bound", ("tests.settings/Log",), [
         ("settings/Log.cpp", "std::size_t{16} << 20", "std::size_t{17} << 20"),
     ]),
     # The platform.
-    Mutant("null-callback-called", "an observer without a callback is called", ("tests.notifications/DistributedCenterTest",), [
+    Mutant("null-callback-called", "an observer without a callback is called", ("tests.notifications/DistributedCenter",), [
         ("linux/notifications/DistributedCenter.cpp", "    if (!callback)\n        return {};\n", ""),
     ]),
     Mutant("descriptors-run-out", "a document that no descriptor is left for counts as unreadable", ("tests.plist/PropertyListFile", r"tests.plist/.*PropertyListFileFault"), [
@@ -293,7 +293,7 @@ ALL = [
     Mutant("empty-list-rebuilt", "the account page rebuilds an empty list that it holds", ("tests.account/AccountPage",), [
         ("account/AppsController.cpp", "    if (!hasSpecifiers())", "    if (PSListController::specifiers().empty())"),
     ]),
-    Mutant("enabled-in-two-writes", "enabling an account writes twice", ("tests.account/EnablingAnAccount",), [
+    Mutant("enabled-in-two-writes", "enabling an account writes twice", ("tests.account/AccountEnabling",), [
         (ACCOUNT, "    const auto update = updateAccounts(documentPath(BundleIdentifier), [&key, value](",
          "    if (key == kAccountEnabled && platform::boolValue(value))\n"
          "        updateAccounts(documentPath(BundleIdentifier), [](Accounts& accounts) {\n"
@@ -317,19 +317,19 @@ ALL = [
         (PICKER, "    setupArrays();\n    setTableView(", "    setTableView("),
         (PICKER, "    addSubview(tableView_);\n", "    addSubview(tableView_);\n    setupArrays();\n"),
     ]),
-    Mutant("blur-added-first", "the overlay's blur is added before it is invisible", ("tests.passcode/Overlay",), [
+    Mutant("blur-added-first", "the overlay's blur is added before it is invisible", ("tests.passcode/PasscodeOverlay",), [
         (OVERLAY, "    blurView_->setAlpha(0);\n", "    addSubview(blurView_);\n    blurView_->setAlpha(0);\n"),
     ]),
-    Mutant("keypad-added-first", "the overlay's keypad is added before it is invisible", ("tests.passcode/Overlay",), [
+    Mutant("keypad-added-first", "the overlay's keypad is added before it is invisible", ("tests.passcode/PasscodeOverlay",), [
         (OVERLAY, "        keypad_->setAlpha(0);\n", "        addSubview(keypad_);\n        keypad_->setAlpha(0);\n"),
     ]),
-    Mutant("attempts-before-blur", "the overlay's attempts are set before its blur is created", ("tests.passcode/Overlay",), [
+    Mutant("attempts-before-blur", "the overlay's attempts are set before its blur is created", ("tests.passcode/PasscodeOverlay",), [
         (OVERLAY, "    createBlurView();\n    setMaxAttempts(AllowedAttempts);\n", "    setMaxAttempts(AllowedAttempts);\n    createBlurView();\n"),
     ]),
-    Mutant("blur-released-first", "the overlay releases its blur before it is empty", ("tests.passcode/Overlay",), [
+    Mutant("blur-released-first", "the overlay releases its blur before it is empty", ("tests.passcode/PasscodeOverlay",), [
         (OVERLAY, "    for (const auto& view : inside)\n", "    setBlurView(nullptr);\n    for (const auto& view : inside)\n"),
     ]),
-    Mutant("overlay-not-kept", "an overlay that its delegate lets go of does not live to call its block", ("tests.passcode/Overlay",), [
+    Mutant("overlay-not-kept", "an overlay that its delegate lets go of does not live to call its block", ("tests.passcode/PasscodeOverlay",), [
         (OVERLAY, "void PasscodeView::cancelPasscode() {\n    const auto alive = shared_from_this();\n", "void PasscodeView::cancelPasscode() {\n"),
     ]),
     Mutant("text-view-added-first", "the change log's text is added before it is read-only", ("tests.info/ChangeLogPage",), [
@@ -339,7 +339,7 @@ ALL = [
         ("info/DeveloperView.cpp", "    webView->setDelegate(self(this));\n    webView->loadRequest({Listing});\n",
          "    webView->loadRequest({Listing});\n    webView->setDelegate(self(this));\n"),
     ]),
-    Mutant("post-name-alone-clears", "a post name given alone clears the callback", ("tests.settings/SettingsUpdateTest",), [
+    Mutant("post-name-alone-clears", "a post name given alone clears the callback", ("tests.settings/SettingsUpdate",), [
         (SETTINGS, "    // Observed first:", "    if (post != PostName)\n        UpdateCallback = nullptr;\n    // Observed first:"),
     ]),
     Mutant("page-title-after-view", "a page with a view of its own sets its title after its view",
@@ -355,7 +355,7 @@ ALL = [
          "    setView(makeView(view()->frame()));\n    PSListController::viewWillAppear(animated);\n"),
     ]),
     # What others may do.
-    Mutant("link-of-another-followed", "a symbolic link is followed whoever has laid it", ("tests.hostile/PlantedLinks",), [
+    Mutant("link-of-another-followed", "a symbolic link is followed whoever has laid it", ("tests.hostile/PlantedLink",), [
         ("linux/posix/TrustedSymlink.cpp", "if (found.st_uid != 0 && found.st_uid != ::geteuid())", "if (found.st_uid == static_cast<uid_t>(-1))"),
     ]),
     Mutant("module-of-another-loaded", "a module counts as trusted whoever it belongs to", ("tests.hostile/ModuleTrust",), [
@@ -367,7 +367,7 @@ ALL = [
     Mutant("bus-taken-from-others", "a process that cannot ask who listens removes the own bus's socket", ("tests.hostile/Bus",), [
         ("linux/bus/PrivateBus.cpp", "    if (!socket)\n        return Listener::Unknown;", "    if (!socket)\n        return Listener::None;"),
     ]),
-    Mutant("applications-without-end", "any number of folders is looked at for applications", ("tests.hostile/Bombs",), [
+    Mutant("applications-without-end", "any number of folders is looked at for applications", ("tests.hostile/HostileFiles",), [
         ("linux/applist/BundleApplications.cpp", "return ++folders_ <= MostFolders || reportTooMany(folder);", "return ++folders_ != 0 || reportTooMany(folder);"),
     ]),
     Mutant("terminal-obeys-values", "a terminal gets the control characters of a value", ("tests.cli/Output",), [
@@ -432,13 +432,13 @@ ALL = [
         ("linux/notifications/DistributedCenter.cpp", "std::move(inbox_.front());\n        inbox_.pop_front();",
          "std::move(inbox_.back());\n        inbox_.pop_back();"),
     ]),
-    Mutant("echo-told", "a process hears its own announcements a second time", ("tests.notifications/DistributedCenterTest",), [
+    Mutant("echo-told", "a process hears its own announcements a second time", ("tests.notifications/DistributedCenter",), [
         ("linux/notifications/NotificationBus.cpp", "if (!sender || connection_->uniqueName() == sender)", "if (!sender)"),
     ]),
     Mutant("deep-messages-heard", "announcements of any number of levels are heard", (r"tests.hostile/.*ForgedAnnouncement",), [
         ("linux/notifications/FlattenedValue.cpp", "if (value_ || open_.size() >= levels_)", "if (value_)"),
     ]),
-    Mutant("other-device-heard", "announcements of another device root are heard", ("tests.notifications/DistributedCenterTest",), [
+    Mutant("other-device-heard", "announcements of another device root are heard", ("tests.notifications/DistributedCenter",), [
         ("linux/notifications/DistributedCenter.cpp", "if (notification.deviceRoot == identity)", "if (!notification.deviceRoot.empty())"),
     ]),
     Mutant("old-view-kept", "an observer reads the document again at every second announcement only", ("soak",), [
@@ -503,17 +503,17 @@ ALL = [
         (LIST, "*this = changed.empty() ? defaults() : Accounts(changed.copy());", "*this = Accounts(changed.copy());"),
     ]),
     # What other users may do with folders, groups and processes.
-    Mutant("first-group-overlooked", "a user whose first group it is does not count as a member", ("tests.hostile/GroupOfAUser",), [
+    Mutant("first-group-overlooked", "a user whose first group it is does not count as a member", ("tests.hostile/UserGroup",), [
         ("linux/posix/TrustedUsers.cpp", "    return !isFirstGroupOfAnother(user, group);", "    return !isFirstGroupOfAnother(user, group) || !name.empty();"),
     ]),
-    Mutant("device-folder-of-another", "a folder of the device is used whoever it belongs to", ("tests.hostile/FoldersOfOthers",), [
+    Mutant("device-folder-of-another", "a folder of the device is used whoever it belongs to", ("tests.hostile/ForeignFolder",), [
         ("shell/device/Provision.cpp", "if (const platform::FolderRisk risk = platform::riskOfFolder(path)) {",
          "if (const platform::FolderRisk risk; risk) {"),
     ]),
-    Mutant("home-of-a-group", "a document is created in a home that others may change", ("tests.hostile/FoldersOfOthers",), [
+    Mutant("home-of-a-group", "a document is created in a home that others may change", ("tests.hostile/ForeignFolder",), [
         ("settings/Document.cpp", " && !platform::riskOfFolder(nearestExisting(folder))", " && !nearestExisting(folder).empty()"),
     ]),
-    Mutant("device-folder-open-first", "a new folder of the device is open to others", ("tests.shell/ProvisionTest",), [
+    Mutant("device-folder-open-first", "a new folder of the device is open to others", ("tests.shell/Provisioning",), [
         ("shell/device/Provision.cpp", "platform::makeFolders(platform::FileSystem::current(), path, privateMode)",
          "platform::makeFolders(platform::FileSystem::current(), path, 0777)"),
     ]),
@@ -524,7 +524,7 @@ ALL = [
     Mutant("advice-unquoted", "what the doctor advises to type is not quoted", ("tests.cli/ShellWord", "tests.cli/Doctor"), [
         ("cli/io/ShellWord.cpp", "    if (isPlain(text))", "    if (isPlain(text) || !text.empty())"),
     ]),
-    Mutant("core-dumped", "a crash may leave a core dump", ("tests.hostile/CoreDumps",), [
+    Mutant("core-dumped", "a crash may leave a core dump", ("tests.hostile/CoreDump",), [
         ("linux/posix/ProcessStart.cpp", "    refuseCoreDumps();\n", "    static_cast<void>(&refuseCoreDumps);\n"),
     ]),
     Mutant("runs-with-foreign-rights", "a program runs set-user-id", ("tests.hostile/SetUserId",), [
@@ -561,7 +561,7 @@ ALL = [
         ("linux/applist/DesktopFiles.cpp", "        if (identifiers_.insert(identifier).second)\n",
          "        if (identifiers_.insert(identifier).second || !identifier.empty())\n"),
     ]),
-    Mutant("entries-without-end", "any number of entries is looked at", ("tests.hostile/DesktopBombs",), [
+    Mutant("entries-without-end", "any number of entries is looked at", ("tests.hostile/HostileDesktopFiles",), [
         ("linux/applist/DesktopFiles.cpp", "        return names_ <= MostNames;", "        return names_ != 0;"),
     ]),
     Mutant("scaled-folders-unread", "a theme's scaled folders are not looked into", ("tests.applist/AppListDesktop",), [

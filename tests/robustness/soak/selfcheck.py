@@ -19,36 +19,36 @@ def written(value):
 
 
 class Announcements(unittest.TestCase):
-    def test_what_arrived_as_it_was_sent_passes(self):
+    def test_notifications_in_order_pass(self):
         self.assertIsNone(judges.order_problem([1, 2, 2], [1, 2, 2]))
 
-    def test_lost_doubled_and_swapped_ones_are_found(self):
+    def test_lost_doubled_and_swapped_notifications_are_found(self):
         for heard in ([1, 3], [1, 2, 2, 3], [1, 3, 2], []):
             self.assertIsNotNone(judges.order_problem([1, 2, 3], heard), heard)
 
-    def test_two_senders_may_be_heard_in_any_turns(self):
+    def test_two_senders_may_be_received_in_any_order(self):
         for merged in ([1, 2, 7, 8], [7, 8, 1, 2], [1, 7, 2, 8], [7, 1, 8, 2]):
             self.assertIsNone(judges.merge_problem([1, 2], [7, 8], merged), merged)
 
-    def test_senders_that_say_the_same_are_told_apart_where_it_matters(self):
+    def test_senders_with_equal_notifications_are_distinguished_where_it_matters(self):
         self.assertIsNone(judges.merge_problem([1, 2, 1], [1, 3], [1, 1, 3, 2, 1]))
         self.assertIsNotNone(judges.merge_problem([1, 2, 1], [1, 3], [3, 1, 1, 2, 1]))
 
-    def test_lost_doubled_and_swapped_ones_of_two_senders_are_found(self):
+    def test_lost_doubled_and_swapped_notifications_of_two_senders_are_found(self):
         for merged in ([1, 2, 7], [1, 2, 7, 8, 8], [2, 1, 7, 8], [1, 8, 2, 7], [1, 2, 7, 9]):
             self.assertIsNotNone(judges.merge_problem([1, 2], [7, 8], merged), merged)
 
 
 class Documents(unittest.TestCase):
-    def test_a_whole_one_passes(self):
+    def test_a_whole_document_passes(self):
         self.assertIsNone(judges.document_problem(written(WHOLE)))
 
-    def test_one_cut_short_anywhere_is_found(self):
+    def test_a_document_cut_short_anywhere_is_found(self):
         data = written(WHOLE)
         for end in range(len(data)):
             self.assertIsNotNone(judges.document_problem(data[:end]), end)
 
-    def test_the_rest_of_a_longer_one_behind_it_is_found(self):
+    def test_the_rest_of_a_longer_document_behind_it_is_found(self):
         data = written(WHOLE)
         self.assertIsNotNone(judges.document_problem(data + data[-20:]))
 
@@ -62,11 +62,11 @@ class Documents(unittest.TestCase):
 class Growth(unittest.TestCase):
     SIZE = 2 * 1024 * 1024
 
-    def test_what_comes_and_goes_passes(self):
+    def test_memory_and_descriptors_that_return_pass(self):
         rests = [(self.SIZE + n % 3 * 4096, 9 + n % 2) for n in range(20)]
         self.assertIsNone(judges.growth_problem(rests))
 
-    def test_what_a_process_takes_while_it_begins_passes(self):
+    def test_resources_of_a_starting_process_pass(self):
         rests = [(n * self.SIZE, n) for n in (1, 2, 3, 4)] + [(4 * self.SIZE, 4)] * 8
         self.assertIsNone(judges.growth_problem(rests))
 
@@ -106,7 +106,7 @@ class Watching(unittest.TestCase):
         self.watcher.take_events()
         self.assertEqual(self.watcher.told, {"writes": 3, "generations": 3, "problems": []})
 
-    def test_replacements_that_nobody_saw_are_counted_too(self):
+    def test_unobserved_replacements_are_counted(self):
         for _ in range(50):
             self.replace(written(WHOLE))
         self.watcher.take_events()
@@ -135,7 +135,7 @@ class Watching(unittest.TestCase):
 
 
 class Standing(unittest.TestCase):
-    def test_an_account_and_its_picker_stand_on_a_position_and_the_first_page_does_not(self):
+    def test_an_account_and_its_picker_have_a_position_and_the_first_page_has_none(self):
         account = {"page": {"sections": [{"rows": [{"key": "kRestrictSiri"}]}]}}
         root = {"page": {"sections": [{"rows": [{"key": "kEnabled"}, {"label": "Tom"}]}]}}
         self.assertTrue(person.stands_in_account(account))

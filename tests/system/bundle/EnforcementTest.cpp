@@ -50,7 +50,7 @@ std::unique_ptr<Process> enforce(int changes, const std::string& key) {
     return enforcer;
 }
 
-TEST_F(Enforcement, HearsOfSiriBeingRestrictedForTheSecondAccount) {
+TEST_F(Enforcement, IsNotifiedOfSiriBeingRestrictedForTheSecondAccount) {
     writeDocument(twoAccounts());
     const auto enforcer = enforce(1, "kRestrictSiri");
     open();
@@ -60,7 +60,7 @@ TEST_F(Enforcement, HearsOfSiriBeingRestrictedForTheSecondAccount) {
     EXPECT_EQ(enforcer->wait().exitCode, 0);
 }
 
-TEST_F(Enforcement, HearsOfAnotherAccountBeingEnabledAndAnswersFromIt) {
+TEST_F(Enforcement, IsNotifiedOfAnotherAccountBeingEnabledAndReadsFromIt) {
     writeDocument(twoAccounts());
     const auto enforcer = enforce(2, "kRestrictCamera");
     open();
@@ -72,7 +72,7 @@ TEST_F(Enforcement, HearsOfAnotherAccountBeingEnabledAndAnswersFromIt) {
     EXPECT_EQ(enforcer->wait().exitCode, 0);
 }
 
-TEST_F(Enforcement, HearsOfTheMasterSwitchAndThePasscode) {
+TEST_F(Enforcement, IsNotifiedOfTheMasterSwitchAndThePasscode) {
     writeDocument(twoAccounts());
     const auto enforcer = enforce(2, "kRestrictSiri");
     open();
@@ -84,7 +84,7 @@ TEST_F(Enforcement, HearsOfTheMasterSwitchAndThePasscode) {
     EXPECT_EQ(enforcer->wait().exitCode, 0);
 }
 
-TEST_F(Enforcement, HearsOfTheEnabledAccountBeingDeleted) {
+TEST_F(Enforcement, IsNotifiedOfTheEnabledAccountBeingDeleted) {
     writeDocument(twoAccounts());
     const auto enforcer = enforce(1, "kRestrictSiri");
     open();

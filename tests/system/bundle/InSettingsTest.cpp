@@ -13,7 +13,7 @@ using platform::Value;
 using Labels = std::vector<std::string>;
 
 /// The bundle of this build, loaded and used as a person does.
-class InSettings : public SettingsApplicationFixture {
+class BundleInSettings : public SettingsApplicationFixture {
 protected:
     void open(std::initializer_list<std::string_view> accountNames, double transitionSeconds = 0) {
         writeDocument(documentOf(accountNames));
@@ -37,28 +37,28 @@ protected:
     void endFade() { clock.step(0.41); }
 };
 
-TEST_F(InSettings, ShowsTheRootPage) {
+TEST_F(BundleInSettings, ShowsTheRootPage) {
     open({"Ann", "Ben"});
     EXPECT_EQ(page().title(), "Wardlock");
     EXPECT_EQ(labels(), (Labels{"Enabled", "Passcode", "Ann", "Ben", "@TavixCo", "support@tavix.example",
                                 "Change Log", "More From Tavix"}));
 }
 
-TEST_F(InSettings, ShowsTheContactRowsWithTheirIcons) {
+TEST_F(BundleInSettings, ShowsTheContactRowsWithTheirIcons) {
     open({});
     EXPECT_NE(row("@TavixCo").icon, nullptr);
     EXPECT_NE(row("support@tavix.example").icon, nullptr);
     EXPECT_EQ(row("Change Log").icon, nullptr);
 }
 
-TEST_F(InSettings, TitlesAnAccountsPageWithItsName) {
+TEST_F(BundleInSettings, TitlesAnAccountsPageWithItsName) {
     open({"Ann", "Ben"});
     tap("Ben");
     EXPECT_EQ(page().title(), "Ben");
     EXPECT_EQ(settings().screen().backTitle(), "Wardlock");
 }
 
-TEST_F(InSettings, EditsTheAccountWhoseRowWasTapped) {
+TEST_F(BundleInSettings, EditsTheAccountWhoseRowWasTapped) {
     open({"Ann", "Ben", "Cleo"});
     tap("Cleo");
     tap("Siri");
@@ -74,7 +74,7 @@ TEST_F(InSettings, EditsTheAccountWhoseRowWasTapped) {
     EXPECT_FALSE(stored(2, kRestrictCamera));
 }
 
-TEST_F(InSettings, CountsAmongItsRowsWhatIsNoAccount) {
+TEST_F(BundleInSettings, CountsAmongItsRowsAnEntryThatIsNotAnAccount) {
     platform::MutableDictionary damaged(documentOf({"Ann", "Ben"}));
     platform::MutableArray accounts(damaged.find(kAccounts)->array());
     accounts.insert(0, "no account");
@@ -89,7 +89,7 @@ TEST_F(InSettings, CountsAmongItsRowsWhatIsNoAccount) {
     EXPECT_TRUE(stored(2, kRestrictSiri));
 }
 
-TEST_F(InSettings, LeavesAnAccountWhosePlaceAnotherHasTaken) {
+TEST_F(BundleInSettings, LeavesAnAccountWhosePlaceAnotherAccountTook) {
     open({"Ann", "Ben", "Cleo"});
     tap("Ben");
     changeElsewhere(documentOf({"Ben", "Cleo"}));
@@ -101,7 +101,7 @@ TEST_F(InSettings, LeavesAnAccountWhosePlaceAnotherHasTaken) {
     EXPECT_FALSE(stored(1, kRestrictSiri));
 }
 
-TEST_F(InSettings, WritesNothingOnASwitchOfAnAccountThatIsGone) {
+TEST_F(BundleInSettings, WritesNothingOnASwitchOfAnAccountThatIsGone) {
     open({"Ann", "Ben"});
     tap("Ben");
     writeDocument(documentOf({"Ann"}));
@@ -111,7 +111,7 @@ TEST_F(InSettings, WritesNothingOnASwitchOfAnAccountThatIsGone) {
     EXPECT_EQ(page().title(), "Wardlock");
 }
 
-TEST_F(InSettings, EnablesOneAccountAtATime) {
+TEST_F(BundleInSettings, EnablesOneAccountAtATime) {
     open({"Ann", "Ben"});
     tap("Ann");
     tap("Enabled");
@@ -125,7 +125,7 @@ TEST_F(InSettings, EnablesOneAccountAtATime) {
     EXPECT_FALSE(row("Enabled").isOn());
 }
 
-TEST_F(InSettings, StoresANameBeforeThePageIsLeft) {
+TEST_F(BundleInSettings, StoresANameBeforeThePageIsLeft) {
     open({"Ann"});
     tap("Ann");
     type("Account Name", "Anna");
@@ -134,7 +134,7 @@ TEST_F(InSettings, StoresANameBeforeThePageIsLeft) {
     EXPECT_TRUE(hasRow("Anna"));
 }
 
-TEST_F(InSettings, KeepsTheBlanksAroundANameThatIsTyped) {
+TEST_F(BundleInSettings, KeepsTheBlanksAroundANameThatIsTyped) {
     open({"Ann"});
     tap("Ann");
     type("Account Name", "  Anna  ");
@@ -145,7 +145,7 @@ TEST_F(InSettings, KeepsTheBlanksAroundANameThatIsTyped) {
     EXPECT_EQ(accountNames(), (Labels{"  Anna  ", " Ben "}));
 }
 
-TEST_F(InSettings, StoresAClearedNameAsBlank) {
+TEST_F(BundleInSettings, StoresAClearedNameAsBlank) {
     open({"Ann"});
     tap("Ann");
     type("Account Name", "");
@@ -153,7 +153,7 @@ TEST_F(InSettings, StoresAClearedNameAsBlank) {
     EXPECT_EQ(accountNames(), Labels{"Blank"});
 }
 
-TEST_F(InSettings, StoresANameWhenTheListIsDragged) {
+TEST_F(BundleInSettings, StoresANameWhenTheListIsDragged) {
     open({"Ann"});
     tap("Ann");
     type("Account Name", "Anna");
@@ -162,7 +162,7 @@ TEST_F(InSettings, StoresANameWhenTheListIsDragged) {
     EXPECT_FALSE(row("Account Name").editing);
 }
 
-TEST_F(InSettings, CreatesAnAccountAndEditsIt) {
+TEST_F(BundleInSettings, CreatesAnAccountAndEditsIt) {
     open({"Ann"});
     ASSERT_TRUE(settings().page().tapBarButton());
     EXPECT_FALSE(settings().sheets().chooseAlertAction(1));
@@ -176,7 +176,7 @@ TEST_F(InSettings, CreatesAnAccountAndEditsIt) {
     EXPECT_TRUE(stored(1, kRestrictKeyboard));
 }
 
-TEST_F(InSettings, AsksOnForTheNameWhileAnotherProcessChangesTheAccounts) {
+TEST_F(BundleInSettings, KeepsAskingForTheNameWhileAnotherProcessChangesTheAccounts) {
     open({"Ann"});
     ASSERT_TRUE(settings().page().tapBarButton());
     ASSERT_TRUE(settings().sheets().typeIntoAlert(0, "Ben"));
@@ -189,7 +189,7 @@ TEST_F(InSettings, AsksOnForTheNameWhileAnotherProcessChangesTheAccounts) {
     EXPECT_EQ(pathOf("Ben"), (platform::NSIndexPath{1, 2}));
 }
 
-TEST_F(InSettings, CreatesNothingWhereAnotherProcessTookTheListAway) {
+TEST_F(BundleInSettings, CreatesNothingWhenAnotherProcessRemovedTheList) {
     open({"Ann"});
     ASSERT_TRUE(settings().page().tapBarButton());
     ASSERT_TRUE(settings().sheets().typeIntoAlert(0, "Ben"));
@@ -200,7 +200,7 @@ TEST_F(InSettings, CreatesNothingWhereAnotherProcessTookTheListAway) {
     EXPECT_FALSE(hasRow("Ben"));
 }
 
-TEST_F(InSettings, DeletesAnAccountAndReturns) {
+TEST_F(BundleInSettings, DeletesAnAccountAndReturns) {
     open({"Ann", "Ben", "Cleo"}, 0.35);
     tap("Ben");
     clock.step(0.36);
@@ -216,7 +216,7 @@ TEST_F(InSettings, DeletesAnAccountAndReturns) {
     EXPECT_TRUE(stored(0, kRestrictSiri));
 }
 
-TEST_F(InSettings, DeletingTheOnlyAccountBringsTheDefaultBack) {
+TEST_F(BundleInSettings, DeletingTheOnlyAccountBringsTheDefaultBack) {
     open({"Ann"});
     tap("Ann");
     tap("Delete Account");
@@ -225,7 +225,7 @@ TEST_F(InSettings, DeletingTheOnlyAccountBringsTheDefaultBack) {
     EXPECT_TRUE(hasRow("Default"));
 }
 
-TEST_F(InSettings, SetsAndThenChangesThePasscode) {
+TEST_F(BundleInSettings, SetsAndThenChangesThePasscode) {
     open({});
     tap("Passcode");
     EXPECT_EQ(keypadText(), "Enter New Passcode");
@@ -242,7 +242,7 @@ TEST_F(InSettings, SetsAndThenChangesThePasscode) {
     EXPECT_EQ(passcode(), "5678");
 }
 
-TEST_F(InSettings, KeepsTheKeypadAndItsDigitsWhileAnotherProcessChangesTheAccounts) {
+TEST_F(BundleInSettings, KeepsTheKeypadAndItsDigitsWhileAnotherProcessChangesTheAccounts) {
     open({"Ann"});
     tap("Passcode");
     press("12");
@@ -255,7 +255,7 @@ TEST_F(InSettings, KeepsTheKeypadAndItsDigitsWhileAnotherProcessChangesTheAccoun
     EXPECT_FALSE(settings().screen().overlay());
 }
 
-TEST_F(InSettings, AsksForThePasscodeThatAnotherProcessHasSetMeanwhile) {
+TEST_F(BundleInSettings, AsksForThePasscodeThatAnotherProcessHasSet) {
     open({"Ann"});
     tap("Passcode");
     press("1234");
@@ -270,7 +270,7 @@ TEST_F(InSettings, AsksForThePasscodeThatAnotherProcessHasSetMeanwhile) {
     EXPECT_EQ(keypadText(), "Enter New Passcode");
 }
 
-TEST_F(InSettings, ClosesTheKeypadAtTheFourthWrongPasscode) {
+TEST_F(BundleInSettings, ClosesTheKeypadAtTheFourthWrongPasscode) {
     open({});
     tap("Passcode");
     press("1234");
@@ -283,7 +283,7 @@ TEST_F(InSettings, ClosesTheKeypadAtTheFourthWrongPasscode) {
     EXPECT_EQ(passcode(), "1234");
 }
 
-TEST_F(InSettings, ClosesTheKeypadWhenTheApplicationResigns) {
+TEST_F(BundleInSettings, ClosesTheKeypadWhenTheApplicationResigns) {
     open({});
     tap("Passcode");
     press("12");
@@ -293,13 +293,13 @@ TEST_F(InSettings, ClosesTheKeypadWhenTheApplicationResigns) {
     EXPECT_EQ(passcode(), "");
 }
 
-TEST_F(InSettings, OpensTheMakersProfile) {
+TEST_F(BundleInSettings, OpensTheMakersProfile) {
     open({});
     tap("@TavixCo");
     EXPECT_EQ(openedUrls, Labels{"twitter://user?screen_name=TavixCo"});
 }
 
-TEST_F(InSettings, SendsAMailToSupport) {
+TEST_F(BundleInSettings, SendsAMailToSupport) {
     open({});
     tap("support@tavix.example");
     ASSERT_TRUE(settings().screen().composer());
@@ -310,7 +310,7 @@ TEST_F(InSettings, SendsAMailToSupport) {
     EXPECT_FALSE(settings().screen().composer());
 }
 
-TEST_F(InSettings, QuitsWithAnAlertOpenAndLeavesNothing) {
+TEST_F(BundleInSettings, QuitsWithAnAlertOpenAndLeavesNothing) {
     open({"Ann"});
     tap("Ann");
     tap("Delete Account");
@@ -321,7 +321,7 @@ TEST_F(InSettings, QuitsWithAnAlertOpenAndLeavesNothing) {
     EXPECT_TRUE(alert.expired());
 }
 
-TEST_F(InSettings, QuitsWithTheNameAlertOpenAndLeavesNothing) {
+TEST_F(BundleInSettings, QuitsWithTheNameAlertOpenAndLeavesNothing) {
     open({"Ann"});
     ASSERT_TRUE(settings().page().tapBarButton());
     const std::weak_ptr<platform::Object> root = page().controller().weak_from_this();
@@ -329,7 +329,7 @@ TEST_F(InSettings, QuitsWithTheNameAlertOpenAndLeavesNothing) {
     EXPECT_TRUE(root.expired());
 }
 
-TEST_F(InSettings, QuitsInMidFadeAndLeavesNothing) {
+TEST_F(BundleInSettings, QuitsDuringAFadeAndLeavesNothing) {
     open({});
     tap("Passcode");
     const std::weak_ptr<platform::Object> keypad = settings().screen().overlay()->keypad;
@@ -342,7 +342,7 @@ TEST_F(InSettings, QuitsInMidFadeAndLeavesNothing) {
     EXPECT_TRUE(keypad.expired());
 }
 
-TEST_F(InSettings, QuitsInMidPopAndLeavesNothing) {
+TEST_F(BundleInSettings, QuitsDuringAPopAndLeavesNothing) {
     open({"Ann"}, 0.35);
     tap("Ann");
     clock.step(0.36);

@@ -55,7 +55,7 @@ TEST_F(InformationInSettings, ShowsTheListingAndFollowsItsLinks) {
     EXPECT_EQ(web()->text(), "First package\n");
 }
 
-TEST_F(InformationInSettings, SaysNothingWhereTheListingFails) {
+TEST_F(InformationInSettings, ShowsNoMessageWhenTheListingFails) {
     const RefusingPort nobody;
     useFor(WARDLOCK_REPOSITORY_HOST, nobody.port());
     open("More From Tavix");
@@ -65,7 +65,7 @@ TEST_F(InformationInSettings, SaysNothingWhereTheListingFails) {
     EXPECT_EQ(settings().screen().notice(), "");
 }
 
-TEST_F(InformationInSettings, GivesTheListingUpWhenItsPageIsLeft) {
+TEST_F(InformationInSettings, CancelsTheListingWhenItsPageIsLeft) {
     useFor(WARDLOCK_REPOSITORY_HOST, server.port());
     server.hang(Listing);
     open("More From Tavix");
@@ -75,7 +75,7 @@ TEST_F(InformationInSettings, GivesTheListingUpWhenItsPageIsLeft) {
     EXPECT_EQ(page().title(), "Wardlock");
 }
 
-TEST_F(InformationInSettings, LoadsTheListingAnewOnEachVisit) {
+TEST_F(InformationInSettings, LoadsTheListingAgainOnEachVisit) {
     useFor(WARDLOCK_REPOSITORY_HOST, server.port());
     server.answer(Listing, "Listing");
     open("More From Tavix");

@@ -65,7 +65,7 @@ TEST_F(LargeDocument, LosesNothingByTwoTaps) {
     EXPECT_TRUE(hasRow("Ben"));
 }
 
-TEST_F(LargeDocument, IsNotMadeByLongNames) {
+TEST_F(LargeDocument, IsNotWrittenForATooLongName) {
     open(platform::dataWithPropertyList(documentOf({"Ann", "Ben"})));
     tap("Ben");
     enter("Account Name", std::string(5 * megabyte, '&'));
@@ -74,7 +74,7 @@ TEST_F(LargeDocument, IsNotMadeByLongNames) {
     EXPECT_TRUE(nameOfSecondAccount() == "Cleo");
 }
 
-TEST_F(LargeDocument, IsMadeByNamesThatFit) {
+TEST_F(LargeDocument, IsWrittenForANameThatFits) {
     open(platform::dataWithPropertyList(documentOf({"Ann", "Ben"})));
     const std::string name(2 * megabyte, '&');
     tap("Ben");
@@ -82,7 +82,7 @@ TEST_F(LargeDocument, IsMadeByNamesThatFit) {
     EXPECT_TRUE(nameOfSecondAccount() == name);
 }
 
-TEST_F(LargeDocument, OfTheLastSizeThatCanBeReadIsWritten) {
+TEST_F(LargeDocument, IsWrittenAtTheLargestReadableSize) {
     platform::MutableDictionary entries(documentOf({"Ann"}));
     entries.set(kEnabled, false);
     entries.set("other", "");

@@ -91,7 +91,7 @@ TEST_F(Module, ExportsItsThreeNamesAndNoMore) {
     EXPECT_EQ(names, (std::vector<std::string>{"SelectedIndex", "wardlock_classes", "workspace"}));
 }
 
-TEST_F(Module, FindsItsLibrariesFromWhereItStands) {
+TEST_F(Module, FindsItsLibrariesFromItsOwnFolder) {
     const auto result = runProcess("/usr/bin/ldd", {path()});
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.output.find("not found"), std::string::npos) << result.output;
@@ -120,14 +120,14 @@ TEST_F(Module, ExportsAWorkspaceThatItNeverSets) {
     EXPECT_EQ(*workspace, nullptr);
 }
 
-TEST_F(Module, CarriesTheIconsOfItsContactRows) {
+TEST_F(Module, ContainsTheIconsOfItsContactRows) {
     const auto page = makePage();
     EXPECT_EQ(fileOfIcon(*rowNamed(*page, "@TavixCo")), "twitter.png");
     EXPECT_EQ(fileOfIcon(*rowNamed(*page, "support@tavix.example")), "mail.png");
     EXPECT_EQ(fileOfIcon(*rowNamed(*page, "Change Log")), "");
 }
 
-TEST_F(Module, CarriesEachIconOfTwentyNinePointsInThreeDensities) {
+TEST_F(Module, ContainsEachIconOfTwentyNinePointsInThreeDensities) {
     for (const std::string name : {"icon", "mail", "twitter"}) {
         EXPECT_EQ(sizeOfPng(bundle->bundlePath() + "/" + name + ".png"), std::pair(29, 29));
         EXPECT_EQ(sizeOfPng(bundle->bundlePath() + "/" + name + "@2x.png"), std::pair(58, 58));
@@ -135,7 +135,7 @@ TEST_F(Module, CarriesEachIconOfTwentyNinePointsInThreeDensities) {
     }
 }
 
-TEST_F(Module, IsWhereItsObjectsIconsAreLookedFor) {
+TEST_F(Module, IsSearchedForTheIconsOfItsObjects) {
     const auto row = platform::PSSpecifier::preferenceSpecifierNamed("Row", nullptr, {}, {}, nullptr,
                                                                      platform::PSCellType::Button, nullptr);
     // The helper is this program's; the target is the module's.

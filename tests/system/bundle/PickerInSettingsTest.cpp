@@ -180,7 +180,7 @@ TEST_F(PickerInSettings, LeavesForeignKeysAndOtherAccountsUntouched) {
     EXPECT_EQ(document(), after.copy());
 }
 
-TEST_F(PickerInSettings, SavesOverWhatAnotherProcessChangedMeanwhile) {
+TEST_F(PickerInSettings, SavesOverAChangeOfAnotherProcess) {
     installFour();
     open(restricting({{"Child", {"org.a"}}}));
     MutableDictionary elsewhere(restricting({{"Renamed", {"org.b"}}}));
@@ -192,7 +192,7 @@ TEST_F(PickerInSettings, SavesOverWhatAnotherProcessChangedMeanwhile) {
     EXPECT_EQ(document().find(kAccounts)->array()[0].dictionary().find(kAccountName)->string(), "Renamed");
 }
 
-TEST_F(PickerInSettings, OfOneAccountLeavesTheNextOnesAlone) {
+TEST_F(PickerInSettings, LeavesTheListOfTheNextAccountAlone) {
     installFour();
     open(restricting({{"Child", {"org.a"}}, {"Other", {"org.b"}}}));
     flip(1);
@@ -204,7 +204,7 @@ TEST_F(PickerInSettings, OfOneAccountLeavesTheNextOnesAlone) {
     EXPECT_EQ(stored(1), Array());
 }
 
-TEST_F(PickerInSettings, OfARecordWithoutAListEndsTheProcessOnASwitchAndWritesNothing) {
+TEST_F(PickerInSettings, EndsTheProcessAndWritesNothingWhenARecordLacksItsList) {
     installFour();
     MutableDictionary record(documentOf({"Child"}).find(kAccounts)->array().at(0).dictionary());
     record.remove(kAppsRestricted);
@@ -217,7 +217,7 @@ TEST_F(PickerInSettings, OfARecordWithoutAListEndsTheProcessOnASwitchAndWritesNo
     EXPECT_EQ(readFile(documentPath), before);
 }
 
-TEST_F(PickerInSettings, SkipsASaveWhereTheAccountsAreEmptyMeanwhile) {
+TEST_F(PickerInSettings, SkipsASaveWhenTheAccountsBecameEmpty) {
     installFour();
     open(restricting({{"Child", {}}}));
     writeDocument(restricting({}));
@@ -228,7 +228,7 @@ TEST_F(PickerInSettings, SkipsASaveWhereTheAccountsAreEmptyMeanwhile) {
     EXPECT_EQ(page().title(), "Wardlock");
 }
 
-TEST_F(PickerInSettings, OfEmptyAccountsCannotBeOpened) {
+TEST_F(PickerInSettings, CannotBeOpenedWhenTheAccountsAreEmpty) {
     installFour();
     writeDocument(restricting({{"Child", {}}}));
     start();
@@ -239,7 +239,7 @@ TEST_F(PickerInSettings, OfEmptyAccountsCannotBeOpened) {
     EXPECT_EQ(page().title(), "Wardlock");
 }
 
-TEST_F(PickerInSettings, WithoutTheLibraryShowsTheRestrictedAlone) {
+TEST_F(PickerInSettings, ShowsTheRestrictedAloneWithoutTheLibrary) {
     installFour();
     makeFolder("/Library/MobileSubstrate/DynamicLibraries");
     writeFile(platform::appListLibraryPath, "no library");
@@ -250,7 +250,7 @@ TEST_F(PickerInSettings, WithoutTheLibraryShowsTheRestrictedAlone) {
     EXPECT_EQ(stored(), Array());
 }
 
-TEST_F(PickerInSettings, OfNothingInstalledIsOneEmptySection) {
+TEST_F(PickerInSettings, HasOneEmptySectionWhenNothingIsInstalled) {
     open(restricting({{"Child", {}}}));
     EXPECT_EQ(page().table()->sectionCount(), 1u);
     EXPECT_EQ(rowCount(), 0u);

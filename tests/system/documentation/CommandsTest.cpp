@@ -53,7 +53,7 @@ std::vector<std::string> pagesWithTestedSteps() {
 
 class Commands : public Reader, public ::testing::WithParamInterface<std::string> {};
 
-TEST_P(Commands, DoWhatThePageShows) {
+TEST_P(Commands, PrintWhatThePageShows) {
     const Page page(GetParam());
     const std::vector<Step> steps = testedStepsOf(page);
     // The README tells how to come to the programs; the other pages begin where it has ended.
@@ -71,7 +71,7 @@ TEST_P(Commands, DoWhatThePageShows) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Of, Commands, ::testing::ValuesIn(pagesWithTestedSteps()),
+INSTANTIATE_TEST_SUITE_P(EveryPage, Commands, ::testing::ValuesIn(pagesWithTestedSteps()),
                          [](const auto& info) { return nameOf(info.param); });
 
 } // namespace

@@ -37,14 +37,14 @@ TEST(Console, RunsCommandsInOneShell) {
     EXPECT_EQ(found[1].exitCode, 0);
 }
 
-TEST(Console, TellsErrorsAndExitCodes) {
+TEST(Console, ReportsErrorsAndExitCodes) {
     const auto found = results("```console\n$ echo wrong >&2; (exit 3)\n$ echo on\n```\n");
     EXPECT_EQ(found[0].exitCode, 3);
     EXPECT_EQ(found[0].output, "wrong\n");
     EXPECT_EQ(found[1].exitCode, 0);
 }
 
-TEST(Console, GoesOnInAnotherTerminal) {
+TEST(Console, ContinuesInAnotherTerminal) {
     const auto found = results("```console\n$ mkfifo pipe\n```\n```console terminal=second\n"
                                "$ sh -c 'echo ready; cat pipe'\nready\n```\n"
                                "```console\n$ echo said >pipe\n```\n```console terminal=second\nsaid\n```\n");
@@ -53,7 +53,7 @@ TEST(Console, GoesOnInAnotherTerminal) {
     EXPECT_EQ(found[3].output, "said\n");
 }
 
-TEST(Console, MissesWhatAnotherTerminalDoesNotSay) {
+TEST(Console, ReportsALineThatAnotherTerminalDoesNotPrint) {
     const auto found = results("```console terminal=second\n$ echo one\none\ntwo\n```\n");
     EXPECT_EQ(found[0].output, "one\n");
     EXPECT_NE(found[0].exitCode, 0);
@@ -67,7 +67,7 @@ TEST(ShownOutput, IsComparedLineByLine) {
     EXPECT_FALSE(isAsShown({}, "a\n"));
 }
 
-TEST(ShownOutput, LeavesOutWhatDotsStandFor) {
+TEST(ShownOutput, LetsDotsReplaceAnyText) {
     EXPECT_TRUE(isAsShown({"a...d"}, "abcd\n"));
     EXPECT_FALSE(isAsShown({"a...d"}, "abcde\n"));
     EXPECT_TRUE(isAsShown({"a", "...", "d"}, "a\nb\nc\nd\n"));

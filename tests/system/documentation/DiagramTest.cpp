@@ -91,13 +91,13 @@ private:
     Page page_{"docs/architecture.md"};
 };
 
-TEST_F(Diagram, ShowsFoldersThatAreThere) {
+TEST_F(Diagram, ShowsOnlyExistingFolders) {
     EXPECT_GT(nodes_.size(), 10U);
     for (const auto& [folder, node] : nodes_)
         EXPECT_TRUE(fs::is_directory(sourceFolder() + '/' + folder)) << folder;
 }
 
-TEST_F(Diagram, DrawsNoArrowWhereNothingIsIncluded) {
+TEST_F(Diagram, DrawsNoArrowWithoutAnInclude) {
     const auto hasFolder = [this](const std::string& name) {
         return std::ranges::any_of(nodes_, [&](const auto& node) { return node.second == name; });
     };

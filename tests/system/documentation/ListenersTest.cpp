@@ -9,7 +9,7 @@
 namespace wardlock::test {
 namespace {
 
-using Listeners = BusFixture;
+using Listener = BusFixture;
 
 /// The command of docs/notification.md that begins so.
 std::string documentedCommand(const std::string& beginning) {
@@ -20,7 +20,7 @@ std::string documentedCommand(const std::string& beginning) {
     return "false";
 }
 
-TEST_F(Listeners, InPythonHearOfTheChangesOfTheirDevice) {
+TEST_F(Listener, ReceivesTheChangesOfItsDeviceInPython) {
     Process listener(sourceFolder() + "/examples/listen.py", {root()});
     ASSERT_EQ(listener.readLine(), "ready") << listener.wait().errors;
     const TemporaryFolder otherRoot;
@@ -33,7 +33,7 @@ TEST_F(Listeners, InPythonHearOfTheChangesOfTheirDevice) {
     EXPECT_EQ(listener.readLine(), "changed");
 }
 
-TEST_F(Listeners, InPythonReadEveryKindOfValue) {
+TEST_F(Listener, ReadsEveryKindOfValueInPython) {
     Process listener(sourceFolder() + "/examples/listen.py", {root()});
     ASSERT_EQ(listener.readLine(), "ready") << listener.wait().errors;
     const std::string name = "com.tavix.wardlock/update";
@@ -49,7 +49,7 @@ TEST_F(Listeners, InPythonReadEveryKindOfValue) {
     EXPECT_EQ(listener.wait().errors, "");
 }
 
-TEST_F(Listeners, InPythonIgnoreWhatIsNestedDeeperThanADocument) {
+TEST_F(Listener, IgnoresAMessageNestedDeeperThanADocumentInPython) {
     Process listener(sourceFolder() + "/examples/listen.py", {root()});
     ASSERT_EQ(listener.readLine(), "ready") << listener.wait().errors;
     const ProcessResult forged = runProcess(programFolder() + "/test-forger", {"kForged", "100000"});
@@ -60,14 +60,14 @@ TEST_F(Listeners, InPythonIgnoreWhatIsNestedDeeperThanADocument) {
     EXPECT_EQ(listener.wait().errors, "");
 }
 
-TEST_F(Listeners, InPythonSayThatThereIsNoBus) {
+TEST_F(Listener, ReportsAMissingBusInPython) {
     const auto result = runProcess(sourceFolder() + "/examples/listen.py", {root()},
                                    with("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere"));
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_TRUE(result.errors.starts_with("listen.py: ")) << result.errors;
 }
 
-TEST_F(Listeners, InAShellHearOfTheChangesOfTheirDevice) {
+TEST_F(Listener, ReceivesTheChangesOfItsDeviceInAShell) {
     Process listener("/bin/sh", {"-c", "exec " + documentedCommand("dbus-monitor")});
     // The bus takes the monitor's own name away when it begins to listen.
     std::optional<std::string> line;
@@ -91,7 +91,7 @@ TEST_F(Listeners, InAShellHearOfTheChangesOfTheirDevice) {
     EXPECT_EQ(said.find("foreign"), std::string::npos) << said;
 }
 
-TEST_F(Listeners, InCppHearWhatAShellPosts) {
+TEST_F(Listener, ReceivesAPostOfAShellInCpp) {
     const auto observer = observe({"com.tavix.wardlock/update"});
     const auto result = runProcess("/bin/sh", {"-c", documentedCommand("gdbus emit")});
     EXPECT_EQ(result.exitCode, 0) << result.errors;

@@ -101,7 +101,7 @@ void expectPossible(const std::string& command) {
     }
 }
 
-TEST(Options, ExistThatThePagesName) {
+TEST(DocumentedOptions, ExistInTheProgramsThatThePagesName) {
     for (const std::string& path : pagesOfTheDocumentation()) {
         const Page page(path);
         for (const Span& span : page.spans()) {

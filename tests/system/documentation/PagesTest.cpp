@@ -32,7 +32,7 @@ void expectTarget(const Page& page, const std::string& target) {
     }
 }
 
-TEST(Pages, LinkToWhatIsThere) {
+TEST(DocumentationPages, LinkToExistingTargets) {
     for (const Page& page : pages(pagesOfTheSource()))
         for (const Link& link : page.links()) {
             SCOPED_TRACE(page.place(link.line) + ": " + link.target);
@@ -49,14 +49,14 @@ bool namesAFile(const std::string& text) {
            fs::is_directory(sourceFolder() + '/' + match[1].str());
 }
 
-TEST(Pages, NameFilesThatAreThere) {
+TEST(DocumentationPages, NameExistingFiles) {
     for (const Page& page : pages())
         for (const Span& span : page.spans())
             EXPECT_TRUE(!namesAFile(span.text) || existsInSource(span.text))
                 << page.place(span.line) << ": " << span.text;
 }
 
-TEST(Pages, HaveOnlyBlocksOfKnownKinds) {
+TEST(DocumentationPages, HaveOnlyBlocksOfKnownKinds) {
     // What is run, what is asked of the script face, what stands in a file, pictures; and texts, which have
     // no command in them.
     constexpr std::array known{"console", "script", "cpp", "cmake", "python", "mermaid", "text"};
@@ -66,13 +66,13 @@ TEST(Pages, HaveOnlyBlocksOfKnownKinds) {
                 << page.place(block.line) << ": " << block.language;
 }
 
-TEST(Pages, HaveNoCodeWithoutAFence) {
+TEST(DocumentationPages, HaveNoCodeWithoutAFence) {
     for (const Page& page : pages())
         for (const std::size_t line : page.indentedLines())
             ADD_FAILURE() << page.place(line);
 }
 
-TEST(Pages, HideNoCommandInATextBlock) {
+TEST(DocumentationPages, HideNoCommandInATextBlock) {
     const auto isCommand = [](const std::string& line) { return line.starts_with("$ "); };
     for (const Page& page : pages())
         for (const Block& block : page.blocks())
@@ -80,7 +80,7 @@ TEST(Pages, HideNoCommandInATextBlock) {
                 << page.place(block.line);
 }
 
-TEST(Pages, ShowCodeAsItStandsInItsFile) {
+TEST(DocumentationPages, ShowCodeAsInItsFile) {
     for (const Page& page : pages())
         for (const Block& block : page.blocks()) {
             if (block.language != "cpp" && block.language != "cmake" && block.language != "python")
@@ -95,7 +95,7 @@ TEST(Pages, ShowCodeAsItStandsInItsFile) {
         }
 }
 
-TEST(Pages, AreInTheIndex) {
+TEST(DocumentationPages, AreInTheIndex) {
     const Page index("docs/index.md");
     for (const Page& page : pages()) {
         const std::string name = fs::path(page.path()).filename();

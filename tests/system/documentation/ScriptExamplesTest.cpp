@@ -30,7 +30,7 @@ Conversation conversationOf(const Page& page, const Block& block) {
 
 class ScriptExamples : public BusFixture, public ::testing::WithParamInterface<std::string> {};
 
-TEST_P(ScriptExamples, AreAnsweredAsThePageShows) {
+TEST_P(ScriptExamples, GetTheRepliesThatThePageShows) {
     const Page page(GetParam());
     for (const Block& block : page.blocks()) {
         if (block.language != "script")
@@ -55,7 +55,7 @@ TEST_P(ScriptExamples, AreAnsweredAsThePageShows) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Of, ScriptExamples, ::testing::ValuesIn(pagesWith("script")),
+INSTANTIATE_TEST_SUITE_P(EveryPage, ScriptExamples, ::testing::ValuesIn(pagesWith("script")),
                          [](const auto& info) { return nameOf(info.param); });
 
 } // namespace

@@ -51,15 +51,15 @@ platform::Dictionary defaultAccount() {
     return platform::arrayValue(DefaultSettings().find(kAccounts))->at(0).dictionary();
 }
 
-TEST(DocumentFormat, TellsEveryTopLevelKeyInItsOrder) {
+TEST(DocumentFormat, DocumentsEveryTopLevelKeyInItsOrder) {
     EXPECT_EQ(describedEntries("Top-level keys"), entriesOf(DefaultSettings()));
 }
 
-TEST(DocumentFormat, TellsEveryKeyOfAnAccountInItsOrder) {
+TEST(DocumentFormat, DocumentsEveryKeyOfAnAccountInItsOrder) {
     EXPECT_EQ(describedEntries("Keys of an account"), entriesOf(defaultAccount()));
 }
 
-TEST(Architecture, SaysWhereEachThingIsChanged) {
+TEST(Architecture, NamesExistingFilesForEachChange) {
     const Page page("docs/architecture.md");
     for (const TableRow& row : page.tableBelow("Where would I change X?")) {
         static const std::regex code("`([^`]+)`");
@@ -120,7 +120,7 @@ TEST_F(ShownPages, HaveTheRowsOfTheFirstPageInTheUserGuide) {
     EXPECT_EQ(described, shown);
 }
 
-TEST_F(ShownPages, WriteTheKeysThatTheDocumentFormatSays) {
+TEST_F(ShownPages, WriteTheKeysThatTheDocumentFormatLists) {
     Lines shown;
     for (const cli::Json& section : sectionsAfter({"Wardlock", "Default"}))
         for (const cli::Json& row : section["rows"])

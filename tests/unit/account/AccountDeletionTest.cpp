@@ -87,7 +87,7 @@ TEST_F(AccountDeletion, LeavesThePageOnceItHasAnnounced) {
     expectLeft();
 }
 
-TEST_F(AccountDeletion, CancelledChangesNothingAndStays) {
+TEST_F(AccountDeletion, ChangesNothingAndStaysWhenCancelled) {
     writeAccounts({accountNamed("Ann")});
     const auto before = readFile(documentPath);
     open(0);
@@ -125,14 +125,14 @@ TEST_F(AccountDeletion, LeavesTheSelectedIndexToTheRootPage) {
     expectLeft();
 }
 
-TEST_F(AccountDeletion, OfOneOfTwoEqualAccountsRemovesOneOnly) {
+TEST_F(AccountDeletion, RemovesOnlyOneOfTwoEqualAccounts) {
     writeAccounts({accountNamed("Ann"), accountNamed("Ann")});
     open(1);
     remove();
     EXPECT_EQ(accounts(), Array{accountNamed("Ann")});
 }
 
-TEST_F(AccountDeletion, OfTheLastAccountBringsTheDefaultAccountsBack) {
+TEST_F(AccountDeletion, BringsTheDefaultAccountsBackAfterTheLast) {
     writeAccounts({accountNamed("Ann", true)});
     open(0);
     remove();
@@ -152,7 +152,7 @@ TEST_F(AccountDeletion, RemovesFromTheDocumentAsItIsNow) {
     EXPECT_EQ(document(), Dictionary({{"kPasscode", "1234"}, {"kAccounts", Array{accountNamed("Dan")}}}));
 }
 
-TEST_F(AccountDeletion, WithoutAccountsWritesNothingAndLeavesAllTheSame) {
+TEST_F(AccountDeletion, WritesNothingAndLeavesThePageWithoutAccounts) {
     writeAccounts({accountNamed("Ann")});
     open(0);
     writeAccounts({});
@@ -163,7 +163,7 @@ TEST_F(AccountDeletion, WithoutAccountsWritesNothingAndLeavesAllTheSame) {
     expectLeft();
 }
 
-TEST_F(AccountDeletion, WithoutADocumentCreatesNoneAndLeavesAllTheSame) {
+TEST_F(AccountDeletion, CreatesNoDocumentAndLeavesThePageWithoutOne) {
     writeAccounts({accountNamed("Ann")});
     open(0);
     removeFile(documentPath);
@@ -173,7 +173,7 @@ TEST_F(AccountDeletion, WithoutADocumentCreatesNoneAndLeavesAllTheSame) {
     expectLeft();
 }
 
-TEST_F(AccountDeletion, BeyondTheAccountsThrowsAndWritesNothing) {
+TEST_F(AccountDeletion, ThrowsAndWritesNothingBeyondTheAccounts) {
     writeAccounts({accountNamed("Ann"), accountNamed("Ben")});
     open(1);
     writeAccounts({accountNamed("Ann")});
@@ -209,7 +209,7 @@ TEST_F(AccountDeletion, KeepsThePageAliveUntilItHasRun) {
     EXPECT_TRUE(account.expired());
 }
 
-TEST_F(AccountDeletion, LetsThePageGoWhenThePopHasEnded) {
+TEST_F(AccountDeletion, ReleasesThePageWhenThePopHasEnded) {
     writeAccounts({accountNamed("Ann"), accountNamed("Ben")});
     open(1);
     navigation->setTransitionSeconds(0.35);
@@ -222,7 +222,7 @@ TEST_F(AccountDeletion, LetsThePageGoWhenThePopHasEnded) {
     expectLeft();
 }
 
-TEST_F(AccountDeletion, LetsThePageGoAfterACancelledAlert) {
+TEST_F(AccountDeletion, ReleasesThePageAfterACancelledAlert) {
     writeAccounts({accountNamed("Ann")});
     open(0);
     {

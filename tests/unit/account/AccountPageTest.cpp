@@ -138,7 +138,7 @@ TEST_F(AccountPage, BuildsItsListOnceUntilItIsCleared) {
     EXPECT_NE(page->specifiers(), first);
 }
 
-TEST_F(AccountPage, ReturnsAnEmptyListThatItHolds) {
+TEST_F(AccountPage, ReturnsAnEmptyListThatWasSet) {
     page->setSpecifiers({});
     EXPECT_TRUE(page->specifiers().empty());
 }

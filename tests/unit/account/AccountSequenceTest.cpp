@@ -67,10 +67,10 @@ private:
     }
 };
 
-class AccountSequences : public PageFixture {
+class AccountSequence : public PageFixture {
 protected:
-    AccountSequences() { platform::FileSystem::setCurrent(&files); }
-    ~AccountSequences() override {
+    AccountSequence() { platform::FileSystem::setCurrent(&files); }
+    ~AccountSequence() override {
         platform::FileSystem::setCurrent(nullptr);
         SelectedIndex = 0;
     }
@@ -183,7 +183,7 @@ private:
     std::shared_ptr<platform::UINavigationController> navigation;
 };
 
-TEST_F(AccountSequences, KeepDocumentAndPageAsAPlainModelHasThem) {
+TEST_F(AccountSequence, LeavesDocumentAndPageAsAPlainModelDoes) {
     constexpr unsigned Sequences = 12;
     constexpr int Steps = 40;
     for (unsigned seed = 0; seed < Sequences; ++seed) {

@@ -13,9 +13,9 @@ using platform::Array;
 using platform::Dictionary;
 using platform::Value;
 
-class AccountValues : public PageFixture {
+class AccountValue : public PageFixture {
 protected:
-    ~AccountValues() override { SelectedIndex = 0; }
+    ~AccountValue() override { SelectedIndex = 0; }
 
     std::optional<Value> read(std::string_view key) { return rowOfKey(*page, key)->performGetter(); }
     void store(std::string_view key, const Value& value) { rowOfKey(*page, key)->performSetter(&value); }
@@ -33,27 +33,27 @@ protected:
     std::shared_ptr<AppsController> page = std::make_shared<AppsController>();
 };
 
-TEST_F(AccountValues, AreReadFromTheRecordAnewEachTime) {
+TEST_F(AccountValue, IsReadFromTheRecordEachTime) {
     writeAccounts({accountNamed("Ann")});
     EXPECT_EQ(read("kAccountName"), Value("Ann"));
     writeAccounts({accountNamed("Ben")});
     EXPECT_EQ(read("kAccountName"), Value("Ben"));
 }
 
-TEST_F(AccountValues, AreReadWhateverTheyAre) {
+TEST_F(AccountValue, IsReadWhateverItsKind) {
     const Value odd(Array{Value(1)});
     writeAccounts({Dictionary{{"kRestrictSiri", odd}, {"kRestrictCC", false}}});
     EXPECT_EQ(read("kRestrictSiri"), odd);
     EXPECT_EQ(read("kRestrictCC"), Value(false));
 }
 
-TEST_F(AccountValues, MissingFromTheRecordAreNoneEvenWithADefault) {
+TEST_F(AccountValue, IsAbsentWhenTheRecordLacksItEvenWithADefault) {
     writeAccounts({Dictionary{{"kAccountName", "Ann"}}});
     rowOfKey(*page, "kRestrictSiri")->setProperty(Value(true), "default");
     EXPECT_FALSE(read("kRestrictSiri"));
 }
 
-TEST_F(AccountValues, AreTheRowsDefaultWithoutAccounts) {
+TEST_F(AccountValue, IsTheRowsDefaultWithoutAccounts) {
     const auto expectDefault = [this] {
         EXPECT_FALSE(read("kRestrictCC"));
         rowOfKey(*page, "kRestrictSiri")->setProperty(Value(true), "default");
@@ -68,7 +68,7 @@ TEST_F(AccountValues, AreTheRowsDefaultWithoutAccounts) {
     expectDefault();
 }
 
-TEST_F(AccountValues, ReadBeyondTheAccountsThrow) {
+TEST_F(AccountValue, ThrowsWhenReadBeyondTheAccounts) {
     writeAccounts({accountNamed("Ann")});
     SelectedIndex = 1;
     EXPECT_EQ(thrown([this] { read("kRestrictSiri"); }), "NSRangeException");
@@ -76,7 +76,7 @@ TEST_F(AccountValues, ReadBeyondTheAccountsThrow) {
     EXPECT_EQ(thrown([this] { read("kRestrictSiri"); }), "NSRangeException");
 }
 
-TEST_F(AccountValues, AreStoredInTheSelectedRecordOnly) {
+TEST_F(AccountValue, IsStoredInTheSelectedRecordOnly) {
     writeDocument({{"kEnabled", true},
                    {"unknown", 5},
                    {"kAccounts", Array{accountNamed("Ann"), accountNamed("Ben"), accountNamed("Cleo")}}});
@@ -91,7 +91,7 @@ TEST_F(AccountValues, AreStoredInTheSelectedRecordOnly) {
     expectOneChange("kRestrictSiri", Value(true));
 }
 
-TEST_F(AccountValues, OfEveryRowAreStoredUnderItsKey) {
+TEST_F(AccountValue, IsStoredUnderTheKeyOfItsRow) {
     writeAccounts({accountNamed("Ann")});
     for (const auto& row : page->specifiers()) {
         const auto key = row->identifier();
@@ -107,13 +107,13 @@ TEST_F(AccountValues, OfEveryRowAreStoredUnderItsKey) {
     }
 }
 
-TEST_F(AccountValues, AddAKeyThatTheRecordLacks) {
+TEST_F(AccountValue, AddsAKeyThatTheRecordLacks) {
     writeAccounts({Dictionary{{"kAccountName", "Ann"}}});
     store("kRestrictSiri", Value(true));
     EXPECT_EQ(account(0), Dictionary({{"kAccountName", "Ann"}, {"kRestrictSiri", true}}));
 }
 
-TEST_F(AccountValues, AreStoredInTheDocumentAsItIsNow) {
+TEST_F(AccountValue, IsStoredInTheDocumentAsItIsNow) {
     writeAccounts({accountNamed("Ann")});
     page->specifiers();
     writeDocument({{"kPasscode", "1234"}, {"kAccounts", Array{accountNamed("Ben"), accountNamed("Cleo")}}});
@@ -122,7 +122,7 @@ TEST_F(AccountValues, AreStoredInTheDocumentAsItIsNow) {
                                       {"kAccounts", Array{accountNamed("Dan"), accountNamed("Cleo")}}}));
 }
 
-TEST_F(AccountValues, EqualToTheStoredOnesAreWrittenAndAnnouncedAgain) {
+TEST_F(AccountValue, IsWrittenAndAnnouncedAgainWhenItEqualsTheStoredOne) {
     writeAccounts({accountNamed("Ann", true)});
     const std::string written = markDocument();
     for (const auto& row : page->specifiers()) {
@@ -137,7 +137,7 @@ TEST_F(AccountValues, EqualToTheStoredOnesAreWrittenAndAnnouncedAgain) {
     }
 }
 
-TEST_F(AccountValues, LeaveThePagesListAsItIs) {
+TEST_F(AccountValue, LeavesThePagesListAsItIs) {
     writeAccounts({accountNamed("Ann", true), accountNamed("Ben")});
     SelectedIndex = 1;
     const auto before = page->specifiers();
@@ -149,7 +149,7 @@ TEST_F(AccountValues, LeaveThePagesListAsItIs) {
     EXPECT_EQ(page->specifiers(), before);
 }
 
-TEST_F(AccountValues, GoToTheRecordThatStandsAtTheSelectedIndexThen) {
+TEST_F(AccountValue, IsStoredInTheRecordAtTheSelectedIndexOfThatMoment) {
     writeAccounts({accountNamed("Ann"), accountNamed("Ben")});
     SelectedIndex = 1;
     page->specifiers();
@@ -158,7 +158,7 @@ TEST_F(AccountValues, GoToTheRecordThatStandsAtTheSelectedIndexThen) {
     EXPECT_EQ(accounts(), (Array{accountNamed("Cleo"), accountNamed("Ben")}));
 }
 
-TEST_F(AccountValues, WithoutAccountsAreNotStored) {
+TEST_F(AccountValue, IsNotStoredWithoutAccounts) {
     for (const Dictionary& document : {Dictionary{{"kEnabled", true}}, Dictionary{{"kAccounts", Array{}}},
                                        Dictionary{{"kAccounts", "wrong kind"}}}) {
         writeDocument(document);
@@ -168,13 +168,13 @@ TEST_F(AccountValues, WithoutAccountsAreNotStored) {
     }
 }
 
-TEST_F(AccountValues, WithoutADocumentAreNotStoredAndCreateNone) {
+TEST_F(AccountValue, IsNotStoredWithoutADocumentAndCreatesNone) {
     store("kRestrictSiri", Value(true));
     EXPECT_FALSE(exists(documentPath));
     expectNoChange();
 }
 
-TEST_F(AccountValues, StoredBeyondTheAccountsThrowAndWriteNothing) {
+TEST_F(AccountValue, ThrowsAndWritesNothingWhenStoredBeyondTheAccounts) {
     writeAccounts({accountNamed("Ann", true)});
     const auto before = readFile(documentPath);
     for (const std::intptr_t index : {1, -1}) {
@@ -185,7 +185,7 @@ TEST_F(AccountValues, StoredBeyondTheAccountsThrowAndWriteNothing) {
     }
 }
 
-TEST_F(AccountValues, OfNoneThrowAndWriteNothing) {
+TEST_F(AccountValue, ThrowsAndWritesNothingWhenItIsNil) {
     writeAccounts({accountNamed("Ann")});
     const auto before = readFile(documentPath);
     EXPECT_EQ(thrown([this] { rowOfKey(*page, "kRestrictSiri")->performSetter(nullptr); }),
@@ -193,13 +193,13 @@ TEST_F(AccountValues, OfNoneThrowAndWriteNothing) {
     expectUntouched(before);
 }
 
-TEST_F(AccountValues, OfNoneWithoutAccountsStopBeforeTheyThrow) {
+TEST_F(AccountValue, DoesNotThrowWithoutAccountsWhenItIsNil) {
     rowOfKey(*page, "kRestrictSiri")->performSetter(nullptr);
     EXPECT_FALSE(exists(documentPath));
     expectNoChange();
 }
 
-TEST_F(AccountValues, OfARecordThatIsNoDictionaryAreNeitherReadNorStored) {
+TEST_F(AccountValue, IsNeitherReadNorStoredInARecordThatIsNotADictionary) {
     writeAccounts({"no record", accountNamed("Ben", true)});
     const auto before = readFile(documentPath);
     EXPECT_FALSE(read("kRestrictSiri"));
@@ -207,7 +207,7 @@ TEST_F(AccountValues, OfARecordThatIsNoDictionaryAreNeitherReadNorStored) {
     expectUntouched(before);
 }
 
-TEST_F(AccountValues, AnnounceAlsoWhatCouldNotBeWritten) {
+TEST_F(AccountValue, IsAnnouncedEvenWhenItCannotBeWritten) {
     writeAccounts({accountNamed("Ann")});
     const auto before = readFile(documentPath);
     refuseWrites();
@@ -217,28 +217,28 @@ TEST_F(AccountValues, AnnounceAlsoWhatCouldNotBeWritten) {
     EXPECT_EQ(*changes.posts[0].userInfo, Dictionary({{"key", "kRestrictSiri"}, {"object", true}}));
 }
 
-TEST_F(AccountValues, OfAnEmptyNameBecomeBlank) {
+TEST_F(AccountValue, BecomesBlankWhenTheNameIsEmpty) {
     writeAccounts({accountNamed("Ann")});
     store("kAccountName", Value(""));
     EXPECT_EQ(account(0), accountNamed("Blank"));
     expectOneChange("kAccountName", Value("Blank"));
 }
 
-TEST_F(AccountValues, OfNoNameBecomeBlank) {
+TEST_F(AccountValue, BecomesBlankWhenTheNameIsNil) {
     writeAccounts({accountNamed("Ann")});
     rowOfKey(*page, "kAccountName")->performSetter(nullptr);
     EXPECT_EQ(account(0), accountNamed("Blank"));
     expectOneChange("kAccountName", Value("Blank"));
 }
 
-TEST_F(AccountValues, OfANameOfOneSpaceStayAsTheyAre) {
+TEST_F(AccountValue, KeepsANameOfOneSpace) {
     writeAccounts({accountNamed("Ann")});
     store("kAccountName", Value(" "));
     EXPECT_EQ(account(0), accountNamed(" "));
     expectOneChange("kAccountName", Value(" "));
 }
 
-TEST_F(AccountValues, OfANameKeepTheBlanksAroundIt) {
+TEST_F(AccountValue, KeepsTheBlanksAroundAName) {
     writeAccounts({accountNamed("Ann")});
     for (const char* name : {"Ben  ", "  Ben", "\tBen\n", "   "}) {
         store("kAccountName", Value(name));
@@ -248,20 +248,20 @@ TEST_F(AccountValues, OfANameKeepTheBlanksAroundIt) {
     }
 }
 
-TEST_F(AccountValues, NeedNoUniqueNames) {
+TEST_F(AccountValue, NeedsNoUniqueName) {
     writeAccounts({accountNamed("Ann"), accountNamed("Ben")});
     SelectedIndex = 1;
     store("kAccountName", Value("Ann"));
     EXPECT_EQ(accounts(), (Array{accountNamed("Ann"), accountNamed("Ann")}));
 }
 
-TEST_F(AccountValues, OfOtherKeysStayEmptyStrings) {
+TEST_F(AccountValue, StaysAnEmptyStringUnderAnotherKey) {
     writeAccounts({accountNamed("Ann")});
     store("kRestrictSiri", Value(""));
     EXPECT_EQ(*account(0).find("kRestrictSiri"), Value(""));
 }
 
-class EnablingAnAccount : public AccountValues {
+class AccountEnabling : public AccountValue {
 protected:
     void writeEnabled(std::initializer_list<bool> enabled) {
         platform::MutableArray accounts;
@@ -275,14 +275,14 @@ protected:
     }
 };
 
-TEST_F(EnablingAnAccount, SwitchesTheEnabledOneOffInTheSameWriteAndNotification) {
+TEST_F(AccountEnabling, SwitchesTheEnabledOneOffInTheSameWriteAndNotification) {
     writeEnabled({true, false, false});
     enable(2);
     EXPECT_EQ(enabled(), (std::vector<bool>{false, false, true}));
     expectOneChange("kAccountEnabled", Value(true));
 }
 
-TEST_F(EnablingAnAccount, RenamesOneFileIntoTheDocumentsPlace) {
+TEST_F(AccountEnabling, RenamesOneFileIntoTheDocumentsPlace) {
     writeEnabled({true, false});
     FaultyFileSystem files(platform::FileSystem::current());
     platform::FileSystem::setCurrent(&files);
@@ -292,38 +292,38 @@ TEST_F(EnablingAnAccount, RenamesOneFileIntoTheDocumentsPlace) {
     EXPECT_EQ(enabled(), (std::vector<bool>{false, true}));
 }
 
-TEST_F(EnablingAnAccount, SwitchesOffTheFirstOfTwoEnabledOnesOnly) {
+TEST_F(AccountEnabling, SwitchesOffTheFirstOfTwoEnabledOnesOnly) {
     writeEnabled({false, true, true, false});
     enable(3);
     EXPECT_EQ(enabled(), (std::vector<bool>{false, false, true, true}));
 }
 
-TEST_F(EnablingAnAccount, ThatIsTheFirstEnabledOneLeavesItOnAndTheSecondToo) {
+TEST_F(AccountEnabling, LeavesTwoEnabledAccountsOnWhenTheFirstIsEnabledAgain) {
     writeEnabled({true, true});
     enable(0);
     EXPECT_EQ(enabled(), (std::vector<bool>{true, true}));
     expectOneChange("kAccountEnabled", Value(true));
 }
 
-TEST_F(EnablingAnAccount, ThatIsTheSecondEnabledOneSwitchesTheFirstOff) {
+TEST_F(AccountEnabling, SwitchesTheFirstOffWhenTheSecondIsEnabledAgain) {
     writeEnabled({true, true});
     enable(1);
     EXPECT_EQ(enabled(), (std::vector<bool>{false, true}));
 }
 
-TEST_F(EnablingAnAccount, WhereNoneIsEnabledTouchesNoOther) {
+TEST_F(AccountEnabling, TouchesNoOtherWhenNoneIsEnabled) {
     writeEnabled({false, false});
     enable(1);
     EXPECT_EQ(enabled(), (std::vector<bool>{false, true}));
 }
 
-TEST_F(EnablingAnAccount, ChangesNothingElseInTheOther) {
+TEST_F(AccountEnabling, ChangesNothingElseInTheOther) {
     writeAccounts({accountNamed("Ann", true), accountNamed("Ben")});
     enable(1);
     EXPECT_EQ(accounts(), (Array{accountNamed("Ann", false), accountNamed("Ben", true)}));
 }
 
-TEST_F(EnablingAnAccount, SkipsRecordsThatAreNoneOrLackTheKey) {
+TEST_F(AccountEnabling, SkipsEntriesThatAreNotRecordsOrLackTheKey) {
     writeAccounts(
         {"no record", Dictionary{{"kAccountName", "Ann"}}, accountNamed("Ben", true), accountNamed("Cleo")});
     enable(3);
@@ -331,14 +331,14 @@ TEST_F(EnablingAnAccount, SkipsRecordsThatAreNoneOrLackTheKey) {
                                  accountNamed("Ben", false), accountNamed("Cleo", true)}));
 }
 
-TEST_F(EnablingAnAccount, SwitchedOffTouchesNoOther) {
+TEST_F(AccountEnabling, TouchesNoOtherWhenAnAccountIsSwitchedOff) {
     writeEnabled({true, true, false});
     enable(1, false);
     EXPECT_EQ(enabled(), (std::vector<bool>{true, false, false}));
     expectOneChange("kAccountEnabled", Value(false));
 }
 
-TEST_F(EnablingAnAccount, IsNotDoneByOtherKeys) {
+TEST_F(AccountEnabling, IsNotDoneByOtherKeys) {
     writeEnabled({true, false});
     SelectedIndex = 1;
     store("kRestrictSiri", Value(true));

@@ -8,22 +8,22 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class AppListBundles : public AppListFixture {};
+class AppListBundle : public AppListFixture {};
 
-TEST_F(AppListBundles, AreTheFoldersOfTheDevicesThreePlaces) {
+TEST_F(AppListBundle, IsFoundInTheDevicesThreePlaces) {
     install("/Applications/A.app", "org.a", "A");
     install("/var/mobile/Applications/1/B.app", "org.b", "B");
     install("/var/containers/Bundle/Application/2/C.app", "org.c", "C");
     EXPECT_EQ(list().applications(), (platform::Dictionary{{"org.a", "A"}, {"org.b", "B"}, {"org.c", "C"}}));
 }
 
-TEST_F(AppListBundles, OfAnEmptyDeviceAreNone) {
+TEST_F(AppListBundle, IsAbsentOnAnEmptyDevice) {
     EXPECT_TRUE(list().applications().empty());
     fs::remove_all(root());
     EXPECT_TRUE(list().applications().empty());
 }
 
-TEST_F(AppListBundles, AreNamedByDisplayNameThenBundleNameThenFolder) {
+TEST_F(AppListBundle, IsNamedByDisplayNameThenBundleNameThenFolder) {
     install("/Applications/A.app", "org.a", "Shown", "<key>CFBundleName</key><string>Plain</string>");
     install("/Applications/B.app", "org.b", "", "<key>CFBundleName</key><string>Plain</string>");
     install("/Applications/Folder Name.app", "org.c", "");
@@ -32,7 +32,7 @@ TEST_F(AppListBundles, AreNamedByDisplayNameThenBundleNameThenFolder) {
     EXPECT_EQ(nameOf("org.c"), "Folder Name");
 }
 
-TEST_F(AppListBundles, MayHaveBinaryLists) {
+TEST_F(AppListBundle, MayHaveABinaryList) {
     // {"CFBundleIdentifier": "org.b", "CFBundleName": "Binary"}
     writeFile("/Applications/B.app/Info.plist",
               std::string("bplist00\xd2\x01\x02\x03\x04_\x10\x12"
@@ -42,7 +42,7 @@ TEST_F(AppListBundles, MayHaveBinaryLists) {
     EXPECT_EQ(nameOf("org.b"), "Binary");
 }
 
-TEST_F(AppListBundles, ThatAreBrokenAreSkippedAndTheOthersStay) {
+TEST_F(AppListBundle, IsSkippedAloneWhenItIsBroken) {
     install("/Applications/Good.app", "org.good", "Good");
     makeFolder("/Applications/NoList.app");
     writeFile("/Applications/NoFolder.app", "x");
@@ -63,19 +63,19 @@ TEST_F(AppListBundles, ThatAreBrokenAreSkippedAndTheOthersStay) {
     EXPECT_EQ(list().applications(), (platform::Dictionary{{"org.good", "Good"}}));
 }
 
-TEST_F(AppListBundles, OfTheSameIdentifierCountOnceTheFirst) {
+TEST_F(AppListBundle, CountsOnceWhenOthersShareItsIdentifier) {
     install("/Applications/B.app", "org.a", "Second");
     install("/Applications/A.app", "org.a", "First");
     install("/var/mobile/Applications/1/A.app", "org.a", "Third");
     EXPECT_EQ(list().applications(), (platform::Dictionary{{"org.a", "First"}}));
 }
 
-TEST_F(AppListBundles, AreNamedByIdentifierWhereTheFoldersNameIsNoText) {
+TEST_F(AppListBundle, IsNamedByIdentifierWhenTheFoldersNameIsNotUtf8) {
     install("/Applications/\xff\xfe.app", "org.a", "");
     EXPECT_EQ(nameOf("org.a"), "org.a");
 }
 
-TEST_F(AppListBundles, OfAPlaceInContainersAreLookedForInSoManyContainers) {
+TEST_F(AppListBundle, IsSearchedForInALimitedNumberOfContainers) {
     const std::string place = "/var/containers/Bundle/Application";
     install(place + "/0/A.app", "org.first", "First");
     for (int i = 1; i < 10000; ++i)
@@ -86,7 +86,7 @@ TEST_F(AppListBundles, OfAPlaceInContainersAreLookedForInSoManyContainers) {
     EXPECT_EQ(nameOf("org.last"), "Last") << "the last one that is looked at";
 }
 
-TEST_F(AppListBundles, HaveNamesOfALimitedLength) {
+TEST_F(AppListBundle, HasANameOfLimitedLength) {
     const std::string longest(1024, 'x');
     const std::string tooLong = longest + 'x';
     install("/Applications/A.app", longest, longest);
@@ -97,7 +97,7 @@ TEST_F(AppListBundles, HaveNamesOfALimitedLength) {
               (platform::Dictionary{{longest, longest}, {"org.c", "Shorter"}, {"org.d", "D"}}));
 }
 
-TEST_F(AppListBundles, AreLookedForAnewEachTime) {
+TEST_F(AppListBundle, IsSearchedForAgainEachTime) {
     install("/Applications/A.app", "org.a", "A");
     EXPECT_EQ(nameOf("org.a"), "A");
     fs::remove_all(onDisk("/Applications/A.app"));
@@ -106,7 +106,7 @@ TEST_F(AppListBundles, AreLookedForAnewEachTime) {
     EXPECT_EQ(nameOf("org.b"), "B");
 }
 
-TEST_F(AppListBundles, OfANamedRootStandWithoutTheDesktopsEntries) {
+TEST_F(AppListBundle, IsListedWithoutDesktopEntriesForANamedRoot) {
     writeEntry("org.desktop.desktop", "Name=Desktop\n");
     install("/Applications/A.app", "org.a", "A");
     EXPECT_EQ(list().applications(), (platform::Dictionary{{"org.a", "A"}}));

@@ -34,7 +34,7 @@ constexpr const char* TwoSizes = "Directories=32x32/apps,64x64/apps\n"
                                  "[32x32/apps]\nSize=32\nType=Threshold\n"
                                  "[64x64/apps]\nSize=64\nType=Fixed\n";
 
-TEST_F(AppListDesktop, HasThoseEntriesThatMenusShow) {
+TEST_F(AppListDesktop, ListsTheEntriesThatMenusShow) {
     writeEntry("org.shown.desktop", "Name=Shown\n");
     writeEntry("vendor/tool.desktop", "Name=Tool\n");
     writeEntry("org.nodisplay.desktop", "Name=NoDisplay\nNoDisplay=true\n");
@@ -69,7 +69,7 @@ TEST_F(AppListDesktop, LeavesOutEntriesWhoseProgramIsNotInstalled) {
     EXPECT_EQ(list().applications(), (platform::Dictionary{{"org.there", "There"}}));
 }
 
-TEST_F(AppListDesktop, LeavesOutEntriesWithoutANameOrWithNothingToStart) {
+TEST_F(AppListDesktop, LeavesOutEntriesWithoutANameOrACommand) {
     writeEntry("org.nameless.desktop", "X-GNOME-FullName=Nameless\nGenericName=Generic\n");
     writeEntry("org.empty.desktop", "Name=\n");
     writeDesktop("applications/org.idle.desktop", "[Desktop Entry]\nType=Application\nName=Idle\n");
@@ -85,7 +85,7 @@ TEST_F(AppListDesktop, NamesApplicationsByTheirNameAndNoOtherKey) {
     EXPECT_EQ(nameOf("org.files"), "Files");
 }
 
-TEST_F(AppListDesktop, FallsBackFromALanguageOfACountryToTheLanguageAndToTheNameItself) {
+TEST_F(AppListDesktop, FallsBackFromACountrysLanguageToTheLanguageAndToTheNameItself) {
     environment.set("LC_ALL", "de_AT.UTF-8");
     environment.set("LANGUAGE", "de_AT:fr");
     writeEntry("org.country.desktop", "Name=Tomato\nName[de]=Tomate\nName[de_AT]=Paradeiser\n");
@@ -115,13 +115,13 @@ protected:
     }
 };
 
-TEST_F(AppListDesktopFolders, ComeInTheOrderInWhichTheyAreNamed) {
+TEST_F(AppListDesktopFolders, KeepTheOrderInWhichTheyAreNamed) {
     writeEntryIn(second(), "Name=Second\n");
     writeEntryIn(first(), "Name=First\n");
     EXPECT_EQ(list().applications(), (platform::Dictionary{{"org.a", "First"}}));
 }
 
-TEST_F(AppListDesktopFolders, ComeAfterTheUsersOwn) {
+TEST_F(AppListDesktopFolders, FollowTheUsersOwn) {
     writeEntryIn(first(), "Name=First\n");
     writeEntryIn(user(), "Name=User\n");
     EXPECT_EQ(list().applications(), (platform::Dictionary{{"org.a", "User"}}));
@@ -139,7 +139,7 @@ TEST_F(AppListDesktopFolders, AreMaskedByAnEntryOfTheUserThatMenusDoNotShow) {
     EXPECT_EQ(list().applications(), platform::Dictionary());
 }
 
-TEST_F(AppListDesktop, CountsForTheUsersDeviceRootWhereTheEnvironmentNamesItToo) {
+TEST_F(AppListDesktop, CountsWhenTheEnvironmentNamesTheUsersDeviceRoot) {
     writeEntry("org.a.desktop", "Name=Entry\n");
     environment.set("WARDLOCK_DEVICE_ROOT", fs::path(std::getenv("XDG_DATA_HOME")) / "wardlock/device");
     EXPECT_EQ(nameOf("org.a"), "Entry");
@@ -158,7 +158,7 @@ TEST_F(AppListDesktop, SkipsBrokenEntriesAndKeepsTheOthers) {
     EXPECT_EQ(list().applications(), (platform::Dictionary{{"org.good", "Good"}}));
 }
 
-TEST_F(AppListDesktop, SkipsEntriesWithNamesOfTooGreatALength) {
+TEST_F(AppListDesktop, SkipsEntriesWithTooLongNames) {
     const std::string longest(1024, 'x');
     writeEntry("org.long.desktop", "Name=" + longest + "\n");
     writeEntry("org.longer.desktop", "Name=" + longest + "x\n");
@@ -175,7 +175,7 @@ TEST_F(AppListDesktop, SkipsEntriesWithNamesOfTooGreatALength) {
         EXPECT_LE(identifier.size(), longest.size());
 }
 
-TEST_F(AppListDesktop, LooksIntoSoManyFoldersOfATheme) {
+TEST_F(AppListDesktop, SearchesALimitedNumberOfFoldersOfATheme) {
     constexpr int most = 4096;
     std::string names = "Directories=";
     std::string groups;
@@ -192,7 +192,7 @@ TEST_F(AppListDesktop, LooksIntoSoManyFoldersOfATheme) {
     EXPECT_EQ(iconPath("beyond"), "");
 }
 
-TEST_F(AppListDesktop, GivesWayToAFolderOfTheSameIdentifier) {
+TEST_F(AppListDesktop, YieldsToAFolderOfTheSameIdentifier) {
     writeEntry("org.a.desktop", "Name=Entry\n");
     writeFile("/unused", "");
     const fs::path app = fs::path(std::getenv("XDG_DATA_HOME")) / "wardlock/device/Applications/A.app";
@@ -202,7 +202,7 @@ TEST_F(AppListDesktop, GivesWayToAFolderOfTheSameIdentifier) {
     EXPECT_EQ(nameOf("org.a"), "Folder");
 }
 
-TEST_F(AppListDesktop, FindsIconsInTheThemeThenInThoseItInheritsThenInTheLast) {
+TEST_F(AppListDesktop, FindsIconsInTheThemeThenInInheritedThemesThenInTheLast) {
     chooseTheme("Mine");
     writeTheme("Mine", "Base", TwoSizes);
     writeTheme("Base", "", TwoSizes);
@@ -219,7 +219,7 @@ TEST_F(AppListDesktop, FindsIconsInTheThemeThenInThoseItInheritsThenInTheLast) {
     EXPECT_EQ(iconPath("three"), "icons/hicolor/64x64/apps/three.png");
 }
 
-TEST_F(AppListDesktop, TakesTheIconThatFitsThenAScalableThenALargerThenASmallerOne) {
+TEST_F(AppListDesktop, PrefersTheIconThatFitsThenAScalableThenALargerThenASmallerOne) {
     writeTheme("hicolor", "",
                "Directories=16x16/apps,32x32/apps,256x256/apps,scalable/apps\n"
                "[16x16/apps]\nSize=16\nType=Fixed\n[32x32/apps]\nSize=32\nType=Threshold\nThreshold=4\n"

@@ -10,9 +10,9 @@ namespace fs = std::filesystem;
 
 constexpr const char* Svg = "<?xml version=\"1.0\"?><svg xmlns=\"http://www.w3.org/2000/svg\"/>";
 
-class AppListIcons : public AppListFixture {
+class AppListIcon : public AppListFixture {
 protected:
-    AppListIcons() { platform::DeviceInformation::setScreenScale(2); }
+    AppListIcon() { platform::DeviceInformation::setScreenScale(2); }
 
     void installWithIcon(std::string_view icon) {
         install("/Applications/A.app", "org.a", "A",
@@ -23,7 +23,7 @@ protected:
     }
 };
 
-TEST_F(AppListIcons, AreTheSmallestThatFillsTheScreensPixels) {
+TEST_F(AppListIcon, IsTheSmallestThatFillsTheScreensPixels) {
     installWithIcon("App");
     writeIcon("App.png", png(29));
     writeIcon("App@2x.png", png(58));
@@ -34,7 +34,7 @@ TEST_F(AppListIcons, AreTheSmallestThatFillsTheScreensPixels) {
     EXPECT_EQ(iconOf("org.a", 200), "App@3x.png");
 }
 
-TEST_F(AppListIcons, FollowTheScreensScale) {
+TEST_F(AppListIcon, FollowsTheScreensScale) {
     installWithIcon("App.png");
     writeIcon("App.png", png(29));
     writeIcon("App@3x.png", png(87));
@@ -44,7 +44,7 @@ TEST_F(AppListIcons, FollowTheScreensScale) {
     EXPECT_EQ(iconOf("org.a"), "App@3x.png");
 }
 
-TEST_F(AppListIcons, AreNamedByAnyOfTheKeys) {
+TEST_F(AppListIcon, IsNamedByAnyOfTheKeys) {
     install("/Applications/A.app", "org.a", "A",
             "<key>CFBundleIcons</key><dict><key>CFBundlePrimaryIcon</key><dict><key>CFBundleIconFiles</key>"
             "<array><string>Primary</string></array></dict></dict>");
@@ -63,7 +63,7 @@ TEST_F(AppListIcons, AreNamedByAnyOfTheKeys) {
     EXPECT_EQ(iconOf("org.d"), "Drawn.svg");
 }
 
-TEST_F(AppListIcons, HaveNamesOfALimitedLength) {
+TEST_F(AppListIcon, HasANameOfLimitedLength) {
     const std::string file = "App.png";
     std::string longest = file;
     while (longest.size() + 2 <= 1024)
@@ -82,7 +82,7 @@ TEST_F(AppListIcons, HaveNamesOfALimitedLength) {
     }
 }
 
-TEST_F(AppListIcons, HaveALimitedNumberOfNames) {
+TEST_F(AppListIcon, HasALimitedNumberOfNames) {
     const auto installWith = [this](int names) {
         std::string all;
         for (int i = 1; i < names; ++i)
@@ -97,7 +97,7 @@ TEST_F(AppListIcons, HaveALimitedNumberOfNames) {
     EXPECT_EQ(installWith(33), "");
 }
 
-TEST_F(AppListIcons, OutsideTheFolderAreRefused) {
+TEST_F(AppListIcon, IsRefusedOutsideTheFolder) {
     writeFile("/secret.png", png(58));
     for (const std::string name : {"../../secret.png", "link.png", "folder/secret.png"}) {
         installWithIcon(name);
@@ -113,14 +113,14 @@ TEST_F(AppListIcons, OutsideTheFolderAreRefused) {
     EXPECT_EQ(iconOf("org.a"), "");
 }
 
-TEST_F(AppListIcons, BehindALinkInsideTheFolderAreFound) {
+TEST_F(AppListIcon, IsFoundBehindALinkInsideTheFolder) {
     installWithIcon("link.png");
     writeIcon("images/real.png", png(58));
     fs::create_symlink("images/real.png", onDisk("/Applications/A.app/link.png"));
     EXPECT_EQ(iconOf("org.a"), "real.png");
 }
 
-TEST_F(AppListIcons, ThatNobodyCanShowAreRefused) {
+TEST_F(AppListIcon, IsRefusedWhenItCannotBeShown) {
     const std::string deviceForm = std::string("\x89PNG\r\n\x1a\n\0\0\0\x04"
                                                "CgBI",
                                                16) +
@@ -138,7 +138,7 @@ TEST_F(AppListIcons, ThatNobodyCanShowAreRefused) {
     }
 }
 
-TEST_F(AppListIcons, AreNoneForWhatIsNotInstalledAndForNoSize) {
+TEST_F(AppListIcon, IsAbsentForAMissingApplicationAndAnInvalidSize) {
     installWithIcon("App.png");
     writeIcon("App.png", png(29));
     EXPECT_EQ(list().iconOfSize(29, "org.none"), nullptr);
@@ -147,7 +147,7 @@ TEST_F(AppListIcons, AreNoneForWhatIsNotInstalledAndForNoSize) {
     EXPECT_EQ(list().iconOfSize(-1, "org.a"), nullptr);
 }
 
-TEST_F(AppListIcons, AreKeptUntilTheirApplicationChanges) {
+TEST_F(AppListIcon, IsKeptUntilItsApplicationChanges) {
     installWithIcon("App.png");
     writeIcon("App.png", png(29));
     const auto first = list().iconOfSize(29, "org.a");

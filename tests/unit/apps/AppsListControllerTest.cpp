@@ -28,14 +28,14 @@ TEST_F(AppsListPage, IsTitledApps) {
     expectTitle(*page, "Apps");
 }
 
-TEST_F(AppsListPage, HasAListWithoutRowsReadyAsEveryListPage) {
+TEST_F(AppsListPage, HasAListWithoutRowsReady) {
     EXPECT_FALSE(page->hasSpecifiers());
     page->viewWillAppear(false);
     ASSERT_TRUE(page->hasSpecifiers());
     EXPECT_TRUE(page->specifiers().empty());
 }
 
-TEST_F(AppsListPage, ShowsANewViewOfTheSizeOfTheOneBefore) {
+TEST_F(AppsListPage, ShowsANewViewOfThePreviousSize) {
     page->setView(std::make_shared<platform::UIView>(frame));
     page->viewWillAppear(true);
     EXPECT_EQ(shown().frame(), frame);
@@ -61,7 +61,7 @@ TEST_F(AppsListPage, RegroupsItsRowsWhenItIsShownAgain) {
     EXPECT_EQ(rows(shown()), (Identifiers{"c", "a", "b"}));
 }
 
-TEST_F(AppsListPage, SeesWhatWasInstalledMeanwhile) {
+TEST_F(AppsListPage, ShowsAnApplicationThatWasInstalledLater) {
     page->viewWillAppear(false);
     install({{"d", "Delta"}});
     page->viewWillAppear(false);

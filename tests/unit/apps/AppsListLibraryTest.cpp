@@ -30,18 +30,18 @@ TEST_F(AppsListLibrary, ListsTheDevicesApplications) {
     EXPECT_EQ(rows(*open()), (Identifiers{"org.a"}));
 }
 
-TEST_F(AppsListLibrary, ThatIsMissingGivesAnEmptyList) {
+TEST_F(AppsListLibrary, GivesAnEmptyListWhenItIsMissing) {
     const auto view = open();
     EXPECT_EQ(rows(*view), Identifiers());
     EXPECT_EQ(view->tableView()->numberOfRowsInSection(0), 0u);
 }
 
-TEST_F(AppsListLibrary, ThatIsBrokenGivesAnEmptyList) {
+TEST_F(AppsListLibrary, GivesAnEmptyListWhenItIsBroken) {
     writeFile(platform::appListLibraryPath, "no library");
     EXPECT_EQ(rows(*open()), Identifiers());
 }
 
-TEST_F(AppsListLibrary, ThatHasClassesButNotItsOwnGivesAnEmptyList) {
+TEST_F(AppsListLibrary, GivesAnEmptyListWhenItsClassIsMissing) {
     std::filesystem::create_symlink(testModulesFolder() + "/greeter.so",
                                     onDisk(platform::appListLibraryPath));
     const auto view = open();
@@ -49,7 +49,7 @@ TEST_F(AppsListLibrary, ThatHasClassesButNotItsOwnGivesAnEmptyList) {
     EXPECT_EQ(view->tableView()->numberOfRowsInSection(0), 0u);
 }
 
-TEST_F(AppsListLibrary, ThatOffersAnotherKindOfClassUnderItsNameGivesAnEmptyList) {
+TEST_F(AppsListLibrary, GivesAnEmptyListWhenItsClassIsOfAnotherKind) {
     std::filesystem::create_symlink(testModulesFolder() + "/impostor.so",
                                     onDisk(platform::appListLibraryPath));
     const auto view = open();
@@ -65,7 +65,7 @@ TEST_F(AppsListLibrary, IsClosedWithTheView) {
     EXPECT_FALSE(isRegistered());
 }
 
-TEST_F(AppsListLibrary, StaysOpenWhileOneViewTakesTheOthersPlace) {
+TEST_F(AppsListLibrary, StaysOpenWhileOneViewReplacesAnother) {
     installLibrary();
     const auto page = std::make_shared<AppsListController>();
     page->viewWillAppear(false);
@@ -76,13 +76,13 @@ TEST_F(AppsListLibrary, StaysOpenWhileOneViewTakesTheOthersPlace) {
     EXPECT_EQ(cell(view, 0)->textLabel().text(), "Alpha");
 }
 
-TEST_F(AppsListLibrary, ThatAppearsLaterIsFoundWhenThePageIsShownAgain) {
+TEST_F(AppsListLibrary, IsFoundLaterWhenThePageIsShownAgain) {
     EXPECT_EQ(rows(*open()), Identifiers());
     installLibrary();
     EXPECT_EQ(rows(*open()), (Identifiers{"org.a"}));
 }
 
-TEST_F(AppsListLibrary, IsClosedEvenWhereTheAccountIsOutOfReachLater) {
+TEST_F(AppsListLibrary, IsClosedEvenWhenTheAccountIsGoneLater) {
     installLibrary();
     auto view = open();
     SelectedIndex = 5;

@@ -117,7 +117,7 @@ TEST_F(AppsListModel, HidesByExactIdentifierOnly) {
     EXPECT_EQ(rows(*open()).size(), 3u);
 }
 
-TEST_F(AppsListModel, AnswersANewArrayOfHiddenIdentifiersEachTime) {
+TEST_F(AppsListModel, ReturnsANewArrayOfHiddenIdentifiersEachTime) {
     const AppsListView view(frame);
     EXPECT_FALSE(view.hiddenDisplayIdentifiers().isSameObject(view.hiddenDisplayIdentifiers()));
 }
@@ -156,13 +156,13 @@ TEST_F(AppsListModel, KeepsTheStoredOrderOfTheRestricted) {
     EXPECT_EQ(open()->enabled()->copy(), Array({"b", "a"}));
 }
 
-TEST_F(AppsListModel, GivesTheSameOrderEachTimeToNamesThatDifferInCaseOnly) {
+TEST_F(AppsListModel, OrdersNamesThatDifferInCaseOnlyTheSameEachTime) {
     install({{"a", "Note"}, {"b", "NOTE"}, {"c", "note"}});
     restrict({});
     EXPECT_EQ(rows(*open()), rows(*open()));
 }
 
-TEST_F(AppsListModel, SurvivesNamesThatAreNoTextAndEmptyOnes) {
+TEST_F(AppsListModel, SurvivesNamesThatAreEmptyOrNotUtf8) {
     install(
         {{"a", "\xff\xfe"}, {"b", ""}, {"c", std::string_view("A\0b", 3)}, {"d", 5}, {"", "no identifier"}});
     restrict({});
@@ -176,7 +176,7 @@ TEST_F(AppsListModel, EditsTheAccountAtSelectedIndex) {
     EXPECT_EQ(open()->enabled()->copy(), Array({"b"}));
 }
 
-TEST_F(AppsListModel, IsBuiltFromTheAccountThatThePickerOpenedLastEdits) {
+TEST_F(AppsListModel, IsBuiltFromTheAccountOfThePickerThatOpenedLast) {
     install({{"a", "Alpha"}, {"b", "Bravo"}});
     writeAccounts({Value(accountWith({"a"})), Value(accountWith({"b"}))});
     const auto first = open();
@@ -186,7 +186,7 @@ TEST_F(AppsListModel, IsBuiltFromTheAccountThatThePickerOpenedLastEdits) {
     EXPECT_EQ(first->enabled()->copy(), Array({"b"}));
 }
 
-TEST_F(AppsListModel, OfAnIndexOutsideTheAccountsThrows) {
+TEST_F(AppsListModel, ThrowsWhenTheIndexIsOutsideTheAccounts) {
     restrict({});
     for (const std::intptr_t index : {std::intptr_t{1}, std::intptr_t{-1}, INTPTR_MAX, INTPTR_MIN}) {
         SelectedIndex = index;
@@ -194,12 +194,12 @@ TEST_F(AppsListModel, OfAnIndexOutsideTheAccountsThrows) {
     }
 }
 
-TEST_F(AppsListModel, OfEmptyAccountsThrows) {
+TEST_F(AppsListModel, ThrowsWhenTheAccountsAreEmpty) {
     writeAccounts({});
     EXPECT_THROW(open(), platform::NSException);
 }
 
-TEST_F(AppsListModel, OfAMissingDocumentOffersEverything) {
+TEST_F(AppsListModel, OffersEverythingWhenTheDocumentIsMissing) {
     install({{"a", "Alpha"}});
     const auto view = open();
     EXPECT_EQ(rows(*view), (Identifiers{"a"}));
@@ -207,7 +207,7 @@ TEST_F(AppsListModel, OfAMissingDocumentOffersEverything) {
     EXPECT_FALSE(exists(documentPath));
 }
 
-TEST_F(AppsListModel, OfAccountsOfAWrongKindOffersEverything) {
+TEST_F(AppsListModel, OffersEverythingWhenTheAccountsAreOfAWrongKind) {
     install({{"a", "Alpha"}});
     writeDocument({{"kAccounts", "none"}});
     EXPECT_EQ(rows(*open()), (Identifiers{"a"}));
@@ -215,7 +215,7 @@ TEST_F(AppsListModel, OfAccountsOfAWrongKindOffersEverything) {
     EXPECT_EQ(rows(*open()), (Identifiers{"a"}));
 }
 
-TEST_F(AppsListModel, OfARecordWithoutAListRestrictsNothing) {
+TEST_F(AppsListModel, RestrictsNothingWhenTheRecordLacksItsList) {
     install({{"a", "Alpha"}});
     writeAccounts({Value(accountWithoutList())});
     const auto view = open();
@@ -224,7 +224,7 @@ TEST_F(AppsListModel, OfARecordWithoutAListRestrictsNothing) {
     EXPECT_FALSE(isOn(*view, 0));
 }
 
-TEST_F(AppsListModel, WithoutTheLibraryIsTheRestrictedAlone) {
+TEST_F(AppsListModel, ListsTheRestrictedAloneWithoutTheLibrary) {
     list.reset();
     restrict({"a"});
     const auto view = open();
@@ -256,7 +256,7 @@ TEST_F(AppsListModel, LeavesDisabledWithoutARole) {
     EXPECT_EQ(rows(*view), (Identifiers{"a"}));
 }
 
-TEST_F(AppsListModel, HoldsTenThousandApplications) {
+TEST_F(AppsListModel, ListsTenThousandApplications) {
     platform::MutableDictionary applications;
     for (int i = 0; i < 10000; ++i)
         applications.set("org." + std::to_string(i), Value("Name " + std::to_string(9999 - i)));

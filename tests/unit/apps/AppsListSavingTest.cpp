@@ -13,7 +13,7 @@ protected:
     AppsListSaving() { install({{"a", "Alpha"}, {"b", "Bravo"}, {"c", "Charlie"}}); }
 };
 
-TEST_F(AppsListSaving, AppendsWhatIsSwitchedOn) {
+TEST_F(AppsListSaving, AppendsASwitchedOnApplication) {
     restrict({"c"});
     const auto view = open();
     tap(*view, 2);
@@ -21,7 +21,7 @@ TEST_F(AppsListSaving, AppendsWhatIsSwitchedOn) {
     expectOneChange("kAppsRestricted", Array({"c", "b"}));
 }
 
-TEST_F(AppsListSaving, RemovesEveryOccurrenceOfWhatIsSwitchedOff) {
+TEST_F(AppsListSaving, RemovesEveryOccurrenceOfASwitchedOffApplication) {
     restrict({"a", "b", "a", "a"});
     const auto view = open();
     tap(*view, 0);
@@ -29,7 +29,7 @@ TEST_F(AppsListSaving, RemovesEveryOccurrenceOfWhatIsSwitchedOff) {
     expectOneChange("kAppsRestricted", Array({"b"}));
 }
 
-TEST_F(AppsListSaving, PutsWhatWasOffAndOnAgainAtTheEndOnce) {
+TEST_F(AppsListSaving, PutsAnApplicationSwitchedOffAndOnAgainAtTheEndOnce) {
     restrict({"a", "b"});
     const auto view = open();
     tap(*view, 0);
@@ -38,7 +38,7 @@ TEST_F(AppsListSaving, PutsWhatWasOffAndOnAgainAtTheEndOnce) {
     EXPECT_EQ(rows(*view), (Identifiers{"a", "b", "c"}));
 }
 
-TEST_F(AppsListSaving, AppendsForEachSwitchThatIsTurnedOn) {
+TEST_F(AppsListSaving, AppendsOnceForEachSwitchTurnedOnSeparately) {
     restrict({"a", "a"});
     const auto view = open();
     const auto first = cell(*view, 0);
@@ -92,7 +92,7 @@ TEST_F(AppsListSaving, FollowsSelectedIndexAtTheTimeOfTheSave) {
     EXPECT_EQ(restricted(1), Array({"a"}));
 }
 
-TEST_F(AppsListSaving, OfAnEqualListIsWrittenAndAnnouncedToo) {
+TEST_F(AppsListSaving, WritesAndAnnouncesAnEqualList) {
     restrict({"a"});
     const auto view = open();
     const std::string written = markDocument();
@@ -101,7 +101,7 @@ TEST_F(AppsListSaving, OfAnEqualListIsWrittenAndAnnouncedToo) {
     expectOneChange("kAppsRestricted", Array({"a"}));
 }
 
-TEST_F(AppsListSaving, OfEmptyAccountsIsSkipped) {
+TEST_F(AppsListSaving, IsSkippedWhenTheAccountsAreEmpty) {
     restrict({"a"});
     const auto view = open();
     writeAccounts({});
@@ -110,7 +110,7 @@ TEST_F(AppsListSaving, OfEmptyAccountsIsSkipped) {
     expectNoChange();
 }
 
-TEST_F(AppsListSaving, OfAMissingDocumentIsSkipped) {
+TEST_F(AppsListSaving, IsSkippedWhenTheDocumentIsMissing) {
     restrict({"a"});
     const auto view = open();
     removeFile(documentPath);
@@ -119,7 +119,7 @@ TEST_F(AppsListSaving, OfAMissingDocumentIsSkipped) {
     expectNoChange();
 }
 
-TEST_F(AppsListSaving, OfAnElementThatIsNoRecordIsSkipped) {
+TEST_F(AppsListSaving, IsSkippedWhenTheElementIsNotARecord) {
     restrict({"a"});
     const auto view = open();
     const Dictionary document{{"kAccounts", Array({"no record"})}};
@@ -129,7 +129,7 @@ TEST_F(AppsListSaving, OfAnElementThatIsNoRecordIsSkipped) {
     expectNoChange();
 }
 
-TEST_F(AppsListSaving, OutsideTheAccountsThrowsAndWritesNothing) {
+TEST_F(AppsListSaving, ThrowsAndWritesNothingOutsideTheAccounts) {
     restrict({"a"});
     const auto view = open();
     const std::string before = readFile(documentPath);
@@ -141,7 +141,7 @@ TEST_F(AppsListSaving, OutsideTheAccountsThrowsAndWritesNothing) {
     expectNoChange();
 }
 
-TEST_F(AppsListSaving, OfARecordWithoutAListThrowsBeforeAnythingIsWritten) {
+TEST_F(AppsListSaving, ThrowsBeforeAnythingIsWrittenWhenTheRecordLacksItsList) {
     writeAccounts({Value(accountWithoutList())});
     const auto view = open();
     const std::string before = readFile(documentPath);
@@ -163,7 +163,7 @@ TEST_F(AppsListSaving, IsAnnouncedEvenWhenItCannotBeWritten) {
               Dictionary({{"key", "kAppsRestricted"}, {"object", Array({"a", "b"})}}));
 }
 
-TEST_F(AppsListSaving, OfAnEmptyListStoresIt) {
+TEST_F(AppsListSaving, StoresAnEmptyList) {
     restrict({"a"});
     const auto view = open();
     tap(*view, 0);
@@ -171,7 +171,7 @@ TEST_F(AppsListSaving, OfAnEmptyListStoresIt) {
     expectOneChange("kAppsRestricted", Array());
 }
 
-TEST_F(AppsListSaving, MakesTheRecordTheNextModelsEvenWhenItCannotBeWritten) {
+TEST_F(AppsListSaving, PassesTheRecordToTheNextModelEvenWhenItCannotBeWritten) {
     restrict({"a"});
     const auto view = open();
     refuseWrites();
@@ -181,7 +181,7 @@ TEST_F(AppsListSaving, MakesTheRecordTheNextModelsEvenWhenItCannotBeWritten) {
     EXPECT_EQ(rows(*view), (Identifiers{"a", "c", "b"}));
 }
 
-TEST_F(AppsListSaving, MakesTheSavedRecordTheOneTheNextModelStartsFrom) {
+TEST_F(AppsListSaving, PassesTheSavedRecordToTheNextModel) {
     restrict({"a"});
     const auto view = open();
     tap(*view, 2);

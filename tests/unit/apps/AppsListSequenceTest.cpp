@@ -141,11 +141,11 @@ protected:
 };
 
 /// The parameter: the first of the seeds. A process each, so that a slow machine has several minutes for all.
-class AppsListSequencesFrom : public AppsListSequences, public ::testing::WithParamInterface<unsigned> {};
+class SeededAppsListSequence : public AppsListSequences, public ::testing::WithParamInterface<unsigned> {};
 
 constexpr unsigned Sequences = 25;
 
-TEST_P(AppsListSequencesFrom, KeepDocumentAndScreenAsAPlainModelHasThem) {
+TEST_P(SeededAppsListSequence, LeavesDocumentAndScreenAsAPlainModelDoes) {
     constexpr int Steps = 40;
     for (unsigned seed = GetParam(); seed < GetParam() + Sequences; ++seed) {
         SCOPED_TRACE("seed " + std::to_string(seed));
@@ -159,7 +159,7 @@ TEST_P(AppsListSequencesFrom, KeepDocumentAndScreenAsAPlainModelHasThem) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Seed, AppsListSequencesFrom, ::testing::Range(0U, 8 * Sequences, Sequences));
+INSTANTIATE_TEST_SUITE_P(Seed, SeededAppsListSequence, ::testing::Range(0U, 8 * Sequences, Sequences));
 
 } // namespace
 } // namespace wardlock::test

@@ -53,7 +53,7 @@ TEST_F(AppsListTable, HasOneSectionOfRowsThirtyFivePointsHigh) {
     EXPECT_EQ(view->tableView()->heightForRow({0, 2}), 35.0);
 }
 
-TEST_F(AppsListTable, OfNothingToOfferIsOneEmptySection) {
+TEST_F(AppsListTable, HasOneEmptySectionWhenThereIsNothingToOffer) {
     install({{"com.apple.webapp", "Web"}});
     restrict({});
     const auto view = open();
@@ -90,7 +90,7 @@ TEST_F(AppsListTable, LeavesTitleAndImageOfWhatIsNotInstalledEmpty) {
     EXPECT_TRUE(switchOf(*shown).isOn());
 }
 
-TEST_F(AppsListTable, LooksTheLibraryUpAnewForEachCell) {
+TEST_F(AppsListTable, LooksTheLibraryUpAgainForEachCell) {
     list->setIcon("b");
     const auto view = open();
     auto with = cell(*view, 0);
@@ -142,7 +142,7 @@ TEST_F(AppsListTable, GivesASwitchOneTargetHoweverOftenItsCellIsReused) {
     EXPECT_EQ(changes.posts.size(), 1u);
 }
 
-TEST_F(AppsListTable, TellsTheSwitchsApplicationByTheHiddenLabelAlone) {
+TEST_F(AppsListTable, FindsTheSwitchsApplicationByTheHiddenLabelAlone) {
     const auto view = open();
     const auto shown = cell(*view, 1);
     switchOf(*shown).setTag(2);
@@ -152,7 +152,7 @@ TEST_F(AppsListTable, TellsTheSwitchsApplicationByTheHiddenLabelAlone) {
     EXPECT_EQ(restricted(), platform::Array({"b", "elsewhere"}));
 }
 
-TEST_F(AppsListTable, IgnoresASwitchThatStandsInNoCell) {
+TEST_F(AppsListTable, IgnoresASwitchOutsideEveryCell) {
     const auto view = open();
     const auto loose = std::make_shared<platform::UISwitch>(platform::CGRectZero);
     loose->setOn(true, false);
@@ -171,7 +171,7 @@ TEST_F(AppsListTable, KeepsARowInItsPlaceWhileSwitched) {
     EXPECT_TRUE(isOn(*view, 2));
 }
 
-TEST_F(AppsListTable, ShowsTheSavedStateWhenARowComesBackIntoSight) {
+TEST_F(AppsListTable, ShowsTheSavedStateWhenARowScrollsBackIntoView) {
     const auto view = open();
     auto shown = cell(*view, 2);
     switchOf(*shown).toggle();
@@ -180,7 +180,7 @@ TEST_F(AppsListTable, ShowsTheSavedStateWhenARowComesBackIntoSight) {
     EXPECT_TRUE(isOn(*view, 2));
 }
 
-TEST_F(AppsListTable, ReachesNobodyOnceItsViewIsGone) {
+TEST_F(AppsListTable, DoesNothingOnceItsViewIsGone) {
     auto view = open();
     const auto shown = cell(*view, 0);
     const auto table = view->tableView();
@@ -190,7 +190,7 @@ TEST_F(AppsListTable, ReachesNobodyOnceItsViewIsGone) {
     EXPECT_EQ(table->numberOfSections(), 0u);
 }
 
-TEST_F(AppsListTable, OfARowBeyondTheLastThrows) {
+TEST_F(AppsListTable, ThrowsForARowBeyondTheLast) {
     const auto view = open();
     EXPECT_THROW(cell(*view, 3), platform::NSException);
 }

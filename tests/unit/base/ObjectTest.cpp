@@ -26,7 +26,7 @@ private:
 
 } // namespace
 
-TEST(Object, AnswersItsOwningPointerAsItsOwnClass) {
+TEST(Object, ReturnsItsOwningPointerAsItsOwnClass) {
     bool gone = false;
     const auto page = std::make_shared<Page>(gone);
     const std::shared_ptr<Page> owner = page->owner();
@@ -34,7 +34,7 @@ TEST(Object, AnswersItsOwningPointerAsItsOwnClass) {
     EXPECT_EQ(page.use_count(), 2);
 }
 
-TEST(Object, GoesThroughItsBase) {
+TEST(Object, IsDestroyedThroughItsBase) {
     bool gone = false;
     std::shared_ptr<Object> page = std::make_shared<Page>(gone);
     page.reset();
@@ -49,7 +49,7 @@ TEST(Object, IsNotKeptByAWeakPointer) {
     EXPECT_TRUE(weak.expired());
 }
 
-TEST(Object, IsReachedThroughAProtocolItTakesOn) {
+TEST(Object, IsReachedThroughAProtocolThatItImplements) {
     bool gone = false;
     const std::shared_ptr<Protocol> protocol = std::make_shared<Page>(gone);
     EXPECT_NE(std::dynamic_pointer_cast<Object>(protocol), nullptr);

@@ -14,7 +14,7 @@ namespace {
 
 using Calls = Subscribers<std::function<void()>>;
 
-class SubscribersTest : public ::testing::Test {
+class RegisteredSubscribers : public ::testing::Test {
 protected:
     Subscription add(
         char name, std::function<void()> work = [] {}) {
@@ -33,13 +33,13 @@ protected:
     std::string called;
 };
 
-TEST_F(SubscribersTest, AreCalledInTheOrderOfTheirRegistration) {
+TEST_F(RegisteredSubscribers, AreCalledInTheOrderOfTheirRegistration) {
     const auto a = add('a');
     const auto b = add('b');
     EXPECT_EQ(deliver(), "ab");
 }
 
-TEST_F(SubscribersTest, LeaveNothingRegisteredWhenTheirSubscriptionsAreDestroyed) {
+TEST_F(RegisteredSubscribers, LeaveNothingRegisteredWhenTheirSubscriptionsAreDestroyed) {
     {
         const auto a = add('a');
         EXPECT_EQ(calls.size(), 1U);
@@ -48,12 +48,12 @@ TEST_F(SubscribersTest, LeaveNothingRegisteredWhenTheirSubscriptionsAreDestroyed
     EXPECT_EQ(deliver(), "");
 }
 
-TEST_F(SubscribersTest, StayWhenTheirSubscriptionIsReleased) {
+TEST_F(RegisteredSubscribers, StayWhenTheirSubscriptionIsReleased) {
     add('a').release();
     EXPECT_EQ(deliver(), "a");
 }
 
-TEST_F(SubscribersTest, CanEndTheirOwnSubscriptionDuringDelivery) {
+TEST_F(RegisteredSubscribers, CanEndTheirOwnSubscriptionDuringDelivery) {
     Subscription own;
     own = add('a', [&] { own.end(); });
     const auto b = add('b');
@@ -61,7 +61,7 @@ TEST_F(SubscribersTest, CanEndTheirOwnSubscriptionDuringDelivery) {
     EXPECT_EQ(deliver(), "b");
 }
 
-TEST_F(SubscribersTest, AreNotCalledAfterAnotherHasEndedTheirSubscription) {
+TEST_F(RegisteredSubscribers, AreNotCalledAfterAnotherHasEndedTheirSubscription) {
     Subscription later;
     const auto a = add('a', [&] { later.end(); });
     later = add('b');
@@ -69,7 +69,7 @@ TEST_F(SubscribersTest, AreNotCalledAfterAnotherHasEndedTheirSubscription) {
     EXPECT_EQ(deliver(), "ac");
 }
 
-TEST_F(SubscribersTest, AreCalledOnceWhenAnEarlierSubscriptionEndsDuringDelivery) {
+TEST_F(RegisteredSubscribers, AreCalledOnceWhenAnEarlierSubscriptionEndsDuringDelivery) {
     auto earlier = add('a');
     const auto b = add('b', [&] { earlier.end(); });
     const auto c = add('c');
@@ -77,7 +77,7 @@ TEST_F(SubscribersTest, AreCalledOnceWhenAnEarlierSubscriptionEndsDuringDelivery
     EXPECT_EQ(deliver(), "bc");
 }
 
-TEST_F(SubscribersTest, AreCalledFromTheNextDeliveryOnWhenAddedDuringOne) {
+TEST_F(RegisteredSubscribers, AreCalledFromTheNextDeliveryOnWhenAddedDuringOne) {
     Subscription added;
     const auto a = add('a', [&] {
         if (!added)
@@ -87,7 +87,7 @@ TEST_F(SubscribersTest, AreCalledFromTheNextDeliveryOnWhenAddedDuringOne) {
     EXPECT_EQ(deliver(), "ab");
 }
 
-TEST_F(SubscribersTest, MayDestroyTheListDuringDelivery) {
+TEST_F(RegisteredSubscribers, MayDestroyTheListDuringDelivery) {
     std::optional<Calls> list(std::in_place);
     int calls = 0;
     const auto first = list->add([&] {

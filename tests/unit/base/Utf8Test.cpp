@@ -5,7 +5,7 @@
 namespace platform {
 namespace {
 
-TEST(Utf8, GivesBackEveryCharacterItWrote) {
+TEST(Utf8, ReadsEveryCharacterItWrote) {
     for (char32_t code = 0; code <= 0x10FFFF; ++code) {
         if (code == 0xD800)
             code = 0xE000;
@@ -17,7 +17,7 @@ TEST(Utf8, GivesBackEveryCharacterItWrote) {
     }
 }
 
-TEST(Utf8, WritesNothingForWhatIsNoCharacter) {
+TEST(Utf8, WritesNothingForAnInvalidCodePoint) {
     for (const char32_t code : {0xD800u, 0xDFFFu, 0x110000u, 0xFFFFFFFFu}) {
         std::string text;
         appendUtf8(code, text);

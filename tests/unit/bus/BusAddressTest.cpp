@@ -13,21 +13,21 @@ namespace {
 using platform::bus::busAddress;
 
 /// No session bus is named; the run-time folder is the test's own.
-class BusAddressTest : public DeviceRootFixture {
+class SocketAddress : public DeviceRootFixture {
 protected:
-    BusAddressTest() { environment.unset("DBUS_SESSION_BUS_ADDRESS"); }
+    SocketAddress() { environment.unset("DBUS_SESSION_BUS_ADDRESS"); }
 
     std::string runtime() const { return folder() / "run"; }
     static std::string folderBelowTmp() { return "/tmp/wardlock-bus-" + std::to_string(geteuid()); }
 };
 
-TEST_F(BusAddressTest, IsTheOneThatTheSessionNames) {
+TEST_F(SocketAddress, IsTheAddressThatTheSessionNames) {
     environment.set("DBUS_SESSION_BUS_ADDRESS", "unix:path=/a;unix:path=/b");
     EXPECT_EQ(busAddress().text, "unix:path=/a;unix:path=/b");
     EXPECT_EQ(busAddress().privateFolder, "");
 }
 
-TEST_F(BusAddressTest, IsTheUsersBusWhereItExists) {
+TEST_F(SocketAddress, IsTheUsersBusWhereItExists) {
     const TestBus bus;
     std::filesystem::create_symlink(bus.address().substr(std::string("unix:path=").size()),
                                     runtime() + "/bus");
@@ -35,22 +35,22 @@ TEST_F(BusAddressTest, IsTheUsersBusWhereItExists) {
     EXPECT_EQ(busAddress().privateFolder, "");
 }
 
-TEST_F(BusAddressTest, IsOurOwnInTheRuntimeFolderOtherwise) {
+TEST_F(SocketAddress, IsPrivateInTheRuntimeFolderOtherwise) {
     EXPECT_EQ(busAddress().text, "unix:path=" + runtime() + "/wardlock-bus/bus");
     EXPECT_EQ(busAddress().privateFolder, runtime() + "/wardlock-bus");
 }
 
-TEST_F(BusAddressTest, TakesAnEmptyNameForNone) {
+TEST_F(SocketAddress, TreatsAnEmptyNameAsMissing) {
     environment.set("DBUS_SESSION_BUS_ADDRESS", "");
     EXPECT_EQ(busAddress().privateFolder, runtime() + "/wardlock-bus");
 }
 
-TEST_F(BusAddressTest, TakesNoPlainFileForTheUsersBus) {
+TEST_F(SocketAddress, DoesNotAcceptAPlainFileAsTheUsersBus) {
     std::ofstream(runtime() + "/bus") << "not a socket";
     EXPECT_EQ(busAddress().privateFolder, runtime() + "/wardlock-bus");
 }
 
-TEST_F(BusAddressTest, IsOurOwnBelowTmpWithoutARuntimeFolder) {
+TEST_F(SocketAddress, IsPrivateBelowTmpWithoutARuntimeFolder) {
     environment.unset("XDG_RUNTIME_DIR");
     EXPECT_EQ(busAddress().privateFolder, folderBelowTmp());
     EXPECT_EQ(busAddress().text, "unix:path=" + folderBelowTmp() + "/bus");
@@ -60,7 +60,7 @@ TEST_F(BusAddressTest, IsOurOwnBelowTmpWithoutARuntimeFolder) {
     }
 }
 
-TEST_F(BusAddressTest, IsOurOwnBelowTmpWhereTheRuntimeFoldersNameIsTooLongForASocket) {
+TEST_F(SocketAddress, IsPrivateBelowTmpWhenTheRuntimeFoldersNameIsTooLongForASocket) {
     const std::string socket = "/wardlock-bus/bus";
     const std::string runtime = folder() / std::string(107 - socket.size() - folder().path().size() - 1, 'x');
     for (const std::string& path : {runtime, runtime + 'x'}) {
@@ -72,7 +72,7 @@ TEST_F(BusAddressTest, IsOurOwnBelowTmpWhereTheRuntimeFoldersNameIsTooLongForASo
     }
 }
 
-TEST(BusAddress, EscapesWhatAnAddressCannotHold) {
+TEST(SocketAddress, EscapesCharactersThatAnAddressCannotContain) {
     EXPECT_EQ(platform::bus::busAddressOfSocket("/a b,c;d=e%\xc3\xa4:'-_.*"),
               "unix:path=/a%20b%2cc%3bd%3de%25%c3%a4%3a%27-_.*");
 }

@@ -17,7 +17,7 @@ void postHere(std::string_view name, const std::string& object, std::size_t byte
                                          bytes ? &userInfo : nullptr, true);
 }
 
-class LostBusTest : public BusFixture {
+class LostBus : public BusFixture {
 protected:
     /// The observer's next line, while this process's loop runs.
     static std::optional<std::string> lineWhileProcessing(Process& observer) {
@@ -31,14 +31,14 @@ protected:
     }
 };
 
-TEST_F(LostBusTest, EndsNeitherPosterNorObserverWhereThereIsNoBus) {
+TEST_F(LostBus, EndsNeitherPosterNorObserver) {
     bus.kill();
     const auto observer = observe({"N"});
     post({"N"});
     EXPECT_NE(observer->id(), 0);
 }
 
-TEST_F(LostBusTest, TellsAnObserverOnceWhenTheBusComesThatWasNotThere) {
+TEST_F(LostBus, NotifiesAnObserverOnceWhenAMissingBusAppears) {
     bus.kill();
     const auto observer = observe({"N"});
     bus.start();
@@ -47,7 +47,7 @@ TEST_F(LostBusTest, TellsAnObserverOnceWhenTheBusComesThatWasNotThere) {
     EXPECT_EQ(observer->readLine(), "N|next|-");
 }
 
-TEST_F(LostBusTest, TellsAnObserverOnceWithoutUserInfoWhenALostBusReturns) {
+TEST_F(LostBus, NotifiesAnObserverOnceWithoutUserInfoWhenItReturns) {
     const auto observer = observe({"N"});
     post({"N", "--object", "before"});
     EXPECT_EQ(observer->readLine(), "N|before|-");
@@ -58,14 +58,14 @@ TEST_F(LostBusTest, TellsAnObserverOnceWithoutUserInfoWhenALostBusReturns) {
     EXPECT_EQ(observer->readLine(), "N|after|-");
 }
 
-TEST_F(LostBusTest, TellsAnObserverOfAnObjectThatObjectWhenALostBusReturns) {
+TEST_F(LostBus, NotifiesAnObserverOfAnObjectWithThatObjectWhenItReturns) {
     const auto observer = observe({"N", "--object", "mine"});
     bus.kill();
     bus.start();
     EXPECT_EQ(observer->readLine(), "N|mine|-");
 }
 
-TEST_F(LostBusTest, OutlivesManyLosses) {
+TEST_F(LostBus, LeavesTheObserverWorkingAfterManyLosses) {
     const auto observer = observe({"N"});
     for (int i = 0; i < 5; ++i) {
         bus.kill();
@@ -76,7 +76,7 @@ TEST_F(LostBusTest, OutlivesManyLosses) {
     EXPECT_EQ(observer->readLine(), "N|after|-");
 }
 
-TEST_F(LostBusTest, SendsAPostOverTheBusThatReturnedEvenIfItsLossWasNotNoticed) {
+TEST_F(LostBus, SendsAPostOverTheBusThatReturnedEvenIfItsLossWasNotNoticed) {
     postHere("N", "before");
     bus.kill();
     bus.start();
@@ -85,7 +85,7 @@ TEST_F(LostBusTest, SendsAPostOverTheBusThatReturnedEvenIfItsLossWasNotNoticed) 
     EXPECT_EQ(lineWhileProcessing(*observer), "N|after|-");
 }
 
-TEST_F(LostBusTest, SendsInOrderWhatWasPostedWhileThereWasNoBus) {
+TEST_F(LostBus, SendsInOrderWhatWasPostedWhileThereWasNoBus) {
     bus.kill();
     for (const char* object : {"1", "2", "3"})
         postHere("N", object);
@@ -96,13 +96,13 @@ TEST_F(LostBusTest, SendsInOrderWhatWasPostedWhileThereWasNoBus) {
         EXPECT_EQ(lineWhileProcessing(*observer), line);
 }
 
-TEST_F(LostBusTest, LetsAPosterEndThatMeetsAStoppedBus) {
+TEST_F(LostBus, LetsAPosterEndWhenTheBusIsStopped) {
     bus.stop();
     post({"N", "--times", "20"});
     bus.resume();
 }
 
-TEST_F(LostBusTest, LetsAnObserverStartThatMeetsAStoppedBusAndTellsItOnceWhenTheBusGoesOn) {
+TEST_F(LostBus, LetsAnObserverStartOnAStoppedBusAndNotifiesItOnceWhenTheBusResumes) {
     bus.stop();
     const auto observer = observe({"N"});
     bus.resume();
@@ -111,7 +111,7 @@ TEST_F(LostBusTest, LetsAnObserverStartThatMeetsAStoppedBusAndTellsItOnceWhenThe
     EXPECT_EQ(observer->readLine(), "N|next|-");
 }
 
-TEST_F(LostBusTest, PostsToAStoppedBusReturnAndArriveWhenItGoesOn) {
+TEST_F(LostBus, ReceivesPostsOfAStoppedBusWhenItResumes) {
     const auto observer = observe({"N"});
     postHere("N", "before");
     bus.stop();
@@ -121,7 +121,7 @@ TEST_F(LostBusTest, PostsToAStoppedBusReturnAndArriveWhenItGoesOn) {
     EXPECT_EQ(lineWhileProcessing(*observer), "N|meanwhile|-");
 }
 
-TEST_F(LostBusTest, AFullSocketHoldsNoPost) {
+TEST_F(LostBus, LosesNoPostBehindAFullSocket) {
     const auto observer = observe({"N"});
     postHere("N", "before");
     bus.stop();
@@ -133,7 +133,7 @@ TEST_F(LostBusTest, AFullSocketHoldsNoPost) {
     EXPECT_EQ(lineWhileProcessing(*observer), "N|after|-");
 }
 
-TEST_F(LostBusTest, TakesAnAddressThatMakesNoSenseForALostBus) {
+TEST_F(LostBus, TreatsAnInvalidAddressAsALostBus) {
     for (const char* address : {"nonsense", "unix:", "unix:path=", "autolaunch:", ";;;", "unix:path=/%zz"}) {
         environment.set("DBUS_SESSION_BUS_ADDRESS", address);
         const auto observer = observe({"N"});

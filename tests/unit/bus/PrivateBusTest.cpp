@@ -16,10 +16,10 @@ namespace {
 namespace fs = std::filesystem;
 
 /// No bus but the one that the product starts by itself, which a test must end itself.
-class PrivateBusTest : public BusFixture {
+class PrivateBus : public BusFixture {
 protected:
-    PrivateBusTest() { environment.unset("DBUS_SESSION_BUS_ADDRESS"); }
-    ~PrivateBusTest() override {
+    PrivateBus() { environment.unset("DBUS_SESSION_BUS_ADDRESS"); }
+    ~PrivateBus() override {
         for (const int daemon : daemons())
             endBusDaemon(daemon);
     }
@@ -29,14 +29,14 @@ protected:
     std::vector<int> daemons() const { return busDaemonsOf(busFolder()); }
 };
 
-TEST_F(PrivateBusTest, IsStartedWhereThereIsNoOther) {
+TEST_F(PrivateBus, IsStartedWhenThereIsNoOtherBus) {
     const auto observer = observe({"N"});
     post({"N"});
     EXPECT_EQ(observer->readLine(), "N|-|-");
     EXPECT_EQ(daemons().size(), 1u);
 }
 
-TEST_F(PrivateBusTest, IsOneForAllProcessesThatStartAtOnce) {
+TEST_F(PrivateBus, IsOneForAllProcessesThatStartAtOnce) {
     constexpr int count = 6;
     std::vector<std::unique_ptr<Process>> observers;
     for (int i = 0; i < count; ++i)
@@ -50,7 +50,7 @@ TEST_F(PrivateBusTest, IsOneForAllProcessesThatStartAtOnce) {
     EXPECT_EQ(daemons().size(), 1u);
 }
 
-TEST_F(PrivateBusTest, StandsInAFolderThatNobodyElseMayEnter) {
+TEST_F(PrivateBus, LivesInAFolderThatOnlyTheUserMayEnter) {
     post({"N"});
     struct stat status {};
     ASSERT_EQ(stat(busFolder().c_str(), &status), 0);
@@ -58,7 +58,7 @@ TEST_F(PrivateBusTest, StandsInAFolderThatNobodyElseMayEnter) {
     EXPECT_EQ(status.st_uid, geteuid());
 }
 
-TEST_F(PrivateBusTest, LivesOnAfterTheProcessThatStartedIt) {
+TEST_F(PrivateBus, OutlivesTheProcessThatStartedIt) {
     post({"N"});
     ASSERT_EQ(daemons().size(), 1u);
     const int daemon = daemons().front();
@@ -66,7 +66,7 @@ TEST_F(PrivateBusTest, LivesOnAfterTheProcessThatStartedIt) {
     EXPECT_EQ(daemons(), std::vector<int>{daemon});
 }
 
-TEST_F(PrivateBusTest, IsDetachedFromTheProcessThatStartedIt) {
+TEST_F(PrivateBus, IsDetachedFromTheProcessThatStartedIt) {
     const int leaked = open("/dev/null", O_RDONLY); // without close-on-exec
     post({"N"});
     close(leaked);
@@ -85,7 +85,7 @@ TEST_F(PrivateBusTest, IsDetachedFromTheProcessThatStartedIt) {
     }
 }
 
-TEST_F(PrivateBusTest, IsStartedAgainWhenItWasKilled) {
+TEST_F(PrivateBus, IsStartedAgainWhenItWasKilled) {
     const auto observer = observe({"N"});
     ASSERT_EQ(daemons().size(), 1u);
     endBusDaemon(daemons().front());
@@ -95,13 +95,13 @@ TEST_F(PrivateBusTest, IsStartedAgainWhenItWasKilled) {
     EXPECT_EQ(daemons().size(), 1u);
 }
 
-TEST_F(PrivateBusTest, IsNotStartedWhereABusIsNamedThatIsGone) {
+TEST_F(PrivateBus, IsNotStartedWhereABusIsNamedThatIsGone) {
     bus.kill();
     post({"N"}, with("DBUS_SESSION_BUS_ADDRESS", bus.address()));
     EXPECT_FALSE(fs::exists(busFolder()));
 }
 
-TEST_F(PrivateBusTest, IsNotStartedWhereTheUserHasABus) {
+TEST_F(PrivateBus, IsNotStartedWhereTheUserHasABus) {
     fs::create_symlink(bus.address().substr(std::string("unix:path=").size()), folder() / "run/bus");
     const auto observer = observe({"N"});
     post({"N"});
@@ -109,21 +109,21 @@ TEST_F(PrivateBusTest, IsNotStartedWhereTheUserHasABus) {
     EXPECT_FALSE(fs::exists(busFolder()));
 }
 
-TEST_F(PrivateBusTest, IsNotStartedInAFolderThatOthersMayEnter) {
+TEST_F(PrivateBus, IsNotStartedInAFolderThatOthersMayEnter) {
     fs::create_directory(busFolder());
     fs::permissions(busFolder(), fs::perms::all);
     post({"N"});
     EXPECT_TRUE(fs::is_empty(busFolder()));
 }
 
-TEST_F(PrivateBusTest, IsNotStartedBehindASymbolicLink) {
+TEST_F(PrivateBus, IsNotStartedBehindASymbolicLink) {
     const TemporaryFolder elsewhere;
     fs::create_directory_symlink(elsewhere.path(), busFolder());
     post({"N"});
     EXPECT_TRUE(fs::is_empty(elsewhere.path()));
 }
 
-TEST_F(PrivateBusTest, IsNotStartedInARuntimeFolderOfAnother) {
+TEST_F(PrivateBus, IsNotStartedInARuntimeFolderOfAnotherUser) {
     SKIP_WITHOUT_OTHER_USER();
     const std::string runtime = folder() / "run";
     ASSERT_EQ(chown(runtime.c_str(), 65534, 65534), 0);
@@ -132,14 +132,14 @@ TEST_F(PrivateBusTest, IsNotStartedInARuntimeFolderOfAnother) {
     EXPECT_FALSE(fs::exists(busFolder()));
 }
 
-TEST_F(PrivateBusTest, MissingDaemonMeansNoBus) {
+TEST_F(PrivateBus, IsAbsentWithoutADaemon) {
     const ProcessSetup withoutDaemon = with("PATH", "/nonexistent");
     const auto observer = observe({"N"}, withoutDaemon);
     post({"N"}, withoutDaemon);
     EXPECT_TRUE(daemons().empty());
 }
 
-TEST_F(PrivateBusTest, IsFoundInAFolderWhoseNameNeedsEscaping) {
+TEST_F(PrivateBus, IsFoundInAFolderWhoseNameNeedsEscaping) {
     const TemporaryFolder odd;
     const std::string runtime = odd / "a b,ü%;='&<";
     fs::create_directory(runtime);

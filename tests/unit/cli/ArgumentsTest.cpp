@@ -37,7 +37,7 @@ TEST(Arguments, KnowsWhichOptionsWereGiven) {
     EXPECT_EQ(arguments.value("--sync"), std::nullopt);
 }
 
-TEST(Arguments, TakesAValueAfterASpaceOrAnEqualsSign) {
+TEST(Arguments, AcceptsAValueAfterASpaceOrAnEqualsSign) {
     EXPECT_EQ(parsed({"--sync", "none"}).value("--sync"), "none");
     EXPECT_EQ(parsed({"--sync=data"}).value("--sync"), "data");
     EXPECT_EQ(parsed({"--sync="}).value("--sync"), "");
@@ -47,15 +47,15 @@ TEST(Arguments, KeepsTheLastOfARepeatedOption) {
     EXPECT_EQ(parsed({"--sync", "none", "--sync", "full"}).value("--sync"), "full");
 }
 
-TEST(Arguments, TakesANegativeNumberForAnOperand) {
+TEST(Arguments, TreatsANegativeNumberAsAnOperand) {
     EXPECT_EQ(parsed({"-12", "-.5", "-inf", "-"}).operands(), (Words{"-12", "-.5", "-inf", "-"}));
 }
 
-TEST(Arguments, TakesEverythingAfterADoubleDashForOperands) {
+TEST(Arguments, TreatsEverythingAfterADoubleDashAsOperands) {
     EXPECT_EQ(parsed({"--", "--json", "--", "-x"}).operands(), (Words{"--json", "--", "-x"}));
 }
 
-TEST(Arguments, TakesAnEmptyWordForAnOperand) {
+TEST(Arguments, TreatsAnEmptyWordAsAnOperand) {
     EXPECT_EQ(parsed({""}).operands(), (Words{""}));
 }
 
@@ -68,7 +68,7 @@ TEST(Arguments, RefusesAnOptionWithoutItsValue) {
     EXPECT_EQ(refusal({"--sync"}), ExitCode::WrongUsage);
 }
 
-TEST(Arguments, RefusesAValueWhereNoneIsTaken) {
+TEST(Arguments, RefusesAValueOfAnOptionWithoutOne) {
     EXPECT_EQ(refusal({"--json=1"}), ExitCode::WrongUsage);
 }
 

@@ -30,7 +30,7 @@ TEST_F(CommandLine, ListsEveryVerbWithItsSummary) {
     }
 }
 
-TEST_F(CommandLine, HelpsWithEveryVerb) {
+TEST_F(CommandLine, PrintsTheHelpOfEveryVerb) {
     for (const cli::Verb* verb : cli::verbs()) {
         std::vector<std::string> words = wordsOf(verb->name);
         words.push_back("--help");
@@ -43,7 +43,7 @@ TEST_F(CommandLine, HelpsWithEveryVerb) {
     }
 }
 
-TEST_F(CommandLine, HelpDoesNothingElse) {
+TEST_F(CommandLine, OnlyPrintsWhenHelpIsRequested) {
     EXPECT_EQ(wardlockCommand({"status", "--json", "--help"}).exitCode, 0);
     EXPECT_FALSE(exists(documentPath));
 }
@@ -66,7 +66,7 @@ TEST_F(CommandLine, ListsTheVerbsOfAFamily) {
     EXPECT_EQ(result.output.find("  status"), std::string::npos);
 }
 
-TEST_F(CommandLine, TellsItsVersion) {
+TEST_F(CommandLine, PrintsItsVersion) {
     const ProcessResult result = wardlockCommand({"--version"});
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_TRUE(result.output.starts_with("wardlock 0."));
@@ -107,7 +107,7 @@ TEST_F(CommandLine, RefusesWrongUsageInOneLine) {
     EXPECT_FALSE(exists(documentPath));
 }
 
-TEST_F(CommandLine, NamesTheWholeVerbThatItDoesNotKnow) {
+TEST_F(CommandLine, NamesTheWholeUnknownVerb) {
     EXPECT_EQ(wardlockCommand({"frobnicate"}).errors,
               "wardlock: unknown verb 'frobnicate' (see wardlock --help)\n");
     EXPECT_EQ(wardlockCommand({"plist", "frobnicate"}).errors,
@@ -116,7 +116,7 @@ TEST_F(CommandLine, NamesTheWholeVerbThatItDoesNotKnow) {
               "wardlock: missing verb after 'plist' (see wardlock --help)\n");
 }
 
-TEST_F(CommandLine, SuggestsTheVerbThatWasProbablyMeant) {
+TEST_F(CommandLine, SuggestsTheNearestVerb) {
     EXPECT_EQ(wardlockCommand({"stats"}).errors,
               "wardlock: unknown verb 'stats'; did you mean 'status'? (see wardlock --help)\n");
     EXPECT_EQ(wardlockCommand({"plist", "dmup"}).errors,
@@ -161,7 +161,7 @@ TEST_F(CommandLine, FailsInOneLineWhenTheReaderIsGone) {
     EXPECT_TRUE(oneLine(result.errors)) << result.errors;
 }
 
-TEST_F(CommandLine, SpeaksTheSameInEveryLocale) {
+TEST_F(CommandLine, PrintsTheSameInEveryLocale) {
     ProcessSetup setup;
     setup.environment["LC_ALL"] = "de_DE.UTF-8";
     writeFile("/tmp/real.plist", xml("<real>1.5</real>"));

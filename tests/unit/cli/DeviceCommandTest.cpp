@@ -25,7 +25,7 @@ protected:
     const std::string device = folder() / "new/device";
 };
 
-TEST_F(DeviceCommand, MakesADeviceRootAndPrintsIt) {
+TEST_F(DeviceCommand, CreatesADeviceRootAndPrintsIt) {
     const ProcessResult result = init({device});
     EXPECT_EQ(result.exitCode, 0) << result.errors;
     EXPECT_EQ(result.output, device + "\n");
@@ -54,13 +54,13 @@ TEST_F(DeviceCommand, LeavesADocumentThatExistsUntouched) {
     }
 }
 
-TEST_F(DeviceCommand, AddsTheDemonstrationWhenAskedTo) {
+TEST_F(DeviceCommand, AddsTheDemonstrationOnRequest) {
     EXPECT_EQ(init({device, "--demo"}).exitCode, 0);
     EXPECT_GE(applications(), 40u);
     EXPECT_EQ(init({device, "--demo"}).exitCode, 0) << "once more";
 }
 
-TEST_F(DeviceCommand, TakesARelativeFolder) {
+TEST_F(DeviceCommand, AcceptsARelativeFolder) {
     const std::string relative = fs::relative(device);
     const ProcessResult result = init({relative});
     EXPECT_EQ(result.exitCode, 0) << result.errors;
@@ -68,7 +68,7 @@ TEST_F(DeviceCommand, TakesARelativeFolder) {
               fs::weakly_canonical(device));
 }
 
-TEST_F(DeviceCommand, RefusesTheMachinesRootAndNoName) {
+TEST_F(DeviceCommand, RefusesTheMachinesRootAndAMissingName) {
     for (const char* name : {"/", "", "/..", "/tmp/.."}) {
         const ProcessResult result = init({name});
         EXPECT_EQ(result.exitCode, 2) << name;
@@ -76,7 +76,7 @@ TEST_F(DeviceCommand, RefusesTheMachinesRootAndNoName) {
     }
 }
 
-TEST_F(DeviceCommand, TellsWhatCannotBeMade) {
+TEST_F(DeviceCommand, ReportsAFolderThatCannotBeCreated) {
     writeFile("/file", "");
     const ProcessResult result = init({onDisk("/file")});
     EXPECT_EQ(result.exitCode, 1);

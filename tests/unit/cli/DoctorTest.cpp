@@ -67,7 +67,7 @@ protected:
     }
 };
 
-TEST_F(Doctor, SaysThatAllThatIsNeededWorks) {
+TEST_F(Doctor, ReportsThatEverythingWorks) {
     const ProcessResult result = wardlockCommand({"doctor"});
     EXPECT_EQ(result.exitCode, 0) << result.output;
     EXPECT_EQ(result.errors, "");
@@ -91,7 +91,7 @@ TEST_F(Doctor, ChangesAndCreatesNothing) {
     EXPECT_EQ(everything(), before);
 }
 
-TEST_F(Doctor, CreatesNothingWhereNothingIs) {
+TEST_F(Doctor, CreatesNothingInAnEmptyDeviceRoot) {
     fs::remove_all(root());
     const auto before = everything();
     ProcessSetup setup;
@@ -100,22 +100,22 @@ TEST_F(Doctor, CreatesNothingWhereNothingIs) {
     EXPECT_EQ(everything(), before);
 }
 
-TEST_F(Doctor, TellsWhichDeviceRootAndWhy) {
+TEST_F(Doctor, ReportsTheDeviceRootAndItsSource) {
     EXPECT_EQ(finding("deviceRoot", 0)["text"], root() + " (from WARDLOCK_DEVICE_ROOT)");
 }
 
-TEST_F(Doctor, TellsThatTheDeviceRootIsNotThere) {
+TEST_F(Doctor, ReportsAMissingDeviceRoot) {
     fs::remove_all(root());
     expectBroken("deviceRoot", "does not exist");
 }
 
-TEST_F(Doctor, TellsThatTheDeviceRootIsNoFolder) {
+TEST_F(Doctor, ReportsADeviceRootThatIsNotAFolder) {
     fs::remove_all(root());
     std::ofstream(root()) << "a file";
     expectBroken("deviceRoot", "is not a folder");
 }
 
-TEST_F(Doctor, TellsThatTheFolderOfTheDocumentIsNotThere) {
+TEST_F(Doctor, ReportsAMissingFolderOfTheDocument) {
     fs::remove_all(onDisk("/var/mobile/Library"));
     expectBroken("deviceRoot", "lacks the folder " + onDisk("/var/mobile/Library/Preferences"));
 }
@@ -130,7 +130,7 @@ TEST_F(Doctor, ReportsAFolderOfTheDeviceThatOthersCanChange) {
     EXPECT_EQ(finding("deviceRoot", 0)["advice"], Json::array());
 }
 
-TEST_F(Doctor, QuotesWhatItAdvisesForAShell) {
+TEST_F(Doctor, QuotesItsAdvisedCommandsForAShell) {
     const std::string odd = folder() / "a b;$(touch c)'\x1B[31m";
     fs::rename(root(), odd);
     environment.set("WARDLOCK_DEVICE_ROOT", odd);
@@ -143,7 +143,7 @@ TEST_F(Doctor, QuotesWhatItAdvisesForAShell) {
     EXPECT_EQ(fs::status(own).permissions(), fs::perms(0600));
 }
 
-TEST_F(Doctor, TellsOfTheDocument) {
+TEST_F(Doctor, ReportsTheDocument) {
     const Json found = finding("document", 0);
     EXPECT_EQ(found["path"], onDisk(documentPath));
     EXPECT_EQ(found["size"], fs::file_size(onDisk(documentPath)));
@@ -153,7 +153,7 @@ TEST_F(Doctor, TellsOfTheDocument) {
     EXPECT_EQ(found["advice"], Json::array());
 }
 
-TEST_F(Doctor, TellsWhichAccountIsEnabled) {
+TEST_F(Doctor, ReportsTheEnabledAccount) {
     writeFile(documentPath, xml("<dict><key>kAccounts</key><array><dict/><dict><key>kAccountEnabled</key>"
                                 "<true/><key>kAccountName</key><string>Tom</string></dict></array></dict>"));
     const Json found = finding("document", 0);
@@ -162,7 +162,7 @@ TEST_F(Doctor, TellsWhichAccountIsEnabled) {
     EXPECT_NE(found["text"].get<std::string>().find("2 accounts, enabled: Tom"), std::string::npos) << found;
 }
 
-TEST_F(Doctor, TellsWhatIsWrongWithTheDocument) {
+TEST_F(Doctor, ReportsAnUnusableDocument) {
     writeFile(documentPath, "no list");
     expectBroken("document", "is not a property list");
     writeFile(documentPath, xml("<array/>"));
@@ -211,18 +211,18 @@ TEST_F(Doctor, WarnsOfALargeLog) {
     EXPECT_NE(advice(found).find("only grows"), std::string::npos) << found;
 }
 
-TEST_F(Doctor, TellsWhichBusAnswers) {
+TEST_F(Doctor, ReportsTheBusThatReplies) {
     const Json found = finding("bus", 0);
     EXPECT_EQ(found["kind"], "named");
     EXPECT_EQ(found["address"], bus.address());
 }
 
-TEST_F(Doctor, TellsOfABusThatNobodyServes) {
+TEST_F(Doctor, ReportsABusThatCannotBeReached) {
     bus.kill();
     expectBroken("bus", "cannot be reached");
 }
 
-TEST_F(Doctor, WaitsForABusThatDoesNothingButNotForLong) {
+TEST_F(Doctor, WaitsBrieflyForABusThatDoesNothing) {
     bus.stop();
     expectBroken("bus", "cannot be reached");
     bus.resume();
@@ -233,18 +233,18 @@ protected:
     DoctorWithPrivateBus() { environment.unset("DBUS_SESSION_BUS_ADDRESS"); }
 };
 
-TEST_F(DoctorWithPrivateBus, SaysThatItWillBeStarted) {
+TEST_F(DoctorWithPrivateBus, ReportsThatTheBusWillBeStarted) {
     const Json found = finding("bus", 0);
     EXPECT_EQ(found["kind"], "own");
     EXPECT_NE(found["text"].get<std::string>().find("starts with the first process"), std::string::npos)
         << found;
 }
 
-TEST_F(DoctorWithPrivateBus, TellsThatNoProgramCouldStartIt) {
+TEST_F(DoctorWithPrivateBus, ReportsAMissingProgramOfTheBus) {
     expectBroken("bus", "cannot be started", with("PATH", folder() / "nothing"));
 }
 
-TEST_F(DoctorWithPrivateBus, TellsThatItsFolderIsOpenToOthers) {
+TEST_F(DoctorWithPrivateBus, ReportsThatTheBusFolderIsOpenToOtherUsers) {
     const fs::path own = fs::path(std::getenv("XDG_RUNTIME_DIR")) / "wardlock-bus";
     fs::create_directory(own);
     fs::permissions(own, fs::perms(0755));
@@ -255,7 +255,7 @@ TEST_F(Doctor, LoadsTheBundle) {
     EXPECT_EQ(finding("bundle", 0)["principalClass"], "SettingsListController");
 }
 
-TEST_F(Doctor, TellsWhatIsWrongWithTheBundle) {
+TEST_F(Doctor, ReportsAnUnusableBundle) {
     removeFile(bundlePath);
     fs::create_symlink(folder() / "gone", onDisk(bundlePath));
     expectBroken("bundle", "link to a missing file");
@@ -278,7 +278,7 @@ TEST_F(Doctor, CountsTheApplications) {
     EXPECT_EQ(finding("appList", 0)["advice"], Json::array());
 }
 
-TEST_F(Doctor, TellsWhatIsWrongWithTheAppList) {
+TEST_F(Doctor, ReportsAnUnusableAppList) {
     removeFile(modulePath);
     expectBroken("appList", "does not exist");
     writeFile(modulePath, "no module");
@@ -293,7 +293,7 @@ TEST_F(Doctor, DoesNotNeedADisplay) {
     EXPECT_EQ(finding("window", 0, with("WAYLAND_DISPLAY", "wayland-0"))["display"], true);
 }
 
-TEST_F(Doctor, TellsWhereAMailGoes) {
+TEST_F(Doctor, ReportsTheRouteOfAMail) {
     EXPECT_EQ(finding("mail", 0)["route"], nullptr);
     EXPECT_EQ(finding("mail", 0)["works"], false);
     makeFolder("/var/mobile/Library/Mail/Outbox");
@@ -301,16 +301,16 @@ TEST_F(Doctor, TellsWhereAMailGoes) {
     EXPECT_EQ(finding("mail", 0)["works"], true);
 }
 
-class DoctorsSearch : public DeviceRootFixture {};
+class DoctorSearch : public DeviceRootFixture {};
 
-TEST_F(DoctorsSearch, FindsTheWebEngineByItsModule) {
+TEST_F(DoctorSearch, FindsTheWebEngineByItsModule) {
     makeFolder("/empty/QtWebEngine");
     EXPECT_EQ(cli::webEngineFolder({onDisk("/none"), onDisk("/empty")}), "");
     writeFile("/qml/QtWebEngine/qmldir", "module QtWebEngine\n");
     EXPECT_EQ(cli::webEngineFolder({onDisk("/empty"), onDisk("/qml")}), onDisk("/qml/QtWebEngine"));
 }
 
-TEST_F(DoctorsSearch, LooksForQmlModulesWhereTheEnvironmentSays) {
+TEST_F(DoctorSearch, SearchesForQmlModulesInTheFoldersOfTheEnvironment) {
     environment.set("QML_IMPORT_PATH", "/a:/b");
     environment.set("QML2_IMPORT_PATH", "/c");
     const auto folders = cli::qmlFolders();
@@ -319,7 +319,7 @@ TEST_F(DoctorsSearch, LooksForQmlModulesWhereTheEnvironmentSays) {
               (std::vector<std::string>{"/a", "/b", "/c"}));
 }
 
-TEST_F(DoctorsSearch, KnowsAFontByItsFile) {
+TEST_F(DoctorSearch, RecognizesAFontByItsFile) {
     writeFile("/fonts/Interstate.otf", "");
     writeFile("/fonts/Inter.txt", "");
     EXPECT_EQ(cli::fontFile("Inter", {onDisk("/none"), onDisk("/fonts")}), "");
@@ -328,13 +328,13 @@ TEST_F(DoctorsSearch, KnowsAFontByItsFile) {
               onDisk("/fonts/deep/down/Inter-Bold.otf"));
 }
 
-TEST_F(DoctorsSearch, LooksForFontsOfTheUserToo) {
+TEST_F(DoctorSearch, SearchesForFontsOfTheUser) {
     environment.set("HOME", "/home/someone");
     const auto folders = cli::fontFolders();
     EXPECT_NE(std::ranges::find(folders, "/home/someone/.local/share/fonts"), folders.end());
 }
 
-TEST_F(Doctor, LooksForTheFontThatTheWindowAsksFor) {
+TEST_F(Doctor, SearchesForTheFontOfTheWindow) {
     std::ifstream file(sourceFolder() + "/window/items/Theme.h");
     const std::string look{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
     const std::string family = finding("fonts", 0)["family"];

@@ -100,9 +100,9 @@ std::vector<FailingEntry> entriesOfScripts() {
     return entries;
 }
 
-class FailingPageInAScript : public BusFixture {
+class FailingPageInScript : public BusFixture {
 protected:
-    FailingPageInAScript() {
+    FailingPageInScript() {
         makeFolder("/var/mobile/Library/Mail/Outbox");
         environment.unset("DISPLAY");
         environment.unset("WAYLAND_DISPLAY");
@@ -126,10 +126,10 @@ protected:
     FailingPage failing{root()};
 };
 
-class AFailingPageInAScript : public FailingPageInAScript,
-                              public testing::WithParamInterface<FailingEntry> {};
+class FailingPageEntryInScript : public FailingPageInScript,
+                                 public testing::WithParamInterface<FailingEntry> {};
 
-TEST_P(AFailingPageInAScript, LeavesItsReportAndNoChange) {
+TEST_P(FailingPageEntryInScript, LeavesItsReportAndNoChange) {
     failing.failAt(GetParam().point);
     if (GetParam().entry == Entry::NotificationCame)
         EXPECT_EQ(endAtANotification(), SIGABRT);
@@ -138,10 +138,10 @@ TEST_P(AFailingPageInAScript, LeavesItsReportAndNoChange) {
     failing.expectReportOf(GetParam().point);
 }
 
-INSTANTIATE_TEST_SUITE_P(, AFailingPageInAScript, testing::ValuesIn(entriesOfScripts()),
+INSTANTIATE_TEST_SUITE_P(, FailingPageEntryInScript, testing::ValuesIn(entriesOfScripts()),
                          [](const auto& info) { return info.param.name; });
 
-TEST_F(FailingPageInAScript, LeavesItsReportWhenASignalEndsTyping) {
+TEST_F(FailingPageInScript, LeavesItsReportWhenASignalEndsTyping) {
     failing.failAt("set name");
     Conversation settings(folder() / "commands");
     settings.say(R"({"do":"tap","row":"Failing"})");

@@ -101,9 +101,9 @@ std::vector<FailingEntry> entriesOfTerminals() {
     return entries;
 }
 
-class AFailingPageInATerminal : public BusFixture, public testing::WithParamInterface<FailingEntry> {
+class FailingPageEntryInTerminal : public BusFixture, public testing::WithParamInterface<FailingEntry> {
 protected:
-    AFailingPageInATerminal() {
+    FailingPageEntryInTerminal() {
         makeFolder("/var/mobile/Library/Mail/Outbox");
         environment.set("TERM", "xterm");
         environment.set("NO_COLOR", "1");
@@ -114,7 +114,7 @@ protected:
     FailingPage failing{root()};
 };
 
-TEST_P(AFailingPageInATerminal, LeavesItsReportAndNoChange) {
+TEST_P(FailingPageEntryInTerminal, LeavesItsReportAndNoChange) {
     failing.failAt(GetParam().point);
     TerminalProcess terminal(command, {"settings", "--terminal"});
     Turns turns = *turnsTo(GetParam().entry);
@@ -130,7 +130,7 @@ TEST_P(AFailingPageInATerminal, LeavesItsReportAndNoChange) {
     failing.expectReportOf(GetParam().point);
 }
 
-INSTANTIATE_TEST_SUITE_P(, AFailingPageInATerminal, testing::ValuesIn(entriesOfTerminals()),
+INSTANTIATE_TEST_SUITE_P(, FailingPageEntryInTerminal, testing::ValuesIn(entriesOfTerminals()),
                          [](const auto& info) { return info.param.name; });
 
 } // namespace

@@ -13,11 +13,11 @@ std::string nested(int depth) {
            std::string(static_cast<std::size_t>(depth), ']');
 }
 
-TEST(Json, StandsOnOneLine) {
+TEST(Json, IsWrittenOnOneLine) {
     EXPECT_EQ(jsonLine(Json{{"b", {1, 2}}, {"a", "x"}}), R"({"b":[1,2],"a":"x"})");
 }
 
-TEST(Json, EscapesWhatAStringMayNotHold) {
+TEST(Json, EscapesCharactersThatAStringMayNotContain) {
     EXPECT_EQ(jsonLine(Json(std::string("\"\\\n\t\0\x1f", 6))), R"("\"\\\n\t\u0000\u001f")");
 }
 
@@ -25,7 +25,7 @@ TEST(Json, LeavesOtherCharactersAsTheyAre) {
     EXPECT_EQ(jsonLine(Json("é€😀/")), "\"é€😀/\"");
 }
 
-TEST(Json, ReplacesBytesThatAreNoText) {
+TEST(Json, ReplacesBytesThatAreNotUtf8) {
     EXPECT_EQ(jsonLine(Json("a\xff"
                             "b")),
               "\"a\xEF\xBF\xBD"
@@ -37,14 +37,14 @@ TEST(Json, ReadsWhatItWrites) {
     EXPECT_EQ(parseJson(jsonLine(value)), value);
 }
 
-TEST(Json, TakesExactlyOneValue) {
+TEST(Json, AcceptsExactlyOneValue) {
     EXPECT_TRUE(parseJson(" {} "));
     EXPECT_FALSE(parseJson(""));
     EXPECT_FALSE(parseJson("{} {}"));
     EXPECT_FALSE(parseJson("{\"a\":1"));
 }
 
-TEST(Json, RefusesWhatOnlyLenientReadersTake) {
+TEST(Json, RefusesFormsOfLenientReaders) {
     EXPECT_FALSE(parseJson("[1,]"));
     EXPECT_FALSE(parseJson("// x\n1"));
     EXPECT_FALSE(parseJson("{a:1}"));
@@ -53,7 +53,7 @@ TEST(Json, RefusesWhatOnlyLenientReadersTake) {
     EXPECT_FALSE(parseJson("01"));
 }
 
-TEST(Json, RefusesBytesThatAreNoText) {
+TEST(Json, RefusesBytesThatAreNotUtf8) {
     EXPECT_FALSE(parseJson("\"a\xff\""));
     EXPECT_FALSE(parseJson("\"\\ud800\""));
 }

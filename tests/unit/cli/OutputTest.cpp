@@ -49,7 +49,7 @@ TEST_F(Output, GivesAPipeTheBytesOfAValueAsTheyAre) {
     EXPECT_EQ(wardlockCommand({"get", "kMine"}).output, std::string(wicked) + '\n');
 }
 
-TEST_F(Output, PrintsJsonThatATerminalDoesNotObey) {
+TEST_F(Output, PrintsJsonWithoutTerminalControls) {
     // JSON lets these two stand as they are.
     storeText("kMine", "\u009B31m\x7F");
     EXPECT_EQ(shown({"get", "--json", "kMine"}), R"({"string":"\u009b31m\u007f"})"
@@ -65,7 +65,7 @@ TEST_F(Output, ShowsATerminalFileNamesAsEscapes) {
               onDisk("/tmp/") + wickedEscaped + ": No such file or directory\r\n");
 }
 
-TEST_F(Output, TellsAFailureInOneLineWhateverTheArgumentsHold) {
+TEST_F(Output, ReportsAFailureInOneLineWhateverTheArguments) {
     const ProcessResult result = wardlockCommand({"get", std::string("a\nb\xFF") + wicked});
     EXPECT_EQ(result.errors,
               std::string("wardlock get: no key 'a\\x0ab\\xff") + wickedEscaped + "' in the settings\n");

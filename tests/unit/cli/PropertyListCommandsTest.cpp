@@ -5,7 +5,7 @@
 namespace wardlock::test {
 namespace {
 
-class PropertyListCommands : public DeviceRootFixture {
+class PropertyListCommand : public DeviceRootFixture {
 protected:
     /// A file with these bytes; its path on this machine.
     std::string file(const std::string& bytes, const std::string& name = "/tmp/list.plist") const {
@@ -20,7 +20,7 @@ protected:
     }
 };
 
-TEST_F(PropertyListCommands, DumpEveryKindOnOneLine) {
+TEST_F(PropertyListCommand, DumpsEveryKindOnOneLine) {
     const std::string path =
         file(xml("<dict><key>b</key><true/><key>i</key><integer>-12</integer><key>r</key><real>1.5</real>"
                  "<key>s</key><string>a&amp;\n\"b\"</string><key>d</key><data>Zm9v</data>"
@@ -33,14 +33,14 @@ TEST_F(PropertyListCommands, DumpEveryKindOnOneLine) {
                              "\n");
 }
 
-TEST_F(PropertyListCommands, DumpRealsThatAreNoNumbers) {
+TEST_F(PropertyListCommand, DumpsRealsThatAreNotNumbers) {
     const ProcessResult result =
         dump(file(xml("<array><real>nan</real><real>inf</real><real>-inf</real></array>")));
     EXPECT_EQ(result.output, R"({"array":[{"real":"nan"},{"real":"inf"},{"real":"-inf"}]})"
                              "\n");
 }
 
-TEST_F(PropertyListCommands, DumpTheBinaryForm) {
+TEST_F(PropertyListCommand, DumpsTheBinaryForm) {
     // One root object, the boolean true: header, object, offset table, trailer.
     const std::string bytes = std::string("bplist00\x09\x08", 10) + std::string(6, '\0') + "\x01\x01" +
                               std::string(7, '\0') + '\x01' + std::string(8, '\0') + std::string(7, '\0') +
@@ -48,7 +48,7 @@ TEST_F(PropertyListCommands, DumpTheBinaryForm) {
     EXPECT_EQ(dump(file(bytes)).output, "{\"bool\":true}\n");
 }
 
-TEST_F(PropertyListCommands, DumpFailsWithThreeForAFileThatIsNoPropertyList) {
+TEST_F(PropertyListCommand, FailsWithThreeWhenDumpedFilesAreNotPropertyLists) {
     for (const char* bytes : {"", "hello", "<plist><dict><key>a</key></dict></plist>", "bplist00"}) {
         const ProcessResult result = dump(file(bytes));
         EXPECT_EQ(result.exitCode, 3) << bytes;
@@ -57,7 +57,7 @@ TEST_F(PropertyListCommands, DumpFailsWithThreeForAFileThatIsNoPropertyList) {
     }
 }
 
-TEST_F(PropertyListCommands, DumpFailsWithOneForAFileThatCannotBeRead) {
+TEST_F(PropertyListCommand, FailsWithOneWhenADumpedFileCannotBeRead) {
     for (const std::string& path : {onDisk("/tmp/absent.plist"), onDisk("/tmp")}) {
         const ProcessResult result = dump(path);
         EXPECT_EQ(result.exitCode, 1) << path;
@@ -65,7 +65,7 @@ TEST_F(PropertyListCommands, DumpFailsWithOneForAFileThatCannotBeRead) {
     }
 }
 
-TEST_F(PropertyListCommands, ConvertWritesTheXmlForm) {
+TEST_F(PropertyListCommand, ConvertsToTheXmlForm) {
     const std::string path = file("<dict><key>a</key><integer>0x10</integer></dict>");
     const std::string out = onDisk("/tmp/out.plist");
     const ProcessResult result = wardlockCommand({"plist", "convert", path, "-o", out});
@@ -77,26 +77,26 @@ TEST_F(PropertyListCommands, ConvertWritesTheXmlForm) {
                     .ends_with("<dict>\n\t<key>a</key>\n\t<integer>16</integer>\n</dict>\n</plist>\n"));
 }
 
-TEST_F(PropertyListCommands, ConvertTakesAnOutermostValueOfAnyKind) {
+TEST_F(PropertyListCommand, ConvertsAnOutermostValueOfAnyKind) {
     const std::string path = file("<array><string>x</string></array>");
     EXPECT_EQ(wardlockCommand({"plist", "convert", path, "-o", path}).exitCode, 0);
     EXPECT_EQ(dump(path).output, "{\"array\":[{\"string\":\"x\"}]}\n");
 }
 
-TEST_F(PropertyListCommands, ConvertLeavesTheOutFileAloneWhenThereIsNothingToConvert) {
+TEST_F(PropertyListCommand, LeavesTheOutputFileAloneWhenThereIsNothingToConvert) {
     const std::string out = file("old", "/tmp/out.plist");
     EXPECT_EQ(wardlockCommand({"plist", "convert", file("nonsense"), "-o", out}).exitCode, 3);
     EXPECT_EQ(wardlockCommand({"plist", "convert", onDisk("/absent"), "-o", out}).exitCode, 1);
     EXPECT_EQ(readFile("/tmp/out.plist"), "old");
 }
 
-TEST_F(PropertyListCommands, ConvertFailsWhenTheOutFileCannotBeWritten) {
+TEST_F(PropertyListCommand, FailsWhenTheConvertedFileCannotBeWritten) {
     EXPECT_EQ(wardlockCommand({"plist", "convert", file(xml("<true/>")), "-o", onDisk("/no/such/folder/x")})
                   .exitCode,
               1);
 }
 
-TEST_F(PropertyListCommands, LintJudgesEveryFile) {
+TEST_F(PropertyListCommand, LintsEveryFile) {
     const std::string good = file(xml("<true/>"), "/tmp/good");
     const std::string bad = file("nonsense", "/tmp/bad");
     const std::string absent = onDisk("/tmp/absent");
@@ -108,7 +108,7 @@ TEST_F(PropertyListCommands, LintJudgesEveryFile) {
     EXPECT_EQ(wardlockCommand({"plist", "lint", good, good}).exitCode, 0);
 }
 
-TEST_F(PropertyListCommands, LintJudgesInJson) {
+TEST_F(PropertyListCommand, LintsWithJsonOutput) {
     const std::string good = file(xml("<true/>"), "/tmp/good");
     const std::string bad = file("nonsense", "/tmp/bad");
     EXPECT_EQ(wardlockCommand({"plist", "lint", "--json", good, bad}).output,
@@ -116,7 +116,7 @@ TEST_F(PropertyListCommands, LintJudgesInJson) {
                   "\",\"ok\":false,\"reason\":\"not a property list\"}\n");
 }
 
-TEST_F(PropertyListCommands, SetStoresEachType) {
+TEST_F(PropertyListCommand, SetsAValueOfEachType) {
     const std::string path = onDisk("/tmp/new.plist");
     EXPECT_EQ(set({path, "b", "bool", "true"}), 0);
     EXPECT_EQ(set({path, "i", "int", "-12"}), 0);
@@ -132,7 +132,7 @@ TEST_F(PropertyListCommands, SetStoresEachType) {
         "\n");
 }
 
-TEST_F(PropertyListCommands, SetKeepsWhatElseTheFileHolds) {
+TEST_F(PropertyListCommand, KeepsTheOtherEntriesWhenItSetsOne) {
     const std::string path =
         file(xml("<dict><key>x</key><data>Zm9v</data><key>k</key><false/><key>y</key><date>"
                  "1999-12-31T23:59:59Z</date></dict>"));
@@ -142,7 +142,7 @@ TEST_F(PropertyListCommands, SetKeepsWhatElseTheFileHolds) {
               "\n");
 }
 
-TEST_F(PropertyListCommands, SetTakesEverySyncMode) {
+TEST_F(PropertyListCommand, SetsWithEverySyncMode) {
     const std::string path = onDisk("/tmp/new.plist");
     for (const char* mode : {"none", "data", "full"})
         EXPECT_EQ(set({path, "--sync", mode, mode, "bool", "true"}), 0) << mode;
@@ -152,7 +152,7 @@ TEST_F(PropertyListCommands, SetTakesEverySyncMode) {
               "\n");
 }
 
-TEST_F(PropertyListCommands, SetRefusesValuesThatAreNone) {
+TEST_F(PropertyListCommand, RefusesToSetMalformedValues) {
     const std::vector<std::pair<std::string, std::string>> wrong = {
         {"bool", "yes"},
         {"bool", ""},
@@ -176,20 +176,20 @@ TEST_F(PropertyListCommands, SetRefusesValuesThatAreNone) {
     EXPECT_EQ(readFile("/tmp/list.plist"), before);
 }
 
-TEST_F(PropertyListCommands, SetChangesNothingInAFileThatIsNoPropertyList) {
+TEST_F(PropertyListCommand, SetsNothingInAFileThatIsNotAPropertyList) {
     const std::string path = file("nonsense");
     EXPECT_EQ(set({path, "k", "bool", "true"}), 3);
     EXPECT_EQ(readFile("/tmp/list.plist"), "nonsense");
     EXPECT_FALSE(exists("/tmp/list.plist.damaged"));
 }
 
-TEST_F(PropertyListCommands, SetChangesNothingWhereTheOutermostValueIsNoDictionary) {
+TEST_F(PropertyListCommand, SetsNothingWhenTheOutermostValueIsNotADictionary) {
     const std::string path = file(xml("<array/>"));
     EXPECT_EQ(set({path, "k", "bool", "true"}), 1);
     EXPECT_EQ(readFile("/tmp/list.plist"), xml("<array/>"));
 }
 
-TEST_F(PropertyListCommands, SetChangesNothingInAFileThatIsTooLargeToChange) {
+TEST_F(PropertyListCommand, SetsNothingInAFileThatIsTooLarge) {
     const std::string bytes =
         xml("<dict><key>k</key><string>" + std::string(17u << 20, 'x') + "</string></dict>");
     const std::string path = file(bytes);
@@ -200,7 +200,7 @@ TEST_F(PropertyListCommands, SetChangesNothingInAFileThatIsTooLargeToChange) {
     EXPECT_FALSE(exists("/tmp/list.plist.damaged"));
 }
 
-TEST_F(PropertyListCommands, SetChangesNothingInAFileThatTheChangeWouldMakeTooLarge) {
+TEST_F(PropertyListCommand, SetsNothingThatWouldMakeTheFileTooLarge) {
     // Four characters of the value take five times as many bytes in XML.
     const std::string bytes =
         xml("<dict><key>others</key><string>" + std::string(16'770'000, 'x') + "</string></dict>");
@@ -214,7 +214,7 @@ TEST_F(PropertyListCommands, SetChangesNothingInAFileThatTheChangeWouldMakeTooLa
     EXPECT_EQ(set({path, "k", "string", "&"}), 0);
 }
 
-TEST_F(PropertyListCommands, ConvertWritesNothingThatIsTooLargeToBeReadAgain) {
+TEST_F(PropertyListCommand, ConvertsNothingThatIsTooLargeToBeReadAgain) {
     writeFile("/tmp/out.plist", "kept");
     const std::string path = file(xml("<string>" + std::string(17u << 20, 'x') + "</string>"));
     const ProcessResult result = wardlockCommand({"plist", "convert", "-o", onDisk("/tmp/out.plist"), path});
@@ -225,14 +225,14 @@ TEST_F(PropertyListCommands, ConvertWritesNothingThatIsTooLargeToBeReadAgain) {
     EXPECT_EQ(readFile("/tmp/out.plist"), "kept");
 }
 
-TEST_F(PropertyListCommands, LintFindsAFileThatIsLargerThanADocumentMayBe) {
+TEST_F(PropertyListCommand, LintsAFileThatIsLargerThanADocumentMayBe) {
     const std::string path = file(xml("<string>" + std::string(16u << 20, 'x') + "</string>"));
     const ProcessResult result = wardlockCommand({"plist", "lint", path});
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_EQ(result.output, path + ": larger than 16 MiB\n");
 }
 
-TEST_F(PropertyListCommands, SetFailsWhenItCannotStore) {
+TEST_F(PropertyListCommand, FailsWhenItCannotStoreASetValue) {
     EXPECT_EQ(set({onDisk("/no/such/folder/x"), "k", "bool", "true"}), 1);
     EXPECT_EQ(set({onDisk("/tmp"), "k", "bool", "true"}), 1);
 }

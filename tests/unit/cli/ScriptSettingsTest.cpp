@@ -62,7 +62,7 @@ protected:
 
 const std::string openFixture = "{\"do\":\"tap\",\"row\":\"Fixture\"}\n";
 
-TEST_F(ScriptSettings, SeesARowOfEveryKind) {
+TEST_F(ScriptSettings, ShowsARowOfEveryKind) {
     installFixtureBundle();
     const Json seen = lastAnswerTo(openFixture + R"({"do":"see"})");
     EXPECT_EQ(rowOfKey(seen, "on"), Json::parse(R"({"kind":"switch","label":"On","key":"on","on":false})"));
@@ -98,7 +98,7 @@ TEST_F(ScriptSettings, ChangesARowOfEveryKind) {
     EXPECT_EQ(rowOfKey(seen, "flavour")["text"], "Choc");
 }
 
-TEST_F(ScriptSettings, TellsTheMarkedChoice) {
+TEST_F(ScriptSettings, ReportsTheMarkedChoice) {
     installFixtureBundle();
     const Json seen = lastAnswerTo(openFixture + R"({"do":"tap","row":"Flavour"}
 {"do":"tap","row":"Vanilla"}
@@ -107,7 +107,7 @@ TEST_F(ScriptSettings, TellsTheMarkedChoice) {
     EXPECT_FALSE(seen["page"]["sections"][0]["rows"][1].contains("marked"));
 }
 
-TEST_F(ScriptSettings, SeesPartOfALongTable) {
+TEST_F(ScriptSettings, ShowsPartOfALongTable) {
     installFixtureBundle();
     const Json seen = lastAnswerTo(openFixture + R"({"do":"tap","row":"Table"}
 {"do":"tap","key":"row.9000"}
@@ -119,7 +119,7 @@ TEST_F(ScriptSettings, SeesPartOfALongTable) {
     EXPECT_EQ(section["rows"][1]["on"], true);
 }
 
-TEST_F(ScriptSettings, SetsNoSwitchWhileThePageMovesNotEvenToWhatItIs) {
+TEST_F(ScriptSettings, SetsNoSwitchWhileThePageMovesEvenToItsOwnState) {
     installFixtureBundle();
     const std::string moving = R"({"do":"transitions","seconds":0.35}
 )";
@@ -133,7 +133,7 @@ TEST_F(ScriptSettings, SetsNoSwitchWhileThePageMovesNotEvenToWhatItIs) {
         EXPECT_EQ(error(lastAnswerTo(moving + openFixture + set)), "the page is still moving");
 }
 
-TEST_F(ScriptSettings, TellsWhereRowsOfOneNameStand) {
+TEST_F(ScriptSettings, NamesThePositionsOfRowsWithTheSameName) {
     installFixtureBundle();
     EXPECT_EQ(error(lastAnswerTo(openFixture + R"({"do":"tap","row":"Grow"}
 {"do":"tap","row":"Grow"}
@@ -141,7 +141,7 @@ TEST_F(ScriptSettings, TellsWhereRowsOfOneNameStand) {
               "the page has 2 rows 'Grown': section 4 row 0, section 4 row 1");
 }
 
-TEST_F(ScriptSettings, RefusesWhatIsNoCommand) {
+TEST_F(ScriptSettings, RefusesLinesThatAreNotCommands) {
     EXPECT_EQ(error(lastAnswerTo("[1]")), "a command must be an object");
     EXPECT_EQ(error(lastAnswerTo("{}")), "missing member 'do'");
     EXPECT_EQ(error(lastAnswerTo(R"({"do":7})")), "'do' must be a string");
@@ -154,7 +154,7 @@ TEST_F(ScriptSettings, RefusesWhatIsNoCommand) {
     EXPECT_EQ(error(lastAnswerTo(std::string(200'000, '['))), "the line is not JSON");
 }
 
-TEST_F(ScriptSettings, RefusesALineThatIsTooLongAndGoesOn) {
+TEST_F(ScriptSettings, RefusesATooLongLineAndContinues) {
     const auto answers = answersTo(std::string(3'000'000, 'x') + "\n{\"do\":\"back\"}\n");
     ASSERT_EQ(answers.size(), 2U);
     EXPECT_EQ(error(answers[0]), "the line is longer than 1048576 bytes");
@@ -165,7 +165,7 @@ TEST_F(ScriptSettings, SkipsBlankLinesAndRemarks) {
     EXPECT_TRUE(answersTo("\n  \n# a remark\n\t# another\r\n").empty());
 }
 
-TEST_F(ScriptSettings, StoresAtTheEndOfTheInputWhatIsBeingTyped) {
+TEST_F(ScriptSettings, StoresTypedTextAtTheEndOfTheInput) {
     EXPECT_EQ(answersTo(R"({"do":"tap","row":"Wardlock"}
 {"do":"tap","row":"Default"}
 {"do":"type","row":"Account Name","text":"Tom"})")
@@ -190,7 +190,7 @@ TEST_F(ScriptSettings, FailsWithoutItsFile) {
     EXPECT_EQ(result.errors, "wardlock settings: cannot open /nowhere/at/all: No such file or directory\n");
 }
 
-TEST_F(ScriptSettings, EndsWhenAPageFailsAfterItsAnswers) {
+TEST_F(ScriptSettings, EndsAfterItsRepliesWhenAPageFails) {
     installFixtureBundle();
     const ProcessResult result = runScript(openFixture + R"({"do":"tap","row":"Fail"}
 {"do":"see"})");
@@ -236,9 +236,9 @@ TEST_F(ScriptSettings, ShowsAnotherProcesssChange) {
 }
 
 /// The web page as the command shows it, with a server of the test's own in place of the web.
-class ScriptOnTheWeb : public ScriptSettings {
+class ScriptWebPage : public ScriptSettings {
 protected:
-    ScriptOnTheWeb() {
+    ScriptWebPage() {
         environment.set("http_proxy", server.url(""));
         environment.unset("no_proxy");
         environment.unset("NO_PROXY");
@@ -263,7 +263,7 @@ protected:
     HttpServer server;
 };
 
-TEST_F(ScriptOnTheWeb, SeesWhereTheLinksLead) {
+TEST_F(ScriptWebPage, ShowsTheTargetsOfLinks) {
     const Json web = webAfter("");
     EXPECT_EQ(web["url"], listing);
     EXPECT_EQ(web["text"], "One [1] no Two [2]\n");
@@ -271,14 +271,14 @@ TEST_F(ScriptOnTheWeb, SeesWhereTheLinksLead) {
                                         R"({"number":2,"text":"Two","url":")" + host + R"(/two"}])"));
 }
 
-TEST_F(ScriptOnTheWeb, FollowsALinkByNumberOrAddress) {
+TEST_F(ScriptWebPage, FollowsALinkByNumberOrAddress) {
     EXPECT_EQ(webAfter("{\"do\":\"follow\",\"link\":2}\n" + wait)["text"], "Second\n");
     const Json web = webAfter(R"({"do":"follow","url":")" + host + "/one\"}\n" + wait);
     EXPECT_EQ(web["text"], "First\n");
     EXPECT_FALSE(web.contains("links"));
 }
 
-TEST_F(ScriptOnTheWeb, FollowsNothingThatIsNotOnThePage) {
+TEST_F(ScriptWebPage, FollowsOnlyLinksOfThePage) {
     const auto answers = answersTo(open +
                                    R"({"do":"follow","link":0}
 {"do":"follow","link":3}

@@ -16,9 +16,9 @@ const std::string threeAccounts =
         "<dict><key>kAccountEnabled</key><true/><key>kAccountName</key><string>Cleo</string></dict>"
         "</array></dict>");
 
-class SettingsCommands : public BusFixture {};
+class SettingsCommand : public BusFixture {};
 
-TEST_F(SettingsCommands, StatusTellsTheEnabledAccountAndWhatItRestricts) {
+TEST_F(SettingsCommand, PrintsTheEnabledAccountAndItsRestrictionsForStatus) {
     writeFile(documentPath, threeAccounts);
     const ProcessResult result = wardlockCommand({"status", "--json"});
     EXPECT_EQ(result.exitCode, 0) << result.errors;
@@ -31,19 +31,19 @@ TEST_F(SettingsCommands, StatusTellsTheEnabledAccountAndWhatItRestricts) {
                                                   "Restricted apps:\n  org.example.game\n");
 }
 
-TEST_F(SettingsCommands, StatusCreatesAMissingDocument) {
+TEST_F(SettingsCommand, CreatesAMissingDocumentForStatus) {
     EXPECT_EQ(wardlockCommand({"status", "--json"}).output,
               "{\"enabled\":true,\"tweakEnabled\":false,\"account\":null}\n");
     EXPECT_TRUE(exists(documentPath));
 }
 
-TEST_F(SettingsCommands, GetCreatesTheDocumentOfANewDeviceRoot) {
+TEST_F(SettingsCommand, CreatesTheDocumentOfANewDeviceRootForGet) {
     std::filesystem::remove_all(root());
     EXPECT_EQ(wardlockCommand({"get", "kEnabled"}).output, "true\n");
     EXPECT_TRUE(exists(documentPath));
 }
 
-TEST_F(SettingsCommands, StatusTellsWhenTheMasterSwitchIsOff) {
+TEST_F(SettingsCommand, PrintsForStatusThatTheMasterSwitchIsOff) {
     writeFile(documentPath,
               xml("<dict><key>kEnabled</key><false/><key>kPasscode</key><string/><key>kAccounts</key>"
                   "<array><dict><key>kAccountEnabled</key><true/></dict></array></dict>"));
@@ -56,7 +56,7 @@ TEST_F(SettingsCommands, StatusTellsWhenTheMasterSwitchIsOff) {
                                                   "Restrictions: nothing\nRestricted apps: nothing\n");
 }
 
-TEST_F(SettingsCommands, StatusKeepsEachNameOnItsLineAndControlCharactersFromTheTerminal) {
+TEST_F(SettingsCommand, PrintsEachNameOfStatusOnOneLineWithoutControlCharacters) {
     writeFile(
         documentPath,
         xml("<dict><key>kEnabled</key><true/><key>kPasscode</key><string/><key>kAccounts</key><array><dict>"
@@ -67,20 +67,20 @@ TEST_F(SettingsCommands, StatusKeepsEachNameOnItsLineAndControlCharactersFromThe
                                                   "Restrictions: nothing\nRestricted apps:\n  c d\n");
 }
 
-TEST_F(SettingsCommands, GetPrintsTopLevelKeys) {
+TEST_F(SettingsCommand, PrintsTopLevelKeysForGet) {
     writeFile(documentPath, threeAccounts);
     EXPECT_EQ(wardlockCommand({"get", "kEnabled"}).output, "true\n");
     EXPECT_EQ(wardlockCommand({"get", "kPasscode"}).output, "1234\n");
     EXPECT_EQ(wardlockCommand({"get", "kPasscode", "--json"}).output, "{\"string\":\"1234\"}\n");
 }
 
-TEST_F(SettingsCommands, AccountPrintsKeysOfTheEnabledAccount) {
+TEST_F(SettingsCommand, PrintsKeysOfTheEnabledAccountForAccount) {
     writeFile(documentPath, threeAccounts);
     EXPECT_EQ(wardlockCommand({"account", "kAccountName"}).output, "Ben\n");
     EXPECT_EQ(wardlockCommand({"account", "kRestrictCC", "--json"}).output, "{\"bool\":false}\n");
 }
 
-TEST_F(SettingsCommands, LookUpsFailForKeysThatAreNotThere) {
+TEST_F(SettingsCommand, FailsForMissingKeys) {
     writeFile(documentPath, threeAccounts);
     for (const char* verb : {"get", "account", "announce"}) {
         const ProcessResult result = wardlockCommand({verb, "kNothing"});
@@ -90,11 +90,11 @@ TEST_F(SettingsCommands, LookUpsFailForKeysThatAreNotThere) {
     }
 }
 
-TEST_F(SettingsCommands, AccountFailsWhenNoneIsEnabled) {
+TEST_F(SettingsCommand, FailsForAccountWhenNoneIsEnabled) {
     EXPECT_EQ(wardlockCommand({"account", "kAccountName"}).exitCode, 1);
 }
 
-TEST_F(SettingsCommands, WatchPrintsAChangeThatAnotherProcessAnnounces) {
+TEST_F(SettingsCommand, PrintsForWatchAChangeThatAnotherProcessAnnounces) {
     writeFile(documentPath, threeAccounts);
     Process watch(command, {"watch", "--json"});
     ASSERT_TRUE(watch.waitForError("Watching"));
@@ -108,7 +108,7 @@ TEST_F(SettingsCommands, WatchPrintsAChangeThatAnotherProcessAnnounces) {
               R"({"key":"kRestrictSiri","value":{"bool":true},"tweakEnabled":false,"accountEnabled":true})");
 }
 
-TEST_F(SettingsCommands, WatchPrintsChangesAsText) {
+TEST_F(SettingsCommand, PrintsChangesAsTextForWatch) {
     writeFile(documentPath, threeAccounts);
     Process watch(command, {"watch"});
     ASSERT_TRUE(watch.waitForError("Watching"));
@@ -116,7 +116,7 @@ TEST_F(SettingsCommands, WatchPrintsChangesAsText) {
     EXPECT_EQ(watch.readLine(), R"(kPasscode = {"string":"1234"}; in force, an account is enabled)");
 }
 
-TEST_F(SettingsCommands, WatchEndsCleanlyOnEitherSignal) {
+TEST_F(SettingsCommand, EndsWatchCleanlyOnEitherSignal) {
     for (const int signal : {SIGINT, SIGTERM}) {
         Process watch(command, {"watch"});
         ASSERT_TRUE(watch.waitForError("Watching"));
@@ -128,14 +128,14 @@ TEST_F(SettingsCommands, WatchEndsCleanlyOnEitherSignal) {
     }
 }
 
-TEST_F(SettingsCommands, WatchEndsWhenItsReaderIsGone) {
+TEST_F(SettingsCommand, EndsWatchWhenItsReaderIsGone) {
     Process watch(command, {"watch"});
     ASSERT_TRUE(watch.waitForError("Watching"));
     watch.closeOutput();
     EXPECT_EQ(watch.wait().exitCode, 1);
 }
 
-TEST_F(SettingsCommands, AnnounceSucceedsWithoutABus) {
+TEST_F(SettingsCommand, SucceedsForAnnounceWithoutABus) {
     ProcessSetup setup;
     setup.environment["DBUS_SESSION_BUS_ADDRESS"] = "unix:path=" + (folder() / "nothing-here");
     EXPECT_EQ(wardlockCommand({"announce", "kEnabled"}, setup).exitCode, 0);

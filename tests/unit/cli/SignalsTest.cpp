@@ -14,7 +14,7 @@ bool isBlocked(int signal) {
     return sigprocmask(SIG_SETMASK, nullptr, &mask) == 0 && sigismember(&mask, signal) == 1;
 }
 
-TEST(Signals, MakeADescriptorReadableUntilTheyAreTaken) {
+TEST(Signals, MakeADescriptorReadableUntilTheyAreRead) {
     const Signals signals{SIGUSR1};
     pollfd watched{signals.descriptor(), POLLIN, 0};
     EXPECT_EQ(poll(&watched, 1, 0), 0);

@@ -19,7 +19,7 @@ TEST(Suggestion, CorrectsUpToTwoTypingErrors) {
     EXPECT_EQ(didYouMean("acounnt", known), "; did you mean 'account'?");
 }
 
-TEST(Suggestion, IsAbsentForAnythingFurtherAway) {
+TEST(Suggestion, IsAbsentForMoreThanTwoErrors) {
     EXPECT_EQ(didYouMean("stt", known), "; did you mean 'set'?") << "one error";
     EXPECT_EQ(didYouMean("sta", known), "");
     EXPECT_EQ(didYouMean("frobnicate", known), "");
@@ -28,7 +28,7 @@ TEST(Suggestion, IsAbsentForAnythingFurtherAway) {
     EXPECT_EQ(didYouMean("status", {}), "");
 }
 
-TEST(Suggestion, PrefersTheNearestWordAndThenTheFirst) {
+TEST(Suggestion, PrefersTheNearestAndThenTheFirstOfItsWords) {
     EXPECT_EQ(didYouMean("statu", known), "; did you mean 'status'?");
     EXPECT_EQ(didYouMean("bet", known), "; did you mean 'get'?");
     EXPECT_EQ(didYouMean("sett", known), "; did you mean 'set'?");

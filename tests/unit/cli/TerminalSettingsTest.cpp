@@ -74,7 +74,7 @@ TEST_F(TerminalSettings, AsksForTextAndGoesBack) {
     EXPECT_TRUE(documentHolds("<string>  Jürgen 中文 </string>"));
 }
 
-TEST_F(TerminalSettings, EnterKeepsTheTextAndQuotesEmptyIt) {
+TEST_F(TerminalSettings, KeepsTheTextOnEnterAndEmptiesItOnQuotes) {
     TerminalProcess terminal(command, words());
     terminal.waitFor(question);
     terminal.type("3\n");
@@ -126,7 +126,7 @@ TEST_F(TerminalSettings, DoesNotShowThePasscode) {
     EXPECT_TRUE(documentHolds("<string>4711</string>"));
 }
 
-TEST_F(TerminalSettings, LeavesNoTerminalBehindInWhichNothingTypedIsShown) {
+TEST_F(TerminalSettings, SurvivesTheAbortKeyAtThePasscodeAndRestoresTheEcho) {
     TerminalProcess terminal(command, words());
     terminal.waitFor(question);
     terminal.type("2\n");
@@ -149,7 +149,7 @@ TEST_F(TerminalSettings, EndsWhenItsTerminalIsGone) {
     EXPECT_EQ(terminal.wait(), 1);
 }
 
-TEST_F(TerminalSettings, TellsAWrongPasscodeAndClosesAfterTheFourth) {
+TEST_F(TerminalSettings, ReportsAWrongPasscodeAndClosesAfterTheFourth) {
     writeFile(documentPath, xml("<dict><key>kPasscode</key><string>4711</string></dict>"));
     TerminalProcess terminal(command, words());
     terminal.waitFor(question);
@@ -176,7 +176,7 @@ TEST_F(TerminalSettings, ClosesTheKeypadWhenItIsLeftForAnotherApplication) {
     EXPECT_EQ(readFile(documentPath), before);
 }
 
-TEST_F(TerminalSettings, ClosesTheKeypadWhenItIsSuspendedAndTakesNoneOfItsDigits) {
+TEST_F(TerminalSettings, ClosesTheKeypadWhenSuspendedAndIgnoresTypedDigits) {
     TerminalProcess terminal(command, words());
     terminal.waitFor(question);
     const std::string before = readFile(documentPath);
@@ -191,7 +191,7 @@ TEST_F(TerminalSettings, ClosesTheKeypadWhenItIsSuspendedAndTakesNoneOfItsDigits
     EXPECT_EQ(readFile(documentPath), before);
 }
 
-TEST_F(TerminalSettings, StopsWhenItIsSuspendedAndShowsWhatIsTypedMeanwhile) {
+TEST_F(TerminalSettings, StopsWhenSuspendedAndShowsTheTextTypedDuringTheStop) {
     // Only a process that somebody could continue is stopped: one of a shell's jobs.
     TerminalProcess terminal("/bin/sh", {"-mc", "\"$0\" settings; echo left; read answer; fg", command});
     terminal.waitFor(question);
@@ -210,7 +210,7 @@ TEST_F(TerminalSettings, StopsWhenItIsSuspendedAndShowsWhatIsTypedMeanwhile) {
     EXPECT_EQ(terminal.wait(), 0);
 }
 
-TEST_F(TerminalSettings, GivesTheEchoBackWhenItIsInterrupted) {
+TEST_F(TerminalSettings, RestoresTheEchoWhenInterrupted) {
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
         TerminalProcess terminal(command, words());
         terminal.waitFor(question);
@@ -230,7 +230,7 @@ TEST_F(TerminalSettings, EndsWithItsInput) {
     EXPECT_EQ(terminal.wait(), 0);
 }
 
-TEST_F(TerminalSettings, TellsWhichNumbersAnAlertTakes) {
+TEST_F(TerminalSettings, NamesTheNumbersThatAnAlertAccepts) {
     TerminalProcess terminal(command, words());
     terminal.waitFor(question);
     terminal.type("+\n");
@@ -257,7 +257,7 @@ TEST_F(TerminalSettings, CreatesAnAccountThroughTheAlert) {
     EXPECT_NE(terminal.waitFor(question).find("  4  Ann"), std::string::npos);
 }
 
-TEST_F(TerminalSettings, ShowsHarmlesslyWhatANameHolds) {
+TEST_F(TerminalSettings, ShowsANameWithoutControlCharacters) {
     writeFile(documentPath, xml("<dict><key>kAccounts</key><array><dict><key>kAccountName</key>"
                                 "<string>a&#x1B;]0;title&#x7;b</string></dict></array></dict>"));
     TerminalProcess terminal(command, words());
@@ -348,7 +348,7 @@ TEST_F(TerminalSettings, AsksForSlidersAndSecureText) {
     EXPECT_NE(page.find("••••••"), std::string::npos);
 }
 
-TEST_F(TerminalSettings, GivesTheTerminalBackWhenAPageFails) {
+TEST_F(TerminalSettings, RestoresTheTerminalWhenAPageFails) {
     installFixtureBundle();
     TerminalProcess terminal(command, words());
     terminal.waitFor(question);
@@ -359,7 +359,7 @@ TEST_F(TerminalSettings, GivesTheTerminalBackWhenAPageFails) {
     EXPECT_TRUE(terminal.echoes());
 }
 
-TEST_F(TerminalSettings, WithoutATerminalShowsThePageAndHowToGoOn) {
+TEST_F(TerminalSettings, ShowsThePageAndFurtherCommandsWithoutATerminal) {
     const ProcessResult result = wardlockCommand({"settings"});
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.errors, "");

@@ -29,7 +29,7 @@ TEST(TextWidth, CountsColumnsInWhateverLocaleTheProcessIs) {
     std::setlocale(LC_ALL, before.c_str());
 }
 
-TEST(TextWidth, MakesTextHarmlessForATerminal) {
+TEST(TextWidth, EscapesTextForATerminal) {
     EXPECT_EQ(printable("a\x1B[31mb"), R"(a\x1b[31mb)");
     EXPECT_EQ(printable("a\nb\tc"), "a b c");
     EXPECT_EQ(printable("a\r\nb\rc\vd\fe"), "a b c d e");
@@ -61,7 +61,7 @@ TEST(TextWidth, WrapsAtBlanks) {
     EXPECT_EQ(wrapped("", 10), Lines{""});
 }
 
-TEST(TextWidth, TakesLinesThatEndInReturnAndLineFeed) {
+TEST(TextWidth, AcceptsLinesThatEndInReturnAndLineFeed) {
     EXPECT_EQ(wrapped("a\r\n\r\nb\rc\r\n", 10), (Lines{"a", "", "b c", ""}));
 }
 

@@ -20,18 +20,18 @@ std::string line(const Value& value) {
     return jsonLine(typedJson(value));
 }
 
-TEST(TypedJson, TellsBooleans) {
+TEST(TypedJson, WritesBooleans) {
     EXPECT_EQ(line(Value(true)), R"({"bool":true})");
     EXPECT_EQ(line(Value(false)), R"({"bool":false})");
 }
 
-TEST(TypedJson, TellsIntegersOfBothSignsInFull) {
+TEST(TypedJson, WritesIntegersOfBothSignsInFull) {
     EXPECT_EQ(line(Value(-12)), R"({"int":"-12"})");
     EXPECT_EQ(line(Value(std::numeric_limits<std::int64_t>::min())), R"({"int":"-9223372036854775808"})");
     EXPECT_EQ(line(Value(std::numeric_limits<std::uint64_t>::max())), R"({"int":"18446744073709551615"})");
 }
 
-TEST(TypedJson, TellsRealsSoThatTheyReadBackAsTheSameDouble) {
+TEST(TypedJson, WritesRealsThatReadBackAsTheSameDouble) {
     EXPECT_EQ(line(Value(1.5)), R"({"real":"1.5"})");
     for (const double number : {0.1, -0.0, 1.0 / 3, 5e-324, 1.7976931348623157e308, 123456789012345678.0}) {
         const std::string text = typedJson(Value(number))["real"];
@@ -42,19 +42,19 @@ TEST(TypedJson, TellsRealsSoThatTheyReadBackAsTheSameDouble) {
     }
 }
 
-TEST(TypedJson, TellsRealsThatAreNoNumbers) {
+TEST(TypedJson, WritesRealsThatAreNotNumbers) {
     EXPECT_EQ(line(Value(std::numeric_limits<double>::infinity())), R"({"real":"inf"})");
     EXPECT_EQ(line(Value(-std::numeric_limits<double>::infinity())), R"({"real":"-inf"})");
     EXPECT_EQ(line(Value(std::nan(""))), R"({"real":"nan"})");
     EXPECT_EQ(line(Value(-std::nan(""))), R"({"real":"nan"})");
 }
 
-TEST(TypedJson, TellsStrings) {
+TEST(TypedJson, WritesStrings) {
     EXPECT_EQ(line(Value("a \"b\"\n€")), R"({"string":"a \"b\"\n€"})");
     EXPECT_EQ(line(Value("")), R"({"string":""})");
 }
 
-TEST(TypedJson, TellsDataInBase64) {
+TEST(TypedJson, WritesDataInBase64) {
     EXPECT_EQ(line(Value::data("")), R"({"data":""})");
     EXPECT_EQ(line(Value::data("f")), R"({"data":"Zg=="})");
     EXPECT_EQ(line(Value::data("fo")), R"({"data":"Zm8="})");
@@ -62,7 +62,7 @@ TEST(TypedJson, TellsDataInBase64) {
     EXPECT_EQ(line(Value::data(std::string_view("\xff\xfe\0\x80", 4))), R"({"data":"//4AgA=="})");
 }
 
-TEST(TypedJson, TellsDatesToTheSecondBelow) {
+TEST(TypedJson, WritesDatesRoundedDownToTheSecond) {
     EXPECT_EQ(line(Value::date(0)), R"({"date":"2001-01-01T00:00:00Z"})");
     EXPECT_EQ(line(Value::date(86399.9)), R"({"date":"2001-01-01T23:59:59Z"})");
     EXPECT_EQ(line(Value::date(-0.5)), R"({"date":"2000-12-31T23:59:59Z"})");
@@ -71,25 +71,25 @@ TEST(TypedJson, TellsDatesToTheSecondBelow) {
     EXPECT_EQ(line(Value::date(-63113904000)), R"({"date":"0001-01-01T00:00:00Z"})");
 }
 
-TEST(TypedJson, BoundsDatesThatNoCalendarHolds) {
+TEST(TypedJson, BoundsDatesBeyondEveryCalendar) {
     EXPECT_EQ(line(Value::date(std::nan(""))), line(Value::date(0)));
     EXPECT_EQ(line(Value::date(1e300)), line(Value::date(std::numeric_limits<double>::infinity())));
     EXPECT_NE(line(Value::date(1e300)), line(Value::date(-1e300)));
 }
 
-TEST(TypedJson, TellsArrays) {
+TEST(TypedJson, WritesArrays) {
     EXPECT_EQ(line(Value(Array{})), R"({"array":[]})");
     EXPECT_EQ(line(Value(Array{Value(1), Value(Array{Value(true)})})),
               R"({"array":[{"int":"1"},{"array":[{"bool":true}]}]})");
 }
 
-TEST(TypedJson, TellsDictionariesInTheirOrder) {
+TEST(TypedJson, WritesDictionariesInTheirOrder) {
     EXPECT_EQ(line(Value(Dictionary{})), R"({"dict":[]})");
     EXPECT_EQ(line(Value(Dictionary{{"z", Value(1)}, {"a", Value("x")}})),
               R"({"dict":[["z",{"int":"1"}],["a",{"string":"x"}]]})");
 }
 
-TEST(TypedJson, TellsAbsenceAsNull) {
+TEST(TypedJson, WritesAbsenceAsNull) {
     EXPECT_EQ(jsonLine(typedJson(static_cast<const Value*>(nullptr))), "null");
 }
 

@@ -42,7 +42,7 @@ class AtomicWriter : public ::testing::Test, protected Stage {};
 
 constexpr const char* temporary = "/d/.a.0123456789abcdef.wardlock-new";
 
-TEST_F(AtomicWriter, MakesANewFileForItsOwnerAlone) {
+TEST_F(AtomicWriter, CreatesANewFileForItsOwnerAlone) {
     ASSERT_FALSE(write("new"));
     EXPECT_EQ(memory.contents("/d/a"), "new");
     EXPECT_EQ(memory.statusOf("/d/a")->mode, 0600u);
@@ -56,7 +56,7 @@ TEST_F(AtomicWriter, WritesAnEmptyFile) {
     EXPECT_EQ(memory.contents("/d/a"), "");
 }
 
-TEST_F(AtomicWriter, SyncsTheFileBeforeItsNameAndTheFolderAfter) {
+TEST_F(AtomicWriter, SyncsTheFileBeforeTheRenameAndTheFolderAfterIt) {
     memory.addFile("/d/a", "old");
     ASSERT_FALSE(write("new"));
     EXPECT_EQ(memory.calls(),
@@ -65,14 +65,14 @@ TEST_F(AtomicWriter, SyncsTheFileBeforeItsNameAndTheFolderAfter) {
                                         "rename /d/TEMPORARY /d/a", "syncFolder /d"}));
 }
 
-TEST_F(AtomicWriter, SyncsTheDataAloneWhenThatIsAskedFor) {
+TEST_F(AtomicWriter, SyncsTheDataAloneOnRequest) {
     ASSERT_FALSE(write("new", Sync::Data));
     EXPECT_EQ(memory.calls(), (std::vector<std::string>{"create /d/TEMPORARY", "lock /d/TEMPORARY",
                                                         "write /d/TEMPORARY", "sync data of /d/TEMPORARY",
                                                         "close /d/TEMPORARY", "rename /d/TEMPORARY /d/a"}));
 }
 
-TEST_F(AtomicWriter, SyncsNothingWhenThatIsAskedFor) {
+TEST_F(AtomicWriter, SyncsNothingOnRequest) {
     ASSERT_FALSE(write("new", Sync::None));
     EXPECT_EQ(memory.calls(),
               (std::vector<std::string>{"create /d/TEMPORARY", "lock /d/TEMPORARY", "write /d/TEMPORARY",
@@ -86,7 +86,7 @@ TEST_F(AtomicWriter, NeverOpensOrLocksTheFileItself) {
         EXPECT_TRUE(!call.ends_with(" /d/a") || call.starts_with("rename ")) << call;
 }
 
-TEST_F(AtomicWriter, GivesEveryTemporaryANameOfItsOwn) {
+TEST_F(AtomicWriter, GivesEveryTemporaryItsOwnName) {
     const FileHandle first = beginTemporary(temporary);
     ASSERT_FALSE(write("new"));
     EXPECT_EQ(memory.contents("/d/a"), "new");
@@ -124,14 +124,14 @@ TEST_F(AtomicWriter, WritesAllBytesHoweverShortTheSingleWritesAre) {
     EXPECT_EQ(std::ranges::count(memory.calls(), "write /d/TEMPORARY"), 13);
 }
 
-TEST_F(AtomicWriter, GivesUpOnAWriteThatTakesNothing) {
+TEST_F(AtomicWriter, FailsWhenAWriteAcceptsNoBytes) {
     memory.addFile("/d/a", "old");
     files.limitWrites(0);
     EXPECT_EQ(write("new"), std::errc::io_error);
     EXPECT_EQ(memory.contents("/d/a"), "old");
 }
 
-TEST_F(AtomicWriter, GoesOnAfterEveryInterruption) {
+TEST_F(AtomicWriter, ContinuesAfterEveryInterruption) {
     memory.addFile("/d/a", "old", 0640, parent, parent);
     memory.addFile(temporary, "left");
     files.interruptCalls();
@@ -155,14 +155,14 @@ TEST_F(AtomicWriter, ReplacesAFileItsOwnerMayOnlyRead) {
     EXPECT_EQ(memory.statusOf("/d/a")->mode, 0444u);
 }
 
-TEST_F(AtomicWriter, MakesThePlaceOfAnOldFilePrivateWhenAsked) {
+TEST_F(AtomicWriter, ReplacesAFileByAPrivateOneOnRequest) {
     memory.addFile("/d/a", "old", 0666, parent, parent);
     ASSERT_FALSE(platform::AtomicWriter(files).write("/d/a", "new", Sync::Full, Attributes::Private));
     EXPECT_EQ(memory.statusOf("/d/a")->mode, 0600u);
     EXPECT_EQ(memory.statusOf("/d/a")->owner, 0u);
 }
 
-TEST_F(AtomicWriter, KeepsTheGroupAloneWhereItMayNotGiveTheFileAway) {
+TEST_F(AtomicWriter, KeepsTheGroupAloneWhenItMayNotChangeTheOwner) {
     memory.addFolder("/shared", 0777);
     memory.addFile("/shared/a", "old", 0660, other, 50);
     memory.actAs(parent, 50);
@@ -251,7 +251,7 @@ TEST_F(AtomicWriter, RefusesAFolderInTheFilesPlace) {
     EXPECT_TRUE(memory.calls().empty());
 }
 
-TEST_F(AtomicWriter, MakesNoMissingFolder) {
+TEST_F(AtomicWriter, CreatesNoMissingFolder) {
     EXPECT_EQ(write("new", Sync::Full, "/none/a"), std::errc::no_such_file_or_directory);
     EXPECT_FALSE(memory.statusOf("/none"));
 }
@@ -331,7 +331,7 @@ TEST_F(AtomicWriter, WritesNothingIntoATemporaryThatIsGoneAlready) {
     EXPECT_EQ(std::ranges::count(memory.calls(), "write /d/TEMPORARY"), 1);
 }
 
-TEST_F(AtomicWriter, BeginsAgainWhileAnotherProcessHoldsItsTemporary) {
+TEST_F(AtomicWriter, BeginsAgainWhileAnotherProcessLocksItsTemporary) {
     FileHandle sweeper = platform::noFile;
     files.before("lock", [&] {
         ASSERT_FALSE(memory.open("/d/" + memory.names("/d").front(), sweeper));
@@ -366,7 +366,7 @@ struct FullStage : Stage {
 
 class AtomicWriterFault : public ::testing::TestWithParam<Sync> {};
 
-TEST_P(AtomicWriterFault, AtAnyCallLeavesOldOrNewContentAndNoTemporary) {
+TEST_P(AtomicWriterFault, LeavesOldOrNewContentAndNoTemporaryAtAnyCall) {
     const std::size_t count = FullStage::callsOfWrite(GetParam());
     ASSERT_GT(count, 8u);
     for (std::size_t number = 1; number <= count; ++number) {
@@ -384,7 +384,7 @@ TEST_P(AtomicWriterFault, AtAnyCallLeavesOldOrNewContentAndNoTemporary) {
     }
 }
 
-TEST_P(AtomicWriterFault, OfAKilledProcessLeavesOldOrNewContentAndIsClearedByTheNextWrite) {
+TEST_P(AtomicWriterFault, LeavesOldOrNewContentOfAKilledProcessAndIsClearedByTheNextWrite) {
     const std::size_t count = FullStage::callsOfWrite(GetParam());
     std::size_t leftBehind = 0;
     for (std::size_t number = 1; number <= count; ++number) {
@@ -412,7 +412,7 @@ INSTANTIATE_TEST_SUITE_P(EverySync, AtomicWriterFault, ::testing::Values(Sync::N
 
 class AtomicWriterPowerCut : public ::testing::TestWithParam<Sync> {};
 
-TEST_P(AtomicWriterPowerCut, AfterAnyCallLeavesOldOrNewContent) {
+TEST_P(AtomicWriterPowerCut, LeavesOldOrNewContentAfterAnyCall) {
     const std::size_t count = FullStage::callsOfWrite(GetParam());
     for (std::size_t number = 1; number <= count + 1; ++number) {
         SCOPED_TRACE(number);

@@ -27,26 +27,26 @@ private:
     MemoryFileSystem memory_;
 };
 
-TEST_F(DeviceRoot, OfATestIsPrivateAndNamedByTheEnvironment) {
+TEST_F(DeviceRoot, IsPrivateInATestAndNamedByTheEnvironment) {
     EXPECT_EQ(std::getenv("WARDLOCK_DEVICE_ROOT"), root());
     EXPECT_TRUE(exists("/var/mobile/Library/Preferences"));
     EXPECT_EQ(fs::status(std::getenv("XDG_RUNTIME_DIR")).permissions(), fs::perms::owner_all);
     EXPECT_EQ(std::getenv("DBUS_SESSION_BUS_ADDRESS"), "unix:path=" + folder() / "no-bus");
 }
 
-TEST_F(DeviceRoot, OfATestHoldsWhatWasWritten) {
+TEST_F(DeviceRoot, ContainsTheFilesThatATestWrote) {
     writeFile("/var/mobile/x", std::string_view("a\0b", 3));
     EXPECT_EQ(readFile("/var/mobile/x"), std::string_view("a\0b", 3));
     removeFile("/var/mobile/x");
     EXPECT_FALSE(exists("/var/mobile/x"));
 }
 
-TEST_F(DeviceRoot, IsTheOneTheEnvironmentNames) {
+TEST_F(DeviceRoot, IsTheFolderThatTheEnvironmentNames) {
     EXPECT_EQ(deviceRoot(), root());
     EXPECT_FALSE(platform::deviceRootIsDefault());
 }
 
-TEST_F(DeviceRoot, IsReadAnewAtEachCall) {
+TEST_F(DeviceRoot, IsReadAgainAtEachCall) {
     environment.set("WARDLOCK_DEVICE_ROOT", "/elsewhere");
     EXPECT_EQ(deviceRoot(), "/elsewhere");
 }
@@ -59,12 +59,12 @@ TEST_F(DeviceRoot, LosesTrailingSlashes) {
     EXPECT_FALSE(platform::deviceRootIsDefault());
 }
 
-TEST_F(DeviceRoot, NamedByARelativePathLiesInTheWorkingFolder) {
+TEST_F(DeviceRoot, IsInTheWorkingFolderWhenItsPathIsRelative) {
     environment.set("WARDLOCK_DEVICE_ROOT", "demo/");
     EXPECT_EQ(deviceRoot(), (fs::current_path() / "demo").string());
 }
 
-TEST_F(DeviceRoot, IsTheMachineItselfWhereThatIsADevice) {
+TEST_F(DeviceRoot, IsTheMachineItselfOnADevice) {
     environment.unset("WARDLOCK_DEVICE_ROOT");
     onMachine().addFolder("/var/mobile");
     EXPECT_EQ(deviceRoot(), "/");
@@ -72,13 +72,13 @@ TEST_F(DeviceRoot, IsTheMachineItselfWhereThatIsADevice) {
     EXPECT_EQ(pathOnDevice("/var/mobile"), "/var/mobile");
 }
 
-TEST_F(DeviceRoot, IsNotTheMachineWhereAFileStandsInTheFoldersPlace) {
+TEST_F(DeviceRoot, IsNotTheMachineWhenAFileReplacesTheFolder) {
     environment.unset("WARDLOCK_DEVICE_ROOT");
     onMachine().addFile("/var/mobile", "");
     EXPECT_EQ(deviceRoot(), folder() / "data/wardlock/device");
 }
 
-TEST_F(DeviceRoot, LiesInTheUsersDataFolderElse) {
+TEST_F(DeviceRoot, IsInTheUsersDataFolderOtherwise) {
     environment.set("WARDLOCK_DEVICE_ROOT", "");
     onMachine();
     EXPECT_EQ(deviceRoot(), folder() / "data/wardlock/device");
@@ -100,7 +100,7 @@ TEST_F(DeviceRoot, IsTheUsersOwnWhereTheEnvironmentNamesThatFolder) {
     EXPECT_FALSE(platform::deviceRootIsDefault());
 }
 
-TEST_F(DeviceRoot, LiesInTheHomeFolderWhereNoDataFolderIsNamed) {
+TEST_F(DeviceRoot, IsInTheHomeFolderWithoutANamedDataFolder) {
     environment.unset("WARDLOCK_DEVICE_ROOT");
     onMachine();
     for (const char* none : {"", "relative/data"}) {
@@ -109,7 +109,7 @@ TEST_F(DeviceRoot, LiesInTheHomeFolderWhereNoDataFolderIsNamed) {
     }
 }
 
-TEST_F(DeviceRoot, LiesInTheHomeFolderOfThePasswordEntryWithoutAnyVariable) {
+TEST_F(DeviceRoot, IsInTheHomeFolderOfThePasswordEntryWithoutAnyVariable) {
     for (const char* name : {"WARDLOCK_DEVICE_ROOT", "XDG_DATA_HOME", "HOME"})
         environment.unset(name);
     onMachine();
@@ -119,14 +119,14 @@ TEST_F(DeviceRoot, LiesInTheHomeFolderOfThePasswordEntryWithoutAnyVariable) {
     EXPECT_EQ(found.find("wl."), std::string::npos) << "still the private home folder: " << found;
 }
 
-TEST_F(DeviceRoot, LiesBelowTheDevicePaths) {
+TEST_F(DeviceRoot, IsPrefixedToDevicePaths) {
     EXPECT_EQ(pathOnDevice("/var/mobile/a b"), root() + "/var/mobile/a b");
     EXPECT_EQ(pathOnDevice("var/mobile"), root() + "/var/mobile");
     EXPECT_EQ(pathOnDevice("/"), root());
     EXPECT_EQ(pathOnDevice(""), root());
 }
 
-TEST_F(DeviceRoot, TakesRepeatedSlashesAndDotsOutOfAPath) {
+TEST_F(DeviceRoot, RemovesRepeatedSlashesAndDotsFromAPath) {
     EXPECT_EQ(pathOnDevice("//var/./mobile//x/"), root() + "/var/mobile/x");
     EXPECT_EQ(pathOnDevice("/a/...b/.c"), root() + "/a/...b/.c");
 }

@@ -15,12 +15,12 @@ protected:
     }
 };
 
-TEST_F(StringFile, IsItsWholeTextUnchanged) {
+TEST_F(StringFile, ReturnsItsWholeTextUnchanged) {
     EXPECT_EQ(reading("Größe\r\n\xE2\x82\xAC\n"), "Größe\r\n\xE2\x82\xAC\n");
     EXPECT_EQ(reading(""), "");
 }
 
-TEST_F(StringFile, IsWithoutTheByteOrderMarkAtItsBeginning) {
+TEST_F(StringFile, DropsTheByteOrderMarkAtItsBeginning) {
     EXPECT_EQ(reading("\xEF\xBB\xBF"
                       "Version 1"),
               "Version 1");
@@ -32,11 +32,11 @@ TEST_F(StringFile, IsWithoutTheByteOrderMarkAtItsBeginning) {
     EXPECT_EQ(reading("\xEF\xBB\xBF"), "");
 }
 
-TEST_F(StringFile, OfOtherBytesThanUtf8IsNone) {
+TEST_F(StringFile, IsRefusedUnlessItIsUtf8) {
     EXPECT_EQ(reading("Gr\xf6\xdf"), std::nullopt);
 }
 
-TEST_F(StringFile, ThatIsMissingOrAFolderOrAPipeIsNone) {
+TEST_F(StringFile, IsRefusedWhenMissingOrAFolderOrAPipe) {
     EXPECT_EQ(platform::stringWithContentsOfFile(onDisk("/tmp/none")), std::nullopt);
     EXPECT_EQ(platform::stringWithContentsOfFile(onDisk("/tmp")), std::nullopt);
     ASSERT_EQ(mkfifo(onDisk("/tmp/pipe").c_str(), 0600), 0);

@@ -37,7 +37,7 @@ protected:
     std::shared_ptr<ChangeLogController> page = std::make_shared<ChangeLogController>();
 };
 
-TEST_F(ChangeLogPage, IsMadeByNameAndTitledChangeLog) {
+TEST_F(ChangeLogPage, IsCreatedByNameAndTitledChangeLog) {
     EXPECT_EQ(ChangeLogController::theClass().name(), "ChangeLogController");
     EXPECT_NE(std::dynamic_pointer_cast<ChangeLogController>(ChangeLogController::theClass().create()),
               nullptr);
@@ -73,17 +73,17 @@ TEST_F(ChangeLogPage, AddsItsTextViewOnceItIsComplete) {
     EXPECT_EQ(witness.pictures, std::vector<std::string>{"0.1.0"});
 }
 
-TEST_F(ChangeLogPage, OfAMissingResourceIsEmpty) {
+TEST_F(ChangeLogPage, IsEmptyWhenTheResourceIsMissing) {
     EXPECT_EQ(text(), "");
 }
 
-TEST_F(ChangeLogPage, OfAResourceThatIsNoUtf8IsEmpty) {
+TEST_F(ChangeLogPage, IsEmptyWhenTheResourceIsNotUtf8) {
     writeResource("0.1.0 Gr\xf6\xdf"
                   "e");
     EXPECT_EQ(text(), "");
 }
 
-TEST_F(ChangeLogPage, ReadsTheResourceAnewEachTimeItAppears) {
+TEST_F(ChangeLogPage, ReadsTheResourceAgainEachTimeItAppears) {
     page->setView(std::make_shared<platform::UIView>(frame));
     writeResource("old");
     page->viewWillAppear(false);
@@ -102,7 +102,7 @@ TEST_F(ChangeLogPage, SetsItsTitleBeforeItsNewViewAndAfterItsListIsReady) {
                                                                     "Change Log, list ready, new view"}));
 }
 
-TEST_F(ChangeLogPage, HoldsALongText) {
+TEST_F(ChangeLogPage, ShowsALongText) {
     writeResource(std::string(1u << 20, 'x'));
     EXPECT_EQ(text().size(), 1u << 20);
 }

@@ -38,14 +38,14 @@ protected:
     std::shared_ptr<DeveloperController> page = std::make_shared<DeveloperController>();
 };
 
-TEST_F(DeveloperPage, IsMadeByNameAndTitledOtherTweaks) {
+TEST_F(DeveloperPage, IsCreatedByNameAndTitledOtherTweaks) {
     EXPECT_EQ(DeveloperController::theClass().name(), "DeveloperController");
     EXPECT_NE(std::dynamic_pointer_cast<DeveloperController>(DeveloperController::theClass().create()),
               nullptr);
     expectTitle(*page, "Other Tweaks");
 }
 
-TEST_F(DeveloperPage, LaysALargeBlackSpinnerOverTheMiddleOfTheWebView) {
+TEST_F(DeveloperPage, CentersALargeBlackSpinnerOverTheWebView) {
     const auto view = DeveloperView::initWithFrame(frame);
     ASSERT_EQ(view->subviews().size(), 2u);
     const auto webView = webViewOf(*view);
@@ -84,7 +84,7 @@ TEST_F(DeveloperPage, SpinsForAnEngineThatStartsAtOnce) {
     EXPECT_TRUE(DeveloperView::initWithFrame(frame)->activity()->isAnimating());
 }
 
-TEST_F(DeveloperPage, SaysNothingOfAFailureAndKeepsWhatHadLoaded) {
+TEST_F(DeveloperPage, ShowsNoMessageForAFailureAndKeepsTheLoadedText) {
     page->viewWillAppear(false);
     const auto webView = webViewOf(*page->view());
     webView->didFinishLoad("Packages");
@@ -124,7 +124,7 @@ TEST_F(DeveloperPage, CreatesAnAlertAtEachFailureAndReleasesItUnshown) {
     }
 }
 
-TEST_F(DeveloperPage, KeepsTheTextsOfTheAlertThatNobodyIsShown) {
+TEST_F(DeveloperPage, KeepsTheTextsOfItsUnshownAlert) {
     const auto alert = DeveloperView::initWithFrame(frame)->failureAlert();
     EXPECT_EQ(alert->title(), "Load Failed");
     EXPECT_EQ(alert->message(), "There was an error loading Tavix apps from Cydia. Please make sure you are "
@@ -139,7 +139,7 @@ TEST_F(DeveloperPage, SetsItsTitleBeforeItsNewViewAndAfterItsListIsReady) {
                                         "Other Tweaks, list ready, new view"}));
 }
 
-TEST_F(DeveloperPage, LoadsTheListingAnewEachTimeItAppears) {
+TEST_F(DeveloperPage, LoadsTheListingAgainEachTimeItAppears) {
     page->setView(std::make_shared<platform::UIView>(frame));
     page->viewWillAppear(false);
     const std::weak_ptr<platform::UIView> first = page->view();
@@ -151,7 +151,7 @@ TEST_F(DeveloperPage, LoadsTheListingAnewEachTimeItAppears) {
     EXPECT_TRUE(page->hasSpecifiers()) << "as every list page that is about to appear";
 }
 
-TEST_F(DeveloperPage, ReachesNobodyOnceItsViewIsGone) {
+TEST_F(DeveloperPage, DoesNothingOnceItsViewIsGone) {
     auto view = DeveloperView::initWithFrame(frame);
     const auto webView = webViewOf(*view);
     const auto activity = view->activity();

@@ -9,9 +9,9 @@ namespace {
 constexpr const char* Listing = "/packagesfordev.php?name=kitbay";
 
 /// The page of other packages over a server that stands for the repository's host.
-class Listed : public PageFixture, protected LocalWeb {
+class ListingPage : public PageFixture, protected LocalWeb {
 protected:
-    Listed() { useFor(WARDLOCK_REPOSITORY_HOST, server.port()); }
+    ListingPage() { useFor(WARDLOCK_REPOSITORY_HOST, server.port()); }
 
     void show() { page->viewWillAppear(false); }
     DeveloperView& view() { return dynamic_cast<DeveloperView&>(*page->view()); }
@@ -25,7 +25,7 @@ protected:
     std::shared_ptr<DeveloperController> page = std::make_shared<DeveloperController>();
 };
 
-TEST_F(Listed, ShowsTheListingUnderASpinnerThatStops) {
+TEST_F(ListingPage, ShowsTheListingUnderASpinnerThatStops) {
     server.answer(Listing, "<h1>Other packages</h1>");
     show();
     EXPECT_FALSE(isLoading());
@@ -33,7 +33,7 @@ TEST_F(Listed, ShowsTheListingUnderASpinnerThatStops) {
     EXPECT_EQ(webView().text(), "Other packages\n");
 }
 
-TEST_F(Listed, SpinsForAsLongAsTheServerTakes) {
+TEST_F(ListingPage, SpinsForAsLongAsTheServerTakes) {
     server.hang(Listing);
     show();
     EXPECT_TRUE(waitUntil([this] { return server.requests().size() == 1; }));
@@ -43,7 +43,7 @@ TEST_F(Listed, SpinsForAsLongAsTheServerTakes) {
     EXPECT_EQ(webView().text(), "");
 }
 
-TEST_F(Listed, StaysBlankAndSilentWhereNobodyAnswers) {
+TEST_F(ListingPage, StaysBlankAndSilentWhenTheConnectionIsRefused) {
     const RefusingPort nobody;
     useFor(WARDLOCK_REPOSITORY_HOST, nobody.port());
     show();
@@ -52,7 +52,7 @@ TEST_F(Listed, StaysBlankAndSilentWhereNobodyAnswers) {
     EXPECT_EQ(page->presentedViewController(), nullptr);
 }
 
-TEST_F(Listed, FollowsALinkInsideWithTheSpinnerOnceMore) {
+TEST_F(ListingPage, ShowsTheSpinnerAgainForALink) {
     server.answer(Listing, "<a href='/package.php?id=7'>Seven</a>");
     server.answer("/package.php?id=7", "Package seven");
     show();
@@ -64,7 +64,7 @@ TEST_F(Listed, FollowsALinkInsideWithTheSpinnerOnceMore) {
     EXPECT_EQ(server.requests(), (std::vector<std::string>{Listing, "/package.php?id=7"}));
 }
 
-TEST_F(Listed, GivesALoadUpWhenThePageIsLeft) {
+TEST_F(ListingPage, CancelsALoadWhenThePageIsLeft) {
     server.hang(Listing);
     show();
     EXPECT_TRUE(waitUntil([this] { return server.requests().size() == 1; }));
@@ -72,7 +72,7 @@ TEST_F(Listed, GivesALoadUpWhenThePageIsLeft) {
     EXPECT_TRUE(waitUntil([this] { return server.abandoned() == 1; }));
 }
 
-TEST_F(Listed, LoadsFromTheStartWhenThePageIsShownAgain) {
+TEST_F(ListingPage, LoadsFromTheStartWhenThePageIsShownAgain) {
     server.answer(Listing, "<a href='/other'>Other</a>");
     server.answer("/other", "Other");
     show();

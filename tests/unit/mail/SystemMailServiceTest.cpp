@@ -107,7 +107,7 @@ private:
     MailMessage message_;
 };
 
-TEST_F(SystemMailService, CannotSendWhereThereIsNoWay) {
+TEST_F(SystemMailService, CannotSendWithoutARoute) {
     EXPECT_FALSE(platform::systemMailService().canSendMail());
     EXPECT_EQ(send().kind, MailOutcome::Kind::Failed);
 }
@@ -155,7 +155,7 @@ TEST_F(SystemMailService, EncodesWhatIsNotAscii) {
     }
 }
 
-TEST_F(SystemMailService, LetsNoTextAddAHeader) {
+TEST_F(SystemMailService, DoesNotLetTextAddAHeader) {
     makeFolder(outbox);
     message().subject = "a\r\nBcc: eve@example.org";
     message().recipients = {"x@example.org\r\nBcc: eve@example.org"};
@@ -179,7 +179,7 @@ TEST_F(SystemMailService, KeepsEveryMailOfTheSameSecond) {
     EXPECT_EQ(savedMails().size(), 5U);
 }
 
-TEST_F(SystemMailService, TellsWhyAMailCouldNotBeSaved) {
+TEST_F(SystemMailService, ReportsWhyAMailCouldNotBeSaved) {
     makeFolder(outbox);
     const NoRoomInFiles none;
     const MailOutcome outcome = send();
@@ -188,7 +188,7 @@ TEST_F(SystemMailService, TellsWhyAMailCouldNotBeSaved) {
     EXPECT_TRUE(savedMails().empty());
 }
 
-TEST_F(SystemMailService, HandsTheMailToTheMailProgramOfADisplay) {
+TEST_F(SystemMailService, PassesTheMailToTheMailProgramOfADisplay) {
     makeFolder(outbox);
     installMailProgram();
     const MailOutcome outcome = send();
@@ -208,14 +208,14 @@ TEST_F(SystemMailService, HandsTheMailToTheMailProgramOfADisplay) {
     EXPECT_TRUE(savedMails().empty());
 }
 
-TEST_F(SystemMailService, TakesTheOutboxWhereTheMailProgramFails) {
+TEST_F(SystemMailService, UsesTheOutboxWhenTheMailProgramFails) {
     makeFolder(outbox);
     installMailProgram(3);
     EXPECT_EQ(send().kind, MailOutcome::Kind::SavedToOutbox);
     EXPECT_FALSE(arguments().empty());
 }
 
-TEST_F(SystemMailService, PassesNoOptionOffAsAnAddress) {
+TEST_F(SystemMailService, DoesNotPassAnOptionAsAnAddress) {
     installMailProgram();
     message().recipients = {"--attach=/etc/passwd@x", "a@example.org"};
     EXPECT_EQ(send().kind, MailOutcome::Kind::HandedOver);
@@ -246,7 +246,7 @@ TEST_F(SystemMailService, GivesAnOldPortalOneAddress) {
     EXPECT_EQ(portal.readLine(), "address=help@example.org");
 }
 
-TEST_F(SystemMailService, TellsThatThePersonChoseNoProgram) {
+TEST_F(SystemMailService, FailsWhenTheUserChoosesNoProgram) {
     makeFolder(outbox);
     Process portal(programFolder() + "/test-email-portal", {"1"});
     ASSERT_EQ(portal.readLine(), "ready");
@@ -254,14 +254,14 @@ TEST_F(SystemMailService, TellsThatThePersonChoseNoProgram) {
     EXPECT_TRUE(savedMails().empty());
 }
 
-TEST_F(SystemMailService, TakesTheNextWayWhereThePortalFails) {
+TEST_F(SystemMailService, UsesTheNextRouteWhenThePortalFails) {
     makeFolder(outbox);
     Process portal(programFolder() + "/test-email-portal", {"2"});
     ASSERT_EQ(portal.readLine(), "ready");
     EXPECT_EQ(send().kind, MailOutcome::Kind::SavedToOutbox);
 }
 
-TEST_F(SystemMailService, LeavesTheSignalsOfTheHostToIt) {
+TEST_F(SystemMailService, LeavesTheSignalsToTheHost) {
     makeFolder(outbox);
     const std::string person = folder() / "person";
     ASSERT_EQ(mkfifo(person.c_str(), 0600), 0);
@@ -303,7 +303,7 @@ TEST_F(SystemMailService, AsksNoPortalInARuntimeFolderThatOthersCanChange) {
     }
 }
 
-TEST_F(SystemMailService, IsNotHeldUpByAStoppedBus) {
+TEST_F(SystemMailService, DoesNotWaitForAStoppedBus) {
     makeFolder(outbox);
     bus.stop();
     EXPECT_TRUE(platform::systemMailService().canSendMail());

@@ -86,13 +86,13 @@ TEST_F(BashCompletion, OffersEveryOptionOfAVerb) {
     }
 }
 
-TEST_F(BashCompletion, OffersOnlyWhatBeginsAsTyped) {
+TEST_F(BashCompletion, OffersOnlyWordsWithTheTypedPrefix) {
     EXPECT_EQ(offered({"wardlock", "a"}), (Words{"account", "announce"}));
     EXPECT_EQ(offered({"wardlock", "plist", "l"}), (Words{"lint"}));
     EXPECT_EQ(offered({"wardlock", "status", "--j"}), (Words{"--json"}));
 }
 
-TEST_F(BashCompletion, OffersTheKeysThatAVerbTakes) {
+TEST_F(BashCompletion, OffersTheKeysThatAVerbAccepts) {
     EXPECT_EQ(offered({"wardlock", "get", ""}), (Words{"kAccounts", "kEnabled", "kPasscode"}));
     EXPECT_EQ(offered({"wardlock", "get", "--json", "kE"}), (Words{"kEnabled"}));
     EXPECT_EQ(offered({"wardlock", "account", "kRestrictS"}),
@@ -117,7 +117,7 @@ TEST_F(BashCompletion, LeavesFoldersToTheShellForDeviceRoots) {
     EXPECT_EQ(offered({"wardlock-settings", "--device-root", "dev"}, "_wardlock_settings"), folders);
 }
 
-TEST_F(BashCompletion, CompletesFilesAtThePromptWhateverTheirNamesHold) {
+TEST_F(BashCompletion, CompletesFilesAtThePromptWhateverTheirNames) {
     writeFile("/one file.plist", "");
     writeFile("/two\nlines.plist", "");
     makeFolder("/device-root");

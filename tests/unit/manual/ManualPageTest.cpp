@@ -37,7 +37,7 @@ TEST_P(ManualPage, SatisfiesTheCheckersOfManualPages) {
     EXPECT_EQ(groff.output + groff.errors, "");
 }
 
-TEST_P(ManualPage, SaysWhatItIsAboutAndWhereToReadOn) {
+TEST_P(ManualPage, NamesItsSubjectAndFurtherReading) {
     const std::string text = rendered(GetParam());
     for (const char* part :
          {"NAME wardlock", "SYNOPSIS wardlock", "WARDLOCK_DEVICE_ROOT", "SEE ALSO",
@@ -50,7 +50,7 @@ INSTANTIATE_TEST_SUITE_P(All, ManualPage, ::testing::Values("wardlock", "wardloc
                              return std::string(info.param) == "wardlock" ? "Command" : "Window";
                          });
 
-TEST(ManualPageOfTheCommand, HasEveryVerbWithItsOptions) {
+TEST(CommandManualPage, HasEveryVerbWithItsOptions) {
     const std::string text = rendered("wardlock");
     for (const cli::Verb* verb : cli::verbs()) {
         const std::string synopsis = cli::synopsis(*verb);
@@ -62,7 +62,7 @@ TEST(ManualPageOfTheCommand, HasEveryVerbWithItsOptions) {
     }
 }
 
-TEST(ManualPageOfTheCommand, SaysOfEveryVerbWhatItsHelpSays) {
+TEST(CommandManualPage, DescribesEveryVerbAsItsHelpDoes) {
     const std::string text = rendered("wardlock");
     for (const cli::Verb* verb : cli::verbs()) {
         std::istringstream words{std::string(verb->description)};
@@ -76,13 +76,13 @@ TEST(ManualPageOfTheCommand, SaysOfEveryVerbWhatItsHelpSays) {
     }
 }
 
-TEST(ManualPageOfTheCommand, NamesPagesOfTheDocumentationWhereTheyAreInstalled) {
+TEST(CommandManualPage, NamesTheInstalledPagesOfTheDocumentation) {
     const std::string text = rendered("wardlock");
     EXPECT_NE(text.find("/share/doc/wardlock/automation.md "), std::string::npos);
     EXPECT_EQ(text.find(" docs/"), std::string::npos);
 }
 
-TEST(ManualPageOfTheWindow, HasEveryOptionOfItsHelp) {
+TEST(WindowManualPage, HasEveryOptionOfItsHelp) {
     const ProcessResult help = runProcess(programFolder() + "/wardlock-settings", {"--help"});
     const std::string text = rendered("wardlock-settings");
     std::istringstream lines(help.output);

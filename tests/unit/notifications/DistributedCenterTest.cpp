@@ -32,7 +32,7 @@ struct Heard {
     }
 };
 
-class DistributedCenterTest : public BusFixture {
+class DistributedCenter : public BusFixture {
 protected:
     static Heard& observeHere(std::string_view name, const std::string* object = nullptr) {
         static std::deque<Heard> all;
@@ -54,13 +54,13 @@ protected:
 
 using Lines = std::vector<std::string>;
 
-TEST_F(DistributedCenterTest, ReachesAnotherProcessEvenWhenThePosterEndsAtOnce) {
+TEST_F(DistributedCenter, ReachesAnotherProcessEvenWhenThePosterEndsAtOnce) {
     const auto observer = observe({"N"});
     post({"N", "--sample", "change"});
     EXPECT_EQ(observer->readLine(), R"(N|-|{"key": "kRestrictSiri", "object": true})");
 }
 
-TEST_F(DistributedCenterTest, ReachesEveryProcessThatObservesTheName) {
+TEST_F(DistributedCenter, ReachesEveryProcessThatObservesTheName) {
     const auto first = observe({"N"});
     const auto second = observe({"N"});
     post({"N"});
@@ -68,7 +68,7 @@ TEST_F(DistributedCenterTest, ReachesEveryProcessThatObservesTheName) {
     EXPECT_EQ(second->readLine(), "N|-|-");
 }
 
-TEST_F(DistributedCenterTest, TellsNoUserInfoFromAnEmptyOne) {
+TEST_F(DistributedCenter, DistinguishesAMissingUserInfoFromAnEmptyOne) {
     const auto observer = observe({"N"});
     postHere("N");
     const platform::Dictionary empty;
@@ -77,7 +77,7 @@ TEST_F(DistributedCenterTest, TellsNoUserInfoFromAnEmptyOne) {
     EXPECT_EQ(observer->readLine(), "N|-|{}");
 }
 
-TEST_F(DistributedCenterTest, TellsAnObserverWithoutObjectOfPostsWithAndWithoutOne) {
+TEST_F(DistributedCenter, NotifiesAnObserverWithoutObjectOfPostsWithAndWithoutOne) {
     const auto observer = observe({"N"});
     post({"N", "--object", "some"});
     post({"N", "--object", ""});
@@ -87,7 +87,7 @@ TEST_F(DistributedCenterTest, TellsAnObserverWithoutObjectOfPostsWithAndWithoutO
     EXPECT_EQ(observer->readLine(), "N|-|-");
 }
 
-TEST_F(DistributedCenterTest, TellsAnObserverOfAnObjectOfPostsWithThatObjectAlone) {
+TEST_F(DistributedCenter, NotifiesAnObserverOfAnObjectOfPostsWithThatObjectAlone) {
     const auto observer = observe({"N", "--object", "mine"});
     post({"N"});
     post({"N", "--object", "other"});
@@ -95,14 +95,14 @@ TEST_F(DistributedCenterTest, TellsAnObserverOfAnObjectOfPostsWithThatObjectAlon
     EXPECT_EQ(observer->readLine(), "N|mine|-");
 }
 
-TEST_F(DistributedCenterTest, TellsAnObserverOfItsNameAlone) {
+TEST_F(DistributedCenter, NotifiesAnObserverOfItsNameAlone) {
     const auto observer = observe({"N"});
     post({"M"});
     post({"N"});
     EXPECT_EQ(observer->readLine(), "N|-|-");
 }
 
-TEST_F(DistributedCenterTest, KeepsTheOrderOfPosts) {
+TEST_F(DistributedCenter, KeepsTheOrderOfPosts) {
     const auto observer = observe({"N"});
     for (int i = 0; i < 500; ++i) {
         const platform::Dictionary userInfo{{"number", i}};
@@ -112,7 +112,7 @@ TEST_F(DistributedCenterTest, KeepsTheOrderOfPosts) {
         ASSERT_EQ(observer->readLine(), "N|-|{\"number\": " + std::to_string(i) + "}");
 }
 
-TEST_F(DistributedCenterTest, TellsAnObserverOfThisProcessOnceAndWithinThePost) {
+TEST_F(DistributedCenter, NotifiesAnObserverOfThisProcessOnceAndDuringThePost) {
     const auto other = observe({"N"});
     Heard& heard = observeHere("N");
     const auto userInfo = sampleUserInfo("change");
@@ -125,7 +125,7 @@ TEST_F(DistributedCenterTest, TellsAnObserverOfThisProcessOnceAndWithinThePost) 
     EXPECT_EQ(heard.lines, (Lines{R"(N|-|{"key": "kRestrictSiri", "object": true})", "N|last|-"}));
 }
 
-TEST_F(DistributedCenterTest, PassesOverAnObserverWithoutACallback) {
+TEST_F(DistributedCenter, PassesOverAnObserverWithoutACallback) {
     Heard nobody;
     CFNotificationCenterAddObserver(center(), &nobody, nullptr, "N", nullptr,
                                     CFNotificationSuspensionBehavior::DeliverImmediately);
@@ -137,7 +137,7 @@ TEST_F(DistributedCenterTest, PassesOverAnObserverWithoutACallback) {
     EXPECT_TRUE(nobody.lines.empty());
 }
 
-TEST_F(DistributedCenterTest, ReachesTheOthersBeforeAnObserverOfThisProcessMayThrow) {
+TEST_F(DistributedCenter, ReachesOtherProcessesBeforeAnObserverOfThisProcessThrows) {
     const auto other = observe({"N"});
     Heard& heard = observeHere("N");
     heard.onHear = [] { throw std::runtime_error("thrown"); };
@@ -146,7 +146,7 @@ TEST_F(DistributedCenterTest, ReachesTheOthersBeforeAnObserverOfThisProcessMayTh
     EXPECT_EQ(other->readLine(), "N|-|-");
 }
 
-TEST_F(DistributedCenterTest, LetsAnObserverPostAndObserve) {
+TEST_F(DistributedCenter, LetsAnObserverPostAndObserve) {
     Heard& heard = observeHere("N");
     Heard* added = nullptr;
     heard.onHear = [&] {
@@ -164,14 +164,14 @@ TEST_F(DistributedCenterTest, LetsAnObserverPostAndObserve) {
     EXPECT_TRUE(hears(*added, 1));
 }
 
-TEST_F(DistributedCenterTest, TellsAnObserverInTheMiddleOfALongProcessedBurst) {
+TEST_F(DistributedCenter, NotifiesAnObserverOfEveryPostOfALongBurst) {
     Heard& heard = observeHere("N");
     post({"N", "--times", "1000"});
     ASSERT_TRUE(hears(heard, 1000));
     EXPECT_EQ(heard.lines, Lines(1000, "N|-|-"));
 }
 
-TEST_F(DistributedCenterTest, IgnoresPostsOfAnotherDeviceRoot) {
+TEST_F(DistributedCenter, IgnoresPostsOfAnotherDeviceRoot) {
     const auto observer = observe({"N"});
     const TemporaryFolder otherRoot;
     post({"N", "--object", "foreign"}, with("WARDLOCK_DEVICE_ROOT", otherRoot.path()));
@@ -179,7 +179,7 @@ TEST_F(DistributedCenterTest, IgnoresPostsOfAnotherDeviceRoot) {
     EXPECT_EQ(observer->readLine(), "N|own|-");
 }
 
-TEST_F(DistributedCenterTest, TakesADeviceRootByAnotherPathForTheSame) {
+TEST_F(DistributedCenter, RecognizesADeviceRootByAnotherPath) {
     const auto observer = observe({"N"});
     const TemporaryFolder elsewhere;
     std::filesystem::create_directory_symlink(root(), elsewhere / "link");
@@ -187,7 +187,7 @@ TEST_F(DistributedCenterTest, TakesADeviceRootByAnotherPathForTheSame) {
     EXPECT_EQ(observer->readLine(), "N|by link|-");
 }
 
-TEST_F(DistributedCenterTest, TakesADeviceRootThatDoesNotExistYetByItsPath) {
+TEST_F(DistributedCenter, RecognizesADeviceRootThatDoesNotExistYetByItsPath) {
     const ProcessSetup missing = with("WARDLOCK_DEVICE_ROOT", folder() / "missing");
     const auto observer = observe({"N"}, missing);
     post({"N", "--object", "own"});
@@ -195,7 +195,7 @@ TEST_F(DistributedCenterTest, TakesADeviceRootThatDoesNotExistYetByItsPath) {
     EXPECT_EQ(observer->readLine(), "N|missing|-");
 }
 
-TEST_F(DistributedCenterTest, TellsOnlyThisProcessOfANameThatNoBusCarries) {
+TEST_F(DistributedCenter, NotifiesOnlyThisProcessOfANameThatNoBusTransmits) {
     Heard& heard = observeHere(std::string_view("N\0M", 3));
     postHere(std::string_view("N\0M", 3));
     EXPECT_EQ(heard.lines.size(), 1u);
@@ -204,36 +204,36 @@ TEST_F(DistributedCenterTest, TellsOnlyThisProcessOfANameThatNoBusCarries) {
     EXPECT_EQ(observer->readLine(), "N|-|-") << "the connection stands";
 }
 
-class SampleTest : public DistributedCenterTest, public ::testing::WithParamInterface<const char*> {};
+class SampleUserInfo : public DistributedCenter, public ::testing::WithParamInterface<const char*> {};
 
-TEST_P(SampleTest, CrossesUnchanged) {
+TEST_P(SampleUserInfo, ArrivesUnchanged) {
     const auto observer = observe({"N", "--sample", GetParam()});
     post({"N", "--sample", GetParam()});
     EXPECT_EQ(observer->readLine(), "N|-|same");
 }
 
-INSTANTIATE_TEST_SUITE_P(UserInfo, SampleTest,
+INSTANTIATE_TEST_SUITE_P(UserInfo, SampleUserInfo,
                          ::testing::Values("change", "kinds", "odd", "deep", "deepest", "wide", "large"),
                          [](const auto& sample) { return std::string(sample.param); });
 
-class OrderTest : public DistributedCenterTest, public ::testing::WithParamInterface<const char*> {};
+class OrderedUserInfo : public DistributedCenter, public ::testing::WithParamInterface<const char*> {};
 
-TEST_P(OrderTest, CrossesWithItsOrderAndTheSignOfZero) {
+TEST_P(OrderedUserInfo, ArrivesWithItsOrderAndTheSignOfZero) {
     const auto observer = observe({"N"});
     post({"N", "--sample", GetParam()});
     EXPECT_EQ(observer->readLine(), "N|-|" + text(sampleUserInfo(GetParam())));
 }
 
-INSTANTIATE_TEST_SUITE_P(UserInfo, OrderTest, ::testing::Values("kinds", "odd", "deep", "wide"),
+INSTANTIATE_TEST_SUITE_P(UserInfo, OrderedUserInfo, ::testing::Values("kinds", "odd", "deep", "wide"),
                          [](const auto& sample) { return std::string(sample.param); });
 
-TEST_F(DistributedCenterTest, AnnouncesAUserInfoThatNoBusCarriesWithoutIt) {
+TEST_F(DistributedCenter, PostsWithoutAUserInfoThatNoBusTransmits) {
     const auto observer = observe({"N"});
     post({"N", "--sample", "too-large"});
     EXPECT_EQ(observer->readLine(), "N|-|-");
 }
 
-TEST_F(DistributedCenterTest, AnnouncesAUserInfoDeeperThanADocumentWithoutIt) {
+TEST_F(DistributedCenter, PostsWithoutAUserInfoDeeperThanADocument) {
     const auto observer = observe({"N"});
     for (const char* sample : {"too-deep", "far-too-deep"}) {
         post({"N", "--sample", sample});

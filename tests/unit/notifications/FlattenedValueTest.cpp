@@ -38,7 +38,7 @@ TEST(FlattenedValue, ClosesEveryContainerThatItsLastElementFills) {
     EXPECT_EQ(flattened.take(), Value(Array{1, Dictionary{{"b", Array{}}, {"a", 2}}}));
 }
 
-TEST(FlattenedValue, TakesNothingAfterItsEnd) {
+TEST(FlattenedValue, RefusesElementsAfterItsEnd) {
     FlattenedValue flattened(levels);
     EXPECT_TRUE(flattened.beginArray(0));
     EXPECT_FALSE(flattened.add(1));
@@ -46,7 +46,7 @@ TEST(FlattenedValue, TakesNothingAfterItsEnd) {
     EXPECT_FALSE(flattened.beginDictionary(0));
 }
 
-TEST(FlattenedValue, TakesOnlyAStringForAKey) {
+TEST(FlattenedValue, AcceptsOnlyAStringAsAKey) {
     FlattenedValue number(levels);
     EXPECT_TRUE(number.beginDictionary(1));
     EXPECT_FALSE(number.add(1));
@@ -55,14 +55,14 @@ TEST(FlattenedValue, TakesOnlyAStringForAKey) {
     EXPECT_FALSE(container.beginArray(0));
 }
 
-TEST(FlattenedValue, BelievesInElementsWhenTheyCome) {
+TEST(FlattenedValue, AcceptsAHugeCountWithoutItsElements) {
     FlattenedValue flattened(levels);
     EXPECT_TRUE(flattened.beginArray(UINT32_MAX));
     EXPECT_TRUE(flattened.beginDictionary(UINT32_MAX));
     EXPECT_FALSE(flattened.isComplete());
 }
 
-TEST(FlattenedValue, HoldsContainersToItsLastLevel) {
+TEST(FlattenedValue, AcceptsContainersDownToItsLastLevel) {
     FlattenedValue flattened(levels);
     for (std::size_t i = 0; i < levels; ++i)
         ASSERT_TRUE(flattened.beginArray(1));
@@ -74,7 +74,7 @@ TEST(FlattenedValue, HoldsContainersToItsLastLevel) {
     EXPECT_EQ(value, Value("inside"));
 }
 
-TEST(FlattenedValue, TakesNoContainerBelowItsLastLevel) {
+TEST(FlattenedValue, RefusesContainersBelowItsLastLevel) {
     for (const std::uint32_t count : {0U, 1U}) {
         FlattenedValue flattened(levels);
         for (std::size_t i = 0; i + 1 < levels; ++i)

@@ -16,9 +16,9 @@ constexpr const char* interface = "com.tavix.DistributedNotifications";
 
 /// A program of somebody else's on the bus: it knows the form of a notification from the documentation, and
 /// says anything.
-class ForeignSenderTest : public BusFixture {
+class ForeignSender : public BusFixture {
 protected:
-    ForeignSenderTest() {
+    ForeignSender() {
         EXPECT_GE(sd_bus_new(&bus_), 0);
         EXPECT_GE(sd_bus_set_address(bus_, bus.address().c_str()), 0);
         EXPECT_GE(sd_bus_set_bus_client(bus_, 1), 0);
@@ -27,7 +27,7 @@ protected:
         EXPECT_EQ(stat(root().c_str(), &status), 0);
         rootIdentity_ = std::to_string(status.st_dev) + ":" + std::to_string(status.st_ino);
     }
-    ~ForeignSenderTest() override { sd_bus_flush_close_unref(bus_); }
+    ~ForeignSender() override { sd_bus_flush_close_unref(bus_); }
 
     /// Sends a notification N whose arguments the function appends.
     void send(const std::function<int(sd_bus_message*)>& append) {
@@ -57,7 +57,7 @@ private:
     std::string rootIdentity_;
 };
 
-TEST_F(ForeignSenderTest, IsHeardWhenItKeepsToTheForm) {
+TEST_F(ForeignSender, IsReceivedWhenItKeepsToTheForm) {
     const auto observer = observe({"N"});
     sendPlain("o");
     EXPECT_EQ(observer->readLine(), "N|o|-");
@@ -65,7 +65,7 @@ TEST_F(ForeignSenderTest, IsHeardWhenItKeepsToTheForm) {
     EXPECT_EQ(observer->readLine(), R"(N|-|{"key": "kEnabled", "object": false})");
 }
 
-TEST_F(ForeignSenderTest, MaySendIntegersOfAnyWidth) {
+TEST_F(ForeignSender, MaySendIntegersOfAnyWidth) {
     const auto observer = observe({"N"});
     sendUserInfo("a{sv}", 7, "y", "y", 255, "n", "n", -3, "q", "q", 65535, "i", "i", -4, "u", "u",
                  4000000000U, "x", "x", std::int64_t{-5}, "t", "t", std::uint64_t{6});
@@ -73,13 +73,13 @@ TEST_F(ForeignSenderTest, MaySendIntegersOfAnyWidth) {
               R"(N|-|{"y": 255, "n": -3, "q": 65535, "i": -4, "u": 4000000000, "x": -5, "t": 6})");
 }
 
-TEST_F(ForeignSenderTest, MaySendAKeyTwiceTheLastCounts) {
+TEST_F(ForeignSender, MaySendAKeyTwiceAndTheLastCounts) {
     const auto observer = observe({"N"});
     sendUserInfo("a{sv}", 2, "key", "s", "first", "key", "s", "last");
     EXPECT_EQ(observer->readLine(), R"(N|-|{"key": "last"})");
 }
 
-TEST_F(ForeignSenderTest, MaySendAContainerFlattened) {
+TEST_F(ForeignSender, MaySendAContainerFlattened) {
     const auto observer = observe({"N"});
     sendUserInfo("(av)", 6, "(su)", "dictionary", 1, "s", "key", "(su)", "array", 2, "b", 1, "(su)", "array",
                  0, "s", "too much");
@@ -88,7 +88,7 @@ TEST_F(ForeignSenderTest, MaySendAContainerFlattened) {
     EXPECT_EQ(observer->readLine(), R"(N|-|{"key": [true, []]})");
 }
 
-TEST_F(ForeignSenderTest, IsIgnoredWhereTheArgumentsAreOthers) {
+TEST_F(ForeignSender, IsIgnoredWithOtherArguments) {
     const auto observer = observe({"N"});
     send([](sd_bus_message*) { return 0; });
     send([](sd_bus_message* m) { return sd_bus_message_append(m, "s", "N"); });
@@ -101,7 +101,7 @@ TEST_F(ForeignSenderTest, IsIgnoredWhereTheArgumentsAreOthers) {
     EXPECT_EQ(observer->readLine(), "N|last|-");
 }
 
-TEST_F(ForeignSenderTest, IsIgnoredWithMoreThanOneObjectOrUserInfo) {
+TEST_F(ForeignSender, IsIgnoredWithMoreThanOneObjectOrUserInfo) {
     const auto observer = observe({"N"});
     send([this](sd_bus_message* m) {
         return sd_bus_message_append(m, "ssasav", root_(), "N", 2, "a", "b", 0);
@@ -113,7 +113,7 @@ TEST_F(ForeignSenderTest, IsIgnoredWithMoreThanOneObjectOrUserInfo) {
     EXPECT_EQ(observer->readLine(), "N|last|-");
 }
 
-TEST_F(ForeignSenderTest, IsIgnoredWhereTheUserInfoIsNoDictionary) {
+TEST_F(ForeignSender, IsIgnoredWhenTheUserInfoIsNotADictionary) {
     const auto observer = observe({"N"});
     sendUserInfo("s", "text");
     sendUserInfo("av", 0);
@@ -124,7 +124,7 @@ TEST_F(ForeignSenderTest, IsIgnoredWhereTheUserInfoIsNoDictionary) {
     EXPECT_EQ(observer->readLine(), "N|last|-");
 }
 
-TEST_F(ForeignSenderTest, IsIgnoredWhereAValueIsOfAnUnknownKind) {
+TEST_F(ForeignSender, IsIgnoredWhereAValueIsOfAnUnknownKind) {
     const auto observer = observe({"N"});
     sendUserInfo("a{sv}", 1, "key", "o", "/path");
     sendUserInfo("a{sv}", 1, "key", "g", "ay");
@@ -137,7 +137,7 @@ TEST_F(ForeignSenderTest, IsIgnoredWhereAValueIsOfAnUnknownKind) {
     EXPECT_EQ(observer->readLine(), "N|last|-");
 }
 
-TEST_F(ForeignSenderTest, IsIgnoredWhereAFlattenedContainerDoesNotAddUp) {
+TEST_F(ForeignSender, IsIgnoredWhenAFlattenedContainerIsInconsistent) {
     const auto observer = observe({"N"});
     sendUserInfo("(av)", 0);
     sendUserInfo("(av)", 1, "(su)", "dictionary", 1);
@@ -154,7 +154,7 @@ TEST_F(ForeignSenderTest, IsIgnoredWhereAFlattenedContainerDoesNotAddUp) {
     EXPECT_EQ(observer->readLine(), "N|last|-");
 }
 
-TEST_F(ForeignSenderTest, IsIgnoredWithAnotherMemberOrInterface) {
+TEST_F(ForeignSender, IsIgnoredWithAnotherMemberOrInterface) {
     const auto observer = observe({"N"});
     const auto run = [&](const char* onInterface, const char* member) {
         const auto result =
@@ -170,7 +170,7 @@ TEST_F(ForeignSenderTest, IsIgnoredWithAnotherMemberOrInterface) {
     EXPECT_EQ(observer->readLine(), "N|last|-");
 }
 
-TEST_F(ForeignSenderTest, IsHeardWithAsManyArraysInOneAnotherAsTheBusAllows) {
+TEST_F(ForeignSender, IsReceivedWithTheDeepestArraysThatTheBusAllows) {
     const auto observer = observe({"N"});
     constexpr int levels = 25;
     send([this](sd_bus_message* m) {

@@ -58,20 +58,20 @@ protected:
     std::shared_ptr<PasscodeView> view = PasscodeView::initWithDefaultSize();
 };
 
-TEST_F(CloseApp, MakesTheTransactionOfNoApplicationTheCurrentOne) {
+TEST_F(CloseApp, SetsATransactionWithoutAnApplicationAsTheCurrentOne) {
     workspace = fake.get();
     view->closeApp();
     EXPECT_TRUE(fake->askedForNoApplication);
     EXPECT_EQ(fake->currentTransaction, fake->transaction);
 }
 
-TEST_F(CloseApp, WithoutAWorkspaceDoesNothing) {
+TEST_F(CloseApp, DoesNothingWithoutAWorkspace) {
     ASSERT_EQ(workspace, nullptr);
     view->closeApp();
     EXPECT_EQ(fake->currentTransaction, nullptr);
 }
 
-TEST_F(CloseApp, HandsItsEventToTheQueueThatHasTheNameThen) {
+TEST_F(CloseApp, PassesItsEventToTheQueueThatHasTheNameThen) {
     auto& events = KeepingQueueClass::instance().queue->events;
     platform::registerClasses(keepingTable);
     view->closeApp();
@@ -92,7 +92,7 @@ TEST_F(CloseApp, AsksTheWorkspaceThatIsThereWhenTheEventRuns) {
     EXPECT_EQ(fake->currentTransaction, fake->transaction);
 }
 
-TEST_F(CloseApp, WithoutTheSystemsEventsDoesNothing) {
+TEST_F(CloseApp, DoesNothingWithoutTheSystemsEvents) {
     workspace = fake.get();
     platform::registerClasses(noEventsTable);
     view->closeApp();

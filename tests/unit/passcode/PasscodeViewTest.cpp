@@ -33,7 +33,7 @@ private:
     Events& events_;
 };
 
-class Overlay : public testing::Test {
+class PasscodeOverlay : public testing::Test {
 protected:
     void show() {
         view = PasscodeView::initWithDefaultSize();
@@ -62,13 +62,13 @@ protected:
     std::shared_ptr<Recorder> recorder = std::make_shared<Recorder>(events);
 };
 
-TEST_F(Overlay, HasTheBoundsOfTheScreen) {
+TEST_F(PasscodeOverlay, HasTheBoundsOfTheScreen) {
     device.bounds = {{0, 0}, {414, 736}};
     view = PasscodeView::initWithDefaultSize();
     EXPECT_EQ(view->frame(), device.bounds);
 }
 
-TEST_F(Overlay, HasADarkBlurBeneathTheKeypad) {
+TEST_F(PasscodeOverlay, HasADarkBlurBeneathTheKeypad) {
     view = PasscodeView::initWithDefaultSize();
     ASSERT_EQ(view->subviews().size(), 2u);
     EXPECT_EQ(view->subviews()[0], view->blurView());
@@ -78,7 +78,7 @@ TEST_F(Overlay, HasADarkBlurBeneathTheKeypad) {
     EXPECT_EQ(view->blurView()->frame(), view->bounds());
 }
 
-TEST_F(Overlay, AddsBlurAndThenKeypadOnceTheyAreSetUpAndInvisible) {
+TEST_F(PasscodeOverlay, AddsBlurAndThenKeypadOnceTheyAreSetUpAndInvisible) {
     class Witness : public doubles::RecordingDisplay {
     public:
         void viewChanged(UIView& view) override {
@@ -105,7 +105,7 @@ TEST_F(Overlay, AddsBlurAndThenKeypadOnceTheyAreSetUpAndInvisible) {
               (Events{"blur, invisible, laid out, attempts 0", "keypad, invisible, bare, attempts 4"}));
 }
 
-TEST_F(Overlay, ABlurMadeByItselfStartsOutInvisible) {
+TEST_F(PasscodeOverlay, CreatesASeparateBlurInvisible) {
     show();
     const auto first = view->blurView();
     view->createBlurView();
@@ -114,13 +114,13 @@ TEST_F(Overlay, ABlurMadeByItselfStartsOutInvisible) {
     EXPECT_EQ(view->subviews().back(), view->blurView());
 }
 
-TEST_F(Overlay, AllowsFourAttemptsToItsDelegate) {
+TEST_F(PasscodeOverlay, AllowsFourAttemptsToItsDelegate) {
     view = PasscodeView::initWithDefaultSize();
     EXPECT_EQ(view->maxAttempts(), 4);
     EXPECT_EQ(view->failedCount(), 0);
 }
 
-TEST_F(Overlay, NeverTouchesTheCountsItKeepsForItsDelegate) {
+TEST_F(PasscodeOverlay, NeverTouchesTheCountsItKeepsForItsDelegate) {
     show();
     view->setFailedCount(2);
     view->setMaxAttempts(7);
@@ -131,13 +131,13 @@ TEST_F(Overlay, NeverTouchesTheCountsItKeepsForItsDelegate) {
     EXPECT_EQ(view->maxAttempts(), 7);
 }
 
-TEST_F(Overlay, HidesTheKeypadsBackgroundAndEmergencyButton) {
+TEST_F(PasscodeOverlay, HidesTheKeypadsBackgroundAndEmergencyButton) {
     view = PasscodeView::initWithDefaultSize();
     EXPECT_EQ(view->keypad()->backgroundAlpha(), 0);
     EXPECT_FALSE(view->keypad()->showsEmergencyCallButton());
 }
 
-TEST_F(Overlay, FadesKeypadAndBlurInOverFourTenthsOfASecond) {
+TEST_F(PasscodeOverlay, FadesKeypadAndBlurInOverFourTenthsOfASecond) {
     view = PasscodeView::initWithDefaultSize();
     EXPECT_EQ(view->keypad()->presentationAlpha(), 0);
     EXPECT_EQ(view->blurView()->presentationAlpha(), 0);
@@ -149,7 +149,7 @@ TEST_F(Overlay, FadesKeypadAndBlurInOverFourTenthsOfASecond) {
     EXPECT_DOUBLE_EQ(view->blurView()->presentationAlpha(), 1);
 }
 
-TEST_F(Overlay, TakesDigitsWhileItFadesIn) {
+TEST_F(PasscodeOverlay, AcceptsDigitsFromTheStartOfItsFade) {
     view = PasscodeView::initWithDefaultSize();
     view->setDelegate(recorder);
     clock.step(0.1);
@@ -157,7 +157,7 @@ TEST_F(Overlay, TakesDigitsWhileItFadesIn) {
     EXPECT_EQ(events, Events{"delegate entered 1234"});
 }
 
-TEST_F(Overlay, TakesNoDigitsWhileItFadesOut) {
+TEST_F(PasscodeOverlay, IgnoresDigitsWhileItFadesOut) {
     show();
     view->setDelegate(recorder);
     view->destroyPasscode();
@@ -186,7 +186,7 @@ public:
 const platform::Class countingFactory("SBUIPasscodeLockViewFactory", nullptr, &CountingFactory::classMethods);
 const platform::Class* const factoryTable[] = {&countingFactory};
 
-TEST_F(Overlay, AsksTheFactoryThatHasTheNameThenForTheSimpleFourDigitKeypad) {
+TEST_F(PasscodeOverlay, AsksTheCurrentFactoryForTheSimpleFourDigitKeypad) {
     platform::registerClasses(factoryTable);
     view = PasscodeView::initWithDefaultSize();
     platform::withdrawClasses(factoryTable);
@@ -194,7 +194,7 @@ TEST_F(Overlay, AsksTheFactoryThatHasTheNameThenForTheSimpleFourDigitKeypad) {
     EXPECT_NE(view->keypad(), nullptr);
 }
 
-TEST_F(Overlay, WithoutAKeypadDropsWhatIsAskedOfIt) {
+TEST_F(PasscodeOverlay, IgnoresCallsWithoutAKeypad) {
     CountingFactory::instance().offersKeypads = false;
     platform::registerClasses(factoryTable);
     view = PasscodeView::initWithDefaultSize();
@@ -210,7 +210,7 @@ TEST_F(Overlay, WithoutAKeypadDropsWhatIsAskedOfIt) {
     EXPECT_EQ(events, Events{"delegate destroyed"});
 }
 
-TEST_F(Overlay, SetsTheStatusTextAndShowsItWithoutASubtitle) {
+TEST_F(PasscodeOverlay, SetsTheStatusTextAndShowsItWithoutASubtitle) {
     show();
     view->setStatus("Enter New Passcode");
     EXPECT_EQ(view->keypad()->_statusText(), "Enter New Passcode");
@@ -218,7 +218,7 @@ TEST_F(Overlay, SetsTheStatusTextAndShowsItWithoutASubtitle) {
     EXPECT_EQ(view->keypad()->shownSubtitle(), "");
 }
 
-TEST_F(Overlay, HasItsStatusBeforeTheTextIsShown) {
+TEST_F(PasscodeOverlay, HasItsStatusBeforeTheTextIsShown) {
     class Witness : public doubles::RecordingDisplay {
     public:
         void viewChanged(UIView& view) override {
@@ -233,7 +233,7 @@ TEST_F(Overlay, HasItsStatusBeforeTheTextIsShown) {
     EXPECT_EQ(witness.pictures, Events{"Enter New Passcode of Enter New Passcode"});
 }
 
-TEST_F(Overlay, ResetsTheStatusToTheKeypadsDefault) {
+TEST_F(PasscodeOverlay, ResetsTheStatusToTheKeypadsDefault) {
     show();
     view->setStatus("Enter New Passcode");
     view->resetStatus();
@@ -241,7 +241,7 @@ TEST_F(Overlay, ResetsTheStatusToTheKeypadsDefault) {
     EXPECT_EQ(view->keypad()->shownText(), view->keypad()->_defaultStatusText());
 }
 
-TEST_F(Overlay, ResetClearsTheDigits) {
+TEST_F(PasscodeOverlay, ClearsTheDigitsOnReset) {
     show();
     enter("12");
     view->reset();
@@ -249,7 +249,7 @@ TEST_F(Overlay, ResetClearsTheDigits) {
     EXPECT_EQ(view->keypad()->failures(), 0);
 }
 
-TEST_F(Overlay, ShowsTheEmergencyButtonWhenAskedTo) {
+TEST_F(PasscodeOverlay, ShowsTheEmergencyButtonOnRequest) {
     show();
     view->setShowEmergency(true);
     EXPECT_TRUE(view->keypad()->showsEmergencyCallButton());
@@ -257,7 +257,7 @@ TEST_F(Overlay, ShowsTheEmergencyButtonWhenAskedTo) {
     EXPECT_FALSE(view->keypad()->showsEmergencyCallButton());
 }
 
-TEST_F(Overlay, HidingFadesAndThenCallsItsCompletion) {
+TEST_F(PasscodeOverlay, FadesAndThenCallsItsCompletionWhenHidden) {
     show();
     int calls = 0;
     view->setPasscodeHidden(true, [&calls] { ++calls; });
@@ -273,7 +273,7 @@ TEST_F(Overlay, HidingFadesAndThenCallsItsCompletion) {
     EXPECT_EQ(calls, 1);
 }
 
-TEST_F(Overlay, OnlyReportsACancel) {
+TEST_F(PasscodeOverlay, OnlyReportsACancel) {
     show();
     view->setDelegate(recorder);
     recordBlocks();
@@ -287,7 +287,7 @@ TEST_F(Overlay, OnlyReportsACancel) {
     EXPECT_EQ(view->keypad()->presentationAlpha(), 1);
 }
 
-TEST_F(Overlay, OnlyReportsAnEntryAndLeavesItsDigits) {
+TEST_F(PasscodeOverlay, OnlyReportsAnEntryAndLeavesItsDigits) {
     show();
     view->setDelegate(recorder);
     enter("1234");
@@ -298,7 +298,7 @@ TEST_F(Overlay, OnlyReportsAnEntryAndLeavesItsDigits) {
     EXPECT_EQ(view->keypad()->failures(), 0);
 }
 
-TEST_F(Overlay, TellsDelegateThenBlockOfAnEntry) {
+TEST_F(PasscodeOverlay, NotifiesDelegateThenBlockOfAnEntry) {
     show();
     view->setDelegate(recorder);
     recordBlocks();
@@ -306,7 +306,7 @@ TEST_F(Overlay, TellsDelegateThenBlockOfAnEntry) {
     EXPECT_EQ(events, (Events{"delegate entered 0907", "block entered 0907"}));
 }
 
-TEST_F(Overlay, TreatsAnEntryByTheSecondPathLikeATypedOne) {
+TEST_F(PasscodeOverlay, TreatsAnEntryByTheSecondPathAsATypedOne) {
     show();
     view->setDelegate(recorder);
     recordBlocks();
@@ -314,7 +314,7 @@ TEST_F(Overlay, TreatsAnEntryByTheSecondPathLikeATypedOne) {
     EXPECT_EQ(events, (Events{"delegate entered 0907", "block entered 0907"}));
 }
 
-TEST_F(Overlay, TellsDelegateThenBlockOfACancel) {
+TEST_F(PasscodeOverlay, NotifiesDelegateThenBlockOfACancel) {
     show();
     view->setDelegate(recorder);
     recordBlocks();
@@ -322,7 +322,7 @@ TEST_F(Overlay, TellsDelegateThenBlockOfACancel) {
     EXPECT_EQ(events, (Events{"delegate cancelled", "block cancelled"}));
 }
 
-TEST_F(Overlay, CancelsWhenAskedToAsIfTheButtonWasPressed) {
+TEST_F(PasscodeOverlay, CancelsWhenAskedToAsIfTheButtonWasPressed) {
     show();
     view->setDelegate(recorder);
     recordBlocks();
@@ -331,7 +331,7 @@ TEST_F(Overlay, CancelsWhenAskedToAsIfTheButtonWasPressed) {
     EXPECT_NE(view->keypad(), nullptr);
 }
 
-TEST_F(Overlay, TellsDelegateThenBlockOfAnEmergencyCall) {
+TEST_F(PasscodeOverlay, NotifiesDelegateThenBlockOfAnEmergencyCall) {
     show();
     view->setShowEmergency(true);
     view->setDelegate(recorder);
@@ -340,7 +340,7 @@ TEST_F(Overlay, TellsDelegateThenBlockOfAnEmergencyCall) {
     EXPECT_EQ(events, (Events{"delegate emergency", "block emergency"}));
 }
 
-TEST_F(Overlay, TellsCompletionThenDelegateThenBlockOfItsEnd) {
+TEST_F(PasscodeOverlay, NotifiesCompletionThenDelegateThenBlockOfItsEnd) {
     show();
     view->setDelegate(recorder);
     recordBlocks();
@@ -351,7 +351,7 @@ TEST_F(Overlay, TellsCompletionThenDelegateThenBlockOfItsEnd) {
     EXPECT_EQ(events, (Events{"completion", "delegate destroyed", "block destroyed"}));
 }
 
-TEST_F(Overlay, IsEmptyHiddenAndDetachedBeforeAnybodyHearsOfItsEnd) {
+TEST_F(PasscodeOverlay, IsEmptyHiddenAndDetachedBeforeItReportsItsEnd) {
     show();
     bool checked = false;
     view->destroyPasscodeWithCompletion([this, &checked] {
@@ -369,7 +369,7 @@ TEST_F(Overlay, IsEmptyHiddenAndDetachedBeforeAnybodyHearsOfItsEnd) {
     EXPECT_TRUE(checked);
 }
 
-TEST_F(Overlay, IsEmptiedThenHiddenThenDetached) {
+TEST_F(PasscodeOverlay, IsEmptiedThenHiddenThenDetached) {
     class Witness : public doubles::RecordingDisplay {
     public:
         explicit Witness(PasscodeView& overlay) : overlay_(overlay) {}
@@ -396,7 +396,7 @@ TEST_F(Overlay, IsEmptiedThenHiddenThenDetached) {
                                         "0 inside, let go of, hidden, detached"}));
 }
 
-TEST_F(Overlay, FadesOutBeforeItGoes) {
+TEST_F(PasscodeOverlay, FadesOutBeforeItGoes) {
     show();
     view->destroyPasscode();
     clock.step(0.2);
@@ -405,7 +405,7 @@ TEST_F(Overlay, FadesOutBeforeItGoes) {
     EXPECT_EQ(window->subviews().size(), 1u);
 }
 
-TEST_F(Overlay, WithoutASuperviewTellsOfItsEndAllTheSame) {
+TEST_F(PasscodeOverlay, ReportsItsEndWithoutASuperview) {
     view = PasscodeView::initWithDefaultSize();
     view->setDelegate(recorder);
     recordBlocks();
@@ -414,7 +414,7 @@ TEST_F(Overlay, WithoutASuperviewTellsOfItsEndAllTheSame) {
     EXPECT_EQ(events, (Events{"completion", "delegate destroyed", "block destroyed"}));
 }
 
-TEST_F(Overlay, DestroyedTwiceRunsBothCompletions) {
+TEST_F(PasscodeOverlay, RunsBothCompletionsWhenDestroyedTwice) {
     show();
     view->destroyPasscodeWithCompletion([this] { events.push_back("first"); });
     clock.step(0.1);
@@ -425,7 +425,7 @@ TEST_F(Overlay, DestroyedTwiceRunsBothCompletions) {
     EXPECT_EQ(events, (Events{"first", "second"}));
 }
 
-TEST_F(Overlay, DropsEveryEventThatNobodyWants) {
+TEST_F(PasscodeOverlay, DropsEveryEventThatItsDelegateIgnores) {
     class Indifferent : public PasscodeViewDelegate {};
     show();
     const auto indifferent = std::make_shared<Indifferent>();
@@ -441,7 +441,7 @@ TEST_F(Overlay, DropsEveryEventThatNobodyWants) {
     EXPECT_EQ(view->superview(), nullptr);
 }
 
-TEST_F(Overlay, DoesNotRetainItsDelegate) {
+TEST_F(PasscodeOverlay, DoesNotRetainItsDelegate) {
     show();
     view->setDelegate(recorder);
     recordBlocks();
@@ -453,7 +453,7 @@ TEST_F(Overlay, DoesNotRetainItsDelegate) {
     EXPECT_EQ(events, Events{"block entered 1234"});
 }
 
-TEST_F(Overlay, LetGoInMidFadeLivesToItsEndAndNoLonger) {
+TEST_F(PasscodeOverlay, LivesUntilItsFadeEndsWhenReleasedDuringTheFade) {
     show();
     view->setDelegate(recorder);
     const std::weak_ptr<PasscodeView> weak = view;
@@ -469,7 +469,7 @@ TEST_F(Overlay, LetGoInMidFadeLivesToItsEndAndNoLonger) {
     EXPECT_TRUE(keypad.expired());
 }
 
-TEST_F(Overlay, LetGoWhileItFadesInIsGoneAtOnce) {
+TEST_F(PasscodeOverlay, IsGoneAtOnceWhenReleasedDuringItsFirstFade) {
     view = PasscodeView::initWithDefaultSize();
     const std::weak_ptr<PasscodeView> weak = view;
     clock.step(0.1);
@@ -478,7 +478,7 @@ TEST_F(Overlay, LetGoWhileItFadesInIsGoneAtOnce) {
     clock.step(1);
 }
 
-TEST_F(Overlay, OutlivesItsDelegateInMidFade) {
+TEST_F(PasscodeOverlay, OutlivesItsDelegateDuringAFade) {
     show();
     view->setDelegate(recorder);
     recordBlocks();
@@ -488,7 +488,7 @@ TEST_F(Overlay, OutlivesItsDelegateInMidFade) {
     EXPECT_EQ(events, Events{"block destroyed"});
 }
 
-TEST_F(Overlay, SurvivesABlockThatReplacesItself) {
+TEST_F(PasscodeOverlay, SurvivesABlockThatReplacesItself) {
     show();
     view->setPasscodeCancelledBlock([this](PasscodeView& cancelled) {
         cancelled.setPasscodeCancelledBlock({});
@@ -499,7 +499,7 @@ TEST_F(Overlay, SurvivesABlockThatReplacesItself) {
     EXPECT_EQ(events, Events{"cancelled"});
 }
 
-TEST_F(Overlay, SurvivesABlockThatLetsItGo) {
+TEST_F(PasscodeOverlay, SurvivesABlockThatReleasesIt) {
     show();
     const std::weak_ptr<PasscodeView> weak = view;
     view->setPasscodeEnteredBlock([this](PasscodeView& entered, const std::string& passcode) {
@@ -512,7 +512,7 @@ TEST_F(Overlay, SurvivesABlockThatLetsItGo) {
     EXPECT_TRUE(weak.expired());
 }
 
-TEST_F(Overlay, TellsItsBlockEvenWhenItsDelegateLetsItGo) {
+TEST_F(PasscodeOverlay, NotifiesItsBlockEvenWhenItsDelegateReleasesIt) {
     class Dropping : public PasscodeViewDelegate {
     public:
         explicit Dropping(std::function<void()> letGo) : letGo_(std::move(letGo)) {}
@@ -544,7 +544,7 @@ TEST_F(Overlay, TellsItsBlockEvenWhenItsDelegateLetsItGo) {
     EXPECT_EQ(events, (Events{"block entered 1234", "block cancelled", "block emergency"}));
 }
 
-TEST_F(Overlay, HasPlainAccessorsForItsViews) {
+TEST_F(PasscodeOverlay, HasPlainAccessorsForItsViews) {
     view = PasscodeView::initWithDefaultSize();
     const auto keypad = std::make_shared<PasscodeView::Keypad>(device.bounds);
     const auto blur = std::make_shared<platform::UIVisualEffectView>(

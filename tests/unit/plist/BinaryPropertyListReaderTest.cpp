@@ -52,7 +52,7 @@ TEST(BinaryReader, ReadsIntegersOfEverySize) {
     EXPECT_EQ(readingOf("\x14" + bigEndian(~0ull, 8) + bigEndian(~0ull, 8)), "-1");
 }
 
-TEST(BinaryReader, RefusesIntegersThatFitNoSixtyFourBits) {
+TEST(BinaryReader, RefusesIntegersBeyondSixtyFourBits) {
     EXPECT_EQ(readingOf("\x14" + bigEndian(1, 8) + bigEndian(0, 8)), "no document");
     EXPECT_EQ(readingOf("\x14" + bigEndian(~0ull, 8) + bigEndian(1, 8)), "no document");
     EXPECT_EQ(readingOf("\x15" + std::string(32, '\0')), "no document");
@@ -120,7 +120,7 @@ TEST(BinaryReader, RefusesLengthsBeyondTheBytes) {
     EXPECT_EQ(readingOf("\x5F\x13\x01"), "no document");
 }
 
-TEST(BinaryReader, RefusesLengthsThatAreNoInteger) {
+TEST(BinaryReader, RefusesLengthsThatAreNotIntegers) {
     EXPECT_EQ(readingOf("\x5F\x51"
                         "abc"),
               "no document");
@@ -201,7 +201,7 @@ TEST(BinaryReader, KeepsTheFirstOfDuplicateKeys) {
               "{\"a\": 1, \"b\": 2}");
 }
 
-TEST(BinaryReader, RefusesKeysThatAreNoStrings) {
+TEST(BinaryReader, RefusesKeysThatAreNotStrings) {
     EXPECT_EQ(reading(BinaryPropertyList{{"\xD1\x01\x01", "\x10\x05"}}.bytes()), "no document");
 }
 
@@ -294,7 +294,7 @@ TEST(BinaryReader, RefusesNestingAMillionDeep) {
     EXPECT_EQ(reading(nested(1'000'000)), "no document");
 }
 
-TEST(BinaryReader, BoundsNestingThroughObjectsReadBefore) {
+TEST(BinaryReader, BoundsNestingThroughSharedObjects) {
     // The top array names a shallow chain of 300 first, then a chain of 300 that ends in the first one.
     std::vector<std::string> objects{"\xA2" + bigEndian(1, 2) + bigEndian(301, 2)};
     for (std::uint64_t i = 1; i <= 600; ++i)

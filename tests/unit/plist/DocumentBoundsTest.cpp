@@ -120,7 +120,7 @@ TEST_F(DocumentBounds, AreNotExceededByOneLevel) {
     EXPECT_TRUE(stands());
 }
 
-TEST_F(DocumentBounds, StopAWriteOfMoreValuesThanAnyMemoryHolds) {
+TEST_F(DocumentBounds, StopAWriteOfMoreValuesThanMemoryCanStore) {
     Value value = true;
     for (int level = 0; level < 70; ++level)
         value = Array{value, value};
@@ -128,7 +128,7 @@ TEST_F(DocumentBounds, StopAWriteOfMoreValuesThanAnyMemoryHolds) {
     EXPECT_TRUE(stands());
 }
 
-TEST_F(DocumentBounds, LetABinaryDocumentStandWhoseXmlFormExceedsThem) {
+TEST_F(DocumentBounds, LeaveABinaryDocumentWhoseXmlFormExceedsThem) {
     // A dictionary whose one entry is an array of 120 arrays of as many arrays of as many booleans.
     BinaryPropertyList list{{std::string("\xD1\x01\x02"), "\x51"
                                                           "k"}};
@@ -147,7 +147,7 @@ TEST_F(DocumentBounds, LetABinaryDocumentStandWhoseXmlFormExceedsThem) {
     EXPECT_TRUE(stands());
 }
 
-TEST_F(DocumentBounds, LetADamagedFileStandWhereItIs) {
+TEST_F(DocumentBounds, LeaveADamagedFileInPlace) {
     before = "no list";
     writeFile(file, before);
     EXPECT_EQ(errorOf(ofSize(platform::largestDocument + 1)), PropertyListError::TooLarge);

@@ -77,7 +77,7 @@ void expectReadOrRefusedMutated(const std::string& document, int times) {
     }
 }
 
-TEST(DamagedPropertyList, XmlCutAnywhereBeforeItsEndIsNone) {
+TEST(DamagedPropertyList, IsRefusedWhenXmlIsCutBeforeItsEnd) {
     ASSERT_TRUE(propertyListWithData(xmlDocument));
     const std::size_t end = xmlDocument.size() - std::string("\n").size();
     for (std::size_t length = 0; length < end; ++length)
@@ -85,20 +85,20 @@ TEST(DamagedPropertyList, XmlCutAnywhereBeforeItsEndIsNone) {
     EXPECT_TRUE(propertyListWithData(xmlDocument.substr(0, end)));
 }
 
-TEST(DamagedPropertyList, XmlWithItsBeginningCutOffIsNone) {
+TEST(DamagedPropertyList, IsRefusedWhenTheBeginningOfXmlIsCutOff) {
     const std::size_t firstElement = xmlDocument.find("<dict>") + 1;
     for (std::size_t start = firstElement; start < xmlDocument.size(); ++start)
         ASSERT_FALSE(propertyListWithData(xmlDocument.substr(start))) << start;
 }
 
-TEST(DamagedPropertyList, BinaryCutAnywhereIsNone) {
+TEST(DamagedPropertyList, IsRefusedWhenBinaryIsCutAnywhere) {
     const std::string document = binaryDocument();
     ASSERT_TRUE(propertyListWithData(document));
     for (std::size_t length = 0; length < document.size(); ++length)
         ASSERT_FALSE(propertyListWithData(document.substr(0, length))) << length;
 }
 
-TEST(DamagedPropertyList, BinaryWithAnyByteChangedIsReadOrRefused) {
+TEST(DamagedPropertyList, IsReadOrRefusedWhenAnyByteOfBinaryChanges) {
     const std::string document = binaryDocument();
     for (std::size_t at = 0; at < document.size(); ++at) {
         for (int byte = 0; byte < 256; ++byte) {
@@ -109,11 +109,11 @@ TEST(DamagedPropertyList, BinaryWithAnyByteChangedIsReadOrRefused) {
     }
 }
 
-TEST(DamagedPropertyList, MutatedXmlIsReadOrRefused) {
+TEST(DamagedPropertyList, IsReadOrRefusedWhenXmlIsMutated) {
     expectReadOrRefusedMutated(xmlDocument, 30'000);
 }
 
-TEST(DamagedPropertyList, MutatedBinaryIsReadOrRefused) {
+TEST(DamagedPropertyList, IsReadOrRefusedWhenBinaryIsMutated) {
     expectReadOrRefusedMutated(binaryDocument(), 60'000);
 }
 

@@ -56,7 +56,7 @@ TEST_F(PropertyListFile, ReadsAnEmptyDictionaryAsADictionary) {
     EXPECT_EQ(dictionaryWithContentsOfFile(file), Dictionary());
 }
 
-TEST_F(PropertyListFile, ReadsNothingWhereThereIsNoDictionary) {
+TEST_F(PropertyListFile, ReadsNothingWithoutADictionary) {
     EXPECT_EQ(dictionaryWithContentsOfFile(file), std::nullopt);
     for (const char* bytes : {"", "no list", "<plist><array/></plist>", "<plist><dict><key>one</key>"}) {
         writeFile(file, bytes);
@@ -95,12 +95,12 @@ TEST_F(PropertyListFile, WritesThroughALinkAndKeepsIt) {
     EXPECT_EQ(dictionaryWithContentsOfFile("/var/mobile/real.plist"), one());
 }
 
-TEST_F(PropertyListFile, MakesNoFolder) {
+TEST_F(PropertyListFile, CreatesNoFolder) {
     EXPECT_FALSE(writeToFileAtomically(one(), "/var/none/a.plist"));
     EXPECT_FALSE(exists("/var/none"));
 }
 
-TEST_F(PropertyListFile, IsNotWrittenInAFoldersPlace) {
+TEST_F(PropertyListFile, DoesNotReplaceAFolder) {
     makeFolder(file);
     EXPECT_FALSE(writeToFileAtomically(one(), file));
     EXPECT_TRUE(fs::is_directory(onDisk(file)));
@@ -116,7 +116,7 @@ TEST_F(PropertyListFile, KeepsTheBytesOfADamagedDocumentBesideIt) {
     EXPECT_EQ(modeOf(damaged), 0600u);
 }
 
-TEST_F(PropertyListFile, KeepsADocumentWhoseRootIsNoDictionary) {
+TEST_F(PropertyListFile, KeepsADocumentWhoseRootIsNotADictionary) {
     writeFile(file, "<plist><array/></plist>");
     ASSERT_TRUE(updateFile(file, setTwo).written);
     EXPECT_EQ(readFile(damaged), "<plist><array/></plist>");
@@ -128,7 +128,7 @@ TEST_F(PropertyListFile, KeepsNothingBesideADocument) {
     EXPECT_EQ(filesInFolder(), 1u);
 }
 
-TEST_F(PropertyListFile, KeepsEachDifferentDamageUnderANumberOfItsOwn) {
+TEST_F(PropertyListFile, KeepsEachDifferentDamageUnderItsOwnNumber) {
     for (const char* bytes : {"first", "second", "first", "third", "second"}) {
         writeFile(file, bytes);
         ASSERT_TRUE(writeToFileAtomically(one(), file));
@@ -139,7 +139,7 @@ TEST_F(PropertyListFile, KeepsEachDifferentDamageUnderANumberOfItsOwn) {
     EXPECT_EQ(filesInFolder(), 4u);
 }
 
-TEST_F(PropertyListFile, KeepsNoMoreThanNineDamagedOnesAndTheLatestOfThoseBeyond) {
+TEST_F(PropertyListFile, KeepsTheFirstEightAndTheLatestDamagedDocument) {
     for (int number = 1; number <= 12; ++number) {
         writeFile(file, "damage " + std::to_string(number));
         ASSERT_TRUE(writeToFileAtomically(one(), file));
@@ -158,7 +158,7 @@ TEST_F(PropertyListFile, IsNotReplacedWhereItsDamagedBytesCannotBeKept) {
     EXPECT_EQ(readFile(file), "broken");
 }
 
-TEST_F(PropertyListFile, TooLargeToBeADocumentIsMovedAside) {
+TEST_F(PropertyListFile, IsMovedAsideWhenTooLargeToBeADocument) {
     writeFile(file, "");
     fs::resize_file(onDisk(file), 17 << 20);
     EXPECT_EQ(dictionaryWithContentsOfFile(file), std::nullopt);
@@ -184,7 +184,7 @@ bool asOwner(const std::string& root, Work work) {
     return status == 0;
 }
 
-TEST_F(PropertyListFile, ThatMayNotBeReadIsMovedAsideAndMadeReadable) {
+TEST_F(PropertyListFile, IsMovedAsideAndReplacedByAReadableOneWhenItMayNotBeRead) {
     writeFile(file, "hidden");
     fs::permissions(onDisk(file), fs::perms::none);
     EXPECT_TRUE(asOwner(
@@ -195,7 +195,7 @@ TEST_F(PropertyListFile, ThatMayNotBeReadIsMovedAsideAndMadeReadable) {
     EXPECT_EQ(readFile(damaged), "hidden");
 }
 
-TEST_F(PropertyListFile, InAFolderThatMayNotBeChangedStands) {
+TEST_F(PropertyListFile, IsKeptInAFolderThatMayNotBeChanged) {
     writeFile(file, platform::dataWithPropertyList(one()));
     fs::permissions(onDisk("/var/mobile/Library/Preferences"), static_cast<fs::perms>(0555));
     EXPECT_TRUE(asOwner(root(), [] {
@@ -207,7 +207,7 @@ TEST_F(PropertyListFile, InAFolderThatMayNotBeChangedStands) {
     EXPECT_EQ(filesInFolder(), 1u);
 }
 
-TEST_F(PropertyListFile, StandsWhileNoDescriptorIsLeftToReadIt) {
+TEST_F(PropertyListFile, IsKeptWhileNoDescriptorIsLeftToReadIt) {
     writeFile(file, platform::dataWithPropertyList(one()));
     {
         const FewDescriptors none(0);
@@ -308,7 +308,7 @@ protected:
     Environment environment;
 };
 
-TEST_P(PropertyListFileFault, AtAnyCallLosesNothing) {
+TEST_P(PropertyListFileFault, LosesNothingAtAnyCall) {
     const std::size_t count = callsOfUpdate();
     for (std::size_t number = 1; number <= count; ++number) {
         SCOPED_TRACE(number);
@@ -320,7 +320,7 @@ TEST_P(PropertyListFileFault, AtAnyCallLosesNothing) {
     }
 }
 
-TEST_P(PropertyListFileFault, OfAKilledProcessLosesNothing) {
+TEST_P(PropertyListFileFault, LosesNothingOfAKilledProcess) {
     const std::size_t count = callsOfUpdate();
     for (std::size_t number = 1; number <= count; ++number) {
         SCOPED_TRACE(number);
@@ -332,7 +332,7 @@ TEST_P(PropertyListFileFault, OfAKilledProcessLosesNothing) {
     }
 }
 
-TEST_P(PropertyListFileFault, OnAFullDiskLosesNothing) {
+TEST_P(PropertyListFileFault, LosesNothingOnAFullDisk) {
     Stage stage(GetParam());
     stage.memory.setCapacity(GetParam().size());
     const Update update = updateFile("/d/a", setTwo);
@@ -341,7 +341,7 @@ TEST_P(PropertyListFileFault, OnAFullDiskLosesNothing) {
     EXPECT_EQ(stage.memory.names("/d"), std::vector<std::string>{"a"});
 }
 
-TEST_F(PropertyListFile, WhoseReadingFailsOnceIsUpdatedFromItsEntriesAllTheSame) {
+TEST_F(PropertyListFile, IsUpdatedFromItsEntriesWhenItsReadingFailsOnce) {
     MemoryFileSystem memory;
     FaultyFileSystem files(memory);
     memory.addFolder("/d");
@@ -355,7 +355,7 @@ TEST_F(PropertyListFile, WhoseReadingFailsOnceIsUpdatedFromItsEntriesAllTheSame)
     EXPECT_EQ(memory.names("/d"), std::vector<std::string>{"a"});
 }
 
-TEST_P(PropertyListFileFault, StandsWhereItsReadingWasShortOfMeansThatItsWritingHas) {
+TEST_P(PropertyListFileFault, KeepsTheFileWhenItsReadingLacksResources) {
     for (const std::errc shortage : {std::errc::too_many_files_open, std::errc::too_many_files_open_in_system,
                                      std::errc::not_enough_memory}) {
         Stage stage(GetParam());
@@ -368,7 +368,7 @@ TEST_P(PropertyListFileFault, StandsWhereItsReadingWasShortOfMeansThatItsWriting
     }
 }
 
-TEST_P(PropertyListFileFault, WhoseBytesCannotBeReadKeepsThemUnderAnotherName) {
+TEST_P(PropertyListFileFault, KeepsUnreadableBytesUnderAnotherName) {
     Stage stage(GetParam());
     stage.files.failEvery("readFile", std::errc::io_error);
     EXPECT_TRUE(writeToFileAtomically(one(), "/d/a"));
@@ -376,7 +376,7 @@ TEST_P(PropertyListFileFault, WhoseBytesCannotBeReadKeepsThemUnderAnotherName) {
     EXPECT_EQ(stage.memory.contents("/d/a.damaged"), GetParam());
 }
 
-TEST_P(PropertyListFileFault, ThatCanNeitherBeReadNorNamedStands) {
+TEST_P(PropertyListFileFault, KeepsAFileThatCanNeitherBeReadNorLinked) {
     Stage stage(GetParam());
     stage.files.failEvery("readFile", std::errc::permission_denied);
     stage.files.failEvery("link", std::errc::operation_not_permitted);

@@ -129,7 +129,7 @@ constexpr const char* pythonsOddText =
     "seen = re.sub('[\\x00-\\x08\\x0b\\x0c\\x0e-\\x1f\\ufffe\\uffff]', '\\ufffd', odd)\n"
     "expected = {'text': seen, seen: [seen, '']}\n";
 
-TEST_F(PropertyListInteroperation, WritesTextThatXmlCannotHoldSoThatPythonReadsTheRest) {
+TEST_F(PropertyListInteroperation, WritesTextThatXmlCannotContainSoThatPythonReadsTheRest) {
     const Value ours = Dictionary{{"text", oddText()}, {oddText(), Array{oddText(), ""}}};
     store(folder / "a", dataWithPropertyList(ours));
     python(std::string(pythonsOddText) +
@@ -137,7 +137,7 @@ TEST_F(PropertyListInteroperation, WritesTextThatXmlCannotHoldSoThatPythonReadsT
     EXPECT_EQ(propertyListWithData(contents(folder / "a")), ours);
 }
 
-TEST_F(PropertyListInteroperation, WritesTextThatXmlCannotHoldSoThatPlistutilReadsTheRest) {
+TEST_F(PropertyListInteroperation, WritesTextThatXmlCannotContainSoThatPlistutilReadsTheRest) {
     const Value ours = Dictionary{{"text", oddText()}, {oddText(), Array{oddText(), ""}}};
     store(folder / "a", dataWithPropertyList(ours));
     plistutil("a", "bin", "b");
@@ -145,7 +145,7 @@ TEST_F(PropertyListInteroperation, WritesTextThatXmlCannotHoldSoThatPlistutilRea
            "read = plistlib.load(open(folder + 'b', 'rb'))\nassert read == expected, ascii(read)");
 }
 
-TEST_F(PropertyListInteroperation, WritesPythonsBytesWhereBothFollowThePlatform) {
+TEST_F(PropertyListInteroperation, WritesTheSameBytesAsPythonInThePlatformsForm) {
     store(folder / "a", dataWithPropertyList(ourValues()));
     // Python writes huge reals in another form.
     python("values['reals'] = []\n"
@@ -157,14 +157,14 @@ TEST_F(PropertyListInteroperation, WritesPythonsBytesWhereBothFollowThePlatform)
            "'rb').read()");
 }
 
-TEST_F(PropertyListInteroperation, ReadsWhatPlistutilMakesOfOurs) {
+TEST_F(PropertyListInteroperation, ReadsTheBinaryThatPlistutilConverts) {
     store(folder / "ours", dataWithPropertyList(ourValues()));
     plistutil("ours", "bin", "binary");
     EXPECT_EQ(propertyListWithData(contents(folder / "binary")), ourValues());
     EXPECT_TRUE(contents(folder / "binary").starts_with("bplist00"));
 }
 
-TEST_F(PropertyListInteroperation, ReadsTheXmlPlistutilMakesOfABinary) {
+TEST_F(PropertyListInteroperation, ReadsTheXmlThatPlistutilConverts) {
     python("plistlib.dump(values, open(folder + 'a', 'wb'), fmt=plistlib.FMT_BINARY, sort_keys=False)");
     plistutil("a", "xml", "b");
     EXPECT_EQ(propertyListWithData(contents(folder / "b")), ourValues());

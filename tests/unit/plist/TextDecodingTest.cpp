@@ -126,7 +126,7 @@ TEST(TextDecoding, RefusesEncodingsItDoesNotKnow) {
     EXPECT_EQ(reading(declared("UTF-16", "a")), "no document");
 }
 
-TEST(TextDecoding, RefusesBytesThatAreNoUtf8Anywhere) {
+TEST(TextDecoding, RefusesBytesThatAreNotUtf8Anywhere) {
     for (const char* wrong :
          {"\x80", "\xC3", "\xC0\x80", "\xE0\x80\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xFF"}) {
         EXPECT_EQ(reading("<string>" + std::string(wrong) + "</string>"), "no document");

@@ -118,7 +118,7 @@ TEST(XmlReader, ResolvesReferencesToControlCharacters) {
               "\"\\x00\\x01\\x09\\x0a\\x0d\\x1f\x7f\"");
 }
 
-TEST(XmlReader, RefusesReferencesToWhatIsNoCharacter) {
+TEST(XmlReader, RefusesReferencesToInvalidCodePoints) {
     for (const char* reference :
          {"&#xD800;", "&#xDFFF;", "&#x110000;", "&#99999999999999999999;", "&#x1000000041;"})
         EXPECT_EQ(readingOfXml("<string>" + std::string(reference) + "</string>"), "no document")
@@ -136,7 +136,7 @@ TEST(XmlReader, ResolvesReferencesInKeys) {
     EXPECT_EQ(readingOfXml("<dict><key>a&amp;b&#x21;</key><true/></dict>"), "{\"a&b!\": true}");
 }
 
-TEST(XmlReader, TellsAKeyThatIsWrittenLikeTheLastRecordsOneFromThatOne) {
+TEST(XmlReader, DistinguishesAKeyFromASimilarlyWrittenOneOfTheLastRecord) {
     EXPECT_EQ(readingOfXml("<array><dict><key>a&amp;amp;b</key><true/></dict><dict><key>a&amp;b</key><true/"
                            "></dict></array>"),
               "[{\"a&amp;b\": true}, {\"a&b\": true}]");
@@ -180,7 +180,7 @@ TEST(XmlReader, ReadsHexadecimalAndSignedIntegers) {
               "[31, 255, -16, 5, -6, 7, 7, 0, 18446744073709551615u]");
 }
 
-TEST(XmlReader, RefusesWhatIsNoInteger) {
+TEST(XmlReader, RefusesMalformedIntegers) {
     for (const char* text : {"x", "1.5", "1e3", "0x", "0xG", "--1", "+-1", "1 2", "12abc", "-", "0x-1",
                              "\xC2\xA0"
                              "1"})
@@ -196,7 +196,7 @@ TEST(XmlReader, ReadsReals) {
               "real 1.7976931348623157e+308]");
 }
 
-TEST(XmlReader, ReadsRealsThatAreNoNumberOrInfinite) {
+TEST(XmlReader, ReadsRealsThatAreNotANumberOrInfinite) {
     EXPECT_EQ(
         readingOfXml(
             "<array><real>nan</real><real>NaN</real><real>inf</real><real>-inf</real><real>+Infinity</real>"
@@ -208,7 +208,7 @@ TEST(XmlReader, ReadsRealsTooSmallAsZero) {
     EXPECT_EQ(readingOfXml("<real>1e-999</real>"), "real 0");
 }
 
-TEST(XmlReader, RefusesWhatIsNoReal) {
+TEST(XmlReader, RefusesMalformedReals) {
     for (const char* text :
          {"x", "1,5", "1.5x", "--1", "- -1", "e5", ".", "-", "nano", "infi", "1 2", "0x1p3", "1e"})
         EXPECT_EQ(readingOfXml("<real>" + std::string(text) + "</real>"), "no document") << text;
@@ -222,7 +222,7 @@ TEST(XmlReader, ReadsDatesToTheSecond) {
         "[date 0, date -978307200, date 730943999, date -63113904000, date -63145612800, date 252423993600]");
 }
 
-TEST(XmlReader, RefusesWhatIsNoDate) {
+TEST(XmlReader, RefusesMalformedDates) {
     for (const char* text :
          {"2001-01-01", "2001-01-01T00:00:00", "2001-1-1T00:00:00Z", "2001-13-01T00:00:00Z",
           "2001-00-01T00:00:00Z", "2001-02-29T00:00:00Z", "2001-01-32T00:00:00Z", "2001-01-01T24:00:00Z",
@@ -232,7 +232,7 @@ TEST(XmlReader, RefusesWhatIsNoDate) {
         EXPECT_EQ(readingOfXml("<date>" + std::string(text) + "</date>"), "no document") << text;
 }
 
-TEST(XmlReader, ReadsBase64WithWhiteSpaceWithin) {
+TEST(XmlReader, ReadsBase64WithInnerWhiteSpace) {
     EXPECT_EQ(readingOfXml("<data>\n\tYW\r\n\tJj ZA = =\n</data>"), "<61626364>");
 }
 
@@ -247,7 +247,7 @@ TEST(XmlReader, SkipsCharactersOutsideTheAlphabetOfBase64) {
               "[<616263>, <61>, <6162>, <>]");
 }
 
-TEST(XmlReader, RefusesWhatIsNoBase64) {
+TEST(XmlReader, RefusesMalformedBase64) {
     for (const char* text : {"Y", "YWJjZ", "YQ==YQ==", "YQ===", "YWJj=", "=", "Y!=="})
         EXPECT_EQ(readingOfXml("<data>" + std::string(text) + "</data>"), "no document") << text;
 }
@@ -304,7 +304,7 @@ TEST(XmlReader, RefusesAnythingButWhiteSpaceInAnEndTag) {
     EXPECT_EQ(reading("<plist><true/></plist version=\"1.0\">"), "no document");
 }
 
-TEST(XmlReader, TakesAPropertyListForTheValueInIt) {
+TEST(XmlReader, TreatsAPropertyListAsTheValueInIt) {
     EXPECT_EQ(readingOfXml("<plist version='1.0'><plist><integer>1</integer></plist></plist>"), "1");
     EXPECT_EQ(readingOfXml("<array><plist><true/></plist><false/><plist><dict><key>a</key><plist> <!-- b -->"
                            "<string>x</string> </plist><key>b</key><array/></dict></plist></array>"),
@@ -325,13 +325,13 @@ TEST(XmlReader, BoundsPropertyListsInsideEachOther) {
     EXPECT_EQ(reading(repeated("<plist>", 1'000'000)), "no document");
 }
 
-TEST(XmlReader, TakesBackTheCharactersThatXmlCannotHold) {
+TEST(XmlReader, ReadsTheWritersFormOfCharactersThatXmlCannotContain) {
     EXPECT_EQ(readingOfXml("<string>a\uFFFD<!--U+0007-->\uFFFD<!--U+FFFE-->b\uFFFD<!--U+FFFF--></string>"),
               "\"a\\x07\uFFFEb\uFFFF\"");
     EXPECT_EQ(readingOfXml("<dict><key>&#xFFFD;<!--U+0000--></key><true/></dict>"), "{\"\\x00\": true}");
 }
 
-TEST(XmlReader, TakesOtherCommentsAfterAReplacementCharacterForComments) {
+TEST(XmlReader, TreatsOtherCommentsAfterAReplacementCharacterAsComments) {
     for (const char* comment : {"U+0041", "U+0009", "U+FFFD", "U+D800", "U+007", "U+00007", "U+000G",
                                 "u+0007", " U+0007", "U+0007 ", "U+-007", "U+", ""})
         EXPECT_EQ(readingOfXml("<string>\uFFFD<!--" + std::string(comment) + "--></string>"), "\"\uFFFD\"")
@@ -340,7 +340,7 @@ TEST(XmlReader, TakesOtherCommentsAfterAReplacementCharacterForComments) {
     EXPECT_EQ(readingOfXml("<array><string>\uFFFD</string><!--U+0007--></array>"), "[\"\uFFFD\"]");
 }
 
-TEST(XmlReader, RefusesNoValueAndMoreThanOne) {
+TEST(XmlReader, RefusesAMissingValueAndMoreThanOne) {
     EXPECT_EQ(readingOfXml(""), "no document");
     EXPECT_EQ(readingOfXml("<true/><true/>"), "no document");
     EXPECT_EQ(reading("<true/><true/>"), "no document");
@@ -375,7 +375,7 @@ TEST(XmlReader, RefusesNestingAMillionDeep) {
     EXPECT_EQ(reading(repeated("<dict><key>a</key>", million)), "no document");
 }
 
-TEST(XmlReader, RefusesWhatHasNoEnd) {
+TEST(XmlReader, RefusesElementsWithoutAnEnd) {
     for (const char* document :
          {"<!-- ", "<!--->", "<?xml ", "<!DOCTYPE plist", "<!DOCTYPE plist \"", "<plist", "<plist a=\"",
           "<string>x", "<string><![CDATA[x]]", "<string>a<!-- b", "<array><", "<", "<true", "<true/",

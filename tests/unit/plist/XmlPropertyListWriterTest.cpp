@@ -77,18 +77,18 @@ TEST(XmlWriter, WritesEmptyStringsAndKeys) {
     EXPECT_EQ(written(Dictionary{{"", ""}}), "<dict>\n\t<key></key>\n\t<string></string>\n</dict>\n");
 }
 
-TEST(XmlWriter, WritesWhatXmlHasNoOtherWayToKeepAsReferences) {
+TEST(XmlWriter, WritesMarkupAndReturnsAsReferences) {
     EXPECT_EQ(written("<&>\r\n\t]]>"), "<string>&lt;&amp;&gt;&#13;\n\t]]&gt;</string>\n");
 }
 
-TEST(XmlWriter, WritesWhatXmlCannotHoldAsReplacementsWithACommentOfTheirCode) {
+TEST(XmlWriter, WritesCharactersThatXmlCannotContainAsReplacementsWithTheirCode) {
     EXPECT_EQ(written(std::string("a\x01\x1F\0b", 5)),
               "<string>a\uFFFD<!--U+0001-->\uFFFD<!--U+001F-->\uFFFD<!--U+0000-->b</string>\n");
     EXPECT_EQ(written(Dictionary{{"\uFFFE", "\uFFFF"}}),
               "<dict>\n\t<key>\uFFFD<!--U+FFFE--></key>\n\t<string>\uFFFD<!--U+FFFF--></string>\n</dict>\n");
 }
 
-TEST(XmlWriter, WritesCharactersThatXmlCanHoldAsTheyAre) {
+TEST(XmlWriter, WritesCharactersThatXmlCanContainUnchanged) {
     EXPECT_EQ(written("\x7F\u0080\u0085\u2028\uFDD0\uFFFD\U0001FFFE\U0010FFFF"),
               "<string>\x7F\u0080\u0085\u2028\uFDD0\uFFFD\U0001FFFE\U0010FFFF</string>\n");
 }
@@ -98,7 +98,7 @@ TEST(XmlWriter, EscapesKeysLikeStrings) {
               "<dict>\n\t<key>a&lt;b</key>\n\t<true/>\n\t<key>plain</key>\n\t<false/>\n</dict>\n");
 }
 
-TEST(XmlWriter, EscapesACharacterWhereverItStands) {
+TEST(XmlWriter, EscapesACharacterAtAnyPosition) {
     for (std::size_t length = 1; length < 40; ++length) {
         for (std::size_t at = 0; at < length; ++at) {
             for (const char special : {'<', '>', '&', '\r', '\x1F', '\0', '\x80'}) {
@@ -113,7 +113,7 @@ TEST(XmlWriter, EscapesACharacterWhereverItStands) {
     }
 }
 
-TEST(XmlWriter, ItsStringsReadBackCharacterForCharacter) {
+TEST(XmlWriter, WritesStringsThatReadBackUnchanged) {
     const std::string string = allCharactersBelow(128) +
                                "]]>\u00e4\u2028\uFFFE\uFFFF\uFFFD<!--U+0007-->\U0001F600 \r\n <![CDATA[&amp;";
     EXPECT_EQ(propertyListWithData(dataWithPropertyList(string)), Value(string));
@@ -121,13 +121,13 @@ TEST(XmlWriter, ItsStringsReadBackCharacterForCharacter) {
     EXPECT_EQ(propertyListWithData(dataWithPropertyList(keyed)), keyed);
 }
 
-TEST(XmlWriter, PutsTheReplacementCharacterForBytesThatAreNoUtf8) {
+TEST(XmlWriter, WritesTheReplacementCharacterForInvalidUtf8) {
     EXPECT_EQ(written("a\xFF"
                       "b\xC3"),
               "<string>a\uFFFDb\uFFFD</string>\n");
 }
 
-TEST(XmlWriter, ItsRealsReadBackToTheLastBit) {
+TEST(XmlWriter, WritesRealsThatReadBackToTheLastBit) {
     std::mt19937_64 bits(20010101);
     for (int i = 0; i < 20'000; ++i) {
         const double real = std::bit_cast<double>(bits());
@@ -148,7 +148,7 @@ TEST(XmlWriter, WritesRealsAsShortAsTheyCanBe) {
         "\t<real>+infinity</real>\n\t<real>-infinity</real>\n\t<real>nan</real>\n</array>\n");
 }
 
-TEST(XmlWriter, ItsIntegersReadBackOverTheWholeRange) {
+TEST(XmlWriter, WritesIntegersThatReadBackOverTheWholeRange) {
     const Value integers = Array{std::numeric_limits<std::int64_t>::min(),
                                  -1,
                                  0,
@@ -158,12 +158,12 @@ TEST(XmlWriter, ItsIntegersReadBackOverTheWholeRange) {
     EXPECT_EQ(propertyListWithData(dataWithPropertyList(integers)), integers);
 }
 
-TEST(XmlWriter, WritesDatesByTheWholeSecondBefore) {
+TEST(XmlWriter, WritesDatesRoundedDownToTheSecond) {
     EXPECT_EQ(written(Value::date(0.999)), "<date>2001-01-01T00:00:00Z</date>\n");
     EXPECT_EQ(written(Value::date(-0.001)), "<date>2000-12-31T23:59:59Z</date>\n");
 }
 
-TEST(XmlWriter, ItsDatesReadBackOverTheWholeCalendar) {
+TEST(XmlWriter, WritesDatesThatReadBackOverTheWholeCalendar) {
     for (const double seconds :
          {-63113904000.0, -63145612801.0, 252423993600.0, 0.0, -1.0, 730943999.0, 1e11, -1e12, 9.7e11})
         EXPECT_EQ(propertyListWithData(dataWithPropertyList(Value::date(seconds))), Value::date(seconds))
@@ -178,7 +178,7 @@ TEST(XmlWriter, WritesDatesBeyondTheCalendarAsItsEnds) {
               "<date>2001-01-01T00:00:00Z</date>\n");
 }
 
-TEST(XmlWriter, ItsDataReadsBackAtEveryLengthAndDepth) {
+TEST(XmlWriter, WritesDataThatReadsBackAtEveryLengthAndDepth) {
     for (int depth = 0; depth < 12; ++depth) {
         for (int length = 0; length < 130; ++length) {
             Value value = Value::data(allCharactersBelow(128).substr(0, static_cast<std::size_t>(length)));

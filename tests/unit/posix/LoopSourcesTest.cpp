@@ -55,7 +55,7 @@ TEST(LoopSources, WakeTheLoopForAnyOfThem) {
     EXPECT_FALSE(loopIsWoken());
 }
 
-TEST(LoopSources, WatchADescriptorWhoseNumberWasAnotherSources) {
+TEST(LoopSources, WatchADescriptorThatReusesAnotherSourcesNumber) {
     for (const bool laterGivesUp : {true, false}) {
         Source first;
         Source second;

@@ -21,7 +21,7 @@ int notePlatform(dl_phdr_info* object, std::size_t, void* found) {
     return 0;
 }
 
-TEST(PlatformUnderTest, IsTheOnlyOneOfTheProcessThoughAModuleNeedsOne) {
+TEST(TestedPlatform, IsLoadedOnceThoughAModuleNeedsIt) {
     ASSERT_NE(dlopen(appListModule().c_str(), RTLD_NOW), nullptr)
         << dlerror(); // NOLINT(concurrency-mt-unsafe)
     std::vector<std::string> platforms;

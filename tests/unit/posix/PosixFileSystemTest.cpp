@@ -71,7 +71,7 @@ protected:
     platform::posix::PosixFileSystem files;
 };
 
-TEST_F(PosixFileSystem, IsTheOneInUseUnlessAnotherIsSet) {
+TEST_F(PosixFileSystem, IsInUseUnlessAnotherIsSet) {
     EXPECT_NE(dynamic_cast<platform::posix::PosixFileSystem*>(&platform::FileSystem::current()), nullptr);
     platform::FileSystem::setCurrent(&files);
     EXPECT_EQ(&platform::FileSystem::current(), &files);
@@ -87,7 +87,7 @@ TEST_F(PosixFileSystem, ReadsBackWhatItWrote) {
     EXPECT_EQ(contents(path("empty")), "");
 }
 
-TEST_F(PosixFileSystem, ReadsAFileThatTellsNoSize) {
+TEST_F(PosixFileSystem, ReadsAFileThatReportsNoSize) {
     EXPECT_NE(contents("/proc/self/stat"), "");
 }
 
@@ -100,7 +100,7 @@ TEST_F(PosixFileSystem, ReadsNoMoreThanTheMaximum) {
     EXPECT_EQ(files.readFile("/proc/self/stat", 3, bytes), std::errc::file_too_large);
 }
 
-TEST_F(PosixFileSystem, TellsWhyAFileCannotBeRead) {
+TEST_F(PosixFileSystem, ReportsWhyAFileCannotBeRead) {
     std::string bytes;
     EXPECT_EQ(files.readFile(path(), plenty, bytes), std::errc::no_such_file_or_directory);
     EXPECT_EQ(files.readFile(folder.path(), plenty, bytes), std::errc::is_a_directory);
@@ -110,7 +110,7 @@ TEST_F(PosixFileSystem, TellsWhyAFileCannotBeRead) {
               std::errc::invalid_argument);
 }
 
-TEST_F(PosixFileSystem, IsNotHeldByAPipeInAFilesPlace) {
+TEST_F(PosixFileSystem, DoesNotBlockOnAPipe) {
     ASSERT_EQ(::mkfifo(path().c_str(), 0600), 0);
     std::string bytes;
     FileHandle file = noFile;
@@ -121,7 +121,7 @@ TEST_F(PosixFileSystem, IsNotHeldByAPipeInAFilesPlace) {
     EXPECT_EQ(statusOf(path()).kind, FileKind::Other);
 }
 
-TEST_F(PosixFileSystem, CreatesOnlyWhatIsNotThere) {
+TEST_F(PosixFileSystem, CreatesOnlyMissingFiles) {
     put(path(), "x");
     ASSERT_FALSE(files.makeSymbolicLink("nowhere", path("link")));
     FileHandle file = noFile;
@@ -130,7 +130,7 @@ TEST_F(PosixFileSystem, CreatesOnlyWhatIsNotThere) {
     EXPECT_EQ(file, noFile);
 }
 
-TEST_F(PosixFileSystem, OpensNoFileForOtherPrograms) {
+TEST_F(PosixFileSystem, OpensNoFileForChildProcesses) {
     put(path(), "x");
     FileHandle file = noFile;
     ASSERT_FALSE(files.open(path(), file));
@@ -138,7 +138,7 @@ TEST_F(PosixFileSystem, OpensNoFileForOtherPrograms) {
     EXPECT_FALSE(files.close(file));
 }
 
-TEST_F(PosixFileSystem, TellsKindModeOwnerAndNames) {
+TEST_F(PosixFileSystem, ReportsKindModeOwnerAndNames) {
     put(path(), "1234");
     ASSERT_FALSE(files.makeSymbolicLink("a", path("link")));
     ASSERT_FALSE(files.link(path(), path("b")));
@@ -177,7 +177,7 @@ TEST_F(PosixFileSystem, AppendsToAnExistingFileOnly) {
     EXPECT_EQ(contents(path()), "one\ntwo");
 }
 
-TEST_F(PosixFileSystem, MakesFoldersAndThoseAbove) {
+TEST_F(PosixFileSystem, CreatesFoldersAndTheirParents) {
     const std::string deep = path("x/y/z");
     EXPECT_FALSE(platform::makeFolders(files, deep, 0700));
     EXPECT_FALSE(platform::makeFolders(files, deep, 0700));
@@ -214,7 +214,7 @@ TEST_F(PosixFileSystem, SyncsFilesAndFolders) {
     EXPECT_EQ(files.syncFolder(path()), std::errc::not_a_directory);
 }
 
-TEST_F(PosixFileSystem, KnowsTheFolderOfAPath) {
+TEST_F(PosixFileSystem, FindsTheFolderOfAPath) {
     using platform::folderOf;
     EXPECT_EQ(folderOf("/a/b"), "/a");
     EXPECT_EQ(folderOf("/a/b/"), "/a");
@@ -225,7 +225,7 @@ TEST_F(PosixFileSystem, KnowsTheFolderOfAPath) {
     EXPECT_EQ(folderOf("a/b"), "a");
 }
 
-TEST_F(PosixFileSystem, CarriesAnAtomicWrite) {
+TEST_F(PosixFileSystem, PerformsAnAtomicWrite) {
     put(path("real"), "old");
     ASSERT_EQ(::chmod(path("real").c_str(), 0640), 0);
     ASSERT_FALSE(files.makeSymbolicLink("real", path("link")));
@@ -320,7 +320,7 @@ private:
     pid_t child_ = -1;
 };
 
-TEST_F(PosixFileSystem, TellsTheTemporaryOfALiveProcessFromThatOfAKilledOne) {
+TEST_F(PosixFileSystem, DistinguishesTheTemporaryOfALiveProcessFromAKilledOnes) {
     BegunWrite process(path(".a.0123456789abcdef.wardlock-new"));
     ASSERT_FALSE(AtomicWriter(files).write(path(), "new", Sync::None));
     EXPECT_EQ(names(), (std::vector<std::string>{".a.0123456789abcdef.wardlock-new", "a"}));

@@ -71,7 +71,7 @@ TEST_F(List, PutsRowsBeforeTheFirstGroupIntoASectionWithoutHeader) {
     EXPECT_EQ(sections[1].rows.size(), 3U);
 }
 
-TEST_F(List, BuildsItsRowsAnewOnReload) {
+TEST_F(List, BuildsItsRowsAgainOnReload) {
     page->reloadSpecifiers();
     EXPECT_EQ(page->built, 2);
     EXPECT_EQ(display.events, std::vector<std::string>{"list reloaded"});
@@ -97,7 +97,7 @@ TEST_F(List, PerformsTheActionOfAButton) {
     EXPECT_EQ(stack->topViewController(), page);
 }
 
-TEST_F(List, IgnoresATapOnNoRow) {
+TEST_F(List, IgnoresATapOutsideItsRows) {
     page->tableViewDidSelectRowAtIndexPath({1, 9});
     page->tableViewDidSelectRowAtIndexPath({9, 0});
     EXPECT_EQ(stack->topViewController(), page);

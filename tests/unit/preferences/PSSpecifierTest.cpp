@@ -45,7 +45,7 @@ TEST(PSSpecifier, HasNoPropertyThatWasNotSet) {
     EXPECT_EQ(bare()->identifier(), "");
 }
 
-TEST(PSSpecifier, CanHoldAPropertyThatIsEmpty) {
+TEST(PSSpecifier, AcceptsAnEmptyProperty) {
     const auto specifier = bare();
     specifier->setProperty(std::make_shared<UIImage>("", "bytes"), "iconImage");
     specifier->setProperty(std::shared_ptr<UIImage>(), "iconImage");

@@ -136,7 +136,7 @@ TEST_F(AccountCreation, KeepsANameOfAnyScriptAsItWasTyped) {
     expectOneChange("kAccounts", accountNamed(name));
 }
 
-TEST_F(AccountCreation, TextOfOtherFieldsChangesNothing) {
+TEST_F(AccountCreation, IgnoresTheTextOfOtherFields) {
     ask();
     // Not told of, so that only the other field's word could enable the button.
     alert()->textFields().at(0)->setText("Ben");
@@ -145,7 +145,7 @@ TEST_F(AccountCreation, TextOfOtherFieldsChangesNothing) {
     EXPECT_FALSE(canCreate());
 }
 
-TEST_F(AccountCreation, WithoutTextCreatesNothing) {
+TEST_F(AccountCreation, CreatesNothingWithoutText) {
     ask();
     alert()->choose(create());
     EXPECT_NE(alert(), nullptr);
@@ -211,7 +211,7 @@ TEST_F(AccountCreation, AppendsToAnEmptyList) {
     EXPECT_EQ(accounts(), Array{accountNamed("Ben")});
 }
 
-TEST_F(AccountCreation, MakesWhatItWroteTheSnapshotBeforeItAnnounces) {
+TEST_F(AccountCreation, UpdatesTheSnapshotBeforeItAnnounces) {
     writeDocument({{"kAccounts", Array{}}, {"kPasscode", "1234"}});
     std::optional<Dictionary> snapshotThen;
     changes.onPost = [&](const RecordingNotificationCenter::Post&) {
@@ -221,7 +221,7 @@ TEST_F(AccountCreation, MakesWhatItWroteTheSnapshotBeforeItAnnounces) {
     EXPECT_EQ(snapshotThen, document());
 }
 
-TEST_F(AccountCreation, CancelledChangesNothing) {
+TEST_F(AccountCreation, ChangesNothingWhenCancelled) {
     const auto before = readFile(documentPath);
     ask();
     type("Ben");
@@ -231,7 +231,7 @@ TEST_F(AccountCreation, CancelledChangesNothing) {
     expectNoChange();
 }
 
-TEST_F(AccountCreation, CancelledLeavesTheTextRegistrationStanding) {
+TEST_F(AccountCreation, KeepsTheTextRegistrationWhenCancelled) {
     ask();
     EXPECT_EQ(textObservers(), 1u);
     cancel();
@@ -255,7 +255,7 @@ TEST_F(AccountCreation, RemovesTheTextRegistrationsBeforeItCreates) {
     EXPECT_EQ(registrationsThen, 0u);
 }
 
-TEST_F(AccountCreation, IsGoneFromThePageWhenTheAccountIsMade) {
+TEST_F(AccountCreation, DismissesItsAlertBeforeItAnnounces) {
     bool alertThen = true;
     changes.onPost = [&](const RecordingNotificationCenter::Post&) { alertThen = alert() != nullptr; };
     createNamed("Ben");
@@ -268,7 +268,7 @@ TEST_F(AccountCreation, KeepsObservingResigningWhenItCreates) {
         NSNotificationCenter::defaultCenter().observerCount("UIApplicationWillResignActiveNotification"), 1u);
 }
 
-TEST_F(AccountCreation, LateTextOfADismissedFieldDoesNothing) {
+TEST_F(AccountCreation, IgnoresLateTextOfADismissedField) {
     ask();
     const auto field = alert()->textFields()[0];
     cancel();
@@ -279,7 +279,7 @@ TEST_F(AccountCreation, LateTextOfADismissedFieldDoesNothing) {
     EXPECT_FALSE(canCreate());
 }
 
-TEST_F(AccountCreation, WithoutAListOfAccountsStopsWithALogEntryOnly) {
+TEST_F(AccountCreation, StopsWithALogEntryOnlyWithoutAListOfAccounts) {
     writeDocument({{"kEnabled", true}});
     page->reloadSpecifiers();
     doubles::RecordingDisplay display;
@@ -296,7 +296,7 @@ TEST_F(AccountCreation, WithoutAListOfAccountsStopsWithALogEntryOnly) {
     EXPECT_NE(log.find("account"), std::string::npos);
 }
 
-TEST_F(AccountCreation, WithAListOfTheWrongKindStopsToo) {
+TEST_F(AccountCreation, StopsWhenTheListIsOfAWrongKind) {
     writeDocument({{"kAccounts", "none"}});
     const auto before = readFile(documentPath);
     page->createAccountWithName("Ben");
@@ -304,7 +304,7 @@ TEST_F(AccountCreation, WithAListOfTheWrongKindStopsToo) {
     expectNoChange();
 }
 
-TEST_F(AccountCreation, WithoutADocumentStopsAndCreatesNone) {
+TEST_F(AccountCreation, StopsAndCreatesNoDocumentWithoutOne) {
     removeFile(documentPath);
     page->createAccountWithName("Ben");
     EXPECT_FALSE(exists(documentPath));
@@ -317,7 +317,7 @@ TEST_F(AccountCreation, LogsNothingWhenItSucceeds) {
     EXPECT_FALSE(exists(logPath));
 }
 
-TEST_F(AccountCreation, AnnouncesAlsoWhatCouldNotBeWritten) {
+TEST_F(AccountCreation, AnnouncesEvenAFailedWrite) {
     const auto before = readFile(documentPath);
     refuseWrites();
     createNamed("Ben");
@@ -328,7 +328,7 @@ TEST_F(AccountCreation, AnnouncesAlsoWhatCouldNotBeWritten) {
     EXPECT_EQ(accountRows(), std::vector<std::string>{"Ann"});
 }
 
-TEST_F(AccountCreation, LetsThePageGoWithItsAlert) {
+TEST_F(AccountCreation, ReleasesThePageWithItsAlert) {
     ask();
     type("Ben");
     const auto shown = alert();
@@ -340,7 +340,7 @@ TEST_F(AccountCreation, LetsThePageGoWithItsAlert) {
     expectNoChange();
 }
 
-TEST_F(AccountCreation, LetsThePageGoAfterTheAlert) {
+TEST_F(AccountCreation, ReleasesThePageAfterTheAlert) {
     ask();
     type("Ben");
     const std::weak_ptr<UIAlertController> shown = alert();
@@ -352,7 +352,7 @@ TEST_F(AccountCreation, LetsThePageGoAfterTheAlert) {
     EXPECT_EQ(textObservers(), 0u);
 }
 
-TEST_F(AccountCreation, LetsThePageGoAfterACancelledAlert) {
+TEST_F(AccountCreation, ReleasesThePageAfterACancelledAlert) {
     ask();
     cancel();
     const std::weak_ptr<SettingsListController> gone = page;

@@ -63,7 +63,7 @@ TEST_F(PasscodeWorkflow, OpensOverTheKeyWindowWithThePageAsDelegate) {
     EXPECT_EQ(page->passcodeView()->frame(), device.bounds);
 }
 
-TEST_F(PasscodeWorkflow, ComesIntoTheWindowAskingAlready) {
+TEST_F(PasscodeWorkflow, AsksBeforeItEntersTheWindow) {
     class Witness : public doubles::RecordingDisplay {
     public:
         Witness(platform::UIView& window, SettingsListController& page) : window_(window), page_(page) {}
@@ -88,7 +88,7 @@ TEST_F(PasscodeWorkflow, ComesIntoTheWindowAskingAlready) {
     EXPECT_EQ(witness.delegateThen, page);
 }
 
-TEST_F(PasscodeWorkflow, WithoutAWindowOpensUnseen) {
+TEST_F(PasscodeWorkflow, OpensUnseenWithoutAWindow) {
     platform::UIApplication::sharedApplication().setKeyWindow(nullptr);
     openWithPasscode("");
     EXPECT_NE(page->passcodeView(), nullptr);
@@ -118,7 +118,7 @@ TEST_F(PasscodeWorkflow, AsksForTheCurrentPasscodeWithoutADocument) {
     EXPECT_EQ(status(), current);
 }
 
-TEST_F(PasscodeWorkflow, NoEntryMatchesAPasscodeThatIsNoText) {
+TEST_F(PasscodeWorkflow, AcceptsNoEntryWhenThePasscodeIsNotAString) {
     writeDocument({{"kPasscode", 1234}});
     open();
     EXPECT_EQ(status(), current);
@@ -127,7 +127,7 @@ TEST_F(PasscodeWorkflow, NoEntryMatchesAPasscodeThatIsNoText) {
     EXPECT_EQ(keypad()->failures(), 1);
 }
 
-TEST_F(PasscodeWorkflow, WithoutAPasscodeToMatchClosesAtTheFourthEntry) {
+TEST_F(PasscodeWorkflow, ClosesAtTheFourthEntryWithoutAPasscodeToMatch) {
     writeDocument({{"kEnabled", true}});
     open();
     for (const char* digits : {"0000", "1111", "2222"}) {
@@ -149,7 +149,7 @@ TEST_F(PasscodeWorkflow, SavesANewPasscodeAtItsFirstEntryAndCloses) {
     expectClosed();
 }
 
-TEST_F(PasscodeWorkflow, AfterTheRightPasscodeAsksForTheNewOneWithClearedDigits) {
+TEST_F(PasscodeWorkflow, AsksForTheNewPasscodeWithClearedDigitsAfterTheRightOne) {
     openWithPasscode("1234");
     enter("1234");
     EXPECT_EQ(status(), fresh);
@@ -194,7 +194,7 @@ TEST_F(PasscodeWorkflow, LeavesItsCountAsItIsAtTheRightPasscode) {
     expectClosed();
 }
 
-TEST_F(PasscodeWorkflow, GoesByTheKeypadsStatusAndNotByTheTextShown) {
+TEST_F(PasscodeWorkflow, FollowsTheKeypadsStatusAndNotTheShownText) {
     openWithPasscode("1234");
     keypad()->updateStatusText("Enter New Passcode", "", false);
     enter("9999");
@@ -211,7 +211,7 @@ TEST_F(PasscodeWorkflow, ShowsAWrongPasscodeOnTheKeypadAndWaits) {
     expectOpen();
 }
 
-TEST_F(PasscodeWorkflow, TakesNoEntryThatDiffersInOneDigit) {
+TEST_F(PasscodeWorkflow, RefusesAnEntryThatDiffersInOneDigit) {
     openWithPasscode("1234");
     int failures = 0;
     for (const char* almost : {"9234", "1934", "1294"}) {
@@ -239,7 +239,7 @@ TEST_F(PasscodeWorkflow, ToleratesThreeWrongEntriesAndClosesAtTheFourth) {
     expectNoChange();
 }
 
-TEST_F(PasscodeWorkflow, CountsFromNothingAgainWhenItCloses) {
+TEST_F(PasscodeWorkflow, ResetsItsCountWhenItCloses) {
     openWithPasscode("1234");
     for (int entry = 1; entry <= 4; ++entry)
         enter("9999");
@@ -257,7 +257,7 @@ TEST_F(PasscodeWorkflow, DoesNotReadTheOverlaysOwnLimit) {
     expectOpen();
 }
 
-TEST_F(PasscodeWorkflow, StartsCountingAnewWithEachOverlay) {
+TEST_F(PasscodeWorkflow, StartsCountingAgainWithEachOverlay) {
     openWithPasscode("1234");
     for (int entry = 1; entry <= 3; ++entry)
         enter("9999");
@@ -282,7 +282,7 @@ TEST_F(PasscodeWorkflow, AcceptsTheRightPasscodeAfterWrongOnes) {
     expectClosed();
 }
 
-TEST_F(PasscodeWorkflow, TakesAnEntryByTheKeypadsSecondPath) {
+TEST_F(PasscodeWorkflow, AcceptsAnEntryByTheKeypadsSecondPath) {
     openWithPasscode("1234");
     keypad()->enterViaMesa("1234");
     EXPECT_EQ(status(), fresh);
@@ -297,7 +297,7 @@ TEST_F(PasscodeWorkflow, WritesAndAnnouncesTheSameDigitsAgain) {
     expectOneChange("kPasscode", Value("1234"));
 }
 
-TEST_F(PasscodeWorkflow, CancelledBeforeTheCurrentPasscodeChangesNothing) {
+TEST_F(PasscodeWorkflow, ChangesNothingWhenCancelledBeforeTheCurrentPasscode) {
     openWithPasscode("1234");
     keypad()->pressCancel();
     expectClosed();
@@ -305,7 +305,7 @@ TEST_F(PasscodeWorkflow, CancelledBeforeTheCurrentPasscodeChangesNothing) {
     expectNoChange();
 }
 
-TEST_F(PasscodeWorkflow, CancelledBeforeTheNewPasscodeChangesNothing) {
+TEST_F(PasscodeWorkflow, ChangesNothingWhenCancelledBeforeTheNewPasscode) {
     openWithPasscode("1234");
     enter("1234");
     keypad()->pressCancel();
@@ -324,14 +324,14 @@ TEST_F(PasscodeWorkflow, IsCancelledWhenTheApplicationResigns) {
     expectNoChange();
 }
 
-TEST_F(PasscodeWorkflow, IsCancelledWhoeverTellsOfTheResigning) {
+TEST_F(PasscodeWorkflow, IsCancelledByAnySenderOfTheResigning) {
     openWithPasscode("1234");
     platform::NSNotificationCenter::defaultCenter().postNotification(
         "UIApplicationWillResignActiveNotification", std::make_shared<platform::UIView>());
     expectClosed();
 }
 
-TEST_F(PasscodeWorkflow, ResigningWithoutAnOverlayDoesNothing) {
+TEST_F(PasscodeWorkflow, IgnoresTheResigningWithoutAnOverlay) {
     writeDocument({{"kPasscode", "1234"}});
     page->specifiers();
     platform::UIApplication::sharedApplication().resignActive();
@@ -339,7 +339,7 @@ TEST_F(PasscodeWorkflow, ResigningWithoutAnOverlayDoesNothing) {
     EXPECT_TRUE(window->subviews().empty());
 }
 
-TEST_F(PasscodeWorkflow, AsksAsTheSnapshotOfThePageSays) {
+TEST_F(PasscodeWorkflow, AsksByTheSnapshotOfThePage) {
     writeDocument({{"kPasscode", ""}});
     page->specifiers();
     writeDocument({{"kPasscode", "1234"}});
@@ -374,7 +374,7 @@ TEST_F(PasscodeWorkflow, SavesIntoTheDocumentAsItIsNow) {
     EXPECT_EQ(document(), Dictionary({{"kEnabled", false}, {"kPasscode", "1234"}, {"unknown", 5}}));
 }
 
-TEST_F(PasscodeWorkflow, CreatesADocumentThatHoldsOnlyThePasscode) {
+TEST_F(PasscodeWorkflow, CreatesADocumentWithOnlyThePasscode) {
     openWithPasscode("");
     removeFile(documentPath);
     enter("1234");
@@ -382,7 +382,7 @@ TEST_F(PasscodeWorkflow, CreatesADocumentThatHoldsOnlyThePasscode) {
     expectOneChange("kPasscode", Value("1234"));
 }
 
-TEST_F(PasscodeWorkflow, MakesWhatItWroteTheSnapshot) {
+TEST_F(PasscodeWorkflow, UpdatesTheSnapshot) {
     openWithPasscode("");
     enter("1234");
     clock.step(0.41);
@@ -392,7 +392,7 @@ TEST_F(PasscodeWorkflow, MakesWhatItWroteTheSnapshot) {
     EXPECT_EQ(status(), fresh);
 }
 
-TEST_F(PasscodeWorkflow, AnnouncesAndRemembersAlsoWhatCouldNotBeWritten) {
+TEST_F(PasscodeWorkflow, AnnouncesAndKeepsEvenAFailedWrite) {
     openWithPasscode("");
     refuseWrites();
     enter("1234");
@@ -430,7 +430,7 @@ TEST_F(PasscodeWorkflow, SavesAndAnnouncesThePasscodeBeforeTheOverlayGoes) {
     expectClosed();
 }
 
-TEST_F(PasscodeWorkflow, AReplacedOverlayStaysInTheWindow) {
+TEST_F(PasscodeWorkflow, LeavesAReplacedOverlayInTheWindow) {
     openWithPasscode("1234");
     const auto first = page->passcodeView();
     open();
@@ -475,7 +475,7 @@ TEST_F(PasscodeWorkflow, IgnoresTheEmergencyButton) {
     expectOpen();
 }
 
-TEST_F(PasscodeWorkflow, LeavesNothingBehindWhenThePageGoesInMidFade) {
+TEST_F(PasscodeWorkflow, LeavesNothingBehindWhenThePageEndsDuringAFade) {
     openWithPasscode("1234");
     const std::weak_ptr<PasscodeView> view = page->passcodeView();
     const std::weak_ptr<SettingsListController> gone = page;
@@ -489,7 +489,7 @@ TEST_F(PasscodeWorkflow, LeavesNothingBehindWhenThePageGoesInMidFade) {
     EXPECT_TRUE(view.expired());
 }
 
-TEST_F(PasscodeWorkflow, AnOverlayWithoutItsPageDropsEntries) {
+TEST_F(PasscodeWorkflow, DropsEntriesOfAnOverlayWithoutItsPage) {
     openWithPasscode("1234");
     const auto keys = keypad();
     page.reset();

@@ -67,7 +67,7 @@ TEST_F(RootPage, HasRowsOfTheseKinds) {
                                               PSCellType::Link}));
 }
 
-TEST_F(RootPage, WithoutAccountsPutsTheContactGroupRightBehindTheAccountsGroup) {
+TEST_F(RootPage, PutsTheContactGroupRightAfterTheAccountsGroupWithoutAccounts) {
     writeAccounts({});
     EXPECT_EQ(names(*page), (Names{"General", "Enabled", "Passcode", "Accounts", "Contact", "@TavixCo",
                                    "support@tavix.example", "Change Log", "More From Tavix"}));
@@ -119,21 +119,21 @@ TEST_F(RootPage, BindsTheMasterSwitchToTheDocument) {
     expectOneChange("kEnabled", off);
 }
 
-TEST_F(RootPage, WithoutADocumentShowsTheFixedRowsAndCreatesNone) {
+TEST_F(RootPage, ShowsTheFixedRowsAndCreatesNoDocumentWithoutOne) {
     EXPECT_EQ(page->specifiers().size(), 9u);
     EXPECT_FALSE(rowNamed(*page, "Enabled")->performGetter());
     EXPECT_FALSE(exists(documentPath));
     EXPECT_FALSE(documentSnapshot);
 }
 
-TEST_F(RootPage, TakesAnUnreadableDocumentForNone) {
+TEST_F(RootPage, TreatsAnUnreadableDocumentAsMissing) {
     writeFile(documentPath, "<array/>");
     EXPECT_EQ(page->specifiers().size(), 9u);
     EXPECT_FALSE(documentSnapshot);
     EXPECT_EQ(readFile(documentPath), "<array/>");
 }
 
-TEST_F(RootPage, TakesAListOfAccountsOfTheWrongKindForNone) {
+TEST_F(RootPage, TreatsAListOfAccountsOfTheWrongKindAsMissing) {
     writeDocument({{"kAccounts", "none"}});
     EXPECT_EQ(page->specifiers().size(), 9u);
 }
@@ -161,7 +161,7 @@ TEST_F(RootPage, BuildsItsListOnceUntilItIsReloaded) {
     EXPECT_NE(rowNamed(*page, "Ben"), nullptr);
 }
 
-TEST_F(RootPage, BuildsItsListAnewInPlaceOfAnEmptyOne) {
+TEST_F(RootPage, RebuildsAnEmptyList) {
     page->specifiers();
     page->setSpecifiers({});
     EXPECT_EQ(page->specifiers().size(), 9u);
@@ -287,7 +287,7 @@ TEST_F(RootPage, ResetsTheSelectedIndexOnlyWhenTheReturnHasEnded) {
 }
 
 /// A navigation stack that keeps the selected index as it is when a page comes.
-class AccountRows : public RootPage {
+class AccountRow : public RootPage {
 protected:
     void expectIndexWhenPushed(std::string_view label, std::intptr_t index) {
         class Witness : public doubles::RecordingDisplay {
@@ -310,18 +310,18 @@ protected:
     }
 };
 
-TEST_F(AccountRows, SetTheSelectedIndexBeforeTheirPageIsPushed) {
+TEST_F(AccountRow, SetsTheSelectedIndexBeforeItsPageIsPushed) {
     writeAccounts({accountNamed("Ann"), accountNamed("Ben"), accountNamed("Cleo")});
     expectIndexWhenPushed("Cleo", 2);
 }
 
-TEST_F(AccountRows, OfTheFirstAccountSetItToZero) {
+TEST_F(AccountRow, SetsTheSelectedIndexToZeroForTheFirstAccount) {
     writeAccounts({accountNamed("Ann"), accountNamed("Ben")});
     SelectedIndex = 7;
     expectIndexWhenPushed("Ann", 0);
 }
 
-TEST_F(RootPage, TapsInOtherGroupsSetTheSelectedIndexToo) {
+TEST_F(RootPage, SetsTheSelectedIndexForTapsInOtherGroups) {
     show();
     page->tableViewDidSelectRowAtIndexPath({0, 1});
     EXPECT_EQ(SelectedIndex, 1);
@@ -351,7 +351,7 @@ TEST_F(RootPage, WritesNothingByBeingShown) {
     expectNoChange();
 }
 
-TEST_F(RootPage, RowsOfAnOldListReadNoneOnceTheHelperWasReplaced) {
+TEST_F(RootPage, LeavesRowsOfAnOldListWithoutValues) {
     writeDocument({{"kEnabled", true}});
     const auto row = rowNamed(*page, "Enabled");
     page->reloadSpecifiers();
@@ -359,7 +359,7 @@ TEST_F(RootPage, RowsOfAnOldListReadNoneOnceTheHelperWasReplaced) {
     EXPECT_EQ(rowNamed(*page, "Enabled")->performGetter(), Value(true));
 }
 
-TEST_F(RootPage, TakenOffItsStackLeavesNothingBehind) {
+TEST_F(RootPage, LeavesNothingBehindWhenRemovedFromItsStack) {
     writeAccounts({accountNamed("Ann")});
     show();
     tap(*page, "Ann");

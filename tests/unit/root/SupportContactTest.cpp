@@ -57,7 +57,7 @@ TEST_F(SupportContact, OpensTheProfileInItsApplication) {
     EXPECT_EQ(opened, std::vector<std::string>{"twitter://user?screen_name=TavixCo"});
 }
 
-TEST_F(SupportContact, OpensNothingElseWhereNoApplicationTakesTheProfile) {
+TEST_F(SupportContact, OpensNothingElseWhenNoApplicationAcceptsTheProfile) {
     int asked = 0;
     UIApplication::sharedApplication().setURLOpener([&asked](std::string_view) {
         ++asked;
@@ -82,7 +82,7 @@ TEST_F(SupportContact, NamesMachineAndSystemVersionInTheSubject) {
     EXPECT_EQ(writeMail().subject, "Wardlock -- iPhone6,1(8.1)");
 }
 
-TEST_F(SupportContact, FillsThePlainTextBodyIn) {
+TEST_F(SupportContact, FillsInThePlainTextBody) {
     const auto message = writeMail();
     EXPECT_EQ(message.body,
               "Application: Wardlock\nDevice: iPhone6,1\nFirmware: 8.1\n\nComments:\nPlease describe "
@@ -90,7 +90,7 @@ TEST_F(SupportContact, FillsThePlainTextBodyIn) {
     EXPECT_FALSE(message.isHTML);
 }
 
-TEST_F(SupportContact, WithoutLogsAttachesNothing) {
+TEST_F(SupportContact, AttachesNothingWithoutLogs) {
     EXPECT_TRUE(writeMail().attachments.empty());
 }
 
@@ -107,7 +107,7 @@ TEST_F(SupportContact, AttachesTheLogsInOrder) {
     EXPECT_EQ(attachments[1].data, std::string_view("packages\0\xff", 10));
 }
 
-TEST_F(SupportContact, WithOnlyThePackageListAttachesIt) {
+TEST_F(SupportContact, AttachesThePackageListAlone) {
     writeFile("/tmp/dpkgl.log", "packages");
     const auto attachments = writeMail().attachments;
     ASSERT_EQ(attachments.size(), 1u);
@@ -126,7 +126,7 @@ TEST_F(SupportContact, SkipsALogThatIsAFolder) {
     EXPECT_TRUE(writeMail().attachments.empty());
 }
 
-TEST_F(SupportContact, SkipsALogThatIsNoFile) {
+TEST_F(SupportContact, SkipsALogThatIsNotAFile) {
     makeFolder("/tmp");
     ASSERT_EQ(::mkfifo(onDisk("/tmp/dpkgl.log").c_str(), 0600), 0);
     EXPECT_TRUE(writeMail().attachments.empty());
@@ -141,35 +141,35 @@ TEST_F(SupportContact, SkipsALogThatIsTooLargeForAnyMail) {
     EXPECT_EQ(attachments[0].fileName, "dpkgl.log");
 }
 
-TEST_F(SupportContact, TakesTheComposerDownWhenTheMailWasSent) {
+TEST_F(SupportContact, DismissesTheComposerWhenTheMailWasSent) {
     writeMail();
     composer()->send();
     EXPECT_EQ(mail.sent.size(), 1u);
     EXPECT_EQ(page->presentedViewController(), nullptr);
 }
 
-TEST_F(SupportContact, TakesTheComposerDownWhenTheMailWasSaved) {
+TEST_F(SupportContact, DismissesTheComposerWhenTheMailWasSaved) {
     mail.outcome = platform::MailOutcome::Kind::SavedToOutbox;
     writeMail();
     composer()->send();
     EXPECT_EQ(page->presentedViewController(), nullptr);
 }
 
-TEST_F(SupportContact, TakesTheComposerDownWhenTheMailFailed) {
+TEST_F(SupportContact, DismissesTheComposerWhenTheMailFailed) {
     mail.outcome = platform::MailOutcome::Kind::Failed;
     writeMail();
     composer()->send();
     EXPECT_EQ(page->presentedViewController(), nullptr);
 }
 
-TEST_F(SupportContact, TakesTheComposerDownWhenItIsCancelled) {
+TEST_F(SupportContact, DismissesTheComposerWhenItIsCancelled) {
     writeMail();
     composer()->cancel();
     EXPECT_TRUE(mail.sent.empty());
     EXPECT_EQ(page->presentedViewController(), nullptr);
 }
 
-TEST_F(SupportContact, TakesDownTheComposerThatFinishedWhateverTheResult) {
+TEST_F(SupportContact, DismissesTheComposerThatFinishedWhateverTheResult) {
     for (const int result : {0, 1, 2, 3}) {
         writeMail();
         page->mailComposeControllerDidFinishWithResultError(
@@ -178,7 +178,7 @@ TEST_F(SupportContact, TakesDownTheComposerThatFinishedWhateverTheResult) {
     }
 }
 
-TEST_F(SupportContact, TakesDownTheComposerPassedInAndNoOther) {
+TEST_F(SupportContact, DismissesOnlyThePassedComposer) {
     writeMail();
     const auto elsewhere = std::make_shared<platform::UIViewController>();
     const auto other = std::make_shared<MFMailComposeViewController>();

@@ -28,13 +28,13 @@ constexpr Class abstract("Abstract", nullptr);
 constexpr const Class* first[] = {&plain, &abstract};
 constexpr const Class* second[] = {&otherPlain};
 
-class ClassTables : public ::testing::Test {
+class RegisteredClassTable : public ::testing::Test {
 protected:
     void add(ClassTable table) {
         platform::registerClasses(table);
         added_.push_back(table);
     }
-    ~ClassTables() override {
+    ~RegisteredClassTable() override {
         for (const ClassTable& table : added_)
             platform::withdrawClasses(table);
     }
@@ -43,7 +43,7 @@ private:
     std::vector<ClassTable> added_;
 };
 
-TEST_F(ClassTables, KnowNoClassUntilItIsRegistered) {
+TEST_F(RegisteredClassTable, KnowsNoClassUntilItIsRegistered) {
     EXPECT_EQ(objc_getClass("Plain"), nullptr);
     EXPECT_EQ(objc_getClass(""), nullptr);
     add(first);
@@ -52,14 +52,14 @@ TEST_F(ClassTables, KnowNoClassUntilItIsRegistered) {
     EXPECT_EQ(objc_getClass("plain"), nullptr);
 }
 
-TEST_F(ClassTables, ForgetAClassThatIsWithdrawn) {
+TEST_F(RegisteredClassTable, ForgetsAClassThatIsWithdrawn) {
     add(first);
     platform::withdrawClasses(first);
     EXPECT_EQ(objc_getClass("Plain"), nullptr);
     platform::withdrawClasses(first);
 }
 
-TEST_F(ClassTables, HideAnEarlierClassByALaterOneUntilThatIsWithdrawn) {
+TEST_F(RegisteredClassTable, HidesAnEarlierClassUntilItIsWithdrawn) {
     add(first);
     add(second);
     EXPECT_EQ(objc_getClass("Plain"), &otherPlain);
@@ -68,20 +68,20 @@ TEST_F(ClassTables, HideAnEarlierClassByALaterOneUntilThatIsWithdrawn) {
     EXPECT_EQ(objc_getClass("Plain"), &plain);
 }
 
-TEST_F(ClassTables, CountHowOftenATableIsRegistered) {
+TEST_F(RegisteredClassTable, CountsHowOftenItIsRegistered) {
     add(first);
     add(first);
     platform::withdrawClasses(first);
     EXPECT_EQ(objc_getClass("Plain"), &plain);
 }
 
-TEST_F(ClassTables, AnswerForOneTableAlone) {
+TEST_F(RegisteredClassTable, IsSearchedAlone) {
     EXPECT_EQ(platform::classInTable(second, "Plain"), &otherPlain);
     EXPECT_EQ(platform::classInTable(second, "Abstract"), nullptr);
     EXPECT_EQ(platform::classInTable(ClassTable(), "Plain"), nullptr);
 }
 
-TEST(ClassByName, MakesInstancesThatAreOwned) {
+TEST(ClassByName, CreatesOwnedInstances) {
     const auto object = plain.create();
     EXPECT_NE(dynamic_cast<Plain*>(object.get()), nullptr);
     EXPECT_EQ(object->weak_from_this().lock(), object);
@@ -89,7 +89,7 @@ TEST(ClassByName, MakesInstancesThatAreOwned) {
     EXPECT_EQ(abstract.create(), nullptr);
 }
 
-TEST(ClassByName, AnswersItsClassMethodsAsTheProtocolAskedFor) {
+TEST(ClassByName, ReturnsItsClassMethodsAsTheRequestedProtocol) {
     ASSERT_NE(plain.classMethods<Greeting>(), nullptr);
     EXPECT_EQ(plain.classMethods<Greeting>()->greeting(), "how do you do");
     EXPECT_EQ(plain.classMethods<Plain>(), nullptr);

@@ -85,7 +85,7 @@ TEST_F(DynamicLibrary, IsTheSameThroughALinkAndByItsOwnName) {
     EXPECT_EQ(objc_getClass("Greeter"), nullptr);
 }
 
-TEST_F(DynamicLibrary, HidesTheClassesOfOneOpenedBefore) {
+TEST_F(DynamicLibrary, HidesTheClassesOfALibraryOpenedEarlier) {
     putModule("greeter", library);
     putModule("rival", "/usr/lib/rival.so");
     void* greeter = open();
@@ -96,7 +96,7 @@ TEST_F(DynamicLibrary, HidesTheClassesOfOneOpenedBefore) {
     platform::dlclose(greeter);
 }
 
-TEST_F(DynamicLibrary, AnswersClassMethodsAcrossItsBorder) {
+TEST_F(DynamicLibrary, ReturnsClassMethodsAcrossItsBoundary) {
     putModule("greeter", library);
     void* handle = open();
     const auto* methods = objc_getClass("Greeter")->classMethods<Greeting>();
@@ -106,7 +106,7 @@ TEST_F(DynamicLibrary, AnswersClassMethodsAcrossItsBorder) {
     platform::dlclose(handle);
 }
 
-TEST_F(DynamicLibrary, ThrowsThePlatformsExceptionAcrossItsBorder) {
+TEST_F(DynamicLibrary, ThrowsThePlatformsExceptionAcrossItsBoundary) {
     putModule("greeter", library);
     void* handle = open();
     const auto object = objc_getClass("Greeter")->create();
@@ -128,46 +128,46 @@ TEST_F(DynamicLibrary, ClosesNothingForNullOrAHandleThatIsNotOpen) {
     platform::dlclose(again);
 }
 
-TEST_F(DynamicLibrary, ThatIsMissingIsRefusedWithItsPath) {
+TEST_F(DynamicLibrary, IsRefusedWithItsPathWhenMissing) {
     expectRefused(library, onDisk(library));
 }
 
-TEST_F(DynamicLibrary, ThatIsNoLibraryIsRefused) {
+TEST_F(DynamicLibrary, IsRefusedUnlessItIsALibrary) {
     putModule("greeter", library);
     writeFile(library, "no library");
     expectRefused(library, onDisk(library));
 }
 
-TEST_F(DynamicLibrary, WithoutAClassTableIsRefused) {
+TEST_F(DynamicLibrary, IsRefusedWithoutAClassTable) {
     putModule("classless", library);
     expectRefused(library, "wardlock_classes");
 }
 
-TEST_F(DynamicLibrary, ThatIsAFolderIsRefused) {
+TEST_F(DynamicLibrary, IsRefusedWhenItIsAFolder) {
     makeFolder("/usr/lib/folder");
     expectRefused("/usr/lib/folder", "not a file");
 }
 
-TEST_F(DynamicLibrary, ThatEveryUserCanChangeIsRefused) {
+TEST_F(DynamicLibrary, IsRefusedWhenEveryUserCanChangeIt) {
     putModule("greeter", library);
     setMode(library, 0757);
     expectRefused(library, "can be changed by every user");
 }
 
-TEST_F(DynamicLibrary, InAFolderThatEveryUserCanChangeIsRefused) {
+TEST_F(DynamicLibrary, IsRefusedInAFolderThatEveryUserCanChange) {
     putModule("greeter", library);
     setMode("/Library/MobileSubstrate/DynamicLibraries", 01777);
     expectRefused(library, "can be changed by every user");
 }
 
-TEST_F(DynamicLibrary, IsJudgedByTheFolderItsLinkLeadsTo) {
+TEST_F(DynamicLibrary, IsRefusedWhenEveryUserCanChangeTheFolderOfItsTarget) {
     putModule("greeter", "/tmp/open/real.so");
     setMode("/tmp/open", 0777);
     fs::create_symlink(onDisk("/tmp/open/real.so"), onDisk(library));
     expectRefused(library, "can be changed by every user");
 }
 
-TEST_F(DynamicLibrary, ThatAForeignGroupCanChangeIsRefused) {
+TEST_F(DynamicLibrary, IsRefusedWhenAForeignGroupCanChangeIt) {
     SKIP_WITHOUT_OTHER_USER();
     putModule("greeter", library);
     ASSERT_EQ(::chown(onDisk(library).c_str(), 0, 65534), 0);
@@ -175,7 +175,7 @@ TEST_F(DynamicLibrary, ThatAForeignGroupCanChangeIsRefused) {
     expectRefused(library, "can be changed by a group of users");
 }
 
-TEST_F(DynamicLibrary, ThatTheUsersOwnGroupCanChangeIsOpened) {
+TEST_F(DynamicLibrary, IsOpenedWhenTheUsersOwnGroupCanChangeIt) {
     // Root has a group alone everywhere; whether an ordinary user has one is the machine's affair.
     SKIP_WITHOUT_OTHER_USER();
     putModule("greeter", library);
@@ -185,14 +185,14 @@ TEST_F(DynamicLibrary, ThatTheUsersOwnGroupCanChangeIsOpened) {
     platform::dlclose(handle);
 }
 
-TEST_F(DynamicLibrary, ThatBelongsToAnotherUserIsRefused) {
+TEST_F(DynamicLibrary, IsRefusedWhenItBelongsToAnotherUser) {
     SKIP_WITHOUT_OTHER_USER();
     putModule("greeter", library);
     ASSERT_EQ(::chown(onDisk(library).c_str(), 65534, 65534), 0);
     expectRefused(library, "belongs to another user");
 }
 
-TEST_F(DynamicLibrary, TellsEachThreadItsOwnReason) {
+TEST_F(DynamicLibrary, ReportsEachThreadItsOwnReason) {
     expectRefused(library, onDisk(library));
     std::string inThread = "unset";
     std::thread([&] { inThread = platform::dlerror(); }).join();

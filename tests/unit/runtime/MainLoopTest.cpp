@@ -40,7 +40,7 @@ TEST(MainLoop, StaysReadableForOperationsThatOperationsAdd) {
     EXPECT_FALSE(isReadable());
 }
 
-TEST(MainLoop, StaysReadableForWhatAnOperationThatThrowsLeavesBehind) {
+TEST(MainLoop, StaysReadableForOperationsBehindOneThatThrows) {
     NSOperationQueue::mainQueue().addOperation([] { throw std::runtime_error("thrown"); });
     NSOperationQueue::mainQueue().addOperation([] {});
     EXPECT_THROW(MainLoop::shared().process(), std::runtime_error);
@@ -56,7 +56,7 @@ TEST(MainLoop, WakesAHostThatWaitsWhenAnotherThreadAddsAnOperation) {
     other.join();
 }
 
-TEST(MainLoop, RunsUntilTheTimeIsOver) {
+TEST(MainLoop, RunsUntilTheTimeout) {
     EXPECT_FALSE(MainLoop::shared().runUntil([] { return false; }, 1ms));
 }
 

@@ -50,7 +50,7 @@ TEST_F(NSBundle, IsAFolderWithAnInfoDictionary) {
     EXPECT_EQ(platform::stringValue(bundle->infoDictionary().find("NSPrincipalClass")), "Greeter");
 }
 
-TEST_F(NSBundle, IsNoneWithoutAnInfoDictionary) {
+TEST_F(NSBundle, DoesNotExistWithoutAnInfoDictionary) {
     EXPECT_EQ(platform::NSBundle::bundleWithPath(place), nullptr);
     makeFolder(place);
     EXPECT_EQ(platform::NSBundle::bundleWithPath(place), nullptr);
@@ -66,7 +66,7 @@ TEST_F(NSBundle, LeavesADamagedInfoDictionaryAlone) {
     EXPECT_FALSE(exists(std::string(place) + "/Info.plist.damaged"));
 }
 
-TEST_F(NSBundle, BehindALinkIsTheFolderItLeadsTo) {
+TEST_F(NSBundle, ResolvesALinkToItsFolder) {
     (void)greeterBundle();
     fs::create_symlink(onDisk(place), onDisk("/Library/Link.bundle"));
     EXPECT_EQ(platform::NSBundle::bundleWithPath("/Library/Link.bundle")->bundlePath(), onDisk(place));
@@ -85,7 +85,7 @@ TEST_F(NSBundle, FindsItsResourcesByNameAndType) {
               onDisk(place) + "/en.lproj/Names.strings");
 }
 
-TEST_F(NSBundle, HasNoResourceWhereThereIsNoFile) {
+TEST_F(NSBundle, HasNoResourceWithoutAFile) {
     const auto bundle = greeterBundle();
     makeFolder(std::string(place) + "/folder.png");
     fs::create_symlink("nowhere", onDisk(place) + "/link.png");
@@ -115,7 +115,7 @@ TEST_F(NSBundle, OpensItsModuleForThePrincipalClass) {
     EXPECT_EQ(platform::objc_getClass("Greeter"), found) << "the bundle was unloaded with its object";
 }
 
-TEST_F(NSBundle, AnswersTheSamePrincipalClassAgain) {
+TEST_F(NSBundle, ReturnsTheSamePrincipalClassAgain) {
     std::string reason;
     const auto bundle = greeterBundle();
     EXPECT_EQ(bundle->principalClass(reason), bundle->principalClass(reason));
@@ -132,7 +132,7 @@ TEST_F(NSBundle, FindsThePrincipalClassInItsOwnModule) {
     EXPECT_EQ(platform::NSBundle::bundleWithPath(place)->principalClass(reason), greeter);
 }
 
-TEST_F(NSBundle, TellsWhyThereIsNoPrincipalClass) {
+TEST_F(NSBundle, ReportsWhyThePrincipalClassIsMissing) {
     EXPECT_TRUE(contains(reasonWith(""), "names no module in CFBundleExecutable"));
     EXPECT_TRUE(
         contains(reasonWith("<key>CFBundleExecutable</key><string>../x</string>"), "names no module"));
@@ -143,20 +143,20 @@ TEST_F(NSBundle, TellsWhyThereIsNoPrincipalClass) {
     EXPECT_TRUE(contains(reasonWith(entries), onDisk(place) + "/Greeter"));
 }
 
-TEST_F(NSBundle, TellsThatTheModuleLacksTheClass) {
+TEST_F(NSBundle, ReportsAClassThatTheModuleLacks) {
     putModule("rival", std::string(place) + "/Greeter");
     EXPECT_TRUE(contains(reasonWith("<key>CFBundleExecutable</key><string>Greeter</string>"
                                     "<key>NSPrincipalClass</key><string>Stranger</string>"),
                          "has no class Stranger"));
 }
 
-TEST_F(NSBundle, TellsThatTheModuleIsNotToBeTrusted) {
+TEST_F(NSBundle, ReportsAnUntrustedModule) {
     (void)greeterBundle();
     setMode(std::string(place) + "/Greeter", 0777);
     EXPECT_TRUE(contains(reasonWith(entries), "can be changed by every user"));
 }
 
-TEST_F(NSBundle, OfAnObjectIsTheOneWhoseModuleDefinesItsClass) {
+TEST_F(NSBundle, IsFoundForAnObjectByTheModuleOfItsClass) {
     std::string reason;
     const Class* found = greeterBundle()->principalClass(reason);
     ASSERT_NE(found, nullptr) << reason;
@@ -167,7 +167,7 @@ TEST_F(NSBundle, OfAnObjectIsTheOneWhoseModuleDefinesItsClass) {
     EXPECT_EQ(platform::NSBundle::bundleForClass(typeid(same))->bundlePath(), onDisk(place));
 }
 
-TEST_F(NSBundle, OfAModuleDeeperInsideIsTheNearestFolderWithAnInfoDictionary) {
+TEST_F(NSBundle, IsTheNearestFolderWithAnInfoDictionaryAboveAModule) {
     putBundle(place, "<key>CFBundleIdentifier</key><string>outer</string>"
                      "<key>CFBundleExecutable</key><string>Contents/bin/Greeter</string>"
                      "<key>NSPrincipalClass</key><string>Greeter</string>");
@@ -182,7 +182,7 @@ TEST_F(NSBundle, OfAModuleDeeperInsideIsTheNearestFolderWithAnInfoDictionary) {
     EXPECT_EQ(identifierOf(*platform::NSBundle::bundleForObject(*object)), "inner");
 }
 
-TEST_F(NSBundle, OfAClassOutsideAnyBundleIsTheFolderOfItsProgram) {
+TEST_F(NSBundle, IsTheFolderOfTheProgramForAClassOutsideAnyBundle) {
     class Local : public platform::Object {};
     const auto bundle = platform::NSBundle::bundleForClass(typeid(Local));
     EXPECT_EQ(bundle->bundlePath(), fs::read_symlink("/proc/self/exe").parent_path().string());

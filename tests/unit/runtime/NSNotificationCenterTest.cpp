@@ -32,7 +32,7 @@ private:
 
 const auto hear = NSNotificationCenter::Action::of<&Listener::hear>("hear:");
 
-class NSNotificationCenterTest : public ::testing::Test {
+class NotificationCenter : public ::testing::Test {
 protected:
     std::shared_ptr<Listener> listener(const std::string& id) { return std::make_shared<Listener>(told, id); }
 
@@ -40,7 +40,7 @@ protected:
     std::vector<std::string> told;
 };
 
-TEST_F(NSNotificationCenterTest, TellsObserversInTheOrderOfTheirRegistration) {
+TEST_F(NotificationCenter, NotifiesObserversInTheOrderOfTheirRegistration) {
     const auto first = listener("first");
     const auto second = listener("second");
     center.addObserver(second, hear, "N");
@@ -49,14 +49,14 @@ TEST_F(NSNotificationCenterTest, TellsObserversInTheOrderOfTheirRegistration) {
     EXPECT_EQ(told, (std::vector<std::string>{"second:N", "first:N"}));
 }
 
-TEST_F(NSNotificationCenterTest, TellsOnlyTheObserversOfTheName) {
+TEST_F(NotificationCenter, NotifiesOnlyTheObserversOfTheName) {
     const auto observer = listener("a");
     center.addObserver(observer, hear, "N");
     center.postNotification("M");
     EXPECT_TRUE(told.empty());
 }
 
-TEST_F(NSNotificationCenterTest, TellsAnObserverOnceForEachOfItsRegistrations) {
+TEST_F(NotificationCenter, NotifiesAnObserverOnceForEachOfItsRegistrations) {
     const auto observer = listener("a");
     center.addObserver(observer, hear, "N");
     center.addObserver(observer, hear, "N");
@@ -64,7 +64,7 @@ TEST_F(NSNotificationCenterTest, TellsAnObserverOnceForEachOfItsRegistrations) {
     EXPECT_EQ(told.size(), 2u);
 }
 
-TEST_F(NSNotificationCenterTest, HandsOverObjectAndUserInfo) {
+TEST_F(NotificationCenter, PassesObjectAndUserInfo) {
     const auto observer = listener("a");
     const std::shared_ptr<platform::Object> object = listener("object");
     bool asPosted = false;
@@ -77,7 +77,7 @@ TEST_F(NSNotificationCenterTest, HandsOverObjectAndUserInfo) {
     EXPECT_TRUE(asPosted);
 }
 
-TEST_F(NSNotificationCenterTest, HandsOverNoObjectAndNoUserInfoWhereNoneArePosted) {
+TEST_F(NotificationCenter, PassesNilWhenNoObjectAndNoUserInfoArePosted) {
     const auto observer = listener("a");
     bool nothing = false;
     observer->onHear = [&](const NSNotification& notification) {
@@ -88,7 +88,7 @@ TEST_F(NSNotificationCenterTest, HandsOverNoObjectAndNoUserInfoWhereNoneArePoste
     EXPECT_TRUE(nothing);
 }
 
-TEST_F(NSNotificationCenterTest, TellsAnObserverOfOneObjectOfPostsByThatObjectAlone) {
+TEST_F(NotificationCenter, NotifiesAnObserverOfOneObjectOfItsPostsAlone) {
     const auto observer = listener("a");
     const auto object = listener("object");
     const auto other = listener("other");
@@ -100,7 +100,7 @@ TEST_F(NSNotificationCenterTest, TellsAnObserverOfOneObjectOfPostsByThatObjectAl
     EXPECT_EQ(told.size(), 1u);
 }
 
-TEST_F(NSNotificationCenterTest, TakesNoOtherObjectForOneThatIsGone) {
+TEST_F(NotificationCenter, DoesNotMistakeAnotherObjectForOneThatIsGone) {
     const auto observer = listener("a");
     auto object = listener("object");
     center.addObserver(observer, hear, "N", object);
@@ -110,7 +110,7 @@ TEST_F(NSNotificationCenterTest, TakesNoOtherObjectForOneThatIsGone) {
     EXPECT_TRUE(told.empty());
 }
 
-TEST_F(NSNotificationCenterTest, DropsAnObserverThatIsGone) {
+TEST_F(NotificationCenter, DropsAnObserverThatIsGone) {
     // Without the removal in its destructor.
     class Careless : public platform::Object {
     public:
@@ -130,7 +130,7 @@ TEST_F(NSNotificationCenterTest, DropsAnObserverThatIsGone) {
     EXPECT_EQ(count, 0);
 }
 
-TEST_F(NSNotificationCenterTest, LetsADestructorRemoveTheObserver) {
+TEST_F(NotificationCenter, LetsADestructorRemoveTheObserver) {
     auto observer = listener("a");
     center.addObserver(observer, hear, "N");
     center.addObserver(observer, hear, "M");
@@ -139,7 +139,7 @@ TEST_F(NSNotificationCenterTest, LetsADestructorRemoveTheObserver) {
     EXPECT_EQ(center.observerCount("M"), 0u);
 }
 
-TEST_F(NSNotificationCenterTest, RemovesTheRegistrationsOfOneName) {
+TEST_F(NotificationCenter, RemovesTheRegistrationsOfOneName) {
     const auto observer = listener("a");
     center.addObserver(observer, hear, "N");
     center.addObserver(observer, hear, "M");
@@ -149,7 +149,7 @@ TEST_F(NSNotificationCenterTest, RemovesTheRegistrationsOfOneName) {
     EXPECT_EQ(told, std::vector<std::string>{"a:M"});
 }
 
-TEST_F(NSNotificationCenterTest, RemovesTheRegistrationsOfOneNameAndObject) {
+TEST_F(NotificationCenter, RemovesTheRegistrationsOfOneNameAndObject) {
     const auto observer = listener("a");
     const auto object = listener("object");
     center.addObserver(observer, hear, "N", object);
@@ -159,7 +159,7 @@ TEST_F(NSNotificationCenterTest, RemovesTheRegistrationsOfOneNameAndObject) {
     EXPECT_EQ(told.size(), 1u);
 }
 
-TEST_F(NSNotificationCenterTest, DoesNotTellAnObserverAddedWhileDispatching) {
+TEST_F(NotificationCenter, DoesNotNotifyAnObserverAddedWhileDispatching) {
     const auto observer = listener("a");
     const auto late = listener("late");
     observer->onHear = [&](const NSNotification&) { center.addObserver(late, hear, "N"); };
@@ -168,7 +168,7 @@ TEST_F(NSNotificationCenterTest, DoesNotTellAnObserverAddedWhileDispatching) {
     EXPECT_EQ(told, std::vector<std::string>{"a:N"});
 }
 
-TEST_F(NSNotificationCenterTest, DoesNotTellAnObserverRemovedWhileDispatching) {
+TEST_F(NotificationCenter, DoesNotNotifyAnObserverRemovedWhileDispatching) {
     const auto observer = listener("a");
     const auto removed = listener("removed");
     observer->onHear = [&](const NSNotification&) { center.removeObserver(*removed); };
@@ -178,7 +178,7 @@ TEST_F(NSNotificationCenterTest, DoesNotTellAnObserverRemovedWhileDispatching) {
     EXPECT_EQ(told, std::vector<std::string>{"a:N"});
 }
 
-TEST_F(NSNotificationCenterTest, DoesNotTellAnObserverThatEndsWhileDispatching) {
+TEST_F(NotificationCenter, DoesNotNotifyAnObserverThatEndsWhileDispatching) {
     const auto observer = listener("a");
     auto ending = listener("ending");
     observer->onHear = [&](const NSNotification&) { ending.reset(); };
@@ -188,7 +188,7 @@ TEST_F(NSNotificationCenterTest, DoesNotTellAnObserverThatEndsWhileDispatching) 
     EXPECT_EQ(told, std::vector<std::string>{"a:N"});
 }
 
-TEST_F(NSNotificationCenterTest, KeepsAnObserverAliveWhileItIsTold) {
+TEST_F(NotificationCenter, KeepsAnObserverAliveWhileItIsNotified) {
     auto observer = listener("a");
     Listener* plain = observer.get();
     plain->onHear = [&](const NSNotification&) {
@@ -200,7 +200,7 @@ TEST_F(NSNotificationCenterTest, KeepsAnObserverAliveWhileItIsTold) {
     EXPECT_EQ(told, (std::vector<std::string>{"a:N", "still here"}));
 }
 
-TEST_F(NSNotificationCenterTest, PostsWithinAPost) {
+TEST_F(NotificationCenter, PostsWithinAPost) {
     const auto observer = listener("a");
     const auto second = listener("b");
     observer->onHear = [&](const NSNotification& notification) {
@@ -214,14 +214,14 @@ TEST_F(NSNotificationCenterTest, PostsWithinAPost) {
     EXPECT_EQ(told, (std::vector<std::string>{"a:N", "b:M", "b:N"}));
 }
 
-TEST_F(NSNotificationCenterTest, SendsToAMethodThatTakesNoNotification) {
+TEST_F(NotificationCenter, CallsAMethodWithoutParameters) {
     const auto observer = listener("a");
     center.addObserver(observer, NSNotificationCenter::Action::of<&Listener::hearWithoutSender>("hear"), "N");
     center.postNotification("N");
     EXPECT_EQ(told, std::vector<std::string>{"a"});
 }
 
-TEST_F(NSNotificationCenterTest, IgnoresAnObserverThatIsNil) {
+TEST_F(NotificationCenter, IgnoresAnObserverThatIsNil) {
     center.addObserver(nullptr, hear, "N");
     EXPECT_EQ(center.observerCount("N"), 0u);
 }

@@ -53,7 +53,7 @@ TEST(NSOperationQueue, KeepsEachThreadsOrderWhenManyAdd) {
     EXPECT_EQ(ran, std::vector<std::vector<int>>(threads, inOrder));
 }
 
-TEST(NSOperationQueue, KeepsWhatAnOperationThatThrowsLeavesBehind) {
+TEST(NSOperationQueue, KeepsTheOperationsBehindOneThatThrows) {
     bool ran = false;
     queue.addOperation([] { throw std::runtime_error("thrown"); });
     queue.addOperation([&] { ran = true; });
@@ -80,7 +80,7 @@ TEST(NSOperationQueue, IgnoresAnEmptyOperation) {
     EXPECT_TRUE(queue.empty());
 }
 
-TEST(NSOperationQueue, TellsTheMainThreadFromOthers) {
+TEST(NSOperationQueue, DistinguishesTheMainThreadFromOthers) {
     EXPECT_TRUE(NSOperationQueue::isMainThread());
     bool elsewhere = true;
     std::thread([&] { elsewhere = NSOperationQueue::isMainThread(); }).join();

@@ -39,7 +39,7 @@ protected:
     std::shared_ptr<MFMailComposeViewController> composer = std::make_shared<MFMailComposeViewController>();
 };
 
-TEST_F(MailCompose, SendsWhatThePersonMadeOfTheMail) {
+TEST_F(MailCompose, SendsTheMailAsTheUserEditedIt) {
     composer->setToRecipients({"someone@example.org"});
     composer->setSubject("first");
     composer->setSubject("edited");
@@ -53,7 +53,7 @@ TEST_F(MailCompose, SendsWhatThePersonMadeOfTheMail) {
     EXPECT_EQ(post.sent[0].attachments[0].fileName, "other");
 }
 
-TEST_F(MailCompose, ReportsTheResultWhenTheMailIsGone) {
+TEST_F(MailCompose, ReportsTheResultWhenTheMailIsSent) {
     composer->send();
     EXPECT_TRUE(composer->isSending());
     EXPECT_TRUE(delegate->results.empty());
@@ -81,7 +81,7 @@ TEST_F(MailCompose, ReportsACancel) {
     EXPECT_TRUE(post.sent.empty());
 }
 
-TEST(MailService, CannotSendWhereThereIsNone) {
+TEST(MailService, CannotSendWithoutAService) {
     EXPECT_FALSE(MFMailComposeViewController::canSendMail());
 }
 

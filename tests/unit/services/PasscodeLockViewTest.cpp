@@ -45,7 +45,7 @@ protected:
 
 using Log = std::vector<std::string>;
 
-TEST_F(PasscodeLockView, ReportsTheFourthDigitAndTakesNoFifth) {
+TEST_F(PasscodeLockView, ReportsTheFourthDigitAndIgnoresAFifth) {
     press("12345");
     EXPECT_EQ(reports->log, Log{"entered 1234"});
     EXPECT_EQ(keypad->passcode(), "1234");
@@ -77,7 +77,7 @@ TEST_F(PasscodeLockView, ReportsTheSecondEntryPathAsSuch) {
     EXPECT_EQ(reports->log, Log{"mesa 4321"});
 }
 
-TEST_F(PasscodeLockView, TakesNothingButFourDigitsByTheSecondPath) {
+TEST_F(PasscodeLockView, AcceptsOnlyFourDigitsByTheSecondPath) {
     for (const char* passcode : {"", "432", "43210", "432a", " 432", "\u0664\u0663", "4.32"})
         keypad->enterViaMesa(passcode);
     EXPECT_TRUE(reports->log.empty());
@@ -93,7 +93,7 @@ TEST_F(PasscodeLockView, ReportsAnEmergencyCallOnlyWhileItsButtonIsShown) {
     EXPECT_EQ(reports->log, Log{"emergency"});
 }
 
-TEST_F(PasscodeLockView, TakesNoInputWhileItFadesOut) {
+TEST_F(PasscodeLockView, IgnoresInputWhileItFadesOut) {
     UIView::animateWithDuration(0.4, [this] { keypad->setAlpha(0); });
     press("1234");
     keypad->pressCancel();
@@ -101,7 +101,7 @@ TEST_F(PasscodeLockView, TakesNoInputWhileItFadesOut) {
     EXPECT_TRUE(reports->log.empty());
 }
 
-TEST_F(PasscodeLockView, TakesInputWhileItFadesIn) {
+TEST_F(PasscodeLockView, AcceptsInputFromTheStartOfItsFade) {
     keypad->setAlpha(0);
     UIView::animateWithDuration(0.4, [this] { keypad->setAlpha(1); });
     press("1234");

@@ -72,18 +72,18 @@ TEST(AccountFate, IsRemovedWhenTheNextAccountTookItsPosition) {
         << "and was changed at once";
 }
 
-TEST(AccountFate, OfEqualRecordsIsTheSameWhereOneIsStillThere) {
+TEST(AccountFate, IsTheSameWhileOneOfTheEqualRecordsRemains) {
     EXPECT_EQ(list({ann, ann, ann}).fate(1, list({ann, ann})), AccountFate::Same);
     EXPECT_EQ(list({ann, ann}).fate(1, list({ann})), AccountFate::Removed);
 }
 
-TEST(Accounts, HaveTheirNamesAndEmptyOnesWhereThereAreNone) {
+TEST(Accounts, HaveEmptyNamesForRecordsWithoutOne) {
     const Accounts accounts(Array({Value(ann), Value(Dictionary()), Value("text")}));
     EXPECT_EQ(accounts.names(), (std::vector<std::string>{"Ann", "", ""}));
     EXPECT_EQ(accounts.name(3), "");
 }
 
-TEST(Accounts, AreNoneWhereTheValueIsMissingOrNotAList) {
+TEST(Accounts, AreAbsentWhenTheValueIsMissingOrNotAList) {
     EXPECT_FALSE(Accounts::of(nullptr));
     const Value text("none");
     EXPECT_FALSE(Accounts::of(&text));
@@ -124,14 +124,14 @@ TEST(Accounts, ChangeOneValueOfOneRecord) {
     EXPECT_EQ(accounts.records(), Array({Value(ann), Value(record("Ben", true)), Value(eva)}));
 }
 
-TEST(Accounts, ChangeNothingWhereThereIsNoRecord) {
+TEST(Accounts, ChangeNothingWithoutARecord) {
     Accounts accounts(Array({Value("text")}));
     const Value on(true);
     EXPECT_FALSE(accounts.set(0, kRestrictSiri, &on));
     EXPECT_EQ(accounts.records(), Array({Value("text")}));
 }
 
-TEST(Accounts, RefuseToStoreNone) {
+TEST(Accounts, RefuseToStoreNil) {
     Accounts accounts = list({ann});
     EXPECT_EQ(thrown([&] { accounts.set(0, kRestrictSiri, nullptr); }), "NSInvalidArgumentException");
     EXPECT_EQ(accounts.records(), Array({Value(ann)}));
@@ -145,7 +145,7 @@ TEST(Accounts, KeepTheirOrderWhenOneIsAppendedOrRemoved) {
     EXPECT_EQ(accounts.names(), (std::vector<std::string>{"Ann", "Eva"}));
 }
 
-TEST(Accounts, AreTheDefaultOnesAfterTheLastWasRemoved) {
+TEST(Accounts, BecomeTheDefaultsAfterTheLastWasRemoved) {
     Accounts accounts = list({ann});
     accounts.remove(0);
     EXPECT_EQ(accounts.records(), DefaultSettings().find(kAccounts)->array());
@@ -153,7 +153,7 @@ TEST(Accounts, AreTheDefaultOnesAfterTheLastWasRemoved) {
 
 using AccountsOnDisk = SettingsFixture;
 
-TEST_F(AccountsOnDisk, AreThoseOfTheDocumentAsItIsNow) {
+TEST_F(AccountsOnDisk, AreReadFromTheDocumentAsItIsNow) {
     EXPECT_EQ(Accounts::onDisk().size(), 0u) << "there is no document";
     writeDocument({{kAccounts, Array({Value(ann)})}});
     EXPECT_EQ(Accounts::onDisk().names(), (std::vector<std::string>{"Ann"}));

@@ -27,7 +27,7 @@ TEST(ChangeNotification, CarriesExactlyTheKeyAndItsValueAtOnce) {
     EXPECT_EQ(*post.userInfo, (Dictionary{{"key", "kAccounts"}, {"object", Array{1, 2}}}));
 }
 
-TEST(ChangeNotification, ReachesWhoObservesIt) {
+TEST(ChangeNotification, ReachesItsObservers) {
     RecordingNotificationCenter center;
     int told = 0;
     const auto subscription =

@@ -36,13 +36,13 @@ const Array nineApplications{
 
 } // namespace
 
-TEST(DefaultSettings, HoldsTheThreeTopLevelKeysInOrder) {
+TEST(DefaultSettings, HaveTheThreeTopLevelKeysInOrder) {
     const Dictionary defaults = DefaultSettings();
     const Entries expected{{"kEnabled", true}, {"kPasscode", ""}, {"kAccounts", Array{defaultAccount()}}};
     EXPECT_EQ(entries(defaults), expected);
 }
 
-TEST(DefaultSettings, HoldsOneAccountOfTwentyKeysInOrder) {
+TEST(DefaultSettings, HaveOneAccountOfTwentyKeysInOrder) {
     const Entries expected{
         {"kAccountEnabled", false},
         {"kAccountName", "Default"},
@@ -69,13 +69,13 @@ TEST(DefaultSettings, HoldsOneAccountOfTwentyKeysInOrder) {
     EXPECT_EQ(expected.size(), 20U);
 }
 
-TEST(DefaultSettings, RestrictsNineApplicationsInOrder) {
+TEST(DefaultSettings, RestrictNineApplicationsInOrder) {
     const Array applications = defaultAccount().find("kAppsRestricted")->array();
     EXPECT_EQ(applications.size(), 9U);
     EXPECT_EQ(applications, nineApplications);
 }
 
-TEST(DefaultSettings, HasAnEmptyPasscodeAsAString) {
+TEST(DefaultSettings, HaveAnEmptyPasscodeAsAString) {
     const Dictionary defaults = DefaultSettings();
     const Value* passcode = defaults.find("kPasscode");
     ASSERT_TRUE(passcode);
@@ -83,7 +83,7 @@ TEST(DefaultSettings, HasAnEmptyPasscodeAsAString) {
     EXPECT_EQ(passcode->string(), "");
 }
 
-TEST(DefaultSettings, BuildsDistinctObjectsAtEachCall) {
+TEST(DefaultSettings, AreDistinctObjectsAtEachCall) {
     const Dictionary first = DefaultSettings();
     const Dictionary second = DefaultSettings();
     EXPECT_EQ(first, second);

@@ -13,7 +13,7 @@ using wardlock::test::CountingDeviceInformation;
 
 using Questions = std::vector<std::string>;
 
-TEST(IsIpad, IsTrueForTheTabletIdiomAlone) {
+TEST(IpadIdiom, IsTheTabletIdiomAlone) {
     CountingDeviceInformation device;
     device.idiom = 1;
     EXPECT_TRUE(isIpad());
@@ -23,7 +23,7 @@ TEST(IsIpad, IsTrueForTheTabletIdiomAlone) {
     }
 }
 
-TEST(ScreenSize, IsThatOfTheBoundsInBothPortraitOrientations) {
+TEST(ScreenSize, EqualsTheBoundsInBothPortraitOrientations) {
     CountingDeviceInformation device;
     for (const long orientation : {1L, 2L}) {
         device.orientations = {orientation};
@@ -66,7 +66,7 @@ TEST(ScreenSize, AsksForTheOrientationOnceForEachTest) {
     EXPECT_EQ(screenSize(), (CGSize{568, 320}));
 }
 
-TEST(IsLandscape, IsEverythingButThePortraitOrientations) {
+TEST(LandscapeOrientation, IncludesAllButThePortraitOrientations) {
     CountingDeviceInformation device;
     for (const long orientation : {1L, 2L}) {
         device.orientations = {orientation};
@@ -78,7 +78,7 @@ TEST(IsLandscape, IsEverythingButThePortraitOrientations) {
     }
 }
 
-TEST(ScreenSize, IsWiderThanHighOnAHostThatIs) {
+TEST(ScreenSize, IsWiderThanHighOnAWideHost) {
     platform::DeviceInformation::setScreenSize({844, 390});
     EXPECT_TRUE(isLandscape());
     EXPECT_EQ(screenSize(), (CGSize{844, 390}));

@@ -14,7 +14,7 @@ using platform::MutableDictionary;
 
 namespace {
 
-class DocumentTest : public test::SettingsFixture {};
+class SettingsDocument : public test::SettingsFixture {};
 
 } // namespace
 
@@ -23,19 +23,19 @@ TEST(DocumentPath, IsFormattedWithTheIdentifier) {
     EXPECT_EQ(documentPath("com.example"), "/var/mobile/Library/Preferences/com.example.plist");
 }
 
-TEST_F(DocumentTest, IsNoneWhereNoFileIsAndIsNotCreated) {
+TEST_F(SettingsDocument, IsNeitherReadNorCreatedWithoutAFile) {
     EXPECT_FALSE(document(BundleIdentifier));
     EXPECT_FALSE(exists(documentPath));
 }
 
-TEST_F(DocumentTest, IsWhatIsOnDiskNow) {
+TEST_F(SettingsDocument, IsReadFromTheDiskEachTime) {
     writeDocument({{"kEnabled", false}});
     EXPECT_EQ(document(BundleIdentifier), (Dictionary{{"kEnabled", false}}));
     writeDocument({{"kEnabled", true}});
     EXPECT_EQ(document(BundleIdentifier), (Dictionary{{"kEnabled", true}}));
 }
 
-TEST_F(DocumentTest, UpdateKeepsTheOtherEntries) {
+TEST_F(SettingsDocument, KeepsTheOtherEntriesOnAnUpdate) {
     writeDocument({{"kEnabled", false}, {"other", 1}});
     const auto update = updateDocument(BundleIdentifier, [](MutableDictionary& document) {
         document.set("kEnabled", true);
@@ -46,7 +46,7 @@ TEST_F(DocumentTest, UpdateKeepsTheOtherEntries) {
     EXPECT_EQ(readDocument(), update.dictionary);
 }
 
-TEST_F(DocumentTest, UpdateWritesNothingWhereTheChangeThrows) {
+TEST_F(SettingsDocument, WritesNothingWhenTheChangeThrows) {
     writeDocument({{"kEnabled", false}});
     const auto change = [](MutableDictionary& document) -> bool {
         document.set("kEnabled", true);

@@ -16,7 +16,7 @@ using platform::Value;
 
 namespace {
 
-class EnabledAccountTest : public test::SettingsFixture {
+class EnabledAccountRecord : public test::SettingsFixture {
 protected:
     void writeAccounts(const Value& accounts) {
         writeDocument({{"kEnabled", true}, {"kPasscode", ""}, {"kAccounts", accounts}});
@@ -29,7 +29,7 @@ protected:
 
 } // namespace
 
-TEST_F(EnabledAccountTest, IsNoneInTheDefaultDocument) {
+TEST_F(EnabledAccountRecord, IsAbsentFromTheDefaultDocument) {
     EXPECT_FALSE(AccountEnabled());
     EXPECT_TRUE(boolForKey("kEnabled"));
     EXPECT_FALSE(TweakEnabled());
@@ -40,37 +40,37 @@ TEST_F(EnabledAccountTest, IsNoneInTheDefaultDocument) {
     }
 }
 
-TEST_F(EnabledAccountTest, IsTheFirstOfSeveral) {
+TEST_F(EnabledAccountRecord, IsTheFirstOfSeveral) {
     writeDocument(documentWithAccounts({false, true, true}));
     const auto account = EnabledAccountNew();
     ASSERT_TRUE(account);
     EXPECT_EQ(*account->find("kAccountName"), Value("B"));
 }
 
-TEST_F(EnabledAccountTest, IsTheVeryRecordInTheCache) {
+TEST_F(EnabledAccountRecord, IsTheRecordInTheCacheItself) {
     writeDocument(documentWithAccounts({false, true}));
     EXPECT_TRUE(EnabledAccountNew()->isSameObject(cachedAccount(1)));
     EXPECT_TRUE(EnabledAccountFetchIfNecessary()->isSameObject(cachedAccount(1)));
     EXPECT_TRUE(EnabledAccount->isSameObject(cachedAccount(1)));
 }
 
-TEST_F(EnabledAccountTest, SearchingAfreshLeavesTheVariableAlone) {
+TEST_F(EnabledAccountRecord, LeavesTheVariableAloneOnANewSearch) {
     writeDocument(documentWithAccounts({true}));
     EXPECT_TRUE(EnabledAccountNew());
     EXPECT_FALSE(EnabledAccount);
 }
 
-TEST_F(EnabledAccountTest, IsNoneWhereTheListIsEmpty) {
+TEST_F(EnabledAccountRecord, IsAbsentWhenTheListIsEmpty) {
     writeAccounts(Array{});
     EXPECT_FALSE(EnabledAccountNew());
 }
 
-TEST_F(EnabledAccountTest, IsNoneWhereTheListIsGone) {
+TEST_F(EnabledAccountRecord, IsAbsentWhenTheListIsGone) {
     SettingsCreateIfNecessary().remove("kAccounts");
     EXPECT_FALSE(EnabledAccountNew());
 }
 
-TEST_F(EnabledAccountTest, IsNoneWhereTheListIsOfAnotherKind) {
+TEST_F(EnabledAccountRecord, IsAbsentWhenTheListIsOfAnotherKind) {
     for (const Value& accounts :
          {Value("accounts"), Value(true), Value(Dictionary{{"kAccountEnabled", true}})}) {
         writeAccounts(accounts);
@@ -79,19 +79,19 @@ TEST_F(EnabledAccountTest, IsNoneWhereTheListIsOfAnotherKind) {
     }
 }
 
-TEST_F(EnabledAccountTest, PassesOverElementsThatAreNoRecords) {
+TEST_F(EnabledAccountRecord, FollowsElementsThatAreNotRecords) {
     writeAccounts(
         Array{"text", true, Array{true}, Dictionary{{"kAccountEnabled", true}, {"kAccountName", "Real"}}});
     EXPECT_EQ(*AccountObject("kAccountName"), Value("Real"));
 }
 
-TEST_F(EnabledAccountTest, PassesOverRecordsThatDoNotSayWhetherTheyAreEnabled) {
+TEST_F(EnabledAccountRecord, FollowsRecordsWithoutTheEnabledKey) {
     writeAccounts(Array{Dictionary{{"kAccountName", "Silent"}},
                         Dictionary{{"kAccountEnabled", 1}, {"kAccountName", "By number"}}});
     EXPECT_EQ(*AccountObject("kAccountName"), Value("By number"));
 }
 
-TEST_F(EnabledAccountTest, EveryAccessorFetchesIt) {
+TEST_F(EnabledAccountRecord, IsFetchedByEveryAccessor) {
     writeDocument(documentWithAccounts({true}));
     const std::vector<void (*)()> accessors{
         [] { AccountObject("kAccountName"); },
@@ -109,7 +109,7 @@ TEST_F(EnabledAccountTest, EveryAccessorFetchesIt) {
     }
 }
 
-TEST_F(EnabledAccountTest, IsKeptOnceFoundEvenIfTheCacheChanges) {
+TEST_F(EnabledAccountRecord, IsKeptOnceFoundEvenIfTheCacheChanges) {
     writeDocument(documentWithAccounts({true, true}));
     EXPECT_EQ(*AccountObject("kAccountName"), Value("A"));
     SettingsCreateIfNecessary().set("kAccounts", Array{});
@@ -117,7 +117,7 @@ TEST_F(EnabledAccountTest, IsKeptOnceFoundEvenIfTheCacheChanges) {
     EXPECT_TRUE(AccountEnabled());
 }
 
-TEST_F(EnabledAccountTest, IsSearchedForAgainWhileThereIsNone) {
+TEST_F(EnabledAccountRecord, IsSearchedForAgainWhileThereIsNone) {
     EXPECT_FALSE(AccountEnabled());
     SettingsCreateIfNecessary().set("kAccounts",
                                     Array{Dictionary{{"kAccountEnabled", true}, {"kAccountName", "Late"}}});
@@ -125,14 +125,14 @@ TEST_F(EnabledAccountTest, IsSearchedForAgainWhileThereIsNone) {
     EXPECT_EQ(*AccountString("kAccountName"), Value("Late"));
 }
 
-TEST_F(EnabledAccountTest, StaysValidWhateverBecomesOfTheCache) {
+TEST_F(EnabledAccountRecord, StaysValidWhateverBecomesOfTheCache) {
     writeDocument(documentWithAccounts({true}));
     AccountEnabled();
     TweakSettings.reset();
     EXPECT_EQ(*EnabledAccount->find("kAccountName"), Value("A"));
 }
 
-TEST_F(EnabledAccountTest, DoesNotFallBackOnTheDefaults) {
+TEST_F(EnabledAccountRecord, DoesNotFallBackToTheDefaults) {
     writeAccounts(Array{Dictionary{{"kAccountEnabled", true}}});
     EXPECT_TRUE(
         DefaultSettings().find("kAccounts")->array().at(0).dictionary().find(kRestrictUninstall)->boolean());
@@ -142,7 +142,7 @@ TEST_F(EnabledAccountTest, DoesNotFallBackOnTheDefaults) {
     EXPECT_EQ(AccountString("kRestrictUninstall"), nullptr);
 }
 
-TEST_F(EnabledAccountTest, AnswersTheValuesOfTheRecord) {
+TEST_F(EnabledAccountRecord, ReturnsItsValues) {
     writeAccounts(Array{Dictionary{
         {"kAccountEnabled", true}, {"kRestrictSiri", true}, {"kAccountName", "Mia"}, {"level", "2.5"}}});
     EXPECT_TRUE(AccountBool("kRestrictSiri"));
@@ -151,7 +151,7 @@ TEST_F(EnabledAccountTest, AnswersTheValuesOfTheRecord) {
     EXPECT_EQ(*AccountString("kRestrictSiri"), Value(true));
 }
 
-TEST_F(EnabledAccountTest, ReadsValuesOfOtherKindsAsBooleansAsThePlatformDoes) {
+TEST_F(EnabledAccountRecord, ReadsValuesOfOtherKindsAsBooleansAsThePlatformDoes) {
     writeAccounts(Array{Dictionary{{"kAccountEnabled", true},
                                    {"one", 1},
                                    {"minus", -1},
@@ -175,7 +175,7 @@ TEST_F(EnabledAccountTest, ReadsValuesOfOtherKindsAsBooleansAsThePlatformDoes) {
         EXPECT_FALSE(AccountBool(key)) << key;
 }
 
-TEST_F(EnabledAccountTest, ReadsRespondersAsFalseInANewRecord) {
+TEST_F(EnabledAccountRecord, ReadsRespondersAsFalseInANewRecord) {
     platform::MutableDictionary record(DefaultSettings().find("kAccounts")->array().at(0).dictionary());
     record.set("kAccountEnabled", true);
     writeAccounts(Array{record.copy()});
@@ -183,7 +183,7 @@ TEST_F(EnabledAccountTest, ReadsRespondersAsFalseInANewRecord) {
     EXPECT_FALSE(AccountBool("kRestrictResponders"));
 }
 
-TEST_F(EnabledAccountTest, IsLeftUntouchedWhereTheExtensionIsSwitchedOff) {
+TEST_F(EnabledAccountRecord, IsNotSearchedForWhileTheExtensionIsSwitchedOff) {
     writeDocument({{"kEnabled", false},
                    {"kPasscode", ""},
                    {"kAccounts", Array{Dictionary{{"kAccountEnabled", true}}}}});
@@ -193,7 +193,7 @@ TEST_F(EnabledAccountTest, IsLeftUntouchedWhereTheExtensionIsSwitchedOff) {
     EXPECT_FALSE(TweakEnabled());
 }
 
-TEST_F(EnabledAccountTest, StaysFoundWhereTheExtensionIsSwitchedOff) {
+TEST_F(EnabledAccountRecord, StaysFoundWhenTheExtensionIsSwitchedOff) {
     writeDocument(documentWithAccounts({true}));
     EXPECT_TRUE(TweakEnabled());
     SettingsCreateIfNecessary().set("kEnabled", false);
@@ -201,7 +201,7 @@ TEST_F(EnabledAccountTest, StaysFoundWhereTheExtensionIsSwitchedOff) {
     EXPECT_TRUE(EnabledAccount);
 }
 
-TEST_F(EnabledAccountTest, CountsWhereTheExtensionIsSwitchedOn) {
+TEST_F(EnabledAccountRecord, CountsWhileTheExtensionIsEnabled) {
     writeDocument(documentWithAccounts({true}));
     EXPECT_TRUE(TweakEnabled());
 }

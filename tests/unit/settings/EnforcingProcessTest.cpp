@@ -24,9 +24,9 @@ using wardlock::test::Process;
 namespace {
 
 /// Over the real centre: what a page does after it has written.
-class EnforcingProcessTest : public test::SettingsFixture {
+class EnforcingProcess : public test::SettingsFixture {
 protected:
-    EnforcingProcessTest() {
+    EnforcingProcess() {
         environment.set("DBUS_SESSION_BUS_ADDRESS", bus.address());
         platform::CFNotificationCenter::setCurrent(nullptr);
     }
@@ -44,13 +44,13 @@ protected:
 
 } // namespace
 
-TEST_F(EnforcingProcessTest, CreatesTheDocumentAtItsStart) {
+TEST_F(EnforcingProcess, CreatesTheDocumentAtItsStart) {
     Process enforcer = startEnforcer(1);
     EXPECT_EQ(enforcer.readLine(), "ready");
     EXPECT_EQ(readDocument(), DefaultSettings());
 }
 
-TEST_F(EnforcingProcessTest, MayBeTheFirstInANewDeviceRoot) {
+TEST_F(EnforcingProcess, MayBeTheFirstInANewDeviceRoot) {
     std::filesystem::remove_all(root());
     Process enforcer = startEnforcer(1);
     ASSERT_EQ(enforcer.readLine(), "ready");
@@ -60,7 +60,7 @@ TEST_F(EnforcingProcessTest, MayBeTheFirstInANewDeviceRoot) {
     EXPECT_EQ(enforcer.readLine(), "kAccountEnabled = 1; account A; tweak 1");
 }
 
-TEST_F(EnforcingProcessTest, HearsOfAChangeMadeElsewhere) {
+TEST_F(EnforcingProcess, IsNotifiedOfAChangeMadeElsewhere) {
     writeDocument(documentWithAccounts({false, false}));
     Process enforcer = startEnforcer(1);
     ASSERT_EQ(enforcer.readLine(), "ready");
@@ -70,7 +70,7 @@ TEST_F(EnforcingProcessTest, HearsOfAChangeMadeElsewhere) {
     EXPECT_EQ(enforcer.wait().exitCode, 0);
 }
 
-TEST_F(EnforcingProcessTest, HearsChangesInTheirOrder) {
+TEST_F(EnforcingProcess, IsNotifiedOfChangesInTheirOrder) {
     writeDocument(documentWithAccounts({true, true}));
     Process enforcer = startEnforcer(3);
     ASSERT_EQ(enforcer.readLine(), "ready");

@@ -17,7 +17,7 @@ using platform::NSOperationQueue;
 
 namespace {
 
-class ExceptionReportTest : public test::SettingsFixture {
+class ExceptionReport : public test::SettingsFixture {
 protected:
     std::string report(const NSException& exception) {
         TweakExceptionHandler(exception);
@@ -30,7 +30,7 @@ const std::string separator = "\n\n" + std::string(63, '-') + "\n\n";
 
 } // namespace
 
-TEST_F(ExceptionReportTest, IsOneEntryOfAllThatIsKnown) {
+TEST_F(ExceptionReport, IsOneEntryWithEveryDetail) {
     const NSException exception("SomeException", "some reason", Dictionary{{"index", 3}});
     EXPECT_EQ(report(exception),
               "\n" + separator +
@@ -40,7 +40,7 @@ TEST_F(ExceptionReportTest, IsOneEntryOfAllThatIsKnown) {
                   "\nCall Stack: " + platform::description(exception.callStackSymbols()) + separator);
 }
 
-TEST_F(ExceptionReportTest, ShowsTheNullTextWithoutUserInfo) {
+TEST_F(ExceptionReport, ShowsTheNullTextWithoutUserInfo) {
     const std::string text = report(NSException("N", "R"));
     const std::string beginning =
         "\n" + separator + "Exception Caught\n\nName: N\nReason: R\nInfo: (null)\nReturn Address: (\n";
@@ -48,21 +48,21 @@ TEST_F(ExceptionReportTest, ShowsTheNullTextWithoutUserInfo) {
     EXPECT_TRUE(text.ends_with(")" + separator));
 }
 
-TEST_F(ExceptionReportTest, KeepsConversionsInWhatItReports) {
+TEST_F(ExceptionReport, KeepsConversionsInWhatItReports) {
     const std::string text = report(NSException("%@", "100%d"));
     EXPECT_NE(text.find("Name: %@\nReason: 100%d\n"), std::string::npos);
 }
 
-TEST_F(ExceptionReportTest, IsQueuedOnly) {
+TEST_F(ExceptionReport, IsQueuedOnly) {
     TweakExceptionHandler(NSException("N", "R"));
     EXPECT_FALSE(exists(logPath));
     NSOperationQueue::mainQueue().drain();
     EXPECT_TRUE(exists(logPath));
 }
 
-using ExceptionReportDeathTest = ExceptionReportTest;
+using FinalExceptionReport = ExceptionReport;
 
-TEST_F(ExceptionReportDeathTest, ReachesTheLogWhereTheQueueRunsBeforeTheEnd) {
+TEST_F(FinalExceptionReport, ReachesTheLogWhenTheQueueRunsBeforeTheEnd) {
     EXPECT_EXIT(
         {
             platform::NSSetUncaughtExceptionHandler(TweakExceptionHandler);
@@ -73,7 +73,7 @@ TEST_F(ExceptionReportDeathTest, ReachesTheLogWhereTheQueueRunsBeforeTheEnd) {
     EXPECT_NE(readFile(logPath).find("Name: NSRangeException\nReason: beyond the end\n"), std::string::npos);
 }
 
-TEST_F(ExceptionReportDeathTest, IsLostWhereNothingRunsTheQueue) {
+TEST_F(FinalExceptionReport, IsLostWhenTheQueueDoesNotRun) {
     EXPECT_EXIT(
         {
             platform::NSSetUncaughtExceptionHandler(TweakExceptionHandler);

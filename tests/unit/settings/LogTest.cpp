@@ -21,36 +21,36 @@ using platform::NSOperationQueue;
 
 namespace {
 
-class LogTest : public test::SettingsFixture {
+class Log : public test::SettingsFixture {
 protected:
-    ~LogTest() override { FileSystem::setCurrent(nullptr); }
+    ~Log() override { FileSystem::setCurrent(nullptr); }
 
     static void runQueue() { NSOperationQueue::mainQueue().drain(); }
 };
 
 } // namespace
 
-TEST_F(LogTest, FirstEntryMakesTheFile) {
+TEST_F(Log, CreatesTheFileForTheFirstEntry) {
     jLog("%@", "a");
     runQueue();
     EXPECT_EQ(readFile(logPath), "\na");
 }
 
-TEST_F(LogTest, EntriesFollowEachOtherInCallOrder) {
+TEST_F(Log, KeepsItsEntriesInCallOrder) {
     jLog("first %d", 1);
     jLog("second %@", "2");
     runQueue();
     EXPECT_EQ(readFile(logPath), "\nfirst 1\nsecond 2");
 }
 
-TEST_F(LogTest, WritesNothingBeforeTheMainQueueRuns) {
+TEST_F(Log, WritesNothingBeforeTheMainQueueRuns) {
     jLog("later");
     EXPECT_FALSE(exists(logPath));
     runQueue();
     EXPECT_EQ(readFile(logPath), "\nlater");
 }
 
-TEST_F(LogTest, FormatsAtTheTimeOfTheCall) {
+TEST_F(Log, FormatsAtTheTimeOfTheCall) {
     std::string text = "before";
     jLog("%@", text);
     text = "after!";
@@ -58,28 +58,28 @@ TEST_F(LogTest, FormatsAtTheTimeOfTheCall) {
     EXPECT_EQ(readFile(logPath), "\nbefore");
 }
 
-TEST_F(LogTest, AppendsToTheLogThatIsThere) {
+TEST_F(Log, AppendsToAnExistingLog) {
     writeFile(logPath, "\nold \xe2\x82\xac");
     jLog("new");
     runQueue();
     EXPECT_EQ(readFile(logPath), "\nold \xe2\x82\xac\nnew");
 }
 
-TEST_F(LogTest, EmptiesALogThatIsNoUtf8) {
+TEST_F(Log, ClearsALogThatIsNotUtf8) {
     writeFile(logPath, "\nold \xff\xfe bytes");
     jLog("new");
     runQueue();
     EXPECT_EQ(readFile(logPath), "\nnew");
 }
 
-TEST_F(LogTest, EmptiesALogThatEndsWithinACharacter) {
+TEST_F(Log, ClearsALogThatEndsInsideACharacter) {
     writeFile(logPath, "\nold \xe2\x82");
     jLog("new");
     runQueue();
     EXPECT_EQ(readFile(logPath), "\nnew");
 }
 
-TEST_F(LogTest, ValidatesTheWholeLogAtEachEntry) {
+TEST_F(Log, ValidatesTheWholeLogAtEachEntry) {
     jLog("one");
     runQueue();
     writeFile(logPath, readFile(logPath) + "\xff");
@@ -88,14 +88,14 @@ TEST_F(LogTest, ValidatesTheWholeLogAtEachEntry) {
     EXPECT_EQ(readFile(logPath), "\ntwo");
 }
 
-TEST_F(LogTest, IsNotCostByBytesInAMessageThatAreNoUtf8) {
+TEST_F(Log, SurvivesAMessageThatIsNotUtf8) {
     jLog("%@", "broken \xff\xc3(\xe2\x82 end");
     jLog("next");
     runQueue();
     EXPECT_EQ(readFile(logPath), "\nbroken \xef\xbf\xbd\xef\xbf\xbd(\xef\xbf\xbd\xef\xbf\xbd end\nnext");
 }
 
-TEST_F(LogTest, KeepsLettersOfAllLengthsInAMessage) {
+TEST_F(Log, KeepsLettersOfAllLengthsInAMessage) {
     const std::string letters = "a\xc3\xa9\xe2\x82\xac\xf0\x9f\x98\x80";
     jLog("%@", letters);
     jLog("%@", letters + "\xff");
@@ -103,13 +103,13 @@ TEST_F(LogTest, KeepsLettersOfAllLengthsInAMessage) {
     EXPECT_EQ(readFile(logPath), "\n" + letters + "\n" + letters + "\xef\xbf\xbd");
 }
 
-TEST_F(LogTest, KeepsLineFeedsAndConversionsInsideAMessage) {
+TEST_F(Log, KeepsLineFeedsAndConversionsInsideAMessage) {
     jLog("%@", "two\nlines, 100%");
     runQueue();
     EXPECT_EQ(readFile(logPath), "\ntwo\nlines, 100%");
 }
 
-TEST_F(LogTest, LosesOnlyTheEntryThatCannotBeWritten) {
+TEST_F(Log, LosesOnlyTheEntryThatCannotBeWritten) {
     makeFolder(logPath);
     jLog("lost");
     runQueue();
@@ -120,14 +120,14 @@ TEST_F(LogTest, LosesOnlyTheEntryThatCannotBeWritten) {
     EXPECT_EQ(readFile(logPath), "\nkept");
 }
 
-TEST_F(LogTest, MakesNoFolder) {
+TEST_F(Log, CreatesNoFolder) {
     std::filesystem::remove_all(onDisk("/var/mobile"));
     jLog("lost");
     runQueue();
     EXPECT_FALSE(exists("/var/mobile"));
 }
 
-TEST_F(LogTest, KeepsTheLogWhereItCannotBeOpenedForWriting) {
+TEST_F(Log, KeepsTheLogWhereItCannotBeOpenedForWriting) {
     writeFile(logPath, "\nold");
     test::FaultyFileSystem files(FileSystem::current());
     files.failEvery("openToAppend", std::errc::permission_denied);
@@ -137,7 +137,7 @@ TEST_F(LogTest, KeepsTheLogWhereItCannotBeOpenedForWriting) {
     EXPECT_EQ(readFile(logPath), "\nold");
 }
 
-TEST_F(LogTest, KeepsALogThatIsTooLongToBeLookedThrough) {
+TEST_F(Log, KeepsALogThatIsTooLongToBeValidated) {
     writeFile(logPath, "\nold");
     test::FaultyFileSystem files(FileSystem::current());
     files.failEvery("readFile", std::errc::file_too_large);
@@ -147,7 +147,7 @@ TEST_F(LogTest, KeepsALogThatIsTooLongToBeLookedThrough) {
     EXPECT_EQ(readFile(logPath), "\nold\nnew");
 }
 
-TEST_F(LogTest, LooksThroughALogOfSixteenMegabytesAndKeepsALongerOneUnread) {
+TEST_F(Log, ValidatesALogOfSixteenMegabytesAndKeepsALongerOneUnread) {
     constexpr std::size_t bound = std::size_t{16} << 20;
     writeFile(logPath, "\xff");
     std::filesystem::resize_file(onDisk(logPath), bound + 1);
@@ -162,7 +162,7 @@ TEST_F(LogTest, LooksThroughALogOfSixteenMegabytesAndKeepsALongerOneUnread) {
     EXPECT_EQ(readFile(logPath), "\nreplaced");
 }
 
-TEST_F(LogTest, ReplacesALogThatCannotBeRead) {
+TEST_F(Log, ReplacesALogThatCannotBeRead) {
     writeFile(logPath, "\nold");
     test::FaultyFileSystem files(FileSystem::current());
     files.failEvery("readFile", std::errc::permission_denied);
@@ -172,7 +172,7 @@ TEST_F(LogTest, ReplacesALogThatCannotBeRead) {
     EXPECT_EQ(readFile(logPath), "\nnew");
 }
 
-TEST_F(LogTest, MakesALogReadableThatItsOwnerMayNotRead) {
+TEST_F(Log, MakesALogReadableThatItsOwnerMayNotRead) {
     constexpr std::uint32_t user = 501;
     test::MemoryFileSystem files;
     files.actAs(user, user);
@@ -185,7 +185,7 @@ TEST_F(LogTest, MakesALogReadableThatItsOwnerMayNotRead) {
     EXPECT_EQ(files.textOf(onDisk(logPath)), "\none\ntwo");
 }
 
-TEST_F(LogTest, WritesTheWholeEntryHoweverShortTheWrites) {
+TEST_F(Log, WritesTheWholeEntryHoweverShortTheWrites) {
     test::FaultyFileSystem files(FileSystem::current());
     files.limitWrites(3);
     files.interruptCalls();
@@ -195,7 +195,7 @@ TEST_F(LogTest, WritesTheWholeEntryHoweverShortTheWrites) {
     EXPECT_EQ(readFile(logPath), "\n" + std::string(100, 'x'));
 }
 
-TEST_F(LogTest, OpensTheLogForWritingOnlyOnceThereIsOne) {
+TEST_F(Log, OpensTheFileForWritingOnlyWhenItExists) {
     test::MemoryFileSystem files;
     files.addFolder(onDisk("/var/mobile"));
     FileSystem::setCurrent(&files);
@@ -212,7 +212,7 @@ TEST_F(LogTest, OpensTheLogForWritingOnlyOnceThereIsOne) {
         EXPECT_NE(call.substr(0, 6), "rename") << "an existing log is appended to, not replaced";
 }
 
-TEST_F(LogTest, TakesEntriesFromAnyThreadWithoutMixingThem) {
+TEST_F(Log, AcceptsEntriesFromAnyThreadWithoutMixingThem) {
     constexpr int threadCount = 8;
     constexpr int entriesEach = 50;
     std::vector<std::thread> threads;
@@ -241,7 +241,7 @@ TEST_F(LogTest, TakesEntriesFromAnyThreadWithoutMixingThem) {
         EXPECT_EQ(count, entriesEach);
 }
 
-TEST_F(LogTest, WritesWhileOtherThreadsLog) {
+TEST_F(Log, WritesWhileOtherThreadsLog) {
     constexpr int entries = 200;
     std::thread writer([] {
         for (int entry = 0; entry < entries; ++entry)

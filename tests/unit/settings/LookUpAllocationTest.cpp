@@ -15,7 +15,7 @@ namespace {
 
 std::atomic<std::size_t> allocations = 0;
 
-class LookUpAllocationTest : public wardlock::test::SettingsFixture {};
+class LookUpAllocation : public wardlock::test::SettingsFixture {};
 
 } // namespace
 
@@ -35,13 +35,13 @@ class LookUpAllocationTest : public wardlock::test::SettingsFixture {};
 
 using namespace wardlock;
 
-TEST_F(LookUpAllocationTest, IsSeenByTheCounter) {
+TEST_F(LookUpAllocation, IsCounted) {
     const std::size_t before = allocations;
     InitSettings();
     EXPECT_GT(allocations, before);
 }
 
-TEST_F(LookUpAllocationTest, DoesNotHappenInAFilledCache) {
+TEST_F(LookUpAllocation, DoesNotHappenInAFilledCache) {
     writeDocument(documentWithAccounts({false, true}));
     InitSettings();
     const std::size_t before = allocations;
@@ -58,7 +58,7 @@ TEST_F(LookUpAllocationTest, DoesNotHappenInAFilledCache) {
     EXPECT_EQ(number, 1234.0F);
 }
 
-TEST_F(LookUpAllocationTest, DoesNotHappenWhileNoAccountIsEnabled) {
+TEST_F(LookUpAllocation, DoesNotHappenWhileNoAccountIsEnabled) {
     writeDocument(documentWithAccounts({false, false}));
     InitSettings();
     const std::size_t before = allocations;

@@ -23,7 +23,7 @@ using platform::Value;
 
 namespace {
 
-class SettingsNewTest : public test::SettingsFixture {
+class LoadedSettings : public test::SettingsFixture {
 protected:
     void expectDefaultsWritten() {
         EXPECT_EQ(SettingsNew(), DefaultSettings());
@@ -31,17 +31,17 @@ protected:
     }
 };
 
-class SettingsTest : public test::SettingsFixture {};
+class SettingsCache : public test::SettingsFixture {};
 
 const Dictionary wholeDocument{{"kEnabled", false}, {"kPasscode", "1234"}, {"kAccounts", Array{}}};
 
 } // namespace
 
-TEST_F(SettingsNewTest, CreatesAMissingDocumentFromTheDefaults) {
+TEST_F(LoadedSettings, CreateAMissingDocumentFromTheDefaults) {
     expectDefaultsWritten();
 }
 
-TEST_F(SettingsNewTest, WritesTheDefaultsInTheirOrder) {
+TEST_F(LoadedSettings, WriteTheDefaultsInTheirOrder) {
     SettingsNew();
     std::vector<std::string> keys;
     const Dictionary document = readDocument();
@@ -52,46 +52,46 @@ TEST_F(SettingsNewTest, WritesTheDefaultsInTheirOrder) {
               "Default");
 }
 
-TEST_F(SettingsNewTest, LeavesTheCacheAlone) {
+TEST_F(LoadedSettings, LeaveTheCacheAlone) {
     SettingsNew();
     EXPECT_FALSE(TweakSettings);
     EXPECT_FALSE(EnabledAccount);
 }
 
-TEST_F(SettingsNewTest, TreatsAnEmptyDictionaryAsMissing) {
+TEST_F(LoadedSettings, TreatAnEmptyDictionaryAsMissing) {
     writeDocument(Dictionary());
     expectDefaultsWritten();
 }
 
-TEST_F(SettingsNewTest, TreatsAnEmptyFileAsMissing) {
+TEST_F(LoadedSettings, TreatAnEmptyFileAsMissing) {
     writeFile(documentPath, "");
     expectDefaultsWritten();
 }
 
-TEST_F(SettingsNewTest, TreatsAFileThatIsNoPropertyListAsMissing) {
+TEST_F(LoadedSettings, TreatAFileThatIsNotAPropertyListAsMissing) {
     writeFile(documentPath, "\x01\x02 not a property list");
     expectDefaultsWritten();
 }
 
-TEST_F(SettingsNewTest, TreatsARootThatIsNoDictionaryAsMissing) {
+TEST_F(LoadedSettings, TreatARootThatIsNotADictionaryAsMissing) {
     writeFile(documentPath, platform::dataWithPropertyList(Value(Array{"kEnabled"})));
     expectDefaultsWritten();
 }
 
-TEST_F(SettingsNewTest, AnswersTheDefaultsWhereAFolderStandsInTheDocumentsPlace) {
+TEST_F(LoadedSettings, AreTheDefaultsWhenAFolderReplacesTheDocument) {
     makeFolder(documentPath);
     EXPECT_EQ(SettingsNew(), DefaultSettings());
     EXPECT_TRUE(std::filesystem::is_directory(onDisk(documentPath)));
 }
 
-TEST_F(SettingsNewTest, AnswersTheDefaultsWhereTheDocumentCannotBeWritten) {
+TEST_F(LoadedSettings, AreTheDefaultsWhenTheDocumentCannotBeWritten) {
     std::filesystem::remove_all(onDisk("/var/mobile"));
     writeFile("/var/mobile", "a file where the folder should be");
     EXPECT_EQ(SettingsNew(), DefaultSettings());
     EXPECT_FALSE(exists(documentPath));
 }
 
-TEST_F(SettingsNewTest, MakesTheFoldersOfANewDeviceRootForItsUserAlone) {
+TEST_F(LoadedSettings, CreateTheFoldersOfANewDeviceRootForItsUserAlone) {
     namespace fs = std::filesystem;
     fs::remove_all(root());
     expectDefaultsWritten();
@@ -100,7 +100,7 @@ TEST_F(SettingsNewTest, MakesTheFoldersOfANewDeviceRootForItsUserAlone) {
         EXPECT_EQ(fs::status(path).permissions(), fs::perms::owner_all) << path;
 }
 
-TEST_F(SettingsNewTest, MakesNoFolderOnTheDeviceItself) {
+TEST_F(LoadedSettings, CreateNoFolderOnTheDeviceItself) {
     test::MemoryFileSystem files;
     files.addFolder("/var/mobile");
     environment.set("WARDLOCK_DEVICE_ROOT", "/");
@@ -110,7 +110,7 @@ TEST_F(SettingsNewTest, MakesNoFolderOnTheDeviceItself) {
     EXPECT_EQ(files.names("/var/mobile"), std::vector<std::string>());
 }
 
-TEST_F(SettingsNewTest, AddsTheMissingKeysToADocumentThatHoldsOnlyAPasscode) {
+TEST_F(LoadedSettings, AddTheMissingKeysToADocumentWithOnlyAPasscode) {
     writeDocument({{"kPasscode", "4711"}});
     const Dictionary loaded = SettingsNew();
     EXPECT_EQ(loaded.size(), 3U);
@@ -120,7 +120,7 @@ TEST_F(SettingsNewTest, AddsTheMissingKeysToADocumentThatHoldsOnlyAPasscode) {
     EXPECT_EQ(readDocument(), loaded);
 }
 
-TEST_F(SettingsNewTest, DoesNotRewriteADocumentWithAllTopLevelKeys) {
+TEST_F(LoadedSettings, DoNotRewriteADocumentWithAllTopLevelKeys) {
     // A comment, which a rewritten document would have lost.
     std::string bytes = platform::dataWithPropertyList(wholeDocument);
     bytes.insert(bytes.find("<dict>"), "<!-- untouched -->");
@@ -129,12 +129,12 @@ TEST_F(SettingsNewTest, DoesNotRewriteADocumentWithAllTopLevelKeys) {
     EXPECT_EQ(readFile(documentPath), bytes);
 }
 
-TEST_F(SettingsNewTest, KeepsAnEmptyListOfAccountsEmpty) {
+TEST_F(LoadedSettings, KeepAnEmptyListOfAccountsEmpty) {
     writeDocument({{"kEnabled", true}, {"kPasscode", ""}, {"kAccounts", Array{}}});
     EXPECT_TRUE(SettingsNew().find("kAccounts")->array().empty());
 }
 
-TEST_F(SettingsNewTest, LeavesARecordThatLacksKeysAsItIs) {
+TEST_F(LoadedSettings, LeaveARecordThatLacksKeysAsItIs) {
     const Dictionary document{
         {"kEnabled", true}, {"kPasscode", ""}, {"kAccounts", Array{Dictionary{{"kAccountName", "Old"}}}}};
     writeDocument(document);
@@ -142,14 +142,14 @@ TEST_F(SettingsNewTest, LeavesARecordThatLacksKeysAsItIs) {
     EXPECT_EQ(readDocument(), document);
 }
 
-TEST_F(SettingsNewTest, DoesNotRepairValuesOfAWrongKind) {
+TEST_F(LoadedSettings, DoNotRepairValuesOfAWrongKind) {
     const Dictionary document{{"kEnabled", "YES"}, {"kPasscode", 1234}, {"kAccounts", "none"}};
     writeDocument(document);
     EXPECT_EQ(SettingsNew(), document);
     EXPECT_EQ(readDocument(), document);
 }
 
-TEST_F(SettingsNewTest, KeepsForeignKeysWhenItAddsMissingOnes) {
+TEST_F(LoadedSettings, KeepForeignKeysWhenMissingOnesAreAdded) {
     const Dictionary foreign{
         {"integer", std::numeric_limits<std::int64_t>::max()},         {"real", 0.1},
         {"data", Value::data(std::string_view("\x00\xff", 2))},        {"date", Value::date(86400)},
@@ -165,19 +165,19 @@ TEST_F(SettingsNewTest, KeepsForeignKeysWhenItAddsMissingOnes) {
     }
 }
 
-TEST_F(SettingsTest, CacheIsEmptyBeforeAnyCall) {
+TEST_F(SettingsCache, IsEmptyBeforeAnyCall) {
     EXPECT_FALSE(TweakSettings);
     EXPECT_FALSE(EnabledAccount);
     EXPECT_FALSE(UpdateCallback);
 }
 
-TEST_F(SettingsTest, FirstLookUpCreatesTheDocument) {
+TEST_F(SettingsCache, CreatesTheDocumentOnTheFirstLookUp) {
     EXPECT_TRUE(boolForKey("kEnabled"));
     EXPECT_EQ(readDocument(), DefaultSettings());
     EXPECT_TRUE(TweakSettings);
 }
 
-TEST_F(SettingsTest, EveryLookUpFillsTheCache) {
+TEST_F(SettingsCache, IsFilledByEveryLookUp) {
     const std::vector<void (*)()> lookUps{
         [] { objectForKey("kEnabled"); },
         [] { boolForKey("kEnabled"); },
@@ -191,7 +191,7 @@ TEST_F(SettingsTest, EveryLookUpFillsTheCache) {
     }
 }
 
-TEST_F(SettingsTest, LookUpsDoNotReadTheDiskAgain) {
+TEST_F(SettingsCache, SparesLookUpsTheDisk) {
     writeDocument(wholeDocument);
     EXPECT_FALSE(boolForKey("kEnabled"));
     writeDocument({{"kEnabled", true}, {"kPasscode", "1234"}, {"kAccounts", Array{}}});
@@ -201,7 +201,7 @@ TEST_F(SettingsTest, LookUpsDoNotReadTheDiskAgain) {
     EXPECT_FALSE(exists(documentPath));
 }
 
-TEST_F(SettingsTest, AnswersTheCacheItself) {
+TEST_F(SettingsCache, IsReturnedItself) {
     platform::MutableDictionary& cache = SettingsCreateIfNecessary();
     EXPECT_EQ(&cache, &*TweakSettings);
     cache.set("added", 1);
@@ -210,11 +210,11 @@ TEST_F(SettingsTest, AnswersTheCacheItself) {
     EXPECT_EQ(*objectForKey("added"), Value(1));
 }
 
-TEST_F(SettingsTest, ObjectForKeyPointsIntoTheCache) {
+TEST_F(SettingsCache, ContainsTheResultOfObjectForKey) {
     EXPECT_EQ(objectForKey("kEnabled"), SettingsCreateIfNecessary().find("kEnabled"));
 }
 
-TEST_F(SettingsTest, MissingKeysReadAsNothing) {
+TEST_F(SettingsCache, ReadsMissingKeysAsNothing) {
     writeDocument(wholeDocument);
     EXPECT_EQ(objectForKey("absent"), nullptr);
     EXPECT_FALSE(boolForKey("absent"));
@@ -222,7 +222,7 @@ TEST_F(SettingsTest, MissingKeysReadAsNothing) {
     EXPECT_EQ(stringForKey("absent"), nullptr);
 }
 
-TEST_F(SettingsTest, ReadsNumbersAndStringsAsBooleansAndFloats) {
+TEST_F(SettingsCache, ReadsNumbersAndStringsAsBooleansAndFloats) {
     writeDocument(
         {{"kEnabled", "YES"}, {"kPasscode", "12.5"}, {"kAccounts", "x"}, {"real", 0.25}, {"one", 1}});
     EXPECT_TRUE(boolForKey("kEnabled"));
@@ -231,20 +231,20 @@ TEST_F(SettingsTest, ReadsNumbersAndStringsAsBooleansAndFloats) {
     EXPECT_TRUE(boolForKey("one"));
 }
 
-TEST_F(SettingsTest, ReadsCollectionsAsFalseAndZero) {
+TEST_F(SettingsCache, ReadsCollectionsAsFalseAndZero) {
     writeDocument(documentWithAccounts({true}));
     EXPECT_FALSE(boolForKey("kAccounts"));
     EXPECT_EQ(floatForKey("kAccounts"), 0.0F);
 }
 
-TEST_F(SettingsTest, StringForKeyHandsOutWhatIsNoString) {
+TEST_F(SettingsCache, ReturnsValuesThatAreNotStringsFromStringForKey) {
     const Value* value = stringForKey("kEnabled");
     ASSERT_TRUE(value);
     EXPECT_EQ(value, objectForKey("kEnabled"));
     EXPECT_EQ(*value, Value(true));
 }
 
-TEST_F(SettingsTest, ChangesInMemoryAreLostAtTheNextReload) {
+TEST_F(SettingsCache, LosesChangesInMemoryAtTheNextReload) {
     writeDocument(wholeDocument);
     SettingsCreateIfNecessary().set("kEnabled", true);
     EXPECT_TRUE(boolForKey("kEnabled"));
@@ -253,14 +253,14 @@ TEST_F(SettingsTest, ChangesInMemoryAreLostAtTheNextReload) {
     EXPECT_EQ(readDocument(), wholeDocument);
 }
 
-TEST_F(SettingsTest, WriteSettingsWritesNothingWhileTheCacheIsEmpty) {
+TEST_F(SettingsCache, IsNotWrittenByWriteSettingsWhileEmpty) {
     writeSettings();
     EXPECT_FALSE(exists(siblingFile));
     EXPECT_FALSE(exists(documentPath));
     EXPECT_FALSE(TweakSettings);
 }
 
-TEST_F(SettingsTest, WriteSettingsCreatesTheSiblingsPreferencesAndLeavesTheDocument) {
+TEST_F(SettingsCache, IsWrittenToTheSiblingsPreferencesByWriteSettings) {
     writeDocument(wholeDocument);
     SettingsCreateIfNecessary().set("added", "in memory");
     writeSettings();
@@ -269,21 +269,21 @@ TEST_F(SettingsTest, WriteSettingsCreatesTheSiblingsPreferencesAndLeavesTheDocum
     EXPECT_EQ(readDocument(), wholeDocument);
 }
 
-TEST_F(SettingsTest, WriteSettingsReplacesTheSiblingsPreferences) {
+TEST_F(SettingsCache, ReplacesTheSiblingsPreferencesByWriteSettings) {
     writeFile(siblingFile, platform::dataWithPropertyList(Dictionary{{"theirs", 1}}));
     InitSettings();
     writeSettings();
     EXPECT_EQ(readDocument(siblingFile), DefaultSettings());
 }
 
-TEST_F(SettingsTest, WriteSettingsIgnoresAFailedWrite) {
+TEST_F(SettingsCache, SurvivesAFailedWriteOfWriteSettings) {
     InitSettings();
     makeFolder(siblingFile);
     writeSettings();
     EXPECT_TRUE(std::filesystem::is_directory(onDisk(siblingFile)));
 }
 
-TEST_F(SettingsTest, InitSettingsReplacesTheCache) {
+TEST_F(SettingsCache, IsReplacedByInitSettings) {
     writeDocument(wholeDocument);
     InitSettings();
     EXPECT_FALSE(boolForKey("kEnabled"));
@@ -292,7 +292,7 @@ TEST_F(SettingsTest, InitSettingsReplacesTheCache) {
     EXPECT_TRUE(boolForKey("kEnabled"));
 }
 
-TEST_F(SettingsTest, InitSettingsSetsTheEnabledAccountFromTheNewCache) {
+TEST_F(SettingsCache, SetsTheEnabledAccountOnInitSettings) {
     writeDocument(documentWithAccounts({true, false}));
     InitSettings();
     writeDocument(documentWithAccounts({false, true}));
@@ -301,7 +301,7 @@ TEST_F(SettingsTest, InitSettingsSetsTheEnabledAccountFromTheNewCache) {
     EXPECT_TRUE(EnabledAccount->isSameObject(TweakSettings->find("kAccounts")->array().at(1).dictionary()));
 }
 
-TEST_F(SettingsTest, InitSettingsForgetsAnAccountThatIsNoLongerEnabled) {
+TEST_F(SettingsCache, ForgetsAFormerlyEnabledAccountOnInitSettings) {
     writeDocument(documentWithAccounts({true}));
     InitSettings();
     writeDocument(documentWithAccounts({false}));

@@ -20,7 +20,7 @@ namespace {
 
 constexpr std::string_view changeName = "com.tavix.wardlock/update";
 
-class SettingsUpdateTest : public test::SettingsFixture {
+class SettingsUpdate : public test::SettingsFixture {
 protected:
     /// What the callback was told, in order.
     using Change = std::pair<std::optional<Value>, std::optional<Value>>;
@@ -40,7 +40,7 @@ protected:
 
 } // namespace
 
-TEST_F(SettingsUpdateTest, ObservesTheChangeNotificationOfThePostName) {
+TEST_F(SettingsUpdate, ObservesTheChangeNotificationOfThePostName) {
     InitSettingsWithUpdateName("update");
     ASSERT_EQ(center.observers.size(), 1U);
     const auto& registration = center.observers[0];
@@ -51,13 +51,13 @@ TEST_F(SettingsUpdateTest, ObservesTheChangeNotificationOfThePostName) {
     EXPECT_EQ(registration.suspension, platform::CFNotificationSuspensionBehavior::DeliverImmediately);
 }
 
-TEST_F(SettingsUpdateTest, FormsTheNameFromThePostNameGiven) {
+TEST_F(SettingsUpdate, FormsTheNameFromThePostNameGiven) {
     InitSettingsWithUpdateName("other");
     ASSERT_EQ(center.observers.size(), 1U);
     EXPECT_EQ(center.observers[0].name, "com.tavix.wardlock/other");
 }
 
-TEST_F(SettingsUpdateTest, RegistersBeforeItLoads) {
+TEST_F(SettingsUpdate, RegistersBeforeItLoads) {
     bool loaded = true;
     center.onAddObserver = [&](const auto&) {
         loaded = TweakSettings || EnabledAccount || exists(documentPath);
@@ -68,7 +68,7 @@ TEST_F(SettingsUpdateTest, RegistersBeforeItLoads) {
     EXPECT_EQ(readDocument(), DefaultSettings());
 }
 
-TEST_F(SettingsUpdateTest, KeepsTheCallbackBeforeItRegisters) {
+TEST_F(SettingsUpdate, KeepsTheCallbackBeforeItRegisters) {
     bool kept = false;
     center.onAddObserver = [&](const auto&) { kept = static_cast<bool>(UpdateCallback); };
     InitSettingsWithUpdateNameAndCallback("update", recordingCallback());
@@ -77,18 +77,18 @@ TEST_F(SettingsUpdateTest, KeepsTheCallbackBeforeItRegisters) {
     EXPECT_TRUE(TweakSettings);
 }
 
-TEST_F(SettingsUpdateTest, DoesNotCallTheCallbackAtStart) {
+TEST_F(SettingsUpdate, DoesNotCallTheCallbackAtStart) {
     InitSettingsWithUpdateNameAndCallback("update", recordingCallback());
     EXPECT_TRUE(changes.empty());
 }
 
-TEST_F(SettingsUpdateTest, PostsNothingItself) {
+TEST_F(SettingsUpdate, PostsNothingItself) {
     InitSettingsWithUpdateNameAndCallback("update", recordingCallback());
     center.deliver(changeName);
     EXPECT_TRUE(center.posts.empty());
 }
 
-TEST_F(SettingsUpdateTest, HandsTheChangeToTheCallbackAfterReloading) {
+TEST_F(SettingsUpdate, PassesTheChangeToTheCallbackAfterReloading) {
     std::optional<bool> enabledDuringCall;
     InitSettingsWithUpdateNameAndCallback("update", [&](const Value* key, const Value* object) {
         enabledDuringCall = boolForKey("kEnabled");
@@ -102,7 +102,7 @@ TEST_F(SettingsUpdateTest, HandsTheChangeToTheCallbackAfterReloading) {
     EXPECT_EQ(changes, (std::vector<Change>{{Value("kEnabled"), Value(false)}}));
 }
 
-TEST_F(SettingsUpdateTest, ReloadsFromDiskWhateverTheNotificationCarries) {
+TEST_F(SettingsUpdate, ReloadsFromDiskWhateverTheNotificationCarries) {
     InitSettingsWithUpdateNameAndCallback("update", recordingCallback());
     const Dictionary userInfo{{"key", "kEnabled"}, {"object", false}};
     center.deliver(changeName, nullptr, &userInfo);
@@ -110,7 +110,7 @@ TEST_F(SettingsUpdateTest, ReloadsFromDiskWhateverTheNotificationCarries) {
     EXPECT_EQ(changes.size(), 1U);
 }
 
-TEST_F(SettingsUpdateTest, OnlyReloadsWithoutUserInfo) {
+TEST_F(SettingsUpdate, OnlyReloadsWithoutUserInfo) {
     InitSettingsWithUpdateNameAndCallback("update", recordingCallback());
     writeDocument({{"kEnabled", false}, {"kPasscode", ""}, {"kAccounts", Array{}}});
     center.deliver(changeName);
@@ -118,7 +118,7 @@ TEST_F(SettingsUpdateTest, OnlyReloadsWithoutUserInfo) {
     EXPECT_TRUE(changes.empty());
 }
 
-TEST_F(SettingsUpdateTest, OnlyReloadsWithEmptyUserInfo) {
+TEST_F(SettingsUpdate, OnlyReloadsWithEmptyUserInfo) {
     InitSettingsWithUpdateNameAndCallback("update", recordingCallback());
     writeDocument({{"kEnabled", false}, {"kPasscode", ""}, {"kAccounts", Array{}}});
     const Dictionary empty;
@@ -127,7 +127,7 @@ TEST_F(SettingsUpdateTest, OnlyReloadsWithEmptyUserInfo) {
     EXPECT_TRUE(changes.empty());
 }
 
-TEST_F(SettingsUpdateTest, OnlyReloadsWithoutACallback) {
+TEST_F(SettingsUpdate, OnlyReloadsWithoutACallback) {
     InitSettingsWithUpdateName("update");
     writeDocument({{"kEnabled", false}, {"kPasscode", ""}, {"kAccounts", Array{}}});
     const Dictionary userInfo{{"key", "kEnabled"}, {"object", false}};
@@ -135,7 +135,7 @@ TEST_F(SettingsUpdateTest, OnlyReloadsWithoutACallback) {
     EXPECT_FALSE(boolForKey("kEnabled"));
 }
 
-TEST_F(SettingsUpdateTest, HandsOnWhatIsMissingAsNull) {
+TEST_F(SettingsUpdate, PassesMissingValuesAsNull) {
     InitSettingsWithUpdateNameAndCallback("update", recordingCallback());
     const Dictionary keyOnly{{"key", "kEnabled"}};
     const Dictionary objectOnly{{"object", 7}};
@@ -148,14 +148,14 @@ TEST_F(SettingsUpdateTest, HandsOnWhatIsMissingAsNull) {
                                             {std::nullopt, std::nullopt}}));
 }
 
-TEST_F(SettingsUpdateTest, CreatesADocumentThatWentMissing) {
+TEST_F(SettingsUpdate, CreatesADocumentThatWentMissing) {
     InitSettingsWithUpdateName("update");
     removeFile(documentPath);
     center.deliver(changeName);
     EXPECT_EQ(readDocument(), DefaultSettings());
 }
 
-TEST_F(SettingsUpdateTest, ReplacesAndReleasesAnEarlierCallback) {
+TEST_F(SettingsUpdate, ReplacesAndReleasesAnEarlierCallback) {
     auto held = std::make_shared<int>(0);
     const std::weak_ptr<int> calls = held;
     InitSettingsWithUpdateNameAndCallback("update", [held](const Value*, const Value*) { ++*held; });
@@ -168,7 +168,7 @@ TEST_F(SettingsUpdateTest, ReplacesAndReleasesAnEarlierCallback) {
     EXPECT_EQ(changes.size(), 1U);
 }
 
-TEST_F(SettingsUpdateTest, ClearsAnEarlierCallbackWhereTheNewOneIsNull) {
+TEST_F(SettingsUpdate, ClearsAnEarlierCallbackWhereTheNewOneIsNull) {
     InitSettingsWithUpdateNameAndCallback("update", recordingCallback());
     InitSettingsWithUpdateNameAndCallback("update", nullptr);
     EXPECT_FALSE(UpdateCallback);
@@ -177,7 +177,7 @@ TEST_F(SettingsUpdateTest, ClearsAnEarlierCallbackWhereTheNewOneIsNull) {
     EXPECT_TRUE(changes.empty());
 }
 
-TEST_F(SettingsUpdateTest, ObservesThePostNameGivenWithTheCallback) {
+TEST_F(SettingsUpdate, ObservesThePostNameGivenWithTheCallback) {
     InitSettingsWithUpdateNameAndCallback("other", recordingCallback());
     ASSERT_EQ(center.observers.size(), 1U);
     EXPECT_EQ(center.observers[0].name, "com.tavix.wardlock/other");
@@ -188,13 +188,13 @@ TEST_F(SettingsUpdateTest, ObservesThePostNameGivenWithTheCallback) {
     EXPECT_EQ(changes.size(), 1U);
 }
 
-TEST_F(SettingsUpdateTest, KeepsTheCallbackThatIsThereWhenGivenAPostNameAlone) {
+TEST_F(SettingsUpdate, KeepsItsCallbackWhenGivenAPostNameAlone) {
     InitSettingsWithUpdateNameAndCallback("update", recordingCallback());
     InitSettingsWithUpdateName("other");
     EXPECT_TRUE(UpdateCallback);
 }
 
-TEST_F(SettingsUpdateTest, LetsTheCallbackReplaceItselfDuringTheCall) {
+TEST_F(SettingsUpdate, LetsTheCallbackReplaceItselfDuringTheCall) {
     const std::string held = "held by the callback that is running";
     std::string seen;
     InitSettingsWithUpdateNameAndCallback("update", [&seen, held](const Value*, const Value*) {
@@ -207,7 +207,7 @@ TEST_F(SettingsUpdateTest, LetsTheCallbackReplaceItselfDuringTheCall) {
     EXPECT_FALSE(UpdateCallback);
 }
 
-TEST_F(SettingsUpdateTest, AnswersFromTheNextEnabledAccountAfterAChange) {
+TEST_F(SettingsUpdate, ReadsTheNextEnabledAccountAfterAChange) {
     writeDocument(documentWithAccounts({false, true, true}));
     InitSettingsWithUpdateName("update");
     EXPECT_EQ(*AccountObject("kAccountName"), Value("B"));

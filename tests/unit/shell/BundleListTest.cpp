@@ -6,7 +6,7 @@ using wardlock::shell::BundleList;
 
 namespace {
 
-class BundleListTest : public wardlock::test::DeviceRootFixture {
+class ListedBundles : public wardlock::test::DeviceRootFixture {
 protected:
     void putBundle(const std::string& folder, const std::string& entries) const {
         writeFile("/Library/PreferenceBundles/" + folder + "/Info.plist",
@@ -27,31 +27,31 @@ protected:
 
 } // namespace
 
-TEST_F(BundleListTest, IsEmptyWithoutTheFolder) {
+TEST_F(ListedBundles, IsEmptyWithoutTheFolder) {
     EXPECT_TRUE(BundleList().entries().empty());
     EXPECT_TRUE(BundleList().leftOut().empty());
 }
 
-TEST_F(BundleListTest, ListsBundlesByNameWithoutRegardToCase) {
+TEST_F(ListedBundles, ListsBundlesByNameWithoutRegardToCase) {
     putBundle("1.bundle", named("zebra"));
     putBundle("2.bundle", named("Apple"));
     putBundle("3.bundle", named("mango"));
     EXPECT_EQ(names(BundleList()), (std::vector<std::string>{"Apple", "mango", "zebra"}));
 }
 
-TEST_F(BundleListTest, NamesABundleWithoutANameAfterItsFolder) {
+TEST_F(ListedBundles, NamesABundleWithoutANameAfterItsFolder) {
     putBundle("Plain.bundle", named(""));
     EXPECT_EQ(names(BundleList()), std::vector<std::string>{"Plain"});
 }
 
-TEST_F(BundleListTest, OverlooksWhatIsNoBundle) {
+TEST_F(ListedBundles, IgnoresEntriesThatAreNotBundles) {
     writeFile("/Library/PreferenceBundles/readme.txt", "");
     makeFolder("/Library/PreferenceBundles/other");
     EXPECT_TRUE(BundleList().entries().empty());
     EXPECT_TRUE(BundleList().leftOut().empty());
 }
 
-TEST_F(BundleListTest, LeavesBrokenBundlesOutAndTellsWhy) {
+TEST_F(ListedBundles, LeavesBrokenBundlesOutWithTheReason) {
     makeFolder("/Library/PreferenceBundles/A.bundle");
     putBundle("B.bundle", "<key>NSPrincipalClass</key><string>C</string>");
     putBundle("C.bundle", "<key>CFBundleExecutable</key><string>m</string>");
@@ -64,7 +64,7 @@ TEST_F(BundleListTest, LeavesBrokenBundlesOutAndTellsWhy) {
                                   "“C.bundle” is not shown: its Info.plist names no principal class."}));
 }
 
-TEST_F(BundleListTest, FindsTheIcon) {
+TEST_F(ListedBundles, FindsTheIcon) {
     putBundle("Icon.bundle", named("Icon") + "<key>CFBundleIconFile</key><string>face.png</string>");
     writeFile("/Library/PreferenceBundles/Icon.bundle/face.png", "png");
     const BundleList list;

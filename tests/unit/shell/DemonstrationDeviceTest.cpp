@@ -74,7 +74,7 @@ TEST_F(DemonstrationDevice, HasListsInBothForms) {
     EXPECT_EQ(binary, 2u);
 }
 
-TEST_F(DemonstrationDevice, LeavesWhatStandsThereAsItIs) {
+TEST_F(DemonstrationDevice, LeavesExistingApplicationsAsTheyAre) {
     install("/Applications/Atlas.app", "org.mine", "Mine");
     furnishDemonstration();
     EXPECT_EQ(applications().at("org.mine"), "Mine");
@@ -89,7 +89,7 @@ TEST_F(DemonstrationDevice, HasAnOutboxForTheUserAlone) {
     EXPECT_EQ(fs::status(onDisk(platform::mailOutboxPath)).permissions(), fs::perms::owner_all);
 }
 
-TEST_F(DemonstrationDevice, BeginsWithTheEnforcingHalfsFirstStart) {
+TEST_F(DemonstrationDevice, HasTheDefaultDocumentOfTheFirstStart) {
     Problems problems;
     const shell::Provision provision([&problems] { problems = furnishDemonstration(); });
     EXPECT_EQ(problems, Problems());
@@ -108,7 +108,7 @@ TEST_F(DemonstrationDevice, NeverTouchesADocumentThatExists) {
     }
 }
 
-TEST_F(DemonstrationDevice, TellsWhatItCannotMake) {
+TEST_F(DemonstrationDevice, ReportsWhatItCannotCreate) {
     fs::remove_all(onDisk("/Applications"));
     writeFile("/Applications", "a file");
     EXPECT_EQ(furnishDemonstration().size(), shell::demonstrationApplications().size());

@@ -4,7 +4,7 @@
 
 using wardlock::shell::escaped;
 
-TEST(EscapedText, ShowsEachByteOfWhatATerminalWouldObeyInOneForm) {
+TEST(EscapedText, ShowsEachControlByteInOneForm) {
     EXPECT_EQ(escaped("a\x1B[31mb"), R"(a\x1b[31mb)");
     EXPECT_EQ(escaped("a\n\tb\r"), R"(a\x0a\x09b\x0d)");
     EXPECT_EQ(escaped(std::string_view("\0\x7F", 2)), R"(\x00\x7f)");
@@ -20,6 +20,6 @@ TEST(EscapedText, LeavesAllOtherTextAsItIs) {
               "gr\u00f6\u00dfer \u4e2d\u6587 \"\\\" \U0001F600");
 }
 
-TEST(EscapedText, KeepsTheCharactersThatAreAskedFor) {
+TEST(EscapedText, KeepsTheRequestedCharacters) {
     EXPECT_EQ(escaped("a\n\tb\r", "\n\t"), "a\n\tb\\x0d");
 }

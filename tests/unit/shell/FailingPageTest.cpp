@@ -166,15 +166,16 @@ std::string nameOf(const testing::TestParamInfo<FailingEntry>& info) {
     return info.param.name;
 }
 
-class AFailingPageInShell : public FailingPageInShell, public testing::WithParamInterface<FailingEntry> {};
+class FailingPageEntryInShell : public FailingPageInShell,
+                                public testing::WithParamInterface<FailingEntry> {};
 
-TEST_P(AFailingPageInShell, LeavesItsReportAndNoChange) {
+TEST_P(FailingPageEntryInShell, LeavesItsReportAndNoChange) {
     failing.failAt(GetParam().point);
     EXPECT_EXIT(openAndEnter(GetParam().entry), testing::KilledBySignal(SIGABRT), "");
     failing.expectReportOf(GetParam().point);
 }
 
-INSTANTIATE_TEST_SUITE_P(, AFailingPageInShell, testing::ValuesIn(failingEntries), nameOf);
+INSTANTIATE_TEST_SUITE_P(, FailingPageEntryInShell, testing::ValuesIn(failingEntries), nameOf);
 
 TEST_F(FailingPageInShell, ReportsAnExceptionOfTheStandardLibrary) {
     failing.failAt("press", "message");
@@ -188,13 +189,13 @@ TEST_F(FailingPageInShell, ReportsAnExceptionWithoutAMessage) {
     failing.expectReport("NSGenericException", "an exception without a message");
 }
 
-TEST_F(FailingPageInShell, ReportsWhatIsNoException) {
+TEST_F(FailingPageInShell, ReportsAThrownValueThatIsNotAnException) {
     failing.failAt("press", "number");
     EXPECT_EXIT(openAndEnter(Entry::ButtonTapped), testing::KilledBySignal(SIGABRT), "");
     failing.expectReport("NSGenericException", "an exception of an unknown type");
 }
 
-TEST_F(FailingPageInShell, WritesWhereItDoesNotFail) {
+TEST_F(FailingPageInShell, WritesWithoutAFailure) {
     open();
     enter(Entry::NotificationCame);
     EXPECT_TRUE(failing.documentHasChanged());

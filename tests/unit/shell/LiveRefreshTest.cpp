@@ -9,7 +9,7 @@ using platform::Value;
 namespace {
 
 /// Another process changes what is being shown.
-class LiveRefreshTest : public wardlock::test::SettingsApplicationFixture {
+class LiveRefresh : public wardlock::test::SettingsApplicationFixture {
 protected:
     /// The document as it is, with one key of an account changed.
     platform::Dictionary withAccountValue(std::size_t index, std::string_view key, const Value& value) {
@@ -48,7 +48,7 @@ struct Counter : wardlock::shell::ScreenObserver {
 
 } // namespace
 
-TEST_F(LiveRefreshTest, BuildsTheRootPageAnew) {
+TEST_F(LiveRefresh, RebuildsTheRootPage) {
     start();
     tap("Wardlock");
     EXPECT_TRUE(row("Enabled").isOn());
@@ -59,7 +59,7 @@ TEST_F(LiveRefreshTest, BuildsTheRootPageAnew) {
     EXPECT_FALSE(row("Enabled").isOn());
 }
 
-TEST_F(LiveRefreshTest, ReadsTheRowsOfTheAccountPageAgain) {
+TEST_F(LiveRefresh, ReadsTheRowsOfTheAccountPageAgain) {
     start();
     tap("Wardlock");
     tap("Default");
@@ -71,7 +71,7 @@ TEST_F(LiveRefreshTest, ReadsTheRowsOfTheAccountPageAgain) {
     EXPECT_EQ(counter.rows, 1) << "only the row that looks different";
 }
 
-TEST_F(LiveRefreshTest, DoesNotStealTextBeingTyped) {
+TEST_F(LiveRefresh, KeepsTextBeingTyped) {
     start();
     tap("Wardlock");
     tap("Default");
@@ -81,7 +81,7 @@ TEST_F(LiveRefreshTest, DoesNotStealTextBeingTyped) {
     EXPECT_EQ(row("Account Name").text, "half a na");
 }
 
-TEST_F(LiveRefreshTest, KeepsOldValuesWhereReadingThrows) {
+TEST_F(LiveRefresh, KeepsOldValuesWhereReadingThrows) {
     installFixtureBundle();
     writeFixture("flavour", "v");
     start();
@@ -94,7 +94,7 @@ TEST_F(LiveRefreshTest, KeepsOldValuesWhereReadingThrows) {
     EXPECT_FALSE(row("Chocolate").marked);
 }
 
-TEST_F(LiveRefreshTest, KeepsOldValuesThatNobodyHasLookedAt) {
+TEST_F(LiveRefresh, KeepsOldValuesOfUnreadRows) {
     installFixtureBundle();
     writeFixture("flavour", "v");
     start();
@@ -105,7 +105,7 @@ TEST_F(LiveRefreshTest, KeepsOldValuesThatNobodyHasLookedAt) {
     EXPECT_TRUE(row("Vanilla").marked);
 }
 
-TEST_F(LiveRefreshTest, KeepsTheRowsOfAFirstPageWhoseValuesCannotBeRead) {
+TEST_F(LiveRefresh, KeepsTheRowsOfAFirstPageWhoseValuesCannotBeRead) {
     installFixtureBundle();
     writeFixture("nickname", "Tom");
     start();
@@ -118,7 +118,7 @@ TEST_F(LiveRefreshTest, KeepsTheRowsOfAFirstPageWhoseValuesCannotBeRead) {
     EXPECT_TRUE(row("On").isOn());
 }
 
-TEST_F(LiveRefreshTest, CarriesTheTypingOverWhenTheListIsBuiltAnew) {
+TEST_F(LiveRefresh, KeepsTypedTextWhenTheListIsRebuilt) {
     installFixtureBundle();
     start();
     tap("Fixture");
@@ -130,7 +130,7 @@ TEST_F(LiveRefreshTest, CarriesTheTypingOverWhenTheListIsBuiltAnew) {
     EXPECT_EQ(wardlock::test::fixtureValues().find("nickname")->string(), "half");
 }
 
-TEST_F(LiveRefreshTest, NothingIsReloadedForTheProcesssOwnPosts) {
+TEST_F(LiveRefresh, ReloadsNothingForTheProcesssOwnPosts) {
     start();
     tap("Wardlock");
     Counter counter;
@@ -146,7 +146,7 @@ TEST_F(LiveRefreshTest, NothingIsReloadedForTheProcesssOwnPosts) {
     EXPECT_FALSE(counter.announcements[1].own);
 }
 
-TEST_F(LiveRefreshTest, RefreshesForAnAnnouncementWithoutUserInfo) {
+TEST_F(LiveRefresh, RefreshesForAnAnnouncementWithoutUserInfo) {
     start();
     tap("Wardlock");
     writeDocument(documentOf({"Ann", "Tom"}));
@@ -154,7 +154,7 @@ TEST_F(LiveRefreshTest, RefreshesForAnAnnouncementWithoutUserInfo) {
     EXPECT_TRUE(hasRow("Tom"));
 }
 
-TEST_F(LiveRefreshTest, NeverCreatesADocumentThatWentMissing) {
+TEST_F(LiveRefresh, NeverCreatesADocumentThatWentMissing) {
     start();
     tap("Wardlock");
     removeFile(documentPath);
@@ -163,7 +163,7 @@ TEST_F(LiveRefreshTest, NeverCreatesADocumentThatWentMissing) {
     EXPECT_FALSE(hasRow("Default"));
 }
 
-TEST_F(LiveRefreshTest, IgnoresAnApplicationThatIsGone) {
+TEST_F(LiveRefresh, IgnoresAnApplicationThatIsGone) {
     start();
     tap("Wardlock");
     quit();

@@ -9,7 +9,7 @@
 using namespace std::chrono_literals;
 using wardlock::shell::ManualClock;
 
-TEST(ManualClock, StandsStillUntilItIsStepped) {
+TEST(ManualClock, StopsUntilItIsStepped) {
     ManualClock clock;
     bool ran = false;
     clock.after(400ms, [&] { ran = true; });
@@ -20,7 +20,7 @@ TEST(ManualClock, StandsStillUntilItIsStepped) {
     EXPECT_TRUE(ran);
 }
 
-TEST(ManualClock, RunsEachActionAtItsOwnTimeInTheOrderAskedFor) {
+TEST(ManualClock, RunsEachActionAtItsOwnTimeInTheRequestedOrder) {
     ManualClock clock;
     std::vector<std::pair<int, ManualClock::Time>> ran;
     clock.after(2s, [&] { ran.emplace_back(3, clock.now()); });
@@ -31,7 +31,7 @@ TEST(ManualClock, RunsEachActionAtItsOwnTimeInTheOrderAskedFor) {
     EXPECT_EQ(clock.now(), 5s);
 }
 
-TEST(ManualClock, RunsWithinTheSameStepWhatAnActionAsksFor) {
+TEST(ManualClock, RunsAnActionOfAnotherActionInTheSameStep) {
     ManualClock clock;
     ManualClock::Time second{};
     clock.after(1s, [&] { clock.after(1s, [&] { second = clock.now(); }); });

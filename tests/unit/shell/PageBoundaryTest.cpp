@@ -48,7 +48,7 @@ TEST(PageBoundary, SettlesOnceWhenTheLastCallHasLeft) {
     EXPECT_EQ(settled, 1);
 }
 
-TEST(PageBoundary, TellsAPersonFromTheLoop) {
+TEST(PageBoundary, DistinguishesTheUserFromTheLoop) {
     PageBoundary boundary([] {});
     EXPECT_FALSE(boundary.isInside());
     boundary.enterFromLoop([&] {
@@ -59,7 +59,7 @@ TEST(PageBoundary, TellsAPersonFromTheLoop) {
     EXPECT_FALSE(boundary.isInside());
 }
 
-TEST(DoorDeathTest, EndsTheProcessWithAReportOfWhatAPageThrows) {
+TEST(PageBoundary, EndsTheProcessWithAReportOfAPagesException) {
     PageBoundary boundary([] {});
     reportExceptions();
     const auto reported = "\\[handler: a page failed\\]";
@@ -69,7 +69,7 @@ TEST(DoorDeathTest, EndsTheProcessWithAReportOfWhatAPageThrows) {
                 testing::KilledBySignal(SIGABRT), reported);
 }
 
-TEST(DoorDeathTest, EndsTheProcessWithAReportOfWhatANotifiedFrontEndThrows) {
+TEST(PageBoundary, EndsTheProcessWithAReportOfANotifiedFrontEndsException) {
     reportExceptions();
     PageBoundary boundary(fail);
     const auto reported = "\\[handler: a page failed\\]";
@@ -77,7 +77,7 @@ TEST(DoorDeathTest, EndsTheProcessWithAReportOfWhatANotifiedFrontEndThrows) {
     EXPECT_EXIT(boundary.tryEnter([] {}), testing::KilledBySignal(SIGABRT), reported);
 }
 
-TEST(PageBoundary, ContainsWhatNobodyAskedFor) {
+TEST(PageBoundary, ContainsTheExceptionsOfARefresh) {
     int settled = 0;
     PageBoundary boundary([&] { ++settled; });
     EXPECT_FALSE(boundary.tryEnter(fail));
@@ -86,7 +86,7 @@ TEST(PageBoundary, ContainsWhatNobodyAskedFor) {
     EXPECT_EQ(settled, 2);
 }
 
-TEST(PageBoundary, ContainsWhatAnEntryWithinThrows) {
+TEST(PageBoundary, ContainsTheExceptionsOfANestedEntry) {
     PageBoundary boundary([] {});
     bool passed = false;
     EXPECT_FALSE(boundary.tryEnter([&] {
@@ -109,7 +109,7 @@ TEST(BoundaryClock, EntersThroughTheBoundaryWhenTheTimeHasCome) {
     EXPECT_EQ(boundaryClock.now(), std::chrono::seconds(1));
 }
 
-TEST(BoundaryClock, RunsNothingAnyMoreOnceItIsGone) {
+TEST(BoundaryClock, RunsNothingOnceItIsGone) {
     ManualClock clock;
     PageBoundary boundary([] {});
     bool ran = false;

@@ -19,14 +19,14 @@ namespace {
 constexpr const char* document = "/var/mobile/Library/Preferences/com.tavix.wardlock.plist";
 constexpr const char* bundle = "/Library/PreferenceBundles/WardlockSettings.bundle";
 
-class ProvisionTest : public wardlock::test::DeviceRootFixture {
+class Provisioning : public wardlock::test::DeviceRootFixture {
 protected:
     void removeRoot() const { fs::remove_all(root()); }
 };
 
 } // namespace
 
-TEST_F(ProvisionTest, MakesAMissingDeviceRootWithItsFolders) {
+TEST_F(Provisioning, CreatesAMissingDeviceRootWithItsFolders) {
     removeRoot();
     EXPECT_EQ(Provision().problems(), std::vector<std::string>());
     for (const char* folder : {"/var/mobile/Library/Preferences", "/Library/PreferenceBundles",
@@ -34,14 +34,14 @@ TEST_F(ProvisionTest, MakesAMissingDeviceRootWithItsFolders) {
         EXPECT_TRUE(fs::is_directory(onDisk(folder))) << folder;
 }
 
-TEST_F(ProvisionTest, MakesFoldersForTheUserAlone) {
+TEST_F(Provisioning, CreatesFoldersForTheUserAlone) {
     removeRoot();
     const Provision provision;
     for (const char* folder : {"", "/var/mobile/Library/Preferences", "/Library"})
         EXPECT_EQ(fs::status(onDisk(folder)).permissions(), fs::perms::owner_all) << folder;
 }
 
-TEST_F(ProvisionTest, LeavesTheModeOfAFolderThatStandsAsItIs) {
+TEST_F(Provisioning, LeavesTheModeOfAnExistingFolder) {
     fs::permissions(onDisk("/tmp"), fs::perms::all);
     const Provision provision;
     EXPECT_EQ(fs::status(onDisk("/tmp")).permissions(), fs::perms::all);
@@ -50,7 +50,7 @@ TEST_F(ProvisionTest, LeavesTheModeOfAFolderThatStandsAsItIs) {
                                        " can be changed by every user"});
 }
 
-TEST_F(ProvisionTest, MakesFoldersThatAreClosedFromTheFirstMoment) {
+TEST_F(Provisioning, CreatesFoldersThatAreClosedFromTheFirstMoment) {
     removeRoot();
     const mode_t before = ::umask(0);
     wardlock::test::FaultyFileSystem files(platform::FileSystem::current());
@@ -73,7 +73,7 @@ TEST_F(ProvisionTest, MakesFoldersThatAreClosedFromTheFirstMoment) {
     EXPECT_EQ(provision.problems(), std::vector<std::string>());
 }
 
-TEST_F(ProvisionTest, MakesNothingInARootThatEveryUserCanChange) {
+TEST_F(Provisioning, CreatesNothingInARootThatEveryUserCanChange) {
     removeRoot();
     fs::create_directory(root());
     fs::permissions(root(), fs::perms::all);
@@ -83,7 +83,7 @@ TEST_F(ProvisionTest, MakesNothingInARootThatEveryUserCanChange) {
               "cannot use folder " + root() + ": " + root() + " can be changed by every user");
 }
 
-TEST_F(ProvisionTest, MakesNoDocumentInAFolderThatEveryUserCanChange) {
+TEST_F(Provisioning, CreatesNoDocumentInAFolderThatEveryUserCanChange) {
     const char* const above = "/var/mobile/Library";
     makeFolder(above);
     fs::permissions(onDisk(above), fs::perms::all);
@@ -93,14 +93,14 @@ TEST_F(ProvisionTest, MakesNoDocumentInAFolderThatEveryUserCanChange) {
     EXPECT_EQ(provision.problems().size(), 1U);
 }
 
-TEST_F(ProvisionTest, LinksTheBundleOfThisInstallation) {
+TEST_F(Provisioning, LinksTheBundleOfThisInstallation) {
     const Provision provision;
     EXPECT_EQ(fs::read_symlink(onDisk(bundle)),
               wardlock::shell::installedFolder() + "/PreferenceBundles/WardlockSettings.bundle");
     EXPECT_TRUE(fs::exists(onDisk(bundle) + "/Info.plist"));
 }
 
-TEST_F(ProvisionTest, RepairsALinkThatLeadsNowhereOrElsewhere) {
+TEST_F(Provisioning, RepairsALinkThatLeadsNowhereOrElsewhere) {
     makeFolder("/Library/PreferenceBundles");
     fs::create_symlink("/nowhere", onDisk(bundle));
     const Provision provision;
@@ -109,31 +109,31 @@ TEST_F(ProvisionTest, RepairsALinkThatLeadsNowhereOrElsewhere) {
     EXPECT_EQ(count, 1) << "nothing is left beside the link";
 }
 
-TEST_F(ProvisionTest, LeavesABundleThatIsNoLinkAlone) {
+TEST_F(Provisioning, LeavesABundleThatIsNotALink) {
     writeFile(std::string(bundle) + "/Info.plist", "mine");
     const Provision provision;
     EXPECT_EQ(readFile(std::string(bundle) + "/Info.plist"), "mine");
 }
 
-TEST_F(ProvisionTest, StartsTheEnforcingHalfWhereThereIsNoDocument) {
+TEST_F(Provisioning, StartsTheEnforcingHalfWithoutADocument) {
     const Provision provision;
     EXPECT_EQ(platform::dictionaryWithContentsOfFile(document), wardlock::DefaultSettings());
 }
 
-TEST_F(ProvisionTest, NeverTouchesADocumentThatExists) {
+TEST_F(Provisioning, NeverTouchesADocumentThatExists) {
     writeFile(document, "no document at all");
     const Provision provision;
     EXPECT_EQ(readFile(document), "no document at all");
     EXPECT_FALSE(exists(std::string(document) + ".damaged"));
 }
 
-TEST_F(ProvisionTest, DoesNotStartOverADocumentThatIsALinkToNowhere) {
+TEST_F(Provisioning, DoesNotReplaceADocumentThatIsADanglingLink) {
     fs::create_symlink("/nowhere/at/all", onDisk(document));
     const Provision provision;
     EXPECT_TRUE(fs::is_symlink(onDisk(document)));
 }
 
-TEST_F(ProvisionTest, FurnishesBeforeTheFirstStart) {
+TEST_F(Provisioning, RunsItsCallbackBeforeTheFirstStart) {
     bool foldersStood = false;
     bool documentStood = true;
     const Provision provision([&] {
@@ -144,7 +144,7 @@ TEST_F(ProvisionTest, FurnishesBeforeTheFirstStart) {
     EXPECT_FALSE(documentStood);
 }
 
-TEST_F(ProvisionTest, TellsWhatCannotBeMade) {
+TEST_F(Provisioning, ReportsAFolderThatCannotBeCreated) {
     fs::remove_all(onDisk("/Library"));
     writeFile("/Library", "a file");
     const auto problems = Provision().problems();
@@ -152,7 +152,7 @@ TEST_F(ProvisionTest, TellsWhatCannotBeMade) {
     EXPECT_NE(problems.front().find("/Library"), std::string::npos) << problems.front();
 }
 
-TEST_F(ProvisionTest, FindsNothingMissingTheSecondTime) {
+TEST_F(Provisioning, FindsNothingMissingTheSecondTime) {
     const Provision first;
     const auto before = fs::last_write_time(onDisk("/Library/PreferenceBundles"));
     const Provision second;

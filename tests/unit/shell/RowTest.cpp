@@ -32,7 +32,7 @@ TEST(Row, ShowsTextAndNumbersInATextField) {
     EXPECT_EQ(fieldText(Value(platform::Dictionary())), "");
 }
 
-TEST(Row, ReadsASwitchAsThePlatformReadsNumbersAndTexts) {
+TEST(Row, ReadsASwitchAsThePlatformReadsNumbersAndStrings) {
     const auto toggle = specifierOf(PSCellType::Switch);
     EXPECT_TRUE(rowFor(*toggle, Value("YES")).isOn());
     EXPECT_TRUE(rowFor(*toggle, Value(2)).isOn());
@@ -40,7 +40,7 @@ TEST(Row, ReadsASwitchAsThePlatformReadsNumbersAndTexts) {
     EXPECT_FALSE(rowFor(*toggle, std::nullopt).isOn());
 }
 
-TEST(Row, KeepsASlidersPositionWithinItsEnds) {
+TEST(Row, LimitsASlidersPositionToItsRange) {
     EXPECT_EQ(sliderAt(Value(0.5)).position(), 0.5);
     EXPECT_EQ(sliderAt(Value(7.0)).position(), 1);
     EXPECT_EQ(sliderAt(Value(-7.0)).position(), -1);
@@ -48,7 +48,7 @@ TEST(Row, KeepsASlidersPositionWithinItsEnds) {
     EXPECT_EQ(sliderAt(Value(std::numeric_limits<double>::quiet_NaN())).position(), -1);
 }
 
-TEST(Row, ShowsNothingForAValueThatIsNoChoice) {
+TEST(Row, ShowsNothingForAValueThatIsNotAChoice) {
     const auto list = specifierOf(PSCellType::LinkList);
     list->setValues({Value("a"), Value("b")}, {"First", "Second"}, {"1st"});
     EXPECT_EQ(rowFor(*list, Value("a")).text, "1st");

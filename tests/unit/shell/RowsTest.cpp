@@ -11,9 +11,9 @@ using wardlock::shell::RowKind;
 namespace {
 
 /// The page with a row of every kind.
-class RowsTest : public wardlock::test::SettingsApplicationFixture {
+class PageRows : public wardlock::test::SettingsApplicationFixture {
 protected:
-    RowsTest() {
+    PageRows() {
         installFixtureBundle();
         start();
         tap("Fixture");
@@ -30,7 +30,7 @@ protected:
 
 } // namespace
 
-TEST_F(RowsTest, StandInSectionsWithHeadersAndFooters) {
+TEST_F(PageRows, AreGroupedInSectionsWithHeadersAndFooters) {
     ASSERT_EQ(page().sectionCount(), 5U);
     EXPECT_EQ(page().section(0).header, "");
     EXPECT_EQ(page().section(0).rowCount, 1U);
@@ -41,7 +41,7 @@ TEST_F(RowsTest, StandInSectionsWithHeadersAndFooters) {
     EXPECT_EQ(page().section(4).rowCount, 0U);
 }
 
-TEST_F(RowsTest, HaveTheirKinds) {
+TEST_F(PageRows, HaveTheirKinds) {
     EXPECT_EQ(row("On").kind, RowKind::Switch);
     EXPECT_EQ(row("Flavour").kind, RowKind::LinkList);
     EXPECT_EQ(page().row({1, 1}).kind, RowKind::Slider);
@@ -52,7 +52,7 @@ TEST_F(RowsTest, HaveTheirKinds) {
     EXPECT_EQ(row("Table").kind, RowKind::Link);
 }
 
-TEST_F(RowsTest, CarryWhatAFaceShowsOfThem) {
+TEST_F(PageRows, HaveTheDetailsThatAFrontEndShows) {
     EXPECT_EQ(row("Flavour").choices, (std::vector<std::string>{"Vanilla", "Chocolate"}));
     const Row slider = page().row({1, 1});
     EXPECT_EQ(slider.min, 0);
@@ -66,7 +66,7 @@ TEST_F(RowsTest, CarryWhatAFaceShowsOfThem) {
     EXPECT_EQ(row("On").key, "on");
 }
 
-TEST_F(RowsTest, ATapOnASwitchStoresTheOtherState) {
+TEST_F(PageRows, StoreTheOtherStateOnATapOnASwitch) {
     tap("On");
     expectValue("on", Value(true));
     EXPECT_TRUE(row("On").isOn());
@@ -75,26 +75,26 @@ TEST_F(RowsTest, ATapOnASwitchStoresTheOtherState) {
     EXPECT_FALSE(row("On").isOn());
 }
 
-TEST_F(RowsTest, SettingASwitchToWhatItIsStoresNothing) {
+TEST_F(PageRows, StoreNothingWhenASwitchIsSetToItsOwnState) {
     EXPECT_TRUE(settings().page().setSwitch(pathOf("On"), false));
     EXPECT_FALSE(hasValue("on"));
 }
 
-TEST_F(RowsTest, ASliderStoresWhereItIsLetGo) {
+TEST_F(PageRows, StoreASlidersPositionOnRelease) {
     EXPECT_TRUE(settings().page().moveSlider({1, 1}, 2.5));
     expectValue("volume", Value(2.5));
     EXPECT_EQ(page().row({1, 1}).position(), 2.5);
     EXPECT_EQ(page().row({1, 1}).text, "2.5");
 }
 
-TEST_F(RowsTest, ASliderIsNotMovedBeyondItsEndsNorTapped) {
+TEST_F(PageRows, RefuseToMoveASliderBeyondItsRangeOrToTapIt) {
     EXPECT_FALSE(settings().page().moveSlider({1, 1}, 10.5));
     EXPECT_FALSE(settings().page().moveSlider({1, 1}, -1));
     EXPECT_FALSE(settings().page().tapRow({1, 1}));
     EXPECT_FALSE(hasValue("volume"));
 }
 
-TEST_F(RowsTest, ALinkListShowsItsChoiceAndMovesTheMark) {
+TEST_F(PageRows, ShowTheChoiceOfALinkListAndMoveItsMark) {
     EXPECT_EQ(row("Flavour").text, "");
     tap("Flavour");
     EXPECT_EQ(page().title(), "Flavour");
@@ -110,7 +110,7 @@ TEST_F(RowsTest, ALinkListShowsItsChoiceAndMovesTheMark) {
     EXPECT_EQ(row("Flavour").text, "Van");
 }
 
-TEST_F(RowsTest, TypedTextIsStoredAtTheEndOfEditing) {
+TEST_F(PageRows, StoreTypedTextAtTheEndOfEditing) {
     type("Nickname", "Tom");
     EXPECT_TRUE(row("Nickname").editing);
     EXPECT_EQ(row("Nickname").text, "Tom");
@@ -121,53 +121,53 @@ TEST_F(RowsTest, TypedTextIsStoredAtTheEndOfEditing) {
     EXPECT_EQ(row("Nickname").text, "Tom");
 }
 
-TEST_F(RowsTest, AFieldThatWasOnlyLookedAtStoresNothing) {
+TEST_F(PageRows, StoreNothingOfAFieldThatWasNotChanged) {
     tap("Nickname");
     EXPECT_TRUE(row("Nickname").editing);
     settings().page().endEditing();
     EXPECT_FALSE(hasValue("nickname"));
 }
 
-TEST_F(RowsTest, EmptiedTextIsStoredAsEmpty) {
+TEST_F(PageRows, StoreEmptiedTextAsEmpty) {
     type("Nickname", "");
     settings().page().endEditing();
     expectValue("nickname", Value(""));
 }
 
-TEST_F(RowsTest, ATapElsewhereEndsTheEditingFirst) {
+TEST_F(PageRows, EndTheEditingBeforeATapElsewhere) {
     type("Nickname", "Tom");
     tap("Starred");
     expectValue("nickname", Value("Tom"));
     EXPECT_FALSE(row("Nickname").editing);
 }
 
-TEST_F(RowsTest, ASecondTapOnTheFieldGoesOnEditing) {
+TEST_F(PageRows, KeepEditingOnASecondTapOnTheField) {
     type("Nickname", "Tom");
     tap("Nickname");
     EXPECT_TRUE(row("Nickname").editing);
     EXPECT_FALSE(hasValue("nickname"));
 }
 
-TEST_F(RowsTest, DraggingTheListEndsTheEditing) {
+TEST_F(PageRows, EndTheEditingWhenTheListIsDragged) {
     type("Nickname", "Tom");
     EXPECT_TRUE(settings().page().dragList());
     expectValue("nickname", Value("Tom"));
     expectValue("dragged", Value(1));
 }
 
-TEST_F(RowsTest, LeavingThePageStoresBeforeThePop) {
+TEST_F(PageRows, StoreBeforeThePopWhenThePageIsLeft) {
     type("Nickname", "Tom");
     EXPECT_TRUE(settings().page().goBack());
     expectValue("nickname", Value("Tom"));
 }
 
-TEST_F(RowsTest, ClosingStores) {
+TEST_F(PageRows, StoreWhenTheApplicationCloses) {
     type("Nickname", "Tom");
     quit();
     expectValue("nickname", Value("Tom"));
 }
 
-TEST_F(RowsTest, SecureTextIsShownAsBullets) {
+TEST_F(PageRows, ShowSecureTextAsBullets) {
     type("PIN", "12é");
     EXPECT_EQ(row("PIN").text, "•••");
     settings().page().endEditing();
@@ -175,46 +175,46 @@ TEST_F(RowsTest, SecureTextIsShownAsBullets) {
     expectValue("pin", Value("12é"));
 }
 
-TEST_F(RowsTest, ATextFieldIsOneLine) {
+TEST_F(PageRows, KeepATextFieldOnOneLine) {
     type("Nickname", "a\nb\tc\x1B[31m\x7F\n");
     EXPECT_EQ(row("Nickname").text, "a b c [31m");
     settings().page().endEditing();
     expectValue("nickname", Value("a b c [31m"));
 }
 
-TEST_F(RowsTest, TypingNeedsAField) {
+TEST_F(PageRows, RefuseTypingOutsideAField) {
     EXPECT_EQ(settings().page().typeText("x").reason(), "no text field is being edited");
     EXPECT_EQ(settings().page().beginEditing(pathOf("On")).reason(), "the row is not a text field");
 }
 
-TEST_F(RowsTest, ADisabledRowDoesNothing) {
+TEST_F(PageRows, IgnoreATapOnADisabledRow) {
     EXPECT_EQ(settings().page().tapRow(pathOf("Locked")).reason(), "the row is disabled");
     EXPECT_FALSE(hasValue("locked"));
 }
 
-TEST_F(RowsTest, ARowThatIsNotThereIsRefused) {
+TEST_F(PageRows, RefuseATapOnAMissingRow) {
     EXPECT_EQ(settings().page().tapRow({0, 1}).reason(), "there is no such row");
     EXPECT_EQ(settings().page().tapRow({9, 0}).reason(), "there is no such row");
 }
 
-TEST_F(RowsTest, AButtonPerformsItsActionAndStaticTextNone) {
+TEST_F(PageRows, PerformTheActionOfAButtonAndNoneOfStaticText) {
     tap("Starred");
     expectValue("pressed", Value(1));
     tap("Version 1");
     expectValue("pressed", Value(1));
 }
 
-TEST_F(RowsTest, TheBarButtonActs) {
+TEST_F(PageRows, PerformTheActionOfTheBarButton) {
     EXPECT_TRUE(settings().page().tapBarButton());
     expectValue("added", Value(1));
 }
 
-TEST_F(RowsTest, ARowIsAddedAtTheEnd) {
+TEST_F(PageRows, AddARowAtTheEnd) {
     tap("Grow");
     EXPECT_TRUE(hasRow("Grown"));
 }
 
-TEST_F(RowsTest, AnAlertCoversThePageUntilItIsAnswered) {
+TEST_F(PageRows, AreCoveredByAnAlertUntilAButtonIsChosen) {
     tap("Ask");
     ASSERT_TRUE(settings().screen().alert());
     EXPECT_EQ(settings().page().tapRow(pathOf("Starred")).reason(), "an alert covers the page");
@@ -227,21 +227,21 @@ TEST_F(RowsTest, AnAlertCoversThePageUntilItIsAnswered) {
     EXPECT_FALSE(settings().screen().alert());
 }
 
-TEST_F(RowsTest, ADisabledButtonOfAnAlertDoesNothing) {
+TEST_F(PageRows, IgnoreADisabledButtonOfAnAlert) {
     tap("Ask");
     EXPECT_EQ(settings().sheets().chooseAlertAction(2).reason(), "the button is disabled");
     EXPECT_EQ(settings().sheets().chooseAlertAction(3).reason(), "the alert has no such button");
     EXPECT_TRUE(settings().screen().alert());
 }
 
-TEST_F(RowsTest, AnAlertsFieldTakesText) {
+TEST_F(PageRows, AcceptTextInTheFieldOfAnAlert) {
     tap("Ask");
     EXPECT_TRUE(settings().sheets().typeIntoAlert(0, "because"));
     EXPECT_EQ(settings().screen().alert()->textFields()[0]->text(), "because");
     EXPECT_FALSE(settings().sheets().typeIntoAlert(1, "x"));
 }
 
-TEST_F(RowsTest, AnAlertsFieldIsOneLine) {
+TEST_F(PageRows, KeepTheFieldOfAnAlertOnOneLine) {
     tap("Ask");
     EXPECT_TRUE(settings().sheets().typeIntoAlert(0, "be\ncause\r\n"));
     EXPECT_EQ(settings().screen().alert()->textFields()[0]->text(), "be cause");
@@ -249,7 +249,7 @@ TEST_F(RowsTest, AnAlertsFieldIsOneLine) {
     EXPECT_EQ(settings().screen().alert()->textFields()[0]->text(), "");
 }
 
-TEST_F(RowsTest, ReturningToAPageReadsItsValuesAgain) {
+TEST_F(PageRows, ReadTheirValuesAgainOnReturningToAPage) {
     type("Nickname", "Tom");
     tap("Table");
     platform::updateFile("/var/mobile/Library/Preferences/test.fixture.plist",
@@ -261,6 +261,6 @@ TEST_F(RowsTest, ReturningToAPageReadsItsValuesAgain) {
     EXPECT_EQ(row("Nickname").text, "Ann");
 }
 
-TEST_F(RowsTest, AnExceptionOfAPageEndsTheProcess) {
+TEST_F(PageRows, EndTheProcessOnAnExceptionOfAPage) {
     EXPECT_EXIT((void)settings().page().tapRow(pathOf("Fail")), testing::KilledBySignal(SIGABRT), "");
 }

@@ -40,7 +40,7 @@ bool has(const std::vector<std::string>& told, std::string_view what) {
     return std::find(told.begin(), told.end(), what) != told.end();
 }
 
-class ScreenChangesTest : public wardlock::test::SettingsApplicationFixture {
+class ScreenChanges : public wardlock::test::SettingsApplicationFixture {
 protected:
     void open(double transitionSeconds = 0) {
         installFixtureBundle();
@@ -56,7 +56,7 @@ protected:
 
 } // namespace
 
-TEST_F(ScreenChangesTest, TellOfAPushWithoutATransition) {
+TEST_F(ScreenChanges, ReportAPushWithoutATransition) {
     open();
     tap("Table");
     const auto told = this->told.take();
@@ -64,7 +64,7 @@ TEST_F(ScreenChangesTest, TellOfAPushWithoutATransition) {
     EXPECT_FALSE(has(told, "transition ended"));
 }
 
-TEST_F(ScreenChangesTest, TellOfAPushAndItsEnd) {
+TEST_F(ScreenChanges, ReportAPushAndItsEnd) {
     open(0.35);
     tap("Table");
     EXPECT_TRUE(has(told.take(), "pages animated"));
@@ -74,13 +74,13 @@ TEST_F(ScreenChangesTest, TellOfAPushAndItsEnd) {
     EXPECT_FALSE(settings().screen().isInTransition());
 }
 
-TEST_F(ScreenChangesTest, NameTheRowWhoseControlMoved) {
+TEST_F(ScreenChanges, NameTheRowWhoseControlMoved) {
     open();
     tap("On");
     EXPECT_EQ(told.take(), std::vector<std::string>{"row 0/0"});
 }
 
-TEST_F(ScreenChangesTest, TellOfTyping) {
+TEST_F(ScreenChanges, ReportTyping) {
     open();
     const auto path = pathOf("Nickname");
     ASSERT_EQ(path, (NSIndexPath{1, 2}));
@@ -92,14 +92,14 @@ TEST_F(ScreenChangesTest, TellOfTyping) {
     EXPECT_EQ(told.take(), (std::vector<std::string>{"editing", "row 1/2"}));
 }
 
-TEST_F(ScreenChangesTest, TellOfAnInsertion) {
+TEST_F(ScreenChanges, ReportAnInsertion) {
     open();
     const auto end = page().section(4).rowCount;
     tap("Grow");
     EXPECT_TRUE(has(told.take(), "inserted 4/" + std::to_string(end) + " animated"));
 }
 
-TEST_F(ScreenChangesTest, TellOfAnAlertComingChangingAndGoing) {
+TEST_F(ScreenChanges, ReportThatAnAlertAppearsChangesAndDisappears) {
     open();
     tap("Ask");
     EXPECT_TRUE(has(told.take(), "presentation"));
@@ -109,7 +109,7 @@ TEST_F(ScreenChangesTest, TellOfAnAlertComingChangingAndGoing) {
     EXPECT_TRUE(has(told.take(), "presentation"));
 }
 
-TEST_F(ScreenChangesTest, NameTheTableRowWhoseSwitchMoved) {
+TEST_F(ScreenChanges, NameTheTableRowWhoseSwitchMoved) {
     open();
     tap("Table");
     const auto row = page().table()->show({0, 4});
@@ -118,7 +118,7 @@ TEST_F(ScreenChangesTest, NameTheTableRowWhoseSwitchMoved) {
     EXPECT_EQ(told.take(), std::vector<std::string>{"table row 0/4"});
 }
 
-TEST_F(ScreenChangesTest, AreToldWhenThePagesAreDone) {
+TEST_F(ScreenChanges, AreReportedWhenThePagesAreReady) {
     // The face reads the screen while it is told: everything has to be in place by then.
     struct Reader : wardlock::shell::ScreenObserver {
         explicit Reader(wardlock::shell::SettingsApplication& settings) : settings(settings) {}
@@ -133,7 +133,7 @@ TEST_F(ScreenChangesTest, AreToldWhenThePagesAreDone) {
     EXPECT_EQ(reader.title, "Table");
 }
 
-TEST_F(ScreenChangesTest, ComeOnceForARepeatedChange) {
+TEST_F(ScreenChanges, AreReportedOnceForARepeatedChange) {
     start();
     tap("Wardlock");
     tap("Passcode");

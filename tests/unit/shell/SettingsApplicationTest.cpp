@@ -11,7 +11,7 @@ namespace {
 constexpr const char* bundlePath = "/Library/PreferenceBundles/WardlockSettings.bundle";
 
 /// The whole application over the bundle of this build.
-class SettingsApplicationTest : public SettingsApplicationFixture {
+class SettingsApplication : public SettingsApplicationFixture {
 protected:
     void openWardlock(double transitionSeconds = 0) {
         start(transitionSeconds);
@@ -23,7 +23,7 @@ protected:
 
 } // namespace
 
-TEST_F(SettingsApplicationTest, OpensOnTheListOfBundles) {
+TEST_F(SettingsApplication, OpensOnTheListOfBundles) {
     start();
     EXPECT_EQ(page().title(), "Settings");
     EXPECT_EQ(labels(), std::vector<std::string>{"Wardlock"});
@@ -31,7 +31,7 @@ TEST_F(SettingsApplicationTest, OpensOnTheListOfBundles) {
     EXPECT_FALSE(settings().page().goBack());
 }
 
-TEST_F(SettingsApplicationTest, ShowsABundlesFirstPageUnderItsName) {
+TEST_F(SettingsApplication, ShowsABundlesFirstPageUnderItsName) {
     openWardlock();
     EXPECT_EQ(page().title(), "Wardlock");
     EXPECT_EQ(settings().screen().backTitle(), "Settings");
@@ -39,7 +39,7 @@ TEST_F(SettingsApplicationTest, ShowsABundlesFirstPageUnderItsName) {
     EXPECT_TRUE(row("Enabled").isOn());
 }
 
-TEST_F(SettingsApplicationTest, TellsWhyABundleCannotBeOpened) {
+TEST_F(SettingsApplication, ShowsWhyABundleCannotBeOpened) {
     writeFile("/Library/PreferenceBundles/Broken.bundle/Info.plist",
               "<plist version=\"1.0\"><dict><key>CFBundleExecutable</key><string>none</string>"
               "<key>NSPrincipalClass</key><string>C</string></dict></plist>");
@@ -52,14 +52,14 @@ TEST_F(SettingsApplicationTest, TellsWhyABundleCannotBeOpened) {
     EXPECT_EQ(page().title(), "Settings");
 }
 
-TEST_F(SettingsApplicationTest, RefusesTapsWhileThePageMoves) {
+TEST_F(SettingsApplication, RefusesTapsWhileThePageMoves) {
     openWardlock(0.35);
     EXPECT_EQ(settings().page().tapRow({0, 0}).reason(), "the page is still moving");
     clock.step(0.35);
     EXPECT_TRUE(settings().page().tapRow({0, 0}));
 }
 
-TEST_F(SettingsApplicationTest, WritesASwitchAndAnnouncesItOnce) {
+TEST_F(SettingsApplication, WritesASwitchAndAnnouncesItOnce) {
     openWardlock();
     tap("Enabled");
     EXPECT_FALSE(document().find(wardlock::kEnabled)->boolean());
@@ -68,7 +68,7 @@ TEST_F(SettingsApplicationTest, WritesASwitchAndAnnouncesItOnce) {
     EXPECT_EQ(center.posts[0].userInfo.find("key")->string(), "kEnabled");
 }
 
-TEST_F(SettingsApplicationTest, SetsAPasscodeOnTheKeypad) {
+TEST_F(SettingsApplication, SetsAPasscodeOnTheKeypad) {
     openWardlock();
     tap("Passcode");
     ASSERT_TRUE(settings().screen().overlay());
@@ -83,7 +83,7 @@ TEST_F(SettingsApplicationTest, SetsAPasscodeOnTheKeypad) {
     EXPECT_FALSE(settings().screen().overlay());
 }
 
-TEST_F(SettingsApplicationTest, TakesAWholePasscodeOfFourDigitsAndNoOther) {
+TEST_F(SettingsApplication, AcceptsOnlyAWholePasscodeOfFourDigits) {
     openWardlock();
     tap("Passcode");
     for (const char* none : {"", "123", "12345", "12a4"})
@@ -95,7 +95,7 @@ TEST_F(SettingsApplicationTest, TakesAWholePasscodeOfFourDigitsAndNoOther) {
     EXPECT_EQ(passcode(), "0815");
 }
 
-TEST_F(SettingsApplicationTest, FadesTheOverlayOnTheClock) {
+TEST_F(SettingsApplication, FadesTheOverlayOnTheClock) {
     openWardlock();
     tap("Passcode");
     const auto overlay = *settings().screen().overlay();
@@ -108,7 +108,7 @@ TEST_F(SettingsApplicationTest, FadesTheOverlayOnTheClock) {
     EXPECT_EQ(overlay.blur->presentationAlpha(), 1);
 }
 
-TEST_F(SettingsApplicationTest, CancelsTheKeypadWhenItResignsActive) {
+TEST_F(SettingsApplication, CancelsTheKeypadWhenItResignsActive) {
     openWardlock();
     tap("Passcode");
     clock.step(0.4);
@@ -118,7 +118,7 @@ TEST_F(SettingsApplicationTest, CancelsTheKeypadWhenItResignsActive) {
     EXPECT_EQ(passcode(), "");
 }
 
-TEST_F(SettingsApplicationTest, CancelsTheKeypadThatFollowedOneThatWasClosedTwice) {
+TEST_F(SettingsApplication, CancelsTheKeypadThatFollowedOneThatWasClosedTwice) {
     openWardlock();
     tap("Passcode");
     clock.step(0.4);
@@ -134,7 +134,7 @@ TEST_F(SettingsApplicationTest, CancelsTheKeypadThatFollowedOneThatWasClosedTwic
     EXPECT_FALSE(settings().screen().overlay()) << "it was forgotten when the other one's second fade ended";
 }
 
-TEST_F(SettingsApplicationTest, EndsFadesAndPushesWhoseTimeHasPassedInSteps) {
+TEST_F(SettingsApplication, EndsFadesAndPushesInSteps) {
     start(0.3);
     const auto stepped = [this](int count, double seconds) {
         for (int step = 0; step < count; ++step)
@@ -156,13 +156,13 @@ TEST_F(SettingsApplicationTest, EndsFadesAndPushesWhoseTimeHasPassedInSteps) {
     EXPECT_FALSE(settings().screen().overlay());
 }
 
-TEST_F(SettingsApplicationTest, HidesTheEmergencyButton) {
+TEST_F(SettingsApplication, HidesTheEmergencyButton) {
     openWardlock();
     tap("Passcode");
     EXPECT_EQ(settings().sheets().pressEmergency().reason(), "the keypad shows no emergency button");
 }
 
-TEST_F(SettingsApplicationTest, CreatesAnAccount) {
+TEST_F(SettingsApplication, CreatesAnAccount) {
     openWardlock();
     EXPECT_TRUE(settings().page().tapBarButton());
     ASSERT_TRUE(settings().screen().alert());
@@ -173,7 +173,7 @@ TEST_F(SettingsApplicationTest, CreatesAnAccount) {
     EXPECT_TRUE(hasRow("Tom"));
 }
 
-TEST_F(SettingsApplicationTest, RenamesTheAccountThatWasTapped) {
+TEST_F(SettingsApplication, RenamesTheAccountThatWasTapped) {
     start();
     writeDocument(documentOf({"Ann", "Tom"}));
     tap("Wardlock");
@@ -187,7 +187,7 @@ TEST_F(SettingsApplicationTest, RenamesTheAccountThatWasTapped) {
     EXPECT_TRUE(hasRow("Thomas"));
 }
 
-TEST_F(SettingsApplicationTest, DeletesAnAccountAndReturns) {
+TEST_F(SettingsApplication, DeletesAnAccountAndReturns) {
     start();
     writeDocument(documentOf({"Ann", "Tom"}));
     tap("Wardlock");
@@ -201,13 +201,13 @@ TEST_F(SettingsApplicationTest, DeletesAnAccountAndReturns) {
     EXPECT_TRUE(hasRow("Ann"));
 }
 
-TEST_F(SettingsApplicationTest, OpensTheProfilesUrl) {
+TEST_F(SettingsApplication, OpensTheProfilesUrl) {
     openWardlock();
     tap("@TavixCo");
     EXPECT_EQ(openedUrls, std::vector<std::string>{"twitter://user?screen_name=TavixCo"});
 }
 
-TEST_F(SettingsApplicationTest, ShowsTheChangeLogAsText) {
+TEST_F(SettingsApplication, ShowsTheChangeLogAsText) {
     openWardlock();
     tap("Change Log");
     EXPECT_EQ(page().title(), "Change Log");
@@ -219,7 +219,7 @@ TEST_F(SettingsApplicationTest, ShowsTheChangeLogAsText) {
     EXPECT_FALSE(text->isEditable());
 }
 
-TEST_F(SettingsApplicationTest, SendsTheSupportMailAndTellsWhatBecameOfIt) {
+TEST_F(SettingsApplication, SendsTheSupportMailAndShowsTheResult) {
     openWardlock();
     const auto path = platform::NSIndexPath{2, 1};
     EXPECT_TRUE(settings().page().tapRow(path));
@@ -240,7 +240,7 @@ TEST_F(SettingsApplicationTest, SendsTheSupportMailAndTellsWhatBecameOfIt) {
     EXPECT_EQ(settings().screen().notice(), "");
 }
 
-TEST_F(SettingsApplicationTest, ACancelledMailLeavesNoNotice) {
+TEST_F(SettingsApplication, ShowsNoNoticeForACancelledMail) {
     openWardlock();
     EXPECT_TRUE(settings().page().tapRow({2, 1}));
     EXPECT_TRUE(settings().sheets().cancelMail());
@@ -249,7 +249,7 @@ TEST_F(SettingsApplicationTest, ACancelledMailLeavesNoNotice) {
     EXPECT_TRUE(mail.sent.empty());
 }
 
-TEST_F(SettingsApplicationTest, ShowsNoMailSheetWhereNoMailCanBeSent) {
+TEST_F(SettingsApplication, ShowsNoMailSheetWhenNoMailCanBeSent) {
     openWardlock();
     mail.canSend = false;
     EXPECT_TRUE(settings().page().tapRow({2, 1}));

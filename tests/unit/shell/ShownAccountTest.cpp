@@ -11,7 +11,7 @@ using platform::Dictionary;
 using platform::Value;
 
 /// Another process changes the list of accounts while one of them is shown.
-class ShownAccountTest : public SettingsApplicationFixture {
+class ShownAccount : public SettingsApplicationFixture {
 protected:
     /// The page of the account of that name.
     void open(std::initializer_list<std::string_view> names, std::string_view name) {
@@ -49,7 +49,7 @@ protected:
 constexpr const char* tomRemoved = "Another program removed the account “Tom”.";
 constexpr const char* tomMoved = "Another program moved the account “Tom” in the list of accounts.";
 
-TEST_F(ShownAccountTest, GoesBackAndSaysSoWhenItsRemovalIsAnnounced) {
+TEST_F(ShownAccount, GoesBackWithANoticeWhenItsRemovalIsAnnounced) {
     open({"Ann", "Tom"}, "Tom");
     changeElsewhere(documentOf({"Ann"}));
     expectFirstPage(tomRemoved);
@@ -57,7 +57,7 @@ TEST_F(ShownAccountTest, GoesBackAndSaysSoWhenItsRemovalIsAnnounced) {
     EXPECT_FALSE(hasRow("Tom"));
 }
 
-TEST_F(ShownAccountTest, GoesBackWhenATapFindsItRemoved) {
+TEST_F(ShownAccount, GoesBackWhenATapFindsItRemoved) {
     open({"Ann", "Tom"}, "Tom");
     writeDocument(documentOf({"Ann"}));
     EXPECT_EQ(settings().page().tapRow(pathOf("Siri")).reason(), "the page is gone");
@@ -65,13 +65,13 @@ TEST_F(ShownAccountTest, GoesBackWhenATapFindsItRemoved) {
     expectDocument(documentOf({"Ann"}));
 }
 
-TEST_F(ShownAccountTest, GoesBackWhenItsPositionMeansAnother) {
+TEST_F(ShownAccount, GoesBackWhenItsPositionBelongsToAnotherAccount) {
     open({"Ann", "Tom", "Eva"}, "Tom");
     changeElsewhere(documentOf({"Tom", "Eva"}));
     expectFirstPage(tomMoved);
 }
 
-TEST_F(ShownAccountTest, StoresNothingInAnotherAccountThatTookItsPosition) {
+TEST_F(ShownAccount, StoresNothingInAnotherAccountThatTookItsPosition) {
     open({"Ann", "Tom", "Eva"}, "Tom");
     writeDocument(documentOf({"Ann", "Eva"}));
     EXPECT_FALSE(settings().page().tapRow(pathOf("Siri")));
@@ -79,7 +79,7 @@ TEST_F(ShownAccountTest, StoresNothingInAnotherAccountThatTookItsPosition) {
     expectDocument(documentOf({"Ann", "Eva"}));
 }
 
-TEST_F(ShownAccountTest, DeletesNoOtherAccountThatTookItsPosition) {
+TEST_F(ShownAccount, DeletesNoOtherAccountThatTookItsPosition) {
     open({"Ann", "Tom", "Eva"}, "Tom");
     tap("Delete Account");
     writeDocument(documentOf({"Ann", "Eva"}));
@@ -89,7 +89,7 @@ TEST_F(ShownAccountTest, DeletesNoOtherAccountThatTookItsPosition) {
     expectDocument(documentOf({"Ann", "Eva"}));
 }
 
-TEST_F(ShownAccountTest, DropsAnAlertOfItsPageWhenItsRemovalIsAnnounced) {
+TEST_F(ShownAccount, DropsAnAlertOfItsPageWhenItsRemovalIsAnnounced) {
     open({"Ann", "Tom"}, "Tom");
     tap("Delete Account");
     changeElsewhere(documentOf({"Ann"}));
@@ -97,7 +97,7 @@ TEST_F(ShownAccountTest, DropsAnAlertOfItsPageWhenItsRemovalIsAnnounced) {
     expectFirstPage(tomRemoved);
 }
 
-TEST_F(ShownAccountTest, SaysThatWhatWasBeingTypedIsNotStored) {
+TEST_F(ShownAccount, ReportsThatTypedTextIsNotStored) {
     open({"Ann", "Tom"}, "Tom");
     type("Account Name", "Thomas");
     writeDocument(documentOf({"Ann"}));
@@ -107,7 +107,7 @@ TEST_F(ShownAccountTest, SaysThatWhatWasBeingTypedIsNotStored) {
     expectDocument(documentOf({"Ann"}));
 }
 
-TEST_F(ShownAccountTest, StoresNothingThatWasBeingTypedWhenTheWindowCloses) {
+TEST_F(ShownAccount, StoresNoTypedTextWhenTheWindowCloses) {
     open({"Ann", "Tom"}, "Tom");
     type("Account Name", "Thomas");
     writeDocument(documentOf({"Ann"}));
@@ -115,7 +115,7 @@ TEST_F(ShownAccountTest, StoresNothingThatWasBeingTypedWhenTheWindowCloses) {
     expectDocument(documentOf({"Ann"}));
 }
 
-TEST_F(ShownAccountTest, LeavesThePickerTooAndStoresNothing) {
+TEST_F(ShownAccount, LeavesThePickerTooAndStoresNothing) {
     open({"Ann", "Tom"}, "Tom");
     tap("Apps");
     EXPECT_EQ(page().title(), "Apps");
@@ -125,14 +125,14 @@ TEST_F(ShownAccountTest, LeavesThePickerTooAndStoresNothing) {
     expectDocument(documentOf({"Ann"}));
 }
 
-TEST_F(ShownAccountTest, OpensNoPickerOfAnAccountThatIsGone) {
+TEST_F(ShownAccount, OpensNoPickerOfAnAccountThatIsGone) {
     open({"Ann", "Tom"}, "Tom");
     writeDocument(documentOf({"Ann"}));
     EXPECT_FALSE(settings().page().tapRow(pathOf("Apps")));
     expectFirstPage(tomRemoved);
 }
 
-TEST_F(ShownAccountTest, IsNotOpenedByARowThatIsGoneOrMeansAnother) {
+TEST_F(ShownAccount, IsNotOpenedByARowThatIsGoneOrBelongsToAnotherAccount) {
     start();
     writeDocument(documentOf({"Ann", "Tom"}));
     tap("Wardlock");
@@ -146,7 +146,7 @@ TEST_F(ShownAccountTest, IsNotOpenedByARowThatIsGoneOrMeansAnother) {
     expectFirstPage("Another program moved the account “Ann” in the list of accounts.");
 }
 
-TEST_F(ShownAccountTest, IsFoundGoneOnTheWayBackFromThePicker) {
+TEST_F(ShownAccount, IsFoundGoneOnTheWayBackFromThePicker) {
     open({"Ann", "Tom"}, "Tom");
     tap("Apps");
     writeDocument(documentOf({"Ann"}));
@@ -154,7 +154,7 @@ TEST_F(ShownAccountTest, IsFoundGoneOnTheWayBackFromThePicker) {
     expectFirstPage(tomRemoved);
 }
 
-TEST_F(ShownAccountTest, GoesBackWhileItsPageIsStillMoving) {
+TEST_F(ShownAccount, GoesBackWhileItsPageIsStillMoving) {
     start(0.35);
     writeDocument(documentOf({"Ann", "Tom"}));
     tap("Wardlock");
@@ -167,7 +167,7 @@ TEST_F(ShownAccountTest, GoesBackWhileItsPageIsStillMoving) {
     EXPECT_FALSE(hasRow("Tom"));
 }
 
-TEST_F(ShownAccountTest, GoesBackWhenTheDocumentIsGone) {
+TEST_F(ShownAccount, GoesBackWhenTheDocumentIsGone) {
     open({"Ann", "Tom"}, "Ann");
     removeFile(documentPath);
     EXPECT_FALSE(settings().page().tapRow(pathOf("Siri")));
@@ -175,7 +175,7 @@ TEST_F(ShownAccountTest, GoesBackWhenTheDocumentIsGone) {
     EXPECT_FALSE(exists(documentPath));
 }
 
-TEST_F(ShownAccountTest, StaysWhenOthersAreAddedOrChangedOrRemovedAfterIt) {
+TEST_F(ShownAccount, StaysWhenOthersAreAddedOrChangedOrRemovedAfterIt) {
     open({"Ann", "Tom", "Eva"}, "Tom");
     changeElsewhere(documentOf({"Ann", "Tom", "Eva", "Kim"}));
     changeElsewhere(withAccountValue(0, kAccountName, "Anna"));
@@ -186,7 +186,7 @@ TEST_F(ShownAccountTest, StaysWhenOthersAreAddedOrChangedOrRemovedAfterIt) {
         platform::boolValue(document().find(kAccounts)->array().at(1).dictionary().find(kRestrictSiri)));
 }
 
-TEST_F(ShownAccountTest, StaysWhenItIsChangedOrRenamedElsewhere) {
+TEST_F(ShownAccount, StaysWhenItIsChangedOrRenamedElsewhere) {
     open({"Ann", "Tom"}, "Tom");
     changeElsewhere(withAccountValue(1, kRestrictSiri, true));
     EXPECT_TRUE(row("Siri").isOn());
@@ -194,7 +194,7 @@ TEST_F(ShownAccountTest, StaysWhenItIsChangedOrRenamedElsewhere) {
     expectStillOpen("Thomas");
 }
 
-TEST_F(ShownAccountTest, StaysThroughItsOwnChanges) {
+TEST_F(ShownAccount, StaysThroughItsOwnChanges) {
     open({"Ann", "Tom"}, "Tom");
     tap("Siri");
     type("Account Name", "Thomas");
@@ -206,7 +206,7 @@ TEST_F(ShownAccountTest, StaysThroughItsOwnChanges) {
     expectStillOpen("Thomas");
 }
 
-TEST_F(ShownAccountTest, LeavesPagesAloneThatShowNoAccount) {
+TEST_F(ShownAccount, LeavesPagesAloneThatShowNoAccount) {
     start();
     writeDocument(documentOf({"Ann", "Tom", "Eva"}));
     tap("Wardlock");
@@ -216,7 +216,7 @@ TEST_F(ShownAccountTest, LeavesPagesAloneThatShowNoAccount) {
     EXPECT_EQ(notice(), "");
 }
 
-TEST_F(ShownAccountTest, SaysNothingOfAnAccountThatItsOwnPageDeletes) {
+TEST_F(ShownAccount, ShowsNoNoticeWhenItsOwnPageDeletesIt) {
     open({"Ann", "Tom"}, "Tom");
     tap("Delete Account");
     chooseInAlert("Delete");
@@ -226,13 +226,13 @@ TEST_F(ShownAccountTest, SaysNothingOfAnAccountThatItsOwnPageDeletes) {
     expectStillOpen("Ann");
 }
 
-TEST_F(ShownAccountTest, WithoutANameIsToldWithoutOne) {
+TEST_F(ShownAccount, IsReportedWithoutAName) {
     open({"Ann", ""}, "");
     changeElsewhere(documentOf({"Ann"}));
     expectFirstPage("Another program removed the account.");
 }
 
-TEST_F(ShownAccountTest, FlipsWhatStoodThereWhenThePageAppeared) {
+TEST_F(ShownAccount, FlipsTheStateShownWhenThePageAppeared) {
     open({"Ann", "Tom"}, "Tom");
     // Nobody has looked at the switch, and nobody is told that it was changed.
     const auto path = platform::NSIndexPath{4, 1};

@@ -15,7 +15,7 @@ TEST(SteadyClock, NeverGoesBack) {
     EXPECT_GE(first, 0s);
 }
 
-TEST(SteadyClock, TellsHowLongThereIsToWait) {
+TEST(SteadyClock, ReturnsTheTimeUntilTheNextAction) {
     SteadyClock clock;
     EXPECT_FALSE(clock.timeToNext());
     clock.after(1000s, [] {});
@@ -25,7 +25,7 @@ TEST(SteadyClock, TellsHowLongThereIsToWait) {
     EXPECT_EQ(clock.timeToNext(), 0s);
 }
 
-TEST(SteadyClock, RunsWhatIsDueInOrderAndLeavesTheRest) {
+TEST(SteadyClock, RunsDueActionsInOrderAndLeavesTheRest) {
     SteadyClock clock;
     std::vector<int> ran;
     clock.after(1000s, [&] { ran.push_back(3); });

@@ -3,9 +3,9 @@
 namespace {
 
 /// The page whose table has ten thousand rows.
-class TableTest : public wardlock::test::SettingsApplicationFixture {
+class PageTable : public wardlock::test::SettingsApplicationFixture {
 protected:
-    TableTest() {
+    PageTable() {
         installFixtureBundle();
         start();
         tap("Fixture");
@@ -15,7 +15,7 @@ protected:
 
 } // namespace
 
-TEST_F(TableTest, StandsInThePlaceOfAList) {
+TEST_F(PageTable, ReplacesAList) {
     EXPECT_FALSE(page().isList());
     ASSERT_EQ(page().content().size(), 1U);
     ASSERT_TRUE(page().table());
@@ -24,7 +24,7 @@ TEST_F(TableTest, StandsInThePlaceOfAList) {
     EXPECT_EQ(page().table()->rowHeight({0, 5000}), 35);
 }
 
-TEST_F(TableTest, BuildsNoCellsForRowsThatNobodyShows) {
+TEST_F(PageTable, BuildsNoCellsForUnshownRows) {
     const auto table = page().table();
     long made = 0;
     // A window of ten rows slides over the whole table.
@@ -42,7 +42,7 @@ TEST_F(TableTest, BuildsNoCellsForRowsThatNobodyShows) {
     EXPECT_LE(made, 10);
 }
 
-TEST_F(TableTest, SharesARowThatIsShownTwice) {
+TEST_F(PageTable, SharesARowThatIsShownTwice) {
     const auto table = page().table();
     const auto row = table->show({0, 7});
     EXPECT_EQ(table->show({0, 7}), row);
@@ -50,13 +50,13 @@ TEST_F(TableTest, SharesARowThatIsShownTwice) {
     EXPECT_EQ(row->detail(), "") << "its label is hidden";
 }
 
-TEST_F(TableTest, HasNoRowBeyondItsEnd) {
+TEST_F(PageTable, HasNoRowBeyondItsEnd) {
     EXPECT_FALSE(page().table()->show({0, 10'000}));
     EXPECT_FALSE(page().table()->show({1, 0}));
     EXPECT_EQ(settings().page().flipTableSwitch({0, 10'000}).reason(), "there is no such row");
 }
 
-TEST_F(TableTest, FlipsTheSwitchOfARowThatIsShown) {
+TEST_F(PageTable, FlipsTheSwitchOfARowThatIsShown) {
     const auto row = page().table()->show({0, 3});
     EXPECT_TRUE(settings().page().flipTableSwitch({0, 3}));
     EXPECT_TRUE(row->isOn());
@@ -64,7 +64,7 @@ TEST_F(TableTest, FlipsTheSwitchOfARowThatIsShown) {
     EXPECT_FALSE(row->isOn());
 }
 
-TEST_F(TableTest, SetsTheSwitchOfARow) {
+TEST_F(PageTable, SetsTheSwitchOfARow) {
     const auto row = page().table()->show({0, 3});
     for (const bool on : {true, true, false, false}) {
         EXPECT_TRUE(settings().page().setTableSwitch({0, 3}, on));
@@ -73,7 +73,7 @@ TEST_F(TableTest, SetsTheSwitchOfARow) {
     EXPECT_EQ(settings().page().setTableSwitch({0, 10'000}, true).reason(), "there is no such row");
 }
 
-TEST_F(TableTest, SetsNoSwitchWhileThePageMovesNotEvenToWhatItIs) {
+TEST_F(PageTable, SetsNoSwitchWhileThePageMovesEvenToItsOwnState) {
     EXPECT_TRUE(settings().page().goBack());
     settings().setTransitionSeconds(0.35);
     tap("Table");
@@ -83,7 +83,7 @@ TEST_F(TableTest, SetsNoSwitchWhileThePageMovesNotEvenToWhatItIs) {
     EXPECT_TRUE(settings().page().setTableSwitch({0, 3}, false));
 }
 
-TEST_F(TableTest, FlipsTheSwitchOfARowThatIsNotShown) {
+TEST_F(PageTable, FlipsTheSwitchOfARowThatIsNotShown) {
     EXPECT_TRUE(settings().page().flipTableSwitch({0, 9'000}));
     EXPECT_TRUE(page().table()->show({0, 9'000})->isOn());
     EXPECT_FALSE(page().table()->show({0, 9'001})->isOn());

@@ -13,9 +13,9 @@ namespace {
 using platform::PSSpecifier;
 
 /// A bundle that holds lock.png, lock.jpg, a.b.png and inner/deep.png.
-class Icons : public DeviceRootFixture {
+class RowIcon : public DeviceRootFixture {
 protected:
-    Icons() {
+    RowIcon() {
         writeFile("/Icons.bundle/Info.plist",
                   platform::dataWithPropertyList(platform::Dictionary{{"CFBundleName", "Icons"}}));
         for (const char* name : {"lock.png", "lock.jpg", "a.b.png", "inner/deep.png"})
@@ -35,46 +35,46 @@ protected:
         "Row", nullptr, {}, {}, nullptr, platform::PSCellType::Button, nullptr);
 };
 
-TEST_F(Icons, WithoutAnExtensionArePng) {
+TEST_F(RowIcon, IsPngWithoutAnExtension) {
     EXPECT_EQ(iconNamed("lock"), "lock.png");
 }
 
-TEST_F(Icons, WithAnExtensionAreThatFile) {
+TEST_F(RowIcon, IsTheNamedFileWithAnExtension) {
     EXPECT_EQ(iconNamed("lock.jpg"), "lock.jpg");
 }
 
-TEST_F(Icons, WithAnEmptyExtensionArePng) {
+TEST_F(RowIcon, IsPngWithAnEmptyExtension) {
     EXPECT_EQ(iconNamed("lock."), "lock.png");
 }
 
-TEST_F(Icons, SplitTheirNameAtTheLastFullStop) {
+TEST_F(RowIcon, SplitsItsNameAtTheLastFullStop) {
     EXPECT_EQ(iconNamed("a.b.png"), "a.b.png");
     EXPECT_EQ(iconNamed("a.b."), "a.b.png") << "the extension is empty, not \"b.\"";
     EXPECT_EQ(iconNamed("a.b"), "") << "the extension is \"b\"";
 }
 
-TEST_F(Icons, MayLieInAFolder) {
+TEST_F(RowIcon, MayBeInAFolder) {
     EXPECT_EQ(iconNamed("inner/deep"), "inner/deep.png");
 }
 
-TEST_F(Icons, ThatAreNotThereLeaveTheRowWithoutOne) {
+TEST_F(RowIcon, IsAbsentWhenItsFileIsMissing) {
     EXPECT_EQ(iconNamed("lock"), "lock.png");
     EXPECT_EQ(iconNamed("missing"), "");
     EXPECT_TRUE(std::holds_alternative<std::monostate>(row->propertyForKey("iconImage")));
 }
 
-TEST_F(Icons, OfNoNameLeaveTheRowWithoutOne) {
+TEST_F(RowIcon, IsAbsentWithoutAName) {
     EXPECT_EQ(iconNamed(""), "");
 }
 
-TEST_F(Icons, OfATargetThatIsGoneLeaveTheRowWithoutOne) {
+TEST_F(RowIcon, IsAbsentWhenItsTargetIsGone) {
     EXPECT_EQ(iconNamed("lock"), "lock.png");
     const auto helper = PreferenceHelper::initWithTarget(nullptr, {}, {});
     EXPECT_EQ(helper->withIcon(row, "lock"), row);
     EXPECT_EQ(row->imageForKey("iconImage"), nullptr);
 }
 
-TEST_F(Icons, AreAddedFromTheHelpersBundleAndTakenWithTheTargetsBundle) {
+TEST_F(RowIcon, IsAddedFromTheHelpersBundleAndTakenFromTheTargetsBundle) {
     // A view's class lies in the platform's library, the helper's in this program.
     const auto target = std::make_shared<platform::UIView>(platform::CGRectZero);
     const std::string own = platform::NSBundle::bundleForClass(typeid(PreferenceHelper))->bundlePath();
@@ -95,7 +95,7 @@ TEST_F(Icons, AreAddedFromTheHelpersBundleAndTakenWithTheTargetsBundle) {
     EXPECT_EQ(taken->path(), theirs + "/lock.png");
 }
 
-TEST_F(Icons, AreAddedToTheVeryRow) {
+TEST_F(RowIcon, IsAddedToTheRowItself) {
     EXPECT_EQ(iconNamed("lock"), "lock.png");
     EXPECT_EQ(addIcon(row, "missing"), row);
     EXPECT_EQ(row->imageForKey("iconImage"), nullptr);

@@ -34,7 +34,7 @@ constexpr auto readOther = PSSpecifier::GetAction::of<&Page::readOther>("readOth
 constexpr auto act = PSSpecifier::ButtonAction::of<&Page::act>("act");
 const platform::Class pageClass("Page", nullptr);
 
-class Factory : public testing::Test {
+class SpecifierFactory : public testing::Test {
 protected:
     /// What every row of the factory has in common.
     void expectRow(const PSSpecifier& row, const std::string& name, PSCellType cell) const {
@@ -57,7 +57,7 @@ protected:
     std::shared_ptr<PreferenceHelper> helper = PreferenceHelper::initWithTarget(page, store, read);
 };
 
-TEST(PreferenceHelperOfABundle, IsItsOwnTargetWithItsOwnAccessors) {
+TEST(BundlePreferenceHelper, IsItsOwnTargetWithItsOwnAccessors) {
     const auto helper = PreferenceHelper::initWithBundleIdentifier("com.tavix.wardlock", "update");
     EXPECT_EQ(helper->target(), helper);
     EXPECT_EQ(helper->setAction().name(), "setValue:specifier:");
@@ -69,26 +69,26 @@ TEST(PreferenceHelperOfABundle, IsItsOwnTargetWithItsOwnAccessors) {
     EXPECT_EQ(helper->post(), "update");
 }
 
-TEST(PreferenceHelperOfABundle, InstallsTheExceptionReport) {
+TEST(BundlePreferenceHelper, InstallsTheExceptionReport) {
     ASSERT_EQ(NSGetUncaughtExceptionHandler(), nullptr);
     PreferenceHelper::initWithBundleIdentifier("com.tavix.wardlock", "update");
     EXPECT_EQ(NSGetUncaughtExceptionHandler(), &TweakExceptionHandler);
 }
 
-TEST(PreferenceHelperOfABundle, InstallsTheExceptionReportEachTime) {
+TEST(BundlePreferenceHelper, InstallsTheExceptionReportEachTime) {
     PreferenceHelper::initWithBundleIdentifier("com.tavix.wardlock", "update");
     platform::NSSetUncaughtExceptionHandler(nullptr);
     PreferenceHelper::initWithBundleIdentifier("com.tavix.wardlock", "update");
     EXPECT_EQ(NSGetUncaughtExceptionHandler(), &TweakExceptionHandler);
 }
 
-TEST(PreferenceHelperOfABundle, IsNotKeptAliveByItself) {
+TEST(BundlePreferenceHelper, IsNotKeptAliveByItself) {
     const std::weak_ptr<PreferenceHelper> helper =
         PreferenceHelper::initWithBundleIdentifier("com.tavix.wardlock", "update");
     EXPECT_TRUE(helper.expired());
 }
 
-TEST_F(Factory, OfATargetHasNoIdentifierNoPostAndNoExceptionReport) {
+TEST_F(SpecifierFactory, HasNoIdentifierNoPostAndNoExceptionReportForATarget) {
     EXPECT_EQ(helper->target(), page);
     EXPECT_EQ(helper->setAction(), store);
     EXPECT_EQ(helper->getAction(), read);
@@ -97,14 +97,14 @@ TEST_F(Factory, OfATargetHasNoIdentifierNoPostAndNoExceptionReport) {
     EXPECT_EQ(NSGetUncaughtExceptionHandler(), nullptr);
 }
 
-TEST_F(Factory, DoesNotRetainItsTarget) {
+TEST_F(SpecifierFactory, DoesNotRetainItsTarget) {
     const std::weak_ptr<Page> gone = page;
     page.reset();
     EXPECT_TRUE(gone.expired());
     EXPECT_EQ(helper->target(), nullptr);
 }
 
-TEST_F(Factory, RowsOfATargetThatIsGoneReadNoneAndDropWhatTheyAreTold) {
+TEST_F(SpecifierFactory, MakesRowsThatReadAndStoreNothingOnceTheTargetIsGone) {
     const auto toggle = helper->toggle("Siri", "kRestrictSiri");
     const auto button = helper->button("Delete", act);
     page.reset();
@@ -114,7 +114,7 @@ TEST_F(Factory, RowsOfATargetThatIsGoneReadNoneAndDropWhatTheyAreTold) {
     EXPECT_FALSE(toggle->performGetter());
 }
 
-TEST_F(Factory, HasPlainAccessors) {
+TEST_F(SpecifierFactory, HasPlainAccessors) {
     const auto other = std::make_shared<Page>();
     helper->setTarget(other);
     helper->setSetAction(storeOther);
@@ -128,7 +128,7 @@ TEST_F(Factory, HasPlainAccessors) {
     EXPECT_EQ(helper->post(), "changed");
 }
 
-TEST_F(Factory, ChangesOfTheHelperAffectOnlyRowsMadeAfterwards) {
+TEST_F(SpecifierFactory, AppliesItsChangesOnlyToLaterRows) {
     const auto before = helper->toggle("Siri", "kRestrictSiri");
     const auto other = std::make_shared<Page>();
     helper->setTarget(other);
@@ -141,7 +141,7 @@ TEST_F(Factory, ChangesOfTheHelperAffectOnlyRowsMadeAfterwards) {
     EXPECT_EQ(after->getAction(), readOther);
 }
 
-TEST_F(Factory, ButtonSendsItsActionToTheGivenTarget) {
+TEST_F(SpecifierFactory, MakesAButtonThatSendsItsActionToTheGivenTarget) {
     const auto other = std::make_shared<Page>();
     const auto row = helper->button("Delete Account", other, act);
     expectRow(*row, "Delete Account", PSCellType::Button);
@@ -155,7 +155,7 @@ TEST_F(Factory, ButtonSendsItsActionToTheGivenTarget) {
     EXPECT_EQ(page->acted, 0);
 }
 
-TEST_F(Factory, ButtonWithoutATargetSendsItsActionToTheHelpersTarget) {
+TEST_F(SpecifierFactory, MakesAButtonThatSendsItsActionToTheHelpersTarget) {
     const auto row = helper->button("Delete Account", act);
     expectRow(*row, "Delete Account", PSCellType::Button);
     expectUnbound(*row);
@@ -163,7 +163,7 @@ TEST_F(Factory, ButtonWithoutATargetSendsItsActionToTheHelpersTarget) {
     EXPECT_EQ(page->acted, 1);
 }
 
-TEST_F(Factory, LinkLeadsToTheGivenClass) {
+TEST_F(SpecifierFactory, MakesALinkToTheGivenClass) {
     const auto row = helper->link("Apps", &pageClass);
     expectRow(*row, "Apps", PSCellType::Link);
     expectUnbound(*row);
@@ -171,7 +171,7 @@ TEST_F(Factory, LinkLeadsToTheGivenClass) {
     EXPECT_EQ(row->identifier(), "");
 }
 
-TEST_F(Factory, LinkListOffersTheTitlesAlsoAsShortTitles) {
+TEST_F(SpecifierFactory, MakesALinkListWithItsTitlesAsShortTitles) {
     const auto row = helper->link("Position", "position", {"Top", "Bottom"}, {Value(1), Value(2)});
     expectRow(*row, "Position", PSCellType::LinkList);
     expectBound(*row);
@@ -182,7 +182,7 @@ TEST_F(Factory, LinkListOffersTheTitlesAlsoAsShortTitles) {
     EXPECT_EQ(row->shortTitles(), row->titles());
 }
 
-TEST_F(Factory, ToggleKeepsItsKeyInTheIdProperty) {
+TEST_F(SpecifierFactory, MakesAToggleWithItsKeyInTheIdProperty) {
     const auto row = helper->toggle("Siri", "kRestrictSiri");
     expectRow(*row, "Siri", PSCellType::Switch);
     expectBound(*row);
@@ -192,7 +192,7 @@ TEST_F(Factory, ToggleKeepsItsKeyInTheIdProperty) {
     EXPECT_EQ(row->identifier(), "kRestrictSiri");
 }
 
-TEST_F(Factory, ToggleTakesAccessorsOfItsOwn) {
+TEST_F(SpecifierFactory, MakesAToggleWithItsOwnAccessors) {
     const auto row = helper->toggle("Siri", "kRestrictSiri", storeOther, readOther);
     expectRow(*row, "Siri", PSCellType::Switch);
     EXPECT_EQ(row->target(), page);
@@ -206,7 +206,7 @@ TEST_F(Factory, ToggleTakesAccessorsOfItsOwn) {
     EXPECT_EQ(row->performGetter(), Value("other"));
 }
 
-TEST_F(Factory, HeaderIsAGroupOfThatName) {
+TEST_F(SpecifierFactory, MakesAHeaderAsAGroupOfThatName) {
     const auto row = helper->header("System");
     expectRow(*row, "System", PSCellType::Group);
     expectUnbound(*row);
@@ -214,7 +214,7 @@ TEST_F(Factory, HeaderIsAGroupOfThatName) {
     EXPECT_EQ(row->valueForKey("footerText"), nullptr);
 }
 
-TEST_F(Factory, HeaderWithFooterIsAGroupOfThatNameAndFooterText) {
+TEST_F(SpecifierFactory, MakesAHeaderWithFooterAsAGroupOfThatNameAndFooterText) {
     const auto row = helper->header("Media", "Restart them.");
     expectRow(*row, "Media", PSCellType::Group);
     expectUnbound(*row);
@@ -222,7 +222,7 @@ TEST_F(Factory, HeaderWithFooterIsAGroupOfThatNameAndFooterText) {
     EXPECT_EQ(*row->valueForKey("footerText"), Value("Restart them."));
 }
 
-TEST_F(Factory, FooterIsAGroupOfTheEmptyNameWithFooterText) {
+TEST_F(SpecifierFactory, MakesAFooterAsAGroupOfTheEmptyNameWithFooterText) {
     const auto row = helper->footer("Restart them.");
     expectRow(*row, "", PSCellType::Group);
     expectUnbound(*row);
@@ -230,7 +230,7 @@ TEST_F(Factory, FooterIsAGroupOfTheEmptyNameWithFooterText) {
     EXPECT_EQ(*row->valueForKey("footerText"), Value("Restart them."));
 }
 
-TEST_F(Factory, SpacerIsAGroupOfTheEmptyNameWithoutFooterText) {
+TEST_F(SpecifierFactory, MakesASpacerAsAGroupOfTheEmptyNameWithoutFooterText) {
     const auto row = helper->spacer();
     expectRow(*row, "", PSCellType::Group);
     expectUnbound(*row);
@@ -238,7 +238,7 @@ TEST_F(Factory, SpacerIsAGroupOfTheEmptyNameWithoutFooterText) {
     EXPECT_TRUE(std::holds_alternative<std::monostate>(row->propertyForKey("footerText")));
 }
 
-TEST_F(Factory, StaticTextTargetsTheHelperItself) {
+TEST_F(SpecifierFactory, MakesStaticTextThatTargetsTheHelperItself) {
     const auto row = helper->staticText("Version 1");
     expectRow(*row, "Version 1", PSCellType::StaticText);
     EXPECT_EQ(row->target(), helper);
@@ -247,7 +247,7 @@ TEST_F(Factory, StaticTextTargetsTheHelperItself) {
     EXPECT_EQ(row->detailControllerClass(), nullptr);
 }
 
-TEST_F(Factory, SliderHasNoLabelAndShowsItsValue) {
+TEST_F(SpecifierFactory, MakesASliderWithoutALabelThatShowsItsValue) {
     const auto row = helper->slider("opacity", 0.5f, 2.0f);
     expectRow(*row, "", PSCellType::Slider);
     expectBound(*row);
@@ -263,7 +263,7 @@ TEST_F(Factory, SliderHasNoLabelAndShowsItsValue) {
     EXPECT_EQ(*row->valueForKey("showValue"), Value(true));
 }
 
-TEST_F(Factory, SliderShowsItsValueOnlyWhereAskedTo) {
+TEST_F(SpecifierFactory, MakesASliderThatShowsItsValueOnRequest) {
     const auto hidden = helper->slider("opacity", 0, 1, false);
     expectRow(*hidden, "", PSCellType::Slider);
     expectBound(*hidden);
@@ -273,7 +273,7 @@ TEST_F(Factory, SliderShowsItsValueOnlyWhereAskedTo) {
     EXPECT_EQ(*helper->slider("opacity", 0, 1, true)->valueForKey("showValue"), Value(true));
 }
 
-TEST_F(Factory, FieldHasAPlaceholderAndNoLabel) {
+TEST_F(SpecifierFactory, MakesAFieldWithAPlaceholderAndNoLabel) {
     const auto row = helper->field("Account Name", "kAccountName");
     expectRow(*row, "", PSCellType::EditText);
     expectBound(*row);
@@ -283,7 +283,7 @@ TEST_F(Factory, FieldHasAPlaceholderAndNoLabel) {
     EXPECT_EQ(row->keyboardType(), platform::UIKeyboardType::Default);
 }
 
-TEST_F(Factory, FieldIsSecureOnlyWhereAskedTo) {
+TEST_F(SpecifierFactory, MakesASecureFieldOnRequest) {
     const auto secure = helper->field("Secret", "secret", true);
     expectRow(*secure, "", PSCellType::SecureEditText);
     expectBound(*secure);
@@ -292,7 +292,7 @@ TEST_F(Factory, FieldIsSecureOnlyWhereAskedTo) {
     EXPECT_EQ(helper->field("Secret", "secret", false)->cellType(), PSCellType::EditText);
 }
 
-TEST_F(Factory, NumberFieldForcesTheNumberPadSecureOrNot) {
+TEST_F(SpecifierFactory, MakesANumberFieldThatForcesTheNumberPadSecureOrNot) {
     for (const bool secure : {false, true}) {
         const auto row = helper->numberField("Digits", "digits", secure);
         expectRow(*row, "", secure ? PSCellType::SecureEditText : PSCellType::EditText);
@@ -305,7 +305,7 @@ TEST_F(Factory, NumberFieldForcesTheNumberPadSecureOrNot) {
     }
 }
 
-TEST_F(Factory, PassesEmptyTitlesIdentifiersAndClassesOn) {
+TEST_F(SpecifierFactory, ForwardsEmptyTitlesIdentifiersAndClasses) {
     expectRow(*helper->link("", nullptr), "", PSCellType::Link);
     EXPECT_EQ(helper->link("", nullptr)->detailControllerClass(), nullptr);
     EXPECT_EQ(helper->toggle("", "")->identifier(), "");
@@ -313,7 +313,7 @@ TEST_F(Factory, PassesEmptyTitlesIdentifiersAndClassesOn) {
     EXPECT_TRUE(helper->link("", "", {}, {})->values().empty());
 }
 
-TEST(CellTypes, AreTheFrameworksNumbers) {
+TEST(CellType, HasTheFrameworksNumber) {
     EXPECT_EQ(static_cast<int>(PSCellType::Group), 0);
     EXPECT_EQ(static_cast<int>(PSCellType::Link), 1);
     EXPECT_EQ(static_cast<int>(PSCellType::LinkList), 2);

@@ -23,7 +23,7 @@ TEST_F(ValueBinding, ReadsTheRowsKeyOfTheDocument) {
     EXPECT_EQ(row->performGetter(), Value(true));
 }
 
-TEST_F(ValueBinding, ReadsTheDocumentAnewEachTime) {
+TEST_F(ValueBinding, ReadsTheDocumentAgainEachTime) {
     writeDocument({{"kEnabled", true}});
     EXPECT_EQ(row->performGetter(), Value(true));
     writeDocument({{"kEnabled", false}});
@@ -48,7 +48,7 @@ TEST_F(ValueBinding, ReadsTheRowsDefaultWhereTheKeyIsMissing) {
     EXPECT_EQ(row->performGetter(), Value(true));
 }
 
-TEST_F(ValueBinding, ReadsNoneWhereThereIsNoDefaultEither) {
+TEST_F(ValueBinding, ReadsNothingWithoutADefault) {
     EXPECT_FALSE(row->performGetter());
 }
 
@@ -70,7 +70,7 @@ TEST_F(ValueBinding, ReadsTheDocumentOfTheHelpersIdentifier) {
     EXPECT_EQ(row->performGetter(), Value(true));
 }
 
-TEST_F(ValueBinding, CreatesADocumentThatHoldsOnlyTheKey) {
+TEST_F(ValueBinding, CreatesADocumentWithOnlyTheKey) {
     store(Value(false));
     EXPECT_EQ(document(), Dictionary({{"kEnabled", false}}));
     expectOneChange("kEnabled", Value(false));
@@ -113,14 +113,14 @@ TEST_F(ValueBinding, AnnouncesUnderTheHelpersNames) {
     EXPECT_EQ(changes.posts[0].name, "com.example/changed");
 }
 
-TEST_F(ValueBinding, WithoutAPostNameWritesAndAnnouncesNothing) {
+TEST_F(ValueBinding, WritesWithoutAnnouncingWhenThereIsNoPostName) {
     helper->setPost("");
     store(Value(true));
     EXPECT_EQ(document(), Dictionary({{"kEnabled", true}}));
     expectNoChange();
 }
 
-TEST_F(ValueBinding, StoringNoneThrowsBeforeAnythingIsWritten) {
+TEST_F(ValueBinding, ThrowsForNilBeforeAnythingIsWritten) {
     writeDocument({{"kEnabled", true}});
     const auto before = readFile(documentPath);
     EXPECT_EQ(thrown([this] { row->performSetter(nullptr); }), "NSInvalidArgumentException");
@@ -128,20 +128,20 @@ TEST_F(ValueBinding, StoringNoneThrowsBeforeAnythingIsWritten) {
     expectNoChange();
 }
 
-TEST_F(ValueBinding, StoringNoneWithoutADocumentCreatesNone) {
+TEST_F(ValueBinding, CreatesNoDocumentForNil) {
     EXPECT_THROW(row->performSetter(nullptr), platform::NSException);
     EXPECT_FALSE(exists(documentPath));
     expectNoChange();
 }
 
-TEST_F(ValueBinding, ReplacesADocumentThatIsNoDictionaryByTheOneKey) {
+TEST_F(ValueBinding, ReplacesADocumentThatIsNotADictionaryByTheOneKey) {
     writeFile(documentPath, "<array><string>x</string></array>");
     store(Value(true));
     EXPECT_EQ(document(), Dictionary({{"kEnabled", true}}));
     expectOneChange("kEnabled", Value(true));
 }
 
-TEST_F(ValueBinding, AnnouncesAlsoWhatCouldNotBeWritten) {
+TEST_F(ValueBinding, AnnouncesEvenAFailedWrite) {
     refuseWrites();
     store(Value(true));
     ASSERT_EQ(changes.posts.size(), 1u);
@@ -149,7 +149,7 @@ TEST_F(ValueBinding, AnnouncesAlsoWhatCouldNotBeWritten) {
     EXPECT_FALSE(documentThen.at(0));
 }
 
-TEST_F(ValueBinding, BindsSlidersListsAndFieldsByTheirIdentifiersToo) {
+TEST_F(ValueBinding, BindsSlidersListsAndFieldsByTheirIdentifiers) {
     const Value half(0.5), second(2), text("Ann");
     helper->slider("opacity", 0, 1)->performSetter(&half);
     helper->link("Position", "position", {"Top", "Bottom"}, {Value(1), Value(2)})->performSetter(&second);

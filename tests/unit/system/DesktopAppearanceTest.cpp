@@ -10,7 +10,7 @@ namespace {
 
 using platform::DesktopAppearance;
 
-class DesktopAppearanceTest : public BusFixture {
+class DesktopAppearanceMonitor : public BusFixture {
 protected:
     static std::unique_ptr<Process> startPortal(const std::vector<std::string>& values) {
         auto portal = std::make_unique<Process>(programFolder() + "/test-settings-portal", values);
@@ -39,27 +39,27 @@ private:
     std::unique_ptr<platform::DesktopAppearanceMonitor> watch_;
 };
 
-TEST_F(DesktopAppearanceTest, IsWhatThePortalSaysAtFirst) {
+TEST_F(DesktopAppearanceMonitor, ReportsThePortalsFirstValue) {
     const auto portal = startPortal({"color-scheme=1", "contrast=1", "reduced-motion=1"});
     watchUntilAnswered();
     EXPECT_EQ(look(), (DesktopAppearance{true, true, true}));
     EXPECT_EQ(changes(), 1);
 }
 
-TEST_F(DesktopAppearanceTest, KnowsLightFromNoPreference) {
+TEST_F(DesktopAppearanceMonitor, DistinguishesLightFromNoPreference) {
     const auto portal = startPortal({"color-scheme=2"});
     watchUntilAnswered();
     EXPECT_EQ(look(), (DesktopAppearance{false, false, false}));
 }
 
-TEST_F(DesktopAppearanceTest, HasNoPreferenceWhereTheDesktopHasNone) {
+TEST_F(DesktopAppearanceMonitor, ReportsNoPreferenceWhenTheDesktopHasNone) {
     const auto portal = startPortal({"color-scheme=0", "contrast=0", "reduced-motion=0"});
     watchUntilAnswered();
     EXPECT_EQ(look(), DesktopAppearance());
     EXPECT_EQ(changes(), 0);
 }
 
-TEST_F(DesktopAppearanceTest, TakesOtherKindsAndNumbersForNoPreference) {
+TEST_F(DesktopAppearanceMonitor, TreatsOtherKindsAndNumbersAsNoPreference) {
     const auto portal = startPortal({"accent-color=red", "color-scheme=dark", "contrast=7"});
     watchUntilAnswered();
     EXPECT_EQ(look(), DesktopAppearance());
@@ -69,7 +69,7 @@ TEST_F(DesktopAppearanceTest, TakesOtherKindsAndNumbersForNoPreference) {
     EXPECT_TRUE(becomes({std::nullopt, false, true}));
 }
 
-TEST_F(DesktopAppearanceTest, FollowsEachChange) {
+TEST_F(DesktopAppearanceMonitor, FollowsEachChange) {
     const auto portal = startPortal({"color-scheme=2"});
     watchUntilAnswered();
     tell("color-scheme=1");
@@ -81,7 +81,7 @@ TEST_F(DesktopAppearanceTest, FollowsEachChange) {
     EXPECT_EQ(changes(), 4);
 }
 
-TEST_F(DesktopAppearanceTest, IsAskedForAnewWhenAnotherPortalComes) {
+TEST_F(DesktopAppearanceMonitor, AsksAgainWhenAnotherPortalAppears) {
     auto portal = startPortal({"color-scheme=1", "contrast=1"});
     watchUntilAnswered();
     portal.reset();
@@ -89,27 +89,27 @@ TEST_F(DesktopAppearanceTest, IsAskedForAnewWhenAnotherPortalComes) {
     EXPECT_TRUE(becomes({false, false, false}));
 }
 
-TEST_F(DesktopAppearanceTest, IsFoundWhenThePortalComesLater) {
+TEST_F(DesktopAppearanceMonitor, FindsAPortalThatAppearsLater) {
     watchUntilAnswered();
     EXPECT_EQ(look(), DesktopAppearance());
     const auto portal = startPortal({"color-scheme=1"});
     EXPECT_TRUE(becomes({true, false, false}));
 }
 
-TEST_F(DesktopAppearanceTest, IsNoPreferenceWithoutABus) {
+TEST_F(DesktopAppearanceMonitor, ReportsNoPreferenceWithoutABus) {
     bus.kill();
     watchUntilAnswered();
     EXPECT_EQ(look(), DesktopAppearance());
     EXPECT_EQ(changes(), 0);
 }
 
-TEST_F(DesktopAppearanceTest, StartsNoBusToAskOn) {
+TEST_F(DesktopAppearanceMonitor, StartsNoBus) {
     environment.unset("DBUS_SESSION_BUS_ADDRESS");
     watchUntilAnswered();
     EXPECT_EQ(runProcess("/bin/ls", {folder() / "run"}).output, "");
 }
 
-TEST_F(DesktopAppearanceTest, StaysWhenTheBusIsLost) {
+TEST_F(DesktopAppearanceMonitor, KeepsItsValueWhenTheBusIsLost) {
     const auto portal = startPortal({"color-scheme=1"});
     watchUntilAnswered();
     bus.kill();
@@ -118,7 +118,7 @@ TEST_F(DesktopAppearanceTest, StaysWhenTheBusIsLost) {
     EXPECT_EQ(look(), (DesktopAppearance{true, false, false}));
 }
 
-TEST_F(DesktopAppearanceTest, IsNotWaitedForWhenTheBusStandsStill) {
+TEST_F(DesktopAppearanceMonitor, DoesNotWaitForAStoppedBus) {
     const auto portal = startPortal({"color-scheme=1"});
     bus.stop();
     watch();

@@ -8,7 +8,7 @@
 using namespace platform;
 using namespace platform::system;
 
-TEST(LinuxDeviceInformation, IsAPhoneInPortraitUntilAHostSaysOtherwise) {
+TEST(LinuxDeviceInformation, IsAPhoneInPortraitUntilAHostChangesIt) {
     LinuxDeviceInformation device;
     EXPECT_EQ(device.userInterfaceIdiom(), 0);
     EXPECT_EQ(device.screenBounds(), (CGRect{{0, 0}, {390, 844}}));
@@ -30,7 +30,7 @@ TEST(LinuxDeviceInformation, NamesTheMachineAsUnameDoes) {
     EXPECT_EQ(device.machine(), names.machine);
 }
 
-TEST(LinuxDeviceInformation, KnowsAVersionOfTheSystem) {
+TEST(LinuxDeviceInformation, ReturnsAVersionOfTheSystem) {
     LinuxDeviceInformation device;
     EXPECT_FALSE(device.systemVersion().empty());
 }
@@ -41,13 +41,13 @@ TEST(ReleaseVersion, IsTheUnquotedVersionId) {
     EXPECT_EQ(versionInRelease("VERSION_ID=39\n"), "39");
 }
 
-TEST(ReleaseVersion, IsEmptyWhereTheSystemNamesNone) {
+TEST(ReleaseVersion, IsEmptyWhenTheSystemNamesNoVersion) {
     EXPECT_EQ(versionInRelease(""), "");
     EXPECT_EQ(versionInRelease("NAME=x\nNOT_VERSION_ID=3\n"), "");
     EXPECT_EQ(versionInRelease("VERSION_ID=\n"), "");
 }
 
-TEST(DeviceInformation, TakesTheHostsWordOnScreenAndIdiom) {
+TEST(DeviceInformation, UsesTheHostsScreenAndIdiom) {
     DeviceInformation::setScreenSize({1024, 768});
     DeviceInformation::setUserInterfaceIdiom(UIUserInterfaceIdiomPad);
     DeviceInformation& device = DeviceInformation::current();
@@ -56,7 +56,7 @@ TEST(DeviceInformation, TakesTheHostsWordOnScreenAndIdiom) {
     EXPECT_EQ(device.userInterfaceIdiom(), UIUserInterfaceIdiomPad);
 }
 
-TEST(DeviceInformation, GivesWayToAnotherAndComesBack) {
+TEST(DeviceInformation, YieldsToAnotherAndReturns) {
     LinuxDeviceInformation other;
     other.becomeScreenSize({1, 2});
     DeviceInformation::setCurrent(&other);

@@ -42,7 +42,7 @@ TEST_F(LocalizedOrder, FallsBackWhereTheLanguageIsNotInstalled) {
     EXPECT_LT(key("mail"), key("Notes"));
 }
 
-TEST_F(LocalizedOrder, TakesAnyBytes) {
+TEST_F(LocalizedOrder, AcceptsAnyBytes) {
     speak("C.UTF-8");
     EXPECT_NE(key("a\xff"), key("a\xfe"));
     EXPECT_EQ(key("\xc3"), key("\xc3"));

@@ -8,39 +8,39 @@
 
 using namespace platform;
 
-TEST(Description, OfAStringIsTheStringItself) {
+TEST(Description, ReturnsAStringItself) {
     EXPECT_EQ(description(Value("it's \"here\"\n")), "it's \"here\"\n");
 }
 
-TEST(Description, OfBooleansIsOneOrZero) {
+TEST(Description, WritesBooleansAsOneOrZero) {
     EXPECT_EQ(description(Value(true)), "1");
     EXPECT_EQ(description(Value(false)), "0");
 }
 
-TEST(Description, OfNumbersIsTheirShortestText) {
+TEST(Description, WritesNumbersAsTheirShortestText) {
     EXPECT_EQ(description(Value(-3)), "-3");
     EXPECT_EQ(description(Value(std::numeric_limits<std::uint64_t>::max())), "18446744073709551615");
     EXPECT_EQ(description(Value(0.1)), "0.1");
     EXPECT_EQ(description(Value(3.0)), "3");
 }
 
-TEST(Description, OfDataIsHexadecimalInGroupsOfFour) {
+TEST(Description, WritesDataAsHexadecimalInGroupsOfFour) {
     EXPECT_EQ(description(Value::data(std::string_view("\x01\xab\x00\xff\x10", 5))), "<01ab00ff 10>");
     EXPECT_EQ(description(Value::data("")), "<>");
 }
 
-TEST(Description, OfDatesIsInUtc) {
+TEST(Description, WritesDatesInUtc) {
     EXPECT_EQ(description(Value::date(0)), "2001-01-01 00:00:00 +0000");
     EXPECT_EQ(description(Value::date(-1)), "2000-12-31 23:59:59 +0000");
     EXPECT_EQ(description(Value::date(60.9)), "2001-01-01 00:01:00 +0000");
 }
 
-TEST(Description, OfADateBeyondTheCalendarIsItsNumber) {
+TEST(Description, WritesADateBeyondTheCalendarAsItsNumber) {
     EXPECT_EQ(description(Value::date(1e300)), "1e+300");
     EXPECT_EQ(description(Value::date(std::numeric_limits<double>::infinity())), "inf");
 }
 
-TEST(Description, OfEmptyCollectionsHasNoElements) {
+TEST(Description, WritesEmptyCollectionsWithoutElements) {
     EXPECT_EQ(description(Value(Array())), "(\n)");
     EXPECT_EQ(description(Value(Dictionary())), "{\n}");
 }
@@ -84,7 +84,7 @@ TEST(Description, CutsDeepCollectionsShort) {
     EXPECT_EQ(text.find("bottom"), std::string::npos);
 }
 
-TEST(Description, CutsCollectionsShortThatNameMoreThanMemoryHolds) {
+TEST(Description, CutsCollectionsShortWhoseElementsExceedMemory) {
     Value value("bottom");
     for (int i = 0; i < 40; ++i)
         value = Value(Array{value, value, value, value});

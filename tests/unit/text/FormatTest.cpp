@@ -59,7 +59,7 @@ TEST(Format, PrintsUnsignedIntegers) {
     EXPECT_EQ(stringWithFormat("%llu", std::numeric_limits<std::uint64_t>::max()), "18446744073709551615");
 }
 
-TEST(Format, PrintsANegativeNumberUnsignedInTheWidthItWasPassedWith) {
+TEST(Format, PrintsANegativeNumberUnsignedInThePassedWidth) {
     EXPECT_EQ(stringWithFormat("%u", -1), "4294967295");
     EXPECT_EQ(stringWithFormat("%x", static_cast<short>(-1)), "ffffffff");
     EXPECT_EQ(stringWithFormat("%llx", -1LL), "ffffffffffffffff");
@@ -115,7 +115,7 @@ TEST(Format, PrintsRealsInAllForms) {
     EXPECT_EQ(stringWithFormat("%08.2f", -3.14159), "-0003.14");
 }
 
-TEST(Format, PrintsWhatIsNoFiniteNumber) {
+TEST(Format, PrintsInfinitiesAndNan) {
     const double infinity = std::numeric_limits<double>::infinity();
     EXPECT_EQ(stringWithFormat("%f %F %f", infinity, -infinity, std::nan("")), "inf -INF nan");
     EXPECT_EQ(stringWithFormat("[%05f]", infinity), "[  inf]");
@@ -151,7 +151,7 @@ TEST(Format, PrintsAddresses) {
     EXPECT_EQ(stringWithFormat("%p", static_cast<void*>(nullptr)), "0x0");
 }
 
-TEST(Format, PrintsWhatAPointerToAnObjectPointsTo) {
+TEST(Format, PrintsTheObjectBehindAPointer) {
     const std::string text = "text";
     const Array array{1};
     const Dictionary dictionary{{"a", 2}};
@@ -175,7 +175,7 @@ TEST(Format, TakesPointersToMutableCollections) {
               "(null) (null)");
 }
 
-TEST(Format, PrintsWhatAnOptionalHolds) {
+TEST(Format, PrintsTheValueOfAnOptional) {
     EXPECT_EQ(stringWithFormat("%@ %@ %@ %d", std::optional<Value>("a"), std::optional<std::string>("b"),
                                std::optional<MutableDictionary>(MutableDictionary()), std::optional<int>(-3)),
               "a b {\n} -3");
@@ -199,7 +199,7 @@ TEST(Format, PrintsAPercentSign) {
     EXPECT_EQ(stringWithFormat("100%%"), "100%");
 }
 
-TEST(Format, KeepsWhatIsNoConversion) {
+TEST(Format, KeepsTextThatIsNotAConversion) {
     EXPECT_EQ(stringWithFormat("50%"), "50%");
     EXPECT_EQ(stringWithFormat("%y %@", "a"), "%y a");
     EXPECT_EQ(stringWithFormat("%5"), "%5");

@@ -31,7 +31,7 @@ TEST(NameCollator, PutsMissingNamesAfterAllOthersEvenEmptyOnes) {
               (Names{"", "b", "\xff", std::nullopt, std::nullopt}));
 }
 
-TEST(NameCollator, KeepsEqualNamesInTheOrderTheyCameIn) {
+TEST(NameCollator, KeepsTheOrderOfEqualNames) {
     EXPECT_EQ(sorted({"note", "NOTE", "Note", "nOTE"}), (Names{"note", "NOTE", "Note", "nOTE"}));
 }
 
@@ -40,14 +40,14 @@ TEST(NameCollator, LooksBeyondTheFirstBytesOfAName) {
               (Names{"wardlock", "WARDLOCK 02", "Wardlock 1", "Wardlock 10"}));
 }
 
-TEST(NameCollator, TellsNamesApartThatDifferInANullCharacter) {
+TEST(NameCollator, DistinguishesNamesThatDifferInANullCharacter) {
     const std::string longer("a\0b", 3);
     EXPECT_EQ(sorted({longer, "a"}), (Names{"a", longer}));
     EXPECT_EQ(sorted({longer, "a"}, NameCollator::Comparison::LocalizedCaseInsensitive),
               (Names{"a", longer}));
 }
 
-TEST(NameCollator, LocalizedIgnoresCaseToo) {
+TEST(NameCollator, IgnoresCaseInTheLocalizedOrder) {
     EXPECT_EQ(sorted({"Zoo", "banana", std::nullopt, "Cherry", "apple", "APPLE"},
                      NameCollator::Comparison::LocalizedCaseInsensitive),
               (Names{"apple", "APPLE", "banana", "Cherry", "Zoo", std::nullopt}));

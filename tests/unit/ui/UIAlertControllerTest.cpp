@@ -23,7 +23,7 @@ protected:
         UIAlertController::alertControllerWithTitle("Title", "Message", UIAlertControllerStyle::Alert);
 };
 
-TEST_F(Alert, IsTakenDownBeforeTheHandlerRuns) {
+TEST_F(Alert, IsDismissedBeforeTheHandlerRuns) {
     bool presented = true;
     const auto action =
         add("OK", [&](UIAlertAction&) { presented = page->presentedViewController() != nullptr; });
@@ -32,7 +32,7 @@ TEST_F(Alert, IsTakenDownBeforeTheHandlerRuns) {
     EXPECT_FALSE(presented);
 }
 
-TEST_F(Alert, TakesNoOthersPlace) {
+TEST_F(Alert, DoesNotReplaceAnotherAlert) {
     const auto other =
         UIAlertController::alertControllerWithTitle("Other", "", UIAlertControllerStyle::Alert);
     page->presentViewController(alert, true);
@@ -63,7 +63,7 @@ TEST_F(Alert, RunsAHandlerOnce) {
     EXPECT_EQ(calls, 1);
 }
 
-TEST_F(Alert, LetsGoOfWhatItsHandlersKeptAlive) {
+TEST_F(Alert, ReleasesWhatItsHandlersKeptAlive) {
     auto kept = std::make_shared<int>(1);
     const std::weak_ptr<int> watched = kept;
     const auto cancel = add("Cancel");
@@ -74,7 +74,7 @@ TEST_F(Alert, LetsGoOfWhatItsHandlersKeptAlive) {
     EXPECT_TRUE(watched.expired());
 }
 
-TEST_F(Alert, LetsGoOfItsHandlersWhenItsPageTakesItDown) {
+TEST_F(Alert, ReleasesItsHandlersWhenItsPageDismissesIt) {
     auto kept = std::make_shared<int>(1);
     const std::weak_ptr<int> watched = kept;
     add("OK", [kept](UIAlertAction&) {});
@@ -96,7 +96,7 @@ public:
     std::vector<std::shared_ptr<Object>> objects;
 };
 
-TEST(UITextField, PostsTheChangeWithItselfAsObjectWhenAPersonTypes) {
+TEST(UITextField, PostsTheChangeWithItselfAsObjectWhenTheUserTypes) {
     const auto field = std::make_shared<UITextField>();
     const auto listener = std::make_shared<Listener>();
     NSNotificationCenter::defaultCenter().addObserver(

@@ -45,7 +45,7 @@ TEST_F(Navigation, ShowsItsRootAtOnce) {
     EXPECT_EQ(root->navigationController(), stack);
 }
 
-TEST_F(Navigation, TellsPagesOfAPushThatTakesNoTimeInOneGo) {
+TEST_F(Navigation, NotifiesPagesOfAnImmediatePushAtOnce) {
     log.clear();
     stack->pushViewController(page("next"), true);
     EXPECT_EQ(log,
@@ -53,7 +53,7 @@ TEST_F(Navigation, TellsPagesOfAPushThatTakesNoTimeInOneGo) {
     EXPECT_FALSE(stack->isInTransition());
 }
 
-TEST_F(Navigation, TellsThatAPageHasAppearedOnlyWhenThePushHasEnded) {
+TEST_F(Navigation, ReportsThatAPageHasAppearedOnlyWhenThePushHasEnded) {
     stack->setTransitionSeconds(0.35);
     log.clear();
     stack->pushViewController(page("next"), true);
@@ -94,14 +94,14 @@ TEST_F(Navigation, EndsARunningTransitionBeforeTheNextOne) {
     EXPECT_EQ(log.size(), 6U);
 }
 
-TEST_F(Navigation, TakesAPoppedPageOffTheStack) {
+TEST_F(Navigation, RemovesAPoppedPageFromTheStack) {
     const auto next = page("next");
     stack->pushViewController(next, true);
     EXPECT_EQ(stack->popViewControllerAnimated(true), next);
     EXPECT_EQ(next->navigationController(), nullptr);
 }
 
-TEST_F(Navigation, PopsAllPagesAboveOneAtOnceAndTellsOnlyTheFirstAndTheLast) {
+TEST_F(Navigation, PopsAllPagesAboveOneAtOnceAndNotifiesOnlyTheFirstAndTheLast) {
     const auto below = page("below");
     const auto between = page("between");
     const auto top = page("top");

@@ -22,7 +22,7 @@ public:
     int made = 0;
 };
 
-TEST(UITableView, ReusesACellThatWasGivenBack) {
+TEST(UITableView, ReusesAReturnedCell) {
     const auto table = std::make_shared<UITableView>(CGRectZero, UITableViewStyle::Grouped);
     const auto source = std::make_shared<Source>();
     table->setDataSource(source);
@@ -52,7 +52,7 @@ public:
     std::vector<bool> states;
 };
 
-TEST(UISwitch, TellsItsTargetAfterATapAndNotWhenItIsSet) {
+TEST(UISwitch, NotifiesItsTargetAfterATapAndNotWhenItIsSet) {
     const auto control = std::make_shared<UISwitch>(CGRectZero);
     const auto target = std::make_shared<Target>();
     control->addTarget(target, UIControl::Action::of<&Target::changed>("changed"),

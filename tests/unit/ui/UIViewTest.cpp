@@ -8,7 +8,7 @@
 namespace platform {
 namespace {
 
-TEST(UIView, PutsASubviewOnTopAndKnowsItsSuperview) {
+TEST(UIView, AddsASubviewOnTopAndSetsItsSuperview) {
     const auto parent = std::make_shared<UIView>();
     const auto below = std::make_shared<UIView>();
     const auto above = std::make_shared<UIView>();
@@ -83,7 +83,7 @@ TEST(UIView, ShowsExactlyTheNewAlphaOnceAFadeHasEnded) {
         }
 }
 
-TEST(UIView, TurnsAFadeAroundFromWhereItStands) {
+TEST(UIView, ReversesAFadeFromItsCurrentAlpha) {
     doubles::ManualClock clock;
     UIView view;
     UIView::animateWithDuration(0.4, [&] { view.setAlpha(0); });
@@ -113,14 +113,14 @@ TEST(UIView, CallsTheCompletionWhenTheTimeHasRunOut) {
     EXPECT_EQ(finished, std::vector{true});
 }
 
-TEST(UIView, AsksWhoeverShowsItToEndEditing) {
+TEST(UIView, AsksItsDisplayToEndEditing) {
     doubles::RecordingDisplay display;
     const auto view = std::make_shared<UIView>();
     EXPECT_TRUE(view->endEditing(true));
     EXPECT_EQ(display.endedEditing, std::vector{view.get()});
 }
 
-TEST(UIView, TellsOfItsChanges) {
+TEST(UIView, NotifiesItsDisplayOfItsChanges) {
     doubles::RecordingDisplay display;
     const auto view = std::make_shared<UIView>();
     view->setAlpha(0.5);

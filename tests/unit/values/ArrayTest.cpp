@@ -33,7 +33,7 @@ TEST(Array, ThrowsARangeExceptionBeyondItsEnd) {
     EXPECT_EQ(thrown([] { Array().at(0); }), "NSRangeException: index 0 beyond bounds for empty array");
 }
 
-TEST(Array, TellsTheSameObjectFromAnEqualOne) {
+TEST(Array, DistinguishesTheSameObjectFromAnEqualOne) {
     const Array array{1};
     const Array copy = array;
     EXPECT_TRUE(array.isSameObject(copy));
@@ -41,7 +41,7 @@ TEST(Array, TellsTheSameObjectFromAnEqualOne) {
     EXPECT_EQ(array, Array{1});
 }
 
-TEST(MutableArray, LeavesTheArrayItCopiedAlone) {
+TEST(MutableArray, LeavesItsSourceAlone) {
     const Array array{1, 2};
     MutableArray copy(array);
     copy.append(3);
@@ -50,7 +50,7 @@ TEST(MutableArray, LeavesTheArrayItCopiedAlone) {
     EXPECT_EQ(text(copy.copy()), "[\"one\", 2, 3]");
 }
 
-TEST(MutableArray, SharesTheContainersInside) {
+TEST(MutableArray, SharesTheContainersOfItsSource) {
     const Array array{Dictionary{{"a", 1}}};
     EXPECT_TRUE(MutableArray(array).at(0).dictionary().isSameObject(array[0].dictionary()));
 }
@@ -83,7 +83,7 @@ TEST(MutableArray, RemovesAtAnIndex) {
     EXPECT_EQ(text(array.copy()), "[1, 3]");
 }
 
-TEST(MutableArray, ChangesNoCopyItGaveAway) {
+TEST(MutableArray, ChangesNoReturnedCopy) {
     MutableArray array(Array{1});
     const Array before = array.copy();
     array.append(2);

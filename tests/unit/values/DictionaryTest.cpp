@@ -20,7 +20,7 @@ TEST(Dictionary, KeepsTheOrderOfInsertion) {
     EXPECT_EQ(text(Dictionary{{"z", 1}, {"a", 2}, {"m", 3}}), "{\"z\": 1, \"a\": 2, \"m\": 3}");
 }
 
-TEST(Dictionary, FindsWhatItHoldsAndNothingElse) {
+TEST(Dictionary, FindsItsKeysAndNothingElse) {
     const Dictionary dictionary{{"kEnabled", true}, {"", "empty"}, {"kPasscode", "0000"}};
     ASSERT_NE(dictionary.find("kPasscode"), nullptr);
     EXPECT_EQ(*dictionary.find("kPasscode"), Value("0000"));
@@ -30,7 +30,7 @@ TEST(Dictionary, FindsWhatItHoldsAndNothingElse) {
     EXPECT_EQ(Dictionary().find("kEnabled"), nullptr);
 }
 
-TEST(Dictionary, TakesTheLastOfEqualKeysAtThePlaceOfTheFirst) {
+TEST(Dictionary, KeepsTheLastOfEqualKeysAtThePlaceOfTheFirst) {
     EXPECT_EQ(text(Dictionary{{"a", 1}, {"b", 2}, {"a", 3}}), "{\"a\": 3, \"b\": 2}");
 }
 
@@ -41,14 +41,14 @@ TEST(Dictionary, EqualsWhateverTheOrder) {
     EXPECT_NE((Dictionary{{"a", 1}}), (Dictionary{{"a", 1}, {"b", 2}}));
 }
 
-TEST(Dictionary, TellsTheSameObjectFromAnEqualOne) {
+TEST(Dictionary, DistinguishesTheSameObjectFromAnEqualOne) {
     const Dictionary dictionary{{"a", 1}};
     const Dictionary copy = dictionary;
     EXPECT_TRUE(dictionary.isSameObject(copy));
     EXPECT_FALSE(dictionary.isSameObject(Dictionary{{"a", 1}}));
 }
 
-TEST(Dictionary, ShareTheirKeysWhenTheyAreRecordsOfOneDocument) {
+TEST(Dictionary, SharesItsKeysWithOtherRecordsOfTheDocument) {
     const auto document =
         propertyListWithData("<array><dict><key>a</key><true/><key>b</key><true/></dict>"
                              "<dict><key>a</key><false/><key>b</key><true/></dict>"
@@ -59,7 +59,7 @@ TEST(Dictionary, ShareTheirKeysWhenTheyAreRecordsOfOneDocument) {
     EXPECT_NE(records[0].dictionary().keys(), records[2].dictionary().keys());
 }
 
-TEST(MutableDictionary, LeavesTheDictionaryItCopiedAlone) {
+TEST(MutableDictionary, LeavesItsSourceAlone) {
     const Dictionary dictionary{{"a", 1}, {"b", 2}};
     MutableDictionary copy(dictionary);
     copy.set("a", "one");
@@ -75,7 +75,7 @@ TEST(MutableDictionary, ReplacesAValueInItsPlace) {
     EXPECT_EQ(text(dictionary.copy()), "{\"a\": 3, \"b\": 2}");
 }
 
-TEST(MutableDictionary, ChangesNoCopyItGaveAway) {
+TEST(MutableDictionary, ChangesNoReturnedCopy) {
     MutableDictionary dictionary;
     dictionary.set("a", 1);
     const Dictionary before = dictionary.copy();
@@ -84,7 +84,7 @@ TEST(MutableDictionary, ChangesNoCopyItGaveAway) {
     EXPECT_EQ(text(before), "{\"a\": 1}");
 }
 
-TEST(MutableDictionary, CopiesAreIndependent) {
+TEST(MutableDictionary, IsIndependentOfItsCopies) {
     MutableDictionary first;
     first.set("a", 1);
     MutableDictionary second = first;
@@ -106,7 +106,7 @@ TEST(MutableDictionary, ThrowsAndChangesNothingForNil) {
     EXPECT_EQ(text(dictionary.copy()), "{\"a\": 1}");
 }
 
-TEST(MutableDictionary, RemovesWhatIsThere) {
+TEST(MutableDictionary, RemovesExistingKeys) {
     MutableDictionary dictionary(Dictionary{{"a", 1}, {"b", 2}, {"c", 3}});
     dictionary.remove("b");
     dictionary.remove("missing");
@@ -151,14 +151,14 @@ TEST(MutableDictionary, FindsEachOfVeryManyKeysAndNoneThatWasRemoved) {
     EXPECT_EQ(copy.find(std::string_view()), nullptr);
 }
 
-TEST(MutableDictionary, TakesAPieceOfItsOwnKeyForANewOne) {
+TEST(MutableDictionary, AcceptsAPartOfItsOwnKeyAsANewOne) {
     MutableDictionary dictionary;
     dictionary.set("first key", 1);
     dictionary.set((*dictionary.begin()).key.substr(0, 5), 2);
     EXPECT_EQ(text(dictionary.copy()), "{\"first key\": 1, \"first\": 2}");
 }
 
-TEST(MutableDictionary, KeepsAKeyOfItsOwnThatIsSetAgain) {
+TEST(MutableDictionary, KeepsItsOwnKeyWhenItIsSetAgain) {
     MutableDictionary dictionary(Dictionary{{"first", 1}, {"second", 2}});
     const auto key = (*dictionary.begin()).key;
     dictionary.set(key, 3);

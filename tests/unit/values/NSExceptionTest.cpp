@@ -54,7 +54,7 @@ TEST(ExceptionBoundary, ReturnsWhatTheCallReturns) {
     EXPECT_EQ(counted, 8);
 }
 
-TEST(ExceptionBoundary, LeavesToTheCallWhatItCatchesItself) {
+TEST(ExceptionBoundary, LetsTheCallCatchItsOwnExceptions) {
     EXPECT_TRUE(callOrTerminate([] {
         try {
             throwOne(42);
@@ -78,7 +78,7 @@ TEST(NSException, HasNoUserInfoUnlessGiven) {
     EXPECT_FALSE(NSException(NSGenericException, "x").userInfo());
 }
 
-TEST(NSException, BeginsItsStackInTheFunctionThatMadeIt) {
+TEST(NSException, BeginsItsStackInTheFunctionThatCreatedIt) {
     const NSException exception = exceptionMadeHere();
     const Array& addresses = exception.callStackReturnAddresses();
     ASSERT_GT(addresses.size(), 1U);
@@ -125,7 +125,7 @@ TEST(UncaughtException, HasNoHandlerAtFirst) {
     EXPECT_EQ(NSGetUncaughtExceptionHandler(), nullptr);
 }
 
-TEST(UncaughtException, AnswersTheHandlerThatWasSetLast) {
+TEST(UncaughtException, ReturnsTheHandlerThatWasSetLast) {
     NSSetUncaughtExceptionHandler(reportException);
     NSSetUncaughtExceptionHandler(reportException);
     EXPECT_EQ(NSGetUncaughtExceptionHandler(), &reportException);
@@ -133,7 +133,7 @@ TEST(UncaughtException, AnswersTheHandlerThatWasSetLast) {
     EXPECT_EQ(NSGetUncaughtExceptionHandler(), nullptr);
 }
 
-TEST(UncaughtExceptionDeathTest, RunsTheHandlerAndEndsTheProcess) {
+TEST(UncaughtException, RunsTheHandlerAndEndsTheProcess) {
     EXPECT_EXIT(
         {
             NSSetUncaughtExceptionHandler(reportException);
@@ -142,7 +142,7 @@ TEST(UncaughtExceptionDeathTest, RunsTheHandlerAndEndsTheProcess) {
         testing::KilledBySignal(SIGABRT), "\\[handler: NSRangeException: beyond the end, addresses some\\]");
 }
 
-TEST(UncaughtExceptionDeathTest, ReachesTheHandlerAsAGenericOneWhereItIsOfAnotherType) {
+TEST(UncaughtException, ReachesTheHandlerAsAGenericOneWhereItIsOfAnotherType) {
     EXPECT_EXIT(
         {
             NSSetUncaughtExceptionHandler(reportException);
@@ -151,7 +151,7 @@ TEST(UncaughtExceptionDeathTest, ReachesTheHandlerAsAGenericOneWhereItIsOfAnothe
         testing::KilledBySignal(SIGABRT), "\\[handler: NSGenericException: disk gone, addresses some\\]");
 }
 
-TEST(UncaughtExceptionDeathTest, ReachesTheHandlerEvenWhereItIsNoException) {
+TEST(UncaughtException, ReachesTheHandlerEvenWhenItIsNotAnException) {
     EXPECT_EXIT(
         {
             NSSetUncaughtExceptionHandler(reportException);
@@ -160,7 +160,7 @@ TEST(UncaughtExceptionDeathTest, ReachesTheHandlerEvenWhereItIsNoException) {
         testing::KilledBySignal(SIGABRT), "\\[handler: NSGenericException: an exception of an unknown type");
 }
 
-TEST(UncaughtExceptionDeathTest, ReachesTheHandlerWithoutAMessageAndEndsTheProcessAsEver) {
+TEST(UncaughtException, ReachesTheHandlerWithoutAMessageAndEndsTheProcess) {
     EXPECT_EXIT(
         {
             NSSetUncaughtExceptionHandler(reportException);
@@ -169,7 +169,7 @@ TEST(UncaughtExceptionDeathTest, ReachesTheHandlerWithoutAMessageAndEndsTheProce
         testing::KilledBySignal(SIGABRT), "\\[handler: NSGenericException: an exception without a message");
 }
 
-TEST(UncaughtExceptionDeathTest, ReachesTheHandlerThroughANoexceptFunctionWithCleanUps) {
+TEST(UncaughtException, ReachesTheHandlerThroughANoexceptFunctionWithCleanUps) {
     EXPECT_EXIT(
         {
             NSSetUncaughtExceptionHandler(reportException);
@@ -182,7 +182,7 @@ TEST(UncaughtExceptionDeathTest, ReachesTheHandlerThroughANoexceptFunctionWithCl
         testing::KilledBySignal(SIGABRT), "\\[handler: NSRangeException: a timer of a length");
 }
 
-TEST(UncaughtExceptionDeathTest, HearsOfAnEndWithoutAnException) {
+TEST(UncaughtException, ReportsATerminationWithoutAnException) {
     EXPECT_EXIT(
         {
             NSSetUncaughtExceptionHandler(reportException);
@@ -192,7 +192,7 @@ TEST(UncaughtExceptionDeathTest, HearsOfAnEndWithoutAnException) {
         "\\[handler: NSGenericException: terminated without an exception, addresses some\\]");
 }
 
-TEST(UncaughtExceptionDeathTest, RunsTheHandlerInAnyThread) {
+TEST(UncaughtException, RunsTheHandlerInAnyThread) {
     EXPECT_EXIT(
         {
             NSSetUncaughtExceptionHandler(reportException);
@@ -201,7 +201,7 @@ TEST(UncaughtExceptionDeathTest, RunsTheHandlerInAnyThread) {
         testing::KilledBySignal(SIGABRT), "\\[handler: NSRangeException: elsewhere");
 }
 
-TEST(UncaughtExceptionDeathTest, RunsTheLastRitesAfterTheHandler) {
+TEST(UncaughtException, RunsTheTerminationHookAfterTheHandler) {
     EXPECT_EXIT(
         {
             NSSetUncaughtExceptionHandler(reportException);
@@ -211,7 +211,7 @@ TEST(UncaughtExceptionDeathTest, RunsTheLastRitesAfterTheHandler) {
         testing::KilledBySignal(SIGABRT), "\\[handler: [^]]*\\]\n\\[last rites\\]");
 }
 
-TEST(UncaughtExceptionDeathTest, RunsTheLastRitesWithoutAHandler) {
+TEST(UncaughtException, RunsTheTerminationHookWithoutAHandler) {
     EXPECT_EXIT(
         {
             setTerminationHook(reportEnd);
@@ -220,7 +220,7 @@ TEST(UncaughtExceptionDeathTest, RunsTheLastRitesWithoutAHandler) {
         testing::KilledBySignal(SIGABRT), "\\[last rites\\]");
 }
 
-TEST(UncaughtExceptionDeathTest, RunsTheLastRitesWhenTheHandlerThrows) {
+TEST(UncaughtException, RunsTheTerminationHookWhenTheHandlerThrows) {
     EXPECT_EXIT(
         {
             NSSetUncaughtExceptionHandler(+[](const NSException&) { throw std::runtime_error("handler"); });
@@ -230,7 +230,7 @@ TEST(UncaughtExceptionDeathTest, RunsTheLastRitesWhenTheHandlerThrows) {
         testing::KilledBySignal(SIGABRT), "\\[last rites\\]");
 }
 
-TEST(UncaughtExceptionDeathTest, RunsTheLastRitesOnce) {
+TEST(UncaughtException, RunsTheTerminationHookOnce) {
     EXPECT_EXIT(
         {
             setTerminationHook(+[]() {
@@ -242,7 +242,7 @@ TEST(UncaughtExceptionDeathTest, RunsTheLastRitesOnce) {
         testing::KilledBySignal(SIGABRT), "\\[last rites\\]\n[^[]*$");
 }
 
-TEST(UncaughtExceptionDeathTest, EndsTheProcessAfterTheHandlerWasRemoved) {
+TEST(UncaughtException, EndsTheProcessAfterTheHandlerWasRemoved) {
     EXPECT_EXIT(
         {
             NSSetUncaughtExceptionHandler(reportException);

@@ -44,7 +44,7 @@ TEST(Selector, CallsTheMethodBehindIt) {
     EXPECT_EQ(target.presses, 3);
 }
 
-TEST(Selector, AnswersWhatTheMethodAnswers) {
+TEST(Selector, ReturnsTheResultOfTheMethod) {
     Switch target;
     target.presses = 5;
     EXPECT_EQ(Selector<int()>::of<&Switch::count>("count")(target), 5);
@@ -58,7 +58,7 @@ TEST(Selector, SendsToAMethodThatIgnoresTheArguments) {
     EXPECT_EQ(target.presses, 1);
 }
 
-TEST(Selector, PassesOnWhatCanOnlyBeMoved) {
+TEST(Selector, ForwardsMoveOnlyArguments) {
     Switch target;
     using Keep = Selector<std::unique_ptr<int>(std::unique_ptr<int>)>;
     const auto kept = Keep::of<&Switch::keep>("keep:")(target, std::make_unique<int>(7));
@@ -72,7 +72,7 @@ TEST(Selector, ReachesAnInheritedMethod) {
     EXPECT_EQ(target.presses, 2);
 }
 
-TEST(Selector, ReachesAMethodOfAProtocolTheTargetTakesOn) {
+TEST(Selector, ReachesAMethodOfAProtocolOfTheTarget) {
     Switch target;
     Selector<void()>::of<&Protocol::told>("told")(target);
     EXPECT_EQ(target.presses, 100);
@@ -113,7 +113,7 @@ TEST(Selector, EqualsAnotherOfTheSameMethod) {
     EXPECT_EQ(Action(), Action());
 }
 
-TEST(Selector, CanBeMadeWhenTheProgramIsBuilt) {
+TEST(Selector, CanBeCreatedAtCompileTime) {
     constexpr Action action = Action::of<&Switch::press>("press");
     static_assert(action.name() == "press");
     Switch target;

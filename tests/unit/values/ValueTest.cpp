@@ -25,7 +25,7 @@ Value nested(int levels) {
     return value;
 }
 
-TEST(Value, IsSmallAndKnowsItsKind) {
+TEST(Value, IsSmallAndReportsItsKind) {
     EXPECT_EQ(sizeof(Value), 16u);
     EXPECT_EQ(Value(true).kind(), Value::Kind::Boolean);
     EXPECT_EQ(Value(1).kind(), Value::Kind::Integer);
@@ -38,12 +38,12 @@ TEST(Value, IsSmallAndKnowsItsKind) {
     EXPECT_EQ(Value(Dictionary()).kind(), Value::Kind::Dictionary);
 }
 
-TEST(Value, TakesNoPointerForABoolean) {
+TEST(Value, DoesNotConvertAPointerToABoolean) {
     EXPECT_FALSE((std::is_constructible_v<Value, const Value*>));
     EXPECT_FALSE((std::is_constructible_v<Value, std::nullptr_t>));
 }
 
-TEST(Value, HoldsEveryInteger) {
+TEST(Value, StoresEveryInteger) {
     EXPECT_EQ(Value(std::numeric_limits<std::int64_t>::min()).integer(),
               std::numeric_limits<std::int64_t>::min());
     EXPECT_EQ(Value(std::numeric_limits<std::int64_t>::max()).integer(),
@@ -55,7 +55,7 @@ TEST(Value, HoldsEveryInteger) {
     EXPECT_EQ(Value(std::uint64_t(5)).integer(), 5);
 }
 
-TEST(Value, HoldsEveryByteOfAString) {
+TEST(Value, StoresEveryByteOfAString) {
     const std::string bytes("a\0b", 3);
     EXPECT_EQ(Value(bytes).string(), bytes);
     EXPECT_EQ(Value("").string(), "");
@@ -132,7 +132,7 @@ TEST(Value, MayBeCopiedAndDroppedByManyThreads) {
     EXPECT_EQ(text(shared), "{\"name\": \"Ada\", \"apps\": [\"one\", \"two\"]}");
 }
 
-TEST(Value, OutlivesTheContainerItCameFrom) {
+TEST(Value, OutlivesItsContainer) {
     Value record = false;
     {
         const Value document = Dictionary{{"accounts", Array{Dictionary{{"name", "Ada"}}}}};

@@ -52,7 +52,7 @@ protected:
     std::shared_ptr<platform::UIWebView> view = std::make_shared<platform::UIWebView>(platform::CGRectZero);
 };
 
-TEST_F(CurlWebEngine, TellsStartAndFinishAndGivesTextAndLinks) {
+TEST_F(CurlWebEngine, ReportsStartAndFinishAndReturnsTextAndLinks) {
     server.answer("/list?a=b", "<h1>Packages</h1><a href=one>One</a>");
     view->loadRequest({server.url("/list?a=b")});
     EXPECT_EQ(reports->all, Told());
@@ -61,7 +61,7 @@ TEST_F(CurlWebEngine, TellsStartAndFinishAndGivesTextAndLinks) {
     EXPECT_EQ(view->links(), (std::vector<platform::WebLink>{{"One", server.url("/one")}}));
 }
 
-TEST_F(CurlWebEngine, TellsAFailureWhereTheConnectionIsRefused) {
+TEST_F(CurlWebEngine, ReportsAFailureWhenTheConnectionIsRefused) {
     const RefusingPort nobody;
     view->loadRequest({"http://127.0.0.1:" + std::to_string(nobody.port()) + "/"});
     EXPECT_EQ(after(2), (Told{"start", "fail"}));
@@ -69,7 +69,7 @@ TEST_F(CurlWebEngine, TellsAFailureWhereTheConnectionIsRefused) {
     EXPECT_NE(reports->lastError, "");
 }
 
-TEST_F(CurlWebEngine, TellsAFailureWhereTheSystemHasNoMoreThreads) {
+TEST_F(CurlWebEngine, ReportsAFailureWhenTheSystemHasNoMoreThreads) {
     server.answer("/", "text");
     const NoMoreThreads none;
     view->loadRequest({server.url("/")});
@@ -77,7 +77,7 @@ TEST_F(CurlWebEngine, TellsAFailureWhereTheSystemHasNoMoreThreads) {
     EXPECT_EQ(reports->lastError, "The system has no room for another thread");
 }
 
-TEST_F(CurlWebEngine, GivesUpOnAServerThatStaysSilent) {
+TEST_F(CurlWebEngine, TimesOutOnASilentServer) {
     use({.largestPage = 1000, .timeout = 200ms, .connectTo = ""});
     server.hang("/slow");
     view->loadRequest({server.url("/slow")});
@@ -98,7 +98,7 @@ TEST_F(CurlWebEngine, RefusesAPageThatIsTooLarge) {
     EXPECT_EQ(after(6).back(), "finish");
 }
 
-TEST_F(CurlWebEngine, FollowsRedirectionsToWebPagesOnlyAndNotForEver) {
+TEST_F(CurlWebEngine, FollowsALimitedNumberOfRedirectionsToWebPagesOnly) {
     server.redirect("/old", "/new/");
     server.answer("/new/", "<a href=x>x</a>");
     server.redirect("/ring", "/ring");
@@ -137,7 +137,7 @@ TEST_F(CurlWebEngine, ShowsPlainTextAsItIsAndOtherKindsAsNothing) {
     EXPECT_EQ(view->text(), "");
 }
 
-TEST_F(CurlWebEngine, GivesUpALoadWithoutAWordWhenAnotherIsAskedFor) {
+TEST_F(CurlWebEngine, CancelsALoadSilentlyWhenAnotherIsRequested) {
     server.hang("/slow");
     server.answer("/fast", "fast");
     view->loadRequest({server.url("/slow")});
@@ -148,7 +148,7 @@ TEST_F(CurlWebEngine, GivesUpALoadWithoutAWordWhenAnotherIsAskedFor) {
     EXPECT_TRUE(waitUntil([&] { return server.abandoned() == 1; }));
 }
 
-TEST_F(CurlWebEngine, OfTwoLoadsAskedForAtOnceMakesOnlyTheSecond) {
+TEST_F(CurlWebEngine, LoadsOnlyTheSecondOfTwoImmediateRequests) {
     server.answer("/one", "one");
     server.answer("/two", "two");
     view->loadRequest({server.url("/one")});
@@ -157,11 +157,11 @@ TEST_F(CurlWebEngine, OfTwoLoadsAskedForAtOnceMakesOnlyTheSecond) {
     EXPECT_EQ(server.requests(), (std::vector<std::string>{"/two"}));
 }
 
-TEST_F(CurlWebEngine, IsAsPatientAsThePlatformsRequests) {
+TEST_F(CurlWebEngine, HasTheTimeoutOfThePlatformsRequests) {
     EXPECT_EQ(platform::TextWebEngineOptions().timeout, 60s);
 }
 
-TEST_F(CurlWebEngine, GivesUpWhenTheViewIsGone) {
+TEST_F(CurlWebEngine, CancelsItsLoadWhenTheViewIsGone) {
     server.hang("/slow");
     view->loadRequest({server.url("/slow")});
     EXPECT_TRUE(waitUntil([&] { return server.requests().size() == 1; }));
@@ -183,7 +183,7 @@ TEST_F(CurlWebEngine, KeepsNothingOfALoadWhoseViewIsGone) {
     EXPECT_TRUE(waitUntil([&] { return openDescriptors() == before; }));
 }
 
-TEST_F(CurlWebEngine, GivesUpEverythingWhenItGoes) {
+TEST_F(CurlWebEngine, CancelsEveryLoadWhenItIsDestroyed) {
     server.hang("/slow");
     view->loadRequest({server.url("/slow")});
     EXPECT_TRUE(waitUntil([&] { return server.requests().size() == 1; }));
@@ -204,7 +204,7 @@ TEST_F(CurlWebEngine, LoadsForSeveralViewsAtOnce) {
     EXPECT_EQ(reports->all, (Told{"start"}));
 }
 
-TEST_F(CurlWebEngine, ConnectsElsewhereWhenATestSaysSo) {
+TEST_F(CurlWebEngine, ConnectsToTheAddressThatATestSets) {
     useFor("listing.example", server.port());
     server.answer("/page", "here");
     view->loadRequest({"http://listing.example/page"});

@@ -38,25 +38,25 @@ TEST(HtmlText, KeepsTheLinesOfPreformattedText) {
     EXPECT_EQ(textOf("<pre>a  b\n\tc</pre> d  e"), "a  b\n c\n\nd e\n");
 }
 
-TEST(HtmlText, LeavesOutWhatNobodyReads) {
+TEST(HtmlText, LeavesOutInvisibleElements) {
     EXPECT_EQ(textOf("<!DOCTYPE html><?xml?><html><head><title>T</title><style>p{}</style></head><body>"
                      "<!-- <p>no</p> --><script>if (a<b) '</p>'</script>Yes<template>no</template></body>"),
               "Yes\n");
     EXPECT_EQ(textOf("<SCRIPT>x</SCRIPT >Yes"), "Yes\n");
 }
 
-TEST(HtmlText, GoesOnBehindAnEndTagWithinAScript) {
+TEST(HtmlText, ContinuesAfterAnEndTagInsideAScript) {
     EXPECT_EQ(textOf("<script>x = '</b></p></scripts>';</script>Yes"), "Yes\n");
     EXPECT_EQ(textOf("<script><!-- <script></script> --></script>Yes"), "Yes\n");
     EXPECT_EQ(textOf("<style>a::before { content: '</' }</style>Yes"), "Yes\n");
 }
 
-TEST(HtmlText, GoesOnBehindASelfClosedPicture) {
+TEST(HtmlText, ContinuesAfterASelfClosedPicture) {
     EXPECT_EQ(textOf("<svg/>Yes"), "Yes\n");
     EXPECT_EQ(textOf("a<svg><text>no</text><path/></svg>b"), "ab\n");
 }
 
-TEST(HtmlText, LeavesOutWhatStandsInForFramesAndScripts) {
+TEST(HtmlText, LeavesOutReplacementsOfFramesAndScripts) {
     EXPECT_EQ(textOf("a<iframe><p>no</p></iframe>b<noscript>no <a href=x>x</a></noscript>c"), "abc\n");
     EXPECT_EQ(textOf("a<noframes>no</noframes><noembed>no</noembed><datalist><option>no</datalist>b"),
               "ab\n");

@@ -8,13 +8,13 @@
 namespace platform::web {
 namespace {
 
-TEST(PageEncoding, IsWhatTheServerSays) {
+TEST(PageEncoding, IsTheEncodingThatTheServerNames) {
     EXPECT_EQ(decodedPage("Gr\xf6\xdf", "text/html; charset=ISO-8859-1"), "Größ");
     EXPECT_EQ(decodedPage("\xcf\xf0\xe8", "text/html;Charset=\"windows-1251\""), "При");
     EXPECT_EQ(decodedPage("<meta charset=utf-8>\xf6", "text/html; charset=latin1"), "<meta charset=utf-8>ö");
 }
 
-TEST(PageEncoding, IsElseWhatThePageSays) {
+TEST(PageEncoding, IsOtherwiseTheEncodingThatThePageNames) {
     EXPECT_EQ(
         decodedPage("<meta http-equiv=content-type content='text/html; charset=koi8-r'>\xd0", "text/html"),
         "<meta http-equiv=content-type content='text/html; charset=koi8-r'>п");
@@ -33,7 +33,7 @@ TEST(PageEncoding, IsNamedByAMetaElementOnly) {
     EXPECT_EQ(decodedText("<meta charset=koi8-r>\xd0", ""), "<meta charset=koi8-r>Ð");
 }
 
-TEST(PageEncoding, IsNoneThatOnlyTheConverterKnows) {
+TEST(PageEncoding, IsNotAnEncodingThatOnlyTheConverterKnows) {
     for (const char* label :
          {"utf-7", "UTF-8//IGNORE", "ibm037", "ucs-4", "", " ", "utf-8 utf8", "no-such-thing"})
         EXPECT_EQ(encodingOf(label), nullptr) << label;
@@ -92,7 +92,7 @@ TEST(PageEncoding, ReadsEveryEncodingOfTheWeb) {
             << sample.label;
 }
 
-TEST(PageEncoding, GoesOnBehindHalfACharacter) {
+TEST(PageEncoding, ContinuesAfterHalfACharacter) {
     EXPECT_EQ(decodedPage(std::string_view("\xff\xfe\x00\xd8"
                                            "A\0",
                                            6),
@@ -100,7 +100,7 @@ TEST(PageEncoding, GoesOnBehindHalfACharacter) {
               "\uFFFDA");
 }
 
-TEST(PageEncoding, IsElseUtf8OrWesternByTheBytes) {
+TEST(PageEncoding, IsOtherwiseUtf8OrWesternByTheBytes) {
     EXPECT_EQ(decodedPage("Größe", ""), "Größe");
     EXPECT_EQ(decodedPage("Gr\xf6\xdf"
                           "e \x80",
@@ -108,7 +108,7 @@ TEST(PageEncoding, IsElseUtf8OrWesternByTheBytes) {
               "Größe €");
 }
 
-TEST(PageEncoding, IsThatOfTheByteOrderMarkBeforeAll) {
+TEST(PageEncoding, IsNamedByTheByteOrderMarkFirst) {
     EXPECT_EQ(decodedPage(std::string_view("\xff\xfe"
                                            "A\0\xac\x20",
                                            6),

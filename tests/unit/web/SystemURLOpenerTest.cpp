@@ -77,7 +77,7 @@ protected:
     }
 };
 
-TEST_F(SystemURLOpener, OpensWhatHasAHandler) {
+TEST_F(SystemURLOpener, OpensASchemeWithAHandler) {
     EXPECT_TRUE(open("known://user?screen_name=$(id);'\"`"));
     EXPECT_EQ(opened(), "known://user?screen_name=$(id);'\"`") << "no shell has read it";
 }
@@ -91,7 +91,7 @@ TEST_F(SystemURLOpener, LeavesOtherSchemesAlone) {
     EXPECT_EQ(opened(), "");
 }
 
-TEST_F(SystemURLOpener, RefusesWhatIsNoUrl) {
+TEST_F(SystemURLOpener, RefusesTextThatIsNotAUrl) {
     for (const char* text :
          {"", "known", ":x", "/etc/passwd", "--help", "-x:y", "1known:x", "known: x", "known:\n"})
         EXPECT_FALSE(open(text)) << text;
@@ -104,7 +104,7 @@ TEST_F(SystemURLOpener, NeedsADisplay) {
     EXPECT_FALSE(open("known:x"));
 }
 
-TEST_F(SystemURLOpener, TellsThatOpeningFailed) {
+TEST_F(SystemURLOpener, ReportsThatOpeningFailed) {
     installProgram("xdg-open", "exit 4");
     EXPECT_FALSE(open("known:x"));
 }

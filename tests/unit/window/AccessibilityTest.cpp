@@ -23,7 +23,7 @@ protected:
     }
 };
 
-TEST_F(WindowAccessibility, TellsTheFirstPageOfSettings) {
+TEST_F(WindowAccessibility, DescribesTheFirstPageOfSettings) {
     open();
     expectTree(R"(
 Grouping: 
@@ -34,7 +34,7 @@ Grouping:
 )");
 }
 
-TEST_F(WindowAccessibility, TellsTheRootPage) {
+TEST_F(WindowAccessibility, DescribesTheRootPage) {
     openWardlock();
     expectTree(R"(
 Grouping: 
@@ -59,7 +59,7 @@ Grouping:
 )");
 }
 
-TEST_F(WindowAccessibility, TellsAsMuchOfTheAccountPageAsIsInSight) {
+TEST_F(WindowAccessibility, DescribesTheVisiblePartOfTheAccountPage) {
     openAccount();
     expectTree(R"(
 Grouping: 
@@ -86,7 +86,7 @@ Grouping:
 )");
 }
 
-TEST_F(WindowAccessibility, TellsThePickerAndItsSwitches) {
+TEST_F(WindowAccessibility, DescribesThePickerAndItsSwitches) {
     installApplication("com.apple.facetime", "FaceTime");
     installApplication("org.berry", "Berry");
     setAccounts({"Anna"});
@@ -105,7 +105,7 @@ Grouping:
 )");
 }
 
-TEST_F(WindowAccessibility, TellsAnAlertAndNothingBeneath) {
+TEST_F(WindowAccessibility, DescribesAnAlertAndNotThePageBeneathIt) {
     openWardlock();
     scene().tap("add");
     scene().item("alert");
@@ -118,7 +118,7 @@ Grouping:
 )");
 }
 
-TEST_F(WindowAccessibility, TellsTheKeypadAndNothingBeneath) {
+TEST_F(WindowAccessibility, DescribesTheKeypadAndNotThePageBeneathIt) {
     openWardlock();
     scene().tap("row:Passcode");
     clock.step(0.4);
@@ -141,7 +141,7 @@ Dialog: Enter New Passcode focused
 )");
 }
 
-TEST_F(WindowAccessibility, TellsTheMailAndTheChangeLog) {
+TEST_F(WindowAccessibility, DescribesTheMailAndTheChangeLog) {
     openWardlock();
     scene().tap("row:support@tavix.example");
     expectTold({"Dialog: New Message", "EditableText: To:", "EditableText: Subject:", "EditableText: Message",
@@ -153,13 +153,13 @@ TEST_F(WindowAccessibility, TellsTheMailAndTheChangeLog) {
     expectTold({"Heading: Change Log", "StaticText: Wardlock 0.1.0"});
 }
 
-TEST_F(WindowAccessibility, TellsEveryKindOfRow) {
+TEST_F(WindowAccessibility, DescribesEveryKindOfRow) {
     openFixtureBundle();
     expectTold({"CheckBox: On off", "Link: Flavour", "EditableText: Nickname", "EditableText: PIN",
                 "CheckBox: Locked disabled off (Not available)", "Button: Starred", "StaticText: Version 1"});
 }
 
-TEST_F(WindowAccessibility, DoesWhatAssistiveTechnologyAsks) {
+TEST_F(WindowAccessibility, PerformsTheActionsOfAssistiveTechnology) {
     openWardlock();
     scene()
         .accessible("switch:Enabled")

@@ -44,7 +44,7 @@ TEST_F(WindowAccountCreation, DisablesItsButtonForAnEmptyName) {
     EXPECT_EQ(accountNames(), (std::vector<std::string>{"Default"}));
 }
 
-TEST_F(WindowAccountCreation, TakesABlankAndReturn) {
+TEST_F(WindowAccountCreation, AcceptsABlankAndReturn) {
     ask();
     scene().type(" ");
     scene().press(Qt::Key_Return);
@@ -52,7 +52,7 @@ TEST_F(WindowAccountCreation, TakesABlankAndReturn) {
     EXPECT_EQ(accountNames(), (std::vector<std::string>{"Default", " "}));
 }
 
-TEST_F(WindowAccountCreation, TakesTheSameNameTwice) {
+TEST_F(WindowAccountCreation, AcceptsTheSameNameTwice) {
     openWardlock();
     for (int time = 0; time < 2; ++time) {
         scene().tap("add");
@@ -91,7 +91,7 @@ TEST_F(WindowAccountCreation, CoversThePage) {
     EXPECT_TRUE(document().find(kEnabled)->boolean());
 }
 
-TEST_F(WindowAccountCreation, TypesOnWhileAnotherProcessChangesTheAccounts) {
+TEST_F(WindowAccountCreation, KeepsTypingWhileAnotherProcessChangesTheAccounts) {
     ask();
     scene().type("An");
     setAccounts({"Cleo"});
@@ -103,7 +103,7 @@ TEST_F(WindowAccountCreation, TypesOnWhileAnotherProcessChangesTheAccounts) {
     EXPECT_EQ(accountNames(), (std::vector<std::string>{"Cleo", "Anna"}));
 }
 
-TEST_F(WindowAccountCreation, TakesANameFromAnInputMethodOnceItIsCommitted) {
+TEST_F(WindowAccountCreation, AcceptsANameFromAnInputMethodOnceItIsCommitted) {
     ask();
     const QString name = QStringLiteral("\u5F20\u4E09 \u0639\u0645\u0631 \U0001F467");
     QInputMethodEvent composing(QStringLiteral("zhang"), {});
@@ -118,7 +118,7 @@ TEST_F(WindowAccountCreation, TakesANameFromAnInputMethodOnceItIsCommitted) {
     EXPECT_EQ(accountNames(), (std::vector<std::string>{"Default", name.toStdString()}));
 }
 
-TEST_F(WindowAccountCreation, TakesANameOfAnyLength) {
+TEST_F(WindowAccountCreation, AcceptsANameOfAnyLength) {
     ask();
     scene().type(QString(600, QLatin1Char('x')));
     scene().press(Qt::Key_Return);

@@ -10,7 +10,7 @@
 namespace wardlock::test {
 
 /// The window on a desktop whose settings portal is another process.
-class WindowOnADesktop : public WindowFixture {
+class WindowDesktopAppearance : public WindowFixture {
 protected:
     static constexpr double transition = 0.3;
 
@@ -41,7 +41,7 @@ private:
     std::unique_ptr<Process> portal_;
 };
 
-TEST_F(WindowOnADesktop, IsTheDesktopsAndFollowsIt) {
+TEST_F(WindowDesktopAppearance, FollowsTheDesktop) {
     startPortal({"color-scheme=1"});
     openUnforced();
     EXPECT_TRUE(becomesDark());
@@ -51,7 +51,7 @@ TEST_F(WindowOnADesktop, IsTheDesktopsAndFollowsIt) {
     EXPECT_TRUE(becomesDark());
 }
 
-TEST_F(WindowOnADesktop, IsThePalettesWhereTheDesktopHasNoPreference) {
+TEST_F(WindowDesktopAppearance, FollowsThePaletteWhenTheDesktopHasNoPreference) {
     startPortal({"color-scheme=1"});
     openUnforced();
     EXPECT_TRUE(becomesDark());
@@ -64,7 +64,7 @@ TEST_F(WindowOnADesktop, IsThePalettesWhereTheDesktopHasNoPreference) {
     EXPECT_TRUE(becomesDark());
 }
 
-TEST_F(WindowOnADesktop, StaysAsItIsForcedWhateverTheDesktopSays) {
+TEST_F(WindowDesktopAppearance, StaysForcedWhateverTheDesktopReports) {
     startPortal({"color-scheme=2"});
     openUnforced();
     host().appearance().force(true);
@@ -76,7 +76,7 @@ TEST_F(WindowOnADesktop, StaysAsItIsForcedWhateverTheDesktopSays) {
     EXPECT_TRUE(becomesLight());
 }
 
-TEST_F(WindowOnADesktop, DrawsItsMarksStrongerForHighContrast) {
+TEST_F(WindowDesktopAppearance, DrawsItsMarksStrongerForHighContrast) {
     openWardlock();
     const auto chevronLightness = [&] {
         const QImage picture = window().grabWindow();
@@ -93,7 +93,7 @@ TEST_F(WindowOnADesktop, DrawsItsMarksStrongerForHighContrast) {
     EXPECT_TRUE(until([&] { return chevronLightness() < 130; }));
 }
 
-TEST_F(WindowOnADesktop, FadesPagesInsteadOfSlidingThemWithReducedMotion) {
+TEST_F(WindowDesktopAppearance, FadesPagesInsteadOfSlidingThemWithReducedMotion) {
     startPortal({"reduced-motion=1"});
     openUnforced();
     EXPECT_TRUE(becomesReduced());
@@ -114,7 +114,7 @@ TEST_F(WindowOnADesktop, FadesPagesInsteadOfSlidingThemWithReducedMotion) {
     EXPECT_EQ(scene().text("title"), "Settings");
 }
 
-TEST_F(WindowOnADesktop, BlinksInsteadOfShakingWithReducedMotion) {
+TEST_F(WindowDesktopAppearance, BlinksInsteadOfShakingWithReducedMotion) {
     startPortal({"reduced-motion=1"});
     open();
     EXPECT_TRUE(becomesReduced());

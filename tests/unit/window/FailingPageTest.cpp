@@ -144,16 +144,16 @@ std::vector<FailingEntry> entriesOfTheWindow() {
     return entries;
 }
 
-class AFailingPageInTheWindow : public FailingPageInWindow,
-                                public testing::WithParamInterface<FailingEntry> {};
+class FailingPageEntryInWindow : public FailingPageInWindow,
+                                 public testing::WithParamInterface<FailingEntry> {};
 
-TEST_P(AFailingPageInTheWindow, LeavesItsReportAndNoChange) {
+TEST_P(FailingPageEntryInWindow, LeavesItsReportAndNoChange) {
     failing.failAt(GetParam().point);
     EXPECT_EXIT(openAndEnter(GetParam().entry), testing::KilledBySignal(SIGABRT), "");
     failing.expectReportOf(GetParam().point);
 }
 
-INSTANTIATE_TEST_SUITE_P(, AFailingPageInTheWindow, testing::ValuesIn(entriesOfTheWindow()),
+INSTANTIATE_TEST_SUITE_P(, FailingPageEntryInWindow, testing::ValuesIn(entriesOfTheWindow()),
                          [](const auto& info) { return info.param.name; });
 
 } // namespace

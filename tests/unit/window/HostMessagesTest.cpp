@@ -12,7 +12,7 @@ namespace wardlock::test {
 
 using WindowHostMessages = WindowFixture;
 
-TEST_F(WindowHostMessages, TellWhyABundleDoesNotOpen) {
+TEST_F(WindowHostMessages, ShowWhyABundleDoesNotOpen) {
     const std::string bundle = "/Library/PreferenceBundles/Broken.bundle";
     writeFile(bundle + "/Info.plist",
               "<plist version=\"1.0\"><dict><key>CFBundleExecutable</key><string>Broken</string>"
@@ -28,7 +28,7 @@ TEST_F(WindowHostMessages, TellWhyABundleDoesNotOpen) {
     EXPECT_EQ(scene().text("title"), "Settings");
 }
 
-TEST_F(WindowHostMessages, TellWhatIsWrongWithTheDeviceRootAndOpenAllTheSame) {
+TEST_F(WindowHostMessages, ShowProblemsOfTheDeviceRootAndOpenTheWindow) {
     writeFile("/../blocked", "a file where the device root should be");
     environment.set("WARDLOCK_DEVICE_ROOT", folder() / "blocked");
     const auto problems = open();
@@ -39,7 +39,7 @@ TEST_F(WindowHostMessages, TellWhatIsWrongWithTheDeviceRootAndOpenAllTheSame) {
     scene().expectGone("notice");
 }
 
-TEST_F(WindowHostMessages, TellWhereNoWindowCanBeOpened) {
+TEST_F(WindowHostMessages, PrintThatNoWindowCanBeOpened) {
     const auto result =
         runProcess(programFolder() + "/wardlock-settings", {}, with("QT_QPA_PLATFORM", "absent"));
     EXPECT_EQ(result.exitCode, 1);

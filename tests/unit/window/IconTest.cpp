@@ -55,7 +55,7 @@ std::string png(int width, int height) {
     return encoded("PNG", width, height);
 }
 
-class Icon : public DeviceRootFixture {
+class ShownIcon : public DeviceRootFixture {
 protected:
     /// What the window would show of the picture.
     static QImage shown(const std::string& bytes) {
@@ -71,21 +71,21 @@ protected:
     static QImage shownAt(const QString& url) { return window::PictureSource::decode(url, QSize(58, 58)); }
 };
 
-TEST_F(Icon, IsShownInEachFormThatIsKnown) {
+TEST_F(ShownIcon, IsShownInEachKnownFormat) {
     EXPECT_TRUE(isShown(png(58, 58)));
     EXPECT_TRUE(isShown(encoded("JPEG", 58, 58)));
     EXPECT_TRUE(isShown(svgStart + square + "</svg>"));
     EXPECT_TRUE(isShown("<?xml version=\"1.0\"?><!-- drawn by hand -->" + svgStart + square + "</svg>"));
 }
 
-TEST_F(Icon, OfAnotherFormIsLeftOut) {
+TEST_F(ShownIcon, IsLeftOutInAnotherFormat) {
     EXPECT_FALSE(isShown(encoded("BMP", 58, 58)));
     EXPECT_FALSE(isShown(encoded("PPM", 58, 58)));
     EXPECT_FALSE(isShown("text"));
     EXPECT_FALSE(isShown(""));
 }
 
-TEST_F(Icon, OfEnormousDimensionsIsLeftOut) {
+TEST_F(ShownIcon, IsLeftOutWithEnormousDimensions) {
     EXPECT_TRUE(isShown(png(2048, 2048)));
     EXPECT_FALSE(isShown(png(2049, 1)));
     EXPECT_FALSE(isShown(png(1, 20000)));
@@ -98,24 +98,24 @@ TEST_F(Icon, OfEnormousDimensionsIsLeftOut) {
     EXPECT_FALSE(isShown("<svg xmlns=\"http://www.w3.org/2000/svg\">" + shape));
 }
 
-TEST_F(Icon, ThatUsesItsShapesAFewTimesIsShown) {
+TEST_F(ShownIcon, IsShownWhenItUsesItsShapesAFewTimes) {
     EXPECT_TRUE(isShown(usesOfUses(2, 10)));
 }
 
-TEST_F(Icon, ThatUsesItsShapesMillionsOfTimesIsLeftOut) {
+TEST_F(ShownIcon, IsLeftOutWhenItUsesItsShapesMillionsOfTimes) {
     EXPECT_FALSE(isShown(usesOfUses(4, 40)));
     EXPECT_FALSE(isShown(usesOfUses(20, 10)));
     EXPECT_FALSE(isShown(usesOfUses(2000, 1)));
 }
 
-TEST_F(Icon, ThatUsesItselfIsLeftOut) {
+TEST_F(ShownIcon, IsLeftOutWhenItUsesItself) {
     const std::string circle =
         "<g id=\"a\"><use xlink:href=\"#b\"/></g><g id=\"b\"><use xlink:href=\"#a\"/></g>";
     EXPECT_FALSE(isShown(svgStart + circle + square + "</svg>"));
     EXPECT_FALSE(isShown(svgStart + "<g id=\"a\" fill=\"url(#a)\">" + square + "</g></svg>"));
 }
 
-TEST_F(Icon, OfThousandsOfShapesThatOtherShapesAreFilledWithIsLeftOut) {
+TEST_F(ShownIcon, IsLeftOutWhenShapesAreFilledWithThousandsOfShapes) {
     const std::string pattern =
         "<pattern id=\"p\" width=\"1\" height=\"1\">" + repeated(3000, square) + "</pattern>";
     const std::string filled = "<path d=\"M0 0 H29 V29 H0 Z\" style=\"fill: url('#p')\"/>";
@@ -124,7 +124,7 @@ TEST_F(Icon, OfThousandsOfShapesThatOtherShapesAreFilledWithIsLeftOut) {
     EXPECT_FALSE(isShown(svgStart + "<style>rect { fill: url(#p) }</style>" + pattern + square + "</svg>"));
 }
 
-TEST_F(Icon, WithColoursThatRunIntoEachOtherIsShown) {
+TEST_F(ShownIcon, IsShownWithGradients) {
     const std::string colours = "<linearGradient id=\"c\">" + repeated(50, "<stop stop-color=\"red\"/>") +
                                 "</linearGradient><g fill=\"url(#c)\">" +
                                 repeated(1000, "<rect width=\"29\" height=\"29\" fill=\"url(#c)\"/>") +
@@ -132,14 +132,14 @@ TEST_F(Icon, WithColoursThatRunIntoEachOtherIsShown) {
     EXPECT_TRUE(isShown(svgStart + colours + "</svg>"));
 }
 
-TEST_F(Icon, OfTooManyShapesOrNestedTooDeeplyIsLeftOut) {
+TEST_F(ShownIcon, IsLeftOutWithTooManyShapesOrTooDeepNesting) {
     EXPECT_TRUE(isShown(svgStart + repeated(1000, square) + "</svg>"));
     EXPECT_FALSE(isShown(svgStart + repeated(20001, square) + "</svg>"));
     EXPECT_TRUE(isShown(svgStart + repeated(50, "<g>") + square + repeated(50, "</g>") + "</svg>"));
     EXPECT_FALSE(isShown(svgStart + repeated(20000, "<g>") + square + repeated(20000, "</g>") + "</svg>"));
 }
 
-TEST_F(Icon, OfEntitiesThatMultiplyIsLeftOut) {
+TEST_F(ShownIcon, IsLeftOutWithEntitiesThatMultiply) {
     std::string declared = "<!ENTITY e0 \"aaaaaaaaaa\">";
     for (int level = 1; level < 10; ++level)
         declared += "<!ENTITY e" + std::to_string(level) + " \"" +
@@ -148,7 +148,7 @@ TEST_F(Icon, OfEntitiesThatMultiplyIsLeftOut) {
         isShown("<!DOCTYPE svg [" + declared + "]>" + svgStart + square + "<text>&e9;</text></svg>"));
 }
 
-TEST_F(Icon, ThatAsksForOtherFilesIsLeftOut) {
+TEST_F(ShownIcon, IsLeftOutWhenItRefersToOtherFiles) {
     // Whoever opened the pipe would wait for ever.
     const std::string pipe = folder() / "pipe";
     ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
@@ -161,7 +161,7 @@ TEST_F(Icon, ThatAsksForOtherFilesIsLeftOut) {
         isShown("<?xml-stylesheet type=\"text/css\" href=\"" + pipe + "\"?>" + svgStart + square + "</svg>"));
 }
 
-TEST_F(Icon, WithAPictureInPlaceIsShownUnlessThatIsNoneOrTooLarge) {
+TEST_F(ShownIcon, IsShownWithAnEmbeddedPictureUnlessThatIsInvalidOrTooLarge) {
     const auto within = [](const std::string& bytes) {
         return "<image width=\"29\" height=\"29\" xlink:href=\"data:image/png;base64," +
                QByteArray::fromStdString(bytes).toBase64().toStdString() + "\"/>";
@@ -172,7 +172,7 @@ TEST_F(Icon, WithAPictureInPlaceIsShownUnlessThatIsNoneOrTooLarge) {
     EXPECT_FALSE(isShown(svgStart + repeated(3, within(png(2000, 2000))) + square + "</svg>"));
 }
 
-TEST_F(Icon, OfManyPassesIsLeftOut) {
+TEST_F(ShownIcon, IsLeftOutWithManyPasses) {
     // One more pass over all of the first colour, with nothing new in it.
     const std::string scan("\xff\xda\x00\x08\x01\x01\x00\x01\x3f\x00", 10);
     const auto withScans = [&scan](int scans) {
@@ -183,7 +183,7 @@ TEST_F(Icon, OfManyPassesIsLeftOut) {
     EXPECT_FALSE(isShown(withScans(100)));
 }
 
-TEST_F(Icon, ThatIsNoFileIsLeftOut) {
+TEST_F(ShownIcon, IsLeftOutWhenItsPathIsNotAFile) {
     const std::string pipe = folder() / "pipe";
     ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
     for (const std::string& path : {pipe, std::string("/dev/zero"), root(), folder() / "missing"}) {
@@ -192,7 +192,7 @@ TEST_F(Icon, ThatIsNoFileIsLeftOut) {
     }
 }
 
-TEST_F(Icon, OfAFileIsShownUnlessTheFileIsTooLarge) {
+TEST_F(ShownIcon, IsShownFromAFileUnlessTheFileIsTooLarge) {
     writeFile("/icon.png", png(58, 58));
     ASSERT_NE(platform::UIImage::imageWithContentsOfFile(onDisk("/icon.png")), nullptr);
     EXPECT_FALSE(shownOf(onDisk("/icon.png")).isNull());

@@ -7,7 +7,7 @@ namespace wardlock::test {
 
 using WindowLiveRefresh = WindowFixture;
 
-TEST_F(WindowLiveRefresh, ShowsTheAccountsThatAnotherProcessMade) {
+TEST_F(WindowLiveRefresh, ShowsTheAccountsThatAnotherProcessCreated) {
     openWardlock();
     setAccounts({"Anna", "Ben"});
     announce();
@@ -63,7 +63,7 @@ TEST_F(WindowLiveRefresh, GoesBackWhenATapFindsTheAccountRemoved) {
     EXPECT_EQ(document(), before);
 }
 
-TEST_F(WindowLiveRefresh, KeepsTheListWhereItIsScrolledTo) {
+TEST_F(WindowLiveRefresh, KeepsTheScrollPositionOfTheList) {
     openAccount();
     auto* list = scene().item("list");
     list->setProperty("contentY", 300);

@@ -25,14 +25,14 @@ protected:
     }
 };
 
-TEST_F(WindowLongText, InAnAccountsNameIsCutInItsRow) {
+TEST_F(WindowLongText, IsCutInTheRowOfAnAccount) {
     setAccounts({megabytes, "Ben"});
     openWardlock();
     EXPECT_EQ(scene().item("row:" + window::shownText(megabytes))->height(), 44);
     EXPECT_TRUE(scene().shows("row:Ben"));
 }
 
-TEST_F(WindowLongText, ThatEndsLinesIsOneLineInRowsAndTitles) {
+TEST_F(WindowLongText, IsOneLineInRowsAndTitles) {
     setAccounts({"An\r\nna\u2028B\u2029C\nD"});
     openWardlock();
     const QString drawn = QStringLiteral("row:An na B C D");
@@ -44,7 +44,7 @@ TEST_F(WindowLongText, ThatEndsLinesIsOneLineInRowsAndTitles) {
     EXPECT_EQ(account(0, kAccountName).string(), "An\r\nna\u2028B\u2029C\nD") << "only the drawing differs";
 }
 
-TEST_F(WindowLongText, InAnAccountsNameIsCutOnItsPageAndStays) {
+TEST_F(WindowLongText, IsCutOnThePageOfAnAccountAndKept) {
     openItsAccount();
     EXPECT_EQ(scene().text("title"), window::shownText(megabytes).toStdString());
     EXPECT_EQ(scene().text("field:Account Name"), window::shownText(megabytes).toStdString());
@@ -52,7 +52,7 @@ TEST_F(WindowLongText, InAnAccountsNameIsCutOnItsPageAndStays) {
     EXPECT_EQ(account(0, kAccountName).string(), megabytes);
 }
 
-TEST_F(WindowLongText, StaysWhereNothingIsTypedInItsField) {
+TEST_F(WindowLongText, IsKeptWhenNothingIsTypedInItsField) {
     openItsAccount();
     scene().tap("field:Account Name");
     EXPECT_EQ(scene().text("field:Account Name"), "");
@@ -61,7 +61,7 @@ TEST_F(WindowLongText, StaysWhereNothingIsTypedInItsField) {
     EXPECT_EQ(account(0, kAccountName).string(), megabytes);
 }
 
-TEST_F(WindowLongText, IsReplacedByWhatIsTypedInItsField) {
+TEST_F(WindowLongText, IsReplacedByTextTypedInItsField) {
     openItsAccount();
     scene().tap("field:Account Name");
     scene().type("Anna");
@@ -88,7 +88,7 @@ TEST(ShownText, EndsInAnEllipsisBeyondIt) {
     EXPECT_EQ(window::shownText(std::string(100, 'x'), 3), QStringLiteral(u"xxx\u2026"));
 }
 
-TEST(ShownText, LosesNoHalfOfALetter) {
+TEST(ShownText, IsNotCutInsideALetter) {
     EXPECT_EQ(window::shownText("xy\U0001F600z", 3), QStringLiteral(u"xy\u2026"));
     EXPECT_EQ(window::shownText("x\U0001F600z", 3), QStringLiteral(u"x\U0001F600\u2026"));
 }

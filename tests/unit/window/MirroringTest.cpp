@@ -10,7 +10,7 @@
 
 namespace wardlock::test {
 
-class WindowOfALanguage : public BusFixture {
+class WindowLanguage : public BusFixture {
 protected:
     /// Of the account page, whose bar has the way back and no other button.
     QImage pictureIn(const std::string& locale) const {
@@ -32,14 +32,14 @@ protected:
     }
 };
 
-TEST_F(WindowOfALanguage, HasTheWayBackOnTheLeftWhereReadingBeginsThere) {
+TEST_F(WindowLanguage, HasTheBackButtonOnTheLeftForLeftToRightText) {
     const QImage picture = pictureIn("C");
     ASSERT_EQ(picture.width(), 390);
     EXPECT_GT(tinted(picture, 0, 150), 20);
     EXPECT_EQ(tinted(picture, 240, 390), 0);
 }
 
-TEST_F(WindowOfALanguage, IsMirroredWhereReadingBeginsOnTheRight) {
+TEST_F(WindowLanguage, IsMirroredForRightToLeftText) {
     const QImage picture = pictureIn("ar_EG.UTF-8");
     ASSERT_EQ(picture.width(), 390);
     EXPECT_EQ(tinted(picture, 0, 150), 0);

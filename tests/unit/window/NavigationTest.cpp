@@ -57,7 +57,7 @@ TEST_F(WindowNavigation, SlidesAPageOut) {
     EXPECT_EQ(scene().item("page:Settings")->x(), 0);
 }
 
-TEST_F(WindowNavigation, TakesNoTapWhileItSlides) {
+TEST_F(WindowNavigation, IgnoresATapWhileItSlides) {
     openSlowly();
     EXPECT_TRUE(until([&] { return wardlockPage()->x() == 0; }));
     scene().tap("row:Change Log");
@@ -100,7 +100,7 @@ TEST_F(WindowNavigation, GoesBackByTheKeyboard) {
     EXPECT_TRUE(scene().shows("page:Settings"));
 }
 
-TEST_F(WindowNavigation, ReturnsTheKeyboardToTheRowThatLedOn) {
+TEST_F(WindowNavigation, ReturnsTheKeyboardToTheTappedRow) {
     openWardlock();
     scene().item("row:Change Log")->forceActiveFocus();
     scene().press(Qt::Key_Return);
@@ -110,7 +110,7 @@ TEST_F(WindowNavigation, ReturnsTheKeyboardToTheRowThatLedOn) {
     EXPECT_TRUE(scene().item("row:Change Log")->hasActiveFocus());
 }
 
-TEST_F(WindowNavigation, ScrollsOnAfterTheFingerIsGone) {
+TEST_F(WindowNavigation, KeepsScrollingAfterTheFingerIsLifted) {
     openAccount();
     auto* list = scene().item("list");
     scene().touchDrag({195, 600}, {195, 400});
@@ -154,7 +154,7 @@ TEST_F(WindowNavigation, MovesTheKeyboardThroughTheRowsInTheirOrder) {
     EXPECT_EQ(window().activeFocusItem()->objectName(), "row:Change Log");
 }
 
-TEST_F(WindowNavigation, BringsTheRowOfTheKeyboardIntoSight) {
+TEST_F(WindowNavigation, ScrollsToTheRowOfTheKeyboard) {
     openAccount();
     for (int step = 0; step < 20; ++step)
         scene().press(Qt::Key_Down);

@@ -23,7 +23,7 @@ TEST_F(WindowChangeLog, CanBeReadAndScrolled) {
     EXPECT_GT(text->property("contentY").toDouble(), 0);
 }
 
-TEST_F(WindowChangeLog, IsSetInTypeOfFifteenPointsAndTakesNoKeys) {
+TEST_F(WindowChangeLog, HasAFontOfFifteenPointsAndIgnoresKeys) {
     openWardlock();
     scene().tap("row:Change Log");
     const auto* words = scene().item("words");
@@ -83,7 +83,7 @@ TEST_F(WindowMail, KeepsItsTitleBetweenItsButtons) {
     EXPECT_LE(title->mapToScene({title->width(), 0}).x(), scene().item("mail:send")->mapToScene({}).x());
 }
 
-TEST_F(WindowMail, GoesWithoutARemovedAttachment) {
+TEST_F(WindowMail, IsSentWithoutARemovedAttachment) {
     writeFile("/tmp/dpkgl.log", "packages");
     openWardlock();
     scene().tap("row:support@tavix.example");
@@ -156,7 +156,7 @@ TEST_F(WindowAppearance, DrawsItsRowsOnWholePixels) {
     }
 }
 
-TEST_F(WindowWebPage, SaysWhatIsMissingAndOpensTheBrowser) {
+TEST_F(WindowWebPage, ShowsAMissingEngineAndOpensTheBrowser) {
     openWardlock();
     scene().tap("row:More From Tavix");
     scene().item("page:Other Tweaks");

@@ -48,14 +48,14 @@ TEST_F(WindowPasscode, IsSetByTouch) {
     EXPECT_EQ(passcode(), "0987");
 }
 
-TEST_F(WindowPasscode, TakesDigitsOfTheKeyboardFromTheFirstMoment) {
+TEST_F(WindowPasscode, AcceptsDigitsOfTheKeyboardFromTheFirstMoment) {
     openWardlock();
     scene().tap("row:Passcode");
     scene().type("4711");
     EXPECT_EQ(passcode(), "4711");
 }
 
-TEST_F(WindowPasscode, TakesAKeyThatIsHeldForOneDigit) {
+TEST_F(WindowPasscode, AcceptsAPressedKeyAsOneDigit) {
     openKeypad();
     QTest::keyPress(&window(), Qt::Key_1);
     for (int repeat = 0; repeat < 5; ++repeat) {
@@ -68,7 +68,7 @@ TEST_F(WindowPasscode, TakesAKeyThatIsHeldForOneDigit) {
     EXPECT_EQ(passcode(), "1234");
 }
 
-TEST_F(WindowPasscode, TakesTheLastDigitBack) {
+TEST_F(WindowPasscode, DeletesTheLastDigit) {
     openKeypad();
     scene().type("12");
     scene().tap("keypad:delete");
@@ -149,7 +149,7 @@ TEST_F(WindowPasscode, FadesInAndOut) {
     EXPECT_EQ(passcode(), "");
 }
 
-TEST_F(WindowPasscode, CoversThePageForEveryHand) {
+TEST_F(WindowPasscode, CoversThePageForEveryInput) {
     openWardlock();
     const QPointF row = scene().middleOf("switch:Enabled");
     scene().tap("row:Passcode");
@@ -160,14 +160,14 @@ TEST_F(WindowPasscode, CoversThePageForEveryHand) {
     EXPECT_TRUE(document().find(kEnabled)->boolean());
 }
 
-TEST_F(WindowPasscode, GoesWhenTheApplicationLosesTheFocus) {
+TEST_F(WindowPasscode, ClosesWhenTheApplicationLosesTheFocus) {
     openKeypad();
     host().settings().resignActive();
     clock.step(fade);
     scene().expectGone("keypad:status");
 }
 
-TEST_F(WindowPasscode, GoesWithTheActivityOfTheApplication) {
+TEST_F(WindowPasscode, ClosesWhenTheApplicationBecomesInactive) {
     openKeypad();
     scene().type("12");
     emit qGuiApp->applicationStateChanged(Qt::ApplicationActive);
@@ -180,7 +180,7 @@ TEST_F(WindowPasscode, GoesWithTheActivityOfTheApplication) {
     EXPECT_EQ(passcode(), "");
 }
 
-TEST_F(WindowPasscode, GoesAlsoWhereTheApplicationWasActiveBeforeTheWindowCame) {
+TEST_F(WindowPasscode, ClosesAlsoWhenTheApplicationWasActiveBeforeTheWindow) {
     QWindow other;
     other.show();
     other.requestActivate();
@@ -208,7 +208,7 @@ TEST_F(WindowPasscode, FitsASmallWindowAndLargeLetters) {
     EXPECT_LE(scene().item("key:0")->mapToScene({0, scene().item("key:0")->height()}).y(), 360);
 }
 
-TEST_F(WindowPasscode, GivesTheKeyboardBackToThePage) {
+TEST_F(WindowPasscode, ReturnsTheKeyboardToThePage) {
     openWardlock();
     scene().item("row:Passcode")->forceActiveFocus();
     scene().press(Qt::Key_Return);
@@ -219,7 +219,7 @@ TEST_F(WindowPasscode, GivesTheKeyboardBackToThePage) {
     EXPECT_TRUE(until([&] { return scene().item("row:Passcode")->hasActiveFocus(); }));
 }
 
-TEST_F(WindowPasscode, LiesOverADarkBlurOfThePage) {
+TEST_F(WindowPasscode, CoversADarkBlurOfThePage) {
     openKeypad();
     const QImage covered = window().grabWindow();
     ASSERT_FALSE(covered.isNull());

@@ -70,7 +70,7 @@ TEST_F(WindowPicker, ReactsToItsSwitchesOnly) {
     EXPECT_EQ(scene().text("title"), "Apps");
 }
 
-TEST_F(WindowPicker, GroupsAnewWhenItIsOpenedAgain) {
+TEST_F(WindowPicker, RegroupsWhenItIsOpenedAgain) {
     install();
     openPicker();
     scene().tap("switch:org.zebra");
@@ -115,7 +115,7 @@ TEST_F(WindowPicker, ShowsAnEmptySectionWithoutApplications) {
     EXPECT_TRUE(scene().showsText("Nothing here"));
 }
 
-TEST_F(WindowPicker, BuildsOnlyTheRowsInSight) {
+TEST_F(WindowPicker, BuildsOnlyTheVisibleRows) {
     restrictMany(2000);
     openPicker();
     auto* list = scene().item("list");

@@ -27,7 +27,7 @@ TEST_F(WindowRowKinds, StoreASwitch) {
     EXPECT_TRUE(platform::boolValue(values.find("on")));
 }
 
-TEST_F(WindowRowKinds, StoreASliderWhenItIsLetGoOf) {
+TEST_F(WindowRowKinds, StoreASliderOnRelease) {
     openFixtureBundle();
     auto* slider = scene().item("slider:");
     const double y = scene().middleOf("slider:").y();
@@ -74,7 +74,7 @@ TEST_F(WindowRowKinds, KeepTwoFieldsApart) {
     EXPECT_EQ(scene().text("field:Nickname"), "Bob");
 }
 
-TEST_F(WindowRowKinds, HideWhatIsSecret) {
+TEST_F(WindowRowKinds, HideSecretText) {
     openFixtureBundle();
     scene().tap("field:PIN");
     scene().type("1234");
@@ -84,7 +84,7 @@ TEST_F(WindowRowKinds, HideWhatIsSecret) {
     EXPECT_EQ(scene().text("field:PIN").find("1234"), std::string::npos);
 }
 
-TEST_F(WindowRowKinds, RefuseTheHandOnADisabledSwitch) {
+TEST_F(WindowRowKinds, IgnoreATapOnADisabledSwitch) {
     openFixtureBundle();
     scene().tap("switch:Locked");
     EXPECT_EQ(fixtureValues().find("locked"), nullptr);
@@ -142,7 +142,7 @@ TEST_F(WindowRowKinds, FilterByTheSearchThatIsPulledDown) {
     scene().expectGone("search");
 }
 
-TEST_F(WindowRowKinds, SayWhenTheSearchFindsNothing) {
+TEST_F(WindowRowKinds, ShowThatTheSearchFindsNothing) {
     openFixtureBundle();
     scene().press(Qt::Key_F, Qt::ControlModifier);
     scene().type("zzz");

@@ -17,9 +17,9 @@ namespace wardlock::test {
 
 namespace fs = std::filesystem;
 
-class Run : public BusFixture {
+class WindowStart : public BusFixture {
 protected:
-    Run() : place_(folder() / "checkout") {
+    WindowStart() : place_(folder() / "checkout") {
         fs::create_directories(place_ / "build/release");
         fs::create_directories(place_ / "tools");
         fs::create_directories(place_ / "commands");
@@ -51,7 +51,7 @@ private:
     fs::path place_;
 };
 
-TEST_F(Run, GoesOnInTheTerminalWhereTheDisplayIsNotThere) {
+TEST_F(WindowStart, ContinuesInTheTerminalWithoutADisplay) {
     const auto result = runWithDisplay(":64123");
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(std::ranges::count(result.errors, '\n'), 1) << result.errors;
@@ -61,14 +61,14 @@ TEST_F(Run, GoesOnInTheTerminalWhereTheDisplayIsNotThere) {
         << result.output;
 }
 
-TEST_F(Run, SaysNothingOfAWindowWhereNoDisplayIsNamed) {
+TEST_F(WindowStart, PrintsNoMessageWithoutANamedDisplay) {
     const auto result = runWithDisplay("");
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.errors, "");
     EXPECT_NE(result.output.find("Passcode"), std::string::npos) << result.output;
 }
 
-TEST_F(Run, TakesPicturesWithoutAWarningThoughNothingIsSetUpForQt) {
+TEST_F(WindowStart, TakesPicturesWithoutAWarningThoughNothingIsSetUpForQt) {
     const std::string pictures = folder() / "pictures";
     const auto result = runWithDisplay("", {"--screenshots", pictures});
     EXPECT_EQ(result.exitCode, 0);

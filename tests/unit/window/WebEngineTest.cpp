@@ -76,7 +76,7 @@ protected:
     HttpServer server;
 };
 
-TEST_F(WindowWebEngine, ShowsThePageThatTheServerGives) {
+TEST_F(WindowWebEngine, ShowsThePageOfTheServer) {
     server.answer(listing, page("Kitbay and friends", "#00ff00"));
     openListing(server.port());
     if (!engineIsInstalled())
@@ -96,7 +96,7 @@ TEST_F(WindowWebEngine, FollowsALinkThatAsksForItsOwnWindowWithinThePageToo) {
     expectFollowsLink("_blank");
 }
 
-TEST_F(WindowWebEngine, SpinsUntilTheServerAnswers) {
+TEST_F(WindowWebEngine, SpinsUntilTheServerReplies) {
     server.hang(listing);
     openListing(server.port());
     if (!engineIsInstalled())
@@ -129,7 +129,7 @@ TEST_F(WindowWebEngine, StaysBlankAndSilentWhenTheLoadFails) {
     EXPECT_FALSE(scene().shows("web:missing"));
 }
 
-TEST_F(WindowWebEngine, LoadsAnewWhenThePageIsOpenedAgain) {
+TEST_F(WindowWebEngine, LoadsAgainWhenThePageIsOpenedAgain) {
     server.answer(listing, page("once", "#00ff00"));
     openListing(server.port());
     if (!engineIsInstalled())
@@ -193,7 +193,7 @@ TEST_P(HostileLink, LeadsNowhere) {
     EXPECT_EQ(scheme(), "http");
 }
 
-INSTANTIATE_TEST_SUITE_P(OfEachScheme, HostileLink,
+INSTANTIATE_TEST_SUITE_P(EachScheme, HostileLink,
                          ::testing::Combine(::testing::Values("file:///etc/passwd",
                                                               "data:text/html,<title>gone</title>",
                                                               "view-source:http://host.example/",
@@ -219,7 +219,7 @@ TEST_F(HostileWebPage, IsNotRedirectedOutOfTheWeb) {
     EXPECT_NE(scheme(), "file");
 }
 
-TEST_F(HostileWebPage, AsksNothingOfAPerson) {
+TEST_F(HostileWebPage, ShowsNoDialog) {
     if (!engineIsInstalled())
         GTEST_SKIP() << "there is no web engine";
     const auto windows = QGuiApplication::allWindows().size();
@@ -240,7 +240,7 @@ TEST_F(HostileWebPage, AsksForNoPassword) {
     scene().expectGone("spinner");
 }
 
-TEST_F(HostileWebPage, GetsNoFileOfAPersons) {
+TEST_F(HostileWebPage, GetsNoFileOfTheUser) {
     if (!engineIsInstalled())
         GTEST_SKIP() << "there is no web engine";
     server.answer(
@@ -259,7 +259,7 @@ TEST_F(HostileWebPage, GetsNoFileOfAPersons) {
     EXPECT_EQ(QGuiApplication::allWindows().size(), windows);
 }
 
-TEST_F(HostileWebPage, LeavesNoFileBehind) {
+TEST_F(HostileWebPage, SavesNoFile) {
     if (!engineIsInstalled())
         GTEST_SKIP() << "there is no web engine";
     server.answerRaw("/file",

@@ -7,27 +7,27 @@
 namespace wardlock::test {
 
 using platform::DeviceInformation;
-class WindowAsScreen : public WindowFixture {
+class WindowScreen : public WindowFixture {
 protected:
     static bool isSoon(platform::CGSize size) {
         return until([size] { return screenSize() == size; });
     }
 };
 
-TEST_F(WindowAsScreen, TellsTheDeviceItsSize) {
+TEST_F(WindowScreen, SetsTheScreenSizeOfTheDevice) {
     open(0, {1024, 768});
     EXPECT_TRUE(isSoon({1024, 768}));
     EXPECT_TRUE(isLandscape());
 }
 
-TEST_F(WindowAsScreen, TellsTheDeviceThatItsSizeHasChanged) {
+TEST_F(WindowScreen, ChangesTheScreenSizeOfTheDeviceWhenResized) {
     open();
     window().resize(500, 900);
     EXPECT_TRUE(isSoon({500, 900}));
     EXPECT_FALSE(isLandscape());
 }
 
-TEST_F(WindowAsScreen, AsksForPicturesNoCoarserThanADevices) {
+TEST_F(WindowScreen, RequestsPicturesNoCoarserThanADevices) {
     DeviceInformation::setScreenScale(1);
     open();
     ASSERT_EQ(window().devicePixelRatio(), 1);
