@@ -16,6 +16,8 @@ constexpr const char* Schemes = "http,https";
 constexpr long MostRedirections = 10;
 /// For all responses of one fetch, redirections included.
 constexpr std::size_t LargestHeaders = std::size_t(256) * 1024;
+/// For all that servers send, the lengths of chunks included, as a multiple of the largest page.
+constexpr std::size_t MostBytesPerByte = 8;
 /// The interval at which a fetch checks whether its reader is still there.
 constexpr int PollMilliseconds = 250;
 
@@ -31,6 +33,8 @@ struct Body {
     std::string bytes;
     std::size_t limit;
     std::size_t headers = 0;
+    std::size_t received = 0;
+    bool tooLarge = false;
 };
 
 /// Takes fewer bytes than it is given, which ends the transfer, when the page grows too large; counted after
@@ -38,7 +42,8 @@ struct Body {
 std::size_t append(char* data, std::size_t size, std::size_t count, void* target) {
     auto& body = *static_cast<Body*>(target);
     const std::size_t length = size * count;
-    if (length > body.limit - body.bytes.size())
+    body.tooLarge = body.tooLarge || length > body.limit - body.bytes.size();
+    if (body.tooLarge)
         return 0;
     callOrTerminate([&] { body.bytes.append(data, length); });
     return length;
@@ -48,7 +53,17 @@ std::size_t append(char* data, std::size_t size, std::size_t count, void* target
 std::size_t countHeader(char*, std::size_t size, std::size_t count, void* target) {
     auto& body = *static_cast<Body*>(target);
     body.headers += size * count;
-    return body.headers <= LargestHeaders ? size * count : 0;
+    body.tooLarge = body.tooLarge || body.headers > LargestHeaders;
+    return body.tooLarge ? 0 : size * count;
+}
+
+/// The only function that is given what is neither header nor body, such as the extension of a chunk.
+int countReceived(CURL*, curl_infotype type, char*, std::size_t size, void* target) {
+    auto& body = *static_cast<Body*>(target);
+    if (type == CURLINFO_DATA_IN)
+        body.received += size;
+    body.tooLarge = body.tooLarge || body.received / MostBytesPerByte > body.limit;
+    return 0;
 }
 
 CURLM* makeTransfers() {
@@ -74,6 +89,9 @@ void configure(CURL* handle, const std::string& url, const TextWebEngineOptions&
     curl_easy_setopt(handle, CURLOPT_WRITEDATA, &body);
     curl_easy_setopt(handle, CURLOPT_HEADERFUNCTION, &countHeader);
     curl_easy_setopt(handle, CURLOPT_HEADERDATA, &body);
+    curl_easy_setopt(handle, CURLOPT_DEBUGFUNCTION, &countReceived);
+    curl_easy_setopt(handle, CURLOPT_DEBUGDATA, &body);
+    curl_easy_setopt(handle, CURLOPT_VERBOSE, 1L);
 }
 
 std::string information(CURL* handle, CURLINFO what) {
@@ -133,13 +151,15 @@ void PageFetch::run() {
     Body body{{}, options_.largestPage, 0};
     configure(handle.get(), url_, options_, body);
     curl_easy_setopt(handle.get(), CURLOPT_CONNECT_TO, connectTo.get());
-    const auto result = transfer(transfers_, handle.get(), [this] { return isWanted(); });
+    const auto result = transfer(transfers_, handle.get(), [&] { return isWanted() && !body.tooLarge; });
     if (givenUp_)
         return;
     FetchedPage page;
     page.contentType = information(handle.get(), CURLINFO_CONTENT_TYPE);
     page.url = information(handle.get(), CURLINFO_EFFECTIVE_URL);
-    if (result == CURLE_OK)
+    if (body.tooLarge || result == CURLE_FILESIZE_EXCEEDED)
+        page.error = "The page is too large";
+    else if (result == CURLE_OK)
         page.bytes = std::move(body.bytes);
     else
         page.error = curl_easy_strerror(result.value_or(CURLE_ABORTED_BY_CALLBACK));

@@ -97,6 +97,7 @@ void HttpServer::hang(const std::string& path) {
 void HttpServer::answerRaw(const std::string& path, const std::string& bytes) {
     const std::lock_guard lock(mutex_);
     responses_[path] = bytes;
+    endless_.erase(path);
 }
 
 std::string HttpServer::url(const std::string& path) const {

@@ -7,6 +7,22 @@ namespace wardlock::test {
 
 using namespace std::chrono_literals;
 
+namespace {
+
+class LoadReports : public platform::Object, public platform::UIWebViewDelegate {
+public:
+    void webViewDidFinishLoad(platform::UIWebView&) override { ended = true; }
+    void webViewDidFailLoadWithError(platform::UIWebView&, const std::string& reason) override {
+        ended = true;
+        error = reason;
+    }
+
+    bool ended = false;
+    std::string error;
+};
+
+} // namespace
+
 LocalWeb::LocalWeb() {
     for (const char* proxy :
          {"http_proxy", "HTTP_PROXY", "all_proxy", "ALL_PROXY", "https_proxy", "HTTPS_PROXY"})
@@ -28,6 +44,16 @@ void LocalWeb::useFor(const std::string& host, int port) {
 void LocalWeb::endEngine() {
     platform::WebEngine::setCurrent(nullptr);
     engine_ = nullptr;
+}
+
+PageOutcome LocalWeb::load(const std::string& path) const {
+    const auto reports = std::make_shared<LoadReports>();
+    const auto view = std::make_shared<platform::UIWebView>(platform::CGRectZero);
+    view->setDelegate(reports);
+    view->loadRequest({server.url(path)});
+    if (!waitUntil([&] { return reports->ended; }))
+        return {"the load has not ended", {}, {}};
+    return {reports->error, view->text(), view->links()};
 }
 
 bool LocalWeb::waitUntil(const std::function<bool()>& done) {
