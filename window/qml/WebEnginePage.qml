@@ -50,6 +50,15 @@ WebEngineView {
         if (!isOfTheWeb(request.url))
             request.reject();
     }
+    // A blank page is loaded without that request, so the page itself refuses it, out of reach of its scripts.
+    Component.onCompleted: userScripts.collection = [{
+        name: "web addresses only",
+        injectionPoint: WebEngineScript.DocumentCreation,
+        worldId: WebEngineScript.ApplicationWorld,
+        sourceCode: "navigation.addEventListener('navigate', event => {"
+                    + "    if (!/^https?:/.test(event.destination.url)) event.preventDefault();"
+                    + "});"
+    }]
     // There is one view: a link that asks for a window of its own is followed in it too.
     onNewWindowRequested: (request) => {
         if (request.userInitiated && isOfTheWeb(request.requestedUrl))
