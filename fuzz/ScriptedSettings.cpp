@@ -7,7 +7,6 @@
 #include "platform/files/DeviceRoot.h"
 #include "platform/plist/PropertyListFile.h"
 #include "platform/services/MailService.h"
-#include "platform/ui/UIApplication.h"
 #include "platform/ui/UIWebView.h"
 #include "settings/Constants.h"
 #include "settings/DefaultSettings.h"
@@ -17,6 +16,7 @@
 #include "shell/device/Provision.h"
 #include "tests/support/doubles/LoopbackNotificationCenter.h"
 #include "tests/support/doubles/RecordingMailService.h"
+#include "tests/support/doubles/RecordingURLOpener.h"
 
 #include <cstdlib>
 #include <nlohmann/json.hpp>
@@ -131,11 +131,10 @@ void ScriptedSettings::run(std::string_view script, std::size_t accounts) {
     storeDocument(accounts);
     test::LoopbackNotificationCenter center;
     test::RecordingMailService mail;
+    const test::RecordingURLOpener urls;
     EchoingWeb web;
     shell::ManualClock clock;
     shell::SettingsApplication settings(clock);
-    platform::MailService::setCurrent(&mail);
-    platform::UIApplication::sharedApplication().setURLOpener([](std::string_view) { return true; });
     cli::SettingsLoop loop(settings, nullptr);
     cli::ScriptCommands commands(settings, clock, loop);
     std::istringstream lines{std::string(script)};

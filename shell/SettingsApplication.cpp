@@ -3,8 +3,6 @@
 #include "platform/base/Diagnostics.h"
 #include "platform/runtime/MainLoop.h"
 #include "platform/runtime/NSOperationQueue.h"
-#include "platform/services/SystemMailService.h"
-#include "platform/services/SystemURLOpener.h"
 #include "platform/ui/UIApplication.h"
 #include "settings/Log.h"
 #include "shell/BundleListController.h"
@@ -23,16 +21,11 @@ SettingsApplication::SettingsApplication(platform::AnimationClock& clock, double
     platform::AnimationClock::setCurrent(&clock_);
     platform::DisplayObserver::setCurrent(&changes_);
     UIApplication::sharedApplication().setKeyWindow(screen_.window());
-    UIApplication::sharedApplication().setURLOpener(
-        [](std::string_view url) { return platform::openURLOnSystem(url); });
-    platform::MailService::setCurrent(&platform::systemMailService());
     setTransitionSeconds(transitionSeconds);
 }
 
 SettingsApplication::~SettingsApplication() {
     close();
-    platform::MailService::setCurrent(nullptr);
-    UIApplication::sharedApplication().setURLOpener({});
     UIApplication::sharedApplication().setKeyWindow(nullptr);
     platform::DisplayObserver::setCurrent(nullptr);
     platform::AnimationClock::setCurrent(nullptr);

@@ -1,6 +1,6 @@
 #include "window/WindowHost.h"
 
-#include "platform/services/DeviceInformation.h"
+#include "platform/services/HostDevice.h"
 #include "window/accessibility/AccessibleItem.h"
 #include "window/items/BlurredBackdrop.h"
 #include "window/items/Chevron.h"
@@ -55,8 +55,8 @@ void WindowHost::updateScreen() const {
     // Pictures are requested at the resolution of a device at least, so that they stay sharp when the text
     // grows.
     constexpr double devicesScale = 2;
-    platform::DeviceInformation::setScreenSize({double(window()->width()), double(window()->height())});
-    platform::DeviceInformation::setScreenScale(std::max(devicesScale, window()->devicePixelRatio()));
+    platform::setScreenSize({double(window()->width()), double(window()->height())});
+    platform::setScreenScale(std::max(devicesScale, window()->devicePixelRatio()));
 }
 
 void WindowHost::followApplicationState(Qt::ApplicationState state) {

@@ -7,7 +7,7 @@
 #include "cli/io/ShellWord.h"
 #include "platform/files/DeviceRoot.h"
 #include "platform/services/HostStatus.h"
-#include "platform/services/SystemMailService.h"
+#include "platform/services/MailService.h"
 
 namespace wardlock::cli {
 

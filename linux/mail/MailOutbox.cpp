@@ -4,7 +4,7 @@
 #include "linux/mail/MimeMessage.h"
 #include "linux/posix/PrivateFolder.h"
 #include "platform/files/DeviceRoot.h"
-#include "platform/services/SystemMailService.h"
+#include "platform/services/MailService.h"
 
 #include <cerrno>
 #include <ctime>

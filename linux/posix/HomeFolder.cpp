@@ -1,4 +1,4 @@
-#include "platform/files/RealFileSystem.h"
+#include "platform/files/HomeFolder.h"
 
 #include <cerrno>
 #include <pwd.h>

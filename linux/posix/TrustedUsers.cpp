@@ -1,6 +1,5 @@
 #include "linux/posix/TrustedUsers.h"
 
-#include "platform/files/RealFileSystem.h"
 #include "platform/runtime/Module.h"
 
 #include <algorithm>
@@ -99,7 +98,7 @@ TrustedUsers::TrustedUsers() : users_{0, ::geteuid()} {
     static const char here = 0;
     for (const std::string& path : {std::string("/"), moduleContaining(&here)}) {
         FileStatus status;
-        if (!realFileSystem().status(path, Links::NoFollow, status))
+        if (!FileSystem::native().status(path, Links::NoFollow, status))
             users_.push_back(status.owner);
     }
 }

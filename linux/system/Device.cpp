@@ -1,5 +1,7 @@
-// What a device consists of here: the class behind each service of the platform. Installed applications are a
-// module of their own, linux/applist, which pages find by its class's name.
+// What a device consists of here: the class behind each service of the platform that a program may replace
+// (`setCurrent`), and behind each that it creates. Services that nothing replaces are functions, defined
+// where their work is done. Installed applications are a module of their own, linux/applist, which pages find
+// by its class's name. The clock, the display and the web engine come from the front end.
 
 #include "linux/mail/LinuxMailService.h"
 #include "linux/mail/MailOutbox.h"
@@ -10,15 +12,14 @@
 #include "linux/system/AppearancePortal.h"
 #include "linux/system/LinuxDeviceInformation.h"
 #include "linux/web/CurlWebEngine.h"
-#include "platform/files/RealFileSystem.h"
-#include "platform/services/SystemMailService.h"
+#include "linux/web/DesktopURLOpener.h"
 
 #include <memory>
 #include <utility>
 
 namespace platform {
 
-FileSystem& realFileSystem() {
+FileSystem& FileSystem::native() {
     // Never destroyed: the log may be written until the process has ended.
     static FileSystem* const files = new posix::PosixFileSystem;
     return *files;
@@ -35,7 +36,16 @@ system::LinuxDeviceInformation& system::machineInformation() {
     return information;
 }
 
-MailService& systemMailService() {
+DeviceInformation& DeviceInformation::native() {
+    return system::machineInformation();
+}
+
+URLOpener& URLOpener::native() {
+    static web::DesktopURLOpener opener;
+    return opener;
+}
+
+MailService& MailService::native() {
     static mail::LinuxMailService service({std::make_shared<mail::MailPortal>(),
                                            std::make_shared<mail::MailProgram>(),
                                            std::make_shared<mail::MailOutbox>()});

@@ -2,7 +2,6 @@
 
 #include "platform/files/DeviceRoot.h"
 #include "platform/files/FileSystem.h"
-#include "platform/files/RealFileSystem.h"
 #include "platform/runtime/Module.h"
 
 #include <dlfcn.h>
@@ -51,7 +50,7 @@ void* mapFile(const std::string& path, int mode) {
 
 void* openModule(const std::string& path, int mode, std::string& reason) {
     std::string file;
-    if (std::error_code error = realFileSystem().resolve(path, file)) {
+    if (std::error_code error = FileSystem::native().resolve(path, file)) {
         reason = path + ": " + error.message();
         return nullptr;
     }
@@ -95,7 +94,7 @@ std::string moduleContaining(const void* address) {
     const std::string name = static_cast<const link_map*>(extra)->l_name;
     const std::string path = name.empty() ? "/proc/self/exe" : name;
     std::string file;
-    return realFileSystem().resolve(path, file) ? path : file;
+    return FileSystem::native().resolve(path, file) ? path : file;
 }
 
 void* dlopen(std::string_view devicePath, int mode) {
@@ -105,7 +104,7 @@ void* dlopen(std::string_view devicePath, int mode) {
 std::string reasonToDistrustModule(std::string_view devicePath) {
     const std::string path = pathOnDevice(devicePath);
     FileStatus status;
-    return realFileSystem().status(path, Links::Follow, status) ? "" : reasonToDistrust(path);
+    return FileSystem::native().status(path, Links::Follow, status) ? "" : reasonToDistrust(path);
 }
 
 void dlclose(void* handle) {

@@ -20,8 +20,6 @@ std::string unquoted(std::string_view text) {
     return std::string(text);
 }
 
-DeviceInformation* replacement = nullptr;
-
 } // namespace
 
 std::string versionInRelease(std::string_view text) {
@@ -62,25 +60,15 @@ std::string LinuxDeviceInformation::machine() {
 
 namespace platform {
 
-DeviceInformation::~DeviceInformation() = default;
-
-DeviceInformation& DeviceInformation::current() {
-    return system::replacement ? *system::replacement : system::machineInformation();
-}
-
-void DeviceInformation::setCurrent(DeviceInformation* information) {
-    system::replacement = information;
-}
-
-void DeviceInformation::setScreenSize(CGSize size) {
+void setScreenSize(CGSize size) {
     system::machineInformation().becomeScreenSize(size);
 }
 
-void DeviceInformation::setScreenScale(double pixelsPerPoint) {
+void setScreenScale(double pixelsPerPoint) {
     system::machineInformation().becomeScreenScale(pixelsPerPoint);
 }
 
-void DeviceInformation::setUserInterfaceIdiom(long idiom) {
+void setUserInterfaceIdiom(long idiom) {
     system::machineInformation().becomeIdiom(idiom);
 }
 

@@ -30,7 +30,7 @@ private:
     double screenScale_ = 2;
 };
 
-/// Returns the one of the process, which hosts change by DeviceInformation's own functions.
+/// Returns the one of the process, which hosts change by the functions of HostDevice.h.
 LinuxDeviceInformation& machineInformation();
 
 /// Returns the unquoted VERSION_ID in the text of an os-release file; empty where there is none.

@@ -1,7 +1,6 @@
 #include "linux/posix/TrustedUsers.h"
 #include "platform/files/FileSystem.h"
 #include "platform/files/FolderTrust.h"
-#include "platform/files/RealFileSystem.h"
 #include "platform/runtime/Module.h"
 
 #include <algorithm>
@@ -67,7 +66,7 @@ private:
     std::string step(const std::string& path) {
         checked_ = path;
         FileStatus status;
-        if (std::error_code error = realFileSystem().status(path, Links::NoFollow, status))
+        if (std::error_code error = FileSystem::native().status(path, Links::NoFollow, status))
             return path + ": " + error.message();
         if (status.kind == FileKind::Link)
             return follow(path, status);
@@ -96,7 +95,7 @@ private:
         if (place != Place::File && isAbove(path, library_))
             return "";
         FileStatus status;
-        if (std::error_code error = realFileSystem().status(path, Links::NoFollow, status))
+        if (std::error_code error = FileSystem::native().status(path, Links::NoFollow, status))
             return path + ": " + error.message();
         if (status.kind != (place == Place::File ? FileKind::Regular : FileKind::Folder))
             return path + ": " + (place == Place::File ? "not a file" : "not a folder");

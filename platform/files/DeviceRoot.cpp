@@ -1,7 +1,7 @@
 #include "platform/files/DeviceRoot.h"
 
 #include "platform/files/FileSystem.h"
-#include "platform/files/RealFileSystem.h"
+#include "platform/files/HomeFolder.h"
 
 #include <cstdlib>
 #include <filesystem>

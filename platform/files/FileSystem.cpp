@@ -1,26 +1,23 @@
 #include "platform/files/FileSystem.h"
 
-#include "platform/files/RealFileSystem.h"
-
-#include <atomic>
+#include "platform/base/CurrentService.h"
 
 namespace platform {
 
 namespace {
 
-std::atomic<FileSystem*> chosen = nullptr;
+constinit CurrentService<FileSystem> currentFiles(FileSystem::native);
 
 } // namespace
 
 FileSystem::~FileSystem() = default;
 
 FileSystem& FileSystem::current() {
-    FileSystem* files = chosen.load(std::memory_order_acquire);
-    return files ? *files : realFileSystem();
+    return currentFiles.get();
 }
 
 void FileSystem::setCurrent(FileSystem* files) {
-    chosen.store(files, std::memory_order_release);
+    currentFiles.set(files);
 }
 
 std::error_code makeFolders(FileSystem& files, const std::string& path, unsigned mode) {

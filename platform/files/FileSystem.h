@@ -43,10 +43,12 @@ class WARDLOCK_API FileSystem {
 public:
     virtual ~FileSystem();
 
-    /// Returns the file system in use: the real one unless another was set.
+    /// Returns the process's file system: the one that was set, else the operating system's own.
     static FileSystem& current();
-    /// Uses `files` from now on; null restores the real file system. The caller keeps ownership.
+    /// Null restores the operating system's own. The caller keeps ownership.
     static void setCurrent(FileSystem* files);
+    /// Returns the operating system's own: the files of this machine.
+    static FileSystem& native();
 
     virtual std::error_code status(const std::string& path, Links links, FileStatus& status) = 0;
     virtual std::error_code status(FileHandle file, FileStatus& status) = 0;

@@ -1,14 +1,13 @@
 #pragma once
 
-#include "../base/Export.h"
-#include "../base/Geometry.h"
+#include "platform/base/Export.h"
+#include "platform/base/Geometry.h"
+#include "platform/services/HostDevice.h"
 
 #include <string>
 
 namespace platform {
 
-inline constexpr long UIUserInterfaceIdiomPhone = 0;
-inline constexpr long UIUserInterfaceIdiomPad = 1;
 inline constexpr long UIInterfaceOrientationUnknown = 0;
 inline constexpr long UIInterfaceOrientationPortrait = 1;
 inline constexpr long UIInterfaceOrientationPortraitUpsideDown = 2;
@@ -33,17 +32,12 @@ public:
     /// The machine field of uname: the hardware model code.
     virtual std::string machine() = 0;
 
+    /// Returns the process's device: the one that was set, else the operating system's own.
     static DeviceInformation& current();
-    /// Set by a host on the machine's own information:
-    /// - the size its window gives the screen as it is held (390 x 844 until then; portrait unless wider than
-    ///   high);
-    /// - its scale;
-    /// - the idiom it shows (a phone's until then).
-    static void setScreenSize(CGSize size);
-    static void setScreenScale(double pixelsPerPoint);
-    static void setUserInterfaceIdiom(long idiom);
-    /// Null restores the machine's own. The caller keeps ownership.
+    /// Null restores the operating system's own. The caller keeps ownership.
     static void setCurrent(DeviceInformation* information);
+    /// Returns the operating system's own, with what the host decides (HostDevice.h).
+    static DeviceInformation& native();
 };
 
 } // namespace platform

@@ -1,29 +1,23 @@
 #include "platform/services/MailService.h"
 
+#include "platform/base/CurrentService.h"
+
 namespace platform {
 
 namespace {
 
-class NoMail : public MailService {
-    bool canSendMail() override { return false; }
-    void send(const MailMessage&, std::function<void(const MailOutcome&)> done) override {
-        done({MailOutcome::Kind::Failed, "Mail cannot be sent from this device."});
-    }
-};
-
-MailService* currentService = nullptr;
+constinit CurrentService<MailService> currentMail(MailService::native);
 
 } // namespace
 
 MailService::~MailService() = default;
 
 MailService& MailService::current() {
-    static NoMail none;
-    return currentService ? *currentService : none;
+    return currentMail.get();
 }
 
 void MailService::setCurrent(MailService* service) {
-    currentService = service;
+    currentMail.set(service);
 }
 
 } // namespace platform

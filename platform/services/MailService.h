@@ -17,6 +17,9 @@ struct MailOutcome {
     std::string message;
 };
 
+/// The device path of the outbox folder.
+inline constexpr const char* mailOutboxPath = "/var/mobile/Library/Mail/Outbox";
+
 /// The ways a mail can leave this machine. Main thread only.
 class WARDLOCK_API MailService {
 public:
@@ -26,10 +29,18 @@ public:
     /// Tries the routes in their order. Calls `done` on the main thread, possibly before this returns.
     virtual void send(const MailMessage& message, std::function<void(const MailOutcome&)> done) = 0;
 
-    /// Returns the process's service; while none is set, one that cannot send.
+    /// Returns the process's service: the one that was set, else the operating system's own.
     static MailService& current();
-    /// Sets the process's service; null removes it. The caller keeps ownership.
+    /// Null restores the operating system's own. The caller keeps ownership.
     static void setCurrent(MailService* service);
+    /// Returns the operating system's own, which tries these ways in order:
+    /// - the desktop's email portal, where there is a bus with a portal;
+    /// - xdg-email, where there are a registered mail program and a display;
+    /// - the device root's outbox folder, where it exists: a complete message is saved there.
+    ///
+    /// canSendMail() returns within seconds whatever the desktop does. Sending runs beside the main thread
+    /// and is reported on it.
+    static MailService& native();
 };
 
 } // namespace platform

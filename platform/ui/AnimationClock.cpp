@@ -1,5 +1,7 @@
 #include "platform/ui/AnimationClock.h"
 
+#include "platform/base/CurrentService.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -15,7 +17,12 @@ class StandingClock : public AnimationClock {
 /// A century: the sum of two such times does not overflow.
 constexpr std::chrono::hours longest{24 * 36'525};
 
-AnimationClock* currentClock = nullptr;
+AnimationClock& standingClock() {
+    static StandingClock standing;
+    return standing;
+}
+
+constinit CurrentService<AnimationClock> currentClock(standingClock);
 
 } // namespace
 
@@ -29,12 +36,11 @@ AnimationClock::Time AnimationClock::time(double seconds) {
 }
 
 AnimationClock& AnimationClock::current() {
-    static StandingClock standing;
-    return currentClock ? *currentClock : standing;
+    return currentClock.get();
 }
 
 void AnimationClock::setCurrent(AnimationClock* clock) {
-    currentClock = clock;
+    currentClock.set(clock);
 }
 
 } // namespace platform

@@ -1,5 +1,7 @@
 #include "platform/ui/DisplayObserver.h"
 
+#include "platform/base/CurrentService.h"
+
 namespace platform {
 
 namespace {
@@ -13,19 +15,23 @@ class NoObserver : public DisplayObserver {
     void endEditing(UIView&) override {}
 };
 
-DisplayObserver* currentObserver = nullptr;
+DisplayObserver& noObserver() {
+    static NoObserver none;
+    return none;
+}
+
+constinit CurrentService<DisplayObserver> currentObserver(noObserver);
 
 } // namespace
 
 DisplayObserver::~DisplayObserver() = default;
 
 DisplayObserver& DisplayObserver::current() {
-    static NoObserver none;
-    return currentObserver ? *currentObserver : none;
+    return currentObserver.get();
 }
 
 void DisplayObserver::setCurrent(DisplayObserver* observer) {
-    currentObserver = observer;
+    currentObserver.set(observer);
 }
 
 } // namespace platform

@@ -1,6 +1,7 @@
 #include "platform/ui/UIApplication.h"
 
 #include "platform/runtime/NSNotificationCenter.h"
+#include "platform/ui/URLOpener.h"
 
 #include <utility>
 
@@ -18,12 +19,7 @@ void UIApplication::setKeyWindow(std::shared_ptr<UIWindow> window) {
 }
 
 bool UIApplication::openURL(std::string_view url) {
-    const URLOpener opener = opener_;
-    return opener && opener(url);
-}
-
-void UIApplication::setURLOpener(URLOpener opener) {
-    opener_ = std::move(opener);
+    return URLOpener::current().openURL(url);
 }
 
 void UIApplication::resignActive() {

@@ -3,7 +3,6 @@
 #include "platform/base/Object.h"
 #include "platform/ui/UIWindow.h"
 
-#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -26,9 +25,6 @@ public:
 
     /// Returns whether a handler for the URL's scheme was there and accepted it.
     bool openURL(std::string_view url);
-    using URLOpener = std::function<bool(std::string_view url)>;
-    /// Sets how openURL opens a URL; empty: it opens nothing.
-    void setURLOpener(URLOpener opener);
 
     /// Posts UIApplicationWillResignActiveNotification.
     void resignActive();
@@ -37,7 +33,6 @@ private:
     UIApplication() = default;
 
     std::shared_ptr<UIWindow> keyWindow_;
-    URLOpener opener_;
 };
 
 } // namespace platform

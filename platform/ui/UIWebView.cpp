@@ -1,12 +1,27 @@
 #include "platform/ui/UIWebView.h"
 
+#include "platform/base/CurrentService.h"
 #include "platform/runtime/NSOperationQueue.h"
 
 namespace platform {
 
 namespace {
 
-WebEngine* currentEngine = nullptr;
+class NoWebEngine : public WebEngine {
+    void load(const std::shared_ptr<UIWebView>& view, const NSURLRequest&) override {
+        NSOperationQueue::mainQueue().addOperation([weak = std::weak_ptr(view)] {
+            if (const auto waiting = weak.lock())
+                waiting->didFailLoad("There is no web engine");
+        });
+    }
+};
+
+WebEngine& noEngine() {
+    static NoWebEngine none;
+    return none;
+}
+
+constinit CurrentService<WebEngine> currentEngine(noEngine);
 
 } // namespace
 
@@ -14,26 +29,18 @@ UIWebViewDelegate::~UIWebViewDelegate() = default;
 WebEngine::~WebEngine() = default;
 UIWebView::~UIWebView() = default;
 
-WebEngine* WebEngine::current() {
-    return currentEngine;
+WebEngine& WebEngine::current() {
+    return currentEngine.get();
 }
 
 void WebEngine::setCurrent(WebEngine* engine) {
-    currentEngine = engine;
+    currentEngine.set(engine);
 }
 
 void UIWebView::loadRequest(const NSURLRequest& request) {
     url_ = request.url;
     changed();
-    const auto view = self(this);
-    if (WebEngine* engine = WebEngine::current()) {
-        engine->load(view, request);
-        return;
-    }
-    NSOperationQueue::mainQueue().addOperation([weak = std::weak_ptr(view)] {
-        if (const auto waiting = weak.lock())
-            waiting->didFailLoad("There is no web engine");
-    });
+    WebEngine::current().load(self(this), request);
 }
 
 void UIWebView::didStartLoad() {

@@ -40,9 +40,9 @@ public:
     /// An earlier load of the same view is cancelled without a report. The view is not retained.
     virtual void load(const std::shared_ptr<UIWebView>& view, const NSURLRequest& request) = 0;
 
-    /// Null while there is none: loads then fail.
-    static WebEngine* current();
-    /// The caller keeps ownership.
+    /// Returns the process's engine; while none is set, every load fails.
+    static WebEngine& current();
+    /// Null removes it. The caller keeps ownership.
     static void setCurrent(WebEngine* engine);
 };
 

@@ -2,7 +2,7 @@
 
 #include "platform/files/AtomicWriter.h"
 #include "platform/files/DeviceRoot.h"
-#include "platform/services/SystemMailService.h"
+#include "platform/services/MailService.h"
 #include "shell/device/DemonstrationApplications.h"
 #include "shell/device/DemonstrationIcon.h"
 #include "shell/device/DemonstrationInfo.h"

@@ -1,7 +1,6 @@
 #include "tests/support/SettingsApplicationFixture.h"
 
 #include "platform/plist/PropertyListFile.h"
-#include "platform/ui/UIApplication.h"
 #include "settings/DefaultSettings.h"
 #include "settings/Keys.h"
 #include "shell/device/Provision.h"
@@ -16,18 +15,12 @@ SettingsApplicationFixture::SettingsApplicationFixture() = default;
 
 SettingsApplicationFixture::~SettingsApplicationFixture() {
     settings_.reset();
-    platform::MailService::setCurrent(nullptr);
 }
 
 void SettingsApplicationFixture::start(double transitionSeconds) {
     const shell::Provision provision;
     EXPECT_EQ(provision.problems(), std::vector<std::string>());
     settings_ = std::make_unique<shell::SettingsApplication>(clock, transitionSeconds);
-    platform::MailService::setCurrent(&mail);
-    platform::UIApplication::sharedApplication().setURLOpener([this](std::string_view url) {
-        openedUrls.emplace_back(url);
-        return true;
-    });
 }
 
 NSIndexPath SettingsApplicationFixture::pathOf(std::string_view label) {

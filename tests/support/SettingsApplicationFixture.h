@@ -6,6 +6,7 @@
 #include "tests/support/DeviceRootFixture.h"
 #include "tests/support/doubles/LoopbackNotificationCenter.h"
 #include "tests/support/doubles/RecordingMailService.h"
+#include "tests/support/doubles/RecordingURLOpener.h"
 
 #include <memory>
 #include <string>
@@ -52,7 +53,7 @@ protected:
     LoopbackNotificationCenter center;
     shell::ManualClock clock;
     RecordingMailService mail;
-    std::vector<std::string> openedUrls;
+    RecordingURLOpener urls;
 
 private:
     std::unique_ptr<shell::SettingsApplication> settings_;

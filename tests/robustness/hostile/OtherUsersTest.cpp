@@ -3,7 +3,7 @@
 #include "platform/plist/PropertyListFile.h"
 #include "platform/runtime/MainLoop.h"
 #include "platform/runtime/NSOperationQueue.h"
-#include "platform/services/SystemMailService.h"
+#include "platform/services/MailService.h"
 #include "settings/Constants.h"
 #include "settings/Document.h"
 #include "settings/Log.h"
@@ -131,8 +131,8 @@ TEST_F(OtherUsers, CannotReadAMailThatWasSaved) {
     std::optional<platform::MailOutcome> told;
     const platform::MailMessage message{
         {"support@example.org"}, "Help", "text", false, {{"a log", "text/plain", "log"}}};
-    platform::systemMailService().send(message,
-                                       [&](const platform::MailOutcome& outcome) { told = outcome; });
+    platform::MailService::native().send(message,
+                                         [&](const platform::MailOutcome& outcome) { told = outcome; });
     ASSERT_TRUE(platform::MainLoop::shared().runUntil([&] { return told.has_value(); }, testTimeout));
     ASSERT_EQ(told->kind, platform::MailOutcome::Kind::SavedToOutbox) << told->message;
     int mails = 0;

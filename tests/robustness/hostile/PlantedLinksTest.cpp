@@ -5,7 +5,7 @@
 #include "platform/plist/PropertyListFile.h"
 #include "platform/runtime/NSBundle.h"
 #include "platform/runtime/NSOperationQueue.h"
-#include "platform/services/SystemMailService.h"
+#include "platform/services/MailService.h"
 #include "settings/Constants.h"
 #include "settings/Document.h"
 #include "settings/Log.h"
@@ -149,10 +149,10 @@ TEST_F(PlantedLink, ClosesTheOutboxWhenItReplacesIt) {
     makeFolder("/var/mobile/Library/Mail");
     makeFolder("/taken");
     fs::create_directory_symlink(onDisk("/taken"), onDisk(platform::mailOutboxPath));
-    ASSERT_TRUE(platform::systemMailService().canSendMail()) << "a link of ours";
+    ASSERT_TRUE(platform::MailService::native().canSendMail()) << "a link of ours";
     fs::remove(onDisk(platform::mailOutboxPath));
     plant(onDisk("/taken"), platform::mailOutboxPath);
-    EXPECT_FALSE(platform::systemMailService().canSendMail());
+    EXPECT_FALSE(platform::MailService::native().canSendMail());
 }
 
 } // namespace

@@ -2,7 +2,7 @@
 
 #include "platform/runtime/MainLoop.h"
 #include "platform/services/DesktopAppearance.h"
-#include "platform/services/SystemMailService.h"
+#include "platform/services/MailService.h"
 #include "tests/support/BuildPaths.h"
 #include "tests/support/BusFixture.h"
 #include "tests/support/TestTimeout.h"
@@ -40,7 +40,7 @@ protected:
         std::optional<MailOutcome> outcome;
         const platform::MailMessage message{
             {"support@example.org"}, "Help", "text", false, {{"a log", "text/plain", "log"}}};
-        platform::systemMailService().send(message, [&](const MailOutcome& result) { outcome = result; });
+        platform::MailService::native().send(message, [&](const MailOutcome& result) { outcome = result; });
         EXPECT_TRUE(platform::MainLoop::shared().runUntil([&] { return outcome.has_value(); }, testTimeout));
         return outcome.value_or(MailOutcome()).kind;
     }
@@ -75,7 +75,7 @@ TEST_F(Portal, LeavesEverythingElseWorkingWhenItNeverReplies) {
     startPortal("silence");
     bool answered = false;
     const platform::MailMessage message{{"support@example.org"}, "Help", "text", false, {}};
-    platform::systemMailService().send(message, [&](const MailOutcome&) { answered = true; });
+    platform::MailService::native().send(message, [&](const MailOutcome&) { answered = true; });
     // The main thread goes on: with a listener that hears of a change, and with a look that nobody tells.
     int changes = 0;
     const auto watch = platform::monitorDesktopAppearance([&] { ++changes; });

@@ -8,9 +8,15 @@
 
 namespace wardlock::test {
 
-/// Keeps the mails that are sent; their outcome is told when the test says so.
+/// Keeps the mails that are sent; their outcome is told when the test says so. The process's
+/// service while it lives.
 class RecordingMailService final : public platform::MailService {
 public:
+    RecordingMailService() { setCurrent(this); }
+    ~RecordingMailService() override { setCurrent(nullptr); }
+    RecordingMailService(const RecordingMailService&) = delete;
+    RecordingMailService& operator=(const RecordingMailService&) = delete;
+
     bool canSendMail() override { return canSend; }
     void send(const platform::MailMessage& message,
               std::function<void(const platform::MailOutcome&)> done) override {

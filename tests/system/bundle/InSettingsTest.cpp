@@ -296,7 +296,7 @@ TEST_F(BundleInSettings, ClosesTheKeypadWhenTheApplicationResigns) {
 TEST_F(BundleInSettings, OpensTheMakersProfile) {
     open({});
     tap("@TavixCo");
-    EXPECT_EQ(openedUrls, Labels{"twitter://user?screen_name=TavixCo"});
+    EXPECT_EQ(urls.opened, Labels{"twitter://user?screen_name=TavixCo"});
 }
 
 TEST_F(BundleInSettings, SendsAMailToSupport) {

@@ -225,7 +225,7 @@ TEST_F(AppListDesktop, PrefersTheIconThatFitsThenAScalableThenALargerThenASmalle
                "[16x16/apps]\nSize=16\nType=Fixed\n[32x32/apps]\nSize=32\nType=Threshold\nThreshold=4\n"
                "[256x256/apps]\nSize=256\nType=Fixed\n"
                "[scalable/apps]\nSize=48\nMinSize=128\nMaxSize=512\nType=Scalable\n");
-    platform::DeviceInformation::setScreenScale(1);
+    platform::setScreenScale(1);
     writeEntry("a.desktop", "Name=x\nIcon=a\n");
     writeEntry("b.desktop", "Name=x\nIcon=b\n");
     writeEntry("c.desktop", "Name=x\nIcon=c\n");
@@ -253,7 +253,7 @@ TEST_F(AppListDesktop, TakesTheIconOfAScaledFolderForAScreenOfItsScale) {
     writeDesktop("icons/hicolor/32x32@2/apps/single.png", png(8));
     for (const auto& [scale, expected] :
          {std::pair(1, "32x32"), std::pair(2, "32x32@2"), std::pair(3, "32x32@3")}) {
-        platform::DeviceInformation::setScreenScale(scale);
+        platform::setScreenScale(scale);
         EXPECT_EQ(iconPath("all", 32), "icons/hicolor/" + std::string(expected) + "/apps/all.png");
     }
     EXPECT_EQ(iconPath("single", 32), "icons/hicolor/32x32@2/apps/single.png");

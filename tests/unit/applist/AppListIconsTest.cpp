@@ -12,7 +12,7 @@ constexpr const char* Svg = "<?xml version=\"1.0\"?><svg xmlns=\"http://www.w3.o
 
 class AppListIcon : public AppListFixture {
 protected:
-    AppListIcon() { platform::DeviceInformation::setScreenScale(2); }
+    AppListIcon() { platform::setScreenScale(2); }
 
     void installWithIcon(std::string_view icon) {
         install("/Applications/A.app", "org.a", "A",
@@ -38,9 +38,9 @@ TEST_F(AppListIcon, FollowsTheScreensScale) {
     installWithIcon("App.png");
     writeIcon("App.png", png(29));
     writeIcon("App@3x.png", png(87));
-    platform::DeviceInformation::setScreenScale(1);
+    platform::setScreenScale(1);
     EXPECT_EQ(iconOf("org.a"), "App.png");
-    platform::DeviceInformation::setScreenScale(3);
+    platform::setScreenScale(3);
     EXPECT_EQ(iconOf("org.a"), "App@3x.png");
 }
 

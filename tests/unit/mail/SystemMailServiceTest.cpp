@@ -1,6 +1,5 @@
-#include "platform/services/SystemMailService.h"
-
 #include "platform/runtime/MainLoop.h"
+#include "platform/services/MailService.h"
 #include "tests/support/BlockedSignal.h"
 #include "tests/support/BuildPaths.h"
 #include "tests/support/BusFixture.h"
@@ -79,7 +78,7 @@ protected:
 
     MailOutcome send() {
         std::optional<MailOutcome> outcome;
-        platform::systemMailService().send(message_, [&](const MailOutcome& result) { outcome = result; });
+        platform::MailService::native().send(message_, [&](const MailOutcome& result) { outcome = result; });
         EXPECT_TRUE(platform::MainLoop::shared().runUntil([&] { return outcome.has_value(); }, testTimeout));
         return outcome.value_or(MailOutcome());
     }
@@ -108,13 +107,13 @@ private:
 };
 
 TEST_F(SystemMailService, CannotSendWithoutARoute) {
-    EXPECT_FALSE(platform::systemMailService().canSendMail());
+    EXPECT_FALSE(platform::MailService::native().canSendMail());
     EXPECT_EQ(send().kind, MailOutcome::Kind::Failed);
 }
 
 TEST_F(SystemMailService, SavesACompleteMessageInTheOutbox) {
     makeFolder(outbox);
-    EXPECT_TRUE(platform::systemMailService().canSendMail());
+    EXPECT_TRUE(platform::MailService::native().canSendMail());
     const MailOutcome outcome = send();
     EXPECT_EQ(outcome.kind, MailOutcome::Kind::SavedToOutbox);
     ASSERT_EQ(savedMails().size(), 1U);
@@ -228,7 +227,7 @@ TEST_F(SystemMailService, AsksThePortalFirst) {
     installMailProgram();
     Process portal(programFolder() + "/test-email-portal", {"0"});
     ASSERT_EQ(portal.readLine(), "ready");
-    EXPECT_TRUE(platform::systemMailService().canSendMail());
+    EXPECT_TRUE(platform::MailService::native().canSendMail());
     EXPECT_EQ(send().kind, MailOutcome::Kind::HandedOver);
     EXPECT_EQ(portal.readLine(), "addresses=help@example.org");
     EXPECT_EQ(portal.readLine(), "subject=Wardlock -- x(1)");
@@ -269,7 +268,7 @@ TEST_F(SystemMailService, LeavesTheSignalsToTheHost) {
     ASSERT_EQ(portal.readLine(), "ready");
     BlockedSignal signal;
     std::optional<MailOutcome> outcome;
-    platform::systemMailService().send(message(), [&](const MailOutcome& result) { outcome = result; });
+    platform::MailService::native().send(message(), [&](const MailOutcome& result) { outcome = result; });
     signal.hold();
     while (portal.readLine().value_or("asking") != "asking") {
     }
@@ -286,7 +285,7 @@ TEST_F(SystemMailService, LeavesTheSignalsToTheHost) {
 TEST_F(SystemMailService, FailsWhereTheSystemHasNoMoreThreads) {
     makeFolder(outbox);
     const NoMoreThreads none;
-    EXPECT_FALSE(platform::systemMailService().canSendMail());
+    EXPECT_FALSE(platform::MailService::native().canSendMail());
     EXPECT_EQ(send().kind, MailOutcome::Kind::Failed);
 }
 
@@ -296,17 +295,17 @@ TEST_F(SystemMailService, AsksNoPortalInARuntimeFolderThatOthersCanChange) {
     const std::string runtime = folder() / "run";
     fs::create_symlink(bus.address().substr(std::string("unix:path=").size()), runtime + "/bus");
     environment.unset("DBUS_SESSION_BUS_ADDRESS");
-    EXPECT_TRUE(platform::systemMailService().canSendMail()) << "or the rest would prove nothing";
+    EXPECT_TRUE(platform::MailService::native().canSendMail()) << "or the rest would prove nothing";
     for (const unsigned mode : {0770U, 0702U, 01777U}) {
         fs::permissions(runtime, static_cast<fs::perms>(mode));
-        EXPECT_FALSE(platform::systemMailService().canSendMail()) << std::oct << mode;
+        EXPECT_FALSE(platform::MailService::native().canSendMail()) << std::oct << mode;
     }
 }
 
 TEST_F(SystemMailService, DoesNotWaitForAStoppedBus) {
     makeFolder(outbox);
     bus.stop();
-    EXPECT_TRUE(platform::systemMailService().canSendMail());
+    EXPECT_TRUE(platform::MailService::native().canSendMail());
     bus.resume();
 }
 

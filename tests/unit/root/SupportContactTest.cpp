@@ -1,8 +1,8 @@
 #include "platform/services/MailService.h"
-#include "platform/ui/UIApplication.h"
 #include "root/SettingsListController.h"
 #include "tests/support/PageFixture.h"
 #include "tests/support/doubles/PicturingDisplay.h"
+#include "tests/support/doubles/RecordingURLOpener.h"
 
 #include <filesystem>
 #include <sys/stat.h>
@@ -11,7 +11,6 @@ namespace wardlock::test {
 namespace {
 
 using platform::MFMailComposeViewController;
-using platform::UIApplication;
 
 class FakeMail : public platform::MailService {
 public:
@@ -32,8 +31,6 @@ public:
 
 class SupportContact : public PageFixture {
 protected:
-    ~SupportContact() override { UIApplication::sharedApplication().setURLOpener({}); }
-
     std::shared_ptr<MFMailComposeViewController> composer() {
         return std::dynamic_pointer_cast<MFMailComposeViewController>(page->presentedViewController());
     }
@@ -44,27 +41,19 @@ protected:
     }
 
     FakeMail mail;
+    RecordingURLOpener urls;
     std::shared_ptr<SettingsListController> page = std::make_shared<SettingsListController>();
 };
 
 TEST_F(SupportContact, OpensTheProfileInItsApplication) {
-    std::vector<std::string> opened;
-    UIApplication::sharedApplication().setURLOpener([&opened](std::string_view url) {
-        opened.emplace_back(url);
-        return true;
-    });
     tap(*page, "@TavixCo");
-    EXPECT_EQ(opened, std::vector<std::string>{"twitter://user?screen_name=TavixCo"});
+    EXPECT_EQ(urls.opened, std::vector<std::string>{"twitter://user?screen_name=TavixCo"});
 }
 
 TEST_F(SupportContact, OpensNothingElseWhenNoApplicationAcceptsTheProfile) {
-    int asked = 0;
-    UIApplication::sharedApplication().setURLOpener([&asked](std::string_view) {
-        ++asked;
-        return false;
-    });
+    urls.hasHandler = false;
     tap(*page, "@TavixCo");
-    EXPECT_EQ(asked, 1);
+    EXPECT_EQ(urls.opened.size(), 1U);
     EXPECT_EQ(page->presentedViewController(), nullptr);
 }
 

@@ -79,10 +79,10 @@ TEST(LandscapeOrientation, IncludesAllButThePortraitOrientations) {
 }
 
 TEST(ScreenSize, IsWiderThanHighOnAWideHost) {
-    platform::DeviceInformation::setScreenSize({844, 390});
+    platform::setScreenSize({844, 390});
     EXPECT_TRUE(isLandscape());
     EXPECT_EQ(screenSize(), (CGSize{844, 390}));
-    platform::DeviceInformation::setScreenSize({390, 844});
+    platform::setScreenSize({390, 844});
     EXPECT_FALSE(isLandscape());
     EXPECT_EQ(screenSize(), (CGSize{390, 844}));
 }

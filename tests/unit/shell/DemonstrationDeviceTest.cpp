@@ -1,7 +1,7 @@
 #include "shell/device/DemonstrationDevice.h"
 
 #include "platform/plist/PropertyList.h"
-#include "platform/services/SystemMailService.h"
+#include "platform/services/MailService.h"
 #include "settings/DefaultSettings.h"
 #include "settings/Keys.h"
 #include "shell/device/DemonstrationApplications.h"

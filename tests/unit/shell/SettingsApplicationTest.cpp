@@ -204,7 +204,7 @@ TEST_F(SettingsApplication, DeletesAnAccountAndReturns) {
 TEST_F(SettingsApplication, OpensTheProfilesUrl) {
     openWardlock();
     tap("@TavixCo");
-    EXPECT_EQ(openedUrls, std::vector<std::string>{"twitter://user?screen_name=TavixCo"});
+    EXPECT_EQ(urls.opened, std::vector<std::string>{"twitter://user?screen_name=TavixCo"});
 }
 
 TEST_F(SettingsApplication, ShowsTheChangeLogAsText) {

@@ -48,8 +48,8 @@ TEST(ReleaseVersion, IsEmptyWhenTheSystemNamesNoVersion) {
 }
 
 TEST(DeviceInformation, UsesTheHostsScreenAndIdiom) {
-    DeviceInformation::setScreenSize({1024, 768});
-    DeviceInformation::setUserInterfaceIdiom(UIUserInterfaceIdiomPad);
+    setScreenSize({1024, 768});
+    setUserInterfaceIdiom(UIUserInterfaceIdiomPad);
     DeviceInformation& device = DeviceInformation::current();
     EXPECT_EQ(device.screenBounds().size, (CGSize{768, 1024})) << "the screen stands upright";
     EXPECT_EQ(device.statusBarOrientation(), UIInterfaceOrientationLandscapeLeft);

@@ -1,6 +1,5 @@
-#include "platform/services/SystemURLOpener.h"
-
 #include "linux/posix/FileDescriptor.h"
+#include "linux/web/DesktopURLOpener.h"
 #include "tests/support/BlockedSignal.h"
 #include "tests/support/DeviceRootFixture.h"
 #include "tests/support/TestTimeout.h"
@@ -44,7 +43,9 @@ protected:
         fs::permissions(path, fs::perms::owner_all);
     }
     /// With all the time that a handler needs to fail in.
-    static bool open(std::string_view url) { return platform::openURLOnSystem(url, testTimeout); }
+    static bool open(std::string_view url) {
+        return platform::web::DesktopURLOpener(testTimeout).openURL(url);
+    }
     /// True when it does within the testTimeout; for what no descriptor tells.
     static bool happens(const std::function<bool()>& done) {
         const auto deadline = std::chrono::steady_clock::now() + testTimeout;
@@ -118,7 +119,7 @@ TEST_F(SystemURLOpener, DoesNotWaitForAHandlerThatStays) {
     ASSERT_EQ(fcntl(writing.get(), F_SETFD, FD_CLOEXEC), 0);
     installProgram("xdg-open", "exec /bin/cat /proc/" + std::to_string(getpid()) + "/fd/" +
                                    std::to_string(reading.get()));
-    EXPECT_TRUE(platform::openURLOnSystem("known:x", std::chrono::milliseconds(100)));
+    EXPECT_TRUE(platform::web::DesktopURLOpener(std::chrono::milliseconds(100)).openURL("known:x"));
 }
 
 TEST_F(SystemURLOpener, GivesAHandlerNoneOfTheHostsDescriptors) {
@@ -138,7 +139,8 @@ TEST_F(SystemURLOpener, DoesNotWaitWhereTheSystemHasNoHandlesOfProcesses) {
     const pid_t child = fork();
     if (child == 0) {
         const bool opened =
-            refuseProcessHandles() && platform::openURLOnSystem("known:x", std::chrono::milliseconds(100));
+            refuseProcessHandles() &&
+            platform::web::DesktopURLOpener(std::chrono::milliseconds(100)).openURL("known:x");
         _exit(opened ? 0 : 1);
     }
     int status = -1;
@@ -160,7 +162,7 @@ TEST_F(SystemURLOpener, LeavesNoDeadHandlerBehindWhateverSignalsTheHostGets) {
     const std::string pipe = folder() / "pipe";
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     installProgram("xdg-open", "echo $$ >'" + folder() / "process" + "'; read line <'" + pipe + "'");
-    EXPECT_TRUE(platform::openURLOnSystem("known:x", std::chrono::milliseconds(100)));
+    EXPECT_TRUE(platform::web::DesktopURLOpener(std::chrono::milliseconds(100)).openURL("known:x"));
     // The thread that waits for the handler's end is there by now: it takes no signal of the host.
     BlockedSignal signal;
     signal.hold();

@@ -169,8 +169,8 @@ TEST_F(WindowWebPage, ShowsAMissingEngineAndOpensTheBrowser) {
     scene().item("web:missing");
     EXPECT_FALSE(scene().shows("spinner"));
     scene().tap("web:browser");
-    ASSERT_EQ(openedUrls.size(), 1U);
-    EXPECT_NE(openedUrls[0].find("/packagesfordev.php?name=kitbay"), std::string::npos);
+    ASSERT_EQ(urls.opened.size(), 1U);
+    EXPECT_NE(urls.opened[0].find("/packagesfordev.php?name=kitbay"), std::string::npos);
 }
 
 TEST_F(WindowWebPage, ShowsABlackSpinnerWhileItLoads) {

@@ -55,7 +55,7 @@ TEST_F(WindowRootPage, ShowsNoAccountsOfAnEmptyList) {
 TEST_F(WindowRootPage, OpensTheProfile) {
     openWardlock();
     scene().tap("row:@TavixCo");
-    EXPECT_EQ(openedUrls, (std::vector<std::string>{"twitter://user?screen_name=TavixCo"}));
+    EXPECT_EQ(urls.opened, (std::vector<std::string>{"twitter://user?screen_name=TavixCo"}));
 }
 
 } // namespace wardlock::test

@@ -2,8 +2,6 @@
 
 #include "platform/plist/PropertyListFile.h"
 #include "platform/runtime/CFNotificationCenter.h"
-#include "platform/services/SystemMailService.h"
-#include "platform/ui/UIApplication.h"
 #include "settings/DefaultSettings.h"
 #include "settings/Keys.h"
 #include "shell/device/Provision.h"
@@ -27,7 +25,6 @@ WindowFixture::WindowFixture() {
 
 WindowFixture::~WindowFixture() {
     host_.reset();
-    platform::MailService::setCurrent(nullptr);
 }
 
 std::vector<std::string> WindowFixture::open(double transitionSeconds, QSize size) {
@@ -37,11 +34,6 @@ std::vector<std::string> WindowFixture::open(double transitionSeconds, QSize siz
     host_->appearance().force(false);
     host_->appearance().forceTextScale(1);
     host_->settings().showProblems(provision.problems());
-    platform::MailService::setCurrent(&mail);
-    platform::UIApplication::sharedApplication().setURLOpener([this](std::string_view url) {
-        openedUrls.emplace_back(url);
-        return true;
-    });
     window().resize(size);
     window().show();
     window().requestActivate();

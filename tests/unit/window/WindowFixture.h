@@ -4,6 +4,7 @@
 #include "shell/input/ManualClock.h"
 #include "tests/support/BusFixture.h"
 #include "tests/support/doubles/RecordingMailService.h"
+#include "tests/support/doubles/RecordingURLOpener.h"
 #include "tests/unit/window/Scene.h"
 #include "window/WindowHost.h"
 
@@ -52,7 +53,7 @@ protected:
 
     shell::ManualClock clock;
     RecordingMailService mail;
-    std::vector<std::string> openedUrls;
+    RecordingURLOpener urls;
 
 private:
     std::unique_ptr<window::WindowHost> host_;

@@ -28,7 +28,7 @@ TEST_F(WindowScreen, ChangesTheScreenSizeOfTheDeviceWhenResized) {
 }
 
 TEST_F(WindowScreen, RequestsPicturesNoCoarserThanADevices) {
-    DeviceInformation::setScreenScale(1);
+    platform::setScreenScale(1);
     open();
     ASSERT_EQ(window().devicePixelRatio(), 1);
     EXPECT_EQ(DeviceInformation::current().screenScale(), 2);
