@@ -1,6 +1,6 @@
 #include "window/Graphics.h"
 
-#include "platform/services/Superuser.h"
+#include "platform/services/ProcessStart.h"
 
 #include <QCoreApplication>
 

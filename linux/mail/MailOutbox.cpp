@@ -6,6 +6,7 @@
 #include "platform/files/DeviceRoot.h"
 #include "platform/services/MailService.h"
 
+#include <array>
 #include <cerrno>
 #include <ctime>
 #include <filesystem>
@@ -18,16 +19,12 @@ namespace fs = std::filesystem;
 
 namespace {
 
-std::string twoDigits(int number) {
-    return {static_cast<char>('0' + number / 10 % 10), static_cast<char>('0' + number % 10)};
-}
-
 /// Returns "20240131-142501", so that a listing of the folder sorts the mails by time.
 std::string timeForName(std::time_t time) {
     std::tm parts{};
     gmtime_r(&time, &parts);
-    return std::to_string(parts.tm_year + 1900) + twoDigits(parts.tm_mon + 1) + twoDigits(parts.tm_mday) +
-           '-' + twoDigits(parts.tm_hour) + twoDigits(parts.tm_min) + twoDigits(parts.tm_sec);
+    std::array<char, 32> text;
+    return {text.data(), std::strftime(text.data(), text.size(), "%Y%m%d-%H%M%S", &parts)};
 }
 
 MailOutcome notSaved(const fs::path& folder, std::error_code error) {

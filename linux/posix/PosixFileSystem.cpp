@@ -1,6 +1,7 @@
 #include "linux/posix/PosixFileSystem.h"
 
 #include "linux/posix/FileDescriptor.h"
+#include "linux/posix/LastError.h"
 #include "linux/posix/TrustedSymlink.h"
 
 #include <cerrno>
@@ -15,10 +16,6 @@
 namespace platform::posix {
 
 namespace {
-
-std::error_code lastError() {
-    return {errno, std::generic_category()};
-}
 
 /// Converts the result of a call that returns 0 on success.
 std::error_code outcome(int result) {

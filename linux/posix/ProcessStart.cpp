@@ -51,6 +51,10 @@ void prepareProcess() {
     }
 }
 
+bool isSuperuser() {
+    return ::geteuid() == 0;
+}
+
 void becomeProgramBeside(const std::string& name, const std::vector<std::string>& arguments) {
     std::error_code error;
     const auto self = std::filesystem::canonical("/proc/self/exe", error);

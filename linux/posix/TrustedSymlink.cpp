@@ -1,6 +1,7 @@
 #include "linux/posix/TrustedSymlink.h"
 
 #include "linux/posix/FileDescriptor.h"
+#include "linux/posix/LastError.h"
 #include "platform/files/FileSystem.h"
 
 #include <cerrno>
@@ -12,10 +13,6 @@
 namespace platform::posix {
 
 namespace {
-
-std::error_code lastError() {
-    return {errno, std::generic_category()};
-}
 
 class ForeignLink final : public std::error_category {
 public:

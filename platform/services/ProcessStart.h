@@ -18,6 +18,9 @@ namespace platform {
 ///   with a report of the crash. The limit is the soft one, and child processes inherit it.
 WARDLOCK_API void prepareProcess();
 
+/// Returns whether this process has the superuser's rights, with which some engines refuse to be sandboxed.
+WARDLOCK_API bool isSuperuser();
+
 /// Replaces this process by the program `name` in this program's folder; returns only when that fails.
 WARDLOCK_API void becomeProgramBeside(const std::string& name, const std::vector<std::string>& arguments);
 
