@@ -12,6 +12,7 @@ REAL_FILES = "linux/posix/PosixFileSystem.cpp"
 ROOT = "root/SettingsListController.cpp"
 PASSCODE = "root/PasscodeWorkflow.cpp"
 OVERLAY = "passcode/PasscodeView.cpp"
+CHANGE = "settings/DocumentChange.cpp"
 ACCOUNT = "account/AccountValues.cpp"
 PICKER = "apps/AppsListView.cpp"
 LIST = "settings/Accounts.cpp"
@@ -118,17 +119,18 @@ ALL = [
     ]),
     # The pages.
     Mutant("passcode-by-its-beginning", "a passcode that begins as the right one is taken for it", ("tests.root/PasscodeWorkflow",), [
-        ("root/PasscodeWorkflow.cpp", "    if (currentPasscode() == passcode) {", "    if (currentPasscode() && currentPasscode()->substr(0, 2) == passcode.substr(0, 2)) {"),
+        (PASSCODE, "    if (currentPasscode() == passcode) {", "    if (currentPasscode() && currentPasscode()->substr(0, 2) == passcode.substr(0, 2)) {"),
     ]),
     Mutant("two-accounts-enabled", "enabling an account leaves the one enabled before as it is", ("tests.account/AccountEnabling",), [
-        (ACCOUNT, "            accounts.set(*enabled, kAccountEnabled, &off);\n", "            static_cast<void>(off);\n"),
+        (CHANGE, "        accounts.set(*enabled, kAccountEnabled, &off);\n", "        static_cast<void>(off);\n"),
     ]),
     Mutant("deleted-account-left", "of a deleted account the record stays at the list's end", both("killed/AccountDeletion"), [
         (LIST, "    changed.remove(index);\n",
          "    const Value left = changed.at(index);\n    changed.remove(index);\n    changed.append(left);\n"),
     ]),
     Mutant("wrong-account-restricted", "the picker writes into the first account", ("tests.apps/AppsListSaving",), [
-        (PICKER, "accounts.set(selectedPosition(), kAppsRestricted,", "accounts.set(0, kAppsRestricted,"),
+        (PICKER, "setAccountValue(PreferencesPath, selectedAccount,",
+         "setAccountValue(PreferencesPath, [](const Accounts&) { return std::size_t{0}; },"),
     ]),
     Mutant("enabled-account-cached", "a change of the document leaves the enabled account as it was read first", ("tests.settings/SettingsUpdate",), [
         ("settings/Settings.cpp", "    EnabledAccount = EnabledAccountNew();", "    EnabledAccountFetchIfNecessary();"),
@@ -147,41 +149,41 @@ ALL = [
          "    if (const auto block = passcodeCancelledBlock_)\n        block(*this);\n    destroyPasscode();\n"),
     ]),
     Mutant("equal-passcode-not-stored", "entering the same passcode again writes nothing", ("tests.root/PasscodeWorkflow",), [
-        (PASSCODE, "        entries.set(kPasscode, platform::Value(passcode));\n        return true;",
-         "        const bool changed = platform::stringValue(entries.find(kPasscode)) != passcode;\n"
-         "        entries.set(kPasscode, platform::Value(passcode));\n        return changed;"),
+        (CHANGE, "        entries.set(key, value);\n        return true;",
+         "        const bool changed = key != kPasscode || !value || !entries.find(key) || *entries.find(key) != *value;\n"
+         "        entries.set(key, value);\n        return changed;"),
     ]),
     # The account page and its picker.
     Mutant("own-write-reloads", "the account page is reloaded after each of its writes", ("tests.account/AccountValue",), [
-        (ACCOUNT, "        postChange(BundleIdentifier, PostName, key, *value);\n}",
-         "        postChange(BundleIdentifier, PostName, key, *value);\n    reloadSpecifiers();\n}"),
+        (ACCOUNT, "specifier.identifier(), value));\n", "specifier.identifier(), value));\n    reloadSpecifiers();\n"),
     ]),
     Mutant("deletion-resets-index", "the deletion itself resets the selected index", ("tests.account/AccountDeletion",), [
-        (ACCOUNT, "    const auto update = updateAccounts(documentPath(BundleIdentifier), removeAccount);\n",
-         "    const auto update = updateAccounts(documentPath(BundleIdentifier), removeAccount);\n    SelectedIndex = 0;\n"),
+        (ACCOUNT, "    announce(wardlock::deleteAccount(documentPath(BundleIdentifier), selectedAccount));\n",
+         "    announce(wardlock::deleteAccount(documentPath(BundleIdentifier), selectedAccount));\n    SelectedIndex = 0;\n"),
     ]),
     Mutant("equal-value-not-stored", "an account's value that is equal to the stored one is dropped", ("tests.account/AccountValue",), [
-        (ACCOUNT, "    return accounts.set(selectedPosition(), key, value);\n",
-         "    const auto* record = accounts.record(selectedPosition());\n"
-         "    if (record && value && record->find(key) && *record->find(key) == *value)\n        return false;\n"
-         "    return accounts.set(selectedPosition(), key, value);\n"),
+        (CHANGE, "        return accounts.set(position, key, value);\n",
+         "        const auto* record = accounts.record(position);\n"
+         "        if (key != kAppsRestricted && record && value && record->find(key) && *record->find(key) == *value)\n"
+         "            return false;\n"
+         "        return accounts.set(position, key, value);\n"),
     ]),
     Mutant("trailing-blanks-dropped", "an account's new name loses the blanks at its end", ("tests.account/AccountValue", "tests.bundle/BundleInSettings"), [
-        (ACCOUNT, "        value = &blank;\n",
+        (CHANGE, "        value = &blank;\n",
          "        value = &blank;\n    Value shorter(false);\n"
          "    if (const auto name = platform::stringValue(value); name && key == kAccountName) {\n"
          "        shorter = Value(name->substr(0, name->find_last_not_of(' ') + 1));\n        value = &shorter;\n    }\n"),
     ]),
     Mutant("blanks-of-new-name-dropped", "a new account's name loses the blanks at its end", ("tests.root/AccountCreation", "tests.bundle/BundleInSettings"), [
-        ("root/AccountCreation.cpp", "    record.set(kAccountName, platform::Value(name));",
-         "    record.set(kAccountName, platform::Value(name.substr(0, name.find_last_not_of(' ') + 1)));"),
+        (CHANGE, "    record.set(kAccountName, Value(name));",
+         "    record.set(kAccountName, Value(name.substr(0, name.find_last_not_of(' ') + 1)));"),
     ]),
     Mutant("equal-list-not-stored", "the picker drops a list that is equal to the stored one", ("tests.apps/AppsListSaving",), [
-        (PICKER, "    const auto change = [&list](Accounts& accounts) {\n",
-         "    const auto change = [&list](Accounts& accounts) {\n"
-         "        const auto* record = accounts.empty() ? nullptr : accounts.record(selectedPosition());\n"
-         "        if (record && list && record->find(kAppsRestricted) && *record->find(kAppsRestricted) == *list)\n"
-         "            return false;\n"),
+        (CHANGE, "        return accounts.set(position, key, value);\n",
+         "        const auto* record = accounts.record(position);\n"
+         "        if (key == kAppsRestricted && record && value && record->find(key) && *record->find(key) == *value)\n"
+         "            return false;\n"
+         "        return accounts.set(position, key, value);\n"),
     ]),
     Mutant("title-kept-in-reuse", "a reused cell keeps its title where the application has no name", ("tests.apps/AppsListTable",), [
         (PICKER, "    cell->textLabel().setText(platform::stringValue(applications_.find(identifier)).value_or(\"\"));",
@@ -209,7 +211,7 @@ ALL = [
          "    presentViewController(composer, true);\n    attach(*composer, stringWithFormat(LogPathFormat, BundleIdentifier), \"log\");"),
     ]),
     Mutant("equal-switch-not-stored", "a row's value that is equal to the stored one is not written", ("tests.specifiers/ValueBinding",), [
-        (HELPER, "        entries.set(key, value);\n        return true;",
+        (CHANGE, "        entries.set(key, value);\n        return true;",
          "        const bool changed = !value || !entries.find(key) || *entries.find(key) != *value;\n"
          "        entries.set(key, value);\n        return changed;"),
     ]),
@@ -286,28 +288,24 @@ ALL = [
          "    presentViewController(alert, true);\n    alert->addAction(UIAlertAction::actionWithTitle(\"Cancel\""),
     ]),
     Mutant("deletion-leaves-first", "the page of a deleted account is left before the deletion is announced", ("tests.account/AccountDeletion",), [
-        (ACCOUNT, "    if (update.changed)\n        postChange(BundleIdentifier, PostName, kAccounts,",
+        (ACCOUNT, "    announce(wardlock::deleteAccount(documentPath(BundleIdentifier), selectedAccount));\n",
+         "    const DocumentChange change = wardlock::deleteAccount(documentPath(BundleIdentifier), selectedAccount);\n"
          "    if (const auto stack = navigationController())\n        stack->popViewControllerAnimated(true);\n"
-         "    if (update.changed)\n        postChange(BundleIdentifier, PostName, kAccounts,"),
+         "    announce(change);\n"),
     ]),
     Mutant("empty-list-rebuilt", "the account page rebuilds an empty list that it holds", ("tests.account/AccountPage",), [
         ("account/AppsController.cpp", "    if (!hasSpecifiers())", "    if (PSListController::specifiers().empty())"),
     ]),
     Mutant("enabled-in-two-writes", "enabling an account writes twice", ("tests.account/AccountEnabling",), [
-        (ACCOUNT, "    const auto update = updateAccounts(documentPath(BundleIdentifier), [&key, value](",
+        (CHANGE, "    DocumentChange change = changeAccounts(documentPath, key, set);\n",
          "    if (key == kAccountEnabled && platform::boolValue(value))\n"
-         "        updateAccounts(documentPath(BundleIdentifier), [](Accounts& accounts) {\n"
-         "            const Value off(false);\n"
-         "            if (const auto enabled = accounts.firstEnabled())\n"
-         "                accounts.set(*enabled, kAccountEnabled, &off);\n"
-         "            return selectedPosition() < accounts.size();\n"
-         "        });\n"
-         "    const auto update = updateAccounts(documentPath(BundleIdentifier), [&key, value]("),
+         "        updateAccounts(documentPath, [&](Accounts& accounts) {\n"
+         "            switchFirstEnabledOff(accounts);\n"
+         "            return !accounts.empty() && account(accounts) < accounts.size();\n        });\n"
+         "    DocumentChange change = changeAccounts(documentPath, key, set);\n"),
     ]),
     Mutant("unwritten-record-forgotten", "the picker keeps its record only when it could be written", ("tests.apps/AppsListSaving",), [
-        (PICKER, "    if (updateAccounts(PreferencesPath, change).changed)\n",
-         "    const auto before = SelectedAccount;\n    const auto update = updateAccounts(PreferencesPath, change);\n"
-         "    if (!update.written)\n        SelectedAccount = before;\n    if (update.changed)\n"),
+        (PICKER, "    if (change.update.changed)\n        SelectedAccount", "    if (change.update.written)\n        SelectedAccount"),
     ]),
     Mutant("table-added-first", "the picker's table is added before it has rows and a delegate", ("tests.apps/AppsListTable",), [
         (PICKER, "    const std::shared_ptr<AppsListView> view = self(this);\n",
@@ -375,41 +373,46 @@ ALL = [
     ]),
     # Announcements: each writer's own.
     Mutant("switch-announces-first", "a row's value is announced before it is written", both("killed"), [
-        ("specifiers/PreferenceHelper.cpp",
-         "    updateDocument(identifier_, setKey);\n    if (!post_.empty())\n        postChange(identifier_, post_, key, *value);",
-         "    if (!post_.empty())\n        postChange(identifier_, post_, key, *value);\n    updateDocument(identifier_, setKey);"),
+        (HELPER, "    const DocumentChange change = setTopLevelValue(identifier_, specifier.identifier(), value);\n"
+         "    if (!post_.empty())\n        announce(change, identifier_, post_);\n",
+         "    if (!post_.empty())\n        postChange(identifier_, post_, specifier.identifier(), *value);\n"
+         "    setTopLevelValue(identifier_, specifier.identifier(), value);\n"),
+        ("specifiers/PreferenceHelper.cpp", '#include "settings/DocumentChange.h"\n',
+         '#include "settings/ChangeNotification.h"\n#include "settings/DocumentChange.h"\n'),
     ]),
     Mutant("passcode-announces-first", "the passcode is announced before it is written", both("killed/Passcode"), [
-        ("root/PasscodeWorkflow.cpp",
-         "    documentSnapshot.emplace(updateDocument(BundleIdentifier, setPasscode).dictionary);\n",
-         "    postChange(BundleIdentifier, PostName, kPasscode, platform::Value(passcode));\n"
-         "    documentSnapshot.emplace(updateDocument(BundleIdentifier, setPasscode).dictionary);\n    return;\n"),
+        (PASSCODE, "    const DocumentChange change = setTopLevelValue(",
+         "    postChange(BundleIdentifier, PostName, kPasscode, value);\n    const DocumentChange change = setTopLevelValue("),
+        (PASSCODE, "    announce(change);\n", ""),
+        (PASSCODE, '#include "settings/DocumentChange.h"\n',
+         '#include "settings/ChangeNotification.h"\n#include "settings/DocumentChange.h"\n'),
     ]),
     Mutant("creation-announces-first", "a new account is announced before it is written", both("killed/AccountCreation"), [
-        ("root/AccountCreation.cpp", "    const auto record = newAccountRecord(name);\n    const auto update",
-         "    const auto record = newAccountRecord(name);\n"
-         "    postChange(BundleIdentifier, PostName, kAccounts, platform::Value(record));\n    const auto update"),
-        ("root/AccountCreation.cpp",
-         "    documentSnapshot.emplace(update.dictionary);\n    postChange(BundleIdentifier, PostName, kAccounts, platform::Value(record));\n",
-         "    documentSnapshot.emplace(update.dictionary);\n"),
+        (CHANGE, "    const Dictionary record = newAccount(name);\n",
+         "    const Dictionary record = newAccount(name);\n    postChange(BundleIdentifier, PostName, kAccounts, Value(record));\n"),
+        ("root/AccountCreation.cpp", "    announce(change);\n", ""),
     ]),
     Mutant("account-announces-first", "a value of an account is announced before it is written", both("killed/TextField"), [
-        (ACCOUNT, "    const auto update = updateAccounts(documentPath(BundleIdentifier), [&key, value](",
-         "    postChange(BundleIdentifier, PostName, key, *value);\n"
-         "    const auto update = updateAccounts(documentPath(BundleIdentifier), [&key, value]("),
-        ("account/AccountValues.cpp", "    if (update.changed)\n        postChange(BundleIdentifier, PostName, key, *value);\n",
-         "    static_cast<void>(update);\n"),
+        (ACCOUNT, "    announce(setAccountValue(documentPath(BundleIdentifier), selectedAccount, specifier.identifier(), value));\n",
+         "    postChange(BundleIdentifier, PostName, specifier.identifier(), *value);\n"
+         "    setAccountValue(documentPath(BundleIdentifier), selectedAccount, specifier.identifier(), value);\n"),
+        ("account/AccountValues.cpp", '#include "settings/DocumentChange.h"\n',
+         '#include "settings/ChangeNotification.h"\n#include "settings/DocumentChange.h"\n'),
     ]),
     Mutant("deletion-announces-first", "a deletion is announced before it is written", both("killed/AccountDeletion"), [
-        (ACCOUNT, "    const auto update = updateAccounts(documentPath(BundleIdentifier), removeAccount);\n    if (update.changed)\n",
+        (ACCOUNT, "    announce(wardlock::deleteAccount(documentPath(BundleIdentifier), selectedAccount));\n",
          "    postChange(BundleIdentifier, PostName, kAccounts, Value(platform::Array()));\n"
-         "    const auto update = updateAccounts(documentPath(BundleIdentifier), removeAccount);\n    if (!update.changed)\n"),
+         "    wardlock::deleteAccount(documentPath(BundleIdentifier), selectedAccount);\n"),
+        ("account/AccountValues.cpp", '#include "settings/DocumentChange.h"\n',
+         '#include "settings/ChangeNotification.h"\n#include "settings/DocumentChange.h"\n'),
     ]),
     Mutant("picker-announces-first", "the picker announces before it writes", both("killed/Picker"), [
-        (PICKER, "    if (updateAccounts(PreferencesPath, change).changed)\n        postChange(",
-         "    if (list)\n        postChange("),
-        (PICKER, "kAppsRestricted, *list);\n}", "kAppsRestricted, *list);\n"
-         "    updateAccounts(PreferencesPath, change);\n}"),
+        (PICKER, "    const DocumentChange change =\n        setAccountValue(",
+         "    if (list)\n        postChange(BundleIdentifier, PostName, kAppsRestricted, *list);\n"
+         "    const DocumentChange change =\n        setAccountValue("),
+        (PICKER, "    announce(change);\n", ""),
+        ("apps/AppsListView.cpp", '#include "settings/DocumentChange.h"\n',
+         '#include "settings/ChangeNotification.h"\n#include "settings/DocumentChange.h"\n'),
     ]),
     Mutant("announced-twice", "every change is announced twice", ("memory.errors", "processes.killed", "soak"), [
         ("settings/ChangeNotification.cpp", "    const platform::Dictionary userInfo{{ChangeKey, key}, {ChangeObject, object}};\n",
