@@ -101,8 +101,8 @@ CheckResult checkWebEngine() {
     result.facts["path"] = folder.empty() ? Json() : Json(folder);
     result.text = folder;
     if (folder.empty())
-        result.fails("no web engine for the window: \"More From Tavix\" offers your browser instead",
-                     "Install the package qml6-module-qtwebengine to see that page in the window.");
+        result.fails("no web engine for the window: \"More From Tavix\" shows the text of the page",
+                     "Install the package qml6-module-qtwebengine to see it as a browser shows it.");
     return result;
 }
 

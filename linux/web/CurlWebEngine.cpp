@@ -79,7 +79,7 @@ void CurlWebEngine::finish(Ticket ticket, const PageText& page, const std::strin
     if (!view)
         return;
     if (error.empty())
-        view->didFinishLoad(page.text, page.links);
+        view->didFinishLoad(page.text, page.links, page.blocks);
     else
         view->didFailLoad(error);
 }

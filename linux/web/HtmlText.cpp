@@ -72,6 +72,62 @@ WebAddress baseOf(const GumboNode& document, const std::string& url) {
     return WebAddress(base.empty() ? url : base);
 }
 
+/// Returns the rank of a heading; 0 for any other element.
+int headingRank(const GumboNode& node) {
+    constexpr std::array Headings{GUMBO_TAG_H1, GUMBO_TAG_H2, GUMBO_TAG_H3,
+                                  GUMBO_TAG_H4, GUMBO_TAG_H5, GUMBO_TAG_H6};
+    for (std::size_t i = 0; i < Headings.size(); ++i)
+        if (isElement(node, Headings[i]))
+            return static_cast<int>(i) + 1;
+    return 0;
+}
+
+bool isList(const GumboNode& node) {
+    return isElement(node, GUMBO_TAG_UL) || isElement(node, GUMBO_TAG_OL);
+}
+
+/// Writes the whole text of a page.
+class WholeText {
+public:
+    explicit WholeText(const std::vector<WebBlock>& blocks) {
+        for (const WebBlock& block : blocks)
+            add(block);
+        endLink();
+        if (!text_.empty())
+            text_.push_back('\n');
+    }
+
+    std::string take() { return std::move(text_); }
+
+private:
+    void add(const WebBlock& block) {
+        if (!block.runs.empty() && block.runs.front().link != link_)
+            endLink();
+        if (!text_.empty())
+            text_ += block.apart ? "\n\n" : "\n";
+        if (block.kind == WebBlock::Kind::ListItem)
+            text_ += "• ";
+        for (const WebRun& run : block.runs) {
+            if (run.link != link_)
+                endLink();
+            link_ = run.link;
+            text_ += run.text;
+        }
+    }
+
+    /// Runs of a link follow each other, also from block to block.
+    void endLink() {
+        if (link_ == 0)
+            return;
+        const bool isApart = text_.empty() || text_.back() == ' ' || text_.back() == '\n';
+        text_ += (isApart ? "[" : " [") + std::to_string(link_) + "]";
+        link_ = 0;
+    }
+
+    std::string text_;
+    std::size_t link_ = 0;
+};
+
 class Reader {
 public:
     Reader(const GumboNode& document, const std::string& url) : base_(baseOf(document, url)) {
@@ -81,7 +137,8 @@ public:
     }
 
     PageText take() {
-        page_.text = flow_.take();
+        page_.blocks = flow_.take();
+        page_.text = WholeText(page_.blocks).take();
         return std::move(page_);
     }
 
@@ -96,10 +153,14 @@ private:
         separate(how);
         if (how == Shown::Preformatted)
             flow_.beginPreformatted();
-        if (isElement(node, GUMBO_TAG_BR))
+        if (const int rank = headingRank(node))
+            flow_.beginHeading(rank);
+        else if (isList(node))
+            flow_.beginList();
+        else if (isElement(node, GUMBO_TAG_BR))
             flow_.breakLine();
         else if (isElement(node, GUMBO_TAG_LI))
-            flow_.write("• ");
+            flow_.beginItem();
         else if (isElement(node, GUMBO_TAG_TD) || isElement(node, GUMBO_TAG_TH))
             flow_.write(" ");
         else if (isElement(node, GUMBO_TAG_IMG))
@@ -113,11 +174,17 @@ private:
         const Shown how = shown(node);
         if (how == Shown::Not)
             return;
+        if (isElement(node, GUMBO_TAG_A))
+            endLink();
+        else if (headingRank(node) != 0)
+            flow_.endHeading();
+        else if (isList(node))
+            flow_.endList();
+        else if (isElement(node, GUMBO_TAG_LI))
+            flow_.endItem();
         if (how == Shown::Preformatted)
             flow_.endPreformatted();
         separate(how);
-        if (isElement(node, GUMBO_TAG_A))
-            endLink();
     }
 
     void separate(Shown how) {
@@ -127,25 +194,28 @@ private:
 
     void beginLink(std::string_view href) {
         endLink();
-        link_ = page_.links.size() < MostLinks ? base_.of(href) : "";
-        linkStart_ = flow_.size();
+        std::string url = page_.links.size() < MostLinks ? base_.of(href) : "";
+        if (url.empty())
+            return;
+        page_.links.push_back({{}, std::move(url)});
+        flow_.beginLink(page_.links.size());
+        isInLink_ = true;
     }
 
     void endLink() {
-        if (link_.empty())
+        if (!isInLink_)
             return;
-        const std::string text(flow_.since(linkStart_));
-        page_.links.push_back({text.empty() ? link_ : text, std::move(link_)});
-        link_.clear();
-        flow_.write(" [" + std::to_string(page_.links.size()) + "]");
+        isInLink_ = false;
+        WebLink& link = page_.links.back();
+        link.text = flow_.endLink();
+        if (link.text.empty())
+            link.text = link.url;
     }
 
     const WebAddress base_;
     TextFlow flow_;
     PageText page_;
-    /// The target of the current link; empty while there is none.
-    std::string link_;
-    std::size_t linkStart_ = 0;
+    bool isInLink_ = false;
 };
 
 } // namespace
@@ -161,7 +231,9 @@ PageText plainText(std::string_view text) {
     TextFlow flow;
     flow.beginPreformatted();
     flow.write(text);
-    return {flow.take(), {}};
+    auto blocks = flow.take();
+    std::string whole = WholeText(blocks).take();
+    return {std::move(whole), {}, std::move(blocks)};
 }
 
 } // namespace platform::web

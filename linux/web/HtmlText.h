@@ -9,15 +9,16 @@
 
 namespace platform::web {
 
-/// The readable content of a page: its text, and where its links lead.
+/// The readable content of a page: its text, as a whole and in blocks, and where its links lead.
 struct PageText {
     std::string text;
     std::vector<WebLink> links;
+    std::vector<WebBlock> blocks;
 };
 
 /// Returns the text of an HTML page in UTF-8, read by the rules of HTML5:
 /// - blocks are on lines of their own, and white space is as a browser shows it;
-/// - "[1]" follows the first link, and so on;
+/// - in the whole text "• " precedes an item of a list, and "[1]" follows the first link, and so on;
 /// - what a browser does not show is left out: scripts, styles, hidden elements, fallbacks for frames and
 ///   scripts;
 /// - no control characters but line feeds.

@@ -23,24 +23,22 @@ void TextFlow::write(std::string_view text) {
 }
 
 void TextFlow::endLine(std::size_t lineEnds) {
-    space_ = false;
+    blockEnds_ = true;
     lineEnds_ = std::max(lineEnds_, lineEnds);
 }
 
-void TextFlow::breakLine() {
-    space_ = false;
-    ++lineEnds_;
+void TextFlow::beginLink(std::size_t number) {
+    link_ = number;
+    linkText_.clear();
 }
 
-std::string_view TextFlow::since(std::size_t size) const {
-    const std::string_view text = std::string_view(text_).substr(std::min(size, text_.size()));
-    return text.substr(std::min(text.find_first_not_of(" \n"), text.size()));
-}
-
-std::string TextFlow::take() {
-    if (!text_.empty())
-        text_.push_back('\n');
-    return std::move(text_);
+std::string TextFlow::endLink() {
+    if (linkText_.empty()) {
+        writeSpace();
+        run(link_);
+    }
+    link_ = 0;
+    return std::move(linkText_);
 }
 
 void TextFlow::put(char32_t character) {
@@ -57,13 +55,52 @@ void TextFlow::put(char32_t character) {
 }
 
 void TextFlow::append(char32_t character) {
-    if (!text_.empty())
-        text_.append(std::min<std::size_t>(lineEnds_, 2), '\n');
-    if (space_ && lineEnds_ == 0 && !text_.empty())
-        text_.push_back(' ');
+    const bool parts = space_ || lineEnds_ > 0;
+    writeSpace();
+    appendUtf8(character, run(link_).text);
+    if (link_ == 0 || (character == U' ' && linkText_.empty()))
+        return;
+    if (parts && !linkText_.empty())
+        linkText_.push_back(' ');
+    appendUtf8(character, linkText_);
+}
+
+void TextFlow::writeSpace() {
+    if (blockEnds_) {
+        beginBlock();
+    } else if (lineEnds_ > 0) {
+        run(link_).text.append(std::min<std::size_t>(lineEnds_, 2), '\n');
+    } else if (space_) {
+        // Between two links it belongs to neither.
+        const std::size_t before = blocks_.back().runs.back().link;
+        run(before == link_ ? link_ : 0).text.push_back(' ');
+    }
+    blockEnds_ = false;
     lineEnds_ = 0;
     space_ = false;
-    appendUtf8(character, text_);
+}
+
+void TextFlow::beginBlock() {
+    WebBlock block;
+    block.apart = lineEnds_ > 1 && !blocks_.empty();
+    block.lists = lists_;
+    if (!headings_.empty()) {
+        block.kind = WebBlock::Kind::Heading;
+        block.rank = headings_.back();
+    } else if (preformatted_ > 0) {
+        block.kind = WebBlock::Kind::Preformatted;
+    } else if (atItem_) {
+        block.kind = WebBlock::Kind::ListItem;
+    }
+    atItem_ = false;
+    blocks_.push_back(std::move(block));
+}
+
+WebRun& TextFlow::run(std::size_t link) {
+    std::vector<WebRun>& runs = blocks_.back().runs;
+    if (runs.empty() || runs.back().link != link)
+        runs.push_back({{}, link});
+    return runs.back();
 }
 
 } // namespace platform::web

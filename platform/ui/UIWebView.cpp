@@ -22,6 +22,7 @@ WebEngine& noEngine() {
 }
 
 constinit CurrentService<WebEngine> currentEngine(noEngine);
+constexpr std::size_t MostEarlierPages = 100;
 
 } // namespace
 
@@ -39,8 +40,32 @@ void WebEngine::setCurrent(WebEngine* engine) {
 
 void UIWebView::loadRequest(const NSURLRequest& request) {
     url_ = request.url;
+    goesBack_ = false;
+    load();
+}
+
+void UIWebView::reload() {
+    if (!url_.empty())
+        load();
+}
+
+bool UIWebView::canGoBack() const {
+    return !shownUrl_.empty() && (url_ != shownUrl_ || !earlierUrls_.empty());
+}
+
+void UIWebView::goBack() {
+    if (!canGoBack())
+        return;
+    const bool staysOnShown = url_ != shownUrl_ && !goesBack_;
+    goesBack_ = !staysOnShown;
+    url_ = staysOnShown ? shownUrl_ : earlierUrls_.back();
+    load();
+}
+
+void UIWebView::load() {
+    error_.clear();
     changed();
-    WebEngine::current().load(self(this), request);
+    WebEngine::current().load(self(this), {url_});
 }
 
 void UIWebView::didStartLoad() {
@@ -49,15 +74,31 @@ void UIWebView::didStartLoad() {
     changed();
 }
 
-void UIWebView::didFinishLoad(std::string text, std::vector<WebLink> links) {
+void UIWebView::remember() {
+    if (goesBack_)
+        earlierUrls_.pop_back();
+    else if (!shownUrl_.empty() && shownUrl_ != url_)
+        earlierUrls_.push_back(shownUrl_);
+    if (earlierUrls_.size() > MostEarlierPages)
+        earlierUrls_.erase(earlierUrls_.begin());
+    goesBack_ = false;
+    shownUrl_ = url_;
+}
+
+void UIWebView::didFinishLoad(std::string text, std::vector<WebLink> links, std::vector<WebBlock> blocks) {
+    remember();
+    error_.clear();
+    ++finishedLoads_;
     text_ = std::move(text);
     links_ = std::move(links);
+    blocks_ = std::move(blocks);
     if (const auto delegate = delegate_.lock())
         delegate->webViewDidFinishLoad(*this);
     changed();
 }
 
 void UIWebView::didFailLoad(const std::string& error) {
+    error_ = error;
     if (const auto delegate = delegate_.lock())
         delegate->webViewDidFailLoadWithError(*this, error);
     changed();

@@ -226,17 +226,38 @@ InputResult PageInput::followLink(std::string_view url) {
 }
 
 InputResult PageInput::follow(const LinkSearch& search) {
+    return onWebPage([&](platform::UIWebView& web) {
+        const std::size_t found = search(web.links());
+        if (found == web.links().size())
+            return InputResult::refused("the web page has no such link");
+        web.loadRequest({web.links()[found].url});
+        return InputResult::done();
+    });
+}
+
+InputResult PageInput::reloadWebPage() {
+    return onWebPage([](platform::UIWebView& web) {
+        web.reload();
+        return InputResult::done();
+    });
+}
+
+InputResult PageInput::goBackOnWebPage() {
+    return onWebPage([](platform::UIWebView& web) {
+        if (!web.canGoBack())
+            return InputResult::refused("there is no earlier web page");
+        web.goBack();
+        return InputResult::done();
+    });
+}
+
+template <class Action>
+InputResult PageInput::onWebPage(Action action) {
     return boundary_.enter([&] {
         if (auto reason = obstacle())
             return InputResult::refused(*reason);
         const auto web = page().contentView<platform::UIWebView>();
-        if (!web)
-            return InputResult::refused("the page shows no web page");
-        const std::size_t found = search(web->links());
-        if (found == web->links().size())
-            return InputResult::refused("the web page has no such link");
-        web->loadRequest({web->links()[found].url});
-        return InputResult::done();
+        return web ? action(*web) : InputResult::refused("the page shows no web page");
     });
 }
 

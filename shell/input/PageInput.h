@@ -52,6 +52,10 @@ public:
     /// Follows a link of the web page shown, by its number from 1 or by its address; refused for any other.
     InputResult followLink(std::size_t number);
     InputResult followLink(std::string_view url);
+    /// Loads the web page again, as after a failure.
+    InputResult reloadWebPage();
+    /// Returns to the web page before a followed link; refused where there is none.
+    InputResult goBackOnWebPage();
 
 private:
     /// Returns the index of a link, or the number of links where none matches.
@@ -62,6 +66,8 @@ private:
     std::optional<std::string> obstacleToRow(platform::NSIndexPath path);
     void store(platform::NSIndexPath path, const platform::Value& value);
     InputResult follow(const LinkSearch& search);
+    template <class Action>
+    InputResult onWebPage(Action action);
     void beginEditingNow(platform::NSIndexPath path);
     bool isEditing(platform::NSIndexPath path) const;
     template <class Touch>

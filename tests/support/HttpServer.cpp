@@ -55,6 +55,13 @@ std::string response(const std::string& status, const std::string& header, const
            "\r\nConnection: close\r\n\r\n" + body;
 }
 
+/// Of a proxy the whole address is requested.
+std::string requestedPath(const std::string& request) {
+    const std::size_t start = request.find(' ') + 1;
+    const std::string target = request.substr(start, request.find(' ', start) - start);
+    return target.starts_with("http://") ? target.substr(target.find('/', 7)) : target;
+}
+
 } // namespace
 
 HttpServer::HttpServer() : listener_(listenOnLoopback(port_)), thread_([this] { run(); }) {}
@@ -148,8 +155,7 @@ void HttpServer::readMore(int connection) {
 }
 
 void HttpServer::serve(int connection, const std::string& request) {
-    const std::size_t start = request.find(' ') + 1;
-    const std::string path = request.substr(start, request.find(' ', start) - start);
+    const std::string path = requestedPath(request);
     std::string bytes = response("404 Not Found", "Content-Type: text/html", "<p>Nothing here</p>");
     {
         const std::lock_guard lock(mutex_);

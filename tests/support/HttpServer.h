@@ -9,8 +9,8 @@
 
 namespace wardlock::test {
 
-/// A web server on the loopback interface for the life of this object. Connections on which nobody asks for
-/// anything, as browsers keep some ready, hold up no others.
+/// A web server on the loopback interface for the life of this object, and a proxy that serves every host
+/// itself. Connections on which nobody asks for anything, as browsers keep some ready, hold up no others.
 class HttpServer {
 public:
     HttpServer();

@@ -25,7 +25,7 @@ void retire(std::unique_ptr<Model>& model) {
 } // namespace
 
 PageModel::PageModel(std::shared_ptr<shell::Page> page, QString backTitle,
-                     shell::SettingsApplication& application, const WindowWebEngine& engine)
+                     shell::SettingsApplication& application, WindowWebEngine& engine)
     : page_(std::move(page)), backTitle_(std::move(backTitle)), application_(application), engine_(engine) {
     readContent();
 }
@@ -117,7 +117,7 @@ void PageModel::tableRowWasChanged(NSIndexPath path) {
 void PageModel::contentMayHaveChanged() {
     readContent();
     if (web_)
-        emit web_->changed();
+        web_->mayHaveChanged();
     emit contentChanged();
 }
 

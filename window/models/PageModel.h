@@ -34,7 +34,7 @@ class PageModel : public QObject {
 
 public:
     PageModel(std::shared_ptr<shell::Page> page, QString backTitle, shell::SettingsApplication& application,
-              const WindowWebEngine& engine);
+              WindowWebEngine& engine);
 
     QString title() const;
     const QString& backTitle() const { return backTitle_; }
@@ -79,7 +79,7 @@ private:
     std::shared_ptr<shell::Page> page_;
     QString backTitle_;
     shell::SettingsApplication& application_;
-    const WindowWebEngine& engine_;
+    WindowWebEngine& engine_;
     QString filter_;
     std::unique_ptr<RowsModel> rows_;
     std::shared_ptr<shell::Table> shownTable_;

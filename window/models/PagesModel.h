@@ -18,7 +18,7 @@ public:
     /// Role "page" is the PageModel, role "place" one of "below", "top", "entering" and "leaving".
     enum Role { PageRole = Qt::UserRole, PlaceRole };
 
-    PagesModel(shell::SettingsApplication& application, const WindowWebEngine& engine)
+    PagesModel(shell::SettingsApplication& application, WindowWebEngine& engine)
         : application_(application), engine_(engine) {}
 
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -43,7 +43,7 @@ private:
     void push(const std::shared_ptr<shell::Page>& page, bool animated);
 
     shell::SettingsApplication& application_;
-    const WindowWebEngine& engine_;
+    WindowWebEngine& engine_;
     std::vector<Entry> entries_;
 };
 

@@ -1,14 +1,15 @@
 #include "window/models/WebModel.h"
 
 #include "platform/ui/UIApplication.h"
+#include "window/models/IgnoredResult.h"
 #include "window/models/Text.h"
 
 namespace wardlock::window {
 
 WebModel::WebModel(std::shared_ptr<platform::UIWebView> view,
-                   std::shared_ptr<platform::UIActivityIndicatorView> spinner, const WindowWebEngine& engine,
+                   std::shared_ptr<platform::UIActivityIndicatorView> spinner, WindowWebEngine& engine,
                    shell::SettingsApplication& application)
-    : view_(std::move(view)), spinner_(std::move(spinner)), application_(application) {
+    : view_(std::move(view)), spinner_(std::move(spinner)), engine_(engine), application_(application) {
     connect(&engine, &WindowWebEngine::loadAsked, this, [this](const platform::UIWebView* asked) {
         if (asked == view_.get())
             emit loadAsked();
@@ -40,13 +41,41 @@ void WebModel::failed(const QString& reason) {
 }
 
 void WebModel::engineMissing() {
-    missing_ = tr("This page needs a web engine, which is not installed.");
+    if (engine_.showsText())
+        return;
+    engine_.showText();
     emit changed();
-    failed(missing_);
+    reload();
 }
 
-bool WebModel::openInBrowser() {
-    return platform::UIApplication::sharedApplication().openURL(view_->url());
+QString WebModel::error() const {
+    return shownText(view_->error());
+}
+
+void WebModel::follow(int link) {
+    ignoreResult(application_.page().followLink(static_cast<std::size_t>(link)));
+}
+
+void WebModel::goBack() {
+    ignoreResult(application_.page().goBackOnWebPage());
+}
+
+void WebModel::reload() {
+    application_.run([this] { view_->reload(); });
+}
+
+bool WebModel::openInBrowser(const QUrl& url) {
+    const bool isOfTheWeb = url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https");
+    const std::string address = isOfTheWeb ? url.toString(QUrl::FullyEncoded).toStdString() : view_->url();
+    return platform::UIApplication::sharedApplication().openURL(address);
+}
+
+void WebModel::mayHaveChanged() {
+    if (showsText() && shownLoads_ != view_->finishedLoads()) {
+        shownLoads_ = view_->finishedLoads();
+        text_.show(*view_);
+    }
+    emit changed();
 }
 
 } // namespace wardlock::window

@@ -32,8 +32,8 @@ Window {
             focus: true
             covered: settings.alert !== null || settings.composer !== null
             Accessible.role: Accessible.Grouping
-            Keys.onEscapePressed: settings.goBack()
-            Keys.onBackPressed: settings.goBack()
+            Keys.onEscapePressed: stack.goBack()
+            Keys.onBackPressed: stack.goBack()
             PageStack {
                 id: stack
                 anchors.fill: parent
@@ -72,6 +72,6 @@ Window {
         // Not the platform's sequences for it: Backspace is one of them.
         sequences: ["Alt+Left"]
         enabled: !window.covered
-        onActivated: settings.goBack()
+        onActivated: stack.goBack()
     }
 }

@@ -16,6 +16,13 @@ Item {
         return null;
     }
 
+    /// Goes back within the page where it has a way back of its own, else to the page below.
+    function goBack() {
+        const content = topView() ? topView().content : null;
+        if (!content || !content.goBack || !content.goBack())
+            settings.goBack();
+    }
+
     Repeater {
         id: pages
         model: settings.pages
@@ -87,6 +94,7 @@ Item {
                     target: null
                     yAxis.enabled: false
                     enabled: slot.place === "top" && slot.page.backTitle !== ""
+                             && !(slot.content && slot.content.canGoBack === true)
                     grabPermissions: PointerHandler.CanTakeOverFromAnything
                     onTranslationChanged: if (active)
                         slot.out = Math.max(0, Math.min(1, slot.direction * translation.x / slot.width))

@@ -16,6 +16,8 @@ FocusScope {
     NavigationBar {
         id: bar
         onTabbedOut: (forward) => {
+            if (content.item && content.item.takeFocus)
+                return content.item.takeFocus(forward);
             const list = content.item && content.item.focusRow ? content.item : null;
             const inList = list !== null && list.focusRow(forward ? -1 : list.list.count, forward ? 1 : -1);
             if (!inList && hasButtons)

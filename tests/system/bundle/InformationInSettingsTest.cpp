@@ -55,6 +55,26 @@ TEST_F(InformationInSettings, ShowsTheListingAndFollowsItsLinks) {
     EXPECT_EQ(web()->text(), "First package\n");
 }
 
+TEST_F(InformationInSettings, ReturnsFromAFollowedLinkAndLoadsAgain) {
+    useFor(WARDLOCK_REPOSITORY_HOST, server.port());
+    server.answer(Listing, "<a href='/one'>One</a>");
+    server.answer("/one", "First package");
+    open("More From Tavix");
+    ASSERT_TRUE(waitForLoad());
+    EXPECT_EQ(settings().page().goBackOnWebPage().reason(), "there is no earlier web page");
+    ASSERT_TRUE(settings().page().followLink(1));
+    ASSERT_TRUE(waitForLoad());
+    ASSERT_TRUE(settings().page().goBackOnWebPage());
+    ASSERT_TRUE(waitForLoad());
+    EXPECT_EQ(web()->text(), "One [1]\n");
+    server.answer(Listing, "Listing");
+    ASSERT_TRUE(settings().page().reloadWebPage());
+    ASSERT_TRUE(waitForLoad());
+    EXPECT_EQ(web()->text(), "Listing\n");
+    ASSERT_TRUE(settings().page().goBack());
+    EXPECT_EQ(settings().page().reloadWebPage().reason(), "the page shows no web page");
+}
+
 TEST_F(InformationInSettings, ShowsNoMessageWhenTheListingFails) {
     const RefusingPort nobody;
     useFor(WARDLOCK_REPOSITORY_HOST, nobody.port());

@@ -34,6 +34,27 @@ TEST(HtmlText, ListsItemsAndCells) {
               "• One\n• Two\n\na b\n");
 }
 
+TEST(HtmlText, HasABlockForEachHeadingParagraphAndItem) {
+    using Kind = WebBlock::Kind;
+    EXPECT_EQ(read("<h2>Our <a href=/x>pages</a></h2><p>One<br>two<ul><li><p>a</p><p>b</p><ol><li>c</ol></ul>"
+                   "<pre>d\n  e</pre>")
+                  .blocks,
+              (std::vector<WebBlock>{{Kind::Heading, 2, 0, false, {{"Our ", 0}, {"pages", 1}}},
+                                     {Kind::Text, 0, 0, true, {{"One\ntwo", 0}}},
+                                     {Kind::ListItem, 0, 1, true, {{"a", 0}}},
+                                     {Kind::Text, 0, 1, true, {{"b", 0}}},
+                                     {Kind::ListItem, 0, 2, true, {{"c", 0}}},
+                                     {Kind::Preformatted, 0, 0, true, {{"d\n  e", 0}}}}));
+}
+
+TEST(HtmlText, HasALinkInEachOfItsBlocks) {
+    const PageText page =
+        read("<a href=/x><h3>Name</h3><p>What it is</p></a><a href=/y> </a>a <a href=/z>b</a> c");
+    EXPECT_EQ(page.text, "Name\n\nWhat it is [1]\n\n[2]a b [3] c\n");
+    EXPECT_EQ(page.links.at(0).text, "Name What it is");
+    EXPECT_EQ(page.blocks.at(2).runs, (std::vector<WebRun>{{"", 2}, {"a ", 0}, {"b", 3}, {" c", 0}}));
+}
+
 TEST(HtmlText, KeepsTheLinesOfPreformattedText) {
     EXPECT_EQ(textOf("<pre>a  b\n\tc</pre> d  e"), "a  b\n c\n\nd e\n");
 }

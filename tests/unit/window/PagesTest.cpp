@@ -156,23 +156,6 @@ TEST_F(WindowAppearance, DrawsItsRowsOnWholePixels) {
     }
 }
 
-TEST_F(WindowWebPage, ShowsAMissingEngineAndOpensTheBrowser) {
-    openWardlock();
-    scene().tap("row:More From Tavix");
-    scene().item("page:Other Tweaks");
-    EXPECT_EQ(scene().text("title"), "Other Tweaks");
-    auto* page = host().settings().application().screen().page().get();
-    ASSERT_TRUE(page);
-    auto* web = dynamic_cast<window::PagesModel*>(host().settings().pages())->top()->web();
-    ASSERT_TRUE(web);
-    web->engineMissing();
-    scene().item("web:missing");
-    EXPECT_FALSE(scene().shows("spinner"));
-    scene().tap("web:browser");
-    ASSERT_EQ(urls.opened.size(), 1U);
-    EXPECT_NE(urls.opened[0].find("/packagesfordev.php?name=kitbay"), std::string::npos);
-}
-
 TEST_F(WindowWebPage, ShowsABlackSpinnerWhileItLoads) {
     openWardlock();
     scene().tap("row:More From Tavix");

@@ -72,7 +72,7 @@ TEST_F(WindowWebEngine, ShowsThePageOfTheServer) {
     EXPECT_TRUE(titleBecomes("Kitbay and friends"));
     EXPECT_TRUE(middleBecomes(QColor(0, 255, 0)));
     scene().expectGone("spinner");
-    EXPECT_FALSE(scene().shows("web:missing"));
+    EXPECT_FALSE(scene().shows("web:failure"));
     EXPECT_EQ(timesAsked(), 1);
 }
 
@@ -110,7 +110,7 @@ TEST_F(WindowWebEngine, StaysBlankAndSilentWhenTheLoadFails) {
     EXPECT_TRUE(middleBecomes(Qt::white));
     EXPECT_FALSE(scene().shows("alert"));
     EXPECT_FALSE(scene().shows("notice"));
-    EXPECT_FALSE(scene().shows("web:missing"));
+    EXPECT_FALSE(scene().shows("web:failure"));
 }
 
 TEST_F(WindowWebEngine, LoadsAgainWhenThePageIsOpenedAgain) {
@@ -123,6 +123,46 @@ TEST_F(WindowWebEngine, LoadsAgainWhenThePageIsOpenedAgain) {
     scene().tap("row:More From Tavix");
     EXPECT_TRUE(titleBecomes("twice"));
     EXPECT_EQ(timesAsked(), 2);
+}
+
+TEST_F(WindowWebEngine, ReturnsFromAFollowedLinkByTheButtonUnderThePage) {
+    expectFollowsLink("_self");
+    scene().tap("web:back");
+    EXPECT_TRUE(titleBecomes("first"));
+    EXPECT_TRUE(until([&] { return !scene().item("web:back")->isEnabled(); }));
+    EXPECT_EQ(scene().text("title"), "Other Tweaks");
+}
+
+TEST_F(WindowWebEngine, ReturnsFromAFollowedLinkByKeysAndLeavesThePageAfterwards) {
+    expectFollowsLink("_self");
+    scene().press(Qt::Key_Left, Qt::AltModifier);
+    EXPECT_TRUE(titleBecomes("first"));
+    EXPECT_TRUE(until([&] { return !scene().item("web:back")->isEnabled(); }));
+    scene().press(Qt::Key_Left, Qt::AltModifier);
+    scene().expectGone("page:Other Tweaks");
+}
+
+TEST_F(WindowWebEngine, ReturnsFromAFollowedLinkByBackspaceButNotFromThePage) {
+    expectFollowsLink("_self");
+    scene().press(Qt::Key_Backspace);
+    EXPECT_TRUE(titleBecomes("first"));
+    EXPECT_TRUE(until([&] { return !scene().item("web:back")->isEnabled(); }));
+    scene().press(Qt::Key_Backspace);
+    scene().settle();
+    EXPECT_EQ(scene().text("title"), "Other Tweaks");
+}
+
+TEST_F(WindowWebEngine, LeavesThePageByTheWindowsOwnButtonWhateverWasFollowed) {
+    expectFollowsLink("_self");
+    scene().tap("back");
+    scene().expectGone("page:Other Tweaks");
+}
+
+TEST_F(WindowWebEngine, OpensThePageThatIsShownInTheBrowser) {
+    expectFollowsLink("_self");
+    scene().tap("web:browser");
+    ASSERT_EQ(urls.opened.size(), 1U);
+    EXPECT_TRUE(urls.opened[0].starts_with("http://") && urls.opened[0].ends_with("/next")) << urls.opened[0];
 }
 
 /// A page of somebody hostile. Its script sets the title, which is what it could find out.
