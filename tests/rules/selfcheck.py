@@ -247,6 +247,10 @@ class TestNames(Tree):
         self.reported("begins with The", "TheReader, ReadsData")
         self.reported("not CamelCase", "reader, ReadsData")
 
+    def test_a_suite_with_and_without_a_fixture_is_found(self):
+        self.plant("tests/unit/plist/WriterTest.cpp", "TEST_F(Reader, WritesData) {\n}\n")
+        self.reported("by TEST_F and by TEST", "Reader, ReadsData")
+
     def plant_mutants(self, *proofs):
         mutants = os.path.join(os.path.dirname(os.path.dirname(os.path.abspath(__file__))), "robustness/mutants")
         with open(os.path.join(mutants, "run"), encoding="utf-8") as file:

@@ -4,8 +4,9 @@
     testnames.py FOLDER     prints one line per violation; exit 1 when there is one
 
 A test's name is CamelCase of at least two words, which neither begins nor ends with a preposition, an article or a conjunction.
-It stands once in its suite. A suite's name does not end in Test, and does not begin with Of or an article. Every proof of a
-mutant has to match a test. Whether a name says what its test checks is for the reviewer.
+It stands once in its suite. A suite's name does not end in Test, and does not begin with Of or an article. The tests of a
+suite have one fixture, or none: the test framework refuses others when they run. Every proof of a mutant has to match a test.
+Whether a name says what its test checks is for the reviewer.
 """
 import os
 import re
@@ -22,7 +23,7 @@ NO_BEGINNING = PREPOSITIONS | ARTICLES | CONJUNCTIONS
 # At the end these are adverbs: FadesOut, RunsTheHandlerOnce.
 NO_END = NO_BEGINNING - {"Once", "Out", "So", "Yet"}
 
-MACRO = re.compile(r"^[ \t]*(?:TYPED_)?TEST(?:_F|_P)?\(\s*(\w+)\s*,\s*(\w+)\s*\)", re.MULTILINE)
+MACRO = re.compile(r"^[ \t]*(?P<kind>(?:TYPED_)?TEST(?:_F|_P)?)\(\s*(?P<suite>\w+)\s*,\s*(?P<name>\w+)\s*\)", re.MULTILINE)
 CAMEL_CASE = re.compile(r"(?:[A-Z][a-z0-9]*)+")
 SUITE = re.compile(r"(?P<end>Tests?$)|^(?P<beginning>Of|An?|The)(?=[A-Z]|$)")
 
@@ -56,7 +57,7 @@ def suite_violations(suite):
 
 
 def tests_of(top):
-    """[(path, line, suite, name)] of every test in C++."""
+    """[(path, line, suite, name, macro)] of every test in C++."""
     tests = []
     for folder, names, files in os.walk(os.path.join(top, "tests")):
         names.sort()
@@ -67,7 +68,8 @@ def tests_of(top):
             with open(path, encoding="utf-8") as source:
                 text = source.read()
             for match in MACRO.finditer(text):
-                tests.append((os.path.relpath(path, top), text.count("\n", 0, match.start()) + 1, match[1], match[2]))
+                line = text.count("\n", 0, match.start()) + 1
+                tests.append((os.path.relpath(path, top), line, match["suite"], match["name"], match["kind"]))
     return tests
 
 
@@ -116,9 +118,9 @@ def proof_violations(top, tests):
         first, _, suite = rest.partition("/")
         if kind in run["SUITES"]:
             fault = run["FAULTS"].get(first)
-            return fault and any(where == run["SUITES"][kind] and name.startswith(fault) for _, _, where, name in tests)
+            return fault and any(where == run["SUITES"][kind] and name.startswith(fault) for _, _, where, name, _ in tests)
         if kind == run["TESTS"]:
-            return any(room_of(path) == first and re.fullmatch(suite, where) for path, _, where, _ in tests)
+            return any(room_of(path) == first and re.fullmatch(suite, where) for path, _, where, _, _ in tests)
         return proof in run["OTHERS"] and any(re.search(run["OTHERS"][proof][0], name) for name in others)
 
     return [f"{mutant.name}: no test matches the proof {proof}"
@@ -127,14 +129,16 @@ def proof_violations(top, tests):
 
 def violations(top):
     tests = tests_of(top)
-    found, places = [], {}
-    for path, line, suite, name in tests:
+    found, places, kinds = [], {}, {}
+    for path, line, suite, name, kind in tests:
         place = f"{path}:{line}: "
         found += [f"{place}the suite {suite} {what}" for what in suite_violations(suite)]
         found += [f"{place}the test {suite}.{name} {what}" for what in name_violations(name)]
         first = places.setdefault((room_of(path), suite, name), place)
         if first != place:
             found.append(f"{place}the test {suite}.{name} has the name of another in {first[:-2]}")
+        if kinds.setdefault((room_of(path), suite), kind) != kind:
+            found.append(f"{place}the suite {suite} has tests by {kind} and by {kinds[room_of(path), suite]}")
     return found + proof_violations(top, tests)
 
 

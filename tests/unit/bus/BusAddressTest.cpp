@@ -13,21 +13,21 @@ namespace {
 using platform::bus::busAddress;
 
 /// No session bus is named; the run-time folder is the test's own.
-class SocketAddress : public DeviceRootFixture {
+class BusAddress : public DeviceRootFixture {
 protected:
-    SocketAddress() { environment.unset("DBUS_SESSION_BUS_ADDRESS"); }
+    BusAddress() { environment.unset("DBUS_SESSION_BUS_ADDRESS"); }
 
     std::string runtime() const { return folder() / "run"; }
     static std::string folderBelowTmp() { return "/tmp/wardlock-bus-" + std::to_string(geteuid()); }
 };
 
-TEST_F(SocketAddress, IsTheAddressThatTheSessionNames) {
+TEST_F(BusAddress, IsTheAddressThatTheSessionNames) {
     environment.set("DBUS_SESSION_BUS_ADDRESS", "unix:path=/a;unix:path=/b");
     EXPECT_EQ(busAddress().text, "unix:path=/a;unix:path=/b");
     EXPECT_EQ(busAddress().privateFolder, "");
 }
 
-TEST_F(SocketAddress, IsTheUsersBusWhereItExists) {
+TEST_F(BusAddress, IsTheUsersBusWhereItExists) {
     const TestBus bus;
     std::filesystem::create_symlink(bus.address().substr(std::string("unix:path=").size()),
                                     runtime() + "/bus");
@@ -35,22 +35,22 @@ TEST_F(SocketAddress, IsTheUsersBusWhereItExists) {
     EXPECT_EQ(busAddress().privateFolder, "");
 }
 
-TEST_F(SocketAddress, IsPrivateInTheRuntimeFolderOtherwise) {
+TEST_F(BusAddress, IsPrivateInTheRuntimeFolderOtherwise) {
     EXPECT_EQ(busAddress().text, "unix:path=" + runtime() + "/wardlock-bus/bus");
     EXPECT_EQ(busAddress().privateFolder, runtime() + "/wardlock-bus");
 }
 
-TEST_F(SocketAddress, TreatsAnEmptyNameAsMissing) {
+TEST_F(BusAddress, TreatsAnEmptyNameAsMissing) {
     environment.set("DBUS_SESSION_BUS_ADDRESS", "");
     EXPECT_EQ(busAddress().privateFolder, runtime() + "/wardlock-bus");
 }
 
-TEST_F(SocketAddress, DoesNotAcceptAPlainFileAsTheUsersBus) {
+TEST_F(BusAddress, DoesNotAcceptAPlainFileAsTheUsersBus) {
     std::ofstream(runtime() + "/bus") << "not a socket";
     EXPECT_EQ(busAddress().privateFolder, runtime() + "/wardlock-bus");
 }
 
-TEST_F(SocketAddress, IsPrivateBelowTmpWithoutARuntimeFolder) {
+TEST_F(BusAddress, IsPrivateBelowTmpWithoutARuntimeFolder) {
     environment.unset("XDG_RUNTIME_DIR");
     EXPECT_EQ(busAddress().privateFolder, folderBelowTmp());
     EXPECT_EQ(busAddress().text, "unix:path=" + folderBelowTmp() + "/bus");
@@ -60,7 +60,7 @@ TEST_F(SocketAddress, IsPrivateBelowTmpWithoutARuntimeFolder) {
     }
 }
 
-TEST_F(SocketAddress, IsPrivateBelowTmpWhenTheRuntimeFoldersNameIsTooLongForASocket) {
+TEST_F(BusAddress, IsPrivateBelowTmpWhenTheRuntimeFoldersNameIsTooLongForASocket) {
     const std::string socket = "/wardlock-bus/bus";
     const std::string runtime = folder() / std::string(107 - socket.size() - folder().path().size() - 1, 'x');
     for (const std::string& path : {runtime, runtime + 'x'}) {
