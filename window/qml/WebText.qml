@@ -23,6 +23,7 @@ ListView {
     clip: true
     focus: true
     currentIndex: -1
+    highlightFollowsCurrentItem: false
     keyNavigationEnabled: false
     boundsBehavior: Flickable.DragAndOvershootBounds
     bottomMargin: 28
@@ -50,10 +51,12 @@ ListView {
     Connections {
         target: text.web.text
         function onModelReset() {
-            text.atRow = text.atLink = -1;
+            text.atRow = text.atLink = text.currentIndex = -1;
             text.positionViewAtBeginning();
+            // The view itself follows the model later, and has no such row before.
             if (text.goesBack)
-                text.positionViewAtIndex(text.leftAt >= 0 ? text.leftAt : text.places.pop() || 0, ListView.Beginning);
+                Qt.callLater(text.positionViewAtIndex, text.leftAt >= 0 ? text.leftAt : text.places.pop() || 0,
+                             ListView.Beginning);
             else if (text.leftAt >= 0)
                 text.places.push(text.leftAt);
             text.leftAt = -1;
@@ -79,10 +82,10 @@ ListView {
     }
     /// Of a negative number the last link.
     function focusLink(row, number) {
+        // The row is kept while it is the current one, wherever its neighbours' heights move it.
+        currentIndex = row;
         positionViewAtIndex(row, ListView.Contain);
-        const line = itemAtIndex(row);
-        if (!line)
-            return;
+        const line = currentItem;
         const link = line.linkAt(number < 0 ? line.linkCount - 1 : number);
         link.forceActiveFocus(Qt.TabFocusReason);
         const top = link.mapToItem(contentItem, 0, 0).y;

@@ -189,6 +189,23 @@ TEST_F(WindowWebText, ReachesALinkFarBelowByTheKeyboard) {
     EXPECT_TRUE(place.y() > 0 && place.y() < scene().item("web:browser")->mapToScene({}).y()) << place.y();
 }
 
+TEST_F(WindowWebText, ReturnsToThePlaceWhereALinkWasFollowed) {
+    std::string lines;
+    for (int i = 0; i < 300; ++i)
+        lines += "<p>a line of text";
+    server.answer("/far", "<h1>Second</h1>");
+    openListing("<h1>First</h1>" + lines + "<p><a href=/far>far</a> below");
+    EXPECT_TRUE(describes("Heading: First"));
+    scene().press(Qt::Key_Tab);
+    EXPECT_TRUE(isFocused("link:far"));
+    scene().press(Qt::Key_Return);
+    EXPECT_TRUE(describes("Heading: Second"));
+    scene().press(Qt::Key_Backspace);
+    scene().item("link:far");
+    const QPointF place = scene().middleOf("link:far");
+    EXPECT_TRUE(place.y() > 0 && place.y() < window().height()) << place.y();
+}
+
 TEST_F(WindowWebText, FollowsALinkForAssistiveTechnology) {
     server.answer("/next", "<h1>Second</h1>");
     openListing("<p>Go to the <a href=/next>next page</a>.");
