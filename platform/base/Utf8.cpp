@@ -1,7 +1,9 @@
 #include "platform/base/Utf8.h"
 
+#include "platform/base/ByteVector.h"
+
+#include <bit>
 #include <cstdint>
-#include <cstring>
 
 namespace platform {
 namespace {
@@ -9,13 +11,14 @@ namespace {
 /// Returns the first position from `at` on that is not ASCII. Most of a document is, so it goes in large
 /// steps.
 std::size_t skipAscii(std::string_view text, std::size_t at) {
-    constexpr std::uint64_t highBits = 0x8080808080808080u;
-    std::uint64_t words[4];
-    for (; text.size() - at >= sizeof words; at += sizeof words) {
-        std::memcpy(words, text.data() + at, sizeof words);
-        if ((words[0] | words[1] | words[2] | words[3]) & highBits)
-            break;
-    }
+    constexpr std::size_t size = ByteVector::size;
+    const auto bytes = [&](std::size_t ahead) { return ByteVector(text.data() + at + ahead); };
+    while (text.size() - at >= 4 * size &&
+           (bytes(0) | bytes(size) | bytes(2 * size) | bytes(3 * size)).notAscii() == 0)
+        at += 4 * size;
+    for (; text.size() - at >= size; at += size)
+        if (const std::uint32_t others = bytes(0).notAscii())
+            return at + static_cast<std::size_t>(std::countr_zero(others));
     while (at < text.size() && static_cast<unsigned char>(text[at]) < 0x80)
         ++at;
     return at;
@@ -70,6 +73,10 @@ bool isValidUtf8(std::string_view text) {
         i += decoded.length;
     }
     return true;
+}
+
+bool isAscii(std::string_view text) {
+    return skipAscii(text, 0) == text.size();
 }
 
 void appendUtf8(char32_t character, std::string& text) {

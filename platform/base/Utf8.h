@@ -19,6 +19,7 @@ struct DecodedCharacter {
 /// Decodes the character that begins at `position`, which must lie inside the text.
 WARDLOCK_API DecodedCharacter decodeUtf8(std::string_view text, std::size_t position);
 WARDLOCK_API bool isValidUtf8(std::string_view text);
+WARDLOCK_API bool isAscii(std::string_view text);
 /// Returns whether UTF-8 can encode `code`: not a surrogate, not beyond U+10FFFF.
 WARDLOCK_API bool isCharacter(char32_t code);
 /// Appends the character in UTF-8; appends nothing where `character` is not a character.

@@ -21,6 +21,7 @@ cstring ctime cuchar cwchar cwctype
 
 KINDS = [
     ("the standard library", lambda name: name in STANDARD),
+    ("vector instructions", lambda name: name == "emmintrin.h"),
     ("Qt", lambda name: re.match(r"Qt?[A-Z]", name)),
     ("GLib", lambda name: re.match(r"(gio|glib|gobject|glib-object)\b", name)),
     ("systemd", lambda name: name.startswith("systemd/")),
@@ -47,7 +48,7 @@ EVERYTHING = None
 
 # room: the rooms and single headers it may include beside its own, and what else
 ROOMS = {
-    "platform/base": ([], STD),
+    "platform/base": ([], STD + ["vector instructions"]),
     "platform/values": (BASE, STD),
     "platform/files": (BASE, STD),
     "platform/text": (VALUES, STD),

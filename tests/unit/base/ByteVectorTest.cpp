@@ -1,0 +1,62 @@
+#include "platform/base/ByteVector.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace platform {
+namespace {
+
+template <class Vector>
+class ByteVectorTest : public testing::Test {};
+
+#if defined(__SSE2__)
+using Forms = testing::Types<PlainByteVector, SseByteVector>;
+#else
+using Forms = testing::Types<PlainByteVector>;
+#endif
+TYPED_TEST_SUITE(ByteVectorTest, Forms);
+
+/// Sixteen letters with `byte` at one position.
+std::string lettersWith(char byte, std::size_t position) {
+    std::string text = "abcdefghijklmnop";
+    text[position] = byte;
+    return text;
+}
+
+TYPED_TEST(ByteVectorTest, FindsAByteAtEachPosition) {
+    for (std::size_t i = 0; i < TypeParam::size; ++i)
+        for (const char byte : {'<', '\0', '\x7F', '\x80', '\xFF'})
+            EXPECT_EQ(TypeParam(lettersWith(byte, i).data()).equal(byte), 1u << i) << i;
+}
+
+TYPED_TEST(ByteVectorTest, FindsNothingThatIsNotThere) {
+    const TypeParam letters("abcdefghijklmnop");
+    EXPECT_EQ(letters.equal('<'), 0u);
+    EXPECT_EQ(letters.notAscii(), 0u);
+}
+
+TYPED_TEST(ByteVectorTest, FindsAllBytesThatAreEqual) {
+    EXPECT_EQ(TypeParam("aXaXaXaXaXaXaXaX").equal('a'), 0x5555u);
+    EXPECT_EQ(TypeParam("aaaaaaaaaaaaaaaa").equal('a'), allBytes);
+}
+
+TYPED_TEST(ByteVectorTest, ComparesByteByByte) {
+    const TypeParam letters("abcdefghijklmnop");
+    EXPECT_EQ(letters.equal(TypeParam("abcdefghijklmnop")), allBytes);
+    for (std::size_t i = 0; i < TypeParam::size; ++i)
+        EXPECT_EQ(letters.equal(TypeParam(lettersWith('!', i).data())), allBytes & ~(1u << i)) << i;
+}
+
+TYPED_TEST(ByteVectorTest, FindsWhatIsNotAsciiInEitherOfTwo) {
+    for (std::size_t i = 0; i < TypeParam::size; ++i) {
+        EXPECT_EQ(TypeParam(lettersWith('\x80', i).data()).notAscii(), 1u << i) << i;
+        const TypeParam letters("abcdefghijklmnop");
+        const std::string other = lettersWith('\xC3', i);
+        EXPECT_EQ((letters | TypeParam(other.data())).notAscii(), 1u << i) << i;
+        EXPECT_EQ((TypeParam(other.data()) | letters).notAscii(), 1u << i) << i;
+    }
+}
+
+} // namespace
+} // namespace platform
