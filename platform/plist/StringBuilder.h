@@ -5,6 +5,7 @@
 #include <cstring>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace platform {
 
@@ -12,38 +13,50 @@ namespace platform {
 class StringBuilder {
 public:
     /// Reserves `expected` bytes.
-    explicit StringBuilder(std::size_t expected) : text_(expected, '\0') {}
+    explicit StringBuilder(std::size_t expected) : text_(expected, '\0') { continueAt(0); }
+    StringBuilder(const StringBuilder&) = delete;
+    StringBuilder& operator=(const StringBuilder&) = delete;
 
     template <std::size_t Size>
     void put(const char (&literal)[Size]) {
         std::memcpy(room(Size - 1), literal, Size - 1);
-        length_ += Size - 1;
     }
     void put(std::string_view piece) {
         // Not memcpy: a piece may be empty, and then without an address.
-        length_ += piece.copy(room(piece.size()), piece.size());
+        piece.copy(room(piece.size()), piece.size());
     }
-    void putTabs(std::size_t count) {
-        std::fill_n(room(count), count, '\t');
-        length_ += count;
+    void putTabs(std::size_t count) { std::fill_n(room(count), count, '\t'); }
+    /// Puts a part of the text again.
+    void repeat(std::size_t start, std::size_t length) {
+        char* const to = room(length);
+        std::memcpy(to, text_.data() + start, length);
     }
-    std::size_t size() const { return length_; }
+    std::size_t size() const { return static_cast<std::size_t>(next_ - text_.data()); }
     /// Returns the whole text; nothing may be added afterwards.
     std::string take() {
-        text_.resize(length_);
+        text_.resize(size());
         return std::move(text_);
     }
 
 private:
     char* room(std::size_t size) {
-        if (text_.size() - length_ < size)
+        if (size > static_cast<std::size_t>(end_ - next_))
             grow(size);
-        return text_.data() + length_;
+        return std::exchange(next_, next_ + size);
     }
-    void grow(std::size_t size) { text_.resize(std::max(text_.size() * 2, length_ + size)); }
+    void grow(std::size_t more) {
+        const std::size_t used = size();
+        text_.resize(std::max(text_.size() * 2, used + more));
+        continueAt(used);
+    }
+    void continueAt(std::size_t used) {
+        next_ = text_.data() + used;
+        end_ = text_.data() + text_.size();
+    }
 
     std::string text_;
-    std::size_t length_ = 0;
+    char* next_ = nullptr;
+    char* end_ = nullptr;
 };
 
 } // namespace platform

@@ -19,6 +19,9 @@ constexpr char prolog[] = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
                           "<plist version=\"1.0\">\n";
 constexpr char epilog[] = "</plist>\n";
 
+/// Levels that room is made for at first.
+constexpr std::size_t typicalLevels = 4;
+
 /// A little more than the estimate, for what it leaves out.
 std::size_t expectedLength(const Value& root, std::size_t most) {
     const std::size_t estimate = xmlSizeEstimate(root, most);
@@ -28,7 +31,10 @@ std::size_t expectedLength(const Value& root, std::size_t most) {
 } // namespace
 
 XmlPropertyListWriter::XmlPropertyListWriter(const Value& root, Bounds bounds)
-    : root_(root), bounds_(bounds), text_(expectedLength(root, bounds.bytes)) {}
+    : root_(root), bounds_(bounds), text_(expectedLength(root, bounds.bytes)) {
+    frames_.reserve(typicalLevels);
+    last_.reserve(typicalLevels);
+}
 
 std::error_code XmlPropertyListWriter::write() {
     text_.put(prolog);
@@ -47,10 +53,11 @@ void XmlPropertyListWriter::writeNext() {
     Frame& frame = frames_.back();
     if (frame.next == frame.end)
         return close();
-    if (frame.keys) {
-        writeKey(frame);
-        ++frame.place;
-    }
+    if (frame.keys)
+        writeLeadIn(frame);
+    else
+        indent();
+    ++frame.place;
     writeElement(*frame.next++);
 }
 
@@ -61,16 +68,17 @@ void XmlPropertyListWriter::open(const Value& container) {
         if (array.empty())
             return text_.put("<array/>\n");
         text_.put("<array>\n");
-        frames_.push_back({array.begin(), array.end(), nullptr, false, 0});
+        frames_.push_back({array.begin(), array.end(), nullptr, 0});
     } else {
         const Dictionary& dictionary = container.dictionary();
         if (dictionary.empty())
             return text_.put("<dict/>\n");
         text_.put("<dict>\n");
         const Value* first = &(*dictionary.begin()).value;
-        const auto keys = dictionary.keys();
-        frames_.push_back({first, first + dictionary.size(), keys.get(), needsNoEscape(keys->text()), 0});
+        frames_.push_back({first, first + dictionary.size(), dictionary.keys().get(), 0});
     }
+    if (last_.size() < frames_.size())
+        last_.resize(frames_.size());
 }
 
 void XmlPropertyListWriter::close() {
@@ -83,19 +91,29 @@ void XmlPropertyListWriter::close() {
         text_.put("</array>\n");
 }
 
-void XmlPropertyListWriter::writeKey(const Frame& frame) {
-    const std::string_view key = (*frame.keys)[frame.place];
+/// Writes a key, and the indentation of its value.
+void XmlPropertyListWriter::writeLeadIn(const Frame& frame) {
+    LastDictionary& last = last_[frames_.size() - 1];
+    if (last.keys == frame.keys && frame.place < last.leadIns.size()) {
+        const Piece& before = last.leadIns[frame.place];
+        return text_.repeat(before.start, before.length);
+    }
+    if (last.keys != frame.keys) {
+        last.keys = frame.keys;
+        last.leadIns.clear();
+        last.leadIns.reserve(frame.keys->size());
+    }
+    const std::size_t start = text_.size();
     indent();
     text_.put("<key>");
-    if (frame.keysNeedNoEscape)
-        text_.put(key);
-    else
-        text_.put(std::string_view(escaped(key)));
+    putText((*frame.keys)[frame.place]);
     text_.put("</key>\n");
+    indent();
+    last.leadIns.push_back({start, text_.size() - start});
 }
 
+/// Writes an element after its indentation.
 void XmlPropertyListWriter::writeElement(const Value& value) {
-    indent();
     switch (value.kind()) {
     case Value::Kind::Boolean:
         if (value.boolean())
@@ -115,11 +133,15 @@ void XmlPropertyListWriter::writeElement(const Value& value) {
 
 void XmlPropertyListWriter::writeString(std::string_view text) {
     text_.put("<string>");
+    putText(text);
+    text_.put("</string>\n");
+}
+
+void XmlPropertyListWriter::putText(std::string_view text) {
     if (needsNoEscape(text))
         text_.put(text);
     else
         text_.put(std::string_view(escaped(text)));
-    text_.put("</string>\n");
 }
 
 /// Writes dates too, which are numbers of seconds.

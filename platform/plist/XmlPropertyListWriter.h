@@ -37,15 +37,27 @@ private:
         const Value* end;
         /// Null in an array.
         const KeySet* keys;
-        bool keysNeedNoEscape;
         std::size_t place;
+    };
+    /// A part of the text that was written.
+    struct Piece {
+        std::size_t start;
+        std::size_t length;
+    };
+    /// The last dictionary of a depth. Records of one kind share their keys; what precedes their values is
+    /// copied from one to the next.
+    struct LastDictionary {
+        const KeySet* keys = nullptr;
+        /// Each key with its indentation and that of its value.
+        std::vector<Piece> leadIns;
     };
 
     void writeNext();
     void open(const Value& container);
     void close();
-    void writeKey(const Frame& frame);
+    void writeLeadIn(const Frame& frame);
     void writeElement(const Value& value);
+    void putText(std::string_view text);
     void writeNumber(const Value& value);
     void writeString(std::string_view text);
     void writeData(std::string_view bytes);
@@ -55,6 +67,8 @@ private:
     Bounds bounds_;
     StringBuilder text_;
     std::vector<Frame> frames_;
+    /// Indexed by depth.
+    std::vector<LastDictionary> last_;
     bool tooDeep_ = false;
 };
 
