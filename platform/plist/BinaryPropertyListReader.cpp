@@ -1,11 +1,10 @@
 #include "platform/plist/BinaryPropertyListReader.h"
 
+#include "platform/base/Utf8.h"
 #include "platform/plist/PropertyListBounds.h"
 #include "platform/plist/TextDecoding.h"
 
 #include <algorithm>
-#include <bit>
-#include <limits>
 
 namespace platform {
 
@@ -39,8 +38,11 @@ std::optional<Value> BinaryPropertyListReader::read() {
     if (!readTrailer())
         return std::nullopt;
     objects_.resize(static_cast<std::size_t>(objectCount_));
-    Object* top = readObject(topObject_, 1);
-    return top ? std::move(top->value) : std::nullopt;
+    // Room for a record.
+    values_.reserve(64);
+    lastKeys_.reserve(4);
+    const Object* top = object(topObject_, 1);
+    return top ? std::optional(top->value.value()) : std::nullopt;
 }
 
 /// Reads the last 32 bytes: six unused, the sizes of an offset and of a reference, the number of objects, the
@@ -49,11 +51,11 @@ bool BinaryPropertyListReader::readTrailer() {
     if (!bytes_.starts_with(magic) || bytes_.size() < magic.size() + trailerLength)
         return false;
     const std::size_t trailer = bytes_.size() - trailerLength;
-    offsetSize_ = static_cast<std::size_t>(bigEndian(trailer + 6, 1));
-    referenceSize_ = static_cast<std::size_t>(bigEndian(trailer + 7, 1));
-    objectCount_ = bigEndian(trailer + 8, 8);
-    topObject_ = bigEndian(trailer + 16, 8);
-    const std::uint64_t table = bigEndian(trailer + 24, 8);
+    offsetSize_ = static_cast<std::size_t>(numberAt(trailer + 6, 1));
+    referenceSize_ = static_cast<std::size_t>(numberAt(trailer + 7, 1));
+    objectCount_ = numberAt(trailer + 8, 8);
+    topObject_ = numberAt(trailer + 16, 8);
+    const std::uint64_t table = numberAt(trailer + 24, 8);
     const bool sizesAreSound =
         offsetSize_ >= 1 && offsetSize_ <= widest && referenceSize_ >= 1 && referenceSize_ <= widest;
     if (!sizesAreSound || objectCount_ == 0 || table < magic.size() || table > trailer)
@@ -67,53 +69,59 @@ bool BinaryPropertyListReader::readTrailer() {
 }
 
 /// Returns null when the object is invalid, contains itself, or is nested too deeply.
-BinaryPropertyListReader::Object* BinaryPropertyListReader::readObject(std::uint64_t index,
-                                                                       std::size_t depth) {
+inline const BinaryPropertyListReader::Object* BinaryPropertyListReader::object(std::uint64_t index,
+                                                                                std::size_t depth) {
     if (index >= objectCount_)
         return nullptr;
-    Object& object = objects_[static_cast<std::size_t>(index)];
-    if (object.state == Object::State::Unread) {
-        object.state = Object::State::Reading;
-        const std::uint64_t offset =
-            bigEndian(table_ + static_cast<std::size_t>(index) * offsetSize_, offsetSize_);
-        if (offset < magic.size() || offset >= table_)
-            return nullptr;
-        object.weight = valueWeight;
-        object.value = valueAt(static_cast<std::size_t>(offset), depth, object);
-        object.state = Object::State::Read;
-    }
+    const Object& object = objects_[static_cast<std::size_t>(index)];
+    if (object.state != Object::State::Read && !readObject(index, depth))
+        return nullptr;
     const bool fits = object.height == 0 || depth + object.height - 1 <= deepestPropertyList;
-    return object.value && fits ? &object : nullptr;
+    return fits ? &object : nullptr;
 }
 
-std::optional<Value> BinaryPropertyListReader::valueAt(std::size_t offset, std::size_t depth,
-                                                       Object& object) {
-    const auto content = contentAt(offset);
-    if (!content)
-        return std::nullopt;
-    switch (content->kind) {
+bool BinaryPropertyListReader::readObject(std::uint64_t index, std::size_t depth) {
+    Object& object = objects_[static_cast<std::size_t>(index)];
+    const bool containsItself = object.state == Object::State::Reading;
+    object.state = Object::State::Reading;
+    const std::uint64_t offset =
+        numberAt(table_ + static_cast<std::size_t>(index) * offsetSize_, offsetSize_);
+    if (containsItself || offset < magic.size() || offset >= table_)
+        return false;
+    const auto content = contentAt(static_cast<std::size_t>(offset));
+    object.weight = valueWeight;
+    if (!content || !readContent(*content, depth, object))
+        return false;
+    object.state = Object::State::Read;
+    return true;
+}
+
+bool BinaryPropertyListReader::readContent(const Content& content, std::size_t depth, Object& object) {
+    const auto store = [&object](std::optional<Value> value) {
+        if (value)
+            object.value = ArenaValue(std::move(*value));
+        return value.has_value();
+    };
+    switch (content.kind) {
     case Single:
-        return singleByte(static_cast<std::uint8_t>(content->length));
+        return store(singleByte(static_cast<std::uint8_t>(content.length)));
     case Integer:
-        return integer(*content);
     case Real:
-        return real(*content);
     case Date:
-        return date(*content);
+        return store(number(content));
     case Data:
     case AsciiString:
-        return bytes(*content, object);
+        return readBytes(content, object);
     case Utf16String:
-        return wideString(*content, object);
+        return readWideString(content, object);
     case Uid:
-        object.height = 1;
-        return uid(*content);
+        return readUid(content, object);
     case ArrayKind:
-        return array(*content, depth, object);
+        return readArray(content, depth, object);
     case DictionaryKind:
-        return dictionary(*content, depth, object);
+        return readDictionary(content, depth, object);
     default:
-        return std::nullopt;
+        return false;
     }
 }
 
@@ -131,7 +139,7 @@ BinaryPropertyListReader::contentAt(std::size_t offset) const {
     const std::size_t lengthSize = std::size_t(1) << (lengthMarker & 0x0F);
     if (lengthMarker >> 4 != Integer || lengthSize > 8 || !fits(content.start + 1, 1, lengthSize))
         return std::nullopt;
-    content.length = bigEndian(content.start + 1, lengthSize);
+    content.length = numberAt(content.start + 1, lengthSize);
     content.start += 1 + lengthSize;
     return content;
 }
@@ -142,108 +150,118 @@ std::optional<Value> BinaryPropertyListReader::singleByte(std::uint8_t marker) c
     return Value(marker == 9);
 }
 
-/// Shorter integers are unsigned, those of eight bytes signed; sixteen bytes are for numbers above the
-/// largest signed one.
-std::optional<Value> BinaryPropertyListReader::integer(const Content& content) const {
+std::optional<Value> BinaryPropertyListReader::number(const Content& content) const {
     const std::size_t size = std::size_t(1) << content.length;
-    if (size > 16 || !fits(content.start, 1, size))
+    if (!fits(content.start, 1, size))
         return std::nullopt;
-    if (size < 8)
-        return Value(bigEndian(content.start, size));
-    const std::uint64_t low = bigEndian(content.start + size - 8, 8);
-    const bool negative = low >> 63 != 0;
-    if (size == 8)
-        return Value(static_cast<std::int64_t>(low));
-    const std::uint64_t high = bigEndian(content.start, 8);
-    if (high == 0)
-        return Value(low);
-    if (high != ~std::uint64_t(0) || !negative)
-        return std::nullopt;
-    return Value(static_cast<std::int64_t>(low));
+    const std::string_view bytes = bytes_.substr(content.start, size);
+    if (content.kind == Integer)
+        return integerFromBytes(bytes);
+    return content.kind == Real ? realFromBytes(bytes) : dateFromBytes(bytes);
 }
 
-std::optional<Value> BinaryPropertyListReader::real(const Content& content) const {
-    const std::size_t size = std::size_t(1) << content.length;
-    if ((size != 4 && size != 8) || !fits(content.start, 1, size))
-        return std::nullopt;
-    const std::uint64_t bits = bigEndian(content.start, size);
-    return size == 8 ? Value(std::bit_cast<double>(bits))
-                     : Value(std::bit_cast<float>(static_cast<std::uint32_t>(bits)));
-}
-
-std::optional<Value> BinaryPropertyListReader::date(const Content& content) const {
-    if (content.length != 3 || !fits(content.start, 1, 8))
-        return std::nullopt;
-    return Value::date(std::bit_cast<double>(bigEndian(content.start, 8)));
-}
-
-std::optional<Value> BinaryPropertyListReader::uid(const Content& content) const {
+bool BinaryPropertyListReader::readUid(const Content& content, Object& object) {
     const std::uint64_t size = content.length + 1;
     if (size > 8 || !fits(content.start, 1, size))
-        return std::nullopt;
-    return Value(Dictionary{{"CF$UID", bigEndian(content.start, static_cast<std::size_t>(size))}});
+        return false;
+    const std::string_view key = "CF$UID";
+    ArenaValue number(Value(numberAt(content.start, static_cast<std::size_t>(size))));
+    object.value = ArenaValue(dictionaries_.make({&key, 1}, &number));
+    object.height = 1;
+    return true;
 }
 
-std::optional<Value> BinaryPropertyListReader::bytes(const Content& content, Object& object) const {
+bool BinaryPropertyListReader::readBytes(const Content& content, Object& object) {
     if (!fits(content.start, content.length, 1))
-        return std::nullopt;
+        return false;
     const std::string_view all = bytes_.substr(content.start, static_cast<std::size_t>(content.length));
+    if (content.kind == AsciiString && !isAscii(all))
+        return false;
     object.weight += all.size();
-    if (content.kind == Data)
-        return Value::data(all);
-    if (std::any_of(all.begin(), all.end(), [](char c) { return static_cast<unsigned char>(c) >= 0x80; }))
-        return std::nullopt;
-    return Value(all);
+    object.value = {content.kind == Data ? Value::Kind::Data : Value::Kind::String, arena_->bytes(all)};
+    return true;
 }
 
-std::optional<Value> BinaryPropertyListReader::wideString(const Content& content, Object& object) const {
+bool BinaryPropertyListReader::readWideString(const Content& content, Object& object) {
     if (!fits(content.start, content.length, 2))
-        return std::nullopt;
+        return false;
     const auto text = utf8FromUtf16(
         bytes_.substr(content.start, static_cast<std::size_t>(content.length) * 2), ByteOrder::Big);
     if (!text)
-        return std::nullopt;
+        return false;
     object.weight += text->size();
-    return Value(*text);
+    object.value = {Value::Kind::String, arena_->bytes(*text)};
+    return true;
 }
 
-std::optional<Value> BinaryPropertyListReader::array(const Content& content, std::size_t depth,
-                                                     Object& object) {
-    std::vector<Value> values;
-    if (!readReferences(content.start, content.length, depth, object, values))
-        return std::nullopt;
-    return Value(Array(std::move(values)));
+bool BinaryPropertyListReader::readArray(const Content& content, std::size_t depth, Object& object) {
+    const std::size_t first = values_.size();
+    if (!readReferences(content.start, content.length, depth, object))
+        return false;
+    object.value = arena_->array(values_.data() + first, values_.size() - first);
+    values_.resize(first, object.value);
+    return true;
 }
 
 /// All keys come first, then all values.
-std::optional<Value> BinaryPropertyListReader::dictionary(const Content& content, std::size_t depth,
-                                                          Object& object) {
-    if (!fits(content.start, content.length, 2 * referenceSize_))
-        return std::nullopt;
-    std::vector<Value> keys;
-    std::vector<Value> values;
-    const std::size_t afterKeys = content.start + static_cast<std::size_t>(content.length) * referenceSize_;
-    if (!readReferences(content.start, content.length, depth, object, keys) ||
-        !readReferences(afterKeys, content.length, depth, object, values))
-        return std::nullopt;
-    std::vector<std::string_view> texts;
-    texts.reserve(keys.size());
-    for (const Value& key : keys) {
-        if (!key.is(Value::Kind::String))
-            return std::nullopt;
-        texts.push_back(key.string());
-    }
-    return Value(dictionaries_.make(texts, values.data()));
+bool BinaryPropertyListReader::readDictionary(const Content& content, std::size_t depth, Object& object) {
+    if (!fits(content.start, content.length, 2 * referenceSize_) || depth > deepestPropertyList)
+        return false;
+    const std::size_t size = static_cast<std::size_t>(content.length) * referenceSize_;
+    const std::string_view references = bytes_.substr(content.start, size);
+    const LastKeys last = lastKeys(depth);
+    const bool sameKeys = last.keys && last.references == references;
+    std::vector<std::string_view> keys;
+    if (sameKeys)
+        object.weight += last.weight;
+    else if (!readKeys(references, depth, object, keys))
+        return false;
+    const std::uint64_t keysWeight = sameKeys ? last.weight : object.weight - valueWeight;
+    const std::size_t first = values_.size();
+    if (!readReferences(content.start + size, content.length, depth, object))
+        return false;
+    ArenaValue* const values = values_.data() + first;
+    Dictionary dictionary =
+        sameKeys ? arena_->dictionary(*last.keys, values) : dictionaries_.make(keys, values);
+    // Where a key came twice, the references are not those of the dictionary's keys.
+    if (!sameKeys && !keys.empty() && dictionary.size() == keys.size())
+        lastKeys(depth) = {references, dictionary.keys().get(), keysWeight};
+    object.value = ArenaValue(std::move(dictionary));
+    values_.resize(first, object.value);
+    return true;
 }
 
+bool BinaryPropertyListReader::readKeys(std::string_view references, std::size_t depth, Object& object,
+                                        std::vector<std::string_view>& keys) {
+    const std::size_t first = values_.size();
+    const std::size_t count = references.size() / referenceSize_;
+    if (!readReferences(static_cast<std::size_t>(references.data() - bytes_.data()), count, depth, object))
+        return false;
+    keys.reserve(count);
+    for (std::size_t i = first; i < values_.size(); ++i) {
+        const Value& key = values_[i].value();
+        if (!key.is(Value::Kind::String))
+            return false;
+        keys.push_back(key.string());
+    }
+    values_.resize(first, ArenaValue(false));
+    return true;
+}
+
+BinaryPropertyListReader::LastKeys& BinaryPropertyListReader::lastKeys(std::size_t depth) {
+    if (lastKeys_.size() <= depth)
+        lastKeys_.resize(depth + 1);
+    return lastKeys_[depth];
+}
+
+/// Appends the objects to `values_`.
 bool BinaryPropertyListReader::readReferences(std::size_t start, std::uint64_t count, std::size_t depth,
-                                              Object& object, std::vector<Value>& values) {
+                                              Object& object) {
     if (!fits(start, count, referenceSize_) || depth > deepestPropertyList)
         return false;
-    values.reserve(static_cast<std::size_t>(count));
     object.height = std::max<std::uint16_t>(object.height, 1);
     for (std::size_t i = 0; i < count; ++i) {
-        const Object* element = readObject(bigEndian(start + i * referenceSize_, referenceSize_), depth + 1);
+        const Object* element = this->object(numberAt(start + i * referenceSize_, referenceSize_), depth + 1);
         if (!element)
             return false;
         object.weight += element->weight;
@@ -251,20 +269,9 @@ bool BinaryPropertyListReader::readReferences(std::size_t start, std::uint64_t c
             return false;
         object.height =
             std::max<std::uint16_t>(object.height, static_cast<std::uint16_t>(element->height + 1));
-        values.push_back(*element->value);
+        values_.push_back(element->value);
     }
     return true;
-}
-
-/// Returns the largest number for one that does not fit: it is neither a valid position nor a valid count.
-std::uint64_t BinaryPropertyListReader::bigEndian(std::size_t at, std::size_t length) const {
-    for (; length > sizeof(std::uint64_t); --length)
-        if (bytes_[at++] != 0)
-            return std::numeric_limits<std::uint64_t>::max();
-    std::uint64_t number = 0;
-    for (std::size_t i = 0; i < length; ++i)
-        number = number << 8 | static_cast<unsigned char>(bytes_[at + i]);
-    return number;
 }
 
 /// Returns whether `count` items of `size` bytes fit between `at` and the offset table.

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "platform/plist/BinaryNumber.h"
 #include "platform/plist/DictionaryBuilder.h"
-#include "platform/values/Value.h"
+#include "platform/values/Arena.h"
 
 #include <cstdint>
 #include <optional>
@@ -19,7 +20,8 @@ public:
 
     /// `bytes` must outlive the reader.
     explicit BinaryPropertyListReader(std::string_view bytes)
-        : bytes_(bytes), dictionaries_(Duplicates::KeepFirst) {}
+        : bytes_(bytes), arena_(Arena::create(2 * bytes.size())),
+          dictionaries_(*arena_, Duplicates::KeepFirst) {}
 
     /// Returns nothing unless the bytes are a property list. Call it once.
     std::optional<Value> read();
@@ -33,7 +35,7 @@ private:
         std::uint16_t height = 0;
         /// The bytes of the value written out, with all it contains.
         std::uint64_t weight = 0;
-        std::optional<Value> value;
+        ArenaValue value{false};
     };
     /// The bytes of an object after its marker and length.
     struct Content {
@@ -41,24 +43,33 @@ private:
         std::uint64_t length;
         std::size_t start;
     };
+    /// The keys of the last dictionary of a depth, whose references, byte for byte, name them again.
+    struct LastKeys {
+        std::string_view references;
+        KeySet* keys = nullptr;
+        std::uint64_t weight = 0;
+    };
 
     bool readTrailer();
-    Object* readObject(std::uint64_t index, std::size_t depth);
-    std::optional<Value> valueAt(std::size_t offset, std::size_t depth, Object& object);
+    const Object* object(std::uint64_t index, std::size_t depth);
+    bool readObject(std::uint64_t index, std::size_t depth);
+    bool readContent(const Content& content, std::size_t depth, Object& object);
     std::optional<Content> contentAt(std::size_t offset) const;
     std::optional<Value> singleByte(std::uint8_t marker) const;
-    std::optional<Value> integer(const Content& content) const;
-    std::optional<Value> real(const Content& content) const;
-    std::optional<Value> date(const Content& content) const;
-    std::optional<Value> uid(const Content& content) const;
-    std::optional<Value> bytes(const Content& content, Object& object) const;
-    std::optional<Value> wideString(const Content& content, Object& object) const;
-    std::optional<Value> array(const Content& content, std::size_t depth, Object& object);
-    std::optional<Value> dictionary(const Content& content, std::size_t depth, Object& object);
-    bool readReferences(std::size_t start, std::uint64_t count, std::size_t depth, Object& object,
-                        std::vector<Value>& values);
+    std::optional<Value> number(const Content& content) const;
+    bool readUid(const Content& content, Object& object);
+    bool readBytes(const Content& content, Object& object);
+    bool readWideString(const Content& content, Object& object);
+    bool readArray(const Content& content, std::size_t depth, Object& object);
+    bool readDictionary(const Content& content, std::size_t depth, Object& object);
+    bool readKeys(std::string_view references, std::size_t depth, Object& object,
+                  std::vector<std::string_view>& keys);
+    LastKeys& lastKeys(std::size_t depth);
+    bool readReferences(std::size_t start, std::uint64_t count, std::size_t depth, Object& object);
 
-    std::uint64_t bigEndian(std::size_t at, std::size_t length) const;
+    std::uint64_t numberAt(std::size_t at, std::size_t length) const {
+        return bigEndian({bytes_.data() + at, length});
+    }
     bool fits(std::size_t at, std::uint64_t count, std::uint64_t size) const;
 
     std::string_view bytes_;
@@ -67,8 +78,13 @@ private:
     std::uint64_t objectCount_ = 0;
     std::uint64_t topObject_ = 0;
     std::size_t table_ = 0;
-    std::vector<Object> objects_;
+    IntrusivePointer<Arena> arena_;
     DictionaryBuilder dictionaries_;
+    std::vector<Object> objects_;
+    /// The elements of the containers that are being read, innermost last.
+    std::vector<ArenaValue> values_;
+    /// Indexed by depth.
+    std::vector<LastKeys> lastKeys_;
 };
 
 } // namespace platform

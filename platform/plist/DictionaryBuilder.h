@@ -1,7 +1,6 @@
 #pragma once
 
-#include "platform/values/KeySet.h"
-#include "platform/values/Value.h"
+#include "platform/values/Arena.h"
 
 #include <array>
 #include <span>
@@ -15,19 +14,19 @@ enum class Duplicates { KeepFirst, KeepLast };
 /// Creates the dictionaries of one document. Those with the same keys in the same order share their key set.
 class DictionaryBuilder {
 public:
-    explicit DictionaryBuilder(Duplicates duplicates) : duplicates_(duplicates) {}
+    /// The arena must outlive the builder.
+    DictionaryBuilder(Arena& arena, Duplicates duplicates) : arena_(arena), duplicates_(duplicates) {}
 
-    /// `values` has as many elements as `keys`; they are moved from.
-    Dictionary make(std::span<const std::string_view> keys, Value* values);
+    /// `values` has as many elements as `keys`. Of equal keys it loses all values but one.
+    Dictionary make(std::span<const std::string_view> keys, ArenaValue* values);
 
 private:
-    IntrusivePointer<KeySet> recentSet(std::span<const std::string_view> keys);
-    Dictionary withDuplicates(std::span<const std::string_view> keys, Value* values) const;
+    KeySet* newSet(std::span<const std::string_view> keys, ArenaValue* values);
 
+    Arena& arena_;
     Duplicates duplicates_;
-    /// The latest key sets, the newest first. A document has few kinds of records; an older set is only worth
-    /// its memory when it comes again.
-    std::array<IntrusivePointer<KeySet>, 16> recent_;
+    /// The latest key sets, the newest first. A document has few kinds of records.
+    std::array<KeySet*, 16> recent_{};
 };
 
 } // namespace platform

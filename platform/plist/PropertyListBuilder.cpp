@@ -1,18 +1,25 @@
 #include "platform/plist/PropertyListBuilder.h"
 
 #include "platform/plist/PropertyListBounds.h"
-#include "platform/values/KeySet.h"
 #include "platform/values/ShortString.h"
 
 namespace platform {
 
+namespace {
+
+/// Room that is made at first: enough for a record.
+constexpr std::size_t typicalKeys = 32;
+constexpr std::size_t typicalDepth = 4;
+
+} // namespace
+
 PropertyListBuilder::PropertyListBuilder(std::size_t documentSize)
-    : dictionaries_(Duplicates::KeepLast), strings_(documentSize) {
-    // Enough for a document of one record.
-    frames_.reserve(4);
-    last_.reserve(4);
-    values_.reserve(32);
-    keys_.reserve(32);
+    : arena_(Arena::create(documentSize)), dictionaries_(*arena_, Duplicates::KeepLast),
+      strings_(*arena_, documentSize) {
+    frames_.reserve(typicalDepth);
+    last_.reserve(typicalDepth);
+    values_.reserve(typicalKeys);
+    keys_.reserve(typicalKeys);
 }
 
 bool PropertyListBuilder::open(Container kind) {
@@ -20,10 +27,9 @@ bool PropertyListBuilder::open(Container kind) {
         return false;
     if (last_.size() == depth())
         last_.emplace_back();
-    const LastKeys& last = last_[depth()];
-    const KeySet* expected = kind == Container::Dictionary ? last.keys.get() : nullptr;
+    const bool asExpected = kind == Container::Dictionary && last_[depth()].keys;
     const std::size_t keys = kind == Container::PropertyList ? 1 : 0;
-    frames_.push_back({kind, last.spelledPlainly, values_.size(), keys_.size(), keys, expected});
+    frames_.push_back({kind, asExpected, values_.size(), keys_.size(), keys});
     return true;
 }
 
@@ -39,62 +45,68 @@ bool PropertyListBuilder::close(Container kind) {
         frames_.pop_back();
         return true;
     }
-    Value* const first = values_.data() + frame.firstValue;
-    Value closed = kind == Container::Array ? Value(Array(ContainerBlock::create(first, count)))
-                                            : Value(closedDictionary(frame));
-    values_.erase(values_.end() - static_cast<std::ptrdiff_t>(count), values_.end());
+    const ArenaValue* const first = values_.data() + frame.firstValue;
+    const ArenaValue closed =
+        kind == Container::Array ? arena_->array(first, count) : ArenaValue(closedDictionary(frame));
+    values_.resize(frame.firstValue, closed);
     keys_.resize(frame.firstKey);
     frames_.pop_back();
-    values_.push_back(std::move(closed));
+    values_.push_back(closed);
     return true;
 }
 
 Dictionary PropertyListBuilder::closedDictionary(Frame& frame) {
-    Value* const values = values_.data() + frame.firstValue;
-    LastKeys& last = last_[depth() - 1];
-    if (frame.expected && frame.keyCount == frame.expected->size())
-        return Dictionary(ContainerBlock::create(values, frame.keyCount, last.keys));
+    ArenaValue* const values = values_.data() + frame.firstValue;
+    if (frame.asExpected && frame.keyCount == last().keys->size())
+        return arena_->dictionary(*last().keys, values);
     spellOutKeys(frame);
     Dictionary dictionary = dictionaries_.make({keys_.data() + frame.firstKey, frame.keyCount}, values);
-    if (!dictionary.empty()) {
-        last.keys = dictionary.keys();
-        const std::string_view text = last.keys->text();
-        last.spelledPlainly =
-            text.find('&') == std::string_view::npos && text.find('<') == std::string_view::npos;
-    }
+    // Where a key came twice, the lead-ins are not those of the dictionary's keys.
+    if (frame.keyCount > 0)
+        last().keys = dictionary.size() == frame.keyCount ? dictionary.keys().get() : nullptr;
     return dictionary;
 }
 
 void PropertyListBuilder::spellOutKeys(Frame& frame) {
-    if (!frame.expected)
+    if (!frame.asExpected)
         return;
     for (std::size_t i = 0; i < frame.keyCount; ++i)
-        keys_.push_back((*frame.expected)[i]);
-    frame.expected = nullptr;
+        keys_.push_back((*last().keys)[i]);
+    frame.asExpected = false;
 }
 
-bool PropertyListBuilder::addKey(std::string_view key) {
+bool PropertyListBuilder::addKey(std::string_view key, std::string_view leadIn) {
     if (!mayAddKey())
         return false;
     Frame& frame = frames_.back();
-    const bool expected = frame.expected && frame.keyCount < frame.expected->size() &&
-                          equalShortStrings((*frame.expected)[frame.keyCount], key);
-    if (!expected) {
+    LastDictionary& before = last();
+    if (!frame.asExpected || frame.keyCount >= before.keys->size() ||
+        !equalShortStrings((*before.keys)[frame.keyCount], key)) {
         spellOutKeys(frame);
         keys_.push_back(key);
     }
+    if (before.leadIns.empty())
+        before.leadIns.reserve(typicalKeys);
+    if (before.leadIns.size() == frame.keyCount)
+        before.leadIns.push_back(leadIn);
+    else
+        before.leadIns[frame.keyCount] = leadIn;
     ++frame.keyCount;
     return true;
 }
 
-bool PropertyListBuilder::addString(std::string_view text) {
-    return add(strings_.string(text));
+std::span<const std::string_view> PropertyListBuilder::expectedLeadIns() const {
+    if (!mayAddKey() || !frames_.back().asExpected)
+        return {};
+    const LastDictionary& before = last_[depth() - 1];
+    const std::size_t next = frames_.back().keyCount;
+    return std::span(before.leadIns).subspan(next, before.keys->size() - next);
 }
 
 std::optional<Value> PropertyListBuilder::take() {
     if (!frames_.empty() || values_.empty())
         return std::nullopt;
-    return std::move(values_.front());
+    return values_.front().value();
 }
 
 } // namespace platform

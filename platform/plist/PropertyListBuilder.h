@@ -2,12 +2,12 @@
 
 #include "platform/plist/DictionaryBuilder.h"
 #include "platform/plist/StringPool.h"
-#include "platform/values/Value.h"
+#include "platform/values/Arena.h"
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace platform {
@@ -24,31 +24,33 @@ public:
 
     /// Returns the number of open containers.
     std::size_t depth() const { return frames_.size(); }
+    bool isInArray() const { return !frames_.empty() && frames_.back().kind == Container::Array; }
 
     bool open(Container kind);
     /// Closes the innermost container. Returns false unless it is of that kind and, for a dictionary, has a
     /// value for each key.
     bool close(Container kind);
 
-    /// Returns the key that the last dictionary of this depth had at this position. Returns an empty text
-    /// unless a key is allowed here and that one is written in XML as it is.
-    std::string_view expectedKey() const {
-        return mayAddKey() && frames_.back().spelledPlainly ? frames_.back().expectedKey()
-                                                            : std::string_view();
-    }
-    /// Takes the key that expectedKey() returned.
+    /// `leadIn` is the document's text from the end of the element before to the value of this key, the key
+    /// included; empty where it is not known. Both texts must stay valid until take().
+    bool addKey(std::string_view key, std::string_view leadIn);
+    /// Returns the lead-ins that the keys to come have when the innermost dictionary continues as the last
+    /// one of its depth did.
+    std::span<const std::string_view> expectedLeadIns() const;
+    /// Adds the key of the first expected lead-in, where that text was found again.
     void addExpectedKey() { ++frames_.back().keyCount; }
-    /// `text` must stay valid until take().
-    bool addKey(std::string_view key);
 
-    template <class Content>
-    bool add(Content&& content) {
+    bool add(ArenaValue value) {
         if (!mayAdd())
             return false;
-        values_.emplace_back(std::forward<Content>(content));
+        values_.push_back(value);
         return true;
     }
-    bool addString(std::string_view text);
+    /// Adds an element to an array, or the value of the key that was just added.
+    void addAllowed(ArenaValue value) { values_.push_back(value); }
+
+    ArenaValue string(std::string_view text) { return strings_.string(text); }
+    ArenaValue data(std::string_view bytes) { return {Value::Kind::Data, arena_->bytes(bytes)}; }
 
     /// Returns the one value that was built; nothing while a container is open.
     std::optional<Value> take();
@@ -56,24 +58,18 @@ public:
 private:
     struct Frame {
         Container kind;
-        bool spelledPlainly;
+        /// The dictionary has had the keys of the last one of its depth so far; then they are only counted,
+        /// not kept.
+        bool asExpected;
         std::size_t firstValue;
         std::size_t firstKey;
         /// For a <plist>, the number of its values, which is 1.
         std::size_t keyCount;
-        /// The keys of the last dictionary of this depth, as long as this one's are equal; then they are only
-        /// counted, not kept.
-        const KeySet* expected;
-
-        /// Returns an empty text when there is none.
-        std::string_view expectedKey() const {
-            return expected && keyCount < expected->size() ? (*expected)[keyCount] : std::string_view();
-        }
     };
-    struct LastKeys {
-        IntrusivePointer<KeySet> keys;
-        /// Whether XML writes every key without escapes.
-        bool spelledPlainly = false;
+    /// The last dictionary of a depth, and the text in front of each of its values.
+    struct LastDictionary {
+        KeySet* keys = nullptr;
+        std::vector<std::string_view> leadIns;
     };
 
     /// Returns whether a value is allowed here: anywhere in an array, after a key in a dictionary, once in a
@@ -91,17 +87,19 @@ private:
         return frame.kind == Container::Dictionary && valueCount(frame) == frame.keyCount;
     }
     std::size_t valueCount(const Frame& frame) const { return values_.size() - frame.firstValue; }
+    LastDictionary& last() { return last_[depth() - 1]; }
     Dictionary closedDictionary(Frame& frame);
     void spellOutKeys(Frame& frame);
 
+    IntrusivePointer<Arena> arena_;
     DictionaryBuilder dictionaries_;
     StringPool strings_;
     std::vector<Frame> frames_;
     /// The elements of all open containers, and the keys that differed from the expected ones.
-    std::vector<Value> values_;
+    std::vector<ArenaValue> values_;
     std::vector<std::string_view> keys_;
     /// Indexed by depth.
-    std::vector<LastKeys> last_;
+    std::vector<LastDictionary> last_;
 };
 
 } // namespace platform

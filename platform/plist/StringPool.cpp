@@ -12,20 +12,20 @@ namespace {
 constexpr std::size_t longestShared = 64;
 constexpr std::size_t fewestSlots = 16;
 constexpr std::size_t mostSlots = 4096;
-constexpr std::size_t bytesPerSlot = 64;
+constexpr std::size_t bytesPerSlot = 128;
 
 } // namespace
 
-StringPool::StringPool(std::size_t documentSize)
-    : slots_(std::bit_ceil(std::clamp(documentSize / bytesPerSlot, fewestSlots, mostSlots))) {}
+StringPool::StringPool(Arena& arena, std::size_t documentSize)
+    : arena_(arena), slots_(std::bit_ceil(std::clamp(documentSize / bytesPerSlot, fewestSlots, mostSlots))) {}
 
-Value StringPool::string(std::string_view text) {
-    if (text.size() > longestShared)
-        return Value(text);
-    IntrusivePointer<ByteBlock>& slot = slots_[hashShortString(text) & (slots_.size() - 1)];
+ArenaValue StringPool::string(std::string_view text) {
+    if (text.empty() || text.size() > longestShared)
+        return {Value::Kind::String, arena_.bytes(text)};
+    ByteBlock*& slot = slots_[hashShortString(text) & (slots_.size() - 1)];
     if (!slot || !equalShortStrings(slot->bytes(), text))
-        slot = ByteBlock::create(text);
-    return Value(Value::Kind::String, slot);
+        slot = arena_.bytes(text);
+    return {Value::Kind::String, slot};
 }
 
 } // namespace platform

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/values/Value.h"
+#include "platform/values/Arena.h"
 
 #include <string_view>
 #include <vector>
@@ -11,14 +11,15 @@ namespace platform {
 /// share their bytes. The pool remembers a bounded number of them.
 class StringPool {
 public:
-    /// `documentSize`, in bytes, bounds how much remembering is worth.
-    explicit StringPool(std::size_t documentSize);
+    /// `documentSize`, in bytes, bounds how much remembering is worth. The arena must outlive the pool.
+    StringPool(Arena& arena, std::size_t documentSize);
 
-    Value string(std::string_view text);
+    ArenaValue string(std::string_view text);
 
 private:
+    Arena& arena_;
     /// One remembered string per slot, the latest.
-    std::vector<IntrusivePointer<ByteBlock>> slots_;
+    std::vector<ByteBlock*> slots_;
 };
 
 } // namespace platform

@@ -75,11 +75,6 @@ std::string utf8FromWindows1252(std::string_view bytes) {
     return text;
 }
 
-bool isAscii(std::string_view bytes) {
-    return std::all_of(bytes.begin(), bytes.end(),
-                       [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
-
 std::string lowerCase(std::string_view text) {
     std::string lower(text);
     for (char& c : lower)

@@ -10,7 +10,8 @@ std::optional<Value> XmlPropertyListReader::read() {
     if (!readProlog())
         return std::nullopt;
     do {
-        if (!skipMiscellany() || !readElement())
+        readRun();
+        if (!readElement())
             return std::nullopt;
     } while (builder_.depth() > 0);
     if (!skipMiscellany())
@@ -66,19 +67,64 @@ bool XmlPropertyListReader::readProlog() {
     return takeTag() && tagKind_ == TagKind::Opening;
 }
 
-bool XmlPropertyListReader::readElement() {
-    // Most of a document is this: the next key of a record like the last one, a boolean.
-    if (cursor_.take("<key>")) {
-        const std::string_view expected = builder_.expectedKey();
-        if (expected.empty() || !cursor_.take(expected, "</key>"))
-            return readLeaf(Element::Key);
+/// Takes what most of a document is, as far as it goes: keys, booleans and strings without attributes,
+/// references and comments.
+void XmlPropertyListReader::readRun() {
+    // A copy of its own stays in registers.
+    XmlCursor cursor = cursor_;
+    const bool inArray = builder_.isInArray();
+    LeadIns expected = builder_.expectedLeadIns();
+    do {
+        if (inArray)
+            cursor.skipSpace();
+        else if (!readPlainKey(cursor, expected))
+            break;
+    } while (readPlainValue(cursor));
+    cursor_ = cursor;
+}
+
+/// Takes a key with the white space around it. Records of one kind repeat these texts: where the one of the
+/// last record comes again, nothing in it has to be looked at. Takes nothing where it returns false.
+inline bool XmlPropertyListReader::readPlainKey(XmlCursor& cursor, LeadIns& expected) {
+    if (!expected.empty() && !expected.front().empty() && cursor.take(expected.front())) {
         builder_.addExpectedKey();
+        expected = expected.subspan(1);
         return true;
     }
-    if (cursor_.take("<true/>"))
-        return builder_.add(true);
-    if (cursor_.take("<false/>"))
-        return builder_.add(false);
+    XmlCursor ahead = cursor;
+    std::string_view key;
+    ahead.skipSpace();
+    if (!ahead.take("<key>") || !ahead.takePlainText(key) || !ahead.take("</key>"))
+        return false;
+    ahead.skipSpace();
+    if (!builder_.addKey(key, cursor.textUntil(ahead)))
+        return false;
+    cursor = ahead;
+    expected = builder_.expectedLeadIns();
+    return true;
+}
+
+/// Takes a boolean or a string where a value is allowed. Takes nothing where it returns false.
+inline bool XmlPropertyListReader::readPlainValue(XmlCursor& cursor) {
+    if (const auto boolean = cursor.takeBoolean()) {
+        builder_.addAllowed(ArenaValue(*boolean));
+        return true;
+    }
+    XmlCursor ahead = cursor;
+    std::string_view text;
+    if (!ahead.take("<string>") || !ahead.takePlainText(text) || !ahead.take("</string>"))
+        return false;
+    cursor = ahead;
+    builder_.addAllowed(builder_.string(text));
+    return true;
+}
+
+bool XmlPropertyListReader::readElement() {
+    const XmlCursor before = cursor_;
+    if (!skipMiscellany())
+        return false;
+    if (cursor_.take("<key>"))
+        return readKey(before);
     if (cursor_.take("<string>"))
         return readLeaf(Element::String);
     if (!takeTag())
@@ -89,6 +135,15 @@ bool XmlPropertyListReader::readElement() {
     if (containerOf(element_))
         return open(element_, empty);
     return empty ? addLeaf(element_, {}) : readLeaf(element_);
+}
+
+/// Reads a key after its start tag, and what precedes its value. `before` is where the last element ended.
+bool XmlPropertyListReader::readKey(const XmlCursor& before) {
+    const auto text = text_.take(cursor_);
+    if (!text || !closes(Element::Key))
+        return false;
+    const std::string_view key = text_.kept(*text);
+    return skipMiscellany() && builder_.addKey(key, before.textUntil(cursor_));
 }
 
 bool XmlPropertyListReader::open(Element element, bool empty) {
@@ -115,37 +170,41 @@ std::optional<PropertyListBuilder::Container> XmlPropertyListReader::containerOf
 
 bool XmlPropertyListReader::readLeaf(Element element) {
     const auto text = text_.take(cursor_);
-    if (!text)
-        return false;
+    return text && closes(element) && addLeaf(element, *text);
+}
+
+/// Takes the end tag of the element.
+bool XmlPropertyListReader::closes(Element element) {
     if (element == Element::String && cursor_.take("</string>"))
-        return builder_.addString(*text);
+        return true;
     if (element == Element::Key && cursor_.take("</key>"))
-        return builder_.addKey(*text);
-    const bool closed = takeTag() && tagKind_ == TagKind::Closing && element_ == element;
-    return closed && addLeaf(element, *text);
+        return true;
+    return takeTag() && tagKind_ == TagKind::Closing && element_ == element;
 }
 
 bool XmlPropertyListReader::addLeaf(Element element, std::string_view text) {
-    const auto add = [this](std::optional<Value> value) { return value && builder_.add(std::move(*value)); };
+    const auto add = [this](std::optional<Value> value) {
+        return value && builder_.add(ArenaValue(std::move(*value)));
+    };
     switch (element) {
     case Element::Key:
-        return builder_.addKey(text);
+        return builder_.addKey(text_.kept(text), {});
     case Element::String:
-        return builder_.addString(text);
+        return builder_.add(builder_.string(text));
     case Element::True:
     case Element::False:
-        return text.empty() && builder_.add(element == Element::True);
+        return text.empty() && builder_.add(ArenaValue(element == Element::True));
     case Element::Integer:
         return add(integerFromText(text));
     case Element::Real:
         return add(realFromText(text));
     case Element::Date: {
         const auto seconds = secondsFromDateText(text);
-        return seconds && builder_.add(Value::date(*seconds));
+        return seconds && builder_.add(ArenaValue(Value::date(*seconds)));
     }
     case Element::Data: {
         const auto bytes = bytesFromBase64(text);
-        return bytes && builder_.add(Value::data(*bytes));
+        return bytes && builder_.add(builder_.data(*bytes));
     }
     default:
         return false;

@@ -6,6 +6,7 @@
 #include "platform/values/Value.h"
 
 #include <optional>
+#include <span>
 #include <string_view>
 
 namespace platform {
@@ -41,8 +42,15 @@ private:
     bool skipMiscellany();
     bool skipDocumentType();
     bool readProlog();
+    using LeadIns = std::span<const std::string_view>;
+
+    void readRun();
+    bool readPlainKey(XmlCursor& cursor, LeadIns& expected);
+    bool readPlainValue(XmlCursor& cursor);
     bool readElement();
+    bool readKey(const XmlCursor& before);
     bool readLeaf(Element element);
+    bool closes(Element element);
     bool addLeaf(Element element, std::string_view text);
     bool open(Element element, bool empty);
     bool close(Element element);

@@ -43,19 +43,20 @@ bool appendReference(std::string& text, std::string_view reference) {
     return true;
 }
 
-/// Appends plain text with references and without tags.
-bool appendText(std::string& text, std::string_view raw) {
-    for (;;) {
-        const std::size_t ampersand = raw.find('&');
-        text += raw.substr(0, ampersand);
-        if (ampersand == std::string_view::npos)
+/// Takes plain text with references, up to the next "<", and appends it.
+bool appendText(XmlCursor& cursor, std::string& text) {
+    std::string_view raw;
+    while (cursor.takePlainText(raw)) {
+        text += raw;
+        if (!cursor.take("&"))
             return true;
-        raw.remove_prefix(ampersand + 1);
-        const std::size_t semicolon = raw.find(';');
-        if (semicolon == std::string_view::npos || !appendReference(text, raw.substr(0, semicolon)))
+        const std::string_view rest = cursor.rest();
+        const std::size_t semicolon = rest.find(';');
+        if (semicolon == std::string_view::npos || !appendReference(text, rest.substr(0, semicolon)))
             return false;
-        raw.remove_prefix(semicolon + 1);
+        cursor.skip(semicolon + 1);
     }
+    return false;
 }
 
 bool isTag(const XmlCursor& cursor) {
@@ -66,37 +67,40 @@ bool isTag(const XmlCursor& cursor) {
 
 std::optional<std::string_view> XmlText::take(XmlCursor& cursor) {
     std::string_view raw;
-    if (!cursor.takeUntil('<', raw))
+    if (!cursor.takePlainText(raw))
         return std::nullopt;
-    if (isTag(cursor) && raw.find('&') == std::string_view::npos)
+    if (cursor.peek() == '<' && isTag(cursor))
         return raw;
-    std::string text;
-    if (!appendText(text, raw))
+    decoded_ = raw;
+    if (!appendText(cursor, decoded_))
         return std::nullopt;
     while (!isTag(cursor))
-        if (!appendPiece(cursor, text))
+        if (!appendPiece(cursor))
             return std::nullopt;
-    return resolved_.emplace_front(std::move(text));
+    return decoded_;
+}
+
+std::string_view XmlText::kept(std::string_view text) {
+    return text.data() == decoded_.data() ? kept_.emplace_front(text) : text;
 }
 
 /// Takes a CDATA section, a comment or an instruction, and the plain text after it.
-bool XmlText::appendPiece(XmlCursor& cursor, std::string& text) {
+bool XmlText::appendPiece(XmlCursor& cursor) {
     if (cursor.take("<![CDATA[")) {
         const std::string_view rest = cursor.rest();
         if (!cursor.skipPast("]]>"))
             return false;
-        text += rest.substr(0, rest.size() - cursor.rest().size() - std::string_view("]]>").size());
+        decoded_ += rest.substr(0, rest.size() - cursor.rest().size() - std::string_view("]]>").size());
     } else if (cursor.take("<!--")) {
         const std::string_view rest = cursor.rest();
         if (!cursor.skipPast("-->"))
             return false;
-        restoreReplaced(text,
+        restoreReplaced(decoded_,
                         rest.substr(0, rest.size() - cursor.rest().size() - std::string_view("-->").size()));
     } else if (!cursor.take("<?") || !cursor.skipPast("?>")) {
         return false;
     }
-    std::string_view raw;
-    return cursor.takeUntil('<', raw) && appendText(text, raw);
+    return appendText(cursor, decoded_);
 }
 
 } // namespace platform

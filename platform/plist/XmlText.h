@@ -15,13 +15,16 @@ namespace platform {
 class XmlText {
 public:
     /// Takes the characters up to the next tag. Returns a part of the document where it needs no decoding;
-    /// else a text that this object keeps.
+    /// else a text that is valid until the next call.
     std::optional<std::string_view> take(XmlCursor& cursor);
+    /// Returns the text that take() returned last, valid as long as this object and the document.
+    std::string_view kept(std::string_view text);
 
 private:
-    bool appendPiece(XmlCursor& cursor, std::string& text);
+    bool appendPiece(XmlCursor& cursor);
 
-    std::forward_list<std::string> resolved_;
+    std::string decoded_;
+    std::forward_list<std::string> kept_;
 };
 
 } // namespace platform

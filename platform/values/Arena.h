@@ -1,0 +1,98 @@
+#pragma once
+
+#include "platform/values/IntrusivePointer.h"
+#include "platform/values/KeySet.h"
+#include "platform/values/Storage.h"
+#include "platform/values/Value.h"
+
+#include <atomic>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <new>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace platform {
+
+/// A value that an arena owns: the bytes of a Value, whose reference is not counted. Trivial to copy and to
+/// drop.
+class ArenaValue {
+public:
+    /// Takes a value that refers to nothing outside the arena.
+    explicit ArenaValue(Value&& value) {
+        std::memcpy(bytes_, static_cast<const void*>(&value), sizeof value);
+        new (&value) Value(false);
+    }
+    explicit ArenaValue(bool boolean) : ArenaValue(Value(boolean)) {}
+    /// A string or data.
+    ArenaValue(Value::Kind kind, ByteBlock* bytes)
+        : ArenaValue(Value(kind, IntrusivePointer<ByteBlock>::adopt(bytes))) {}
+    explicit ArenaValue(Array array) : ArenaValue(Value(std::move(array))) {}
+    explicit ArenaValue(Dictionary dictionary) : ArenaValue(Value(std::move(dictionary))) {}
+
+    /// A copy of the value counts as a reference to the arena.
+    const Value& value() const { return *std::launder(reinterpret_cast<const Value*>(bytes_)); }
+
+private:
+    alignas(Value) std::byte bytes_[sizeof(Value)];
+};
+
+/// The memory of one document's values, which are built together and freed together: that takes a fraction of
+/// the time of blocks one by one. Inside, blocks refer to each other without counting. A reference from
+/// outside to any of them keeps the whole arena.
+///
+/// One thread builds; afterwards nothing changes but the count, and any thread may share the blocks.
+class Arena {
+public:
+    /// Makes room for `expected` bytes; more may be taken.
+    static IntrusivePointer<Arena> create(std::size_t expected);
+
+    /// Returns null for no bytes.
+    ByteBlock* bytes(std::string_view bytes);
+    ArenaValue array(const ArenaValue* values, std::size_t count) {
+        return ArenaValue(Array(container(values, count, nullptr)));
+    }
+    /// `keys` is one that the arena keeps; `values` has as many elements.
+    Dictionary dictionary(KeySet& keys, const ArenaValue* values) {
+        return Dictionary(container(values, keys.size(), &keys));
+    }
+    /// Owns the keys from now on.
+    void keep(IntrusivePointer<KeySet> keys) { keySets_.push_back(std::move(keys)); }
+
+    void retain() { references_.fetch_add(1, std::memory_order_relaxed); }
+    void release() {
+        if (references_.fetch_sub(1, std::memory_order_acq_rel) == 1)
+            destroy();
+    }
+
+    /// Returns the arena of the chunk that begins at the address.
+    static Arena& ofChunk(const char* chunk) { return *reinterpret_cast<const Chunk*>(chunk)->arena; }
+
+private:
+    /// The beginning of each piece of memory.
+    struct Chunk {
+        Arena* arena;
+        Chunk* before;
+    };
+
+    Arena(char* free, char* end) : first_{this, nullptr}, newest_(&first_), free_(free), end_(end) {}
+    ~Arena() = default;
+
+    IntrusivePointer<ContainerBlock> container(const ArenaValue* values, std::size_t count, KeySet* keys);
+    char* take(std::size_t size);
+    void addChunk(std::size_t size);
+    void destroy();
+    std::uint32_t referencesAt(const char* block) const;
+
+    /// The first member: the arena is the beginning of its first chunk.
+    Chunk first_;
+    Chunk* newest_;
+    char* free_;
+    char* end_;
+    std::atomic<std::uint32_t> references_{1};
+    std::vector<IntrusivePointer<KeySet>> keySets_;
+};
+
+} // namespace platform
