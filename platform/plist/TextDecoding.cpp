@@ -1,6 +1,7 @@
 #include "platform/plist/TextDecoding.h"
 
 #include "platform/base/Utf8.h"
+#include "platform/plist/XmlProlog.h"
 
 #include <algorithm>
 #include <array>
@@ -166,6 +167,8 @@ std::optional<Form> byOpening(std::string_view bytes) {
 }
 
 std::optional<Form> byDeclaration(std::string_view bytes) {
+    if (bytes.starts_with(xmlProlog))
+        return Form{Encoding::Utf8};
     const std::optional<Declaration> declared = declarationOf(bytes);
     // A declaration that can be read byte by byte is not in wide units.
     if (!declared || declared->encoding == Encoding::Utf16 || declared->encoding == Encoding::Utf32)

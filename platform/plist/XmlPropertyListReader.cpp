@@ -3,6 +3,7 @@
 #include "platform/base/Base64.h"
 #include "platform/plist/CalendarDate.h"
 #include "platform/plist/XmlNumber.h"
+#include "platform/plist/XmlProlog.h"
 
 namespace platform {
 
@@ -56,6 +57,8 @@ bool XmlPropertyListReader::skipDocumentType() {
 
 /// Reads what precedes the value: one DOCTYPE at most, and the <plist> tag, which may be missing.
 bool XmlPropertyListReader::readProlog() {
+    if (cursor_.take(xmlProlog))
+        return wrapped_ = true;
     if (!skipMiscellany())
         return false;
     if (cursor_.take("<!DOCTYPE") && (!skipDocumentType() || !skipMiscellany()))

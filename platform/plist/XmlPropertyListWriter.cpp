@@ -5,6 +5,7 @@
 #include "platform/plist/PropertyListError.h"
 #include "platform/plist/XmlEscape.h"
 #include "platform/plist/XmlNumber.h"
+#include "platform/plist/XmlProlog.h"
 #include "platform/plist/XmlSize.h"
 
 #include <algorithm>
@@ -13,10 +14,6 @@ namespace platform {
 
 namespace {
 
-constexpr char prolog[] = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-                          "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
-                          "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
-                          "<plist version=\"1.0\">\n";
 constexpr char epilog[] = "</plist>\n";
 
 /// Levels that room is made for at first.
@@ -25,7 +22,7 @@ constexpr std::size_t typicalLevels = 4;
 /// A little more than the estimate, for what it leaves out.
 std::size_t expectedLength(const Value& root, std::size_t most) {
     const std::size_t estimate = xmlSizeEstimate(root, most);
-    return sizeof prolog + sizeof epilog + estimate + estimate / 16;
+    return sizeof xmlProlog + sizeof epilog + estimate + estimate / 16;
 }
 
 } // namespace
@@ -37,7 +34,7 @@ XmlPropertyListWriter::XmlPropertyListWriter(const Value& root, Bounds bounds)
 }
 
 std::error_code XmlPropertyListWriter::write() {
-    text_.put(prolog);
+    text_.put(xmlProlog);
     writeElement(root_);
     // A document that is too large is not written to its end: it may be larger than the memory.
     while (!frames_.empty() && !tooDeep_ && text_.size() <= bounds_.bytes)
@@ -63,19 +60,21 @@ void XmlPropertyListWriter::writeNext() {
 
 void XmlPropertyListWriter::open(const Value& container) {
     tooDeep_ = frames_.size() >= bounds_.levels;
+    const bool hasFollower =
+        !frames_.empty() && (frames_.back().hasFollower || frames_.back().next != frames_.back().end);
     if (container.is(Value::Kind::Array)) {
         const Array& array = container.array();
         if (array.empty())
             return text_.put("<array/>\n");
         text_.put("<array>\n");
-        frames_.push_back({array.begin(), array.end(), nullptr, 0});
+        frames_.push_back({array.begin(), array.end(), nullptr, 0, hasFollower});
     } else {
         const Dictionary& dictionary = container.dictionary();
         if (dictionary.empty())
             return text_.put("<dict/>\n");
         text_.put("<dict>\n");
         const Value* first = &(*dictionary.begin()).value;
-        frames_.push_back({first, first + dictionary.size(), dictionary.keys().get(), 0});
+        frames_.push_back({first, first + dictionary.size(), dictionary.keys().get(), 0, hasFollower});
     }
     if (last_.size() < frames_.size())
         last_.resize(frames_.size());
@@ -98,10 +97,10 @@ void XmlPropertyListWriter::writeLeadIn(const Frame& frame) {
         const Piece& before = last.leadIns[frame.place];
         return text_.repeat(before.start, before.length);
     }
-    if (last.keys != frame.keys) {
+    if (frame.place == 0) {
         last.keys = frame.keys;
         last.leadIns.clear();
-        last.leadIns.reserve(frame.keys->size());
+        last.leadIns.reserve(frame.hasFollower ? frame.keys->size() : 0);
     }
     const std::size_t start = text_.size();
     indent();
@@ -109,7 +108,8 @@ void XmlPropertyListWriter::writeLeadIn(const Frame& frame) {
     putText((*frame.keys)[frame.place]);
     text_.put("</key>\n");
     indent();
-    last.leadIns.push_back({start, text_.size() - start});
+    if (frame.hasFollower)
+        last.leadIns.push_back({start, text_.size() - start});
 }
 
 /// Writes an element after its indentation.

@@ -38,6 +38,8 @@ private:
         /// Null in an array.
         const KeySet* keys;
         std::size_t place;
+        /// Whether a value follows outside, which may repeat the keys of this container.
+        bool hasFollower;
     };
     /// A part of the text that was written.
     struct Piece {

@@ -8,14 +8,14 @@ namespace platform {
 namespace {
 
 template <class Vector>
-class ByteVectorTest : public testing::Test {};
+class ByteVectors : public testing::Test {};
 
 #if defined(__SSE2__)
 using Forms = testing::Types<PlainByteVector, SseByteVector>;
 #else
 using Forms = testing::Types<PlainByteVector>;
 #endif
-TYPED_TEST_SUITE(ByteVectorTest, Forms);
+TYPED_TEST_SUITE(ByteVectors, Forms);
 
 /// Sixteen letters with `byte` at one position.
 std::string lettersWith(char byte, std::size_t position) {
@@ -24,31 +24,31 @@ std::string lettersWith(char byte, std::size_t position) {
     return text;
 }
 
-TYPED_TEST(ByteVectorTest, FindsAByteAtEachPosition) {
+TYPED_TEST(ByteVectors, FindsAByteAtEachPosition) {
     for (std::size_t i = 0; i < TypeParam::size; ++i)
         for (const char byte : {'<', '\0', '\x7F', '\x80', '\xFF'})
             EXPECT_EQ(TypeParam(lettersWith(byte, i).data()).equal(byte), 1u << i) << i;
 }
 
-TYPED_TEST(ByteVectorTest, FindsNothingThatIsNotThere) {
+TYPED_TEST(ByteVectors, FindsNothingThatIsNotThere) {
     const TypeParam letters("abcdefghijklmnop");
     EXPECT_EQ(letters.equal('<'), 0u);
     EXPECT_EQ(letters.notAscii(), 0u);
 }
 
-TYPED_TEST(ByteVectorTest, FindsAllBytesThatAreEqual) {
+TYPED_TEST(ByteVectors, FindsAllBytesThatAreEqual) {
     EXPECT_EQ(TypeParam("aXaXaXaXaXaXaXaX").equal('a'), 0x5555u);
     EXPECT_EQ(TypeParam("aaaaaaaaaaaaaaaa").equal('a'), allBytes);
 }
 
-TYPED_TEST(ByteVectorTest, ComparesByteByByte) {
+TYPED_TEST(ByteVectors, ComparesByteByByte) {
     const TypeParam letters("abcdefghijklmnop");
     EXPECT_EQ(letters.equal(TypeParam("abcdefghijklmnop")), allBytes);
     for (std::size_t i = 0; i < TypeParam::size; ++i)
         EXPECT_EQ(letters.equal(TypeParam(lettersWith('!', i).data())), allBytes & ~(1u << i)) << i;
 }
 
-TYPED_TEST(ByteVectorTest, FindsWhatIsNotAsciiInEitherOfTwo) {
+TYPED_TEST(ByteVectors, FindsWhatIsNotAsciiInEitherOfTwo) {
     for (std::size_t i = 0; i < TypeParam::size; ++i) {
         EXPECT_EQ(TypeParam(lettersWith('\x80', i).data()).notAscii(), 1u << i) << i;
         const TypeParam letters("abcdefghijklmnop");
