@@ -28,6 +28,8 @@ std::string offer(const std::string& function, const Candidates& candidates) {
         return function + "_paths dirnames";
     case Candidates::Kind::Words:
         return function + "_words '" + joined(candidates.words) + '\'';
+    case Candidates::Kind::Names:
+        return function + "_names " + joined(candidates.words);
     case Candidates::Kind::Nothing:
         break;
     }
@@ -96,6 +98,16 @@ std::string helpers(const Program& program, const std::string& function) {
            "_paths() {\n"
            "    # The shell itself completes paths, since a file name may contain a line end.\n"
            "    compopt -o \"$1\"\n}\n\n"
+           "# Offers what the program lists. Inside quotes a name stands as it is.\n" +
+           function +
+           "_names() {\n"
+           "    local name typed=${current//\\\\/}\n"
+           "    typed=${typed#[\\\"\\']}\n"
+           "    while IFS= read -r name; do\n"
+           "        [[ $name == \"$typed\"* ]] || continue\n"
+           "        [[ $current == [\\\"\\']* ]] || printf -v name %q \"$name\"\n"
+           "        COMPREPLY+=(\"$name\")\n"
+           "    done < <(\"${COMP_WORDS[0]}\" complete \"$1\" 2>/dev/null)\n}\n\n"
            "# Prints the number of the operand being typed, from 1, when the operands begin at word $1.\n" +
            function +
            "_operand() {\n"
@@ -112,20 +124,45 @@ std::string helpers(const Program& program, const std::string& function) {
            "    echo \"$number\"\n}\n\n";
 }
 
+const Use* useOf(const Program& program, const std::string& verb) {
+    const auto found = std::ranges::find(program.uses, verb, &Use::verb);
+    return found == program.uses.end() ? nullptr : &*found;
+}
+
+std::string familyOnly(const std::vector<std::string>& words, const std::string& function) {
+    return "        if ((COMP_CWORD == 2)); then\n            " + function + "_words '" + joined(words) +
+           " --help'\n            return\n        fi\n"
+           "        verb=\"$verb ${COMP_WORDS[2]}\" first=3\n";
+}
+
+/// The same for a word that is a verb, too: its first operand stands beside the verbs of the family.
+std::string verbOrFamily(const Use& own, const std::vector<std::string>& words, const std::string& function) {
+    std::vector<std::string> first = words;
+    if (!own.operands.empty())
+        first.insert(first.end(), own.operands[0].values.words.begin(), own.operands[0].values.words.end());
+    std::string pattern;
+    for (const std::string& word : words)
+        pattern += (pattern.empty() ? "" : "|") + word;
+    return "        if ((COMP_CWORD == 2)) && [[ $current != -* ]]; then\n            " + function +
+           "_words '" + joined(first) +
+           "'\n            return\n        fi\n"
+           "        case ${COMP_WORDS[2]} in\n        " +
+           pattern + ") verb=\"$verb ${COMP_WORDS[2]}\" first=3 ;;\n        esac\n";
+}
+
 /// Returns the code that finds the verb, or completes it.
 std::string verbPart(const Program& program, const std::string& function) {
     std::string text = "    if ((COMP_CWORD == 1)); then\n        " + function + "_words '" +
                        joined(firstWords(program)) +
-                       " --help --version'\n        return\n    fi\n"
+                       " --device-root --help --version'\n        return\n    fi\n"
                        "    verb=${COMP_WORDS[1]} first=2\n    case $verb in\n";
     for (const std::string& family : firstWords(program)) {
         const auto words = secondWords(program, family);
         if (words.empty())
             continue;
-        text += "    " + family + ")\n        if ((COMP_CWORD == 2)); then\n            " + function +
-                "_words '" + joined(words) +
-                " --help'\n            return\n        fi\n"
-                "        verb=\"$verb ${COMP_WORDS[2]}\" first=3\n        ;;\n";
+        const Use* own = useOf(program, family);
+        text += "    " + family + ")\n" +
+                (own ? verbOrFamily(*own, words, function) : familyOnly(words, function)) + "        ;;\n";
     }
     return text + "    esac\n";
 }

@@ -34,7 +34,31 @@ std::vector<std::string> keysFor(std::string_view verb) {
     return keys;
 }
 
+/// Returns what `wardlock complete` lists for the word; empty for words that are not names.
+std::string_view namesFor(std::string_view verb, std::string_view placeholder) {
+    if (placeholder == "NAME" && verb != "account add")
+        return "accounts";
+    if (placeholder == "SETTING")
+        return "settings";
+    return placeholder == "APP" ? "apps" : "";
+}
+
+void addOnce(std::vector<std::string>& words, const std::string& word) {
+    if (std::ranges::find(words, word) == words.end())
+        words.push_back(word);
+}
+
+/// Returns the first words of all verbs.
+std::vector<std::string> verbWords() {
+    std::vector<std::string> words;
+    for (const cli::Verb* verb : cli::verbs())
+        addOnce(words, std::string(verb->name.substr(0, verb->name.find(' '))));
+    return words;
+}
+
 Candidates candidatesFor(std::string_view verb, std::string_view placeholder) {
+    if (const std::string_view kind = namesFor(verb, placeholder); !kind.empty())
+        return {Kind::Names, {std::string(kind)}};
     if (placeholder == "FILE" || placeholder == "OUT")
         return {Kind::Files, {}};
     if (placeholder == "DIR")
@@ -43,6 +67,12 @@ Candidates candidatesFor(std::string_view verb, std::string_view placeholder) {
         return {Kind::Words, keysFor(verb)};
     if (placeholder == "TYPE")
         return {Kind::Words, {"bool", "int", "real", "string"}};
+    if (placeholder == "VALUE" && verb == "set")
+        return {Kind::Words, {"on", "off"}};
+    if (placeholder == "KIND")
+        return {Kind::Words, {"accounts", "apps", "settings"}};
+    if (placeholder == "VERB")
+        return {Kind::Words, verbWords()};
     if (placeholder == "MODE")
         return {Kind::Words, {"none", "data", "full"}};
     return {};
@@ -72,14 +102,10 @@ Use useOf(const cli::Verb& verb) {
     use.description = cli::withPagesIn(WARDLOCK_PAGES_FOLDER, verb.description);
     for (const cli::Option& option : verb.options)
         use.options.push_back(entryOf(verb.name, option));
+    use.options.push_back(entryOf(verb.name, cli::deviceRootOption));
     use.options.push_back(entryOf(verb.name, cli::helpOption));
     use.operands = operandsOf(verb);
     return use;
-}
-
-void addOnce(std::vector<std::string>& words, const std::string& word) {
-    if (std::ranges::find(words, word) == words.end())
-        words.push_back(word);
 }
 
 } // namespace

@@ -11,7 +11,14 @@ namespace wardlock::manual {
 
 /// The possible completions of a word on the command line.
 struct Candidates {
-    enum class Kind { Nothing, Files, Folders, Words };
+    enum class Kind {
+        Nothing,
+        Files,
+        Folders,
+        Words,
+        /// What `wardlock complete` prints for the one word.
+        Names
+    };
     Kind kind = Kind::Nothing;
     std::vector<std::string> words;
 };

@@ -34,6 +34,8 @@ std::string action(const Candidates& candidates) {
             text += (text.size() == 1 ? "" : " ") + word;
         return text + ')';
     }
+    case Candidates::Kind::Names:
+        return "_wardlock_names " + candidates.words.front();
     case Candidates::Kind::Nothing:
         break;
     }
@@ -87,10 +89,13 @@ std::string familyFunction(const Program& program, const std::string& family) {
     const auto words = secondWords(program, family);
     std::string text = "_wardlock_" + family + "() {\n    local -a choices\n    if ((CURRENT == 2)); then\n" +
                        choices(program, words, family + ' ', "        ") +
+                       (useOf(program, family) ? arguments(*useOf(program, family), "        ") : "") +
                        "        return\n    fi\n    shift words\n    ((CURRENT--))\n    case $words[1] in\n";
     for (const std::string& word : words)
         text += "    " + word + ")\n" + arguments(*useOf(program, family + ' ' + word), "        ") +
                 "        ;;\n";
+    if (const Use* own = useOf(program, family))
+        text += "    *)\n" + arguments(*own, "        ") + "        ;;\n";
     return text + "    esac\n}\n\n";
 }
 
@@ -98,15 +103,21 @@ std::string withVerbs(const Program& program) {
     std::string functions;
     std::string cases;
     for (const std::string& word : firstWords(program)) {
-        const Use* use = useOf(program, word);
-        if (!use)
+        const bool isFamily = !secondWords(program, word).empty();
+        if (isFamily)
             functions += familyFunction(program, word);
-        cases += "    " + word + ")\n" +
-                 (use ? arguments(*use, "        ") : "        _wardlock_" + word + '\n') + "        ;;\n";
+        cases +=
+            "    " + word + ")\n" +
+            (isFamily ? "        _wardlock_" + word + '\n' : arguments(*useOf(program, word), "        ")) +
+            "        ;;\n";
     }
+    functions += "_wardlock_names() {\n    local -a names\n"
+                 "    names=(${(f)\"$(_call_program names wardlock complete ${@[-1]} 2>/dev/null)\"})\n"
+                 "    compadd \"${@[1,-2]}\" -a names\n}\n\n";
     return functions + "_wardlock() {\n    local -a choices\n    if ((CURRENT == 2)); then\n" +
            choices(program, firstWords(program), "", "        ") +
-           "        _arguments '--help[print the list of verbs]' '--version[print the version]'\n"
+           "        _arguments '--device-root[the device root]:DIR:_files -/' '--help[print the list of "
+           "verbs]' '--version[print the version]'\n"
            "        return\n    fi\n    shift words\n    ((CURRENT--))\n    case $words[1] in\n" +
            cases + "    esac\n}\n\n_wardlock \"$@\"\n";
 }

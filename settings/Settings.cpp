@@ -32,12 +32,16 @@ bool fillMissingKeys(platform::MutableDictionary& document) {
 std::optional<platform::MutableDictionary> TweakSettings;
 ChangeCallback UpdateCallback;
 
-platform::Dictionary SettingsNew() {
+platform::Update loadDocument() {
     platform::Update loaded = updateDocument(BundleIdentifier, fillMissingKeys);
     // A device has had the folder from the start; a new device root has not.
     if (loaded.changed && !loaded.written && makeMissingDocumentFolder(BundleIdentifier))
         loaded = updateDocument(BundleIdentifier, fillMissingKeys);
-    return loaded.dictionary;
+    return loaded;
+}
+
+platform::Dictionary SettingsNew() {
+    return loadDocument().dictionary;
 }
 
 platform::MutableDictionary& SettingsCreateIfNecessary() {

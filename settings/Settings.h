@@ -7,6 +7,7 @@
 /// write is ignored, and a missing key reads as false, 0.0 or null.
 
 #include "../platform/base/Export.h"
+#include "../platform/plist/PropertyListFile.h"
 #include "../platform/runtime/CFNotificationCenter.h"
 #include "../platform/values/Value.h"
 
@@ -27,7 +28,10 @@ extern WARDLOCK_API std::optional<platform::MutableDictionary> TweakSettings;
 extern WARDLOCK_API ChangeCallback UpdateCallback;
 
 /// Loads the document, fills missing top-level keys and writes it back when it had to; in a new device root
-/// it creates the folders above it. Leaves the cache alone.
+/// it creates the folders above it. Leaves the cache alone. Returns what was loaded, and whether it was
+/// written.
+WARDLOCK_API platform::Update loadDocument();
+/// Returns what loadDocument() loads.
 WARDLOCK_API platform::Dictionary SettingsNew();
 /// Returns the cache, filled by SettingsNew() on first use.
 WARDLOCK_API platform::MutableDictionary& SettingsCreateIfNecessary();

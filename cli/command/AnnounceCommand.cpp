@@ -39,6 +39,7 @@ const Verb announceVerb{
     1,
     1,
     announce,
+    "wardlock announce kEnabled\n",
 };
 
 } // namespace wardlock::cli

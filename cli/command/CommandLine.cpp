@@ -1,5 +1,6 @@
 #include "cli/command/CommandLine.h"
 
+#include "cli/command/DeviceRootChoice.h"
 #include "cli/command/Verb.h"
 #include "cli/io/Output.h"
 #include "cli/io/Suggestion.h"
@@ -32,10 +33,14 @@ bool isFamily(std::string_view word) {
         verbs(), [&](const Verb* verb) { return verb->name.starts_with(std::string(word) + ' '); });
 }
 
-/// Returns whether --help is among the options; after "--" it is an operand.
+bool isHelp(std::string_view word) {
+    return word == "--help" || word == "-h";
+}
+
+/// Returns whether help is among the options; after "--" it is an operand.
 bool asksForHelp(Words words) {
-    return std::find(words.begin(), std::ranges::find(words, "--"), "--help") !=
-           std::ranges::find(words, "--");
+    const auto end = std::ranges::find(words, "--");
+    return std::find_if(words.begin(), end, isHelp) != end;
 }
 
 /// Returns the name of the operand at `index` in the synopsis, for example "FILE".
@@ -61,7 +66,11 @@ ExitCode runVerb(const Verb& verb, Words words) {
         Output::text(helpText(verb));
         return ExitCode::Done;
     }
-    const Arguments arguments(words, verb.options);
+    std::vector<Option> options(verb.options.begin(), verb.options.end());
+    options.push_back(deviceRootOption);
+    const Arguments arguments(words, options);
+    if (const auto folder = arguments.value(deviceRootOption.name))
+        useDeviceRoot(*folder);
     const std::size_t count = arguments.operands().size();
     if (count < verb.fewestOperands)
         throw CommandError(ExitCode::WrongUsage, "missing argument " + operandName(verb, count));
@@ -75,11 +84,11 @@ ExitCode runVerb(const Verb& verb, Words words) {
 ExitCode runWithoutVerb(Words words) {
     if (words.empty())
         throw CommandError(ExitCode::WrongUsage, "missing verb");
-    if (words[0] == "--help")
+    if (isHelp(words[0]))
         Output::text(overview());
-    else if (words[0] == "--version")
+    else if (words[0] == "--version" || words[0] == "-V")
         Output::line("wardlock " WARDLOCK_VERSION);
-    else if (isFamily(words[0]) && words.size() > 1 && words[1] == "--help")
+    else if (isFamily(words[0]) && words.size() > 1 && isHelp(words[1]))
         Output::text(overview(words[0]));
     else if (isFamily(words[0]) && words.size() == 1)
         throw CommandError(ExitCode::WrongUsage, "missing verb after '" + std::string(words[0]) + '\'');
@@ -95,6 +104,8 @@ ExitCode reportingFailures(const std::string& name, Body body) {
         const ExitCode code = body();
         Output::flush();
         return code;
+    } catch (const ReaderGone& gone) {
+        return gone.code();
     } catch (const CommandError& error) {
         // What was printed before the failure comes before its message.
         Output::flushLast();
@@ -118,10 +129,36 @@ ExitCode runReportingFailures(Words words) {
     return reportingFailures("wardlock", [&] { return runWithoutVerb(words); });
 }
 
+/// Applies the options before the verb. Returns the words after them.
+Words withoutCommonOptions(Words words) {
+    const std::string given = std::string(deviceRootOption.name) + '=';
+    while (!words.empty()) {
+        if (words[0].starts_with(given)) {
+            useDeviceRoot(words[0].substr(given.size()));
+            words = words.subspan(1);
+        } else if (words[0] == deviceRootOption.name && words.size() > 1) {
+            useDeviceRoot(words[1]);
+            words = words.subspan(2);
+        } else if (words[0] == deviceRootOption.name) {
+            throw CommandError(ExitCode::WrongUsage, "option '--device-root' needs a value");
+        } else {
+            break;
+        }
+    }
+    return words;
+}
+
 } // namespace
 
 ExitCode runCommandLine(Words words) {
-    return platform::callOrTerminate([&] { return runReportingFailures(words); });
+    return platform::callOrTerminate([&] {
+        Words rest;
+        const ExitCode code = reportingFailures("wardlock", [&] {
+            rest = withoutCommonOptions(words);
+            return ExitCode::Done;
+        });
+        return code == ExitCode::Done ? runReportingFailures(rest) : code;
+    });
 }
 
 } // namespace wardlock::cli

@@ -5,9 +5,14 @@
 namespace wardlock::cli {
 
 std::span<const Verb* const> verbs() {
-    static constexpr std::array all{&settingsVerb,  &statusVerb,       &getVerb,       &accountVerb,
-                                    &watchVerb,     &announceVerb,     &doctorVerb,    &deviceInitVerb,
-                                    &plistDumpVerb, &plistConvertVerb, &plistLintVerb, &plistSetVerb};
+    // The verbs of a family come before a verb of the family's own name.
+    static constexpr std::array all{
+        &settingsVerb,      &statusVerb,        &accountsVerb,       &accountShowVerb,   &accountAddVerb,
+        &accountRenameVerb, &accountEnableVerb, &accountDisableVerb, &accountDeleteVerb, &accountVerb,
+        &setVerb,           &getVerb,           &appsVerb,           &restrictVerb,      &allowVerb,
+        &passcodeSetVerb,   &passcodeClearVerb, &passcodeCheckVerb,  &exportVerb,        &importVerb,
+        &watchVerb,         &announceVerb,      &doctorVerb,         &deviceInitVerb,    &plistDumpVerb,
+        &plistConvertVerb,  &plistLintVerb,     &plistSetVerb,       &completeVerb,      &helpVerb};
     return all;
 }
 

@@ -1,39 +1,25 @@
 #include "cli/command/Commands.h"
+#include "cli/command/DeviceRootChoice.h"
 #include "cli/io/Output.h"
 #include "platform/files/DeviceRoot.h"
 #include "shell/device/DemonstrationDevice.h"
 #include "shell/device/Provision.h"
 
 #include <array>
-#include <cstdlib>
-#include <filesystem>
 #include <string>
-#include <system_error>
 #include <vector>
 
 namespace wardlock::cli {
 
 namespace {
 
-namespace fs = std::filesystem;
-
 constexpr Option demoOption{"--demo", "", "add about forty sample applications, and an outbox for mail"};
 constexpr std::array deviceOptions{demoOption};
 
-/// Makes the folder the device root of this process and of the notifications it sends.
-void useDeviceRoot(std::string_view folder) {
-    std::error_code error;
-    const fs::path root = fs::absolute(fs::path(folder), error).lexically_normal();
-    if (folder.empty() || error)
-        throw CommandError(ExitCode::WrongUsage, "'" + std::string(folder) + "' is not a folder name");
-    if (root == root.root_path())
-        throw CommandError(ExitCode::WrongUsage, "cannot create a device root in '/'");
-    // NOLINTNEXTLINE(concurrency-mt-unsafe): no other thread runs yet
-    setenv("WARDLOCK_DEVICE_ROOT", root.c_str(), 1);
-}
-
 ExitCode initialise(const Arguments& arguments) {
     useDeviceRoot(arguments.operand(0));
+    if (platform::deviceRoot() == "/")
+        throw CommandError(ExitCode::WrongUsage, "cannot create a device root in '/'");
     std::vector<std::string> problems;
     const auto furnish = [&] {
         if (arguments.has(demoOption.name))
@@ -65,6 +51,7 @@ const Verb deviceInitVerb{
     1,
     1,
     initialise,
+    "wardlock device init --demo ~/device\n",
 };
 
 } // namespace wardlock::cli

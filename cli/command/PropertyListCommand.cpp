@@ -1,21 +1,42 @@
 #include "cli/command/PropertyListCommand.h"
 
 #include "cli/io/CommandError.h"
+#include "cli/io/Output.h"
 #include "platform/base/Utf8.h"
 #include "platform/files/AtomicWriter.h"
 #include "platform/files/FileSystem.h"
 #include "platform/plist/PropertyList.h"
 
+#include <algorithm>
+#include <cerrno>
 #include <charconv>
 #include <cstdint>
 #include <nlohmann/json.hpp>
 #include <optional>
+#include <system_error>
+#include <unistd.h>
 
 namespace wardlock::cli {
 
 namespace {
 
 using platform::Value;
+
+/// Reads to the end, but not more than `largest` bytes.
+std::error_code readStandardInput(std::size_t largest, std::string& bytes) {
+    constexpr std::size_t atOnce = std::size_t{64} << 10;
+    while (bytes.size() <= largest) {
+        const std::size_t before = bytes.size();
+        bytes.resize(before + atOnce);
+        const ssize_t count = read(STDIN_FILENO, bytes.data() + before, atOnce);
+        bytes.resize(before + static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+        if (count == 0)
+            return {};
+        if (count < 0)
+            return {errno, std::generic_category()};
+    }
+    return std::make_error_code(std::errc::file_too_large);
+}
 
 [[noreturn]] void refuse(std::string_view text, std::string_view why) {
     throw CommandError(ExitCode::WrongUsage, "'" + std::string(text) + "' " + std::string(why));
@@ -46,9 +67,16 @@ bool isMissing(const std::string& path) {
     return platform::uninterrupted(ask) == std::errc::no_such_file_or_directory;
 }
 
+bool isStandardStream(std::string_view path) {
+    return path == "-";
+}
+
 std::string fileBytes(const std::string& path, std::size_t largest) {
     std::string bytes;
-    const auto read = [&] { return platform::FileSystem::current().readFile(path, largest, bytes); };
+    const auto read = [&] {
+        return isStandardStream(path) ? readStandardInput(largest, bytes)
+                                      : platform::FileSystem::current().readFile(path, largest, bytes);
+    };
     const std::error_code error = platform::uninterrupted(read);
     if (error == std::errc::file_too_large)
         throw ReadError(ExitCode::Failed, path, "larger than " + std::to_string(largest >> 20) + " MiB");
@@ -67,6 +95,8 @@ Value propertyListInFile(const std::string& path, std::size_t largest) {
 void storePropertyList(const Value& value, const std::string& path, platform::Sync sync) {
     std::string document;
     std::error_code error = platform::documentWithPropertyList(value, document);
+    if (!error && isStandardStream(path))
+        return Output::text(document);
     if (!error)
         error = platform::AtomicWriter().write(path, document, sync);
     if (error)

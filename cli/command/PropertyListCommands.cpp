@@ -80,11 +80,13 @@ const Verb plistDumpVerb{
     "  {\"date\":\"2001-01-01T00:00:00Z\"} {\"array\":[V,...]} {\"dict\":[[\"key\",V],...]}\n"
     "Numbers are strings, so that no reader rounds them; a real may be nan, inf or\n"
     "-inf. A dictionary is a list of pairs, which keeps its order. FILE is a path of\n"
-    "this machine, not of the device.\n",
+    "this machine, not of the device; \"-\" is standard input.\n",
     {},
     1,
     1,
     dump,
+    "wardlock plist dump settings.plist\n",
+    true,
 };
 
 const Verb plistConvertVerb{
@@ -94,11 +96,13 @@ const Verb plistConvertVerb{
     "Reads a property list (XML or binary) and writes it to OUT as XML. OUT is\n"
     "replaced in one step, and may be FILE itself. When the XML would exceed 16 MiB,\n"
     "OUT is not changed and the exit code is 1. Both are paths of this machine, not\n"
-    "of the device.\n",
+    "of the device; \"-\" is standard input, or standard output.\n",
     convertOptions,
     1,
     1,
     convert,
+    "wardlock plist convert binary.plist -o settings.plist\n",
+    true,
 };
 
 const Verb plistLintVerb{
@@ -108,7 +112,7 @@ const Verb plistLintVerb{
     "Prints one line for each FILE: \"FILE: OK\", or the reason why it is not a\n"
     "property list. Exit code 3 when one of them is not, else 1 when one cannot be\n"
     "read or is larger than 16 MiB. FILE is a path of this machine, not of the\n"
-    "device.\n"
+    "device; \"-\" is standard input.\n"
     "\n"
     "With --json, prints one object a line: \"file\", \"ok\", and \"reason\" when it is\n"
     "not.\n",
@@ -116,6 +120,8 @@ const Verb plistLintVerb{
     1,
     std::numeric_limits<std::size_t>::max(),
     lint,
+    "wardlock plist lint settings.plist\n",
+    true,
 };
 
 } // namespace wardlock::cli

@@ -40,12 +40,27 @@ void requireDictionary(const std::string& path) {
                            "cannot change " + path + ": its top-level value is not a dictionary");
 }
 
+/// Reads standard input and prints the changed list.
+ExitCode setInStream(std::string_view key, const platform::Value& value) {
+    const std::string stream = "-";
+    const platform::Value list = propertyListInFile(stream, platform::largestDocument);
+    if (!list.is(platform::Value::Kind::Dictionary))
+        throw CommandError(ExitCode::Failed,
+                           "cannot change standard input: its top-level value is not a dictionary");
+    platform::MutableDictionary dictionary(list.dictionary());
+    dictionary.set(key, value);
+    storePropertyList(dictionary.copy(), stream, Sync::None);
+    return ExitCode::Done;
+}
+
 ExitCode set(const Arguments& arguments) {
     const std::string path(arguments.operand(0));
     const std::string_view key = arguments.operand(1);
     requireText(key);
     const platform::Value value = valueFromText(arguments.operand(2), arguments.operand(3));
     const Sync sync = syncNamed(arguments.value(syncOption.name).value_or("full"));
+    if (isStandardStream(path))
+        return setInStream(key, value);
     requireDictionary(path);
     const auto change = [&](platform::MutableDictionary& dictionary) {
         dictionary.set(key, value);
@@ -64,7 +79,8 @@ const Verb plistSetVerb{
     "set a top-level key of a property list",
     "Reads FILE, sets KEY, and replaces FILE in one step by its XML form. All other\n"
     "keys keep their values. A missing FILE is created. FILE is a path of this\n"
-    "machine, not of the device.\n"
+    "machine, not of the device; with \"-\", reads standard input and prints the\n"
+    "result.\n"
     "\n"
     "TYPE is bool (VALUE true or false), int, real or string. Write \"--\" before the\n"
     "operands when VALUE begins with a dash and is not a number.\n"
@@ -76,6 +92,8 @@ const Verb plistSetVerb{
     4,
     4,
     set,
+    "wardlock plist set settings.plist kEnabled bool false\n",
+    true,
 };
 
 } // namespace wardlock::cli

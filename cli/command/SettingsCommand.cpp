@@ -48,6 +48,7 @@ const Verb settingsVerb{
     0,
     0,
     settings,
+    "wardlock settings\nwardlock settings --terminal\nwardlock settings --script steps.json\n",
 };
 
 } // namespace wardlock::cli

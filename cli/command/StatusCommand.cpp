@@ -1,8 +1,11 @@
+#include "cli/command/AccountSummary.h"
 #include "cli/command/Commands.h"
 #include "cli/command/CommonOptions.h"
-#include "cli/io/Json.h"
+#include "cli/command/DocumentTime.h"
+#include "cli/command/InstalledApplications.h"
 #include "cli/io/Output.h"
 #include "cli/io/TextWidth.h"
+#include "platform/services/ChangeListeners.h"
 #include "settings/Accounts.h"
 #include "settings/EnabledAccount.h"
 #include "settings/Keys.h"
@@ -18,7 +21,7 @@ namespace wardlock::cli {
 
 namespace {
 
-using platform::Value;
+using Listeners = std::optional<std::vector<platform::ChangeListener>>;
 
 /// The enabled account, and what it restricts.
 struct AccountStatus {
@@ -31,37 +34,25 @@ struct AccountStatus {
     std::vector<std::string> apps;
 };
 
-std::vector<std::string> activeRestrictions() {
-    std::vector<std::string> keys;
-    const auto defaults = Accounts::defaults();
-    for (const auto& [key, value] : *defaults.record(0))
-        if (value.kind() == Value::Kind::Boolean && key != kAccountEnabled && AccountBool(key))
-            keys.emplace_back(key);
-    return keys;
-}
-
-std::vector<std::string> strings(const platform::Array* array) {
-    std::vector<std::string> result;
-    if (array)
-        for (const Value& element : *array)
-            if (const auto text = platform::stringValue(&element))
-                result.emplace_back(*text);
-    return result;
-}
-
 std::optional<AccountStatus> accountStatus() {
     const auto accounts = Accounts::of(objectForKey(kAccounts));
     const auto enabled = accounts ? accounts->firstEnabled() : std::nullopt;
     if (!enabled)
         return std::nullopt;
+    const platform::Dictionary& record = *accounts->record(*enabled);
     AccountStatus status;
     status.index = *enabled;
     status.count = accounts->size();
-    if (const auto name = platform::stringValue(AccountString(kAccountName)))
+    if (const auto name = platform::stringValue(record.find(kAccountName)))
         status.name = *name;
-    status.restrictions = activeRestrictions();
-    status.apps = strings(platform::arrayValue(AccountObject(kAppsRestricted)));
+    status.restrictions = activeRestrictions(record);
+    status.apps = restrictedApps(record);
     return status;
+}
+
+/// Returns whether the keypad would ask for a passcode: for any but the empty one.
+bool passcodeIsSet() {
+    return platform::stringValue(objectForKey(kPasscode)) != "";
 }
 
 Json asJson(const std::optional<AccountStatus>& account) {
@@ -75,10 +66,23 @@ Json asJson(const std::optional<AccountStatus>& account) {
     return json;
 }
 
-void printList(std::string_view title, const std::vector<std::string>& entries) {
-    Output::line(std::string(title) + (entries.empty() ? " nothing" : ""));
-    for (const std::string& entry : entries)
-        Output::line("  " + printable(entry));
+Json asJson(const Listeners& listeners) {
+    if (!listeners)
+        return nullptr;
+    Json json = Json::array();
+    for (const platform::ChangeListener& listener : *listeners)
+        json.push_back({{"process", listener.process}, {"program", listener.program}});
+    return json;
+}
+
+std::string inWords(const Listeners& listeners) {
+    if (!listeners)
+        return "unknown: the bus does not tell";
+    std::string text;
+    for (const platform::ChangeListener& listener : *listeners)
+        text += (text.empty() ? "" : ", ") + printable(listener.program) + " (process " +
+                std::to_string(listener.process) + ')';
+    return text.empty() ? "no process" : text;
 }
 
 void printAccount(const std::optional<AccountStatus>& account) {
@@ -88,25 +92,33 @@ void printAccount(const std::optional<AccountStatus>& account) {
     }
     Output::line("Enabled account: " + printable(account->name.value_or("unnamed")) + " (account " +
                  std::to_string(account->index + 1) + " of " + std::to_string(account->count) + ")");
-    printList("Restrictions:", account->restrictions);
-    printList("Restricted apps:", account->apps);
+    Output::line("Restrictions: " + restrictionsInWords(account->restrictions));
+    Output::line("Restricted apps: " + printable(appsInWords(account->apps, installedApplications())));
 }
 
 ExitCode status(const Arguments& arguments) {
     const bool enabled = boolForKey(kEnabled);
     const bool tweakEnabled = TweakEnabled();
     const std::optional<AccountStatus> account = accountStatus();
+    const DocumentTime changed = timeOfDocument();
+    const Listeners listeners = platform::changeListeners();
     if (arguments.has(jsonOption.name)) {
         Json json = Json::object();
         json["enabled"] = enabled;
         json["tweakEnabled"] = tweakEnabled;
         json["account"] = asJson(account);
+        json["passcode"] = passcodeIsSet();
+        json["since"] = changed ? Json(utcText(*changed)) : Json();
+        json["listeners"] = asJson(listeners);
         Output::foreignLine(jsonLine(json));
         return ExitCode::Done;
     }
     Output::line(enabled ? "Master switch: on" : "Master switch: off");
     Output::line(tweakEnabled ? "In force: yes" : "In force: no");
+    Output::line(passcodeIsSet() ? "Passcode: set" : "Passcode: not set");
     printAccount(account);
+    Output::line("Since: " + (changed ? localText(*changed) : "unknown"));
+    Output::line("Listening: " + inWords(listeners));
     return ExitCode::Done;
 }
 
@@ -119,18 +131,22 @@ const Verb statusVerb{
     "",
     "show whether Wardlock is on, and what the enabled account restricts",
     "Prints the master switch, whether restrictions are in force (the switch is on\n"
-    "and an account is enabled), the enabled account, and what it restricts.\n"
+    "and an account is enabled), whether a passcode is set, the enabled account and\n"
+    "what it restricts, since when the settings are so (their last change), and\n"
+    "which processes on the bus listen for changes.\n"
     "\n"
     "Like every process that reads the settings, this verb first writes the defaults\n"
     "where the document or a top-level key is missing.\n"
     "\n"
-    "With --json, prints one object: \"enabled\", \"tweakEnabled\", and \"account\". The\n"
-    "last is null or an object of \"index\" (from 0), \"name\" (or null),\n"
-    "\"restrictions\" and \"apps\".\n",
+    "With --json, prints one object: \"enabled\", \"tweakEnabled\", \"account\",\n"
+    "\"passcode\" (whether one is set), \"since\" (UTC) and \"listeners\" (a list of\n"
+    "\"process\" and \"program\", or null). The account is null or an object of \"index\"\n"
+    "(from 0), \"name\" (or null), \"restrictions\" and \"apps\".\n",
     statusOptions,
     0,
     0,
     status,
+    "wardlock status\nwardlock status --json\n",
 };
 
 } // namespace wardlock::cli

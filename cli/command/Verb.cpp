@@ -45,6 +45,15 @@ constexpr std::array allExitCodes{
     ExitCodeText{ExitCode::NotAPropertyList, "not a property list"},
 };
 
+/// Returns the verbs of a family, or all of them.
+std::string listedVerbs(std::string_view family) {
+    std::string text;
+    for (const Verb* verb : verbs())
+        if (family.empty() || verb->name.starts_with(std::string(family) + ' '))
+            text += "  " + padded(verb->name, 17) + std::string(verb->summary) + '\n';
+    return text;
+}
+
 std::string listed(std::span<const ExitCodeText> codes) {
     std::string text = "Exit codes:\n";
     for (const ExitCodeText& code : codes)
@@ -60,6 +69,14 @@ std::span<const Variable> variables() {
 
 std::span<const ExitCodeText> exitCodes() {
     return allExitCodes;
+}
+
+std::vector<ExitCodeText> exitCodes(const Verb& verb) {
+    std::vector<ExitCodeText> codes;
+    for (const ExitCodeText& code : exitCodes())
+        if (code.code != ExitCode::NotAPropertyList || verb.readsPropertyList)
+            codes.push_back(code);
+    return codes;
 }
 
 std::string optionSynopsis(const Option& option) {
@@ -79,13 +96,18 @@ std::string synopsis(const Verb& verb) {
 std::string helpText(const Verb& verb) {
     std::string text = "Usage: " + synopsis(verb) + "\n\n" +
                        withPagesIn(shell::installedPages(), verb.description) + "\nOptions:\n";
-    constexpr std::size_t column = 16;
+    constexpr std::size_t column = 17;
     const auto add = [&](const Option& option) {
         text += "  " + padded(optionSynopsis(option), column) + indented(option.help, column + 2) + '\n';
     };
     std::ranges::for_each(verb.options, add);
+    add(deviceRootOption);
     add(helpOption);
-    return text + '\n' + listed(exitCodes());
+    if (const std::string family = listedVerbs(verb.name); !family.empty())
+        text += "\nVerbs of this family:\n" + family;
+    if (!verb.examples.empty())
+        text += "\nExamples:\n  " + indented(verb.examples.substr(0, verb.examples.size() - 1), 2) + '\n';
+    return text + '\n' + listed(exitCodes(verb));
 }
 
 std::string overview(std::string_view family) {
@@ -93,10 +115,7 @@ std::string overview(std::string_view family) {
     text += family.empty() ? "VERB [ARGUMENT...]\n" : std::string(family) + " VERB [ARGUMENT...]\n";
     if (family.empty())
         text += "       wardlock --help | --version\n";
-    text += "\nVerbs (wardlock VERB --help describes each):\n";
-    for (const Verb* verb : verbs())
-        if (family.empty() || verb->name.starts_with(std::string(family) + ' '))
-            text += "  " + padded(verb->name, 15) + std::string(verb->summary) + '\n';
+    text += "\nVerbs (wardlock VERB --help describes each):\n" + listedVerbs(family);
     text += "\nEnvironment:\n";
     for (const Variable& variable : variables())
         text += "  " + std::string(variable.name) + "\n      " + indented(variable.meaning, 6) + '\n';

@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace wardlock::cli {
 
@@ -27,6 +28,10 @@ struct Verb {
     std::size_t mostOperands;
     /// Throws CommandError on failure. Returns the exit code otherwise.
     ExitCode (*run)(const Arguments& arguments);
+    /// Commands that show its use, one a line.
+    std::string_view examples = {};
+    /// Whether it reads a property list that the user names, and so may end with NotAPropertyList.
+    bool readsPropertyList = false;
 };
 
 /// Returns every verb, in the order of the help.
@@ -45,9 +50,14 @@ struct ExitCodeText {
     std::string_view meaning;
 };
 std::span<const ExitCodeText> exitCodes();
+/// Returns those with which the verb can end.
+std::vector<ExitCodeText> exitCodes(const Verb& verb);
 
-/// The option of every verb.
-inline constexpr Option helpOption{"--help", "", "print this help"};
+/// The options of every verb.
+inline constexpr Option helpOption{"--help", "", "print this help; -h does, too"};
+inline constexpr Option deviceRootOption{
+    "--device-root", "DIR",
+    "the folder that contains the device's files; comes before\nWARDLOCK_DEVICE_ROOT"};
 
 /// Returns "wardlock plist set [--sync MODE] FILE KEY TYPE VALUE".
 std::string synopsis(const Verb& verb);

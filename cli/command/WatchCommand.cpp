@@ -1,14 +1,16 @@
+#include "cli/command/ChangeProgram.h"
 #include "cli/command/Commands.h"
 #include "cli/command/CommonOptions.h"
 #include "cli/io/Json.h"
 #include "cli/io/Output.h"
+#include "cli/io/PlainJson.h"
 #include "cli/io/Signals.h"
 #include "cli/io/TextWidth.h"
-#include "cli/io/TypedJson.h"
 #include "platform/runtime/MainLoop.h"
-#include "platform/text/Format.h"
 #include "settings/Constants.h"
 #include "settings/EnabledAccount.h"
+#include "settings/Keys.h"
+#include "settings/SettingLabels.h"
 #include "settings/Settings.h"
 
 #include <array>
@@ -27,22 +29,40 @@ namespace {
 
 using platform::Value;
 
-std::string changeAsJson(const Value* key, const Value* object) {
+/// A change as it was announced, and what holds after it.
+struct Change {
+    std::string key;
+    std::string json;
+    std::string text;
+};
+
+std::string changeAsJson(const Arguments& arguments, const Value* key, const Value* object) {
     const auto name = platform::stringValue(key);
     Json json = Json::object();
     json["key"] = name ? Json(std::string(*name)) : Json();
-    json["value"] = typedJson(object);
+    json["value"] = jsonOf(arguments, object);
     json["tweakEnabled"] = TweakEnabled();
     json["accountEnabled"] = AccountEnabled();
     return jsonLine(json);
 }
 
+/// Returns "on" for a switch, and other values as JSON.
+std::string valueInWords(const Value* object) {
+    if (object && object->is(Value::Kind::Boolean))
+        return object->boolean() ? "on" : "off";
+    return object ? jsonLine(plainJson(*object)) : "(no value)";
+}
+
 std::string changeAsText(const Value* key, const Value* object) {
-    std::string text = printable(platform::stringValue(key).value_or("(no key)"));
-    text += " = " + (object ? jsonLine(typedJson(*object)) : "(no value)");
+    const std::string name(platform::stringValue(key).value_or("(no key)"));
+    const std::string label(accountLabel(name));
+    std::string text = printable(label == name || name == kAccountEnabled ? name : label + " (" + name + ')');
+    text += " = " + valueInWords(object);
     text += TweakEnabled() ? "; in force" : "; not in force";
     return text + (AccountEnabled() ? ", an account is enabled" : ", no account is enabled");
 }
+
+constexpr Option execOption{"--exec", "COMMAND", "run a shell command for each change"};
 
 /// Waits until the main loop has work. Returns false when a signal ends the verb.
 bool waitForWork(const Signals& stop) {
@@ -55,30 +75,40 @@ bool waitForWork(const Signals& stop) {
     if (poll(waits.data(), waits.size(), -1) < 0 && errno != EINTR)
         throw std::system_error(errno, std::generic_category(), "poll");
     if (waits[2].revents != 0)
-        throw CommandError(ExitCode::Failed, "cannot write the output: its reader has closed it");
+        throw ReaderGone();
     return waits[1].revents == 0;
 }
 
+/// Prints the changes, or runs the command of --exec for each.
+void report(const Arguments& arguments, const std::vector<Change>& changes, const Signals& stop) {
+    const auto shellCommand = arguments.value(execOption.name);
+    for (const Change& change : changes)
+        if (!shellCommand)
+            Output::foreignLine(wantsJson(arguments) ? change.json : change.text);
+        else if (!runForChange(std::string(*shellCommand), change.key, change.json, stop))
+            break;
+    Output::flush();
+}
+
 ExitCode watch(const Arguments& arguments) {
-    const bool json = arguments.has(jsonOption.name);
     const Signals stop{SIGINT, SIGTERM};
     // Printed after the dispatch: a failure must not be thrown through the bus library.
-    std::vector<std::string> arrived;
-    InitSettingsWithUpdateNameAndCallback(PostName, [json, &arrived](const Value* key, const Value* object) {
-        arrived.push_back(json ? changeAsJson(key, object) : changeAsText(key, object));
-    });
+    std::vector<Change> arrived;
+    InitSettingsWithUpdateNameAndCallback(
+        PostName, [&arguments, &arrived](const Value* key, const Value* object) {
+            arrived.push_back({std::string(platform::stringValue(key).value_or("")),
+                               changeAsJson(arguments, key, object), changeAsText(key, object)});
+        });
     Output::error("Watching for changes; stop with SIGINT or SIGTERM.");
     while (waitForWork(stop)) {
         platform::MainLoop::shared().process();
-        for (const std::string& change : std::exchange(arrived, {}))
-            Output::foreignLine(change);
-        Output::flush();
+        report(arguments, std::exchange(arrived, {}), stop);
     }
     UpdateCallback = nullptr;
     return ExitCode::Done;
 }
 
-constexpr std::array watchOptions{jsonOption};
+constexpr std::array watchOptions{jsonOption, typedOption, execOption};
 
 } // namespace
 
@@ -94,13 +124,16 @@ const Verb watchVerb{
     "Like every process that reads the settings, this verb first writes the defaults\n"
     "where the document or a top-level key is missing.\n"
     "\n"
-    "With --json, prints one object a line: \"key\", \"value\" (in the form of\n"
-    "`wardlock plist dump`, or null), and \"tweakEnabled\" and \"accountEnabled\" as\n"
-    "they are after the change.\n",
+    "With --json, prints one object a line: \"key\", \"value\" (or null), and\n"
+    "\"tweakEnabled\" and \"accountEnabled\" as they are after the change.\n"
+    "\n"
+    "With --exec, the shell runs COMMAND for each change, one after the other. It\n"
+    "reads the line of --json from standard input, and has the key in WARDLOCK_KEY.\n",
     watchOptions,
     0,
     0,
     watch,
+    "wardlock watch\nwardlock watch --exec 'logger \"changed: $WARDLOCK_KEY\"'\n",
 };
 
 } // namespace wardlock::cli

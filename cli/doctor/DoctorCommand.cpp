@@ -76,6 +76,7 @@ const Verb doctorVerb{
     0,
     0,
     doctor,
+    "wardlock doctor\nwardlock doctor --json\n",
 };
 
 } // namespace wardlock::cli

@@ -55,13 +55,20 @@ void Output::foreignLine(std::string_view text) {
 }
 
 void Output::flush() {
-    if (const int error = writeAll(STDOUT_FILENO, std::exchange(unwritten, {})))
+    const int error = writeAll(STDOUT_FILENO, std::exchange(unwritten, {}));
+    if (error == EPIPE)
+        throw ReaderGone();
+    if (error != 0)
         throw CommandError(ExitCode::Failed,
                            "cannot write the output: " + std::generic_category().message(error));
 }
 
 void Output::flushLast() noexcept {
     writeAll(STDOUT_FILENO, std::exchange(unwritten, {}));
+}
+
+void Output::prompt(std::string_view text) {
+    writeAll(STDERR_FILENO, text);
 }
 
 void Output::error(std::string_view text) {

@@ -5,7 +5,7 @@
 namespace wardlock::cli {
 
 /// Standard output of the command. When it cannot be written, the verb ends with a CommandError and nothing
-/// is lost silently. A reader that has closed its end is such a failure too, and does not end the process by
+/// is lost silently. A reader that has closed its end ends the verb quietly (ReaderGone), not the process by
 /// a signal. A slow reader is waited for, even if the pipe or terminal is non-blocking. For one thread.
 class Output {
 public:
@@ -19,6 +19,8 @@ public:
     static void flush();
     /// flush() for the end of the process: failures cannot be reported and are ignored.
     static void flushLast() noexcept;
+    /// Prints a question to standard error, where it is seen even if the output goes elsewhere.
+    static void prompt(std::string_view text);
     /// Prints one line to standard error, with escapes for all control characters, line ends included.
     /// Failures are ignored.
     static void error(std::string_view text);

@@ -34,6 +34,17 @@ std::unique_ptr<BusConnection> BusConnection::open(const std::string& address, P
     return connection;
 }
 
+std::unique_ptr<BusConnection> BusConnection::openReady(const std::string& address, Peer peer,
+                                                        Clock::time_point deadline) {
+    auto connection = open(address, peer);
+    while (connection && !connection->isReady() && !connection->isLost()) {
+        connection->process();
+        if (!connection->isReady() && !connection->isLost() && !connection->wait(deadline))
+            return nullptr;
+    }
+    return connection && connection->isReady() ? std::move(connection) : nullptr;
+}
+
 BusConnection::~BusConnection() {
     // Without the flush of the other close functions: a stopped bus would block for minutes.
     sd_bus_close(bus_);

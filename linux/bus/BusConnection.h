@@ -23,6 +23,9 @@ public:
 
     /// Starts to connect. Returns null when no process listens, or one that `peer` excludes.
     static std::unique_ptr<BusConnection> open(const std::string& address, Peer peer);
+    /// Connects and waits until the bus has accepted the connection. Returns null when it has not by then.
+    static std::unique_ptr<BusConnection> openReady(const std::string& address, Peer peer,
+                                                    Clock::time_point deadline);
     ~BusConnection();
     BusConnection(const BusConnection&) = delete;
     BusConnection& operator=(const BusConnection&) = delete;

@@ -24,14 +24,7 @@ using Clock = bus::BusConnection::Clock;
 constexpr std::chrono::seconds timeout{6};
 
 bool acceptsConnection(const std::string& address, bus::BusConnection::Peer peer) {
-    const auto connection = bus::BusConnection::open(address, peer);
-    const auto deadline = Clock::now() + timeout;
-    while (connection && !connection->isReady() && !connection->isLost()) {
-        connection->process();
-        if (!connection->isReady() && !connection->isLost() && !connection->wait(deadline))
-            return false;
-    }
-    return connection && connection->isReady();
+    return bus::BusConnection::openReady(address, peer, Clock::now() + timeout) != nullptr;
 }
 
 bool canBePrivateFolder(const std::string& path) {

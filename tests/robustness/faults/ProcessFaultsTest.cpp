@@ -88,7 +88,7 @@ protected:
         const Outcome run = perform("record");
         EXPECT_TRUE(run.done);
         EXPECT_EQ(given().what(run.afterAct.contents(document)), "the new document");
-        EXPECT_EQ(run.heard, writer().isCommand() ? 0u : 1u);
+        EXPECT_EQ(run.heard, writer().announces ? 1u : 0u);
         EXPECT_GE(run.journal.calls(), 12u);
         return run.journal;
     }
@@ -169,7 +169,10 @@ protected:
         }
         expectNextWriteWorks();
     }
-    void expectAnnounced(const Outcome& run) const { EXPECT_EQ(run.heard, writer().isCommand() ? 0u : 1u); }
+    void expectAnnounced(const Outcome& run) const {
+        const bool expected = writer().isCommand() ? writer().announces && run.done : true;
+        EXPECT_EQ(run.heard, expected ? 1u : 0u);
+    }
 
     std::string file() const {
         return given().before == Before::Linked ? shared + "/document.plist" : document;
@@ -208,8 +211,10 @@ private:
     void performCommand(const std::string& plan, Outcome& run) {
         initial.restore();
         arm(plan);
+        ProcessSetup setup = setup_;
+        setup.input = writer().input;
         const ProcessResult result =
-            runProcess(programFolder() + "/wardlock", plistSetArguments(document), setup_);
+            runProcess(programFolder() + "/wardlock", wordsFor(writer(), document), setup);
         disarm();
         run.killed = result.signal == SIGKILL;
         run.done = result.exitCode == 0;
@@ -323,7 +328,7 @@ TEST_P(ProcessFaults, PowerCutLeavesTheOldOrTheNewDocument) {
             expectNextWriteWorks();
         }
     }
-    EXPECT_EQ(announced, !writer().isCommand());
+    EXPECT_EQ(announced, writer().announces);
     EXPECT_GE(tried.size(), 4u) << "there was hardly anything to lose";
 }
 

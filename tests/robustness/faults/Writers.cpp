@@ -4,6 +4,8 @@
 #include "settings/DefaultSettings.h"
 #include "settings/Keys.h"
 
+#include <algorithm>
+
 namespace wardlock::test {
 
 namespace {
@@ -88,6 +90,16 @@ void restrictChess(platform::MutableDictionary& document) {
     setInAccount(document, 1, kAppsRestricted, platform::Array{"org.example.stored", "org.example.chess"});
 }
 
+void disableAnn(platform::MutableDictionary& document) {
+    setInAccount(document, 0, kAccountEnabled, false);
+}
+
+void allowStored(platform::MutableDictionary& document) {
+    setInAccount(document, 1, kAppsRestricted, platform::Array{});
+}
+
+constexpr const char* importedText = "<plist><dict><key>kEnabled</key><false/></dict></plist>";
+
 } // namespace
 
 std::string Writer::documentAfter() const {
@@ -134,13 +146,41 @@ const std::vector<Writer>& writers() {
          R"({"do":"tap","key":"org.example.chess"})",
          {R"({"do":"tap","key":"org.example.chess"})"},
          restrictChess},
-        {"PropertyListSet", {}, "", {}, switchOff},
+        {"PropertyListSet",
+         {},
+         "",
+         {},
+         switchOff,
+         {"plist", "set", "DOCUMENT", "kEnabled", "bool", "false"},
+         "",
+         false},
+        {"SetVerb", {}, "", {}, restrictSiri, {"set", "--account", "Tom", "siri", "on"}},
+        {"MasterVerb", {}, "", {}, switchOff, {"set", "kEnabled", "off"}},
+        {"AccountAddVerb", {}, "", {}, addKim, {"account", "add", "Kim"}},
+        {"AccountRenameVerb", {}, "", {}, renameTom, {"account", "rename", "Tom", "Kim"}},
+        {"AccountEnableVerb", {}, "", {}, enableTom, {"account", "enable", "Tom"}},
+        {"AccountDisableVerb", {}, "", {}, disableAnn, {"account", "disable", "Ann"}},
+        {"AccountDeleteVerb", {}, "", {}, deleteTom, {"account", "delete", "Tom"}},
+        {"RestrictVerb",
+         {},
+         "",
+         {},
+         restrictChess,
+         {"restrict", "--account", "Tom", "org.example.chess"},
+         "",
+         true,
+         true},
+        {"AllowVerb", {}, "", {}, allowStored, {"allow", "--account", "Tom", "org.example.stored"}},
+        {"PasscodeVerb", {}, "", {}, setPasscode, {"passcode", "set"}, "1234\n"},
+        {"ImportVerb", {}, "", {}, switchOff, {"import", "-"}, importedText},
     };
     return all;
 }
 
-std::vector<std::string> plistSetArguments(const std::string& path) {
-    return {"plist", "set", path, "kEnabled", "bool", "false"};
+std::vector<std::string> wordsFor(const Writer& writer, const std::string& path) {
+    std::vector<std::string> words = writer.words;
+    std::ranges::replace(words, "DOCUMENT", path);
+    return words;
 }
 
 std::string documentBefore() {

@@ -10,7 +10,7 @@ namespace wardlock::test {
 /// One of those that write the preferences document, as a script (docs/automation.md): what leads up to the
 /// write, the one act that writes, and what makes another write afterwards.
 ///
-/// `plist set` is no page: it has no lines, and `plistSetArguments` instead.
+/// A command is no page: it has no lines, and `words` instead.
 struct Writer {
     std::string name;
     std::vector<std::string> opening;
@@ -18,6 +18,14 @@ struct Writer {
     std::vector<std::string> again;
     /// What the act does to the document.
     void (*change)(platform::MutableDictionary& document);
+    /// The words of the command; "DOCUMENT" stands for the document's path on this machine.
+    std::vector<std::string> words = {};
+    /// What the command reads from standard input.
+    std::string input = {};
+    /// Whether the write is announced: by all but `plist set`.
+    bool announces = true;
+    /// Whether it needs the installed applications, and so the real disk.
+    bool needsApplications = false;
 
     bool isCommand() const { return act.empty(); }
     std::string documentAfter() const;
@@ -26,8 +34,8 @@ struct Writer {
 /// All of them.
 const std::vector<Writer>& writers();
 
-/// The words of the command that sets a key of the property list at the path.
-std::vector<std::string> plistSetArguments(const std::string& path);
+/// The words of a command, for the document at the path.
+std::vector<std::string> wordsFor(const Writer& writer, const std::string& path);
 
 /// A document with two accounts, and with what other programs may have put beside our keys: what a writer has
 /// to carry over.

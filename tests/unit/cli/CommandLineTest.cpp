@@ -2,6 +2,7 @@
 #include "tests/unit/cli/CommandFixture.h"
 
 #include <csignal>
+#include <filesystem>
 
 namespace wardlock::test {
 namespace {
@@ -150,7 +151,7 @@ TEST_F(CommandLine, FailsInOneLineWhenTheOutputIsClosed) {
     EXPECT_TRUE(oneLine(result.errors)) << result.errors;
 }
 
-TEST_F(CommandLine, FailsInOneLineWhenTheReaderIsGone) {
+TEST_F(CommandLine, EndsQuietlyWhenTheReaderIsGone) {
     // The list is longer than a pipe holds, so that the command has to write when nobody reads any more.
     writeFile("/tmp/long.plist", xml("<string>" + std::string(1'000'000, 'x') + "</string>"));
     Process process(command, {"plist", "dump", onDisk("/tmp/long.plist")});
@@ -158,7 +159,59 @@ TEST_F(CommandLine, FailsInOneLineWhenTheReaderIsGone) {
     const ProcessResult result = process.wait();
     EXPECT_EQ(result.signal, 0);
     EXPECT_EQ(result.exitCode, 1);
-    EXPECT_TRUE(oneLine(result.errors)) << result.errors;
+    EXPECT_EQ(result.errors, "");
+}
+
+TEST_F(CommandLine, TakesTheUsualShortOptions) {
+    EXPECT_EQ(wardlockCommand({"-h"}).output, wardlockCommand({"--help"}).output);
+    EXPECT_EQ(wardlockCommand({"-V"}).output, wardlockCommand({"--version"}).output);
+    EXPECT_EQ(wardlockCommand({"plist", "set", "-h"}).output,
+              wardlockCommand({"plist", "set", "--help"}).output);
+}
+
+TEST_F(CommandLine, HelpsWithTheVerbAfterHelp) {
+    EXPECT_EQ(wardlockCommand({"help"}).output, wardlockCommand({"--help"}).output);
+    EXPECT_EQ(wardlockCommand({"help", "plist"}).output, wardlockCommand({"plist", "--help"}).output);
+    for (const cli::Verb* verb : cli::verbs()) {
+        std::vector<std::string> words = wordsOf(verb->name);
+        words.push_back("--help");
+        const std::string help = wardlockCommand(words).output;
+        words.pop_back();
+        words.insert(words.begin(), "help");
+        EXPECT_EQ(wardlockCommand(words).output, help) << verb->name;
+    }
+    EXPECT_EQ(wardlockCommand({"help", "stats"}).errors,
+              "wardlock help: unknown verb 'stats'; did you mean 'status'? (see wardlock help --help)\n");
+}
+
+TEST_F(CommandLine, ListsTheExitCodesThatAVerbCanHave) {
+    EXPECT_EQ(wardlockCommand({"status", "--help"}).output.find("  3  "), std::string::npos);
+    EXPECT_NE(wardlockCommand({"plist", "lint", "--help"}).output.find("  3  "), std::string::npos);
+}
+
+TEST_F(CommandLine, ShowsAnExampleOfEveryVerbThatIsThatVerb) {
+    for (const cli::Verb* verb : cli::verbs()) {
+        EXPECT_NE(verb->examples.find("wardlock " + std::string(verb->name)), std::string_view::npos)
+            << verb->name;
+        EXPECT_TRUE(verb->examples.ends_with('\n')) << verb->name;
+    }
+}
+
+TEST_F(CommandLine, TakesTheDeviceRootBeforeAndAfterTheVerb) {
+    const std::string other = folder() / "other";
+    for (const auto& words : std::vector<std::vector<std::string>>{
+             {"--device-root", other, "get", "kEnabled"},
+             {"--device-root=" + other, "get", "kEnabled"},
+             {"get", "kEnabled", "--device-root", other},
+         }) {
+        EXPECT_EQ(wardlockCommand(words).output, "true\n");
+        EXPECT_TRUE(std::filesystem::remove_all(other) > 0);
+    }
+    EXPECT_FALSE(exists(documentPath));
+    EXPECT_EQ(wardlockCommand({"--device-root"}).errors,
+              "wardlock: option '--device-root' needs a value (see wardlock --help)\n");
+    EXPECT_EQ(wardlockCommand({"--device-root", "", "status"}).errors,
+              "wardlock: '' is not a folder name (see wardlock --help)\n");
 }
 
 TEST_F(CommandLine, PrintsTheSameInEveryLocale) {

@@ -52,9 +52,9 @@ TEST_F(Output, GivesAPipeTheBytesOfAValueAsTheyAre) {
 TEST_F(Output, PrintsJsonWithoutTerminalControls) {
     // JSON lets these two stand as they are.
     storeText("kMine", "\u009B31m\x7F");
-    EXPECT_EQ(shown({"get", "--json", "kMine"}), R"({"string":"\u009b31m\u007f"})"
+    EXPECT_EQ(shown({"get", "--json", "kMine"}), R"("\u009b31m\u007f")"
                                                  "\r\n");
-    EXPECT_EQ(wardlockCommand({"get", "--json", "kMine"}).output, R"({"string":"\u009b31m\u007f"})"
+    EXPECT_EQ(wardlockCommand({"get", "--json", "kMine"}).output, R"("\u009b31m\u007f")"
                                                                   "\n");
     EXPECT_EQ(shown({"plist", "dump", onDisk(documentPath)}).find("\u009B"), std::string::npos);
 }
@@ -68,7 +68,7 @@ TEST_F(Output, ShowsATerminalFileNamesAsEscapes) {
 TEST_F(Output, ReportsAFailureInOneLineWhateverTheArguments) {
     const ProcessResult result = wardlockCommand({"get", std::string("a\nb\xFF") + wicked});
     EXPECT_EQ(result.errors,
-              std::string("wardlock get: no key 'a\\x0ab\\xff") + wickedEscaped + "' in the settings\n");
+              std::string("wardlock get: no setting 'a\\x0ab\\xff") + wickedEscaped + "'\n");
 }
 
 /// Everything that comes out of a pipe.

@@ -33,6 +33,26 @@ TEST_F(PropertyListCommand, DumpsEveryKindOnOneLine) {
                              "\n");
 }
 
+TEST_F(PropertyListCommand, ReadsStandardInputForADash) {
+    const auto piped = [](const std::vector<std::string>& words, const std::string& input) {
+        ProcessSetup setup;
+        setup.input = input;
+        return wardlockCommand(words, setup);
+    };
+    const std::string list = xml("<dict><key>b</key><true/></dict>");
+    EXPECT_EQ(piped({"plist", "dump", "-"}, list).output, "{\"dict\":[[\"b\",{\"bool\":true}]]}\n");
+    EXPECT_EQ(piped({"plist", "lint", "-"}, list).output, "-: OK\n");
+    EXPECT_EQ(piped({"plist", "lint", "-"}, "no list").exitCode, 3);
+    const ProcessResult converted = piped({"plist", "convert", "-", "-o", "-"}, list);
+    EXPECT_EQ(piped({"plist", "dump", "-"}, converted.output).output,
+              piped({"plist", "dump", "-"}, list).output);
+    const ProcessResult changed = piped({"plist", "set", "-", "i", "int", "7"}, list);
+    EXPECT_EQ(piped({"plist", "dump", "-"}, changed.output).output,
+              "{\"dict\":[[\"b\",{\"bool\":true}],[\"i\",{\"int\":\"7\"}]]}\n");
+    EXPECT_EQ(piped({"plist", "set", "-", "i", "int", "7"}, xml("<array/>")).errors,
+              "wardlock plist set: cannot change standard input: its top-level value is not a dictionary\n");
+}
+
 TEST_F(PropertyListCommand, DumpsRealsThatAreNotNumbers) {
     const ProcessResult result =
         dump(file(xml("<array><real>nan</real><real>inf</real><real>-inf</real></array>")));

@@ -29,7 +29,7 @@ protected:
         std::string line;
         for (const std::string& word : words)
             line += " '" + word + '\'';
-        const std::string program = words.front();
+        const std::string program = words.front().substr(words.front().rfind('/') + 1);
         const std::string script = "cd '" + root() + "'\nsource '" + bashFile(program) + "'\nCOMP_WORDS=(" +
                                    line + " )\nCOMP_CWORD=" + std::to_string(words.size() - 1) + '\n' +
                                    "compopt() { COMPREPLY=(\"$*\"); }\n" + function +
@@ -79,27 +79,57 @@ TEST_F(BashCompletion, OffersEveryOptionOfAVerb) {
         Words words = wordsOf(*verb);
         words.push_back("-");
         const Words found = offered(words);
-        EXPECT_EQ(found.size(), verb->options.size() + 1) << verb->name;
+        EXPECT_EQ(found.size(), verb->options.size() + 2) << verb->name;
         for (const cli::Option& option : verb->options)
             EXPECT_TRUE(contains(found, option.name)) << verb->name << option.name;
+        EXPECT_TRUE(contains(found, "--device-root")) << verb->name;
         EXPECT_TRUE(contains(found, "--help")) << verb->name;
     }
 }
 
 TEST_F(BashCompletion, OffersOnlyWordsWithTheTypedPrefix) {
-    EXPECT_EQ(offered({"wardlock", "a"}), (Words{"account", "announce"}));
+    EXPECT_EQ(offered({"wardlock", "a"}), (Words{"account", "accounts", "allow", "announce", "apps"}));
     EXPECT_EQ(offered({"wardlock", "plist", "l"}), (Words{"lint"}));
     EXPECT_EQ(offered({"wardlock", "status", "--j"}), (Words{"--json"}));
 }
 
 TEST_F(BashCompletion, OffersTheKeysThatAVerbAccepts) {
-    EXPECT_EQ(offered({"wardlock", "get", ""}), (Words{"kAccounts", "kEnabled", "kPasscode"}));
-    EXPECT_EQ(offered({"wardlock", "get", "--json", "kE"}), (Words{"kEnabled"}));
     EXPECT_EQ(offered({"wardlock", "account", "kRestrictS"}),
               (Words{"kRestrictSiri", "kRestrictSwitcher", "kRestrictSwitcherContacts"}));
     const Words announced = offered({"wardlock", "announce", "k"});
     EXPECT_TRUE(contains(announced, "kEnabled"));
     EXPECT_TRUE(contains(announced, "kRestrictSiri"));
+}
+
+TEST_F(BashCompletion, OffersAVerbOfAFamilyBesideTheKeysOfTheVerbOfItsName) {
+    const Words found = offered({"wardlock", "account", ""});
+    EXPECT_TRUE(contains(found, "rename"));
+    EXPECT_TRUE(contains(found, "kRestrictSiri"));
+    EXPECT_EQ(offered({"wardlock", "account", "show", "--ty"}), (Words{"--typed"}));
+}
+
+TEST_F(BashCompletion, OffersTheNamesOfAccountsSettingsAndApps) {
+    const std::string program = buildFolder() + "/bin/wardlock";
+    const ProcessResult made = runProcess(program, {"device", "init", "--demo", root()});
+    ASSERT_EQ(made.exitCode, 0) << made.errors;
+    ASSERT_EQ(runProcess(program, {"account", "add", "Kim O'Neil"}).exitCode, 0);
+    EXPECT_EQ(offered({program, "account", "enable", ""}), (Words{"Default", "Kim\\ O\\'Neil"}));
+    EXPECT_EQ(offered({program, "set", "--account", "Ki"}), (Words{"Kim\\ O\\'Neil"}));
+    EXPECT_EQ(offered({program, "set", "Control"}), (Words{"Control\\ Center"}));
+    EXPECT_EQ(offered({program, "get", "kE"}), (Words{"kEnabled"}));
+    EXPECT_EQ(offered({program, "set", "Siri", ""}), (Words{"off", "on"}));
+    EXPECT_EQ(offered({program, "restrict", "Mail", "Face"}), (Words{"FaceTime"}));
+    EXPECT_EQ(offered({program, "account", "add", "Ki"}), Words{});
+}
+
+TEST_F(BashCompletion, OffersANameWithoutEscapesInsideQuotes) {
+    const std::string program = buildFolder() + "/bin/wardlock";
+    EXPECT_EQ(offered({program, "set", "\"Control C"}), (Words{"Control Center"}));
+}
+
+TEST_F(BashCompletion, CreatesNoDocument) {
+    EXPECT_EQ(offered({buildFolder() + "/bin/wardlock", "account", "show", ""}), Words{});
+    EXPECT_FALSE(exists(documentPath));
 }
 
 TEST_F(BashCompletion, LeavesFilesToTheShellWhereAFileIsWanted) {

@@ -1,0 +1,125 @@
+#include "cli/command/AccountNames.h"
+#include "cli/command/Commands.h"
+#include "cli/command/PropertyListCommand.h"
+#include "cli/command/SettingsChange.h"
+#include "cli/io/Output.h"
+#include "settings/DocumentPath.h"
+#include "settings/Keys.h"
+
+#include <string>
+
+namespace wardlock::cli {
+
+namespace {
+
+using platform::Value;
+
+ExitCode add(const Arguments& arguments) {
+    const std::string_view name = arguments.operand(0);
+    requireText(name);
+    if (name.empty())
+        throw CommandError(ExitCode::WrongUsage, "the name of an account is not empty");
+    loadToChange();
+    const DocumentChange change = createAccount(documentPath(BundleIdentifier), name);
+    if (!change.update.changed)
+        throw CommandError(ExitCode::Failed, "the document has no list of accounts");
+    finish(change);
+    Output::line(std::to_string(Accounts::of(change.update.dictionary.find(kAccounts))->size()));
+    return ExitCode::Done;
+}
+
+ExitCode store(std::string_view account, std::string_view key, const Value& value) {
+    loadToChange();
+    finish(setAccountValue(documentPath(BundleIdentifier), choiceOfNamed(account), key, &value));
+    return ExitCode::Done;
+}
+
+ExitCode rename(const Arguments& arguments) {
+    requireText(arguments.operand(1));
+    return store(arguments.operand(0), kAccountName, arguments.operand(1));
+}
+
+ExitCode enable(const Arguments& arguments) {
+    return store(arguments.operand(0), kAccountEnabled, true);
+}
+
+ExitCode disable(const Arguments& arguments) {
+    return store(arguments.operand(0), kAccountEnabled, false);
+}
+
+ExitCode remove(const Arguments& arguments) {
+    loadToChange();
+    finish(deleteAccount(documentPath(BundleIdentifier), choiceOfNamed(arguments.operand(0))));
+    return ExitCode::Done;
+}
+
+} // namespace
+
+const Verb accountAddVerb{
+    "account add",
+    "NAME",
+    "create an account",
+    "Creates an account with the settings of a new one, at the end of the list, and\n"
+    "prints its number. It is not enabled. Accounts may have the same name.\n",
+    {},
+    1,
+    1,
+    add,
+    "wardlock account add Kim\n",
+};
+
+const Verb accountRenameVerb{
+    "account rename",
+    "NAME NEW-NAME",
+    "give an account another name",
+    "Renames the account. NAME is its name, or its number in `wardlock accounts`. An\n"
+    "empty NEW-NAME becomes \"Blank\".\n",
+    {},
+    2,
+    2,
+    rename,
+    "wardlock account rename Default Kim\n",
+};
+
+const Verb accountEnableVerb{
+    "account enable",
+    "NAME",
+    "enable an account, so that its restrictions apply",
+    "Enables the account, and disables the first one that is enabled, in one step:\n"
+    "one account is enabled at a time. NAME is its name, or its number in\n"
+    "`wardlock accounts`.\n",
+    {},
+    1,
+    1,
+    enable,
+    "wardlock account enable Kim\n",
+};
+
+const Verb accountDisableVerb{
+    "account disable",
+    "NAME",
+    "disable an account",
+    "Disables the account; no other one is enabled instead. NAME is its name, or its\n"
+    "number in `wardlock accounts`.\n",
+    {},
+    1,
+    1,
+    disable,
+    "wardlock account disable Kim\n",
+};
+
+const Verb accountDeleteVerb{
+    "account delete",
+    "NAME",
+    "delete an account",
+    "Deletes the account with its settings, without a question. NAME is its name, or\n"
+    "its number in `wardlock accounts`. When it was the last one, the default account\n"
+    "takes its place.\n",
+    {},
+    1,
+    1,
+    remove,
+    "wardlock account delete Kim\n",
+};
+
+} // namespace wardlock::cli

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace wardlock::cli {
+
+/// A thing that a user can name in several ways.
+struct Named {
+    std::vector<std::string> names;
+    /// How an error shows it: a name that fits no other thing.
+    std::string shown;
+};
+
+/// What the things are called, for errors: "account", "accounts".
+struct Kind {
+    std::string_view one;
+    std::string_view several;
+};
+
+/// Returns the index of the thing that has the name. Without an exact match, case is ignored, and a dash or
+/// an underscore stands for a blank. Throws CommandError (Failed) when the name fits none or several; the
+/// error lists those.
+std::size_t indexOfNamed(std::string_view name, const std::vector<Named>& things, Kind kind);
+
+} // namespace wardlock::cli

@@ -1,0 +1,98 @@
+#include "cli/command/Commands.h"
+#include "cli/command/DocumentCheck.h"
+#include "cli/command/PropertyListCommand.h"
+#include "cli/command/SettingsChange.h"
+#include "platform/plist/PropertyListBounds.h"
+#include "settings/ChangeNotification.h"
+#include "settings/Document.h"
+#include "settings/Keys.h"
+#include "settings/Settings.h"
+
+#include <string>
+#include <vector>
+
+namespace wardlock::cli {
+
+namespace {
+
+using platform::Value;
+
+ExitCode exportDocument(const Arguments& arguments) {
+    storePropertyList(SettingsCreateIfNecessary().copy(), std::string(arguments.operand(0)),
+                      platform::Sync::Full);
+    return ExitCode::Done;
+}
+
+/// Sets the entries of the document that differ. Returns their keys.
+std::vector<std::string> takeOver(const platform::Dictionary& given, platform::MutableDictionary& entries) {
+    std::vector<std::string> keys;
+    for (const auto& [key, value] : given) {
+        const Value* present = entries.find(key);
+        if (present && *present == value)
+            continue;
+        entries.set(key, value);
+        keys.emplace_back(key);
+    }
+    return keys;
+}
+
+ExitCode importDocument(const Arguments& arguments) {
+    const std::string path(arguments.operand(0));
+    // The limit of the document.
+    const Value given = propertyListInFile(path, platform::largestDocument);
+    if (const std::string why = whyNotADocument(given); !why.empty())
+        throw CommandError(ExitCode::Failed, "cannot import " + path + ": " + why);
+    loadToChange();
+    std::vector<std::string> keys;
+    const platform::Update update =
+        updateDocument(BundleIdentifier, [&](platform::MutableDictionary& entries) {
+            keys = takeOver(given.dictionary(), entries);
+            return !keys.empty();
+        });
+    if (!update.changed)
+        return ExitCode::Done;
+    requireStored(update);
+    for (const std::string& key : keys)
+        postChange(BundleIdentifier, PostName, key, *update.dictionary.find(key));
+    return ExitCode::Done;
+}
+
+} // namespace
+
+const Verb exportVerb{
+    "export",
+    "FILE",
+    "write all settings to a file",
+    "Writes the preferences document to FILE, as a property list in XML: every\n"
+    "account, and the passcode. FILE is replaced in one step; a new one can be read\n"
+    "by you alone. \"-\" is standard output. FILE is a path of this machine, not of\n"
+    "the device.\n"
+    "\n"
+    "Like every process that reads the settings, this verb first writes the defaults\n"
+    "where the document or a top-level key is missing.\n",
+    {},
+    1,
+    1,
+    exportDocument,
+    "wardlock export settings.plist\n",
+};
+
+const Verb importVerb{
+    "import",
+    "FILE",
+    "take over all settings from a file",
+    "Reads a property list that `wardlock export` wrote, checks it, and takes its\n"
+    "keys over in one write. Other processes are notified of each top-level key that\n"
+    "has changed. Keys that FILE lacks keep their values. \"-\" is standard input.\n"
+    "\n"
+    "A FILE with a value of a wrong kind, with an empty list of accounts, or with a\n"
+    "passcode that does not have four digits is refused, and nothing is changed.\n",
+    {},
+    1,
+    1,
+    importDocument,
+    "wardlock import settings.plist\n",
+    true,
+};
+
+} // namespace wardlock::cli
