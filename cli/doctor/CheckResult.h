@@ -38,8 +38,10 @@ struct CheckResult {
     }
 };
 
-/// The checks, in the order of the report. They change and create nothing.
+/// The checks, in the order of the report. They leave everything as it was; checkStorage() writes a file and
+/// removes it.
 CheckResult checkDeviceRoot();
+CheckResult checkStorage();
 CheckResult checkDocument();
 CheckResult checkLog();
 CheckResult checkBus();
@@ -48,6 +50,7 @@ CheckResult checkAppList();
 CheckResult checkWindow();
 CheckResult checkWebEngine();
 CheckResult checkFonts();
+CheckResult checkPortal();
 CheckResult checkMail();
 
 } // namespace wardlock::cli

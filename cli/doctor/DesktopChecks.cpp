@@ -118,6 +118,21 @@ CheckResult checkFonts() {
     return result;
 }
 
+CheckResult checkPortal() {
+    CheckResult result("portal", "Contrast", CheckResult::Need::Optional);
+    const auto contrast = platform::portalReportsContrast();
+    result.facts["contrast"] = contrast ? Json(*contrast) : Json();
+    result.text = "the desktop portal reports it";
+    if (!contrast)
+        result.fails("no desktop portal reports settings: the window does not follow the desktop's contrast",
+                     "Install xdg-desktop-portal and the portal of your desktop.");
+    else if (!*contrast)
+        result.fails(
+            "the desktop portal does not report it: the window does not follow the desktop's contrast",
+            "Update the portal of your desktop; until then, wardlock-settings has options for its look.");
+    return result;
+}
+
 CheckResult checkMail() {
     CheckResult result("mail", "Support mail", CheckResult::Need::Optional);
     switch (platform::firstMailRoute()) {

@@ -11,8 +11,9 @@ namespace wardlock::cli {
 
 namespace {
 
-constexpr std::array checks{&checkDeviceRoot, &checkDocument, &checkLog,       &checkBus,   &checkBundle,
-                            &checkAppList,    &checkWindow,   &checkWebEngine, &checkFonts, &checkMail};
+constexpr std::array checks{&checkDeviceRoot, &checkStorage, &checkDocument, &checkLog,
+                            &checkBus,        &checkBundle,  &checkAppList,  &checkWindow,
+                            &checkWebEngine,  &checkFonts,   &checkPortal,   &checkMail};
 
 bool isBroken(const CheckResult& result) {
     return !result.works && result.need == CheckResult::Need::Needed;
@@ -62,11 +63,12 @@ const Verb doctorVerb{
     "doctor",
     "",
     "check the installation, and suggest repairs",
-    "Checks the device root, the document, the log, the bus, the settings bundle,\n"
-    "the AppList module, the window, its web engine and font, and the route of\n"
-    "support mail. Prints one line for each: \"ok\", \"absent\" (Wardlock works without\n"
-    "it) or \"BROKEN\". Lines with \"->\" suggest what to do. Nothing is changed or\n"
-    "created.\n"
+    "Checks the device root, the storage of changes, the document, the log, the bus,\n"
+    "the settings bundle, the AppList module, the window, its web engine and font,\n"
+    "the desktop's contrast, and the route of support mail. Prints one line for each:\n"
+    "\"ok\", \"absent\" (Wardlock works without it) or \"BROKEN\". Lines with \"->\"\n"
+    "suggest what to do. A change is tried with a file beside the document, which is\n"
+    "removed again; nothing else is changed.\n"
     "\n"
     "Exit code 0 when nothing is broken, 1 otherwise.\n"
     "\n"

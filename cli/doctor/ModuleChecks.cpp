@@ -1,6 +1,7 @@
 // The checks of the modules that Settings loads from the device root: the bundle and the AppList library.
 
 #include "cli/doctor/CheckResult.h"
+#include "cli/io/ShellWord.h"
 #include "platform/files/DeviceRoot.h"
 #include "platform/files/FileSystem.h"
 #include "platform/runtime/Class.h"
@@ -33,6 +34,15 @@ std::string whyMissing(const std::string& path) {
     return path + " does not exist";
 }
 
+/// Returns whether a file that is not a link is where a device root has the link to this installation; on the
+/// device itself the package installs the module there.
+bool isForeign(const std::string& path) {
+    platform::FileStatus status;
+    return platform::deviceRoot() != "/" &&
+           !platform::FileSystem::current().status(path, platform::Links::NoFollow, status) &&
+           status.kind != platform::FileKind::Link;
+}
+
 } // namespace
 
 CheckResult checkBundle() {
@@ -61,6 +71,11 @@ CheckResult checkAppList() {
     result.facts["path"] = path;
     if (const std::string missing = whyMissing(path); !missing.empty())
         return result.fails(missing, howToInstall());
+    if (isForeign(path))
+        return result.fails(
+            path + " is a file of another program, and the link to Wardlock's module is missing",
+            "Move it away and open Settings once (wardlock settings), which creates the link: mv " +
+                shellWord(path) + ' ' + shellWord(path + ".foreign"));
     if (!platform::dlopen(platform::appListLibraryPath, platform::RTLD_Lazy))
         return result.fails(path + " cannot be loaded: " + platform::dlerror(), howToInstall());
     const platform::Class* const list = platform::objc_getClass("ALApplicationList");

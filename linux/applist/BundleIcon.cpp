@@ -6,6 +6,9 @@
 #include <array>
 #include <limits>
 #include <string_view>
+#include <unordered_set>
+#include <utility>
+#include <vector>
 
 namespace platform::applist {
 namespace {
@@ -39,15 +42,17 @@ bool isInside(const std::string& path, const std::string& folder) {
 
 class Search {
 public:
-    Search(const std::string& folder, int wanted) : wanted_(wanted) {
-        if (FileSystem::current().resolve(folder, folder_))
-            folder_.clear();
+    Search(const std::string& folder, int wanted) : given_(folder), wanted_(wanted) {
+        // One listing is much faster than a look at every possible name.
+        std::vector<std::string> names;
+        if (!FileSystem::current().list(folder, names))
+            names_.insert(names.begin(), names.end());
     }
 
     void consider(const std::string& name) {
         std::string path;
-        if (folder_.empty() || FileSystem::current().resolve(folder_ + "/" + name, path) ||
-            !isInside(path, folder_))
+        if (!mayExist(name) || !resolveFolder() ||
+            FileSystem::current().resolve(folder_ + "/" + name, path) || !isInside(path, folder_))
             return;
         const std::optional<IconFile> icon = IconFile::read(path);
         if (!icon)
@@ -68,6 +73,16 @@ public:
     const std::string& best() const { return best_.path; }
 
 private:
+    /// Names in folders further down are not listed.
+    bool mayExist(const std::string& name) const {
+        return names_.contains(name.substr(0, name.find('/'))) || name.starts_with('/') ||
+               name.starts_with('.');
+    }
+    bool resolveFolder() { return !folder_.empty() || !FileSystem::current().resolve(given_, folder_); }
+
+    std::string given_;
+    std::unordered_set<std::string> names_;
+    /// Without links; empty until a name is found.
     std::string folder_;
     int wanted_;
     Choice best_;

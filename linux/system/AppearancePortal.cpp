@@ -136,6 +136,7 @@ int AppearancePortal::onOwner(sd_bus_message* message, void* self, sd_bus_error*
 /// The desktop has no preference for a setting that is missing in the reply.
 void AppearancePortal::readAll(sd_bus_message* reply) {
     current_ = DesktopAppearance();
+    reportsContrast_ = false;
     sd_bus_message_enter_container(reply, 'a', "{sa{sv}}");
     while (sd_bus_message_enter_container(reply, 'e', "sa{sv}") > 0) {
         const char* space = nullptr;
@@ -172,9 +173,10 @@ void AppearancePortal::readValue(sd_bus_message* message, std::string_view key) 
 void AppearancePortal::store(std::string_view key, std::uint32_t value) {
     if (key == "color-scheme")
         current_.dark = value == dark || value == light ? std::optional(value == dark) : std::nullopt;
-    else if (key == "contrast")
+    else if (key == "contrast") {
         current_.highContrast = value == wanted;
-    else if (key == "reduced-motion")
+        reportsContrast_ = true;
+    } else if (key == "reduced-motion")
         current_.reducedMotion = value == wanted;
 }
 

@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -24,6 +25,9 @@ public:
 
     const DesktopAppearance& current() const override { return current_; }
     bool waitForFirstReport(std::chrono::milliseconds timeout) override;
+
+    /// Returns whether the last reply had the contrast; none while the portal has not replied.
+    std::optional<bool> reportsContrast() const { return reportsContrast_; }
 
     int descriptor() const override;
     short events() const override;
@@ -49,6 +53,7 @@ private:
     /// The appearance of the last `changed_` call.
     DesktopAppearance reported_;
     bool replied_ = false;
+    std::optional<bool> reportsContrast_;
     std::unique_ptr<bus::BusConnection> connection_;
     bus::BusSlot changes_;
     bus::BusSlot owners_;

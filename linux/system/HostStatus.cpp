@@ -8,6 +8,7 @@
 #include "linux/mail/MailProgram.h"
 #include "linux/posix/PrivateFolder.h"
 #include "linux/posix/Program.h"
+#include "linux/system/AppearancePortal.h"
 #include "platform/files/FileSystem.h"
 
 #include <chrono>
@@ -67,6 +68,11 @@ MailRouteKind firstMailRoute() {
         return MailRouteKind::Program;
     return mail::opensInTime(std::make_shared<mail::MailOutbox>()) ? MailRouteKind::Outbox
                                                                    : MailRouteKind::None;
+}
+
+std::optional<bool> portalReportsContrast() {
+    system::AppearancePortal portal([] {});
+    return portal.waitForFirstReport(timeout) ? portal.reportsContrast() : std::nullopt;
 }
 
 bool mayWrite(const std::string& path) {

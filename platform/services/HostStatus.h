@@ -5,6 +5,7 @@
 
 #include "platform/base/Export.h"
 
+#include <optional>
 #include <string>
 
 namespace platform {
@@ -36,6 +37,9 @@ WARDLOCK_API BusState busState();
 /// where there is one.
 enum class MailRouteKind { None, Portal, Program, Outbox };
 WARDLOCK_API MailRouteKind firstMailRoute();
+
+/// Returns whether the desktop's settings portal reports the contrast; none where no portal replies.
+WARDLOCK_API std::optional<bool> portalReportsContrast();
 
 /// Returns whether this user may write to a path of this machine.
 WARDLOCK_API bool mayWrite(const std::string& path);

@@ -281,8 +281,46 @@ TEST_F(Doctor, CountsTheApplications) {
 TEST_F(Doctor, ReportsAnUnusableAppList) {
     removeFile(modulePath);
     expectBroken("appList", "does not exist");
-    writeFile(modulePath, "no module");
+    writeFile("/module", "no module");
+    fs::create_symlink(onDisk("/module"), onDisk(modulePath));
     expectBroken("appList", "cannot be loaded: ");
+}
+
+TEST_F(Doctor, ReportsAForeignFileInThePlaceOfTheAppList) {
+    removeFile(modulePath);
+    writeFile(modulePath, "another program's");
+    expectBroken("appList", "is a file of another program");
+    EXPECT_NE(advice(finding("appList", 1)).find("mv " + onDisk(modulePath)), std::string::npos);
+}
+
+TEST_F(Doctor, ReportsThatAChangeCanBeStored) {
+    const Json found = finding("storage", 0);
+    EXPECT_EQ(found["works"], true);
+    EXPECT_EQ(found["path"], fs::path(onDisk(documentPath)).parent_path().string());
+    EXPECT_EQ(found["reason"], nullptr);
+}
+
+TEST_F(Doctor, ReportsStorageThatIsMissing) {
+    fs::remove_all(onDisk("/var/mobile/Library"));
+    expectBroken("storage", "the folder does not exist");
+}
+
+TEST_F(Doctor, ReportsAPortalWithoutContrast) {
+    for (const auto& [value, contrast] :
+         {std::pair("contrast=1", true), std::pair("color-scheme=1", false)}) {
+        Process portal(programFolder() + "/test-settings-portal", {value});
+        ASSERT_EQ(portal.readLine(), "ready");
+        const Json found = finding("portal", 0);
+        EXPECT_EQ(found["works"], contrast);
+        EXPECT_EQ(found["contrast"], contrast);
+    }
+}
+
+TEST_F(Doctor, DoesNotNeedAPortal) {
+    const Json found = finding("portal", 0);
+    EXPECT_EQ(found["works"], false);
+    EXPECT_EQ(found["needed"], false);
+    EXPECT_EQ(found["contrast"], nullptr);
 }
 
 TEST_F(Doctor, DoesNotNeedADisplay) {
