@@ -81,9 +81,10 @@ const Verb importVerb{
     "import",
     "FILE",
     "take over all settings from a file",
-    "Reads a property list that `wardlock export` wrote, checks it, and takes its\n"
-    "keys over in one write. Other processes are notified of each top-level key that\n"
-    "has changed. Keys that FILE lacks keep their values. \"-\" is standard input.\n"
+    "Reads a property list and checks it, then takes its keys over in one write. FILE\n"
+    "has the form that `wardlock export` writes. Other processes are notified of each\n"
+    "top-level key that has changed. Keys that FILE lacks keep their values. \"-\" is\n"
+    "standard input.\n"
     "\n"
     "A FILE with a value of a wrong kind, with an empty list of accounts, or with a\n"
     "passcode that does not have four digits is refused, and nothing is changed.\n",

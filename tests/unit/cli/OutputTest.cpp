@@ -67,8 +67,7 @@ TEST_F(Output, ShowsATerminalFileNamesAsEscapes) {
 
 TEST_F(Output, ReportsAFailureInOneLineWhateverTheArguments) {
     const ProcessResult result = wardlockCommand({"get", std::string("a\nb\xFF") + wicked});
-    EXPECT_EQ(result.errors,
-              std::string("wardlock get: no setting 'a\\x0ab\\xff") + wickedEscaped + "'\n");
+    EXPECT_EQ(result.errors, std::string("wardlock get: no setting 'a\\x0ab\\xff") + wickedEscaped + "'\n");
 }
 
 /// Everything that comes out of a pipe.
