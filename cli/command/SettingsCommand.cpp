@@ -14,18 +14,22 @@ namespace {
 constexpr Option scriptOption{
     "--script", "FILE", "run the JSON commands in FILE, one a line;\n\"-\" reads them from standard input"};
 constexpr Option terminalOption{"--terminal", "", "use the terminal even if there is a display"};
+constexpr Option plainOption{"--plain", "", "use the terminal line by line, for screen readers"};
 
 ExitCode settings(const Arguments& arguments) {
     const auto script = arguments.value(scriptOption.name);
-    if (!script && !arguments.has(terminalOption.name))
+    const bool plain = arguments.has(plainOption.name);
+    if (!script && !plain && !arguments.has(terminalOption.name))
         openWindowProgram();
     const shell::Provision provision;
     for (const auto& problem : provision.problems())
         Output::error("wardlock settings: " + problem);
-    return script ? runScriptSettings(*script) : runTerminalSettings();
+    if (script)
+        return runScriptSettings(*script);
+    return runTerminalSettings(plain ? TerminalStyle::Plain : TerminalStyle::Automatic);
 }
 
-constexpr std::array settingsOptions{scriptOption, terminalOption};
+constexpr std::array settingsOptions{scriptOption, terminalOption, plainOption};
 
 } // namespace
 
@@ -37,7 +41,11 @@ const Verb settingsVerb{
     "otherwise. First creates what the device root lacks: its folders, the link to\n"
     "the settings bundle, and the default document.\n"
     "\n"
-    "In the terminal, a number taps the row, b goes back and ? lists all commands.\n"
+    "In the terminal, Settings uses the whole screen: the arrow keys move, Space\n"
+    "taps, Esc goes back, / finds a row and ? lists all keys. A terminal without a\n"
+    "screen (TERM is unset or \"dumb\"), or --plain, gets Settings line by line: a\n"
+    "number or a name taps the row, b goes back and ? lists all commands. Colours\n"
+    "follow NO_COLOR, COLORTERM and COLORFGBG.\n"
     "\n"
     "With --script, each line of FILE is a JSON command. For each command, one line\n"
     "of JSON is printed to standard output. A command that cannot be carried out\n"

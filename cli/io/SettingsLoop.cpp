@@ -41,10 +41,12 @@ bool SettingsLoop::waitUntil(const std::function<bool()>& done, std::chrono::mil
 bool SettingsLoop::turn(int descriptor, std::chrono::milliseconds longest) {
     if (const auto time = clock_ ? clock_->timeToNext() : std::nullopt)
         longest = std::min(longest, std::chrono::ceil<std::chrono::milliseconds>(*time));
-    std::array<pollfd, 5> waits{
-        pollfd{descriptor, POLLIN, 0}, pollfd{platform::MainLoop::shared().descriptor(), POLLIN, 0},
-        pollfd{stop_.descriptor(), POLLIN, 0}, pollfd{resize_.descriptor(), POLLIN, 0},
-        pollfd{suspend_.descriptor(), POLLIN, 0}};
+    std::array<pollfd, 6> waits{pollfd{descriptor, POLLIN, 0},
+                                pollfd{platform::MainLoop::shared().descriptor(), POLLIN, 0},
+                                pollfd{stop_.descriptor(), POLLIN, 0},
+                                pollfd{resize_.descriptor(), POLLIN, 0},
+                                pollfd{suspend_.descriptor(), POLLIN, 0},
+                                pollfd{continue_.descriptor(), POLLIN, 0}};
     const int ready = poll(waits.data(), waits.size(), static_cast<int>(longest.count()));
     if (ready < 0 && errno != EINTR)
         throw std::system_error(errno, std::generic_category(), "poll");
@@ -52,6 +54,8 @@ bool SettingsLoop::turn(int descriptor, std::chrono::milliseconds longest) {
         settings_.process();
     if (ready > 0 && waits[4].revents != 0)
         suspend();
+    if (ready > 0 && waits[5].revents != 0)
+        followStop();
     if (clock_)
         clock_->runDue();
     resize_.take();
@@ -62,8 +66,17 @@ bool SettingsLoop::turn(int descriptor, std::chrono::milliseconds longest) {
 
 void SettingsLoop::suspend() {
     settings_.resignActive();
-    const Terminal::GivenBack terminal;
-    suspend_.obey(SIGTSTP);
+    suspensions_.forEach([](const std::function<void()>& call) { call(); });
+    {
+        const Terminal::GivenBack terminal;
+        suspend_.obey(SIGTSTP);
+    }
+    followStop();
+}
+
+void SettingsLoop::followStop() {
+    continue_.take();
+    returns_.forEach([](const std::function<void()>& call) { call(); });
 }
 
 } // namespace wardlock::cli

@@ -23,6 +23,15 @@ public:
     /// causes a turn.
     platform::Subscription observeTurns(std::function<void()> turn) { return turns_.add(std::move(turn)); }
 
+    /// Calls the function before SIGTSTP stops the process.
+    platform::Subscription observeSuspensions(std::function<void()> call) {
+        return suspensions_.add(std::move(call));
+    }
+    /// Calls the function after any stop: others may have used the terminal meanwhile.
+    platform::Subscription observeReturns(std::function<void()> call) {
+        return returns_.add(std::move(call));
+    }
+
     /// Waits until the descriptor is readable. Returns false when a signal asks the process to end.
     bool waitForInput(int descriptor);
     /// Waits until `done` returns true. Returns false on a timeout, or when a signal asks the process to end.
@@ -32,13 +41,17 @@ private:
     /// Runs one turn. Returns whether the descriptor is readable (-1: none).
     bool turn(int descriptor, std::chrono::milliseconds longest);
     void suspend();
+    void followStop();
 
     shell::SettingsApplication& settings_;
     shell::SteadyClock* clock_;
     platform::Subscribers<std::function<void()>> turns_;
+    platform::Subscribers<std::function<void()>> suspensions_;
+    platform::Subscribers<std::function<void()>> returns_;
     Signals stop_{SIGINT, SIGTERM, SIGHUP};
     Signals resize_{SIGWINCH};
     Signals suspend_{SIGTSTP};
+    Signals continue_{SIGCONT};
     bool stopped_ = false;
 };
 

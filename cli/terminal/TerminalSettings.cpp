@@ -1,5 +1,6 @@
 #include "cli/terminal/TerminalSettings.h"
 
+#include "cli/fullscreen/FullScreenView.h"
 #include "cli/io/Output.h"
 #include "cli/io/PageNames.h"
 #include "cli/io/Terminal.h"
@@ -8,11 +9,14 @@
 #include "shell/TerminationHook.h"
 #include "shell/device/InstalledFiles.h"
 
+#include <memory>
+
 namespace wardlock::cli {
 
 namespace {
 
 void restoreTerminal() {
+    CursesTerminal::restore();
     Terminal::restore();
     Output::flushLast();
 }
@@ -24,15 +28,23 @@ void openOnlyBundle(shell::SettingsApplication& settings) {
         static_cast<void>(settings.page().tapRow({0, 0}));
 }
 
+std::unique_ptr<CursesTerminal> takeTerminal(TerminalStyle style, const TerminalTraits& traits) {
+    return style == TerminalStyle::Automatic && isCapableTerminal() ? CursesTerminal::open(traits) : nullptr;
+}
+
 } // namespace
 
-ExitCode runTerminalSettings() {
+ExitCode runTerminalSettings(TerminalStyle style) {
     shell::installTerminationHook(restoreTerminal);
     const TextWeb web;
     shell::SteadyClock clock;
     shell::SettingsApplication settings(clock);
     SettingsLoop loop(settings, &clock);
     openOnlyBundle(settings);
+    const TerminalTraits traits = TerminalTraits::ofEnvironment();
+    if (const auto terminal = takeTerminal(style, traits))
+        return FullScreenView(settings, loop, *terminal, traits.utf8).run() ? ExitCode::Done
+                                                                            : ExitCode::Failed;
     TerminalView view(settings, loop, {Terminal::hasColours()});
     if (Terminal::readsInput()) {
         view.run();

@@ -4,8 +4,15 @@
 
 namespace wardlock::cli {
 
-/// Runs Settings in the terminal: prints the page as text and prompts for commands, until the input ends or
-/// the user quits. If standard input is not a terminal, prints the first page and how to use Settings.
-ExitCode runTerminalSettings();
+enum class TerminalStyle {
+    /// On the whole screen, where the terminal has one.
+    Automatic,
+    /// Line by line: for screen readers, and terminals of little ability.
+    Plain
+};
+
+/// Runs Settings in the terminal until the user quits or the input ends. If standard input is not a terminal,
+/// prints the first page and how to use Settings.
+ExitCode runTerminalSettings(TerminalStyle style);
 
 } // namespace wardlock::cli

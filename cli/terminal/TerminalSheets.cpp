@@ -1,9 +1,9 @@
 #include "cli/terminal/TerminalSheets.h"
 
+#include "cli/io/MailAddresses.h"
 #include "cli/io/Output.h"
 #include "cli/io/TextWidth.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace wardlock::cli {
@@ -14,26 +14,6 @@ namespace {
 constexpr std::chrono::seconds fadeTimeout{5};
 /// The user may have to choose a mail program first.
 constexpr std::chrono::minutes mailTimeout{10};
-
-std::vector<std::string> addressesIn(const std::string& text) {
-    std::vector<std::string> addresses;
-    for (std::size_t begin = 0; begin < text.size();) {
-        const std::size_t end = std::min(text.find(',', begin), text.size());
-        std::string address = text.substr(begin, end - begin);
-        std::erase(address, ' ');
-        if (!address.empty())
-            addresses.push_back(std::move(address));
-        begin = end + 1;
-    }
-    return addresses;
-}
-
-std::string joined(const std::vector<std::string>& texts) {
-    std::string all;
-    for (const auto& text : texts)
-        all += (all.empty() ? "" : ", ") + text;
-    return all;
-}
 
 } // namespace
 
@@ -131,7 +111,7 @@ void TerminalSheets::showMail(const platform::MailMessage& message) {
     const TextStyle& style = dialog_.style();
     Output::line("");
     Output::line(style.bold("New Mail"));
-    Output::line("  1  To: " + printable(joined(message.recipients)));
+    Output::line("  1  To: " + printable(joinedAddresses(message.recipients)));
     Output::line("  2  Subject: " + printable(message.subject));
     Output::line("  3  Text:");
     dialog_.print(message.body);

@@ -3,6 +3,7 @@
 #include "cli/io/Output.h"
 #include "cli/io/Terminal.h"
 #include "cli/io/TextWidth.h"
+#include "cli/terminal/RowNames.h"
 
 #include <algorithm>
 #include <utility>
@@ -16,9 +17,11 @@ using shell::RowKind;
 namespace {
 
 constexpr std::size_t longestQuote = 40;
+constexpr std::size_t longestList = 400;
 
 TextPage::Size terminalSize() {
-    return {Terminal::columns(), Terminal::lines()};
+    const bool pages = Terminal::readsInput() && Terminal::showsOutput();
+    return {Terminal::columns(), pages ? std::optional(Terminal::lines()) : std::nullopt};
 }
 
 } // namespace
@@ -54,14 +57,15 @@ void TerminalView::showPage() {
     shell::Screen& screen = settings_.screen();
     if (shownPage_ != screen.page().get()) {
         shownPage_ = screen.page().get();
-        firstTableRow_ = 0;
+        first_ = 0;
     }
     shownSize_ = terminalSize();
-    const TextPage page(screen, dialog_.style(), shownSize_, firstTableRow_);
+    const TextPage page(screen, dialog_.style(), shownSize_, first_);
     Output::text(page.text());
     rows_ = page.rows();
-    tableRowsShown_ = page.tableRowsShown();
-    tableRowCount_ = page.tableRowCount();
+    shownCount_ = page.shownCount();
+    count_ = page.count();
+    mostShown_ = page.most();
     stale_ = false;
 }
 
@@ -101,7 +105,7 @@ void TerminalView::runPageCommand(const std::string& word) {
     } else if (word == "+") {
         dialog_.printRefusal(settings_.page().tapBarButton());
     } else if (word == "n" || word == "p") {
-        turnTable(word == "n");
+        turnPage(word == "n");
     } else if (word == "z") {
         settings_.resignActive();
     } else if (word.starts_with("f ")) {
@@ -110,11 +114,31 @@ void TerminalView::runPageCommand(const std::string& word) {
         dialog_.end();
     } else if (word == "?") {
         showHelp();
-    } else {
+    } else if (!touchNamedRow(word)) {
         pageStands_ = true;
         dialog_.printError("Unknown command '" + truncated(printable(word), longestQuote) +
                            "'; ? lists all commands.");
     }
+}
+
+bool TerminalView::touchNamedRow(const std::string& word) {
+    const auto named = rowsNamed(*settings_.screen().page(), word);
+    if (named.size() == 1) {
+        touchRow(named[0].path);
+    } else if (named.size() > 1) {
+        pageStands_ = true;
+        std::string names;
+        for (const NamedRow& row : named) {
+            // A row of a table may not be shown, and has no number then.
+            const auto number = std::ranges::find(rows_, row.path);
+            names += (names.empty() ? "" : ", ") +
+                     (number == rows_.end() ? "" : std::to_string(number - rows_.begin() + 1) + ' ') +
+                     printable(row.label);
+        }
+        dialog_.printError('\'' + truncated(printable(word), longestQuote) +
+                           "' names several rows: " + truncated(names, longestList) + '.');
+    }
+    return !named.empty();
 }
 
 void TerminalView::touchRow(NSIndexPath path) {
@@ -156,11 +180,11 @@ void TerminalView::askSlider(NSIndexPath path, const Row& row) {
         dialog_.printError("Type a number.");
 }
 
-void TerminalView::turnTable(bool forward) {
-    if (forward && firstTableRow_ + tableRowsShown_ < tableRowCount_)
-        firstTableRow_ += tableRowsShown_;
+void TerminalView::turnPage(bool forward) {
+    if (forward && first_ + shownCount_ < count_)
+        first_ += shownCount_;
     else if (!forward)
-        firstTableRow_ -= std::min(firstTableRow_, tableRowsShown_);
+        first_ -= std::min(first_, mostShown_);
 }
 
 void TerminalView::followLink(const std::string& link) {
@@ -172,9 +196,10 @@ void TerminalView::showHelp() {
     pageStands_ = true;
     Output::text("\n"
                  "  1, 2, ...  tap the row of that number\n"
+                 "  NAME       tap the row of that name, or whose name begins so\n"
                  "  b          go back\n"
                  "  +          press the button at the top right\n"
-                 "  n, p       show the next or the previous rows of a long list\n"
+                 "  n, p       show the next or the previous part of a long page\n"
                  "  f LINK     follow a link of the page, by its number or its address\n"
                  "  z          switch to another application and back, as Ctrl+Z does; closes the\n"
                  "             keypad, where it can be typed too\n"

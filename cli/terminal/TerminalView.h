@@ -32,11 +32,13 @@ private:
     void askPage();
     void runPageCommand(const std::string& word);
     void touchRow(platform::NSIndexPath path);
+    /// Returns false where no row has that name.
+    bool touchNamedRow(const std::string& word);
     void askText(platform::NSIndexPath path, const shell::Row& row);
     void askSlider(platform::NSIndexPath path, const shell::Row& row);
     /// Follows a link by its number or its address.
     void followLink(const std::string& link);
-    void turnTable(bool forward);
+    void turnPage(bool forward);
     void showHelp();
     void showNotice();
     void followTurn();
@@ -47,12 +49,13 @@ private:
     TerminalDialog dialog_;
     TerminalSheets sheets_;
     std::vector<platform::NSIndexPath> rows_;
-    /// The page that is shown, and which rows of its table.
+    /// The page that is shown, and which part of it.
     const shell::Page* shownPage_ = nullptr;
     TextPage::Size shownSize_{};
-    std::size_t firstTableRow_ = 0;
-    std::size_t tableRowsShown_ = 0;
-    std::size_t tableRowCount_ = 0;
+    std::size_t first_ = 0;
+    std::size_t shownCount_ = 0;
+    std::size_t mostShown_ = 0;
+    std::size_t count_ = 0;
     bool stale_ = false;
     bool pageIsAsked_ = false;
     /// Whether the page needs no repetition: it was printed right above an error or the help.

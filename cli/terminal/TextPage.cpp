@@ -1,5 +1,6 @@
 #include "cli/terminal/TextPage.h"
 
+#include "cli/io/RowText.h"
 #include "cli/io/TextWidth.h"
 #include "platform/ui/UIActivityIndicatorView.h"
 #include "platform/ui/UITextView.h"
@@ -18,8 +19,8 @@ namespace {
 
 constexpr std::size_t numberColumns = 5;
 constexpr std::size_t gap = 2;
-/// Lines of a page besides the rows of a table: title, rule, count, prompt and what is typed.
-constexpr std::size_t linesAroundTable = 6;
+/// Lines besides those of the page: blank, title, rule, position, blank, and the prompt.
+constexpr std::size_t linesAroundRows = 6;
 
 std::string valueText(const Row& row) {
     switch (row.kind) {
@@ -40,35 +41,61 @@ std::string valueText(const Row& row) {
     return "";
 }
 
-std::string labelText(const Row& row) {
-    if (!row.label.empty())
-        return row.label;
-    return row.kind == RowKind::Slider ? "Slider" : row.placeholder;
-}
-
 } // namespace
 
-TextPage::TextPage(shell::Screen& screen, TextStyle style, Size size, std::size_t firstTableRow)
+TextPage::TextPage(shell::Screen& screen, TextStyle style, Size size, std::size_t first)
     : style_(style), size_(size) {
     shell::Page& page = *screen.page();
     addTitle(screen);
+    const auto table = page.isList() ? nullptr : page.table();
+    if (table)
+        addTable(*table, first);
     if (page.isList())
         addList(page);
     else
-        addContent(page, firstTableRow);
+        addContent(page);
+    // A table has been cut already: cells exist only for rows that are shown.
+    addPart(table ? 0 : first);
+}
+
+std::size_t TextPage::height() const {
+    return std::max<std::size_t>(*size_.lines - std::min(*size_.lines, linesAroundRows), 1);
+}
+
+void TextPage::addPart(std::size_t first) {
+    const bool isTable = count_ > 0;
+    const bool isCut = !isTable && size_.lines && lines_.size() > height();
+    if (!isCut) {
+        for (const auto& line : lines_)
+            text_ += line + '\n';
+        return;
+    }
+    count_ = lines_.size();
+    first = std::min(first, count_ - 1);
+    shownCount_ = std::min(height(), count_ - first);
+    const auto begin = lines_.begin() + static_cast<std::ptrdiff_t>(first);
+    lines_ = {begin, begin + static_cast<std::ptrdiff_t>(shownCount_)};
+    addPosition("Lines", first);
+    for (const auto& line : lines_)
+        text_ += line + '\n';
+}
+
+void TextPage::addPosition(const std::string& what, std::size_t first) {
+    addLine(style_.dim("     " + what + ' ' + std::to_string(first + 1) + " to " +
+                       std::to_string(first + shownCount_) + " of " + std::to_string(count_) +
+                       "; n shows the next, p the previous"));
 }
 
 void TextPage::addTitle(shell::Screen& screen) {
     const std::string back = printable(screen.backTitle());
     const std::string left = back.empty() ? "" : "\u2039 " + truncated(back, size_.columns / 3) + "   ";
-    addLine();
-    addLine(style_.blue(left) +
-            style_.bold(truncated(printable(screen.page()->title()), size_.columns - columnsOf(left))) +
-            (screen.page()->barButton() ? style_.blue("   [+]") : ""));
+    text_ += '\n' + style_.blue(left) +
+             style_.bold(truncated(printable(screen.page()->title()), size_.columns - columnsOf(left))) +
+             (screen.page()->barButton() ? style_.blue("   [+]") : "") + '\n';
     std::string rule;
     for (std::size_t column = 0; column < size_.columns; ++column)
         rule += "\u2500";
-    addLine(style_.dim(rule));
+    text_ += style_.dim(rule) + '\n';
 }
 
 void TextPage::addList(shell::Page& page) {
@@ -87,7 +114,7 @@ void TextPage::addSection(shell::Page& page, std::size_t index) {
         const Row row = page.row(path);
         const std::string value = printable(valueText(row));
         const bool accent = row.isOn() || row.marked;
-        addRow(path, printable(labelText(row)), value, accent ? style_.green(value) : value, row.enabled);
+        addRow(path, printable(rowLabel(row)), value, accent ? style_.green(value) : value, row.enabled);
     }
     if (!section.footer.empty())
         addParagraph(section.footer, numberColumns, true);
@@ -118,26 +145,20 @@ void TextPage::addParagraph(const std::string& text, std::size_t indent, bool di
 }
 
 void TextPage::addTable(shell::Table& table, std::size_t first) {
-    const std::size_t height =
-        std::max<std::size_t>(size_.lines - std::min(size_.lines, linesAroundTable), 1);
-    tableRowCount_ = table.sectionCount() > 0 ? table.rowCount(0) : 0;
-    first = std::min(first, tableRowCount_ > 0 ? tableRowCount_ - 1 : 0);
-    tableRowsShown_ = std::min(height, tableRowCount_ - first);
-    for (std::size_t row = first; row < first + tableRowsShown_; ++row)
+    count_ = table.sectionCount() > 0 ? table.rowCount(0) : 0;
+    first = std::min(first, count_ > 0 ? count_ - 1 : 0);
+    shownCount_ = size_.lines ? std::min(height(), count_ - first) : count_ - first;
+    for (std::size_t row = first; row < first + shownCount_; ++row)
         if (const auto shown = table.show({0, row})) {
             const std::string value = shown->switchControl() ? shown->isOn() ? "on" : "off" : "";
-            addRow({0, row}, printable(shown->title().empty() ? shown->key() : shown->title()), value,
-                   shown->isOn() ? style_.green(value) : value, true);
+            addRow({0, row}, printable(rowLabel(*shown)), value, shown->isOn() ? style_.green(value) : value,
+                   true);
         }
-    if (tableRowsShown_ < tableRowCount_)
-        addLine(style_.dim("     Rows " + std::to_string(first + 1) + " to " +
-                           std::to_string(first + tableRowsShown_) + " of " + std::to_string(tableRowCount_) +
-                           "; n shows the next, p the previous"));
+    if (shownCount_ < count_)
+        addPosition("Rows", first);
 }
 
-void TextPage::addContent(shell::Page& page, std::size_t firstTableRow) {
-    if (const auto table = page.table())
-        addTable(*table, firstTableRow);
+void TextPage::addContent(shell::Page& page) {
     for (const auto& view : page.content()) {
         if (const auto* text = dynamic_cast<platform::UITextView*>(view.get()))
             addParagraph(text->text(), 0, false);

@@ -27,8 +27,9 @@ KINDS = [
     ("systemd", lambda name: name.startswith("systemd/")),
     ("curl", lambda name: name.startswith("curl/")),
     ("HTML", lambda name: name == "gumbo.h"),
+    ("the screen's library", lambda name: name in ("curses.h", "term.h")),
     ("JSON", lambda name: name.startswith("nlohmann/")),
-    ("test tools", lambda name: name.startswith(("gtest/", "gmock/", "benchmark/", "plist/"))),
+    ("test tools", lambda name: name.startswith(("gtest/", "gmock/", "benchmark/", "plist/")) or name == "vterm.h"),
     ("the operating system", lambda name: True),
 ]
 
@@ -81,7 +82,8 @@ ROOMS = {
     "window/models": (SHELL + ["window/pictures", "window/items"], STD + ["Qt"]),
     "window": (SHELL + ["window/pictures", "window/items", "window/accessibility", "window/models"], STD + ["Qt"]),
     "cli/io": (SHELL, POSIX + ["JSON"]),
-    "cli/terminal": (SHELL + ["cli/io"], POSIX),
+    "cli/fullscreen": (SHELL + ["cli/io"], POSIX + ["the screen's library"]),
+    "cli/terminal": (SHELL + ["cli/io", "cli/fullscreen"], POSIX),
     "cli/script": (SHELL + ["cli/io"], POSIX + ["JSON"]),
     "cli/command": (SHELL + ["cli/io", "cli/terminal", "cli/script"], POSIX + ["JSON"]),
     "cli/doctor": (SHELL + ["cli/io", "cli/command"], POSIX + ["JSON"]),

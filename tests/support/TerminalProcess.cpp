@@ -13,7 +13,6 @@
 #include <sys/ioctl.h>
 #include <sys/wait.h>
 #include <system_error>
-#include <termios.h>
 #include <unistd.h>
 #include <utility>
 
@@ -74,6 +73,12 @@ std::string TerminalProcess::waitFor(std::string_view text) {
     }
 }
 
+std::string TerminalProcess::takeMore() {
+    if (output_.empty())
+        readMore();
+    return std::exchange(output_, {});
+}
+
 bool TerminalProcess::readMore() {
     pollfd watched{terminal_, POLLIN, 0};
     if (poll(&watched, 1, testTimeoutMilliseconds) <= 0)
@@ -102,9 +107,13 @@ void TerminalProcess::send(int signal) const {
 }
 
 bool TerminalProcess::echoes() const {
+    return (modes().c_lflag & ECHO) != 0;
+}
+
+termios TerminalProcess::modes() const {
     termios modes{};
     EXPECT_EQ(tcgetattr(terminal_, &modes), 0);
-    return (modes.c_lflag & ECHO) != 0;
+    return modes;
 }
 
 int TerminalProcess::wait() {

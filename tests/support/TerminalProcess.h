@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <termios.h>
 #include <vector>
 
 namespace wardlock::test {
@@ -24,6 +25,8 @@ public:
 
     /// Waits until the screen has shown the text since the last call, and answers everything up to its end.
     std::string waitFor(std::string_view text);
+    /// Waits for more output, and returns all that was not taken; empty when nothing more comes.
+    std::string takeMore();
     void type(std::string_view keys);
     void resize(Size size);
     void send(int signal) const;
@@ -31,6 +34,8 @@ public:
     void hangUp();
     /// Whether typed characters are shown now.
     bool echoes() const;
+    /// Returns how the terminal treats what is typed now.
+    termios modes() const;
     /// Waits for its end; its exit code, or -1 when a signal ended it.
     int wait();
     /// What was shown and not yet taken.

@@ -116,7 +116,7 @@ protected:
 
 TEST_P(FailingPageEntryInTerminal, LeavesItsReportAndNoChange) {
     failing.failAt(GetParam().point);
-    TerminalProcess terminal(command, {"settings", "--terminal"});
+    TerminalProcess terminal(command, {"settings", "--plain"});
     Turns turns = *turnsTo(GetParam().entry);
     // The first page has no way back, and lists this bundle before the other.
     turns.insert(turns.begin(), {question, "1\n"});

@@ -21,7 +21,7 @@ protected:
         environment.unset("DISPLAY");
         environment.unset("WAYLAND_DISPLAY");
     }
-    static std::vector<std::string> words() { return {"settings"}; }
+    static std::vector<std::string> words() { return {"settings", "--plain"}; }
     static std::string rule(int columns) {
         std::string rule;
         for (int column = 0; column < columns; ++column)
@@ -143,7 +143,7 @@ TEST_F(TerminalSettings, SurvivesTheAbortKeyAtThePasscodeAndRestoresTheEcho) {
 
 TEST_F(TerminalSettings, EndsWhenItsTerminalIsGone) {
     // As under nohup, where the signal that tells of it is ignored.
-    TerminalProcess terminal("/bin/sh", {"-c", "trap '' HUP; exec \"$0\" settings", command});
+    TerminalProcess terminal("/bin/sh", {"-c", "trap '' HUP; exec \"$0\" settings --plain", command});
     terminal.waitFor(question);
     terminal.hangUp();
     EXPECT_EQ(terminal.wait(), 1);
@@ -193,7 +193,7 @@ TEST_F(TerminalSettings, ClosesTheKeypadWhenSuspendedAndIgnoresTypedDigits) {
 
 TEST_F(TerminalSettings, StopsWhenSuspendedAndShowsTheTextTypedDuringTheStop) {
     // Only a process that somebody could continue is stopped: one of a shell's jobs.
-    TerminalProcess terminal("/bin/sh", {"-mc", "\"$0\" settings; echo left; read answer; fg", command});
+    TerminalProcess terminal("/bin/sh", {"-mc", "\"$0\" settings --plain; echo left; read answer; fg", command});
     terminal.waitFor(question);
     terminal.type("2\n");
     terminal.waitFor("cancels): ");

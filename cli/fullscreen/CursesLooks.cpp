@@ -1,0 +1,60 @@
+#include "cli/fullscreen/CursesLooks.h"
+
+#include "cli/fullscreen/Palette.h"
+
+#include <array>
+// Last: it defines macros.
+#define NCURSES_NOMACROS 1
+#include <curses.h>
+
+namespace wardlock::cli {
+
+namespace {
+
+struct Attributes {
+    attr_t attributes = A_NORMAL;
+    short pair = 0;
+};
+
+std::array<Attributes, roleCount> attributes;
+
+ColourDepth depthOfTerminal(ColourDepth wanted) {
+    if (wanted == ColourDepth::None || !has_colors() || start_color() == ERR || COLORS < 8)
+        return ColourDepth::None;
+    use_default_colors();
+    return COLORS >= 256 ? wanted : ColourDepth::Sixteen;
+}
+
+Attributes withColours(const Look& look, short pair, ColourDepth depth) {
+    const bool few = depth == ColourDepth::Sixteen;
+    const auto colour = [](Rgb rgb) { return rgb == ownColour ? short{-1} : paletteColour(rgb); };
+    init_pair(pair, few ? look.foreground8 : colour(look.foreground),
+              few ? look.background8 : colour(look.background));
+    // Few colours have no grey: half bright text replaces it.
+    return {(look.bold ? A_BOLD : A_NORMAL) | (few && look.dim ? A_DIM : A_NORMAL), pair};
+}
+
+Attributes withoutColours(const Look& look) {
+    return {(look.bold ? A_BOLD : A_NORMAL) | (look.dim ? A_DIM : A_NORMAL) |
+                (look.reverseWithoutColours ? A_REVERSE : A_NORMAL) |
+                (look.underlineWithoutColours ? A_UNDERLINE : A_NORMAL),
+            0};
+}
+
+} // namespace
+
+void setLooks(const TerminalTraits& traits) {
+    const ColourDepth depth = depthOfTerminal(traits.depth);
+    const auto looks = looksOn(traits.ground);
+    for (std::size_t role = 0; role < looks.size(); ++role)
+        attributes[role] = depth == ColourDepth::None
+                               ? withoutColours(looks[role])
+                               : withColours(looks[role], static_cast<short>(role + 1), depth);
+}
+
+void useLook(Role role) {
+    const Attributes& look = attributes[static_cast<std::size_t>(role)];
+    attr_set(look.attributes, look.pair, nullptr);
+}
+
+} // namespace wardlock::cli

@@ -1,0 +1,149 @@
+#include "cli/fullscreen/CursesTerminal.h"
+
+#include "cli/fullscreen/CursesKeys.h"
+#include "cli/fullscreen/CursesLooks.h"
+
+#include <array>
+#include <clocale>
+#include <csignal>
+#include <cstdio>
+#include <poll.h>
+#include <string>
+#include <sys/ioctl.h>
+#include <termios.h>
+#include <unistd.h>
+// Last: it defines macros.
+#define NCURSES_NOMACROS 1
+#include <curses.h>
+#include <term.h>
+
+namespace wardlock::cli {
+
+namespace {
+
+SCREEN* taken = nullptr;
+volatile std::sig_atomic_t shown = 0;
+/// The locale of characters before the terminal was taken.
+std::string localeBefore;
+
+/// The library installs handlers for signals. They would never run: the loop takes these signals.
+class KeptHandlers {
+public:
+    KeptHandlers() {
+        for (std::size_t i = 0; i < signals.size(); ++i)
+            sigaction(signals[i], nullptr, &before_[i]);
+    }
+    ~KeptHandlers() {
+        for (std::size_t i = 0; i < signals.size(); ++i)
+            sigaction(signals[i], &before_[i], nullptr);
+    }
+    KeptHandlers(const KeptHandlers&) = delete;
+    KeptHandlers& operator=(const KeptHandlers&) = delete;
+
+private:
+    static constexpr std::array signals{SIGINT, SIGTERM, SIGTSTP, SIGWINCH};
+    std::array<struct sigaction, signals.size()> before_{};
+};
+
+/// Returns a string of the terminal's description; null where it has none of that name.
+const char* capability(const char* name) {
+    const char* text = tigetstr(name);
+    // The library reports a name of another kind as -1.
+    return text == reinterpret_cast<const char*>(-1) ? nullptr : text;
+}
+
+void put(const char* name) {
+    if (const char* text = capability(name))
+        putp(text);
+    fflush(stdout);
+}
+
+/// Ctrl+\ would end the process and leave the terminal as it is; Ctrl+S would stop the output.
+void changeModes() {
+    cbreak();
+    noecho();
+    nonl();
+    termios modes{};
+    if (tcgetattr(STDIN_FILENO, &modes) != 0)
+        return;
+    modes.c_cc[VQUIT] = _POSIX_VDISABLE;
+    modes.c_iflag &= ~static_cast<tcflag_t>(IXON);
+    tcsetattr(STDIN_FILENO, TCSANOW, &modes);
+    def_prog_mode();
+}
+
+} // namespace
+
+std::unique_ptr<CursesTerminal> CursesTerminal::open(const TerminalTraits& traits) {
+    // The library writes characters in the encoding of the locale; numbers stay as they are.
+    localeBefore = std::setlocale(LC_CTYPE, nullptr);
+    std::setlocale(LC_CTYPE, traits.utf8 ? "C.UTF-8" : "C");
+    const KeptHandlers handlers;
+    use_env(false);
+    taken = newterm(nullptr, stdout, stdin);
+    if (!taken) {
+        std::setlocale(LC_CTYPE, localeBefore.c_str());
+        return nullptr;
+    }
+    std::unique_ptr<CursesTerminal> terminal(new CursesTerminal);
+    terminal->enter();
+    setLooks(traits);
+    return terminal;
+}
+
+CursesTerminal::~CursesTerminal() {
+    restore();
+    delscreen(taken);
+    taken = nullptr;
+    std::setlocale(LC_CTYPE, localeBefore.c_str());
+}
+
+void CursesTerminal::enter() {
+    shown = 1;
+    changeModes();
+    setKeys();
+    put("BE");
+}
+
+void CursesTerminal::restore() noexcept {
+    if (!shown)
+        return;
+    shown = 0;
+    put("BD");
+    curs_set(1);
+    endwin();
+}
+
+void CursesTerminal::suspend() {
+    restore();
+}
+
+void CursesTerminal::resume() {
+    shown = 1;
+    followSize();
+    clearok(curscr, true);
+    refresh();
+    put("BE");
+}
+
+void CursesTerminal::forgetScreen() {
+    reset_prog_mode();
+    clearok(curscr, true);
+}
+
+bool CursesTerminal::followSize() {
+    winsize size{};
+    if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) != 0 || size.ws_row == 0 || size.ws_col == 0)
+        return false;
+    if (!is_term_resized(size.ws_row, size.ws_col))
+        return false;
+    resizeterm(size.ws_row, size.ws_col);
+    return true;
+}
+
+bool CursesTerminal::isLost() const {
+    pollfd watched{STDIN_FILENO, POLLIN, 0};
+    return poll(&watched, 1, 0) > 0 && (watched.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0;
+}
+
+} // namespace wardlock::cli

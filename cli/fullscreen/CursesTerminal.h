@@ -1,0 +1,37 @@
+#pragma once
+
+#include "cli/fullscreen/TerminalTraits.h"
+
+#include <memory>
+
+namespace wardlock::cli {
+
+/// The terminal while a program has its whole screen: its second screen where it has one, keys without an
+/// echo, the mouse. One at a time; the terminal is as before once it is destroyed or restored.
+class CursesTerminal {
+public:
+    /// Takes the terminal of standard input and output. Returns null where nothing is known about it.
+    static std::unique_ptr<CursesTerminal> open(const TerminalTraits& traits);
+    ~CursesTerminal();
+    CursesTerminal(const CursesTerminal&) = delete;
+    CursesTerminal& operator=(const CursesTerminal&) = delete;
+
+    /// Gives the terminal back, for every end of the process. No effect where none was taken.
+    static void restore() noexcept;
+    /// Gives the terminal back until resume(), which draws everything again.
+    void suspend();
+    void resume();
+    /// Draws everything again with the next change: another program has written to the terminal.
+    void forgetScreen();
+
+    /// Takes on the size of the terminal. Returns whether it has changed.
+    bool followSize();
+    /// Whether the terminal is gone.
+    bool isLost() const;
+
+private:
+    CursesTerminal() = default;
+    void enter();
+};
+
+} // namespace wardlock::cli

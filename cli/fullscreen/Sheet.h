@@ -1,0 +1,31 @@
+#pragma once
+
+#include "cli/fullscreen/Canvas.h"
+#include "cli/fullscreen/Hint.h"
+#include "cli/fullscreen/Key.h"
+
+#include <string>
+#include <vector>
+
+namespace wardlock::cli {
+
+/// What covers the page and takes all keys: the keypad, an alert, the mail sheet, the help.
+class Sheet {
+public:
+    Sheet() = default;
+    virtual ~Sheet() = default;
+    Sheet(const Sheet&) = delete;
+    Sheet& operator=(const Sheet&) = delete;
+
+    virtual void draw(Canvas& canvas) = 0;
+    virtual void handle(const Key& key) = 0;
+    virtual std::vector<Hint> hints(const Glyphs& glyphs) const = 0;
+    /// Why the last key had no effect; empty when it had.
+    virtual const std::string& message() const = 0;
+};
+
+/// Returns the area of that size in the middle of the screen, above its last line; smaller where the screen
+/// is.
+Area centred(const Canvas& canvas, std::size_t lines, std::size_t columns);
+
+} // namespace wardlock::cli
