@@ -29,13 +29,10 @@ AlertSheet::AlertSheet(shell::SettingsApplication& settings,
 /// Enter pressed once too often must delete nothing.
 std::size_t AlertSheet::preferredItem() const {
     const auto& actions = alert_->actions();
-    const auto isSafe = [](const auto& action) {
-        return action->isEnabled() && action->style() == UIAlertActionStyle::Default;
-    };
-    auto found = std::ranges::find_if(actions, isSafe);
+    const auto styleOf = [](const auto& action) { return action->style(); };
+    auto found = std::ranges::find(actions, UIAlertActionStyle::Default, styleOf);
     if (found == actions.end())
-        found = std::ranges::find(actions, UIAlertActionStyle::Cancel,
-                                  [](const auto& action) { return action->style(); });
+        found = std::ranges::find(actions, UIAlertActionStyle::Cancel, styleOf);
     return fieldCount() + (found == actions.end() ? 0 : static_cast<std::size_t>(found - actions.begin()));
 }
 

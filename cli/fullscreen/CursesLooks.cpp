@@ -1,6 +1,6 @@
 #include "cli/fullscreen/CursesLooks.h"
 
-#include "cli/fullscreen/Palette.h"
+#include "cli/fullscreen/DirectColours.h"
 
 #include <array>
 // Last: it defines macros.
@@ -25,11 +25,18 @@ ColourDepth depthOfTerminal(ColourDepth wanted) {
     return COLORS >= 256 ? wanted : ColourDepth::Sixteen;
 }
 
-Attributes withColours(const Look& look, short pair, ColourDepth depth) {
+/// Returns the number of a colour of the terminal.
+short numberOf(Rgb colour, short direct, ColourDepth depth) {
+    if (colour == ownColour)
+        return -1;
+    return depth == ColourDepth::Full ? direct : paletteColour(colour);
+}
+
+Attributes withColours(const Look& look, std::size_t role, ColourDepth depth) {
+    const auto pair = static_cast<short>(role + 1);
     const bool few = depth == ColourDepth::Sixteen;
-    const auto colour = [](Rgb rgb) { return rgb == ownColour ? short{-1} : paletteColour(rgb); };
-    init_pair(pair, few ? look.foreground8 : colour(look.foreground),
-              few ? look.background8 : colour(look.background));
+    init_pair(pair, few ? look.foreground8 : numberOf(look.foreground, directForeground(role), depth),
+              few ? look.background8 : numberOf(look.background, directBackground(role), depth));
     // Few colours have no grey: half bright text replaces it.
     return {(look.bold ? A_BOLD : A_NORMAL) | (few && look.dim ? A_DIM : A_NORMAL), pair};
 }
@@ -47,9 +54,8 @@ void setLooks(const TerminalTraits& traits) {
     const ColourDepth depth = depthOfTerminal(traits.depth);
     const auto looks = looksOn(traits.ground);
     for (std::size_t role = 0; role < looks.size(); ++role)
-        attributes[role] = depth == ColourDepth::None
-                               ? withoutColours(looks[role])
-                               : withColours(looks[role], static_cast<short>(role + 1), depth);
+        attributes[role] =
+            depth == ColourDepth::None ? withoutColours(looks[role]) : withColours(looks[role], role, depth);
 }
 
 void useLook(Role role) {

@@ -2,6 +2,7 @@
 
 #include "cli/fullscreen/CursesKeys.h"
 #include "cli/fullscreen/CursesLooks.h"
+#include "cli/fullscreen/DirectColours.h"
 
 #include <array>
 #include <clocale>
@@ -80,14 +81,21 @@ std::unique_ptr<CursesTerminal> CursesTerminal::open(const TerminalTraits& trait
     std::setlocale(LC_CTYPE, traits.utf8 ? "C.UTF-8" : "C");
     const KeptHandlers handlers;
     use_env(false);
-    taken = newterm(nullptr, stdout, stdin);
+    TerminalTraits found = traits;
+    if (traits.depth == ColourDepth::Full) {
+        const DirectColours colours(looksOn(traits.ground));
+        taken = newterm(nullptr, stdout, stdin);
+        found.depth = colours.areFound() ? ColourDepth::Full : ColourDepth::Palette;
+    } else {
+        taken = newterm(nullptr, stdout, stdin);
+    }
     if (!taken) {
         std::setlocale(LC_CTYPE, localeBefore.c_str());
         return nullptr;
     }
     std::unique_ptr<CursesTerminal> terminal(new CursesTerminal);
     terminal->enter();
-    setLooks(traits);
+    setLooks(found);
     return terminal;
 }
 

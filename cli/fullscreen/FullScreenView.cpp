@@ -23,8 +23,7 @@ FullScreenView::FullScreenView(shell::SettingsApplication& settings, SettingsLoo
     : settings_(settings), loop_(loop), terminal_(terminal), canvas_(utf8), page_(settings, canvas_),
       changes_(settings.observe(*this)), turns_(loop.observeTurns([this] { turn(); })),
       suspensions_(loop.observeSuspensions([this] { terminal_.suspend(); })),
-      returns_(loop.observeReturns([this] { followStop(); })) {
-}
+      returns_(loop.observeReturns([this] { followStop(); })) {}
 
 void FullScreenView::followStop() {
     terminal_.resume();

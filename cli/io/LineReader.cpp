@@ -47,9 +47,18 @@ bool LineReader::readMore() {
     const ssize_t count = read(descriptor_, room.data(), room.size());
     if (count < 0 && errno != EINTR && errno != EAGAIN)
         throw std::system_error(errno, std::generic_category(), "read");
-    if (count > 0)
-        buffer_.append(room.data(), static_cast<std::size_t>(count));
-    return count != 0;
+    if (count <= 0)
+        return count != 0;
+    const std::string_view bytes(room.data(), static_cast<std::size_t>(count));
+    if (!edit_) {
+        buffer_ += bytes;
+        return true;
+    }
+    // A copy: what it calls may set another.
+    const auto edit = edit_;
+    const Edited edited = edit(bytes);
+    buffer_ += edited.bytes;
+    return !edited.ended;
 }
 
 } // namespace wardlock::cli

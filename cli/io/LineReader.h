@@ -3,6 +3,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace wardlock::cli {
 
@@ -21,6 +22,15 @@ public:
     std::optional<std::string> next();
     bool tooLong() const { return tooLong_; }
 
+    /// What is left of bytes that were read.
+    struct Edited {
+        std::string bytes = {};
+        /// Whether the input ends here.
+        bool ended = false;
+    };
+    /// Passes what is read through the function first; none for no function.
+    void setEdit(std::function<Edited(std::string_view bytes)> edit) { edit_ = std::move(edit); }
+
 private:
     /// Returns false at the end.
     bool readMore();
@@ -28,6 +38,7 @@ private:
 
     int descriptor_;
     std::function<bool(int)> wait_;
+    std::function<Edited(std::string_view)> edit_;
     std::string buffer_;
     bool ended_ = false;
     bool tooLong_ = false;

@@ -12,9 +12,11 @@ namespace wardlock::cli {
 
 namespace {
 
-/// The settings before the echo was switched off; valid while hidden.
+enum Mode : std::sig_atomic_t { Usual, Hiding, Unbuffering };
+
+/// The settings before they were changed; valid in any other mode than the usual one.
 termios before{};
-volatile std::sig_atomic_t hidden = 0;
+volatile std::sig_atomic_t mode = Usual;
 
 winsize size() {
     winsize size{};
@@ -28,15 +30,23 @@ std::string_view variable(const char* name) {
     return value ? value : "";
 }
 
-void hide() {
-    if (hidden || tcgetattr(STDIN_FILENO, &before) != 0)
+/// Changes the settings; no effect where they have been changed already.
+void enter(std::sig_atomic_t wanted) {
+    if (mode != Usual || wanted == Usual || tcgetattr(STDIN_FILENO, &before) != 0)
         return;
-    termios quiet = before;
-    quiet.c_lflag &= ~static_cast<tcflag_t>(ECHO);
-    quiet.c_lflag |= ECHONL;
-    quiet.c_cc[VQUIT] = _POSIX_VDISABLE;
-    hidden = 1;
-    tcsetattr(STDIN_FILENO, TCSAFLUSH, &quiet);
+    termios changed = before;
+    changed.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+    changed.c_cc[VQUIT] = _POSIX_VDISABLE;
+    if (wanted == Hiding) {
+        changed.c_lflag |= ECHONL;
+    } else {
+        changed.c_lflag &= ~static_cast<tcflag_t>(ICANON);
+        changed.c_cc[VMIN] = 1;
+        changed.c_cc[VTIME] = 0;
+    }
+    mode = wanted;
+    // What was typed before a hidden prompt is no part of its answer; what is kept is.
+    tcsetattr(STDIN_FILENO, wanted == Hiding ? TCSAFLUSH : TCSANOW, &changed);
 }
 
 } // namespace
@@ -67,26 +77,33 @@ std::size_t Terminal::lines() {
 }
 
 Terminal::Hidden::Hidden() {
-    hide();
+    enter(Hiding);
 }
 
 Terminal::Hidden::~Hidden() {
     restore();
 }
 
-Terminal::GivenBack::GivenBack() : wasHidden_(hidden) {
+Terminal::Unbuffered::Unbuffered() {
+    enter(Unbuffering);
+}
+
+Terminal::Unbuffered::~Unbuffered() {
+    restore();
+}
+
+Terminal::GivenBack::GivenBack() : mode_(mode) {
     restore();
 }
 
 Terminal::GivenBack::~GivenBack() {
-    if (wasHidden_)
-        hide();
+    enter(mode_);
 }
 
 void Terminal::restore() {
-    if (!hidden)
+    if (mode == Usual)
         return;
-    hidden = 0;
+    mode = Usual;
     tcsetattr(STDIN_FILENO, TCSANOW, &before);
 }
 

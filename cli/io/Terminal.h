@@ -25,6 +25,15 @@ public:
         Hidden(const Hidden&) = delete;
         Hidden& operator=(const Hidden&) = delete;
     };
+    /// While this exists, what is typed comes at once and is neither shown nor edited by the terminal; what
+    /// has been typed of a line already comes first.
+    class Unbuffered {
+    public:
+        Unbuffered();
+        ~Unbuffered();
+        Unbuffered(const Unbuffered&) = delete;
+        Unbuffered& operator=(const Unbuffered&) = delete;
+    };
     /// While this exists, the terminal has its former settings, even if typed text was hidden.
     class GivenBack {
     public:
@@ -34,7 +43,7 @@ public:
         GivenBack& operator=(const GivenBack&) = delete;
 
     private:
-        const bool wasHidden_;
+        const int mode_;
     };
     /// Restores the former settings; for every end of the process.
     static void restore();

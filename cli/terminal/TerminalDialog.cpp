@@ -35,12 +35,23 @@ std::optional<std::string> TerminalDialog::askText(const std::string& prompt) {
     Output::text(prompt);
     Output::flush();
     auto line = input_.next();
+    input_.setEdit({});
+    typed_.reset();
     prompt_.clear();
     if (!line) {
         over_ = true;
         Output::line("");
     }
     return line;
+}
+
+void TerminalDialog::repeatPrompt() {
+    if (!typed_ && Terminal::readsInput()) {
+        typed_.emplace();
+        input_.setEdit([this](std::string_view bytes) { return typed_->edit(bytes); });
+    }
+    Output::text(prompt_ + (typed_ ? printable(typed_->text()) : std::string()));
+    Output::flush();
 }
 
 std::optional<std::string> TerminalDialog::ask(const std::string& prompt) {

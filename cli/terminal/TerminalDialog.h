@@ -3,6 +3,7 @@
 #include "cli/io/LineReader.h"
 #include "cli/io/SettingsLoop.h"
 #include "cli/terminal/TextStyle.h"
+#include "cli/terminal/TypedLine.h"
 #include "shell/input/InputResult.h"
 
 #include <optional>
@@ -24,6 +25,9 @@ public:
     /// As ask(), with all blanks.
     std::optional<std::string> askText(const std::string& prompt);
 
+    /// Prints the prompt that waits, after other output, with what has been typed.
+    void repeatPrompt();
+
     void printError(const std::string& sentence);
     /// Prints why the input was refused; nothing when it was not.
     void printRefusal(const shell::InputResult& answer);
@@ -40,6 +44,7 @@ private:
     TextStyle style_;
     LineReader input_;
     std::string prompt_;
+    std::optional<TypedLine> typed_;
     bool over_ = false;
 };
 

@@ -49,8 +49,7 @@ void TerminalView::redrawIfStale() {
     Output::line("");
     showNotice();
     showPage();
-    Output::text(dialog_.prompt());
-    Output::flush();
+    dialog_.repeatPrompt();
 }
 
 void TerminalView::showPage() {

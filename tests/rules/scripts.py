@@ -21,7 +21,7 @@ WRONG = {
     "fuzz/make-plans": [["value"]],
     "packaging/build": [["wardlock"]],
     "packaging/try": [["--keep"], ["folder"]],
-    "run": [["--device-root"], ["--terminal", "--dark"], ["folder"]],
+    "run": [["--device-root"], ["--terminal", "--dark"], ["--plain", "--light"], ["folder"]],
     "test": [["--preset"], ["--preset", "nonsense"], ["--preset", "package"], ["--preset", "--help"],
              ["--sanitize", "--coverage"], ["--coverage", "--preset", "dev"], ["--sanitize", "--sanitize"],
              ["one", "another"], ["-x"]],
@@ -49,7 +49,7 @@ WRONG = {
 }
 # What its help has to tell of, where that is more than how it is called.
 OPTIONS = {
-    "run": ["--device-root", "--screenshots", "--terminal"],
+    "run": ["--device-root", "--plain", "--screenshots", "--terminal"],
     "test": ["--preset", "--sanitize", "--coverage"],
 }
 

@@ -135,7 +135,7 @@ TEST_F(FullScreenEnd, GivesTheTerminalBackWhileItIsSuspended) {
     EXPECT_NE(shell.modes().c_lflag & ECHO, 0U);
 }
 
-TEST_F(FullScreenEnd, DrawsAgainWhatAnotherProgramWroteOver) {
+TEST_F(FullScreenEnd, DrawsTheScreenAgainAfterAStop) {
     open();
     screen.waitForLine(0, "  ‹ Settings                        Wardlock                             + Add");
     screen.send(SIGSTOP);

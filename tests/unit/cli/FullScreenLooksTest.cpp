@@ -48,6 +48,18 @@ TEST_F(FullScreenLooks, FollowsTheGround) {
     EXPECT_NE(light->cellAt("‹").foreground, dark->cellAt("‹").foreground);
 }
 
+TEST_F(FullScreenLooks, UsesColoursOfTwentyFourBitsWhereTheTerminalHasThem) {
+    environment.set("COLORTERM", "truecolor");
+    environment.set("COLORFGBG", "15;0");
+    const auto screen = open();
+    screen->waitForBackground("Enabled", "#0a4f9e");
+    EXPECT_EQ(screen->cellAt("Enabled").foreground, "#ffffff");
+    EXPECT_EQ(screen->cellAt("‹").foreground, "#64a8ff");
+    environment.set("TERM", "xterm");
+    const auto few = open();
+    few->waitForBackground("Enabled", "index 4");
+}
+
 TEST_F(FullScreenLooks, UsesNoColourWhereNoneIsWanted) {
     environment.set("NO_COLOR", "1");
     const auto screen = open();
@@ -73,6 +85,8 @@ TEST_F(FullScreenLooks, UsesNoColourOfATerminalWithoutAny) {
 
 TEST_F(FullScreenLooks, DrawsWithAsciiOnATerminalWithoutUtf8) {
     environment.set("LC_ALL", "C");
+    // The emulator mistakes the end of a line that is written by repetition.
+    environment.set("TERM", "tmux-256color");
     writeAccounts({"Jürgen", "中文"});
     const auto screen = open();
     screen->waitForLine(0, "  < Settings                        Wardlock                             + Add");

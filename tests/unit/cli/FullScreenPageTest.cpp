@@ -66,7 +66,7 @@ TEST_F(FullScreenPage, TapsTheRowWithTheCursor) {
     EXPECT_TRUE(documentHolds("<key>kEnabled</key>\n\t<true/>"));
 }
 
-TEST_F(FullScreenPage, ReturnsToTheRowThatItCameFrom) {
+TEST_F(FullScreenPage, ReturnsToTheRowOfThePageThatItLeaves) {
     const auto screen = open();
     tap(*screen, "Default");
     screen->waitFor("‹ Wardlock");
@@ -175,13 +175,10 @@ TEST_F(FullScreenPage, TakesTheMouse) {
 TEST_F(FullScreenPage, FollowsTheSizeOfTheTerminal) {
     const auto screen = open();
     screen->resize({50, 20});
-    screen->waitUntil([&] { return screen->line(3).ends_with("on ━━●") && screen->line(3).size() < 60; },
-                      "fifty columns");
+    screen->waitForLine(3, "  Enabled" + std::string(32, ' ') + "on ━━●  █");
     screen->waitForLine(0, "  ‹ Settings         Wardlock              + Add");
     screen->resize({120, 30});
-    screen->waitUntil(
-        [&] { return screen->line(3) == std::string(12, ' ') + "Enabled" + std::string(82, ' ') + "on ━━●"; },
-        "a hundred columns in the middle");
+    screen->waitForLine(3, std::string(12, ' ') + "Enabled" + std::string(82, ' ') + "on ━━●");
     screen->resize({9, 2});
     screen->resize({80, 24});
     screen->waitFor("  Enabled                                                              on ━━●");

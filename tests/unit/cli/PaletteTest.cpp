@@ -33,7 +33,7 @@ double leastContrast(Ground ground, Rgb behind) {
     return least;
 }
 
-TEST(Palette, IsLegibleOnTheGroundThatItIsFor) {
+TEST(Palette, IsLegibleOnItsGround) {
     EXPECT_GE(leastContrast(Ground::Dark, 0x000000), 4.5);
     EXPECT_GE(leastContrast(Ground::Dark, 0x1E1E1E), 4.5);
     EXPECT_GE(leastContrast(Ground::Light, 0xFFFFFF), 4.5);

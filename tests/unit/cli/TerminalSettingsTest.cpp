@@ -64,7 +64,7 @@ TEST_F(TerminalSettings, AsksForTextAndGoesBack) {
     TerminalProcess terminal(command, words());
     terminal.waitFor(question);
     terminal.type("3\n");
-    EXPECT_NE(terminal.waitFor(question).find("Delete Account"), std::string::npos);
+    EXPECT_NE(terminal.waitFor(question).find("Restricted Apps"), std::string::npos);
     terminal.type("2\n");
     terminal.waitFor("clears it): ");
     terminal.type("  Jürgen 中文 \n");
@@ -193,7 +193,8 @@ TEST_F(TerminalSettings, ClosesTheKeypadWhenSuspendedAndIgnoresTypedDigits) {
 
 TEST_F(TerminalSettings, StopsWhenSuspendedAndShowsTheTextTypedDuringTheStop) {
     // Only a process that somebody could continue is stopped: one of a shell's jobs.
-    TerminalProcess terminal("/bin/sh", {"-mc", "\"$0\" settings --plain; echo left; read answer; fg", command});
+    TerminalProcess terminal("/bin/sh",
+                             {"-mc", "\"$0\" settings --plain; echo left; read answer; fg", command});
     terminal.waitFor(question);
     terminal.type("2\n");
     terminal.waitFor("cancels): ");
