@@ -42,14 +42,8 @@ bool FullScreenView::run() {
     return true;
 }
 
-void FullScreenView::rowInserted(shell::Page& page, platform::NSIndexPath path, bool) {
-    pageChanged();
-    if (&page == settings_.screen().page().get())
-        page_.showRow(path);
-}
-
 void FullScreenView::pageChanged() {
-    page_.forgetLines();
+    page_.forgetLines(handling_ ? PageView::Change::Own : PageView::Change::Foreign);
     stale_ = true;
 }
 
@@ -87,10 +81,12 @@ void FullScreenView::handle(const Key& key) {
     if (key.isControl('l'))
         return terminal_.forgetScreen();
     followSheets();
+    handling_ = true;
     if (sheet_)
         sheet_->handle(key);
     else
         handleOnPage(key);
+    handling_ = false;
     followSheets();
 }
 

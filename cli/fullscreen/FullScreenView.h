@@ -29,7 +29,7 @@ private:
     void pagesChanged(bool) override { pageChanged(); }
     void pageChanged(shell::Page&) override { pageChanged(); }
     void listReset(shell::Page&) override { pageChanged(); }
-    void rowInserted(shell::Page& page, platform::NSIndexPath path, bool animated) override;
+    void rowInserted(shell::Page&, platform::NSIndexPath, bool) override { pageChanged(); }
     void contentChanged(shell::Page&) override { pageChanged(); }
     void rowChanged(shell::Page&, platform::NSIndexPath) override { stale_ = true; }
     void tableRowChanged(shell::Page&, platform::NSIndexPath) override { stale_ = true; }
@@ -59,6 +59,8 @@ private:
     /// What sheet_ shows; null for the help.
     const void* shown_ = nullptr;
     bool stale_ = true;
+    /// Whether what changes now is the effect of a key.
+    bool handling_ = false;
     bool over_ = false;
     platform::Subscription changes_;
     platform::Subscription turns_;

@@ -5,6 +5,7 @@
 #include "cli/io/TextWidth.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace wardlock::cli {
 
@@ -57,11 +58,9 @@ std::vector<Hint> PageView::hints() {
     return hints;
 }
 
-void PageView::showRow(platform::NSIndexPath path) {
-    update();
-    if (const auto line = state_.lines.find(path))
-        state_.cursor.moveTo(state_.lines, *line);
-    rememberCursorRow();
+void PageView::forgetLines(Change change) {
+    linesStand_ = false;
+    mayHaveAddedRow_ = mayHaveAddedRow_ || change == Change::Own;
 }
 
 void PageView::update() {
@@ -70,13 +69,33 @@ void PageView::update() {
     const PageLayout layout(canvas_);
     if (!linesStand_ || columns_ != layout.textColumns()) {
         columns_ = layout.textColumns();
-        state_.lines = PageLines(*page_, columns_, find_ ? find_->text() : std::string());
-        linesStand_ = true;
-        followCursorRow();
+        readLines();
     }
     state_.cursor.fit(state_.lines, layout.body.lines);
     state_.link = std::min(state_.link, linkCount());
     rememberCursorRow();
+}
+
+void PageView::readLines() {
+    const PageLines before =
+        std::exchange(state_.lines, PageLines(*page_, columns_, find_ ? find_->text() : std::string()));
+    linesStand_ = true;
+    const auto added =
+        std::exchange(mayHaveAddedRow_, false) && !find_ && page_->isList() ? addedRow(before) : std::nullopt;
+    if (added)
+        state_.cursor.moveTo(state_.lines, *added);
+    else
+        followCursorRow();
+}
+
+/// Returns the last row of the section that has one more than before; none where nothing else is the same.
+std::optional<std::size_t> PageView::addedRow(const PageLines& before) const {
+    if (!before.hasRows() || state_.lines.rowCount() != before.rowCount() + 1)
+        return std::nullopt;
+    for (std::size_t index = 0; index < state_.lines.size(); ++index)
+        if (state_.lines[index].isRow() && !before.find(state_.lines[index].path))
+            return index;
+    return std::nullopt;
 }
 
 void PageView::followPage() {
@@ -99,6 +118,7 @@ void PageView::followPage() {
     pressed_.reset();
     cursorLabel_.clear();
     linesStand_ = false;
+    mayHaveAddedRow_ = false;
 }
 
 /// The application knows what is being edited; another process may have ended that.

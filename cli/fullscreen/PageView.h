@@ -24,14 +24,15 @@ public:
     /// Returns false for a key that means nothing on a page.
     bool handle(const Key& key);
 
-    /// To be called when the page shows other rows, or texts.
-    void forgetLines() { linesStand_ = false; }
+    /// Who changed the page.
+    enum class Change { Own, Foreign };
+    /// To be called when the page shows other rows, or texts. The cursor follows its row, and goes to a row
+    /// that the user has added.
+    void forgetLines(Change change);
     /// Whether keys are text of a field now.
     bool isTyping() const { return editor_ || find_; }
     bool isFinding() const { return find_ && !editor_; }
     std::vector<Hint> hints();
-    /// Moves the cursor to a new row.
-    void showRow(platform::NSIndexPath path);
     /// Why the last key had no effect; empty when it had. It is shown until the next key.
     const std::string& message() const { return message_; }
 
@@ -44,6 +45,8 @@ private:
     };
 
     void update();
+    void readLines();
+    std::optional<std::size_t> addedRow(const PageLines& before) const;
     void followPage();
     void followEdit();
     void followCursorRow();
@@ -89,6 +92,7 @@ private:
     std::string cursorLabel_;
     std::size_t columns_ = 0;
     bool linesStand_ = false;
+    bool mayHaveAddedRow_ = false;
     std::optional<Press> pressed_;
 };
 
