@@ -36,6 +36,9 @@ constexpr std::array allVariables{
              "otherwise a private bus of Wardlock"},
     Variable{"DISPLAY, WAYLAND_DISPLAY",
              "the display for the window; without one, Settings opens in the\nterminal"},
+    Variable{"NO_COLOR", "set to anything, Settings in the terminal has no colours"},
+    Variable{"COLORTERM, COLORFGBG", "\"truecolor\" for 24-bit colours in the terminal, and its text's and\n"
+                                     "background's colours, of which the last tells dark from light"},
 };
 
 constexpr std::array allExitCodes{

@@ -36,13 +36,8 @@ std::size_t AlertSheet::preferredItem() const {
     return fieldCount() + (found == actions.end() ? 0 : static_cast<std::size_t>(found - actions.begin()));
 }
 
-void AlertSheet::report(const shell::InputResult& result) {
-    if (!result)
-        message_ = "Not possible: " + result.reason() + ".";
-}
-
 void AlertSheet::handle(const Key& key) {
-    message_.clear();
+    setMessage({});
     followFields();
     const bool inField = focus_ < fieldCount();
     if (key.kind == KeyKind::Escape)

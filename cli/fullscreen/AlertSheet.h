@@ -18,7 +18,6 @@ public:
     void draw(Canvas& canvas) override;
     void handle(const Key& key) override;
     std::vector<Hint> hints(const Glyphs& glyphs) const override;
-    const std::string& message() const override { return message_; }
 
 private:
     std::size_t fieldCount() const { return editors_.size(); }
@@ -29,7 +28,6 @@ private:
     void press(std::size_t item);
     void type(const Key& key);
     void cancel();
-    void report(const shell::InputResult& result);
     void followFields();
     void drawFields(Canvas& canvas, Area& rest);
     void drawButtons(Canvas& canvas, const Area& rest);
@@ -44,7 +42,6 @@ private:
     std::size_t focus_ = 0;
     /// Where each of them was drawn.
     std::vector<Area> areas_;
-    std::string message_;
 };
 
 } // namespace wardlock::cli

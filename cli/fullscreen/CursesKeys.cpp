@@ -1,9 +1,9 @@
 #include "cli/fullscreen/CursesKeys.h"
 
+#include "cli/fullscreen/MouseReport.h"
 #include "platform/base/Utf8.h"
 
 #include <array>
-#include <iterator>
 #include <utility>
 // Last: it defines macros.
 #define NCURSES_NOMACROS 1
@@ -61,19 +61,34 @@ constexpr std::array named{
     Named{127, KeyKind::Backspace},
 };
 
-/// The library makes one event of a press and a release that come at once, and of several of them.
-constexpr mmask_t clicks[]{BUTTON1_CLICKED, BUTTON1_DOUBLE_CLICKED, BUTTON1_TRIPLE_CLICKED};
-constexpr mmask_t allClicks = clicks[0] | clicks[1] | clicks[2];
-
 /// Returns how many bytes a character of UTF-8 takes that begins so; 1 where none does.
 std::size_t lengthAfter(unsigned char lead) {
     return lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : lead >= 0xC0 ? 2 : 1;
 }
 
-/// Takes the rest of a sequence that the library does not know: up to its final byte.
-void skipSequence() {
-    for (int code = getch(); code != ERR && (code < 0x40 || code > 0x7E); code = getch()) {
+/// Returns the next byte of a sequence, which comes at once or soon.
+int nextOfSequence() {
+    timeout(escapeMilliseconds);
+    const int code = getch();
+    nodelay(stdscr, true);
+    return code;
+}
+
+/// Returns the rest of a sequence that the library does not know, up to its final byte.
+std::string restOfSequence() {
+    constexpr std::size_t longest = 64;
+    constexpr std::size_t mouseBytes = 4;
+    std::string rest;
+    while (rest.size() < longest) {
+        const int code = nextOfSequence();
+        if (code < 0 || code > 255)
+            break;
+        rest += static_cast<char>(code);
+        const bool ends = code >= 0x40 && code <= 0x7E;
+        if (rest[0] == 'M' ? rest.size() == mouseBytes : ends)
+            break;
     }
+    return rest;
 }
 
 } // namespace
@@ -86,16 +101,12 @@ void setKeys() {
     for (const auto& sequence : sequences)
         if (!key_defined(sequence.bytes) || sequence.code > KEY_MAX)
             define_key(sequence.bytes, sequence.code);
-    mouseinterval(0);
-    mousemask(BUTTON1_PRESSED | BUTTON1_RELEASED | allClicks | BUTTON4_PRESSED | BUTTON5_PRESSED, nullptr);
+    mousemask(BUTTON1_PRESSED | BUTTON1_RELEASED | BUTTON4_PRESSED | BUTTON5_PRESSED, nullptr);
+    // The library would join clicks that come together, wherever they are: its mouse is only switched on.
+    define_key(nullptr, KEY_MOUSE);
 }
 
 std::optional<Key> KeyReader::next() {
-    if (!mouse_.empty()) {
-        Key key = std::move(mouse_.front());
-        mouse_.pop_front();
-        return key;
-    }
     for (int code = getch(); code != ERR; code = getch())
         if (auto key = keyOf(code))
             return key;
@@ -115,37 +126,12 @@ std::optional<Key> KeyReader::keyOf(int code) {
         takePasted(code);
         return std::nullopt;
     }
-    if (code == KEY_MOUSE) {
-        takeMouse();
-        return next();
-    }
     for (const Named& known : named)
         if (known.code == code)
             return Key{.kind = known.kind};
     if (code == escapeByte)
         return afterEscape();
     return code >= 0 && code < 256 ? keyOfByte(code) : std::nullopt;
-}
-
-void KeyReader::takeMouse() {
-    MEVENT event{};
-    if (getmouse(&event) == ERR || event.x < 0 || event.y < 0)
-        return;
-    const Point point{static_cast<std::size_t>(event.y), static_cast<std::size_t>(event.x)};
-    const auto add = [&](KeyKind kind) { mouse_.push_back({.kind = kind, .point = point}); };
-    if (event.bstate & BUTTON4_PRESSED)
-        add(KeyKind::WheelUp);
-    if (event.bstate & BUTTON5_PRESSED)
-        add(KeyKind::WheelDown);
-    if (event.bstate & BUTTON1_PRESSED)
-        add(KeyKind::MousePress);
-    if (event.bstate & BUTTON1_RELEASED)
-        add(KeyKind::MouseRelease);
-    for (std::size_t count = 1; count <= std::size(clicks); ++count)
-        for (std::size_t click = 0; (event.bstate & clicks[count - 1]) && click < count; ++click) {
-            add(KeyKind::MousePress);
-            add(KeyKind::MouseRelease);
-        }
 }
 
 void KeyReader::takePasted(int code) {
@@ -177,17 +163,19 @@ std::optional<Key> KeyReader::keyOfByte(int byte) {
     return std::nullopt;
 }
 
-/// Escape alone, or the beginning of a sequence that the library does not know. Alt and a letter come as
-/// Escape and the letter; they mean nothing here.
+/// Escape alone, or the beginning of a sequence that the library does not know. A slow connection may bring
+/// Escape and the next key at once.
 std::optional<Key> KeyReader::afterEscape() {
     const int code = getch();
-    if (code == ERR || code == escapeByte)
-        return Key{.kind = KeyKind::Escape};
     if (code == '[')
-        skipSequence();
-    else if (code == 'O')
+        return mouseKey(restOfSequence());
+    if (code == 'O') {
         getch();
-    return std::nullopt;
+        return std::nullopt;
+    }
+    if (code != ERR)
+        ungetch(code);
+    return Key{.kind = KeyKind::Escape};
 }
 
 } // namespace wardlock::cli

@@ -2,7 +2,6 @@
 
 #include "cli/fullscreen/Key.h"
 
-#include <deque>
 #include <optional>
 #include <string>
 
@@ -23,15 +22,12 @@ private:
     std::optional<Key> keyOf(int code);
     std::optional<Key> keyOfByte(int byte);
     std::optional<Key> afterEscape();
-    void takeMouse();
     void takePasted(int code);
 
     /// The first bytes of a character.
     std::string bytes_;
     std::string pasted_;
     bool pasting_ = false;
-    /// What one event of the mouse stood for and was not returned yet.
-    std::deque<Key> mouse_;
 };
 
 } // namespace wardlock::cli

@@ -129,7 +129,7 @@ void CursesTerminal::suspend() {
 void CursesTerminal::resume() {
     shown = 1;
     followSize();
-    clearok(curscr, true);
+    forgetScreen();
     refresh();
     put("BE");
 }

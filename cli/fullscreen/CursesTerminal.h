@@ -21,7 +21,7 @@ public:
     /// Gives the terminal back until resume(), which draws everything again.
     void suspend();
     void resume();
-    /// Draws everything again with the next change: another program has written to the terminal.
+    /// Draws everything again the next time: another program has used the terminal.
     void forgetScreen();
 
     /// Takes on the size of the terminal. Returns whether it has changed.

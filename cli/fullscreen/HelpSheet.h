@@ -14,7 +14,6 @@ public:
     void draw(Canvas& canvas) override;
     void handle(const Key& key) override;
     std::vector<Hint> hints(const Glyphs& glyphs) const override;
-    const std::string& message() const override { return message_; }
     bool isClosed() const { return closed_; }
 
 private:
@@ -22,7 +21,6 @@ private:
     std::size_t lastTop_ = 0;
     std::size_t height_ = 1;
     bool closed_ = false;
-    std::string message_;
 };
 
 } // namespace wardlock::cli

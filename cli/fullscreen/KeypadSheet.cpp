@@ -57,7 +57,7 @@ void KeypadSheet::drawDigits(Canvas& canvas, const Area& area) {
 }
 
 void KeypadSheet::handle(const Key& key) {
-    message_.clear();
+    setMessage({});
     if (key.kind == KeyKind::Escape)
         report(settings_.sheets().cancelKeypad());
     else if (key.kind == KeyKind::Backspace || key.kind == KeyKind::Delete)
@@ -80,12 +80,7 @@ void KeypadSheet::press(int digit) {
     const int failures = keypad_->failures();
     report(settings_.sheets().pressDigit(digit));
     if (keypad_->failures() > failures)
-        message_ = "Wrong passcode.";
-}
-
-void KeypadSheet::report(const shell::InputResult& result) {
-    if (!result)
-        message_ = "Not possible: " + result.reason() + ".";
+        setMessage("Wrong passcode.");
 }
 
 std::vector<Hint> KeypadSheet::hints(const Glyphs&) const {

@@ -21,13 +21,11 @@ public:
     void draw(Canvas& canvas) override;
     void handle(const Key& key) override;
     std::vector<Hint> hints(const Glyphs& glyphs) const override;
-    const std::string& message() const override { return message_; }
     bool shows(const Keypad& keypad) const { return keypad_.get() == &keypad; }
 
 private:
     void press(int digit);
     void pressAt(Point point);
-    void report(const shell::InputResult& result);
     void drawDots(Canvas& canvas, const Area& line);
     void drawDigits(Canvas& canvas, const Area& area);
 
@@ -35,7 +33,6 @@ private:
     std::shared_ptr<Keypad> keypad_;
     /// Where each digit was drawn; empty where there was no room.
     std::array<Area, 10> digits_{};
-    std::string message_;
 };
 
 } // namespace wardlock::cli

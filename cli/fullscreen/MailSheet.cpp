@@ -24,15 +24,10 @@ MailSheet::MailSheet(shell::SettingsApplication& settings,
     body_.moveTo(0);
 }
 
-void MailSheet::report(const shell::InputResult& result) {
-    if (!result)
-        message_ = "Not possible: " + result.reason() + ".";
-}
-
 void MailSheet::handle(const Key& key) {
-    message_.clear();
+    setMessage({});
     if (composer_->isSending())
-        message_ = "The mail is being sent.";
+        setMessage("The mail is being sent.");
     else if (key.kind == KeyKind::Escape)
         report(settings_.sheets().cancelMail());
     else if (key.isControl('s'))
@@ -92,7 +87,7 @@ void MailSheet::press(std::size_t item) {
     else if (item == cancel())
         report(settings_.sheets().cancelMail());
     else if (isAttachment(item))
-        message_ = "Delete removes the attachment.";
+        setMessage("Delete removes the attachment.");
 }
 
 void MailSheet::type(const Key& key) {

@@ -19,7 +19,6 @@ public:
     void draw(Canvas& canvas) override;
     void handle(const Key& key) override;
     std::vector<Hint> hints(const Glyphs& glyphs) const override;
-    const std::string& message() const override { return message_; }
 
 private:
     /// The items that the focus visits; the attachments are between Body and Send.
@@ -36,7 +35,6 @@ private:
     void press(std::size_t item);
     void type(const Key& key);
     void pressMouse(Point point);
-    void report(const shell::InputResult& result);
 
     void drawHeader(Canvas& canvas, const Area& area);
     void drawField(Canvas& canvas, Area line, Item item, const std::string& label);
@@ -52,7 +50,6 @@ private:
     /// Where each item was drawn, and the first line of the text that was.
     std::vector<Area> areas_;
     std::size_t bodyTop_ = 0;
-    std::string message_;
 };
 
 } // namespace wardlock::cli

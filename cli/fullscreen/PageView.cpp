@@ -1,6 +1,7 @@
 #include "cli/fullscreen/PageView.h"
 
 #include "cli/fullscreen/FieldPainter.h"
+#include "cli/io/Refusal.h"
 #include "cli/io/RowText.h"
 #include "cli/io/TextWidth.h"
 
@@ -160,8 +161,7 @@ std::size_t PageView::linkCount() const {
 }
 
 void PageView::report(const shell::InputResult& result) {
-    if (!result)
-        message_ = "Not possible: " + result.reason() + ".";
+    message_ = refusalText(result);
 }
 
 bool PageView::handle(const Key& key) {

@@ -84,6 +84,8 @@ Area RowPainter::track() const {
 
 void RowPainter::drawSlider(const Row& row) {
     const Area track = this->track();
+    if (track.columns < 2)
+        return drawTexts(rowLabel(row), Role::Text, row.text, Role::Text);
     const double range = row.max - row.min;
     const double part = range > 0 ? (row.position() - row.min) / range : 0;
     const std::size_t before =

@@ -3,8 +3,10 @@
 #include "cli/fullscreen/Canvas.h"
 #include "cli/fullscreen/Hint.h"
 #include "cli/fullscreen/Key.h"
+#include "cli/io/Refusal.h"
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace wardlock::cli {
@@ -21,7 +23,15 @@ public:
     virtual void handle(const Key& key) = 0;
     virtual std::vector<Hint> hints(const Glyphs& glyphs) const = 0;
     /// Why the last key had no effect; empty when it had.
-    virtual const std::string& message() const = 0;
+    const std::string& message() const { return message_; }
+
+protected:
+    void setMessage(std::string message) { message_ = std::move(message); }
+    /// Has the reason as the message when the input was refused.
+    void report(const shell::InputResult& result) { message_ = refusalText(result); }
+
+private:
+    std::string message_;
 };
 
 /// Returns the area of that size in the middle of the screen, above its last line; smaller where the screen

@@ -1,6 +1,7 @@
 #include "cli/terminal/TerminalDialog.h"
 
 #include "cli/io/Output.h"
+#include "cli/io/Refusal.h"
 #include "cli/io/Terminal.h"
 #include "cli/io/TextWidth.h"
 
@@ -71,7 +72,7 @@ void TerminalDialog::printError(const std::string& sentence) {
 
 void TerminalDialog::printRefusal(const shell::InputResult& answer) {
     if (!answer)
-        printError("Not possible: " + answer.reason() + ".");
+        printError(refusalText(answer));
 }
 
 void TerminalDialog::print(const std::string& text) {

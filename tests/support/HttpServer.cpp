@@ -56,10 +56,13 @@ std::string response(const std::string& status, const std::string& header, const
 }
 
 /// Of a proxy the whole address is requested.
+std::string pathOf(const std::string& target) {
+    return target.starts_with("http://") ? target.substr(target.find('/', 7)) : target;
+}
+
 std::string requestedPath(const std::string& request) {
     const std::size_t start = request.find(' ') + 1;
-    const std::string target = request.substr(start, request.find(' ', start) - start);
-    return target.starts_with("http://") ? target.substr(target.find('/', 7)) : target;
+    return pathOf(request.substr(start, request.find(' ', start) - start));
 }
 
 } // namespace
@@ -103,8 +106,8 @@ void HttpServer::hang(const std::string& path) {
 
 void HttpServer::answerRaw(const std::string& path, const std::string& bytes) {
     const std::lock_guard lock(mutex_);
-    responses_[path] = bytes;
-    endless_.erase(path);
+    responses_[pathOf(path)] = bytes;
+    endless_.erase(pathOf(path));
 }
 
 std::string HttpServer::url(const std::string& path) const {

@@ -130,6 +130,17 @@ TEST_F(FullScreenPage, BeginsToFindWithALetter) {
     screen->waitFor("‹ Wardlock");
 }
 
+TEST_F(FullScreenPage, TakesAKeyThatComesTogetherWithEscape) {
+    const auto screen = open();
+    screen->type("/pass");
+    screen->waitFor("Find: pass");
+    screen->type(std::string(escape) + "+");
+    screen->waitFor("New Account Name");
+    screen->type("\x1B[99;99~\x1BOz\x1B[1;5Q");
+    screen->type("x");
+    screen->waitForBackground("x  ", "index 239");
+}
+
 TEST_F(FullScreenPage, SaysWhyAKeyHasNoEffect) {
     installFixtureBundle();
     ScreenProcess screen(command, words());
@@ -182,6 +193,51 @@ TEST_F(FullScreenPage, FollowsTheSizeOfTheTerminal) {
     screen->resize({9, 2});
     screen->resize({80, 24});
     screen->waitFor("  Enabled                                                              on ━━●");
+}
+
+TEST_F(FullScreenPage, SurvivesATerminalWithoutRoom) {
+    makeFolder("/var/mobile/Library/Mail/Outbox");
+    const auto screen = open();
+    const auto shrink = [&](const std::string& shown) {
+        screen->waitFor(shown);
+        for (const unsigned short size : {1, 2, 3, 4, 5, 7, 12}) {
+            screen->resize({size, size});
+            screen->waitForMore();
+        }
+        screen->resize({80, 24});
+        screen->waitFor(shown);
+        screen->type(escape);
+        screen->waitUntilGone(shown);
+        screen->waitFor("Change Log");
+    };
+    screen->type("?");
+    shrink("Ctrl+Z");
+    screen->type("/log");
+    shrink("Find: log");
+    screen->type("+");
+    shrink("New Account Name");
+    tap(*screen, "Passcode");
+    shrink("Enter New Passcode");
+    tap(*screen, "support");
+    shrink("New Mail");
+    tap(*screen, "Default");
+    shrink("Restricted Apps");
+}
+
+TEST_F(FullScreenPage, DrawsASliderWithoutRoom) {
+    installFixtureBundle();
+    ScreenProcess screen(command, words());
+    screen.waitFor("Fixture");
+    screen.type("\r");
+    screen.waitFor("Slider");
+    screen.type(std::string(down) + down + right);
+    screen.waitFor("0.5");
+    for (const unsigned short columns : {1, 2, 3, 4, 5, 6, 8, 11}) {
+        screen.resize({columns, 20});
+        screen.waitForMore();
+    }
+    screen.resize({30, 20});
+    screen.waitFor("Slider");
 }
 
 TEST_F(FullScreenPage, ShowsControlBytesAndWideCharactersOfAName) {

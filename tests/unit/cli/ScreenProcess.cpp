@@ -84,6 +84,11 @@ void ScreenProcess::waitUntilGone(const std::string& text) {
     waitUntil([&] { return lineWith(text) < 0; }, "the end of \"" + text + '"');
 }
 
+void ScreenProcess::waitForMore() {
+    const std::size_t before = output_.size();
+    waitUntil([&] { return output_.size() > before; }, "anything more");
+}
+
 void ScreenProcess::waitForLine(int number, const std::string& text) {
     waitUntil([&] { return line(number) == text; },
               "in line " + std::to_string(number) + ":\n" + text + '\n');

@@ -40,6 +40,8 @@ public:
     /// Waits until the caret is shown in that column.
     void waitForCaret(int column);
     void waitForNoCaret();
+    /// Waits until the program has written more.
+    void waitForMore();
     bool waitUntil(const std::function<bool()>& holds, const std::string& wanted);
 
     void type(std::string_view keys) { process_.type(keys); }

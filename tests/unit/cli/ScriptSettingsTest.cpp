@@ -297,7 +297,7 @@ TEST_F(ScriptWebPage, FollowsOnlyLinksOfThePage) {
     const std::string none = "the web page has no such link";
     EXPECT_EQ(errors, (std::vector<std::string>{none, none, none, none, none, none, "unknown member 'url'",
                                                 "missing member 'url'", "", "the page shows no web page"}));
-    EXPECT_EQ(server.requests(), (std::vector<std::string>{listing}));
+    EXPECT_EQ(server.requests(), (std::vector{listing.substr(host.size())}));
 }
 
 TEST_F(ScriptSettings, SavesTheSupportMailInTheOutbox) {

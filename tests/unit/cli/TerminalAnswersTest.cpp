@@ -86,10 +86,10 @@ TEST_F(TerminalAnswers, TurnTheLongPageOfAList) {
     terminal.type("n\n");
     EXPECT_NE(terminal.waitFor(question).find("Lines 19 to 36 of 38"), std::string::npos);
     terminal.type("n\n");
-    EXPECT_NE(terminal.waitFor(question).find(" 21  Delete Account"), std::string::npos);
+    EXPECT_NE(terminal.waitFor(question).find(" 20  Delete Account"), std::string::npos);
     terminal.type("p\n");
     EXPECT_NE(terminal.waitFor(question).find("Lines 19 to 36 of 38"), std::string::npos);
-    terminal.type("21\n");
+    terminal.type("20\n");
     terminal.waitFor("Are you sure");
 }
 
