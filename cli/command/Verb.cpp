@@ -99,7 +99,7 @@ std::string synopsis(const Verb& verb) {
 std::string helpText(const Verb& verb) {
     std::string text = "Usage: " + synopsis(verb) + "\n\n" +
                        withPagesIn(shell::installedPages(), verb.description) + "\nOptions:\n";
-    constexpr std::size_t column = 17;
+    constexpr std::size_t column = 19;
     const auto add = [&](const Option& option) {
         text += "  " + padded(optionSynopsis(option), column) + indented(option.help, column + 2) + '\n';
     };

@@ -458,14 +458,15 @@ ALL = [
          "        return Dictionary{{keys_[frame.firstKey + 1], values[1]}};\n    Dictionary dictionary = dictionaries_.make("),
     ]),
     Mutant("binary-reader-loses-a-key", "a dictionary's last entry is lost in reading", ("fuzz.value",), [
-        ("platform/plist/BinaryPropertyListReader.cpp", "    return Value(dictionaries_.make(texts, values.data()));",
-         "    if (texts.size() > 2)\n        texts.pop_back();\n    return Value(dictionaries_.make(texts, values.data()));"),
+        ("platform/plist/BinaryPropertyListReader.cpp", "    ArenaValue* const values = values_.data() + first;\n",
+         "    ArenaValue* const values = values_.data() + first;\n    if (!sameKeys && keys.size() > 2)\n        keys.pop_back();\n"),
     ]),
     Mutant("ampersand-not-escaped", "\"&\" is written as it is", ("fuzz.value", "fuzz.xml_reader"), [
         ("platform/plist/XmlEscape.cpp", 'text += "&amp;";', "text += '&';"),
     ]),
     Mutant("keys-not-escaped", "keys are written as they are", ("fuzz.value", "fuzz.xml_reader"), [
-        ("platform/plist/XmlPropertyListWriter.cpp", "        text_.put(std::string_view(escaped(key)));", "        text_.put(key);"),
+        ("platform/plist/XmlPropertyListWriter.cpp", "    putText((*frame.keys)[frame.place]);",
+         "    text_.put(std::string_view((*frame.keys)[frame.place]));"),
     ]),
     Mutant("reals-rounded", "the last bits of a real are lost in writing", ("fuzz.value", "fuzz.xml_reader", "fuzz.binary_reader"), [
         ("platform/plist/XmlPropertyListWriter.cpp", "appendReal(element, value.real());", "appendReal(element, static_cast<float>(value.real()));"),
@@ -482,8 +483,8 @@ ALL = [
         ("platform/plist/XmlEscape.cpp", "    else if (isXmlCharacter(character))", "    else if (length > 1)"),
     ]),
     Mutant("binary-integers-unsigned", "eight bytes are read as an unsigned integer", ("fuzz.value",), [
-        ("platform/plist/BinaryPropertyListReader.cpp", "        return Value(static_cast<std::int64_t>(low));\n    const std::uint64_t high",
-         "        return Value(low);\n    const std::uint64_t high"),
+        ("platform/plist/BinaryNumber.cpp", "        return Value(static_cast<std::int64_t>(bigEndian(bytes)));",
+         "        return Value(bigEndian(bytes));"),
     ]),
     # What else is fuzzed.
     Mutant("octal-zero-twice", "\"%#o\" puts a zero before a zero", ("fuzz.format",), [
