@@ -3,6 +3,7 @@
 #include "platform/files/DeviceRoot.h"
 #include "platform/files/FileSystem.h"
 #include "platform/plist/PropertyListBounds.h"
+#include "platform/plist/UnsavedChange.h"
 #include "settings/Constants.h"
 #include "settings/DefaultSettings.h"
 #include "settings/Document.h"
@@ -123,13 +124,18 @@ AccountFate Accounts::fate(std::size_t index, const Accounts& later) const {
 }
 
 platform::Update updateAccounts(std::string_view documentPath, const std::function<bool(Accounts&)>& change) {
-    return platform::updateFile(documentPath, [&change](platform::MutableDictionary& entries) {
+    bool found = false;
+    platform::Update update = platform::updateFile(documentPath, [&](platform::MutableDictionary& entries) {
         auto accounts = Accounts::of(entries.find(kAccounts));
-        if (!accounts || !change(*accounts))
+        found = accounts.has_value();
+        if (!found || !change(*accounts))
             return false;
         entries.set(kAccounts, accounts->records());
         return true;
     });
+    if (!found && !update.error)
+        platform::reportUnsavedChange("there is no list of accounts");
+    return update;
 }
 
 } // namespace wardlock

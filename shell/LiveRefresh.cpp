@@ -31,6 +31,12 @@ void LiveRefresh::handleChange(const platform::Dictionary* userInfo) {
         refreshIfNeeded();
 }
 
+void LiveRefresh::refresh() {
+    needed_ = true;
+    refreshIfNeeded();
+    screen_.page()->renewTable();
+}
+
 void LiveRefresh::refreshIfNeeded() {
     if (!needed_)
         return;

@@ -22,6 +22,8 @@ public:
     LiveRefresh(const LiveRefresh&) = delete;
     LiveRefresh& operator=(const LiveRefresh&) = delete;
 
+    /// Reads again what the pages show.
+    void refresh();
     /// Applies the changes of other processes: once for all that were announced since the last time.
     void refreshIfNeeded();
 

@@ -15,8 +15,9 @@ SettingsApplication::SettingsApplication(platform::AnimationClock& clock, double
     : boundary_([this] { settle(); }), clock_(clock, boundary_),
       screen_(std::make_shared<BundleListController>(), boundary_),
       changes_(screen_.stack(), [this](platform::UIView& view) { endEditingIn(view); }),
-      account_(screen_, changes_), pageInput_(screen_, changes_, account_, boundary_),
-      sheetInput_(screen_, account_, boundary_), liveRefresh_(screen_, changes_, account_, boundary_) {
+      unsaved_(screen_, changes_), account_(screen_, changes_),
+      pageInput_(screen_, changes_, account_, boundary_), sheetInput_(screen_, account_, boundary_),
+      liveRefresh_(screen_, changes_, account_, boundary_) {
     platform::setDiagnosticsHandler(&appendToLog);
     platform::AnimationClock::setCurrent(&clock_);
     platform::DisplayObserver::setCurrent(&changes_);
@@ -51,7 +52,7 @@ void SettingsApplication::dismissNotice() {
     boundary_.enter([&] {
         if (screen_.notice().empty())
             return;
-        screen_.setNotice({});
+        screen_.clearNotice();
         changes_.notice();
     });
 }
@@ -72,6 +73,13 @@ void SettingsApplication::close() {
     boundary_.enterFromLoop([] { platform::NSOperationQueue::mainQueue().drain(); });
 }
 
+bool SettingsApplication::storeTypedText() {
+    const std::size_t unsaved = unsaved_.count();
+    const std::string notice = screen_.notice();
+    pageInput_.endEditing();
+    return unsaved_.count() == unsaved && screen_.notice() == notice;
+}
+
 void SettingsApplication::endEditingIn(platform::UIView& view) {
     for (const auto& page : screen_.pages())
         if (page->edit() && page->holds(view))
@@ -79,6 +87,8 @@ void SettingsApplication::endEditingIn(platform::UIView& view) {
 }
 
 void SettingsApplication::settle() {
+    if (unsaved_.notify() && !closed_)
+        liveRefresh_.refresh();
     watchMail();
     if (screen_.stack().follow())
         changes_.pages(screen_.isInTransition());
@@ -106,7 +116,7 @@ void SettingsApplication::watchMail() {
     if (!mail_)
         return;
     if (mail_->outcome()) {
-        screen_.setNotice(mail_->outcome()->message);
+        screen_.addNotice(mail_->outcome()->message);
         changes_.notice();
         mail_.reset();
     } else if (!mail_->isSending() && mail_ != screen_.composer()) {

@@ -7,6 +7,7 @@
 #include "shell/screen/Screen.h"
 #include "shell/screen/ScreenChanges.h"
 #include "shell/screen/ShownAccount.h"
+#include "shell/screen/UnsavedChanges.h"
 
 #include <memory>
 
@@ -48,6 +49,8 @@ public:
     /// To be called when the whole application loses the focus, is minimised or suspended.
     void resignActive();
     void dismissNotice();
+    /// Stores what is being typed. Returns false when it could not be stored; the notice gives the reason.
+    bool storeTypedText();
     /// To be called when the window is closed: stores what was being typed and writes the log. The pages are
     /// not used after it.
     void close();
@@ -63,6 +66,7 @@ private:
     BoundaryClock clock_;
     Screen screen_;
     ScreenChanges changes_;
+    UnsavedChanges unsaved_;
     ShownAccount account_;
     PageInput pageInput_;
     SheetInput sheetInput_;

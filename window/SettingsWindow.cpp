@@ -75,6 +75,13 @@ void SettingsWindow::dismissNotice() {
     application_.dismissNotice();
 }
 
+bool SettingsWindow::close() {
+    if (!application_.storeTypedText())
+        return false;
+    application_.close();
+    return true;
+}
+
 void SettingsWindow::pagesChanged(bool animated) {
     pages_.follow(animated);
 }

@@ -51,7 +51,9 @@ public:
     /// Returns whether assistive technology is in use.
     Q_INVOKABLE bool isAssisted() const { return QAccessible::isActive(); }
     void resignActive() { application_.resignActive(); }
-    Q_INVOKABLE void close() { application_.close(); }
+    /// To be called when the window is about to close. Returns false when what was being typed could not be
+    /// stored: the notice gives the reason, and the window stays.
+    Q_INVOKABLE bool close();
 
 signals:
     void sheetsChanged();

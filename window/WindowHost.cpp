@@ -1,6 +1,7 @@
 #include "window/WindowHost.h"
 
 #include "platform/services/HostDevice.h"
+#include "platform/services/StopSignals.h"
 #include "window/accessibility/AccessibleItem.h"
 #include "window/items/BlurredBackdrop.h"
 #include "window/items/Chevron.h"
@@ -13,6 +14,8 @@
 #include <QQmlContext>
 
 #include <algorithm>
+#include <cstdio>
+#include <cstdlib>
 
 namespace wardlock::window {
 
@@ -49,6 +52,22 @@ WindowHost::~WindowHost() {
 QQuickWindow* WindowHost::window() const {
     return engine_.rootObjects().isEmpty() ? nullptr
                                            : qobject_cast<QQuickWindow*>(engine_.rootObjects().constFirst());
+}
+
+void WindowHost::endOnSignals() {
+    const int stopped = platform::catchStopSignals();
+    if (stopped < 0)
+        return;
+    stop_ = std::make_unique<QSocketNotifier>(stopped, QSocketNotifier::Read);
+    connect(stop_.get(), &QSocketNotifier::activated, this, &WindowHost::end);
+}
+
+void WindowHost::end() {
+    stop_->setEnabled(false);
+    const bool stored = settings_.application().storeTypedText();
+    if (!stored)
+        std::fprintf(stderr, "wardlock-settings: %s\n", qPrintable(settings_.notice()));
+    QCoreApplication::exit(stored ? EXIT_SUCCESS : EXIT_FAILURE);
 }
 
 void WindowHost::updateScreen() const {

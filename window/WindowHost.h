@@ -5,6 +5,9 @@
 
 #include <QQmlApplicationEngine>
 #include <QQuickWindow>
+#include <QSocketNotifier>
+
+#include <memory>
 
 namespace wardlock::window {
 
@@ -21,13 +24,19 @@ public:
     SettingsWindow& settings() { return settings_; }
     Appearance& appearance() { return appearance_; }
 
+    /// Has SIGINT, SIGTERM and SIGHUP end the application's loop from now on. What is being typed is stored
+    /// first; when it cannot be, the reason is on standard error and the exit code is 1.
+    void endOnSignals();
+
 private:
+    void end();
     void followApplicationState(Qt::ApplicationState state);
     void updateScreen() const;
 
     SettingsWindow settings_;
     Appearance appearance_;
     QQmlApplicationEngine engine_;
+    std::unique_ptr<QSocketNotifier> stop_;
     bool active_ = false;
 };
 

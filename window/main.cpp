@@ -1,4 +1,5 @@
 #include "platform/services/ProcessStart.h"
+#include "platform/services/StopSignals.h"
 #include "shell/TerminationHook.h"
 #include "shell/device/Provision.h"
 #include "shell/screen/EscapedText.h"
@@ -77,6 +78,7 @@ int openWindow(const window::Options& options, const std::vector<std::string>& p
     host.appearance().forceTextScale(options.textScale);
     host.settings().showProblems(problems);
     host.appearance().awaitDesktop();
+    host.endOnSignals();
     host.window()->show();
     return QGuiApplication::exec();
 }
@@ -108,6 +110,9 @@ int main(int argc, char** argv) {
     QGuiApplication::setLayoutDirection(QLocale().textDirection());
 
     shell::installTerminationHook(nullptr);
+    // One that comes before the window is there ends the loop as soon as it runs.
+    if (options.screenshots.empty())
+        platform::catchStopSignals();
     const shell::Provision provision;
     if (!options.screenshots.empty())
         return window::takeScreenshots(options);

@@ -80,6 +80,8 @@ Json ScriptCommands::run(const Json& command) {
         answer.erase("ok");
         answer["error"] = error.what();
     }
+    if (!unsaved_.empty())
+        answer["unsaved"] = std::exchange(unsaved_, {});
     return answer;
 }
 

@@ -9,6 +9,7 @@
 
 #include <chrono>
 #include <nlohmann/json.hpp>
+#include <string>
 #include <vector>
 
 namespace wardlock::cli {
@@ -34,6 +35,7 @@ private:
     static std::vector<std::string_view> names();
 
     void changeAnnounced(const shell::Announcement& announcement) override;
+    void changeNotSaved(const std::string& reason) override { unsaved_ = reason; }
 
     void see(const ScriptFields& fields, Json& answer);
     void tap(const ScriptFields& fields, Json& answer);
@@ -63,6 +65,8 @@ private:
     ScriptSheets sheets_;
     /// Since the last "posts".
     std::vector<shell::Announcement> announced_;
+    /// Why a change of the current command could not be stored; empty for none.
+    std::string unsaved_;
     bool over_ = false;
     platform::Subscription subscription_;
 };

@@ -75,6 +75,8 @@ ExitCode runScriptSettings(std::string_view file) {
         Output::foreignLine(jsonLine(answer));
         Output::flush();
     }
+    if (!settings.storeTypedText())
+        throw CommandError(ExitCode::Failed, settings.screen().notice());
     return ExitCode::Done;
 }
 

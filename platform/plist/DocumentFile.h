@@ -17,6 +17,8 @@ public:
     /// Returns the dictionary; nothing when the file is missing, unreadable or not a document. An empty
     /// dictionary is a document.
     const std::optional<Dictionary>& dictionary() const { return dictionary_; }
+    /// Returns why an existing file could not be read; no error when it was read or is missing.
+    std::error_code readError() const { return state_ == State::Missing ? std::error_code() : readError_; }
 
     /// Replaces the file by `dictionary`, atomically. Returns no error when it is written, else the error
     /// that prevented it. A dictionary that could not be read again (PropertyListError) is not written; the

@@ -2,6 +2,7 @@
 
 #include "platform/files/DeviceRoot.h"
 #include "platform/plist/DocumentFile.h"
+#include "platform/plist/UnsavedChange.h"
 
 namespace platform {
 
@@ -23,7 +24,10 @@ bool writeToFileAtomically(const Dictionary& dictionary, std::string_view device
 
 Update updateFile(std::string_view devicePath, const std::function<bool(MutableDictionary&)>& change,
                   Sync sync) {
-    return updateFileOfMachine(pathOnDevice(devicePath), change, sync);
+    Update update = updateFileOfMachine(pathOnDevice(devicePath), change, sync);
+    if (update.error)
+        reportUnsavedChange(update.error.message());
+    return update;
 }
 
 Update updateFileOfMachine(const std::string& path, const std::function<bool(MutableDictionary&)>& change,
@@ -35,8 +39,7 @@ Update updateFileOfMachine(const std::string& path, const std::function<bool(Mut
     Update update;
     update.changed = change(entries);
     update.dictionary = entries.copy();
-    if (update.changed)
-        update.error = file.replace(update.dictionary, sync);
+    update.error = update.changed ? file.replace(update.dictionary, sync) : file.readError();
     update.written = update.changed && !update.error;
     return update;
 }

@@ -28,7 +28,7 @@ struct Update {
     Dictionary dictionary;
     bool changed = false;
     bool written = false;
-    /// Why a change was not written.
+    /// Why a change was not written; without a change, why an existing file could not be read.
     std::error_code error;
 };
 
@@ -37,11 +37,11 @@ struct Update {
 /// written back atomically.
 ///
 /// When `change` returns false, nothing is written. An exception of `change` passes through, and nothing is
-/// written either.
+/// written either. An error is also reported to the host that shows pages, since most callers ignore it.
 WARDLOCK_API Update updateFile(std::string_view devicePath,
                                const std::function<bool(MutableDictionary&)>& change, Sync sync = Sync::Full);
 
-/// The same for a file at a path of this machine.
+/// The same for a file at a path of this machine, whose error is only returned.
 WARDLOCK_API Update updateFileOfMachine(const std::string& path,
                                         const std::function<bool(MutableDictionary&)>& change,
                                         Sync sync = Sync::Full);

@@ -1,5 +1,6 @@
 #include "shell/device/Provision.h"
 
+#include "platform/files/AtomicWriter.h"
 #include "platform/files/DeviceRoot.h"
 #include "platform/files/FileSystem.h"
 #include "platform/files/FolderTrust.h"
@@ -47,6 +48,7 @@ std::span<const char* const> deviceFolders() {
 Provision::Provision(const std::function<void()>& furnish) {
     if (platform::deviceRoot() != "/")
         makeWhatIsMissing(furnish);
+    tryWriting();
     lookAtAppList();
 }
 
@@ -92,7 +94,7 @@ bool Provision::makeFolder(const std::string& path) {
     // Private from the first moment: before it is closed, another user could enter the folder and create one
     // of their own in it.
     if (const auto error = platform::makeFolders(platform::FileSystem::current(), path, privateMode)) {
-        report("cannot create folder " + path + ": " + error.message());
+        reportFailure("cannot create folder " + path, error);
         return false;
     }
     if (const platform::FolderRisk risk = platform::riskOfFolder(path)) {
@@ -106,6 +108,17 @@ void Provision::report(std::string problem) {
     // Several folders have the same parent.
     if (std::ranges::find(problems_, problem) == problems_.end())
         problems_.push_back(std::move(problem));
+}
+
+/// A disk that is full or read-only fails everywhere, and a folder for everything in it.
+void Provision::reportFailure(const std::string& what, std::error_code error) {
+    const std::string reason = ": " + error.message();
+    if (std::ranges::any_of(problems_, [&](const auto& known) { return known.ends_with(reason); }))
+        return;
+    const bool everywhere =
+        error == std::errc::read_only_file_system || error == std::errc::no_space_on_device;
+    problems_.push_back((everywhere ? "cannot write to the device root " + platform::deviceRoot() : what) +
+                        reason);
 }
 
 void Provision::link(const std::string& devicePath, const std::string& target) {
@@ -126,7 +139,7 @@ void Provision::link(const std::string& devicePath, const std::string& target) {
     std::error_code ignored;
     fs::remove(temporary, ignored);
     if (error)
-        problems_.push_back("cannot create link " + path.string() + ": " + error.message());
+        reportFailure("cannot create link " + path.string(), error);
 }
 
 void Provision::firstStart() {
@@ -135,6 +148,22 @@ void Provision::firstStart() {
     if (fs::symlink_status(document, error).type() == fs::file_type::not_found &&
         isFolderOfOurs(document.parent_path()))
         InitSettings();
+}
+
+/// Finds out now what the user's first change would find out. The disk may have room for no more than a name,
+/// so a block is written as well.
+void Provision::tryWriting() {
+    constexpr std::size_t block = 4096;
+    auto& files = platform::FileSystem::current();
+    const std::string folder = platform::folderOf(platform::pathOnDevice(documentPath(BundleIdentifier)));
+    platform::FileStatus status;
+    if (files.status(folder, platform::Links::Follow, status) || !isFolderOfOurs(folder))
+        return;
+    const std::string trial = folder + "/.wardlock-trial";
+    if (const auto error =
+            platform::AtomicWriter(files).write(trial, std::string(block, '\n'), platform::Sync::None))
+        reportFailure("cannot write to folder " + folder, error);
+    static_cast<void>(files.remove(trial));
 }
 
 void Provision::lookAtAppList() {

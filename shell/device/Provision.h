@@ -3,6 +3,7 @@
 #include <functional>
 #include <span>
 #include <string>
+#include <system_error>
 #include <vector>
 
 namespace wardlock::shell {
@@ -22,12 +23,14 @@ std::span<const char* const> deviceFolders();
 /// own root ("/"): there the package and the device do all of this.
 class Provision {
 public:
-    /// Reports in problems(): links and folders that cannot be created, folders of other users, and an
-    /// application-list module that others can change, which the picker then does without. `furnish` is run
-    /// when all folders exist and before the first start: it may add applications.
+    /// Reports in problems(): links and folders that cannot be created, a folder of the document that cannot
+    /// be written to, folders of other users, and an application-list module that others can change, which
+    /// the picker then does without. `furnish` is run when all folders exist and before the first start: it
+    /// may add applications.
     explicit Provision(const std::function<void()>& furnish = {});
 
-    /// One sentence for each problem, for the user; empty when the root is complete.
+    /// One sentence for each problem, for the user; empty when the root is complete. What has failed for the
+    /// same reason is one problem.
     const std::vector<std::string>& problems() const { return problems_; }
 
 private:
@@ -37,8 +40,10 @@ private:
     bool makeFoldersTo(const std::string& devicePath);
     bool makeFolder(const std::string& path);
     void report(std::string problem);
+    void reportFailure(const std::string& what, std::error_code error);
     void link(const std::string& devicePath, const std::string& target);
     void firstStart();
+    void tryWriting();
     void lookAtAppList();
 
     std::vector<std::string> problems_;

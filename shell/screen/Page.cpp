@@ -124,6 +124,11 @@ std::shared_ptr<Table> Page::table() {
     return table_;
 }
 
+void Page::renewTable() {
+    if (list_ && !isList() && table())
+        boundary_.tryEnter([&] { controller_->viewWillAppear(false); });
+}
+
 bool Page::holds(const UIView& view) const {
     if (!controller_->isViewLoaded())
         return false;

@@ -69,6 +69,9 @@ public:
     std::shared_ptr<Table> table();
     /// Returns the table that table() returned last; null before the first call.
     const std::shared_ptr<Table>& shownTable() const { return table_; }
+    /// Has a list page that shows a table create its view again, as whenever it appears: the table has what
+    /// is stored now. A page that throws keeps its view.
+    void renewTable();
     /// Returns whether the view is, or is inside, the page's view.
     bool holds(const platform::UIView& view) const;
 

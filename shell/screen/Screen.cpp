@@ -60,6 +60,11 @@ std::optional<Overlay> Screen::overlay() const {
     return std::nullopt;
 }
 
+void Screen::addNotice(const std::string& sentence) {
+    if (notice_.find(sentence) == std::string::npos)
+        notice_ += (notice_.empty() ? "" : " ") + sentence;
+}
+
 std::optional<std::string> Screen::obstacleToSheets() const {
     return overlay() ? std::optional<std::string>("the keypad covers the page") : std::nullopt;
 }

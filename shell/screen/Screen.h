@@ -37,10 +37,12 @@ public:
     std::shared_ptr<platform::MFMailComposeViewController> composer() const;
     std::optional<Overlay> overlay() const;
 
-    /// A sentence of the application itself, shown until it is dismissed: the outcome of a mail, or that the
-    /// account shown was deleted. Empty for none.
+    /// Sentences of the application itself, shown until they are dismissed: the outcome of a mail, that the
+    /// account shown was deleted, or that a change could not be stored. Empty for none.
     const std::string& notice() const { return notice_; }
-    void setNotice(std::string notice) { notice_ = std::move(notice); }
+    /// Adds a sentence that is not shown yet.
+    void addNotice(const std::string& sentence);
+    void clearNotice() { notice_.clear(); }
 
     /// Returns the reason why the page accepts no input now; none when it does.
     std::optional<std::string> obstacle() const;

@@ -77,6 +77,10 @@ void ScreenChanges::announced(const Announcement& announcement) {
     observers_.forEach([&](ScreenObserver* observer) { observer->changeAnnounced(announcement); });
 }
 
+void ScreenChanges::notSaved(const std::string& reason) {
+    observers_.forEach([&](ScreenObserver* observer) { observer->changeNotSaved(reason); });
+}
+
 void ScreenChanges::add(Change change) {
     // A later change replaces an equal earlier one: the state in between is never seen.
     std::erase(changes_, change);

@@ -37,7 +37,9 @@ public:
     }
     void editing() { add({Kind::Editing, nullptr, {}, false}); }
     void notice() { add({Kind::Notice, nullptr, {}, false}); }
+    void page(const std::shared_ptr<Page>& page) { add({Kind::Page, page, {}, false}); }
     void announced(const Announcement& announcement);
+    void notSaved(const std::string& reason);
 
     /// Notifies the observers of everything that has changed until now, and of what changes while they
     /// are being notified.

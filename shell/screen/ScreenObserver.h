@@ -53,6 +53,9 @@ public:
 
     /// A change was announced. Not for the screen, but for observers such as scripts.
     virtual void changeAnnounced(const Announcement&) {}
+    /// A change of a page could not be stored; `reason` is the end of a sentence, without its full stop. The
+    /// notice says so as well.
+    virtual void changeNotSaved(const std::string& /*reason*/) {}
 };
 
 } // namespace wardlock::shell

@@ -83,9 +83,7 @@ void ShownAccount::leave(const std::string& reason) {
             pages[i]->controller().dismissViewControllerAnimated(false);
     }
     screen_.navigation().popToViewController(pages[listPlace]->controller(), true);
-    const std::string& before = screen_.notice();
-    screen_.setNotice((before.empty() ? "" : before + ' ') + reason +
-                      (typed ? " What was being typed is not stored." : ""));
+    screen_.addNotice(reason + (typed ? " What was being typed is not stored." : ""));
     changes_.notice();
 }
 

@@ -11,7 +11,7 @@ Window {
     minimumHeight: 360
     color: Theme.ground
 
-    onClosing: settings.close()
+    onClosing: (closing) => closing.accepted = settings.close()
 
     // When what covered the pages disappears, they take the keyboard focus back where it was.
     readonly property bool covered: settings.alert !== null || settings.composer !== null || settings.keypad !== null

@@ -114,6 +114,10 @@ protected:
     /// A new process, led up to the act over the real files; then the act over the stage.
     std::unique_ptr<Stage> perform(const std::function<void(FaultyFileSystem&)>& arrange) {
         auto stage = std::make_unique<Stage>(GetParam(), onDisk(documentPath));
+        // A picker whose change could not be stored lists the applications again.
+        for (const char* folder : {"/Applications", "/Applications/Chess.app"})
+            stage->disk.addFolder(onDisk(folder));
+        stage->disk.addFile(onDisk(applicationInfoPath), applicationInfo());
         arrange(stage->files);
         center.onPost = [&stage = *stage] {
             if (!stage.files.isKilled())

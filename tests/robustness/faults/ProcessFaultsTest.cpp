@@ -233,7 +233,9 @@ private:
         const auto answer = process.say(writer().act);
         disarm();
         run.killed = !answer;
-        run.done = answer == R"({"ok":true})";
+        // A change that could not be stored is done, too: the page was tapped, and the reply gives the
+        // reason.
+        run.done = answer && answer->starts_with(R"({"ok":true)");
         EXPECT_TRUE(run.killed || run.done) << *answer;
         run.journal = Journal::read(journalFile);
         run.afterAct = DiskImage::of(folders);

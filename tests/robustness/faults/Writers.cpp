@@ -14,6 +14,8 @@ const std::string openRoot = R"({"do":"tap","row":"Wardlock"})";
 const std::string openAccount = R"({"do":"tap","row":"Tom"})";
 const std::string switchMaster = R"({"do":"tap","key":"kEnabled"})";
 const std::string openKeypad = R"({"do":"tap","row":"Passcode"})";
+// Whether it asks for the passcode or for a new one depends on what was stored.
+const std::string cancelKeypad = R"({"do":"keypad","press":"cancel"})";
 const std::string fade = R"({"do":"step","seconds":0.4})";
 
 std::string typeInto(const std::string& row, const std::string& text) {
@@ -119,7 +121,7 @@ const std::vector<Writer>& writers() {
         {"Passcode",
          {openRoot, openKeypad, fade, digits("123")},
          digits("4"),
-         {fade, openKeypad, fade, digits("1234"), digits("5678")},
+         {fade, openKeypad, fade, cancelKeypad, fade, switchMaster},
          setPasscode},
         {"AccountCreation",
          {openRoot, R"({"do":"button"})", R"({"do":"type","text":"Kim"})"},
