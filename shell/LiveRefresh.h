@@ -10,12 +10,12 @@ namespace wardlock::shell {
 
 /// Keeps the screen up to date while other processes change the settings. It observes the change
 /// notification. For one that did not come from a page of this process:
-/// - it leaves the pages of a deleted account;
+/// - it leaves the pages of a deleted account, and otherwise has them follow it (ShownAccount.h);
 /// - it rebuilds a bundle's first page;
 /// - it reads the rows of the other list pages again.
 ///
-/// The user did not ask for that, so an exception of a page is dropped and the earlier values stay. A table's
-/// rows never move. Main thread only.
+/// The user did not ask for that, so an exception of a page is dropped and the earlier values stay. Main
+/// thread only.
 class LiveRefresh {
 public:
     LiveRefresh(Screen& screen, ScreenChanges& changes, ShownAccount& account, PageBoundary& boundary);

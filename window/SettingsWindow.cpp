@@ -87,8 +87,7 @@ void SettingsWindow::pagesChanged(bool animated) {
 }
 
 void SettingsWindow::pageChanged(shell::Page& page) {
-    if (auto* model = pages_.find(page))
-        model->barMayHaveChanged();
+    pages_.barMayHaveChanged(page);
 }
 
 void SettingsWindow::listReset(shell::Page& page) {

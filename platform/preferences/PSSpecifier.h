@@ -59,6 +59,7 @@ public:
     ~PSSpecifier() override;
 
     const std::string& name() const { return name_; }
+    void setName(std::string name) { name_ = std::move(name); }
     std::shared_ptr<Object> target() const { return target_.lock(); }
     SetAction setAction() const { return set_; }
     GetAction getAction() const { return get_; }

@@ -151,9 +151,13 @@ template <class Touch>
 InputResult PageInput::onTableSwitch(NSIndexPath path, Touch touch) {
     return boundary_.enter([&] {
         endEditing();
+        const auto seen = page().table();
         if (auto reason = obstacle())
             return InputResult::refused(*reason);
         const auto table = page().table();
+        // What the user tapped may be elsewhere now, and the switch may show another state.
+        if (table != seen)
+            return InputResult::refused("another program changed the list");
         const auto row = table ? table->show(path) : nullptr;
         if (!row)
             return InputResult::refused("there is no such row");

@@ -1,8 +1,10 @@
 #include "shell/screen/ShownAccount.h"
 
+#include "settings/Keys.h"
 #include "shell/screen/OneLine.h"
 
 #include <algorithm>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -13,6 +15,12 @@ namespace {
 /// Positions of pages on the stack; below them is the list of bundles.
 constexpr std::size_t listPlace = 1;
 constexpr std::size_t openedPlace = 2;
+
+bool isSameValue(const platform::Dictionary* before, const platform::Dictionary* now, std::string_view key) {
+    const platform::Value* was = before ? before->find(key) : nullptr;
+    const platform::Value* is = now ? now->find(key) : nullptr;
+    return was && is ? *was == *is : was == is;
+}
 
 std::string sentence(AccountFate fate, const std::string& name) {
     const std::string account =
@@ -51,8 +59,14 @@ std::optional<std::size_t> ShownAccount::positionShownBy(Page& opened, Page& lis
 void ShownAccount::acceptOwnChange() {
     if (!position_)
         return;
-    if (auto now = Accounts::onDiskIfReadable())
-        known_ = *std::move(now);
+    auto now = Accounts::onDiskIfReadable();
+    if (!now)
+        return;
+    // The page may have deleted its account.
+    const bool same = known_.fate(*position_, *now) == AccountFate::Same;
+    known_ = *std::move(now);
+    if (same)
+        followName();
 }
 
 bool ShownAccount::leaveIfGone() {
@@ -66,8 +80,27 @@ bool ShownAccount::leaveIfGone() {
         leave(sentence(fate, known_.name(*position_)));
         return true;
     }
+    const bool sameApplications =
+        isSameValue(known_.record(*position_), now->record(*position_), kAppsRestricted);
     known_ = *std::move(now);
+    followName();
+    if (!sameApplications)
+        screen_.page()->renewTable();
     return false;
+}
+
+/// The page's title is the label of the row that opened it. That row is created again with the list only.
+void ShownAccount::followName() {
+    const auto opened = opened_.lock();
+    const auto row = opened ? opened->listController()->specifier() : nullptr;
+    const std::string name = known_.name(*position_);
+    if (!row || row->name() == name)
+        return;
+    row->setName(name);
+    changes_.page(opened);
+    const auto list = list_.lock();
+    if (const auto path = list ? list->find(*row) : std::nullopt)
+        changes_.row(list, *path);
 }
 
 void ShownAccount::leave(const std::string& reason) {

@@ -26,11 +26,13 @@ public:
     /// To be called when a page of this process changed the settings.
     void acceptOwnChange();
     /// Goes back to the first page, with a notice, when the shown account was deleted or its position means
-    /// another one. Returns whether it went back.
+    /// another one. Returns whether it went back. Otherwise the title follows the account's name, and a
+    /// picker is created again when another process changed what it shows.
     bool leaveIfGone();
 
 private:
     void leave(const std::string& reason);
+    void followName();
     std::optional<std::size_t> positionShownBy(Page& opened, Page& list) const;
 
     Screen& screen_;

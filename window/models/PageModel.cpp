@@ -34,6 +34,13 @@ QString PageModel::title() const {
     return shownName(page_->title());
 }
 
+void PageModel::setBackTitle(QString title) {
+    if (title == backTitle_)
+        return;
+    backTitle_ = std::move(title);
+    emit barChanged();
+}
+
 bool PageModel::hasAddButton() const {
     const auto button = page_->barButton();
     return button && button->systemItem() == platform::UIBarButtonSystemItem::Add;
@@ -141,9 +148,12 @@ void PageModel::readContent() {
 void PageModel::readViews() {
     const auto table = page_->table();
     if (table != shownTable_) {
-        retire(table_);
         shownTable_ = table;
-        if (table) {
+        if (table_ && table) {
+            table_->follow(table);
+        } else if (!table) {
+            retire(table_);
+        } else {
             table_ = std::make_unique<TableModel>(table);
             table_->setFilter(filter_);
         }

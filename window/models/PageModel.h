@@ -19,7 +19,7 @@ class PageModel : public QObject {
     Q_OBJECT
     Q_PROPERTY(QString title READ title NOTIFY barChanged)
     /// The title of the page below; empty on the first page.
-    Q_PROPERTY(QString backTitle READ backTitle CONSTANT)
+    Q_PROPERTY(QString backTitle READ backTitle NOTIFY barChanged)
     Q_PROPERTY(bool hasAddButton READ hasAddButton NOTIFY barChanged)
     /// "list", "table", "text", "web" or "empty".
     Q_PROPERTY(QString kind READ kind NOTIFY contentChanged)
@@ -38,6 +38,7 @@ public:
 
     QString title() const;
     const QString& backTitle() const { return backTitle_; }
+    void setBackTitle(QString title);
     bool hasAddButton() const;
     QString kind() const;
     QAbstractItemModel* rows() const { return rows_.get(); }

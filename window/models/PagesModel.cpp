@@ -55,6 +55,16 @@ void PagesModel::transitionEnded() {
         emit dataChanged(index(0), index(rowCount() - 1), {PlaceRole});
 }
 
+void PagesModel::barMayHaveChanged(const shell::Page& page) {
+    for (std::size_t place = 0; place < entries_.size(); ++place) {
+        if (entries_[place].model->page().get() != &page)
+            continue;
+        entries_[place].model->barMayHaveChanged();
+        if (place + 1 < entries_.size())
+            entries_[place + 1].model->setBackTitle(entries_[place].model->title());
+    }
+}
+
 PageModel* PagesModel::find(const shell::Page& page) const {
     for (const Entry& entry : entries_)
         if (entry.model->page().get() == &page)

@@ -28,6 +28,8 @@ public:
     /// Follows the shell's stack; with `animated`, pages that enter or leave are shown doing so.
     void follow(bool animated);
     void transitionEnded();
+    /// The title or the button of the page changed.
+    void barMayHaveChanged(const shell::Page& page);
     /// Returns null when the page is not on the stack.
     PageModel* find(const shell::Page& page) const;
     PageModel* top() const;

@@ -83,6 +83,28 @@ QHash<int, QByteArray> TableModel::roleNames() const {
     return {{EntryRole, "entry"}};
 }
 
+void TableModel::follow(const std::shared_ptr<shell::Table>& table) {
+    const int before = rowCount();
+    TableModel next(table);
+    next.setFilter(filter_);
+    const int now = next.rowCount();
+    if (now < before)
+        beginRemoveRows({}, now, before - 1);
+    else if (now > before)
+        beginInsertRows({}, before, now - 1);
+    table_ = table;
+    ends_.swap(next.ends_);
+    texts_.swap(next.texts_);
+    passing_.swap(next.passing_);
+    shown_.clear();
+    if (now < before)
+        endRemoveRows();
+    else if (now > before)
+        endInsertRows();
+    if (now > 0)
+        emit dataChanged(index(0), index(now - 1));
+}
+
 void TableModel::setFilter(const QString& filter) {
     beginResetModel();
     filter_ = filter.trimmed();

@@ -27,6 +27,8 @@ public:
     QVariant data(const QModelIndex& index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
 
+    /// Shows another table in place of the former one. The view stays where it is scrolled to.
+    void follow(const std::shared_ptr<shell::Table>& table);
     void setFilter(const QString& filter);
     void rowChanged(platform::NSIndexPath path);
     /// Returns the table's path of a row of this model.

@@ -180,14 +180,14 @@ TEST_F(PickerInSettings, LeavesForeignKeysAndOtherAccountsUntouched) {
     EXPECT_EQ(document(), after.copy());
 }
 
-TEST_F(PickerInSettings, SavesOverAChangeOfAnotherProcess) {
+TEST_F(PickerInSettings, KeepsAChangeOfAnotherProcess) {
     installFour();
     open(restricting({{"Child", {"org.a"}}}));
     MutableDictionary elsewhere(restricting({{"Renamed", {"org.b"}}}));
     elsewhere.set(kEnabled, Value(false));
     changeElsewhere(elsewhere.copy());
     flip(2);
-    EXPECT_EQ(stored(), Array({"org.a", "org.c"}));
+    EXPECT_EQ(stored(), Array({"org.b", "org.c"}));
     EXPECT_FALSE(platform::boolValue(document().find(kEnabled)));
     EXPECT_EQ(document().find(kAccounts)->array()[0].dictionary().find(kAccountName)->string(), "Renamed");
 }
