@@ -50,13 +50,23 @@ WebEngineView {
         if (!isOfTheWeb(request.url))
             request.reject();
     }
-    // A blank page is loaded without that request, so the page itself refuses it, out of reach of its scripts.
+    // Scripts of Settings' own in the page, out of reach of the page's scripts.
     Component.onCompleted: userScripts.collection = [{
+        // A blank page is loaded without asking for the navigation.
         name: "web addresses only",
         injectionPoint: WebEngineScript.DocumentCreation,
         worldId: WebEngineScript.ApplicationWorld,
         sourceCode: "navigation.addEventListener('navigate', event => {"
                     + "    if (!/^https?:/.test(event.destination.url)) event.preventDefault();"
+                    + "});"
+    }, {
+        // The engine keeps the keys that the page does not use.
+        name: "Backspace returns",
+        injectionPoint: WebEngineScript.DocumentCreation,
+        worldId: WebEngineScript.ApplicationWorld,
+        sourceCode: "addEventListener('keydown', event => {"
+                    + "    const writes = event.target.closest('input, textarea, select') || event.target.isContentEditable;"
+                    + "    if (event.key === 'Backspace' && !event.defaultPrevented && !writes) history.back();"
                     + "});"
     }]
     // There is one view: a link that asks for a window of its own is followed in it too.

@@ -449,7 +449,7 @@ ALL = [
          "        InitSettings();\n    // The callback"),
     ]),
     Mutant("page-not-refreshed", "what another process has changed is not shown", ("soak",), [
-        ("shell/LiveRefresh.cpp", "    needed_ = true;\n", ""),
+        ("shell/LiveRefresh.cpp", "    needed_ = true;\n    if (!boundary_.isInside())", "    if (!boundary_.isInside())"),
     ]),
     # Property lists.
     Mutant("xml-reader-loses-a-key", "a dictionary's empty key is lost in reading", ("fuzz.value",), [
