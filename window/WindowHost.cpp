@@ -31,6 +31,7 @@ WindowHost::WindowHost(platform::AnimationClock& clock, double transitionSeconds
     installAccessibility();
     engine_.rootContext()->setContextProperty(QStringLiteral("settings"), &settings_);
     engine_.rootContext()->setContextProperty(QStringLiteral("appearance"), &appearance_);
+    engine_.rootContext()->setContextProperty(QStringLiteral("keyboard"), &keyboard_);
     engine_.addImportPath(QStringLiteral("qrc:/"));
     engine_.load(QUrl(QStringLiteral("qrc:/Wardlock/Main.qml")));
     // Where the display activates a window at once, the first change is missed.
@@ -38,6 +39,7 @@ WindowHost::WindowHost(platform::AnimationClock& clock, double transitionSeconds
     connect(qApp, &QGuiApplication::applicationStateChanged, this, &WindowHost::followApplicationState);
     if (!window())
         return;
+    window()->installEventFilter(&keyboard_);
     for (const auto changed : {&QWindow::widthChanged, &QWindow::heightChanged})
         connect(window(), changed, this, &WindowHost::updateScreen);
     connect(window(), &QWindow::screenChanged, this, &WindowHost::updateScreen);

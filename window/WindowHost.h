@@ -1,5 +1,6 @@
 #pragma once
 
+#include "window/KeyboardUse.h"
 #include "window/SettingsWindow.h"
 #include "window/items/Appearance.h"
 
@@ -35,6 +36,7 @@ private:
 
     SettingsWindow settings_;
     Appearance appearance_;
+    KeyboardUse keyboard_;
     QQmlApplicationEngine engine_;
     std::unique_ptr<QSocketNotifier> stop_;
     bool active_ = false;

@@ -13,7 +13,6 @@ namespace {
 
 constexpr double knob = 27;
 constexpr double rim = 2;
-constexpr double ringWidth = 3;
 constexpr std::size_t picturesKept = 8;
 const QColor knobEdge(0, 0, 0, 40);
 
@@ -32,11 +31,6 @@ void draw(QPainter& painter, const SwitchStyle& style) {
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(knobEdge, 1));
     painter.drawEllipse(circle.adjusted(0.5, 0.5, -0.5, -0.5));
-    if (style.ring.alpha() == 0)
-        return;
-    painter.setPen(QPen(style.ring, ringWidth));
-    const QRectF line = all.adjusted(ringWidth / 2, ringWidth / 2, -ringWidth / 2, -ringWidth / 2);
-    painter.drawRoundedRect(line, line.height() / 2, line.height() / 2);
 }
 
 struct Picture {

@@ -11,8 +11,6 @@ struct SwitchStyle {
     static constexpr QSizeF size{51, 31};
 
     QColor track;
-    /// Around the switch that has the keyboard focus; transparent for none.
-    QColor ring = Qt::transparent;
     /// The knob's position: 0 at the beginning, 1 at the end.
     double position = 0;
     /// The beginning is on the right.

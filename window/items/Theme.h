@@ -40,6 +40,8 @@ class Theme : public QObject {
     Q_PROPERTY(QColor search READ search NOTIFY changed)
     Q_PROPERTY(QColor scrim READ scrim CONSTANT)
     Q_PROPERTY(QColor focus READ focus NOTIFY changed)
+    Q_PROPERTY(QColor focusOnDark READ focusOnDark CONSTANT)
+    Q_PROPERTY(int focusWidth READ focusWidth NOTIFY changed)
     Q_PROPERTY(int rowHeight READ rowHeight NOTIFY changed)
     Q_PROPERTY(int barHeight READ barHeight NOTIFY changed)
     Q_PROPERTY(int margin MEMBER margin CONSTANT)
@@ -85,7 +87,12 @@ public:
     QColor field() const { return isDark() ? 0x1c1c1e : 0xffffff; }
     QColor search() const { return isDark() ? 0x1c1c1e : 0xe3e3e8; }
     QColor scrim() const { return QColor::fromRgba(0x66000000); }
-    QColor focus() const { return QColor::fromRgba(isDark() ? 0x800a84ff : 0x80007aff); }
+    /// The ring around the item that has the keyboard focus: a contrast of 3:1 at least on every colour
+    /// above.
+    QColor focus() const { return shade(0x0060df, 0x409cff, 0x000000, 0xffffff); }
+    /// The same on a notice and on the keypad, which are always dark.
+    QColor focusOnDark() const { return 0xffffff; }
+    int focusWidth() const { return strong_ ? 4 : 3; }
 
     int rowHeight() const { return qMax(44, scaled(44)); }
     int barHeight() const;

@@ -22,7 +22,6 @@ QColor between(const QColor& from, const QColor& to, double part) {
 Toggle::Toggle(QQuickItem* parent) : PaintedItem(parent) {
     setImplicitSize(SwitchStyle::size.width(), SwitchStyle::size.height());
     setAcceptedMouseButtons(Qt::LeftButton);
-    setActiveFocusOnTab(true);
 }
 
 void Toggle::setOn(bool on) {
@@ -119,8 +118,6 @@ void Toggle::paint(QPainter& painter) {
         return;
     SwitchStyle style;
     style.track = between(theme_->off(), theme_->on(), position_);
-    if (hasActiveFocus())
-        style.ring = theme_->focus();
     style.position = position_;
     style.mirrored = QGuiApplication::layoutDirection() == Qt::RightToLeft;
     paintSwitch(painter, style);
@@ -145,15 +142,10 @@ void Toggle::keyPressEvent(QKeyEvent* event) {
 }
 
 void Toggle::focusInEvent(QFocusEvent*) {
-    repaint();
     if (!QAccessible::isActive())
         return;
     QAccessibleEvent event(this, QAccessible::Focus);
     QAccessible::updateAccessibility(&event);
-}
-
-void Toggle::focusOutEvent(QFocusEvent*) {
-    repaint();
 }
 
 void Toggle::notifyAccessibility() const {

@@ -5,7 +5,6 @@ import Wardlock.Native
 Item {
     objectName: "add"
     implicitWidth: 52
-    activeFocusOnTab: true
     Accessible.role: Accessible.Button
     Accessible.name: qsTr("Add")
     Accessible.focusable: true

@@ -48,5 +48,6 @@ Item {
                 Accessible.ignored: true
             }
         }
+        FocusRing { target: input }
     }
 }

@@ -104,6 +104,7 @@ Item {
                         PlainButton {
                             objectName: "alert:" + place.action.title
                             anchors.fill: parent
+                            ringInset: 4
                             text: place.action.title
                             available: place.action.enabled
                             strong: place.action.style === "cancel"

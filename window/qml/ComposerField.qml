@@ -42,6 +42,7 @@ Item {
         Component.onCompleted: text = field.value
         onTextEdited: field.edited(text)
     }
+    FocusRing { target: input }
     Hairline {
         anchors.bottom: parent.bottom
         anchors.left: parent.left

@@ -110,6 +110,7 @@ FocusScope {
                 size: Theme.small
                 shrinks: true
                 color: "white"
+                onDark: true
                 onPressed: sheet.keypad.pressEmergency()
             }
             KeypadKey {
@@ -126,6 +127,7 @@ FocusScope {
                 size: Math.round(15 * Math.min(Theme.textScale, 1.2))
                 shrinks: true
                 color: "white"
+                onDark: true
                 onPressed: sheet.keypad.digitCount > 0 ? sheet.keypad.pressDelete() : sheet.keypad.pressCancel()
             }
         }

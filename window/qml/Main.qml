@@ -37,6 +37,7 @@ Window {
             PageStack {
                 id: stack
                 anchors.fill: parent
+                notice: notice
             }
         }
         Loader {
@@ -51,7 +52,14 @@ Window {
             focus: active
             sourceComponent: AlertSheet { alert: settings.alert }
         }
-        NoticeBar { text: settings.notice }
+        NoticeBar {
+            id: notice
+            text: settings.notice
+            onTabbed: (event, forward) => {
+                const top = window.covered ? null : stack.topView();
+                event.accepted = top !== null && top.moveFocus(forward);
+            }
+        }
     }
     Loader {
         anchors.fill: parent

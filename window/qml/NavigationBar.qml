@@ -6,30 +6,15 @@ Rectangle {
     id: bar
     required property var page
 
-    /// The keyboard focus leaves the bar at its end or its beginning.
-    signal tabbedOut(bool forward)
-    readonly property bool hasButtons: back.visible || add.active
+    /// Whether the window's own order of focus includes the buttons.
+    property bool inWindowOrder: true
 
     height: Theme.barHeight
     color: Theme.bar
 
-    function takeFocus(forward) {
-        const buttons = (back.visible ? [back] : []).concat(add.active ? [add.item] : []);
-        if (buttons.length > 0)
-            buttons[forward ? 0 : buttons.length - 1].forceActiveFocus(Qt.TabFocusReason);
-        else
-            tabbedOut(forward);
-    }
-    Keys.onPressed: (event) => {
-        if (event.key !== Qt.Key_Tab && event.key !== Qt.Key_Backtab)
-            return;
-        const forward = event.key === Qt.Key_Tab;
-        const other = forward ? add.item : back.visible ? back : null;
-        if (other && !other.activeFocus)
-            other.forceActiveFocus(Qt.TabFocusReason);
-        else
-            tabbedOut(forward);
-        event.accepted = true;
+    /// What takes the keyboard focus, in order.
+    function stops() {
+        return (back.visible ? [back] : []).concat(add.active ? [add.item] : []);
     }
 
     /// The space that the title leaves free at its beginning and its end.
@@ -43,7 +28,7 @@ Rectangle {
         height: parent.height
         width: 34 + backLabel.implicitWidth
         anchors.left: parent.left
-        activeFocusOnTab: true
+        activeFocusOnTab: bar.inWindowOrder
         Accessible.role: Accessible.Button
         Accessible.name: qsTr("Back to %1").arg(bar.page.backTitle)
         Accessible.focusable: true
@@ -113,7 +98,7 @@ Rectangle {
         active: bar.page.hasAddButton
         height: parent.height
         anchors.right: parent.right
-        sourceComponent: AddButton {}
+        sourceComponent: AddButton { activeFocusOnTab: bar.inWindowOrder }
     }
 
     Hairline {

@@ -5,6 +5,13 @@ import Wardlock.Native
 Rectangle {
     id: notice
     property string text
+    /// The key that moves the keyboard focus on was pressed in the notice.
+    signal tabbed(var event, bool forward)
+
+    /// What takes the keyboard focus.
+    function stops() {
+        return visible ? [ok] : [];
+    }
 
     objectName: "notice"
     visible: text !== ""
@@ -36,11 +43,16 @@ Rectangle {
         id: ok
         objectName: "notice:ok"
         anchors.right: parent.right
-        anchors.rightMargin: 16
+        anchors.rightMargin: 18
         anchors.verticalCenter: parent.verticalCenter
         text: qsTr("OK")
         color: "#6cb6ff"
         strong: true
+        onDark: true
+        // Beside the text, not over it.
+        ringInset: -9
+        Keys.onTabPressed: (event) => notice.tabbed(event, true)
+        Keys.onBacktabPressed: (event) => notice.tabbed(event, false)
         onPressed: settings.dismissNotice()
     }
 }

@@ -5,6 +5,8 @@ import Wardlock.Native
 // little. A swipe from the edge moves the topmost page with the finger.
 Item {
     id: stack
+    /// The notice over the pages.
+    required property Item notice
     readonly property int duration: Math.round(settings.transitionSeconds * 1000)
     /// Counts pages that enter or leave: bindings on the repeater's items depend on it.
     property int changes: 0
@@ -36,6 +38,9 @@ Item {
             required property int index
 
             property alias content: pageView.content
+            function moveFocus(forward) {
+                return pageView.moveFocus(forward);
+            }
             readonly property int direction: LayoutMirroring.enabled ? -1 : 1
             readonly property bool isTop: place === "top" || place === "entering"
             readonly property Item above: stack.changes >= 0 && index + 1 < pages.count ? pages.itemAt(index + 1) : null
@@ -75,6 +80,7 @@ Item {
                 id: pageView
                 anchors.fill: parent
                 page: slot.page
+                notice: stack.notice
                 focus: true
             }
             Rectangle {

@@ -7,6 +7,40 @@ FocusScope {
     required property var page
 
     readonly property alias content: content.item
+    /// The notice over the pages.
+    required property Item notice
+
+    // Rows are created as they come into sight, so the window's own order of focus has only some of them, in any order. A
+    // page of text keeps that order.
+    readonly property bool hasStops: content.item !== null
+                                     && (content.item.stepRow !== undefined || content.item.takeFocus !== undefined)
+
+    /// Moves the keyboard focus to the next of the bar's buttons, the search, the page's rows or links, and the notice, in
+    /// a circle. Returns false on a page that keeps the window's own order.
+    function moveFocus(forward) {
+        if (!hasStops)
+            return false;
+        const shown = content.item;
+        // Null is the place of the rows or links.
+        const stops = bar.stops().concat(shown.stopsBefore ? shown.stopsBefore() : [], [null], notice.stops());
+        const held = stops.findIndex((stop) => stop !== null && stop.activeFocus);
+        if (held < 0 && shown.stepRow && shown.stepRow(forward))
+            return true;
+        const start = held < 0 ? stops.indexOf(null) : held;
+        for (let i = 1; i <= stops.length; ++i) {
+            const stop = stops[(start + i * (forward ? 1 : stops.length - 1)) % stops.length];
+            if (stop !== null)
+                stop.forceActiveFocus(forward ? Qt.TabFocusReason : Qt.BacktabFocusReason);
+            else if (shown.takeFocus)
+                shown.takeFocus(forward);
+            else if (!shown.enterRows(forward))
+                continue;
+            break;
+        }
+        return true;
+    }
+    Keys.onTabPressed: (event) => event.accepted = moveFocus(true)
+    Keys.onBacktabPressed: (event) => event.accepted = moveFocus(false)
 
     Rectangle {
         anchors.fill: parent
@@ -15,14 +49,7 @@ FocusScope {
     // First, as it is read first; the content is clipped and never covers it.
     NavigationBar {
         id: bar
-        onTabbedOut: (forward) => {
-            if (content.item && content.item.takeFocus)
-                return content.item.takeFocus(forward);
-            const list = content.item && content.item.focusRow ? content.item : null;
-            const inList = list !== null && list.focusRow(forward ? -1 : list.list.count, forward ? 1 : -1);
-            if (!inList && hasButtons)
-                takeFocus(forward);
-        }
+        inWindowOrder: !view.hasStops
         width: parent.width
         page: view.page
     }
@@ -51,6 +78,6 @@ FocusScope {
     }
     Connections {
         target: content.item && content.item.tabbedOut ? content.item : null
-        function onTabbedOut(forward) { bar.takeFocus(forward); }
+        function onTabbedOut(forward) { view.moveFocus(forward); }
     }
 }

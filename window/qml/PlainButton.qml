@@ -12,6 +12,9 @@ Item {
     property bool shrinks: false
     /// Whether it can be pressed at all; a covered button looks as usual.
     property bool available: true
+    /// Whether it is on something dark in every appearance.
+    property bool onDark: false
+    property real ringInset: 0
     signal pressed()
 
     implicitWidth: label.implicitWidth
@@ -42,7 +45,10 @@ Item {
         verticalAlignment: Text.AlignVCenter
         Accessible.ignored: true
     }
-    FocusRing {}
+    FocusRing {
+        onDark: button.onDark
+        inset: button.ringInset
+    }
     TapHandler {
         id: tap
         gesturePolicy: TapHandler.ReleaseWithinBounds

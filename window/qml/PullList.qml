@@ -11,8 +11,6 @@ Item {
     /// Shown where there are no rows; empty for nothing.
     property string emptyText
 
-    /// The keyboard focus leaves the list over its first or last row.
-    signal tabbedOut(bool forward)
     focus: true
 
     // Rows are created as they come into sight, so the view's own order of focus has only some of them, in any order.
@@ -21,6 +19,9 @@ Item {
             list.positionViewAtIndex(i, ListView.Contain);
             const row = list.itemAtIndex(i);
             if (row && row.focusTarget) {
+                // The view bounds its position by an assumed height of the rows that it has not created.
+                if (row.y + row.height > list.contentY + list.height)
+                    list.contentY = row.y + row.height - list.height;
                 row.focusTarget.forceActiveFocus(step > 0 ? Qt.TabFocusReason : Qt.BacktabFocusReason);
                 return true;
             }
@@ -35,18 +36,38 @@ Item {
         }
         return -1;
     }
-    /// Moves to the next row, from the first in sight where no row has the focus. Also shows the texts beyond the last
-    /// row.
-    function step(forward, tab) {
+    /// Moves the keyboard focus to the next row, from the first in sight where no row has it. Returns false behind the
+    /// last.
+    function stepRow(forward) {
         const focused = focusedRow();
         const start = focused < 0 && !list.atYBeginning ? list.indexAt(list.width / 2, list.contentY) - (forward ? 1 : 0) : focused;
-        if (focusRow(start, forward ? 1 : -1))
-            return;
-        if (tab)
-            tabbedOut(forward);
-        else
-            showEnd(forward);
+        return focusRow(start, forward ? 1 : -1);
     }
+    /// Moves the keyboard focus to the first row, or to the last. Returns false where there is none.
+    function enterRows(forward) {
+        return focusRow(forward ? -1 : list.count, forward ? 1 : -1);
+    }
+    /// What takes the keyboard focus before the rows, in order.
+    function stopsBefore() {
+        return field.stops();
+    }
+    /// The row whose part the item is; null for an item elsewhere.
+    function rowOf(item) {
+        let row = null;
+        for (let outer = item; outer; outer = outer.parent) {
+            if (row === null && outer.focusTarget === item)
+                row = outer;
+            if (outer === list.contentItem)
+                return row;
+        }
+        return null;
+    }
+    readonly property Item rowInFocus: rowOf(Window.activeFocusItem)
+    FocusRing {
+        parent: pullList.rowInFocus !== null ? pullList.rowInFocus : pullList
+        target: pullList.rowInFocus !== null ? pullList.rowInFocus.focusTarget : null
+    }
+
     readonly property real firstY: list.originY - list.topMargin
     readonly property real lastY: Math.max(firstY, list.originY + list.contentHeight + list.bottomMargin - list.height)
     function showEnd(last) {
@@ -57,7 +78,7 @@ Item {
         list.contentY = lastY;
     }
     function toEnd(last) {
-        if (focusRow(last ? list.count : -1, last ? -1 : 1))
+        if (enterRows(!last))
             showEnd(last);
     }
     /// Scrolls by the height of the window, and moves the keyboard focus with it.
@@ -69,10 +90,12 @@ Item {
         focusRow(list.indexAt(list.width / 2, list.contentY) - 1, 1);
     }
     Keys.onPressed: (event) => {
-        const tab = event.key === Qt.Key_Tab || event.key === Qt.Key_Backtab;
-        if (tab || event.key === Qt.Key_Down || event.key === Qt.Key_Up)
-            step(event.key === Qt.Key_Tab || event.key === Qt.Key_Down, tab);
-        else if (event.key === Qt.Key_Home || event.key === Qt.Key_End)
+        const forward = event.key === Qt.Key_Down;
+        if (forward || event.key === Qt.Key_Up) {
+            // Beyond the last row there may be text.
+            if (!stepRow(forward))
+                showEnd(forward);
+        } else if (event.key === Qt.Key_Home || event.key === Qt.Key_End)
             toEnd(event.key === Qt.Key_End);
         else if (event.key === Qt.Key_PageUp || event.key === Qt.Key_PageDown)
             turnPage(event.key === Qt.Key_PageDown);

@@ -21,7 +21,6 @@ TextInput {
     // A long text shows its beginning until it is edited.
     autoScroll: activeFocus
     selectByMouse: true
-    activeFocusOnTab: true
     echoMode: secure ? TextInput.Password : TextInput.Normal
     inputMethodHints: entry.numberPad ? Qt.ImhDigitsOnly : Qt.ImhNone
     Accessible.role: Accessible.EditableText

@@ -7,6 +7,10 @@ Item {
     property alias text: input.text
     signal cancelled()
 
+    function stops() {
+        return [input, cancel];
+    }
+
     function begin() {
         input.forceActiveFocus();
     }
@@ -33,7 +37,6 @@ Item {
             font.family: Theme.family
             font.pixelSize: Theme.body
             clip: true
-            activeFocusOnTab: true
             Accessible.role: Accessible.EditableText
             Accessible.name: qsTr("Search")
             Keys.onEscapePressed: box.cancelled()
@@ -46,6 +49,7 @@ Item {
                 Accessible.ignored: true
             }
         }
+        FocusRing { target: input }
     }
     PlainButton {
         id: cancel
@@ -53,6 +57,7 @@ Item {
         anchors.right: parent.right
         anchors.rightMargin: Theme.sideMargin(box.width)
         y: 4
+        activeFocusOnTab: false
         text: qsTr("Cancel")
         onPressed: box.cancelled()
     }

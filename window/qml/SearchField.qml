@@ -13,6 +13,10 @@ Item {
     clip: true
     Behavior on implicitHeight { enabled: !Theme.reducedMotion; NumberAnimation { duration: 180; easing.type: Easing.OutCubic } }
 
+    /// What takes the keyboard focus, in order.
+    function stops() {
+        return shown && content.item ? content.item.stops() : [];
+    }
     function begin() {
         content.active = true;
         shown = true;

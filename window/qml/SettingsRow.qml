@@ -23,7 +23,6 @@ Item {
     objectName: "row:" + (entry.label !== "" ? entry.label : entry.placeholder)
     implicitHeight: Math.max(Theme.rowHeight, label.visible ? label.height + 20 : 0)
     enabled: entry.enabled
-    activeFocusOnTab: takesKeys
 
     Accessible.role: leadsOn ? Accessible.Link : kind === "button" ? Accessible.Button
         : entry.choice ? Accessible.RadioButton : Accessible.StaticText
@@ -137,7 +136,6 @@ Item {
             page: row.page
         }
     }
-    FocusRing { visible: row.activeFocus }
     TapHandler {
         id: press
         enabled: row.selects

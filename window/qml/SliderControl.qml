@@ -18,7 +18,6 @@ Item {
     readonly property real track: width - 28
 
     implicitHeight: 31
-    activeFocusOnTab: true
     Accessible.role: Accessible.Slider
     Accessible.name: label
     Accessible.focusable: true
@@ -59,7 +58,6 @@ Item {
         color: "white"
         border.color: "#24000000"
     }
-    FocusRing {}
     DragHandler {
         id: drag
         target: null
