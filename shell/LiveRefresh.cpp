@@ -2,6 +2,7 @@
 
 #include "settings/ChangeNotification.h"
 #include "settings/Constants.h"
+#include "settings/history/History.h"
 
 namespace wardlock::shell {
 
@@ -26,6 +27,7 @@ void LiveRefresh::handleChange(const platform::Dictionary* userInfo) {
     changes_.announced(announcement);
     if (announcement.own)
         return account_.acceptOwnChange();
+    keepForeignVersion();
     needed_ = true;
     if (!boundary_.isInside())
         refreshIfNeeded();

@@ -12,7 +12,8 @@ namespace wardlock::shell {
 /// notification. For one that did not come from a page of this process:
 /// - it leaves the pages of a deleted account, and otherwise has them follow it (ShownAccount.h);
 /// - it rebuilds a bundle's first page;
-/// - it reads the rows of the other list pages again.
+/// - it reads the rows of the other list pages again;
+/// - it keeps the document as a version.
 ///
 /// The user did not ask for that, so an exception of a page is dropped and the earlier values stay. Main
 /// thread only.

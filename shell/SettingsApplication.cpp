@@ -5,6 +5,7 @@
 #include "platform/runtime/NSOperationQueue.h"
 #include "platform/ui/UIApplication.h"
 #include "settings/Log.h"
+#include "settings/history/History.h"
 #include "shell/BundleListController.h"
 
 namespace wardlock::shell {
@@ -19,6 +20,8 @@ SettingsApplication::SettingsApplication(platform::AnimationClock& clock, double
       pageInput_(screen_, changes_, account_, boundary_), sheetInput_(screen_, account_, boundary_),
       liveRefresh_(screen_, changes_, account_, boundary_) {
     platform::setDiagnosticsHandler(&appendToLog);
+    platform::setVersionPlace(SettingsPlace);
+    keepForeignVersion();
     platform::AnimationClock::setCurrent(&clock_);
     platform::DisplayObserver::setCurrent(&changes_);
     UIApplication::sharedApplication().setKeyWindow(screen_.window());

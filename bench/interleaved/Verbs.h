@@ -16,6 +16,8 @@ void measureShownPage(const std::string& file);
 void measureTap(const std::string& file);
 /// updateFile and its floor; changes copies of FILE beside it. `mode` is "none", "fdatasync" or "full".
 void measureReadModifyWrite(const std::string& file, const std::string& mode);
+/// updateFile with 200 versions beside the document, and without any.
+void measureVersions(const std::string& file, const std::string& mode);
 /// A notification to another process and a bare signal.
 void measureNotify();
 

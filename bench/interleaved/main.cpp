@@ -3,7 +3,7 @@
 // contender's.
 //
 //   bench-interleaved page|page-shown|tap FILE
-//   bench-interleaved rmw FILE none|fdatasync|full
+//   bench-interleaved rmw|versions FILE none|fdatasync|full
 //   bench-interleaved notify FILE
 
 #include "bench/NotificationPair.h"
@@ -32,6 +32,8 @@ int main(int count, char** words) {
         measureTap(arguments[1]);
     else if (verb == "rmw" && arguments.size() == 3)
         measureReadModifyWrite(arguments[1], arguments[2]);
+    else if (verb == "versions" && arguments.size() == 3)
+        measureVersions(arguments[1], arguments[2]);
     else if (verb == "notify")
         measureNotify();
     else

@@ -5,6 +5,7 @@
 #include "cli/io/Output.h"
 #include "cli/io/Suggestion.h"
 #include "platform/runtime/ExceptionBoundary.h"
+#include "settings/history/History.h"
 
 #include <algorithm>
 #include <exception>
@@ -151,6 +152,7 @@ Words withoutCommonOptions(Words words) {
 } // namespace
 
 ExitCode runCommandLine(Words words) {
+    platform::setVersionPlace(CommandPlace);
     return platform::callOrTerminate([&] {
         Words rest;
         const ExitCode code = reportingFailures("wardlock", [&] {

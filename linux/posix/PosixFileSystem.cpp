@@ -12,6 +12,7 @@
 #include <memory>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace platform::posix {
 
@@ -113,6 +114,10 @@ std::error_code readToEnd(int file, std::size_t expected, std::size_t maximum, s
 }
 
 } // namespace
+
+std::uint32_t PosixFileSystem::user() const {
+    return ::geteuid();
+}
 
 std::error_code PosixFileSystem::status(const std::string& path, Links links, FileStatus& status) {
     if (hasNul(path))

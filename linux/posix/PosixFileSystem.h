@@ -11,6 +11,7 @@ namespace platform::posix {
 /// - Symbolic links of other users are refused as TrustedSymlink.h documents.
 class WARDLOCK_API PosixFileSystem : public FileSystem {
 public:
+    std::uint32_t user() const override;
     std::error_code status(const std::string& path, Links links, FileStatus& status) override;
     std::error_code status(FileHandle file, FileStatus& status) override;
     std::error_code readLink(const std::string& path, std::string& target) override;

@@ -79,14 +79,23 @@ std::error_code AtomicWriter::write(const std::string& path, std::string_view by
         return error;
     if (attributes == Attributes::Private)
         target.old.reset();
-    const std::string folder = folderOf(target.path);
-    removeStale(folder);
+    removeStale(target);
     std::error_code error = attempt(target, bytes, sync);
     for (int more = attempts - 1; error == takenForStale() && more > 0; --more)
         error = attempt(target, bytes, sync);
-    if (!error && sync == Sync::Full)
-        error = uninterrupted([&] { return files_.syncFolder(folder); });
+    if (error)
+        return error;
+    if (sync == Sync::Full)
+        error = uninterrupted([&] { return files_.syncFolder(folderOf(target.path)); });
+    if (observer_)
+        observer_->didReplace(target.path);
     return error;
+}
+
+void AtomicWriter::removeLeftovers(const std::string& path) {
+    Target target;
+    if (!find(path, target))
+        removeStale(target);
 }
 
 std::error_code AtomicWriter::find(const std::string& path, Target& target) {
@@ -105,19 +114,29 @@ std::error_code AtomicWriter::find(const std::string& path, Target& target) {
     return {};
 }
 
-void AtomicWriter::removeStale(const std::string& folder) {
+void AtomicWriter::removeStale(const Target& target) {
     std::vector<std::string> names;
+    const std::string folder = folderOf(target.path);
     if (uninterrupted([&] { return files_.list(folder, names); }))
         return;
-    for (const std::string& name : names) {
-        FileHandle file = noFile;
-        const std::string path = inFolder(folder, name);
-        if (!isTemporaryName(name) || uninterrupted([&] { return files_.open(path, file); }))
-            continue;
-        if (!uninterrupted([&] { return files_.lock(file); }))
-            uninterrupted([&] { return files_.remove(path); });
-        files_.close(file);
-    }
+    for (const std::string& name : names)
+        if (isTemporaryName(name))
+            removeIfStale(inFolder(folder, name), target);
+}
+
+void AtomicWriter::removeIfStale(const std::string& path, const Target& target) {
+    FileHandle file = noFile;
+    if (uninterrupted([&] { return files_.open(path, file); }))
+        return;
+    FileStatus leftover;
+    const bool known = observer_ && !uninterrupted([&] { return files_.status(file, leftover); });
+    // Removed by this call, it cannot get the file's name any more.
+    const bool removed = !uninterrupted([&] { return files_.lock(file); }) &&
+                         !uninterrupted([&] { return files_.remove(path); });
+    // The open handle keeps the file's number from being given to another file.
+    if (removed && known)
+        observer_->removedLeftover(target.path, leftover);
+    files_.close(file);
 }
 
 std::error_code AtomicWriter::createTemporary(const Target& target, std::string& path, FileHandle& file) {
@@ -143,14 +162,20 @@ std::error_code AtomicWriter::attempt(const Target& target, std::string_view byt
     const std::error_code closed = files_.close(file);
     if (!error)
         error = closed;
-    if (!error) {
-        error = uninterrupted([&] { return files_.rename(temporary, target.path); });
-        if (error == std::errc::no_such_file_or_directory)
-            error = takenForStale();
-    }
+    if (!error)
+        error = rename(temporary, target);
     if (error)
         uninterrupted([&] { return files_.remove(temporary); });
     return error;
+}
+
+std::error_code AtomicWriter::rename(const std::string& temporary, const Target& target) {
+    if (observer_)
+        observer_->willReplace({target.path, target.old, temporary});
+    const std::error_code error = uninterrupted([&] { return files_.rename(temporary, target.path); });
+    if (error && observer_)
+        observer_->didNotReplace();
+    return error == std::errc::no_such_file_or_directory ? takenForStale() : error;
 }
 
 std::error_code AtomicWriter::fill(FileHandle file, const Target& target, std::string_view bytes, Sync sync) {

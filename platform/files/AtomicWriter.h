@@ -14,6 +14,28 @@ namespace platform {
 /// a passcode).
 enum class Attributes { OfOldFile, Private };
 
+/// The step in which a temporary gets the file's name.
+struct Replacement {
+    std::string path; ///< the file itself, behind links
+    std::optional<FileStatus> old;
+    std::string temporary;
+};
+
+/// Is called around that step. Nothing that it does or fails to do stops the write.
+class ReplacementObserver {
+public:
+    virtual ~ReplacementObserver() = default;
+    /// The temporary has all its bytes, and nothing but its name is missing.
+    virtual void willReplace(const Replacement& replacement) = 0;
+    /// The temporary did not get the name, and is removed.
+    virtual void didNotReplace() = 0;
+    /// The file is in place, and on the disk as far as that was asked for.
+    virtual void didReplace(const std::string& path) = 0;
+    /// A temporary of a process that is gone was removed. It never had a file's name. `path` is the file that
+    /// is written now.
+    virtual void removedLeftover(const std::string& path, const FileStatus& leftover) = 0;
+};
+
 /// Replaces a file's bytes in one step: a reader sees the old bytes or the new, after a kill or a power cut
 /// too. The file itself is never opened for writing and never locked.
 ///
@@ -30,12 +52,17 @@ enum class Attributes { OfOldFile, Private };
 /// - A missing folder is not created.
 class WARDLOCK_API AtomicWriter {
 public:
-    explicit AtomicWriter(FileSystem& files = FileSystem::current()) : files_(files) {}
+    /// The observer, if any, has to outlive the writer.
+    explicit AtomicWriter(FileSystem& files = FileSystem::current(), ReplacementObserver* observer = nullptr)
+        : files_(files), observer_(observer) {}
 
     /// Returns an error when the old file stays and no temporary is left. The exception is a folder that
     /// could not be synced (the last step of Sync::Full): then the new file is in place.
     std::error_code write(const std::string& path, std::string_view bytes, Sync sync,
                           Attributes attributes = Attributes::OfOldFile);
+
+    /// Removes the temporaries that were left beside the file, as every write of it does.
+    void removeLeftovers(const std::string& path);
 
 private:
     struct Target {
@@ -44,15 +71,18 @@ private:
     };
 
     std::error_code find(const std::string& path, Target& target);
-    void removeStale(const std::string& folder);
+    void removeStale(const Target& target);
+    void removeIfStale(const std::string& path, const Target& target);
     std::error_code createTemporary(const Target& target, std::string& path, FileHandle& file);
     std::error_code attempt(const Target& target, std::string_view bytes, Sync sync);
+    std::error_code rename(const std::string& temporary, const Target& target);
     std::error_code fill(FileHandle file, const Target& target, std::string_view bytes, Sync sync);
     std::error_code keepAttributes(FileHandle file, const FileStatus& created, const Target& target);
     std::error_code keepOwner(FileHandle file, const FileStatus& created, const FileStatus& old,
                               unsigned& mode);
 
     FileSystem& files_;
+    ReplacementObserver* observer_;
 };
 
 } // namespace platform

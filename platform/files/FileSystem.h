@@ -50,6 +50,9 @@ public:
     /// Returns the operating system's own: the files of this machine.
     static FileSystem& native();
 
+    /// Returns the user to whom the files belong that these calls create.
+    virtual std::uint32_t user() const = 0;
+
     virtual std::error_code status(const std::string& path, Links links, FileStatus& status) = 0;
     virtual std::error_code status(FileHandle file, FileStatus& status) = 0;
     /// Reads the text of a symbolic link. std::errc::permission_denied where the link belongs neither to this

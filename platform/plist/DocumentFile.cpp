@@ -4,6 +4,7 @@
 #include "platform/files/AtomicWriter.h"
 #include "platform/plist/PropertyList.h"
 #include "platform/plist/PropertyListBounds.h"
+#include "platform/versions/VersionKeeper.h"
 
 #include <charconv>
 #include <utility>
@@ -24,9 +25,8 @@ std::string damagedName(const std::string& path, int number) {
 } // namespace
 
 DocumentFile::DocumentFile(FileSystem& files, std::string path) : files_(files), path_(std::move(path)) {
-    std::string bytes;
     const auto read = [&] {
-        return uninterrupted([&] { return files_.readFile(path_, largestDocument, bytes); });
+        return uninterrupted([&] { return files_.readFile(path_, largestDocument, bytes_); });
     };
     std::error_code error = read();
     // A disk or a remote folder may fail once and not again. Taking the document for unreadable would replace
@@ -38,13 +38,12 @@ DocumentFile::DocumentFile(FileSystem& files, std::string path) : files_(files),
         readError_ = error;
         return;
     }
-    const std::optional<Value> root = propertyListWithData(bytes);
+    const std::optional<Value> root = propertyListWithData(bytes_);
     if (root && root->kind() == Value::Kind::Dictionary) {
         state_ = State::Document;
         dictionary_ = root->dictionary();
     } else {
         state_ = State::Damaged;
-        damaged_ = std::move(bytes);
     }
 }
 
@@ -57,7 +56,7 @@ DocumentFile::State DocumentFile::stateAfter(std::error_code error) {
     return shortOfMeans ? State::Unknown : State::Unreadable;
 }
 
-std::error_code DocumentFile::replace(const Dictionary& dictionary, Sync sync) {
+std::error_code DocumentFile::replace(const Dictionary& dictionary, Sync sync, const Versions& versions) {
     if (state_ == State::Unknown)
         return readError_;
     std::string bytes;
@@ -67,7 +66,20 @@ std::error_code DocumentFile::replace(const Dictionary& dictionary, Sync sync) {
         return error;
     // The mode that made the old file unreadable would make the new one unreadable too.
     const Attributes attributes = state_ == State::Unreadable ? Attributes::Private : Attributes::OfOldFile;
-    return AtomicWriter(files_).write(path_, bytes, sync, attributes);
+    VersionKeeper keeper(files_, versions, document(), bytes);
+    return AtomicWriter(files_, &keeper).write(path_, bytes, sync, attributes);
+}
+
+std::optional<std::string_view> DocumentFile::document() const {
+    return state_ == State::Document ? std::optional<std::string_view>(bytes_) : std::nullopt;
+}
+
+void DocumentFile::keepVersion() {
+    if (state_ != State::Document)
+        return;
+    VersionKeeper keeper(files_, {}, document(), bytes_);
+    AtomicWriter(files_, &keeper).removeLeftovers(path_);
+    keeper.keepCurrent(path_);
 }
 
 std::error_code DocumentFile::encode(const Dictionary& dictionary, std::string& bytes) const {
@@ -89,10 +101,10 @@ std::error_code DocumentFile::copyAside(Sync sync) {
         const std::string name = damagedName(path_, number);
         const std::error_code error =
             uninterrupted([&] { return files_.readFile(name, largestDocument, kept); });
-        if (!error && kept == damaged_)
+        if (!error && kept == bytes_)
             return {};
         if (error == std::errc::no_such_file_or_directory || number == mostDamaged)
-            return AtomicWriter(files_).write(name, damaged_, sync, Attributes::Private);
+            return AtomicWriter(files_).write(name, bytes_, sync, Attributes::Private);
     }
     return {};
 }

@@ -2,9 +2,11 @@
 
 #include "platform/files/FileSystem.h"
 #include "platform/values/Dictionary.h"
+#include "platform/versions/Versions.h"
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace platform {
 
@@ -31,12 +33,19 @@ public:
     ///
     /// Where nothing can be kept, nothing is written. Nor is it where this process was short of descriptors
     /// or memory when it read the file: the document may be intact.
-    std::error_code replace(const Dictionary& dictionary, Sync sync);
+    ///
+    /// A document is kept as a version (versions/VersionKeeper.h). Where that fails, it is written all the
+    /// same.
+    std::error_code replace(const Dictionary& dictionary, Sync sync, const Versions& versions = {});
+
+    /// Keeps the document as a version, unless it is the youngest one anyway: another program wrote it.
+    void keepVersion();
 
 private:
     enum class State { Missing, Document, Damaged, Unreadable, Unknown };
 
     static State stateAfter(std::error_code error);
+    std::optional<std::string_view> document() const;
     std::error_code encode(const Dictionary& dictionary, std::string& bytes) const;
     std::error_code keepOldContent(Sync sync);
     std::error_code copyAside(Sync sync);
@@ -48,7 +57,8 @@ private:
     /// The error of reading the file.
     std::error_code readError_;
     std::optional<Dictionary> dictionary_;
-    std::string damaged_;
+    /// What was read: of a document or of damage.
+    std::string bytes_;
 };
 
 } // namespace platform

@@ -19,19 +19,19 @@ std::optional<Dictionary> dictionaryWithContentsOfFile(std::string_view devicePa
 }
 
 bool writeToFileAtomically(const Dictionary& dictionary, std::string_view devicePath, Sync sync) {
-    return !fileOnDevice(devicePath).replace(dictionary, sync);
+    return !fileOnDevice(devicePath).replace(dictionary, sync, {KeepVersions::WhereFolderExists});
 }
 
 Update updateFile(std::string_view devicePath, const std::function<bool(MutableDictionary&)>& change,
-                  Sync sync) {
-    Update update = updateFileOfMachine(pathOnDevice(devicePath), change, sync);
+                  Sync sync, const Versions& versions) {
+    Update update = updateFileOfMachine(pathOnDevice(devicePath), change, sync, versions);
     if (update.error)
         reportUnsavedChange(update.error.message());
     return update;
 }
 
 Update updateFileOfMachine(const std::string& path, const std::function<bool(MutableDictionary&)>& change,
-                           Sync sync) {
+                           Sync sync, const Versions& versions) {
     DocumentFile file(FileSystem::current(), path);
     MutableDictionary entries;
     if (file.dictionary())
@@ -39,9 +39,13 @@ Update updateFileOfMachine(const std::string& path, const std::function<bool(Mut
     Update update;
     update.changed = change(entries);
     update.dictionary = entries.copy();
-    update.error = update.changed ? file.replace(update.dictionary, sync) : file.readError();
+    update.error = update.changed ? file.replace(update.dictionary, sync, versions) : file.readError();
     update.written = update.changed && !update.error;
     return update;
+}
+
+void keepVersionOfFile(std::string_view devicePath) {
+    fileOnDevice(devicePath).keepVersion();
 }
 
 } // namespace platform

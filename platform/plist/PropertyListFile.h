@@ -3,6 +3,7 @@
 #include "../base/Export.h"
 #include "../files/Sync.h"
 #include "../values/Value.h"
+#include "../versions/Versions.h"
 
 #include <functional>
 #include <optional>
@@ -18,7 +19,7 @@ WARDLOCK_API std::optional<Dictionary> dictionaryWithContentsOfFile(std::string_
 
 /// Replaces the file at a device path by the dictionary's XML form, atomically; readers see the old bytes or
 /// the new. A file that is not a document is kept as "<name>.damaged" first. Returns whether the new content
-/// is in place.
+/// is in place. Versions are kept where the file has a folder of versions already.
 WARDLOCK_API bool writeToFileAtomically(const Dictionary& dictionary, std::string_view devicePath,
                                         Sync sync = Sync::Full);
 
@@ -39,11 +40,19 @@ struct Update {
 /// When `change` returns false, nothing is written. An exception of `change` passes through, and nothing is
 /// written either. An error is also reported to the host that shows pages, since most callers ignore it.
 WARDLOCK_API Update updateFile(std::string_view devicePath,
-                               const std::function<bool(MutableDictionary&)>& change, Sync sync = Sync::Full);
+                               const std::function<bool(MutableDictionary&)>& change, Sync sync = Sync::Full,
+                               const Versions& versions = {});
 
-/// The same for a file at a path of this machine, whose error is only returned.
+/// The same for a file at a path of this machine, whose error is only returned. Any file can be named, so none
+/// gets a folder of versions; one that is there is used.
 WARDLOCK_API Update updateFileOfMachine(const std::string& path,
                                         const std::function<bool(MutableDictionary&)>& change,
-                                        Sync sync = Sync::Full);
+                                        Sync sync = Sync::Full,
+                                        const Versions& versions = {KeepVersions::WhereFolderExists});
+
+/// Keeps the document at a device path as a version where another program wrote it: it differs from the
+/// youngest version. Called whenever a program meets the document, so that the next program to replace it
+/// does not destroy it.
+WARDLOCK_API void keepVersionOfFile(std::string_view devicePath);
 
 } // namespace platform

@@ -39,12 +39,13 @@ POSIX = STD + ["the operating system"]
 BASE = ["platform/base"]
 VALUES = BASE + ["platform/values"]
 FILES = BASE + ["platform/files"]
-PLIST = VALUES + ["platform/files", "platform/plist"]
+VERSIONS = FILES + ["platform/versions"]
+PLIST = VALUES + ["platform/files", "platform/versions", "platform/plist"]
 RUNTIME = PLIST + ["platform/runtime"]
 UI = RUNTIME + ["platform/text", "platform/ui"]
 PLATFORM = UI + ["platform/preferences", "platform/services"]
 BELOW_PAGES = PLATFORM + ["settings", "specifiers"]
-SHELL = PLATFORM + ["settings", "shell/screen", "shell/input", "shell/device", "shell"]
+SHELL = PLATFORM + ["settings", "settings/history", "shell/screen", "shell/input", "shell/device", "shell"]
 EVERYTHING = None
 
 # room: the rooms and single headers it may include beside its own, and what else
@@ -53,12 +54,14 @@ ROOMS = {
     "platform/values": (BASE, STD),
     "platform/files": (BASE, STD),
     "platform/text": (VALUES, STD),
-    "platform/plist": (VALUES + FILES, STD),
+    "platform/versions": (FILES, STD),
+    "platform/plist": (VALUES + VERSIONS, STD),
     "platform/runtime": (PLIST, STD),
     "platform/ui": (RUNTIME + ["platform/text"], STD),
     "platform/preferences": (UI, STD),
     "platform/services": (UI, STD),
     "settings": (RUNTIME + ["platform/text", "platform/services/DeviceInformation.h"], STD),
+    "settings/history": (PLIST + ["platform/runtime", "settings"], STD),
     "specifiers": (PLATFORM + ["settings"], STD),
     "passcode": (PLATFORM, STD),
     "apps": (BELOW_PAGES, STD),
@@ -75,7 +78,7 @@ ROOMS = {
     "shell/screen": (PLATFORM + ["settings"], STD),
     "shell/input": (PLATFORM + ["settings", "shell/screen"], STD),
     "shell/device": (PLATFORM + ["settings"], STD),
-    "shell": (PLATFORM + ["settings", "shell/screen", "shell/input", "shell/device"], STD),
+    "shell": (PLATFORM + ["settings", "settings/history", "shell/screen", "shell/input", "shell/device"], STD),
     "window/pictures": (PLATFORM, STD + ["Qt"]),
     "window/items": (PLATFORM + ["window/pictures"], STD + ["Qt"]),
     "window/accessibility": (PLATFORM + ["window/items"], STD + ["Qt"]),

@@ -22,6 +22,8 @@ FileImage imageOf(const fs::path& path) {
     EXPECT_EQ(::lstat(path.c_str(), &found), 0) << path;
     if (S_ISLNK(found.st_mode))
         return {.kind = FileKind::Link, .text = fs::read_symlink(path).string()};
+    if (S_ISDIR(found.st_mode))
+        return {FileKind::Folder, "", found.st_mode & 07777, found.st_uid, found.st_gid};
     EXPECT_TRUE(S_ISREG(found.st_mode)) << path;
     std::ifstream file(path, std::ios::binary);
     return {.kind = FileKind::Regular,
@@ -36,7 +38,10 @@ void make(const fs::path& path, const FileImage& file) {
         fs::create_symlink(file.text, path);
         return;
     }
-    std::ofstream(path, std::ios::binary) << file.text;
+    if (file.kind == FileKind::Folder)
+        fs::create_directory(path);
+    else
+        std::ofstream(path, std::ios::binary) << file.text;
     EXPECT_EQ(::chown(path.c_str(), file.owner, file.group), 0) << path;
     EXPECT_EQ(::chmod(path.c_str(), file.mode), 0) << path;
 }
@@ -46,7 +51,7 @@ void make(const fs::path& path, const FileImage& file) {
 DiskImage DiskImage::of(const std::vector<std::string>& folders) {
     DiskImage image(folders);
     for (const std::string& folder : folders)
-        for (const auto& entry : fs::directory_iterator(folder))
+        for (const auto& entry : fs::recursive_directory_iterator(folder))
             image.add(entry.path().string(), imageOf(entry.path()));
     return image;
 }
@@ -54,22 +59,28 @@ DiskImage DiskImage::of(const std::vector<std::string>& folders) {
 DiskImage DiskImage::of(const MemoryFileSystem& disk, const std::vector<std::string>& folders) {
     DiskImage image(folders);
     for (const std::string& folder : folders)
-        for (const std::string& name : disk.names(folder)) {
-            const std::string path = folder + '/' + name;
-            const auto status = disk.statusOf(path);
-            const std::string text = disk.textOf(path);
-            if (status->kind == FileKind::Link)
-                image.add(path, {.kind = FileKind::Link, .text = text});
-            else
-                image.add(path, {status->kind, text, status->mode, status->owner, status->group});
-        }
+        image.addAllOf(disk, folder);
     return image;
+}
+
+void DiskImage::addAllOf(const MemoryFileSystem& disk, const std::string& folder) {
+    for (const std::string& name : disk.names(folder)) {
+        const std::string path = folder + '/' + name;
+        const auto status = disk.statusOf(path);
+        const std::string text = disk.textOf(path);
+        if (status->kind == FileKind::Link)
+            add(path, {.kind = FileKind::Link, .text = text});
+        else
+            add(path, {status->kind, text, status->mode, status->owner, status->group});
+        if (status->kind == FileKind::Folder)
+            addAllOf(disk, path);
+    }
 }
 
 void DiskImage::restore() const {
     for (const std::string& folder : folders_)
         for (const auto& entry : fs::directory_iterator(folder))
-            fs::remove(entry.path());
+            fs::remove_all(entry.path());
     for (const auto& [path, file] : files_)
         make(path, file);
 }
@@ -80,6 +91,8 @@ void DiskImage::restore(MemoryFileSystem& disk) const {
     for (const auto& [path, file] : files_)
         if (file.kind == FileKind::Link)
             disk.addLink(path, file.text);
+        else if (file.kind == FileKind::Folder)
+            disk.addFolder(path, file.mode);
         else
             disk.addFile(path, file.text, file.mode, file.owner, file.group);
 }

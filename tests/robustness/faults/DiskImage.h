@@ -13,7 +13,7 @@ namespace wardlock::test {
 
 class MemoryFileSystem;
 
-/// A file as it lies on a disk; of a symbolic link only the text counts.
+/// A file or a folder as it is on a disk; of a symbolic link only the text counts.
 struct FileImage {
     platform::FileKind kind = platform::FileKind::Regular;
     std::string text; ///< a file's bytes, a link's target
@@ -50,6 +50,8 @@ public:
     auto operator<=>(const DiskImage&) const = default;
 
 private:
+    void addAllOf(const MemoryFileSystem& disk, const std::string& folder);
+
     std::vector<std::string> folders_;
     std::map<std::string, FileImage> files_;
 };

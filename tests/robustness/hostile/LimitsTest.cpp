@@ -82,9 +82,11 @@ protected:
         const platform::Value* value = document ? document->find("kEnabled") : nullptr;
         return document && document->size() == 3 && value && !value->boolean();
     }
-    /// Neither a temporary nor a kept copy stands beside the document.
+    /// Neither a temporary nor a kept copy stands beside the document; the folder of its versions may.
     bool documentIsAlone() const {
-        return std::distance(fs::directory_iterator(onDisk(documentFolder)), fs::directory_iterator()) == 1;
+        const fs::directory_iterator all(onDisk(documentFolder));
+        return std::count_if(begin(all), end(all),
+                             [](const auto& entry) { return entry.path().extension() != ".history"; }) == 1;
     }
 
     RecordingNotificationCenter center;

@@ -48,17 +48,17 @@ ALL = [
          "static_cast<void>(sync);\n    return {};"),
     ]),
     Mutant("no-folder-sync", "nobody waits until the new name is on the disk", both("power-cut"), [
-        (WRITER, "if (!error && sync == Sync::Full)\n        error", "if (!error && sync == Sync::Full && bytes.empty())\n        error"),
+        (WRITER, "if (sync == Sync::Full)\n        error", "if (sync == Sync::Full && bytes.empty())\n        error"),
     ]),
     Mutant("wrong-folder-synced", "the folder of the link is synced, not that of the file", both("power-cut"), [
-        (WRITER, "return files_.syncFolder(folder);", "return files_.syncFolder(folderOf(path));"),
+        (WRITER, "return files_.syncFolder(folderOf(target.path));", "return files_.syncFolder(folderOf(path));"),
     ]),
     Mutant("sync-before-rename", "the folder is synced before the file has its name", both("power-cut"), [
-        (WRITER, "        error = uninterrupted([&] { return files_.rename(temporary, target.path); });",
-         "        error = uninterrupted([&] { return files_.syncFolder(folderOf(target.path)); });\n"
-         "        if (!error)\n"
-         "            error = uninterrupted([&] { return files_.rename(temporary, target.path); });"),
-        (WRITER, "if (!error && sync == Sync::Full)\n        error", "if (!error && sync == Sync::Full && bytes.empty())\n        error"),
+        (WRITER, "    const std::error_code error = uninterrupted([&] { return files_.rename(temporary, target.path); });",
+         "    std::error_code error = uninterrupted([&] { return files_.syncFolder(folderOf(target.path)); });\n"
+         "    if (!error)\n"
+         "        error = uninterrupted([&] { return files_.rename(temporary, target.path); });"),
+        (WRITER, "if (sync == Sync::Full)\n        error", "if (sync == Sync::Full && bytes.empty())\n        error"),
     ]),
     # What is written.
     Mutant("byte-dropped", "the last byte is not written", both("killed") + ("soak",), [
@@ -89,15 +89,14 @@ ALL = [
     ]),
     # Errors.
     Mutant("rename-error-swallowed", "a failed rename counts as a success", ("processes.error-once/PropertyListSet",), [
-        (WRITER, "return files_.rename(temporary, target.path); });\n        if (error == std::errc::no_such_file_or_directory)\n            error = takenForStale();",
-         "return files_.rename(temporary, target.path); });\n        if (error) {\n            files_.remove(temporary);\n            error = {};\n        }"),
+        (WRITER, "    return error == std::errc::no_such_file_or_directory ? takenForStale() : error;",
+         "    if (error)\n        files_.remove(temporary);\n    return {};"),
     ]),
     Mutant("temporary-left", "a write that fails leaves its temporary", both("disk-full"), [
         (WRITER, "    if (error)\n        uninterrupted([&] { return files_.remove(temporary); });\n    return error;", "    return error;"),
     ]),
     Mutant("leftovers-not-cleared", "what killed processes have left stays", both("killed"), [
-        (WRITER, "    removeStale(folder);\n", ""),
-        (WRITER, "void AtomicWriter::removeStale(", "[[maybe_unused]] void AtomicWriter::removeStale("),
+        (WRITER, "        if (isTemporaryName(name))\n            removeIfStale", "        if (isTemporaryName(name) && name.empty())\n            removeIfStale"),
     ]),
     Mutant("one-read-error-is-the-end", "a read that fails once makes the document unreadable", ("memory.error-once",), [
         (FILE, "if (error && error != std::errc::no_such_file_or_directory)\n        error = read();", "static_cast<void>(read);"),
@@ -109,7 +108,7 @@ ALL = [
         (FILE, "return copyAside(sync);", "return copyAside(sync == Sync::Full ? Sync::None : sync);"),
     ]),
     Mutant("live-temporary-removed", "a temporary that is being written counts as a leftover", ("tests.files/AtomicWriter",), [
-        (WRITER, "        if (!uninterrupted([&] { return files_.lock(file); }))\n            uninterrupted", "        uninterrupted([&] { return files_.lock(file); });\n            uninterrupted"),
+        (WRITER, "!uninterrupted([&] { return files_.lock(file); }) &&", "(uninterrupted([&] { return files_.lock(file); }), true) &&"),
     ]),
     Mutant("short-read-is-enough", "what a short read has left is not read", ("processes.interrupted",), [
         (REAL_FILES, "        if (length == read.size())\n            read.resize(read.size() * 2);", "        break;"),

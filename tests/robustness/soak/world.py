@@ -120,7 +120,8 @@ class World:
 
     def leftovers(self):
         """Files beside the document that should not be there."""
-        return [name for name in os.listdir(os.path.dirname(self.document)) if name != os.path.basename(self.document)]
+        expected = {os.path.basename(self.document), os.path.basename(self.document) + ".history"}
+        return [name for name in os.listdir(os.path.dirname(self.document)) if name not in expected]
 
     def empty_outbox(self):
         """How many mails lay there."""

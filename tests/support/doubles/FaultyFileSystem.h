@@ -47,6 +47,7 @@ public:
     /// Whether the function takes room on the disk, so that a full one refuses it.
     static bool needsRoom(std::string_view function);
 
+    std::uint32_t user() const override { return files_.user(); }
     std::error_code status(const std::string& path, platform::Links links,
                            platform::FileStatus& status) override;
     std::error_code status(platform::FileHandle file, platform::FileStatus& status) override;

@@ -56,6 +56,7 @@ public:
     const std::vector<std::string>& calls() const { return calls_; }
     void forgetCalls() { calls_.clear(); }
 
+    std::uint32_t user() const override { return user_; }
     std::error_code status(const std::string& path, platform::Links links,
                            platform::FileStatus& status) override;
     std::error_code status(platform::FileHandle file, platform::FileStatus& status) override;

@@ -2,8 +2,8 @@
 
 #include "settings/DefaultSettings.h"
 #include "settings/Keys.h"
+#include "tests/support/SettingsFixture.h"
 #include "tests/support/ThrownException.h"
-#include "tests/unit/settings/SettingsFixture.h"
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,7 @@
 #include "platform/values/NSException.h"
 #include "settings/DocumentPath.h"
 #include "settings/Keys.h"
-#include "tests/unit/settings/SettingsFixture.h"
+#include "tests/support/SettingsFixture.h"
 
 namespace wardlock::test {
 namespace {

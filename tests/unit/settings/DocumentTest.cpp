@@ -2,7 +2,7 @@
 
 #include "settings/Constants.h"
 #include "settings/DocumentPath.h"
-#include "tests/unit/settings/SettingsFixture.h"
+#include "tests/support/SettingsFixture.h"
 
 #include <gtest/gtest.h>
 

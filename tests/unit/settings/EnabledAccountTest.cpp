@@ -3,7 +3,7 @@
 #include "settings/DefaultSettings.h"
 #include "settings/Keys.h"
 #include "settings/Settings.h"
-#include "tests/unit/settings/SettingsFixture.h"
+#include "tests/support/SettingsFixture.h"
 
 #include <gtest/gtest.h>
 

@@ -8,8 +8,8 @@
 #include "settings/Keys.h"
 #include "tests/support/BuildPaths.h"
 #include "tests/support/Process.h"
+#include "tests/support/SettingsFixture.h"
 #include "tests/support/TestBus.h"
-#include "tests/unit/settings/SettingsFixture.h"
 
 #include <gtest/gtest.h>
 

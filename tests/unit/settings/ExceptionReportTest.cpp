@@ -3,7 +3,7 @@
 #include "platform/runtime/ExceptionBoundary.h"
 #include "platform/runtime/NSOperationQueue.h"
 #include "platform/text/Format.h"
-#include "tests/unit/settings/SettingsFixture.h"
+#include "tests/support/SettingsFixture.h"
 
 #include <gtest/gtest.h>
 

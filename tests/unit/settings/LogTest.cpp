@@ -2,9 +2,9 @@
 
 #include "platform/files/FileSystem.h"
 #include "platform/runtime/NSOperationQueue.h"
+#include "tests/support/SettingsFixture.h"
 #include "tests/support/doubles/FaultyFileSystem.h"
 #include "tests/support/doubles/MemoryFileSystem.h"
-#include "tests/unit/settings/SettingsFixture.h"
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,7 @@
 
 #include "settings/EnabledAccount.h"
 #include "settings/Settings.h"
-#include "tests/unit/settings/SettingsFixture.h"
+#include "tests/support/SettingsFixture.h"
 
 #include <gtest/gtest.h>
 

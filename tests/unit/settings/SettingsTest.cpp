@@ -5,8 +5,8 @@
 #include "platform/plist/PropertyListFile.h"
 #include "settings/DefaultSettings.h"
 #include "settings/EnabledAccount.h"
+#include "tests/support/SettingsFixture.h"
 #include "tests/support/doubles/MemoryFileSystem.h"
-#include "tests/unit/settings/SettingsFixture.h"
 
 #include <gtest/gtest.h>
 

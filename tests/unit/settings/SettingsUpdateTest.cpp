@@ -1,7 +1,7 @@
 #include "settings/DefaultSettings.h"
 #include "settings/EnabledAccount.h"
 #include "settings/Settings.h"
-#include "tests/unit/settings/SettingsFixture.h"
+#include "tests/support/SettingsFixture.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "tests/unit/settings/SettingsFixture.h"
+#include "tests/support/SettingsFixture.h"
 
 #include "platform/plist/PropertyList.h"
 #include "settings/EnabledAccount.h"

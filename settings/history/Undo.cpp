@@ -1,0 +1,176 @@
+#include "settings/history/Undo.h"
+
+#include "platform/plist/PropertyListFile.h"
+#include "settings/DocumentPath.h"
+#include "settings/history/ChangeAnnouncement.h"
+#include "settings/history/History.h"
+
+#include <algorithm>
+#include <functional>
+#include <utility>
+
+namespace wardlock {
+
+namespace {
+
+using platform::Deed;
+using platform::Dictionary;
+using platform::Version;
+using Outcome = UndoResult::Outcome;
+
+/// The versions that undo() and redo() take back, the next one last. A version is the change that led to it.
+struct Stacks {
+    std::vector<const Version*> undo;
+    std::vector<const Version*> redo;
+
+    Stacks(const History& history, Whose whose) {
+        const std::uint32_t own = platform::ownVersionOrigin().process;
+        for (const Version& version : history.versions())
+            if (whose == Whose::Anyones || version.origin.process == own)
+                add(version);
+    }
+
+private:
+    void add(const Version& version) {
+        const auto isTaken = [&](const Version* other) { return other->number == version.origin.of; };
+        switch (version.origin.deed) {
+        case Deed::Undo:
+            std::erase_if(undo, isTaken);
+            return redo.push_back(&version);
+        case Deed::Redo:
+            std::erase_if(redo, isTaken);
+            return undo.push_back(&version);
+        case Deed::Change:
+        case Deed::Restore:
+            redo.clear();
+            undo.push_back(&version);
+        }
+    }
+};
+
+/// A version, and the document before and after it.
+struct Target {
+    const Version* version = nullptr;
+    Dictionary before;
+    Dictionary after;
+    /// The documents after that, the youngest last.
+    std::vector<Dictionary> since;
+};
+
+/// Returns whether the document has nothing of the target any more: others took it back.
+bool isGone(const Target& target) {
+    const Dictionary& now = target.since.empty() ? target.after : target.since.back();
+    const auto taken = takeBack(target.before, target.after, target.since, now, LaterChanges::Keep).document;
+    return taken && *taken == now;
+}
+
+std::vector<Dictionary> documentsSince(const History& history, const Version& version) {
+    std::vector<Dictionary> documents;
+    for (const Version& other : history.versions())
+        if (platform::isOlder(version, other))
+            if (const auto document = history.document(other))
+                documents.push_back(*document);
+    return documents;
+}
+
+/// Returns the last version that can be compared with the one before, and whose change is still there.
+std::optional<Target> lastChange(const History& history, const std::vector<const Version*>& stack) {
+    for (std::size_t i = stack.size(); i-- > 0;) {
+        const Version* previous = history.previous(*stack[i]);
+        const auto before = previous ? history.document(*previous) : std::nullopt;
+        const auto after = history.document(*stack[i]);
+        if (!before || !after)
+            continue;
+        Target target = {stack[i], *before, *after, documentsSince(history, *stack[i])};
+        if (!isGone(target))
+            return target;
+    }
+    return std::nullopt;
+}
+
+/// Replaces the document by what `next` makes of it, and announces what that changed.
+UndoResult change(std::string_view identifier, const platform::Versions& versions,
+                  const std::function<std::optional<Dictionary>(const Dictionary& now)>& next) {
+    UndoResult result;
+    result.number = versions.of;
+    const auto replace = [&](platform::MutableDictionary& entries) {
+        const Dictionary now = entries.copy();
+        const auto document = next(now);
+        if (!document || *document == now)
+            return false;
+        result.changes = difference(now, *document);
+        entries = platform::MutableDictionary(*document);
+        return true;
+    };
+    const platform::Update update =
+        platform::updateFile(documentPath(identifier), replace, platform::Sync::Full, versions);
+    result.error = update.error;
+    if (!update.changed) {
+        result.outcome = update.error ? Outcome::Failed : Outcome::Nothing;
+        return result;
+    }
+    result.outcome = update.written ? Outcome::Done : Outcome::Failed;
+    if (update.written)
+        announceChanges(result.changes, update.dictionary, identifier);
+    return result;
+}
+
+UndoResult takeBackChange(const std::optional<Target>& target, Deed deed, LaterChanges later,
+                          std::string_view identifier) {
+    if (!target)
+        return {};
+    std::vector<std::string> conflicts;
+    UndoResult result =
+        change(identifier, {.deed = deed, .of = target->version->number}, [&](const Dictionary& now) {
+            TakingBack taken = takeBack(target->before, target->after, target->since, now, later);
+            conflicts = std::move(taken.conflicts);
+            return std::move(taken.document);
+        });
+    if (!conflicts.empty()) {
+        result.outcome = Outcome::Refused;
+        result.reasons = std::move(conflicts);
+    }
+    return result;
+}
+
+} // namespace
+
+std::optional<UndoStep> undoStep(Whose whose, std::string_view identifier) {
+    const History history(identifier);
+    const auto target = lastChange(history, Stacks(history, whose).undo);
+    if (!target)
+        return std::nullopt;
+    return UndoStep{target->version->number, difference(target->before, target->after)};
+}
+
+std::optional<UndoStep> redoStep(Whose whose, std::string_view identifier) {
+    const History history(identifier);
+    const auto target = lastChange(history, Stacks(history, whose).redo);
+    if (!target)
+        return std::nullopt;
+    return UndoStep{target->version->number, difference(target->after, target->before)};
+}
+
+UndoResult undo(Whose whose, LaterChanges later, std::string_view identifier) {
+    const History history(identifier);
+    const auto target = lastChange(history, Stacks(history, whose).undo);
+    return takeBackChange(target, Deed::Undo, later, identifier);
+}
+
+UndoResult redo(Whose whose, LaterChanges later, std::string_view identifier) {
+    const History history(identifier);
+    const auto target = lastChange(history, Stacks(history, whose).redo);
+    return takeBackChange(target, Deed::Redo, later, identifier);
+}
+
+UndoResult restoreVersion(std::uint64_t number, std::string_view identifier) {
+    const History history(identifier);
+    const Version* version = history.find(number);
+    const auto document = version ? history.document(*version) : std::nullopt;
+    if (!document)
+        return {};
+    return change(identifier, {.deed = Deed::Restore, .of = number},
+                  [&](const Dictionary&) { return document; });
+}
+
+} // namespace wardlock
