@@ -11,8 +11,10 @@ std::span<const Verb* const> verbs() {
         &accountRenameVerb, &accountEnableVerb, &accountDisableVerb, &accountDeleteVerb, &accountVerb,
         &setVerb,           &getVerb,           &appsVerb,           &restrictVerb,      &allowVerb,
         &passcodeSetVerb,   &passcodeClearVerb, &passcodeCheckVerb,  &exportVerb,        &importVerb,
-        &watchVerb,         &announceVerb,      &doctorVerb,         &deviceInitVerb,    &plistDumpVerb,
-        &plistConvertVerb,  &plistLintVerb,     &plistSetVerb,       &completeVerb,      &helpVerb};
+        &watchVerb,         &announceVerb,      &historyShowVerb,    &historyDiffVerb,   &historyVerb,
+        &undoVerb,          &redoVerb,          &restoreVerb,        &doctorVerb,        &deviceInitVerb,
+        &plistDumpVerb,     &plistConvertVerb,  &plistLintVerb,      &plistSetVerb,      &completeVerb,
+        &helpVerb};
     return all;
 }
 

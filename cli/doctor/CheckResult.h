@@ -43,6 +43,7 @@ struct CheckResult {
 CheckResult checkDeviceRoot();
 CheckResult checkStorage();
 CheckResult checkDocument();
+CheckResult checkHistory();
 CheckResult checkLog();
 CheckResult checkBus();
 CheckResult checkBundle();

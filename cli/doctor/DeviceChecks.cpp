@@ -99,8 +99,9 @@ bool describeAccounts(const platform::Dictionary& document, CheckResult& result)
 }
 
 std::string howToRestore(const std::string& path) {
-    return "Restore a copy before anything changes the settings: the next change keeps this file as " + path +
-           ".damaged and writes a new document.";
+    return "wardlock restore puts the last good version in its place. Without it, the next change keeps this "
+           "file as " +
+           path + ".damaged and writes a new document.";
 }
 
 void checkContent(const std::string& path, const std::string& bytes, CheckResult& result) {
@@ -114,8 +115,8 @@ void checkContent(const std::string& path, const std::string& bytes, CheckResult
         result.fails(path + " is a property list, but not a dictionary", advice);
     else if (!describeAccounts(*document, result))
         result.fails(path + " has a \"kAccounts\" that is not a list",
-                     "Accounts can be neither shown nor created. Restore a copy of the document, or "
-                     "remove the key.");
+                     "Accounts can be neither shown nor created. Restore a version that wardlock history "
+                     "lists, or remove the key.");
     else if (const std::error_code error = platform::documentWithPropertyList(*value, written))
         result.fails(path + " can be read, but no change can be stored: " + error.message(),
                      "Remove unneeded entries, accounts first, with a property list editor.");

@@ -11,9 +11,9 @@ namespace wardlock::cli {
 
 namespace {
 
-constexpr std::array checks{&checkDeviceRoot, &checkStorage, &checkDocument, &checkLog,
-                            &checkBus,        &checkBundle,  &checkAppList,  &checkWindow,
-                            &checkWebEngine,  &checkFonts,   &checkPortal,   &checkMail};
+constexpr std::array checks{&checkDeviceRoot, &checkStorage, &checkDocument, &checkHistory, &checkLog,
+                            &checkBus,        &checkBundle,  &checkAppList,  &checkWindow,  &checkWebEngine,
+                            &checkFonts,      &checkPortal,  &checkMail};
 
 bool isBroken(const CheckResult& result) {
     return !result.works && result.need == CheckResult::Need::Needed;
@@ -63,10 +63,11 @@ const Verb doctorVerb{
     "doctor",
     "",
     "check the installation, and suggest repairs",
-    "Checks the device root, the storage of changes, the document, the log, the bus,\n"
-    "the settings bundle, the AppList module, the window, its web engine and font,\n"
-    "the desktop's contrast, and the route of support mail. Prints one line for each:\n"
-    "\"ok\", \"absent\" (Wardlock works without it) or \"BROKEN\". Lines with \"->\"\n"
+    "Checks the device root, the storage of changes, the document, its earlier\n"
+    "versions, the log, the bus, the settings bundle, the AppList module, the window,\n"
+    "its web engine and font, the desktop's contrast, and the route of support mail.\n"
+    "Prints one line for each: \"ok\", \"absent\" (Wardlock works without it) or \"BROKEN\". Lines with "
+    "\"->\"\n"
     "suggest what to do. A change is tried with a file beside the document, which is\n"
     "removed again; nothing else is changed.\n"
     "\n"

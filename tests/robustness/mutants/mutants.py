@@ -20,6 +20,9 @@ VIEW_PAGE = "specifiers/ViewListController.cpp"
 HELPER = "specifiers/PreferenceHelper.cpp"
 ICONS = "specifiers/PreferenceHelperAdditions.cpp"
 SETTINGS = "settings/Settings.cpp"
+KEEPER = "platform/versions/VersionKeeper.cpp"
+VERSIONS = "platform/versions/VersionFolder.cpp"
+TAKING_BACK = "settings/history/TakingBack.cpp"
 
 
 def both(fault):
@@ -115,6 +118,44 @@ ALL = [
     ]),
     Mutant("reason-of-a-failure-lost", "plist set does not say why it could not store", ("tests.faults/WriteErrorMessage",), [
         ("cli/command/PropertyListSetCommand.cpp", " + error.message());", ");"),
+    ]),
+    # Earlier versions.
+    Mutant("foreign-version-lost", "what another program wrote is replaced without being kept", ("tests.versions/KeptVersions",), [
+        (KEEPER, "        addOld(folder, *replacement.old);\n", "        static_cast<void>(&VersionKeeper::addOld);\n"),
+    ]),
+    Mutant("failed-write-kept", "a write that failed has a version", ("tests.versions/KeptVersions", "tests.versions/VersionFaults"), [
+        (KEEPER, "        folder_->remove(*added_);\n", "        static_cast<void>(folder_);\n"),
+    ]),
+    Mutant("killed-write-kept", "what a killed writer did not put in place stays a version", ("tests.versions/KeptVersions",), [
+        (KEEPER, "        folder.remove(*never);\n", "        static_cast<void>(never);\n"),
+    ]),
+    Mutant("versions-in-a-link", "versions are kept behind a symbolic link", ("tests.versions/VersionsNotKept",), [
+        (VERSIONS, "return files_.status(path_, Links::NoFollow, status); });\n    if (error)\n        return error == std::errc::no_such",
+         "return files_.status(path_, Links::Follow, status); });\n    if (error)\n        return error == std::errc::no_such"),
+    ]),
+    Mutant("versions-with-another-user", "versions are kept in a folder of another user", ("tests.versions/VersionsNotKept",), [
+        (VERSIONS, "    if (status.owner != files_.user())\n        return State::OfAnotherUser;\n", ""),
+    ]),
+    Mutant("versions-open-to-others", "versions are kept where others look into the folder", ("tests.versions/VersionsNotKept",), [
+        (VERSIONS, "constexpr unsigned rightsOfOthers = 0077;", "constexpr unsigned rightsOfOthers = 0007;"),
+    ]),
+    Mutant("age-of-its-writing", "a version is as old as its writing, not as its replacing", ("tests.versions/VersionBounds",), [
+        (VERSIONS, "std::min_element(names.begin() + 1, names.end()", "std::min_element(names.begin(), names.end()"),
+        (VERSIONS, "    std::size_t aged = names.size() - 1;\n    while (", "    std::size_t aged = names.size();\n    while (--aged < names.size() && "),
+        (VERSIONS, "names[aged]), now))\n        --aged;\n    return aged;", "names[aged]), now)) {\n    }\n    return aged + 1;"),
+    ]),
+    Mutant("later-change-lost", "taking back overwrites a later change to the same key", ("tests.history/TakingBackChanges", "tests.history/Undo"), [
+        (TAKING_BACK, "        if (!equal(value, change.now) && later_ == LaterChanges::Keep)\n            return addConflict(change.key == kPasscode",
+         "        if (!equal(value, change.now) && entries_.empty())\n            return addConflict(change.key == kPasscode"),
+    ]),
+    Mutant("account-back-at-the-end", "a deleted account returns at the list's end", ("tests.history/TakingBackChanges",), [
+        (TAKING_BACK, "        accounts_.insert(position, *change.old);\n", "        position = accounts_.size();\n        accounts_.append(*change.old);\n"),
+    ]),
+    Mutant("undo-in-silence", "what is taken back is not announced", ("tests.history/Undo",), [
+        ("settings/history/Undo.cpp", "        announceChanges(result.changes, update.dictionary, identifier);", "        static_cast<void>(&announceChanges);"),
+    ]),
+    Mutant("digits-shown", "a version is printed with its passcode", ("tests.cli/HistoryCommand",), [
+        ("cli/command/HistoryCommands.cpp", "    masked.set(kPasscode, \"****\");\n", ""),
     ]),
     # The pages.
     Mutant("passcode-by-its-beginning", "a passcode that begins as the right one is taken for it", ("tests.root/PasscodeWorkflow",), [

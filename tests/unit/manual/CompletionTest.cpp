@@ -91,6 +91,10 @@ TEST_F(BashCompletion, OffersOnlyWordsWithTheTypedPrefix) {
     EXPECT_EQ(offered({"wardlock", "a"}), (Words{"account", "accounts", "allow", "announce", "apps"}));
     EXPECT_EQ(offered({"wardlock", "plist", "l"}), (Words{"lint"}));
     EXPECT_EQ(offered({"wardlock", "status", "--j"}), (Words{"--json"}));
+    // A verb that is a family, too.
+    EXPECT_EQ(offered({"wardlock", "history", "s"}), (Words{"show"}));
+    EXPECT_EQ(offered({"wardlock", "history", "--j"}), (Words{"--json"}));
+    EXPECT_EQ(offered({"wardlock", "history", "show", "1", "--j"}), (Words{"--json"}));
 }
 
 TEST_F(BashCompletion, OffersTheKeysThatAVerbAccepts) {

@@ -1,0 +1,168 @@
+#include "cli/command/Commands.h"
+#include "cli/command/CommonOptions.h"
+#include "cli/command/HistoryText.h"
+#include "cli/command/VersionOperand.h"
+#include "cli/io/Json.h"
+#include "cli/io/Output.h"
+#include "cli/io/TextWidth.h"
+#include "cli/io/TypedJson.h"
+#include "platform/plist/PropertyList.h"
+#include "settings/Document.h"
+#include "settings/Keys.h"
+#include "settings/history/ChangeText.h"
+
+#include <array>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace wardlock::cli {
+
+namespace {
+
+using platform::Dictionary;
+using platform::Version;
+
+constexpr std::size_t longestOrigin = 15;
+
+std::string joined(const std::vector<std::string>& texts) {
+    std::string line;
+    for (const std::string& text : texts)
+        line += (line.empty() ? "" : "; ") + text;
+    return line;
+}
+
+/// Returns what a version changed, or why that is not known.
+std::vector<std::string> describe(const History& history, const Version& version) {
+    if (const auto changes = history.changes(version))
+        return changes->empty() ? std::vector<std::string>{"the same settings in another form"}
+                                : changeTexts(*changes);
+    if (!history.document(version))
+        return {"damaged: another program wrote into it"};
+    return {"the first version that was kept"};
+}
+
+void printVersion(const History& history, const Version& version) {
+    std::string origin(originText(version.origin));
+    origin.resize(longestOrigin, ' ');
+    std::string line = std::to_string(version.number) + "  " + localTime(version.time) + "  " + origin + "  ";
+    if (version.origin.deed != platform::Deed::Change)
+        line += std::string(deedWord(version.origin.deed)) + ' ' + std::to_string(version.origin.of) + ": ";
+    Output::line(line + printable(joined(describe(history, version))));
+}
+
+void printJson(const History& history, const Version& version) {
+    Json json = Json::object();
+    json["number"] = version.number;
+    json["time"] = universalTime(version.time);
+    json["origin"] = version.origin.place;
+    json["deed"] = deedWord(version.origin.deed);
+    if (version.origin.deed != platform::Deed::Change)
+        json["of"] = version.origin.of;
+    const auto changes = history.changes(version);
+    json["changes"] = changes ? Json(changeTexts(*changes)) : Json();
+    Output::foreignLine(jsonLine(json));
+}
+
+ExitCode list(const Arguments& arguments) {
+    const History history;
+    if (const std::string reason = reasonAgainst(history.folder()); !reason.empty())
+        throw CommandError(ExitCode::Failed, reason);
+    const auto& versions = history.versions();
+    for (std::size_t i = versions.size(); i-- > 0;)
+        if (arguments.has(jsonOption.name))
+            printJson(history, versions[i]);
+        else
+            printVersion(history, versions[i]);
+    return ExitCode::Done;
+}
+
+Dictionary withoutDigits(const Dictionary& document) {
+    const platform::Value* passcode = document.find(kPasscode);
+    if (!passcode || platform::stringValue(passcode) == "")
+        return document;
+    platform::MutableDictionary masked(document);
+    masked.set(kPasscode, "****");
+    return masked.copy();
+}
+
+ExitCode show(const Arguments& arguments) {
+    const History history;
+    const Dictionary document = withoutDigits(documentOfOperand(history, arguments.operand(0)));
+    if (arguments.has(jsonOption.name)) {
+        Output::foreignLine(jsonLine(typedJson(document)));
+        return ExitCode::Done;
+    }
+    std::string text = platform::dataWithPropertyList(document);
+    if (text.ends_with('\n'))
+        text.pop_back();
+    Output::foreignLine(text);
+    return ExitCode::Done;
+}
+
+ExitCode diff(const Arguments& arguments) {
+    const History history;
+    const Dictionary older = documentOfOperand(history, arguments.operand(0));
+    std::optional<Dictionary> newer;
+    if (arguments.operands().size() > 1)
+        newer = documentOfOperand(history, arguments.operand(1));
+    else
+        newer = document(BundleIdentifier);
+    if (!newer)
+        throw CommandError(ExitCode::Failed, "there is no document now, or it is damaged");
+    for (const std::string& text : changeTexts(difference(older, *newer)))
+        Output::line(printable(text));
+    return ExitCode::Done;
+}
+
+constexpr std::array jsonOptions{jsonOption};
+
+} // namespace
+
+const Verb historyVerb{
+    "history",
+    "",
+    "list the changes of the settings that can be taken back",
+    "Lists the kept versions of the settings, the youngest first: its number, when\n"
+    "it was written, by whom (Settings, a command or another program), and what it\n"
+    "changed. A passcode's digits are never printed.\n"
+    "\n"
+    "The last 200 versions are kept, and none that was replaced more than 90 days\n"
+    "ago. Where none can be kept, prints the reason; exit code 1 then.\n"
+    "\n"
+    "With --json, prints one object a version: \"number\", \"time\", \"origin\"\n"
+    "(\"settings\", \"command\", \"program\" or \"unknown\"), \"deed\" (\"change\", \"undo\",\n"
+    "\"redo\" or \"restore\"), \"of\" (the version that was taken back or restored), and\n"
+    "\"changes\" (texts, or null where they are not known).\n",
+    jsonOptions,
+    0,
+    0,
+    list,
+};
+
+const Verb historyShowVerb{
+    "history show",
+    "N",
+    "print a version of the settings, with the passcode masked",
+    "Prints version N of the settings as a property list. A passcode is printed as\n"
+    "****. With --json, prints it as plist dump does.\n",
+    jsonOptions,
+    1,
+    1,
+    show,
+};
+
+const Verb historyDiffVerb{
+    "history diff",
+    "N [M]",
+    "print what changed between two versions",
+    "Prints the changes that lead from version N of the settings to version M, or to\n"
+    "the settings as they are now. Prints nothing where they are equal.\n",
+    {},
+    1,
+    2,
+    diff,
+};
+
+} // namespace wardlock::cli

@@ -1,0 +1,73 @@
+#include "cli/command/HistoryText.h"
+
+#include <ctime>
+
+namespace wardlock::cli {
+
+namespace {
+
+constexpr std::int64_t millisecondsOfASecond = 1000;
+
+std::string formatted(const char* format, const std::tm& parts) {
+    char text[64];
+    return {text, std::strftime(text, sizeof text, format, &parts)};
+}
+
+} // namespace
+
+std::string_view originText(const platform::VersionOrigin& origin) {
+    if (origin.place == SettingsPlace)
+        return "Settings";
+    return origin.place == CommandPlace ? "command" : "another program";
+}
+
+std::string_view deedWord(platform::Deed deed) {
+    switch (deed) {
+    case platform::Deed::Undo:
+        return "undo";
+    case platform::Deed::Redo:
+        return "redo";
+    case platform::Deed::Restore:
+        return "restore";
+    case platform::Deed::Change:
+        break;
+    }
+    return "change";
+}
+
+std::string localTime(std::int64_t milliseconds) {
+    const auto seconds = static_cast<std::time_t>(milliseconds / millisecondsOfASecond);
+    std::tm parts = {};
+    ::localtime_r(&seconds, &parts);
+    return formatted("%Y-%m-%d %H:%M:%S", parts);
+}
+
+std::string universalTime(std::int64_t milliseconds) {
+    const auto seconds = static_cast<std::time_t>(milliseconds / millisecondsOfASecond);
+    std::tm parts = {};
+    ::gmtime_r(&seconds, &parts);
+    const std::string fraction = std::to_string(millisecondsOfASecond + milliseconds % millisecondsOfASecond);
+    return formatted("%Y-%m-%dT%H:%M:%S.", parts) + fraction.substr(1) + 'Z';
+}
+
+std::string reasonAgainst(const platform::VersionFolder& folder) {
+    using State = platform::VersionFolder::State;
+    const std::string& path = folder.path();
+    switch (folder.state()) {
+    case State::NotAFolder:
+        return path + " is a link or a file, and not a folder";
+    case State::OfAnotherUser:
+        return path + " belongs to another user";
+    case State::OpenToOthers:
+        return path + " is open to other users; chmod 700 closes it";
+    case State::Unknown:
+        return path + " cannot be looked at";
+    case State::Missing:
+        return "there is no " + path + " yet; the first change creates it";
+    case State::Usable:
+        break;
+    }
+    return "";
+}
+
+} // namespace wardlock::cli

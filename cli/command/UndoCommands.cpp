@@ -1,0 +1,132 @@
+#include "cli/command/Commands.h"
+#include "cli/command/HistoryText.h"
+#include "cli/command/VersionOperand.h"
+#include "cli/io/Output.h"
+#include "cli/io/TextWidth.h"
+#include "settings/Document.h"
+#include "settings/history/ChangeText.h"
+#include "settings/history/Undo.h"
+
+#include <array>
+#include <string>
+
+namespace wardlock::cli {
+
+namespace {
+
+using Outcome = UndoResult::Outcome;
+
+constexpr Option forceOption{"--force", "", "lose later changes to the same keys"};
+
+LaterChanges laterChanges(const Arguments& arguments) {
+    return arguments.has(forceOption.name) ? LaterChanges::Overwrite : LaterChanges::Keep;
+}
+
+std::string refusal(const UndoResult& result) {
+    std::string text;
+    for (const std::string& reason : result.reasons)
+        text += (text.empty() ? "" : "; ") + reason;
+    return "later changes would be lost: " + text;
+}
+
+/// Prints what was changed, or throws the reason why nothing was; `nothing` returns it where there is nothing
+/// to change.
+template <class Reason>
+ExitCode report(const UndoResult& result, Reason nothing) {
+    switch (result.outcome) {
+    case Outcome::Refused:
+        throw CommandError(ExitCode::Failed, refusal(result));
+    case Outcome::Failed:
+        throw CommandError(ExitCode::Failed, "cannot write the settings: " + result.error.message());
+    case Outcome::Nothing:
+        throw CommandError(ExitCode::Failed, nothing());
+    case Outcome::Done:
+        break;
+    }
+    for (const std::string& text : changeTexts(result.changes))
+        Output::line(printable(text));
+    return ExitCode::Done;
+}
+
+/// Versions that cannot be read are the reason for having nothing to do.
+std::string nothingTo(const std::string& what) {
+    const std::string reason = reasonAgainst(History().folder());
+    return "nothing to " + what + (reason.empty() ? "" : ": " + reason);
+}
+
+ExitCode runUndo(const Arguments& arguments) {
+    return report(undo(Whose::Anyones, laterChanges(arguments)), [] { return nothingTo("undo"); });
+}
+
+ExitCode runRedo(const Arguments& arguments) {
+    return report(redo(Whose::Anyones, laterChanges(arguments)), [] { return nothingTo("redo"); });
+}
+
+ExitCode restoreLastGood() {
+    const History history;
+    if (document(BundleIdentifier))
+        throw CommandError(ExitCode::Failed, "the settings are not damaged; name a version to restore (see "
+                                             "wardlock history)");
+    const platform::Version* last = history.lastReadable();
+    if (!last)
+        throw CommandError(ExitCode::Failed, nothingTo("restore"));
+    return report(restoreVersion(last->number), [] { return nothingTo("restore"); });
+}
+
+ExitCode restore(const Arguments& arguments) {
+    if (arguments.operands().empty())
+        return restoreLastGood();
+    const std::string_view operand = arguments.operand(0);
+    documentOfOperand(History(), operand);
+    return report(restoreVersion(versionNumber(operand)),
+                  [&] { return "the settings are those of version " + std::string(operand) + " already"; });
+}
+
+constexpr std::array forceOptions{forceOption};
+
+} // namespace
+
+const Verb undoVerb{
+    "undo",
+    "",
+    "take the last change of the settings back",
+    "Takes the last change of the settings back that was not taken back yet, whoever\n"
+    "made it, and prints what that changes. It is a change like any other: stored in\n"
+    "one step, announced key by key, and listed by wardlock history.\n"
+    "\n"
+    "Other changes that were made since stay. Where one of them is of the same key,\n"
+    "nothing is taken back unless --force is given; exit code 1 then.\n",
+    forceOptions,
+    0,
+    0,
+    runUndo,
+};
+
+const Verb redoVerb{
+    "redo",
+    "",
+    "make the change again that undo took back last",
+    "Makes the change again that undo took back last, and prints it. There is nothing\n"
+    "to make again once the settings were changed since; exit code 1 then.\n",
+    forceOptions,
+    0,
+    0,
+    runRedo,
+};
+
+const Verb restoreVerb{
+    "restore",
+    "[N]",
+    "replace the settings by an earlier version",
+    "Replaces the settings by version N, as wardlock history lists them, and prints\n"
+    "what that changes. Every later change goes; undo takes the restoring back.\n"
+    "\n"
+    "Without N, replaces settings that are damaged or missing by the last version\n"
+    "that can be read. Settings that are neither stay; exit code 1 then.\n",
+    {},
+    0,
+    1,
+    restore,
+};
+
+} // namespace wardlock::cli
