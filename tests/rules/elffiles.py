@@ -45,7 +45,7 @@ def bad_folders(text):
     """Elements of RUNPATH and RPATH that depend on the current folder."""
     found = []
     for _, folders in re.findall(r"\((RUNPATH|RPATH)\)[^[]*\[(.*)\]", text):
-        found += [f"\"{folder}\" is no absolute folder to look for libraries in" for folder in folders.split(":")
+        found += [f"\"{folder}\" is not an absolute folder to search for libraries" for folder in folders.split(":")
                   if not re.match(r"/|\$ORIGIN(/|$)", folder)]
     return found
 

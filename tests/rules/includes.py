@@ -104,7 +104,7 @@ NOT_OURS = ("build", "examples")
 
 
 def source_files(top):
-    """Paths below `top` of all source files, hidden folders and those that are not ours aside."""
+    """Paths below `top` of all source files, hidden folders and those of other projects aside."""
     for folder, folders, files in os.walk(top):
         folders[:] = sorted(f for f in folders if not f.startswith(".") and not (folder == top and f in NOT_OURS))
         for name in sorted(files):
@@ -113,7 +113,7 @@ def source_files(top):
 
 
 def room_of(path):
-    """The innermost room of the table that the file stands in."""
+    """The innermost room of the table that contains the file."""
     folder = os.path.dirname(path)
     while folder and folder not in ROOMS:
         folder = os.path.dirname(folder)
@@ -147,7 +147,7 @@ def violations(top):
     for path in source_files(top):
         room = room_of(path)
         if not room:
-            found.append(f"{path}: stands in no room; add its folder to {os.path.basename(__file__)}")
+            found.append(f"{path}: is in no room; add its folder to {os.path.basename(__file__)}")
             continue
         own, others = ROOMS[room]
         for number, bracket, name in includes_of(top, path):
@@ -156,7 +156,7 @@ def violations(top):
                     # Other programs have folders of their own, but none between two of these headers.
                     below = os.path.join(os.path.dirname(path), name)
                     if not os.path.exists(os.path.join(top, below)):
-                        found.append(f"{path}:{number}: \"{name}\" is no path from the public header's own folder")
+                        found.append(f"{path}:{number}: \"{name}\" is not a path from the public header's own folder")
                         continue
                     name = os.path.normpath(below)
                     if name not in public:
@@ -165,7 +165,7 @@ def violations(top):
                 if own is not EVERYTHING and os.path.dirname(name) not in own + [room] and name not in own:
                     found.append(f"{path}:{number}: {room} may not include \"{name}\"")
                 elif not os.path.exists(os.path.join(top, name)):
-                    found.append(f"{path}:{number}: \"{name}\" is no path from the top folder")
+                    found.append(f"{path}:{number}: \"{name}\" is not a path from the top folder")
             else:
                 kind = next(kind for kind, matches in KINDS if matches(name))
                 if kind not in others:

@@ -47,7 +47,7 @@ WRONG = {
     "tools/test-summary": [[], ["results"], ["results", "log", "results"]],
     "examples/listen.py": [["one", "another"]],
 }
-# What its help has to tell of, where that is more than how it is called.
+# What its help has to document, where that is more than how it is called.
 OPTIONS = {
     "run": ["--device-root", "--plain", "--screenshots", "--terminal"],
     "test": ["--preset", "--sanitize", "--coverage"],
@@ -55,7 +55,7 @@ OPTIONS = {
 
 
 def scripts():
-    """Whatever can be started of the repository's own files, by path below its folder."""
+    """All that can be started of the repository's own files, by path below its folder."""
     found = []
     for folder, below, names in os.walk(TOP):
         if folder == TOP:

@@ -23,7 +23,7 @@ sigset_t chosenAlone() {
 } // namespace
 
 BlockedSignal::BlockedSignal() {
-    // Without the flag that lets an interrupted call go on.
+    // Without the flag that lets an interrupted call continue.
     struct sigaction action {};
     action.sa_handler = doNothing;
     EXPECT_EQ(sigaction(chosen, &action, nullptr), 0);
@@ -35,7 +35,7 @@ BlockedSignal::~BlockedSignal() {
     pthread_sigmask(SIG_UNBLOCK, &set, nullptr);
 }
 
-void BlockedSignal::hold() const {
+void BlockedSignal::block() const {
     const sigset_t set = chosenAlone();
     EXPECT_EQ(pthread_sigmask(SIG_BLOCK, &set, nullptr), 0);
 }
@@ -44,7 +44,7 @@ void BlockedSignal::send() const {
     EXPECT_EQ(kill(getpid(), chosen), 0);
 }
 
-bool BlockedSignal::isHeld() const {
+bool BlockedSignal::isPending() const {
     sigset_t pending;
     return sigpending(&pending) == 0 && sigismember(&pending, chosen) == 1;
 }

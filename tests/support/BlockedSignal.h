@@ -2,8 +2,8 @@
 
 namespace wardlock::test {
 
-/// A signal to this process that the calling thread does not take: it is held where no other thread takes it
-/// either. One object at a time.
+/// A signal to this process that the calling thread does not take: it stays pending where no other thread
+/// takes it either. One object at a time.
 class BlockedSignal {
 public:
     BlockedSignal();
@@ -12,9 +12,9 @@ public:
     BlockedSignal& operator=(const BlockedSignal&) = delete;
 
     /// From now on; threads that were started before take it, unless they refuse it themselves.
-    void hold() const;
+    void block() const;
     void send() const;
-    bool isHeld() const;
+    bool isPending() const;
 };
 
 } // namespace wardlock::test

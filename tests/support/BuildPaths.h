@@ -4,11 +4,11 @@
 
 namespace wardlock::test {
 
-// Where this build stands, as absolute paths without a closing slash.
+// The paths of this build, absolute and without a closing slash.
 
 std::string sourceFolder();
 std::string buildFolder();
-/// The programs that were built, those that stand beside a test as the other process included.
+/// The programs that were built, those that are the other process of a test included.
 std::string programFolder();
 /// The modules that tests load.
 std::string testModulesFolder();

@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 namespace {
 
 std::string contents(const fs::path& path) {
-    // A process may end while its file is read: a stream then holds what there was.
+    // A process may end while its file is read: a stream then contains what there was.
     std::ostringstream bytes;
     bytes << std::ifstream(path, std::ios::binary).rdbuf();
     return bytes.str();

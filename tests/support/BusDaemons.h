@@ -5,7 +5,7 @@
 
 namespace wardlock::test {
 
-/// The processes that serve the own bus of a folder. The product starts them to live on after their starter,
+/// The processes that serve the own bus of a folder. The product starts them to outlive their starter,
 /// so a test ends them itself.
 std::vector<int> busDaemonsOf(const std::string& folder);
 

@@ -10,7 +10,7 @@
 
 namespace wardlock::test {
 
-/// A device root and a bus of the test's own, and the two programs that stand for other processes.
+/// A device root and a bus of the test's own, and the two programs that are the other processes.
 class BusFixture : public DeviceRootFixture {
 protected:
     BusFixture() { environment.set("DBUS_SESSION_BUS_ADDRESS", bus.address()); }

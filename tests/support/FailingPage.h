@@ -77,7 +77,7 @@ struct FailingEntry {
 /// Every way in, each once.
 extern const std::array<FailingEntry, static_cast<std::size_t>(Entry::NotificationCame) + 1> failingEntries;
 
-/// The bundle that fails where it is told to, in a device root that holds a document, and what it leaves.
+/// The bundle that fails where a test says, in a device root with a document, and what it leaves.
 class FailingPage {
 public:
     /// Puts both into the device root.
@@ -87,7 +87,7 @@ public:
     void failAt(std::string_view point, std::string_view kind = {}) const;
     /// Expects one report in the log, a whole one of such an exception, and the document as it was.
     void expectReport(std::string_view name, std::string_view reason) const;
-    /// The same of what the page throws there unless it is told otherwise.
+    /// The same of what the page throws there by default.
     void expectReportOf(std::string_view point) const;
     bool documentHasChanged() const;
 

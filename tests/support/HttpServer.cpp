@@ -79,32 +79,32 @@ HttpServer::~HttpServer() {
     close(listener_);
 }
 
-void HttpServer::answer(const std::string& path, const std::string& body, const std::string& contentType) {
-    answerRaw(path, response("200 OK", "Content-Type: " + contentType, body));
+void HttpServer::reply(const std::string& path, const std::string& body, const std::string& contentType) {
+    replyRaw(path, response("200 OK", "Content-Type: " + contentType, body));
 }
 
 void HttpServer::redirect(const std::string& path, const std::string& location) {
-    answerRaw(path, response("302 Found", "Location: " + location, ""));
+    replyRaw(path, response("302 Found", "Location: " + location, ""));
 }
 
-void HttpServer::answerForEver(const std::string& path, const std::string& beginning,
-                               const std::string& then) {
+void HttpServer::replyForEver(const std::string& path, const std::string& beginning,
+                              const std::string& then) {
     const std::lock_guard lock(mutex_);
     responses_[path] = beginning.empty() ? then : beginning;
     endless_[path] = {then, false};
 }
 
 void HttpServer::drip(const std::string& path, const std::string& beginning, const std::string& then) {
-    answerForEver(path, beginning, then);
+    replyForEver(path, beginning, then);
     const std::lock_guard lock(mutex_);
     endless_[path].drips = true;
 }
 
 void HttpServer::hang(const std::string& path) {
-    answerRaw(path, "");
+    replyRaw(path, "");
 }
 
-void HttpServer::answerRaw(const std::string& path, const std::string& bytes) {
+void HttpServer::replyRaw(const std::string& path, const std::string& bytes) {
     const std::lock_guard lock(mutex_);
     responses_[pathOf(path)] = bytes;
     endless_.erase(pathOf(path));
@@ -185,7 +185,7 @@ void HttpServer::goOn(int connection, const std::string& path) {
             return;
         endless = found->second;
     }
-    // Whoever has asked says no more: what comes is the end.
+    // The client sends no more: what arrives is the end.
     while (!stopping_ && !isReadable(connection, endless.drips ? TurnMilliseconds : 0))
         if (!writeAll(connection, endless.then))
             return;

@@ -10,7 +10,7 @@
 namespace wardlock::test {
 
 /// A web server on the loopback interface for the life of this object, and a proxy that serves every host
-/// itself. Connections on which nobody asks for anything, as browsers keep some ready, hold up no others.
+/// itself. Connections without a request, as browsers keep some ready, do not delay others.
 class HttpServer {
 public:
     HttpServer();
@@ -18,20 +18,20 @@ public:
     HttpServer(const HttpServer&) = delete;
     HttpServer& operator=(const HttpServer&) = delete;
 
-    /// What a path with its query answers; other paths answer 404 with a page of their own.
-    void answer(const std::string& path, const std::string& body,
-                const std::string& contentType = "text/html; charset=utf-8");
+    /// The reply to a path with its query; other paths get a 404 page.
+    void reply(const std::string& path, const std::string& body,
+               const std::string& contentType = "text/html; charset=utf-8");
     void redirect(const std::string& path, const std::string& location);
-    /// A beginning, and then the same again and again for as long as anybody takes it; the second form at the
+    /// A beginning, and then the same again and again for as long as the client reads; the second form at the
     /// pace of a drip.
-    void answerForEver(const std::string& path, const std::string& beginning, const std::string& then);
+    void replyForEver(const std::string& path, const std::string& beginning, const std::string& then);
     void drip(const std::string& path, const std::string& beginning, const std::string& then);
     /// The connection stays open and silent.
     void hang(const std::string& path);
     /// Closes the connections that were kept silent until now.
     void hangUp() { hangingUp_ = true; }
     /// Raw bytes of a whole response.
-    void answerRaw(const std::string& path, const std::string& response);
+    void replyRaw(const std::string& path, const std::string& response);
 
     int port() const { return port_; }
     /// "http://127.0.0.1:PORT" and the path.
@@ -70,7 +70,7 @@ private:
     std::thread thread_;
 };
 
-/// A port of the loopback interface on which nobody listens, and nobody else can for the life of this object.
+/// A port of the loopback interface on which no process listens, nor can during the life of this object.
 class RefusingPort {
 public:
     RefusingPort();

@@ -19,8 +19,8 @@ struct PageOutcome {
     std::vector<platform::WebLink> links;
 };
 
-/// The web as a test needs it: a server of its own, no proxy, and, once `use` or `useFor` was called, the
-/// engine that this process's web views load with.
+/// The web as a test needs it: a server of its own and no proxy. There is also, once `use` or `useFor` was
+/// called, the engine that this process's web views load with.
 class LocalWeb {
 public:
     LocalWeb();

@@ -14,7 +14,7 @@ namespace wardlock::test {
 
 namespace {
 
-// "nobody" on every Linux.
+// The user "nobody" on every Linux.
 constexpr unsigned nobody = 65534;
 constexpr int cannotBecome = 255;
 
@@ -75,7 +75,7 @@ int OtherUser::makes(const std::string& path) {
     return does([&] { return opened(path, O_WRONLY | O_CREAT | O_EXCL); });
 }
 
-void OtherUser::layLink(const std::string& target, const std::string& path) {
+void OtherUser::createLink(const std::string& target, const std::string& path) {
     ASSERT_EQ(::symlink(target.c_str(), path.c_str()), 0) << path;
     ASSERT_EQ(::lchown(path.c_str(), nobody, nobody), 0) << path;
 }

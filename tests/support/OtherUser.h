@@ -10,13 +10,13 @@ namespace wardlock::test {
 /// elsewhere such a test is skipped, saying why.
 class OtherUser {
 public:
-    /// Why nobody else can be acted for here; empty where it can be done.
+    /// Why a test cannot act for another user here; empty where it can.
     static const std::string& whyNot();
     static unsigned id();
     static unsigned group();
 
-    /// What the work answers, an errno value or 0, in a process of that user; -1 when the process did not
-    /// answer.
+    /// What the work returns, an errno value or 0, in a process of that user; -1 when the process returned
+    /// nothing.
     static int does(const std::function<int()>& work);
 
     // What that user gets, an errno value or 0, from:
@@ -25,8 +25,8 @@ public:
     static int writes(const std::string& path);
     static int makes(const std::string& path);
 
-    /// A symbolic link that belongs to that user, wherever it stands.
-    static void layLink(const std::string& target, const std::string& path);
+    /// A symbolic link that belongs to that user, in any folder.
+    static void createLink(const std::string& target, const std::string& path);
     static void give(const std::string& path);
 };
 

@@ -17,8 +17,8 @@
 
 namespace wardlock::test {
 
-/// A test of pages: a device root of its own with the document at its place, a recorded distributed centre,
-/// a clock that is stepped, a device that is made up and a key window.
+/// A test of pages, with a device root of its own that contains the document. The distributed centre is
+/// recorded, the clock is stepped, the device is made up, and there is a key window.
 class PageFixture : public DeviceRootFixture {
 protected:
     PageFixture();
@@ -29,7 +29,7 @@ protected:
     platform::Dictionary document() const;
     platform::Array accounts() const;
     platform::Dictionary account(std::size_t index) const;
-    /// A document that holds these accounts, the master switch and an empty passcode.
+    /// A document with these accounts, the master switch and an empty passcode.
     void writeAccounts(const platform::Array& accounts) const;
     /// Gives the document other bytes of the same meaning, and returns the bytes that a write of the same
     /// entries puts in their place.
@@ -40,7 +40,7 @@ protected:
     void expectOneChange(std::string_view key, const platform::Value& object);
     void expectNoChange();
 
-    /// From now on no file can be written; what stands can still be read.
+    /// From now on no file can be written; existing files can still be read.
     void refuseWrites();
 
     FakeDevice device;
@@ -54,7 +54,7 @@ private:
     FaultyFileSystem faulty_{platform::FileSystem::current()};
 };
 
-/// The account record that the defaults hold, under another name.
+/// The account record of the defaults, under another name.
 platform::Dictionary accountNamed(std::string_view name, bool enabled = false);
 
 /// The first row with the label; null when the page has none.

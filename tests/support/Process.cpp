@@ -126,7 +126,7 @@ bool Process::readMore(Clock::time_point deadline) {
         return false;
     if (poll(waits.data(), waits.size(), millisecondsUntil(deadline)) <= 0) {
         ADD_FAILURE() << "process " << pid_
-                      << " did not say what was waited for in time; so far: " << result_.output
+                      << " did not print the awaited text in time; so far: " << result_.output
                       << result_.errors;
         return false;
     }

@@ -9,7 +9,7 @@
 
 namespace wardlock::test {
 
-/// How a process ended and what it said.
+/// How a process ended and what it printed.
 struct ProcessResult {
     /// Its exit code, or -1 when a signal ended it.
     int exitCode = -1;
@@ -41,14 +41,14 @@ public:
     Process& operator=(const Process&) = delete;
 
     int id() const { return pid_; }
-    /// Waits until standard output holds another whole line and takes it; none when the output ended.
+    /// Waits until standard output contains another whole line and takes it; none when the output ended.
     std::optional<std::string> readLine();
-    /// Waits until standard error holds the text.
+    /// Waits until standard error contains the text.
     bool waitForError(std::string_view text);
     void send(int signal) const;
-    /// No one reads its standard output any more.
+    /// Its standard output has no reader from now on.
     void closeOutput();
-    /// Waits for its end. Standard output holds what readLine() has not taken.
+    /// Waits for its end. Standard output contains what readLine() has not taken.
     ProcessResult wait();
 
 private:

@@ -9,7 +9,7 @@ namespace wardlock::test {
 /// User infos that both ends of a test build for themselves:
 ///   change     what the pages post
 ///   kinds      every kind of value, with its extremes
-///   odd        keys and strings that are no D-Bus text, at several levels
+///   odd        keys and strings that are not D-Bus text, at several levels
 ///   deep       120 levels of both containers, each with a few values of other kinds
 ///   deepest    as many levels as a document may have
 ///   too-deep   one level more

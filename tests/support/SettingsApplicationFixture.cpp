@@ -40,8 +40,8 @@ bool SettingsApplicationFixture::hasRow(std::string_view label) {
 }
 
 void SettingsApplicationFixture::tap(std::string_view label) {
-    const auto answer = settings().page().tapRow(pathOf(label));
-    EXPECT_TRUE(answer) << label << ": " << answer.reason();
+    const auto result = settings().page().tapRow(pathOf(label));
+    EXPECT_TRUE(result) << label << ": " << result.reason();
 }
 
 void SettingsApplicationFixture::type(std::string_view label, std::string text) {
@@ -53,8 +53,8 @@ void SettingsApplicationFixture::type(std::string_view label, std::string text) 
 
 void SettingsApplicationFixture::press(std::string_view digits) {
     for (const char digit : digits) {
-        const auto answer = settings().sheets().pressDigit(digit - '0');
-        EXPECT_TRUE(answer) << answer.reason();
+        const auto result = settings().sheets().pressDigit(digit - '0');
+        EXPECT_TRUE(result) << result.reason();
     }
 }
 
@@ -63,8 +63,8 @@ void SettingsApplicationFixture::chooseInAlert(std::string_view title) {
     ASSERT_TRUE(alert);
     for (std::size_t i = 0; i < alert->actions().size(); ++i)
         if (alert->actions()[i]->title() == title) {
-            const auto answer = settings().sheets().chooseAlertAction(i);
-            EXPECT_TRUE(answer) << answer.reason();
+            const auto result = settings().sheets().chooseAlertAction(i);
+            EXPECT_TRUE(result) << result.reason();
             return;
         }
     ADD_FAILURE() << "no button \"" << title << "\" in the alert";

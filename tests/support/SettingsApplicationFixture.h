@@ -15,9 +15,9 @@
 
 namespace wardlock::test {
 
-/// A test of the Settings application without a face: a device root of its own, provisioned with the bundle
-/// of this build; a clock that is stepped; a centre without other processes; mails and opened URLs that are
-/// only written down.
+/// A test of the Settings application without a front end. Its device root is provisioned with the bundle of
+/// this build. The clock is stepped, the centre has no other processes, and mails and opened URLs are only
+/// recorded.
 class SettingsApplicationFixture : public DeviceRootFixture {
 protected:
     SettingsApplicationFixture();

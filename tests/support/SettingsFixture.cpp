@@ -35,7 +35,7 @@ void SettingsFixture::writeDocument(const platform::Dictionary& dictionary) cons
 platform::Dictionary SettingsFixture::readDocument(std::string_view devicePath) const {
     const auto value = platform::propertyListWithData(readFile(devicePath));
     const platform::Dictionary* dictionary = platform::dictionaryValue(value ? &*value : nullptr);
-    EXPECT_TRUE(dictionary) << devicePath << " is no document";
+    EXPECT_TRUE(dictionary) << devicePath << " is not a document";
     return dictionary ? *dictionary : platform::Dictionary();
 }
 

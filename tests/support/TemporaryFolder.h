@@ -5,8 +5,8 @@
 
 namespace wardlock::test {
 
-/// A new private folder (0700) of a short name below the machine's temporary folder; removed with all it
-/// holds, folders without permissions included. Short, so that a socket inside fits its address.
+/// A new private folder (0700) of a short name below the machine's temporary folder; removed with its
+/// contents, folders without permissions included. Short, so that a socket inside fits its address.
 class TemporaryFolder {
 public:
     TemporaryFolder();

@@ -7,7 +7,7 @@
 
 namespace wardlock::test {
 
-/// A program in a terminal of its own: what a person sees of it and types into it. Every wait is bounded; one
+/// A program in its own terminal: what the user sees of it and types into it. Every wait is bounded; one
 /// that runs out is a failed expectation. A program still running at the end of this object's life is killed.
 class TerminalProcess {
 public:
@@ -23,14 +23,14 @@ public:
     TerminalProcess(const TerminalProcess&) = delete;
     TerminalProcess& operator=(const TerminalProcess&) = delete;
 
-    /// Waits until the screen has shown the text since the last call, and answers everything up to its end.
+    /// Waits until the screen has shown the text since the last call, and returns everything up to its end.
     std::string waitFor(std::string_view text);
     /// Waits for more output, and returns all that was not taken; empty when nothing more comes.
     std::string takeMore();
     void type(std::string_view keys);
     void resize(Size size);
     void send(int signal) const;
-    /// The terminal is gone: nobody sees or types anything any more.
+    /// The terminal is gone: nothing is shown or typed from now on.
     void hangUp();
     /// Whether typed characters are shown now.
     bool echoes() const;

@@ -48,7 +48,7 @@ void TestBus::start() {
     daemon_ = std::make_unique<Process>(
         programPath("dbus-daemon"), std::vector<std::string>{"--config-file=" + folder_ / "bus.conf",
                                                              "--nofork", "--nopidfile", "--print-address"});
-    // It says its address once it listens.
+    // It prints its address once it listens.
     if (!daemon_->readLine())
         throw std::runtime_error("no bus: " + daemon_->wait().errors);
 }

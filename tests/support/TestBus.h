@@ -22,7 +22,8 @@ public:
     void start();
     /// Ends the bus at once; its connections break.
     void kill();
-    /// The bus reads and writes nothing until resume(), but its connections stand and new ones are accepted.
+    /// The bus reads and writes nothing until resume(), but its connections persist and new ones are
+    /// accepted.
     void stop();
     void resume();
 

@@ -17,7 +17,7 @@ BusListener::BusListener(const std::string& address) {
     EXPECT_GE(sd_bus_set_bus_client(bus_, 1), 0);
     EXPECT_GE(sd_bus_start(bus_), 0);
     EXPECT_GE(sd_bus_match_signal(bus_, nullptr, nullptr, "/com/tavix/DistributedNotifications",
-                                  "com.tavix.DistributedNotifications", "Notification", heard, this),
+                                  "com.tavix.DistributedNotifications", "Notification", received, this),
               0);
     EXPECT_GE(sd_bus_match_signal(bus_, nullptr, "org.freedesktop.DBus", "/org/freedesktop/DBus",
                                   "org.freedesktop.DBus", "NameOwnerChanged", nameChanged, this),
@@ -28,7 +28,7 @@ BusListener::~BusListener() {
     sd_bus_flush_close_unref(bus_);
 }
 
-std::size_t BusListener::hearAll() {
+std::size_t BusListener::receiveAll() {
     const auto deadline = std::chrono::steady_clock::now() + testTimeout;
     while (true) {
         const int worked = sd_bus_process(bus_, nullptr);
@@ -47,7 +47,7 @@ std::size_t BusListener::hearAll() {
     return std::exchange(announcements_, 0);
 }
 
-int BusListener::heard(sd_bus_message* message, void* self, sd_bus_error*) {
+int BusListener::received(sd_bus_message* message, void* self, sd_bus_error*) {
     const char* root = nullptr;
     const char* name = nullptr;
     EXPECT_GT(sd_bus_message_read(message, "ss", &root, &name), 0);

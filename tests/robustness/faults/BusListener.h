@@ -17,12 +17,12 @@ public:
     BusListener(const BusListener&) = delete;
     BusListener& operator=(const BusListener&) = delete;
 
-    /// Waits until nobody else is on the bus any more: what the others sent has arrived then, however they
+    /// Waits until no other process is on the bus: what the others sent has arrived then, however they
     /// ended. The announcements since the last call.
-    std::size_t hearAll();
+    std::size_t receiveAll();
 
 private:
-    static int heard(sd_bus_message* message, void* self, sd_bus_error*);
+    static int received(sd_bus_message* message, void* self, sd_bus_error*);
     static int nameChanged(sd_bus_message* message, void* self, sd_bus_error*);
 
     sd_bus* bus_ = nullptr;

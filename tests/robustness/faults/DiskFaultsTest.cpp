@@ -3,7 +3,7 @@
 // A writer is a page or a command that changes the document (Writers.h). A case is a writer and what it
 // finds: a linked, a missing or a damaged document (WriterCase.h). The opening is what a script does to reach
 // the place where the writer writes, without faults; the act is the one step that writes. The act's calls to
-// the file system are numbered from 1. A point is one such number and one fault there: the call fails, is cut
+// the file system are numbered from 1. A point is one such number and one fault there. The call fails, is cut
 // short or interrupted, or the process is killed or the power is cut before it. A test tries all points of
 // the act. A stage is the disk of one point, and the process that writes. A power cut leaves one of several
 // disks, called ways: what was not synchronised is there or not. The announcement is the change notification
@@ -12,7 +12,7 @@
 //
 // After each point the document is whole, the old or the new one. The next writer writes, and removes what
 // was left. Here the disk is in memory, and the act runs in this process. ProcessFaultsTest.cpp does the same
-// to another process on the real disk; ToldReasonsTest.cpp tests the message of a failed write.
+// to another process on the real disk; WriteErrorMessageTest.cpp tests the message of a failed write.
 
 #include "cli/command/CommandLine.h"
 #include "cli/script/ScriptCommands.h"
@@ -107,8 +107,8 @@ protected:
     const Writer& writer() const { return GetParam().writer; }
 
     void say(const std::string& line) {
-        const auto answer = script_->run(nlohmann::json::parse(line));
-        EXPECT_FALSE(answer.contains("error")) << line << ": " << answer;
+        const auto reply = script_->run(nlohmann::json::parse(line));
+        EXPECT_FALSE(reply.contains("error")) << line << ": " << reply;
     }
 
     /// A new process, led up to the act over the real files; then the act over the stage.
@@ -186,7 +186,7 @@ protected:
         EXPECT_EQ(status->group, wasMissing ? 0u : family);
     }
 
-    /// Nobody reads the document in its temporary who may not read it in its place.
+    /// A user who may not read the document may not read its temporary either.
     static void expectPrivate(const MemoryFileSystem& disk, const Stage& stage) {
         for (const std::string& folder : {platform::folderOf(stage.document), platform::folderOf(stage.file)})
             for (const std::string& name : disk.names(folder)) {
@@ -216,7 +216,7 @@ protected:
         expectRights(disk, stage);
     }
 
-    /// Announced is only what no power cut takes back any more.
+    /// Only a change that a power cut no longer reverts is announced.
     void expectAnnouncedOnlyWhatStands(const Stage& stage) {
         for (const auto& possible : stage.announced)
             for (const Contents& bytes : possible)
@@ -241,7 +241,7 @@ protected:
         EXPECT_EQ(stage.announced.size(), expected ? 1u : 0u);
     }
 
-    /// The same process goes on, over the disk as it is now without faults.
+    /// The same process continues, over the disk as it is now without faults.
     void expectTheProcessGoesOn(Stage& stage) {
         if (writer().isCommand())
             return;
@@ -277,7 +277,7 @@ private:
     static bool runCommand(const Writer& writer, const std::string& path) {
         const std::vector<std::string> arguments = wordsFor(writer, path);
         const StandardInput input(writer.input);
-        // What it says of the faults is no matter here.
+        // What it reports of the faults does not matter here.
         ::testing::internal::CaptureStderr();
         ::testing::internal::CaptureStdout();
         const auto code =

@@ -35,7 +35,7 @@ public:
 
     void add(const std::string& path, FileImage file) { files_[path] = std::move(file); }
 
-    /// The real folders then hold these files and nothing else.
+    /// The real folders then contain these files and nothing else.
     void restore() const;
     /// The same for folders in memory.
     void restore(MemoryFileSystem& disk) const;
@@ -44,7 +44,7 @@ public:
     const FileImage* find(const std::string& path) const;
     /// The bytes at the path, through links.
     std::optional<std::string> contents(const std::string& path) const;
-    /// The paths whose name holds the text.
+    /// The paths whose name contains the text.
     std::vector<std::string> named(std::string_view text) const;
 
     auto operator<=>(const DiskImage&) const = default;

@@ -25,7 +25,7 @@ struct JournalEntry {
 /// The calls of one process in their order, announcements at their place among them.
 class Journal {
 public:
-    /// Nothing was written down where there is no file.
+    /// Empty when the file is missing.
     static Journal read(const std::string& path);
 
     const std::vector<JournalEntry>& entries() const { return entries_; }

@@ -31,10 +31,10 @@ using platform::FileKind;
 /// What became of the act, and of the process.
 struct Outcome {
     bool killed = false;
-    bool done = false;      ///< it answered, or ended as a command that has stored the change
-    std::size_t heard = 0;  ///< announcements of the act
-    Journal journal;        ///< of the act
-    DiskImage afterAct{{}}; ///< the disk after it
+    bool done = false;        ///< it replied, or ended as a command that has stored the change
+    std::size_t received = 0; ///< announcements of the act
+    Journal journal;          ///< of the act
+    DiskImage afterAct{{}};   ///< the disk after it
 };
 
 /// What the process does after the act.
@@ -73,13 +73,13 @@ protected:
             performCommand(plan, run);
         else
             performScript(plan, then, run);
-        std::size_t heard = listener.hearAll();
+        std::size_t received = listener.receiveAll();
         if (then == Then::GoesOn && !writer().isCommand() && !run.killed) {
-            EXPECT_GE(heard, 1u) << "the next act was not announced";
-            --heard;
+            EXPECT_GE(received, 1u) << "the next act was not announced";
+            --received;
         }
-        run.heard = heard;
-        EXPECT_EQ(run.heard, run.journal.announcements()) << "not all that was sent has arrived";
+        run.received = received;
+        EXPECT_EQ(run.received, run.journal.announcements()) << "not all that was sent has arrived";
         return run;
     }
 
@@ -88,13 +88,13 @@ protected:
         const Outcome run = perform("record");
         EXPECT_TRUE(run.done);
         EXPECT_EQ(given().what(run.afterAct.contents(document)), "the new document");
-        EXPECT_EQ(run.heard, writer().announces ? 1u : 0u);
+        EXPECT_EQ(run.received, writer().announces ? 1u : 0u);
         EXPECT_GE(run.journal.calls(), 12u);
         return run.journal;
     }
 
-    /// The numbers of the calls to try: of those from the first that changes anything on one in `part`, at
-    /// each writer another, so that all writers together try them all. WARDLOCK_FAULTS_EVERYWHERE asks for
+    /// The numbers of the calls to try: one in `part` of those from the first that changes anything. Each
+    /// writer tries others, so that all writers together try them all. WARDLOCK_FAULTS_EVERYWHERE asks for
     /// more: "changes" for all of those, anything else for every call.
     std::vector<std::size_t> chosen(const Journal& journal, std::size_t part) const {
         const char* everywhere = std::getenv("WARDLOCK_FAULTS_EVERYWHERE");
@@ -126,7 +126,7 @@ protected:
         }
         expectRights(disk);
     }
-    /// Nobody reads the document in its temporary who may not read it in its place.
+    /// A user who may not read the document may not read its temporary either.
     void expectPrivate(const DiskImage& disk) const {
         for (const std::string& name : disk.named(".wardlock-new")) {
             const FileImage& left = *disk.find(name);
@@ -171,7 +171,7 @@ protected:
     }
     void expectAnnounced(const Outcome& run) const {
         const bool expected = writer().isCommand() ? writer().announces && run.done : true;
-        EXPECT_EQ(run.heard, expected ? 1u : 0u);
+        EXPECT_EQ(run.received, expected ? 1u : 0u);
     }
 
     std::string file() const {
@@ -186,7 +186,7 @@ protected:
     std::size_t points = 0;
 
 private:
-    /// Only root may give a file to somebody else.
+    /// Only root may give a file to another user.
     const std::uint32_t parent = ::geteuid() == 0 ? 1000 : ::geteuid();
     const std::uint32_t family = ::geteuid() == 0 ? 1001 : ::getegid();
     const std::string planFile = folder() / "plan";
@@ -230,13 +230,13 @@ private:
         for (const std::string& line : writer().opening)
             expectObeyed(process, line);
         arm(plan);
-        const auto answer = process.say(writer().act);
+        const auto reply = process.say(writer().act);
         disarm();
-        run.killed = !answer;
+        run.killed = !reply;
         // A change that could not be stored is done, too: the page was tapped, and the reply gives the
         // reason.
-        run.done = answer && answer->starts_with(R"({"ok":true)");
-        EXPECT_TRUE(run.killed || run.done) << *answer;
+        run.done = reply && reply->starts_with(R"({"ok":true)");
+        EXPECT_TRUE(run.killed || run.done) << *reply;
         run.journal = Journal::read(journalFile);
         run.afterAct = DiskImage::of(folders);
         if (then == Then::GoesOn && !run.killed)
@@ -259,16 +259,16 @@ private:
         expectRights(disk);
     }
 
-    /// Of the file that stands there now; 0 where there is none.
+    /// Of the file that is there now; 0 when it is missing.
     ino_t fileNumber() const {
         struct stat found {};
         return ::stat(document.c_str(), &found) == 0 ? found.st_ino : 0;
     }
 
     static void expectObeyed(ScriptedProcess& process, const std::string& line) {
-        const auto answer = process.say(line);
-        ASSERT_TRUE(answer) << "ended at " << line;
-        EXPECT_EQ(answer->find("\"error\""), std::string::npos) << line << ": " << *answer;
+        const auto reply = process.say(line);
+        ASSERT_TRUE(reply) << "ended at " << line;
+        EXPECT_EQ(reply->find("\"error\""), std::string::npos) << line << ": " << *reply;
     }
 };
 
@@ -284,7 +284,7 @@ TEST_P(ProcessFaults, KilledProcessLeavesTheOldOrTheNewDocumentAndNoFalseAnnounc
             ++points;
             EXPECT_TRUE(run.killed);
             expectWhole(run.afterAct);
-            if (run.heard > 0) {
+            if (run.received > 0) {
                 EXPECT_EQ(given().what(run.afterAct.contents(document)), "the new document") << "announced";
             }
             leftBehind += run.afterAct.named(".wardlock-new").size();

@@ -7,7 +7,7 @@
 
 namespace wardlock::test {
 
-/// `wardlock settings --script` as another process: one command, one answer.
+/// `wardlock settings --script` as another process: one command, one reply.
 class ScriptedProcess {
 public:
     /// `pipe` is the path of a named pipe that is made for the commands.
@@ -16,7 +16,7 @@ public:
     ScriptedProcess(const ScriptedProcess&) = delete;
     ScriptedProcess& operator=(const ScriptedProcess&) = delete;
 
-    /// The answer; none when the process ends instead.
+    /// The reply; none when the process ends instead.
     std::optional<std::string> say(const std::string& command);
     /// Ends the commands, and waits for its end.
     ProcessResult end();

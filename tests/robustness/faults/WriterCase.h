@@ -9,8 +9,8 @@
 
 namespace wardlock::test {
 
-/// What stands at the document's place before the act: a symbolic link to another user's file in another
-/// folder, nothing, or bytes that are no document.
+/// What replaces the document before the act: a symbolic link to another user's file in another
+/// folder, nothing, or bytes that are not a document.
 enum class Before { Linked, Missing, Damaged };
 
 /// A writer, what it finds and what it makes of it.
@@ -21,7 +21,7 @@ struct WriterCase {
     std::string documentAfter;
 
     /// What these bytes (or no file) are, in words: "the old document", "the new document", or neither. A
-    /// failed expectation then tells what it found, and not two whole documents.
+    /// failed expectation then prints what it found, and not two whole documents.
     std::string what(const std::optional<std::string>& found) const;
     std::string name() const;
 };

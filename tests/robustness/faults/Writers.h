@@ -7,10 +7,10 @@
 
 namespace wardlock::test {
 
-/// One of those that write the preferences document, as a script (docs/automation.md): what leads up to the
-/// write, the one act that writes, and what makes another write afterwards.
+/// A writer of the preferences document, as a script (docs/automation.md). It has the commands that lead up
+/// to the write, the one act that writes, and the commands that make another write afterwards.
 ///
-/// A command is no page: it has no lines, and `words` instead.
+/// A command is not a page: it has no lines, but `words`.
 struct Writer {
     std::string name;
     std::vector<std::string> opening;

@@ -1,4 +1,4 @@
-// Who may listen to what is announced: this user's processes, and nobody else.
+// Only this user's processes may listen to announcements.
 
 #include "linux/bus/BusAddress.h"
 #include "linux/bus/BusConnection.h"
@@ -33,7 +33,7 @@ sockaddr_un addressOf(const std::string& path) {
     return address;
 }
 
-/// A socket at which somebody only listens; the product's own processes must not come to a foreign one.
+/// A socket that only listens; the product's own processes must not connect to another user's.
 class Listener {
 public:
     explicit Listener(const std::string& path)
@@ -47,7 +47,7 @@ public:
     Listener(const Listener&) = delete;
     Listener& operator=(const Listener&) = delete;
 
-    /// Whether anybody has come since the last time.
+    /// Whether a process has connected since the last call.
     bool wasVisited() const {
         const int visitor = ::accept4(socket_, nullptr, nullptr, SOCK_CLOEXEC);
         if (visitor < 0)
@@ -134,7 +134,7 @@ TEST_F(Bus, IsNotReplacedByAProcessShortOfDescriptors) {
     startDaemon();
     for (rlim_t left = 0; left <= 2; ++left) {
         const FewDescriptors few(left);
-        // One is the lock's; none is left to ask whether anybody listens.
+        // One is the lock's; none is left to ask whether a bus listens.
         EXPECT_EQ(platform::bus::PrivateBus(busFolder()).start() == platform::bus::PrivateBus::Start::Running,
                   left == 2);
     }

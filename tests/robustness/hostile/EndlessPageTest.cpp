@@ -29,19 +29,19 @@ constexpr const char* ok = "HTTP/1.1 200 OK\r\nContent-Type: text/html\r\n";
 constexpr auto forEver = 1h;
 
 TEST_F(EndlessPage, IsRefusedWhenItsTextDoesNotEnd) {
-    server.answerForEver("/", std::string(ok) + "\r\n", std::string(4096, 'x'));
+    server.replyForEver("/", std::string(ok) + "\r\n", std::string(4096, 'x'));
     EXPECT_EQ(load("/", forEver), "The page is too large");
 }
 
 TEST_F(EndlessPage, IsRefusedWhenItsHeadersDoNotEnd) {
-    server.answerForEver("/", ok, "X-More: " + std::string(1000, 'x') + "\r\n");
+    server.replyForEver("/", ok, "X-More: " + std::string(1000, 'x') + "\r\n");
     EXPECT_NE(load("/", forEver), "finished");
-    server.answerForEver("/one", std::string(ok) + "X-One: ", std::string(4096, 'x'));
+    server.replyForEver("/one", std::string(ok) + "X-One: ", std::string(4096, 'x'));
     EXPECT_NE(load("/one", forEver), "finished");
 }
 
 TEST_F(EndlessPage, IsRefusedWhenInterimResponsesDoNotEnd) {
-    server.answerForEver("/", "", "HTTP/1.1 100 Continue\r\n\r\n");
+    server.replyForEver("/", "", "HTTP/1.1 100 Continue\r\n\r\n");
     EXPECT_NE(load("/", forEver), "finished");
 }
 
@@ -65,7 +65,7 @@ public:
             bytes.back() = static_cast<char>(bytes.back() | static_cast<char>((value >> i & 1) << at_ % 8));
         }
     }
-    /// Codes stand with their highest bit first.
+    /// Codes are written with their highest bit first.
     void addCode(unsigned code, int count) {
         for (int i = count - 1; i >= 0; --i)
             add(code >> i & 1, 1);
@@ -91,11 +91,11 @@ std::string compressedBlanks(int times) {
 }
 
 TEST_F(EndlessPage, IsRefusedWhenAFewBytesDecompressToManyOfThem) {
-    const auto answerWith = [this](const char* path, const std::string& body) {
-        server.answerRaw(path, std::string(ok) + "Content-Encoding: gzip\r\nContent-Length: " +
-                                   std::to_string(body.size()) + "\r\nConnection: close\r\n\r\n" + body);
+    const auto replyWith = [this](const char* path, const std::string& body) {
+        server.replyRaw(path, std::string(ok) + "Content-Encoding: gzip\r\nContent-Length: " +
+                                  std::to_string(body.size()) + "\r\nConnection: close\r\n\r\n" + body);
     };
-    answerWith("/", compressedBlanks(100000));
+    replyWith("/", compressedBlanks(100000));
     EXPECT_EQ(load("/", forEver), "The page is too large");
 }
 

@@ -1,5 +1,5 @@
-// What any program on the bus may announce, sent by another process: whatever it carries, who listens goes on
-// listening.
+// Announcements that any program on the bus may send, from another process: whatever they contain, the
+// listener continues to listen.
 
 #include "tests/support/BuildPaths.h"
 #include "tests/support/BusFixture.h"
@@ -34,7 +34,7 @@ protected:
         EXPECT_EQ(runProcess(programFolder() + "/wardlock", {"announce", "kEnabled"}).exitCode, 0);
     }
     /// What `watch` prints next.
-    std::string heard() { return watch_.readLine().value_or("the listener has ended"); }
+    std::string received() { return watch_.readLine().value_or("the listener has ended"); }
     static testing::AssertionResult names(const std::string& line, const std::string& key) {
         const std::string start = isJson() ? "{\"key\":\"" + key + "\"," : key + " = ";
         return line.starts_with(start) ? testing::AssertionSuccess()
@@ -50,18 +50,18 @@ private:
 TEST_P(ForgedAnnouncement, EndsNoListenerWhenNestedFarTooDeeply) {
     forge("kForged", 100'000);
     announce();
-    EXPECT_TRUE(names(heard(), "kEnabled"));
+    EXPECT_TRUE(names(received(), "kEnabled"));
 }
 
 TEST_P(ForgedAnnouncement, IsReceivedWhenNestedAsDeeplyAsADocument) {
     forge("kForged", 511);
-    EXPECT_TRUE(names(heard(), "kForged"));
+    EXPECT_TRUE(names(received(), "kForged"));
 }
 
 TEST_P(ForgedAnnouncement, IsIgnoredWhenNestedALevelDeeperThanADocument) {
     forge("kForged", 512);
     announce();
-    EXPECT_TRUE(names(heard(), "kEnabled"));
+    EXPECT_TRUE(names(received(), "kEnabled"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Watch, ForgedAnnouncement, ::testing::Values(Form::Json, Form::Words),

@@ -17,7 +17,7 @@ protected:
     /// Lets others into the test's folder and every folder in it; into `folder` they may even write.
     void letOthersIn() const;
     void letOthersWrite(const std::string& folder) const;
-    /// A file of ours outside the device, that others may not read.
+    /// A file of this user outside the device that others may not read.
     std::string secret() const;
     static std::string contents(const std::string& path);
     static unsigned modeOf(const std::string& path);

@@ -1,4 +1,4 @@
-// Modules that somebody else could have put there or changed, wherever on the way to them.
+// Modules that another user could have put there or changed, anywhere on the path to them.
 
 #include "platform/runtime/Class.h"
 #include "platform/runtime/DynamicLibrary.h"
@@ -46,7 +46,7 @@ protected:
     std::string reason(std::string_view devicePath, const std::string& text) const {
         return onDisk(devicePath) + ' ' + text;
     }
-    void layLink(const std::string& target, std::string_view devicePath) const {
+    void createLink(const std::string& target, std::string_view devicePath) const {
         makeFolder(fs::path(devicePath).parent_path().string());
         setMode(fs::path(devicePath).parent_path().string(), 0755);
         fs::create_symlink(target, onDisk(devicePath));
@@ -100,37 +100,37 @@ TEST_F(ModuleTrust, EndsAtAStickyFolderOfAnotherUser) {
 }
 
 TEST_F(ModuleTrust, EndsAtTheFolderOfALinkThatEveryUserCanChange) {
-    layLink(onDisk(module), "/open/link.so");
+    createLink(onDisk(module), "/open/link.so");
     EXPECT_EQ(refusal("/open/link.so"), "");
     setMode("/open", 0777);
     EXPECT_EQ(refusal("/open/link.so"), reason("/open", "can be changed by every user"));
 }
 
 TEST_F(ModuleTrust, EndsAtAFolderThatOnlyALinkCrosses) {
-    layLink("../usr/share", "/open/share");
-    layLink("../open/share/modules", "/first/modules");
+    createLink("../usr/share", "/open/share");
+    createLink("../open/share/modules", "/first/modules");
     EXPECT_EQ(refusal("/first/modules/greeter.so"), "");
     setMode("/open", 0777);
     EXPECT_EQ(refusal("/first/modules/greeter.so"), reason("/open", "can be changed by every user"));
 }
 
 TEST_F(ModuleTrust, SurvivesAnOwnLinkInAStickyFolder) {
-    layLink(onDisk(module), "/open/link.so");
+    createLink(onDisk(module), "/open/link.so");
     setMode("/open", 01777);
     EXPECT_EQ(refusal("/open/link.so"), "");
 }
 
 TEST_F(ModuleTrust, EndsAtALinkOfAnotherUser) {
     SKIP_WITHOUT_OTHER_USER();
-    layLink(onDisk(module), "/open/link.so");
+    createLink(onDisk(module), "/open/link.so");
     setMode("/open", 01777);
     ASSERT_EQ(::lchown(onDisk("/open/link.so").c_str(), OtherUser::id(), OtherUser::group()), 0);
     EXPECT_EQ(refusal("/open/link.so"), reason("/open/link.so", "is a symbolic link of another user"));
 }
 
 TEST_F(ModuleTrust, EndsWhereLinksLeadInACircle) {
-    layLink("b", "/open/a");
-    layLink("a", "/open/b");
+    createLink("b", "/open/a");
+    createLink("a", "/open/b");
     EXPECT_NE(refusal("/open/a"), "");
 }
 
@@ -141,9 +141,9 @@ std::string accessListFor(std::uint32_t user) {
         std::uint16_t rights;
         std::uint32_t id;
     };
-    constexpr std::uint32_t nobodyNamed = ~0u;
-    const std::array<Entry, 5> entries{Entry{1, 7, nobodyNamed}, Entry{2, 7, user}, Entry{4, 5, nobodyNamed},
-                                       Entry{16, 7, nobodyNamed}, Entry{32, 5, nobodyNamed}};
+    constexpr std::uint32_t unnamed = ~0u;
+    const std::array<Entry, 5> entries{Entry{1, 7, unnamed}, Entry{2, 7, user}, Entry{4, 5, unnamed},
+                                       Entry{16, 7, unnamed}, Entry{32, 5, unnamed}};
     const std::uint32_t version = 2;
     std::string bytes(sizeof version + sizeof entries, '\0');
     std::memcpy(bytes.data(), &version, sizeof version);
@@ -159,7 +159,7 @@ TEST_F(ModuleTrust, EndsAtAFolderWhoseAccessListLetsAnotherUserChangeIt) {
     const std::string list = accessListFor(65534);
     if (::setxattr(onDisk(folderAbove).c_str(), "system.posix_acl_access", list.data(), list.size(), 0) !=
         0) {
-        // Where there can be no access list, nobody can be let in by one.
+        // Without access lists, no list can give another user access.
         ASSERT_EQ(errno, ENOTSUP);
         GTEST_SKIP() << "the file system of the temporary folder keeps no access lists";
     }
@@ -183,8 +183,8 @@ protected:
         EXPECT_EQ(opened, reason.empty());
         const shell::BundleList list;
         EXPECT_EQ(list.entries().size(), opened ? 1u : 0u);
-        const std::vector<std::string> told{"\u201cGreeter.bundle\u201d is not shown: " + reason + "."};
-        EXPECT_EQ(list.leftOut(), opened ? std::vector<std::string>() : told);
+        const std::vector<std::string> expected{"\u201cGreeter.bundle\u201d is not shown: " + reason + "."};
+        EXPECT_EQ(list.leftOut(), opened ? std::vector<std::string>() : expected);
         return reason;
     }
 };
@@ -220,7 +220,7 @@ TEST_F(BundleTrust, EndsWhereEveryUserCanPutAnotherBundleInItsPlace) {
 
 TEST_F(BundleTrust, EndsWhenEveryUserCanReplaceALinkToABundle) {
     fs::rename(onDisk(bundle), onDisk("/usr/Greeter.bundle"));
-    layLink(onDisk("/usr/Greeter.bundle"), bundle);
+    createLink(onDisk("/usr/Greeter.bundle"), bundle);
     ASSERT_EQ(refusal(), "");
     setMode("/Library", 0777);
     EXPECT_EQ(refusal(), reason("/Library", "can be changed by every user"));

@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Where everything that is asked of it stands is told beside the answers.
+/// Its output names the path of everything that it is asked for.
 class OrdinaryBuild : public HostileFixture {
 protected:
     /// Copies what a program needs of this build into a folder of the other user.
@@ -30,7 +30,7 @@ protected:
     }
     std::string build() const { return folder() / "build"; }
 
-    /// What a copied program says of the bundle and the module it loads.
+    /// What a copied program reports of the bundle and the module it loads.
     ProcessResult doctor() const {
         ProcessSetup setup;
         setup.environment["LD_LIBRARY_PATH"] = build() + "/lib";

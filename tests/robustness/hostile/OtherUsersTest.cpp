@@ -128,13 +128,13 @@ TEST_F(OtherUsers, CannotReadAMailThatWasSaved) {
     makeFolder(platform::mailOutboxPath);
     letOthersIn();
     environment.set("PATH", "/nonexistent");
-    std::optional<platform::MailOutcome> told;
+    std::optional<platform::MailOutcome> result;
     const platform::MailMessage message{
         {"support@example.org"}, "Help", "text", false, {{"a log", "text/plain", "log"}}};
     platform::MailService::native().send(message,
-                                         [&](const platform::MailOutcome& outcome) { told = outcome; });
-    ASSERT_TRUE(platform::MainLoop::shared().runUntil([&] { return told.has_value(); }, testTimeout));
-    ASSERT_EQ(told->kind, platform::MailOutcome::Kind::SavedToOutbox) << told->message;
+                                         [&](const platform::MailOutcome& outcome) { result = outcome; });
+    ASSERT_TRUE(platform::MainLoop::shared().runUntil([&] { return result.has_value(); }, testTimeout));
+    ASSERT_EQ(result->kind, platform::MailOutcome::Kind::SavedToOutbox) << result->message;
     int mails = 0;
     for (const auto& mail : fs::directory_iterator(onDisk(platform::mailOutboxPath))) {
         ++mails;

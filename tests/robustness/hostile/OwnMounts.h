@@ -10,7 +10,7 @@ namespace wardlock::test {
 /// is skipped, saying why.
 class OwnMounts {
 public:
-    /// Why there can be none here; empty where it can be done.
+    /// Why mounts are impossible here; empty where they are possible.
     static const std::string& whyNot();
 
     /// What the work returns, an exit code, in a process whose mounts end with it; -1 when it did not return.
@@ -20,7 +20,7 @@ public:
 
     /// The file has these bytes.
     static bool putInPlace(const std::string& file, const std::string& bytes, const std::string& spare);
-    /// An empty disk of another machine stands in the folder: what is on it belongs to that user and group.
+    /// Mounts an empty disk of another machine at the folder: its files belong to that user and group.
     static bool insertDisk(const std::string& folder, unsigned user, unsigned group, unsigned mode);
 };
 

@@ -1,5 +1,5 @@
-// Symbolic links that another user has laid where this one reads and writes. The folders are open to all and
-// not sticky, so that the kernel's own protection of sticky folders decides nothing.
+// Symbolic links that another user has created where this one reads and writes. The folders are open to all
+// and not sticky, so that the kernel's own protection of sticky folders decides nothing.
 
 #include "platform/files/AtomicWriter.h"
 #include "platform/plist/PropertyListFile.h"
@@ -29,7 +29,7 @@ class PlantedLink : public HostileFixture {
 protected:
     void plant(const std::string& target, std::string_view devicePath) const {
         letOthersWrite(fs::path(onDisk(devicePath)).parent_path());
-        OtherUser::layLink(target, onDisk(devicePath));
+        OtherUser::createLink(target, onDisk(devicePath));
     }
     static bool writesDocument() {
         return updateDocument(BundleIdentifier,
@@ -149,7 +149,7 @@ TEST_F(PlantedLink, ClosesTheOutboxWhenItReplacesIt) {
     makeFolder("/var/mobile/Library/Mail");
     makeFolder("/taken");
     fs::create_directory_symlink(onDisk("/taken"), onDisk(platform::mailOutboxPath));
-    ASSERT_TRUE(platform::MailService::native().canSendMail()) << "a link of ours";
+    ASSERT_TRUE(platform::MailService::native().canSendMail()) << "a link of the same user";
     fs::remove(onDisk(platform::mailOutboxPath));
     plant(onDisk("/taken"), platform::mailOutboxPath);
     EXPECT_FALSE(platform::MailService::native().canSendMail());

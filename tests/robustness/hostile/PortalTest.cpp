@@ -1,4 +1,4 @@
-// A program on the bus that has taken the desktop portal's name, and lies or does not answer.
+// A program on the bus that has taken the desktop portal's name, and lies or does not reply.
 
 #include "platform/runtime/MainLoop.h"
 #include "platform/services/DesktopAppearance.h"
@@ -73,16 +73,16 @@ TEST_F(Portal, LeavesTheMailUnsentWhenItEndsBeforeItsResponse) {
 
 TEST_F(Portal, LeavesEverythingElseWorkingWhenItNeverReplies) {
     startPortal("silence");
-    bool answered = false;
+    bool replied = false;
     const platform::MailMessage message{{"support@example.org"}, "Help", "text", false, {}};
-    platform::MailService::native().send(message, [&](const MailOutcome&) { answered = true; });
-    // The main thread goes on: with a listener that hears of a change, and with a look that nobody tells.
+    platform::MailService::native().send(message, [&](const MailOutcome&) { replied = true; });
+    // The main thread continues: a listener receives a change, and the appearance stays unknown.
     int changes = 0;
     const auto watch = platform::monitorDesktopAppearance([&] { ++changes; });
     EXPECT_FALSE(watch->waitForFirstReport(std::chrono::milliseconds(1)));
     EXPECT_EQ(watch->current(), DesktopAppearance());
     EXPECT_EQ(runProcess(programFolder() + "/wardlock", {"status"}).exitCode, 0);
-    EXPECT_FALSE(answered);
+    EXPECT_FALSE(replied);
     EXPECT_EQ(changes, 0);
 }
 

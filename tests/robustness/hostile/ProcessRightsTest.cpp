@@ -19,7 +19,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A process without a limit on core dumps, in a folder of its own, that has come so far as to say
+/// A process without a limit on core dumps, in a folder of its own, that has already printed
 /// "Watching".
 class CoreDump : public HostileFixture {
 protected:
@@ -63,7 +63,7 @@ TEST_F(CoreDump, IsRefusedToCollectorsByTheLimit) {
     std::string hard;
     words >> soft >> hard;
     EXPECT_EQ(soft, "1") << line;
-    EXPECT_EQ(hard, "unlimited") << "a person can still lift it";
+    EXPECT_EQ(hard, "unlimited") << "the user can still raise it";
 }
 
 /// Ends as a program that was started with other effective rights than its real ones.

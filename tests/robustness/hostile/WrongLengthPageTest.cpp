@@ -20,11 +20,11 @@ class PageOfWrongLength : public ::testing::Test, protected LocalWeb {
 protected:
     PageOfWrongLength() { use({.timeout = 1h, .connectTo = ""}); }
     PageOutcome loadStated(const std::string& length, const std::string& body) {
-        server.answerRaw("/", head + ("Content-Length: " + length) + "\r\n\r\n" + body);
+        server.replyRaw("/", head + ("Content-Length: " + length) + "\r\n\r\n" + body);
         return load("/");
     }
     PageOutcome loadChunks(const std::string& chunks) {
-        server.answerRaw("/", std::string(head) + chunked + chunks);
+        server.replyRaw("/", std::string(head) + chunked + chunks);
         return load("/");
     }
 };
@@ -71,18 +71,18 @@ TEST_F(PageOfWrongLength, IsRefusedWhenAChunkHasNoLengthOrTooLongAOne) {
 }
 
 TEST_F(PageOfWrongLength, IsRefusedWhenAChunksLengthNeverEnds) {
-    server.answerForEver("/", std::string(head) + chunked, "0");
+    server.replyForEver("/", std::string(head) + chunked, "0");
     EXPECT_EQ(load("/").error, broken);
 }
 
 TEST_F(PageOfWrongLength, IsRefusedWhenAChunksExtensionNeverEnds) {
-    server.answerForEver("/", std::string(head) + chunked + "7;", std::string(4096, 'x'));
+    server.replyForEver("/", std::string(head) + chunked + "7;", std::string(4096, 'x'));
     EXPECT_EQ(load("/").error, tooLarge);
 }
 
 TEST_F(PageOfWrongLength, IsRefusedWhenItIsFollowedByEndlessHeaders) {
-    server.answerForEver("/", std::string(head) + chunked + "7\r\n<p>five\r\n0\r\n",
-                         "X-More: " + std::string(1000, 'x') + "\r\n");
+    server.replyForEver("/", std::string(head) + chunked + "7\r\n<p>five\r\n0\r\n",
+                        "X-More: " + std::string(1000, 'x') + "\r\n");
     EXPECT_EQ(load("/").error, tooLarge);
 }
 
@@ -98,7 +98,7 @@ protected:
 
 TEST_F(PageOfManyLinks, HasItsWholeTextAndTheFirstThousandLinks) {
     use({.largestPage = 4U << 20, .timeout = 1h, .connectTo = ""});
-    server.answer("/", repeated("<a href=x>x</a> ", 100000));
+    server.reply("/", repeated("<a href=x>x</a> ", 100000));
     const PageOutcome outcome = load("/");
     EXPECT_EQ(outcome.error, "");
     EXPECT_EQ(outcome.links.size(), 1000U);
@@ -108,7 +108,7 @@ TEST_F(PageOfManyLinks, HasItsWholeTextAndTheFirstThousandLinks) {
 
 TEST_F(PageOfManyLinks, IsReadWhenNoneOfThemEnds) {
     use({.timeout = 1h, .connectTo = ""});
-    server.answer("/", repeated("<a href=x>", 100000));
+    server.reply("/", repeated("<a href=x>", 100000));
     const PageOutcome outcome = load("/");
     EXPECT_EQ(outcome.error, "");
     EXPECT_EQ(outcome.links.size(), 1000U);

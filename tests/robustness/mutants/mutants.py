@@ -1,6 +1,6 @@
 """The mutants: ways to break the product of which a proof has to find each.
 
-A mutant is a few replacements of text in the sources; the old text has to stand in its file exactly once, so that a mutant
+A mutant is a few replacements of text in the sources; the old text has to occur in its file exactly once, so that a mutant
 whose place has changed is noticed. `proofs` names those that have to fail, each by itself; see proof_named in run.
 """
 from dataclasses import dataclass, field
@@ -34,7 +34,7 @@ def both(fault):
 @dataclass
 class Mutant:
     name: str
-    tells: str
+    effect: str
     proofs: tuple
     edits: list = field(default_factory=list)
 
@@ -50,7 +50,7 @@ ALL = [
         (WRITER, "return sync == Sync::None ? std::error_code() : uninterrupted([&] { return files_.sync(file, sync); });",
          "static_cast<void>(sync);\n    return {};"),
     ]),
-    Mutant("no-folder-sync", "nobody waits until the new name is on the disk", both("power-cut"), [
+    Mutant("no-folder-sync", "the writer does not wait until the new name is on the disk", both("power-cut"), [
         (WRITER, "if (sync == Sync::Full)\n        error", "if (sync == Sync::Full && bytes.empty())\n        error"),
     ]),
     Mutant("wrong-folder-synced", "the folder of the link is synced, not that of the file", both("power-cut"), [
@@ -278,12 +278,12 @@ ALL = [
     Mutant("post-name-of-the-bundle", "the post name given with a callback is not the one observed", ("tests.settings/SettingsUpdate",), [
         (SETTINGS, "    InitSettingsWithUpdateName(post);", "    static_cast<void>(post);\n    InitSettingsWithUpdateName(PostName);"),
     ]),
-    Mutant("other-kinds-read-false", "an account's value that is no boolean reads as false", ("tests.settings/EnabledAccountRecord",), [
+    Mutant("other-kinds-read-false", "an account's value that is not a boolean reads as false", ("tests.settings/EnabledAccountRecord",), [
         ("settings/EnabledAccount.cpp", "    return platform::boolValue(AccountObject(key));",
          "    const platform::Value* value = AccountObject(key);\n"
          "    return value && value->kind() == platform::Value::Kind::Boolean && value->boolean();"),
     ]),
-    Mutant("other-kinds-read-true", "an account's value that is no boolean reads as true", ("tests.settings/EnabledAccountRecord",), [
+    Mutant("other-kinds-read-true", "an account's value that is not a boolean reads as true", ("tests.settings/EnabledAccountRecord",), [
         ("settings/EnabledAccount.cpp", "    return platform::boolValue(AccountObject(key));",
          "    const platform::Value* value = AccountObject(key);\n"
          "    return value && (value->kind() != platform::Value::Kind::Boolean || value->boolean());"),
@@ -333,7 +333,7 @@ ALL = [
          "    if (const auto stack = navigationController())\n        stack->popViewControllerAnimated(true);\n"
          "    announce(change);\n"),
     ]),
-    Mutant("empty-list-rebuilt", "the account page rebuilds an empty list that it holds", ("tests.account/AccountPage",), [
+    Mutant("empty-list-rebuilt", "the account page rebuilds an empty list that was set", ("tests.account/AccountPage",), [
         ("account/AppsController.cpp", "    if (!hasSpecifiers())", "    if (PSListController::specifiers().empty())"),
     ]),
     Mutant("enabled-in-two-writes", "enabling an account writes twice", ("tests.account/AccountEnabling",), [
@@ -373,7 +373,7 @@ ALL = [
     Mutant("text-view-added-first", "the change log's text is added before it is read-only", ("tests.info/ChangeLogPage",), [
         ("info/ChangeLog.cpp", "    textView->setEditable(false);\n", "    addSubview(textView);\n    textView->setEditable(false);\n"),
     ]),
-    Mutant("load-before-delegate", "the listing is asked for before anybody hears of its start", ("tests.info/DeveloperPage",), [
+    Mutant("load-before-delegate", "the listing is requested before its start can be reported", ("tests.info/DeveloperPage",), [
         ("info/DeveloperView.cpp", "    webView->setDelegate(self(this));\n    webView->loadRequest({Listing});\n",
          "    webView->loadRequest({Listing});\n    webView->setDelegate(self(this));\n"),
     ]),
@@ -393,10 +393,10 @@ ALL = [
          "    setView(makeView(view()->frame()));\n    PSListController::viewWillAppear(animated);\n"),
     ]),
     # What others may do.
-    Mutant("link-of-another-followed", "a symbolic link is followed whoever has laid it", ("tests.hostile/PlantedLink",), [
+    Mutant("link-of-another-followed", "a symbolic link of any user is followed", ("tests.hostile/PlantedLink",), [
         ("linux/posix/TrustedSymlink.cpp", "if (found.st_uid != 0 && found.st_uid != ::geteuid())", "if (found.st_uid == static_cast<uid_t>(-1))"),
     ]),
-    Mutant("module-of-another-loaded", "a module counts as trusted whoever it belongs to", ("tests.hostile/ModuleTrust",), [
+    Mutant("module-of-another-loaded", "a module of any user counts as trusted", ("tests.hostile/ModuleTrust",), [
         ("linux/system/ModuleTrust.cpp", "        if (!users_.include(status.owner))\n            return path + \" belongs to another user\";\n", ""),
     ]),
     Mutant("bus-of-another-visited", "the own bus is sought in a folder that others may enter", ("tests.hostile/Bus",), [
@@ -471,17 +471,17 @@ ALL = [
          "    static int posts = 0;\n    if (++posts % 50 == 0)\n        return;\n"
          "    const platform::Dictionary userInfo{{ChangeKey, key}, {ChangeObject, object}};\n"),
     ]),
-    Mutant("announcements-swapped", "of announcements that wait, the last is told first", ("soak",), [
+    Mutant("announcements-swapped", "of announcements that wait, the last is reported first", ("soak",), [
         ("linux/notifications/DistributedCenter.cpp", "std::move(inbox_.front());\n        inbox_.pop_front();",
          "std::move(inbox_.back());\n        inbox_.pop_back();"),
     ]),
-    Mutant("echo-told", "a process hears its own announcements a second time", ("tests.notifications/DistributedCenter",), [
+    Mutant("echo-received", "a process receives its own announcements a second time", ("tests.notifications/DistributedCenter",), [
         ("linux/notifications/NotificationBus.cpp", "if (!sender || connection_->uniqueName() == sender)", "if (!sender)"),
     ]),
-    Mutant("deep-messages-heard", "announcements of any number of levels are heard", (r"tests.hostile/.*ForgedAnnouncement",), [
+    Mutant("deep-messages-received", "announcements of any number of levels are received", (r"tests.hostile/.*ForgedAnnouncement",), [
         ("linux/notifications/FlattenedValue.cpp", "if (value_ || open_.size() >= levels_)", "if (value_)"),
     ]),
-    Mutant("other-device-heard", "announcements of another device root are heard", ("tests.notifications/DistributedCenter",), [
+    Mutant("other-device-received", "announcements of another device root are received", ("tests.notifications/DistributedCenter",), [
         ("linux/notifications/DistributedCenter.cpp", "if (notification.deviceRoot == identity)", "if (!notification.deviceRoot.empty())"),
     ]),
     Mutant("old-view-kept", "an observer reads the document again at every second announcement only", ("soak",), [
@@ -540,7 +540,7 @@ ALL = [
     Mutant("script-links-followed", "a web page's link may lead to a script", ("fuzz.web_page",), [
         ("linux/web/WebAddress.cpp", "return isWeb && address.size() <= LongestAddress ? address : std::string();", "return address;"),
     ]),
-    Mutant("answer-without-id", "an error does not say which command it answers", ("fuzz.script",), [
+    Mutant("reply-without-id", "an error does not name its command", ("fuzz.script",), [
         ("cli/script/ScriptCommands.cpp", 'answer.erase("ok");', 'answer.erase("ok");\n        answer.erase("id");'),
     ]),
     Mutant("last-account-deletable", "deleting the last account leaves none", ("fuzz.script",), [
@@ -550,7 +550,7 @@ ALL = [
     Mutant("first-group-overlooked", "a user whose first group it is does not count as a member", ("tests.hostile/UserGroup",), [
         ("linux/posix/TrustedUsers.cpp", "    return !isFirstGroupOfAnother(user, group);", "    return !isFirstGroupOfAnother(user, group) || !name.empty();"),
     ]),
-    Mutant("device-folder-of-another", "a folder of the device is used whoever it belongs to", ("tests.hostile/ForeignFolder",), [
+    Mutant("device-folder-of-another", "a folder of the device that belongs to any user is used", ("tests.hostile/ForeignFolder",), [
         ("shell/device/Provision.cpp", "if (const platform::FolderRisk risk = platform::riskOfFolder(path)) {",
          "if (const platform::FolderRisk risk; risk) {"),
     ]),

@@ -1,4 +1,4 @@
-"""What has to hold, judged without anything of this project's: each function answers why it does not, or None."""
+"""Checks that use no code of this project: each function returns what is wrong, or None."""
 import plistlib
 
 SWITCHES = """kAccountEnabled kPasscodeDisabled kHideApps kRestrictUninstall kRestrictDrag kRestrictEdit kRestrictCC
@@ -7,7 +7,7 @@ kRestrictResponders kRestrictVolume kRestrictVibrate kRestrictPowerDown""".split
 TOP = {"kEnabled": bool, "kPasscode": str, "kAccounts": list}
 RECORD = {"kAccountName": str, "kAppsRestricted": list} | {key: bool for key in SWITCHES}
 
-# A process that does the same things over and over is judged from this many rests on, and an allocator may then keep this
+# A process that does the same things over and over is judged from this many rests on. An allocator may then keep this
 # much more at one rest than at another.
 FEWEST_RESTS = 9
 MOST_BYTES = 512 * 1024
@@ -20,7 +20,7 @@ def document_problem(data):
     except Exception as error:
         return f"no property list: {error!r}"
     if not data.endswith(b"</plist>\n"):
-        return "something stands behind the property list"
+        return "something follows the property list"
     if not isinstance(document, dict):
         return "no dictionary"
     for key, kind in TOP.items():
@@ -33,27 +33,27 @@ def document_problem(data):
 
 def record_problem(record):
     if not isinstance(record, dict):
-        return f"{record!r} is no account"
+        return f"{record!r} is not an account"
     if record.keys() != RECORD.keys():
         return f"an account has other keys: {sorted(record.keys() ^ RECORD.keys())}"
     for key, kind in RECORD.items():
         if not isinstance(record[key], kind):
             return f"{key} of an account is {record[key]!r}"
     if not all(isinstance(identifier, str) for identifier in record["kAppsRestricted"]):
-        return f"kAppsRestricted holds something else than texts: {record['kAppsRestricted']}"
+        return f"kAppsRestricted contains something else than texts: {record['kAppsRestricted']}"
     return None
 
 
-def order_problem(sent, heard):
+def order_problem(sent, received):
     """Whether what one has sent has arrived at another, once and in order."""
-    for number, (one, other) in enumerate(zip(sent, heard)):
+    for number, (one, other) in enumerate(zip(sent, received)):
         if one != other:
             return f"number {number} of {len(sent)} is {other}, not {one}"
-    return None if len(sent) == len(heard) else f"{len(heard)} arrived of {len(sent)}"
+    return None if len(sent) == len(received) else f"{len(received)} arrived of {len(sent)}"
 
 
 def merge_problem(one, other, merged):
-    """Whether what two have sent has arrived at a third, once and each in its own order, whatever came between."""
+    """Whether what two have sent has arrived at a third, once and each in its own order, however they are interleaved."""
     if len(one) + len(other) != len(merged):
         return f"{len(merged)} arrived of {len(one)} and {len(other)}"
     taken = {0}  # how many of `one` may have been used up so far

@@ -1,39 +1,39 @@
-"""Who hears of announcements in a soak."""
+"""Receivers of the announcements in a soak."""
 import processes
 
-# Announced by nobody at a page, to see that everything announced before it has arrived.
+# Announced by no page, to check that everything announced before it has arrived.
 MARKER = {"key": "soakMarker", "object": {"int": "7"}}
 
 
 class Failure(Exception):
-    """What had to hold does not."""
+    """A condition of the soak is violated."""
 
 
-def require(holds, text):
-    if not holds:
+def require(condition, text):
+    if not condition:
         raise Failure(text)
 
 
 class Listener:
-    """What it has heard of since everybody agreed last. Whoever derives from it has a name and can `listen`."""
+    """What it has received since all agreed last. A derived class has a name and can `listen`."""
 
     def __init__(self):
-        self.heard, self.markers = [], 0
+        self.received, self.markers = [], 0
 
     def take_heard(self, announcement):
         if announcement == MARKER:
             self.markers += 1
         else:
-            self.heard.append(announcement)
+            self.received.append(announcement)
 
-    def hear(self, count):
-        """Waits until it has heard of that many."""
-        while len(self.heard) < count:
-            require(self.listen(), f"{self.name} has heard of {len(self.heard)} announcements, and {count} writes were made")
+    def receive(self, count):
+        """Waits until it has received that many."""
+        while len(self.received) < count:
+            require(self.listen(), f"{self.name} has received {len(self.received)} announcements, and {count} writes were made")
 
     def hear_marker(self):
         while not self.markers:
-            require(self.listen(), f"{self.name} hears nothing of the marker")
+            require(self.listen(), f"{self.name} does not receive the marker")
         self.markers = 0
 
 
@@ -56,7 +56,7 @@ class Observer(Listener):
         return True
 
     def view(self):
-        """The settings that it holds now."""
+        """The settings that it has now."""
         self.process.send("?")
         while "settings" not in (view := self.process.object()):
             self.take_heard(view)

@@ -1,4 +1,4 @@
-"""A process of a soak: what it is told, what it answers, what it takes of the machine."""
+"""A process of a soak: its commands, its replies, its use of the machine."""
 import json
 import os
 import select
@@ -28,15 +28,15 @@ class Process:
         try:
             self.process.stdin.write(text.encode())
         except BrokenPipeError:
-            pass  # Reading tells.
+            pass  # Reading reports it.
 
     def line(self, patience=PATIENCE):
-        """The next line. Ended when there is none any more."""
+        """The next line. Ended when there are no more."""
         deadline = time.monotonic() + patience
         while (end := self._buffer.find(b"\n")) < 0:
             left = deadline - time.monotonic()
             if left <= 0 or not select.select([self.process.stdout], [], [], left)[0]:
-                raise TimeoutError(f"{self.process.args[0]} has said nothing in {patience} seconds")
+                raise TimeoutError(f"{self.process.args[0]} has printed nothing in {patience} seconds")
             more = os.read(self.process.stdout.fileno(), 1 << 16)
             if not more:
                 raise Ended
@@ -55,7 +55,7 @@ class Process:
         return self.objects(len(objects))
 
     def end(self):
-        """Closes its input and answers its exit code."""
+        """Closes its input and returns its exit code."""
         self.process.stdin.close()
         return self.process.wait(PATIENCE)
 

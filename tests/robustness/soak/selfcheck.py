@@ -7,7 +7,7 @@ import tempfile
 import unittest
 
 import judges
-import person
+import user
 import watcher
 
 RECORD = {"kAccountName": "Tom", "kAppsRestricted": ["a"]} | {key: False for key in judges.SWITCHES}
@@ -23,8 +23,8 @@ class Announcements(unittest.TestCase):
         self.assertIsNone(judges.order_problem([1, 2, 2], [1, 2, 2]))
 
     def test_lost_doubled_and_swapped_notifications_are_found(self):
-        for heard in ([1, 3], [1, 2, 2, 3], [1, 3, 2], []):
-            self.assertIsNotNone(judges.order_problem([1, 2, 3], heard), heard)
+        for received in ([1, 3], [1, 2, 2, 3], [1, 3, 2], []):
+            self.assertIsNotNone(judges.order_problem([1, 2, 3], received), received)
 
     def test_two_senders_may_be_received_in_any_order(self):
         for merged in ([1, 2, 7, 8], [7, 8, 1, 2], [1, 7, 2, 8], [7, 1, 8, 2]):
@@ -97,20 +97,20 @@ class Watching(unittest.TestCase):
 
     def problems(self):
         self.watcher.take_events()
-        return self.watcher.told["problems"]
+        return self.watcher.report["problems"]
 
     def test_each_replacement_is_counted_and_judged_once(self):
         for _ in range(3):
             self.replace(written(WHOLE))
             self.watcher.take_events()
         self.watcher.take_events()
-        self.assertEqual(self.watcher.told, {"writes": 3, "generations": 3, "problems": []})
+        self.assertEqual(self.watcher.report, {"writes": 3, "generations": 3, "problems": []})
 
     def test_unobserved_replacements_are_counted(self):
         for _ in range(50):
             self.replace(written(WHOLE))
         self.watcher.take_events()
-        self.assertEqual(self.watcher.told, {"writes": 50, "generations": 1, "problems": []})
+        self.assertEqual(self.watcher.report, {"writes": 50, "generations": 1, "problems": []})
 
     def test_half_a_document_is_found(self):
         self.replace(written(WHOLE)[:100])
@@ -138,9 +138,9 @@ class Standing(unittest.TestCase):
     def test_an_account_and_its_picker_have_a_position_and_the_first_page_has_none(self):
         account = {"page": {"sections": [{"rows": [{"key": "kRestrictSiri"}]}]}}
         root = {"page": {"sections": [{"rows": [{"key": "kEnabled"}, {"label": "Tom"}]}]}}
-        self.assertTrue(person.stands_in_account(account))
-        self.assertTrue(person.stands_in_account({"page": {"table": []}}))
-        self.assertFalse(person.stands_in_account(root))
+        self.assertTrue(user.shows_account(account))
+        self.assertTrue(user.shows_account({"page": {"table": []}}))
+        self.assertFalse(user.shows_account(root))
 
 
 if __name__ == "__main__":

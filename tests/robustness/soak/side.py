@@ -3,7 +3,7 @@ import json
 import random
 import signal
 
-import person
+import user
 import processes
 from listener import Failure, Listener, require
 
@@ -11,12 +11,12 @@ LOOK = ({"do": "posts"}, {"do": "see"})
 
 
 class Side(Listener):
-    """A Settings process, the person at it, and what it has announced and heard of since everybody agreed last."""
+    """A Settings process, its user, and what it has announced and received since all agreed last."""
 
     def __init__(self, world, name, seed):
         super().__init__()
         self.world, self.name = world, name
-        self.person = person.Person(random.Random(seed), lambda: world.read()["kPasscode"])
+        self.user = user.User(random.Random(seed), lambda: world.read()["kPasscode"])
         self.actions = self.refused = self.ends = 0
         self.trail = []
         self.start()
@@ -25,18 +25,18 @@ class Side(Listener):
         self.process = self.world.start(self.world.program("wardlock"), "settings", "--script", "-")
         self.born = self.actions
         self.rests = []
-        self.own, self.heard, self.markers = [], [], 0
+        self.own, self.received, self.markers = [], [], 0
         self.look()
 
     def look(self):
         """Asks for the picture and what was announced."""
         self.take(self.process.ask(*LOOK))
 
-    def take(self, answers):
-        posts, self.picture = answers
+    def take(self, replies):
+        posts, self.picture = replies
         for post in posts["posts"]:
             if not post["key"]:
-                continue  # Not an announcement: that some may have been missed. If so, their number tells.
+                continue  # Not an announcement: that some may have been missed. If so, their number shows it.
             announcement = {"key": post["key"], "object": post["object"]}
             if post["own"]:
                 self.own.append(announcement)
@@ -44,7 +44,7 @@ class Side(Listener):
                 self.take_heard(announcement)
 
     def choose(self):
-        self.commands = self.person.next(self.picture)
+        self.commands = self.user.next(self.picture)
 
     def deletes(self):
         return {"do": "choose", "action": "Delete"} in self.commands
@@ -55,16 +55,16 @@ class Side(Listener):
         self.process.send(*self.commands, *LOOK)
 
     def finish(self):
-        """Takes the answers. Raises processes.Ended when a page has ended the process."""
+        """Takes the replies. Raises processes.Ended when a page has ended the process."""
         self.actions += len(self.commands)
-        self.refused += sum("error" in answer for answer in self.process.objects(len(self.commands)))
+        self.refused += sum("error" in reply for reply in self.process.objects(len(self.commands)))
         self.take(self.process.objects(len(LOOK)))
 
     def listen(self, seconds=processes.PATIENCE):
         """Waits for an announcement. Whether one came in time."""
-        answer, *look = self.process.ask({"do": "wait", "for": "change", "seconds": seconds}, *LOOK)
+        reply, *look = self.process.ask({"do": "wait", "for": "change", "seconds": seconds}, *LOOK)
         self.take(look)
-        return "ok" in answer
+        return "ok" in reply
 
     def home(self):
         """Goes back to the first page of the bundle, with nothing over it."""
@@ -96,11 +96,11 @@ class Side(Listener):
             return {"do": "tap", "row": "Wardlock"}
         return None if "button" in page else {"do": "back"}
 
-    def stands_in_account(self):
-        return person.stands_in_account(self.picture)
+    def shows_account(self):
+        return user.shows_account(self.picture)
 
     def rest(self):
-        """Takes note of what the process takes while nothing goes on."""
+        """Takes note of what the process uses while nothing happens."""
         self.rests.append(self.process.takes())
 
     def ended(self):

@@ -1,20 +1,20 @@
 #!/usr/bin/env python3
-"""Two Settings on one preferences document, driven at random, with somebody who looks on.
+"""Two Settings on one preferences document, driven at random, with an observer.
 
-Both are driven by script, at the same time, through all that a person can do; a program over the settings library
-observes the changes as the enforcing half does; a watcher is told of whatever happens to the document. Now and then
-everybody stops, and it has to hold that
+Both are driven by script, at the same time, through all that a user can do; a program over the settings library
+observes the changes as the enforcing half does; a watcher is notified of every change of the document. Now and then
+all stop, and the following has to be true:
 
-  - the document was replaced and never touched otherwise, was whole whenever the watcher looked, and holds what it held
+  - the document was replaced and never touched otherwise, was whole whenever the watcher looked, and contains what it contained
     beyond the pages' keys,
   - every replacement was announced, once, and every announcement has arrived, once and in the order of its sender, at
     each of the others,
   - the observer's view, and the first page of both Settings, show the document as it lies on the disk,
   - no temporary file is left, no descriptor, and no memory that grows with the actions.
 
-The two may overwrite each other's change: nothing is locked. When one deletes an account that the other stands in, the
+The two may overwrite each other's change: nothing is locked. When one deletes an account that the other shows, the
 other's page ends its process with a range exception, reported in the log; it is then started again, and counted. In the
-first and last tenth of a run this is let happen. In between deletions wait until nobody stands in an account, and nothing
+first and last tenth of a run this is let happen. In between deletions wait until no side shows an account, and nothing
 may end a process, so that its memory can be watched for long.
 
 The same seed takes the same decisions on the same pictures; what the two do at once meets as the machine lets it.
@@ -35,7 +35,7 @@ from side import Side
 # Rounds between stops: so many, and no more than so many stops in a long run.
 FEWEST_ROUNDS = 15
 MOST_STOPS = 1000
-# For the first announcement to be heard of, before there is another one.
+# For the first announcement to be received, before there is another one.
 SECONDS_FOR_EARS = 5
 
 
@@ -44,7 +44,7 @@ class Soak:
         self.arguments = arguments
         self.world = world.World(arguments.programs)
         self.writes = self.stops = self.mails = self.ends = 0
-        self.lives = []
+        self.runs = []
         try:
             watcher = os.path.join(os.path.dirname(os.path.abspath(__file__)), "watcher.py")
             self.watcher = self.world.start(sys.executable, "-B", watcher, self.world.document)
@@ -79,7 +79,7 @@ class Soak:
         """Both do something, at the same time."""
         calm = self.is_calm()
         for side, other in self.pairs():
-            side.person.may_delete = not calm or not other.stands_in_account()
+            side.user.may_delete = not calm or not other.shows_account()
             side.choose()
         deleting = [side for side in self.sides if side.deletes()][:1] if calm else []
         ended = self.act(deleting or self.sides)
@@ -88,19 +88,19 @@ class Soak:
             self.start_again(ended)
         for side, other in self.pairs():
             if side in deleting:
-                other.hear(len(side.own))
+                other.receive(len(side.own))
 
     def act(self, acting):
         """Who was ended by a page over it."""
         for side in acting:
             side.begin()
-        return [side for side in acting if not self.answered(side.finish)]
+        return [side for side in acting if not self.succeeds(side.finish)]
 
     def pairs(self):
         one, two = self.sides
         return (one, two), (two, one)
 
-    def answered(self, call):
+    def succeeds(self, call):
         try:
             call()
             return True
@@ -113,17 +113,17 @@ class Soak:
             self.judge_life(side)
         self.ends += len(ended)
         reports = self.world.reports()
-        require(reports == self.ends, f"{self.ends} processes were ended and the log tells of {reports}")
+        require(reports == self.ends, f"{self.ends} processes were ended and the log reports {reports}")
         self.agree(ended)
         for side in ended:
             side.start()
         self.wait_for_ears(ended)
 
     def wait_for_ears(self, newcomers):
-        """Who begins to observe waits for a busy bus only so long, and then goes on without hearing yet."""
+        """A process that begins to observe waits for a busy bus only so long, and then continues without notifications yet."""
         deadline = time.monotonic() + processes.PATIENCE
         while deaf := [one for one in newcomers if not one.markers]:
-            require(time.monotonic() < deadline, f"{deaf[0].name} hears nothing")
+            require(time.monotonic() < deadline, f"{deaf[0].name} receives nothing")
             self.world.run("announce", MARKER["key"])
             for one in newcomers:
                 one.listen(SECONDS_FOR_EARS)
@@ -134,7 +134,7 @@ class Soak:
 
     def stop(self):
         """Everybody comes to rest; then all of them have to agree."""
-        while ended := [side for side in self.sides if not self.answered(side.home)]:
+        while ended := [side for side in self.sides if not self.succeeds(side.home)]:
             self.start_again(ended)
         self.agree()
         settings = self.world.read()
@@ -146,25 +146,25 @@ class Soak:
         self.mails += self.world.empty_outbox()
 
     def agree(self, ended=()):
-        """Everybody hears what was announced since the last time; then nothing more may come."""
+        """All receive what was announced since the last time; then nothing more may arrive."""
         self.watched, = self.watcher.ask("?")
         require(not self.watched["problems"], "\n".join(self.watched["problems"]))
         writes = self.watched["writes"] - self.writes
         self.writes += writes
-        self.observer.hear(writes)
+        self.observer.receive(writes)
         for side in self.alive(ended):
-            side.hear(writes - len(side.own))
+            side.receive(writes - len(side.own))
         self.check_document(self.observer.view())
         # Last, for it makes everybody read the document again.
         self.world.run("announce", MARKER["key"])
         for listener in (*self.alive(ended), self.observer):
             listener.hear_marker()
-        announced = len(self.observer.heard)
+        announced = len(self.observer.received)
         require(announced == writes, f"{writes} writes were made, and {announced} announcements")
         self.check_order(ended)
-        self.observer.heard = []
+        self.observer.received = []
         for side in self.sides:
-            side.own, side.heard = [], []
+            side.own, side.received = [], []
 
     def alive(self, ended):
         return [side for side in self.sides if side not in ended]
@@ -176,7 +176,7 @@ class Soak:
         settings = plistlib.loads(data)
         for key, value in world.FOREIGN.items():
             require(settings.get(key) == value, f"{key} is now {settings.get(key)}")
-        require(view["settings"].encode() == data, f"the observer holds {view['settings']}, on the disk lies {data}")
+        require(view["settings"].encode() == data, f"the observer has {view['settings']}, on the disk is {data}")
         enabled = next((record for record in settings["kAccounts"] if record["kAccountEnabled"]), None)
         account = plistlib.loads(view["account"].encode()) if "account" in view else None
         require(account == enabled, f"the observer's account is {account}, not {enabled}")
@@ -184,15 +184,15 @@ class Soak:
     def check_order(self, ended):
         for side, other in self.pairs():
             if side in ended and other not in ended:
-                # What it did last it could not tell any more; the other has heard of it.
-                side.own += other.heard[len(side.own):]
-            # What it heard last it could not tell any more either.
-            sent = side.own[:len(other.heard)] if other in ended else side.own
-            wrong = judges.order_problem(sent, other.heard)
-            require(not wrong, f"of what {side.name} announced {other.name} heard otherwise: {wrong}")
+                # It could no longer report what it did last; the other has received that.
+                side.own += other.received[len(side.own):]
+            # It could no longer report what it received last either.
+            sent = side.own[:len(other.received)] if other in ended else side.own
+            wrong = judges.order_problem(sent, other.received)
+            require(not wrong, f"of what {side.name} announced {other.name} received otherwise: {wrong}")
         if len(ended) < 2:
-            wrong = judges.merge_problem(*(side.own for side in self.sides), self.observer.heard)
-            require(not wrong, f"of what both announced the observer heard otherwise: {wrong}")
+            wrong = judges.merge_problem(*(side.own for side in self.sides), self.observer.received)
+            require(not wrong, f"of what both announced the observer received otherwise: {wrong}")
 
     def check_picture(self, side, settings):
         sections = side.picture["page"]["sections"]
@@ -209,12 +209,12 @@ class Soak:
         wrong = judges.growth_problem(who.rests, memory_counts=not self.arguments.sanitized)
         require(not wrong, f"{who.name} grows: {wrong}: {who.rests}")
         if len(who.rests) >= judges.FEWEST_RESTS:
-            self.lives.append((who.name, who.rests, actions))
+            self.runs.append((who.name, who.rests, actions))
 
     def print_last_words(self):
         for side in self.sides:
             print(f"last commands of {side.name}: {json.dumps(side.trail)}", file=sys.stderr)
-            print(f"it announced {json.dumps(side.own)} and heard of {json.dumps(side.heard)}", file=sys.stderr)
+            print(f"it announced {json.dumps(side.own)} and received {json.dumps(side.received)}", file=sys.stderr)
         self.world.print_last_words()
 
 
@@ -225,7 +225,7 @@ def figures(soak, seconds):
     yield "writes", f"{soak.writes}, each announced once; {soak.watched['generations']} looked at, each whole"
     yield "stops", f"{soak.stops}; support mails {soak.mails}"
     yield "ended by a page", f"{one.ends} and {two.ends} times, each reported"
-    for name, rests, actions in soak.lives:
+    for name, rests, actions in soak.runs:
         (size, opened), (last, opened_last) = rests[len(rests) // 4], rests[-1]
         yield "memory", (f"{name}: {last // 1024} KiB after {actions} actions, {(last - size) // 1024:+d} in the last three "
                          f"quarters; {opened_last} descriptors, {opened_last - opened:+d}")

@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
-"""Watches the preferences document: counts its replacements, judges what it then holds, and notices whatever else is done
+"""Watches the preferences document: counts its replacements, judges its contents, and notices everything else that is done
 to it, such as being written in place, or gone for a moment.
 
-Says "ready", answers each line of its input with an object: how many "writes" there were so far, how many "generations" it
+Prints "ready", replies to each line of its input with an object: how many "writes" there were so far, how many "generations" it
 got to see and the "problems" it found; and ends with its input.
 """
 import argparse
@@ -29,7 +29,7 @@ class Watcher:
         self.path = path
         folder, self.name = os.path.split(path)
         self.last = None
-        self.told = {"writes": 0, "generations": 0, "problems": []}
+        self.report = {"writes": 0, "generations": 0, "problems": []}
         libc = ctypes.CDLL(None, use_errno=True)
         self.descriptor = libc.inotify_init1(os.O_NONBLOCK | os.O_CLOEXEC)
         mask = MODIFY | MOVED_FROM | MOVED_TO | CREATE | DELETE
@@ -48,11 +48,11 @@ class Watcher:
 
     def take_event(self, mask, name):
         if mask & OVERFLOW:
-            self.problem("more has happened than can be told")
+            self.problem("more has happened than can be reported")
         if name != self.name:
             return
         if mask & MOVED_TO:
-            self.told["writes"] += 1
+            self.report["writes"] += 1
         else:
             self.problem("the document was " + WRONG[mask & sum(WRONG)])
         self.look()
@@ -68,15 +68,15 @@ class Watcher:
         except OSError as error:
             return self.problem(f"the document cannot be read: {error}")
         self.last = generation
-        self.told["generations"] += 1
+        self.report["generations"] += 1
         if stat.S_IMODE(status.st_mode) != 0o600:
             self.problem(f"its mode is {stat.S_IMODE(status.st_mode):o}")
         if why := judges.document_problem(data):
             self.problem(f"{why}: {data!r}")
 
     def problem(self, text):
-        if len(self.told["problems"]) < MOST_PROBLEMS:
-            self.told["problems"].append(text)
+        if len(self.report["problems"]) < MOST_PROBLEMS:
+            self.report["problems"].append(text)
 
     def close(self):
         os.close(self.descriptor)
@@ -94,7 +94,7 @@ def main(path):
         if not lines:
             return
         for _ in range(lines.count(b"\n")):
-            print(json.dumps(watcher.told), flush=True)
+            print(json.dumps(watcher.report), flush=True)
 
 
 if __name__ == "__main__":

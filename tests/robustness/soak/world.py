@@ -14,7 +14,7 @@ import processes
 
 IDENTIFIER = "com.tavix.wardlock"
 
-# What the document holds beyond the pages' keys, and what has to survive every change of it.
+# What the document contains beyond the pages' keys, and what has to survive every change of it.
 FOREIGN = {
     "soakMarker": 7,
     "soakKeeps": {"data": b"\x00\xff", "date": datetime.datetime(2001, 2, 3, 4, 5, 6), "large": 2**64 - 1, "real": 0.1,
@@ -25,7 +25,7 @@ PAGE = b"<html><title>Listing</title><p>Packages <a href='/other'>and more</a></
 
 
 class Web(http.server.BaseHTTPRequestHandler):
-    """Stands for every web server: the proxy of those who load pages."""
+    """Replaces every web server: the proxy of the processes that load pages."""
 
     def do_GET(self):
         try:
@@ -78,7 +78,7 @@ class World:
 <policy context="default"><allow send_destination="*"/><allow receive_sender="*"/><allow own="*"/></policy>
 </busconfig>""")
         bus = self.start("dbus-daemon", f"--config-file={configuration}", "--nofork", "--nopidfile", "--print-address")
-        bus.line()  # Said once it listens.
+        bus.line()  # Printed once it listens.
 
     def _add_foreign_keys(self):
         document = self.read() | FOREIGN
@@ -89,7 +89,7 @@ class World:
         return os.path.join(self.programs, name)
 
     def start(self, *command):
-        """A process that lives no longer than the world."""
+        """A process that ends with the world."""
         self.processes = [one for one in self.processes if one.process.poll() is None]
         self.processes.append(processes.Process(command, self.environment, self.errors))
         return self.processes[-1]
@@ -107,7 +107,7 @@ class World:
         return plistlib.loads(self.bytes())
 
     def reports(self):
-        """How many exceptions of pages the log tells of, all of them of the one kind that a stale position throws."""
+        """How many exceptions of pages the log reports, all of them of the one kind that a stale position throws."""
         try:
             with open(self.log, encoding="utf-8") as file:
                 log = file.read()
@@ -124,7 +124,7 @@ class World:
         return [name for name in os.listdir(os.path.dirname(self.document)) if name not in expected]
 
     def empty_outbox(self):
-        """How many mails lay there."""
+        """How many mails are there."""
         mails = glob.glob(f"{self.root}/var/mobile/Library/Mail/Outbox/*")
         for mail in mails:
             os.remove(mail)

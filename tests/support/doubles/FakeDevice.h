@@ -4,7 +4,7 @@
 
 namespace wardlock::test {
 
-/// The process's device for the life of this object: a telephone of 320 x 568 points, unless told otherwise.
+/// The process's device for the life of this object: a telephone of 320 x 568 points by default.
 class FakeDevice : public platform::DeviceInformation {
 public:
     FakeDevice() { setCurrent(this); }

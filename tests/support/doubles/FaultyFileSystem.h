@@ -20,11 +20,11 @@ public:
     void failCall(std::size_t number, std::errc error);
     /// The call of that number and all after it fail, without effect.
     void failFrom(std::size_t number, std::errc error) { failingFrom_ = {number, error}; }
-    /// From that call on the disk is full: what needs room on it fails, everything else goes on.
+    /// From that call on the disk is full: what needs room on it fails, everything else works.
     void fillDiskFrom(std::size_t number) { fullFrom_ = number; }
     /// Every call of the function fails, without effect.
     void failEvery(const std::string& function, std::errc error) { failing_[function] = error; }
-    /// From that call on nothing has an effect any more: the process has been killed before it.
+    /// From that call on nothing has an effect: the process has been killed before it.
     void killFrom(std::size_t number) { killed_ = number; }
     /// A write takes no more than that many bytes.
     void limitWrites(std::size_t bytes) { limitWritesFrom(1, bytes); }

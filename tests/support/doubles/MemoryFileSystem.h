@@ -28,27 +28,27 @@ public:
                  std::uint32_t owner = 0, std::uint32_t group = 0);
     void addLink(const std::string& path, const std::string& target);
 
-    /// Whom the calls are made for; 0 (the default) may do everything.
+    /// The user of the calls; 0 (the default) may do everything.
     void actAs(std::uint32_t user, std::uint32_t group);
-    /// How many bytes all files may hold together.
+    /// How many bytes all files may contain together.
     void setCapacity(std::size_t bytes) { capacity_ = bytes; }
     /// The process has ended: its handles are closed and its locks free.
     void endProcess();
 
     std::optional<std::string> contents(const std::string& path) const;
     std::optional<platform::FileStatus> statusOf(const std::string& path) const;
-    /// A file's bytes or a link's target; nothing where nothing stands.
+    /// A file's bytes or a link's target; nothing when the path is missing.
     std::string textOf(const std::string& path) const;
     /// The names below a folder.
     std::vector<std::string> names(const std::string& folder) const;
     std::size_t openHandles() const { return handles_.size(); }
 
-    /// What could stand at the path after a power cut now; nothing for no file. A folder's names since its
-    /// last sync are there up to any point of their order, as on a journaled file system; bytes since the
-    /// last file sync wholly, half or not.
+    /// What could be at the path after a power cut now; nothing for no file. A folder's names since its
+    /// last sync are there up to any point of their order, as on a journaled file system. Bytes since the
+    /// last file sync are there wholly, half or not.
     std::set<std::optional<std::string>> afterPowerCut(const std::string& path) const;
     /// The same as whole disks, one for every way in which the power could have been cut now. Mode and owner
-    /// of a file are those of its last full sync or those of now. Nobody has a file of theirs open.
+    /// of a file are those of its last full sync or those of now. No process has a file of theirs open.
     std::vector<std::unique_ptr<MemoryFileSystem>> disksAfterPowerCut() const;
 
     /// The calls so far, such as "rename /d/TEMPORARY /d/a"; the writer's temporary files under that one

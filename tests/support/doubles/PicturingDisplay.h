@@ -9,8 +9,8 @@
 
 namespace doubles {
 
-/// Describes something whenever a view or a controller tells of a change, and keeps each description that is
-/// not empty and differs from the one before: what a person could have seen, in order.
+/// Describes something whenever a view or a controller reports a change. It keeps each description that is
+/// not empty and differs from the one before: what the user could have seen, in order.
 class PicturingDisplay : public RecordingDisplay {
 public:
     explicit PicturingDisplay(std::function<std::string()> describe) : describe_(std::move(describe)) {}

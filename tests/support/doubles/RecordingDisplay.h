@@ -7,7 +7,7 @@
 
 namespace doubles {
 
-/// Notes what the user-interface objects tell of themselves. It is the process's observer while it lives.
+/// Records what the user-interface objects report. It is the process's observer during its life.
 class RecordingDisplay : public platform::DisplayObserver {
 public:
     RecordingDisplay() { setCurrent(this); }

@@ -8,7 +8,7 @@
 
 namespace wardlock::test {
 
-/// Keeps the mails that are sent; their outcome is told when the test says so. The process's
+/// Keeps the mails that are sent; their outcome is reported when the test says so. The process's
 /// service while it lives.
 class RecordingMailService final : public platform::MailService {
 public:

@@ -10,8 +10,8 @@
 
 namespace wardlock::test {
 
-/// A distributed centre that keeps what is posted and reaches nobody. While it lives it is the one that
-/// CFNotificationCenterGetDistributedCenter() answers.
+/// A distributed centre that keeps what is posted and notifies no process. While it lives it is the one that
+/// CFNotificationCenterGetDistributedCenter() returns.
 class RecordingNotificationCenter : public platform::CFNotificationCenter {
 public:
     struct Post {
@@ -37,7 +37,7 @@ public:
     void postNotification(std::string_view name, const std::string* object,
                           const platform::Dictionary* userInfo, bool deliverImmediately) override;
 
-    /// Tells the observers, as if another process had posted.
+    /// Notifies the observers, as if another process had posted.
     void deliver(std::string_view name, const std::string* object = nullptr,
                  const platform::Dictionary* userInfo = nullptr);
 

@@ -7,7 +7,8 @@
 
 namespace wardlock::test {
 
-/// What the test modules' classes and their class methods answer. Crosses module borders, so it is exported.
+/// What the test modules' classes and their class methods return. Crosses module boundaries, so it is
+/// exported.
 class WARDLOCK_API Greeting {
 public:
     virtual ~Greeting() = default;

@@ -7,7 +7,8 @@
 
 namespace wardlock::test {
 
-/// What a stand-in for a service does once it has its name: says "ready", and answers until the bus is gone.
+/// What a stand-in for a service does once it has its name: prints "ready", and replies until the bus is
+/// gone.
 inline void serve(sd_bus* bus) {
     std::puts("ready");
     std::fflush(stdout);

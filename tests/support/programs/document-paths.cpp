@@ -27,7 +27,7 @@ std::shared_ptr<platform::PSListController> pageNamed(std::string_view name) {
 
 } // namespace
 
-// Stands in front of the settings library's own function.
+// Replaces the settings library's own function.
 std::string wardlock::documentPath(std::string_view identifier) {
     ++formatted;
     return platform::stringWithFormat(DocumentPathFormat, identifier);

@@ -1,6 +1,6 @@
-// A desktop's email portal: prints what it is asked to compose, a line each, and answers with the response
-// code of its first argument; the second is its version. The third is a pipe by name: the answer comes when
-// somebody has opened it for writing, as a person who chooses a mail program lets one wait. "ready" says that
+// A desktop's email portal: prints what it is asked to compose, a line each. It replies with the response
+// code of its first argument; the second is its version. The third is a named pipe: the reply is sent when a
+// process has opened it for writing. A user who chooses a mail program takes as long. "ready" says that
 // it can be called.
 
 #include "tests/support/programs/ServedBus.h"
@@ -18,7 +18,7 @@ namespace {
 
 std::uint32_t responseCode = 0;
 std::uint32_t portalVersion = 4;
-const char* person = nullptr;
+const char* chooser = nullptr;
 
 std::string contentOf(int file) {
     std::array<char, 4096> room{};
@@ -70,7 +70,7 @@ void waitForPerson(sd_bus_message* call, const std::string& request) {
     sd_bus_flush(sd_bus_message_get_bus(call));
     std::puts("asking");
     std::fflush(stdout);
-    close(open(person, O_RDONLY));
+    close(open(chooser, O_RDONLY));
 }
 
 int composeEmail(sd_bus_message* call, void*, sd_bus_error*) {
@@ -88,14 +88,14 @@ int composeEmail(sd_bus_message* call, void*, sd_bus_error*) {
         letter = letter == '.' ? '_' : letter;
     const std::string request = "/org/freedesktop/portal/desktop/request/" + sender + '/' + token;
     sd_bus* bus = sd_bus_message_get_bus(call);
-    if (person)
+    if (chooser)
         waitForPerson(call, request);
-    // Else the answer before the call returns: the caller has to be listening by now.
+    // Else the reply before the call returns: the caller has to be listening by now.
     sd_bus_emit_signal(bus, request.c_str(), "org.freedesktop.portal.Request", "Response", "ua{sv}",
                        responseCode, 0);
     std::puts("composed");
     std::fflush(stdout);
-    return person ? 1 : sd_bus_reply_method_return(call, "o", request.c_str());
+    return chooser ? 1 : sd_bus_reply_method_return(call, "o", request.c_str());
 }
 
 const sd_bus_vtable emailTable[] = {
@@ -113,7 +113,7 @@ int main(int count, char** arguments) {
     if (count > 2)
         portalVersion = static_cast<std::uint32_t>(std::atoi(arguments[2]));
     if (count > 3)
-        person = arguments[3];
+        chooser = arguments[3];
     sd_bus* bus = nullptr;
     if (sd_bus_open_user(&bus) < 0 ||
         sd_bus_add_object_vtable(bus, nullptr, "/org/freedesktop/portal/desktop",

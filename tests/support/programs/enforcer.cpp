@@ -1,6 +1,6 @@
-// The enforcing half as a test needs it: starts as it does on a device, says "ready", then tells in a line
-// what each change said and which account counts after it. Ends after as many changes as its first argument
-// says; a second one names a restriction whose state in that account is told too.
+// The enforcing half as a test needs it. It starts as on a device, prints "ready", then a line for each
+// change: its contents, and the account in force after it. Ends after as many changes as its first
+// argument says; a second one names a restriction whose state in that account is printed too.
 
 #include "platform/runtime/MainLoop.h"
 #include "platform/text/Format.h"
@@ -15,10 +15,10 @@
 
 int main(int argc, char** argv) {
     const int expected = argc > 1 ? std::atoi(argv[1]) : 1;
-    int heard = 0;
+    int received = 0;
     wardlock::InitSettingsWithUpdateNameAndCallback(
         wardlock::PostName, [&](const platform::Value* key, const platform::Value* object) {
-            ++heard;
+            ++received;
             std::cout << platform::stringWithFormat("%@ = %@; account %@; tweak %d", key, object,
                                                     wardlock::AccountString(wardlock::kAccountName),
                                                     wardlock::TweakEnabled());
@@ -27,7 +27,7 @@ int main(int argc, char** argv) {
             std::cout << std::endl;
         });
     std::cout << "ready" << std::endl;
-    return platform::MainLoop::shared().runUntil([&] { return heard >= expected; },
+    return platform::MainLoop::shared().runUntil([&] { return received >= expected; },
                                                  wardlock::test::testTimeout)
                ? 0
                : 1;

@@ -1,4 +1,4 @@
-// Announces a change of the settings as a program does that is none of ours: it knows the form of the signal,
+// Announces a change of the settings as a foreign program does. It knows the form of the signal,
 // and its value is a number of arrays in one another, flattened. Ends when the bus has taken the signal.
 // usage: test-forger KEY LEVELS
 

@@ -1,8 +1,8 @@
 // A desktop's portal that does not do what portals do; the first argument says how:
 //   version       the email interface's version is a text
 //   response      the response to a mail is a text
-//   silence       no call is answered
-//   end           ends while a person chooses the mail program
+//   silence       no call gets a reply
+//   end           ends while the user chooses the mail program
 //   look          the desktop's look is a text
 //   nonsense      the desktop's look is a dictionary of other kinds
 // "ready" says that it can be called.
@@ -94,14 +94,14 @@ int main(int count, char** arguments) {
         return 2;
     lie = arguments[1];
     sd_bus* bus = nullptr;
-    const bool stands =
+    const bool isServed =
         sd_bus_open_user(&bus) >= 0 &&
         sd_bus_add_object_vtable(bus, nullptr, object, "org.freedesktop.portal.Email",
                                  lie == "version" ? emailTableOfTexts : emailTable, nullptr) >= 0 &&
         sd_bus_add_object_vtable(bus, nullptr, object, "org.freedesktop.portal.Settings", settingsTable,
                                  nullptr) >= 0 &&
         sd_bus_request_name(bus, "org.freedesktop.portal.Desktop", 0) >= 0;
-    if (!stands)
+    if (!isServed)
         return EXIT_FAILURE;
     wardlock::test::serve(bus);
     sd_bus_close_unref(bus);

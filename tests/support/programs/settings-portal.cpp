@@ -1,5 +1,5 @@
 // A desktop's settings portal, with the values of its arguments, "KEY=NUMBER" or "KEY=TEXT", in the namespace
-// of appearances. "ready" says that it can be asked. With "--tell KEY=VALUE" as its arguments it has the
+// of appearances. "ready" says that it can be asked. With "--set KEY=VALUE" as its arguments it has the
 // running one change a value and announce it, and ends.
 
 #include "tests/support/programs/ServedBus.h"
@@ -35,9 +35,9 @@ void append(sd_bus_message* message, const std::string& value) {
         sd_bus_message_append(message, "v", "s", value.c_str());
 }
 
-/// A namespace that nobody asked for comes first: an answer may hold more than the question.
-void appendForeign(sd_bus_message* answer) {
-    sd_bus_message_append(answer, "{sa{sv}}", "org.example.other", 1, "color-scheme", "u", std::uint32_t{1});
+/// A namespace that was not requested comes first: a reply may contain more than the request.
+void appendForeign(sd_bus_message* reply) {
+    sd_bus_message_append(reply, "{sa{sv}}", "org.example.other", 1, "color-scheme", "u", std::uint32_t{1});
 }
 
 int readAll(sd_bus_message* call, void*, sd_bus_error*) {
@@ -46,30 +46,30 @@ int readAll(sd_bus_message* call, void*, sd_bus_error*) {
     sd_bus_message_enter_container(call, 'a', "s");
     while (sd_bus_message_read(call, "s", &wanted) > 0)
         asked = asked || std::strcmp(wanted, appearance) == 0;
-    sd_bus_message* answer = nullptr;
-    sd_bus_message_new_method_return(call, &answer);
-    sd_bus_message_open_container(answer, 'a', "{sa{sv}}");
-    appendForeign(answer);
+    sd_bus_message* reply = nullptr;
+    sd_bus_message_new_method_return(call, &reply);
+    sd_bus_message_open_container(reply, 'a', "{sa{sv}}");
+    appendForeign(reply);
     if (asked) {
-        sd_bus_message_open_container(answer, 'e', "sa{sv}");
-        sd_bus_message_append(answer, "s", appearance);
-        sd_bus_message_open_container(answer, 'a', "{sv}");
+        sd_bus_message_open_container(reply, 'e', "sa{sv}");
+        sd_bus_message_append(reply, "s", appearance);
+        sd_bus_message_open_container(reply, 'a', "{sv}");
         for (const auto& [key, value] : values) {
-            sd_bus_message_open_container(answer, 'e', "sv");
-            sd_bus_message_append(answer, "s", key.c_str());
-            append(answer, value);
-            sd_bus_message_close_container(answer);
+            sd_bus_message_open_container(reply, 'e', "sv");
+            sd_bus_message_append(reply, "s", key.c_str());
+            append(reply, value);
+            sd_bus_message_close_container(reply);
         }
-        sd_bus_message_close_container(answer);
-        sd_bus_message_close_container(answer);
+        sd_bus_message_close_container(reply);
+        sd_bus_message_close_container(reply);
     }
-    sd_bus_message_close_container(answer);
-    const int sent = sd_bus_send(nullptr, answer, nullptr);
-    sd_bus_message_unref(answer);
+    sd_bus_message_close_container(reply);
+    const int sent = sd_bus_send(nullptr, reply, nullptr);
+    sd_bus_message_unref(reply);
     return sent < 0 ? sent : 1;
 }
 
-int tell(sd_bus_message* call, void*, sd_bus_error*) {
+int set(sd_bus_message* call, void*, sd_bus_error*) {
     const char* argument = nullptr;
     sd_bus_message_read(call, "s", &argument);
     const std::string key = keep(argument);
@@ -89,7 +89,7 @@ const sd_bus_vtable settingsTable[] = {
 };
 const sd_bus_vtable testsTable[] = {
     SD_BUS_VTABLE_START(0),
-    SD_BUS_METHOD("Tell", "s", "", tell, SD_BUS_VTABLE_UNPRIVILEGED),
+    SD_BUS_METHOD("Set", "s", "", set, SD_BUS_VTABLE_UNPRIVILEGED),
     SD_BUS_VTABLE_END,
 };
 
@@ -109,9 +109,9 @@ int main(int count, char** arguments) {
     if (sd_bus_open_user(&bus) < 0)
         return 1;
     int result = 0;
-    if (count == 3 && std::strcmp(arguments[1], "--tell") == 0) {
+    if (count == 3 && std::strcmp(arguments[1], "--set") == 0) {
         result =
-            sd_bus_call_method(bus, service, object, tests, "Tell", nullptr, nullptr, "s", arguments[2]) < 0;
+            sd_bus_call_method(bus, service, object, tests, "Set", nullptr, nullptr, "s", arguments[2]) < 0;
     } else {
         for (int i = 1; i < count; ++i)
             keep(arguments[i]);

@@ -1,6 +1,6 @@
-// The enforcing half as somebody who looks in on it needs it: starts as it does on a device, says "ready",
-// then prints an object for each change it is told of: its "key" and "object", as the script face prints
-// them. Each line that it reads it answers with what it holds then: "settings", and "account" where one
+// The enforcing half with a view of its state. It starts as on a device and prints "ready".
+// Then it prints an object for each change that it receives: its "key" and "object", as the script front end
+// prints them. It replies to each line that it reads with its state then: "settings", and "account" where one
 // counts, as property lists. Ends with its input.
 
 #include "cli/io/Json.h"

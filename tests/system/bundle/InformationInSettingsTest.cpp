@@ -14,7 +14,7 @@ namespace {
 
 constexpr const char* Listing = "/packagesfordev.php?name=kitbay";
 
-/// The information pages of this build's bundle, used as a person does.
+/// The information pages of this build's bundle, used as a user does.
 class InformationInSettings : public SettingsApplicationFixture, protected LocalWeb {
 protected:
     void open(std::string_view rowLabel) {
@@ -43,22 +43,22 @@ TEST_F(InformationInSettings, ShowsThisProjectsOwnChangeLog) {
 
 TEST_F(InformationInSettings, ShowsTheListingAndFollowsItsLinks) {
     useFor(WARDLOCK_REPOSITORY_HOST, server.port());
-    server.answer(Listing, "<a href='/one'>One</a>");
-    server.answer("/one", "First package");
+    server.reply(Listing, "<a href='/one'>One</a>");
+    server.reply("/one", "First package");
     open("More From Tavix");
     EXPECT_EQ(page().title(), "Other Tweaks");
     ASSERT_TRUE(waitForLoad());
     EXPECT_EQ(web()->text(), "One [1]\n");
-    const auto answer = settings().page().followLink(web()->links().at(0).url);
-    ASSERT_TRUE(answer) << answer.reason();
+    const auto result = settings().page().followLink(web()->links().at(0).url);
+    ASSERT_TRUE(result) << result.reason();
     ASSERT_TRUE(waitForLoad());
     EXPECT_EQ(web()->text(), "First package\n");
 }
 
 TEST_F(InformationInSettings, ReturnsFromAFollowedLinkAndLoadsAgain) {
     useFor(WARDLOCK_REPOSITORY_HOST, server.port());
-    server.answer(Listing, "<a href='/one'>One</a>");
-    server.answer("/one", "First package");
+    server.reply(Listing, "<a href='/one'>One</a>");
+    server.reply("/one", "First package");
     open("More From Tavix");
     ASSERT_TRUE(waitForLoad());
     EXPECT_EQ(settings().page().goBackOnWebPage().reason(), "there is no earlier web page");
@@ -67,7 +67,7 @@ TEST_F(InformationInSettings, ReturnsFromAFollowedLinkAndLoadsAgain) {
     ASSERT_TRUE(settings().page().goBackOnWebPage());
     ASSERT_TRUE(waitForLoad());
     EXPECT_EQ(web()->text(), "One [1]\n");
-    server.answer(Listing, "Listing");
+    server.reply(Listing, "Listing");
     ASSERT_TRUE(settings().page().reloadWebPage());
     ASSERT_TRUE(waitForLoad());
     EXPECT_EQ(web()->text(), "Listing\n");
@@ -76,8 +76,8 @@ TEST_F(InformationInSettings, ReturnsFromAFollowedLinkAndLoadsAgain) {
 }
 
 TEST_F(InformationInSettings, ShowsNoMessageWhenTheListingFails) {
-    const RefusingPort nobody;
-    useFor(WARDLOCK_REPOSITORY_HOST, nobody.port());
+    const RefusingPort refusing;
+    useFor(WARDLOCK_REPOSITORY_HOST, refusing.port());
     open("More From Tavix");
     ASSERT_TRUE(waitForLoad());
     EXPECT_EQ(web()->text(), "");
@@ -97,7 +97,7 @@ TEST_F(InformationInSettings, CancelsTheListingWhenItsPageIsLeft) {
 
 TEST_F(InformationInSettings, LoadsTheListingAgainOnEachVisit) {
     useFor(WARDLOCK_REPOSITORY_HOST, server.port());
-    server.answer(Listing, "Listing");
+    server.reply(Listing, "Listing");
     open("More From Tavix");
     ASSERT_TRUE(waitForLoad());
     ASSERT_TRUE(settings().page().goBack());

@@ -24,7 +24,7 @@ protected:
         tap("Wardlock");
     }
     /// As it was, and nothing beside it.
-    testing::AssertionResult documentStands() const {
+    testing::AssertionResult documentIsUnchanged() const {
         const fs::directory_iterator all(onDisk("/var/mobile/Library/Preferences"));
         // Its versions are in a folder.
         if (std::count_if(begin(all), end(all), [](const auto& entry) { return !entry.is_directory(); }) != 1)
@@ -55,12 +55,12 @@ TEST_F(LargeDocument, LosesNothingByTwoTaps) {
                  "<key>others</key><string>" + std::string(14 * megabyte, '>') + "</string>");
     open(bytes);
     tap("Enabled");
-    EXPECT_TRUE(documentStands());
+    EXPECT_TRUE(documentIsUnchanged());
     tap("Enabled");
-    EXPECT_TRUE(documentStands());
+    EXPECT_TRUE(documentIsUnchanged());
     tap("Ben");
     tap("Siri");
-    EXPECT_TRUE(documentStands());
+    EXPECT_TRUE(documentIsUnchanged());
     ASSERT_TRUE(settings().page().goBack());
     EXPECT_TRUE(hasRow("Ann"));
     EXPECT_TRUE(hasRow("Ben"));
@@ -70,7 +70,7 @@ TEST_F(LargeDocument, IsNotWrittenForATooLongName) {
     open(platform::dataWithPropertyList(documentOf({"Ann", "Ben"})));
     tap("Ben");
     enter("Account Name", std::string(5 * megabyte, '&'));
-    EXPECT_TRUE(documentStands());
+    EXPECT_TRUE(documentIsUnchanged());
     enter("Account Name", "Cleo");
     EXPECT_TRUE(nameOfSecondAccount() == "Cleo");
 }
@@ -95,7 +95,7 @@ TEST_F(LargeDocument, IsWrittenAtTheLargestReadableSize) {
     EXPECT_EQ(fs::file_size(onDisk(documentPath)), platform::largestDocument - 1);
     tap("Enabled");
     EXPECT_EQ(fs::file_size(onDisk(documentPath)), platform::largestDocument);
-    EXPECT_TRUE(documentStands());
+    EXPECT_TRUE(documentIsUnchanged());
 }
 
 } // namespace

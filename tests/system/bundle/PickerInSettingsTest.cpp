@@ -18,7 +18,7 @@ using platform::Value;
 
 using Labels = std::vector<std::string>;
 
-/// The picker of this build's bundle over this build's AppList library, used as a person does.
+/// The picker of this build's bundle over this build's AppList library, used as a user does.
 class PickerInSettings : public SettingsApplicationFixture {
 protected:
     void install(std::string_view identifier, std::string_view name) const {
@@ -83,8 +83,8 @@ protected:
         return on;
     }
     void flip(std::size_t row) {
-        const auto answer = settings().page().flipTableSwitch({0, row});
-        EXPECT_TRUE(answer) << answer.reason();
+        const auto result = settings().page().flipTableSwitch({0, row});
+        EXPECT_TRUE(result) << result.reason();
     }
     Array stored(std::size_t account = 0) const {
         return document().find(kAccounts)->array().at(account).dictionary().find(kAppsRestricted)->array();

@@ -30,7 +30,7 @@ protected:
     static std::string home() { return std::getenv("HOME"); }
     static std::string clone() { return home() + "/wardlock"; }
 
-    /// The output as in anybody's home.
+    /// The output as in any user's home.
     static std::string anybodys(std::string output) {
         for (auto at = output.find(home()); at != std::string::npos; at = output.find(home(), at))
             output.replace(at, home().size(), "/home/parent");
@@ -56,7 +56,7 @@ class Commands : public Reader, public ::testing::WithParamInterface<std::string
 TEST_P(Commands, PrintWhatThePageShows) {
     const Page page(GetParam());
     const std::vector<Step> steps = testedStepsOf(page);
-    // The README tells how to come to the programs; the other pages begin where it has ended.
+    // The README shows how to get the programs; the other pages begin where it has ended.
     if (page.path() != "README.md")
         environment.set("PATH", programFolder() + ':' + std::getenv("PATH"));
     const auto results = perform(steps, clone(), folder() / "scratch");

@@ -36,7 +36,7 @@ void readBlock(const Block& block, std::vector<Step>& steps) {
     }
 }
 
-/// Whether the line is the one shown, a part that "..." stands for aside.
+/// Whether the line is the one shown, a part that "..." replaces aside.
 bool lineIsAsShown(std::string_view shown, std::string_view line) {
     const auto gap = shown.find(Anything);
     if (gap == std::string_view::npos)
@@ -77,7 +77,7 @@ std::string quoted(const std::string& text) {
 std::string scriptFor(const std::vector<Step>& steps, const std::string& folder, const std::string& scratch) {
     std::ostringstream script;
     script << "cd " << quoted(folder) << "\nothers=()\ntrap 'kill \"${others[@]}\" 2>&-' EXIT\n"
-           << "hear() { local line; for ((; $2 > 0; )); do IFS= read -r -t " << testTimeout.count() / 2
+           << "receive() { local line; for ((; $2 > 0; )); do IFS= read -r -t " << testTimeout.count() / 2
            << " -u $1 line || return; printf '%s\\n' \"$line\"; set -- $1 $(($2 - 1)); done; }\n";
     // Descriptors of the other terminals, beyond those that a shell uses itself.
     std::map<std::string, std::size_t> terminals;
@@ -91,7 +91,7 @@ std::string scriptFor(const std::vector<Step>& steps, const std::string& folder,
             if (!step.command.empty())
                 script << "exec " << descriptor << "< <(exec " << step.command
                        << " 2>&1 </dev/null)\nothers+=($!)\n";
-            script << "hear " << descriptor << ' ' << step.output.size() << " >" << output << '\n';
+            script << "receive " << descriptor << ' ' << step.output.size() << " >" << output << '\n';
         }
         script << "echo $? >" << output << ".code\n";
     }

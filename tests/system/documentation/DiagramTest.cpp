@@ -9,7 +9,7 @@
 #include <regex>
 #include <sstream>
 
-// The picture in docs/architecture.md is held to what the sources include.
+// The picture in docs/architecture.md is compared with what the sources include.
 
 namespace wardlock::test {
 namespace {
@@ -26,7 +26,7 @@ protected:
                 std::ranges::for_each(block.lines, [this](const std::string& line) { read(line); });
     }
 
-    /// Who knows whom in the sources, among those in the picture.
+    /// Which folder includes which in the sources, among those in the picture.
     std::set<Arrow> includes() const {
         std::set<Arrow> found;
         for (const auto& [folder, node] : nodes_)

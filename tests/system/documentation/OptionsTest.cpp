@@ -43,7 +43,7 @@ const cli::Verb* verbOf(const Words& words) {
     return nullptr;
 }
 
-/// What a program says of itself; one that is asked once is not asked again.
+/// What a program prints of itself; each program is asked once only.
 const std::string& helpOf(const std::string& program) {
     static std::map<std::string, std::string> known;
     const auto [entry, isNew] = known.try_emplace(program);
@@ -72,7 +72,7 @@ void expectPreset(const Words& words) {
         << "no preset " << *std::next(option);
 }
 
-/// What can be told of a command without running it: that the program is there and has the verb and options.
+/// What can be tested of a command without running it: its program exists and has the verb and options.
 void expectPossible(const std::string& command) {
     const Words words = wordsOf(command);
     if (words.empty())

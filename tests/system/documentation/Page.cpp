@@ -104,7 +104,7 @@ void Page::readText(const std::string& text, std::size_t line) {
     static const std::regex code("`([^`]+)`");
     for (std::sregex_iterator match(text.begin(), text.end(), code), end; match != end; ++match)
         spans_.push_back({line, (*match)[1]});
-    // Brackets within code are no links.
+    // Brackets within code are not links.
     const std::string prose = std::regex_replace(text, code, "code");
     static const std::regex markdown(R"(\]\(([^)\s]+)\))");
     for (std::sregex_iterator match(prose.begin(), prose.end(), markdown), end; match != end; ++match)
@@ -118,7 +118,7 @@ void Page::readHeading(const std::string& text, std::size_t line) {
     const std::string heading = trimmed(text.substr(text.find_first_not_of('#')));
     headings_.push_back({line, heading});
     std::string anchor = anchorOf(heading);
-    // The second heading of the same text is told apart by a number.
+    // The second heading of the same text is distinguished by a number.
     for (int again = 1; anchors_.contains(anchor); ++again)
         anchor = anchorOf(heading) + '-' + std::to_string(again);
     anchors_.insert(anchor);

@@ -17,7 +17,7 @@ struct Block {
     std::vector<std::string> words;
     std::vector<std::string> lines;
 
-    /// What stands behind `name=` among the words; empty when nothing does.
+    /// The text behind `name=` among the words; empty when there is none.
     std::string word(std::string_view name) const;
 };
 
@@ -50,7 +50,7 @@ public:
     const std::vector<Block>& blocks() const { return blocks_; }
     const std::vector<Link>& links() const { return links_; }
     const std::vector<Span>& spans() const { return spans_; }
-    /// Where code stands that is merely indented: no commands are found there.
+    /// Lines of code that are merely indented: no commands are found there.
     const std::vector<std::size_t>& indentedLines() const { return indentedLines_; }
     /// What a link may name behind `#`.
     const std::set<std::string>& anchors() const { return anchors_; }
@@ -87,7 +87,7 @@ std::vector<std::string> pagesOfTheSource();
 std::vector<std::string> pagesWith(std::string_view language);
 /// The page's name without folder and ending, in letters that the name of a test may have.
 std::string nameOf(const std::string& page);
-/// Whether something in the source folder has the path, in which "*" stands for a part of its last name.
+/// Whether something in the source folder has the path, in which "*" replaces a part of its last name.
 bool existsInSource(const std::string& path);
 /// The text of a file below the source folder; a failed expectation and nothing where there is none.
 std::string sourceText(const std::string& path);

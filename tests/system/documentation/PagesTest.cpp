@@ -57,7 +57,7 @@ TEST(DocumentationPages, NameExistingFiles) {
 }
 
 TEST(DocumentationPages, HaveOnlyBlocksOfKnownKinds) {
-    // What is run, what is asked of the script face, what stands in a file, pictures; and texts, which have
+    // Commands, conversations with the script front end, excerpts of files, pictures; and texts, which have
     // no command in them.
     constexpr std::array known{"console", "script", "cpp", "cmake", "python", "mermaid", "text"};
     for (const Page& page : pages())
@@ -86,7 +86,7 @@ TEST(DocumentationPages, ShowCodeAsInItsFile) {
             if (block.language != "cpp" && block.language != "cmake" && block.language != "python")
                 continue;
             const std::string file = block.word("from");
-            ASSERT_FALSE(file.empty()) << page.place(block.line) << ": code that stands in no file";
+            ASSERT_FALSE(file.empty()) << page.place(block.line) << ": code that names no file";
             std::string excerpt = "\n";
             for (const std::string& line : block.lines)
                 excerpt += line + '\n';

@@ -9,10 +9,10 @@
 namespace wardlock::test {
 namespace {
 
-/// A conversation with the script face: what is sent, behind "> ", and what is answered, behind "< ".
+/// A conversation with the script front end: what is sent, behind "> ", and the replies, behind "< ".
 struct Conversation {
     std::string sent;
-    std::vector<std::string> answers;
+    std::vector<std::string> replies;
 };
 
 Conversation conversationOf(const Page& page, const Block& block) {
@@ -21,9 +21,9 @@ Conversation conversationOf(const Page& page, const Block& block) {
         if (line.starts_with("> "))
             conversation.sent += line.substr(2) + '\n';
         else if (line.starts_with("< "))
-            conversation.answers.push_back(line.substr(2));
+            conversation.replies.push_back(line.substr(2));
         else
-            ADD_FAILURE() << page.place(block.line) << ": neither sent nor answered: " << line;
+            ADD_FAILURE() << page.place(block.line) << ": neither a command nor a reply: " << line;
     }
     return conversation;
 }
@@ -45,13 +45,13 @@ TEST_P(ScriptExamples, GetTheRepliesThatThePageShows) {
         EXPECT_EQ(result.exitCode, 0);
         EXPECT_EQ(result.errors, "");
         std::istringstream output(result.output);
-        std::string answer;
-        for (const auto& expected : conversation.answers) {
-            ASSERT_TRUE(std::getline(output, answer)) << "no answer where there should be " << expected;
-            EXPECT_EQ(cli::parseJson(answer), cli::parseJson(expected)) << answer << "\n  instead of\n"
-                                                                        << expected;
+        std::string reply;
+        for (const auto& expected : conversation.replies) {
+            ASSERT_TRUE(std::getline(output, reply)) << "no reply instead of " << expected;
+            EXPECT_EQ(cli::parseJson(reply), cli::parseJson(expected)) << reply << "\n  instead of\n"
+                                                                       << expected;
         }
-        EXPECT_FALSE(std::getline(output, answer)) << "one answer too many: " << answer;
+        EXPECT_FALSE(std::getline(output, reply)) << "one reply too many: " << reply;
     }
 }
 

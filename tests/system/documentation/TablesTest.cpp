@@ -9,7 +9,7 @@
 #include <nlohmann/json.hpp>
 #include <regex>
 
-// The tables that say what the program shows and stores are held to what it does show and store.
+// The tables of what the program shows and stores are compared with what it does show and store.
 
 namespace wardlock::test {
 namespace {
@@ -71,7 +71,7 @@ TEST(Architecture, NamesExistingFilesForEachChange) {
     }
 }
 
-/// What the pages show a person, by way of the script face.
+/// What the pages show, read through the script front end.
 class ShownPages : public BusFixture {
 protected:
     /// The sections of the page that the taps lead to.
@@ -84,9 +84,9 @@ protected:
             runProcess(programFolder() + "/wardlock", {"settings", "--script", "-"}, setup);
         EXPECT_EQ(result.exitCode, 0) << result.errors;
         const auto last = result.output.rfind('\n', result.output.size() - 2);
-        auto answer = cli::parseJson(result.output.substr(last + 1));
-        if (answer && (*answer)["page"]["sections"].is_array())
-            return (*answer)["page"]["sections"];
+        auto reply = cli::parseJson(result.output.substr(last + 1));
+        if (reply && (*reply)["page"]["sections"].is_array())
+            return (*reply)["page"]["sections"];
         ADD_FAILURE() << result.output;
         return cli::Json::array();
     }

@@ -7,7 +7,7 @@
 namespace wardlock::test {
 
 /// A kind of command that the pages show and no test does: a row of the table in docs/contributing.md, which
-/// is where people read why.
+/// is where readers find why.
 struct Untested {
     std::size_t line = 0;
     /// The words such a command begins with.

@@ -60,7 +60,7 @@ TEST_F(AccountDeletion, AsksFirst) {
     EXPECT_EQ(alert->actions()[1]->title(), "Delete");
     EXPECT_EQ(static_cast<int>(alert->actions()[1]->style()), 2);
     EXPECT_EQ(accounts().size(), 1u);
-    // An alert that nobody answers keeps its page.
+    // An alert without a chosen button keeps its page.
     alert->choose(alert->actions()[0]);
 }
 

@@ -26,7 +26,7 @@ Record recordOf(const Dictionary& dictionary) {
     return record;
 }
 
-/// The accounts as a person would explain them, apart from the product and with the plainest means.
+/// A plain model of the accounts, independent of the product.
 class PlainAccounts {
 public:
     std::vector<Record> records;
@@ -90,7 +90,7 @@ protected:
             navigation->popViewControllerAnimated(false);
             break;
         case 1:
-            answerDeletion(random() % 2 == 0);
+            chooseInDeletionAlert(random() % 2 == 0);
             break;
         case 2:
             changeElsewhere(account + 1);
@@ -151,7 +151,7 @@ private:
         model.store(account, "kAccountName", stored);
         expectOneChange("kAccountName", stored);
     }
-    void answerDeletion(bool confirmed) {
+    void chooseInDeletionAlert(bool confirmed) {
         tap(*page(), "Delete Account");
         const auto alert =
             std::dynamic_pointer_cast<platform::UIAlertController>(page()->presentedViewController());

@@ -44,7 +44,7 @@ TEST_F(AppsListSaving, AppendsOnceForEachSwitchTurnedOnSeparately) {
     const auto first = cell(*view, 0);
     const auto second = cell(*view, 1);
     switchOf(*first).toggle();
-    EXPECT_TRUE(switchOf(*second).isOn()) << "nobody provides it anew";
+    EXPECT_TRUE(switchOf(*second).isOn()) << "it is not provided again";
     switchOf(*first).toggle();
     switchOf(*second).setOn(false, false);
     switchOf(*second).toggle();

@@ -13,22 +13,22 @@ namespace {
 using platform::Array;
 using platform::Value;
 
-/// The picker as a person would explain it: a list of what is restricted, and rows that were put in order
+/// A plain model of the picker: a list of what is restricted, and rows that were put in order
 /// when the page opened. Written apart from the product, with the plainest means.
 class PlainModel {
 public:
     std::map<std::string, std::string> names;
     Identifiers stored;
-    /// What the open page holds; it is not read again until the page opens anew.
-    Identifiers held;
+    /// What the open page contains; it is not read again until the page opens again.
+    Identifiers kept;
     Identifiers rows;
 
     void open() {
-        held = stored;
-        Identifiers top = held;
+        kept = stored;
+        Identifiers top = kept;
         Identifiers others;
         for (const auto& [identifier, name] : names) {
-            if (std::count(held.begin(), held.end(), identifier) == 0)
+            if (std::count(kept.begin(), kept.end(), identifier) == 0)
                 others.push_back(identifier);
         }
         order(top);
@@ -36,13 +36,13 @@ public:
         rows = top;
         rows.insert(rows.end(), others.begin(), others.end());
     }
-    bool isOn(std::size_t row) const { return std::count(held.begin(), held.end(), rows[row]) > 0; }
+    bool isOn(std::size_t row) const { return std::count(kept.begin(), kept.end(), rows[row]) > 0; }
     void tap(std::size_t row) {
         if (isOn(row))
-            held.erase(std::remove(held.begin(), held.end(), rows[row]), held.end());
+            kept.erase(std::remove(kept.begin(), kept.end(), rows[row]), kept.end());
         else
-            held.push_back(rows[row]);
-        stored = held;
+            kept.push_back(rows[row]);
+        stored = kept;
     }
 
 private:

@@ -9,7 +9,7 @@
 
 namespace wardlock::test {
 
-/// An AppList library without a module: while it lives, the class "ALApplicationList" is found by name and
+/// An AppList library without a module: during its life, the class "ALApplicationList" is found by name and
 /// offers what the test says.
 class FakeApplicationList {
 public:

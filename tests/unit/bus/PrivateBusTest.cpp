@@ -127,7 +127,7 @@ TEST_F(PrivateBus, IsNotStartedInARuntimeFolderOfAnotherUser) {
     SKIP_WITHOUT_OTHER_USER();
     const std::string runtime = folder() / "run";
     ASSERT_EQ(chown(runtime.c_str(), 65534, 65534), 0);
-    // Without a daemon to start: the one below /tmp is no test's own.
+    // Without a daemon to start: the folder below /tmp does not belong to a test.
     post({"N"}, with("PATH", "/nonexistent"));
     EXPECT_FALSE(fs::exists(busFolder()));
 }

@@ -152,7 +152,7 @@ TEST_F(CommandLine, FailsInOneLineWhenTheOutputIsClosed) {
 }
 
 TEST_F(CommandLine, EndsQuietlyWhenTheReaderIsGone) {
-    // The list is longer than a pipe holds, so that the command has to write when nobody reads any more.
+    // The list is larger than a pipe, so that the command has to write when its reader is gone.
     writeFile("/tmp/long.plist", xml("<string>" + std::string(1'000'000, 'x') + "</string>"));
     Process process(command, {"plist", "dump", onDisk("/tmp/long.plist")});
     process.closeOutput();

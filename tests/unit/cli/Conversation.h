@@ -11,7 +11,7 @@
 
 namespace wardlock::test {
 
-/// A script that goes on while the test does other things: commands go through a named pipe.
+/// A script that continues while the test does other things: commands go through a named pipe.
 class Conversation {
 public:
     explicit Conversation(const std::string& pipe) {
@@ -21,7 +21,7 @@ public:
         commands_.open(pipe);
     }
     void send(const std::string& line) { commands_ << line << std::endl; }
-    /// Returns the answer.
+    /// Returns the reply.
     std::string say(const std::string& line) {
         send(line);
         return process_->readLine().value_or("");

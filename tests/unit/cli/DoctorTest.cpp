@@ -20,7 +20,7 @@ using cli::Json;
 constexpr const char* bundlePath = "/Library/PreferenceBundles/WardlockSettings.bundle";
 constexpr const char* modulePath = "/Library/MobileSubstrate/DynamicLibraries/AppList.dylib";
 
-/// A device root as `wardlock device init` leaves it, on a bus that answers.
+/// A device root as `wardlock device init` leaves it, on a bus that replies.
 class Doctor : public BusFixture {
 protected:
     Doctor() {
@@ -46,7 +46,7 @@ protected:
     static Json finding(const std::string& check, int exitCode, const ProcessSetup& setup = {}) {
         return findings(exitCode, setup)[check];
     }
-    /// The check fails, tells this, and says what to do.
+    /// The check fails, reports this, and advises what to do.
     static void expectBroken(const std::string& check, const std::string& text,
                              const ProcessSetup& setup = {}) {
         const Json found = finding(check, 1, setup);
@@ -136,8 +136,8 @@ TEST_F(Doctor, QuotesItsAdvisedCommandsForAShell) {
     environment.set("WARDLOCK_DEVICE_ROOT", odd);
     const fs::path own = odd + documentPath;
     fs::permissions(own, fs::perms(0644));
-    const std::string told = finding("document", 0)["advice"][0];
-    const std::string advised = told.substr(told.find("chmod 600"));
+    const std::string advice = finding("document", 0)["advice"][0];
+    const std::string advised = advice.substr(advice.find("chmod 600"));
     EXPECT_EQ(advised.find('\x1B'), std::string::npos);
     EXPECT_EQ(runProcess("/bin/bash", {"-c", advised}).exitCode, 0) << advised;
     EXPECT_EQ(fs::status(own).permissions(), fs::perms(0600));

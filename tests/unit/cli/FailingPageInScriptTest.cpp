@@ -73,7 +73,7 @@ std::vector<std::string> commandsTo(Entry entry) {
     case Entry::TableCellMade:
         return {table, see};
     case Entry::TableRowMeasured:
-        // A script is told of no heights.
+        // A script receives no heights.
         return {};
     case Entry::TableSwitchTapped:
         return {table, R"({"do":"tap","row":0,"section":0})"};

@@ -8,7 +8,7 @@
 namespace wardlock::test {
 namespace {
 
-/// What a person waits for and then types.
+/// What the user waits for and then types.
 struct Turn {
     std::string awaited;
     std::string typed;
@@ -21,7 +21,7 @@ Turn row(int number) {
     return {question, std::to_string(number) + '\n'};
 }
 
-/// What a person does on the page once it is open, whose rows are numbered; none where a terminal has no such
+/// What the user does on the page once it is open, whose rows are numbered; none where a terminal has no such
 /// way in.
 std::optional<Turns> turnsTo(Entry entry) {
     const Turn ask = row(6);
@@ -78,7 +78,7 @@ std::optional<Turns> turnsTo(Entry entry) {
     case Entry::OperationRun:
         return Turns{row(10)};
     case Entry::NotificationCame:
-        // Another process posts it while the question stands.
+        // Another process posts it while the question is shown.
         return Turns{{question, ""}};
     case Entry::SwitchSet:
     case Entry::ListDragged:

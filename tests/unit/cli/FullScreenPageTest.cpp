@@ -280,8 +280,8 @@ TEST_F(FullScreenPage, FollowsLinksOfAWebPage) {
     environment.unset("no_proxy");
     environment.unset("NO_PROXY");
     const std::string host = "http://" WARDLOCK_REPOSITORY_HOST;
-    server.answer(host + "/packagesfordev.php?name=kitbay", "<a href=/one>One</a> <a href=/two>Two</a>");
-    server.answer(host + "/two", "<p>Second package</p>");
+    server.reply(host + "/packagesfordev.php?name=kitbay", "<a href=/one>One</a> <a href=/two>Two</a>");
+    server.reply(host + "/two", "<p>Second package</p>");
     const auto screen = open();
     tap(*screen, "More From");
     screen->waitFor("One [1] Two [2]");

@@ -50,7 +50,7 @@ TEST_F(Output, GivesAPipeTheBytesOfAValueAsTheyAre) {
 }
 
 TEST_F(Output, PrintsJsonWithoutTerminalControls) {
-    // JSON lets these two stand as they are.
+    // JSON leaves these two as they are.
     storeText("kMine", "\u009B31m\x7F");
     EXPECT_EQ(shown({"get", "--json", "kMine"}), R"("\u009b31m\u007f")"
                                                  "\r\n");

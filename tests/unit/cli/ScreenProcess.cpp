@@ -63,8 +63,8 @@ void ScreenProcess::feed(const std::string& bytes) {
     vterm_input_write(terminal_.get(), bytes.data(), bytes.size());
 }
 
-bool ScreenProcess::waitUntil(const std::function<bool()>& holds, const std::string& wanted) {
-    while (!holds()) {
+bool ScreenProcess::waitUntil(const std::function<bool()>& condition, const std::string& wanted) {
+    while (!condition()) {
         const std::string more = process_.takeMore();
         if (more.empty()) {
             ADD_FAILURE() << "the screen never showed " << wanted << ", but:\n" << screen();

@@ -42,7 +42,7 @@ public:
     void waitForNoCaret();
     /// Waits until the program has written more.
     void waitForMore();
-    bool waitUntil(const std::function<bool()>& holds, const std::string& wanted);
+    bool waitUntil(const std::function<bool()>& condition, const std::string& wanted);
 
     void type(std::string_view keys) { process_.type(keys); }
     /// Presses and releases the left button of the mouse.

@@ -23,25 +23,25 @@ protected:
         setup.input = script;
         return wardlockCommand({"settings", "--script", "-"}, setup);
     }
-    /// The answers of a script that ends well.
-    static std::vector<Json> answersTo(const std::string& script) {
+    /// The replies of a script that ends well.
+    static std::vector<Json> repliesTo(const std::string& script) {
         const ProcessResult result = runScript(script);
         EXPECT_EQ(result.exitCode, 0) << result.errors;
-        std::vector<Json> answers;
+        std::vector<Json> replies;
         std::istringstream lines(result.output);
         for (std::string line; std::getline(lines, line);) {
-            const auto answer = cli::parseJson(line);
-            EXPECT_TRUE(answer) << line;
-            answers.push_back(answer.value_or(Json()));
+            const auto reply = cli::parseJson(line);
+            EXPECT_TRUE(reply) << line;
+            replies.push_back(reply.value_or(Json()));
         }
-        return answers;
+        return replies;
     }
-    static Json lastAnswerTo(const std::string& script) {
-        const auto answers = answersTo(script);
-        EXPECT_FALSE(answers.empty());
-        return answers.empty() ? Json() : answers.back();
+    static Json lastReplyTo(const std::string& script) {
+        const auto replies = repliesTo(script);
+        EXPECT_FALSE(replies.empty());
+        return replies.empty() ? Json() : replies.back();
     }
-    static std::string error(const Json& answer) { return answer.value("error", ""); }
+    static std::string error(const Json& reply) { return reply.value("error", ""); }
 
     static std::string documentOf(const std::vector<std::string>& names) {
         std::string accounts;
@@ -64,7 +64,7 @@ const std::string openFixture = "{\"do\":\"tap\",\"row\":\"Fixture\"}\n";
 
 TEST_F(ScriptSettings, ShowsARowOfEveryKind) {
     installFixtureBundle();
-    const Json seen = lastAnswerTo(openFixture + R"({"do":"see"})");
+    const Json seen = lastReplyTo(openFixture + R"({"do":"see"})");
     EXPECT_EQ(rowOfKey(seen, "on"), Json::parse(R"({"kind":"switch","label":"On","key":"on","on":false})"));
     EXPECT_EQ(rowOfKey(seen, "flavour"), Json::parse(R"({"kind":"linkList","label":"Flavour","key":"flavour",
         "text":"","choices":["Vanilla","Chocolate"]})"));
@@ -83,7 +83,7 @@ TEST_F(ScriptSettings, ShowsARowOfEveryKind) {
 
 TEST_F(ScriptSettings, ChangesARowOfEveryKind) {
     installFixtureBundle();
-    const Json seen = lastAnswerTo(openFixture + R"({"do":"tap","key":"on"}
+    const Json seen = lastReplyTo(openFixture + R"({"do":"tap","key":"on"}
 {"do":"set","key":"volume","to":7.5}
 {"do":"type","row":"Nickname","text":"Tom"}
 {"do":"type","row":"PIN","text":"1234"}
@@ -100,7 +100,7 @@ TEST_F(ScriptSettings, ChangesARowOfEveryKind) {
 
 TEST_F(ScriptSettings, ReportsTheMarkedChoice) {
     installFixtureBundle();
-    const Json seen = lastAnswerTo(openFixture + R"({"do":"tap","row":"Flavour"}
+    const Json seen = lastReplyTo(openFixture + R"({"do":"tap","row":"Flavour"}
 {"do":"tap","row":"Vanilla"}
 {"do":"see"})");
     EXPECT_EQ(seen["page"]["sections"][0]["rows"][0]["marked"], true);
@@ -109,7 +109,7 @@ TEST_F(ScriptSettings, ReportsTheMarkedChoice) {
 
 TEST_F(ScriptSettings, ShowsPartOfALongTable) {
     installFixtureBundle();
-    const Json seen = lastAnswerTo(openFixture + R"({"do":"tap","row":"Table"}
+    const Json seen = lastReplyTo(openFixture + R"({"do":"tap","row":"Table"}
 {"do":"tap","key":"row.9000"}
 {"do":"see","first":8999,"count":2})");
     const Json section = seen["page"]["table"][0];
@@ -125,48 +125,48 @@ TEST_F(ScriptSettings, SetsNoSwitchWhileThePageMovesEvenToItsOwnState) {
 )";
     for (const std::string set :
          {R"({"do":"set","key":"row.3","to":false})", R"({"do":"set","key":"row.3","to":true})"})
-        EXPECT_EQ(error(lastAnswerTo(openFixture + moving + R"({"do":"tap","row":"Table"}
+        EXPECT_EQ(error(lastReplyTo(openFixture + moving + R"({"do":"tap","row":"Table"}
 )" + set)),
                   "the page is still moving");
     for (const std::string set :
          {R"({"do":"set","key":"on","to":false})", R"({"do":"set","key":"on","to":true})"})
-        EXPECT_EQ(error(lastAnswerTo(moving + openFixture + set)), "the page is still moving");
+        EXPECT_EQ(error(lastReplyTo(moving + openFixture + set)), "the page is still moving");
 }
 
 TEST_F(ScriptSettings, NamesThePositionsOfRowsWithTheSameName) {
     installFixtureBundle();
-    EXPECT_EQ(error(lastAnswerTo(openFixture + R"({"do":"tap","row":"Grow"}
+    EXPECT_EQ(error(lastReplyTo(openFixture + R"({"do":"tap","row":"Grow"}
 {"do":"tap","row":"Grow"}
 {"do":"tap","row":"Grown"})")),
               "the page has 2 rows 'Grown': section 4 row 0, section 4 row 1");
 }
 
 TEST_F(ScriptSettings, RefusesLinesThatAreNotCommands) {
-    EXPECT_EQ(error(lastAnswerTo("[1]")), "a command must be an object");
-    EXPECT_EQ(error(lastAnswerTo("{}")), "missing member 'do'");
-    EXPECT_EQ(error(lastAnswerTo(R"({"do":7})")), "'do' must be a string");
-    EXPECT_EQ(error(lastAnswerTo(R"({"do":"tap"})")), "missing member 'row' or 'key'");
-    EXPECT_EQ(error(lastAnswerTo(R"({"do":"tap","row":-1,"section":0})")),
+    EXPECT_EQ(error(lastReplyTo("[1]")), "a command must be an object");
+    EXPECT_EQ(error(lastReplyTo("{}")), "missing member 'do'");
+    EXPECT_EQ(error(lastReplyTo(R"({"do":7})")), "'do' must be a string");
+    EXPECT_EQ(error(lastReplyTo(R"({"do":"tap"})")), "missing member 'row' or 'key'");
+    EXPECT_EQ(error(lastReplyTo(R"({"do":"tap","row":-1,"section":0})")),
               "'row' must be an integer, 0 or more");
-    EXPECT_EQ(error(lastAnswerTo(R"({"do":"step","seconds":-1})")), "'seconds' must be from 0 to 1000000");
-    EXPECT_EQ(error(lastAnswerTo(R"({"do":"see","do":"see"})")), "the line is not JSON");
-    EXPECT_EQ(error(lastAnswerTo("{\"do\":\"\xFF\"}")), "the line is not JSON");
-    EXPECT_EQ(error(lastAnswerTo(std::string(200'000, '['))), "the line is not JSON");
+    EXPECT_EQ(error(lastReplyTo(R"({"do":"step","seconds":-1})")), "'seconds' must be from 0 to 1000000");
+    EXPECT_EQ(error(lastReplyTo(R"({"do":"see","do":"see"})")), "the line is not JSON");
+    EXPECT_EQ(error(lastReplyTo("{\"do\":\"\xFF\"}")), "the line is not JSON");
+    EXPECT_EQ(error(lastReplyTo(std::string(200'000, '['))), "the line is not JSON");
 }
 
 TEST_F(ScriptSettings, RefusesATooLongLineAndContinues) {
-    const auto answers = answersTo(std::string(3'000'000, 'x') + "\n{\"do\":\"back\"}\n");
-    ASSERT_EQ(answers.size(), 2U);
-    EXPECT_EQ(error(answers[0]), "the line is longer than 1048576 bytes");
-    EXPECT_EQ(error(answers[1]), "this is the first page");
+    const auto replies = repliesTo(std::string(3'000'000, 'x') + "\n{\"do\":\"back\"}\n");
+    ASSERT_EQ(replies.size(), 2U);
+    EXPECT_EQ(error(replies[0]), "the line is longer than 1048576 bytes");
+    EXPECT_EQ(error(replies[1]), "this is the first page");
 }
 
 TEST_F(ScriptSettings, SkipsBlankLinesAndRemarks) {
-    EXPECT_TRUE(answersTo("\n  \n# a remark\n\t# another\r\n").empty());
+    EXPECT_TRUE(repliesTo("\n  \n# a remark\n\t# another\r\n").empty());
 }
 
 TEST_F(ScriptSettings, StoresTypedTextAtTheEndOfTheInput) {
-    EXPECT_EQ(answersTo(R"({"do":"tap","row":"Wardlock"}
+    EXPECT_EQ(repliesTo(R"({"do":"tap","row":"Wardlock"}
 {"do":"tap","row":"Default"}
 {"do":"type","row":"Account Name","text":"Tom"})")
                   .size(),
@@ -242,13 +242,13 @@ protected:
         environment.set("http_proxy", server.url(""));
         environment.unset("no_proxy");
         environment.unset("NO_PROXY");
-        server.answer(listing, "<a href=/one>One</a> <a href='javascript:x'>no</a> <a href=/two>Two</a>");
-        server.answer(host + "/one", "First");
-        server.answer(host + "/two", "Second");
+        server.reply(listing, "<a href=/one>One</a> <a href='javascript:x'>no</a> <a href=/two>Two</a>");
+        server.reply(host + "/one", "First");
+        server.reply(host + "/two", "Second");
     }
     /// The web page after commands on it.
     static Json webAfter(const std::string& commands) {
-        return lastAnswerTo(open + commands + R"({"do":"see"})")["page"]["web"];
+        return lastReplyTo(open + commands + R"({"do":"see"})")["page"]["web"];
     }
 
     inline static const std::string host = "http://" WARDLOCK_REPOSITORY_HOST;
@@ -279,7 +279,7 @@ TEST_F(ScriptWebPage, FollowsALinkByNumberOrAddress) {
 }
 
 TEST_F(ScriptWebPage, FollowsOnlyLinksOfThePage) {
-    const auto answers = answersTo(open +
+    const auto replies = repliesTo(open +
                                    R"({"do":"follow","link":0}
 {"do":"follow","link":3}
 {"do":"follow","link":1000000}
@@ -292,8 +292,8 @@ TEST_F(ScriptWebPage, FollowsOnlyLinksOfThePage) {
 {"do":"follow","link":1}
 )");
     std::vector<std::string> errors;
-    for (std::size_t i = 3; i < answers.size(); ++i)
-        errors.push_back(error(answers[i]));
+    for (std::size_t i = 3; i < replies.size(); ++i)
+        errors.push_back(error(replies[i]));
     const std::string none = "the web page has no such link";
     EXPECT_EQ(errors, (std::vector<std::string>{none, none, none, none, none, none, "unknown member 'url'",
                                                 "missing member 'url'", "", "the page shows no web page"}));

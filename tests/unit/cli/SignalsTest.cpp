@@ -34,7 +34,7 @@ TEST(Signals, LeaveTheMaskAsItWas) {
         EXPECT_TRUE(isBlocked(SIGUSR1));
         EXPECT_TRUE(isBlocked(SIGUSR2));
     }
-    EXPECT_TRUE(isBlocked(SIGUSR1)) << "whoever started this process has blocked it";
+    EXPECT_TRUE(isBlocked(SIGUSR1)) << "the parent of this process has blocked it";
     EXPECT_FALSE(isBlocked(SIGUSR2));
 }
 

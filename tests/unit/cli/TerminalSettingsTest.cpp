@@ -98,8 +98,8 @@ TEST_F(TerminalSettings, FollowsTheLinkOfANumberOnAWebPage) {
     environment.unset("no_proxy");
     environment.unset("NO_PROXY");
     const std::string host = "http://" WARDLOCK_REPOSITORY_HOST;
-    server.answer(host + "/packagesfordev.php?name=kitbay", "<a href=/one>One</a>");
-    server.answer(host + "/one", "<p>First package</p>");
+    server.reply(host + "/packagesfordev.php?name=kitbay", "<a href=/one>One</a>");
+    server.reply(host + "/one", "<p>First package</p>");
     TerminalProcess terminal(command, words());
     const std::string row = rowOf("More From Tavix", terminal.waitFor(question));
     terminal.type(row + "\n");
@@ -142,7 +142,7 @@ TEST_F(TerminalSettings, SurvivesTheAbortKeyAtThePasscodeAndRestoresTheEcho) {
 }
 
 TEST_F(TerminalSettings, EndsWhenItsTerminalIsGone) {
-    // As under nohup, where the signal that tells of it is ignored.
+    // As under nohup, where the signal that reports it is ignored.
     TerminalProcess terminal("/bin/sh", {"-c", "trap '' HUP; exec \"$0\" settings --plain", command});
     terminal.waitFor(question);
     terminal.hangUp();
@@ -192,7 +192,7 @@ TEST_F(TerminalSettings, ClosesTheKeypadWhenSuspendedAndIgnoresTypedDigits) {
 }
 
 TEST_F(TerminalSettings, StopsWhenSuspendedAndShowsTheTextTypedDuringTheStop) {
-    // Only a process that somebody could continue is stopped: one of a shell's jobs.
+    // Only a process that a shell can continue is stopped: one of its jobs.
     TerminalProcess terminal("/bin/sh",
                              {"-mc", "\"$0\" settings --plain; echo left; read answer; fg", command});
     terminal.waitFor(question);

@@ -12,7 +12,7 @@ TEST(TextWidth, CountsColumnsAndNotBytes) {
     EXPECT_EQ(columnsOf("abc"), 3U);
     EXPECT_EQ(columnsOf("Jürgen"), 6U);
     EXPECT_EQ(columnsOf("中文"), 4U);
-    EXPECT_EQ(columnsOf("e\u0301"), 1U) << "a mark stands on its letter";
+    EXPECT_EQ(columnsOf("e\u0301"), 1U) << "a mark combines with its letter";
     EXPECT_EQ(columnsOf("😀"), 2U);
 }
 
@@ -34,7 +34,7 @@ TEST(TextWidth, EscapesTextForATerminal) {
     EXPECT_EQ(printable("a\nb\tc"), "a b c");
     EXPECT_EQ(printable("a\r\nb\rc\vd\fe"), "a b c d e");
     EXPECT_EQ(printable("a\u0085b\u2028c\u2029d"), "a b c d");
-    EXPECT_EQ(printable("a\xFF\xA8"), R"(a\xff\xa8)") << "half of a line separator is none";
+    EXPECT_EQ(printable("a\xFF\xA8"), R"(a\xff\xa8)") << "half of a line separator is not one";
     EXPECT_EQ(printable("a\u009Bb"), R"(a\xc2\x9bb)") << "a control sequence in one character";
     EXPECT_EQ(printable("a\u202Eb"), R"(a\xe2\x80\xaeb)") << "writing order is not for a name to change";
     EXPECT_EQ(printable("größer 中文"), "größer 中文");

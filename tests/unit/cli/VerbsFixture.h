@@ -77,7 +77,7 @@ protected:
         EXPECT_EQ(result.errors, "wardlock " + error + '\n');
         EXPECT_EQ(exists(documentPath) ? std::optional(readFile(documentPath)) : std::nullopt, before);
     }
-    /// The verb writes once, and other processes hear these lines of `wardlock watch --json`.
+    /// The verb writes once, and other processes receive these lines of `wardlock watch --json`.
     static void expectAnnounces(const std::vector<std::string>& words,
                                 const std::vector<std::string>& changes, const std::string& input = "") {
         Process watch(command, {"watch", "--json"});

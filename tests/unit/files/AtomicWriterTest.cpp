@@ -26,7 +26,7 @@ struct Stage {
     std::error_code write(std::string_view bytes, Sync sync = Sync::Full, const std::string& path = "/d/a") {
         return platform::AtomicWriter(files).write(path, bytes, sync);
     }
-    /// A temporary as a write that has begun leaves it: its lock held by another handle.
+    /// A temporary as a write that has begun leaves it: locked by another handle.
     FileHandle beginTemporary(const std::string& path) {
         FileHandle file = platform::noFile;
         EXPECT_FALSE(memory.create(path, 0600, file));

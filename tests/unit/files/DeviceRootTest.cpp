@@ -17,7 +17,7 @@ class DeviceRoot : public DeviceRootFixture {
 protected:
     ~DeviceRoot() override { platform::FileSystem::setCurrent(nullptr); }
 
-    /// Makes the files of this machine be none but these.
+    /// Replaces the files of this machine by these.
     MemoryFileSystem& onMachine() {
         platform::FileSystem::setCurrent(&memory_);
         return memory_;

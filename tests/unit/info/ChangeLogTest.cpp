@@ -13,7 +13,7 @@ namespace {
 
 constexpr platform::CGRect frame{{3, 4}, {300, 400}};
 
-/// In the tests the pages lie in the test program itself, so its folder stands for the bundle. Its files are
+/// In the tests the pages lie in the test program itself, so its folder is the bundle. Its files are
 /// in memory: on the disk all tests running at the time would share it.
 class ChangeLogPage : public PageFixture {
 protected:

@@ -8,7 +8,7 @@ namespace {
 
 constexpr const char* Listing = "/packagesfordev.php?name=kitbay";
 
-/// The page of other packages over a server that stands for the repository's host.
+/// The page of other packages over a server that replaces the repository's host.
 class ListingPage : public PageFixture, protected LocalWeb {
 protected:
     ListingPage() { useFor(WARDLOCK_REPOSITORY_HOST, server.port()); }
@@ -26,7 +26,7 @@ protected:
 };
 
 TEST_F(ListingPage, ShowsTheListingUnderASpinnerThatStops) {
-    server.answer(Listing, "<h1>Other packages</h1>");
+    server.reply(Listing, "<h1>Other packages</h1>");
     show();
     EXPECT_FALSE(isLoading());
     EXPECT_TRUE(waitForLoad());
@@ -44,8 +44,8 @@ TEST_F(ListingPage, SpinsForAsLongAsTheServerTakes) {
 }
 
 TEST_F(ListingPage, StaysBlankAndSilentWhenTheConnectionIsRefused) {
-    const RefusingPort nobody;
-    useFor(WARDLOCK_REPOSITORY_HOST, nobody.port());
+    const RefusingPort refusing;
+    useFor(WARDLOCK_REPOSITORY_HOST, refusing.port());
     show();
     EXPECT_TRUE(waitForLoad());
     EXPECT_EQ(webView().text(), "");
@@ -53,8 +53,8 @@ TEST_F(ListingPage, StaysBlankAndSilentWhenTheConnectionIsRefused) {
 }
 
 TEST_F(ListingPage, ShowsTheSpinnerAgainForALink) {
-    server.answer(Listing, "<a href='/package.php?id=7'>Seven</a>");
-    server.answer("/package.php?id=7", "Package seven");
+    server.reply(Listing, "<a href='/package.php?id=7'>Seven</a>");
+    server.reply("/package.php?id=7", "Package seven");
     show();
     EXPECT_TRUE(waitForLoad());
     ASSERT_EQ(webView().links().size(), 1u);
@@ -73,8 +73,8 @@ TEST_F(ListingPage, CancelsALoadWhenThePageIsLeft) {
 }
 
 TEST_F(ListingPage, LoadsFromTheStartWhenThePageIsShownAgain) {
-    server.answer(Listing, "<a href='/other'>Other</a>");
-    server.answer("/other", "Other");
+    server.reply(Listing, "<a href='/other'>Other</a>");
+    server.reply("/other", "Other");
     show();
     EXPECT_TRUE(waitForLoad());
     webView().loadRequest({webView().links().at(0).url});

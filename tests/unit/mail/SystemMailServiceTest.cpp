@@ -262,24 +262,24 @@ TEST_F(SystemMailService, UsesTheNextRouteWhenThePortalFails) {
 
 TEST_F(SystemMailService, LeavesTheSignalsToTheHost) {
     makeFolder(outbox);
-    const std::string person = folder() / "person";
-    ASSERT_EQ(mkfifo(person.c_str(), 0600), 0);
-    Process portal(programFolder() + "/test-email-portal", {"0", "4", person});
+    const std::string chooser = folder() / "chooser";
+    ASSERT_EQ(mkfifo(chooser.c_str(), 0600), 0);
+    Process portal(programFolder() + "/test-email-portal", {"0", "4", chooser});
     ASSERT_EQ(portal.readLine(), "ready");
     BlockedSignal signal;
     std::optional<MailOutcome> outcome;
     platform::MailService::native().send(message(), [&](const MailOutcome& result) { outcome = result; });
-    signal.hold();
+    signal.block();
     while (portal.readLine().value_or("asking") != "asking") {
     }
-    // Whoever took it would take its wait for the person's answer for ended, and send the mail by another
+    // A thread that takes it would end its wait for the user's reply, and send the mail by another
     // way.
     signal.send();
-    std::ofstream(person).close();
+    std::ofstream(chooser).close();
     EXPECT_TRUE(platform::MainLoop::shared().runUntil([&] { return outcome.has_value(); }, testTimeout));
     EXPECT_EQ(outcome.value_or(MailOutcome()).kind, MailOutcome::Kind::HandedOver);
     EXPECT_TRUE(savedMails().empty()) << "it was sent twice";
-    EXPECT_TRUE(signal.isHeld()) << "a thread has taken it";
+    EXPECT_TRUE(signal.isPending()) << "a thread has taken it";
 }
 
 TEST_F(SystemMailService, FailsWhereTheSystemHasNoMoreThreads) {

@@ -13,7 +13,7 @@ std::string pageFile(const std::string& name) {
     return buildFolder() + "/share/man/man1/" + name + ".1";
 }
 
-/// The page as a reader sees it, without its type faces and on one line.
+/// The page as a reader sees it, without its typefaces and on one line.
 std::string rendered(const std::string& name) {
     const ProcessResult result =
         runProcess("/usr/bin/env", {"groff", "-man", "-Tascii", "-P-cbou", pageFile(name)});

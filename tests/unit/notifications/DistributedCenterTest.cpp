@@ -17,37 +17,37 @@ using platform::CFNotificationSuspensionBehavior;
 namespace wardlock::test {
 namespace {
 
-/// What an observer in this process was told. Observers are never removed, so it outlives every test.
-struct Heard {
+/// What an observer in this process received. Observers are never removed, so it outlives every test.
+struct Received {
     std::vector<std::string> lines;
-    std::function<void()> onHear;
+    std::function<void()> onReceive;
 
-    static void hear(CFNotificationCenter&, void* observer, std::string_view name, const std::string* object,
-                     const platform::Dictionary* userInfo) {
-        auto& heard = *static_cast<Heard*>(observer);
-        heard.lines.push_back(std::string(name) + '|' + (object ? *object : "-") + '|' +
-                              (userInfo ? text(*userInfo) : "-"));
-        if (heard.onHear)
-            heard.onHear();
+    static void receive(CFNotificationCenter&, void* observer, std::string_view name,
+                        const std::string* object, const platform::Dictionary* userInfo) {
+        auto& received = *static_cast<Received*>(observer);
+        received.lines.push_back(std::string(name) + '|' + (object ? *object : "-") + '|' +
+                                 (userInfo ? text(*userInfo) : "-"));
+        if (received.onReceive)
+            received.onReceive();
     }
 };
 
 class DistributedCenter : public BusFixture {
 protected:
-    static Heard& observeHere(std::string_view name, const std::string* object = nullptr) {
-        static std::deque<Heard> all;
-        Heard& heard = all.emplace_back();
-        CFNotificationCenterAddObserver(center(), &heard, &Heard::hear, name, object,
+    static Received& observeHere(std::string_view name, const std::string* object = nullptr) {
+        static std::deque<Received> all;
+        Received& received = all.emplace_back();
+        CFNotificationCenterAddObserver(center(), &received, &Received::receive, name, object,
                                         CFNotificationSuspensionBehavior::DeliverImmediately);
-        return heard;
+        return received;
     }
     static CFNotificationCenter& center() { return platform::CFNotificationCenterGetDistributedCenter(); }
     static void postHere(std::string_view name, const std::string* object = nullptr,
                          const platform::Dictionary* userInfo = nullptr) {
         CFNotificationCenterPostNotification(center(), name, object, userInfo, true);
     }
-    static bool hears(const Heard& heard, std::size_t count) {
-        return platform::MainLoop::shared().runUntil([&] { return heard.lines.size() >= count; },
+    static bool receives(const Received& received, std::size_t count) {
+        return platform::MainLoop::shared().runUntil([&] { return received.lines.size() >= count; },
                                                      testTimeout);
     }
 };
@@ -114,61 +114,61 @@ TEST_F(DistributedCenter, KeepsTheOrderOfPosts) {
 
 TEST_F(DistributedCenter, NotifiesAnObserverOfThisProcessOnceAndDuringThePost) {
     const auto other = observe({"N"});
-    Heard& heard = observeHere("N");
+    Received& received = observeHere("N");
     const auto userInfo = sampleUserInfo("change");
     postHere("N", nullptr, &userInfo);
-    EXPECT_EQ(heard.lines.size(), 1u);
+    EXPECT_EQ(received.lines.size(), 1u);
     ASSERT_TRUE(other->readLine());
     // What another process posts now comes after any echo of our own post.
     post({"N", "--object", "last"});
-    ASSERT_TRUE(hears(heard, 2));
-    EXPECT_EQ(heard.lines, (Lines{R"(N|-|{"key": "kRestrictSiri", "object": true})", "N|last|-"}));
+    ASSERT_TRUE(receives(received, 2));
+    EXPECT_EQ(received.lines, (Lines{R"(N|-|{"key": "kRestrictSiri", "object": true})", "N|last|-"}));
 }
 
 TEST_F(DistributedCenter, PassesOverAnObserverWithoutACallback) {
-    Heard nobody;
-    CFNotificationCenterAddObserver(center(), &nobody, nullptr, "N", nullptr,
+    Received unnotified;
+    CFNotificationCenterAddObserver(center(), &unnotified, nullptr, "N", nullptr,
                                     CFNotificationSuspensionBehavior::DeliverImmediately);
-    Heard& heard = observeHere("N");
+    Received& received = observeHere("N");
     postHere("N");
-    EXPECT_EQ(heard.lines, Lines{"N|-|-"});
+    EXPECT_EQ(received.lines, Lines{"N|-|-"});
     post({"N"});
-    EXPECT_TRUE(hears(heard, 2));
-    EXPECT_TRUE(nobody.lines.empty());
+    EXPECT_TRUE(receives(received, 2));
+    EXPECT_TRUE(unnotified.lines.empty());
 }
 
 TEST_F(DistributedCenter, ReachesOtherProcessesBeforeAnObserverOfThisProcessThrows) {
     const auto other = observe({"N"});
-    Heard& heard = observeHere("N");
-    heard.onHear = [] { throw std::runtime_error("thrown"); };
+    Received& received = observeHere("N");
+    received.onReceive = [] { throw std::runtime_error("thrown"); };
     EXPECT_THROW(postHere("N"), std::runtime_error);
-    heard.onHear = nullptr;
+    received.onReceive = nullptr;
     EXPECT_EQ(other->readLine(), "N|-|-");
 }
 
 TEST_F(DistributedCenter, LetsAnObserverPostAndObserve) {
-    Heard& heard = observeHere("N");
-    Heard* added = nullptr;
-    heard.onHear = [&] {
-        heard.onHear = nullptr;
+    Received& received = observeHere("N");
+    Received* added = nullptr;
+    received.onReceive = [&] {
+        received.onReceive = nullptr;
         added = &observeHere("N");
         postHere("M");
     };
     const auto other = observe({"M"});
     post({"N"});
-    ASSERT_TRUE(hears(heard, 1));
+    ASSERT_TRUE(receives(received, 1));
     EXPECT_EQ(other->readLine(), "M|-|-");
     ASSERT_TRUE(added);
     EXPECT_TRUE(added->lines.empty()) << "added while dispatching";
     post({"N"});
-    EXPECT_TRUE(hears(*added, 1));
+    EXPECT_TRUE(receives(*added, 1));
 }
 
 TEST_F(DistributedCenter, NotifiesAnObserverOfEveryPostOfALongBurst) {
-    Heard& heard = observeHere("N");
+    Received& received = observeHere("N");
     post({"N", "--times", "1000"});
-    ASSERT_TRUE(hears(heard, 1000));
-    EXPECT_EQ(heard.lines, Lines(1000, "N|-|-"));
+    ASSERT_TRUE(receives(received, 1000));
+    EXPECT_EQ(received.lines, Lines(1000, "N|-|-"));
 }
 
 TEST_F(DistributedCenter, IgnoresPostsOfAnotherDeviceRoot) {
@@ -196,12 +196,12 @@ TEST_F(DistributedCenter, RecognizesADeviceRootThatDoesNotExistYetByItsPath) {
 }
 
 TEST_F(DistributedCenter, NotifiesOnlyThisProcessOfANameThatNoBusTransmits) {
-    Heard& heard = observeHere(std::string_view("N\0M", 3));
+    Received& received = observeHere(std::string_view("N\0M", 3));
     postHere(std::string_view("N\0M", 3));
-    EXPECT_EQ(heard.lines.size(), 1u);
+    EXPECT_EQ(received.lines.size(), 1u);
     const auto observer = observe({"N"});
     postHere("N");
-    EXPECT_EQ(observer->readLine(), "N|-|-") << "the connection stands";
+    EXPECT_EQ(observer->readLine(), "N|-|-") << "the connection persists";
 }
 
 class SampleUserInfo : public DistributedCenter, public ::testing::WithParamInterface<const char*> {};

@@ -14,8 +14,8 @@ namespace {
 constexpr const char* path = "/com/tavix/DistributedNotifications";
 constexpr const char* interface = "com.tavix.DistributedNotifications";
 
-/// A program of somebody else's on the bus: it knows the form of a notification from the documentation, and
-/// says anything.
+/// A program of another project on the bus: it knows the form of a notification from the documentation, and
+/// sends anything.
 class ForeignSender : public BusFixture {
 protected:
     ForeignSender() {
@@ -38,7 +38,7 @@ protected:
         sd_bus_message_unref(message);
         EXPECT_GE(sd_bus_flush(bus_), 0);
     }
-    /// Sends a notification N with one argument of user info, of the signature and contents told.
+    /// Sends a notification N with one argument of user info, of the given signature and contents.
     template <class... Contents>
     void sendUserInfo(const char* signature, Contents... contents) {
         send([&](sd_bus_message* m) {
@@ -144,8 +144,8 @@ TEST_F(ForeignSender, IsIgnoredWhenAFlattenedContainerIsInconsistent) {
     sendUserInfo("(av)", 1, "(su)", "dictionary", UINT32_MAX);
     sendUserInfo("(av)", 3, "(su)", "dictionary", 1, "s", "key", "(su)", "array", UINT32_MAX);
     sendUserInfo("(av)", 2, "(su)", "dictionary", 1, "s", "key without value");
-    sendUserInfo("(av)", 3, "(su)", "dictionary", 1, "b", 1, "s", "the key is no string");
-    sendUserInfo("(av)", 3, "(su)", "dictionary", 1, "(su)", "array", 0, "s", "the key is no string");
+    sendUserInfo("(av)", 3, "(su)", "dictionary", 1, "b", 1, "s", "the key is not a string");
+    sendUserInfo("(av)", 3, "(su)", "dictionary", 1, "(su)", "array", 0, "s", "the key is not a string");
     sendUserInfo("(av)", 1, "(su)", "set", 0);
     sendUserInfo("(av)", 2, "(su)", "dictionary", 0, "(su)", "dictionary", 0);
     sendUserInfo("(av)", 3, "(su)", "dictionary", 1, "s", "key", "av", 0);

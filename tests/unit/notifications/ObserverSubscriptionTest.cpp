@@ -17,21 +17,21 @@ class Listener {
 public:
     explicit Listener(std::function<void()> work = [] {}) : work_(std::move(work)) {}
 
-    int heard() const { return heard_; }
+    int received() const { return received_; }
     void end() { subscription_.end(); }
 
 private:
-    static void hear(CFNotificationCenter&, void* self, std::string_view, const std::string*,
-                     const platform::Dictionary*) {
+    static void receive(CFNotificationCenter&, void* self, std::string_view, const std::string*,
+                        const platform::Dictionary*) {
         auto& listener = *static_cast<Listener*>(self);
-        ++listener.heard_;
+        ++listener.received_;
         listener.work_();
     }
 
-    int heard_ = 0;
+    int received_ = 0;
     std::function<void()> work_;
     platform::Subscription subscription_ = CFNotificationCenter::current().addObserver(
-        this, hear, "N", nullptr, platform::CFNotificationSuspensionBehavior::DeliverImmediately);
+        this, receive, "N", nullptr, platform::CFNotificationSuspensionBehavior::DeliverImmediately);
 };
 
 class ObserverSubscription : public BusFixture {
@@ -40,22 +40,22 @@ protected:
 };
 
 TEST_F(ObserverSubscription, EndsWithTheObserver) {
-    int heard = 0;
-    auto gone = std::make_unique<Listener>([&heard] { ++heard; });
+    int received = 0;
+    auto gone = std::make_unique<Listener>([&received] { ++received; });
     postHere();
     gone.reset();
     postHere();
-    EXPECT_EQ(heard, 1);
+    EXPECT_EQ(received, 1);
 }
 
 TEST_F(ObserverSubscription, EndsForNotificationsOfOtherProcesses) {
     Listener stays;
-    int heard = 0;
-    auto gone = std::make_unique<Listener>([&heard] { ++heard; });
+    int received = 0;
+    auto gone = std::make_unique<Listener>([&received] { ++received; });
     gone.reset();
     post({"N"});
-    EXPECT_TRUE(platform::MainLoop::shared().runUntil([&] { return stays.heard() == 1; }, testTimeout));
-    EXPECT_EQ(heard, 0);
+    EXPECT_TRUE(platform::MainLoop::shared().runUntil([&] { return stays.received() == 1; }, testTimeout));
+    EXPECT_EQ(received, 0);
 }
 
 TEST_F(ObserverSubscription, CanEndDuringDelivery) {
@@ -66,8 +66,8 @@ TEST_F(ObserverSubscription, CanEndDuringDelivery) {
     postHere();
     postHere();
     EXPECT_EQ(later, nullptr);
-    EXPECT_EQ(first.heard(), 2);
-    EXPECT_EQ(own.heard(), 1);
+    EXPECT_EQ(first.received(), 2);
+    EXPECT_EQ(own.received(), 1);
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-// What the reader would not take back is not written: the file stands as it was, and the reason is reported.
+// What the reader would not accept is not written: the file stays as it was, and the reason is reported.
 
 #include "platform/base/Diagnostics.h"
 #include "platform/plist/PropertyList.h"
@@ -64,7 +64,7 @@ protected:
         return update.error;
     }
     /// As it was, and nothing beside it.
-    testing::AssertionResult stands() const {
+    testing::AssertionResult isUnchanged() const {
         const fs::directory_iterator all(onDisk("/var/mobile/Library/Preferences"));
         if (std::distance(begin(all), end(all)) != 1)
             return testing::AssertionFailure() << "there is another file beside it";
@@ -85,9 +85,9 @@ TEST_F(DocumentBounds, AreAsManyBytesAsTheReaderTakes) {
 
 TEST_F(DocumentBounds, AreNotExceededByOneByte) {
     EXPECT_EQ(errorOf(ofSize(platform::largestDocument + 1)), PropertyListError::TooLarge);
-    EXPECT_TRUE(stands());
+    EXPECT_TRUE(isUnchanged());
     EXPECT_FALSE(writeToFileAtomically(ofSize(platform::largestDocument + 1), file));
-    EXPECT_TRUE(stands());
+    EXPECT_TRUE(isUnchanged());
 }
 
 TEST_F(DocumentBounds, CountTheBytesAsTheyAreWritten) {
@@ -97,7 +97,7 @@ TEST_F(DocumentBounds, CountTheBytesAsTheyAreWritten) {
     EXPECT_EQ(errorOf({{"data", Value::data(std::string(platform::largestDocument / 4 * 3, 'x'))}}),
               PropertyListError::TooLarge);
     EXPECT_EQ(errorOf({{std::string(platform::largestDocument, 'k'), true}}), PropertyListError::TooLarge);
-    EXPECT_TRUE(stands());
+    EXPECT_TRUE(isUnchanged());
 }
 
 TEST_F(DocumentBounds, AreAsManyLevelsAsTheReaderTakes) {
@@ -114,10 +114,10 @@ TEST_F(DocumentBounds, AreNotExceededByOneLevel) {
     for (const Value& innermost : {Value(Array{true}), Value(Array()), Value(Dictionary())}) {
         EXPECT_EQ(errorOf(ofLevels(platform::deepestPropertyList + 1, innermost)),
                   PropertyListError::TooDeep);
-        EXPECT_TRUE(stands());
+        EXPECT_TRUE(isUnchanged());
     }
     EXPECT_EQ(errorOf(ofLevels(200'000)), PropertyListError::TooDeep);
-    EXPECT_TRUE(stands());
+    EXPECT_TRUE(isUnchanged());
 }
 
 TEST_F(DocumentBounds, StopAWriteOfMoreValuesThanMemoryCanStore) {
@@ -125,7 +125,7 @@ TEST_F(DocumentBounds, StopAWriteOfMoreValuesThanMemoryCanStore) {
     for (int level = 0; level < 70; ++level)
         value = Array{value, value};
     EXPECT_EQ(errorOf({{"many", value}}), PropertyListError::TooLarge);
-    EXPECT_TRUE(stands());
+    EXPECT_TRUE(isUnchanged());
 }
 
 TEST_F(DocumentBounds, LeaveABinaryDocumentWhoseXmlFormExceedsThem) {
@@ -144,14 +144,14 @@ TEST_F(DocumentBounds, LeaveABinaryDocumentWhoseXmlFormExceedsThem) {
     });
     EXPECT_EQ(update.error, PropertyListError::TooLarge);
     EXPECT_EQ(update.dictionary.size(), 2U);
-    EXPECT_TRUE(stands());
+    EXPECT_TRUE(isUnchanged());
 }
 
 TEST_F(DocumentBounds, LeaveADamagedFileInPlace) {
     before = "no list";
     writeFile(file, before);
     EXPECT_EQ(errorOf(ofSize(platform::largestDocument + 1)), PropertyListError::TooLarge);
-    EXPECT_TRUE(stands());
+    EXPECT_TRUE(isUnchanged());
 }
 
 TEST_F(DocumentBounds, AreReportedToTheLogToo) {

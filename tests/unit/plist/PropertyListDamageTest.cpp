@@ -10,7 +10,7 @@ namespace {
 
 using wardlock::test::BinaryPropertyList;
 
-/// Every kind and form, in a document as a person might have edited it.
+/// Every kind and form, in a document as a user might have edited it.
 const std::string xmlDocument =
     "\xEF\xBB\xBF<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!DOCTYPE plist PUBLIC \"a\" \"b\">\n<plist "
     "version=\"1.0\">\n"

@@ -36,7 +36,7 @@ protected:
     unsigned modeOf(const std::string& devicePath) const {
         return static_cast<unsigned>(fs::symlink_status(onDisk(devicePath)).permissions());
     }
-    /// How many files stand beside the document, itself included; the folder of its versions does not count.
+    /// How many files are beside the document, itself included; the folder of its versions does not count.
     std::size_t filesInFolder() const {
         const fs::directory_iterator all(onDisk("/var/mobile/Library/Preferences"));
         return static_cast<std::size_t>(std::count_if(
@@ -169,7 +169,7 @@ TEST_F(PropertyListFile, IsMovedAsideWhenTooLargeToBeADocument) {
     EXPECT_EQ(fs::file_size(onDisk(damaged)), 17u << 20);
 }
 
-/// Runs `work` in a process of an ordinary user who owns the device's files; whether it answered true.
+/// Runs `work` in a process of an ordinary user who owns the device's files; whether it returned true.
 template <class Work>
 bool asOwner(const std::string& root, Work work) {
     constexpr uid_t nobody = 65534;
@@ -296,7 +296,7 @@ protected:
         EXPECT_TRUE(updateFile("/d/a", setTwo).written);
         return stage.files.calls();
     }
-    /// The old bytes must stand somewhere for as long as they are worth keeping.
+    /// The old bytes must be in some file for as long as they are worth keeping.
     static void expectNothingLost(const MemoryFileSystem& memory, const Update& update) {
         const bool replaced = memory.contents("/d/a") == platform::dataWithPropertyList(update.dictionary);
         EXPECT_TRUE(replaced || memory.contents("/d/a") == GetParam());

@@ -15,7 +15,7 @@ using wardlock::test::runProcess;
 using wardlock::test::TemporaryFolder;
 using wardlock::test::text;
 
-/// The same values in Python's words and in ours.
+/// The same values in Python and in C++.
 constexpr const char* pythonValues =
     "{'kEnabled': True, 'kPasscode': '', 'name': 'A & <b> \"c\" \\'d\\' \\u00e4\\u20ac\\U0001F600',\n"
     " 'tabs': 'a\\tb\\nc', 'ints': [0, -1, 255, 256, 65535, 65536, 2**31, 2**32, -2**63, 2**63-1, 2**63, "
@@ -112,7 +112,7 @@ TEST_F(PropertyListInteroperation, WritesWhatPythonReads) {
     python("assert plistlib.load(open(folder + 'a', 'rb')) == values");
 }
 
-/// What a text of UTF-8 may hold and XML not, and its neighbours.
+/// What UTF-8 text may contain and XML not, and its neighbours.
 std::string oddText() {
     std::string text;
     for (int c = 0; c < 0x20; ++c)

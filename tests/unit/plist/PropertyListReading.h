@@ -5,7 +5,7 @@
 
 namespace wardlock::test {
 
-/// What a document reads as, in the form of text(Value); "no document" when it is none.
+/// What a document reads as, in the form of text(Value); "no document" when it is not one.
 std::string reading(std::string_view document);
 
 /// The same of an XML property list with this for its value.

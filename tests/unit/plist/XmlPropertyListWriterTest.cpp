@@ -25,7 +25,7 @@ std::string golden(const std::string& name) {
     return bytes.str();
 }
 
-/// What stands between <plist> and </plist>.
+/// The text between <plist> and </plist>.
 std::string written(const Value& value) {
     const std::string document = dataWithPropertyList(value);
     const std::string open = "<plist version=\"1.0\">\n";

@@ -53,7 +53,7 @@ protected:
         EXPECT_FALSE(files.status(path, Links::NoFollow, status));
         return status;
     }
-    /// The answer, an errno value, of what runs in a process of an ordinary user.
+    /// The result, an errno value, of what runs in a process of an ordinary user.
     template <class Work>
     static int asNobody(Work work) {
         const pid_t child = ::fork();
@@ -298,9 +298,9 @@ public:
             while (true)
                 ::pause();
         }
-        char answer = 'n';
-        EXPECT_EQ(::read(ready[0], &answer, 1), 1);
-        EXPECT_EQ(answer, 'y');
+        char reply = 'n';
+        EXPECT_EQ(::read(ready[0], &reply, 1), 1);
+        EXPECT_EQ(reply, 'y');
         ::close(ready[0]);
         ::close(ready[1]);
     }

@@ -138,7 +138,7 @@ TEST_F(AccountCreation, KeepsANameOfAnyScriptAsItWasTyped) {
 
 TEST_F(AccountCreation, IgnoresTheTextOfOtherFields) {
     ask();
-    // Not told of, so that only the other field's word could enable the button.
+    // Not reported, so that only the other field's report could enable the button.
     alert()->textFields().at(0)->setText("Ben");
     const auto other = std::make_shared<platform::UITextField>();
     other->edit("text");

@@ -21,7 +21,7 @@ public:
     void send(const platform::MailMessage& message,
               std::function<void(const platform::MailOutcome&)> done) override {
         sent.push_back(message);
-        done({outcome, "told by the test"});
+        done({outcome, "reported by the test"});
     }
 
     bool can = true;

@@ -24,7 +24,7 @@ protected:
         putModule("greeter", std::string(place) + "/Greeter");
         return platform::NSBundle::bundleWithPath(place);
     }
-    /// Empty where there is none.
+    /// Empty when it is missing.
     static std::string identifierOf(const platform::NSBundle& bundle) {
         const auto text = platform::stringValue(bundle.infoDictionary().find("CFBundleIdentifier"));
         return std::string(text.value_or(""));

@@ -12,10 +12,10 @@ public:
     bool canSendMail() override { return true; }
     void send(const MailMessage& message, std::function<void(const MailOutcome&)> done) override {
         sent.push_back(message);
-        answer = std::move(done);
+        reply = std::move(done);
     }
     std::vector<MailMessage> sent;
-    std::function<void(const MailOutcome&)> answer;
+    std::function<void(const MailOutcome&)> reply;
 };
 
 class Delegate : public Object, public MFMailComposeViewControllerDelegate {
@@ -57,7 +57,7 @@ TEST_F(MailCompose, ReportsTheResultWhenTheMailIsSent) {
     composer->send();
     EXPECT_TRUE(composer->isSending());
     EXPECT_TRUE(delegate->results.empty());
-    post.answer({MailOutcome::Kind::HandedOver, "Given to the mail program."});
+    post.reply({MailOutcome::Kind::HandedOver, "Given to the mail program."});
     EXPECT_EQ(delegate->results, std::vector{MFMailComposeResult::Sent});
     EXPECT_EQ(composer->outcome()->message, "Given to the mail program.");
 }
@@ -70,7 +70,7 @@ TEST_F(MailCompose, SendsOnceHoweverOftenItIsAsked) {
 
 TEST_F(MailCompose, ReportsAFailureWithItsReason) {
     composer->send();
-    post.answer({MailOutcome::Kind::Failed, "No route."});
+    post.reply({MailOutcome::Kind::Failed, "No route."});
     EXPECT_EQ(delegate->results, std::vector{MFMailComposeResult::Failed});
     EXPECT_EQ(delegate->lastError, "No route.");
 }

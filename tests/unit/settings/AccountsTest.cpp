@@ -63,7 +63,7 @@ TEST(AccountFate, IsMovedWhenTheOrderOrTheBeginningOfTheListChanged) {
 TEST(AccountFate, IsRemovedWhenItsPositionIsGone) {
     EXPECT_EQ(list({ann, ben}).fate(1, list({ann})), AccountFate::Removed);
     EXPECT_EQ(list({ann}).fate(0, Accounts()), AccountFate::Removed);
-    EXPECT_EQ(list({ann}).fate(1, list({ann, ben})), AccountFate::Removed) << "there was none";
+    EXPECT_EQ(list({ann}).fate(1, list({ann, ben})), AccountFate::Removed) << "it did not exist";
 }
 
 TEST(AccountFate, IsRemovedWhenTheNextAccountTookItsPosition) {

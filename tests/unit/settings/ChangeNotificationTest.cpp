@@ -29,12 +29,12 @@ TEST(ChangeNotification, CarriesExactlyTheKeyAndItsValueAtOnce) {
 
 TEST(ChangeNotification, ReachesItsObservers) {
     RecordingNotificationCenter center;
-    int told = 0;
+    int reported = 0;
     const auto subscription =
-        observeChanges(BundleIdentifier, PostName, &told,
+        observeChanges(BundleIdentifier, PostName, &reported,
                        [](platform::CFNotificationCenter&, void* observer, std::string_view,
                           const std::string*, const Dictionary*) { ++*static_cast<int*>(observer); });
     center.deliver("com.tavix.wardlock/update");
-    EXPECT_EQ(told, 1);
+    EXPECT_EQ(reported, 1);
     EXPECT_EQ(center.observers[0].suspension, platform::CFNotificationSuspensionBehavior::DeliverImmediately);
 }

@@ -8,7 +8,7 @@
 
 namespace wardlock::test {
 
-/// Stands in for the device while it lives: answers in turn what the test lined up, the last answer again and
+/// Replaces the device during its life: returns in turn what the test lined up, the last value again and
 /// again, and writes down what it was asked.
 class CountingDeviceInformation final : public platform::DeviceInformation {
 public:
@@ -30,11 +30,11 @@ private:
     void ask(const char* what) { asked.emplace_back(what); }
 
     template <class T>
-    T next(std::deque<T>& answers) {
-        const T answer = answers.front();
-        if (answers.size() > 1)
-            answers.pop_front();
-        return answer;
+    T next(std::deque<T>& values) {
+        const T value = values.front();
+        if (values.size() > 1)
+            values.pop_front();
+        return value;
     }
 };
 

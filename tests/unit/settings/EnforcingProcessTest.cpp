@@ -1,5 +1,5 @@
-// What the whole library is for: a process that enforces the settings hears of a change that another one
-// made.
+// What the whole library is for: a process that enforces the settings is notified of a change that another
+// one made.
 
 #include "platform/runtime/CFNotificationCenterClass.h"
 #include "settings/ChangeNotification.h"

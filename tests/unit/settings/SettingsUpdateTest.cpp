@@ -22,7 +22,7 @@ constexpr std::string_view changeName = "com.tavix.wardlock/update";
 
 class SettingsUpdate : public test::SettingsFixture {
 protected:
-    /// What the callback was told, in order.
+    /// What the callback received, in order.
     using Change = std::pair<std::optional<Value>, std::optional<Value>>;
 
     ChangeCallback recordingCallback() {
@@ -156,10 +156,10 @@ TEST_F(SettingsUpdate, CreatesADocumentThatWentMissing) {
 }
 
 TEST_F(SettingsUpdate, ReplacesAndReleasesAnEarlierCallback) {
-    auto held = std::make_shared<int>(0);
-    const std::weak_ptr<int> calls = held;
-    InitSettingsWithUpdateNameAndCallback("update", [held](const Value*, const Value*) { ++*held; });
-    held.reset();
+    auto captured = std::make_shared<int>(0);
+    const std::weak_ptr<int> calls = captured;
+    InitSettingsWithUpdateNameAndCallback("update", [captured](const Value*, const Value*) { ++*captured; });
+    captured.reset();
     EXPECT_FALSE(calls.expired());
     InitSettingsWithUpdateNameAndCallback("update", recordingCallback());
     EXPECT_TRUE(calls.expired());
@@ -195,15 +195,15 @@ TEST_F(SettingsUpdate, KeepsItsCallbackWhenGivenAPostNameAlone) {
 }
 
 TEST_F(SettingsUpdate, LetsTheCallbackReplaceItselfDuringTheCall) {
-    const std::string held = "held by the callback that is running";
+    const std::string captured = "captured by the callback that is running";
     std::string seen;
-    InitSettingsWithUpdateNameAndCallback("update", [&seen, held](const Value*, const Value*) {
+    InitSettingsWithUpdateNameAndCallback("update", [&seen, captured](const Value*, const Value*) {
         UpdateCallback = nullptr;
-        seen = held;
+        seen = captured;
     });
     const Dictionary userInfo{{"key", "kEnabled"}, {"object", true}};
     center.deliver(changeName, nullptr, &userInfo);
-    EXPECT_EQ(seen, held);
+    EXPECT_EQ(seen, captured);
     EXPECT_FALSE(UpdateCallback);
 }
 

@@ -36,7 +36,7 @@ protected:
     void enterSheet(Entry entry);
     void enterTable(Entry entry);
     void enterFromOutside(Entry entry);
-    void hearNotification();
+    void receiveNotification();
     /// Opens the page, enters it that way, and ends well when it has not failed.
     [[noreturn]] void openAndEnter(Entry entry) {
         open();
@@ -151,11 +151,11 @@ void FailingPageInShell::enterFromOutside(Entry entry) {
         tap("Queue");
         settings().process();
     } else {
-        hearNotification();
+        receiveNotification();
     }
 }
 
-void FailingPageInShell::hearNotification() {
+void FailingPageInShell::receiveNotification() {
     EXPECT_EQ(runProcess(programFolder() + "/test-poster", {"test.failing/change"}).exitCode, 0);
     pollfd loop{platform::MainLoop::shared().descriptor(), POLLIN, 0};
     while (!failing.documentHasChanged() && poll(&loop, 1, testTimeoutMilliseconds) > 0)

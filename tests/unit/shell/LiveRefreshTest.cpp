@@ -34,7 +34,7 @@ protected:
     }
 };
 
-/// Counts how often a face is told that a list was built anew.
+/// Counts how often a front end is notified that a list was rebuilt.
 struct Counter : wardlock::shell::ScreenObserver {
     void listReset(wardlock::shell::Page&) override { ++resets; }
     void rowChanged(wardlock::shell::Page&, platform::NSIndexPath) override { ++rows; }

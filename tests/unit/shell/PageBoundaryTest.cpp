@@ -39,12 +39,12 @@ void reportExceptions() {
 TEST(PageBoundary, SettlesOnceWhenTheLastCallHasLeft) {
     int settled = 0;
     PageBoundary boundary([&] { ++settled; });
-    const int answer = boundary.enter([&] {
+    const int result = boundary.enter([&] {
         boundary.enter([] {});
         EXPECT_EQ(settled, 0);
         return 7;
     });
-    EXPECT_EQ(answer, 7);
+    EXPECT_EQ(result, 7);
     EXPECT_EQ(settled, 1);
 }
 

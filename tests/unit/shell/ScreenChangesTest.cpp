@@ -7,7 +7,7 @@ using wardlock::shell::Page;
 
 namespace {
 
-/// Writes down what a face is told.
+/// Records the notifications of a front end.
 class Recorder : public wardlock::shell::ScreenObserver {
 public:
     void pagesChanged(bool animated) override { add(animated ? "pages animated" : "pages"); }
@@ -25,19 +25,19 @@ public:
     void editingChanged() override { add("editing"); }
     void noticeChanged() override { add("notice"); }
 
-    std::vector<std::string> take() { return std::exchange(told_, {}); }
+    std::vector<std::string> take() { return std::exchange(reported_, {}); }
 
 private:
-    void add(std::string what) { told_.push_back(std::move(what)); }
+    void add(std::string what) { reported_.push_back(std::move(what)); }
     static std::string text(NSIndexPath path) {
         return std::to_string(path.section) + '/' + std::to_string(path.row);
     }
 
-    std::vector<std::string> told_;
+    std::vector<std::string> reported_;
 };
 
-bool has(const std::vector<std::string>& told, std::string_view what) {
-    return std::find(told.begin(), told.end(), what) != told.end();
+bool has(const std::vector<std::string>& reported, std::string_view what) {
+    return std::find(reported.begin(), reported.end(), what) != reported.end();
 }
 
 class ScreenChanges : public wardlock::test::SettingsApplicationFixture {
@@ -47,10 +47,10 @@ protected:
         start(transitionSeconds);
         tap("Fixture");
         clock.step(transitionSeconds);
-        observing_ = settings().observe(told);
+        observing_ = settings().observe(reported);
     }
 
-    Recorder told;
+    Recorder reported;
     platform::Subscription observing_;
 };
 
@@ -59,25 +59,25 @@ protected:
 TEST_F(ScreenChanges, ReportAPushWithoutATransition) {
     open();
     tap("Table");
-    const auto told = this->told.take();
-    EXPECT_TRUE(has(told, "pages"));
-    EXPECT_FALSE(has(told, "transition ended"));
+    const auto reported = this->reported.take();
+    EXPECT_TRUE(has(reported, "pages"));
+    EXPECT_FALSE(has(reported, "transition ended"));
 }
 
 TEST_F(ScreenChanges, ReportAPushAndItsEnd) {
     open(0.35);
     tap("Table");
-    EXPECT_TRUE(has(told.take(), "pages animated"));
+    EXPECT_TRUE(has(reported.take(), "pages animated"));
     EXPECT_TRUE(settings().screen().isInTransition());
     clock.step(0.35);
-    EXPECT_TRUE(has(told.take(), "transition ended"));
+    EXPECT_TRUE(has(reported.take(), "transition ended"));
     EXPECT_FALSE(settings().screen().isInTransition());
 }
 
 TEST_F(ScreenChanges, NameTheRowWhoseControlMoved) {
     open();
     tap("On");
-    EXPECT_EQ(told.take(), std::vector<std::string>{"row 0/0"});
+    EXPECT_EQ(reported.take(), std::vector<std::string>{"row 0/0"});
 }
 
 TEST_F(ScreenChanges, ReportTyping) {
@@ -85,41 +85,41 @@ TEST_F(ScreenChanges, ReportTyping) {
     const auto path = pathOf("Nickname");
     ASSERT_EQ(path, (NSIndexPath{1, 2}));
     tap("Nickname");
-    EXPECT_EQ(told.take(), (std::vector<std::string>{"row 1/2", "editing"}));
+    EXPECT_EQ(reported.take(), (std::vector<std::string>{"row 1/2", "editing"}));
     EXPECT_TRUE(settings().page().typeText("T"));
-    EXPECT_EQ(told.take(), std::vector<std::string>{"row 1/2"});
+    EXPECT_EQ(reported.take(), std::vector<std::string>{"row 1/2"});
     settings().page().endEditing();
-    EXPECT_EQ(told.take(), (std::vector<std::string>{"editing", "row 1/2"}));
+    EXPECT_EQ(reported.take(), (std::vector<std::string>{"editing", "row 1/2"}));
 }
 
 TEST_F(ScreenChanges, ReportAnInsertion) {
     open();
     const auto end = page().section(4).rowCount;
     tap("Grow");
-    EXPECT_TRUE(has(told.take(), "inserted 4/" + std::to_string(end) + " animated"));
+    EXPECT_TRUE(has(reported.take(), "inserted 4/" + std::to_string(end) + " animated"));
 }
 
 TEST_F(ScreenChanges, ReportThatAnAlertAppearsChangesAndDisappears) {
     open();
     tap("Ask");
-    EXPECT_TRUE(has(told.take(), "presentation"));
+    EXPECT_TRUE(has(reported.take(), "presentation"));
     EXPECT_TRUE(settings().sheets().typeIntoAlert(0, "x"));
-    EXPECT_TRUE(has(told.take(), "presentation"));
+    EXPECT_TRUE(has(reported.take(), "presentation"));
     chooseInAlert("No");
-    EXPECT_TRUE(has(told.take(), "presentation"));
+    EXPECT_TRUE(has(reported.take(), "presentation"));
 }
 
 TEST_F(ScreenChanges, NameTheTableRowWhoseSwitchMoved) {
     open();
     tap("Table");
     const auto row = page().table()->show({0, 4});
-    told.take();
+    reported.take();
     EXPECT_TRUE(settings().page().flipTableSwitch({0, 4}));
-    EXPECT_EQ(told.take(), std::vector<std::string>{"table row 0/4"});
+    EXPECT_EQ(reported.take(), std::vector<std::string>{"table row 0/4"});
 }
 
 TEST_F(ScreenChanges, AreReportedWhenThePagesAreReady) {
-    // The face reads the screen while it is told: everything has to be in place by then.
+    // The front end reads the screen when it is notified: everything has to be in place by then.
     struct Reader : wardlock::shell::ScreenObserver {
         explicit Reader(wardlock::shell::SettingsApplication& settings) : settings(settings) {}
         void pagesChanged(bool) override { title = settings.screen().page()->title(); }
@@ -137,8 +137,8 @@ TEST_F(ScreenChanges, AreReportedOnceForARepeatedChange) {
     start();
     tap("Wardlock");
     tap("Passcode");
-    observing_ = settings().observe(told);
+    observing_ = settings().observe(reported);
     clock.step(0.4);
     press("1");
-    EXPECT_EQ(told.take(), std::vector<std::string>{"overlay"});
+    EXPECT_EQ(reported.take(), std::vector<std::string>{"overlay"});
 }

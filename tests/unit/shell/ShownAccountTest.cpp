@@ -234,7 +234,7 @@ TEST_F(ShownAccount, IsReportedWithoutAName) {
 
 TEST_F(ShownAccount, FlipsTheStateShownWhenThePageAppeared) {
     open({"Ann", "Tom"}, "Tom");
-    // Nobody has looked at the switch, and nobody is told that it was changed.
+    // The switch has not been read, and no notification reports its change.
     const auto path = platform::NSIndexPath{4, 1};
     writeDocument(withAccountValue(1, kRestrictSiri, true));
     EXPECT_TRUE(settings().page().tapRow(path));

@@ -12,7 +12,7 @@ namespace {
 
 using platform::PSSpecifier;
 
-/// A bundle that holds lock.png, lock.jpg, a.b.png and inner/deep.png.
+/// A bundle that contains lock.png, lock.jpg, a.b.png and inner/deep.png.
 class RowIcon : public DeviceRootFixture {
 protected:
     RowIcon() {

@@ -17,8 +17,8 @@ protected:
         EXPECT_EQ(portal->readLine(), "ready");
         return portal;
     }
-    static void tell(const std::string& value) {
-        EXPECT_EQ(runProcess(programFolder() + "/test-settings-portal", {"--tell", value}).exitCode, 0);
+    static void setAppearance(const std::string& value) {
+        EXPECT_EQ(runProcess(programFolder() + "/test-settings-portal", {"--set", value}).exitCode, 0);
     }
     void watch() {
         watch_ = platform::monitorDesktopAppearance([this] { ++changes_; });
@@ -63,20 +63,20 @@ TEST_F(DesktopAppearanceMonitor, TreatsOtherKindsAndNumbersAsNoPreference) {
     const auto portal = startPortal({"accent-color=red", "color-scheme=dark", "contrast=7"});
     watchUntilAnswered();
     EXPECT_EQ(look(), DesktopAppearance());
-    tell("color-scheme=3");
-    tell("contrast=high");
-    tell("reduced-motion=1");
+    setAppearance("color-scheme=3");
+    setAppearance("contrast=high");
+    setAppearance("reduced-motion=1");
     EXPECT_TRUE(becomes({std::nullopt, false, true}));
 }
 
 TEST_F(DesktopAppearanceMonitor, FollowsEachChange) {
     const auto portal = startPortal({"color-scheme=2"});
     watchUntilAnswered();
-    tell("color-scheme=1");
+    setAppearance("color-scheme=1");
     EXPECT_TRUE(becomes({true, false, false}));
-    tell("contrast=1");
+    setAppearance("contrast=1");
     EXPECT_TRUE(becomes({true, true, false}));
-    tell("color-scheme=0");
+    setAppearance("color-scheme=0");
     EXPECT_TRUE(becomes({std::nullopt, true, false}));
     EXPECT_EQ(changes(), 4);
 }

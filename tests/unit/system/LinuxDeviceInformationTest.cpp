@@ -51,7 +51,7 @@ TEST(DeviceInformation, UsesTheHostsScreenAndIdiom) {
     setScreenSize({1024, 768});
     setUserInterfaceIdiom(UIUserInterfaceIdiomPad);
     DeviceInformation& device = DeviceInformation::current();
-    EXPECT_EQ(device.screenBounds().size, (CGSize{768, 1024})) << "the screen stands upright";
+    EXPECT_EQ(device.screenBounds().size, (CGSize{768, 1024})) << "the screen is in portrait";
     EXPECT_EQ(device.statusBarOrientation(), UIInterfaceOrientationLandscapeLeft);
     EXPECT_EQ(device.userInterfaceIdiom(), UIUserInterfaceIdiomPad);
 }

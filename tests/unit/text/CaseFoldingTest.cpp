@@ -11,8 +11,8 @@
 namespace platform {
 namespace {
 
-/// Another maker's Unicode data: for each character that Python knows, its full folding where that is one
-/// character, else its lower case where that is one character, which is what the standard calls the simple
+/// Another maker's Unicode data, for each character that Python knows. It is the full folding where that is
+/// one character, else the lower case where that is one character. The standard calls this the simple
 /// folding. The version comes first. Three pairs were made equal by 15.1 and so may be missing there.
 constexpr const char* Reference = R"(python3 -c '
 import unicodedata

@@ -11,7 +11,7 @@ namespace {
 
 using wardlock::test::text;
 
-/// Keys that one cheap hash cannot tell apart: same length, same middle and last letters.
+/// Keys that a cheap hash cannot distinguish: same length, same middle and last letters.
 std::string alike(int number) {
     return std::to_string(10'000 + number) + std::string(40, 'x');
 }

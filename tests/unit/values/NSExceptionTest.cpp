@@ -26,7 +26,7 @@ void reportException(const NSException& exception) {
 }
 
 void reportEnd() {
-    std::fprintf(stderr, "[last rites]\n");
+    std::fprintf(stderr, "[termination hook]\n");
 }
 
 template <class Exception>
@@ -208,7 +208,7 @@ TEST(UncaughtException, RunsTheTerminationHookAfterTheHandler) {
             setTerminationHook(reportEnd);
             throwToHost(NSException(NSRangeException, "x"));
         },
-        testing::KilledBySignal(SIGABRT), "\\[handler: [^]]*\\]\n\\[last rites\\]");
+        testing::KilledBySignal(SIGABRT), "\\[handler: [^]]*\\]\n\\[termination hook\\]");
 }
 
 TEST(UncaughtException, RunsTheTerminationHookWithoutAHandler) {
@@ -217,7 +217,7 @@ TEST(UncaughtException, RunsTheTerminationHookWithoutAHandler) {
             setTerminationHook(reportEnd);
             throwToHost(NSException(NSRangeException, "x"));
         },
-        testing::KilledBySignal(SIGABRT), "\\[last rites\\]");
+        testing::KilledBySignal(SIGABRT), "\\[termination hook\\]");
 }
 
 TEST(UncaughtException, RunsTheTerminationHookWhenTheHandlerThrows) {
@@ -227,7 +227,7 @@ TEST(UncaughtException, RunsTheTerminationHookWhenTheHandlerThrows) {
             setTerminationHook(reportEnd);
             throwToHost(NSException(NSRangeException, "x"));
         },
-        testing::KilledBySignal(SIGABRT), "\\[last rites\\]");
+        testing::KilledBySignal(SIGABRT), "\\[termination hook\\]");
 }
 
 TEST(UncaughtException, RunsTheTerminationHookOnce) {
@@ -239,7 +239,7 @@ TEST(UncaughtException, RunsTheTerminationHookOnce) {
             });
             throwToHost(NSException(NSRangeException, "x"));
         },
-        testing::KilledBySignal(SIGABRT), "\\[last rites\\]\n[^[]*$");
+        testing::KilledBySignal(SIGABRT), "\\[termination hook\\]\n[^[]*$");
 }
 
 TEST(UncaughtException, EndsTheProcessAfterTheHandlerWasRemoved) {

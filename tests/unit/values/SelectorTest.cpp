@@ -12,7 +12,7 @@ namespace {
 class Protocol {
 public:
     virtual ~Protocol() = default;
-    virtual void told() {}
+    virtual void notified() {}
 };
 
 class Switch : public Object, public Protocol {
@@ -22,7 +22,7 @@ public:
     int count() const { return presses; }
     std::string join(const std::string& left, const std::string& right) { return left + right; }
     std::unique_ptr<int> keep(std::unique_ptr<int> given) { return given; }
-    void told() override { presses += 100; }
+    void notified() override { presses += 100; }
 
     int presses = 0;
 };
@@ -74,7 +74,7 @@ TEST(Selector, ReachesAnInheritedMethod) {
 
 TEST(Selector, ReachesAMethodOfAProtocolOfTheTarget) {
     Switch target;
-    Selector<void()>::of<&Protocol::told>("told")(target);
+    Selector<void()>::of<&Protocol::notified>("notified")(target);
     EXPECT_EQ(target.presses, 100);
 }
 

@@ -14,7 +14,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Writes down what a web view tells.
+/// Records the reports of a web view.
 class Reports : public platform::Object, public platform::UIWebViewDelegate {
 public:
     void webViewDidStartLoad(platform::UIWebView&) override { all.push_back("start"); }
@@ -28,7 +28,7 @@ public:
     std::string lastError;
 };
 
-using Told = std::vector<std::string>;
+using Events = std::vector<std::string>;
 
 /// Of this process.
 std::ptrdiff_t openDescriptors() {
@@ -43,7 +43,7 @@ protected:
     }
 
     /// Runs the loop until as many reports have come.
-    Told after(std::size_t count) {
+    Events after(std::size_t count) {
         EXPECT_TRUE(waitUntil([&] { return reports->all.size() >= count; }));
         return reports->all;
     }
@@ -53,27 +53,27 @@ protected:
 };
 
 TEST_F(CurlWebEngine, ReportsStartAndFinishAndReturnsTextAndLinks) {
-    server.answer("/list?a=b", "<h1>Packages</h1><a href=one>One</a>");
+    server.reply("/list?a=b", "<h1>Packages</h1><a href=one>One</a>");
     view->loadRequest({server.url("/list?a=b")});
-    EXPECT_EQ(reports->all, Told());
-    EXPECT_EQ(after(2), (Told{"start", "finish"}));
+    EXPECT_EQ(reports->all, Events());
+    EXPECT_EQ(after(2), (Events{"start", "finish"}));
     EXPECT_EQ(view->text(), "Packages\n\nOne [1]\n");
     EXPECT_EQ(view->links(), (std::vector<platform::WebLink>{{"One", server.url("/one")}}));
 }
 
 TEST_F(CurlWebEngine, ReportsAFailureWhenTheConnectionIsRefused) {
-    const RefusingPort nobody;
-    view->loadRequest({"http://127.0.0.1:" + std::to_string(nobody.port()) + "/"});
-    EXPECT_EQ(after(2), (Told{"start", "fail"}));
+    const RefusingPort refusing;
+    view->loadRequest({"http://127.0.0.1:" + std::to_string(refusing.port()) + "/"});
+    EXPECT_EQ(after(2), (Events{"start", "fail"}));
     EXPECT_EQ(view->text(), "");
     EXPECT_NE(reports->lastError, "");
 }
 
 TEST_F(CurlWebEngine, ReportsAFailureWhenTheSystemHasNoMoreThreads) {
-    server.answer("/", "text");
+    server.reply("/", "text");
     const NoMoreThreads none;
     view->loadRequest({server.url("/")});
-    EXPECT_EQ(after(2), (Told{"start", "fail"}));
+    EXPECT_EQ(after(2), (Events{"start", "fail"}));
     EXPECT_EQ(reports->lastError, "The system has no room for another thread");
 }
 
@@ -81,26 +81,26 @@ TEST_F(CurlWebEngine, TimesOutOnASilentServer) {
     use({.largestPage = 1000, .timeout = 200ms, .connectTo = ""});
     server.hang("/slow");
     view->loadRequest({server.url("/slow")});
-    EXPECT_EQ(after(2), (Told{"start", "fail"}));
+    EXPECT_EQ(after(2), (Events{"start", "fail"}));
     EXPECT_EQ(reports->lastError, "Timeout was reached");
 }
 
 TEST_F(CurlWebEngine, RefusesAPageThatIsTooLarge) {
     use({.largestPage = 1000, .timeout = testTimeout, .connectTo = ""});
-    server.answer("/large", std::string(1001, 'x'));
-    server.answerRaw("/endless", "HTTP/1.1 200 OK\r\n\r\n" + std::string(5000, 'x'));
-    server.answer("/fits", std::string(1000, 'x'));
+    server.reply("/large", std::string(1001, 'x'));
+    server.replyRaw("/endless", "HTTP/1.1 200 OK\r\n\r\n" + std::string(5000, 'x'));
+    server.reply("/fits", std::string(1000, 'x'));
     view->loadRequest({server.url("/large")});
-    EXPECT_EQ(after(2), (Told{"start", "fail"}));
+    EXPECT_EQ(after(2), (Events{"start", "fail"}));
     view->loadRequest({server.url("/endless")});
-    EXPECT_EQ(after(4), (Told{"start", "fail", "start", "fail"}));
+    EXPECT_EQ(after(4), (Events{"start", "fail", "start", "fail"}));
     view->loadRequest({server.url("/fits")});
     EXPECT_EQ(after(6).back(), "finish");
 }
 
 TEST_F(CurlWebEngine, FollowsALimitedNumberOfRedirectionsToWebPagesOnly) {
     server.redirect("/old", "/new/");
-    server.answer("/new/", "<a href=x>x</a>");
+    server.reply("/new/", "<a href=x>x</a>");
     server.redirect("/ring", "/ring");
     server.redirect("/file", "file:///etc/passwd");
     view->loadRequest({server.url("/old")});
@@ -116,19 +116,19 @@ TEST_F(CurlWebEngine, LoadsNothingButWebAddresses) {
     for (const char* url : {"file:///etc/passwd", "ftp://127.0.0.1/", "", "nonsense:", "http://"}) {
         reports->all.clear();
         view->loadRequest({url});
-        EXPECT_EQ(after(2), (Told{"start", "fail"})) << url;
+        EXPECT_EQ(after(2), (Events{"start", "fail"})) << url;
     }
 }
 
 TEST_F(CurlWebEngine, ShowsTheServersOwnErrorPage) {
     view->loadRequest({server.url("/missing")});
-    EXPECT_EQ(after(2), (Told{"start", "finish"}));
+    EXPECT_EQ(after(2), (Events{"start", "finish"}));
     EXPECT_EQ(view->text(), "Nothing here\n");
 }
 
 TEST_F(CurlWebEngine, ShowsPlainTextAsItIsAndOtherKindsAsNothing) {
-    server.answer("/text", "a <b>\nc", "text/plain");
-    server.answer("/image", "\x89PNG", "image/png");
+    server.reply("/text", "a <b>\nc", "text/plain");
+    server.reply("/image", "\x89PNG", "image/png");
     view->loadRequest({server.url("/text")});
     after(2);
     EXPECT_EQ(view->text(), "a <b>\nc\n");
@@ -139,21 +139,21 @@ TEST_F(CurlWebEngine, ShowsPlainTextAsItIsAndOtherKindsAsNothing) {
 
 TEST_F(CurlWebEngine, CancelsALoadSilentlyWhenAnotherIsRequested) {
     server.hang("/slow");
-    server.answer("/fast", "fast");
+    server.reply("/fast", "fast");
     view->loadRequest({server.url("/slow")});
     EXPECT_TRUE(waitUntil([&] { return server.requests().size() == 1; }));
     view->loadRequest({server.url("/fast")});
-    EXPECT_EQ(after(3), (Told{"start", "start", "finish"}));
+    EXPECT_EQ(after(3), (Events{"start", "start", "finish"}));
     EXPECT_EQ(view->text(), "fast\n");
     EXPECT_TRUE(waitUntil([&] { return server.abandoned() == 1; }));
 }
 
 TEST_F(CurlWebEngine, LoadsOnlyTheSecondOfTwoImmediateRequests) {
-    server.answer("/one", "one");
-    server.answer("/two", "two");
+    server.reply("/one", "one");
+    server.reply("/two", "two");
     view->loadRequest({server.url("/one")});
     view->loadRequest({server.url("/two")});
-    EXPECT_EQ(after(2), (Told{"start", "finish"}));
+    EXPECT_EQ(after(2), (Events{"start", "finish"}));
     EXPECT_EQ(server.requests(), (std::vector<std::string>{"/two"}));
 }
 
@@ -167,11 +167,11 @@ TEST_F(CurlWebEngine, CancelsItsLoadWhenTheViewIsGone) {
     EXPECT_TRUE(waitUntil([&] { return server.requests().size() == 1; }));
     view = nullptr;
     EXPECT_TRUE(waitUntil([&] { return server.abandoned() == 1; }));
-    EXPECT_EQ(reports->all, (Told{"start"}));
+    EXPECT_EQ(reports->all, (Events{"start"}));
 }
 
 TEST_F(CurlWebEngine, KeepsNothingOfALoadWhoseViewIsGone) {
-    server.answer("/", "first");
+    server.reply("/", "first");
     view->loadRequest({server.url("/")});
     after(2);
     const auto before = openDescriptors();
@@ -189,7 +189,7 @@ TEST_F(CurlWebEngine, CancelsEveryLoadWhenItIsDestroyed) {
     EXPECT_TRUE(waitUntil([&] { return server.requests().size() == 1; }));
     endEngine();
     EXPECT_TRUE(waitUntil([&] { return server.abandoned() == 1; }));
-    EXPECT_EQ(reports->all, (Told{"start"}));
+    EXPECT_EQ(reports->all, (Events{"start"}));
 }
 
 TEST_F(CurlWebEngine, LoadsForSeveralViewsAtOnce) {
@@ -197,18 +197,18 @@ TEST_F(CurlWebEngine, LoadsForSeveralViewsAtOnce) {
     const auto otherReports = std::make_shared<Reports>();
     other->setDelegate(otherReports);
     server.hang("/slow");
-    server.answer("/fast", "fast");
+    server.reply("/fast", "fast");
     view->loadRequest({server.url("/slow")});
     other->loadRequest({server.url("/fast")});
     EXPECT_TRUE(waitUntil([&] { return otherReports->all.size() == 2; }));
-    EXPECT_EQ(reports->all, (Told{"start"}));
+    EXPECT_EQ(reports->all, (Events{"start"}));
 }
 
 TEST_F(CurlWebEngine, ConnectsToTheAddressThatATestSets) {
     useFor("listing.example", server.port());
-    server.answer("/page", "here");
+    server.reply("/page", "here");
     view->loadRequest({"http://listing.example/page"});
-    EXPECT_EQ(after(2), (Told{"start", "finish"}));
+    EXPECT_EQ(after(2), (Events{"start", "finish"}));
     EXPECT_NE(server.lastRequest().find("Host: listing.example"), std::string::npos);
 }
 

@@ -46,7 +46,7 @@ protected:
     static bool open(std::string_view url) {
         return platform::web::DesktopURLOpener(testTimeout).openURL(url);
     }
-    /// True when it does within the testTimeout; for what no descriptor tells.
+    /// True when it does within the testTimeout; for events without a descriptor.
     static bool happens(const std::function<bool()>& done) {
         const auto deadline = std::chrono::steady_clock::now() + testTimeout;
         while (!done() && std::chrono::steady_clock::now() < deadline)
@@ -123,13 +123,13 @@ TEST_F(SystemURLOpener, DoesNotWaitForAHandlerThatStays) {
 }
 
 TEST_F(SystemURLOpener, GivesAHandlerNoneOfTheHostsDescriptors) {
-    const std::string held = folder() / "held";
-    const platform::posix::FileDescriptor left(::open(held.c_str(), O_RDWR | O_CREAT, 0600));
+    const std::string hostFile = folder() / "host-file";
+    const platform::posix::FileDescriptor left(::open(hostFile.c_str(), O_RDWR | O_CREAT, 0600));
     ASSERT_TRUE(left) << "without close-on-exec";
     installProgram("xdg-open", "/bin/ls -l /proc/self/fd >'" + folder() / "opened" + "'");
     ASSERT_TRUE(open("known:x"));
     EXPECT_NE(opened().find("/dev/null"), std::string::npos);
-    EXPECT_EQ(opened().find(held), std::string::npos) << opened();
+    EXPECT_EQ(opened().find(hostFile), std::string::npos) << opened();
 }
 
 TEST_F(SystemURLOpener, DoesNotWaitWhereTheSystemHasNoHandlesOfProcesses) {
@@ -144,7 +144,7 @@ TEST_F(SystemURLOpener, DoesNotWaitWhereTheSystemHasNoHandlesOfProcesses) {
         _exit(opened ? 0 : 1);
     }
     int status = -1;
-    // Whoever waits for the handler waits for this.
+    // A process that waits for the handler waits for this.
     EXPECT_TRUE(endsInTime(child));
     std::ofstream(pipe) << "line\n";
     ASSERT_EQ(waitpid(child, &status, 0), child);
@@ -165,14 +165,14 @@ TEST_F(SystemURLOpener, LeavesNoDeadHandlerBehindWhateverSignalsTheHostGets) {
     EXPECT_TRUE(platform::web::DesktopURLOpener(std::chrono::milliseconds(100)).openURL("known:x"));
     // The thread that waits for the handler's end is there by now: it takes no signal of the host.
     BlockedSignal signal;
-    signal.hold();
+    signal.block();
     signal.send();
     std::ofstream(pipe) << "line\n";
     pid_t process = 0;
     std::ifstream(folder() / "process") >> process;
     ASSERT_GT(process, 0);
     EXPECT_TRUE(happens([process] { return kill(process, 0) != 0 && errno == ESRCH; }));
-    EXPECT_TRUE(signal.isHeld());
+    EXPECT_TRUE(signal.isPending());
 }
 
 TEST_F(SystemURLOpener, OpensNothingWithoutADesktop) {

@@ -7,19 +7,20 @@ namespace wardlock::test {
 class WindowAccessibility : public WindowFixture {
 protected:
     /// Whether the tree has the line, at any depth.
-    bool tells(const std::string& line) {
+    bool describes(const std::string& line) {
         const std::string tree = scene().accessibilityTree();
         return ("\n" + tree).find("\n" + line) != std::string::npos ||
                tree.find(" " + line) != std::string::npos;
     }
-    /// All that is told, behind an empty line.
+    /// The whole description, behind an empty line.
     void expectTree(const std::string& tree) {
         EXPECT_TRUE(until([&] { return "\n" + scene().accessibilityTree() == tree; }))
             << scene().accessibilityTree();
     }
-    void expectTold(std::initializer_list<const char*> lines) {
+    void expectDescriptions(std::initializer_list<const char*> lines) {
         for (const char* line : lines)
-            EXPECT_TRUE(until([&] { return tells(line); })) << line << "\n" << scene().accessibilityTree();
+            EXPECT_TRUE(until([&] { return describes(line); })) << line << "\n"
+                                                                << scene().accessibilityTree();
     }
 };
 
@@ -144,19 +145,20 @@ Dialog: Enter New Passcode focused
 TEST_F(WindowAccessibility, DescribesTheMailAndTheChangeLog) {
     openWardlock();
     scene().tap("row:support@tavix.example");
-    expectTold({"Dialog: New Message", "EditableText: To:", "EditableText: Subject:", "EditableText: Message",
-                "Button: Send"});
-    EXPECT_FALSE(tells("Button: Passcode")) << "the page beneath";
+    expectDescriptions({"Dialog: New Message", "EditableText: To:", "EditableText: Subject:",
+                        "EditableText: Message", "Button: Send"});
+    EXPECT_FALSE(describes("Button: Passcode")) << "the page beneath";
     scene().press(Qt::Key_Escape);
     scene().expectGone("composer");
     scene().tap("row:Change Log");
-    expectTold({"Heading: Change Log", "StaticText: Wardlock 0.1.0"});
+    expectDescriptions({"Heading: Change Log", "StaticText: Wardlock 0.1.0"});
 }
 
 TEST_F(WindowAccessibility, DescribesEveryKindOfRow) {
     openFixtureBundle();
-    expectTold({"CheckBox: On off", "Link: Flavour", "EditableText: Nickname", "EditableText: PIN",
-                "CheckBox: Locked disabled off (Not available)", "Button: Starred", "StaticText: Version 1"});
+    expectDescriptions({"CheckBox: On off", "Link: Flavour", "EditableText: Nickname", "EditableText: PIN",
+                        "CheckBox: Locked disabled off (Not available)", "Button: Starred",
+                        "StaticText: Version 1"});
 }
 
 TEST_F(WindowAccessibility, PerformsTheActionsOfAssistiveTechnology) {

@@ -18,8 +18,8 @@ protected:
         portal_ = std::make_unique<Process>(programFolder() + "/test-settings-portal", values);
         ASSERT_EQ(portal_->readLine(), "ready");
     }
-    static void tell(const std::string& value) {
-        EXPECT_EQ(runProcess(programFolder() + "/test-settings-portal", {"--tell", value}).exitCode, 0);
+    static void setAppearance(const std::string& value) {
+        EXPECT_EQ(runProcess(programFolder() + "/test-settings-portal", {"--set", value}).exitCode, 0);
     }
     void openUnforced() {
         open(transition);
@@ -45,9 +45,9 @@ TEST_F(WindowDesktopAppearance, FollowsTheDesktop) {
     startPortal({"color-scheme=1"});
     openUnforced();
     EXPECT_TRUE(becomesDark());
-    tell("color-scheme=2");
+    setAppearance("color-scheme=2");
     EXPECT_TRUE(becomesLight());
-    tell("color-scheme=1");
+    setAppearance("color-scheme=1");
     EXPECT_TRUE(becomesDark());
 }
 
@@ -55,7 +55,7 @@ TEST_F(WindowDesktopAppearance, FollowsThePaletteWhenTheDesktopHasNoPreference) 
     startPortal({"color-scheme=1"});
     openUnforced();
     EXPECT_TRUE(becomesDark());
-    tell("color-scheme=0");
+    setAppearance("color-scheme=0");
     EXPECT_TRUE(becomesLight());
     QPalette palette = QGuiApplication::palette();
     palette.setColor(QPalette::Window, Qt::black);
@@ -69,7 +69,7 @@ TEST_F(WindowDesktopAppearance, StaysForcedWhateverTheDesktopReports) {
     openUnforced();
     host().appearance().force(true);
     EXPECT_TRUE(becomesDark());
-    tell("reduced-motion=1");
+    setAppearance("reduced-motion=1");
     EXPECT_TRUE(becomesReduced());
     EXPECT_TRUE(becomesDark());
     host().appearance().force(std::nullopt);

@@ -135,7 +135,7 @@ void FailingPageInWindow::enterFromOutside(Entry entry) {
     }
 }
 
-/// A person has one way to flip a switch, and the keypad of the window recognises nothing but digits.
+/// A user has one way to flip a switch, and the keypad of the window recognises nothing but digits.
 std::vector<FailingEntry> entriesOfTheWindow() {
     std::vector<FailingEntry> entries(failingEntries.begin(), failingEntries.end());
     std::erase_if(entries, [](const auto& entry) {

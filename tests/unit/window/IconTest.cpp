@@ -1,4 +1,4 @@
-// Pictures that are made to cost whoever shows them more than they are worth.
+// Pictures that are made to exhaust the process that shows them.
 
 #include "platform/ui/UIImage.h"
 #include "tests/support/DeviceRootFixture.h"
@@ -149,7 +149,7 @@ TEST_F(ShownIcon, IsLeftOutWithEntitiesThatMultiply) {
 }
 
 TEST_F(ShownIcon, IsLeftOutWhenItRefersToOtherFiles) {
-    // Whoever opened the pipe would wait for ever.
+    // A process that opens the pipe would wait for ever.
     const std::string pipe = folder() / "pipe";
     ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
     const std::string place = "\" width=\"29\" height=\"29\"/>" + square + "</svg>";

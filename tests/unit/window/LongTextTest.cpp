@@ -1,4 +1,4 @@
-// Texts of megabytes, which take minutes to lay out and which nobody reads.
+// Texts of megabytes, whose layout would take minutes.
 
 #include "settings/Keys.h"
 #include "tests/unit/window/WindowFixture.h"

@@ -1,4 +1,4 @@
-// The window's program, asked for pictures by people of different languages.
+// The window's program, asked for pictures in different languages.
 
 #include "tests/support/BuildPaths.h"
 #include "tests/support/BusFixture.h"

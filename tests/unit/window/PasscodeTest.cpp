@@ -202,7 +202,7 @@ TEST_F(WindowPasscode, FitsASmallWindowAndLargeLetters) {
     EXPECT_EQ(scene().item("keypad:status")->property("truncated"), false);
     const auto* cancel = scene().item("keypad:cancel")->childItems().constFirst();
     EXPECT_EQ(cancel->property("truncated"), false);
-    // The digits stand in the middle, below what is asked and what is entered.
+    // The digits are in the middle, below what is asked and what is entered.
     for (const char* name : {"keypad:status", "keypad:dots", "key:2", "key:8", "key:0"})
         EXPECT_NEAR(scene().middleOf(name).x(), 140, 1) << name;
     EXPECT_LE(scene().item("key:0")->mapToScene({0, scene().item("key:0")->height()}).y(), 360);
@@ -224,7 +224,7 @@ TEST_F(WindowPasscode, CoversADarkBlurOfThePage) {
     const QImage covered = window().grabWindow();
     ASSERT_FALSE(covered.isNull());
     EXPECT_TRUE(until([&] { return window().grabWindow().pixelColor(4, 4).lightness() < 128; }));
-    // A blur: no neighbours differ much where nothing of the keypad stands.
+    // A blur: no neighbours differ much outside the keypad.
     EXPECT_TRUE(until([&] {
         const QImage picture = window().grabWindow();
         int steepest = 0;

@@ -30,7 +30,7 @@ protected:
         writeCommandThatDoesNothing(place_ / "commands/cmake");
     }
 
-    /// What it answers without a person at the terminal, where DISPLAY is such.
+    /// Its result without a user at the terminal, with this DISPLAY.
     ProcessResult runWithDisplay(const std::string& display,
                                  const std::vector<std::string>& words = {}) const {
         ProcessSetup setup;

@@ -12,10 +12,10 @@
 
 namespace wardlock::test {
 
-/// Lets the loop run until the condition holds; answers whether it did within the time a test may take.
+/// Lets the loop run until the condition is true; returns whether that was within the time of a test.
 bool until(const std::function<bool()>& condition);
 
-/// What is on the screen of a window, by the objectName of its items, and a person's hands on it. Items that
+/// What is on the screen of a window, by the objectName of its items, and a user's input. Items that
 /// cannot be seen do not exist here.
 class Scene {
 public:
@@ -51,7 +51,7 @@ public:
     /// Waits until the window has been drawn once more: touches that move are delivered frame by frame.
     void frame() const;
 
-    /// What assistive technology is told of an item.
+    /// The description of an item for assistive technology.
     QAccessibleInterface* accessible(const QString& name) const;
     /// The tree below the window: a line for each element, "role: name (states)", indented by its depth.
     std::string accessibilityTree() const;

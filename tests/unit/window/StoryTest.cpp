@@ -1,5 +1,6 @@
 // A parent's first evening with Wardlock, from the first account to its deletion, on the demonstration
-// device. After each step the document is read from the disk anew, and another process tells what it heard.
+// device. After each step the document is read from the disk again, and another process prints what it
+// received.
 
 #include "settings/DefaultSettings.h"
 #include "settings/Keys.h"
@@ -33,10 +34,10 @@ protected:
         scene().item("row:Child");
         record_.set(kAccountName, "Child");
         expectAccount();
-        const std::string heard = nextHeard();
-        EXPECT_EQ(heard.rfind("kAccounts = {", 0), 0U) << heard;
-        EXPECT_NE(heard.find("kAccountName = Child;"), std::string::npos) << heard;
-        EXPECT_TRUE(heard.ends_with("; account (null); tweak 0; kRestrictSiri 0")) << heard;
+        const std::string received = nextReceived();
+        EXPECT_EQ(received.rfind("kAccounts = {", 0), 0U) << received;
+        EXPECT_NE(received.find("kAccountName = Child;"), std::string::npos) << received;
+        EXPECT_TRUE(received.ends_with("; account (null); tweak 0; kRestrictSiri 0")) << received;
     }
 
     void nameIt() {
@@ -47,14 +48,14 @@ protected:
         scene().press(Qt::Key_Return);
         record_.set(kAccountName, "Anna");
         expectAccount();
-        EXPECT_EQ(nextHeard(), "kAccountName = Anna; account (null); tweak 0; kRestrictSiri 0");
+        EXPECT_EQ(nextReceived(), "kAccountName = Anna; account (null); tweak 0; kRestrictSiri 0");
     }
 
     void enableIt() {
         scene().tap("switch:Enabled");
         record_.set(kAccountEnabled, true);
         expectAccount();
-        EXPECT_EQ(nextHeard(), "kAccountEnabled = 1; account Anna; tweak 1; kRestrictSiri 0");
+        EXPECT_EQ(nextReceived(), "kAccountEnabled = 1; account Anna; tweak 1; kRestrictSiri 0");
     }
 
     void restrictAnApplication(const std::string& identifier) {
@@ -67,9 +68,9 @@ protected:
         restricted.append(identifier);
         record_.set(kAppsRestricted, restricted.copy());
         expectAccount();
-        const std::string heard = nextHeard();
-        EXPECT_EQ(heard.rfind("kAppsRestricted = (", 0), 0U) << heard;
-        EXPECT_NE(heard.find(identifier), std::string::npos) << heard;
+        const std::string received = nextReceived();
+        EXPECT_EQ(received.rfind("kAppsRestricted = (", 0), 0U) << received;
+        EXPECT_NE(received.find(identifier), std::string::npos) << received;
     }
 
     void restrictThreeApplications() {
@@ -90,7 +91,7 @@ protected:
         scene().tap("switch:Siri");
         record_.set(kRestrictSiri, true);
         expectAccount();
-        EXPECT_EQ(nextHeard(), "kRestrictSiri = 1; account Anna; tweak 1; kRestrictSiri 1");
+        EXPECT_EQ(nextReceived(), "kRestrictSiri = 1; account Anna; tweak 1; kRestrictSiri 1");
         scene().tap("back");
         scene().item("row:Passcode");
     }
@@ -136,23 +137,23 @@ protected:
         platform::MutableDictionary expected(DefaultSettings());
         expected.set(kPasscode, "2580");
         EXPECT_EQ(document(), expected.copy());
-        const std::string heard = nextHeard();
-        EXPECT_EQ(heard.rfind("kAccounts = (", 0), 0U) << heard;
-        EXPECT_EQ(heard.find("Anna"), std::string::npos) << heard;
-        EXPECT_TRUE(heard.ends_with("; account (null); tweak 0; kRestrictSiri 0")) << heard;
+        const std::string received = nextReceived();
+        EXPECT_EQ(received.rfind("kAccounts = (", 0), 0U) << received;
+        EXPECT_EQ(received.find("Anna"), std::string::npos) << received;
+        EXPECT_TRUE(received.ends_with("; account (null); tweak 0; kRestrictSiri 0")) << received;
         EXPECT_EQ(enforcer_->wait().exitCode, 0);
     }
 
 private:
-    /// The other process tells a description over several lines: up to the one with the outcome.
-    std::string nextHeard() {
-        std::string heard;
+    /// The other process prints a description over several lines: up to the one with the outcome.
+    std::string nextReceived() {
+        std::string received;
         while (const auto line = enforcer_->readLine()) {
-            heard += heard.empty() ? *line : '\n' + *line;
-            if (heard.find("; kRestrictSiri ") != std::string::npos)
+            received += received.empty() ? *line : '\n' + *line;
+            if (received.find("; kRestrictSiri ") != std::string::npos)
                 break;
         }
-        return heard;
+        return received;
     }
 
     /// The document is the default one and, behind its account, the story's.
@@ -167,7 +168,7 @@ private:
     void expectPasscode(const std::string& passcode) {
         EXPECT_EQ(document().find(kPasscode)->string(), passcode);
         EXPECT_EQ(accountNames(), (std::vector<std::string>{"Default", "Anna"}));
-        EXPECT_EQ(nextHeard(), "kPasscode = " + passcode + "; account Anna; tweak 1; kRestrictSiri 1");
+        EXPECT_EQ(nextReceived(), "kPasscode = " + passcode + "; account Anna; tweak 1; kRestrictSiri 1");
         clock.step(fade);
         scene().expectGone("keypad:status");
     }

@@ -39,8 +39,8 @@ protected:
     }
     /// `target` is the link's.
     void expectFollowsLink(const std::string& target) {
-        server.answer(listing, page("first", "#00ff00", target));
-        server.answer("/next", page("second", "#0000ff"));
+        server.reply(listing, page("first", "#00ff00", target));
+        server.reply("/next", page("second", "#0000ff"));
         openListing(server.port());
         EXPECT_TRUE(titleBecomes("first"));
         EXPECT_TRUE(middleBecomes(QColor(0, 255, 0)));
@@ -67,7 +67,7 @@ protected:
 };
 
 TEST_F(WindowWebEngine, ShowsThePageOfTheServer) {
-    server.answer(listing, page("Kitbay and friends", "#00ff00"));
+    server.reply(listing, page("Kitbay and friends", "#00ff00"));
     openListing(server.port());
     EXPECT_TRUE(titleBecomes("Kitbay and friends"));
     EXPECT_TRUE(middleBecomes(QColor(0, 255, 0)));
@@ -91,14 +91,14 @@ TEST_F(WindowWebEngine, SpinsUntilTheServerReplies) {
     EXPECT_TRUE(until([&] { return !server.requests().empty(); }));
     EXPECT_TRUE(scene().shows("spinner"));
     // The engine may ask once more when its connection ends.
-    server.answer(listing, page("at last", "#00ff00"));
+    server.reply(listing, page("at last", "#00ff00"));
     server.hangUp();
     scene().expectGone("spinner");
 }
 
 TEST_F(WindowWebEngine, StaysBlankAndSilentWhenTheLoadFails) {
-    const RefusingPort nobody;
-    openListing(nobody.port());
+    const RefusingPort refusing;
+    openListing(refusing.port());
     // Either it spins still or the failure is here already.
     bool failed = false;
     auto* model = dynamic_cast<window::PagesModel*>(host().settings().pages())->top()->web();
@@ -114,10 +114,10 @@ TEST_F(WindowWebEngine, StaysBlankAndSilentWhenTheLoadFails) {
 }
 
 TEST_F(WindowWebEngine, LoadsAgainWhenThePageIsOpenedAgain) {
-    server.answer(listing, page("once", "#00ff00"));
+    server.reply(listing, page("once", "#00ff00"));
     openListing(server.port());
     EXPECT_TRUE(titleBecomes("once"));
-    server.answer(listing, page("twice", "#00ff00"));
+    server.reply(listing, page("twice", "#00ff00"));
     scene().tap("back");
     scene().expectGone("page:Other Tweaks");
     scene().tap("row:More From Tavix");
@@ -153,10 +153,10 @@ TEST_F(WindowWebEngine, ReturnsFromAFollowedLinkByBackspaceButNotFromThePage) {
 }
 
 TEST_F(WindowWebEngine, KeepsBackspaceForAFieldOfAFollowedPage) {
-    server.answer(listing, page("first", "#00ff00"));
-    server.answer("/next", "<!doctype html><title>field</title><input value=ab autofocus "
-                           "onfocus='setSelectionRange(2, 2); document.title = `[${value}]`' "
-                           "oninput='document.title = `[${value}]`'>");
+    server.reply(listing, page("first", "#00ff00"));
+    server.reply("/next", "<!doctype html><title>field</title><input value=ab autofocus "
+                          "onfocus='setSelectionRange(2, 2); document.title = `[${value}]`' "
+                          "oninput='document.title = `[${value}]`'>");
     openListing(server.port());
     EXPECT_TRUE(titleBecomes("first"));
     EXPECT_TRUE(middleBecomes(QColor(0, 255, 0)));
@@ -183,7 +183,7 @@ TEST_F(WindowWebEngine, OpensThePageThatIsShownInTheBrowser) {
     EXPECT_TRUE(urls.opened[0].starts_with("http://") && urls.opened[0].ends_with("/next")) << urls.opened[0];
 }
 
-/// A page of somebody hostile. Its script sets the title, which is what it could find out.
+/// A hostile page. Its script sets the title, which is what it could find out.
 class HostileWebPage : public WindowWebEngine {
 protected:
     static std::string scripted(const std::string& body, const std::string& script) {
@@ -199,8 +199,8 @@ protected:
             "document.addEventListener('click', () => setTimeout(() => document.title = 'still here', 500))");
     }
     /// Opens the page as the listing; what its script then found out.
-    bool tells(const std::string& html, const QString& title) {
-        server.answer(listing, html);
+    bool setsTitle(const std::string& html, const QString& title) {
+        server.reply(listing, html);
         openListing(server.port());
         return titleBecomes(title);
     }
@@ -222,7 +222,7 @@ class HostileLink : public HostileWebPage,
 
 TEST_P(HostileLink, LeadsNowhere) {
     const auto [address, target] = GetParam();
-    server.answer(listing, trap("href='" + std::string(address) + "' target=" + target));
+    server.reply(listing, trap("href='" + std::string(address) + "' target=" + target));
     openListing(server.port());
     EXPECT_TRUE(titleBecomes("waiting"));
     EXPECT_TRUE(middleBecomes(QColor(0, 255, 0)));
@@ -239,9 +239,9 @@ INSTANTIATE_TEST_SUITE_P(
                        ::testing::Values("_self", "_blank")));
 
 TEST_F(HostileWebPage, OpensNothingByItself) {
-    EXPECT_TRUE(tells(scripted("", "const opened = window.open('/other');"
-                                   "document.title = opened ? 'opened' : 'refused'"),
-                      "refused"));
+    EXPECT_TRUE(setsTitle(scripted("", "const opened = window.open('/other');"
+                                       "document.title = opened ? 'opened' : 'refused'"),
+                          "refused"));
     EXPECT_EQ(server.requests().back(), listing);
 }
 
@@ -255,23 +255,23 @@ TEST_F(HostileWebPage, IsNotRedirectedOutOfTheWeb) {
 
 TEST_F(HostileWebPage, ShowsNoDialog) {
     const auto windows = QGuiApplication::allWindows().size();
-    EXPECT_TRUE(tells(scripted("", "alert('x'); document.title = confirm('x') + ' ' + prompt('x', 'y')"),
-                      "false null"));
+    EXPECT_TRUE(setsTitle(scripted("", "alert('x'); document.title = confirm('x') + ' ' + prompt('x', 'y')"),
+                          "false null"));
     EXPECT_EQ(QGuiApplication::allWindows().size(), windows + 1);
 }
 
 TEST_F(HostileWebPage, AsksForNoPassword) {
     const std::string body = "<title>locked</title>";
-    server.answerRaw(listing, "HTTP/1.1 401 Unauthorized\r\nWWW-Authenticate: Basic realm=x\r\n"
-                              "Content-Type: text/html\r\nConnection: close\r\nContent-Length: " +
-                                  std::to_string(body.size()) + "\r\n\r\n" + body);
+    server.replyRaw(listing, "HTTP/1.1 401 Unauthorized\r\nWWW-Authenticate: Basic realm=x\r\n"
+                             "Content-Type: text/html\r\nConnection: close\r\nContent-Length: " +
+                                 std::to_string(body.size()) + "\r\n\r\n" + body);
     openListing(server.port());
     EXPECT_TRUE(titleBecomes("locked"));
     scene().expectGone("spinner");
 }
 
 TEST_F(HostileWebPage, GetsNoFileOfTheUser) {
-    server.answer(
+    server.reply(
         listing,
         scripted("<input type=file style='display:block;width:100vw;height:100vh;background:#00ff00'>",
                  "document.title = 'waiting';"
@@ -288,12 +288,12 @@ TEST_F(HostileWebPage, GetsNoFileOfTheUser) {
 }
 
 TEST_F(HostileWebPage, SavesNoFile) {
-    server.answerRaw("/file",
-                     "HTTP/1.1 200 OK\r\nContent-Type: application/octet-stream\r\nContent-Disposition: "
-                     "attachment; filename=file\r\nConnection: close\r\nContent-Length: 4\r\n\r\nfile");
-    server.answer(listing, scripted("<iframe src=/file></iframe>",
-                                    "document.cookie = 'a=b; max-age=100000'; localStorage.setItem('a', 'b');"
-                                    "document.title = document.cookie + ' ' + localStorage.getItem('a')"));
+    server.replyRaw("/file",
+                    "HTTP/1.1 200 OK\r\nContent-Type: application/octet-stream\r\nContent-Disposition: "
+                    "attachment; filename=file\r\nConnection: close\r\nContent-Length: 4\r\n\r\nfile");
+    server.reply(listing, scripted("<iframe src=/file></iframe>",
+                                   "document.cookie = 'a=b; max-age=100000'; localStorage.setItem('a', 'b');"
+                                   "document.title = document.cookie + ' ' + localStorage.getItem('a')"));
     openListing(server.port());
     EXPECT_TRUE(titleBecomes("a=b b"));
     EXPECT_TRUE(until([&] { return std::ranges::count(server.requests(), "/file") == 1; }));
@@ -305,17 +305,17 @@ TEST_F(HostileWebPage, SavesNoFile) {
 TEST_F(HostileWebPage, GetsNoPermission) {
     // Of all origins without encryption this one may ask.
     server.redirect(listing, "http://localhost/ask");
-    server.answer("/ask",
-                  scripted("", "navigator.geolocation.getCurrentPosition(() => document.title = 'given',"
-                               "error => document.title = 'refused ' + error.code)"));
+    server.reply("/ask",
+                 scripted("", "navigator.geolocation.getCurrentPosition(() => document.title = 'given',"
+                              "error => document.title = 'refused ' + error.code)"));
     openListing(server.port());
     EXPECT_TRUE(titleBecomes("refused 1"));
 }
 
 TEST_F(HostileWebPage, DoesNotBlankItselfByAScript) {
-    EXPECT_TRUE(tells(scripted("", "location = 'about:blank';"
-                                   "setTimeout(() => document.title = 'still here', 500)"),
-                      "still here"));
+    EXPECT_TRUE(setsTitle(scripted("", "location = 'about:blank';"
+                                       "setTimeout(() => document.title = 'still here', 500)"),
+                          "still here"));
     EXPECT_EQ(scheme(), "http");
 }
 
@@ -323,23 +323,23 @@ TEST_F(HostileWebPage, IsShownAndLeftWithAHundredThousandLinks) {
     std::string links;
     for (int i = 0; i < 100000; ++i)
         links += "<a href='/" + std::to_string(i) + "'>link</a> ";
-    EXPECT_TRUE(tells(scripted(links + std::string(1U << 20, 'x'), "document.title = document.links.length"),
-                      "100000"));
+    EXPECT_TRUE(setsTitle(
+        scripted(links + std::string(1U << 20, 'x'), "document.title = document.links.length"), "100000"));
     scene().tap("back");
     scene().expectGone("page:Other Tweaks");
 }
 
 TEST_F(HostileWebPage, IsLeftWhileItNeverEnds) {
-    server.answerForEver(listing,
-                         "HTTP/1.1 200 OK\r\nContent-Type: text/html\r\n\r\n<!doctype html><title>on</title>",
-                         "<p>" + std::string(4096, 'x') + "</p>");
+    server.replyForEver(listing,
+                        "HTTP/1.1 200 OK\r\nContent-Type: text/html\r\n\r\n<!doctype html><title>on</title>",
+                        "<p>" + std::string(4096, 'x') + "</p>");
     openListing(server.port());
     EXPECT_TRUE(titleBecomes("on"));
     EXPECT_TRUE(scene().shows("spinner"));
     scene().tap("back");
     scene().expectGone("page:Other Tweaks");
     // The server is free again only when the engine no longer takes what it sends.
-    server.answer(listing, page("the end", "#00ff00"));
+    server.reply(listing, page("the end", "#00ff00"));
     scene().tap("row:More From Tavix");
     EXPECT_TRUE(titleBecomes("the end"));
 }

@@ -33,7 +33,7 @@ protected:
         scene().item("page:Other Tweaks");
     }
     void openListing(const std::string& html) {
-        server.answer(listing, html);
+        server.reply(listing, html);
         openListing();
     }
     /// QML then finds the modules that it has loaded, and no other.
@@ -43,7 +43,7 @@ protected:
         paths.removeAll(QLibraryInfo::path(QLibraryInfo::QmlImportsPath));
         engine->setImportPathList(paths);
     }
-    /// Whether assistive technology is told of a line of the page, with its role.
+    /// Whether assistive technology receives a line of the page, with its role.
     bool describes(const std::string& line) {
         return until([&] { return scene().accessibilityTree().find(line) != std::string::npos; });
     }
@@ -56,7 +56,7 @@ protected:
     }
     /// Opens a page with a link and follows it.
     void followLink() {
-        server.answer("/next", "<h1>Second</h1>");
+        server.reply("/next", "<h1>Second</h1>");
         openListing("<h1>First</h1><p>Go to the <a href=/next>next page</a>.");
         scene().tap("link:next page");
         EXPECT_TRUE(describes("Heading: Second"));
@@ -134,7 +134,7 @@ TEST_F(WindowWebText, LeavesThePageByTheWindowsOwnButtonWhateverWasFollowed) {
 }
 
 TEST_F(WindowWebText, FollowsALinkThatIsABlockOfItsOwnAsARow) {
-    server.answer("/two", "<h1>Second</h1>");
+    server.reply("/two", "<h1>Second</h1>");
     openListing("<ul><li><a href=/one>One</a><li><a href=/two>Two</a></ul>");
     scene().item("link:One");
     EXPECT_GE(scene().item("link:Two")->height(), 44);
@@ -143,7 +143,7 @@ TEST_F(WindowWebText, FollowsALinkThatIsABlockOfItsOwnAsARow) {
 }
 
 TEST_F(WindowWebText, FollowsLinksByTheKeyboard) {
-    server.answer("/two", "<h1>Second</h1>");
+    server.reply("/two", "<h1>Second</h1>");
     openListing("<p>The <a href=/one>first</a> and the <a href=/two>second</a>.<p><a href=/three>Row</a>");
     scene().item("link:first");
     scene().press(Qt::Key_Tab);
@@ -193,7 +193,7 @@ TEST_F(WindowWebText, ReturnsToThePlaceWhereALinkWasFollowed) {
     std::string lines;
     for (int i = 0; i < 300; ++i)
         lines += "<p>a line of text";
-    server.answer("/far", "<h1>Second</h1>");
+    server.reply("/far", "<h1>Second</h1>");
     openListing("<h1>First</h1>" + lines + "<p><a href=/far>far</a> below");
     EXPECT_TRUE(describes("Heading: First"));
     scene().press(Qt::Key_Tab);
@@ -207,7 +207,7 @@ TEST_F(WindowWebText, ReturnsToThePlaceWhereALinkWasFollowed) {
 }
 
 TEST_F(WindowWebText, FollowsALinkForAssistiveTechnology) {
-    server.answer("/next", "<h1>Second</h1>");
+    server.reply("/next", "<h1>Second</h1>");
     openListing("<p>Go to the <a href=/next>next page</a>.");
     EXPECT_TRUE(describes("Link: next page"));
     scene()
@@ -234,25 +234,25 @@ TEST_F(WindowWebText, SpinsWhileItLoads) {
 }
 
 TEST_F(WindowWebText, TellsWhyAPageWasNotLoadedAndTriesAgain) {
-    server.answerRaw(listing, "HTTP/1.1 200 OK\r\nContent-Length: 1000\r\nConnection: close\r\n\r\ncut off");
+    server.replyRaw(listing, "HTTP/1.1 200 OK\r\nContent-Length: 1000\r\nConnection: close\r\n\r\ncut off");
     openListing();
     EXPECT_EQ(scene().text("web:reason"), "Transferred a partial file");
     EXPECT_TRUE(describes("AlertMessage: The page could not be loaded. Transferred a partial file"));
     EXPECT_FALSE(scene().shows("alert"));
     EXPECT_FALSE(scene().shows("notice"));
-    server.answer(listing, "<h1>First</h1>");
+    server.reply(listing, "<h1>First</h1>");
     scene().tap("web:again");
     expectFirstPage();
     EXPECT_FALSE(scene().shows("web:failure"));
 }
 
 TEST_F(WindowWebText, TriesAgainByTheKeyboard) {
-    const RefusingPort nobody;
-    askAt(nobody.port());
+    const RefusingPort refusing;
+    askAt(refusing.port());
     openListing();
     scene().item("web:again");
     askAt(server.port());
-    server.answer(listing, "<h1>First</h1>");
+    server.reply(listing, "<h1>First</h1>");
     scene().press(Qt::Key_Tab);
     EXPECT_TRUE(isFocused("web:again"));
     scene().press(Qt::Key_Return);
@@ -260,7 +260,7 @@ TEST_F(WindowWebText, TriesAgainByTheKeyboard) {
 }
 
 TEST_F(WindowWebText, KeepsTheTextWhenALinkFailsAndReturnsToIt) {
-    server.answerRaw("/next", "broken\r\n\r\n");
+    server.replyRaw("/next", "broken\r\n\r\n");
     openListing("<h1>First</h1><p>Go to the <a href=/next>next page</a>.");
     scene().tap("link:next page");
     scene().item("web:failure");
@@ -272,7 +272,7 @@ TEST_F(WindowWebText, KeepsTheTextWhenALinkFailsAndReturnsToIt) {
 }
 
 TEST_F(WindowWebText, TellsThatAPageHasNoText) {
-    server.answer(listing, "PNG", "image/png");
+    server.reply(listing, "PNG", "image/png");
     openListing();
     scene().item("web:empty");
 }
@@ -287,7 +287,7 @@ TEST_F(WindowWebText, OpensThePageThatIsShownInTheBrowser) {
 TEST_F(WindowWebText, LoadsAnewWhenThePageIsOpenedAgain) {
     openListing("<h1>Once</h1>");
     EXPECT_TRUE(describes("Heading: Once"));
-    server.answer(listing, "<h1>Twice</h1>");
+    server.reply(listing, "<h1>Twice</h1>");
     scene().tap("back");
     scene().expectGone("page:Other Tweaks");
     scene().tap("row:More From Tavix");

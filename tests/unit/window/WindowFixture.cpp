@@ -17,7 +17,7 @@ using platform::MutableDictionary;
 using platform::Value;
 
 WindowFixture::WindowFixture() {
-    // The desktop's applications are none of the test's.
+    // The desktop's applications do not belong to the test.
     environment.set("XDG_DATA_DIRS", folder() / "desktop");
     mapWebTo("~NOTFOUND");
     QAccessible::setActive(true);
@@ -133,18 +133,18 @@ std::unique_ptr<Process> WindowFixture::listen(int count) const {
 
 void WindowFixture::announce() {
     using namespace platform;
-    static int heard = 0;
-    // The centre keeps its observers, each once, and tells them in the order they came in: this one after the
-    // window.
+    static int received = 0;
+    // The centre keeps its observers, each once, and notifies them in the order of their registration: this
+    // one after the window.
     CFNotificationCenterAddObserver(
-        CFNotificationCenterGetDistributedCenter(), &heard,
+        CFNotificationCenterGetDistributedCenter(), &received,
         [](CFNotificationCenter&, void*, std::string_view, const std::string*, const Dictionary*) {
-            ++heard;
+            ++received;
         },
         "com.tavix.wardlock/update", nullptr, CFNotificationSuspensionBehavior::DeliverImmediately);
-    const int before = heard;
+    const int before = received;
     post({"com.tavix.wardlock/update"});
-    EXPECT_TRUE(until([&] { return heard > before; }));
+    EXPECT_TRUE(until([&] { return received > before; }));
     scene().settle();
 }
 

@@ -15,15 +15,15 @@
 
 namespace wardlock::test {
 
-/// A test of the window: a device root and a bus of its own, provisioned with the bundle of this build; the
-/// window as a person gets it, drawn in memory; a clock that is stepped; mails and opened URLs that are only
-/// written down.
+/// A test of the window, with a device root and a bus of its own, provisioned with the bundle of this build.
+/// The window is as a user gets it, but drawn in memory. The clock is stepped, and mails and opened URLs are
+/// only recorded.
 class WindowFixture : public BusFixture {
 protected:
     WindowFixture();
     ~WindowFixture() override;
 
-    /// Provisions the device and opens the window; once. What it says is what the host found wrong.
+    /// Provisions the device and opens the window; once. Returns the problems that the host found.
     std::vector<std::string> open(double transitionSeconds = 0, QSize size = {390, 844});
     /// Opens the window and, in it, Wardlock's first page.
     void openWardlock();
@@ -46,9 +46,9 @@ protected:
     platform::Value account(std::size_t index, std::string_view key) const;
     std::vector<std::string> accountNames() const;
     void setInAccount(std::size_t index, std::string_view key, platform::Value value) const;
-    /// Another process that hears the announcements; its readLine() tells "key = object; ...".
+    /// Another process that receives the announcements; its readLine() returns "key = object; ...".
     std::unique_ptr<Process> listen(int count = 1) const;
-    /// What another process does after it has changed the document; until the window has heard it.
+    /// What another process does after it has changed the document; until the window has received it.
     void announce();
 
     shell::ManualClock clock;

@@ -6,7 +6,7 @@
 #include <dlfcn.h>
 #include <type_traits>
 
-/// What the functions that stand in for the C library's have in common. They bear names of their own and get
+/// What the functions that replace those of the C library have in common. They have their own names and get
 /// the C library's at the assembler: so they need not repeat the exact declarations of this C library.
 #define WARDLOCK_STANDS_FOR(name) __asm__(name) __attribute__((visibility("default"), used))
 
@@ -18,7 +18,7 @@ Function* behind(const char* name) {
     return reinterpret_cast<Function*>(::dlsym(RTLD_NEXT, name));
 }
 
-/// Which call it is: its function, the path it is upon, and what the journal tells of it.
+/// Which call it is: its function, the path it is upon, and what the journal records of it.
 struct Call {
     std::string function;
     Room room = Room::None;
@@ -34,23 +34,23 @@ long number(Result result) {
         return static_cast<long>(result);
 }
 
-/// Makes a call that counts, or what stands in the plan instead of it.
+/// Makes a call that counts, or what the plan puts in its place.
 template <class Result, class Act>
 Result make(const Call& call, Result failed, Act act) {
-    FaultInjector& desk = FaultInjector::shared();
-    const Fate fate = desk.meet(call.function, call.room, call.path);
+    FaultInjector& injector = FaultInjector::shared();
+    const Fate fate = injector.meet(call.function, call.room, call.path);
     const int before = errno;
     Result result = failed;
     errno = fate.error ? fate.error : before;
     if (!fate.error)
         result = act(fate);
     const int after = errno;
-    desk.record(call.function, result == failed ? after : 0, number(result), call.fields);
+    injector.record(call.function, result == failed ? after : 0, number(result), call.fields);
     errno = after;
     return result;
 }
 
-/// Makes the call, through the desk where it is upon a file that counts. `upon` is a path or a handle.
+/// Makes the call, through the injector where it is upon a file that counts. `upon` is a path or a handle.
 template <class Result, class Upon, class Act>
 Result conduct(const Upon& upon, const Call& call, Result failed, Act act) {
     const std::lock_guard guard(FaultInjector::shared().mutex());

@@ -14,12 +14,12 @@ namespace wardlock::test::shim {
 namespace {
 
 std::string variable(const char* name) {
-    // Nobody changes the environment while the process is being loaded.
+    // The environment does not change while the process is being loaded.
     const char* text = std::getenv(name);
     return text ? text : "";
 }
 
-// The desk's own calls go to the kernel directly: those of the C library lead back here.
+// The injector's own calls go to the kernel directly: those of the C library lead back here.
 
 int openDirectly(const std::string& path, int flags) {
     return static_cast<int>(::syscall(SYS_openat, AT_FDCWD, path.c_str(), flags | O_CLOEXEC, 0600));
@@ -38,9 +38,9 @@ std::optional<std::string> bytesOf(const std::string& path) {
 } // namespace
 
 FaultInjector& FaultInjector::shared() {
-    // Never destroyed: files are closed by whoever ends last.
-    static FaultInjector* const desk = new FaultInjector;
-    return *desk;
+    // Never destroyed: files are closed until the process ends.
+    static FaultInjector* const injector = new FaultInjector;
+    return *injector;
 }
 
 FaultInjector::FaultInjector()
@@ -50,7 +50,7 @@ FaultInjector::FaultInjector()
         below_.push_back(folder);
 }
 
-bool FaultInjector::holds(std::string_view path) const {
+bool FaultInjector::contains(std::string_view path) const {
     for (const std::string& folder : below_)
         if (path == folder || (path.starts_with(folder) && path[folder.size()] == '/'))
             return true;
@@ -58,7 +58,7 @@ bool FaultInjector::holds(std::string_view path) const {
 }
 
 bool FaultInjector::isArmed() {
-    // The end of a folder is told from an error by errno alone: it must stay what it was.
+    // Only errno distinguishes the end of a folder from an error: it must stay what it was.
     const int before = errno;
     const bool hasPlan =
         !planFile_.empty() && ::syscall(SYS_faccessat, AT_FDCWD, planFile_.c_str(), F_OK) == 0;
@@ -87,12 +87,12 @@ std::string FaultInjector::pathOf(DIR* folder) const {
 }
 
 void FaultInjector::opened(int descriptor, std::string_view path) {
-    if (holds(path))
+    if (contains(path))
         files_[descriptor] = path;
 }
 
 void FaultInjector::opened(DIR* folder, std::string_view path) {
-    if (holds(path))
+    if (contains(path))
         folders_[folder] = path;
 }
 

@@ -26,10 +26,10 @@ class FaultInjector {
 public:
     static FaultInjector& shared();
 
-    /// Held by whoever asks the desk, until the call has been recorded.
+    /// Locked by the caller of the injector until the call has been recorded.
     std::recursive_mutex& mutex() { return mutex_; }
 
-    bool counts(std::string_view path) { return holds(path) && isArmed(); }
+    bool counts(std::string_view path) { return contains(path) && isArmed(); }
     bool counts(int descriptor) { return files_.contains(descriptor) && isArmed(); }
     bool counts(DIR* folder) { return folders_.contains(folder) && isArmed(); }
     std::string pathOf(int descriptor) const;
@@ -44,7 +44,7 @@ public:
     /// The next call. Does not come back when the process is to be killed before it.
     Fate meet(std::string_view function, Room room, std::string_view path);
     void record(std::string_view function, int error, long result, const std::vector<std::string>& fields);
-    /// Something that is no file call, at its place among them.
+    /// An event that is not a file call, at its place among them.
     void remark(std::string_view what);
     [[noreturn]] static void endProcess();
 
@@ -52,7 +52,7 @@ public:
 
 private:
     FaultInjector();
-    bool holds(std::string_view path) const;
+    bool contains(std::string_view path) const;
     void writeLine(const std::string& line) const;
 
     std::recursive_mutex mutex_;

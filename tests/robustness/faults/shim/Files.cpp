@@ -95,7 +95,7 @@ ssize_t shimReadlinkat(int file, const char* path, char* room, size_t size) {
 
 ssize_t shimRead(int file, void* room, size_t size) {
     static auto* const next = behind<ssize_t(int, void*, size_t)>("read");
-    // Whoever waits for input must not hold the desk meanwhile.
+    // A thread that waits for input must not keep the injector locked.
     {
         const std::lock_guard guard(FaultInjector::shared().mutex());
         if (FaultInjector::shared().counts(file))
@@ -111,14 +111,14 @@ ssize_t shimWrite(int file, const void* bytes, size_t size) {
     if (!FaultInjector::shared().counts(file))
         return next(file, bytes, size);
     Call call = upon(file, "write", Room::Needed);
-    FaultInjector& desk = FaultInjector::shared();
-    const Fate fate = desk.meet(call.function, call.room, call.path);
+    FaultInjector& injector = FaultInjector::shared();
+    const Fate fate = injector.meet(call.function, call.room, call.path);
     const size_t taken = fate.torn ? size / 2 : std::min(size, fate.most);
     errno = fate.error;
     const ssize_t count = fate.error ? -1 : next(file, bytes, taken);
     const int error = count < 0 ? errno : 0;
     call.fields.push_back(hexadecimal(bytes, count > 0 ? static_cast<size_t>(count) : 0));
-    desk.record(call.function, error, count, call.fields);
+    injector.record(call.function, error, count, call.fields);
     if (fate.torn)
         FaultInjector::endProcess();
     errno = error;
@@ -174,18 +174,18 @@ int shimFdatasync(int file) {
 int shimClose(int file) {
     static auto* const next = behind<int(int)>("close");
     const std::lock_guard guard(FaultInjector::shared().mutex());
-    FaultInjector& desk = FaultInjector::shared();
-    if (!desk.counts(file)) {
-        desk.closed(file);
+    FaultInjector& injector = FaultInjector::shared();
+    if (!injector.counts(file)) {
+        injector.closed(file);
         return next(file);
     }
     const Call call = upon(file, "close");
-    const Fate fate = desk.meet(call.function, call.room, call.path);
+    const Fate fate = injector.meet(call.function, call.room, call.path);
     // Gone in any case, as the kernel has it.
-    desk.closed(file);
+    injector.closed(file);
     const int result = next(file);
     const int error = fate.error ? fate.error : result < 0 ? errno : 0;
-    desk.record(call.function, error, error ? -1 : 0, call.fields);
+    injector.record(call.function, error, error ? -1 : 0, call.fields);
     errno = error ? error : errno;
     return error ? -1 : 0;
 }

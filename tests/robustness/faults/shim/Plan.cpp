@@ -41,7 +41,7 @@ Fate Plan::fateOf(std::size_t call, std::string_view function, Room room, std::s
         fate.error = room == Room::Needed ? ENOSPC : 0;
     else if (verb_ == "shorten")
         fate.most = static_cast<std::size_t>(argument_);
-    // A descriptor is gone after an interrupted close: nobody repeats it.
+    // A descriptor is gone after an interrupted close: the call is not repeated.
     else if (verb_ == "interrupt" && function != "close" &&
              interrupted_.insert(std::string(function) + ' ' + std::string(path)).second)
         fate.error = EINTR;

@@ -30,7 +30,7 @@ enum class Room { None, Needed };
 ///   shorten N BYTES  call N, a write or a read, moves no more bytes; `shorten N- BYTES`: so do all after it
 class Plan {
 public:
-    /// None when the text is no plan.
+    /// None when the text is not a plan.
     static std::optional<Plan> parse(const std::string& text);
 
     Fate fateOf(std::size_t call, std::string_view function, Room room, std::string_view path);

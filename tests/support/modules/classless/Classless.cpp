@@ -1,7 +1,7 @@
 #include "platform/base/Export.h"
 
-extern "C" WARDLOCK_API int answer();
+extern "C" WARDLOCK_API int reply();
 
-int answer() {
+int reply() {
     return 42;
 }

@@ -29,8 +29,8 @@ void failThenChange(std::string_view point) {
     changeDocument();
 }
 
-void hear(platform::CFNotificationCenter&, void*, std::string_view, const std::string*,
-          const platform::Dictionary*) {
+void receive(platform::CFNotificationCenter&, void*, std::string_view, const std::string*,
+             const platform::Dictionary*) {
     failThenChange("bus");
 }
 
@@ -111,7 +111,7 @@ void FailingListController::observe() {
         platform::NSNotificationCenter::Action::of<&FailingListController::willResign>("willResign:"),
         platform::UIApplicationWillResignActiveNotification);
     platform::CFNotificationCenterAddObserver(platform::CFNotificationCenterGetDistributedCenter(), this,
-                                              hear, "test.failing/change", nullptr,
+                                              receive, "test.failing/change", nullptr,
                                               platform::CFNotificationSuspensionBehavior::DeliverImmediately);
 }
 

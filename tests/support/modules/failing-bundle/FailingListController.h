@@ -12,7 +12,7 @@
 namespace wardlock::test {
 
 /// A page that can be entered in every way there is. Each way comes to a failAt(), named after it, and writes
-/// into the preferences document afterwards where a person has caused it.
+/// into the preferences document afterwards when the user has caused it.
 class FailingListController : public platform::PSListController,
                               public platform::MFMailComposeViewControllerDelegate,
                               public platform::SBUIPasscodeLockViewDelegate {

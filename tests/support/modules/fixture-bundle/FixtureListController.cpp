@@ -121,7 +121,7 @@ std::optional<Value> FixtureListController::getValue(PSSpecifier& specifier) {
     const auto values = platform::dictionaryWithContentsOfFile(valuesPath);
     const Value* value = values ? values->find(specifier.identifier()) : nullptr;
     if (value && value->kind() == Value::Kind::Dictionary)
-        throw platform::NSException(platform::NSGenericException, "a row holds no dictionary");
+        throw platform::NSException(platform::NSGenericException, "a row contains no dictionary");
     return value ? std::optional(*value) : std::nullopt;
 }
 

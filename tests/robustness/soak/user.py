@@ -1,13 +1,13 @@
-"""Somebody who does anything that Settings lets a person do, at random. What there is to do is read off the picture
-that `see` answers."""
+"""A user who does anything that Settings allows, at random. What is possible is read from the picture that `see`
+returns."""
 
 NAMES = ["Tom", "Ann", "Zoë", "李", "A & B <c>", "  ", "", "Default", "x" * 60, "tab\tand line\nfeed", "\u202eright to left"]
 MOST_ACCOUNTS = 8
 KEYPAD_FADE = 0.4  # seconds
 
 
-def stands_in_account(picture):
-    """Whether a page that stands on an account's position is open: the account's, its picker, or its name's typing."""
+def shows_account(picture):
+    """Whether a page of an account's position is open: the account's, its picker, or its name's typing."""
     page = picture["page"]
     return "table" in page or any("kRestrict" in row.get("key", "") for row in rows_of(page))
 
@@ -16,10 +16,10 @@ def rows_of(page):
     return [row for section in page.get("sections", []) for row in section["rows"]]
 
 
-class Person:
+class User:
     def __init__(self, random, passcode):
         self.random = random
-        self.passcode = passcode  # a function: the one that the document holds now
+        self.passcode = passcode  # a function: the one of the document now
         self.transitions = False
         self.may_delete = True
 

@@ -1,5 +1,5 @@
-// Files that are made to cost whoever reads them more than there is: a terabyte of nothing, a million levels,
-// a million million elements, a pipe that nobody writes to. Whoever reads them has little memory.
+// Files that are made to exhaust their reader: a terabyte of nothing, a million levels, a million million
+// elements, a pipe without a writer. Their reader has little memory.
 
 #include "platform/files/DeviceRoot.h"
 #include "tests/robustness/hostile/HostileFixture.h"
@@ -65,7 +65,7 @@ std::string binaryOfManyObjects() {
 /// What an Info.plist may be instead of one.
 struct Bomb {
     const char* name;
-    std::function<void(const std::string& path)> lay;
+    std::function<void(const std::string& path)> plant;
 };
 
 void write(const std::string& path, const std::string& bytes) {
@@ -141,7 +141,7 @@ TEST_F(HostileFiles, ReplaceABundlesInfoAndAreLeftOutWithANotice) {
     for (const Bomb& bomb : bombs()) {
         const std::string folder = std::string("/Library/PreferenceBundles/") + bomb.name + ".bundle";
         putFolder(folder);
-        bomb.lay(onDisk(folder) + "/Info.plist");
+        bomb.plant(onDisk(folder) + "/Info.plist");
     }
     const std::string seen = settings("{\"do\":\"see\"}\n{\"do\":\"tap\",\"row\":\"Wardlock\"}\n");
     for (const Bomb& bomb : bombs())
@@ -152,7 +152,7 @@ TEST_F(HostileFiles, ReplaceAnApplicationsInfoAndAreLeftOutWithALogEntry) {
     for (const Bomb& bomb : bombs()) {
         const std::string folder = std::string("/Applications/") + bomb.name + ".app";
         putFolder(folder);
-        bomb.lay(onDisk(folder) + "/Info.plist");
+        bomb.plant(onDisk(folder) + "/Info.plist");
     }
     putApplication("Whole.app", "org.example.whole", "Whole");
     EXPECT_TRUE(contains(settings(openPicker), "org.example.whole"));
@@ -166,7 +166,7 @@ TEST_F(HostileFiles, ReplaceAnApplicationsInfoAndAreLeftOutWithALogEntry) {
 TEST_F(HostileFiles, AreReportedByTheCommandThatReadsThem) {
     for (const Bomb& bomb : bombs()) {
         const std::string path = folder() / bomb.name;
-        bomb.lay(path);
+        bomb.plant(path);
         const ProcessResult result = run({"plist", "lint", path});
         // One of them is a property list: a large one, that fits.
         const bool fits = std::string_view(bomb.name) == "Arrays";
@@ -178,7 +178,7 @@ TEST_F(HostileFiles, AreReportedByTheCommandThatReadsThem) {
 
 TEST_F(HostileFiles, ReplaceTheDocumentAndLeaveTheCommandWorking) {
     for (const Bomb& bomb : bombs()) {
-        bomb.lay(onDisk(documentPath));
+        bomb.plant(onDisk(documentPath));
         const ProcessResult result = run({"status"});
         EXPECT_EQ(result.exitCode, 0) << bomb.name << result.errors;
         EXPECT_TRUE(contains(result.output, "Enabled account: none")) << bomb.name;

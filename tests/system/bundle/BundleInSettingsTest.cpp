@@ -12,7 +12,7 @@ using platform::Value;
 
 using Labels = std::vector<std::string>;
 
-/// The bundle of this build, loaded and used as a person does.
+/// The bundle of this build, loaded and used as a user does.
 class BundleInSettings : public SettingsApplicationFixture {
 protected:
     void open(std::initializer_list<std::string_view> accountNames, double transitionSeconds = 0) {

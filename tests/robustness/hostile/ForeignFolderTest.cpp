@@ -20,7 +20,7 @@ namespace fs = std::filesystem;
 using platform::riskOfFolder;
 using shell::Provision;
 
-/// What a person is told when such a folder is met, and nothing more.
+/// The whole message when such a folder is found.
 std::vector<std::string> refusal(const std::string& folder, const std::string& reason) {
     return {"cannot use folder " + folder + ": " + reason};
 }
@@ -70,7 +70,7 @@ TEST_F(ForeignFolder, IsNotUsedBehindALinkOfAnotherUser) {
     SKIP_WITHOUT_OTHER_USER();
     makeFolder("/elsewhere");
     fs::remove_all(onDisk("/var"));
-    OtherUser::layLink(onDisk("/elsewhere"), onDisk("/var"));
+    OtherUser::createLink(onDisk("/elsewhere"), onDisk("/var"));
     EXPECT_EQ(Provision().problems(),
               refusal(onDisk("/var"), onDisk("/var") + " is a symbolic link of another user"));
     EXPECT_TRUE(fs::is_empty(onDisk("/elsewhere")));
@@ -98,7 +98,7 @@ TEST_F(ForeignFolder, IsNotUsedInAHomeThatAGroupCanChange) {
     EXPECT_TRUE(fs::exists(rootIn(home) + documentPath));
 }
 
-// As sudo leaves it where it keeps HOME: what root made there the user could not change any more.
+// As sudo leaves it where it keeps HOME: the user could no longer change what root made there.
 TEST_F(ForeignFolder, IsNotUsedByRootInTheHomeOfTheUserWhoBecameRoot) {
     SKIP_WITHOUT_OTHER_USER();
     const std::string home = useHome();

@@ -1,4 +1,4 @@
-// Desktop entries, icon themes and icons that are made to hold up, to cost or to lead astray whoever lists
+// Desktop entries, icon themes and icons that are made to delay, exhaust or mislead the process that lists
 // the applications.
 
 #include "tests/support/AppListFixture.h"
@@ -15,7 +15,7 @@ namespace fs = std::filesystem;
 
 struct Bomb {
     const char* name;
-    std::function<void(const std::string& path)> lay;
+    std::function<void(const std::string& path)> plant;
 };
 
 /// In the place of a file.
@@ -54,7 +54,7 @@ protected:
 
 TEST_F(HostileDesktopFiles, ReplaceEntriesAndAreLeftOut) {
     for (const Bomb& bomb : bombs())
-        bomb.lay(entries() + bomb.name + ".desktop");
+        bomb.plant(entries() + bomb.name + ".desktop");
     expectOnlyTheGoodOne();
 }
 
@@ -80,7 +80,7 @@ TEST_F(HostileDesktopFiles, ReplaceAThemesIndexAndLeaveTheOtherFolders) {
     for (const Bomb& bomb : bombs()) {
         const std::string name = std::string("theme-") + bomb.name;
         fs::create_directories(dataFolder() + "/icons/" + name);
-        bomb.lay(dataFolder() + "/icons/" + name + "/index.theme");
+        bomb.plant(dataFolder() + "/icons/" + name + "/index.theme");
     }
     writeDesktop("icons/hicolor/index.theme",
                  std::string("[Icon Theme]\nName=hicolor\nInherits=theme-pipe,theme-zeros,"
@@ -94,9 +94,9 @@ TEST_F(HostileDesktopFiles, ReplaceIconsAndAreNotShown) {
     writeTheme(oneFolder);
     fs::create_directories(dataFolder() + "/icons/hicolor/64x64/apps");
     for (const Bomb& bomb : bombs()) {
-        bomb.lay(dataFolder() + "/icons/hicolor/64x64/apps/" + bomb.name + ".png");
+        bomb.plant(dataFolder() + "/icons/hicolor/64x64/apps/" + bomb.name + ".png");
         const std::string path = dataFolder() + "/" + bomb.name;
-        bomb.lay(path);
+        bomb.plant(path);
         writeEntry(std::string("themed-") + bomb.name + ".desktop",
                    std::string("Name=x\nIcon=") + bomb.name + "\n");
         writeEntry(std::string("path-") + bomb.name + ".desktop", "Name=x\nIcon=" + path + "\n");

@@ -1,4 +1,4 @@
-// A command that cannot store what it was told to: it says so in one line, with the reason the system gave.
+// A command that cannot store a value reports it in one line, with the reason of the system.
 
 #include "tests/robustness/faults/Journal.h"
 #include "tests/support/BuildPaths.h"
@@ -33,7 +33,7 @@ protected:
         return runProcess(programFolder() + "/wardlock",
                           {"plist", "set", onDisk(list), "kEnabled", "bool", "true"}, setup_);
     }
-    std::string told(const std::string& reason) const {
+    std::string messageWith(const std::string& reason) const {
         return "wardlock plist set: cannot write " + onDisk(list) + ": " + reason + "\n";
     }
 
@@ -44,7 +44,7 @@ private:
 TEST_F(WriteErrorMessage, NamesAFullDisk) {
     const ProcessResult result = set("fill 1-");
     EXPECT_EQ(result.exitCode, 1);
-    EXPECT_EQ(result.errors, told("No space left on device"));
+    EXPECT_EQ(result.errors, messageWith("No space left on device"));
     EXPECT_EQ(readFile(list), "<plist><dict/></plist>");
 }
 
@@ -57,10 +57,10 @@ TEST_F(WriteErrorMessage, NamesTheErrorOfEveryCallThatTheWriteNeeds) {
             continue;
         writeFile(list, "<plist><dict/></plist>");
         const ProcessResult result = set("fail " + std::to_string(call.number) + " " + std::to_string(EROFS));
-        // The folder's own sync comes when the new list stands already; that it is not safe is told all the
-        // same.
+        // The folder's own sync follows the rename: the new list is in place, but its failure is
+        // reported all the same.
         EXPECT_EQ(result.exitCode, 1) << call.function;
-        EXPECT_EQ(result.errors, told("Read-only file system")) << call.function;
+        EXPECT_EQ(result.errors, messageWith("Read-only file system")) << call.function;
         ++refused;
     }
     EXPECT_GE(refused, 4U) << "a file is made, written, synced and renamed";

@@ -1,5 +1,5 @@
-// A command that runs out of what the system gives a process: room in a file, descriptors, somebody who reads
-// what it says. It says so, and the document is as it was or as it was to be.
+// A command that runs out of what the system gives a process: room in a file, descriptors, a reader of its
+// output. It reports that, and the document is the old or the new one.
 
 #include "platform/plist/PropertyListFile.h"
 #include "settings/Settings.h"
@@ -62,16 +62,16 @@ protected:
     static bool isOneLine(const std::string& text) {
         return std::ranges::count(text, '\n') == 1 && text.ends_with('\n') && text.size() > 1;
     }
-    /// It did what it was to do, or told in one line why not; nothing ended it.
-    static testing::AssertionResult answers(const ProcessResult& result) {
+    /// It did what it was to do, or reported in one line why not; no signal ended it.
+    static testing::AssertionResult endsOrderly(const ProcessResult& result) {
         const bool did = result.exitCode == 0 && result.errors.empty();
-        const bool told = result.exitCode == 1 && isOneLine(result.errors);
-        // With very few descriptors the system's loader is the one that tells.
+        const bool reported = result.exitCode == 1 && isOneLine(result.errors);
+        // With very few descriptors the system's loader reports it.
         const bool notBegun = result.exitCode == 127 && isOneLine(result.errors);
-        return did || told || notBegun ? testing::AssertionSuccess()
-                                       : testing::AssertionFailure()
-                                             << "exit code " << result.exitCode << ", signal "
-                                             << result.signal << ": " << result.errors;
+        return did || reported || notBegun ? testing::AssertionSuccess()
+                                           : testing::AssertionFailure()
+                                                 << "exit code " << result.exitCode << ", signal "
+                                                 << result.signal << ": " << result.errors;
     }
     testing::AssertionResult documentIsAsBefore() const {
         return readFile(documentPath) == before_ ? testing::AssertionSuccess()
@@ -82,7 +82,7 @@ protected:
         const platform::Value* value = document ? document->find("kEnabled") : nullptr;
         return document && document->size() == 3 && value && !value->boolean();
     }
-    /// Neither a temporary nor a kept copy stands beside the document; the folder of its versions may.
+    /// Neither a temporary nor a kept copy is beside the document; the folder of its versions may.
     bool documentIsAlone() const {
         const fs::directory_iterator all(onDisk(documentFolder));
         return std::count_if(begin(all), end(all),
@@ -131,10 +131,10 @@ TEST_F(ResourceLimit, FailsAReadOrLeavesItRightWhenDescriptorsAreLimited) {
     for (int descriptors = fewest; descriptors <= most; ++descriptors) {
         const std::string limit = "ulimit -n " + std::to_string(descriptors);
         const ProcessResult read = run(limit, dump);
-        EXPECT_TRUE(answers(read)) << descriptors;
+        EXPECT_TRUE(endsOrderly(read)) << descriptors;
         EXPECT_TRUE(read.exitCode != 0 || read.output == dumped.output) << descriptors;
         // The defaults take the place of what cannot be read; they never reach the disk.
-        EXPECT_TRUE(answers(run(limit, {"status"}))) << descriptors;
+        EXPECT_TRUE(endsOrderly(run(limit, {"status"}))) << descriptors;
         ASSERT_TRUE(documentIsAsBefore()) << descriptors;
     }
     EXPECT_EQ(run("ulimit -n 64", {"status"}).output, status.output);
@@ -153,7 +153,7 @@ TEST_F(ResourceLimit, LeavesTheOldOrTheNewDocumentWhenDescriptorsAreLimited) {
     bool done = false;
     for (int descriptors = fewest; descriptors <= most; ++descriptors) {
         const ProcessResult result = run("ulimit -n " + std::to_string(descriptors), setEnabled());
-        EXPECT_TRUE(answers(result)) << descriptors;
+        EXPECT_TRUE(endsOrderly(result)) << descriptors;
         (result.exitCode == 0 ? done : failed) = true;
         EXPECT_TRUE(result.exitCode == 0 ? documentIsDisabled() : bool(documentIsAsBefore())) << descriptors;
         EXPECT_TRUE(documentIsAlone()) << descriptors;
@@ -183,9 +183,9 @@ TEST_F(ResourceLimit, KeepsTheDocumentWhenStandardStreamsAreClosed) {
         EXPECT_TRUE(documentIsAlone()) << closed;
         removeFile(documentPath);
         SettingsNew();
-        const bool isTold =
+        const bool isReported =
             std::string(closed).find(">&-") != 0 && std::string(closed).find(" >&-") == std::string::npos;
-        EXPECT_EQ(run(std::string("exec ") + closed, {"status"}).exitCode, isTold ? 0 : 1) << closed;
+        EXPECT_EQ(run(std::string("exec ") + closed, {"status"}).exitCode, isReported ? 0 : 1) << closed;
         ASSERT_TRUE(documentIsAsBefore()) << closed;
     }
 }
