@@ -55,8 +55,9 @@ set(CPACK_COMPONENT_WARDLOCK_DEPENDS libwardlock)
 string(JOIN ", " CPACK_DEBIAN_WARDLOCK_PACKAGE_DEPENDS
   qml6-module-qtquick qml6-module-qtquick-window qml6-module-qtqml qml6-module-qtqml-workerscript libqt6svg6 hicolor-icon-theme
   fonts-inter)
-# The web page in the window, mail and links, and the window on Wayland.
-set(CPACK_DEBIAN_WARDLOCK_PACKAGE_RECOMMENDS "qml6-module-qtwebengine, qt6-wayland, xdg-utils")
+# The web page in the window, mail and links, the window on Wayland, and letters that applications' names use and Inter lacks.
+set(CPACK_DEBIAN_WARDLOCK_PACKAGE_RECOMMENDS
+  "qml6-module-qtwebengine, qt6-wayland, xdg-utils, fonts-noto-color-emoji, fonts-noto-cjk")
 
 # The version in the SONAME of the libraries.
 get_target_property(soname wardlock-settings-library SOVERSION)

@@ -14,6 +14,17 @@ std::shared_ptr<PSSpecifier> specifierNamed(const std::string& name, PSCellType 
     return PSSpecifier::preferenceSpecifierNamed(name, nullptr, {}, {}, nullptr, cell, nullptr);
 }
 
+/// Returns the bundle's first page; null with the reason when the bundle offers none.
+std::shared_ptr<platform::UIViewController> firstPage(const BundleEntry& entry, std::string& reason) {
+    const platform::Class* principal = entry.bundle->principalClass(reason);
+    if (!principal)
+        return nullptr;
+    auto page = std::dynamic_pointer_cast<platform::UIViewController>(principal->create());
+    if (!page)
+        reason = std::string(principal->name()) + " is not a page";
+    return page;
+}
+
 } // namespace
 
 BundleListController::~BundleListController() = default;
@@ -52,14 +63,19 @@ void BundleListController::tableViewDidSelectRowAtIndexPath(platform::NSIndexPat
     }
 }
 
+std::shared_ptr<platform::UIViewController>
+BundleListController::detailPageForRowAtIndexPath(platform::NSIndexPath path) {
+    std::string reason;
+    return path.section == 0 && path.row < bundles_.entries().size()
+               ? firstPage(bundles_.entries()[path.row], reason)
+               : nullptr;
+}
+
 void BundleListController::open(const BundleEntry& entry) {
     std::string reason;
-    const platform::Class* principal = entry.bundle->principalClass(reason);
-    if (!principal)
-        return showFailure(entry, reason);
-    const auto page = std::dynamic_pointer_cast<platform::UIViewController>(principal->create());
+    const auto page = firstPage(entry, reason);
     if (!page)
-        return showFailure(entry, std::string(principal->name()) + " is not a page");
+        return showFailure(entry, reason);
     if (page->title().empty())
         page->setTitle(entry.name);
     if (page->title().empty())

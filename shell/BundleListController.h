@@ -16,6 +16,9 @@ public:
     /// Reads again which bundles exist.
     void viewWillAppear(bool animated) override;
     void tableViewDidSelectRowAtIndexPath(platform::NSIndexPath path) override;
+    /// Loads the bundle of the row; null when that fails.
+    std::shared_ptr<platform::UIViewController>
+    detailPageForRowAtIndexPath(platform::NSIndexPath path) override;
 
 private:
     void open(const BundleEntry& entry);

@@ -18,6 +18,7 @@ SettingsApplication::SettingsApplication(platform::AnimationClock& clock, double
       changes_(screen_.stack(), [this](platform::UIView& view) { endEditingIn(view); }),
       unsaved_(screen_, changes_), account_(screen_, changes_),
       pageInput_(screen_, changes_, account_, boundary_), sheetInput_(screen_, account_, boundary_),
+      search_(screen_, changes_, pageInput_, boundary_),
       liveRefresh_(screen_, changes_, account_, boundary_) {
     platform::setDiagnosticsHandler(&appendToLog);
     platform::setVersionPlace(SettingsPlace);
@@ -98,6 +99,8 @@ void SettingsApplication::settle() {
     if (std::exchange(inTransition_, screen_.isInTransition()) && !inTransition_)
         changes_.transitionEnded();
     readTopPage();
+    if (!closed_)
+        search_.proceed();
     changes_.deliver();
 }
 

@@ -8,6 +8,7 @@
 #include "shell/screen/ScreenChanges.h"
 #include "shell/screen/ShownAccount.h"
 #include "shell/screen/UnsavedChanges.h"
+#include "shell/search/SettingsSearch.h"
 
 #include <memory>
 
@@ -36,6 +37,7 @@ public:
     Screen& screen() { return screen_; }
     PageInput& page() { return pageInput_; }
     SheetInput& sheets() { return sheetInput_; }
+    SettingsSearch& search() { return search_; }
 
     void setTransitionSeconds(double seconds);
     /// Does what is due on the main loop without waiting: log entries, other processes' changes.
@@ -70,6 +72,7 @@ private:
     ShownAccount account_;
     PageInput pageInput_;
     SheetInput sheetInput_;
+    SettingsSearch search_;
     LiveRefresh liveRefresh_;
     /// The most recent mail sheet, until the outcome of its mail has been shown.
     std::shared_ptr<platform::MFMailComposeViewController> mail_;

@@ -104,6 +104,11 @@ void SettingsWindow::rowInserted(shell::Page& page, platform::NSIndexPath, bool)
     listReset(page);
 }
 
+void SettingsWindow::rowFound(shell::Page& page, platform::NSIndexPath path) {
+    if (auto* model = pages_.find(page))
+        model->rowWasFound(path);
+}
+
 void SettingsWindow::contentChanged(shell::Page& page) {
     if (auto* model = pages_.find(page))
         model->contentMayHaveChanged();

@@ -67,6 +67,7 @@ private:
     void listReset(shell::Page& page) override;
     void rowChanged(shell::Page& page, platform::NSIndexPath path) override;
     void rowInserted(shell::Page& page, platform::NSIndexPath path, bool animated) override;
+    void rowFound(shell::Page& page, platform::NSIndexPath path) override;
     void contentChanged(shell::Page& page) override;
     void tableRowChanged(shell::Page& page, platform::NSIndexPath path) override;
     void overlayChanged() override;

@@ -6,6 +6,7 @@
 #include "window/items/BlurredBackdrop.h"
 #include "window/items/Chevron.h"
 #include "window/items/Layer.h"
+#include "window/items/Magnifier.h"
 #include "window/items/RowIcon.h"
 #include "window/items/TableCell.h"
 #include "window/items/Theme.h"
@@ -24,6 +25,7 @@ WindowHost::WindowHost(platform::AnimationClock& clock, double transitionSeconds
     qmlRegisterType<BlurredBackdrop>("Wardlock.Native", 1, 0, "BlurredBackdrop");
     qmlRegisterType<Chevron>("Wardlock.Native", 1, 0, "Chevron");
     qmlRegisterType<Layer>("Wardlock.Native", 1, 0, "Layer");
+    qmlRegisterType<Magnifier>("Wardlock.Native", 1, 0, "Magnifier");
     qmlRegisterType<RowIcon>("Wardlock.Native", 1, 0, "RowIcon");
     qmlRegisterType<TableCell>("Wardlock.Native", 1, 0, "TableCell");
     qmlRegisterType<Toggle>("Wardlock.Native", 1, 0, "Toggle");

@@ -44,7 +44,7 @@ Json rowJson(const Row& row) {
     }
     if (row.marked)
         json["marked"] = true;
-    if (row.icon)
+    if (row.icon && !row.icon->isEmpty())
         json["icon"] = true;
     if (!row.enabled)
         json["enabled"] = false;
@@ -59,7 +59,7 @@ Json rowJson(const shell::TableRow& row) {
         json["detail"] = row.detail();
     if (row.switchControl())
         json["on"] = row.isOn();
-    if (row.icon())
+    if (row.icon() && !row.icon()->isEmpty())
         json["icon"] = true;
     return json;
 }

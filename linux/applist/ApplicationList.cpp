@@ -20,12 +20,13 @@ int pixelsOf(int points) {
         std::lround(points * std::clamp(DeviceInformation::current().screenScale(), 1.0, LargestScale)));
 }
 
+/// Most icons are never shown: their files are searched for when they are.
 std::shared_ptr<UIImage> imageOf(const Application& application, int pixels) {
-    std::string path =
-        application.folder.empty() ? desktopIcon(application, pixels) : bundleIcon(application, pixels);
-    if (path.empty() || !IconFile::read(path))
-        return nullptr;
-    return std::make_shared<UIImage>(std::move(path), std::string());
+    return std::make_shared<UIImage>([application, pixels] {
+        std::string path =
+            application.folder.empty() ? desktopIcon(application, pixels) : bundleIcon(application, pixels);
+        return IconFile::read(path) ? path : std::string();
+    });
 }
 
 } // namespace

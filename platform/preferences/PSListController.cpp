@@ -61,17 +61,23 @@ void PSListController::tableViewDidSelectRowAtIndexPath(NSIndexPath path) {
         return;
     if (row->cellType() == PSCellType::Button)
         row->performButtonAction();
-    if (row->cellType() != PSCellType::Link && row->cellType() != PSCellType::LinkList)
-        return;
     const auto stack = navigationController();
-    if (!stack || !row->detailControllerClass())
+    if (!stack)
         return;
-    const auto page = std::dynamic_pointer_cast<UIViewController>(row->detailControllerClass()->create());
-    if (!page)
-        return;
+    if (const auto page = PSListController::detailPageForRowAtIndexPath(path))
+        stack->pushViewController(page, true);
+}
+
+std::shared_ptr<UIViewController> PSListController::detailPageForRowAtIndexPath(NSIndexPath path) {
+    const auto row = sections().at(path);
+    const bool leadsOn =
+        row && (row->cellType() == PSCellType::Link || row->cellType() == PSCellType::LinkList);
+    if (!leadsOn || !row->detailControllerClass())
+        return nullptr;
+    auto page = std::dynamic_pointer_cast<UIViewController>(row->detailControllerClass()->create());
     if (auto* list = dynamic_cast<PSListController*>(page.get()))
         list->setSpecifier(row);
-    stack->pushViewController(page, true);
+    return page;
 }
 
 const PSListSections& PSListController::sections() {

@@ -48,6 +48,8 @@ public:
     /// A person starts to drag the list.
     virtual void scrollViewWillBeginDragging() {}
 
+    /// For the host: creates the page that a tap on the row pushes; null where a tap pushes none.
+    virtual std::shared_ptr<UIViewController> detailPageForRowAtIndexPath(NSIndexPath path);
     /// For the host: the rows in their sections, valid until the list changes; whether the page shows the
     /// list.
     const PSListSections& sections();

@@ -19,7 +19,8 @@ public:
 
     /// Returns every installed application: display identifier to display name (a string).
     virtual Dictionary applications() = 0;
-    /// Returns a square icon of `size` points; null when the application is not installed or has none.
+    /// Returns a square icon of `size` points; null when the application is not installed. Of an application
+    /// without an icon, null or an empty image.
     virtual std::shared_ptr<UIImage> iconOfSize(int size, std::string_view displayIdentifier) = 0;
 };
 

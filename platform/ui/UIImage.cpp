@@ -3,9 +3,17 @@
 #include "platform/base/Diagnostics.h"
 #include "platform/files/FileSystem.h"
 
+#include <utility>
+
 namespace platform {
 
 UIImage::~UIImage() = default;
+
+const std::string& UIImage::path() const {
+    if (const auto search = std::exchange(search_, {}))
+        path_ = search();
+    return path_;
+}
 
 std::shared_ptr<UIImage> UIImage::imageWithContentsOfFile(std::string_view path) {
     std::string name(path);

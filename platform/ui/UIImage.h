@@ -3,6 +3,7 @@
 #include "platform/base/Object.h"
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -14,6 +15,9 @@ namespace platform {
 class WARDLOCK_API UIImage : public Object {
 public:
     UIImage(std::string path, std::string bytes) : path_(std::move(path)), bytes_(std::move(bytes)) {}
+    /// An image whose file is searched for when its path is first requested. The search returns an empty path
+    /// where there is no file.
+    explicit UIImage(std::function<std::string()> search) : search_(std::move(search)) {}
     ~UIImage() override;
 
     /// Bytes of an image's file; larger ones are not read.
@@ -22,14 +26,17 @@ public:
     /// Returns the image in a file of this machine; null when it cannot be read.
     static std::shared_ptr<UIImage> imageWithContentsOfFile(std::string_view path);
 
-    /// Empty where the image has only bytes.
-    const std::string& path() const { return path_; }
+    /// Empty where the image has only bytes, or none.
+    const std::string& path() const;
     /// PNG, JPEG or SVG; empty where the image has only a path.
     const std::string& bytes() const { return bytes_; }
+    /// Returns whether there is nothing to show.
+    bool isEmpty() const { return bytes_.empty() && path().empty(); }
 
 private:
-    std::string path_;
+    mutable std::string path_;
     std::string bytes_;
+    mutable std::function<std::string()> search_;
 };
 
 } // namespace platform

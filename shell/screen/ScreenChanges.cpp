@@ -126,6 +126,8 @@ void ScreenChanges::notifyOfPage(ScreenObserver& observer, const Change& change)
         return observer.rowChanged(*change.page, change.path);
     case Kind::RowInserted:
         return observer.rowInserted(*change.page, change.path, change.animated);
+    case Kind::RowFound:
+        return observer.rowFound(*change.page, change.path);
     case Kind::TableRow:
         return observer.tableRowChanged(*change.page, change.path);
     default:

@@ -35,6 +35,9 @@ public:
     void row(const std::shared_ptr<Page>& page, platform::NSIndexPath path) {
         add({Kind::Row, page, path, false});
     }
+    void found(const std::shared_ptr<Page>& page, platform::NSIndexPath path) {
+        add({Kind::RowFound, page, path, false});
+    }
     void editing() { add({Kind::Editing, nullptr, {}, false}); }
     void notice() { add({Kind::Notice, nullptr, {}, false}); }
     void page(const std::shared_ptr<Page>& page) { add({Kind::Page, page, {}, false}); }
@@ -53,6 +56,7 @@ private:
         List,
         Row,
         RowInserted,
+        RowFound,
         Content,
         TableRow,
         Overlay,

@@ -37,6 +37,8 @@ public:
     virtual void listReset(Page&) {}
     virtual void rowChanged(Page&, platform::NSIndexPath) {}
     virtual void rowInserted(Page&, platform::NSIndexPath, bool /*animated*/) {}
+    /// A search has led to this row of the page on top, which the user is now to see.
+    virtual void rowFound(Page&, platform::NSIndexPath) {}
 
     /// The views of a page that is not a list were replaced, or one of them looks different.
     virtual void contentChanged(Page&) {}

@@ -21,26 +21,41 @@ double Table::rowHeight(NSIndexPath path) {
 }
 
 std::shared_ptr<TableRow> Table::show(NSIndexPath path) {
-    std::erase_if(shown_, [](const auto& row) { return row.expired(); });
-    for (const auto& weak : shown_)
-        if (auto row = weak.lock(); row && row->path() == path)
-            return row;
+    std::erase_if(shown_, [](const auto& shown) { return shown.row.expired(); });
+    for (const auto& shown : shown_)
+        if (shown.path == path)
+            return shown.row.lock();
     if (!has(path))
         return nullptr;
     auto cell = boundary_.enter([&] { return view_->takeCell(path); });
     if (!cell)
         return nullptr;
+    const platform::UIView* const shownCell = cell.get();
     auto row = std::make_shared<TableRow>(view_, path, std::move(cell));
-    shown_.push_back(row);
+    shown_.push_back({path, shownCell, row});
     return row;
 }
 
+std::vector<std::string> Table::names() {
+    return boundary_.enter([&] {
+        std::vector<std::string> names;
+        for (std::size_t section = 0, sections = view_->numberOfSections(); section < sections; ++section) {
+            const std::size_t rows = view_->numberOfRowsInSection(section);
+            for (std::size_t row = 0; row < rows; ++row) {
+                const NSIndexPath path{section, row};
+                auto cell = view_->takeCell(path);
+                names.push_back(cell ? TableRow(view_, path, std::move(cell)).name() : std::string());
+            }
+        }
+        return names;
+    });
+}
+
 std::optional<NSIndexPath> Table::shownRow(const platform::UIView& view) {
-    for (const auto& weak : shown_) {
-        const auto row = weak.lock();
-        if (row && (row->isCell(view) || (view.superview() && row->isCell(*view.superview()))))
-            return row->path();
-    }
+    const auto above = view.superview();
+    for (const auto& shown : shown_)
+        if ((shown.cell == &view || shown.cell == above.get()) && !shown.row.expired())
+            return shown.path;
     return std::nullopt;
 }
 

@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace wardlock::shell {
@@ -26,13 +27,23 @@ public:
     /// Returns the row, which exists as long as the caller keeps it; callers that show the same row share it.
     /// Null when there is no such row.
     std::shared_ptr<TableRow> show(platform::NSIndexPath path);
+    /// Returns the name of every row, section by section, for searching. Costs a cell for each row, one after
+    /// another.
+    std::vector<std::string> names();
     /// Returns the shown row whose cell the view is or is inside.
     std::optional<platform::NSIndexPath> shownRow(const platform::UIView& view);
 
 private:
+    struct Shown {
+        platform::NSIndexPath path;
+        /// The cell, for comparisons only.
+        const platform::UIView* cell;
+        std::weak_ptr<TableRow> row;
+    };
+
     std::shared_ptr<platform::UITableView> view_;
     PageBoundary& boundary_;
-    std::vector<std::weak_ptr<TableRow>> shown_;
+    std::vector<Shown> shown_;
 };
 
 } // namespace wardlock::shell

@@ -27,11 +27,12 @@ public:
     std::string detail() const;
     /// The detail label's text, shown or not, by which the row is addressed.
     const std::string& key() const { return cell_->detailTextLabel().text(); }
+    /// What a user is shown as the row's name: the title, or the key where it has none.
+    const std::string& name() const { return title().empty() ? key() : title(); }
     const std::shared_ptr<platform::UIImage>& icon() const { return cell_->image(); }
     /// The row's switch; null where it has none.
     std::shared_ptr<platform::UISwitch> switchControl() const;
     bool isOn() const;
-    bool isCell(const platform::UIView& view) const { return cell_.get() == &view; }
 
 private:
     std::shared_ptr<platform::UITableView> table_;

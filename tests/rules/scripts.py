@@ -39,6 +39,7 @@ WRONG = {
     "tools/draw-icons": [["folder"]],
     "tools/draw-pictures": [["one", "another"]],
     "tools/fuzz": [["--seconds", "0"], ["nonsense"]],
+    "tools/generate-accent-folding": [["file"]],
     "tools/generate-case-folding": [["file"]],
     "tools/install-packages": [[], ["nonsense"]],
     "tools/lint": [["--jobs", "0"]],

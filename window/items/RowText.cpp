@@ -22,7 +22,7 @@ QFont fontOf(const Theme& theme) {
 
 QTextOption option(bool wraps) {
     QTextOption option;
-    option.setWrapMode(wraps ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::NoWrap);
+    option.setWrapMode(wraps ? QTextOption::WordWrap : QTextOption::NoWrap);
     // The letters are at the same positions as in QML's texts.
     option.setUseDesignMetrics(true);
     return option;
@@ -58,7 +58,8 @@ int RowText::layOut() {
         line.setLineWidth(room_);
         line.setPosition({mirrored_ ? room_ - line.naturalTextWidth() : 0, top});
         top += line.height();
-        fits = lines_ > 1 || line.naturalTextWidth() <= room_;
+        // A word that is longer than the line is elided, not broken.
+        fits = line.naturalTextWidth() <= room_;
         shown = fits ? line.textStart() + line.textLength() : line.textStart();
     }
     layout_.endLayout();

@@ -71,7 +71,7 @@ void TableCell::showSwitch(bool sameRow) {
         placeSwitch();
     }
     toggle_->setObjectName(QStringLiteral("switch:") + entry_.key);
-    toggle_->setLabel(entry_.title.isEmpty() ? entry_.key : entry_.title);
+    toggle_->setLabel(entry_.title);
     if (sameRow)
         toggle_->setOn(entry_.on);
     else
@@ -104,7 +104,7 @@ void TableCell::paint(QPainter& painter) {
     if (!entry_.place.last)
         row.separator(theme_->besideIcon());
     row.icon(icon_.image());
-    row.text(laidOut(), theme_->besideIcon(), theme_->label());
+    row.text(laidOut(), theme_->besideIcon(), entry_.nameless ? theme_->value() : theme_->label());
     if (!entry_.hasSwitch)
         return;
     painter.translate(toggle_->position());

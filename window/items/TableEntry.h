@@ -12,7 +12,9 @@ struct TableEntry {
     Q_GADGET
 
 public:
+    /// The row's name; its key where the page gives it none.
     QString title;
+    bool nameless = false;
     /// The stable identifier of the row; empty for none.
     QString key;
     /// An address from PictureSource, empty for none.

@@ -66,14 +66,28 @@ void PageModel::setFilter(const QString& filter) {
     if (filter == filter_)
         return;
     filter_ = filter;
-    if (rows_)
-        rows_->setFilter(filter_.trimmed());
-    if (table_)
-        table_->setFilter(filter_);
+    if (filter_.isEmpty())
+        application_.search().forget();
+    applyFilter();
     emit filterChanged();
 }
 
+void PageModel::applyFilter() {
+    if (rows_) {
+        platform::SearchWords words(filter_.toStdString());
+        auto below = application_.search().find(page_, words);
+        rows_->setFilter(std::move(words), std::move(below));
+    }
+    if (table_)
+        table_->setFilter(filter_);
+}
+
 void PageModel::tapRow(int section, int row) {
+    if (const auto* found = rows_ ? rows_->found(at(section, row)) : nullptr) {
+        // The model's own may be replaced on the way.
+        const shell::FoundRow target = *found;
+        return ignoreResult(application_.search().open(target));
+    }
     ignoreResult(application_.page().tapRow(at(section, row)));
 }
 
@@ -108,12 +122,17 @@ void PageModel::dragList() {
 
 void PageModel::listWasReset() {
     if (rows_)
-        rows_->reset();
+        applyFilter();
 }
 
 void PageModel::rowWasChanged(NSIndexPath path) {
     if (rows_)
         rows_->rowChanged(path);
+}
+
+void PageModel::rowWasFound(NSIndexPath path) {
+    if (const int place = rows_ ? rows_->placeOf(path) : -1; place >= 0)
+        emit rowFound(place);
 }
 
 void PageModel::tableRowWasChanged(NSIndexPath path) {
@@ -137,7 +156,7 @@ void PageModel::readContent() {
     if (page_->isList()) {
         if (!rows_) {
             rows_ = std::make_unique<RowsModel>(page_);
-            rows_->setFilter(filter_.trimmed());
+            applyFilter();
         }
         return;
     }

@@ -64,6 +64,7 @@ public:
     void barMayHaveChanged() { emit barChanged(); }
     void listWasReset();
     void rowWasChanged(platform::NSIndexPath path);
+    void rowWasFound(platform::NSIndexPath path);
     void tableRowWasChanged(platform::NSIndexPath path);
     void contentMayHaveChanged();
     void editingMayHaveChanged();
@@ -72,8 +73,11 @@ signals:
     void barChanged();
     void contentChanged();
     void filterChanged();
+    /// The user is to see the row at this place of the rows.
+    void rowFound(int place);
 
 private:
+    void applyFilter();
     void readContent();
     void readViews();
 

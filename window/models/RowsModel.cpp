@@ -36,7 +36,8 @@ RowEntry entryFor(const shell::Row& row) {
 
 } // namespace
 
-RowsModel::RowsModel(std::shared_ptr<shell::Page> page) : page_(std::move(page)), lines_(readLines()) {}
+RowsModel::RowsModel(std::shared_ptr<shell::Page> page)
+    : page_(std::move(page)), foundSection_(page_->sectionCount()), lines_(readLines()) {}
 
 int RowsModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(lines_.size());
@@ -52,13 +53,22 @@ QHash<int, QByteArray> RowsModel::roleNames() const {
     return {{EntryRole, "entry"}};
 }
 
-void RowsModel::setFilter(const QString& filter) {
-    filter_ = filter;
+void RowsModel::setFilter(platform::SearchWords words, std::vector<shell::FoundRow> below) {
+    words_ = std::move(words);
+    found_ = std::move(below);
+    foundSection_ = page_->sectionCount();
     replace(readLines());
 }
 
-void RowsModel::reset() {
-    replace(readLines());
+const shell::FoundRow* RowsModel::found(NSIndexPath path) const {
+    return path.section == foundSection_ && path.row < found_.size() ? &found_[path.row] : nullptr;
+}
+
+int RowsModel::placeOf(NSIndexPath path) const {
+    const auto line = std::ranges::find_if(lines_, [path](const Line& candidate) {
+        return candidate.kind == Line::Kind::Row && candidate.path == path;
+    });
+    return line == lines_.end() ? -1 : static_cast<int>(line - lines_.begin());
 }
 
 void RowsModel::rowChanged(NSIndexPath path) {
@@ -77,7 +87,21 @@ std::vector<RowsModel::Line> RowsModel::readLines() const {
     const std::size_t sections = page_->sectionCount();
     for (std::size_t section = 0; section < sections; ++section)
         readSection(section, lines);
+    addFound(lines);
     return lines;
+}
+
+void RowsModel::addFound(std::vector<Line>& lines) const {
+    if (found_.empty())
+        return;
+    lines.push_back({Line::Kind::Header, {foundSection_, 0}, false, false, {}});
+    for (std::size_t i = 0; i < found_.size(); ++i) {
+        std::string name = found_[i].label;
+        for (const std::string& page : found_[i].trail)
+            name += '\n' + page;
+        lines.push_back({Line::Kind::Found, {foundSection_, i}, i == 0, false, std::move(name)});
+    }
+    lines.back().last = true;
 }
 
 void RowsModel::readSection(std::size_t index, std::vector<Line>& lines) const {
@@ -86,7 +110,8 @@ void RowsModel::readSection(std::size_t index, std::vector<Line>& lines) const {
     lines.push_back({Line::Kind::Header, {index, 0}, false, false, section.header});
     for (std::size_t row = 0; row < section.rowCount; ++row) {
         const auto specifier = page_->specifier({index, row});
-        if (specifier && passes(specifier->name()))
+        if (specifier &&
+            (words_.empty() || words_.allIn(platform::searchFolded(shell::shownLabel(*specifier)))))
             lines.push_back({Line::Kind::Row,
                              {index, row},
                              false,
@@ -96,16 +121,12 @@ void RowsModel::readSection(std::size_t index, std::vector<Line>& lines) const {
     if (lines.size() > start + 1) {
         lines[start + 1].first = true;
         lines.back().last = true;
-    } else if (!filter_.isEmpty()) {
+    } else if (!words_.empty()) {
         lines.resize(start);
         return;
     }
-    if (!section.footer.empty() && filter_.isEmpty())
+    if (!section.footer.empty() && words_.empty())
         lines.push_back({Line::Kind::Footer, {index, 0}, false, false, section.footer});
-}
-
-bool RowsModel::passes(const std::string& label) const {
-    return filter_.isEmpty() || toQt(label).contains(filter_, Qt::CaseInsensitive);
 }
 
 void RowsModel::replace(std::vector<Line> lines) {
@@ -132,9 +153,24 @@ void RowsModel::replace(std::vector<Line> lines) {
     allChanged();
 }
 
+RowEntry RowsModel::entryForFound(const Line& line) const {
+    const shell::FoundRow& found = found_[line.path.row];
+    RowEntry entry;
+    entry.entry = QStringLiteral("row");
+    entry.kind = toQt(shell::name(shell::RowKind::Link));
+    entry.label = shownName(found.label);
+    QStringList pages;
+    for (const std::string& page : found.trail)
+        pages.append(shownName(page));
+    entry.value = pages.join(QStringLiteral(" \u203a "));
+    return entry;
+}
+
 RowEntry RowsModel::entry(const Line& line) const {
     RowEntry entry;
-    if (line.kind == Line::Kind::Row) {
+    if (line.kind == Line::Kind::Found) {
+        entry = entryForFound(line);
+    } else if (line.kind == Line::Kind::Row) {
         if (!page_->has(line.path))
             return entry;
         entry = entryFor(page_->row(line.path));

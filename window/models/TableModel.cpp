@@ -40,12 +40,12 @@ int TableModel::rowCount(const QModelIndex& parent) const {
     if (parent.isValid())
         return 0;
     const std::size_t all = ends_.empty() ? 0 : ends_.back();
-    return static_cast<int>(filter_.isEmpty() ? all : passing_.size());
+    return static_cast<int>(words_.empty() ? all : passing_.size());
 }
 
 NSIndexPath TableModel::pathOf(int row) const {
     const auto place = static_cast<std::size_t>(row);
-    return pathAt(filter_.isEmpty() ? place : passing_[place]);
+    return pathAt(words_.empty() ? place : passing_[place]);
 }
 
 std::shared_ptr<shell::TableRow> TableModel::shown(NSIndexPath path) const {
@@ -65,7 +65,8 @@ TableEntry TableModel::entry(int row) const {
     const auto shownRow = shown(path);
     if (!shownRow)
         return entry;
-    entry.title = shownName(shownRow->title());
+    entry.title = shownName(shownRow->name());
+    entry.nameless = shownRow->title().empty();
     entry.key = toQt(shownRow->key());
     entry.icon = PictureSource::urlFor(shownRow->icon());
     entry.on = shownRow->isOn();
@@ -106,33 +107,37 @@ void TableModel::follow(const std::shared_ptr<shell::Table>& table) {
 }
 
 void TableModel::setFilter(const QString& filter) {
+    platform::SearchWords words(filter.toStdString());
+    if (words == words_)
+        return;
+    readNames();
     beginResetModel();
-    filter_ = filter.trimmed();
+    words_ = std::move(words);
     passing_.clear();
-    if (!filter_.isEmpty())
-        for (std::size_t place = 0; !ends_.empty() && place < ends_.back(); ++place)
-            if (passes(place))
-                passing_.push_back(place);
+    const std::size_t count = words_.empty() || ends_.empty() ? 0 : ends_.back();
+    for (std::size_t place = 0; place < count; ++place)
+        if (words_.allIn(names_[place]))
+            passing_.push_back(place);
     endResetModel();
 }
 
-bool TableModel::passes(std::size_t place) {
-    if (texts_.size() <= place) {
-        const auto row = table_->show(pathAt(place));
-        texts_.push_back(row ? Text{toQt(row->title()), toQt(row->key())} : Text{});
-    }
-    const Text& text = texts_[place];
-    return text.title.contains(filter_, Qt::CaseInsensitive) ||
-           text.key.contains(filter_, Qt::CaseInsensitive);
+void TableModel::readNames() {
+    if (!names_.empty() || ends_.empty())
+        return;
+    names_ = table_->names();
+    for (std::string& name : names_)
+        name = platform::searchFolded(name);
+    // The table's rows may have changed since they were counted.
+    names_.resize(ends_.back());
 }
 
 void TableModel::rowChanged(NSIndexPath path) {
     if (path.section >= ends_.size() || before(path.section) + path.row >= ends_[path.section])
         return;
     std::size_t place = before(path.section) + path.row;
-    if (!filter_.isEmpty()) {
-        const auto passing = std::ranges::find(passing_, place);
-        if (passing == passing_.end())
+    if (!words_.empty()) {
+        const auto passing = std::ranges::lower_bound(passing_, place);
+        if (passing == passing_.end() || *passing != place)
             return;
         place = static_cast<std::size_t>(passing - passing_.begin());
     }

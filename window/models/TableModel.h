@@ -1,11 +1,13 @@
 #pragma once
 
+#include "platform/text/SearchFolding.h"
 #include "shell/screen/Table.h"
 
 #include <QAbstractListModel>
 #include <QCache>
 
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace wardlock::window {
@@ -14,7 +16,7 @@ struct TableEntry;
 
 /// The rows of a page's table for a ListView. A row's cell is requested when the view requests the row, and
 /// given back once enough others have been shown since: rows out of sight cost nothing. A filter leaves the
-/// rows whose title or key contains its text.
+/// rows whose name, as it is shown, contains all its words.
 class TableModel : public QAbstractListModel {
     Q_OBJECT
 
@@ -35,11 +37,6 @@ public:
     platform::NSIndexPath pathOf(int row) const;
 
 private:
-    struct Text {
-        QString title;
-        QString key;
-    };
-
     std::shared_ptr<shell::TableRow> shown(platform::NSIndexPath path) const;
     TableEntry entry(int row) const;
     void readPlaces();
@@ -47,14 +44,14 @@ private:
     std::size_t before(std::size_t section) const { return section == 0 ? 0 : ends_[section - 1]; }
     /// Returns the path of a row that is counted through all sections.
     platform::NSIndexPath pathAt(std::size_t place) const;
-    bool passes(std::size_t place);
+    void readNames();
 
     std::shared_ptr<shell::Table> table_;
-    QString filter_;
+    platform::SearchWords words_{{}};
     /// The number of rows up to the end of each section.
     std::vector<std::size_t> ends_;
-    /// The texts of every row, once a filter has been set.
-    std::vector<Text> texts_;
+    /// The name of every row as it is searched, once a filter has been set.
+    std::vector<std::string> names_;
     /// The rows that pass the filter; unused without one.
     std::vector<std::size_t> passing_;
     mutable QCache<quint64, std::shared_ptr<shell::TableRow>> shown_;

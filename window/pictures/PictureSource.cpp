@@ -85,7 +85,7 @@ QImage read(QByteArray bytes, const QSize& requestedSize) {
 } // namespace
 
 QString PictureSource::urlFor(const std::shared_ptr<platform::UIImage>& image) {
-    if (!image)
+    if (!image || image->isEmpty())
         return {};
     if (image->bytes().empty())
         return addressStart + QStringLiteral("file/") +

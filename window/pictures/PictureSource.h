@@ -13,8 +13,8 @@ namespace wardlock::window {
 /// applications, so they are decoded within bounds; one that is too large or broken is empty.
 class PictureSource {
 public:
-    /// Returns the address of the picture; empty for null. Main thread only. A picture made of bytes stays
-    /// available while it is among the last few hundred requested.
+    /// Returns the address of the picture; empty for null or an empty one. Main thread only. A picture made
+    /// of bytes stays available while it is among the last few hundred requested.
     static QString urlFor(const std::shared_ptr<platform::UIImage>& image);
 
     /// Returns the picture at an address, no larger than `requestedSize`; null where it cannot be decoded.

@@ -24,6 +24,7 @@ PullList {
         }
         ListView.onReused: visible = true
         readonly property bool activeFocusInside: content.item !== null && content.item.holdsFocus === true
+        readonly property bool isField: content.item !== null && content.item.isField === true
         readonly property Item focusTarget: content.item && content.item.focusTarget ? content.item.focusTarget : null
 
         Loader {
@@ -35,7 +36,11 @@ PullList {
         }
         Component {
             id: rowComponent
-            SettingsRow { page: listPage.page; entry: line.entry }
+            SettingsRow {
+                page: listPage.page
+                entry: line.entry
+                found: listPage.foundPlace === line.index
+            }
         }
         Component {
             id: textComponent

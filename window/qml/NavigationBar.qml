@@ -8,18 +8,19 @@ Rectangle {
 
     /// Whether the window's own order of focus includes the buttons.
     property bool inWindowOrder: true
+    signal searchRequested()
 
     height: Theme.barHeight
     color: Theme.bar
 
     /// What takes the keyboard focus, in order.
     function stops() {
-        return (back.visible ? [back] : []).concat(add.active ? [add.item] : []);
+        return (back.visible ? [back] : []).concat(find.active ? [find.item] : [], add.active ? [add.item] : []);
     }
 
     /// The space that the title leaves free at its beginning and its end.
     readonly property real before: (back.visible ? back.width : 0) + 12
-    readonly property real after: (add.active ? add.width : 0) + 12
+    readonly property real after: (add.active ? add.width : 0) + (find.active ? find.width : 0) + 12
 
     Item {
         id: back
@@ -93,6 +94,17 @@ Rectangle {
         Accessible.name: text
     }
 
+    Loader {
+        id: find
+        active: bar.page.kind === "list" || bar.page.kind === "table"
+        height: parent.height
+        anchors.right: parent.right
+        anchors.rightMargin: add.active ? add.width : 4
+        sourceComponent: SearchButton {
+            activeFocusOnTab: bar.inWindowOrder
+            onPressed: bar.searchRequested()
+        }
+    }
     Loader {
         id: add
         active: bar.page.hasAddButton

@@ -52,6 +52,7 @@ FocusScope {
         inWindowOrder: !view.hasStops
         width: parent.width
         page: view.page
+        onSearchRequested: content.item.search()
     }
     Loader {
         id: content

@@ -1,7 +1,7 @@
 import QtQuick
 import Wardlock.Native
 
-// A scrolling list that opens the page's search when it is pulled down, or by its keys.
+// A scrolling list that opens the page's search when it is pulled down, by the wheel, or by its keys.
 Item {
     id: pullList
     required property var page
@@ -107,11 +107,51 @@ Item {
     function search() {
         field.begin();
     }
+    Keys.onEscapePressed: (event) => {
+        event.accepted = field.shown;
+        if (field.shown)
+            field.end();
+    }
+
+    // Scrolling up to the first row does not open the search, only a turn of the wheel that begins there.
+    Timer {
+        id: scrolling
+        interval: 300
+    }
+    function turnWheel(up) {
+        if (up && (scrolling.running || !list.atYBeginning))
+            scrolling.restart();
+        else if (up && !field.shown)
+            field.begin();
+        else if (!up && field.shown && field.text === "")
+            field.end();
+    }
+
+    /// The place of the row to which a search has led; -1 for none.
+    property int foundPlace: -1
+    Timer {
+        id: finding
+        interval: 1500
+        onTriggered: pullList.foundPlace = -1
+    }
+    Connections {
+        target: pullList.page
+        function onRowFound(place) {
+            list.positionViewAtIndex(place, ListView.Center);
+            pullList.foundPlace = place;
+            finding.restart();
+            // Editing begins with a tap.
+            const row = list.itemAtIndex(place);
+            if (row && row.focusTarget && !row.isField)
+                row.focusTarget.forceActiveFocus(Qt.OtherFocusReason);
+        }
+    }
 
     SearchField {
         id: field
         width: parent.width
         onTextChanged: pullList.page.filter = text
+        onAccepted: pullList.focusRow(-1, 1)
         onClosed: pullList.forceActiveFocus()
     }
     ListView {
@@ -147,6 +187,19 @@ Item {
         }
         onVerticalOvershootChanged: if (dragging && verticalOvershoot < -56) pulled = true
         onDragEnded: if (pulled && !field.shown) field.begin()
+    }
+    Item {
+        anchors.fill: list
+        z: 1
+        WheelHandler {
+            target: null
+            blocking: false
+            acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
+            onWheel: (event) => {
+                if (event.angleDelta.y !== 0)
+                    pullList.turnWheel(event.angleDelta.y > 0);
+            }
+        }
     }
     Loader {
         id: indicator

@@ -10,7 +10,10 @@ TextInput {
     property bool editing: false
     readonly property bool secure: entry.kind === "secureEditText"
 
-    color: entry.enabled ? Theme.label : Theme.placeholder
+    /// Whether the end of the text is hidden, and replaced by "…".
+    readonly property bool elided: !activeFocus && !secure && contentWidth > width
+    readonly property color letters: entry.enabled ? Theme.label : Theme.placeholder
+    color: elided ? "transparent" : letters
     selectionColor: Theme.tint
     selectedTextColor: "white"
     font.family: Theme.family
@@ -51,6 +54,16 @@ TextInput {
     onTextEdited: page.typeText(text)
     onAccepted: focus = false
 
+    Loader {
+        anchors.fill: parent
+        active: field.elided
+        sourceComponent: Label {
+            verticalAlignment: Text.AlignVCenter
+            text: field.text
+            color: field.letters
+            Accessible.ignored: true
+        }
+    }
     Label {
         anchors.fill: parent
         verticalAlignment: Text.AlignVCenter

@@ -6,9 +6,10 @@ Item {
     id: box
     property alias text: input.text
     signal cancelled()
+    signal accepted()
 
     function stops() {
-        return [input, cancel];
+        return [input].concat(input.text !== "" ? [clear] : [], [cancel]);
     }
 
     function begin() {
@@ -25,12 +26,23 @@ Item {
         radius: 10
         color: Theme.search
 
+        Magnifier {
+            anchors.left: parent.left
+            anchors.leftMargin: 10
+            anchors.verticalCenter: parent.verticalCenter
+            width: 15
+            height: 15
+            thickness: 1.5
+            color: Theme.value
+        }
         TextInput {
             id: input
             objectName: "search"
-            anchors.fill: parent
-            anchors.leftMargin: 12
-            anchors.rightMargin: 12
+            anchors.left: parent.left
+            anchors.leftMargin: 32
+            anchors.right: clear.left
+            anchors.top: parent.top
+            anchors.bottom: parent.bottom
             verticalAlignment: TextInput.AlignVCenter
             color: Theme.label
             selectionColor: Theme.tint
@@ -40,6 +52,7 @@ Item {
             Accessible.role: Accessible.EditableText
             Accessible.name: qsTr("Search")
             Keys.onEscapePressed: box.cancelled()
+            onAccepted: box.accepted()
             Label {
                 anchors.fill: parent
                 verticalAlignment: Text.AlignVCenter
@@ -50,6 +63,17 @@ Item {
             }
         }
         FocusRing { target: input }
+        ClearButton {
+            id: clear
+            objectName: "search:clear"
+            visible: input.text !== ""
+            height: parent.height
+            anchors.right: parent.right
+            onPressed: {
+                input.clear();
+                input.forceActiveFocus();
+            }
+        }
     }
     PlainButton {
         id: cancel

@@ -7,6 +7,7 @@ Item {
     readonly property string text: content.item ? content.item.text : ""
     property bool shown: false
     signal closed()
+    signal accepted()
 
     implicitHeight: shown ? 52 : 0
     visible: implicitHeight > 0
@@ -32,6 +33,9 @@ Item {
         id: content
         anchors.fill: parent
         active: false
-        sourceComponent: SearchBox { onCancelled: search.end() }
+        sourceComponent: SearchBox {
+            onCancelled: search.end()
+            onAccepted: search.accepted()
+        }
     }
 }

@@ -6,6 +6,8 @@ Item {
     id: row
     required property var page
     required property var entry
+    /// Whether a search has just led to it.
+    property bool found: false
 
     readonly property string kind: entry.kind
     readonly property bool isField: kind === "editText" || kind === "secureEditText"
@@ -45,7 +47,7 @@ Item {
         anchors.fill: parent
         first: row.entry.first
         last: row.entry.last
-        color: row.takesKeys && press.pressed ? Theme.pressed : Theme.card
+        color: row.found || (row.takesKeys && press.pressed) ? Theme.pressed : Theme.card
         separatorInset: label.visible ? label.anchors.leftMargin : Theme.inset
     }
     RowIcon {
@@ -63,8 +65,13 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         width: Math.min(implicitWidth, row.width - anchors.leftMargin - rightSide.width - Theme.inset - 12)
         text: row.entry.label
-        // Large letters take another line rather than lose the end.
-        wrapMode: Theme.textScale > 1 ? Text.Wrap : Text.NoWrap
+        // Large letters take another line rather than lose the end. A word that is longer than the line is elided,
+        // which only a text in one line can be.
+        property bool tooNarrow: false
+        onTextChanged: tooNarrow = false
+        onWidthChanged: if (contentWidth <= width) tooNarrow = false
+        onContentWidthChanged: if (contentWidth > Math.ceil(width)) tooNarrow = true
+        wrapMode: Theme.textScale > 1 && !tooNarrow ? Text.WordWrap : Text.NoWrap
         maximumLineCount: Theme.textScale > 1 ? 3 : 1
         color: !row.entry.enabled ? Theme.placeholder : row.kind === "button" ? Theme.tint : Theme.label
         Accessible.ignored: true

@@ -35,6 +35,8 @@ Flickable {
         text: textPage.page.text
         font.pixelSize: Math.round(textPage.page.textSize * Theme.textScale)
         wrapMode: Text.Wrap
+        // As the text itself is read, whatever the direction of the window.
+        horizontalAlignment: undefined
         elide: Text.ElideNone
         lineHeight: 1.2
         Accessible.ignored: true

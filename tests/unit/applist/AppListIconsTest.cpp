@@ -147,6 +147,22 @@ TEST_F(AppListIcon, IsAbsentForAMissingApplicationAndAnInvalidSize) {
     EXPECT_EQ(list().iconOfSize(-1, "org.a"), nullptr);
 }
 
+TEST_F(AppListIcon, IsSearchedForWhenItsPathIsRequested) {
+    installWithIcon("App.png");
+    const auto icon = list().iconOfSize(29, "org.a");
+    ASSERT_NE(icon, nullptr);
+    writeIcon("App.png", png(29));
+    EXPECT_FALSE(icon->isEmpty());
+    EXPECT_EQ(fs::path(icon->path()).filename(), "App.png");
+}
+
+TEST_F(AppListIcon, IsEmptyWhereTheApplicationHasNone) {
+    installWithIcon("App.png");
+    const auto icon = list().iconOfSize(29, "org.a");
+    ASSERT_NE(icon, nullptr);
+    EXPECT_TRUE(icon->isEmpty());
+}
+
 TEST_F(AppListIcon, IsKeptUntilItsApplicationChanges) {
     installWithIcon("App.png");
     writeIcon("App.png", png(29));

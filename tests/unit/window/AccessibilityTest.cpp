@@ -30,6 +30,7 @@ TEST_F(WindowAccessibility, DescribesTheFirstPageOfSettings) {
 Grouping: 
   Grouping: 
     Heading: Settings
+    Button: Search
     List: Settings
       Link: Wardlock
 )");
@@ -42,6 +43,7 @@ Grouping:
   Grouping: 
     Button: Back to Settings
     Heading: Wardlock
+    Button: Search
     Button: Add
     List: Wardlock
       Heading: General
@@ -67,6 +69,7 @@ Grouping:
   Grouping: 
     Button: Back to Wardlock
     Heading: Default
+    Button: Search
     List: Default
       CheckBox: Enabled off
       EditableText: Account Name
@@ -100,6 +103,7 @@ Grouping:
   Grouping: 
     Button: Back to Anna
     Heading: Apps
+    Button: Search
     List: Apps
       CheckBox: FaceTime on
       CheckBox: Berry off

@@ -91,23 +91,6 @@ TEST_F(WindowPicker, ListsItsRowsAgainWhenAnotherProcessChangesThem) {
     EXPECT_TRUE(until([&] { return scene().namesWith("cell:") == restrictedFirst; }));
 }
 
-TEST_F(WindowPicker, FindsByNameAndByIdentifier) {
-    install();
-    openPicker();
-    scene().press(Qt::Key_F, Qt::ControlModifier);
-    scene().item("search");
-    scene().type("apple");
-    EXPECT_TRUE(until([&] { return scene().namesWith("cell:") == std::vector<std::string>{"org.apple"}; }));
-    scene().press(Qt::Key_A, Qt::ControlModifier);
-    scene().type("ORG.B");
-    EXPECT_TRUE(until([&] { return scene().namesWith("cell:") == std::vector<std::string>{"org.berry"}; }));
-    scene().tap("switch:org.berry");
-    EXPECT_EQ(restricted(), (std::vector<std::string>{"org.zebra", "org.berry"}));
-    scene().press(Qt::Key_Escape);
-    EXPECT_TRUE(until([&] { return scene().namesWith("cell:").size() == 3; }));
-    EXPECT_EQ(scene().text("title"), "Apps");
-}
-
 TEST_F(WindowPicker, ShowsAnEmptySectionWithoutApplications) {
     setAccounts({"Anna"});
     setInAccount(0, kAppsRestricted, platform::Array{});
@@ -128,10 +111,12 @@ TEST_F(WindowPicker, BuildsOnlyTheVisibleRows) {
 TEST_F(WindowPicker, GivesALongNameMoreLinesWhereTheTextIsLarge) {
     installApplication("org.short", "Mail");
     installApplication("org.long", "Reader of Newspapers");
-    installApplication("org.endless", std::string(200, 'w'));
+    installApplication("org.endless",
+                       "The Reader of All the Newspapers of the Whole World and of Its Journals");
+    installApplication("org.word", std::string(200, 'w'));
     setAccounts({"Anna"});
     openPicker();
-    for (const QString row : {"cell:org.short", "cell:org.long", "cell:org.endless"})
+    for (const QString row : {"cell:org.short", "cell:org.long", "cell:org.endless", "cell:org.word"})
         EXPECT_EQ(scene().item(row)->height(), 35) << row.toStdString();
     host().appearance().forceTextScale(2);
     EXPECT_EQ(scene().item("cell:org.short")->height(), 70);
@@ -140,6 +125,8 @@ TEST_F(WindowPicker, GivesALongNameMoreLinesWhereTheTextIsLarge) {
     const double threeLines = scene().reveal("cell:org.endless")->height();
     EXPECT_GT(threeLines, twoLines);
     EXPECT_LT(threeLines, 2 * twoLines);
+    // A word is elided rather than broken.
+    EXPECT_EQ(scene().reveal("cell:org.word")->height(), 70);
 }
 
 TEST_F(WindowPicker, FitsItsRowsToTheWidthWhereTheTextIsLarge) {

@@ -1,0 +1,43 @@
+import QtQuick
+import Wardlock.Native
+
+// Empties a text field, at the end of which it stands.
+Item {
+    id: button
+    signal pressed()
+
+    width: 32
+    Accessible.role: Accessible.Button
+    Accessible.name: qsTr("Clear")
+    Accessible.focusable: true
+    Accessible.onPressAction: pressed()
+    Keys.onSpacePressed: pressed()
+    Keys.onReturnPressed: pressed()
+    opacity: tap.pressed ? 0.4 : 1
+
+    Rectangle {
+        anchors.centerIn: parent
+        width: 18
+        height: 18
+        radius: 9
+        color: Theme.value
+        Repeater {
+            model: [45, -45]
+            Rectangle {
+                required property int modelData
+                anchors.centerIn: parent
+                width: 10
+                height: 1.5
+                rotation: modelData
+                antialiasing: true
+                color: Theme.search
+            }
+        }
+    }
+    FocusRing {}
+    TapHandler {
+        id: tap
+        gesturePolicy: TapHandler.ReleaseWithinBounds
+        onTapped: button.pressed()
+    }
+}

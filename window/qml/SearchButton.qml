@@ -1,0 +1,29 @@
+import QtQuick
+import Wardlock.Native
+
+// Opens the search of the page.
+Item {
+    id: button
+    signal pressed()
+
+    objectName: "search:open"
+    implicitWidth: 44
+    Accessible.role: Accessible.Button
+    Accessible.name: qsTr("Search")
+    Accessible.focusable: true
+    Accessible.onPressAction: pressed()
+    Keys.onSpacePressed: pressed()
+    Keys.onReturnPressed: pressed()
+    opacity: tap.pressed ? 0.4 : 1
+
+    Magnifier {
+        anchors.centerIn: parent
+        color: Theme.tint
+    }
+    FocusRing {}
+    TapHandler {
+        id: tap
+        gesturePolicy: TapHandler.ReleaseWithinBounds
+        onTapped: button.pressed()
+    }
+}
