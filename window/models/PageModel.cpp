@@ -79,7 +79,7 @@ void PageModel::applyFilter() {
         rows_->setFilter(std::move(words), std::move(below));
     }
     if (table_)
-        table_->setFilter(filter_);
+        table_->setFilter(platform::SearchWords(filter_.toStdString()));
 }
 
 void PageModel::tapRow(int section, int row) {
@@ -174,7 +174,7 @@ void PageModel::readViews() {
             retire(table_);
         } else {
             table_ = std::make_unique<TableModel>(table);
-            table_->setFilter(filter_);
+            table_->setFilter(platform::SearchWords(filter_.toStdString()));
         }
     }
     textView_ = page_->contentView<platform::UITextView>();

@@ -87,7 +87,7 @@ QHash<int, QByteArray> TableModel::roleNames() const {
 void TableModel::follow(const std::shared_ptr<shell::Table>& table) {
     const int before = rowCount();
     TableModel next(table);
-    next.setFilter(filter_);
+    next.setFilter(words_);
     const int now = next.rowCount();
     if (now < before)
         beginRemoveRows({}, now, before - 1);
@@ -95,7 +95,7 @@ void TableModel::follow(const std::shared_ptr<shell::Table>& table) {
         beginInsertRows({}, before, now - 1);
     table_ = table;
     ends_.swap(next.ends_);
-    texts_.swap(next.texts_);
+    names_.swap(next.names_);
     passing_.swap(next.passing_);
     shown_.clear();
     if (now < before)
@@ -106,8 +106,7 @@ void TableModel::follow(const std::shared_ptr<shell::Table>& table) {
         emit dataChanged(index(0), index(now - 1));
 }
 
-void TableModel::setFilter(const QString& filter) {
-    platform::SearchWords words(filter.toStdString());
+void TableModel::setFilter(platform::SearchWords words) {
     if (words == words_)
         return;
     readNames();

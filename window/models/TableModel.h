@@ -31,7 +31,8 @@ public:
 
     /// Shows another table in place of the former one. The view stays where it is scrolled to.
     void follow(const std::shared_ptr<shell::Table>& table);
-    void setFilter(const QString& filter);
+    /// Shows only the rows with all the words in their names; without words, every row.
+    void setFilter(platform::SearchWords words);
     void rowChanged(platform::NSIndexPath path);
     /// Returns the table's path of a row of this model.
     platform::NSIndexPath pathOf(int row) const;

@@ -68,7 +68,7 @@ TEST_F(EarlierVersions, AreNotKeptBehindALinkThatAnotherUserPlanted) {
     const std::string target = folder() / "elsewhere";
     fs::create_directory(target);
     fs::permissions(target, fs::perms::owner_all);
-    OtherUser::layLink(target, historyFolder());
+    OtherUser::createLink(target, historyFolder());
     EXPECT_TRUE(setPasscode("1111"));
     EXPECT_TRUE(fs::is_empty(target));
 }
