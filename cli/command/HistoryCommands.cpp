@@ -139,6 +139,7 @@ const Verb historyVerb{
     0,
     0,
     list,
+    "wardlock history\nwardlock history --json\n",
 };
 
 const Verb historyShowVerb{
@@ -151,6 +152,7 @@ const Verb historyShowVerb{
     1,
     1,
     show,
+    "wardlock history show 41\n",
 };
 
 const Verb historyDiffVerb{
@@ -163,6 +165,7 @@ const Verb historyDiffVerb{
     1,
     2,
     diff,
+    "wardlock history diff 41\nwardlock history diff 41 42\n",
 };
 
 } // namespace wardlock::cli

@@ -100,6 +100,7 @@ const Verb undoVerb{
     0,
     0,
     runUndo,
+    "wardlock undo\nwardlock undo --force\n",
 };
 
 const Verb redoVerb{
@@ -112,6 +113,7 @@ const Verb redoVerb{
     0,
     0,
     runRedo,
+    "wardlock redo\n",
 };
 
 const Verb restoreVerb{
@@ -127,6 +129,7 @@ const Verb restoreVerb{
     0,
     1,
     restore,
+    "wardlock restore\nwardlock restore 41\n",
 };
 
 } // namespace wardlock::cli

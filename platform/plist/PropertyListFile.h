@@ -43,8 +43,8 @@ WARDLOCK_API Update updateFile(std::string_view devicePath,
                                const std::function<bool(MutableDictionary&)>& change, Sync sync = Sync::Full,
                                const Versions& versions = {});
 
-/// The same for a file at a path of this machine, whose error is only returned. Any file can be named, so none
-/// gets a folder of versions; one that is there is used.
+/// The same for a file at a path of this machine, whose error is only returned. Any file can be named, so
+/// none gets a folder of versions; one that is there is used.
 WARDLOCK_API Update updateFileOfMachine(const std::string& path,
                                         const std::function<bool(MutableDictionary&)>& change,
                                         Sync sync = Sync::Full,

@@ -37,7 +37,10 @@ bool VersionKeeper::add(VersionFolder& folder, const std::string& file, const Ve
     const std::uint64_t last = youngest_ ? youngest_->number : 0;
     if (last >= largestVersionNumber)
         return false;
-    const Version version = {.number = last + 1, .time = versionTime(), .origin = origin, .digest = digest};
+    Version version = {.number = last + 1, .time = versionTime(), .origin = origin, .digest = digest};
+    // Another process may be removing the withdrawn one by its name.
+    if (withdrawn_ == version)
+        ++version.time;
     if (folder.add(file, version))
         return false;
     names_.push_back(version.name());
@@ -77,8 +80,10 @@ void VersionKeeper::willReplace(const Replacement& replacement) {
 }
 
 void VersionKeeper::didNotReplace() {
-    if (added_)
+    if (added_) {
         folder_->remove(*added_);
+        withdrawn_ = added_;
+    }
     added_.reset();
     folder_.reset();
 }

@@ -52,6 +52,8 @@ private:
     /// The name of what is written now.
     std::optional<VersionFolder> folder_;
     std::optional<Version> added_;
+    /// The last one that did not become the document.
+    std::optional<Version> withdrawn_;
 };
 
 } // namespace platform

@@ -1,10 +1,9 @@
 #include "settings/history/ChangeText.h"
 
 #include "settings/Keys.h"
+#include "settings/SettingLabels.h"
 
 #include <algorithm>
-#include <array>
-#include <utility>
 
 namespace wardlock {
 
@@ -12,28 +11,6 @@ namespace {
 
 using platform::Array;
 using platform::Value;
-
-constexpr std::array<std::pair<std::string_view, std::string_view>, 19> labels = {{
-    {kAccountEnabled, "Enabled"},
-    {kAccountName, "Account Name"},
-    {kPasscodeDisabled, "Disable Lockscreen Passcode"},
-    {kHideApps, "Hide Icons"},
-    {kRestrictUninstall, "Uninstall"},
-    {kRestrictDrag, "Dragging"},
-    {kRestrictEdit, "Editing"},
-    {kRestrictCC, "Control Center"},
-    {kRestrictNC, "Notification Center"},
-    {kRestrictSwitcher, "App Switcher"},
-    {kRestrictSwitcherContacts, "App Switcher Contacts"},
-    {kRestrictCamera, "Camera"},
-    {kRestrictVideo, "Video"},
-    {kRestrictSiri, "Siri"},
-    {kRestrictKeyboard, "Keyboard"},
-    {kRestrictVolume, "Volume Buttons"},
-    {kRestrictVibrate, "Vibrate Switch"},
-    {kRestrictPowerDown, "Power Down"},
-    {kAppsRestricted, "Apps"},
-}};
 
 /// More applications are counted, not named.
 constexpr std::size_t mostNamed = 3;
@@ -116,17 +93,10 @@ std::string accountValueText(const Change& change) {
     const Array* after = platform::arrayValue(pointer(change.now));
     if (change.key == kAppsRestricted && before && after)
         return account + ": " + applicationsText(*before, *after);
-    return account + ": " + valueText(accountKeyLabel(change.key), change);
+    return account + ": " + valueText(accountLabel(change.key), change);
 }
 
 } // namespace
-
-std::string_view accountKeyLabel(std::string_view key) {
-    for (const auto& [known, label] : labels)
-        if (known == key)
-            return label;
-    return key;
-}
 
 std::string changeText(const Change& change) {
     switch (change.kind) {

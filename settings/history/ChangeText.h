@@ -4,7 +4,6 @@
 #include "settings/history/Difference.h"
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace wardlock {
@@ -13,8 +12,5 @@ namespace wardlock {
 /// in the text. Names are as they are stored; who prints them has to keep them on one line.
 WARDLOCK_API std::string changeText(const Change& change);
 WARDLOCK_API std::vector<std::string> changeTexts(const std::vector<Change>& changes);
-
-/// Returns the label of the row that edits a key of an account, or the key where there is no row.
-WARDLOCK_API std::string_view accountKeyLabel(std::string_view key);
 
 } // namespace wardlock

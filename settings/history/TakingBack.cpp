@@ -2,7 +2,7 @@
 
 #include "settings/Accounts.h"
 #include "settings/Keys.h"
-#include "settings/history/ChangeText.h"
+#include "settings/SettingLabels.h"
 
 #include <utility>
 
@@ -111,7 +111,7 @@ private:
         if (equal(value, change.old))
             return;
         if (!equal(value, change.now) && later_ == LaterChanges::Keep)
-            return addConflict(change.account + ": " + std::string(accountKeyLabel(change.key)),
+            return addConflict(change.account + ": " + std::string(accountLabel(change.key)),
                                "was changed again");
         MutableDictionary changed(*record);
         setOrRemove(changed, change.key, change.old);

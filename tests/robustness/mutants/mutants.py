@@ -124,7 +124,7 @@ ALL = [
         (KEEPER, "        addOld(folder, *replacement.old);\n", "        static_cast<void>(&VersionKeeper::addOld);\n"),
     ]),
     Mutant("failed-write-kept", "a write that failed has a version", ("tests.versions/KeptVersions", "tests.versions/VersionFaults"), [
-        (KEEPER, "        folder_->remove(*added_);\n", "        static_cast<void>(folder_);\n"),
+        (KEEPER, "        folder_->remove(*added_);\n        withdrawn_", "        withdrawn_"),
     ]),
     Mutant("killed-write-kept", "what a killed writer did not put in place stays a version", ("tests.versions/KeptVersions",), [
         (KEEPER, "        folder.remove(*never);\n", "        static_cast<void>(never);\n"),

@@ -217,10 +217,11 @@ TEST_F(HistoryCommand, KeepsNamesOnOneLine) {
 
 TEST_F(HistoryCommand, AnnouncesWhatItTakesBack) {
     set("kEnabled", "bool", "false");
-    Process watch(command, {"watch"});
+    Process watch(command, {"watch", "--json"});
     ASSERT_TRUE(watch.waitForError("Watching"));
     run({"undo"});
-    EXPECT_TRUE(watch.readLine().value_or("").starts_with("kEnabled = {\"bool\":true}"));
+    EXPECT_EQ(watch.readLine(),
+              R"({"key":"kEnabled","value":true,"tweakEnabled":false,"accountEnabled":false})");
 }
 
 } // namespace

@@ -46,7 +46,7 @@ TEST_F(HistoryOfTheDocument, IncludesWhatAnotherProgramWroteOverIt) {
     EXPECT_EQ(history.document(history.versions()[2]), documentOf({account("Ann")}));
 }
 
-TEST_F(HistoryOfTheDocument, ComparesWithTheReadableVersionBefore) {
+TEST_F(HistoryOfTheDocument, ComparesEachVersionWithTheReadableOneBeforeIt) {
     setAccount(0, kRestrictSiri, true);
     setAccount(0, kRestrictCamera, true);
     const History history;

@@ -39,7 +39,7 @@ TEST_F(TakingBackChanges, GivesTheDocumentBeforeWhereNothingElseChanged) {
     expectTaken(before, after, now, before);
 }
 
-TEST_F(TakingBackChanges, KeepsEveryOtherChangeMadeSince) {
+TEST_F(TakingBackChanges, KeepsEveryLaterChangeOfOtherKeys) {
     MutableDictionary record(account("Thomas", kRestrictSiri, true));
     record.set(kRestrictCamera, true);
     const Dictionary now{{kEnabled, false}, {kAccounts, Array{record.copy(), account("Ann")}}, {"kOther", 1}};
@@ -68,7 +68,7 @@ TEST_F(TakingBackChanges, NeedsNothingForAKeyThatHasItsOldValueAgain) {
     expectTaken(tom, tomSiri, now, now);
 }
 
-TEST_F(TakingBackChanges, IsRefusedInAnAccountThatIsGoneWhateverIsAskedFor) {
+TEST_F(TakingBackChanges, IsRefusedInAnAccountThatIsGoneEvenToOverwrite) {
     const Dictionary before = documentOf({account("Tom"), account("Ann")});
     const Dictionary after = documentOf({account("Tom", kRestrictSiri, true), account("Ann")});
     const Dictionary now = documentOf({account("Ann")});

@@ -21,10 +21,12 @@ protected:
     ~UnwritableRoot() override { platform::FileSystem::setCurrent(nullptr); }
 
     static Sentences problems() { return shell::Provision().problems(); }
+    /// What is beside the document, itself included; the folder of its versions does not count.
     std::vector<std::string> filesOfPreferences() const {
         std::vector<std::string> names;
         for (const auto& entry : fs::directory_iterator(onDisk("/var/mobile/Library/Preferences")))
-            names.push_back(entry.path().filename());
+            if (entry.path().extension() != ".history")
+                names.push_back(entry.path().filename());
         return names;
     }
 

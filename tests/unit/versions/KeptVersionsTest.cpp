@@ -44,7 +44,7 @@ TEST_F(KeptVersions, AreSynchronisedByNoCallOfTheirOwn) {
     EXPECT_EQ(synced, 2u) << "the file and its folder";
 }
 
-TEST_F(KeptVersions, SayWhoWroteThemAndWhen) {
+TEST_F(KeptVersions, NameTheirWriterAndTheirTime) {
     write(1);
     platform::setVersionPlace("command");
     write(2, {KeepVersions::Always, platform::Deed::Undo, 1});
@@ -60,7 +60,7 @@ TEST_F(KeptVersions, SayWhoWroteThemAndWhen) {
     EXPECT_NE(kept[0].origin.process, 0u);
 }
 
-TEST_F(KeptVersions, IncludeTheDocumentThatWasThereBefore) {
+TEST_F(KeptVersions, IncludeTheDocumentOfAnEarlierProgram) {
     replaceAsAnotherProgram(bytesOf(7));
     write(8);
     EXPECT_EQ(values(), (Values{7, 8}));
@@ -127,7 +127,7 @@ TEST_F(KeptVersions, IncludeNoDamage) {
     EXPECT_EQ(memory.contents(std::string(document) + ".damaged"), "damage");
 }
 
-TEST_F(KeptVersions, OfALinkedDocumentAreBesideItsFile) {
+TEST_F(KeptVersions, AreBesideTheFileOfALinkedDocument) {
     memory.addFolder("/real");
     memory.addFile("/real/b.plist", bytesOf(1), 0600, parent, parent);
     memory.addLink(document, "/real/b.plist");
@@ -166,7 +166,7 @@ TEST_F(KeptVersions, LeaveAFailedWriteNoTrace) {
     EXPECT_EQ(values(), Values{1});
 }
 
-TEST_F(KeptVersions, OfAKilledWriterAreRemovedWithItsTemporary) {
+TEST_F(KeptVersions, LoseThatOfAKilledWriterWithItsTemporary) {
     write(1);
     // The killed process: a temporary with a second name in the folder, and no lock.
     platform::FileHandle file = platform::noFile;

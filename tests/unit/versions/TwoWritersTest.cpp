@@ -34,7 +34,7 @@ protected:
     }
 };
 
-TEST_F(TwoWriters, LoseNoVersionWhicheverCallTheyMeetAt) {
+TEST_F(TwoWriters, LoseNoVersionAtAnyCallOfTheOther) {
     for (const char* function : {"readFile", "status", "list", "create", "lock", "write", "sync", "close",
                                  "link", "rename", "syncFolder"}) {
         SCOPED_TRACE(function);
@@ -51,7 +51,7 @@ TEST_F(TwoWriters, LoseNoVersionWhicheverCallTheyMeetAt) {
 }
 
 TEST_F(TwoWriters, LoseNoVersionInTwoProcesses) {
-    constexpr int each = 60;
+    constexpr int each = 45;
     const TemporaryFolder disk;
     const std::string path = disk / "a.plist";
     platform::FileSystem::setCurrent(nullptr);

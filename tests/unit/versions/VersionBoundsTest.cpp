@@ -59,7 +59,7 @@ TEST_F(VersionBounds, KeepTheYoungestAndTheOneBeforeHoweverOld) {
     EXPECT_EQ(values(), Values{4});
 }
 
-TEST_F(VersionBounds, AreNotStretchedByAClockThatWasAheadForAWhile) {
+TEST_F(VersionBounds, AreNotStretchedByAnEarlierClockThatWasAhead) {
     writeMany(1, 2);
     now += 365 * day;
     write(3);

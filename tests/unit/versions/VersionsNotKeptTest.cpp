@@ -17,7 +17,7 @@ protected:
     }
 };
 
-TEST_F(VersionsNotKept, WhereTheFolderIsALink) {
+TEST_F(VersionsNotKept, LeaveALinkInTheFoldersPlaceAlone) {
     memory.addFolder("/elsewhere");
     memory.addLink(history, "/elsewhere");
     expectWrittenWithoutAVersion();
@@ -25,14 +25,14 @@ TEST_F(VersionsNotKept, WhereTheFolderIsALink) {
     EXPECT_EQ(folder().state(), State::NotAFolder);
 }
 
-TEST_F(VersionsNotKept, WhereAFileHasTheFoldersName) {
+TEST_F(VersionsNotKept, LeaveAFileInTheFoldersPlaceAlone) {
     memory.addFile(history, "file");
     expectWrittenWithoutAVersion();
     EXPECT_EQ(memory.contents(history), "file");
     EXPECT_EQ(folder().state(), State::NotAFolder);
 }
 
-TEST_F(VersionsNotKept, WhereTheFolderBelongsToAnotherUser) {
+TEST_F(VersionsNotKept, LeaveAFolderOfAnotherUserEmpty) {
     memory.actAs(1001, 1001);
     memory.addFolder(history, 0777);
     memory.actAs(parent, parent);
@@ -41,7 +41,7 @@ TEST_F(VersionsNotKept, WhereTheFolderBelongsToAnotherUser) {
     EXPECT_EQ(folder().state(), State::OfAnotherUser);
 }
 
-TEST_F(VersionsNotKept, WhereOthersMayLookIntoTheFolder) {
+TEST_F(VersionsNotKept, LeaveAFolderThatIsOpenToOthersEmpty) {
     for (const unsigned mode : {0710u, 0740u, 0720u, 0701u, 0704u, 0702u}) {
         memory.addFolder(history, mode);
         expectWrittenWithoutAVersion();
@@ -50,26 +50,26 @@ TEST_F(VersionsNotKept, WhereOthersMayLookIntoTheFolder) {
     }
 }
 
-TEST_F(VersionsNotKept, WhereTheFolderCannotBeWritten) {
+TEST_F(VersionsNotKept, LetEveryWriteSucceedInAnUnwritableFolder) {
     memory.addFolder(history, 0500);
     expectWrittenWithoutAVersion();
     EXPECT_TRUE(memory.names(history).empty());
     EXPECT_EQ(folder().state(), State::Usable);
 }
 
-TEST_F(VersionsNotKept, ByRootInTheFolderOfAnotherUser) {
+TEST_F(VersionsNotKept, LetRootCreateNoFolderForAnotherUser) {
     memory.actAs(0, 0);
     expectWrittenWithoutAVersion();
     EXPECT_FALSE(memory.statusOf(history)) << "the user could not keep any more versions";
 }
 
-TEST_F(VersionsNotKept, WhereTheDiskHasNoHardLinks) {
+TEST_F(VersionsNotKept, LetEveryWriteSucceedWithoutHardLinks) {
     files.failEvery("link", std::errc::operation_not_permitted);
     expectWrittenWithoutAVersion();
     EXPECT_TRUE(values().empty());
 }
 
-TEST_F(VersionsNotKept, WhereTheFolderCannotBeListed) {
+TEST_F(VersionsNotKept, LetEveryWriteSucceedInAFolderThatCannotBeListed) {
     write(7);
     files.before("list", [this] { files.failEvery("list", std::errc::io_error); });
     expectWrittenWithoutAVersion();
