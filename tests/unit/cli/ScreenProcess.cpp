@@ -99,9 +99,9 @@ void ScreenProcess::waitForBackground(const std::string& text, const std::string
               '"' + text + "\" on " + colour);
 }
 
-void ScreenProcess::waitForCaret(int column) {
-    waitUntil([&] { return caretShown_ && caret_.col == column; },
-              "a caret in column " + std::to_string(column));
+void ScreenProcess::waitForCaret(int line, int column) {
+    waitUntil([&] { return caretShown_ && caret_.row == line && caret_.col == column; },
+              "a caret in line " + std::to_string(line) + ", column " + std::to_string(column));
 }
 
 void ScreenProcess::waitForNoCaret() {

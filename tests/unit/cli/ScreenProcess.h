@@ -37,8 +37,8 @@ public:
     void waitForLine(int number, const std::string& text);
     /// Waits until the first cell of the text has that background.
     void waitForBackground(const std::string& text, const std::string& colour);
-    /// Waits until the caret is shown in that column.
-    void waitForCaret(int column);
+    /// Waits until the caret is shown there.
+    void waitForCaret(int line, int column);
     void waitForNoCaret();
     /// Waits until the program has written more.
     void waitForMore();
@@ -63,8 +63,6 @@ public:
     Cell cell(int line, int column) const;
     /// The cell where the text begins, in the first line that has it.
     Cell cellAt(const std::string& text) const;
-    int caretLine() const { return caret_.row; }
-    int caretColumn() const { return caret_.col; }
     bool isSecondScreen() const { return secondScreen_; }
     bool reportsMouse() const;
     bool showsCaret() const { return caretShown_; }
