@@ -52,13 +52,18 @@ struct Stage {
         if (given.before == Before::Linked) {
             file = "/shared/document.plist";
             disk.addFolder("/shared");
-            disk.addFile(file, given.documentBefore, 0640, parent, family);
-            disk.addFile("/shared/.document.plist.0123456789abcdef.wardlock-new", "left");
+            const Writer& writer = given.writer;
+            disk.addFile(file, writer.earlier.empty() ? given.documentBefore : writer.firstDocument(), 0640,
+                         parent, family);
+            disk.addFile(left, "left");
             disk.addLink(path, file);
         } else if (given.before == Before::Damaged) {
             disk.addFile(path, given.documentBefore, 0640, parent, family);
         }
     }
+
+    /// Of a process that was killed.
+    static constexpr const char* left = "/shared/.document.plist.0123456789abcdef.wardlock-new";
 
     std::string document;
     std::string file; ///< what the document's path leads to
@@ -118,6 +123,8 @@ protected:
         for (const char* folder : {"/Applications", "/Applications/Chess.app"})
             stage->disk.addFolder(onDisk(folder));
         stage->disk.addFile(onDisk(applicationInfoPath), applicationInfo());
+        if (!writer().earlier.empty())
+            makeEarlierChange(*stage);
         arrange(stage->files);
         center.onPost = [&stage = *stage] {
             if (!stage.files.isKilled())
@@ -127,7 +134,7 @@ protected:
             leadUp();
         FileSystem::setCurrent(&stage->files);
         if (writer().isCommand())
-            stage->done = runCommand(writer(), stage->document);
+            stage->done = runCommand(wordsFor(writer(), stage->document), writer().input);
         else
             say(writer().act);
         FileSystem::setCurrent(nullptr);
@@ -274,9 +281,16 @@ private:
             say(line);
     }
 
-    static bool runCommand(const Writer& writer, const std::string& path) {
-        const std::vector<std::string> arguments = wordsFor(writer, path);
-        const StandardInput input(writer.input);
+    void makeEarlierChange(Stage& stage) {
+        FileSystem::setCurrent(&stage.disk);
+        EXPECT_TRUE(runCommand(writer().earlier, ""));
+        EXPECT_EQ(what(stage.disk.contents(stage.file)), "the old document");
+        FileSystem::setCurrent(nullptr);
+        stage.disk.addFile(Stage::left, "left");
+    }
+
+    static bool runCommand(const std::vector<std::string>& arguments, const std::string& text) {
+        const StandardInput input(text);
         // What it reports of the faults does not matter here.
         ::testing::internal::CaptureStderr();
         ::testing::internal::CaptureStdout();

@@ -47,7 +47,6 @@ protected:
         EXPECT_EQ(made.exitCode, 0) << made.errors;
         writeFile(applicationInfoPath, applicationInfo());
         fs::create_directory(shared);
-        stage();
         setup_.environment["LD_PRELOAD"] = testModulesFolder() + "/faults-shim.so";
         setup_.environment["WARDLOCK_FAULTS_BELOW"] = folders[0] + ':' + folders[1];
         setup_.environment["WARDLOCK_FAULTS_PLAN"] = planFile;
@@ -56,6 +55,7 @@ protected:
         const char* options = std::getenv("ASAN_OPTIONS");
         setup_.environment["ASAN_OPTIONS"] =
             (options ? options + std::string(":") : "") + "verify_asan_link_order=0";
+        stage();
     }
     ~ProcessFaults() override {
         std::cout << points << (HasFailure() ? " points tried\n" : " points survived\n");
@@ -194,7 +194,8 @@ private:
     ProcessSetup setup_;
 
     void stage() {
-        const FileImage old{FileKind::Regular, given().documentBefore, 0640, parent, family};
+        const std::string text = writer().earlier.empty() ? given().documentBefore : writer().firstDocument();
+        const FileImage old{FileKind::Regular, text, 0640, parent, family};
         if (given().before == Before::Linked) {
             initial.add(document, {.kind = FileKind::Link, .text = file()});
             // A process that was killed has left its temporary.
@@ -203,6 +204,20 @@ private:
         }
         if (given().before != Before::Missing)
             initial.add(file(), old);
+        if (!writer().earlier.empty())
+            makeEarlierChange();
+    }
+
+    void makeEarlierChange() {
+        initial.restore();
+        const ProcessResult result = runProcess(programFolder() + "/wardlock", writer().earlier, setup_);
+        ASSERT_EQ(result.exitCode, 0) << result.errors;
+        EXPECT_EQ(listener.receiveAll(), 1u);
+        DiskImage changed = DiskImage::of(folders);
+        ASSERT_EQ(given().what(changed.contents(document)), "the old document");
+        for (const std::string& path : initial.named(".wardlock-new"))
+            changed.add(path, *initial.find(path));
+        initial = changed;
     }
 
     void arm(const std::string& plan) const { std::ofstream(planFile) << plan; }

@@ -17,7 +17,7 @@ constexpr const char* damaged = "<plist><dict><key>kEnabled</key>";
 std::vector<WriterCase> makeCases() {
     std::vector<WriterCase> all;
     for (const Writer& writer : writers())
-        all.push_back({writer, Before::Linked, documentBefore(), writer.documentAfter()});
+        all.push_back({writer, Before::Linked, writer.documentBefore(), writer.documentAfter()});
     const std::string switchedOn = platform::dataWithPropertyList(platform::Dictionary{{"kEnabled", true}});
     all.push_back({writers().front(), Before::Missing, "", switchedOn});
     all.push_back({writers().front(), Before::Damaged, damaged, switchedOn});

@@ -100,14 +100,26 @@ void allowStored(platform::MutableDictionary& document) {
     setInAccount(document, 1, kAppsRestricted, platform::Array{});
 }
 
+std::string changedDocument(const Writer& writer) {
+    platform::MutableDictionary document(before());
+    writer.change(document);
+    return platform::dataWithPropertyList(document.copy());
+}
+
 constexpr const char* importedText = "<plist><dict><key>kEnabled</key><false/></dict></plist>";
 
 } // namespace
 
+std::string Writer::documentBefore() const {
+    return earlier.empty() ? firstDocument() : changedDocument(*this);
+}
+
 std::string Writer::documentAfter() const {
-    platform::MutableDictionary document(before());
-    change(document);
-    return platform::dataWithPropertyList(document.copy());
+    return earlier.empty() ? changedDocument(*this) : firstDocument();
+}
+
+std::string Writer::firstDocument() const {
+    return platform::dataWithPropertyList(before());
 }
 
 const std::vector<Writer>& writers() {
@@ -175,6 +187,17 @@ const std::vector<Writer>& writers() {
         {"AllowVerb", {}, "", {}, allowStored, {"allow", "--account", "Tom", "org.example.stored"}},
         {"PasscodeVerb", {}, "", {}, setPasscode, {"passcode", "set"}, "1234\n"},
         {"ImportVerb", {}, "", {}, switchOff, {"import", "-"}, importedText},
+        {"UndoVerb", {}, "", {}, switchOff, {"undo"}, "", true, false, {"set", "kEnabled", "off"}},
+        {"RestoreVerb",
+         {},
+         "",
+         {},
+         renameTom,
+         {"restore", "1"},
+         "",
+         true,
+         false,
+         {"account", "rename", "Tom", "Kim"}},
     };
     return all;
 }
@@ -183,10 +206,6 @@ std::vector<std::string> wordsFor(const Writer& writer, const std::string& path)
     std::vector<std::string> words = writer.words;
     std::ranges::replace(words, "DOCUMENT", path);
     return words;
-}
-
-std::string documentBefore() {
-    return platform::dataWithPropertyList(before());
 }
 
 std::string applicationInfo() {

@@ -16,7 +16,7 @@ struct Writer {
     std::vector<std::string> opening;
     std::string act;
     std::vector<std::string> again;
-    /// What the act does to the document.
+    /// What the act does to the document, or what the earlier command has done to it.
     void (*change)(platform::MutableDictionary& document);
     /// The words of the command; "DOCUMENT" stands for the document's path on this machine.
     std::vector<std::string> words = {};
@@ -26,9 +26,15 @@ struct Writer {
     bool announces = true;
     /// Whether it needs the installed applications, and so the real disk.
     bool needsApplications = false;
+    /// The words of a command that ran before, and made the change that this writer takes back.
+    std::vector<std::string> earlier = {};
 
     bool isCommand() const { return act.empty(); }
+    /// The document that the act finds, and the one that it leaves.
+    std::string documentBefore() const;
     std::string documentAfter() const;
+    /// The document that the earlier command found, or the act itself.
+    std::string firstDocument() const;
 };
 
 /// All of them.
@@ -36,10 +42,6 @@ const std::vector<Writer>& writers();
 
 /// The words of a command, for the document at the path.
 std::vector<std::string> wordsFor(const Writer& writer, const std::string& path);
-
-/// A document with two accounts, and with what other programs may have put beside our keys: what a writer has
-/// to carry over.
-std::string documentBefore();
 
 /// The Info.plist of the one installed application, and its device path.
 std::string applicationInfo();
