@@ -12,8 +12,8 @@ namespace wardlock::bench {
 
 namespace fs = std::filesystem;
 
-FilesInMemory::FilesInMemory() {
-    copyFile(platform::pathOnDevice(documentPath(BundleIdentifier)));
+FilesInMemory::FilesInMemory() : document_(platform::pathOnDevice(documentPath(BundleIdentifier))) {
+    copyFile(document_);
     const fs::path bundle = fs::canonical(
         platform::pathOnDevice(std::string(shell::preferenceBundlesPath) + "/WardlockSettings.bundle"));
     for (const auto& entry : fs::directory_iterator(bundle))
@@ -24,6 +24,14 @@ FilesInMemory::FilesInMemory() {
 
 FilesInMemory::~FilesInMemory() {
     platform::FileSystem::setCurrent(nullptr);
+}
+
+void FilesInMemory::changeDocument() {
+    std::string bytes = files_.textOf(document_);
+    const std::string_view name = renamed_ ? "Account O" : "Account 0";
+    renamed_ = !renamed_;
+    bytes.at(bytes.find(name) + name.size() - 1) = renamed_ ? 'O' : '0';
+    files_.addFile(document_, bytes);
 }
 
 void FilesInMemory::copyFile(const std::string& path) {

@@ -14,11 +14,16 @@ public:
     FilesInMemory(const FilesInMemory&) = delete;
     FilesInMemory& operator=(const FilesInMemory&) = delete;
 
+    /// Gives the first account of a sample document another name, as another process would.
+    void changeDocument();
+
 private:
     void copyFile(const std::string& path);
     void makeFoldersAbove(const std::string& path);
 
     test::MemoryFileSystem files_;
+    std::string document_;
+    bool renamed_ = false;
 };
 
 } // namespace wardlock::bench

@@ -4,6 +4,7 @@
 #include "platform/files/AtomicWriter.h"
 #include "platform/plist/PropertyList.h"
 #include "platform/plist/PropertyListBounds.h"
+#include "platform/plist/RecentDocument.h"
 #include "platform/versions/VersionKeeper.h"
 
 #include <charconv>
@@ -24,9 +25,11 @@ std::string damagedName(const std::string& path, int number) {
 
 } // namespace
 
-DocumentFile::DocumentFile(FileSystem& files, std::string path) : files_(files), path_(std::move(path)) {
+DocumentFile::DocumentFile(FileSystem& files, std::string path, RecentDocument* recent)
+    : files_(files), path_(std::move(path)) {
+    std::string bytes;
     const auto read = [&] {
-        return uninterrupted([&] { return files_.readFile(path_, largestDocument, bytes_); });
+        return uninterrupted([&] { return files_.readFile(path_, largestDocument, bytes); });
     };
     std::error_code error = read();
     // A disk or a remote folder may fail once and not again. Taking the document for unreadable would replace
@@ -38,13 +41,9 @@ DocumentFile::DocumentFile(FileSystem& files, std::string path) : files_(files),
         readError_ = error;
         return;
     }
-    const std::optional<Value> root = propertyListWithData(bytes_);
-    if (root && root->kind() == Value::Kind::Dictionary) {
-        state_ = State::Document;
-        dictionary_ = root->dictionary();
-    } else {
-        state_ = State::Damaged;
-    }
+    bytes_ = std::make_shared<const std::string>(std::move(bytes));
+    dictionary_ = recent ? recent->dictionaryOf(path_, bytes_) : dictionaryWithData(*bytes_);
+    state_ = dictionary_ ? State::Document : State::Damaged;
 }
 
 DocumentFile::State DocumentFile::stateAfter(std::error_code error) {
@@ -71,13 +70,13 @@ std::error_code DocumentFile::replace(const Dictionary& dictionary, Sync sync, c
 }
 
 std::optional<std::string_view> DocumentFile::document() const {
-    return state_ == State::Document ? std::optional<std::string_view>(bytes_) : std::nullopt;
+    return state_ == State::Document ? std::optional<std::string_view>(*bytes_) : std::nullopt;
 }
 
 void DocumentFile::keepVersion() {
     if (state_ != State::Document)
         return;
-    VersionKeeper keeper(files_, {}, document(), bytes_);
+    VersionKeeper keeper(files_, {}, document(), *bytes_);
     AtomicWriter(files_, &keeper).removeLeftovers(path_);
     keeper.keepCurrent(path_);
 }
@@ -101,10 +100,10 @@ std::error_code DocumentFile::copyAside(Sync sync) {
         const std::string name = damagedName(path_, number);
         const std::error_code error =
             uninterrupted([&] { return files_.readFile(name, largestDocument, kept); });
-        if (!error && kept == bytes_)
+        if (!error && kept == *bytes_)
             return {};
         if (error == std::errc::no_such_file_or_directory || number == mostDamaged)
-            return AtomicWriter(files_).write(name, bytes_, sync, Attributes::Private);
+            return AtomicWriter(files_).write(name, *bytes_, sync, Attributes::Private);
     }
     return {};
 }

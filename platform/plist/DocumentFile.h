@@ -4,17 +4,21 @@
 #include "platform/values/Dictionary.h"
 #include "platform/versions/Versions.h"
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
 namespace platform {
 
+class RecentDocument;
+
 /// A property-list dictionary in a file, by its path on this machine: its content at construction, and its
 /// replacement.
 class DocumentFile {
 public:
-    DocumentFile(FileSystem& files, std::string path);
+    /// Where `recent` is given, a file with the bytes that it remembers is not parsed again.
+    DocumentFile(FileSystem& files, std::string path, RecentDocument* recent = nullptr);
 
     /// Returns the dictionary; nothing when the file is missing, unreadable or not a document. An empty
     /// dictionary is a document.
@@ -57,8 +61,8 @@ private:
     /// The error of reading the file.
     std::error_code readError_;
     std::optional<Dictionary> dictionary_;
-    /// What was read: of a document or of damage.
-    std::string bytes_;
+    /// What was read: of a document or of damage. Null where nothing was.
+    std::shared_ptr<const std::string> bytes_;
 };
 
 } // namespace platform

@@ -2,14 +2,19 @@
 
 #include "platform/files/DeviceRoot.h"
 #include "platform/plist/DocumentFile.h"
+#include "platform/plist/RecentDocument.h"
 #include "platform/plist/UnsavedChange.h"
 
 namespace platform {
 
 namespace {
 
+DocumentFile fileOfMachine(const std::string& path) {
+    return DocumentFile(FileSystem::current(), path, &RecentDocument::shared());
+}
+
 DocumentFile fileOnDevice(std::string_view devicePath) {
-    return DocumentFile(FileSystem::current(), pathOnDevice(devicePath));
+    return fileOfMachine(pathOnDevice(devicePath));
 }
 
 } // namespace
@@ -32,7 +37,7 @@ Update updateFile(std::string_view devicePath, const std::function<bool(MutableD
 
 Update updateFileOfMachine(const std::string& path, const std::function<bool(MutableDictionary&)>& change,
                            Sync sync, const Versions& versions) {
-    DocumentFile file(FileSystem::current(), path);
+    DocumentFile file = fileOfMachine(path);
     MutableDictionary entries;
     if (file.dictionary())
         entries = MutableDictionary(*file.dictionary());
