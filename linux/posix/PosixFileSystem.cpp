@@ -90,12 +90,13 @@ std::error_code openRegular(const std::string& path, int flags, Links links, Fil
     return {};
 }
 
-/// Reads to the end: one call, and the one that finds the end, where the reported size was right.
+/// Reads to the end. A call that finds the reported size, and has room for more, has found the end.
 std::error_code readToEnd(int file, std::size_t expected, std::size_t maximum, std::string& bytes) {
     std::string read(expected + 1, '\0');
     std::size_t length = 0;
     while (true) {
-        const ssize_t count = ::read(file, read.data() + length, read.size() - length);
+        const std::size_t room = read.size() - length;
+        const ssize_t count = ::read(file, read.data() + length, room);
         if (count < 0 && errno == EINTR)
             continue;
         if (count < 0)
@@ -105,6 +106,8 @@ std::error_code readToEnd(int file, std::size_t expected, std::size_t maximum, s
         length += static_cast<std::size_t>(count);
         if (length > maximum)
             return std::make_error_code(std::errc::file_too_large);
+        if (length == expected && static_cast<std::size_t>(count) < room)
+            break;
         if (length == read.size())
             read.resize(read.size() * 2);
     }
