@@ -5,6 +5,8 @@
 #include "platform/plist/TextDecoding.h"
 
 #include <algorithm>
+#include <array>
+#include <span>
 
 namespace platform {
 
@@ -40,9 +42,16 @@ std::optional<Value> BinaryPropertyListReader::read() {
     objects_.resize(static_cast<std::size_t>(objectCount_));
     // Room for a record.
     values_.reserve(64);
+    keys_.reserve(32);
     lastKeys_.reserve(4);
     const Object* top = object(topObject_, 1);
-    return top ? std::optional(top->value.value()) : std::nullopt;
+    if (!top)
+        return std::nullopt;
+    std::array<KeySet*, DocumentShape::mostLevels> keys{};
+    for (std::size_t i = 0; i < keys.size() && i + 1 < lastKeys_.size(); ++i)
+        keys[i] = lastKeys_[i + 1].keys;
+    shape_->rememberOther(keys);
+    return top->value.value();
 }
 
 /// Reads the last 32 bytes: six unused, the sizes of an offset and of a reference, the number of objects, the
@@ -166,7 +175,7 @@ bool BinaryPropertyListReader::readUid(const Content& content, Object& object) {
         return false;
     const std::string_view key = "CF$UID";
     ArenaValue number(Value(numberAt(content.start, static_cast<std::size_t>(size))));
-    object.value = ArenaValue(dictionaries_.make({&key, 1}, &number));
+    object.value = dictionaries_.make({&key, 1}, &number);
     object.height = 1;
     return true;
 }
@@ -211,40 +220,40 @@ bool BinaryPropertyListReader::readDictionary(const Content& content, std::size_
     const std::string_view references = bytes_.substr(content.start, size);
     const LastKeys last = lastKeys(depth);
     const bool sameKeys = last.keys && last.references == references;
-    std::vector<std::string_view> keys;
+    const std::size_t firstKey = keys_.size();
     if (sameKeys)
         object.weight += last.weight;
-    else if (!readKeys(references, depth, object, keys))
+    else if (!readKeys(references, depth, object))
         return false;
     const std::uint64_t keysWeight = sameKeys ? last.weight : object.weight - valueWeight;
     const std::size_t first = values_.size();
     if (!readReferences(content.start + size, content.length, depth, object))
         return false;
     ArenaValue* const values = values_.data() + first;
-    Dictionary dictionary =
-        sameKeys ? arena_->dictionary(*last.keys, values) : dictionaries_.make(keys, values);
+    const std::span keys = std::span(keys_).subspan(firstKey);
+    object.value = sameKeys ? arena_->dictionary(*last.keys, values) : dictionaries_.make(keys, values);
+    const Dictionary& dictionary = object.value.value().dictionary();
     // Where a key came twice, the references are not those of the dictionary's keys.
     if (!sameKeys && !keys.empty() && dictionary.size() == keys.size())
         lastKeys(depth) = {references, dictionary.keys().get(), keysWeight};
-    object.value = ArenaValue(std::move(dictionary));
-    values_.resize(first, object.value);
+    keys_.resize(firstKey);
+    values_.resize(first);
     return true;
 }
 
-bool BinaryPropertyListReader::readKeys(std::string_view references, std::size_t depth, Object& object,
-                                        std::vector<std::string_view>& keys) {
+/// Appends the keys to `keys_`.
+bool BinaryPropertyListReader::readKeys(std::string_view references, std::size_t depth, Object& object) {
     const std::size_t first = values_.size();
     const std::size_t count = references.size() / referenceSize_;
     if (!readReferences(static_cast<std::size_t>(references.data() - bytes_.data()), count, depth, object))
         return false;
-    keys.reserve(count);
     for (std::size_t i = first; i < values_.size(); ++i) {
         const Value& key = values_[i].value();
         if (!key.is(Value::Kind::String))
             return false;
-        keys.push_back(key.string());
+        keys_.push_back(key.string());
     }
-    values_.resize(first, ArenaValue(false));
+    values_.resize(first);
     return true;
 }
 

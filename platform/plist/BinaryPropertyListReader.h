@@ -2,9 +2,13 @@
 
 #include "platform/plist/BinaryNumber.h"
 #include "platform/plist/DictionaryBuilder.h"
+#include "platform/plist/DocumentShape.h"
+#include "platform/plist/ScratchMemory.h"
 #include "platform/values/Arena.h"
 
 #include <cstdint>
+#include <memory>
+#include <memory_resource>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -21,7 +25,7 @@ public:
     /// `bytes` must outlive the reader.
     explicit BinaryPropertyListReader(std::string_view bytes)
         : bytes_(bytes), arena_(Arena::create(2 * bytes.size())),
-          dictionaries_(*arena_, Duplicates::KeepFirst) {}
+          dictionaries_(*arena_, Duplicates::KeepFirst, *shape_) {}
 
     /// Returns nothing unless the bytes are a property list. Call it once.
     std::optional<Value> read();
@@ -35,7 +39,7 @@ private:
         std::uint16_t height = 0;
         /// The bytes of the value written out, with all it contains.
         std::uint64_t weight = 0;
-        ArenaValue value{false};
+        ArenaValue value;
     };
     /// The bytes of an object after its marker and length.
     struct Content {
@@ -62,8 +66,7 @@ private:
     bool readWideString(const Content& content, Object& object);
     bool readArray(const Content& content, std::size_t depth, Object& object);
     bool readDictionary(const Content& content, std::size_t depth, Object& object);
-    bool readKeys(std::string_view references, std::size_t depth, Object& object,
-                  std::vector<std::string_view>& keys);
+    bool readKeys(std::string_view references, std::size_t depth, Object& object);
     LastKeys& lastKeys(std::size_t depth);
     bool readReferences(std::size_t start, std::uint64_t count, std::size_t depth, Object& object);
 
@@ -72,6 +75,8 @@ private:
     }
     bool fits(std::size_t at, std::uint64_t count, std::uint64_t size) const;
 
+    ScratchMemory scratch_;
+    std::shared_ptr<const DocumentShape> shape_ = DocumentShape::latest();
     std::string_view bytes_;
     std::size_t offsetSize_ = 0;
     std::size_t referenceSize_ = 0;
@@ -80,11 +85,12 @@ private:
     std::size_t table_ = 0;
     IntrusivePointer<Arena> arena_;
     DictionaryBuilder dictionaries_;
-    std::vector<Object> objects_;
-    /// The elements of the containers that are being read, innermost last.
-    std::vector<ArenaValue> values_;
-    /// Indexed by depth.
-    std::vector<LastKeys> lastKeys_;
+    std::pmr::vector<Object> objects_{scratch_.get()};
+    /// The elements and the keys of the containers that are being read, innermost last.
+    std::pmr::vector<ArenaValue> values_{scratch_.get()};
+    std::pmr::vector<std::string_view> keys_{scratch_.get()};
+    /// Indexed by depth; the outermost is 1.
+    std::pmr::vector<LastKeys> lastKeys_{scratch_.get()};
 };
 
 } // namespace platform

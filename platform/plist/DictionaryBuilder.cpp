@@ -17,9 +17,21 @@ bool hasKeys(const KeySet& set, std::span<const std::string_view> keys) {
 
 } // namespace
 
-Dictionary DictionaryBuilder::make(std::span<const std::string_view> keys, ArenaValue* values) {
+DictionaryBuilder::DictionaryBuilder(Arena& arena, Duplicates duplicates, const DocumentShape& shape)
+    : arena_(arena), duplicates_(duplicates) {
+    static_assert(DocumentShape::mostLevels < std::tuple_size_v<decltype(recent_)>);
+    auto next = recent_.begin();
+    for (const DocumentShape::Level& level : shape.levels()) {
+        if (!level.keys)
+            continue;
+        *next++ = level.keys.get();
+        arena_.keep(level.keys);
+    }
+}
+
+ArenaValue DictionaryBuilder::make(std::span<const std::string_view> keys, ArenaValue* values) {
     if (keys.empty())
-        return {};
+        return {Value::Kind::Dictionary, static_cast<ContainerBlock*>(nullptr)};
     // The set that was found, the first free element, or the oldest set, which makes room.
     const auto place = std::find_if(recent_.begin(), recent_.end() - 1,
                                     [&](const KeySet* set) { return !set || hasKeys(*set, keys); });

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/plist/DocumentShape.h"
 #include "platform/values/Arena.h"
 
 #include <array>
@@ -14,11 +15,11 @@ enum class Duplicates { KeepFirst, KeepLast };
 /// Creates the dictionaries of one document. Those with the same keys in the same order share their key set.
 class DictionaryBuilder {
 public:
-    /// The arena must outlive the builder.
-    DictionaryBuilder(Arena& arena, Duplicates duplicates) : arena_(arena), duplicates_(duplicates) {}
+    /// Dictionaries with keys of `shape` share those as well. The arena must outlive the builder.
+    DictionaryBuilder(Arena& arena, Duplicates duplicates, const DocumentShape& shape);
 
     /// `values` has as many elements as `keys`. Of equal keys it loses all values but one.
-    Dictionary make(std::span<const std::string_view> keys, ArenaValue* values);
+    ArenaValue make(std::span<const std::string_view> keys, ArenaValue* values);
 
 private:
     KeySet* newSet(std::span<const std::string_view> keys, ArenaValue* values);

@@ -14,19 +14,21 @@ constexpr std::size_t typicalDepth = 4;
 } // namespace
 
 PropertyListBuilder::PropertyListBuilder(std::size_t documentSize)
-    : arena_(Arena::create(documentSize)), dictionaries_(*arena_, Duplicates::KeepLast),
-      strings_(*arena_, documentSize) {
+    : arena_(Arena::create(documentSize)), dictionaries_(*arena_, Duplicates::KeepLast, *shape_),
+      strings_(*arena_, documentSize, scratch_.get()) {
     frames_.reserve(typicalDepth);
     last_.reserve(typicalDepth);
     values_.reserve(typicalKeys);
     keys_.reserve(typicalKeys);
+    for (const auto& [keys, leadIns] : shape_->levels())
+        last_.push_back({keys.get(), {leadIns.begin(), leadIns.end(), scratch_.get()}});
 }
 
 bool PropertyListBuilder::open(Container kind) {
     if (!mayAdd() || depth() == deepestPropertyList)
         return false;
     if (last_.size() == depth())
-        last_.emplace_back();
+        last_.push_back({nullptr, std::pmr::vector<std::string_view>(scratch_.get())});
     const bool asExpected = kind == Container::Dictionary && last_[depth()].keys;
     const std::size_t keys = kind == Container::PropertyList ? 1 : 0;
     frames_.push_back({kind, asExpected, values_.size(), keys_.size(), keys});
@@ -47,7 +49,7 @@ bool PropertyListBuilder::close(Container kind) {
     }
     const ArenaValue* const first = values_.data() + frame.firstValue;
     const ArenaValue closed =
-        kind == Container::Array ? arena_->array(first, count) : ArenaValue(closedDictionary(frame));
+        kind == Container::Array ? arena_->array(first, count) : closedDictionary(frame);
     values_.resize(frame.firstValue, closed);
     keys_.resize(frame.firstKey);
     frames_.pop_back();
@@ -55,16 +57,17 @@ bool PropertyListBuilder::close(Container kind) {
     return true;
 }
 
-Dictionary PropertyListBuilder::closedDictionary(Frame& frame) {
+ArenaValue PropertyListBuilder::closedDictionary(Frame& frame) {
     ArenaValue* const values = values_.data() + frame.firstValue;
     if (frame.asExpected && frame.keyCount == last().keys->size())
         return arena_->dictionary(*last().keys, values);
     spellOutKeys(frame);
-    Dictionary dictionary = dictionaries_.make({keys_.data() + frame.firstKey, frame.keyCount}, values);
+    const ArenaValue closed = dictionaries_.make({keys_.data() + frame.firstKey, frame.keyCount}, values);
+    const Dictionary& dictionary = closed.value().dictionary();
     // Where a key came twice, the lead-ins are not those of the dictionary's keys.
     if (frame.keyCount > 0)
         last().keys = dictionary.size() == frame.keyCount ? dictionary.keys().get() : nullptr;
-    return dictionary;
+    return closed;
 }
 
 void PropertyListBuilder::spellOutKeys(Frame& frame) {
@@ -78,6 +81,7 @@ void PropertyListBuilder::spellOutKeys(Frame& frame) {
 bool PropertyListBuilder::addKey(std::string_view key, std::string_view leadIn) {
     if (!mayAddKey())
         return false;
+    differs_ = true;
     Frame& frame = frames_.back();
     LastDictionary& before = last();
     if (!frame.asExpected || frame.keyCount >= before.keys->size() ||
@@ -106,7 +110,22 @@ std::span<const std::string_view> PropertyListBuilder::expectedLeadIns() const {
 std::optional<Value> PropertyListBuilder::take() {
     if (!frames_.empty() || values_.empty())
         return std::nullopt;
+    if (differs_)
+        rememberShape();
     return values_.front().value();
+}
+
+void PropertyListBuilder::rememberShape() const {
+    std::vector<DocumentShape::Level> levels;
+    for (const LastDictionary& last : last_) {
+        if (levels.size() == DocumentShape::mostLevels)
+            break;
+        if (last.keys)
+            last.keys->retain();
+        levels.push_back(
+            {IntrusivePointer<KeySet>::adopt(last.keys), {last.leadIns.begin(), last.leadIns.end()}});
+    }
+    DocumentShape::remember(std::make_shared<DocumentShape>(levels));
 }
 
 } // namespace platform

@@ -1,10 +1,15 @@
 #pragma once
 
 #include "platform/plist/DictionaryBuilder.h"
+#include "platform/plist/DocumentShape.h"
+#include "platform/plist/ScratchMemory.h"
 #include "platform/plist/StringPool.h"
 #include "platform/values/Arena.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <memory>
+#include <memory_resource>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -52,7 +57,8 @@ public:
     ArenaValue string(std::string_view text) { return strings_.string(text); }
     ArenaValue data(std::string_view bytes) { return {Value::Kind::Data, arena_->bytes(bytes)}; }
 
-    /// Returns the one value that was built; nothing while a container is open.
+    /// Returns the one value that was built; nothing while a container is open. The next builder expects a
+    /// document of the same shape.
     std::optional<Value> take();
 
 private:
@@ -68,8 +74,8 @@ private:
     };
     /// The last dictionary of a depth, and the text in front of each of its values.
     struct LastDictionary {
-        KeySet* keys = nullptr;
-        std::vector<std::string_view> leadIns;
+        KeySet* keys;
+        std::pmr::vector<std::string_view> leadIns;
     };
 
     /// Returns whether a value is allowed here: anywhere in an array, after a key in a dictionary, once in a
@@ -88,18 +94,24 @@ private:
     }
     std::size_t valueCount(const Frame& frame) const { return values_.size() - frame.firstValue; }
     LastDictionary& last() { return last_[depth() - 1]; }
-    Dictionary closedDictionary(Frame& frame);
+    ArenaValue closedDictionary(Frame& frame);
     void spellOutKeys(Frame& frame);
 
+    void rememberShape() const;
+
+    ScratchMemory scratch_;
+    std::shared_ptr<const DocumentShape> shape_ = DocumentShape::latest();
+    /// The document has keys, or texts in front of its values, that the shape does not have.
+    bool differs_ = false;
     IntrusivePointer<Arena> arena_;
     DictionaryBuilder dictionaries_;
     StringPool strings_;
-    std::vector<Frame> frames_;
+    std::pmr::vector<Frame> frames_{scratch_.get()};
     /// The elements of all open containers, and the keys that differed from the expected ones.
-    std::vector<ArenaValue> values_;
-    std::vector<std::string_view> keys_;
+    std::pmr::vector<ArenaValue> values_{scratch_.get()};
+    std::pmr::vector<std::string_view> keys_{scratch_.get()};
     /// Indexed by depth.
-    std::vector<LastDictionary> last_;
+    std::pmr::vector<LastDictionary> last_{scratch_.get()};
 };
 
 } // namespace platform

@@ -16,8 +16,9 @@ constexpr std::size_t bytesPerSlot = 128;
 
 } // namespace
 
-StringPool::StringPool(Arena& arena, std::size_t documentSize)
-    : arena_(arena), slots_(std::bit_ceil(std::clamp(documentSize / bytesPerSlot, fewestSlots, mostSlots))) {}
+StringPool::StringPool(Arena& arena, std::size_t documentSize, std::pmr::memory_resource* scratch)
+    : arena_(arena),
+      slots_(std::bit_ceil(std::clamp(documentSize / bytesPerSlot, fewestSlots, mostSlots)), scratch) {}
 
 ArenaValue StringPool::string(std::string_view text) {
     if (text.empty() || text.size() > longestShared)

@@ -2,6 +2,7 @@
 
 #include "platform/values/Arena.h"
 
+#include <memory_resource>
 #include <string_view>
 #include <vector>
 
@@ -11,15 +12,16 @@ namespace platform {
 /// share their bytes. The pool remembers a bounded number of them.
 class StringPool {
 public:
-    /// `documentSize`, in bytes, bounds how much remembering is worth. The arena must outlive the pool.
-    StringPool(Arena& arena, std::size_t documentSize);
+    /// `documentSize`, in bytes, bounds how much remembering is worth. The arena and the scratch memory must
+    /// outlive the pool.
+    StringPool(Arena& arena, std::size_t documentSize, std::pmr::memory_resource* scratch);
 
     ArenaValue string(std::string_view text);
 
 private:
     Arena& arena_;
     /// One remembered string per slot, the latest.
-    std::vector<ByteBlock*> slots_;
+    std::pmr::vector<ByteBlock*> slots_;
 };
 
 } // namespace platform

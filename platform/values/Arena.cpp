@@ -29,16 +29,16 @@ ByteBlock* Arena::bytes(std::string_view bytes) {
     return new (memory) ByteBlock(bytes, referencesAt(memory));
 }
 
-/// Returns null for no values, else a reference that is not counted.
-IntrusivePointer<ContainerBlock> Arena::container(const ArenaValue* values, std::size_t count, KeySet* keys) {
+/// Returns null for no values.
+ContainerBlock* Arena::container(const ArenaValue* values, std::size_t count, KeySet* keys) {
     static_assert(sizeof(ArenaValue) == sizeof(Value) && alignof(Value) <= ReferenceCount::unit);
     if (count == 0)
-        return {};
+        return nullptr;
     ContainerBlock::checkCount(count);
     char* const memory = take(sizeof(ContainerBlock) + count * sizeof(Value));
     auto* block = new (memory) ContainerBlock(count, keys, referencesAt(memory));
     std::memcpy(static_cast<void*>(block->mutableValues()), values, count * sizeof(Value));
-    return IntrusivePointer<ContainerBlock>::adopt(block);
+    return block;
 }
 
 /// Takes memory for a block off the newest chunk.

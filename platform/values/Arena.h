@@ -6,6 +6,7 @@
 #include "platform/values/Value.h"
 
 #include <atomic>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -17,26 +18,37 @@
 namespace platform {
 
 /// A value that an arena owns: the bytes of a Value, whose reference is not counted. Trivial to copy and to
-/// drop.
+/// drop. Two whole words, which stay in registers: a Value that is written by its members and copied at once
+/// makes the processor wait for each.
 class ArenaValue {
 public:
-    /// Takes a value that refers to nothing outside the arena.
+    ArenaValue() : ArenaValue(false) {}
+    explicit ArenaValue(bool boolean) : head_(headOf(Value::Kind::Boolean)), bits_(boolean ? 1 : 0) {}
+    /// A string or data.
+    ArenaValue(Value::Kind kind, ByteBlock* bytes) : ArenaValue(kind, static_cast<void*>(bytes)) {}
+    /// An array or a dictionary.
+    ArenaValue(Value::Kind kind, ContainerBlock* elements) : ArenaValue(kind, static_cast<void*>(elements)) {}
+    /// Takes any value that refers to nothing outside the arena.
     explicit ArenaValue(Value&& value) {
-        std::memcpy(bytes_, static_cast<const void*>(&value), sizeof value);
+        std::memcpy(static_cast<void*>(this), static_cast<const void*>(&value), sizeof value);
         new (&value) Value(false);
     }
-    explicit ArenaValue(bool boolean) : ArenaValue(Value(boolean)) {}
-    /// A string or data.
-    ArenaValue(Value::Kind kind, ByteBlock* bytes)
-        : ArenaValue(Value(kind, IntrusivePointer<ByteBlock>::adopt(bytes))) {}
-    explicit ArenaValue(Array array) : ArenaValue(Value(std::move(array))) {}
-    explicit ArenaValue(Dictionary dictionary) : ArenaValue(Value(std::move(dictionary))) {}
 
     /// A copy of the value counts as a reference to the arena.
-    const Value& value() const { return *std::launder(reinterpret_cast<const Value*>(bytes_)); }
+    const Value& value() const { return *std::launder(reinterpret_cast<const Value*>(this)); }
 
 private:
-    alignas(Value) std::byte bytes_[sizeof(Value)];
+    ArenaValue(Value::Kind kind, void* block)
+        : head_(headOf(kind)), bits_(reinterpret_cast<std::uintptr_t>(block)) {}
+
+    /// Returns the first word of a Value, which begins with its kind.
+    static constexpr std::uint64_t headOf(Value::Kind kind) {
+        const auto number = static_cast<std::uint64_t>(kind);
+        return std::endian::native == std::endian::little ? number : number << 56;
+    }
+
+    std::uint64_t head_;
+    std::uint64_t bits_;
 };
 
 /// The memory of one document's values, which are built together and freed together: that takes a fraction of
@@ -52,11 +64,11 @@ public:
     /// Returns null for no bytes.
     ByteBlock* bytes(std::string_view bytes);
     ArenaValue array(const ArenaValue* values, std::size_t count) {
-        return ArenaValue(Array(container(values, count, nullptr)));
+        return {Value::Kind::Array, container(values, count, nullptr)};
     }
     /// `keys` is one that the arena keeps; `values` has as many elements.
-    Dictionary dictionary(KeySet& keys, const ArenaValue* values) {
-        return Dictionary(container(values, keys.size(), &keys));
+    ArenaValue dictionary(KeySet& keys, const ArenaValue* values) {
+        return {Value::Kind::Dictionary, container(values, keys.size(), &keys)};
     }
     /// Owns the keys from now on.
     void keep(IntrusivePointer<KeySet> keys) { keySets_.push_back(std::move(keys)); }
@@ -80,7 +92,7 @@ private:
     Arena(char* free, char* end) : first_{this, nullptr}, newest_(&first_), free_(free), end_(end) {}
     ~Arena() = default;
 
-    IntrusivePointer<ContainerBlock> container(const ArenaValue* values, std::size_t count, KeySet* keys);
+    ContainerBlock* container(const ArenaValue* values, std::size_t count, KeySet* keys);
     char* take(std::size_t size);
     void addChunk(std::size_t size);
     void destroy();
