@@ -27,7 +27,7 @@ TextPage::Size terminalSize() {
 } // namespace
 
 TerminalView::TerminalView(shell::SettingsApplication& settings, SettingsLoop& loop, TextStyle style)
-    : settings_(settings), loop_(loop), dialog_(loop, style), sheets_(settings, loop, dialog_),
+    : settings_(settings), dialog_(loop, style), sheets_(settings, loop, dialog_),
       changes_(settings.observe(*this)), turns_(loop.observeTurns([this] { followTurn(); })) {}
 
 void TerminalView::run() {

@@ -45,7 +45,6 @@ private:
     void redrawIfStale();
 
     shell::SettingsApplication& settings_;
-    SettingsLoop& loop_;
     TerminalDialog dialog_;
     TerminalSheets sheets_;
     std::vector<platform::NSIndexPath> rows_;
