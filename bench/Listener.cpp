@@ -14,10 +14,10 @@ namespace wardlock::bench {
 
 namespace {
 
-constexpr const char* pipeVariable = "WARDLOCK_BENCH_ANSWERS";
+constexpr const char* pipeVariable = "WARDLOCK_BENCH_REPLIES";
 constexpr std::uint64_t readyValue = UINT64_MAX;
 constexpr int startMilliseconds = 10'000;
-constexpr int answerMilliseconds = 2'000;
+constexpr int replyMilliseconds = 2'000;
 constexpr int warmUps = 20;
 constexpr int toleratedLosses = 5;
 
@@ -53,9 +53,9 @@ Listener::Listener(const std::vector<std::string>& arguments) {
         _exit(127);
     }
     close(ends[1]);
-    answers_ = ends[0];
-    InputResult answer;
-    if (!receive(answer, startMilliseconds) || answer.value != readyValue) {
+    replies_ = ends[0];
+    Reply reply;
+    if (!receive(reply, startMilliseconds) || reply.value != readyValue) {
         std::fputs("the listener did not start\n", stderr);
         kill(process_, SIGTERM);
         std::exit(1);
@@ -65,7 +65,7 @@ Listener::Listener(const std::vector<std::string>& arguments) {
 Listener::~Listener() {
     kill(process_, SIGTERM);
     waitpid(process_, nullptr, 0);
-    close(answers_);
+    close(replies_);
 }
 
 void Listener::measure(const Row& row, const std::function<void(bool)>& change) {
@@ -110,25 +110,25 @@ void Listener::reportWith(const Measured& measured, Samples samples, int lost) {
 }
 
 std::uint64_t Listener::timeOf(bool value) const {
-    InputResult answer;
-    while (receive(answer, answerMilliseconds)) {
-        if (answer.value == static_cast<std::uint64_t>(value))
-            return answer.time;
+    Reply reply;
+    while (receive(reply, replyMilliseconds)) {
+        if (reply.value == static_cast<std::uint64_t>(value))
+            return reply.time;
         ++stale_;
     }
     return 0;
 }
 
-bool Listener::receive(InputResult& answer, int milliseconds) const {
-    pollfd wait{answers_, POLLIN, 0};
+bool Listener::receive(Reply& reply, int milliseconds) const {
+    pollfd wait{replies_, POLLIN, 0};
     return poll(&wait, 1, milliseconds) == 1 &&
-           read(answers_, &answer, sizeof answer) == static_cast<ssize_t>(sizeof answer);
+           read(replies_, &reply, sizeof reply) == static_cast<ssize_t>(sizeof reply);
 }
 
 void Listener::send(std::uint64_t value) {
     static const int descriptor = std::atoi(std::getenv(pipeVariable));
-    const InputResult answer{wallNanoseconds(), value};
-    if (write(descriptor, &answer, sizeof answer) != static_cast<ssize_t>(sizeof answer))
+    const Reply reply{wallNanoseconds(), value};
+    if (write(descriptor, &reply, sizeof reply) != static_cast<ssize_t>(sizeof reply))
         _exit(0);
 }
 

@@ -43,7 +43,7 @@ public:
     static void saw(bool value);
 
 private:
-    struct InputResult {
+    struct Reply {
         std::uint64_t time;
         std::uint64_t value;
     };
@@ -52,9 +52,9 @@ private:
     static bool measureOnce(const Measured& measured, bool value, Samples* samples);
     static void reportWith(const Measured& measured, Samples samples, int lost);
     static void send(std::uint64_t value);
-    bool receive(InputResult& answer, int milliseconds) const;
+    bool receive(Reply& reply, int milliseconds) const;
     int process_ = -1;
-    int answers_ = -1;
+    int replies_ = -1;
     mutable int stale_ = 0;
 };
 

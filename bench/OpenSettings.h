@@ -1,7 +1,7 @@
 #pragma once
 
-#include "bench/Person.h"
 #include "bench/ProvisionedDevice.h"
+#include "bench/SimulatedUser.h"
 #include "shell/input/ManualClock.h"
 
 namespace wardlock::bench {
@@ -9,7 +9,7 @@ namespace wardlock::bench {
 /// Settings without a front end on a device of its own, opened at Wardlock's first page. One at a time.
 class OpenSettings {
 public:
-    explicit OpenSettings(std::string_view document) : device_(document) { person.tap("Wardlock"); }
+    explicit OpenSettings(std::string_view document) : device_(document) { user.tap("Wardlock"); }
 
 private:
     ProvisionedDevice device_;
@@ -17,7 +17,7 @@ private:
 
 public:
     shell::SettingsApplication application{clock_};
-    Person person{application};
+    SimulatedUser user{application};
 };
 
 } // namespace wardlock::bench

@@ -18,7 +18,7 @@ void LiveRefresh::receive(platform::CFNotificationCenter&, void* observer, std::
 
 void LiveRefresh::handleChange(const platform::Dictionary* userInfo) {
     Announcement announcement;
-    announcement.own = boundary_.personIsInside();
+    announcement.own = boundary_.isEnteredByFrontEnd();
     if (userInfo) {
         announcement.key = platform::stringValue(userInfo->find(ChangeKey)).value_or("");
         if (const platform::Value* object = userInfo->find(ChangeObject))

@@ -29,7 +29,7 @@ void BuildRootPage(benchmark::State& state) {
     FilesInMemory files;
     for (auto _ : state) {
         changeUntimed(state, files);
-        benchmark::DoNotOptimize(settings.person.rebuildPage());
+        benchmark::DoNotOptimize(settings.user.rebuildPage());
     }
 }
 
@@ -39,8 +39,8 @@ void ShowRootPage(benchmark::State& state) {
     FilesInMemory files;
     for (auto _ : state) {
         changeUntimed(state, files);
-        settings.person.rebuildPage();
-        settings.person.readRows();
+        settings.user.rebuildPage();
+        settings.user.readRows();
     }
 }
 
@@ -52,10 +52,10 @@ void ParseForRootPage(benchmark::State& state) {
 
 void TapSwitch(benchmark::State& state) {
     OpenSettings settings(bytesOf(state));
-    settings.person.tap({1, 0});
-    const auto path = settings.person.find("Siri");
+    settings.user.tap({1, 0});
+    const auto path = settings.user.find("Siri");
     for (auto _ : state)
-        settings.person.tap(path);
+        settings.user.tap(path);
 }
 
 void ReplaceBytes(benchmark::State& state) {

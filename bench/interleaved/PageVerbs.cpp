@@ -22,9 +22,9 @@ void measurePage(const std::string& file, const std::string& name, bool shown) {
     OpenSettings settings(bytes);
     FilesInMemory files;
     const auto build = [&] {
-        keep(settings.person.rebuildPage());
+        keep(settings.user.rebuildPage());
         if (shown)
-            settings.person.readRows();
+            settings.user.readRows();
     };
     const auto parse = [&] { keep(platform::propertyListWithData(bytes).has_value()); };
     // A document that did not change would not be parsed again.
@@ -45,17 +45,17 @@ void measureShownPage(const std::string& file) {
 
 void measureTap(const std::string& file) {
     OpenSettings settings(fileBytes(file));
-    settings.person.tap({1, 0});
-    const auto path = settings.person.find("Siri");
+    settings.user.tap({1, 0});
+    const auto path = settings.user.find("Siri");
     const fs::path stored = platform::pathOnDevice(documentPath(BundleIdentifier));
-    settings.person.tap(path);
+    settings.user.tap(path);
     const std::string bytes = fileBytes(stored);
     const fs::path folder = stored.parent_path().parent_path() / "floor";
     fs::create_directory(folder);
     const std::string beside = folder / stored.filename();
 
     measureInterleaved({{"tap", "project", "wardlock"},
-                        [&] { settings.person.tap(path); },
+                        [&] { settings.user.tap(path); },
                         {"tap", "floor", "write + fsync + rename + fsync"},
                         [&] { replaceFile(beside, bytes, platform::Sync::Full); },
                         // Bus messages that arrived are processed between the measurements.

@@ -5,9 +5,9 @@
 //   bench-settings-window pages     resident memory when every page but the web page was open
 
 #include "bench/InstalledApplications.h"
-#include "bench/Person.h"
 #include "bench/ProvisionedDevice.h"
 #include "bench/SampleDocument.h"
+#include "bench/SimulatedUser.h"
 #include "bench/window/FrameWatch.h"
 #include "platform/files/DeviceRoot.h"
 #include "platform/plist/PropertyList.h"
@@ -60,31 +60,31 @@ struct Opened {
     ProvisionedDevice device{platform::dataWithPropertyList(document())};
     shell::ManualClock clock;
     window::WindowHost host{clock, 0};
-    Person person{host.settings().application()};
+    SimulatedUser user{host.settings().application()};
 };
 
 /// The rows come from the benchmark, not from the machine.
-void goToAccount(Person& person) {
+void goToAccount(SimulatedUser& user) {
     std::filesystem::remove(platform::pathOnDevice(platform::appListLibraryPath));
-    person.tap("Wardlock");
-    person.tap({1, 0});
+    user.tap("Wardlock");
+    user.tap({1, 0});
 }
 
 void measurePicker(Opened& opened) {
     FrameWatch watch(*opened.host.window());
     const InstalledApplications installed(pickerRows);
-    goToAccount(opened.person);
-    const auto apps = opened.person.find("Apps");
+    goToAccount(opened.user);
+    const auto apps = opened.user.find("Apps");
     Samples samples;
     for (int i = 0; i <= times; ++i) {
         watch.settle();
         {
             const FromReadyModel ready(opened.host.settings(), watch);
-            opened.person.tap(apps);
+            opened.user.tap(apps);
         }
         watch.finish(samples);
         watch.settle();
-        opened.person.goBack();
+        opened.user.goBack();
         if (i == 0)
             samples = {};
     }
@@ -93,8 +93,8 @@ void measurePicker(Opened& opened) {
 
 void measureScroll(Opened& opened) {
     const InstalledApplications installed(pickerRows);
-    goToAccount(opened.person);
-    opened.person.tap("Apps");
+    goToAccount(opened.user);
+    opened.user.tap("Apps");
     FrameWatch watch(*opened.host.window());
     watch.settle();
     watch.measureScrolling({"scroll", "project", "wardlock"});
@@ -103,18 +103,18 @@ void measureScroll(Opened& opened) {
 /// Stays open until the process is ended, so that other programs can measure it.
 int visitPages(Opened& opened) {
     FrameWatch watch(*opened.host.window());
-    Person& person = opened.person;
+    SimulatedUser& user = opened.user;
     const auto look = [&](std::string_view label) {
-        person.tap(label);
+        user.tap(label);
         watch.settle();
     };
     look("Wardlock");
     look("Change Log");
-    person.goBack();
+    user.goBack();
     look("Account 0 & family");
     look("Apps");
-    person.goBack();
-    person.goBack();
+    user.goBack();
+    user.goBack();
     watch.settle();
     std::puts("ready");
     std::fflush(stdout);

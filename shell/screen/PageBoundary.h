@@ -20,7 +20,7 @@ public:
     /// For input, for the clock, and for reading what a page shows.
     template <class Call>
     std::invoke_result_t<Call> enter(Call&& call) {
-        return enterCounted(personDepth_, std::forward<Call>(call));
+        return enterCounted(frontEndDepth_, std::forward<Call>(call));
     }
 
     /// For calls from outside the process: a bus's callbacks, the main queue.
@@ -44,10 +44,10 @@ public:
         });
     }
 
-    /// Returns whether input, the clock or a front end is inside, rather than a call from outside the
+    /// Returns whether input, the clock or a reading front end is inside, rather than a call from outside the
     /// process.
-    bool personIsInside() const { return personDepth_ > 0; }
-    bool isInside() const { return personDepth_ + loopDepth_ > 0; }
+    bool isEnteredByFrontEnd() const { return frontEndDepth_ > 0; }
+    bool isInside() const { return frontEndDepth_ + loopDepth_ > 0; }
 
 private:
     /// Also counts down when a page's exception passes a caller that contains it.
@@ -88,7 +88,7 @@ private:
     }
 
     std::function<void()> settled_;
-    int personDepth_ = 0;
+    int frontEndDepth_ = 0;
     int loopDepth_ = 0;
     int containingDepth_ = 0;
 };

@@ -53,8 +53,8 @@ TEST(PageBoundary, DistinguishesTheUserFromTheLoop) {
     EXPECT_FALSE(boundary.isInside());
     boundary.enterFromLoop([&] {
         EXPECT_TRUE(boundary.isInside());
-        EXPECT_FALSE(boundary.personIsInside());
-        boundary.enter([&] { EXPECT_TRUE(boundary.personIsInside()); });
+        EXPECT_FALSE(boundary.isEnteredByFrontEnd());
+        boundary.enter([&] { EXPECT_TRUE(boundary.isEnteredByFrontEnd()); });
     });
     EXPECT_FALSE(boundary.isInside());
 }
@@ -95,7 +95,7 @@ TEST(PageBoundary, ContainsTheExceptionsOfANestedEntry) {
     }));
     EXPECT_FALSE(passed);
     EXPECT_FALSE(boundary.isInside());
-    EXPECT_FALSE(boundary.personIsInside());
+    EXPECT_FALSE(boundary.isEnteredByFrontEnd());
 }
 
 TEST(BoundaryClock, EntersThroughTheBoundaryWhenTheTimeHasCome) {
@@ -103,7 +103,7 @@ TEST(BoundaryClock, EntersThroughTheBoundaryWhenTheTimeHasCome) {
     PageBoundary boundary([] {});
     BoundaryClock boundaryClock(clock, boundary);
     bool inside = false;
-    boundaryClock.after(std::chrono::seconds(1), [&] { inside = boundary.personIsInside(); });
+    boundaryClock.after(std::chrono::seconds(1), [&] { inside = boundary.isEnteredByFrontEnd(); });
     clock.step(1);
     EXPECT_TRUE(inside);
     EXPECT_EQ(boundaryClock.now(), std::chrono::seconds(1));

@@ -1,4 +1,4 @@
-#include "bench/Person.h"
+#include "bench/SimulatedUser.h"
 
 #include "bench/Timing.h"
 
@@ -17,7 +17,7 @@ namespace {
 
 } // namespace
 
-platform::NSIndexPath Person::find(std::string_view label) {
+platform::NSIndexPath SimulatedUser::find(std::string_view label) {
     for (std::size_t section = 0; section < page().sectionCount(); ++section)
         for (std::size_t row = 0; row < page().section(section).rowCount; ++row)
             if (page().row({section, row}).label == label)
@@ -25,17 +25,17 @@ platform::NSIndexPath Person::find(std::string_view label) {
     giveUp("no row \"" + std::string(label) + "\" on the page \"" + page().title() + '"');
 }
 
-void Person::tap(platform::NSIndexPath path) {
-    if (const auto answer = settings_.page().tapRow(path); !answer)
-        giveUp(answer.reason());
+void SimulatedUser::tap(platform::NSIndexPath path) {
+    if (const auto result = settings_.page().tapRow(path); !result)
+        giveUp(result.reason());
 }
 
-void Person::goBack() {
-    if (const auto answer = settings_.page().goBack(); !answer)
-        giveUp(answer.reason());
+void SimulatedUser::goBack() {
+    if (const auto result = settings_.page().goBack(); !result)
+        giveUp(result.reason());
 }
 
-std::size_t Person::rebuildPage() {
+std::size_t SimulatedUser::rebuildPage() {
     settings_.run([&] { page().listController()->reloadSpecifiers(); });
     std::size_t rows = 0;
     for (std::size_t section = 0; section < page().sectionCount(); ++section)
@@ -43,7 +43,7 @@ std::size_t Person::rebuildPage() {
     return rows;
 }
 
-void Person::readRows() {
+void SimulatedUser::readRows() {
     for (std::size_t section = 0; section < page().sectionCount(); ++section)
         for (std::size_t row = 0, count = page().section(section).rowCount; row < count; ++row)
             keep(page().row({section, row}).label.size());

@@ -7,11 +7,11 @@
 
 namespace wardlock::bench {
 
-/// Operates the pages of Settings as a person does. An action that a person could not perform ends the
+/// Operates the pages of Settings as a user does. An action that a user could not perform ends the
 /// process.
-class Person {
+class SimulatedUser {
 public:
-    explicit Person(shell::SettingsApplication& settings) : settings_(settings) {}
+    explicit SimulatedUser(shell::SettingsApplication& settings) : settings_(settings) {}
 
     /// Returns the first row of the page with that label.
     platform::NSIndexPath find(std::string_view label);
