@@ -48,7 +48,7 @@ public:
             return;
         view->didStartLoad();
         if (url_.size() % 2 == 0)
-            view->didFailLoad("no answer");
+            view->didFailLoad("no reply");
         else
             view->didFinishLoad(url_, {{"again", url_}});
     }
@@ -94,13 +94,13 @@ void shortenWait(Json& command) {
         command["seconds"] = 0;
 }
 
-void checkAnswer(const std::optional<Json>& command, const Json& answer) {
-    const auto read = cli::parseJson(cli::jsonLine(answer));
-    check(read && read->is_object(), "an answer is one object in one line");
-    check(read->contains("ok") != read->contains("error"), "an answer is ok or an error");
+void checkReply(const std::optional<Json>& command, const Json& reply) {
+    const auto read = cli::parseJson(cli::jsonLine(reply));
+    check(read && read->is_object(), "a reply is one object in one line");
+    check(read->contains("ok") != read->contains("error"), "a reply is ok or an error");
     check(!read->contains("error") || (*read)["error"].is_string(), "an error is a text");
     if (command && command->is_object() && command->contains("id"))
-        check(read->contains("id") && (*read)["id"] == (*command)["id"], "the answer has the command's id");
+        check(read->contains("id") && (*read)["id"] == (*command)["id"], "the reply has the command's id");
 }
 
 } // namespace
@@ -145,10 +145,10 @@ void ScriptedSettings::run(std::string_view script, std::size_t accounts) {
         if (!command)
             continue;
         shortenWait(*command);
-        checkAnswer(command, commands.run(*command));
+        checkReply(command, commands.run(*command));
         settings.run([&] { mail.finish({platform::MailOutcome::Kind::HandedOver, "sent"}); });
     }
-    checkAnswer(std::nullopt, commands.run(Json{{"do", "see"}}));
+    checkReply(std::nullopt, commands.run(Json{{"do", "see"}}));
     settings.close();
     checkDocument();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-/// The settings by the labels of their rows, for whoever names a setting outside the pages.
+/// The settings by the labels of their rows, for code that names a setting outside the pages.
 
 #include "platform/base/Export.h"
 

@@ -21,11 +21,11 @@ public:
     std::string readNew(std::string_view prompt);
 
     /// Returns how often a wrong passcode may be entered: a line of a script is not a mistyped one.
-    int attempts() const { return fromTerminal_ ? attemptsOfPerson : 1; }
+    int attempts() const { return fromTerminal_ ? attemptsOnTerminal : 1; }
 
 private:
     /// As many as the keypad takes.
-    static constexpr int attemptsOfPerson = 4;
+    static constexpr int attemptsOnTerminal = 4;
 
     bool waitForInput(int descriptor);
 

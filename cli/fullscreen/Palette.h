@@ -21,7 +21,7 @@ struct Look {
     short background8 = -1;
     bool bold = false;
     bool dim = false;
-    /// With colours it is told apart by them; without, by this.
+    /// With colours it is distinguished by them; without, by this.
     bool reverseWithoutColours = false;
     bool underlineWithoutColours = false;
 };

@@ -19,7 +19,7 @@ private:
     ExitCode code_;
 };
 
-/// Ends a verb whose output has no reader any more, quietly: the reader has all that it wanted.
+/// Ends a verb whose output no longer has a reader, quietly: the reader has all that it wanted.
 class ReaderGone : public CommandError {
 public:
     ReaderGone() : CommandError(ExitCode::Failed, "the reader of the output is gone") {}

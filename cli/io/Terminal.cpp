@@ -45,7 +45,7 @@ void enter(std::sig_atomic_t wanted) {
         changed.c_cc[VTIME] = 0;
     }
     mode = wanted;
-    // What was typed before a hidden prompt is no part of its answer; what is kept is.
+    // What was typed before a hidden prompt is discarded; before any other prompt, it is kept.
     tcsetattr(STDIN_FILENO, wanted == Hiding ? TCSAFLUSH : TCSANOW, &changed);
 }
 

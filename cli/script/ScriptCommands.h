@@ -20,7 +20,7 @@ class ScriptCommands : private shell::ScreenObserver {
 public:
     ScriptCommands(shell::SettingsApplication& settings, shell::ManualClock& clock, SettingsLoop& loop);
 
-    /// Runs one command. Returns its answer, an object; it has an "error" when the command is refused.
+    /// Runs one command. Returns its reply, an object; it has an "error" when the command is refused.
     Json run(const Json& command);
     /// Returns whether the script has asked to quit.
     bool isOver() const { return over_; }

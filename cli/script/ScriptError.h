@@ -6,7 +6,7 @@
 
 namespace wardlock::cli {
 
-/// Thrown for a command that cannot be carried out: becomes the answer {"error": ...}. Never thrown through
+/// Thrown for a command that cannot be carried out: becomes the reply {"error": ...}. Never thrown through
 /// code of pages.
 class ScriptError : public std::runtime_error {
 public:
@@ -14,9 +14,9 @@ public:
 };
 
 /// Throws ScriptError with the reason of a refused input.
-inline void expectDone(const shell::InputResult& answer) {
-    if (!answer)
-        throw ScriptError(answer.reason());
+inline void expectDone(const shell::InputResult& result) {
+    if (!result)
+        throw ScriptError(result.reason());
 }
 
 } // namespace wardlock::cli

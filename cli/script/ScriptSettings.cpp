@@ -44,7 +44,7 @@ bool isComment(std::string_view line) {
     return first == std::string_view::npos || line[first] == '#';
 }
 
-Json answerTo(const std::string& line, bool tooLong, ScriptCommands& commands) {
+Json replyTo(const std::string& line, bool tooLong, ScriptCommands& commands) {
     if (tooLong)
         return {{"error", "the line is longer than " + std::to_string(LineReader::longestLine) + " bytes"}};
     const auto command = parseJson(line);
@@ -70,9 +70,9 @@ ExitCode runScriptSettings(std::string_view file) {
         if (isComment(*line))
             continue;
         settings.process();
-        const Json answer = answerTo(*line, lines.tooLong(), commands);
+        const Json reply = replyTo(*line, lines.tooLong(), commands);
         settings.process();
-        Output::foreignLine(jsonLine(answer));
+        Output::foreignLine(jsonLine(reply));
         Output::flush();
     }
     if (!settings.storeTypedText())

@@ -70,9 +70,9 @@ void TerminalDialog::printError(const std::string& sentence) {
     Output::line(style_.red(sentence));
 }
 
-void TerminalDialog::printRefusal(const shell::InputResult& answer) {
-    if (!answer)
-        printError(refusalText(answer));
+void TerminalDialog::printRefusal(const shell::InputResult& result) {
+    if (!result)
+        printError(refusalText(result));
 }
 
 void TerminalDialog::print(const std::string& text) {

@@ -12,7 +12,7 @@
 
 namespace wardlock::cli {
 
-/// Prompts and their answers in a terminal.
+/// Prompts in a terminal, and what is typed at them.
 class TerminalDialog {
 public:
     TerminalDialog(SettingsLoop& loop, TextStyle style);
@@ -30,13 +30,13 @@ public:
 
     void printError(const std::string& sentence);
     /// Prints why the input was refused; nothing when it was not.
-    void printRefusal(const shell::InputResult& answer);
+    void printRefusal(const shell::InputResult& result);
     /// Prints a text, and breaks long lines.
     void print(const std::string& text);
 
     bool isOver() const { return over_; }
     void end() { over_ = true; }
-    /// Returns the prompt that waits for an answer; empty when none does.
+    /// Returns the prompt that waits for an result; empty when none does.
     const std::string& prompt() const { return prompt_; }
     const TextStyle& style() const { return style_; }
 

@@ -10,7 +10,7 @@
 namespace wardlock::cli {
 
 /// The keypad, alerts and the mail sheet in a terminal. Each call shows the topmost one, prompts once and
-/// carries out the answer.
+/// carries out what is typed.
 class TerminalSheets {
 public:
     TerminalSheets(shell::SettingsApplication& settings, SettingsLoop& loop, TerminalDialog& dialog)

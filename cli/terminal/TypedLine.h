@@ -8,9 +8,9 @@
 
 namespace wardlock::cli {
 
-/// The line that is being typed, where it had to be shown again below other output. The terminal can neither
-/// show nor edit that part of it any more, so from here on it is edited by this class: Backspace, Ctrl+U,
-/// Ctrl+W, Ctrl+D and Enter.
+/// The line that is being typed, where it had to be shown again below other output. The terminal can no
+/// longer show or edit that part of it. From here on this class edits it: Backspace, Ctrl+U, Ctrl+W, Ctrl+D
+/// and Enter.
 class TypedLine {
 public:
     const std::string& text() const { return text_; }

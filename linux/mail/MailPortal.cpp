@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::chrono::seconds replyTimeout{2};
 /// The portal may ask the person which mail program to take.
-constexpr std::chrono::minutes personTimeout{5};
+constexpr std::chrono::minutes userTimeout{5};
 
 } // namespace
 
@@ -26,7 +26,7 @@ std::optional<MailOutcome> MailPortal::send(const MailMessage& message) {
     const MailFolder folder(message.attachments);
     std::optional<PortalResponse> response;
     if (folder.complete())
-        response = composeEmail(*bus, *version, message, folder.files(), personTimeout);
+        response = composeEmail(*bus, *version, message, folder.files(), userTimeout);
     // The portal has the files open and needs their names no longer.
     folder.remove();
     if (response == PortalResponse::Done)

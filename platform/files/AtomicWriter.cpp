@@ -130,7 +130,7 @@ void AtomicWriter::removeIfStale(const std::string& path, const Target& target) 
         return;
     FileStatus leftover;
     const bool known = observer_ && !uninterrupted([&] { return files_.status(file, leftover); });
-    // Removed by this call, it cannot get the file's name any more.
+    // Removed by this call, it can no longer get the file's name.
     const bool removed = !uninterrupted([&] { return files_.lock(file); }) &&
                          !uninterrupted([&] { return files_.remove(path); });
     // The open handle keeps the file's number from being given to another file.

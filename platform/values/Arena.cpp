@@ -7,7 +7,7 @@ namespace platform {
 
 namespace {
 
-/// Below the size from which the C library maps memory anew for each allocation.
+/// Below the size from which the C library maps new memory for each allocation.
 constexpr std::size_t chunkSize = std::size_t(64) << 10;
 
 constexpr std::size_t roundedUp(std::size_t size) {

@@ -17,8 +17,8 @@ inline constexpr std::string_view SettingsPlace = "settings";
 inline constexpr std::string_view CommandPlace = "command";
 
 /// The kept versions of the preferences document, as they are at construction. A version that another program
-/// wrote and nobody has kept is kept first. Reads the versions' content only where it is asked for. Main
-/// thread only.
+/// wrote, and that is not kept yet, is kept first. Reads the versions' content only where it is asked for.
+/// Main thread only.
 class WARDLOCK_API History {
 public:
     explicit History(std::string_view identifier = BundleIdentifier);

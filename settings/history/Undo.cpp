@@ -57,7 +57,7 @@ struct Target {
     std::vector<Dictionary> since;
 };
 
-/// Returns whether the document has nothing of the target any more: others took it back.
+/// Returns whether the document no longer has anything of the target: others took it back.
 bool isGone(const Target& target) {
     const Dictionary& now = target.since.empty() ? target.after : target.since.back();
     const auto taken = takeBack(target.before, target.after, target.since, now, LaterChanges::Keep).document;

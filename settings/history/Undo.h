@@ -58,10 +58,10 @@ struct UndoResult {
 WARDLOCK_API std::optional<UndoStep> undoStep(Whose whose, std::string_view identifier = BundleIdentifier);
 WARDLOCK_API std::optional<UndoStep> redoStep(Whose whose, std::string_view identifier = BundleIdentifier);
 
-/// Takes the last change back that was not taken back yet.
+/// Takes back the last change that has not been taken back yet.
 WARDLOCK_API UndoResult undo(Whose whose, LaterChanges later = LaterChanges::Keep,
                              std::string_view identifier = BundleIdentifier);
-/// Makes the change again that undo() took back last, unless other changes were made since.
+/// Applies the last undone change again, unless other changes were made since.
 WARDLOCK_API UndoResult redo(Whose whose, LaterChanges later = LaterChanges::Keep,
                              std::string_view identifier = BundleIdentifier);
 

@@ -8,7 +8,7 @@ WebEngineView {
     objectName: "web"
     property QtObject web: null
 
-    // Never a binding: it would load anew at every change of the model, its reports of a load included.
+    // Never a binding: it would load again at every change of the model, its reports of a load included.
     function open() {
         if (web)
             url = web.url;

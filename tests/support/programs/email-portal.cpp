@@ -65,7 +65,7 @@ void readOption(sd_bus_message* call, std::string& token) {
     sd_bus_message_exit_container(call);
 }
 
-void waitForPerson(sd_bus_message* call, const std::string& request) {
+void waitForUser(sd_bus_message* call, const std::string& request) {
     sd_bus_reply_method_return(call, "o", request.c_str());
     sd_bus_flush(sd_bus_message_get_bus(call));
     std::puts("asking");
@@ -89,7 +89,7 @@ int composeEmail(sd_bus_message* call, void*, sd_bus_error*) {
     const std::string request = "/org/freedesktop/portal/desktop/request/" + sender + '/' + token;
     sd_bus* bus = sd_bus_message_get_bus(call);
     if (chooser)
-        waitForPerson(call, request);
+        waitForUser(call, request);
     // Else the reply before the call returns: the caller has to be listening by now.
     sd_bus_emit_signal(bus, request.c_str(), "org.freedesktop.portal.Request", "Response", "ua{sv}",
                        responseCode, 0);
