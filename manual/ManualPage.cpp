@@ -18,10 +18,10 @@ struct FileText {
 constexpr std::array files{
     FileText{
         "/var/mobile/Library/Preferences/com.tavix.wardlock.plist",
-        "The preferences document. Every change replaces it in one step. A document that cannot be read is "
-        "kept beside it, with .damaged added to its name."},
+        "The preferences document. Every change replaces it in one step. A damaged document is kept beside "
+        "the new one, with .damaged added to its name."},
     FileText{"/var/mobile/com.tavix.wardlock_log",
-             "The log, which is attached to a support mail. It only grows, and may be removed."},
+             "The log, which is attached to a support mail. It only grows, and can be removed at any time."},
     FileText{"/Library/PreferenceBundles/WardlockSettings.bundle",
              "The settings bundle, which contains the pages."},
     FileText{"/Library/MobileSubstrate/DynamicLibraries/AppList.dylib",

@@ -24,7 +24,7 @@ constexpr OptionText deviceRootText{"--device-root", "DIR",
                                     "show the device whose files are in the folder DIR,\ninstead of "
                                     "WARDLOCK_DEVICE_ROOT or the user's default"};
 constexpr OptionText screenshotsText{"--screenshots", "DIR",
-                                     "write a picture of every page, light and dark, to DIR\nand end; needs "
+                                     "write a picture of every page, light and dark, to DIR\nand exit; needs "
                                      "no display"};
 constexpr OptionText orTerminalText{"--or-terminal", "",
                                     "open Settings in the terminal if no window can be\nopened"};

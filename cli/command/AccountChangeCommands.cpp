@@ -18,7 +18,7 @@ ExitCode add(const Arguments& arguments) {
     const std::string_view name = arguments.operand(0);
     requireText(name);
     if (name.empty())
-        throw CommandError(ExitCode::WrongUsage, "the name of an account is not empty");
+        throw CommandError(ExitCode::WrongUsage, "the name of an account must not be empty");
     loadToChange();
     const DocumentChange change = createAccount(documentPath(BundleIdentifier), name);
     if (!change.update.changed)
@@ -59,8 +59,9 @@ const Verb accountAddVerb{
     "account add",
     "NAME",
     "create an account",
-    "Creates an account with the settings of a new one, at the end of the list, and\n"
-    "prints its number. It is not enabled. Accounts may have the same name.\n",
+    "Adds an account with the settings of a new account at the end of the list, and\n"
+    "prints its number. The account is not enabled. Several accounts may have the\n"
+    "same name.\n",
     {},
     1,
     1,
@@ -85,9 +86,9 @@ const Verb accountEnableVerb{
     "account enable",
     "NAME",
     "enable an account, so that its restrictions apply",
-    "Enables the account, and disables the first one that is enabled, in one step:\n"
-    "one account is enabled at a time. NAME is its name, or its number in\n"
-    "`wardlock accounts`.\n",
+    "Enables the account. In the same step, disables the first account that was\n"
+    "enabled: only one account is enabled at a time. NAME is its name, or its number\n"
+    "in `wardlock accounts`.\n",
     {},
     1,
     1,
@@ -99,8 +100,8 @@ const Verb accountDisableVerb{
     "account disable",
     "NAME",
     "disable an account",
-    "Disables the account; no other one is enabled instead. NAME is its name, or its\n"
-    "number in `wardlock accounts`.\n",
+    "Disables the account. No other account is enabled instead. NAME is its name, or\n"
+    "its number in `wardlock accounts`.\n",
     {},
     1,
     1,
@@ -112,9 +113,9 @@ const Verb accountDeleteVerb{
     "account delete",
     "NAME",
     "delete an account",
-    "Deletes the account with its settings, without a question. NAME is its name, or\n"
-    "its number in `wardlock accounts`. When it was the last one, the default account\n"
-    "takes its place.\n",
+    "Deletes the account and its settings, without asking for confirmation. If it was\n"
+    "the only account, the default account replaces it. NAME is its name, or its\n"
+    "number in `wardlock accounts`.\n",
     {},
     1,
     1,

@@ -76,9 +76,9 @@ const Verb accountsVerb{
     "or the number.\n"
     "\n"
     "Like every process that reads the settings, this verb first writes the defaults\n"
-    "where the document or a top-level key is missing.\n"
+    "if the document or a top-level key is missing.\n"
     "\n"
-    "With --json, prints one object a line: \"number\", \"name\", \"enabled\",\n"
+    "With --json, prints one object per line: \"number\", \"name\", \"enabled\",\n"
     "\"restrictions\" and \"apps\".\n",
     listOptions,
     0,

@@ -11,7 +11,8 @@
 namespace wardlock::cli {
 
 inline constexpr Option accountOption{
-    "--account", "NAME", "the account, by name or number; by default the enabled one,\nelse the only one"};
+    "--account", "NAME",
+    "the account, by name or number; by default the enabled\naccount, or the only one if none is enabled"};
 
 /// Returns the position of the account with the name, or with the number in the list: "2", or "#2" where
 /// another account has that name. Throws CommandError (Failed) when it fits none or several.

@@ -73,12 +73,12 @@ const Verb accountShowVerb{
     "account show",
     "NAME",
     "show all settings of an account",
-    "Prints each setting of the account by its label, as the account's page shows it.\n"
-    "NAME is the account's name, or its number in `wardlock accounts`. \"#2\" is always\n"
-    "the number.\n"
+    "Prints each setting of the account with its label, as the account's page shows\n"
+    "it. NAME is the account's name, or its number in `wardlock accounts`. \"#2\"\n"
+    "always means account number 2.\n"
     "\n"
     "Like every process that reads the settings, this verb first writes the defaults\n"
-    "where the document or a top-level key is missing.\n"
+    "if the document or a top-level key is missing.\n"
     "\n"
     "With --json, prints one object: \"number\", and \"settings\" by their keys.\n",
     showOptions,

@@ -28,13 +28,13 @@ const Verb announceVerb{
     "announce",
     "KEY",
     "notify all processes that a key has changed",
-    "Notifies all processes that KEY has changed, and of its present value: that of\n"
-    "the top-level key, else that of the enabled account's key. Run it after a\n"
-    "program that writes the document without announcing the change. Exit code 1\n"
-    "when there is no such key.\n"
+    "Notifies all processes that KEY has changed, with its present value. That is the\n"
+    "value of the top-level key, or of the enabled account's key if there is no such\n"
+    "top-level key. Run it after a program that writes the document without\n"
+    "announcing the change. The exit code is 1 if neither has the key.\n"
     "\n"
     "Like every process that reads the settings, this verb first writes the defaults\n"
-    "where the document or a top-level key is missing.\n",
+    "if the document or a top-level key is missing.\n",
     {},
     1,
     1,

@@ -118,11 +118,11 @@ const Verb appsVerb{
     "apps",
     "",
     "list the apps that an account can restrict",
-    "Prints one line for each app, as the picker of the account lists them: whether\n"
-    "it is restricted, its name, and its identifier. The restricted apps come first.\n"
-    "A restricted app is listed even if it is not installed.\n"
+    "Prints one line for each app, in the order of the account's picker: whether it\n"
+    "is restricted, its name, and its identifier. The restricted apps come first. A\n"
+    "restricted app is listed even if it is not installed.\n"
     "\n"
-    "With --json, prints one object a line: \"identifier\", \"name\", \"installed\" and\n"
+    "With --json, prints one object per line: \"identifier\", \"name\", \"installed\" and\n"
     "\"restricted\".\n",
     listOptions,
     0,
@@ -135,9 +135,9 @@ const Verb restrictVerb{
     "restrict",
     "APP...",
     "restrict apps for an account",
-    "Adds the apps to the restricted ones of the account, in one change. APP is a\n"
-    "name or an identifier of `wardlock apps`; case does not matter in a name. A\n"
-    "name that fits several apps is an error that lists their identifiers.\n",
+    "Adds the apps to the restricted apps of the account, in one change. APP is a\n"
+    "name or an identifier of `wardlock apps`; case does not matter in a name. If a\n"
+    "name matches several apps, an error lists their identifiers.\n",
     changeOptions,
     1,
     std::numeric_limits<std::size_t>::max(),
@@ -149,9 +149,9 @@ const Verb allowVerb{
     "allow",
     "APP...",
     "allow apps for an account",
-    "Removes the apps from the restricted ones of the account, in one change. APP is\n"
-    "a name or an identifier of `wardlock apps`; case does not matter in a name. A\n"
-    "name that fits several apps is an error that lists their identifiers.\n",
+    "Removes the apps from the restricted apps of the account, in one change. APP is\n"
+    "a name or an identifier of `wardlock apps`; case does not matter in a name. If a\n"
+    "name matches several apps, an error lists their identifiers.\n",
     changeOptions,
     1,
     std::numeric_limits<std::size_t>::max(),

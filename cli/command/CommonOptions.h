@@ -6,9 +6,9 @@
 
 namespace wardlock::cli {
 
-inline constexpr Option jsonOption{"--json", "", "print JSON, one value a line"};
+inline constexpr Option jsonOption{"--json", "", "print JSON, one value per line"};
 inline constexpr Option typedOption{
-    "--typed", "", "the same, in the form of `wardlock plist dump`, which\nkeeps the kind of every value"};
+    "--typed", "", "print JSON like `wardlock plist dump`, which keeps the\nkind of every value"};
 
 /// Returns whether JSON is to be printed, plain or typed.
 bool wantsJson(const Arguments& arguments);

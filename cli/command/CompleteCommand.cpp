@@ -18,7 +18,7 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-/// Reads the document without writing the defaults: whoever completes a word has changed nothing.
+/// Reads the document without writing the defaults: completing a word changes nothing.
 Names accountNames() {
     return Accounts::onDisk().names();
 }
@@ -70,9 +70,9 @@ ExitCode complete(const Arguments& arguments) {
 const Verb completeVerb{
     "complete",
     "KIND",
-    "list names, for the completion of a shell",
-    "Prints the names of one KIND, one a line: accounts, apps or settings. The\n"
-    "completions for bash and zsh ask for them. Nothing is created or changed.\n",
+    "list names, for shell completion",
+    "Prints the names of one KIND, one per line: accounts, apps or settings. The\n"
+    "completions for bash and zsh run it. Nothing is created or changed.\n",
     {},
     1,
     1,

@@ -34,8 +34,8 @@ const Verb helpVerb{
     "help",
     "VERB...",
     "print what a verb does, or the list of verbs",
-    "Prints what a verb does, as `wardlock VERB --help`. Without VERB, prints the\n"
-    "list of verbs, as `wardlock --help`.\n",
+    "Prints what a verb does, like `wardlock VERB --help`. Without VERB, prints the\n"
+    "list of verbs, like `wardlock --help`.\n",
     {},
     0,
     2,

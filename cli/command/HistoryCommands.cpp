@@ -124,17 +124,17 @@ const Verb historyVerb{
     "history",
     "",
     "list the changes of the settings that can be taken back",
-    "Lists the kept versions of the settings, the youngest first: its number, when\n"
-    "it was written, by whom (Settings, a command or another program), and what it\n"
-    "changed. A passcode's digits are never printed.\n"
+    "Lists the kept versions of the settings, the newest first. Each line has the\n"
+    "version's number, when it was written, what wrote it (Settings, a command or\n"
+    "another program), and what it changed. A passcode's digits are never printed.\n"
     "\n"
-    "The last 200 versions are kept, and none that was replaced more than 90 days\n"
-    "ago. Where none can be kept, prints the reason; exit code 1 then.\n"
+    "At most 200 versions are kept, each for at most 90 days after it was replaced.\n"
+    "If no version can be kept, prints the reason, and the exit code is 1.\n"
     "\n"
-    "With --json, prints one object a version: \"number\", \"time\", \"origin\"\n"
-    "(\"settings\", \"command\", \"program\" or \"unknown\"), \"deed\" (\"change\", \"undo\",\n"
-    "\"redo\" or \"restore\"), \"of\" (the version that was taken back or restored), and\n"
-    "\"changes\" (texts, or null where they are not known).\n",
+    "With --json, prints one object per line: \"number\", \"time\", \"origin\" (\"settings\",\n"
+    "\"command\", \"program\" or \"unknown\"), \"deed\" (\"change\", \"undo\", \"redo\" or\n"
+    "\"restore\"), \"of\" (the version that was taken back or restored), and \"changes\"\n"
+    "(texts, or null if they are not known).\n",
     jsonOptions,
     0,
     0,
@@ -146,8 +146,8 @@ const Verb historyShowVerb{
     "history show",
     "N",
     "print a version of the settings, with the passcode masked",
-    "Prints version N of the settings as a property list. A passcode is printed as\n"
-    "****. With --json, prints it as plist dump does.\n",
+    "Prints version N of the settings as a property list, with a passcode printed as\n"
+    "****. With --json, prints it like `wardlock plist dump`.\n",
     jsonOptions,
     1,
     1,
@@ -159,8 +159,8 @@ const Verb historyDiffVerb{
     "history diff",
     "N [M]",
     "print what changed between two versions",
-    "Prints the changes that lead from version N of the settings to version M, or to\n"
-    "the settings as they are now. Prints nothing where they are equal.\n",
+    "Prints the changes that lead from version N of the settings to version M.\n"
+    "Without M, compares with the present settings. Prints nothing if they are equal.\n",
     {},
     1,
     2,

@@ -55,13 +55,13 @@ std::string reasonAgainst(const platform::VersionFolder& folder) {
     const std::string& path = folder.path();
     switch (folder.state()) {
     case State::NotAFolder:
-        return path + " is a link or a file, and not a folder";
+        return path + " is a link or a file, not a folder";
     case State::OfAnotherUser:
         return path + " belongs to another user";
     case State::OpenToOthers:
         return path + " is open to other users; chmod 700 closes it";
     case State::Unknown:
-        return path + " cannot be looked at";
+        return path + " cannot be read";
     case State::Missing:
         return "there is no " + path + " yet; the first change creates it";
     case State::Usable:

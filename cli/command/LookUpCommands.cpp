@@ -70,12 +70,12 @@ const Verb getVerb{
     "print the value of a setting",
     "Prints the value of a setting. SETTING is a key or a label, as for `wardlock\n"
     "set`: a top-level key (kEnabled, kPasscode, kAccounts) as the settings library\n"
-    "returns it, or a setting of an account. Exit code 1 when there is no such\n"
-    "setting. On a terminal, control characters are printed as escapes; a pipe or\n"
-    "file gets the unchanged value.\n"
+    "returns it, or a setting of an account. The exit code is 1 if there is no such\n"
+    "setting. On a terminal, control characters are printed as escapes; a pipe or a\n"
+    "file receives the value unchanged.\n"
     "\n"
     "Like every process that reads the settings, this verb first writes the defaults\n"
-    "where the document or a top-level key is missing.\n",
+    "if the document or a top-level key is missing.\n",
     getOptions,
     1,
     1,
@@ -88,10 +88,11 @@ const Verb accountVerb{
     "KEY",
     "print the value of a key of the enabled account",
     "Prints the value of a key (kAccountName, kRestrictSiri...) of the enabled\n"
-    "account. Exit code 1 when no account is enabled or the account lacks the key.\n"
+    "account. The exit code is 1 if no account is enabled or the account lacks the\n"
+    "key.\n"
     "\n"
     "Like every process that reads the settings, this verb first writes the defaults\n"
-    "where the document or a top-level key is missing.\n",
+    "if the document or a top-level key is missing.\n",
     accountOptions,
     1,
     1,

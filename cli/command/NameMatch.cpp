@@ -55,8 +55,9 @@ std::size_t indexOfNamed(std::string_view name, const std::vector<Named>& things
     std::string list;
     for (const std::size_t index : found)
         list += (list.empty() ? "" : ", ") + things[index].shown;
-    throw CommandError(ExitCode::Failed, '\'' + std::string(name) + "' fits " + std::to_string(found.size()) +
-                                             ' ' + std::string(kind.several) + ": " + list);
+    throw CommandError(ExitCode::Failed, '\'' + std::string(name) + "' matches " +
+                                             std::to_string(found.size()) + ' ' + std::string(kind.several) +
+                                             ": " + list);
 }
 
 } // namespace wardlock::cli

@@ -78,10 +78,10 @@ const Verb passcodeSetVerb{
     "passcode set",
     "",
     "set the passcode, or change it",
-    "Asks for the current passcode where one is set, then for the new one: four\n"
-    "digits. On a terminal, what is typed is not shown, and the fourth wrong entry\n"
-    "ends the verb. Otherwise each is a line of standard input. A passcode is never\n"
-    "an argument.\n",
+    "Asks for the current passcode if one is set, then for the new one, which has\n"
+    "four digits. On a terminal, the digits are not shown, and the fourth wrong entry\n"
+    "ends the verb. Otherwise, each passcode is read from a line of standard input. A\n"
+    "passcode is never an argument.\n",
     {},
     0,
     anyNumber,
@@ -93,8 +93,8 @@ const Verb passcodeClearVerb{
     "passcode clear",
     "",
     "remove the passcode",
-    "Asks for the current passcode and removes it; does nothing where none is set.\n"
-    "It is read as by `wardlock passcode set`.\n",
+    "Asks for the current passcode and removes it. Does nothing if none is set. The\n"
+    "passcode is read as `wardlock passcode set` reads it.\n",
     {},
     0,
     anyNumber,
@@ -106,8 +106,9 @@ const Verb passcodeCheckVerb{
     "passcode check",
     "",
     "check whether a passcode is the one that is set",
-    "Asks for the passcode. Exit code 0 when it is the one that is set, 1 when it is\n"
-    "not, or when none is set. It is read as by `wardlock passcode set`.\n",
+    "Asks for the passcode. The exit code is 0 if it is the one that is set, and 1 if\n"
+    "it is not, or if none is set. The passcode is read as `wardlock passcode set`\n"
+    "reads it.\n",
     {},
     0,
     anyNumber,

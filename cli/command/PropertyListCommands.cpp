@@ -94,9 +94,9 @@ const Verb plistConvertVerb{
     "FILE",
     "convert a property list to XML",
     "Reads a property list (XML or binary) and writes it to OUT as XML. OUT is\n"
-    "replaced in one step, and may be FILE itself. When the XML would exceed 16 MiB,\n"
+    "replaced in one step, and may be FILE itself. If the XML would exceed 16 MiB,\n"
     "OUT is not changed and the exit code is 1. Both are paths of this machine, not\n"
-    "of the device; \"-\" is standard input, or standard output.\n",
+    "of the device; \"-\" is standard input for FILE, and standard output for OUT.\n",
     convertOptions,
     1,
     1,
@@ -110,12 +110,12 @@ const Verb plistLintVerb{
     "FILE...",
     "check whether files are property lists",
     "Prints one line for each FILE: \"FILE: OK\", or the reason why it is not a\n"
-    "property list. Exit code 3 when one of them is not, else 1 when one cannot be\n"
-    "read or is larger than 16 MiB. FILE is a path of this machine, not of the\n"
-    "device; \"-\" is standard input.\n"
+    "property list. The exit code is 3 if one of them is not a property list.\n"
+    "Otherwise, it is 1 if one cannot be read or is larger than 16 MiB. FILE is a\n"
+    "path of this machine, not of the device; \"-\" is standard input.\n"
     "\n"
-    "With --json, prints one object a line: \"file\", \"ok\", and \"reason\" when it is\n"
-    "not.\n",
+    "With --json, prints one object per line: \"file\", \"ok\", and \"reason\" if it is not\n"
+    "OK.\n",
     lintOptions,
     1,
     std::numeric_limits<std::size_t>::max(),

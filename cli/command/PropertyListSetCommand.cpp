@@ -77,16 +77,16 @@ const Verb plistSetVerb{
     "plist set",
     "FILE KEY TYPE VALUE",
     "set a top-level key of a property list",
-    "Reads FILE, sets KEY, and replaces FILE in one step by its XML form. All other\n"
-    "keys keep their values. A missing FILE is created. FILE is a path of this\n"
+    "Reads FILE, sets KEY, and replaces FILE in one step by the result in XML. All\n"
+    "other keys keep their values. A missing FILE is created. FILE is a path of this\n"
     "machine, not of the device; with \"-\", reads standard input and prints the\n"
     "result.\n"
     "\n"
     "TYPE is bool (VALUE true or false), int, real or string. Write \"--\" before the\n"
-    "operands when VALUE begins with a dash and is not a number.\n"
+    "operands if VALUE begins with a dash and is not a number.\n"
     "\n"
-    "Exit code 0 only when the change is stored; 3, and FILE is not changed, when\n"
-    "FILE is not a property list. Other processes are not notified: see\n"
+    "The exit code is 0 only if the change is stored. If FILE is not a property list,\n"
+    "it is not changed and the exit code is 3. Other processes are not notified: see\n"
     "`wardlock announce`.\n",
     setOptions,
     4,

@@ -29,7 +29,7 @@ Value switchValue(std::string_view text) {
     throw CommandError(ExitCode::WrongUsage, '\'' + std::string(text) + "' is neither on nor off");
 }
 
-/// Returns the verb that changes a setting which is no switch and no text; empty for all others.
+/// Returns the verb that changes a setting that is neither a switch nor a text; empty for all others.
 std::string_view verbFor(std::string_view key) {
     if (key == kPasscode)
         return "passcode set";
@@ -41,7 +41,7 @@ std::string_view verbFor(std::string_view key) {
 Value valueFor(const NamedSetting& setting, std::string_view text) {
     if (const std::string_view verb = verbFor(setting.key); !verb.empty())
         throw CommandError(ExitCode::WrongUsage,
-                           setting.key + " is changed by `wardlock " + std::string(verb) + '`');
+                           "use `wardlock " + std::string(verb) + "` to change " + setting.key);
     if (setting.key != kAccountName)
         return switchValue(text);
     requireText(text);
@@ -68,14 +68,14 @@ const Verb setVerb{
     "set",
     "SETTING VALUE",
     "change a setting",
-    "Changes a setting as its page does, and notifies all processes. SETTING is a\n"
-    "key (kRestrictCC) or a label (\"Control Center\"); case does not matter in a\n"
-    "label, and a dash stands for a blank. VALUE is on or off, or a text for\n"
-    "\"Account Name\".\n"
+    "Changes a setting as its page does, and notifies all processes. SETTING is a key\n"
+    "(kRestrictCC) or a label (\"Control Center\"). In a label, case does not matter,\n"
+    "and a dash can replace a space. VALUE is on or off, or a text for \"Account\n"
+    "Name\".\n"
     "\n"
-    "A setting of an account is changed in the account of --account; without it, in\n"
-    "the enabled one, else in the only one. With --account, SETTING is one of an\n"
-    "account.\n",
+    "A setting of an account is changed in the account that --account names. Without\n"
+    "--account, the enabled account is changed, or the only account if none is\n"
+    "enabled. With --account, SETTING must be a setting of an account.\n",
     setOptions,
     2,
     2,

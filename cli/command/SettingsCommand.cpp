@@ -12,7 +12,7 @@ namespace wardlock::cli {
 namespace {
 
 constexpr Option scriptOption{
-    "--script", "FILE", "run the JSON commands in FILE, one a line;\n\"-\" reads them from standard input"};
+    "--script", "FILE", "run the JSON commands in FILE, one per line;\n\"-\" reads them from standard input"};
 constexpr Option terminalOption{"--terminal", "", "use the terminal even if there is a display"};
 constexpr Option plainOption{"--plain", "", "use the terminal line by line, for screen readers"};
 
@@ -37,19 +37,19 @@ const Verb settingsVerb{
     "settings",
     "",
     "open Settings: in a window, in the terminal, or for a script",
-    "Opens Settings in a window where there is a display, and in the terminal\n"
-    "otherwise. First creates what the device root lacks: its folders, the link to\n"
-    "the settings bundle, and the default document.\n"
+    "Opens Settings in a window if there is a display, and in the terminal otherwise.\n"
+    "First creates what the device root lacks: its folders, the link to the settings\n"
+    "bundle, and the default document.\n"
     "\n"
     "In the terminal, Settings uses the whole screen: the arrow keys move, Space\n"
-    "taps, Esc goes back, / finds a row and ? lists all keys. A terminal without a\n"
-    "screen (TERM is unset or \"dumb\"), or --plain, gets Settings line by line: a\n"
-    "number or a name taps the row, b goes back and ? lists all commands. Colours\n"
-    "follow NO_COLOR, COLORTERM and COLORFGBG.\n"
+    "taps, Esc goes back, / finds a row and ? lists all keys. With --plain, or in a\n"
+    "terminal without a screen (TERM is unset or \"dumb\"), Settings works line by\n"
+    "line: a number or a name taps the row, b goes back and ? lists all commands.\n"
+    "Colours follow NO_COLOR, COLORTERM and COLORFGBG.\n"
     "\n"
     "With --script, each line of FILE is a JSON command. For each command, one line\n"
-    "of JSON is printed to standard output. A command that cannot be carried out\n"
-    "prints an \"error\", and the script continues. All commands are documented in\n"
+    "of JSON is printed to standard output. If a command cannot be carried out, its\n"
+    "line has an \"error\", and the script continues. All commands are documented in\n"
     "\n"
     "  docs/automation.md\n",
     settingsOptions,

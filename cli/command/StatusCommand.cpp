@@ -77,7 +77,7 @@ Json asJson(const Listeners& listeners) {
 
 std::string inWords(const Listeners& listeners) {
     if (!listeners)
-        return "unknown: the bus does not tell";
+        return "unknown: the bus does not list them";
     std::string text;
     for (const platform::ChangeListener& listener : *listeners)
         text += (text.empty() ? "" : ", ") + printable(listener.program) + " (process " +
@@ -130,18 +130,18 @@ const Verb statusVerb{
     "status",
     "",
     "show whether Wardlock is on, and what the enabled account restricts",
-    "Prints the master switch, whether restrictions are in force (the switch is on\n"
-    "and an account is enabled), whether a passcode is set, the enabled account and\n"
-    "what it restricts, since when the settings are so (their last change), and\n"
-    "which processes on the bus listen for changes.\n"
+    "Prints the master switch, and whether restrictions are in force: the switch is\n"
+    "on and an account is enabled. Then prints whether a passcode is set, the enabled\n"
+    "account and what it restricts. The last lines are the time of the last change,\n"
+    "and the processes on the bus that listen for changes.\n"
     "\n"
     "Like every process that reads the settings, this verb first writes the defaults\n"
-    "where the document or a top-level key is missing.\n"
+    "if the document or a top-level key is missing.\n"
     "\n"
-    "With --json, prints one object: \"enabled\", \"tweakEnabled\", \"account\",\n"
-    "\"passcode\" (whether one is set), \"since\" (UTC) and \"listeners\" (a list of\n"
-    "\"process\" and \"program\", or null). The account is null or an object of \"index\"\n"
-    "(from 0), \"name\" (or null), \"restrictions\" and \"apps\".\n",
+    "With --json, prints one object: \"enabled\", \"tweakEnabled\", \"account\", \"passcode\"\n"
+    "(whether one is set), \"since\" (UTC) and \"listeners\" (a list of \"process\" and\n"
+    "\"program\", or null). The account is null or an object of \"index\" (from 0),\n"
+    "\"name\" (or null), \"restrictions\" and \"apps\".\n",
     statusOptions,
     0,
     0,

@@ -64,12 +64,12 @@ const Verb exportVerb{
     "FILE",
     "write all settings to a file",
     "Writes the preferences document to FILE, as a property list in XML: every\n"
-    "account, and the passcode. FILE is replaced in one step; a new one can be read\n"
-    "by you alone. \"-\" is standard output. FILE is a path of this machine, not of\n"
-    "the device.\n"
+    "account, and the passcode. FILE is replaced in one step; a new file is readable\n"
+    "only by you. \"-\" is standard output. FILE is a path of this machine, not of the\n"
+    "device.\n"
     "\n"
     "Like every process that reads the settings, this verb first writes the defaults\n"
-    "where the document or a top-level key is missing.\n",
+    "if the document or a top-level key is missing.\n",
     {},
     1,
     1,
@@ -80,14 +80,14 @@ const Verb exportVerb{
 const Verb importVerb{
     "import",
     "FILE",
-    "take over all settings from a file",
-    "Reads a property list and checks it, then takes its keys over in one write. FILE\n"
-    "has the form that `wardlock export` writes. Other processes are notified of each\n"
+    "replace the settings by those in a file",
+    "Reads a property list, checks it, and stores its keys in one write. FILE has the\n"
+    "form that `wardlock export` writes. Other processes are notified of each\n"
     "top-level key that has changed. Keys that FILE lacks keep their values. \"-\" is\n"
     "standard input.\n"
     "\n"
-    "A FILE with a value of a wrong kind, with an empty list of accounts, or with a\n"
-    "passcode that does not have four digits is refused, and nothing is changed.\n",
+    "FILE is refused, and nothing is changed, if a value is of a wrong kind, the list\n"
+    "of accounts is empty, or the passcode does not have four digits.\n",
     {},
     1,
     1,

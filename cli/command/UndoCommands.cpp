@@ -16,7 +16,7 @@ namespace {
 
 using Outcome = UndoResult::Outcome;
 
-constexpr Option forceOption{"--force", "", "lose later changes to the same keys"};
+constexpr Option forceOption{"--force", "", "overwrite later changes of the same keys"};
 
 LaterChanges laterChanges(const Arguments& arguments) {
     return arguments.has(forceOption.name) ? LaterChanges::Overwrite : LaterChanges::Keep;
@@ -79,7 +79,7 @@ ExitCode restore(const Arguments& arguments) {
     const std::string_view operand = arguments.operand(0);
     documentOfOperand(History(), operand);
     return report(restoreVersion(versionNumber(operand)),
-                  [&] { return "the settings are those of version " + std::string(operand) + " already"; });
+                  [&] { return "the settings are already those of version " + std::string(operand); });
 }
 
 constexpr std::array forceOptions{forceOption};
@@ -89,13 +89,14 @@ constexpr std::array forceOptions{forceOption};
 const Verb undoVerb{
     "undo",
     "",
-    "take the last change of the settings back",
-    "Takes the last change of the settings back that was not taken back yet, whoever\n"
-    "made it, and prints what that changes. It is a change like any other: stored in\n"
-    "one step, announced key by key, and listed by wardlock history.\n"
+    "take back the last change of the settings",
+    "Takes back the last change of the settings that has not been taken back yet, and\n"
+    "prints what that changes. Changes of all programs count. This is a change like\n"
+    "any other: stored in one step, announced key by key, and listed by `wardlock\n"
+    "history`.\n"
     "\n"
-    "Other changes that were made since stay. Where one of them is of the same key,\n"
-    "nothing is taken back unless --force is given; exit code 1 then.\n",
+    "Later changes stay. If one of them is of the same key, nothing is taken back and\n"
+    "the exit code is 1, unless --force is given.\n",
     forceOptions,
     0,
     0,
@@ -106,9 +107,10 @@ const Verb undoVerb{
 const Verb redoVerb{
     "redo",
     "",
-    "make the change again that undo took back last",
-    "Makes the change again that undo took back last, and prints it. There is nothing\n"
-    "to make again once the settings were changed since; exit code 1 then.\n",
+    "apply the last undone change again",
+    "Applies the last undone change again, and prints what that changes. If the\n"
+    "settings have been changed since, there is nothing to apply and the exit code is\n"
+    "1.\n",
     forceOptions,
     0,
     0,
@@ -120,11 +122,12 @@ const Verb restoreVerb{
     "restore",
     "[N]",
     "replace the settings by an earlier version",
-    "Replaces the settings by version N, as wardlock history lists them, and prints\n"
-    "what that changes. Every later change goes; undo takes the restoring back.\n"
+    "Replaces the settings by version N of `wardlock history`, and prints what that\n"
+    "changes. Later changes are lost; `wardlock undo` brings them back.\n"
     "\n"
     "Without N, replaces settings that are damaged or missing by the last version\n"
-    "that can be read. Settings that are neither stay; exit code 1 then.\n",
+    "that can be read. If the settings are neither, nothing is changed and the exit\n"
+    "code is 1.\n",
     {},
     0,
     1,

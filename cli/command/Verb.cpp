@@ -36,9 +36,10 @@ constexpr std::array allVariables{
              "otherwise a private bus of Wardlock"},
     Variable{"DISPLAY, WAYLAND_DISPLAY",
              "the display for the window; without one, Settings opens in the\nterminal"},
-    Variable{"NO_COLOR", "set to anything, Settings in the terminal has no colours"},
-    Variable{"COLORTERM, COLORFGBG", "\"truecolor\" for 24-bit colours in the terminal, and its text's and\n"
-                                     "background's colours, of which the last tells dark from light"},
+    Variable{"NO_COLOR", "if set to anything, Settings in the terminal has no colours"},
+    Variable{"COLORTERM", "\"truecolor\" if the terminal shows 24-bit colours"},
+    Variable{"COLORFGBG", "the numbers of the terminal's text and background colours, for\n"
+                          "example \"15;0\"; the last one shows whether the terminal is dark"},
 };
 
 constexpr std::array allExitCodes{

@@ -54,10 +54,9 @@ std::span<const ExitCodeText> exitCodes();
 std::vector<ExitCodeText> exitCodes(const Verb& verb);
 
 /// The options of every verb.
-inline constexpr Option helpOption{"--help", "", "print this help; -h does, too"};
+inline constexpr Option helpOption{"--help", "", "print this help (also -h)"};
 inline constexpr Option deviceRootOption{
-    "--device-root", "DIR",
-    "the folder that contains the device's files; comes before\nWARDLOCK_DEVICE_ROOT"};
+    "--device-root", "DIR", "the folder that contains the device's files, instead of\nWARDLOCK_DEVICE_ROOT"};
 
 /// Returns "wardlock plist set [--sync MODE] FILE KEY TYPE VALUE".
 std::string synopsis(const Verb& verb);

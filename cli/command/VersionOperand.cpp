@@ -12,7 +12,7 @@ std::uint64_t versionNumber(std::string_view operand) {
     std::uint64_t number = 0;
     const auto [end, error] = std::from_chars(operand.data(), operand.data() + operand.size(), number);
     if (error != std::errc() || end != operand.data() + operand.size())
-        throw CommandError(ExitCode::WrongUsage, "'" + std::string(operand) + "' is not a version's number");
+        throw CommandError(ExitCode::WrongUsage, "'" + std::string(operand) + "' is not a version number");
     return number;
 }
 

@@ -117,18 +117,19 @@ const Verb watchVerb{
     "",
     "print each change of the settings as it is announced",
     "Registers for changes as the enforcing process does, and prints each change\n"
-    "after the settings have been reloaded, until SIGINT or SIGTERM. A line that\n"
-    "begins with \"Watching\" on standard error reports that the registration is\n"
-    "complete.\n"
+    "after the settings have been reloaded, until SIGINT or SIGTERM. When the\n"
+    "registration is complete, prints a line that begins with \"Watching\" to standard\n"
+    "error.\n"
     "\n"
     "Like every process that reads the settings, this verb first writes the defaults\n"
-    "where the document or a top-level key is missing.\n"
+    "if the document or a top-level key is missing.\n"
     "\n"
-    "With --json, prints one object a line: \"key\", \"value\" (or null), and\n"
+    "With --json, prints one object per line: \"key\", \"value\" (or null), and\n"
     "\"tweakEnabled\" and \"accountEnabled\" as they are after the change.\n"
     "\n"
-    "With --exec, the shell runs COMMAND for each change, one after the other. It\n"
-    "reads the line of --json from standard input, and has the key in WARDLOCK_KEY.\n",
+    "With --exec, the shell runs COMMAND for each change, one after the other. Its\n"
+    "standard input is the line that --json prints, and WARDLOCK_KEY contains the\n"
+    "key.\n",
     watchOptions,
     0,
     0,

@@ -70,7 +70,7 @@ CheckResult checkBus() {
         break;
     case Condition::Distrusted:
         result.fails(nameOf(bus) +
-                         " cannot be used: its folder cannot be created, or other users have access to it",
+                         " cannot be used; its folder cannot be created, or other users have access to it",
                      "Remove " + bus.privateFolder + ", or deny access to other users: chmod 700 " +
                          shellWord(bus.privateFolder));
         break;
@@ -101,7 +101,7 @@ CheckResult checkWebEngine() {
     result.facts["path"] = folder.empty() ? Json() : Json(folder);
     result.text = folder;
     if (folder.empty())
-        result.fails("no web engine for the window: \"More From Tavix\" shows the text of the page",
+        result.fails("the window has no web engine; \"More From Tavix\" shows the text of the page",
                      "Install the package qml6-module-qtwebengine to see it as a browser shows it.");
     return result;
 }
@@ -113,7 +113,7 @@ CheckResult checkFonts() {
     result.facts["path"] = file.empty() ? Json() : Json(file);
     result.text = file;
     if (file.empty())
-        result.fails("the font " + std::string(windowFont) + " is not installed: the window uses another one",
+        result.fails("the font " + std::string(windowFont) + " is not installed; the window uses another one",
                      "Install the package fonts-inter.");
     return result;
 }
@@ -124,12 +124,12 @@ CheckResult checkPortal() {
     result.facts["contrast"] = contrast ? Json(*contrast) : Json();
     result.text = "the desktop portal reports it";
     if (!contrast)
-        result.fails("no desktop portal reports settings: the window does not follow the desktop's contrast",
+        result.fails("no desktop portal reports settings; the window does not follow the desktop's contrast",
                      "Install xdg-desktop-portal and the portal of your desktop.");
     else if (!*contrast)
         result.fails(
-            "the desktop portal does not report it: the window does not follow the desktop's contrast",
-            "Update the portal of your desktop; until then, wardlock-settings has options for its look.");
+            "the desktop portal does not report it; the window does not follow the desktop's contrast",
+            "Update the portal of your desktop.");
     return result;
 }
 
@@ -145,12 +145,12 @@ CheckResult checkMail() {
         result.facts["route"] = "program";
         break;
     case MailRouteKind::Outbox:
-        result.text = "is saved in " + platform::pathOnDevice(platform::mailOutboxPath);
+        result.text = "saved in " + platform::pathOnDevice(platform::mailOutboxPath);
         result.facts["route"] = "outbox";
         break;
     case MailRouteKind::None:
         result.facts["route"] = nullptr;
-        result.fails("cannot be sent: the row for support mail does nothing",
+        result.fails("cannot be sent; the row for support mail does nothing",
                      "Set up a mail program and install xdg-utils, or create an outbox folder: mkdir -p " +
                          shellWord(platform::pathOnDevice(platform::mailOutboxPath)));
         break;

@@ -99,7 +99,7 @@ bool describeAccounts(const platform::Dictionary& document, CheckResult& result)
 }
 
 std::string howToRestore(const std::string& path) {
-    return "wardlock restore puts the last good version in its place. Without it, the next change keeps this "
+    return "Replace it by the last good version: wardlock restore. Otherwise, the next change keeps this "
            "file as " +
            path + ".damaged and writes a new document.";
 }
@@ -180,7 +180,7 @@ CheckResult checkDocument() {
                                 shellWord(path));
     if (statusOf(path + ".damaged"))
         result.advice.push_back("A damaged document was kept as " + path +
-                                ".damaged: remove it when no settings are missing.");
+                                ".damaged: remove it if no settings are missing.");
     return result;
 }
 

@@ -49,7 +49,7 @@ ExitCode doctor(const Arguments& arguments) {
             print(result);
     }
     if (!json && broken == 0)
-        Output::line("Everything that Wardlock needs works.");
+        Output::line("No problems found.");
     else if (!json)
         Output::line(std::to_string(broken) + (broken == 1 ? " problem" : " problems") + " found.");
     return broken == 0 ? ExitCode::Done : ExitCode::Failed;
@@ -63,16 +63,22 @@ const Verb doctorVerb{
     "doctor",
     "",
     "check the installation, and suggest repairs",
-    "Checks the device root, the storage of changes, the document, its earlier\n"
-    "versions, the log, the bus, the settings bundle, the AppList module, the window,\n"
-    "its web engine and font, the desktop's contrast, and the route of support mail.\n"
-    "Prints one line for each: \"ok\", \"absent\" (Wardlock works without it) or\n"
-    "\"BROKEN\". Lines with \"->\" suggest what to do. A change is tried with a file\n"
-    "beside the document, which is removed again; nothing else is changed.\n"
+    "Checks the installation and prints one line for each check: \"ok\", \"absent\"\n"
+    "(Wardlock works without it) or \"BROKEN\". Lines with \"->\" suggest what to do. The\n"
+    "checks are of:\n"
     "\n"
-    "Exit code 0 when nothing is broken, 1 otherwise.\n"
+    "  - the device root, the storage of changes, the document, its earlier versions\n"
+    "    and the log\n"
+    "  - the bus, the settings bundle and the AppList module\n"
+    "  - the window, its web engine and font, the desktop's contrast, and the route\n"
+    "    of support mail\n"
     "\n"
-    "With --json, prints one object a line: \"check\", \"works\", \"needed\", \"text\",\n"
+    "The check of the storage creates a file beside the document and removes it.\n"
+    "Nothing else is changed.\n"
+    "\n"
+    "The exit code is 0 if nothing is broken, 1 otherwise.\n"
+    "\n"
+    "With --json, prints one object per line: \"check\", \"works\", \"needed\", \"text\",\n"
     "\"advice\" (a list), and what was found, such as \"path\", \"size\" or \"accounts\".\n",
     doctorOptions,
     0,

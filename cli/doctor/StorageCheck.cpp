@@ -37,7 +37,8 @@ Reason reasonOf(std::error_code error, const std::string& folder) {
                 "Remove files of your own there, or have the quota raised: quota -s shows it."};
     if (error == std::errc::read_only_file_system)
         return {"readOnly", "the disk is mounted read-only",
-                "Mount it for writing, as root: mount -o remount,rw on what findmnt -T " + word + " shows."};
+                "Mount it for writing, as root: mount -o remount,rw \"$(findmnt -no TARGET -T " + word +
+                    ")\""};
     if (error == std::errc::permission_denied || error == std::errc::operation_not_permitted)
         return {"notYours", "no permission to write there",
                 "Run Wardlock as the owner of that folder: every change replaces the document there."};
@@ -76,7 +77,7 @@ CheckResult checkStorage() {
     const std::string probe = probePath(folder);
     result.facts["path"] = folder;
     result.facts["reason"] = nullptr;
-    result.text = "a change can be stored in " + folder;
+    result.text = "changes can be stored in " + folder;
     const std::error_code error = platform::AtomicWriter().write(
         probe, std::string(size, '\n'), platform::Sync::Full, platform::Attributes::Private);
     // After a failed sync the file may be in place.

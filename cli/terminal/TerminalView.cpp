@@ -194,8 +194,8 @@ void TerminalView::followLink(const std::string& link) {
 void TerminalView::showHelp() {
     pageStands_ = true;
     Output::text("\n"
-                 "  1, 2, ...  tap the row of that number\n"
-                 "  NAME       tap the row of that name, or whose name begins so\n"
+                 "  1, 2, ...  tap the row with that number\n"
+                 "  NAME       tap the row with that name, or whose name begins with it\n"
                  "  b          go back\n"
                  "  +          press the button at the top right\n"
                  "  n, p       show the next or the previous part of a long page\n"

@@ -56,7 +56,7 @@ void LinuxMailService::send(const MailMessage& message, std::function<void(const
     if (sending.joinable())
         sending.detach();
     else
-        report({MailOutcome::Kind::Failed, "The system has no room for another thread."}, *handedOver);
+        report({MailOutcome::Kind::Failed, "The system cannot create another thread."}, *handedOver);
 }
 
 } // namespace platform::mail

@@ -20,7 +20,7 @@ void refuseForeignRights() {
     if (::getuid() == ::geteuid() && ::getgid() == ::getegid())
         return;
     constexpr std::string_view reason =
-        "This program does not run set-user-id or set-group-id: start it as the user it is to serve.\n";
+        "This program does not run set-user-id or set-group-id: run it as the user whose settings it uses.\n";
     static_cast<void>(!::write(STDERR_FILENO, reason.data(), reason.size()));
     ::_exit(EXIT_FAILURE);
 }

@@ -130,10 +130,8 @@ PageFetch::PageFetch(std::string url, TextWebEngineOptions options, std::weak_pt
       completion_(std::move(completion)), transfers_(makeTransfers()),
       thread_(posix::startSignalMaskedThread([this] { run(); })) {
     if (!thread_.joinable())
-        completion_({.error = "The system has no room for another thread",
-                     .bytes = {},
-                     .contentType = {},
-                     .url = {}});
+        completion_(
+            {.error = "The system cannot create another thread", .bytes = {}, .contentType = {}, .url = {}});
 }
 
 PageFetch::~PageFetch() {

@@ -113,10 +113,11 @@ TEST_F(AccountCommand, ListsTheAccountsThatANameFits) {
            {kPasscode, ""},
            {kAccounts, Array{account("Kim", false), account("kim", false), account("1", false),
                              account("Kim", false)}}});
-    expectRefuses({"account", "enable", "Kim"}, 1, "account enable: 'Kim' fits 2 accounts: 1 (Kim), 4 (Kim)");
+    expectRefuses({"account", "enable", "Kim"}, 1,
+                  "account enable: 'Kim' matches 2 accounts: 1 (Kim), 4 (Kim)");
     expectRefuses({"account", "enable", "KIM"}, 1,
-                  "account enable: 'KIM' fits 3 accounts: 1 (Kim), 2 (kim), 4 (Kim)");
-    expectRefuses({"account", "enable", "1"}, 1, "account enable: '1' fits 2 accounts: 1 (Kim), 3 (1)");
+                  "account enable: 'KIM' matches 3 accounts: 1 (Kim), 2 (kim), 4 (Kim)");
+    expectRefuses({"account", "enable", "1"}, 1, "account enable: '1' matches 2 accounts: 1 (Kim), 3 (1)");
     expectPrints({"account", "enable", "#1"}, "");
     expectPrints({"account", "rename", "kim", "Ida"}, "");
     EXPECT_EQ(names(), (Names{"Kim", "Ida", "1", "Kim"}));
@@ -133,7 +134,7 @@ TEST_F(AccountCommand, RefusesAnAccountThatDoesNotExist) {
 
 TEST_F(AccountCommand, RefusesNamesThatNoDocumentCanStore) {
     expectRefuses({"account", "add", ""}, 2,
-                  "account add: the name of an account is not empty (see wardlock account add --help)");
+                  "account add: the name of an account must not be empty (see wardlock account add --help)");
     expectRefuses({"account", "add", "a\xFF"}, 2,
                   "account add: KEY and VALUE must be valid UTF-8 (see wardlock account add --help)");
     expectRefuses({"account", "rename", "Ada", "a\xFF"}, 2,

@@ -64,7 +64,8 @@ TEST_F(AppCommand, AllowsAppsThatAreNoLongerInstalledToo) {
 TEST_F(AppCommand, ListsTheAppsThatANameFits) {
     install("One", "org.example.one", "Twin");
     install("Two", "org.example.two", "Twin");
-    expectRefuses({"restrict", "twin"}, 1, "restrict: 'twin' fits 2 apps: org.example.one, org.example.two");
+    expectRefuses({"restrict", "twin"}, 1,
+                  "restrict: 'twin' matches 2 apps: org.example.one, org.example.two");
     expectPrints({"restrict", "org.example.two"}, "");
 }
 

@@ -72,7 +72,7 @@ TEST_F(Doctor, ReportsThatEverythingWorks) {
     EXPECT_EQ(result.exitCode, 0) << result.output;
     EXPECT_EQ(result.errors, "");
     EXPECT_EQ(result.output.find("BROKEN"), std::string::npos) << result.output;
-    EXPECT_TRUE(result.output.ends_with("\nEverything that Wardlock needs works.\n")) << result.output;
+    EXPECT_TRUE(result.output.ends_with("\nNo problems found.\n")) << result.output;
 }
 
 TEST_F(Doctor, CountsWhatDoesNotWork) {

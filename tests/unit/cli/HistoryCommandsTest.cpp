@@ -132,7 +132,7 @@ TEST_F(HistoryCommand, RestoresAVersion) {
     EXPECT_EQ(readFile(documentPath), first);
     EXPECT_EQ(listed()[0], "restore1 Wardlock on passcode removed");
     EXPECT_EQ(run({"restore", "1"}).errors,
-              "wardlock restore: the settings are those of version 1 already\n");
+              "wardlock restore: the settings are already those of version 1\n");
 }
 
 TEST_F(HistoryCommand, RestoresTheLastGoodVersionOfADamagedDocument) {
@@ -202,7 +202,7 @@ TEST_F(HistoryCommand, IsCheckedByTheDoctor) {
     EXPECT_EQ(check()["text"], "no versions are kept yet");
     EXPECT_FALSE(exists(history)) << "the doctor creates nothing";
     damage();
-    EXPECT_NE(run({"doctor"}).output.find("wardlock restore puts the last good version in its place"),
+    EXPECT_NE(run({"doctor"}).output.find("Replace it by the last good version: wardlock restore"),
               std::string::npos);
 }
 

@@ -43,10 +43,10 @@ TEST_F(SetCommand, AnnouncesTheKeyAndItsValueOnce) {
 TEST_F(SetCommand, ListsTheSettingsThatANameFits) {
     expectRefuses(
         {"set", "Enabled", "on"}, 1,
-        "set: 'Enabled' fits 2 settings: kEnabled (of all accounts), kAccountEnabled (of an account)");
+        "set: 'Enabled' matches 2 settings: kEnabled (of all accounts), kAccountEnabled (of an account)");
     expectRefuses(
         {"get", "enabled"}, 1,
-        "get: 'enabled' fits 2 settings: kEnabled (of all accounts), kAccountEnabled (of an account)");
+        "get: 'enabled' matches 2 settings: kEnabled (of all accounts), kAccountEnabled (of an account)");
 }
 
 TEST_F(SetCommand, RefusesWhatItCannotSet) {
@@ -57,10 +57,10 @@ TEST_F(SetCommand, RefusesWhatItCannotSet) {
     expectRefuses({"set", "--acount", "Ben", "siri", "on"}, 2,
                   "set: unknown option '--acount'; did you mean '--account'?" + help);
     expectRefuses({"set", "passcode", "1234"}, 2,
-                  "set: kPasscode is changed by `wardlock passcode set`" + help);
-    expectRefuses({"set", "kAccounts", "on"}, 2, "set: kAccounts is changed by `wardlock account`" + help);
+                  "set: use `wardlock passcode set` to change kPasscode" + help);
+    expectRefuses({"set", "kAccounts", "on"}, 2, "set: use `wardlock account` to change kAccounts" + help);
     expectRefuses({"set", "restricted apps", "on"}, 2,
-                  "set: kAppsRestricted is changed by `wardlock restrict`" + help);
+                  "set: use `wardlock restrict` to change kAppsRestricted" + help);
     expectRefuses({"set", "account name", "\xFF"}, 2, "set: KEY and VALUE must be valid UTF-8" + help);
     expectRefuses({"set", "Sirj", "on"}, 1, "set: no setting 'Sirj'; did you mean 'Siri'?");
     expectRefuses({"set", "--account", "Ben", "kEnabled", "on"}, 1,

@@ -200,8 +200,8 @@ TEST_F(SettingsCommand, PrintsForStatusTheProcessesThatListen) {
 TEST_F(SettingsCommand, PrintsForStatusNoListenersWithoutABus) {
     ProcessSetup setup;
     setup.environment["DBUS_SESSION_BUS_ADDRESS"] = "unix:path=" + (folder() / "nothing-here");
-    EXPECT_TRUE(
-        wardlockCommand({"status"}, setup).output.ends_with("Listening: unknown: the bus does not tell\n"));
+    EXPECT_TRUE(wardlockCommand({"status"}, setup)
+                    .output.ends_with("Listening: unknown: the bus does not list them\n"));
     EXPECT_TRUE(wardlockCommand({"status", "--json"}, setup).output.ends_with("\"listeners\":null}\n"));
 }
 

@@ -74,7 +74,7 @@ TEST_F(CurlWebEngine, ReportsAFailureWhenTheSystemHasNoMoreThreads) {
     const NoMoreThreads none;
     view->loadRequest({server.url("/")});
     EXPECT_EQ(after(2), (Events{"start", "fail"}));
-    EXPECT_EQ(reports->lastError, "The system has no room for another thread");
+    EXPECT_EQ(reports->lastError, "The system cannot create another thread");
 }
 
 TEST_F(CurlWebEngine, TimesOutOnASilentServer) {
