@@ -8,6 +8,7 @@
 #include "settings/history/History.h"
 
 #include <algorithm>
+#include <array>
 #include <exception>
 #include <sstream>
 #include <string>
@@ -18,6 +19,8 @@ namespace wardlock::cli {
 namespace {
 
 using Words = std::span<const std::string_view>;
+
+constexpr std::string_view versionOption = "--version";
 
 /// Returns how many of the first words name `verb`; 0 when they name another.
 std::size_t matchedWords(const Verb& verb, Words words) {
@@ -55,11 +58,25 @@ std::string operandName(const Verb& verb, std::size_t index) {
 
 std::string unknownVerb(Words words) {
     const std::string first(words[0]);
+    if (first.starts_with('-'))
+        return "unknown option '" + first + '\'' +
+               didYouMean(first, std::array{helpOption.name, deviceRootOption.name, versionOption});
     std::vector<std::string_view> known;
     for (const Verb* verb : verbs())
         known.push_back(isFamily(first) ? verb->name : verb->name.substr(0, verb->name.find(' ')));
     const std::string given = isFamily(first) ? first + ' ' + std::string(words[1]) : first;
     return "unknown verb '" + given + '\'' + didYouMean(given, known);
+}
+
+/// Returns "; did you mean 'account enable'?" for the first operand of a verb with a family, when it
+/// resembles a verb of the family; empty otherwise.
+std::string suggestedVerb(const Verb& verb, std::string_view operand) {
+    const std::string family = std::string(verb.name) + ' ';
+    std::vector<std::string_view> known;
+    for (const Verb* other : verbs())
+        if (other->name.starts_with(family))
+            known.push_back(other->name);
+    return didYouMean(family + std::string(operand), known);
 }
 
 ExitCode runVerb(const Verb& verb, Words words) {
@@ -78,7 +95,7 @@ ExitCode runVerb(const Verb& verb, Words words) {
     if (count > verb.mostOperands)
         throw CommandError(ExitCode::WrongUsage, "unexpected argument '" +
                                                      std::string(arguments.operand(verb.mostOperands)) +
-                                                     '\'');
+                                                     '\'' + suggestedVerb(verb, arguments.operand(0)));
     return verb.run(arguments);
 }
 
@@ -87,7 +104,7 @@ ExitCode runWithoutVerb(Words words) {
         throw CommandError(ExitCode::WrongUsage, "missing verb");
     if (isHelp(words[0]))
         Output::text(overview());
-    else if (words[0] == "--version" || words[0] == "-V")
+    else if (words[0] == versionOption || words[0] == "-V")
         Output::line("wardlock " WARDLOCK_VERSION);
     else if (isFamily(words[0]) && words.size() > 1 && isHelp(words[1]))
         Output::text(overview(words[0]));

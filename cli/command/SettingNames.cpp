@@ -1,6 +1,7 @@
 #include "cli/command/SettingNames.h"
 
 #include "cli/command/NameMatch.h"
+#include "cli/io/CommandError.h"
 #include "settings/Accounts.h"
 #include "settings/SettingLabels.h"
 
@@ -24,6 +25,9 @@ std::vector<NamedSetting> settingsIn(SettingScope scope) {
 }
 
 NamedSetting settingNamed(std::string_view name, SettingScope scope) {
+    if (scope == SettingScope::Account && std::ranges::count(documentLabels(), name, &SettingLabel::key) != 0)
+        throw CommandError(ExitCode::Failed,
+                           std::string(name) + " is a setting of all accounts; leave out --account");
     const std::vector<NamedSetting> settings = settingsIn(scope);
     std::vector<Named> things;
     for (const NamedSetting& setting : settings)

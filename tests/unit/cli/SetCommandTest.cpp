@@ -64,7 +64,7 @@ TEST_F(SetCommand, RefusesWhatItCannotSet) {
     expectRefuses({"set", "account name", "\xFF"}, 2, "set: KEY and VALUE must be valid UTF-8" + help);
     expectRefuses({"set", "Sirj", "on"}, 1, "set: no setting 'Sirj'; did you mean 'Siri'?");
     expectRefuses({"set", "--account", "Ben", "kEnabled", "on"}, 1,
-                  "set: no setting 'kEnabled'; did you mean 'Enabled'?");
+                  "set: kEnabled is a setting of all accounts; leave out --account");
     expectRefuses({"set", "--account", "Tom", "siri", "on"}, 1, "set: no account 'Tom'");
 }
 
