@@ -59,9 +59,8 @@ const Verb accountAddVerb{
     "account add",
     "NAME",
     "create an account",
-    "Adds an account with the settings of a new account at the end of the list, and\n"
-    "prints its number. The account is not enabled. Several accounts may have the\n"
-    "same name.\n",
+    "Adds an account with the initial settings at the end of the list, and prints its\n"
+    "number. The account is not enabled. Several accounts may have the same name.\n",
     {},
     1,
     1,

@@ -61,7 +61,7 @@ std::string whyThisRoot() {
 
 std::string howToCreateRoot() {
     return platform::deviceRootIsFromEnvironment()
-               ? "Create it: wardlock device init \"$WARDLOCK_DEVICE_ROOT\""
+               ? "Create it: wardlock device init " + shellWord(platform::deviceRoot())
                : "Open Settings once (wardlock settings): it creates what the device root lacks.";
 }
 
