@@ -47,8 +47,10 @@ private:
         return std::endian::native == std::endian::little ? number : number << 56;
     }
 
-    std::uint64_t head_;
-    std::uint64_t bits_;
+    /// Written here and read as a Value's members.
+    using Word [[gnu::may_alias]] = std::uint64_t;
+    Word head_;
+    [[maybe_unused]] Word bits_;
 };
 
 /// The memory of one document's values, which are built together and freed together: that takes a fraction of
