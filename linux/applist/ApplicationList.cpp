@@ -25,7 +25,7 @@ std::shared_ptr<UIImage> imageOf(const Application& application, int pixels) {
     return std::make_shared<UIImage>([application, pixels] {
         std::string path =
             application.folder.empty() ? desktopIcon(application, pixels) : bundleIcon(application, pixels);
-        return IconFile::read(path) ? path : std::string();
+        return !path.empty() && IconFile::read(path) ? path : std::string();
     });
 }
 

@@ -3,6 +3,7 @@
 #include "linux/applist/IconFile.h"
 #include "platform/files/FileSystem.h"
 
+#include <algorithm>
 #include <array>
 #include <limits>
 #include <string_view>
@@ -64,6 +65,8 @@ public:
 
     /// Adds all forms of a name without scale, idiom and extension.
     void considerForms(std::string_view base) {
+        if (!formsMayExist(base))
+            return;
         for (const std::string_view scale : Scales)
             for (const std::string_view idiom : Idioms)
                 for (const std::string_view extension : Extensions)
@@ -77,6 +80,12 @@ private:
     bool mayExist(const std::string& name) const {
         return names_.contains(name.substr(0, name.find('/'))) || name.starts_with('/') ||
                name.starts_with('.');
+    }
+    /// Most applications have none of the usual names; composing all forms of a name takes longer than this.
+    bool formsMayExist(std::string_view base) const {
+        const auto isForm = [base](const std::string& name) { return name.starts_with(base); };
+        return base.empty() || base.find('/') != std::string_view::npos || base.starts_with('.') ||
+               std::ranges::any_of(names_, isForm);
     }
     bool resolveFolder() { return !folder_.empty() || !FileSystem::current().resolve(given_, folder_); }
 
