@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
-#include <sys/resource.h>
+#include <fstream>
 
 namespace wardlock::bench {
 
@@ -114,9 +114,17 @@ void measureInterleaved(const Pair& pair) {
 }
 
 void reportPeakMemory(const Row& row) {
-    rusage usage;
-    getrusage(RUSAGE_SELF, &usage);
-    report(row, "KiB", {{static_cast<double>(usage.ru_maxrss)}, {}});
+    // Not getrusage(): its peak includes the parent's memory at the time of the fork.
+    std::ifstream status("/proc/self/status");
+    std::string word;
+    double kibibytes = 0;
+    while (status >> word && word != "VmHWM:") {
+    }
+    if (!(status >> kibibytes)) {
+        std::fprintf(stderr, "/proc/self/status has no VmHWM\n");
+        std::exit(1);
+    }
+    report(row, "KiB", {{kibibytes}, {}});
 }
 
 } // namespace wardlock::bench
