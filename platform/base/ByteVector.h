@@ -37,6 +37,12 @@ public:
     std::uint32_t notAscii() const {
         return bits([&](std::size_t i) { return static_cast<unsigned char>(bytes_[i]) >= 0x80; });
     }
+    /// The bytes that are not ASCII, or below `bound`, which is.
+    std::uint32_t notAsciiOrBelow(char bound) const {
+        return bits([&](std::size_t i) {
+            return static_cast<signed char>(bytes_[i]) < static_cast<signed char>(bound);
+        });
+    }
 
 private:
     template <class Test>
@@ -70,6 +76,9 @@ public:
         return bits(_mm_cmpeq_epi8(bytes_, other.bytes_));
     }
     std::uint32_t notAscii() const { return bits(bytes_); }
+    std::uint32_t notAsciiOrBelow(char bound) const {
+        return bits(_mm_cmplt_epi8(bytes_, _mm_set1_epi8(bound)));
+    }
 
 private:
     static std::uint32_t bits(__m128i bytes) { return static_cast<std::uint32_t>(_mm_movemask_epi8(bytes)); }

@@ -40,11 +40,12 @@ public:
 
 private:
     char* room(std::size_t size) {
-        if (size > static_cast<std::size_t>(end_ - next_))
+        if (size > static_cast<std::size_t>(end_ - next_)) [[unlikely]]
             grow(size);
         return std::exchange(next_, next_ + size);
     }
-    void grow(std::size_t more) {
+    /// Apart, so that room() is short enough to be inlined.
+    [[gnu::noinline]] void grow(std::size_t more) {
         const std::size_t used = size();
         text_.resize(std::max(text_.size() * 2, used + more));
         continueAt(used);

@@ -1,5 +1,6 @@
 #include "platform/plist/XmlEscape.h"
 
+#include "platform/base/ByteVector.h"
 #include "platform/base/Utf8.h"
 #include "platform/plist/XmlCharacter.h"
 #include "platform/values/ShortString.h"
@@ -27,6 +28,11 @@ constexpr bool hasSpecial(std::uint64_t word) {
     // "<" and ">" differ in one bit.
     const std::uint64_t angle = zeroBytes((word | everyByte('<' ^ '>')) ^ everyByte('>'));
     return ((control | ampersand | angle | word) & everyByte(0x80)) != 0;
+}
+
+/// The same for as many bytes as a vector has.
+bool hasSpecial(const ByteVector& bytes) {
+    return (bytes.notAsciiOrBelow(0x20) | bytes.equal('&') | bytes.equal('<') | bytes.equal('>')) != 0;
 }
 
 bool isSpecial(char c) {
@@ -76,12 +82,16 @@ std::size_t appendSpecial(std::string& text, std::string_view characters) {
 bool needsNoEscape(std::string_view text) {
     const char* const begin = text.data();
     const std::size_t length = text.size();
+    if (length >= ByteVector::size) {
+        for (std::size_t at = 0; at + ByteVector::size < length; at += ByteVector::size)
+            if (hasSpecial(ByteVector(begin + at)))
+                return false;
+        return !hasSpecial(ByteVector(begin + length - ByteVector::size));
+    }
     if (length < 8)
         return std::none_of(text.begin(), text.end(), isSpecial);
-    for (std::size_t at = 0; at + 8 <= length; at += 8)
-        if (hasSpecial(loadWord<std::uint64_t>(begin + at)))
-            return false;
-    return !hasSpecial(loadWord<std::uint64_t>(begin + length - 8));
+    return !hasSpecial(loadWord<std::uint64_t>(begin)) &&
+           !hasSpecial(loadWord<std::uint64_t>(begin + length - 8));
 }
 
 std::string escaped(std::string_view text) {

@@ -48,6 +48,15 @@ TYPED_TEST(ByteVectors, ComparesByteByByte) {
         EXPECT_EQ(letters.equal(TypeParam(lettersWith('!', i).data())), allBytes & ~(1u << i)) << i;
 }
 
+TYPED_TEST(ByteVectors, FindsWhatIsNotAsciiOrBelowABound) {
+    for (std::size_t i = 0; i < TypeParam::size; ++i) {
+        for (const char byte : {'\0', '\n', '\x1F', '\x80', '\xC3', '\xFF'})
+            EXPECT_EQ(TypeParam(lettersWith(byte, i).data()).notAsciiOrBelow(0x20), 1u << i) << i;
+        for (const char byte : {' ', '&', '~', '\x7F'})
+            EXPECT_EQ(TypeParam(lettersWith(byte, i).data()).notAsciiOrBelow(0x20), 0u) << i;
+    }
+}
+
 TYPED_TEST(ByteVectors, FindsWhatIsNotAsciiInEitherOfTwo) {
     for (std::size_t i = 0; i < TypeParam::size; ++i) {
         EXPECT_EQ(TypeParam(lettersWith('\x80', i).data()).notAscii(), 1u << i) << i;
