@@ -178,7 +178,7 @@ TEST_F(UnsavedChanges, KeepSettingsFromClosingOverTypedText) {
     fillDisk();
     EXPECT_FALSE(settings().storeTypedText());
     EXPECT_EQ(notice(), noSpace);
-    EXPECT_TRUE(settings().storeTypedText()) << "nothing is typed any more";
+    EXPECT_TRUE(settings().storeTypedText()) << "nothing is being typed";
 }
 
 TEST_F(UnsavedChanges, AreNotSeenWhereTypedTextIsStored) {
