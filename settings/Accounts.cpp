@@ -1,8 +1,5 @@
 #include "settings/Accounts.h"
 
-#include "platform/files/DeviceRoot.h"
-#include "platform/files/FileSystem.h"
-#include "platform/plist/PropertyListBounds.h"
 #include "platform/plist/UnsavedChange.h"
 #include "settings/Constants.h"
 #include "settings/DefaultSettings.h"
@@ -28,17 +25,6 @@ bool standsElsewhere(const Array& list, std::size_t index, const Array& other) {
     return false;
 }
 
-/// Returns whether the document's bytes cannot be read although it may exist.
-bool documentIsUnreadable() {
-    const std::string path = platform::pathOnDevice(documentPath(BundleIdentifier));
-    std::string bytes;
-    const auto read = [&] {
-        return platform::FileSystem::current().readFile(path, platform::largestDocument, bytes);
-    };
-    const std::error_code error = platform::uninterrupted(read);
-    return error && error != std::errc::no_such_file_or_directory && error != std::errc::not_a_directory;
-}
-
 } // namespace
 
 std::optional<Accounts> Accounts::of(const Value* list) {
@@ -57,7 +43,7 @@ Accounts Accounts::onDisk() {
 
 std::optional<Accounts> Accounts::onDiskIfReadable() {
     const auto entries = document(BundleIdentifier);
-    if (!entries && documentIsUnreadable())
+    if (!entries && documentIsUnreadable(BundleIdentifier))
         return std::nullopt;
     return of(entries ? entries->find(kAccounts) : nullptr).value_or(Accounts());
 }

@@ -3,6 +3,7 @@
 #include "platform/files/DeviceRoot.h"
 #include "platform/files/FileSystem.h"
 #include "platform/files/FolderTrust.h"
+#include "platform/plist/PropertyListBounds.h"
 #include "settings/DocumentPath.h"
 
 #include <system_error>
@@ -32,6 +33,16 @@ std::string nearestExisting(std::string folder) {
 
 std::optional<platform::Dictionary> document(std::string_view identifier) {
     return platform::dictionaryWithContentsOfFile(documentPath(identifier));
+}
+
+bool documentIsUnreadable(std::string_view identifier) {
+    const std::string path = platform::pathOnDevice(documentPath(identifier));
+    std::string bytes;
+    const auto read = [&] {
+        return platform::FileSystem::current().readFile(path, platform::largestDocument, bytes);
+    };
+    const std::error_code error = platform::uninterrupted(read);
+    return error && error != std::errc::no_such_file_or_directory && error != std::errc::not_a_directory;
 }
 
 platform::Update updateDocument(std::string_view identifier,

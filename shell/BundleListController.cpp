@@ -59,7 +59,7 @@ void BundleListController::viewWillAppear(bool animated) {
 void BundleListController::tableViewDidSelectRowAtIndexPath(platform::NSIndexPath path) {
     if (path.section == 0 && path.row < bundles_.entries().size()) {
         const BundleEntry entry = bundles_.entries()[path.row];
-        open(entry);
+        admit_([this, entry] { open(entry); });
     }
 }
 

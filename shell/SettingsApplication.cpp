@@ -13,13 +13,15 @@ namespace wardlock::shell {
 using platform::UIApplication;
 
 SettingsApplication::SettingsApplication(platform::AnimationClock& clock, double transitionSeconds)
-    : boundary_([this] { settle(); }), clock_(clock, boundary_),
-      screen_(std::make_shared<BundleListController>(), boundary_),
+    : boundary_([this] { settle(); }, [this] { noteActivity(); }), clock_(clock, boundary_),
+      screen_(std::make_shared<BundleListController>(
+                  [this](std::function<void()> open) { guard_.admit(std::move(open)); }),
+              boundary_),
       changes_(screen_.stack(), [this](platform::UIView& view) { endEditingIn(view); }),
       unsaved_(screen_, changes_), account_(screen_, changes_),
       pageInput_(screen_, changes_, account_, boundary_), sheetInput_(screen_, account_, boundary_),
-      search_(screen_, changes_, pageInput_, boundary_),
-      liveRefresh_(screen_, changes_, account_, boundary_) {
+      search_(screen_, changes_, pageInput_, boundary_), liveRefresh_(screen_, changes_, account_, boundary_),
+      guard_(screen_, changes_, boundary_), idleTimer_(clock_, [this] { lockWhenIdle(); }) {
     platform::setDiagnosticsHandler(&appendToLog);
     platform::setVersionPlace(SettingsPlace);
     keepForeignVersion();
@@ -49,7 +51,26 @@ void SettingsApplication::process() {
 }
 
 void SettingsApplication::resignActive() {
-    boundary_.enter([] { UIApplication::sharedApplication().resignActive(); });
+    boundary_.enter([&] {
+        UIApplication::sharedApplication().resignActive();
+        lock();
+    });
+}
+
+void SettingsApplication::lock() {
+    guard_.cancel();
+    const auto& pages = screen_.navigation().viewControllers();
+    if (pages.size() < 2 || !guard_.isNeeded())
+        return;
+    pageInput_.endEditing();
+    dismissSheets();
+    search_.forget();
+    screen_.navigation().popToViewController(*pages.front(), false);
+}
+
+void SettingsApplication::lockWhenIdle() {
+    if (guard_.isNeeded())
+        resignActive();
 }
 
 void SettingsApplication::dismissNotice() {
@@ -99,7 +120,9 @@ void SettingsApplication::settle() {
     if (std::exchange(inTransition_, screen_.isInTransition()) && !inTransition_)
         changes_.transitionEnded();
     readTopPage();
-    if (!closed_)
+    idleTimer_.run(!closed_ && guard_.isOn() && screen_.pages().size() > 1);
+    // The way to a row that was found waits for the passcode.
+    if (!closed_ && !guard_.isAsking())
         search_.proceed();
     changes_.deliver();
 }

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "shell/LiveRefresh.h"
+#include "shell/guard/Guard.h"
+#include "shell/guard/IdleTimer.h"
 #include "shell/input/BoundaryClock.h"
 #include "shell/input/PageInput.h"
 #include "shell/input/SheetInput.h"
@@ -48,8 +50,14 @@ public:
         boundary_.enter(std::forward<Call>(call));
     }
 
-    /// To be called when the whole application loses the focus, is minimised or suspended.
+    /// For a host that brings its own guard: Settings asks for no passcode from now on.
+    void turnOffGuard() { guard_.turnOff(); }
+    /// To be called when the whole application loses the focus, is minimised or suspended. While the settings
+    /// require a passcode, it leaves the pages as closing does, and their entry asks for the passcode again.
     void resignActive();
+    /// To be called for what the user does without page() and sheets(): a key, a movement, scrolling. An hour
+    /// without it has the effect of resignActive() where the settings require a passcode.
+    void noteActivity() { idleTimer_.noteActivity(); }
     void dismissNotice();
     /// Stores what is being typed. Returns false when it could not be stored; the notice gives the reason.
     bool storeTypedText();
@@ -63,6 +71,8 @@ private:
     void endEditingIn(platform::UIView& view);
     void watchMail();
     void dismissSheets();
+    void lock();
+    void lockWhenIdle();
 
     PageBoundary boundary_;
     BoundaryClock clock_;
@@ -74,6 +84,8 @@ private:
     SheetInput sheetInput_;
     SettingsSearch search_;
     LiveRefresh liveRefresh_;
+    Guard guard_;
+    IdleTimer idleTimer_;
     /// The most recent mail sheet, until the outcome of its mail has been shown.
     std::shared_ptr<platform::MFMailComposeViewController> mail_;
     bool inTransition_ = false;

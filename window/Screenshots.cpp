@@ -34,6 +34,11 @@ public:
             return false;
         take("1-first-page");
         tap("Wardlock");
+        if (host_.settings().keypad()) {
+            std::fputs("wardlock-settings: cannot take pictures of settings that a passcode protects\n",
+                       stderr);
+            return false;
+        }
         take("2-wardlock");
         visitAccount();
         visitSheets();

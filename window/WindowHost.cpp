@@ -42,6 +42,7 @@ WindowHost::WindowHost(platform::AnimationClock& clock, double transitionSeconds
     if (!window())
         return;
     window()->installEventFilter(&keyboard_);
+    window()->installEventFilter(this);
     for (const auto changed : {&QWindow::widthChanged, &QWindow::heightChanged})
         connect(window(), changed, this, &WindowHost::updateScreen);
     connect(window(), &QWindow::screenChanged, this, &WindowHost::updateScreen);
@@ -64,6 +65,22 @@ void WindowHost::endOnSignals() {
         return;
     stop_ = std::make_unique<QSocketNotifier>(stopped, QSocketNotifier::Read);
     connect(stop_.get(), &QSocketNotifier::activated, this, &WindowHost::end);
+}
+
+bool WindowHost::eventFilter(QObject* window, QEvent* event) {
+    switch (event->type()) {
+    case QEvent::KeyPress:
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseMove:
+    case QEvent::Wheel:
+    case QEvent::TouchBegin:
+    case QEvent::TouchUpdate:
+        settings_.application().noteActivity();
+        break;
+    default:
+        break;
+    }
+    return QObject::eventFilter(window, event);
 }
 
 void WindowHost::end() {

@@ -30,6 +30,8 @@ public:
     void endOnSignals();
 
 private:
+    /// Notes what the user does in the window.
+    bool eventFilter(QObject* window, QEvent* event) override;
     void end();
     void followApplicationState(Qt::ApplicationState state);
     void updateScreen() const;

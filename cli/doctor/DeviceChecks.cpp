@@ -9,6 +9,7 @@
 #include "platform/plist/PropertyList.h"
 #include "platform/plist/PropertyListBounds.h"
 #include "platform/services/HostStatus.h"
+#include "platform/services/PasscodeLockView.h"
 #include "platform/text/Format.h"
 #include "settings/Accounts.h"
 #include "settings/Constants.h"
@@ -104,6 +105,15 @@ std::string howToRestore(const std::string& path) {
            path + ".damaged and writes a new document.";
 }
 
+/// Returns whether an entry on the keypad can match: the document lacks a passcode, or it is empty or has
+/// four digits.
+bool passcodeCanBeEntered(const platform::Dictionary& document) {
+    const Value* stored = document.find(kPasscode);
+    const auto passcode = platform::stringValue(stored);
+    return !stored || (passcode && (passcode->empty() ||
+                                    platform::SBUIPasscodeLockViewSimple4DigitKeypad::isPasscode(*passcode)));
+}
+
 void checkContent(const std::string& path, const std::string& bytes, CheckResult& result) {
     const std::string advice = howToRestore(path);
     std::string written;
@@ -117,6 +127,11 @@ void checkContent(const std::string& path, const std::string& bytes, CheckResult
         result.fails(path + " has a \"kAccounts\" that is not a list",
                      "Accounts can be neither shown nor created. Restore a version that wardlock history "
                      "lists, or remove the key.");
+    else if (!passcodeCanBeEntered(*document))
+        result.fails(path + " has a \"kPasscode\" that is not four digits",
+                     "No entry matches it, also where Settings asks for it as it opens. Remove it: wardlock "
+                     "plist set " +
+                         shellWord(path) + " kPasscode string \"\" && wardlock announce kPasscode");
     else if (const std::error_code error = platform::documentWithPropertyList(*value, written))
         result.fails(path + " can be read, but no change can be stored: " + error.message(),
                      "Remove unneeded entries, accounts first, with a property list editor.");

@@ -19,8 +19,12 @@ constexpr std::chrono::milliseconds forever{3'600'000};
 
 bool SettingsLoop::waitForInput(int descriptor) {
     while (!stopped_)
-        if (turn(descriptor, forever))
+        if (turn(descriptor, forever)) {
+            // A script's commands are the user's acts, not its lines.
+            if (clock_)
+                settings_.noteActivity();
             return true;
+        }
     return false;
 }
 
@@ -54,8 +58,11 @@ bool SettingsLoop::turn(int descriptor, std::chrono::milliseconds longest) {
         settings_.process();
     if (ready > 0 && waits[4].revents != 0)
         suspend();
-    if (ready > 0 && waits[5].revents != 0)
+    if (ready > 0 && waits[5].revents != 0) {
+        // A stop that could not be noticed before.
+        settings_.resignActive();
         followStop();
+    }
     if (clock_)
         clock_->runDue();
     resize_.take();

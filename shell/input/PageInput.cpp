@@ -32,7 +32,7 @@ bool PageInput::isEditing(NSIndexPath path) const {
 }
 
 InputResult PageInput::tapRow(NSIndexPath path) {
-    return boundary_.enter([&] {
+    return boundary_.enterForUser([&] {
         if (!isEditing(path))
             endEditing();
         if (auto reason = obstacleToRow(path))
@@ -51,7 +51,7 @@ InputResult PageInput::tapRow(NSIndexPath path) {
 }
 
 InputResult PageInput::setSwitch(NSIndexPath path, bool on) {
-    return boundary_.enter([&] {
+    return boundary_.enterForUser([&] {
         endEditing();
         if (auto reason = obstacleToRow(path))
             return InputResult::refused(*reason);
@@ -65,7 +65,7 @@ InputResult PageInput::setSwitch(NSIndexPath path, bool on) {
 }
 
 InputResult PageInput::moveSlider(NSIndexPath path, double value) {
-    return boundary_.enter([&] {
+    return boundary_.enterForUser([&] {
         endEditing();
         if (auto reason = obstacleToRow(path))
             return InputResult::refused(*reason);
@@ -88,7 +88,7 @@ void PageInput::store(NSIndexPath path, const Value& value) {
 }
 
 InputResult PageInput::beginEditing(NSIndexPath path) {
-    return boundary_.enter([&] {
+    return boundary_.enterForUser([&] {
         if (!isEditing(path))
             endEditing();
         if (auto reason = obstacleToRow(path))
@@ -109,7 +109,7 @@ void PageInput::beginEditingNow(NSIndexPath path) {
 }
 
 InputResult PageInput::typeText(std::string text) {
-    return boundary_.enter([&] {
+    return boundary_.enterForUser([&] {
         if (auto reason = screen_.obstacle())
             return InputResult::refused(*reason);
         const auto* edit = page().edit();
@@ -149,7 +149,7 @@ void PageInput::endEditing() {
 
 template <class Touch>
 InputResult PageInput::onTableSwitch(NSIndexPath path, Touch touch) {
-    return boundary_.enter([&] {
+    return boundary_.enterForUser([&] {
         endEditing();
         const auto seen = page().table();
         if (auto reason = obstacle())
@@ -181,7 +181,7 @@ InputResult PageInput::setTableSwitch(NSIndexPath path, bool on) {
 }
 
 InputResult PageInput::dragList() {
-    return boundary_.enter([&] {
+    return boundary_.enterForUser([&] {
         if (auto reason = obstacle())
             return InputResult::refused(*reason);
         if (!page().isList())
@@ -192,7 +192,7 @@ InputResult PageInput::dragList() {
 }
 
 InputResult PageInput::tapBarButton() {
-    return boundary_.enter([&] {
+    return boundary_.enterForUser([&] {
         endEditing();
         if (auto reason = obstacle())
             return InputResult::refused(*reason);
@@ -205,7 +205,7 @@ InputResult PageInput::tapBarButton() {
 }
 
 InputResult PageInput::goBack() {
-    return boundary_.enter([&] {
+    return boundary_.enterForUser([&] {
         endEditing();
         if (auto reason = screen_.obstacle())
             return InputResult::refused(*reason);
@@ -257,7 +257,7 @@ InputResult PageInput::goBackOnWebPage() {
 
 template <class Action>
 InputResult PageInput::onWebPage(Action action) {
-    return boundary_.enter([&] {
+    return boundary_.enterForUser([&] {
         if (auto reason = obstacle())
             return InputResult::refused(*reason);
         const auto web = page().contentView<platform::UIWebView>();

@@ -12,7 +12,7 @@ using Composer = platform::MFMailComposeViewController;
 
 template <class Press>
 InputResult SheetInput::onKeypad(Press press) {
-    return boundary_.enter([&] {
+    return boundary_.enterForUser([&] {
         const auto overlay = screen_.overlay();
         if (!overlay)
             return InputResult::refused("no keypad is shown");
@@ -65,7 +65,7 @@ InputResult SheetInput::enterPasscode(std::string passcode) {
 
 template <class Do>
 InputResult SheetInput::onAlert(Do act) {
-    return boundary_.enter([&] {
+    return boundary_.enterForUser([&] {
         const auto alert = screen_.alert();
         if (!alert)
             return InputResult::refused("no alert is shown");
@@ -100,7 +100,7 @@ InputResult SheetInput::chooseAlertAction(std::size_t action) {
 
 template <class Do>
 InputResult SheetInput::onComposer(Do act) {
-    return boundary_.enter([&] {
+    return boundary_.enterForUser([&] {
         const auto composer = screen_.composer();
         if (!composer)
             return InputResult::refused("no mail sheet is shown");

@@ -1,11 +1,15 @@
 #include "shell/input/SteadyClock.h"
 
+#include "platform/services/ElapsedTime.h"
+
 #include <algorithm>
 
 namespace wardlock::shell {
 
+SteadyClock::SteadyClock() : start_(platform::elapsedTime()) {}
+
 SteadyClock::Time SteadyClock::now() {
-    return std::chrono::steady_clock::now() - start_;
+    return platform::elapsedTime() - start_;
 }
 
 void SteadyClock::after(Time delay, std::function<void()> action) {

@@ -3,14 +3,16 @@
 #include "platform/ui/AnimationClock.h"
 #include "shell/input/TimedActions.h"
 
-#include <chrono>
 #include <optional>
 
 namespace wardlock::shell {
 
-/// Real time for a front end with a loop of its own: it waits timeToNext() at most, then calls runDue().
+/// Real time for a front end with a loop of its own: it waits timeToNext() at most, then calls runDue(). Time
+/// passes while the machine is asleep, too; what became due meanwhile runs after it.
 class SteadyClock : public platform::AnimationClock {
 public:
+    SteadyClock();
+
     Time now() override;
     void after(Time delay, std::function<void()> action) override;
 
@@ -19,7 +21,7 @@ public:
     void runDue();
 
 private:
-    std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+    Time start_;
     TimedActions actions_;
 };
 

@@ -13,14 +13,24 @@ namespace wardlock::shell {
 /// so that a front end is notified of changes once the pages have finished. Main thread only.
 class PageBoundary {
 public:
-    explicit PageBoundary(std::function<void()> settled) : settled_(std::move(settled)) {}
+    /// `userActs` runs before each call of enterForUser(); empty for none.
+    explicit PageBoundary(std::function<void()> settled, std::function<void()> userActs = {})
+        : settled_(std::move(settled)), userActs_(std::move(userActs)) {}
     PageBoundary(const PageBoundary&) = delete;
     PageBoundary& operator=(const PageBoundary&) = delete;
 
-    /// For input, for the clock, and for reading what a page shows.
+    /// For the clock, and for reading what a page shows.
     template <class Call>
     std::invoke_result_t<Call> enter(Call&& call) {
         return enterCounted(frontEndDepth_, std::forward<Call>(call));
+    }
+
+    /// For what the user does.
+    template <class Call>
+    std::invoke_result_t<Call> enterForUser(Call&& call) {
+        if (userActs_)
+            userActs_();
+        return enter(std::forward<Call>(call));
     }
 
     /// For calls from outside the process: a bus's callbacks, the main queue.
@@ -88,6 +98,7 @@ private:
     }
 
     std::function<void()> settled_;
+    std::function<void()> userActs_;
     int frontEndDepth_ = 0;
     int loopDepth_ = 0;
     int containingDepth_ = 0;

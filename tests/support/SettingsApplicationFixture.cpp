@@ -21,6 +21,8 @@ void SettingsApplicationFixture::start(double transitionSeconds) {
     const shell::Provision provision;
     EXPECT_EQ(provision.problems(), std::vector<std::string>());
     settings_ = std::make_unique<shell::SettingsApplication>(clock, transitionSeconds);
+    if (!keepsGuard_)
+        settings_->turnOffGuard();
 }
 
 NSIndexPath SettingsApplicationFixture::pathOf(std::string_view label) {

@@ -25,6 +25,8 @@ protected:
 
     /// Provisions the device root and starts the application; once.
     void start(double transitionSeconds = 0);
+    /// Has start() keep the guard of Settings; without it every bundle opens at once.
+    void keepGuard() { keepsGuard_ = true; }
     shell::SettingsApplication& settings() { return *settings_; }
     shell::Page& page() { return *settings_->screen().page(); }
     /// Ends it as closing the window does.
@@ -56,6 +58,7 @@ protected:
     RecordingURLOpener urls;
 
 private:
+    bool keepsGuard_ = false;
     std::unique_ptr<shell::SettingsApplication> settings_;
 };
 

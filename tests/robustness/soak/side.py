@@ -81,7 +81,9 @@ class Side(Listener):
         page = self.picture["page"]
         if "keypad" in self.picture:
             if self.picture["keypad"]["takesInput"]:
-                return {"do": "keypad", "press": "cancel"}
+                # The list of bundles asks for the passcode while an account is in force.
+                outside = "back" not in page
+                return {"do": "keypad"} | ({"passcode": self.user.passcode() or "0000"} if outside else {"press": "cancel"})
             return {"do": "step", "seconds": 1}
         if page.get("moving"):
             return {"do": "step", "seconds": 1}

@@ -3,6 +3,7 @@
 #include "cli/io/Json.h"
 #include "tests/support/BusFixture.h"
 #include "tests/unit/cli/CommandFixture.h"
+#include "tests/unit/cli/ProtectedDocument.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -182,6 +183,19 @@ TEST_F(Doctor, ReportsAnUnusableDocument) {
     writeFile(documentPath, xml("<dict><key>k</key><array>" + booleans + "</array></dict>"));
     expectBroken("document",
                  "no change can be stored: a property list of more than 16 MiB cannot be read again");
+}
+
+TEST_F(Doctor, ReportsAPasscodeThatNoEntryMatchesAndHowToRemoveIt) {
+    for (const char* wrong :
+         {"<integer>1234</integer>", "<true/>", "<string>12345</string>", "<string>abcd</string>"}) {
+        writeFile(documentPath, protectedDocument(wrong));
+        expectBroken("document", "\"kPasscode\" that is not four digits");
+        EXPECT_NE(advice(finding("document", 1)).find("kPasscode string"), std::string::npos);
+    }
+    for (const char* right : {"<string>1234</string>", "<string></string>"}) {
+        writeFile(documentPath, protectedDocument(right));
+        EXPECT_EQ(finding("document", 0)["works"], true) << right;
+    }
 }
 
 TEST_F(Doctor, NeverShowsThePasscode) {

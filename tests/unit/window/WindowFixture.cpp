@@ -31,6 +31,8 @@ std::vector<std::string> WindowFixture::open(double transitionSeconds, QSize siz
     const shell::Provision provision;
     host_ = std::make_unique<window::WindowHost>(clock, transitionSeconds);
     EXPECT_NE(host_->window(), nullptr);
+    if (!keepsGuard_)
+        host_->settings().application().turnOffGuard();
     host_->appearance().force(false);
     host_->appearance().forceTextScale(1);
     host_->settings().showProblems(provision.problems());

@@ -27,6 +27,8 @@ protected:
     std::vector<std::string> open(double transitionSeconds = 0, QSize size = {390, 844});
     /// Opens the window and, in it, Wardlock's first page.
     void openWardlock();
+    /// Has open() keep the guard of Settings; without it every bundle opens at once.
+    void keepGuard() { keepsGuard_ = true; }
     /// And the page of its account of that number.
     void openAccount(int index = 0);
     void openFixtureBundle();
@@ -56,6 +58,7 @@ protected:
     RecordingURLOpener urls;
 
 private:
+    bool keepsGuard_ = false;
     std::unique_ptr<window::WindowHost> host_;
 };
 
