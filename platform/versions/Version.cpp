@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <concepts>
+#include <cstring>
 #include <tuple>
 
 namespace platform {
@@ -113,11 +114,28 @@ bool isOlder(const Version& one, const Version& other) {
 }
 
 std::uint64_t versionDigest(std::string_view bytes) {
-    // FNV-1a, followed by the length: it is short, and a document is a few thousand bytes.
-    std::uint64_t digest = 0xcbf29ce484222325;
-    for (const char byte : bytes)
-        digest = (digest ^ static_cast<unsigned char>(byte)) * 0x100000001b3;
-    return (digest ^ bytes.size()) * 0x100000001b3;
+    // FNV-1a with words instead of bytes, whose high bits a shift spreads. Every write needs the digests of
+    // two documents. Four that do not wait for each other, each of every fourth word, take little time.
+    using Words = std::array<std::uint64_t, 4>;
+    constexpr std::uint64_t factor = 0x9E3779B97F4A7C15;
+    const auto add = [](std::uint64_t& digest, std::uint64_t word) {
+        digest = (digest ^ word) * factor;
+        digest ^= digest >> 32;
+    };
+    Words digests{1, 2, 3, 4};
+    std::uint64_t whole = bytes.size();
+    while (!bytes.empty()) {
+        // The last words are filled up with zeros; the length tells them from zeros of the document.
+        Words words{};
+        const std::size_t taken = std::min(bytes.size(), sizeof words);
+        std::memcpy(words.data(), bytes.data(), taken);
+        for (std::size_t i = 0; i < words.size(); ++i)
+            add(digests[i], words[i]);
+        bytes.remove_prefix(taken);
+    }
+    for (const std::uint64_t digest : digests)
+        add(whole, digest);
+    return whole;
 }
 
 bool isVersionPlace(std::string_view text) {

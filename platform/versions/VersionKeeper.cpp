@@ -6,8 +6,13 @@ namespace platform {
 
 VersionKeeper::VersionKeeper(FileSystem& files, const Versions& versions, std::optional<std::string_view> old,
                              std::string_view content)
-    : files_(files), versions_(versions), old_(old ? std::optional(versionDigest(*old)) : std::nullopt),
-      content_(versionDigest(content)) {}
+    : files_(files), versions_(versions) {
+    if (versions_.keep == KeepVersions::Never)
+        return;
+    if (old)
+        old_ = versionDigest(*old);
+    content_ = versionDigest(content);
+}
 
 /// Returns whether the folder can be used, and lists what is in it. It is created where that is wanted.
 bool VersionKeeper::prepare(VersionFolder& folder) {

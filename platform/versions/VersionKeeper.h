@@ -44,8 +44,9 @@ private:
 
     FileSystem& files_;
     Versions versions_;
+    /// Digests; not known where no version is kept.
     std::optional<std::uint64_t> old_;
-    std::uint64_t content_;
+    std::uint64_t content_ = 0;
     /// What is in the folder, as far as this writer knows, and the youngest version there.
     std::vector<std::string> names_;
     std::optional<Version> youngest_;

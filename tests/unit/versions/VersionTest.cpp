@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <set>
+#include <string>
 
 namespace wardlock::test {
 namespace {
@@ -93,6 +95,25 @@ TEST_F(Version, HasTheDigestOfItsContentAlone) {
     EXPECT_NE(versionDigest("<plist/>"), versionDigest("<plist />"));
     EXPECT_NE(versionDigest(""), versionDigest(std::string_view("\0", 1)));
     EXPECT_NE(versionDigest("\x80"), versionDigest("\x81"));
+    // Each byte counts, wherever it is, and so does the order of words.
+    std::set<std::uint64_t> digests;
+    std::size_t texts = 0;
+    for (std::size_t length = 0; length <= 100; ++length) {
+        std::string text(length, '\0');
+        digests.insert(versionDigest(text));
+        ++texts;
+        for (char& byte : text)
+            for (const char other : {'\1', '\x80'}) {
+                byte = other;
+                digests.insert(versionDigest(text));
+                byte = '\0';
+                ++texts;
+            }
+    }
+    EXPECT_EQ(digests.size(), texts);
+    EXPECT_NE(versionDigest("12345678abcdefgh"), versionDigest("abcdefgh12345678"));
+    const std::string block = "12345678abcdefghABCDEFGH!!!!!!!!";
+    EXPECT_NE(versionDigest(block + std::string(32, 'x')), versionDigest(std::string(32, 'x') + block));
 }
 
 } // namespace
