@@ -72,12 +72,17 @@ void LookUpInEnabledAccount(benchmark::State& state) {
 
 constexpr std::int64_t few = 1;
 constexpr std::int64_t some = 100;
+/// About the most that a file may have.
 constexpr std::int64_t many = 10'000;
+constexpr std::int64_t most = 100'000;
 
-BENCHMARK(Parse)->Arg(few)->Arg(some)->Arg(many);
-BENCHMARK(Serialise)->Arg(few)->Arg(some)->Arg(many);
-BENCHMARK(Load)->Arg(few)->Arg(some)->Arg(many);
-BENCHMARK_CAPTURE(ReadModifyWrite, NoSync, platform::Sync::None)->Arg(few)->Arg(some);
+/// Steps in which the growth of a cost is shown.
+constexpr int decade = 10;
+
+BENCHMARK(Parse)->RangeMultiplier(decade)->Range(few, most);
+BENCHMARK(Serialise)->RangeMultiplier(decade)->Range(few, most);
+BENCHMARK(Load)->RangeMultiplier(decade)->Range(few, many);
+BENCHMARK_CAPTURE(ReadModifyWrite, NoSync, platform::Sync::None)->RangeMultiplier(decade)->Range(few, many);
 BENCHMARK_CAPTURE(ReadModifyWrite, Data, platform::Sync::Data)->Arg(few)->Arg(some)->UseRealTime();
 BENCHMARK_CAPTURE(ReadModifyWrite, Full, platform::Sync::Full)->Arg(few)->Arg(some)->UseRealTime();
 BENCHMARK(LookUpInDocument);

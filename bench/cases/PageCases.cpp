@@ -68,8 +68,8 @@ void ReplaceBytes(benchmark::State& state) {
 }
 
 BENCHMARK(ParseForRootPage)->Arg(1000)->Unit(benchmark::kMicrosecond);
-BENCHMARK(BuildRootPage)->Arg(1000)->Unit(benchmark::kMicrosecond);
-BENCHMARK(ShowRootPage)->Arg(1000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BuildRootPage)->RangeMultiplier(10)->Range(1, 10000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(ShowRootPage)->RangeMultiplier(10)->Range(1, 10000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(ReplaceBytes)->Arg(1)->Arg(100)->Unit(benchmark::kMicrosecond)->UseRealTime();
 BENCHMARK(TapSwitch)->Arg(1)->Arg(100)->Unit(benchmark::kMicrosecond)->UseRealTime();
 

@@ -49,11 +49,13 @@ void ProvideCell(benchmark::State& state) {
 }
 
 BENCHMARK_CAPTURE(SortNames, withoutLanguage, platform::NameCollator::Comparison::CaseInsensitive)
-    ->Arg(10000);
+    ->RangeMultiplier(10)
+    ->Range(100, 100000);
 BENCHMARK_CAPTURE(SortNames, inTheUsersLanguage, platform::NameCollator::Comparison::LocalizedCaseInsensitive)
-    ->Arg(10000);
-BENCHMARK(SetUpArrays)->Arg(300)->Arg(10000)->Unit(benchmark::kMicrosecond);
-BENCHMARK(ProvideCell)->Arg(300)->Arg(10000);
+    ->RangeMultiplier(10)
+    ->Range(100, 100000);
+BENCHMARK(SetUpArrays)->RangeMultiplier(10)->Range(100, 100000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(ProvideCell)->RangeMultiplier(10)->Range(100, 100000);
 
 } // namespace
 } // namespace wardlock::bench

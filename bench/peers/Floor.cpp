@@ -65,6 +65,9 @@ int measureFloor(const std::string& operation, const std::string& file, const st
             readFile(file, buffer);
             replaceFile(file, buffer, sync);
         });
+    else if (operation == "rss")
+        report({"rss", "floor", "the file's bytes"}, "KiB",
+               {{static_cast<double>(std::filesystem::file_size(file)) / 1024}, {}});
     else
         return notOffered;
     return 0;
