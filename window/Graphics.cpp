@@ -18,4 +18,11 @@ void chooseGraphics(DrawnOn place) {
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
 }
 
+QIcon programIcon() {
+    QIcon icon;
+    for (const char* file : {":/icons/wardlock-settings-48.png", ":/icons/wardlock-settings-128.png"})
+        icon.addFile(QString::fromLatin1(file));
+    return icon;
+}
+
 } // namespace wardlock::window

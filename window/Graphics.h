@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QIcon>
+
 namespace wardlock::window {
 
 enum class DrawnOn { Display, Memory };
@@ -8,5 +10,8 @@ enum class DrawnOn { Display, Memory };
 /// QGuiApplication is created. Drawing in memory needs neither a display nor a graphics card: for pictures
 /// and tests.
 void chooseGraphics(DrawnOn place);
+
+/// Returns the program's icon, which some desktops take from the window.
+QIcon programIcon();
 
 } // namespace wardlock::window

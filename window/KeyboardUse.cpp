@@ -20,6 +20,10 @@ bool KeyboardUse::eventFilter(QObject* window, QEvent* event) {
         set(inUse_ || std::ranges::count(movingKeys, static_cast<QKeyEvent*>(event)->key()) > 0);
     else if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::TouchBegin)
         set(false);
+    if (!mouseMoved_ && event->type() == QEvent::MouseMove) {
+        mouseMoved_ = true;
+        emit mouseMovedForTheFirstTime();
+    }
     return QObject::eventFilter(window, event);
 }
 

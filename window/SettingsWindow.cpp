@@ -3,6 +3,7 @@
 #include "platform/runtime/MainLoop.h"
 #include "window/models/IgnoredResult.h"
 #include "window/models/Text.h"
+#include "window/models/UserGuide.h"
 
 namespace wardlock::window {
 
@@ -42,6 +43,13 @@ SettingsWindow::SettingsWindow(platform::AnimationClock& clock, double transitio
 
 SettingsWindow::~SettingsWindow() = default;
 
+QString SettingsWindow::title() const {
+    const QString application = tr("Settings");
+    const auto* page = pages_.top();
+    return page && !page->backTitle().isEmpty() ? page->title() + QStringLiteral(" – ") + application
+                                                : application;
+}
+
 QString SettingsWindow::notice() {
     const QString own = shownText(application_.screen().notice());
     return own.isEmpty() ? problems_ : own;
@@ -75,6 +83,10 @@ void SettingsWindow::dismissNotice() {
     application_.dismissNotice();
 }
 
+QString SettingsWindow::userGuide() const {
+    return userGuideText();
+}
+
 bool SettingsWindow::close() {
     if (!application_.storeTypedText())
         return false;
@@ -84,10 +96,17 @@ bool SettingsWindow::close() {
 
 void SettingsWindow::pagesChanged(bool animated) {
     pages_.follow(animated);
+    emit titleChanged();
+}
+
+void SettingsWindow::transitionEnded() {
+    pages_.transitionEnded();
+    emit pagesRested();
 }
 
 void SettingsWindow::pageChanged(shell::Page& page) {
     pages_.barMayHaveChanged(page);
+    emit titleChanged();
 }
 
 void SettingsWindow::listReset(shell::Page& page) {

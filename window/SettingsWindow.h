@@ -22,6 +22,8 @@ class SettingsWindow : public QObject, public shell::ScreenObserver {
     Q_OBJECT
     Q_PROPERTY(QAbstractItemModel* pages READ pages CONSTANT)
     Q_PROPERTY(double transitionSeconds READ transitionSeconds CONSTANT)
+    /// The title of the page shown, and the application's name.
+    Q_PROPERTY(QString title READ title NOTIFY titleChanged)
     Q_PROPERTY(wardlock::window::AlertModel* alert READ alert NOTIFY sheetsChanged)
     Q_PROPERTY(wardlock::window::ComposerModel* composer READ composer NOTIFY sheetsChanged)
     Q_PROPERTY(wardlock::window::KeypadModel* keypad READ keypad NOTIFY keypadChanged)
@@ -35,6 +37,7 @@ public:
 
     QAbstractItemModel* pages() { return &pages_; }
     double transitionSeconds() const { return transitionSeconds_; }
+    QString title() const;
     AlertModel* alert() const { return alert_.get(); }
     ComposerModel* composer() const { return composer_.get(); }
     KeypadModel* keypad() const { return keypad_.get(); }
@@ -48,6 +51,8 @@ public:
     Q_INVOKABLE void tapBarButton();
     Q_INVOKABLE void endEditing();
     Q_INVOKABLE void dismissNotice();
+    /// Returns the user guide as Markdown.
+    Q_INVOKABLE QString userGuide() const;
     /// Returns whether assistive technology is in use.
     Q_INVOKABLE bool isAssisted() const { return QAccessible::isActive(); }
     void resignActive() { application_.resignActive(); }
@@ -56,13 +61,16 @@ public:
     Q_INVOKABLE bool close();
 
 signals:
+    void titleChanged();
+    /// A page that entered or left is in its place.
+    void pagesRested();
     void sheetsChanged();
     void keypadChanged();
     void noticeChangedForQml();
 
 private:
     void pagesChanged(bool animated) override;
-    void transitionEnded() override { pages_.transitionEnded(); }
+    void transitionEnded() override;
     void pageChanged(shell::Page& page) override;
     void listReset(shell::Page& page) override;
     void rowChanged(shell::Page& page, platform::NSIndexPath path) override;

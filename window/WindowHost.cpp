@@ -10,6 +10,7 @@
 #include "window/items/RowIcon.h"
 #include "window/items/TableCell.h"
 #include "window/items/Theme.h"
+#include "window/pictures/Pictures.h"
 
 #include <QGuiApplication>
 #include <QQmlContext>
@@ -19,6 +20,13 @@
 #include <cstdlib>
 
 namespace wardlock::window {
+
+namespace {
+
+/// Pictures that take longer come when they are decoded; the window does not wait for them.
+constexpr std::chrono::milliseconds firstPictures{300};
+
+} // namespace
 
 WindowHost::WindowHost(platform::AnimationClock& clock, double transitionSeconds)
     : settings_(clock, transitionSeconds) {
@@ -47,9 +55,12 @@ WindowHost::WindowHost(platform::AnimationClock& clock, double transitionSeconds
         connect(window(), changed, this, &WindowHost::updateScreen);
     connect(window(), &QWindow::screenChanged, this, &WindowHost::updateScreen);
     updateScreen();
+    keepInput();
 }
 
 WindowHost::~WindowHost() {
+    memory_.reset();
+    keptInput_.reset();
     // The views are destroyed before the models they show.
     delete window();
 }
@@ -57,6 +68,44 @@ WindowHost::~WindowHost() {
 QQuickWindow* WindowHost::window() const {
     return engine_.rootObjects().isEmpty() ? nullptr
                                            : qobject_cast<QQuickWindow*>(engine_.rootObjects().constFirst());
+}
+
+void WindowHost::keepInput() {
+    const auto& screen = settings_.application().screen();
+    keptInput_ = std::make_unique<KeptInput>(*window(), [&screen] { return screen.isInTransition(); });
+    // The items follow the models first.
+    connect(
+        &settings_, &SettingsWindow::pagesRested, keptInput_.get(), [this] { keptInput_->deliver(); },
+        Qt::QueuedConnection);
+}
+
+void WindowHost::rememberPlace() {
+    memory_ = std::make_unique<WindowMemory>(*window(), appearance_);
+}
+
+void WindowHost::show() {
+    Pictures::shared().waitForFetched(firstPictures);
+    // Between its appearance and its first frame, a window of X11 has no content, which is shown as black.
+    const bool hides = QGuiApplication::platformName() == QLatin1String("xcb");
+    if (hides) {
+        window()->setOpacity(0);
+        connect(
+            window(), &QQuickWindow::frameSwapped, this, [this] { window()->setOpacity(1); },
+            static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
+    }
+    window()->show();
+}
+
+void WindowHost::raise(const std::string& activationToken) {
+    // Qt passes it to the compositor with the request.
+    if (!activationToken.empty())
+        qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(activationToken));
+    if ((window()->windowStates() & Qt::WindowMinimized) != 0)
+        window()->setWindowStates(window()->windowStates() & ~Qt::WindowMinimized);
+    // Elsewhere the activation raises it, and Qt warns that it cannot.
+    if (QGuiApplication::platformName() == QLatin1String("xcb"))
+        window()->raise();
+    window()->requestActivate();
 }
 
 void WindowHost::endOnSignals() {

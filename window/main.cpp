@@ -1,4 +1,5 @@
 #include "platform/services/ProcessStart.h"
+#include "platform/services/RunningProgram.h"
 #include "platform/services/StopSignals.h"
 #include "shell/TerminationHook.h"
 #include "shell/device/Provision.h"
@@ -67,7 +68,22 @@ void printMessage(QtMsgType kind, const QMessageLogContext& context, const QStri
         defaultHandler(kind, context, text);
 }
 
-int openWindow(const window::Options& options, const std::vector<std::string>& problems) {
+/// Returns what the desktop passed to this process so that its window may take the focus. Qt takes it away.
+std::string activationToken() {
+    const auto token =
+        qEnvironmentVariable("XDG_ACTIVATION_TOKEN", qEnvironmentVariable("DESKTOP_STARTUP_ID"));
+    return token.toStdString();
+}
+
+int openWindow(const window::Options& options, const std::vector<std::string>& problems,
+               const std::string& token) {
+    window::WindowHost* opened = nullptr;
+    const auto start = platform::startProgram("Settings", token, [&opened](const std::string& later) {
+        if (opened)
+            opened->raise(later);
+    });
+    if (start.raisedOther)
+        return EXIT_SUCCESS;
     window::WindowClock clock;
     window::WindowHost host(clock, transitionSeconds);
     if (!host.window()) {
@@ -76,11 +92,15 @@ int openWindow(const window::Options& options, const std::vector<std::string>& p
     }
     host.appearance().force(options.dark);
     host.appearance().forceTextScale(options.textScale);
+    host.rememberPlace();
     host.settings().showProblems(problems);
     host.appearance().awaitDesktop();
     host.endOnSignals();
-    host.window()->show();
-    return QGuiApplication::exec();
+    host.show();
+    opened = &host;
+    const int ended = QGuiApplication::exec();
+    opened = nullptr;
+    return ended;
 }
 
 } // namespace
@@ -97,6 +117,7 @@ int main(int argc, char** argv) {
     if (!options.deviceRoot.empty())
         qputenv("WARDLOCK_DEVICE_ROOT", options.deviceRoot.c_str());
     window::chooseGraphics(options.screenshots.empty() ? window::DrawnOn::Display : window::DrawnOn::Memory);
+    const std::string token = activationToken();
     displaySearch.orTerminal = options.orTerminal;
     qInstallMessageHandler(collectDisplayMessage);
     QGuiApplication application(argc, argv);
@@ -106,6 +127,7 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "%s\n", qPrintable(text));
     QGuiApplication::setApplicationName(QStringLiteral("Settings"));
     QGuiApplication::setDesktopFileName(QStringLiteral("wardlock-settings"));
+    QGuiApplication::setWindowIcon(window::programIcon());
     // Qt itself would take the direction from a translation, and there is none.
     QGuiApplication::setLayoutDirection(QLocale().textDirection());
 
@@ -116,5 +138,5 @@ int main(int argc, char** argv) {
     const shell::Provision provision;
     if (!options.screenshots.empty())
         return window::takeScreenshots(options);
-    return openWindow(options, provision.problems());
+    return openWindow(options, provision.problems(), token);
 }

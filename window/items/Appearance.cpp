@@ -6,6 +6,7 @@
 #include <QScreen>
 
 #include <algorithm>
+#include <array>
 
 namespace wardlock::window {
 
@@ -14,6 +15,9 @@ namespace {
 constexpr double usualDotsPerInch = 96;
 constexpr double smallestScale = 0.8;
 constexpr double largestScale = 2.5;
+constexpr std::array scalesToChoose{smallestScale, 0.9, 1.0, 1.1, 1.25, 1.5, 1.75, 2.0, largestScale};
+/// A scale computed from dots per inch is seldom one of those above to the last bit.
+constexpr double sameScale = 0.01;
 /// A desktop that takes longer is followed when it replies; the window does not wait for it.
 constexpr std::chrono::milliseconds firstReply{150};
 
@@ -34,9 +38,10 @@ bool Appearance::isDark() const {
 
 double Appearance::textScale() const {
     const auto* screen = QGuiApplication::primaryScreen();
-    const double scale = textScale_ ? *textScale_
-                         : screen   ? screen->logicalDotsPerInch() / usualDotsPerInch
-                                    : 1;
+    const double scale = chosenTextScale_ ? *chosenTextScale_
+                         : textScale_     ? *textScale_
+                         : screen         ? screen->logicalDotsPerInch() / usualDotsPerInch
+                                          : 1;
     return std::clamp(scale, smallestScale, largestScale);
 }
 
@@ -48,6 +53,28 @@ void Appearance::force(std::optional<bool> dark) {
 void Appearance::forceTextScale(std::optional<double> scale) {
     textScale_ = scale;
     emit changed();
+}
+
+void Appearance::chooseTextScale(std::optional<double> scale) {
+    if (scale == chosenTextScale_)
+        return;
+    chosenTextScale_ = scale;
+    emit changed();
+    emit textScaleChosen();
+}
+
+void Appearance::enlargeText() {
+    const double now = textScale() + sameScale;
+    const auto larger = std::ranges::upper_bound(scalesToChoose, now);
+    if (larger != scalesToChoose.end())
+        chooseTextScale(*larger);
+}
+
+void Appearance::reduceText() {
+    const double now = textScale() - sameScale;
+    const auto notSmaller = std::ranges::lower_bound(scalesToChoose, now);
+    if (notSmaller != scalesToChoose.begin())
+        chooseTextScale(*std::prev(notSmaller));
 }
 
 void Appearance::awaitDesktop() {

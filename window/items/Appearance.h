@@ -27,6 +27,14 @@ public:
     /// None: as on the desktop.
     void force(std::optional<bool> dark);
     void forceTextScale(std::optional<double> scale);
+    bool forcesTextScale() const { return textScale_.has_value(); }
+    /// The size of the text that the user chose in the window; it outranks all others. None: theirs.
+    void chooseTextScale(std::optional<double> scale);
+    const std::optional<double>& chosenTextScale() const { return chosenTextScale_; }
+    /// Chooses the next larger or smaller of a few sizes.
+    Q_INVOKABLE void enlargeText();
+    Q_INVOKABLE void reduceText();
+    Q_INVOKABLE void resetText() { chooseTextScale(std::nullopt); }
 
     /// Gives the desktop a moment to reply, so that the first frame is right already.
     void awaitDesktop();
@@ -35,6 +43,8 @@ public:
 
 signals:
     void changed();
+    /// The user chose another size of the text.
+    void textScaleChosen();
 
 private:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -45,6 +55,7 @@ private:
     std::unique_ptr<platform::DesktopAppearanceMonitor> desktop_;
     std::optional<bool> dark_;
     std::optional<double> textScale_;
+    std::optional<double> chosenTextScale_;
 };
 
 } // namespace wardlock::window

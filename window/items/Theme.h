@@ -24,6 +24,7 @@ class Theme : public QObject {
     Q_PROPERTY(QColor ground READ ground NOTIFY changed)
     Q_PROPERTY(QColor card READ card NOTIFY changed)
     Q_PROPERTY(QColor pressed READ pressed NOTIFY changed)
+    Q_PROPERTY(QColor hovered READ hovered NOTIFY changed)
     Q_PROPERTY(QColor bar READ bar NOTIFY changed)
     Q_PROPERTY(QColor label READ label NOTIFY changed)
     Q_PROPERTY(QColor secondary READ secondary NOTIFY changed)
@@ -72,6 +73,7 @@ public:
     QColor ground() const { return isDark() ? 0x000000 : 0xf2f2f7; }
     QColor card() const { return isDark() ? 0x1c1c1e : 0xffffff; }
     QColor pressed() const { return isDark() ? 0x2c2c2e : 0xd9d9de; }
+    QColor hovered() const { return isDark() ? 0x242427 : 0xf0f0f4; }
     QColor bar() const { return isDark() ? 0x161618 : 0xf9f9f9; }
     QColor label() const { return isDark() ? 0xffffff : 0x000000; }
     QColor secondary() const { return shade(0x6d6d72, 0x8e8e93, 0x48484c, 0xc7c7cc); }

@@ -34,6 +34,11 @@ void Pictures::fetch(const QString& address, int side) {
     thread_.start([this, key] { decode(key); });
 }
 
+void Pictures::waitForFetched(std::chrono::milliseconds most) {
+    thread_.waitForDone(static_cast<int>(most.count()));
+    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
+}
+
 void Pictures::decode(const Key& key) {
     const QImage picture = PictureSource::decode(key.first, {key.second, key.second});
     QMetaObject::invokeMethod(

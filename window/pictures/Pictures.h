@@ -6,6 +6,7 @@
 #include <QSet>
 #include <QThreadPool>
 
+#include <chrono>
 #include <optional>
 
 namespace wardlock::window {
@@ -24,6 +25,8 @@ public:
     std::optional<QImage> find(const QString& address, int side) const;
     /// Decodes the picture in the background; arrived() reports it. A null image: it cannot be decoded.
     void fetch(const QString& address, int side);
+    /// Waits until everything fetched so far has arrived, or until that time has passed.
+    void waitForFetched(std::chrono::milliseconds most);
 
 signals:
     void arrived(const QString& address, const QImage& picture);

@@ -37,6 +37,7 @@ Item {
             Accessible.name: field.placeholder
             onTextEdited: field.typed(text)
             onAccepted: field.entered()
+            TextMenuOpener {}
 
             Label {
                 anchors.fill: parent

@@ -13,7 +13,7 @@ Item {
     Accessible.onPressAction: pressed()
     Keys.onSpacePressed: pressed()
     Keys.onReturnPressed: pressed()
-    opacity: tap.pressed ? 0.4 : 1
+    opacity: tap.pressed ? 0.4 : hover.hovered ? 0.7 : 1
 
     Rectangle {
         anchors.centerIn: parent
@@ -35,6 +35,7 @@ Item {
         }
     }
     FocusRing {}
+    Hover { id: hover }
     TapHandler {
         id: tap
         gesturePolicy: TapHandler.ReleaseWithinBounds

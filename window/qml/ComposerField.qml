@@ -41,6 +41,7 @@ Item {
         Accessible.name: field.name
         Component.onCompleted: text = field.value
         onTextEdited: field.edited(text)
+        TextMenuOpener {}
     }
     FocusRing { target: input }
     Hairline {

@@ -111,6 +111,7 @@ FocusScope {
                     Accessible.name: qsTr("Message")
                     Component.onCompleted: text = sheet.composer.body
                     onTextChanged: if (activeFocus) sheet.composer.setBody(text)
+                    TextMenuOpener {}
                 }
                 Repeater {
                     model: sheet.composer.attachments

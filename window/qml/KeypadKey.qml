@@ -15,7 +15,7 @@ Item {
         anchors.fill: parent
         radius: width / 2
         color: "white"
-        opacity: tap.pressed ? 0.45 : 0.18
+        opacity: tap.pressed ? 0.45 : hover.hovered ? 0.28 : 0.18
         Behavior on opacity { NumberAnimation { duration: 120 } }
     }
     Label {
@@ -26,6 +26,7 @@ Item {
         font.weight: Font.Light
         Accessible.ignored: true
     }
+    Hover { id: hover }
     TapHandler {
         id: tap
         gesturePolicy: TapHandler.ReleaseWithinBounds

@@ -40,6 +40,7 @@ PullList {
                 page: listPage.page
                 entry: line.entry
                 found: listPage.foundPlace === line.index
+                hovered: listPage.hoveredPlace === line.index
             }
         }
         Component {

@@ -4,7 +4,7 @@ import Wardlock.Native
 
 Window {
     id: window
-    title: "Settings"
+    title: settings.title
     width: 390
     height: 844
     minimumWidth: 280
@@ -15,7 +15,10 @@ Window {
 
     // When what covered the pages disappears, they take the keyboard focus back where it was.
     readonly property bool covered: settings.alert !== null || settings.composer !== null || settings.keypad !== null
+                                    || guide.active
     onCoveredChanged: if (!covered) pages.forceActiveFocus()
+
+    readonly property alias textMenu: textMenu
 
     Layer {
         id: root
@@ -30,7 +33,7 @@ Window {
             id: pages
             anchors.fill: parent
             focus: true
-            covered: settings.alert !== null || settings.composer !== null
+            covered: settings.alert !== null || settings.composer !== null || guide.active
             Accessible.role: Accessible.Grouping
             Keys.onEscapePressed: stack.goBack()
             Keys.onBackPressed: stack.goBack()
@@ -52,6 +55,14 @@ Window {
             focus: active
             sourceComponent: AlertSheet { alert: settings.alert }
         }
+        Loader {
+            id: guide
+            anchors.fill: parent
+            active: false
+            focus: active
+            sourceComponent: GuideSheet { onClosed: guide.active = false }
+        }
+        Keys.onMenuPressed: textMenu.openAtCursor(window.activeFocusItem)
         NoticeBar {
             id: notice
             text: settings.notice
@@ -66,6 +77,16 @@ Window {
         active: settings.keypad !== null
         focus: active
         sourceComponent: KeypadSheet { keypad: settings.keypad; backdrop: root }
+    }
+    TextMenu {
+        id: textMenu
+        LayoutMirroring.enabled: root.LayoutMirroring.enabled
+        LayoutMirroring.childrenInherit: true
+    }
+    DesktopKeys {
+        covered: window.covered
+        onGuideAsked: guide.active = true
+        onCloseAsked: window.close()
     }
     Shortcut {
         sequences: [StandardKey.Find]

@@ -36,7 +36,7 @@ Rectangle {
         Accessible.onPressAction: settings.goBack()
         Keys.onSpacePressed: settings.goBack()
         Keys.onReturnPressed: settings.goBack()
-        opacity: backTap.pressed ? 0.4 : 1
+        opacity: backTap.pressed ? 0.4 : backHover.hovered ? 0.7 : 1
 
         Chevron {
             id: arrow
@@ -60,6 +60,7 @@ Rectangle {
             Accessible.ignored: true
         }
         FocusRing {}
+        Hover { id: backHover }
         TapHandler {
             id: backTap
             gesturePolicy: TapHandler.ReleaseWithinBounds

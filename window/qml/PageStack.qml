@@ -67,7 +67,13 @@ Item {
                 out = 1;
                 slideTo(0);
             }
-            onPlaceChanged: if (place === "leaving") slideTo(1)
+            onPlaceChanged: {
+                if (place === "leaving")
+                    slideTo(1);
+                else if (place === "top" && slide.running)
+                    // What was tapped meanwhile is passed on now, to where things are.
+                    slide.complete();
+            }
             NumberAnimation {
                 id: slide
                 target: slot

@@ -36,7 +36,7 @@ Item {
         anchors.fill: parent
         text: button.text
         color: button.available ? button.color : Theme.placeholder
-        opacity: tap.pressed ? 0.4 : 1
+        opacity: tap.pressed ? 0.4 : hover.hovered ? 0.7 : 1
         font.weight: button.strong ? Font.DemiBold : Font.Normal
         font.pixelSize: button.size
         fontSizeMode: button.shrinks ? Text.HorizontalFit : Text.FixedSize
@@ -49,6 +49,7 @@ Item {
         onDark: button.onDark
         inset: button.ringInset
     }
+    Hover { id: hover }
     TapHandler {
         id: tap
         gesturePolicy: TapHandler.ReleaseWithinBounds

@@ -68,6 +68,16 @@ Item {
         target: pullList.rowInFocus !== null ? pullList.rowInFocus.focusTarget : null
     }
 
+    /// The place of the row under the mouse; -1 for none.
+    readonly property int hoveredPlace: {
+        const x = hover.point.position.x;
+        const side = Theme.sideMargin(width);
+        if (!hover.hovered || x < side || x > width - side)
+            return -1;
+        return list.indexAt(list.width / 2, hover.point.position.y - list.y + list.contentY);
+    }
+    Hover { id: hover }
+
     readonly property real firstY: list.originY - list.topMargin
     readonly property real lastY: Math.max(firstY, list.originY + list.contentHeight + list.bottomMargin - list.height)
     function showEnd(last) {

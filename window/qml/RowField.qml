@@ -53,6 +53,7 @@ TextInput {
     }
     onTextEdited: page.typeText(text)
     onAccepted: focus = false
+    TextMenuOpener {}
 
     Loader {
         anchors.fill: parent

@@ -53,6 +53,7 @@ Item {
             Accessible.name: qsTr("Search")
             Keys.onEscapePressed: box.cancelled()
             onAccepted: box.accepted()
+            TextMenuOpener {}
             Label {
                 anchors.fill: parent
                 verticalAlignment: Text.AlignVCenter

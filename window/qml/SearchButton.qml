@@ -14,13 +14,14 @@ Item {
     Accessible.onPressAction: pressed()
     Keys.onSpacePressed: pressed()
     Keys.onReturnPressed: pressed()
-    opacity: tap.pressed ? 0.4 : 1
+    opacity: tap.pressed ? 0.4 : hover.hovered ? 0.7 : 1
 
     Magnifier {
         anchors.centerIn: parent
         color: Theme.tint
     }
     FocusRing {}
+    Hover { id: hover }
     TapHandler {
         id: tap
         gesturePolicy: TapHandler.ReleaseWithinBounds

@@ -8,6 +8,7 @@ Item {
     required property var entry
     /// Whether a search has just led to it.
     property bool found: false
+    property bool hovered: false
 
     readonly property string kind: entry.kind
     readonly property bool isField: kind === "editText" || kind === "secureEditText"
@@ -47,7 +48,8 @@ Item {
         anchors.fill: parent
         first: row.entry.first
         last: row.entry.last
-        color: row.found || (row.takesKeys && press.pressed) ? Theme.pressed : Theme.card
+        color: row.found || (row.takesKeys && press.pressed) ? Theme.pressed
+             : row.takesKeys && row.hovered ? Theme.hovered : Theme.card
         separatorInset: label.visible ? label.anchors.leftMargin : Theme.inset
     }
     RowIcon {

@@ -23,7 +23,7 @@ Rectangle {
         width: 56
         height: parent.height
         enabled: bar.canGoBack
-        opacity: tap.pressed ? 0.4 : 1
+        opacity: tap.pressed ? 0.4 : hover.hovered ? 0.7 : 1
         Accessible.role: Accessible.Button
         Accessible.name: qsTr("Previous web page")
         Accessible.focusable: enabled
@@ -45,6 +45,7 @@ Rectangle {
             color: back.enabled ? Theme.tint : Theme.placeholder
         }
         FocusRing {}
+        Hover { id: hover }
         TapHandler {
             id: tap
             gesturePolicy: TapHandler.ReleaseWithinBounds

@@ -1,0 +1,27 @@
+// A program of which one runs for each device root. Prints "running", "raised another" or "alone", and as the
+// running one, for each later start, "raised TOKEN". With a token as its argument, the desktop has passed it.
+
+#include "platform/runtime/MainLoop.h"
+#include "platform/services/RunningProgram.h"
+
+#include <chrono>
+#include <cstdio>
+#include <string>
+
+namespace {
+
+void print(const std::string& line) {
+    std::puts(line.c_str());
+    std::fflush(stdout);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const auto start = platform::startProgram("Test", argc > 1 ? argv[1] : "",
+                                              [](const std::string& token) { print("raised " + token); });
+    print(start.raisedOther ? "raised another" : start.running ? "running" : "alone");
+    while (start.running)
+        platform::MainLoop::shared().runUntil([] { return false; }, std::chrono::hours(1));
+    return 0;
+}

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QObject>
+#include <QPointF>
+#include <QQuickWindow>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+class QKeyEvent;
+class QSinglePointEvent;
+class QTouchEvent;
+
+namespace wardlock::window {
+
+/// Keeps the taps and keys of a user who is faster than the pages: while a page moves they wait, and
+/// deliver() passes them on. Dragging is not kept, nor is the second half of a double click: it meant the
+/// page before.
+class KeptInput : public QObject {
+public:
+    /// `isMoving` returns whether a page enters or leaves now. The window outlives this object.
+    KeptInput(QQuickWindow& window, std::function<bool()> isMoving);
+
+    /// Passes on what was kept, up to the next page that moves. To be called when a movement has ended.
+    void deliver();
+
+private:
+    bool eventFilter(QObject* window, QEvent* event) override;
+    bool keep(QEvent* event);
+    bool keepMouse(QSinglePointEvent& event);
+    bool keepTouch(QTouchEvent& event);
+    bool keepKey(const QKeyEvent& event);
+    void press(QPointF place);
+    void move(QPointF place);
+    void release();
+    void add(std::function<void()> input);
+    void tap(QPointF place);
+
+    QQuickWindow& window_;
+    std::function<bool()> isMoving_;
+    std::vector<std::function<void()>> kept_;
+    bool delivering_ = false;
+    /// Whether what is held down now is kept from the window, and where it went down.
+    bool pressed_ = false;
+    bool isTap_ = false;
+    QPointF pressedAt_;
+};
+
+} // namespace wardlock::window
