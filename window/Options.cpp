@@ -20,6 +20,10 @@ constexpr OptionText darkText{"--dark", "", "use the dark appearance instead of 
 constexpr OptionText lightText{"--light", "", "use the light appearance instead of the system's"};
 constexpr OptionText textScaleText{"--text-scale", "N",
                                    "scale the text by N, from 0.8 to 2.5, instead of by the\nsystem's scale"};
+constexpr OptionText highContrastText{
+    "--high-contrast", "", "use the strong colours for high contrast, whatever the\nsystem's setting"};
+constexpr OptionText reducedMotionText{"--reduced-motion", "",
+                                       "let nothing slide, grow or shake, whatever the\nsystem's setting"};
 constexpr OptionText deviceRootText{"--device-root", "DIR",
                                     "show the device whose files are in the folder DIR,\ninstead of "
                                     "WARDLOCK_DEVICE_ROOT or the user's default"};
@@ -30,8 +34,9 @@ constexpr OptionText orTerminalText{"--or-terminal", "",
                                     "open Settings in the terminal if no window can be\nopened"};
 constexpr OptionText helpText{"--help", "", "print this help"};
 constexpr OptionText versionText{"--version", "", "print the version"};
-constexpr std::array allTexts{darkText,        lightText,      textScaleText, deviceRootText,
-                              screenshotsText, orTerminalText, helpText,      versionText};
+constexpr std::array allTexts{darkText,          lightText,      textScaleText,   highContrastText,
+                              reducedMotionText, deviceRootText, screenshotsText, orTerminalText,
+                              helpText,          versionText};
 
 bool takesValue(const std::string& name) {
     const auto found = std::ranges::find(allTexts, name, &OptionText::name);
@@ -55,6 +60,10 @@ Options Options::parse(const std::vector<std::string>& arguments) {
             options.version = true;
         else if (name == orTerminalText.name)
             options.orTerminal = true;
+        else if (name == highContrastText.name)
+            options.highContrast = true;
+        else if (name == reducedMotionText.name)
+            options.reducedMotion = true;
         else if (name == darkText.name || name == lightText.name)
             options.dark = name == darkText.name;
         else if (name == deviceRootText.name)

@@ -26,6 +26,8 @@ struct Options {
     /// None: as on the desktop.
     std::optional<bool> dark;
     std::optional<double> textScale;
+    bool highContrast = false;
+    bool reducedMotion = false;
     /// Empty: the environment's or the user's own.
     std::string deviceRoot;
     /// Empty: open the window.

@@ -23,6 +23,7 @@ public:
         host_.appearance().ignoreDesktop();
         host_.appearance().force(dark);
         host_.appearance().forceTextScale(options.textScale.value_or(1));
+        host_.appearance().forceHighContrast(options.highContrast);
         if (auto* window = host_.window()) {
             window->resize(size);
             window->show();

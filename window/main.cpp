@@ -92,6 +92,8 @@ int openWindow(const window::Options& options, const std::vector<std::string>& p
     }
     host.appearance().force(options.dark);
     host.appearance().forceTextScale(options.textScale);
+    host.appearance().forceHighContrast(options.highContrast);
+    host.appearance().forceReducedMotion(options.reducedMotion);
     host.rememberPlace();
     host.settings().showProblems(problems);
     host.appearance().awaitDesktop();

@@ -55,6 +55,16 @@ void Appearance::forceTextScale(std::optional<double> scale) {
     emit changed();
 }
 
+void Appearance::forceHighContrast(bool forced) {
+    forcesHighContrast_ = forced;
+    emit changed();
+}
+
+void Appearance::forceReducedMotion(bool forced) {
+    forcesReducedMotion_ = forced;
+    emit changed();
+}
+
 void Appearance::chooseTextScale(std::optional<double> scale) {
     if (scale == chosenTextScale_)
         return;

@@ -21,12 +21,14 @@ public:
     Appearance();
 
     bool isDark() const;
-    bool highContrast() const { return desktopAppearance().highContrast; }
-    bool reducedMotion() const { return desktopAppearance().reducedMotion; }
+    bool highContrast() const { return forcesHighContrast_ || desktopAppearance().highContrast; }
+    bool reducedMotion() const { return forcesReducedMotion_ || desktopAppearance().reducedMotion; }
     double textScale() const;
     /// None: as on the desktop.
     void force(std::optional<bool> dark);
     void forceTextScale(std::optional<double> scale);
+    void forceHighContrast(bool forced);
+    void forceReducedMotion(bool forced);
     bool forcesTextScale() const { return textScale_.has_value(); }
     /// The size of the text that the user chose in the window; it outranks all others. None: theirs.
     void chooseTextScale(std::optional<double> scale);
@@ -55,6 +57,8 @@ private:
     std::unique_ptr<platform::DesktopAppearanceMonitor> desktop_;
     std::optional<bool> dark_;
     std::optional<double> textScale_;
+    bool forcesHighContrast_ = false;
+    bool forcesReducedMotion_ = false;
     std::optional<double> chosenTextScale_;
 };
 
