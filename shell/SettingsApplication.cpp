@@ -147,8 +147,9 @@ void SettingsApplication::watchMail() {
     if (mail_->outcome()) {
         screen_.addNotice(mail_->outcome()->message);
         changes_.notice();
-        mail_.reset();
-    } else if (!mail_->isSending() && mail_ != screen_.composer()) {
+        mail_->forgetOutcome();
+    }
+    if (!mail_->isSending() && mail_ != screen_.composer()) {
         mail_.reset();
     }
 }

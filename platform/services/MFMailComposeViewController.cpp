@@ -52,18 +52,19 @@ void MFMailComposeViewController::send() {
     MailService::current().send(message_, [composer = self(this)](const MailOutcome& outcome) {
         composer->sending_ = false;
         composer->outcome_ = outcome;
-        const bool failed = outcome.kind == MailOutcome::Kind::Failed;
+        if (outcome.kind == MailOutcome::Kind::Failed) {
+            composer->failure_ = outcome.message;
+            return composer->changed();
+        }
         const bool saved = outcome.kind == MailOutcome::Kind::SavedToOutbox;
-        composer->finish(failed  ? MFMailComposeResult::Failed
-                         : saved ? MFMailComposeResult::Saved
-                                 : MFMailComposeResult::Sent,
-                         failed ? outcome.message : std::string());
+        composer->finish(saved ? MFMailComposeResult::Saved : MFMailComposeResult::Sent, {});
     });
 }
 
 void MFMailComposeViewController::cancel() {
     if (!sending_)
-        finish(MFMailComposeResult::Cancelled, {});
+        finish(failure_ ? MFMailComposeResult::Failed : MFMailComposeResult::Cancelled,
+               failure_.value_or(std::string()));
 }
 
 void MFMailComposeViewController::finish(MFMailComposeResult result, const std::string& error) {

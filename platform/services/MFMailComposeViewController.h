@@ -41,11 +41,15 @@ public:
     const MailMessage& message() const { return message_; }
 
     /// What a person does. Sending goes through the MailService; the outcome is kept for the host to show.
+    /// After a failure the sheet stays for another attempt; when it is cancelled then, the delegate receives
+    /// the failure.
     void removeAttachment(std::size_t index);
     void send();
     void cancel();
     bool isSending() const { return sending_; }
     const std::optional<MailOutcome>& outcome() const { return outcome_; }
+    /// To be called when the host has shown the outcome.
+    void forgetOutcome() { outcome_.reset(); }
 
 private:
     void finish(MFMailComposeResult result, const std::string& error);
@@ -54,6 +58,8 @@ private:
     MailMessage message_;
     bool sending_ = false;
     std::optional<MailOutcome> outcome_;
+    /// Why the last attempt failed.
+    std::optional<std::string> failure_;
 };
 
 } // namespace platform

@@ -9,6 +9,8 @@ struct MailAttachment {
     std::string data;
     std::string mimeType;
     std::string fileName;
+
+    bool operator==(const MailAttachment&) const = default;
 };
 
 /// A mail in the composer; texts are UTF-8.
@@ -18,6 +20,8 @@ struct MailMessage {
     std::string body;
     bool isHTML = false;
     std::vector<MailAttachment> attachments;
+
+    bool operator==(const MailMessage&) const = default;
 };
 
 } // namespace platform

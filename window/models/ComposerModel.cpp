@@ -54,6 +54,12 @@ void ComposerModel::removeAttachment(int index) {
     ignoreResult(input_.removeAttachment(static_cast<std::size_t>(index)));
 }
 
+QString ComposerModel::attachmentText(int index) const {
+    const auto& all = composer_->message().attachments;
+    const auto place = static_cast<std::size_t>(index);
+    return place < all.size() ? shownText(all[place].data, longestPage) : QString();
+}
+
 void ComposerModel::send() {
     ignoreResult(input_.sendMail());
 }

@@ -6,12 +6,21 @@ Item {
     id: row
     property string name
     property real size: 0
+    signal opened()
     signal removed()
 
     width: parent ? parent.width : 0
     height: 52
-    Accessible.role: Accessible.StaticText
+    objectName: "mail:attachment:" + name
+    activeFocusOnTab: true
+    Accessible.role: Accessible.Button
     Accessible.name: name + ", " + readable(size)
+    Accessible.description: qsTr("Shows the attachment")
+    Accessible.focusable: true
+    Accessible.onPressAction: opened()
+    Keys.onSpacePressed: opened()
+    Keys.onReturnPressed: opened()
+    Keys.onEnterPressed: opened()
 
     function readable(bytes) {
         return bytes < 1024 ? qsTr("%1 bytes").arg(bytes)
@@ -25,8 +34,15 @@ Item {
         anchors.rightMargin: Theme.inset
         anchors.bottomMargin: 8
         radius: 8
-        color: Theme.ground
+        color: tap.pressed ? Theme.pressed : hover.hovered ? Theme.hovered : Theme.ground
 
+        FocusRing { target: row }
+        Hover { id: hover }
+        TapHandler {
+            id: tap
+            gesturePolicy: TapHandler.ReleaseWithinBounds
+            onTapped: row.opened()
+        }
         Label {
             anchors.left: parent.left
             anchors.leftMargin: 12

@@ -2,117 +2,131 @@ import QtQuick
 import Wardlock.Native
 
 // The mail sheet: everything can be read and changed before the mail is sent.
-FocusScope {
+PaperSheet {
     id: sheet
     required property var composer
 
-    anchors.fill: parent
-    focus: true
-    Component.onCompleted: {
-        forceActiveFocus();
-        rise.start();
-    }
-    Keys.onEscapePressed: composer.cancel()
-    Accessible.role: Accessible.Dialog
+    paper.objectName: "composer"
+    Keys.onEscapePressed: cancel()
     Accessible.name: qsTr("New Message")
 
-    Rectangle {
-        id: scrim
-        anchors.fill: parent
-        color: Theme.scrim
-        MouseArea { anchors.fill: parent; hoverEnabled: true; onWheel: (wheel) => wheel.accepted = true }
+    /// Asks before it discards what was written.
+    function cancel() {
+        if (composer.edited)
+            discard.active = true;
+        else
+            composer.cancel();
     }
-    Rectangle {
-        id: paper
-        objectName: "composer"
-        width: Math.min(parent.width, Theme.widest)
-        // Its lower corners are below the window.
-        height: parent.height - 24 + radius
-        anchors.horizontalCenter: parent.horizontalCenter
-        y: 24
-        radius: 12
-        color: Theme.card
+    /// Returns whether the window may close; asks first where something was written.
+    function mayClose() {
+        if (!composer.edited)
+            return true;
+        discard.active = true;
+        return false;
+    }
 
-        Item {
-            id: bar
-            width: parent.width
-            height: Theme.barHeight
-            PlainButton {
-                id: cancel
-                objectName: "mail:cancel"
-                anchors.left: parent.left
-                anchors.leftMargin: Theme.inset
-                height: parent.height
-                text: qsTr("Cancel")
-                size: Theme.barText
-                available: !sheet.composer.sending
-                onPressed: sheet.composer.cancel()
-            }
-            Label {
-                objectName: "mail:title"
-                anchors.centerIn: parent
-                readonly property real beside: Math.max(cancel.width, send.width) + Theme.inset + 8
-                width: Math.min(implicitWidth, parent.width - 2 * beside)
-                text: qsTr("New Message")
-                font.pixelSize: Theme.barText
-                fontSizeMode: Text.HorizontalFit
-                minimumPixelSize: 8
-                verticalAlignment: Text.AlignVCenter
-                font.weight: Font.DemiBold
-            }
-            PlainButton {
-                id: send
-                objectName: "mail:send"
-                anchors.right: parent.right
-                anchors.rightMargin: Theme.inset
-                height: parent.height
-                text: sheet.composer.sending ? qsTr("Sending") : qsTr("Send")
-                strong: true
-                size: Theme.barText
-                available: !sheet.composer.sending && sheet.composer.recipients !== ""
-                onPressed: sheet.composer.send()
-            }
-            Hairline { anchors.bottom: parent.bottom; width: parent.width }
+    Item {
+        id: bar
+        width: parent.width
+        height: Theme.barHeight
+        PlainButton {
+            id: cancelButton
+            objectName: "mail:cancel"
+            anchors.left: parent.left
+            anchors.leftMargin: Theme.inset
+            height: parent.height
+            text: qsTr("Cancel")
+            size: Theme.barText
+            available: !sheet.composer.sending
+            onPressed: sheet.cancel()
         }
-        Flickable {
-            anchors.top: bar.bottom
-            anchors.bottom: parent.bottom
-            width: parent.width
-            clip: true
-            contentHeight: column.height
+        Label {
+            objectName: "mail:title"
+            anchors.centerIn: parent
+            readonly property real beside: Math.max(cancelButton.width, send.width) + Theme.inset + 8
+            width: Math.min(implicitWidth, parent.width - 2 * beside)
+            text: qsTr("New Message")
+            font.pixelSize: Theme.barText
+            fontSizeMode: Text.HorizontalFit
+            minimumPixelSize: 8
+            verticalAlignment: Text.AlignVCenter
+            font.weight: Font.DemiBold
+        }
+        PlainButton {
+            id: send
+            objectName: "mail:send"
+            anchors.right: parent.right
+            anchors.rightMargin: Theme.inset
+            height: parent.height
+            text: sheet.composer.sending ? qsTr("Sending") : qsTr("Send")
+            strong: true
+            size: Theme.barText
+            available: !sheet.composer.sending && sheet.composer.recipients !== ""
+            onPressed: sheet.composer.send()
+        }
+        Hairline { anchors.bottom: parent.bottom; width: parent.width }
+    }
+    Flickable {
+        id: flick
+        objectName: "mail:scroll"
+        anchors.top: bar.bottom
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: sheet.paper.radius
+        width: parent.width
+        clip: true
+        contentHeight: column.height
 
-            Column {
-                id: column
+        /// Scrolls no further than needed until the rectangle of the text is in sight.
+        function follow(caret) {
+            const top = body.y + caret.y - 8;
+            const bottom = body.y + caret.y + caret.height + 8;
+            if (top < contentY)
+                contentY = Math.max(0, top);
+            else if (bottom > contentY + height)
+                contentY = bottom - height;
+        }
+        // Where the window becomes lower, too.
+        onHeightChanged: if (body.activeFocus) follow(body.cursorRectangle)
+
+        Column {
+            id: column
+            width: parent.width
+            ComposerField {
+                name: qsTr("To:")
+                value: sheet.composer.recipients
+                onEdited: (text) => sheet.composer.setRecipients(text)
+            }
+            ComposerField {
+                name: qsTr("Subject:")
+                value: sheet.composer.subject
+                onEdited: (text) => sheet.composer.setSubject(text)
+            }
+            TextEdit {
+                id: body
+                objectName: "mail:body"
                 width: parent.width
-                ComposerField {
-                    name: qsTr("To:")
-                    value: sheet.composer.recipients
-                    onEdited: (text) => sheet.composer.setRecipients(text)
-                }
-                ComposerField {
-                    name: qsTr("Subject:")
-                    value: sheet.composer.subject
-                    onEdited: (text) => sheet.composer.setSubject(text)
-                }
-                TextEdit {
-                    id: body
-                    objectName: "mail:body"
-                    width: parent.width
-                    padding: Theme.inset
-                    color: Theme.label
-                    selectionColor: Theme.tint
-                    font.family: Theme.family
-                    font.pixelSize: Theme.body
-                    wrapMode: TextEdit.Wrap
-                    selectByMouse: true
-                    activeFocusOnTab: true
-                    textFormat: TextEdit.PlainText
-                    Accessible.role: Accessible.EditableText
-                    Accessible.name: qsTr("Message")
-                    Component.onCompleted: text = sheet.composer.body
-                    onTextChanged: if (activeFocus) sheet.composer.setBody(text)
-                    TextMenuOpener {}
-                }
+                // A click below the last line is in the text, too.
+                height: Math.max(implicitHeight, flick.height - y - attachments.height)
+                padding: Theme.inset
+                color: Theme.label
+                selectionColor: Theme.tint
+                font.family: Theme.family
+                font.pixelSize: Theme.body
+                wrapMode: TextEdit.Wrap
+                selectByMouse: true
+                activeFocusOnTab: true
+                textFormat: TextEdit.PlainText
+                Accessible.role: Accessible.EditableText
+                Accessible.name: qsTr("Message")
+                Component.onCompleted: text = sheet.composer.body
+                onTextChanged: if (activeFocus) sheet.composer.setBody(text)
+                onCursorRectangleChanged: if (activeFocus) flick.follow(cursorRectangle)
+                TextMenuOpener {}
+            }
+            Column {
+                id: attachments
+                width: parent.width
+                bottomPadding: 40
                 Repeater {
                     model: sheet.composer.attachments
                     AttachmentRow {
@@ -120,20 +134,55 @@ FocusScope {
                         required property var modelData
                         name: modelData.name
                         size: modelData.size
+                        onOpened: {
+                            shown.index = index;
+                            shown.name = modelData.name;
+                            shown.active = true;
+                        }
                         onRemoved: sheet.composer.removeAttachment(index)
                     }
                 }
-                Item { width: 1; height: 40 }
             }
         }
     }
-    NumberAnimation {
-        id: rise
-        target: paper
-        property: Theme.reducedMotion ? "opacity" : "y"
-        from: Theme.reducedMotion ? 0 : sheet.height
-        to: Theme.reducedMotion ? 1 : 24
-        duration: 280
-        easing.type: Easing.OutCubic
+    Loader {
+        id: shown
+        property int index: -1
+        property string name
+        parent: sheet
+        anchors.fill: parent
+        active: false
+        focus: active
+        onActiveChanged: if (!active) sheet.forceActiveFocus()
+        sourceComponent: TextSheet {
+            title: shown.name
+            text: sheet.composer.attachmentText(shown.index)
+            paper.objectName: "attachment"
+            onClosed: shown.active = false
+        }
+    }
+    Loader {
+        id: discard
+        parent: sheet
+        anchors.fill: parent
+        active: false
+        focus: active
+        onActiveChanged: if (!active) sheet.forceActiveFocus()
+        sourceComponent: AlertSheet {
+            alert: QtObject {
+                readonly property string title: qsTr("Discard this message?")
+                readonly property string message: qsTr("What you have written will be lost.")
+                readonly property var fields: []
+                readonly property var actions: [
+                    { title: qsTr("Keep Writing"), style: "cancel", enabled: true },
+                    { title: qsTr("Discard"), style: "destructive", enabled: true }
+                ]
+                function choose(index) {
+                    discard.active = false;
+                    if (index === 1)
+                        sheet.composer.cancel();
+                }
+            }
+        }
     }
 }

@@ -2,70 +2,9 @@ import QtQuick
 import Wardlock.Native
 
 // The user guide.
-PaperSheet {
-    id: sheet
-    signal closed()
-
+TextSheet {
     paper.objectName: "guide"
-    Accessible.name: qsTr("User Guide")
-    Keys.onEscapePressed: closed()
-    Keys.onPressed: (event) => {
-        const page = flick.height - 40;
-        const steps = { [Qt.Key_Down]: 40, [Qt.Key_Up]: -40, [Qt.Key_PageDown]: page, [Qt.Key_PageUp]: -page,
-                        [Qt.Key_Space]: page, [Qt.Key_End]: flick.contentHeight, [Qt.Key_Home]: -flick.contentHeight };
-        if (steps[event.key] === undefined)
-            return;
-        flick.contentY = Math.max(0, Math.min(flick.contentY + steps[event.key], flick.contentHeight - flick.height));
-        event.accepted = true;
-    }
-
-    Item {
-        id: bar
-        width: parent.width
-        height: Theme.barHeight
-        Label {
-            objectName: "guide:title"
-            anchors.centerIn: parent
-            text: qsTr("User Guide")
-            font.pixelSize: Theme.barText
-            font.weight: Font.DemiBold
-            Accessible.role: Accessible.Heading
-        }
-        PlainButton {
-            objectName: "guide:done"
-            anchors.right: parent.right
-            anchors.rightMargin: Theme.inset
-            height: parent.height
-            text: qsTr("Done")
-            strong: true
-            size: Theme.barText
-            onPressed: sheet.closed()
-        }
-        Hairline { anchors.bottom: parent.bottom; width: parent.width }
-    }
-    Flickable {
-        id: flick
-        objectName: "guide:text"
-        anchors.top: bar.bottom
-        anchors.bottom: parent.bottom
-        anchors.bottomMargin: sheet.paper.radius
-        width: parent.width
-        clip: true
-        contentHeight: words.implicitHeight + 2 * Theme.inset
-        boundsBehavior: Flickable.DragAndOvershootBounds
-
-        Label {
-            id: words
-            objectName: "guide:words"
-            x: Theme.inset
-            y: Theme.inset
-            width: flick.width - 2 * Theme.inset
-            text: settings.userGuide()
-            textFormat: Text.MarkdownText
-            wrapMode: Text.Wrap
-            elide: Text.ElideNone
-            lineHeight: 1.15
-            Accessible.role: Accessible.StaticText
-        }
-    }
+    title: qsTr("User Guide")
+    text: settings.userGuide()
+    format: Text.MarkdownText
 }

@@ -11,7 +11,7 @@ Window {
     minimumHeight: 360
     color: Theme.ground
 
-    onClosing: (closing) => closing.accepted = settings.close()
+    onClosing: (closing) => closing.accepted = (composer.item === null || composer.item.mayClose()) && settings.close()
 
     // When what covered the pages disappears, they take the keyboard focus back where it was.
     readonly property bool covered: settings.alert !== null || settings.composer !== null || settings.keypad !== null
@@ -44,6 +44,7 @@ Window {
             }
         }
         Loader {
+            id: composer
             anchors.fill: parent
             active: settings.composer !== null
             focus: active

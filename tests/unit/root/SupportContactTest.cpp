@@ -148,6 +148,8 @@ TEST_F(SupportContact, DismissesTheComposerWhenTheMailFailed) {
     mail.outcome = platform::MailOutcome::Kind::Failed;
     writeMail();
     composer()->send();
+    ASSERT_NE(page->presentedViewController(), nullptr);
+    composer()->cancel();
     EXPECT_EQ(page->presentedViewController(), nullptr);
 }
 

@@ -71,6 +71,8 @@ TEST_F(MailCompose, SendsOnceHoweverOftenItIsAsked) {
 TEST_F(MailCompose, ReportsAFailureWithItsReason) {
     composer->send();
     post.reply({MailOutcome::Kind::Failed, "No route."});
+    EXPECT_TRUE(delegate->results.empty());
+    composer->cancel();
     EXPECT_EQ(delegate->results, std::vector{MFMailComposeResult::Failed});
     EXPECT_EQ(delegate->lastError, "No route.");
 }

@@ -128,6 +128,8 @@ TEST_F(WindowTextMenu, IsThereInAlertsSearchAndMail) {
     scene().tap("menu:Paste");
     EXPECT_EQ(scene().text("search"), "Tom");
     scene().tap("search:cancel");
+    ASSERT_TRUE(until([&] { return scene().item("list")->y() == 0; }));
+    scene().frame();
     scene().reveal("row:support@tavix.example");
     scene().tap("row:support@tavix.example");
     ASSERT_TRUE(until([&] { return scene().item("composer")->y() == 24; }));
