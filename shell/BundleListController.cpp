@@ -43,6 +43,9 @@ const platform::PSListController::Specifiers& BundleListController::specifiers()
         rows.front()->setProperty(platform::Value(footer), platform::PSKey::footerText);
     for (const auto& entry : bundles_.entries()) {
         rows.push_back(specifierNamed(entry.name, PSCellType::Link));
+        const auto& info = entry.bundle->infoDictionary();
+        if (const auto identifier = platform::stringValue(info.find("CFBundleIdentifier")))
+            rows.back()->setIdentifier(*identifier);
         if (entry.icon)
             rows.back()->setProperty(entry.icon, platform::PSKey::iconImage);
     }

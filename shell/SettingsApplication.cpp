@@ -21,10 +21,13 @@ SettingsApplication::SettingsApplication(platform::AnimationClock& clock, double
       unsaved_(screen_, changes_), account_(screen_, changes_),
       pageInput_(screen_, changes_, account_, boundary_), sheetInput_(screen_, account_, boundary_),
       search_(screen_, changes_, pageInput_, boundary_), liveRefresh_(screen_, changes_, account_, boundary_),
-      guard_(screen_, changes_, boundary_), idleTimer_(clock_, [this] { lockWhenIdle(); }) {
+      guard_(screen_, changes_, boundary_), idleTimer_(clock_, [this] { lockWhenIdle(); }),
+      undo_(screen_, changes_, account_, pageInput_, undoHost(), boundary_),
+      recovery_(screen_, changes_, account_, undoHost(), boundary_) {
     platform::setDiagnosticsHandler(&appendToLog);
     platform::setVersionPlace(SettingsPlace);
     keepForeignVersion();
+    recovery_.check();
     platform::AnimationClock::setCurrent(&clock_);
     platform::DisplayObserver::setCurrent(&changes_);
     UIApplication::sharedApplication().setKeyWindow(screen_.window());
@@ -65,7 +68,13 @@ void SettingsApplication::lock() {
     pageInput_.endEditing();
     dismissSheets();
     search_.forget();
+    undo_.withdraw();
     screen_.navigation().popToViewController(*pages.front(), false);
+}
+
+UndoHost SettingsApplication::undoHost() {
+    return {[this] { liveRefresh_.refresh(); },
+            [this] { return screen_.pages().size() < 2 && guard_.isNeeded(); }};
 }
 
 void SettingsApplication::lockWhenIdle() {
@@ -115,15 +124,19 @@ void SettingsApplication::settle() {
     if (unsaved_.notify() && !closed_)
         liveRefresh_.refresh();
     watchMail();
-    if (screen_.stack().follow())
+    if (screen_.stack().follow()) {
         changes_.pages(screen_.isInTransition());
+        recovery_.check();
+    }
     if (std::exchange(inTransition_, screen_.isInTransition()) && !inTransition_)
         changes_.transitionEnded();
     readTopPage();
     idleTimer_.run(!closed_ && guard_.isOn() && screen_.pages().size() > 1);
     // The way to a row that was found waits for the passcode.
-    if (!closed_ && !guard_.isAsking())
+    if (!closed_ && !guard_.isAsking()) {
         search_.proceed();
+        undo_.proceed();
+    }
     changes_.deliver();
 }
 

@@ -11,6 +11,8 @@
 #include "shell/screen/ShownAccount.h"
 #include "shell/screen/UnsavedChanges.h"
 #include "shell/search/SettingsSearch.h"
+#include "shell/undo/Recovery.h"
+#include "shell/undo/SettingsUndo.h"
 
 #include <memory>
 
@@ -40,6 +42,8 @@ public:
     PageInput& page() { return pageInput_; }
     SheetInput& sheets() { return sheetInput_; }
     SettingsSearch& search() { return search_; }
+    SettingsUndo& history() { return undo_; }
+    Recovery& recovery() { return recovery_; }
 
     void setTransitionSeconds(double seconds);
     /// Does what is due on the main loop without waiting: log entries, other processes' changes.
@@ -72,6 +76,7 @@ private:
     void watchMail();
     void dismissSheets();
     void lock();
+    UndoHost undoHost();
     void lockWhenIdle();
 
     PageBoundary boundary_;
@@ -86,6 +91,8 @@ private:
     LiveRefresh liveRefresh_;
     Guard guard_;
     IdleTimer idleTimer_;
+    SettingsUndo undo_;
+    Recovery recovery_;
     /// The most recent mail sheet, until the outcome of its mail has been shown.
     std::shared_ptr<platform::MFMailComposeViewController> mail_;
     bool inTransition_ = false;

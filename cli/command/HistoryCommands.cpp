@@ -10,6 +10,7 @@
 #include "settings/Document.h"
 #include "settings/Keys.h"
 #include "settings/history/ChangeText.h"
+#include "settings/history/KeptVersions.h"
 
 #include <array>
 #include <nlohmann/json.hpp>

@@ -19,7 +19,4 @@ std::string localTime(std::int64_t milliseconds);
 /// Returns it as "2026-11-22T05:01:25.123Z".
 std::string universalTime(std::int64_t milliseconds);
 
-/// Returns why no versions are read from the folder; empty where they are.
-std::string reasonAgainst(const platform::VersionFolder& folder);
-
 } // namespace wardlock::cli

@@ -1,10 +1,11 @@
 #include "cli/command/Commands.h"
-#include "cli/command/HistoryText.h"
 #include "cli/command/VersionOperand.h"
 #include "cli/io/Output.h"
 #include "cli/io/TextWidth.h"
 #include "settings/Document.h"
 #include "settings/history/ChangeText.h"
+#include "settings/history/History.h"
+#include "settings/history/KeptVersions.h"
 #include "settings/history/Undo.h"
 
 #include <array>

@@ -1,7 +1,7 @@
 #include "cli/command/VersionOperand.h"
 
-#include "cli/command/HistoryText.h"
 #include "cli/io/CommandError.h"
+#include "settings/history/KeptVersions.h"
 
 #include <charconv>
 #include <string>

@@ -1,11 +1,12 @@
 // The check of the document's earlier versions.
 
-#include "cli/command/HistoryText.h"
 #include "cli/doctor/CheckResult.h"
 #include "platform/files/DeviceRoot.h"
 #include "platform/files/FileSystem.h"
 #include "platform/services/HostStatus.h"
+#include "settings/Constants.h"
 #include "settings/DocumentPath.h"
+#include "settings/history/KeptVersions.h"
 
 namespace wardlock::cli {
 

@@ -143,6 +143,10 @@ Json alertJson(const platform::UIAlertController& alert) {
     return json;
 }
 
+std::string_view offerAction(shell::Offer::Kind kind) {
+    return kind == shell::Offer::Kind::Undo ? "undo" : "restore";
+}
+
 Json mailJson(const platform::MFMailComposeViewController& composer) {
     const auto& message = composer.message();
     Json json;
@@ -171,6 +175,8 @@ Json screenJson(shell::Screen& screen, const TableExtent& extent) {
         json["keypad"] = keypadJson(*overlay);
     if (!screen.notice().empty())
         json["notice"] = screen.notice();
+    if (screen.offer())
+        json["offer"] = {{"text", screen.offer()->text}, {"action", offerAction(screen.offer()->kind)}};
     return json;
 }
 

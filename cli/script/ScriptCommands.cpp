@@ -35,6 +35,9 @@ const std::vector<ScriptCommands::Entry>& ScriptCommands::table() {
         {"drag", &ScriptCommands::drag},
         {"button", &ScriptCommands::pressButton},
         {"back", &ScriptCommands::back},
+        {"undo", &ScriptCommands::undo},
+        {"redo", &ScriptCommands::redo},
+        {"restore", &ScriptCommands::restore},
         {"choose", &ScriptCommands::choose},
         {"keypad", &ScriptCommands::keypad},
         {"mail", &ScriptCommands::mail},
@@ -146,6 +149,21 @@ void ScriptCommands::pressButton(const ScriptFields& fields, Json&) {
 void ScriptCommands::back(const ScriptFields& fields, Json&) {
     fields.allowOnly({});
     expectDone(settings_.page().goBack());
+}
+
+void ScriptCommands::undo(const ScriptFields& fields, Json&) {
+    fields.allowOnly({});
+    expectDone(settings_.history().undo());
+}
+
+void ScriptCommands::redo(const ScriptFields& fields, Json&) {
+    fields.allowOnly({});
+    expectDone(settings_.history().redo());
+}
+
+void ScriptCommands::restore(const ScriptFields& fields, Json&) {
+    fields.allowOnly({});
+    expectDone(settings_.recovery().restore());
 }
 
 void ScriptCommands::choose(const ScriptFields& fields, Json&) {

@@ -45,6 +45,9 @@ private:
     void drag(const ScriptFields& fields, Json& answer);
     void pressButton(const ScriptFields& fields, Json& answer);
     void back(const ScriptFields& fields, Json& answer);
+    void undo(const ScriptFields& fields, Json& answer);
+    void redo(const ScriptFields& fields, Json& answer);
+    void restore(const ScriptFields& fields, Json& answer);
     void choose(const ScriptFields& fields, Json& answer);
     void keypad(const ScriptFields& fields, Json& answer);
     void mail(const ScriptFields& fields, Json& answer);

@@ -4,6 +4,7 @@
 #include "platform/ui/UIAlertController.h"
 #include "platform/ui/UINavigationController.h"
 #include "platform/ui/UIWindow.h"
+#include "shell/screen/Offer.h"
 #include "shell/screen/Overlay.h"
 #include "shell/screen/PageStack.h"
 
@@ -44,6 +45,10 @@ public:
     void addNotice(const std::string& sentence);
     void clearNotice() { notice_.clear(); }
 
+    /// What the application offers to do now; none for nothing.
+    const std::optional<Offer>& offer() const { return offer_; }
+    void setOffer(std::optional<Offer> offer) { offer_ = std::move(offer); }
+
     /// Returns the reason why the page accepts no input now; none when it does.
     std::optional<std::string> obstacle() const;
     /// Returns the reason why the alert or mail sheet accepts no input now; none when it does.
@@ -60,6 +65,7 @@ private:
     std::shared_ptr<platform::UIWindow> window_;
     PageStack stack_;
     std::string notice_;
+    std::optional<Offer> offer_;
 };
 
 } // namespace wardlock::shell

@@ -111,6 +111,8 @@ void ScreenChanges::notify(ScreenObserver& observer, const Change& change) {
         return observer.editingChanged();
     case Kind::Notice:
         return observer.noticeChanged();
+    case Kind::Offer:
+        return observer.offerChanged();
     default:
         return notifyOfPage(observer, change);
     }

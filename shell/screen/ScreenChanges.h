@@ -40,6 +40,7 @@ public:
     }
     void editing() { add({Kind::Editing, nullptr, {}, false}); }
     void notice() { add({Kind::Notice, nullptr, {}, false}); }
+    void offer() { add({Kind::Offer, nullptr, {}, false}); }
     void page(const std::shared_ptr<Page>& page) { add({Kind::Page, page, {}, false}); }
     void announced(const Announcement& announcement);
     void notSaved(const std::string& reason);
@@ -62,7 +63,8 @@ private:
         Overlay,
         Presentation,
         Editing,
-        Notice
+        Notice,
+        Offer
     };
     struct Change {
         Kind kind;

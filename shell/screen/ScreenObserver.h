@@ -52,6 +52,7 @@ public:
     /// The editing of a text row began or ended.
     virtual void editingChanged() {}
     virtual void noticeChanged() {}
+    virtual void offerChanged() {}
 
     /// A change was announced. Not for the screen, but for observers such as scripts.
     virtual void changeAnnounced(const Announcement&) {}

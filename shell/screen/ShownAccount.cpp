@@ -22,6 +22,13 @@ bool isSameValue(const platform::Dictionary* before, const platform::Dictionary*
     return was && is ? *was == *is : was == is;
 }
 
+std::vector<std::string> labels(const platform::PSListSections::Section& section) {
+    std::vector<std::string> labels;
+    for (const auto& row : section.rows)
+        labels.push_back(row->name());
+    return labels;
+}
+
 std::string sentence(AccountFate fate, const std::string& name) {
     const std::string account =
         name.empty() ? "the account" : "the account \u201c" + oneLine(name) + "\u201d";
@@ -50,10 +57,19 @@ std::optional<std::size_t> ShownAccount::positionShownBy(Page& opened, Page& lis
     const auto path = row ? list.find(*row) : std::nullopt;
     if (!path)
         return std::nullopt;
-    std::vector<std::string> names;
-    for (const auto& listed : list.listController()->sections().sections()[path->section].rows)
-        names.push_back(listed->name());
-    return names == known_.names() ? std::optional(path->row) : std::nullopt;
+    const auto sections = list.listController()->sections().sections();
+    return labels(sections[path->section]) == known_.names() ? std::optional(path->row) : std::nullopt;
+}
+
+std::optional<platform::NSIndexPath> ShownAccount::rowOf(std::size_t position) const {
+    const auto list = list_.lock();
+    if (!list || !list->isList() || position >= known_.size())
+        return std::nullopt;
+    const auto sections = list->listController()->sections().sections();
+    for (std::size_t section = 0; section < sections.size(); ++section)
+        if (labels(sections[section]) == known_.names())
+            return platform::NSIndexPath{section, position};
+    return std::nullopt;
 }
 
 void ShownAccount::acceptOwnChange() {
@@ -104,6 +120,17 @@ void ShownAccount::followName() {
 }
 
 void ShownAccount::leave(const std::string& reason) {
+    const bool typed = popToList();
+    screen_.addNotice(reason + (typed ? " What was being typed is not stored." : ""));
+    changes_.notice();
+}
+
+void ShownAccount::leaveForList() {
+    if (position_)
+        popToList();
+}
+
+bool ShownAccount::popToList() {
     position_.reset();
     const auto pages = screen_.pages();
     bool typed = false;
@@ -116,8 +143,7 @@ void ShownAccount::leave(const std::string& reason) {
             pages[i]->controller().dismissViewControllerAnimated(false);
     }
     screen_.navigation().popToViewController(pages[listPlace]->controller(), true);
-    screen_.addNotice(reason + (typed ? " What was being typed is not stored." : ""));
-    changes_.notice();
+    return typed;
 }
 
 } // namespace wardlock::shell

@@ -29,9 +29,18 @@ public:
     /// another one. Returns whether it went back. Otherwise the title follows the account's name, and a
     /// picker is created again when another process changed what it shows.
     bool leaveIfGone();
+    /// Goes back to the first page, without a notice: the list of accounts has changed, and the user knows.
+    void leaveForList();
+
+    /// The position of the account shown; none while the pages show none.
+    std::optional<std::size_t> position() const { return position_; }
+    /// Returns the row of an account on the first page; none where that has no list of the accounts.
+    std::optional<platform::NSIndexPath> rowOf(std::size_t position) const;
 
 private:
     void leave(const std::string& reason);
+    /// Returns whether text was being typed on a page that was left.
+    bool popToList();
     void followName();
     std::optional<std::size_t> positionShownBy(Page& opened, Page& list) const;
 
@@ -43,7 +52,6 @@ private:
     std::size_t build_ = 0;
     /// The accounts as the pages on the screen know them.
     Accounts known_;
-    /// The position of the account shown; none while the pages show none.
     std::optional<std::size_t> position_;
 };
 

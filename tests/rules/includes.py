@@ -45,7 +45,7 @@ RUNTIME = PLIST + ["platform/runtime"]
 UI = RUNTIME + ["platform/text", "platform/ui"]
 PLATFORM = UI + ["platform/preferences", "platform/services"]
 BELOW_PAGES = PLATFORM + ["settings", "specifiers"]
-SHELL = PLATFORM + ["settings", "settings/history", "shell/screen", "shell/input", "shell/search", "shell/guard", "shell/device", "shell"]
+SHELL = PLATFORM + ["settings", "settings/history", "shell/screen", "shell/input", "shell/search", "shell/undo", "shell/guard", "shell/device", "shell"]
 EVERYTHING = None
 
 # room: the rooms and single headers it may include beside its own, and what else
@@ -78,9 +78,10 @@ ROOMS = {
     "shell/screen": (PLATFORM + ["settings"], STD),
     "shell/input": (PLATFORM + ["settings", "shell/screen"], STD),
     "shell/search": (PLATFORM + ["settings", "shell/screen", "shell/input"], STD),
+    "shell/undo": (PLATFORM + ["settings", "settings/history", "shell/screen", "shell/input"], STD),
     "shell/guard": (PLATFORM + ["settings", "shell/screen"], STD),
     "shell/device": (PLATFORM + ["settings"], STD),
-    "shell": (PLATFORM + ["settings", "settings/history", "shell/screen", "shell/input", "shell/search", "shell/guard", "shell/device"], STD),
+    "shell": (PLATFORM + ["settings", "settings/history", "shell/screen", "shell/input", "shell/search", "shell/undo", "shell/guard", "shell/device"], STD),
     "window/pictures": (PLATFORM, STD + ["Qt"]),
     "window/items": (PLATFORM + ["window/pictures"], STD + ["Qt"]),
     "window/accessibility": (PLATFORM + ["window/items"], STD + ["Qt"]),

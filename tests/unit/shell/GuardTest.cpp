@@ -306,18 +306,6 @@ TEST_F(SettingsGuard, DismissesAlertsAndSheetsWhenItLocks) {
     expectLocked();
 }
 
-TEST_F(SettingsGuard, SendsAMailToItsEndAlthoughItLocks) {
-    startProtected();
-    enterSettings();
-    tap("support@tavix.example");
-    EXPECT_TRUE(settings().sheets().sendMail());
-    settings().resignActive();
-    EXPECT_FALSE(settings().screen().composer());
-    settings().run([&] { mail.finish({platform::MailOutcome::Kind::HandedOver, "The mail is sent."}); });
-    EXPECT_EQ(settings().screen().notice(), "The mail is sent.");
-    expectLocked();
-}
-
 TEST_F(SettingsGuard, ClosesThePagesKeypadWhenItLocks) {
     startProtected();
     enterSettings();

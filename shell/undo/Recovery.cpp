@@ -1,0 +1,95 @@
+#include "shell/undo/Recovery.h"
+
+#include "platform/files/DeviceRoot.h"
+#include "platform/files/FileSystem.h"
+#include "settings/Constants.h"
+#include "settings/Document.h"
+#include "settings/DocumentPath.h"
+#include "settings/history/History.h"
+#include "settings/history/Undo.h"
+
+#include <utility>
+
+namespace wardlock::shell {
+
+namespace {
+
+using Outcome = UndoResult::Outcome;
+
+bool isMissing() {
+    const std::string path = platform::pathOnDevice(documentPath(BundleIdentifier));
+    platform::FileStatus status;
+    return static_cast<bool>(platform::FileSystem::current().status(path, platform::Links::Follow, status));
+}
+
+} // namespace
+
+Recovery::Recovery(Screen& screen, ScreenChanges& changes, ShownAccount& account, UndoHost host,
+                   PageBoundary& boundary)
+    : screen_(screen), changes_(changes), account_(account), host_(std::move(host)), boundary_(boundary),
+      subscription_(changes.observe(*this)) {}
+
+bool Recovery::isOffering() const {
+    return screen_.offer() && screen_.offer()->kind == Offer::Kind::Restore;
+}
+
+void Recovery::setOffer(std::optional<Offer> offer) {
+    screen_.setOffer(std::move(offer));
+    changes_.offer();
+}
+
+void Recovery::check() {
+    if (document(BundleIdentifier)) {
+        refused_ = false;
+        return;
+    }
+    // A failing disk says nothing about the settings.
+    if (isOffering() || refused_ || documentIsUnreadable(BundleIdentifier))
+        return;
+    const History history;
+    const platform::Version* last = history.lastReadable();
+    if (!last)
+        return;
+    version_ = last->number;
+    setOffer(Offer{Offer::Kind::Restore,
+                   std::string(isMissing() ? "The settings have disappeared." : "The settings are damaged.") +
+                       " Their last good version can be restored"});
+}
+
+void Recovery::changeAnnounced(const Announcement& announcement) {
+    // A change of a page leaves only its own key of damaged settings: the offer stays.
+    if (announcement.own)
+        return;
+    if (isOffering() && document(BundleIdentifier))
+        setOffer(std::nullopt);
+    check();
+}
+
+InputResult Recovery::restore() {
+    return boundary_.enter([&] {
+        if (!isOffering())
+            return InputResult::refused("there is nothing to restore");
+        if (auto reason = screen_.obstacle())
+            return InputResult::refused(*reason);
+        if (host_.isLocked())
+            return InputResult::refused(lockedReason);
+        const UndoResult result = restoreVersion(version_);
+        if (result.outcome == Outcome::Failed)
+            return InputResult::refused("the settings could not be saved");
+        setOffer(std::nullopt);
+        account_.leaveForList();
+        host_.refresh();
+        return InputResult::done();
+    });
+}
+
+void Recovery::dismiss() {
+    boundary_.enter([&] {
+        if (!isOffering())
+            return;
+        refused_ = true;
+        setOffer(std::nullopt);
+    });
+}
+
+} // namespace wardlock::shell

@@ -1,0 +1,143 @@
+// Damaged settings: the last good version is offered, and never restored without the user.
+
+#include "settings/history/History.h"
+#include "tests/support/doubles/FaultyFileSystem.h"
+#include "tests/unit/shell/UndoFixture.h"
+
+#include <gtest/gtest.h>
+
+namespace wardlock::test {
+namespace {
+
+constexpr const char* damagedOffer = "The settings are damaged. Their last good version can be restored";
+
+class Recovery : public UndoFixture {
+protected:
+    void damage() {
+        removeFile(documentPath);
+        writeFile(documentPath, "no document");
+    }
+    /// Settings that are damaged before the start; a version of them is kept.
+    void startDamaged() {
+        writeDocument(documentOf({"Ann", "Tom"}));
+        keepForeignVersion();
+        good_ = readFile(documentPath);
+        damage();
+        start();
+        observe();
+    }
+    void restore() {
+        const auto result = settings().recovery().restore();
+        EXPECT_TRUE(result) << result.reason();
+    }
+    const std::string& good() const { return good_; }
+
+private:
+    std::string good_;
+};
+
+TEST_F(Recovery, IsOfferedAtTheStart) {
+    startDamaged();
+    EXPECT_EQ(offer(), damagedOffer);
+    EXPECT_EQ(readFile(documentPath), "no document");
+    restore();
+    EXPECT_EQ(offer(), "");
+    EXPECT_EQ(readFile(documentPath), good());
+    tap("Wardlock");
+    EXPECT_TRUE(hasRow("Tom"));
+}
+
+TEST_F(Recovery, ShowsTheRestoredSettingsOnThePageThatIsOpen) {
+    startDamaged();
+    tap("Wardlock");
+    EXPECT_FALSE(hasRow("Tom"));
+    restore();
+    EXPECT_TRUE(hasRow("Tom"));
+    EXPECT_EQ(offer(), "");
+}
+
+TEST_F(Recovery, IsOfferedWhenAnotherPageMeetsTheDamage) {
+    startWith({"Ann"});
+    tap("Wardlock");
+    EXPECT_EQ(offer(), "");
+    damage();
+    tap("Ann");
+    EXPECT_EQ(offer(), damagedOffer);
+}
+
+TEST_F(Recovery, IsStillOfferedAfterAPageHasWrittenItsKey) {
+    startDamaged();
+    tap("Wardlock");
+    tap("Enabled");
+    ASSERT_FALSE(document().find(kAccounts));
+    EXPECT_EQ(offer(), damagedOffer);
+    restore();
+    EXPECT_EQ(readFile(documentPath), good());
+}
+
+TEST_F(Recovery, IsNotOfferedOnceAnotherProgramHasRepairedTheSettings) {
+    startDamaged();
+    replaceElsewhere(documentOf({"Eva"}));
+    EXPECT_EQ(offer(), "");
+    EXPECT_EQ(settings().recovery().restore().reason(), "there is nothing to restore");
+}
+
+TEST_F(Recovery, IsNotOfferedAgainAfterTheUserRefusedIt) {
+    startDamaged();
+    settings().recovery().dismiss();
+    EXPECT_EQ(offer(), "");
+    tap("Wardlock");
+    EXPECT_EQ(offer(), "");
+    replaceElsewhere(documentOf({"Eva"}));
+    back();
+    damage();
+    tap("Wardlock");
+    EXPECT_EQ(offer(), damagedOffer);
+}
+
+TEST_F(Recovery, IsOfferedWhenTheSettingsHaveDisappeared) {
+    startWith({"Ann"});
+    removeFile(documentPath);
+    tap("Wardlock");
+    EXPECT_EQ(offer(), "The settings have disappeared. Their last good version can be restored");
+    restore();
+    EXPECT_TRUE(hasRow("Ann"));
+}
+
+TEST_F(Recovery, IsNotOfferedWithoutAGoodVersion) {
+    writeFile(documentPath, "no document");
+    start();
+    EXPECT_EQ(offer(), "");
+}
+
+TEST_F(Recovery, IsNotOfferedWhereTheDiskFails) {
+    FaultyFileSystem files(platform::FileSystem::current());
+    startWith({"Ann"});
+    platform::FileSystem::setCurrent(&files);
+    files.failEvery("readFile", std::errc::io_error);
+    tap("Wardlock");
+    EXPECT_EQ(offer(), "");
+    quit();
+    platform::FileSystem::setCurrent(nullptr);
+}
+
+TEST_F(Recovery, CanBeTakenBack) {
+    startDamaged();
+    tap("Wardlock");
+    tap("Enabled");
+    const std::string stump = readFile(documentPath);
+    restore();
+    undo();
+    EXPECT_EQ(readFile(documentPath), stump);
+    redo();
+    EXPECT_EQ(readFile(documentPath), good());
+}
+
+TEST_F(Recovery, IsAnnouncedKeyByKey) {
+    startDamaged();
+    restore();
+    EXPECT_EQ(announced, (Names{"kEnabled", "kPasscode", "kAccounts"}));
+}
+
+} // namespace
+} // namespace wardlock::test
