@@ -55,6 +55,18 @@ QString SettingsWindow::notice() {
     return own.isEmpty() ? problems_ : own;
 }
 
+QString SettingsWindow::offer() {
+    const auto& offer = application_.screen().offer();
+    return offer ? shownText(offer->text) : QString();
+}
+
+QString SettingsWindow::offeredAction() {
+    const auto& offer = application_.screen().offer();
+    if (!offer)
+        return {};
+    return offer->kind == shell::Offer::Kind::Undo ? QStringLiteral("undo") : QStringLiteral("restore");
+}
+
 void SettingsWindow::showProblems(const std::vector<std::string>& problems) {
     QStringList lines;
     for (const std::string& problem : problems)
@@ -85,6 +97,18 @@ void SettingsWindow::dismissNotice() {
 
 QString SettingsWindow::userGuide() const {
     return userGuideText();
+}
+
+void SettingsWindow::undo() {
+    ignoreResult(application_.history().undo());
+}
+
+void SettingsWindow::redo() {
+    ignoreResult(application_.history().redo());
+}
+
+void SettingsWindow::restore() {
+    ignoreResult(application_.recovery().restore());
 }
 
 bool SettingsWindow::close() {

@@ -29,6 +29,9 @@ class SettingsWindow : public QObject, public shell::ScreenObserver {
     Q_PROPERTY(wardlock::window::KeypadModel* keypad READ keypad NOTIFY keypadChanged)
     /// A sentence for the user, shown until it is dismissed; empty for none.
     Q_PROPERTY(QString notice READ notice NOTIFY noticeChangedForQml)
+    /// What Settings offers to do: a sentence, empty for none, and what its button does, "undo" or "restore".
+    Q_PROPERTY(QString offer READ offer NOTIFY offerChangedForQml)
+    Q_PROPERTY(QString offeredAction READ offeredAction NOTIFY offerChangedForQml)
 
 public:
     /// The clock outlives this object.
@@ -42,6 +45,8 @@ public:
     ComposerModel* composer() const { return composer_.get(); }
     KeypadModel* keypad() const { return keypad_.get(); }
     QString notice();
+    QString offer();
+    QString offeredAction();
     shell::SettingsApplication& application() { return application_; }
 
     /// Shows what is wrong with the device root.
@@ -53,6 +58,10 @@ public:
     Q_INVOKABLE void dismissNotice();
     /// Returns the user guide as Markdown.
     Q_INVOKABLE QString userGuide() const;
+    Q_INVOKABLE void undo();
+    Q_INVOKABLE void redo();
+    Q_INVOKABLE void restore();
+    Q_INVOKABLE void dismissOffer() { application_.recovery().dismiss(); }
     /// Returns whether assistive technology is in use.
     Q_INVOKABLE bool isAssisted() const { return QAccessible::isActive(); }
     void resignActive() { application_.resignActive(); }
@@ -67,6 +76,7 @@ signals:
     void sheetsChanged();
     void keypadChanged();
     void noticeChangedForQml();
+    void offerChangedForQml();
 
 private:
     void pagesChanged(bool animated) override;
@@ -82,6 +92,7 @@ private:
     void presentationChanged() override;
     void editingChanged() override;
     void noticeChanged() override { emit noticeChangedForQml(); }
+    void offerChanged() override { emit offerChangedForQml(); }
 
     const double transitionSeconds_;
     WindowWebEngine engine_;

@@ -40,7 +40,7 @@ Window {
             PageStack {
                 id: stack
                 anchors.fill: parent
-                notice: notice
+                notices: notices
             }
         }
         Loader {
@@ -64,9 +64,12 @@ Window {
             sourceComponent: GuideSheet { onClosed: guide.active = false }
         }
         Keys.onMenuPressed: textMenu.openAtCursor(window.activeFocusItem)
-        NoticeBar {
-            id: notice
-            text: settings.notice
+        Notices {
+            id: notices
+            width: Math.min(parent.width - 2 * Theme.margin, 520)
+            anchors.horizontalCenter: parent.horizontalCenter
+            anchors.bottom: parent.bottom
+            anchors.bottomMargin: 24
             onTabbed: (event, forward) => {
                 const top = window.covered ? null : stack.topView();
                 event.accepted = top !== null && top.moveFocus(forward);
@@ -97,6 +100,16 @@ Window {
             if (top && top.content && top.content.search)
                 top.content.search();
         }
+    }
+    Shortcut {
+        sequences: [StandardKey.Undo]
+        enabled: !window.covered
+        onActivated: settings.undo()
+    }
+    Shortcut {
+        sequences: [StandardKey.Redo]
+        enabled: !window.covered
+        onActivated: settings.redo()
     }
     Shortcut {
         // Not the platform's sequences for it: Backspace is one of them.

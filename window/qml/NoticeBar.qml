@@ -1,25 +1,25 @@
 import QtQuick
 import Wardlock.Native
 
-// A sentence of the application itself, which can be dismissed.
+// A sentence of the application itself, and a button beside it; two buttons are below it.
 Rectangle {
-    id: notice
+    id: bar
     property string text
+    property string button
+    /// Refuses what the button does; empty for none.
+    property string refusal
+    signal pressed()
+    signal refused()
     /// The key that moves the keyboard focus on was pressed in the notice.
     signal tabbed(var event, bool forward)
 
     /// What takes the keyboard focus.
     function stops() {
-        return visible ? [ok] : [];
+        return !visible ? [] : refusal === "" ? [ok] : [no, ok];
     }
 
-    objectName: "notice"
     visible: text !== ""
-    width: Math.min(parent.width - 2 * Theme.margin, 520)
-    height: Math.max(words.implicitHeight + 28, 60)
-    anchors.horizontalCenter: parent.horizontalCenter
-    anchors.bottom: parent.bottom
-    anchors.bottomMargin: 24
+    height: refusal === "" ? Math.max(words.implicitHeight + 28, 60) : words.implicitHeight + ok.height + 24
     radius: 14
     color: Theme.dark ? "#3a3a3c" : "#3a3a3c"
     Accessible.role: Accessible.AlertMessage
@@ -29,10 +29,10 @@ Rectangle {
         id: words
         anchors.left: parent.left
         anchors.leftMargin: 16
-        anchors.right: ok.left
-        anchors.rightMargin: 12
-        anchors.verticalCenter: parent.verticalCenter
-        text: notice.text
+        anchors.right: bar.refusal === "" ? ok.left : parent.right
+        anchors.rightMargin: bar.refusal === "" ? 12 : 16
+        y: bar.refusal === "" ? (parent.height - height) / 2 : 14
+        text: bar.text
         color: "white"
         font.pixelSize: Math.round(15 * Theme.textScale)
         wrapMode: Text.Wrap
@@ -40,19 +40,34 @@ Rectangle {
         Accessible.ignored: true
     }
     PlainButton {
+        id: no
+        objectName: bar.objectName + ":no"
+        anchors.right: ok.left
+        anchors.rightMargin: 28
+        anchors.verticalCenter: ok.verticalCenter
+        visible: bar.refusal !== ""
+        text: bar.refusal
+        color: "#6cb6ff"
+        onDark: true
+        ringInset: -9
+        Keys.onTabPressed: (event) => bar.tabbed(event, true)
+        Keys.onBacktabPressed: (event) => bar.tabbed(event, false)
+        onPressed: bar.refused()
+    }
+    PlainButton {
         id: ok
-        objectName: "notice:ok"
+        objectName: bar.objectName + ":ok"
         anchors.right: parent.right
         anchors.rightMargin: 18
-        anchors.verticalCenter: parent.verticalCenter
-        text: qsTr("OK")
+        y: bar.refusal === "" ? (parent.height - height) / 2 : parent.height - height - 5
+        text: bar.button
         color: "#6cb6ff"
         strong: true
         onDark: true
         // Beside the text, not over it.
         ringInset: -9
-        Keys.onTabPressed: (event) => notice.tabbed(event, true)
-        Keys.onBacktabPressed: (event) => notice.tabbed(event, false)
-        onPressed: settings.dismissNotice()
+        Keys.onTabPressed: (event) => bar.tabbed(event, true)
+        Keys.onBacktabPressed: (event) => bar.tabbed(event, false)
+        onPressed: bar.pressed()
     }
 }

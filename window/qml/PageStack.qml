@@ -5,8 +5,8 @@ import Wardlock.Native
 // little. A swipe from the edge moves the topmost page with the finger.
 Item {
     id: stack
-    /// The notice over the pages.
-    required property Item notice
+    /// The notices over the pages.
+    required property Item notices
     readonly property int duration: Math.round(settings.transitionSeconds * 1000)
     /// Counts pages that enter or leave: bindings on the repeater's items depend on it.
     property int changes: 0
@@ -86,7 +86,7 @@ Item {
                 id: pageView
                 anchors.fill: parent
                 page: slot.page
-                notice: stack.notice
+                notices: stack.notices
                 focus: true
             }
             Rectangle {

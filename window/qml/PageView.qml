@@ -7,22 +7,22 @@ FocusScope {
     required property var page
 
     readonly property alias content: content.item
-    /// The notice over the pages.
-    required property Item notice
+    /// The notices over the pages.
+    required property Item notices
 
     // Rows are created as they come into sight, so the window's own order of focus has only some of them, in any order. A
     // page of text keeps that order.
     readonly property bool hasStops: content.item !== null
                                      && (content.item.stepRow !== undefined || content.item.takeFocus !== undefined)
 
-    /// Moves the keyboard focus to the next of the bar's buttons, the search, the page's rows or links, and the notice, in
+    /// Moves the keyboard focus to the next of the bar's buttons, the search, the page's rows or links, and the notices, in
     /// a circle. Returns false on a page that keeps the window's own order.
     function moveFocus(forward) {
         if (!hasStops)
             return false;
         const shown = content.item;
         // Null is the place of the rows or links.
-        const stops = bar.stops().concat(shown.stopsBefore ? shown.stopsBefore() : [], [null], notice.stops());
+        const stops = bar.stops().concat(shown.stopsBefore ? shown.stopsBefore() : [], [null], notices.stops());
         const held = stops.findIndex((stop) => stop !== null && stop.activeFocus);
         if (held < 0 && shown.stepRow && shown.stepRow(forward))
             return true;

@@ -2,7 +2,7 @@ import QtQuick
 import Wardlock.Native
 
 // The text field of a row. What is typed is passed on at once and stored when the editing ends.
-TextInput {
+UndoField {
     id: field
     required property var page
     required property var entry
@@ -48,10 +48,12 @@ TextInput {
             page.beginEditing(entry.section, entry.row);
         } else {
             page.endEditing();
+            // Assigning another text forgets the typing, which cannot be taken back any more.
+            text = "";
             text = entry.value;
         }
     }
-    onTextEdited: page.typeText(text)
+    onChanged: (text) => page.typeText(text)
     onAccepted: focus = false
     TextMenuOpener {}
 

@@ -35,7 +35,7 @@ Item {
             thickness: 1.5
             color: Theme.value
         }
-        TextInput {
+        UndoField {
             id: input
             objectName: "search"
             anchors.left: parent.left

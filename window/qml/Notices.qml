@@ -1,0 +1,40 @@
+import QtQuick
+import Wardlock.Native
+
+// What the application itself offers and reports, over the pages.
+Item {
+    id: notices
+    /// The key that moves the keyboard focus on was pressed in a notice.
+    signal tabbed(var event, bool forward)
+
+    /// What takes the keyboard focus.
+    function stops() {
+        return offer.stops().concat(notice.stops());
+    }
+
+    NoticeBar {
+        id: offer
+        objectName: "offer"
+        width: parent.width
+        // Not a column, which moves its items only when the next picture is drawn.
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: notice.visible ? notice.height + 8 : 0
+        text: settings.offer
+        readonly property bool restores: settings.offeredAction === "restore"
+        button: restores ? qsTr("Restore") : qsTr("Undo")
+        refusal: restores ? qsTr("Not Now") : ""
+        onPressed: restores ? settings.restore() : settings.undo()
+        onRefused: settings.dismissOffer()
+        onTabbed: (event, forward) => notices.tabbed(event, forward)
+    }
+    NoticeBar {
+        id: notice
+        objectName: "notice"
+        width: parent.width
+        anchors.bottom: parent.bottom
+        text: settings.notice
+        button: qsTr("OK")
+        onPressed: settings.dismissNotice()
+        onTabbed: (event, forward) => notices.tabbed(event, forward)
+    }
+}
