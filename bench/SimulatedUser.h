@@ -11,10 +11,7 @@ namespace wardlock::bench {
 /// process.
 class SimulatedUser {
 public:
-    /// Some of the measured documents have a passcode: Settings asks for none, since the pages are measured.
-    explicit SimulatedUser(shell::SettingsApplication& settings) : settings_(settings) {
-        settings_.turnOffGuard();
-    }
+    explicit SimulatedUser(shell::SettingsApplication& settings) : settings_(settings) {}
 
     /// Returns the first row of the page with that label.
     platform::NSIndexPath find(std::string_view label);

@@ -15,6 +15,12 @@ namespace wardlock::cli {
 namespace {
 
 constexpr std::size_t mostNoticeLines = 4;
+constexpr char32_t restoringKey = 'R';
+
+std::string offerText(const shell::Offer& offer) {
+    return offer.text + (offer.kind == shell::Offer::Kind::Undo ? "; u takes that back."
+                                                                : ".\nR restores it, Esc does not.");
+}
 
 } // namespace
 
@@ -44,6 +50,11 @@ bool FullScreenView::run() {
 
 void FullScreenView::pageChanged() {
     page_.forgetLines(handling_ ? PageView::Change::Own : PageView::Change::Foreign);
+    stale_ = true;
+}
+
+void FullScreenView::rowFound(shell::Page&, platform::NSIndexPath path) {
+    page_.showRow(path);
     stale_ = true;
 }
 
@@ -96,12 +107,28 @@ void FullScreenView::handleOnPage(const Key& key) {
         if (key.kind == KeyKind::Escape)
             return;
     }
+    if (!page_.isTyping() && handleOffer(key))
+        return;
     if (page_.handle(key))
         return;
     if (key.is('q'))
         over_ = true;
     else if (key.is('?'))
         sheet_ = std::make_unique<HelpSheet>();
+}
+
+bool FullScreenView::handleOffer(const Key& key) {
+    const auto& offer = settings_.screen().offer();
+    // Any page takes the key for undoing.
+    if (!offer || offer->kind != shell::Offer::Kind::Restore)
+        return false;
+    if (key.is(restoringKey))
+        page_.report(settings_.recovery().restore());
+    else if (key.kind == KeyKind::Escape)
+        settings_.recovery().dismiss();
+    else
+        return false;
+    return true;
 }
 
 void FullScreenView::draw() {
@@ -119,11 +146,13 @@ void FullScreenView::draw() {
 }
 
 void FullScreenView::drawNotice() {
-    const std::string& notice = settings_.screen().notice();
-    if (notice.empty())
+    const shell::Screen& screen = settings_.screen();
+    std::string text = screen.offer() ? offerText(*screen.offer()) : std::string();
+    text += (text.empty() || screen.notice().empty() ? "" : "\n") + screen.notice();
+    if (text.empty())
         return;
     const PageLayout layout(canvas_);
-    auto lines = wrapped(notice, layout.textColumns());
+    auto lines = wrapped(text, layout.textColumns());
     lines.resize(std::min({lines.size(), mostNoticeLines, layout.body.lines}));
     for (std::size_t index = 0; index < lines.size(); ++index) {
         const std::size_t line = layout.status.start.line - lines.size() + index;

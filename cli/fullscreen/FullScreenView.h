@@ -30,6 +30,7 @@ private:
     void pageChanged(shell::Page&) override { pageChanged(); }
     void listReset(shell::Page&) override { pageChanged(); }
     void rowInserted(shell::Page&, platform::NSIndexPath, bool) override { pageChanged(); }
+    void rowFound(shell::Page&, platform::NSIndexPath path) override;
     void contentChanged(shell::Page&) override { pageChanged(); }
     void rowChanged(shell::Page&, platform::NSIndexPath) override { stale_ = true; }
     void tableRowChanged(shell::Page&, platform::NSIndexPath) override { stale_ = true; }
@@ -37,12 +38,15 @@ private:
     void presentationChanged() override { stale_ = true; }
     void editingChanged() override { stale_ = true; }
     void noticeChanged() override { stale_ = true; }
+    void offerChanged() override { stale_ = true; }
 
     void pageChanged();
     void turn();
     void followStop();
     void handle(const Key& key);
     void handleOnPage(const Key& key);
+    /// Returns whether the key took or refused what Settings offers.
+    bool handleOffer(const Key& key);
     /// Has the sheet that covers the page now, if any.
     void followSheets();
     void draw();

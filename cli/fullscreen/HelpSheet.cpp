@@ -24,6 +24,8 @@ constexpr std::array entries{
     Entry{"/, other letters", "find a row"},
     Entry{"+", "press the button at the top right"},
     Entry{"Tab", "select a link of a web page"},
+    Entry{"u", "take the last change back"},
+    Entry{"Ctrl+R", "make it again"},
     Entry{"Ctrl+Z", "suspend; the shell's fg returns"},
     Entry{"Ctrl+L", "redraw the screen"},
     Entry{"q, Ctrl+C", "quit"},

@@ -160,6 +160,14 @@ std::size_t PageView::linkCount() const {
     return web ? web->links().size() : 0;
 }
 
+void PageView::showRow(platform::NSIndexPath path) {
+    update();
+    if (const auto line = state_.lines.find(path)) {
+        state_.cursor.moveTo(state_.lines, *line);
+        rememberCursorRow();
+    }
+}
+
 void PageView::report(const shell::InputResult& result) {
     message_ = refusalText(result);
 }

@@ -29,12 +29,15 @@ public:
     /// To be called when the page shows other rows, or texts. The cursor follows its row, and goes to a row
     /// that the user has added.
     void forgetLines(Change change);
+    /// Moves the cursor to the row.
+    void showRow(platform::NSIndexPath path);
     /// Whether keys are text of a field now.
     bool isTyping() const { return editor_ || find_; }
     bool isFinding() const { return find_ && !editor_; }
     std::vector<Hint> hints();
     /// Why the last key had no effect; empty when it had. It is shown until the next key.
     const std::string& message() const { return message_; }
+    void report(const shell::InputResult& result);
 
 private:
     using Position = std::pair<std::weak_ptr<shell::Page>, ListCursor>;
@@ -72,7 +75,6 @@ private:
     void followLinkAt(const std::string& text, std::size_t column);
     bool moveSlider(int steps);
     void wheel(std::ptrdiff_t lines);
-    void report(const shell::InputResult& result);
 
     std::optional<shell::Row> cursorRow();
     std::optional<std::size_t> lineAt(Point point) const;

@@ -107,6 +107,10 @@ bool PageView::handleCommand(const Key& key) {
         report(settings_.page().tapBarButton());
     else if (key.is('/') || key.isControl('f'))
         beginFinding({});
+    else if (key.is('u'))
+        report(settings_.history().undo());
+    else if (key.isControl('r'))
+        report(settings_.history().redo());
     else if (key.is('q') || key.is('?'))
         return false;
     else if (key.isText())

@@ -28,7 +28,8 @@ TextPage::Size terminalSize() {
 
 TerminalView::TerminalView(shell::SettingsApplication& settings, SettingsLoop& loop, TextStyle style)
     : settings_(settings), dialog_(loop, style), sheets_(settings, loop, dialog_),
-      changes_(settings.observe(*this)), turns_(loop.observeTurns([this] { followTurn(); })) {}
+      offerIsNew_(settings.screen().offer().has_value()), changes_(settings.observe(*this)),
+      turns_(loop.observeTurns([this] { followTurn(); })) {}
 
 void TerminalView::run() {
     while (!dialog_.isOver()) {
@@ -68,7 +69,22 @@ void TerminalView::showPage() {
     stale_ = false;
 }
 
+void TerminalView::offerChanged() {
+    offerIsNew_ = settings_.screen().offer().has_value();
+    stale_ = stale_ || offerIsNew_;
+}
+
+void TerminalView::showOffer() {
+    const auto& offer = settings_.screen().offer();
+    if (!std::exchange(offerIsNew_, false) || !offer)
+        return;
+    const char* how = offer->kind == shell::Offer::Kind::Undo ? "; u takes that back." : ".\nR restores it.";
+    for (const auto& line : wrapped(offer->text + how, Terminal::columns()))
+        Output::line(dialog_.style().bold(line));
+}
+
 void TerminalView::showNotice() {
+    showOffer();
     if (settings_.screen().notice().empty())
         return;
     for (const auto& line : wrapped(settings_.screen().notice(), Terminal::columns()))
@@ -105,6 +121,12 @@ void TerminalView::runPageCommand(const std::string& word) {
         dialog_.printRefusal(settings_.page().tapBarButton());
     } else if (word == "n" || word == "p") {
         turnPage(word == "n");
+    } else if (word == "u") {
+        dialog_.printRefusal(settings_.history().undo());
+    } else if (word == "r") {
+        dialog_.printRefusal(settings_.history().redo());
+    } else if (word == "R" && settings_.screen().offer()) {
+        dialog_.printRefusal(settings_.recovery().restore());
     } else if (word == "z") {
         settings_.resignActive();
     } else if (word.starts_with("f ")) {
@@ -199,6 +221,7 @@ void TerminalView::showHelp() {
                  "  b          go back\n"
                  "  +          press the button at the top right\n"
                  "  n, p       show the next or the previous part of a long page\n"
+                 "  u, r       take your last change back, or make it again\n"
                  "  f LINK     follow a link of the page, by its number or its address\n"
                  "  z          switch to another application and back, as Ctrl+Z does; closes the\n"
                  "             keypad, where it can be typed too\n"

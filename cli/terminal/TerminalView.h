@@ -28,6 +28,7 @@ private:
     void rowChanged(shell::Page&, platform::NSIndexPath) override { stale_ = true; }
     void contentChanged(shell::Page&) override { stale_ = true; }
     void noticeChanged() override { stale_ = true; }
+    void offerChanged() override;
 
     void askPage();
     void runPageCommand(const std::string& word);
@@ -41,6 +42,7 @@ private:
     void turnPage(bool forward);
     void showHelp();
     void showNotice();
+    void showOffer();
     void followTurn();
     void redrawIfStale();
 
@@ -56,6 +58,8 @@ private:
     std::size_t mostShown_ = 0;
     std::size_t count_ = 0;
     bool stale_ = false;
+    /// Whether Settings offers something that was not printed.
+    bool offerIsNew_ = false;
     bool pageIsAsked_ = false;
     /// Whether the page needs no repetition: it was printed right above an error or the help.
     bool pageStands_ = false;

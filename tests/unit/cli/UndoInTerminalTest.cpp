@@ -1,0 +1,169 @@
+#include "tests/support/TerminalProcess.h"
+#include "tests/unit/cli/FullScreenFixture.h"
+
+#include <string>
+
+namespace wardlock::test {
+namespace {
+
+/// Taking changes back on the whole screen, and in the lines of a plain terminal.
+class UndoInTerminal : public FullScreenFixture {
+protected:
+    static constexpr const char* question = "q quit: ";
+
+    static void deleteAccount(ScreenProcess& screen, const std::string& name) {
+        tap(screen, name);
+        screen.waitFor("‹ Wardlock");
+        screen.type(std::string(end) + "\r");
+        screen.waitFor("Are you sure");
+        screen.type("\t\r");
+    }
+    void damage() {
+        removeFile(documentPath);
+        writeFile(documentPath, "no document");
+    }
+};
+
+TEST_F(UndoInTerminal, TakesATapBackByUAndMakesItAgainByCtrlR) {
+    const auto screen = open();
+    screen->type(" ");
+    screen->waitFor("off ○──");
+    screen->type("u");
+    screen->waitFor("on ━━●");
+    EXPECT_TRUE(documentHolds("<key>kEnabled</key>\n\t<true/>"));
+    screen->type("\x12");
+    screen->waitFor("off ○──");
+    EXPECT_TRUE(documentHolds("<key>kEnabled</key>\n\t<false/>"));
+}
+
+TEST_F(UndoInTerminal, GivesTheReasonWhereThereIsNothingToTakeBack) {
+    const auto screen = open();
+    screen->type("u");
+    screen->waitFor("Not possible: there is nothing to undo.");
+}
+
+TEST_F(UndoInTerminal, FollowsToTheRowOfTheChange) {
+    const auto screen = open();
+    tap(*screen, "Default");
+    screen->waitFor("‹ Wardlock");
+    tap(*screen, "Video");
+    screen->waitForLine(23, "  Find: Video" + std::string(60, ' ') + "1 row");
+    screen->type(escape);
+    screen->waitUntilGone("Find:");
+    screen->type(escape);
+    screen->waitFor("Change Log");
+    screen->type("u");
+    screen->waitFor("‹ Wardlock");
+    screen->waitForBackground("Video", "index 25");
+}
+
+TEST_F(UndoInTerminal, OffersToReturnADeletedAccountByU) {
+    writeAccounts({"Ann", "Tom"});
+    const auto screen = open();
+    deleteAccount(*screen, "Ann");
+    screen->waitFor("Ann was deleted; u takes that back.");
+    EXPECT_FALSE(documentHolds("<string>Ann</string>"));
+    screen->type("u");
+    screen->waitUntilGone("was deleted");
+    EXPECT_TRUE(documentHolds("<string>Ann</string>"));
+    screen->waitForBackground("Ann", "index 25");
+}
+
+TEST_F(UndoInTerminal, GivesTheReasonWhereAnotherProcessesChangeWouldBeLost) {
+    writeAccounts({"Ann"});
+    const auto screen = open();
+    tap(*screen, "Ann");
+    screen->waitFor("‹ Wardlock");
+    tap(*screen, "Account Name");
+    screen->type("a\r");
+    screen->waitFor("Anna");
+    ASSERT_EQ(wardlockCommand({"account", "rename", "Anna", "Annabel"}).exitCode, 0);
+    screen->waitFor("Annabel");
+    screen->type("u");
+    screen->waitFor("Cannot undo: Ann: Account Name was changed again.");
+    EXPECT_TRUE(documentHolds("<string>Annabel</string>"));
+}
+
+TEST_F(UndoInTerminal, TypesAUIntoAField) {
+    writeAccounts({"Ann"});
+    const auto screen = open();
+    tap(*screen, "Ann");
+    screen->waitFor("‹ Wardlock");
+    tap(*screen, "Account Name");
+    screen->type("u\r");
+    screen->waitFor("Annu");
+    EXPECT_TRUE(documentHolds("<string>Annu</string>"));
+}
+
+TEST_F(UndoInTerminal, NamesItsKeysInTheHelp) {
+    const auto screen = open();
+    screen->type("?");
+    screen->waitFor("take the last change back");
+    screen->waitFor("Ctrl+R");
+}
+
+TEST_F(UndoInTerminal, RestoresDamagedSettingsByShiftR) {
+    ASSERT_EQ(wardlockCommand({"account", "add", "Ann"}).exitCode, 0);
+    const std::string good = readFile(documentPath);
+    damage();
+    const auto screen = open();
+    screen->waitFor("The settings are damaged. Their last good version can be restored.");
+    screen->waitFor("R restores it, Esc does not.");
+    EXPECT_EQ(readFile(documentPath), "no document");
+    screen->type("R");
+    screen->waitUntilGone("damaged");
+    screen->waitFor("Ann");
+    EXPECT_EQ(readFile(documentPath), good);
+}
+
+TEST_F(UndoInTerminal, LeavesDamagedSettingsAloneAfterEscape) {
+    ASSERT_EQ(wardlockCommand({"account", "add", "Ann"}).exitCode, 0);
+    damage();
+    const auto screen = open();
+    screen->waitFor("R restores it");
+    screen->type(escape);
+    screen->waitUntilGone("damaged");
+    screen->waitFor("‹ Settings");
+    EXPECT_EQ(readFile(documentPath), "no document");
+}
+
+TEST_F(UndoInTerminal, HasCommandsInThePlainTerminal) {
+    writeAccounts({"Ann", "Tom"});
+    TerminalProcess terminal(command, {"settings", "--plain"});
+    terminal.waitFor(question);
+    terminal.type("1\n");
+    EXPECT_NE(terminal.waitFor(question).find("off"), std::string::npos);
+    terminal.type("u\n");
+    EXPECT_NE(terminal.waitFor(question).find("on"), std::string::npos);
+    EXPECT_TRUE(documentHolds("<key>kEnabled</key>\n\t<true/>"));
+    terminal.type("r\n");
+    terminal.waitFor(question);
+    EXPECT_TRUE(documentHolds("<key>kEnabled</key>\n\t<false/>"));
+    terminal.type("Ann\n");
+    terminal.waitFor(question);
+    terminal.type("Delete Account\n");
+    terminal.waitFor("Are you sure");
+    terminal.waitFor("Number: ");
+    terminal.type("2\n");
+    terminal.waitFor("Ann was deleted; u takes that back.");
+    terminal.waitFor(question);
+    terminal.type("u\n");
+    EXPECT_NE(terminal.waitFor(question).find("Ann"), std::string::npos);
+    EXPECT_TRUE(documentHolds("<string>Ann</string>"));
+}
+
+TEST_F(UndoInTerminal, RestoresDamagedSettingsInThePlainTerminal) {
+    ASSERT_EQ(wardlockCommand({"account", "add", "Ann"}).exitCode, 0);
+    const std::string good = readFile(documentPath);
+    damage();
+    TerminalProcess terminal(command, {"settings", "--plain"});
+    terminal.waitFor("The settings are damaged. Their last good version can be restored.");
+    terminal.waitFor("R restores it.");
+    terminal.waitFor(question);
+    terminal.type("R\n");
+    EXPECT_NE(terminal.waitFor(question).find("Ann"), std::string::npos);
+    EXPECT_EQ(readFile(documentPath), good);
+}
+
+} // namespace
+} // namespace wardlock::test
