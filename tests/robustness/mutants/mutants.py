@@ -493,9 +493,10 @@ ALL = [
     ]),
     # Property lists.
     Mutant("xml-reader-loses-a-key", "a dictionary's empty key is lost in reading", ("fuzz.value",), [
-        ("platform/plist/PropertyListBuilder.cpp", "    Dictionary dictionary = dictionaries_.make(",
-         "    if (frame.keyCount > 1 && keys_[frame.firstKey].empty())\n"
-         "        return Dictionary{{keys_[frame.firstKey + 1], values[1]}};\n    Dictionary dictionary = dictionaries_.make("),
+        ("platform/plist/PropertyListBuilder.cpp", "    const ArenaValue closed = dictionaries_.make({keys_.data() + frame.firstKey, frame.keyCount}, values);",
+         "    const bool loses = frame.keyCount > 1 && keys_[frame.firstKey].empty();\n"
+         "    const ArenaValue closed = dictionaries_.make(\n"
+         "        {keys_.data() + frame.firstKey + loses, frame.keyCount - loses}, values + loses);"),
     ]),
     Mutant("binary-reader-loses-a-key", "a dictionary's last entry is lost in reading", ("fuzz.value",), [
         ("platform/plist/BinaryPropertyListReader.cpp", "    ArenaValue* const values = values_.data() + first;\n",

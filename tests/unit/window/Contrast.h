@@ -17,7 +17,7 @@ inline double luminance(const QColor& color) {
 
 /// The ratio of contrast of the same guidelines, from 1 to 21.
 inline double contrast(const QColor& one, const QColor& other) {
-    const auto [dark, light] = std::minmax(luminance(one), luminance(other));
+    const auto [dark, light] = std::minmax({luminance(one), luminance(other)});
     return (light + 0.05) / (dark + 0.05);
 }
 
