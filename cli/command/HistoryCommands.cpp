@@ -48,8 +48,9 @@ void printVersion(const History& history, const Version& version) {
     std::string origin(originText(version.origin));
     origin.resize(longestOrigin, ' ');
     std::string line = std::to_string(version.number) + "  " + localTime(version.time) + "  " + origin + "  ";
-    if (version.origin.deed != platform::Deed::Change)
-        line += std::string(deedWord(version.origin.deed)) + ' ' + std::to_string(version.origin.of) + ": ";
+    if (version.origin.action != platform::VersionAction::Change)
+        line +=
+            std::string(actionWord(version.origin.action)) + ' ' + std::to_string(version.origin.of) + ": ";
     Output::line(line + printable(joined(describe(history, version))));
 }
 
@@ -58,8 +59,8 @@ void printJson(const History& history, const Version& version) {
     json["number"] = version.number;
     json["time"] = universalTime(version.time);
     json["origin"] = version.origin.place;
-    json["deed"] = deedWord(version.origin.deed);
-    if (version.origin.deed != platform::Deed::Change)
+    json["action"] = actionWord(version.origin.action);
+    if (version.origin.action != platform::VersionAction::Change)
         json["of"] = version.origin.of;
     const auto changes = history.changes(version);
     json["changes"] = changes ? Json(changeTexts(*changes)) : Json();
@@ -133,7 +134,7 @@ const Verb historyVerb{
     "If no version can be kept, prints the reason, and the exit code is 1.\n"
     "\n"
     "With --json, prints one object per line: \"number\", \"time\", \"origin\" (\"settings\",\n"
-    "\"command\", \"program\" or \"unknown\"), \"deed\" (\"change\", \"undo\", \"redo\" or\n"
+    "\"command\", \"program\" or \"unknown\"), \"action\" (\"change\", \"undo\", \"redo\" or\n"
     "\"restore\"), \"of\" (the version that was taken back or restored), and \"changes\"\n"
     "(texts, or null if they are not known).\n",
     jsonOptions,

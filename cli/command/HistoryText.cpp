@@ -21,15 +21,15 @@ std::string_view originText(const platform::VersionOrigin& origin) {
     return origin.place == CommandPlace ? "command" : "another program";
 }
 
-std::string_view deedWord(platform::Deed deed) {
-    switch (deed) {
-    case platform::Deed::Undo:
+std::string_view actionWord(platform::VersionAction action) {
+    switch (action) {
+    case platform::VersionAction::Undo:
         return "undo";
-    case platform::Deed::Redo:
+    case platform::VersionAction::Redo:
         return "redo";
-    case platform::Deed::Restore:
+    case platform::VersionAction::Restore:
         return "restore";
-    case platform::Deed::Change:
+    case platform::VersionAction::Change:
         break;
     }
     return "change";

@@ -21,8 +21,11 @@ constexpr std::int64_t latestTime = 9'999'999'999'999;
 constexpr int decimal = 10;
 constexpr int hexadecimal = 16;
 
-constexpr std::array<std::pair<Deed, std::string_view>, 4> deeds = {
-    {{Deed::Change, "change"}, {Deed::Undo, "undo"}, {Deed::Redo, "redo"}, {Deed::Restore, "restore"}}};
+constexpr std::array<std::pair<VersionAction, std::string_view>, 4> actions = {
+    {{VersionAction::Change, "change"},
+     {VersionAction::Undo, "undo"},
+     {VersionAction::Redo, "redo"},
+     {VersionAction::Restore, "restore"}}};
 
 std::string padded(std::uint64_t number, std::size_t digits, int base) {
     char text[20];
@@ -47,13 +50,13 @@ std::string_view nextPart(std::string_view& rest) {
     return part;
 }
 
-bool readDeed(std::string_view text, VersionOrigin& origin) {
-    for (const auto& [deed, name] : deeds) {
+bool readAction(std::string_view text, VersionOrigin& origin) {
+    for (const auto& [action, name] : actions) {
         if (!text.starts_with(name))
             continue;
         const std::string_view number = text.substr(name.size());
-        origin.deed = deed;
-        if (deed == Deed::Change)
+        origin.action = action;
+        if (action == VersionAction::Change)
             return number.empty();
         return !number.empty() && number.size() <= numberDigits &&
                read(number, number.size(), decimal, origin.of);
@@ -68,10 +71,10 @@ std::string Version::name() const {
     const std::int64_t when = std::clamp<std::int64_t>(time, 0, latestTime);
     text += '-' + padded(static_cast<std::uint64_t>(when), timeDigits, decimal);
     text += '-' + origin.place + '-' + padded(origin.process, processDigits, hexadecimal) + '-';
-    for (const auto& [deed, name] : deeds)
-        if (deed == origin.deed)
+    for (const auto& [action, name] : actions)
+        if (action == origin.action)
             text += name;
-    if (origin.deed != Deed::Change)
+    if (origin.action != VersionAction::Change)
         text += std::to_string(origin.of);
     text += '-' + padded(digest, digestDigits, hexadecimal);
     return text.append(ending);
@@ -88,7 +91,7 @@ std::optional<Version> Version::ofName(std::string_view name) {
     version.origin.place = nextPart(name);
     if (!isVersionPlace(version.origin.place) ||
         !read(nextPart(name), processDigits, hexadecimal, version.origin.process) ||
-        !readDeed(nextPart(name), version.origin) || !read(name, digestDigits, hexadecimal, version.digest))
+        !readAction(nextPart(name), version.origin) || !read(name, digestDigits, hexadecimal, version.digest))
         return std::nullopt;
     return version;
 }
@@ -125,7 +128,7 @@ std::uint64_t versionDigest(std::string_view bytes) {
     Words digests{1, 2, 3, 4};
     std::uint64_t whole = bytes.size();
     while (!bytes.empty()) {
-        // The last words are filled up with zeros; the length tells them from zeros of the document.
+        // The last words are filled up with zeros; the length distinguishes them from zeros of the document.
         Words words{};
         const std::size_t taken = std::min(bytes.size(), sizeof words);
         std::memcpy(words.data(), bytes.data(), taken);

@@ -15,9 +15,9 @@ namespace platform {
 ///
 ///     0000000042-1763787685123-settings-1a2b3c4d-change-0123456789abcdef.plist
 ///
-/// The parts are the number, milliseconds since 1970, the origin's place and process, the deed ("undo41" for
-/// the undoing of version 41), and the digest of the content. Everything is in the name: no second file can
-/// get lost or disagree.
+/// The parts are the number, milliseconds since 1970, the origin's place and process, the action ("undo41"
+/// for the undoing of version 41), and the digest of the content. Everything is in the name: no second file
+/// can get lost or disagree.
 struct WARDLOCK_API Version {
     /// Counts the versions of a document, from 1. Numbers give the order, whatever the clock says. Two
     /// processes that write at the same moment can choose the same number; then time and name give the order.

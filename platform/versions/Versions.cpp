@@ -39,7 +39,7 @@ void setVersionPlace(std::string_view place) {
 }
 
 VersionOrigin ownVersionOrigin(const Versions& versions) {
-    return {.place = ownPlace(), .process = ownProcess(), .deed = versions.deed, .of = versions.of};
+    return {.place = ownPlace(), .process = ownProcess(), .action = versions.action, .of = versions.of};
 }
 
 void setVersionClock(VersionClock clock) {

@@ -19,12 +19,12 @@ enum class KeepVersions {
 };
 
 /// What a change does to earlier ones.
-enum class Deed { Change, Undo, Redo, Restore };
+enum class VersionAction { Change, Undo, Redo, Restore };
 
 /// How a write keeps versions.
 struct Versions {
     KeepVersions keep = KeepVersions::Always;
-    Deed deed = Deed::Change;
+    VersionAction action = VersionAction::Change;
     /// The number of the version that was taken back, set again or restored; 0 for a plain change.
     std::uint64_t of = 0;
 };
@@ -35,7 +35,7 @@ struct VersionOrigin {
     std::string place;
     /// A number that each process draws at its first write; 0 where the writer is not known.
     std::uint32_t process = 0;
-    Deed deed = Deed::Change;
+    VersionAction action = VersionAction::Change;
     std::uint64_t of = 0;
 
     bool operator==(const VersionOrigin&) const = default;

@@ -13,9 +13,9 @@ namespace wardlock {
 
 namespace {
 
-using platform::Deed;
 using platform::Dictionary;
 using platform::Version;
+using platform::VersionAction;
 using Outcome = UndoResult::Outcome;
 
 /// The versions that undo() and redo() take back, the next one last. A version is the change that led to it.
@@ -33,15 +33,15 @@ struct Stacks {
 private:
     void add(const Version& version) {
         const auto isTaken = [&](const Version* other) { return other->number == version.origin.of; };
-        switch (version.origin.deed) {
-        case Deed::Undo:
+        switch (version.origin.action) {
+        case VersionAction::Undo:
             std::erase_if(undo, isTaken);
             return redo.push_back(&version);
-        case Deed::Redo:
+        case VersionAction::Redo:
             std::erase_if(redo, isTaken);
             return undo.push_back(&version);
-        case Deed::Change:
-        case Deed::Restore:
+        case VersionAction::Change:
+        case VersionAction::Restore:
             redo.clear();
             undo.push_back(&version);
         }
@@ -115,13 +115,13 @@ UndoResult change(std::string_view identifier, const platform::Versions& version
     return result;
 }
 
-UndoResult takeBackChange(const std::optional<Target>& target, Deed deed, LaterChanges later,
+UndoResult takeBackChange(const std::optional<Target>& target, VersionAction action, LaterChanges later,
                           std::string_view identifier) {
     if (!target)
         return {};
     std::vector<std::string> conflicts;
     UndoResult result =
-        change(identifier, {.deed = deed, .of = target->version->number}, [&](const Dictionary& now) {
+        change(identifier, {.action = action, .of = target->version->number}, [&](const Dictionary& now) {
             TakingBack taken = takeBack(target->before, target->after, target->since, now, later);
             conflicts = std::move(taken.conflicts);
             return std::move(taken.document);
@@ -154,13 +154,13 @@ std::optional<UndoStep> redoStep(Whose whose, std::string_view identifier) {
 UndoResult undo(Whose whose, LaterChanges later, std::string_view identifier) {
     const History history(identifier);
     const auto target = lastChange(history, Stacks(history, whose).undo);
-    return takeBackChange(target, Deed::Undo, later, identifier);
+    return takeBackChange(target, VersionAction::Undo, later, identifier);
 }
 
 UndoResult redo(Whose whose, LaterChanges later, std::string_view identifier) {
     const History history(identifier);
     const auto target = lastChange(history, Stacks(history, whose).redo);
-    return takeBackChange(target, Deed::Redo, later, identifier);
+    return takeBackChange(target, VersionAction::Redo, later, identifier);
 }
 
 UndoResult restoreVersion(std::uint64_t number, std::string_view identifier) {
@@ -169,7 +169,7 @@ UndoResult restoreVersion(std::uint64_t number, std::string_view identifier) {
     const auto document = version ? history.document(*version) : std::nullopt;
     if (!document)
         return {};
-    return change(identifier, {.deed = Deed::Restore, .of = number},
+    return change(identifier, {.action = VersionAction::Restore, .of = number},
                   [&](const Dictionary&) { return document; });
 }
 

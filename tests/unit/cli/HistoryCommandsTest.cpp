@@ -32,7 +32,7 @@ protected:
         std::vector<std::string> found;
         for (std::string line; std::getline(lines, line);) {
             const auto json = nlohmann::json::parse(line);
-            std::string text = json["deed"];
+            std::string text = json["action"];
             if (json.contains("of"))
                 text += std::to_string(json["of"].get<int>());
             for (const auto& change : json["changes"])
@@ -67,7 +67,7 @@ TEST_F(HistoryCommand, PrintsAnObjectForEachVersionWithJson) {
     const auto json = nlohmann::json::parse(first);
     EXPECT_EQ(json["number"], 2);
     EXPECT_EQ(json["origin"], "command");
-    EXPECT_EQ(json["deed"], "change");
+    EXPECT_EQ(json["action"], "change");
     EXPECT_EQ(json["changes"], nlohmann::json::array({"Wardlock off"}));
     EXPECT_EQ(json["time"].get<std::string>().size(), std::string("2026-11-22T05:01:25.123Z").size());
     std::string second;

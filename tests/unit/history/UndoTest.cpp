@@ -168,7 +168,7 @@ TEST_F(Undo, RecordsWhatItTookBack) {
     undo(Whose::Anyones);
     const History history;
     const platform::Version& last = history.versions().back();
-    EXPECT_EQ(last.origin.deed, platform::Deed::Undo);
+    EXPECT_EQ(last.origin.action, platform::VersionAction::Undo);
     EXPECT_EQ(last.origin.of, last.number - 1);
 }
 

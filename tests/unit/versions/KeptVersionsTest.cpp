@@ -47,16 +47,16 @@ TEST_F(KeptVersions, AreSynchronisedByNoCallOfTheirOwn) {
 TEST_F(KeptVersions, NameTheirWriterAndTheirTime) {
     write(1);
     platform::setVersionPlace("command");
-    write(2, {KeepVersions::Always, platform::Deed::Undo, 1});
+    write(2, {KeepVersions::Always, platform::VersionAction::Undo, 1});
     const auto kept = versions();
     ASSERT_EQ(kept.size(), 2u);
     EXPECT_EQ(kept[0].number, 1u);
     EXPECT_EQ(kept[0].origin.place, "settings");
-    EXPECT_EQ(kept[0].origin.deed, platform::Deed::Change);
+    EXPECT_EQ(kept[0].origin.action, platform::VersionAction::Change);
     EXPECT_EQ(kept[0].time, now - 1);
     EXPECT_EQ(kept[1].number, 2u);
     EXPECT_EQ(kept[1].origin,
-              (platform::VersionOrigin{"command", kept[0].origin.process, platform::Deed::Undo, 1}));
+              (platform::VersionOrigin{"command", kept[0].origin.process, platform::VersionAction::Undo, 1}));
     EXPECT_NE(kept[0].origin.process, 0u);
 }
 

@@ -9,12 +9,12 @@
 namespace wardlock::test {
 namespace {
 
-using platform::Deed;
+using platform::VersionAction;
 
 const platform::Version sample = {
     .number = 42,
     .time = 1763787685123,
-    .origin = {.place = "settings", .process = 0x1a2b3c4d, .deed = Deed::Change, .of = 0},
+    .origin = {.place = "settings", .process = 0x1a2b3c4d, .action = VersionAction::Change, .of = 0},
     .digest = 0x0123456789abcdef};
 constexpr const char* sampleName = "0000000042-1763787685123-settings-1a2b3c4d-change-0123456789abcdef.plist";
 
@@ -25,10 +25,10 @@ TEST_F(Version, HasANameThatDescribesIt) {
     EXPECT_EQ(platform::Version::ofName(sampleName), sample);
 }
 
-TEST_F(Version, HasANameForEveryDeed) {
-    for (const Deed deed : {Deed::Undo, Deed::Redo, Deed::Restore}) {
+TEST_F(Version, HasANameForEveryAction) {
+    for (const VersionAction action : {VersionAction::Undo, VersionAction::Redo, VersionAction::Restore}) {
         platform::Version version = sample;
-        version.origin.deed = deed;
+        version.origin.action = action;
         version.origin.of = 7;
         EXPECT_EQ(platform::Version::ofName(version.name()), version) << version.name();
     }
@@ -39,7 +39,7 @@ TEST_F(Version, HasANameForTheLargestNumbers) {
     version.number = platform::largestVersionNumber;
     version.origin = {.place = "abcdefghijklmnop",
                       .process = ~0u,
-                      .deed = Deed::Restore,
+                      .action = VersionAction::Restore,
                       .of = platform::largestVersionNumber};
     version.digest = ~std::uint64_t(0);
     EXPECT_EQ(platform::Version::ofName(version.name()), version);

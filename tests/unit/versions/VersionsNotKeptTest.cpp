@@ -60,7 +60,7 @@ TEST_F(VersionsNotKept, LetEveryWriteSucceedInAnUnwritableFolder) {
 TEST_F(VersionsNotKept, LetRootCreateNoFolderForAnotherUser) {
     memory.actAs(0, 0);
     expectWrittenWithoutAVersion();
-    EXPECT_FALSE(memory.statusOf(history)) << "the user could not keep any more versions";
+    EXPECT_FALSE(memory.statusOf(history)) << "the user could keep no further version";
 }
 
 TEST_F(VersionsNotKept, LetEveryWriteSucceedWithoutHardLinks) {
