@@ -17,7 +17,7 @@ namespace {
 constexpr auto placeKey = "window/place";
 constexpr auto maximisedKey = "window/maximised";
 constexpr auto textScaleKey = "text/scale";
-/// Where the desktop has not told the frame yet: a title bar of the usual height.
+/// Where the desktop has not reported the frame yet: a title bar of the usual height.
 constexpr QMargins usualFrame(0, 40, 0, 0);
 
 QSettings storage() {

@@ -66,9 +66,9 @@ ScriptCommands::ScriptCommands(shell::SettingsApplication& settings, shell::Manu
       subscription_(settings.observe(*this)) {}
 
 Json ScriptCommands::run(const Json& command) {
-    Json answer = Json::object();
+    Json reply = Json::object();
     if (command.is_object() && command.contains("id"))
-        answer["id"] = command["id"];
+        reply["id"] = command["id"];
     try {
         if (!command.is_object())
             throw ScriptError("a command must be an object");
@@ -77,27 +77,27 @@ Json ScriptCommands::run(const Json& command) {
         const auto entry = std::ranges::find(table(), name, &Entry::name);
         if (entry == table().end())
             throw ScriptError("unknown command '" + name + '\'' + didYouMean(name, names()));
-        answer["ok"] = true;
-        (this->*entry->handler)(fields, answer);
+        reply["ok"] = true;
+        (this->*entry->handler)(fields, reply);
     } catch (const ScriptError& error) {
-        answer.erase("ok");
-        answer["error"] = error.what();
+        reply.erase("ok");
+        reply["error"] = error.what();
     }
     if (!unsaved_.empty())
-        answer["unsaved"] = std::exchange(unsaved_, {});
-    return answer;
+        reply["unsaved"] = std::exchange(unsaved_, {});
+    return reply;
 }
 
 void ScriptCommands::changeAnnounced(const shell::Announcement& announcement) {
     announced_.push_back(announcement);
 }
 
-void ScriptCommands::see(const ScriptFields& fields, Json& answer) {
+void ScriptCommands::see(const ScriptFields& fields, Json& reply) {
     fields.allowOnly({"first", "count"});
     const Json seen = screenJson(settings_.screen(),
                                  {fields.optionalIndex("first").value_or(0), fields.optionalIndex("count")});
     for (const auto& [name, value] : seen.items())
-        answer[name] = value;
+        reply[name] = value;
 }
 
 void ScriptCommands::tap(const ScriptFields& fields, Json&) {
@@ -210,11 +210,11 @@ void ScriptCommands::transitions(const ScriptFields& fields, Json&) {
     settings_.setTransitionSeconds(within(fields.number("seconds"), longestStep));
 }
 
-void ScriptCommands::posts(const ScriptFields& fields, Json& answer) {
+void ScriptCommands::posts(const ScriptFields& fields, Json& reply) {
     fields.allowOnly({});
-    answer["posts"] = Json::array();
+    reply["posts"] = Json::array();
     for (const auto& announcement : std::exchange(announced_, {}))
-        answer["posts"].push_back(
+        reply["posts"].push_back(
             {{"key", announcement.key},
              {"object", typedJson(announcement.object ? &*announcement.object : nullptr)},
              {"own", announcement.own}});

@@ -26,7 +26,7 @@ public:
     bool isOver() const { return over_; }
 
 private:
-    using Handler = void (ScriptCommands::*)(const ScriptFields&, Json& answer);
+    using Handler = void (ScriptCommands::*)(const ScriptFields&, Json& reply);
     struct Entry {
         std::string_view name;
         Handler handler;
@@ -37,28 +37,28 @@ private:
     void changeAnnounced(const shell::Announcement& announcement) override;
     void changeNotSaved(const std::string& reason) override { unsaved_ = reason; }
 
-    void see(const ScriptFields& fields, Json& answer);
-    void tap(const ScriptFields& fields, Json& answer);
-    void set(const ScriptFields& fields, Json& answer);
-    void type(const ScriptFields& fields, Json& answer);
-    void endTyping(const ScriptFields& fields, Json& answer);
-    void drag(const ScriptFields& fields, Json& answer);
-    void pressButton(const ScriptFields& fields, Json& answer);
-    void back(const ScriptFields& fields, Json& answer);
-    void undo(const ScriptFields& fields, Json& answer);
-    void redo(const ScriptFields& fields, Json& answer);
-    void restore(const ScriptFields& fields, Json& answer);
-    void choose(const ScriptFields& fields, Json& answer);
-    void keypad(const ScriptFields& fields, Json& answer);
-    void mail(const ScriptFields& fields, Json& answer);
-    void follow(const ScriptFields& fields, Json& answer);
-    void resign(const ScriptFields& fields, Json& answer);
-    void dismiss(const ScriptFields& fields, Json& answer);
-    void step(const ScriptFields& fields, Json& answer);
-    void transitions(const ScriptFields& fields, Json& answer);
-    void posts(const ScriptFields& fields, Json& answer);
-    void wait(const ScriptFields& fields, Json& answer);
-    void quit(const ScriptFields& fields, Json& answer);
+    void see(const ScriptFields& fields, Json& reply);
+    void tap(const ScriptFields& fields, Json& reply);
+    void set(const ScriptFields& fields, Json& reply);
+    void type(const ScriptFields& fields, Json& reply);
+    void endTyping(const ScriptFields& fields, Json& reply);
+    void drag(const ScriptFields& fields, Json& reply);
+    void pressButton(const ScriptFields& fields, Json& reply);
+    void back(const ScriptFields& fields, Json& reply);
+    void undo(const ScriptFields& fields, Json& reply);
+    void redo(const ScriptFields& fields, Json& reply);
+    void restore(const ScriptFields& fields, Json& reply);
+    void choose(const ScriptFields& fields, Json& reply);
+    void keypad(const ScriptFields& fields, Json& reply);
+    void mail(const ScriptFields& fields, Json& reply);
+    void follow(const ScriptFields& fields, Json& reply);
+    void resign(const ScriptFields& fields, Json& reply);
+    void dismiss(const ScriptFields& fields, Json& reply);
+    void step(const ScriptFields& fields, Json& reply);
+    void transitions(const ScriptFields& fields, Json& reply);
+    void posts(const ScriptFields& fields, Json& reply);
+    void wait(const ScriptFields& fields, Json& reply);
+    void quit(const ScriptFields& fields, Json& reply);
 
     bool hasHappened(std::string_view what);
 

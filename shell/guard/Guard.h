@@ -23,8 +23,8 @@ public:
     /// Returns whether the passcode is required now.
     bool isNeeded() const;
 
-    /// Runs `open` once the user may pass: at once, after the right passcode, or when a passcode is not
-    /// required any more. The fourth wrong passcode and Cancel drop it.
+    /// Runs `open` once the user may pass: at once, after the right passcode, or when a passcode is no
+    /// longer required. The fourth wrong passcode and Cancel drop it.
     void admit(std::function<void()> open);
     /// Returns whether its keypad is on the screen, also while it fades out.
     bool isAsking() const { return keypad_ && keypad_->isShown(); }

@@ -1,30 +1,17 @@
 #pragma once
 
-#include "window/items/PaintedItem.h"
-
-#include <QColor>
+#include "window/items/StrokedItem.h"
 
 namespace wardlock::window {
 
 /// The sign of a search.
-class Magnifier : public PaintedItem {
+class Magnifier : public StrokedItem {
     Q_OBJECT
-    Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY changed)
-    Q_PROPERTY(double thickness MEMBER thickness_ NOTIFY changed)
 
 public:
-    explicit Magnifier(QQuickItem* parent = nullptr);
+    explicit Magnifier(QQuickItem* parent = nullptr) : StrokedItem(parent, {19, 19}) {}
 
-    QColor color() const { return color_; }
-    void setColor(const QColor& color);
     void paint(QPainter& painter) override;
-
-signals:
-    void changed();
-
-private:
-    QColor color_;
-    double thickness_ = 2;
 };
 
 } // namespace wardlock::window

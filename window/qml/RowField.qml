@@ -48,7 +48,7 @@ UndoField {
             page.beginEditing(entry.section, entry.row);
         } else {
             page.endEditing();
-            // Assigning another text forgets the typing, which cannot be taken back any more.
+            // Assigning another text forgets the typing, which can no longer be taken back.
             text = "";
             text = entry.value;
         }

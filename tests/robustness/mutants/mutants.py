@@ -542,7 +542,7 @@ ALL = [
         ("linux/web/WebAddress.cpp", "return isWeb && address.size() <= LongestAddress ? address : std::string();", "return address;"),
     ]),
     Mutant("reply-without-id", "an error does not name its command", ("fuzz.script",), [
-        ("cli/script/ScriptCommands.cpp", 'answer.erase("ok");', 'answer.erase("ok");\n        answer.erase("id");'),
+        ("cli/script/ScriptCommands.cpp", 'reply.erase("ok");', 'reply.erase("ok");\n        reply.erase("id");'),
     ]),
     Mutant("last-account-deletable", "deleting the last account leaves none", ("fuzz.script",), [
         (LIST, "*this = changed.empty() ? defaults() : Accounts(changed.copy());", "*this = Accounts(changed.copy());"),

@@ -1,24 +1,14 @@
-#include "tests/support/BusFixture.h"
 #include "tests/support/TerminalProcess.h"
-#include "tests/unit/cli/CommandFixture.h"
+#include "tests/unit/cli/LineModeFixture.h"
 
 #include <string>
 
 namespace wardlock::test {
 namespace {
 
-constexpr const char* question = "q quit: ";
-
 /// Settings line by line.
-class TerminalAnswers : public BusFixture {
+class TerminalAnswers : public LineModeFixture {
 protected:
-    TerminalAnswers() {
-        environment.set("TERM", "xterm");
-        environment.set("NO_COLOR", "1");
-        environment.unset("DISPLAY");
-        environment.unset("WAYLAND_DISPLAY");
-    }
-    static std::vector<std::string> words() { return {"settings", "--plain"}; }
     void writeAccounts(const std::vector<std::string>& names) const {
         std::string records;
         for (const auto& name : names)

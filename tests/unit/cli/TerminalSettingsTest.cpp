@@ -1,8 +1,7 @@
 #include "tests/support/BuildPaths.h"
-#include "tests/support/BusFixture.h"
 #include "tests/support/HttpServer.h"
 #include "tests/support/TerminalProcess.h"
-#include "tests/unit/cli/CommandFixture.h"
+#include "tests/unit/cli/LineModeFixture.h"
 
 #include <csignal>
 #include <filesystem>
@@ -11,17 +10,8 @@
 namespace wardlock::test {
 namespace {
 
-constexpr const char* question = "q quit: ";
-
-class TerminalSettings : public BusFixture {
+class TerminalSettings : public LineModeFixture {
 protected:
-    TerminalSettings() {
-        environment.set("TERM", "xterm");
-        environment.set("NO_COLOR", "1");
-        environment.unset("DISPLAY");
-        environment.unset("WAYLAND_DISPLAY");
-    }
-    static std::vector<std::string> words() { return {"settings", "--plain"}; }
     static std::string rule(int columns) {
         std::string rule;
         for (int column = 0; column < columns; ++column)

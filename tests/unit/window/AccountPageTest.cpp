@@ -1,4 +1,5 @@
 #include "settings/Keys.h"
+#include "tests/unit/window/AccountRows.h"
 #include "tests/unit/window/WindowFixture.h"
 
 #include <gtest/gtest.h>
@@ -14,26 +15,7 @@ protected:
 TEST_F(WindowAccountPage, ShowsEveryRowOfThePage) {
     openAccount();
     EXPECT_EQ(scene().text("title"), "Default");
-    for (const char* row : {"switch:Enabled",
-                            "field:Account Name",
-                            "row:Apps",
-                            "switch:Disable Lockscreen Passcode",
-                            "switch:Hide Icons",
-                            "switch:Editing",
-                            "switch:Dragging",
-                            "switch:Uninstall",
-                            "switch:Power Down",
-                            "switch:Siri",
-                            "switch:Control Center",
-                            "switch:Notification Center",
-                            "switch:App Switcher",
-                            "switch:App Switcher Contacts",
-                            "switch:Keyboard",
-                            "switch:Volume Buttons",
-                            "switch:Vibrate Switch",
-                            "switch:Camera",
-                            "switch:Video",
-                            "row:Delete Account"})
+    for (const char* row : accountRows)
         EXPECT_TRUE(scene().reveal(row)) << row;
 }
 
