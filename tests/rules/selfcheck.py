@@ -251,6 +251,23 @@ class TestNames(Tree):
         self.plant("tests/unit/plist/WriterTest.cpp", "TEST_F(Reader, WritesData) {\n}\n")
         self.reported("by TEST_F and by TEST", "Reader, ReadsData")
 
+    def plant_parameters(self, arguments):
+        self.plant("tests/unit/plist/ReaderTest.cpp", f"INSTANTIATE_TEST_SUITE_P({arguments});\n")
+
+    def test_parameters_that_are_named_pass(self):
+        for values in "Range(1U, 9U)", 'Values("a)", "b,", "\\"")', "Values(')', ',')", "Values(Look{true, false}, Look{false, true})":
+            with self.subTest(values=values):
+                self.plant_parameters(f"All, Reader, ::testing::{values},\n    [](const auto& it) {{ return name(it, 1); }}")
+                self.assertEqual(testnames.violations(self.top), [])
+
+    def test_parameters_without_a_name_are_found(self):
+        for values in "Range(1U, 9U)", 'Values("a", "b")', 'Values("\\"", ",")', "Values(Look{true, false}, Look{false, true})":
+            with self.subTest(values=values):
+                self.plant_parameters(f", Reader,\n    ::testing::{values}")
+                found = testnames.violations(self.top)
+                self.assertEqual(len(found), 1, found)
+                self.assertIn("tests/unit/plist/ReaderTest.cpp:1: no function names", found[0])
+
     def plant_mutants(self, *proofs):
         mutants = os.path.join(os.path.dirname(os.path.dirname(os.path.abspath(__file__))), "robustness/mutants")
         with open(os.path.join(mutants, "run"), encoding="utf-8") as file:

@@ -5,7 +5,8 @@
 
 A test's name is CamelCase of at least two words, which neither begins nor ends with a preposition, an article or a conjunction.
 It stands once in its suite. A suite's name does not end in Test, and does not begin with Of or an article. The tests of a
-suite have one fixture, or none: the test framework refuses others when they run. Every proof of a mutant has to match a test.
+suite have one fixture, or none: the test framework refuses others when they run. Tests with a parameter are named after it by a
+function: the framework's own names are numbers. Every proof of a mutant has to match a test.
 Whether a name says what its test checks is for the reviewer.
 """
 import os
@@ -24,6 +25,9 @@ NO_BEGINNING = PREPOSITIONS | ARTICLES | CONJUNCTIONS
 NO_END = NO_BEGINNING - {"Once", "Out", "So", "Yet"}
 
 MACRO = re.compile(r"^[ \t]*(?P<kind>(?:TYPED_)?TEST(?:_F|_P)?)\(\s*(?P<suite>\w+)\s*,\s*(?P<name>\w+)\s*\)", re.MULTILINE)
+INSTANTIATION = re.compile(r"^[ \t]*INSTANTIATE_TEST_SUITE_P\(", re.MULTILINE)
+BRACKETS = {"(": 1, "[": 1, "{": 1, ")": -1, "]": -1, "}": -1}
+NAMED_ARGUMENTS = 4  # the prefix, the suite, the values, the function that names them
 CAMEL_CASE = re.compile(r"(?:[A-Z][a-z0-9]*)+")
 SUITE = re.compile(r"(?P<end>Tests?$)|^(?P<beginning>Of|An?|The)(?=[A-Z]|$)")
 
@@ -56,9 +60,8 @@ def suite_violations(suite):
     return found
 
 
-def tests_of(top):
-    """[(path, line, suite, name, macro)] of every test in C++."""
-    tests = []
+def sources_of(top):
+    """(path, text) of every source of a test in C++."""
     for folder, names, files in os.walk(os.path.join(top, "tests")):
         names.sort()
         for file in sorted(files):
@@ -66,11 +69,41 @@ def tests_of(top):
                 continue
             path = os.path.join(folder, file)
             with open(path, encoding="utf-8") as source:
-                text = source.read()
-            for match in MACRO.finditer(text):
-                line = text.count("\n", 0, match.start()) + 1
-                tests.append((os.path.relpath(path, top), line, match["suite"], match["name"], match["kind"]))
-    return tests
+                yield os.path.relpath(path, top), source.read()
+
+
+def line_of(text, match):
+    return text.count("\n", 0, match.start()) + 1
+
+
+def tests_of(top):
+    """[(path, line, suite, name, macro)] of every test in C++."""
+    return [(path, line_of(text, match), match["suite"], match["name"], match["kind"])
+            for path, text in sources_of(top) for match in MACRO.finditer(text)]
+
+
+def count_of_arguments(text):
+    """How many arguments there are before the bracket that closes them, of a macro whose arguments begin the text."""
+    depth, count, quoted, before = 0, 1, "", ""
+    for letter in text:
+        if quoted:
+            quoted = "" if letter == quoted and before != "\\" else quoted
+        elif letter in "\"'":
+            quoted = letter
+        elif letter in BRACKETS:
+            depth += BRACKETS[letter]
+            if depth < 0:
+                break
+        elif letter == "," and depth == 0:
+            count += 1
+        before = "" if before == "\\" else letter
+    return count
+
+
+def parameter_violations(top):
+    return [f"{path}:{line_of(text, match)}: no function names the parameters"
+            for path, text in sources_of(top) for match in INSTANTIATION.finditer(text)
+            if count_of_arguments(text[match.end():]) < NAMED_ARGUMENTS]
 
 
 def room_of(path):
@@ -139,7 +172,7 @@ def violations(top):
             found.append(f"{place}the test {suite}.{name} has the name of another in {first[:-2]}")
         if kinds.setdefault((room_of(path), suite), kind) != kind:
             found.append(f"{place}the suite {suite} has tests by {kind} and by {kinds[room_of(path), suite]}")
-    return found + proof_violations(top, tests)
+    return found + parameter_violations(top) + proof_violations(top, tests)
 
 
 if __name__ == "__main__":

@@ -1,4 +1,5 @@
 #include "apps/AppsListController.h"
+#include "tests/support/ParameterNames.h"
 #include "tests/support/doubles/UnsyncedFileSystem.h"
 #include "tests/unit/apps/PickerFixture.h"
 
@@ -159,7 +160,8 @@ TEST_P(SeededAppsListSequence, LeavesDocumentAndScreenAsAPlainModelDoes) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Seed, SeededAppsListSequence, ::testing::Range(0U, 8 * Sequences, Sequences));
+INSTANTIATE_TEST_SUITE_P(Seeds, SeededAppsListSequence, ::testing::Range(0U, 8 * Sequences, Sequences),
+                         seedName);
 
 } // namespace
 } // namespace wardlock::test

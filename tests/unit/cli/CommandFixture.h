@@ -24,4 +24,14 @@ inline std::string xml(const std::string& value) {
     return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\">" + value + "</plist>\n";
 }
 
+/// A document in force with accounts of these names and no other settings.
+inline std::string accountsDocument(const std::vector<std::string>& names) {
+    std::string records;
+    for (const auto& name : names)
+        records += "<dict><key>kAccountName</key><string>" + name + "</string></dict>";
+    return xml(
+        "<dict><key>kEnabled</key><true/><key>kPasscode</key><string></string><key>kAccounts</key><array>" +
+        records + "</array></dict>");
+}
+
 } // namespace wardlock::test

@@ -1,7 +1,6 @@
-#include "tests/support/BusFixture.h"
 #include "tests/support/FailingPage.h"
 #include "tests/support/TerminalProcess.h"
-#include "tests/unit/cli/CommandFixture.h"
+#include "tests/unit/cli/LineModeFixture.h"
 
 #include <optional>
 
@@ -14,8 +13,6 @@ struct Turn {
     std::string typed;
 };
 using Turns = std::vector<Turn>;
-
-constexpr const char* question = "q quit: ";
 
 Turn row(int number) {
     return {question, std::to_string(number) + '\n'};
@@ -101,22 +98,16 @@ std::vector<FailingEntry> entriesOfTerminals() {
     return entries;
 }
 
-class FailingPageEntryInTerminal : public BusFixture, public testing::WithParamInterface<FailingEntry> {
+class FailingPageEntryInTerminal : public LineModeFixture, public testing::WithParamInterface<FailingEntry> {
 protected:
-    FailingPageEntryInTerminal() {
-        makeFolder("/var/mobile/Library/Mail/Outbox");
-        environment.set("TERM", "xterm");
-        environment.set("NO_COLOR", "1");
-        environment.unset("DISPLAY");
-        environment.unset("WAYLAND_DISPLAY");
-    }
+    FailingPageEntryInTerminal() { makeFolder("/var/mobile/Library/Mail/Outbox"); }
 
     FailingPage failing{root()};
 };
 
 TEST_P(FailingPageEntryInTerminal, LeavesItsReportAndNoChange) {
     failing.failAt(GetParam().point);
-    TerminalProcess terminal(command, {"settings", "--plain"});
+    TerminalProcess terminal(command, words());
     Turns turns = *turnsTo(GetParam().entry);
     // The first page has no way back, and lists this bundle before the other.
     turns.insert(turns.begin(), {question, "1\n"});

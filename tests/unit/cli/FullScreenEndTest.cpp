@@ -1,3 +1,4 @@
+#include "tests/support/ParameterNames.h"
 #include "tests/unit/cli/FullScreenFixture.h"
 
 #include <algorithm>
@@ -84,9 +85,7 @@ TEST_P(FullScreenSignal, StoresWhatWasTypedAndGivesTheTerminalBack) {
     EXPECT_TRUE(documentHolds("<string>Half</string>"));
 }
 
-INSTANTIATE_TEST_SUITE_P(, FullScreenSignal, testing::Values(SIGINT, SIGTERM, SIGHUP), [](const auto& info) {
-    return std::string(info.param == SIGINT ? "Interrupt" : info.param == SIGTERM ? "Termination" : "HangUp");
-});
+INSTANTIATE_TEST_SUITE_P(, FullScreenSignal, testing::Values(SIGINT, SIGTERM, SIGHUP), signalName);
 
 TEST_F(FullScreenEnd, StoresWhatWasTypedWhenTheTerminalIsGone) {
     open();

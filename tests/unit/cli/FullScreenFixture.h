@@ -30,12 +30,7 @@ protected:
     /// Moves the cursor from the first row to the row, and taps it.
     static void tap(ScreenProcess& screen, const std::string& row) { screen.type("/" + row + "\r"); }
     void writeAccounts(const std::vector<std::string>& names) {
-        std::string records;
-        for (const auto& name : names)
-            records += "<dict><key>kAccountName</key><string>" + name + "</string></dict>";
-        writeFile(documentPath, xml("<dict><key>kEnabled</key><true/><key>kPasscode</key><string></string>"
-                                    "<key>kAccounts</key><array>" +
-                                    records + "</array></dict>"));
+        writeFile(documentPath, accountsDocument(names));
     }
     bool documentHolds(std::string_view text) const {
         return readFile(documentPath).find(text) != std::string::npos;

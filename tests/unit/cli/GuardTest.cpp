@@ -4,6 +4,7 @@
 #include "tests/support/TerminalProcess.h"
 #include "tests/unit/cli/Conversation.h"
 #include "tests/unit/cli/FullScreenFixture.h"
+#include "tests/unit/cli/LineModeFixture.h"
 #include "tests/unit/cli/ProtectedDocument.h"
 
 #include <csignal>
@@ -14,7 +15,6 @@ namespace {
 
 using cli::Json;
 
-constexpr const char* question = "q quit: ";
 constexpr const char* keypadQuestion = "cancels): ";
 
 class GuardOfScripts : public BusFixture {
@@ -41,9 +41,14 @@ protected:
     }
 };
 
-class GuardOfTerminals : public FullScreenFixture {
+class GuardOfLineMode : public LineModeFixture {
 protected:
-    GuardOfTerminals() { writeFile(documentPath, protectedDocument()); }
+    GuardOfLineMode() { writeFile(documentPath, protectedDocument()); }
+};
+
+class GuardOfFullScreen : public FullScreenFixture {
+protected:
+    GuardOfFullScreen() { writeFile(documentPath, protectedDocument()); }
 };
 
 } // namespace
@@ -117,8 +122,8 @@ TEST_F(GuardOfScripts, LocksWhenTheProcessWasStopped) {
     EXPECT_EQ(title(script), "Settings");
 }
 
-TEST_F(GuardOfTerminals, AsksLineByLineBeforeItShowsThePage) {
-    TerminalProcess terminal(command, {"settings", "--plain"});
+TEST_F(GuardOfLineMode, AsksBeforeItShowsThePage) {
+    TerminalProcess terminal(command, words());
     const std::string asked = terminal.waitFor(keypadQuestion);
     EXPECT_NE(asked.find("Enter Passcode"), std::string::npos) << asked;
     EXPECT_EQ(asked.find("Tom"), std::string::npos) << asked;
@@ -132,8 +137,8 @@ TEST_F(GuardOfTerminals, AsksLineByLineBeforeItShowsThePage) {
     EXPECT_EQ(page.find("1234"), std::string::npos) << page;
 }
 
-TEST_F(GuardOfTerminals, StaysOnTheListOfBundlesLineByLineAfterCancel) {
-    TerminalProcess terminal(command, {"settings", "--plain"});
+TEST_F(GuardOfLineMode, StaysOnTheListOfBundlesAfterCancel) {
+    TerminalProcess terminal(command, words());
     terminal.waitFor(keypadQuestion);
     terminal.type("\n");
     const std::string page = terminal.waitFor(question);
@@ -143,8 +148,8 @@ TEST_F(GuardOfTerminals, StaysOnTheListOfBundlesLineByLineAfterCancel) {
     terminal.waitFor("Enter Passcode");
 }
 
-TEST_F(GuardOfTerminals, AsksAgainLineByLineAfterAnotherApplication) {
-    TerminalProcess terminal(command, {"settings", "--plain"});
+TEST_F(GuardOfLineMode, AsksAgainAfterAnotherApplication) {
+    TerminalProcess terminal(command, words());
     terminal.waitFor(keypadQuestion);
     terminal.type("1234\n");
     terminal.waitFor(question);
@@ -154,14 +159,14 @@ TEST_F(GuardOfTerminals, AsksAgainLineByLineAfterAnotherApplication) {
     terminal.waitFor("Enter Passcode");
 }
 
-TEST_F(GuardOfTerminals, ShowsNoPageWhereNothingCanBeTyped) {
+TEST_F(GuardOfLineMode, ShowsNoPageWhereNothingCanBeTyped) {
     const ProcessResult result = wardlockCommand({"settings", "--terminal"});
     EXPECT_EQ(result.exitCode, 0) << result.errors;
     EXPECT_NE(result.output.find("Wardlock"), std::string::npos) << result.output;
     EXPECT_EQ(result.output.find("Tom"), std::string::npos) << result.output;
 }
 
-TEST_F(GuardOfTerminals, AsksOnTheWholeScreen) {
+TEST_F(GuardOfFullScreen, AsksBeforeItShowsThePage) {
     ScreenProcess screen(command, words());
     screen.waitFor("Enter Passcode");
     screen.type("1234");
@@ -169,7 +174,7 @@ TEST_F(GuardOfTerminals, AsksOnTheWholeScreen) {
     screen.waitUntilGone("Enter Passcode");
 }
 
-TEST_F(GuardOfTerminals, StaysOnTheListOfBundlesOnTheWholeScreenAfterEscape) {
+TEST_F(GuardOfFullScreen, StaysOnTheListOfBundlesAfterEscape) {
     ScreenProcess screen(command, words());
     screen.waitFor("Enter Passcode");
     screen.type(escape);
@@ -182,7 +187,7 @@ TEST_F(GuardOfTerminals, StaysOnTheListOfBundlesOnTheWholeScreenAfterEscape) {
     screen.waitFor("Wardlock");
 }
 
-TEST_F(GuardOfTerminals, LocksTheWholeScreenWhenItWasStopped) {
+TEST_F(GuardOfFullScreen, LocksWhenItWasStopped) {
     ScreenProcess screen(command, words());
     screen.waitFor("Enter Passcode");
     screen.type("1234");

@@ -19,8 +19,9 @@ protected:
     }
 
     static std::vector<std::string> words() { return {"settings", "--plain"}; }
-    /// The end of the line that asks what to do on a page.
-    static constexpr const char* question = "q quit: ";
 };
+
+/// The end of the line that asks what to do on a page.
+inline constexpr const char* question = "q quit: ";
 
 } // namespace wardlock::test

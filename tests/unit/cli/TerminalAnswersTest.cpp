@@ -10,10 +10,7 @@ namespace {
 class TerminalAnswers : public LineModeFixture {
 protected:
     void writeAccounts(const std::vector<std::string>& names) const {
-        std::string records;
-        for (const auto& name : names)
-            records += "<dict><key>kAccountName</key><string>" + name + "</string></dict>";
-        writeFile(documentPath, xml("<dict><key>kAccounts</key><array>" + records + "</array></dict>"));
+        writeFile(documentPath, accountsDocument(names));
     }
 };
 

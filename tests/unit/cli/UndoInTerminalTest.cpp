@@ -1,16 +1,17 @@
 #include "tests/support/TerminalProcess.h"
 #include "tests/unit/cli/FullScreenFixture.h"
+#include "tests/unit/cli/LineModeFixture.h"
 
 #include <string>
 
 namespace wardlock::test {
 namespace {
 
-/// Taking changes back on the whole screen, and in the lines of a plain terminal.
+constexpr const char* damagedDocument = "no document";
+
+/// Taking changes back on the whole screen.
 class UndoInTerminal : public FullScreenFixture {
 protected:
-    static constexpr const char* question = "q quit: ";
-
     static void deleteAccount(ScreenProcess& screen, const std::string& name) {
         tap(screen, name);
         screen.waitFor("‹ Wardlock");
@@ -20,9 +21,12 @@ protected:
     }
     void damage() {
         removeFile(documentPath);
-        writeFile(documentPath, "no document");
+        writeFile(documentPath, damagedDocument);
     }
 };
+
+/// Taking changes back line by line.
+class UndoInLineMode : public LineModeFixture {};
 
 TEST_F(UndoInTerminal, TakesATapBackByUAndMakesItAgainByCtrlR) {
     const auto screen = open();
@@ -109,7 +113,7 @@ TEST_F(UndoInTerminal, RestoresDamagedSettingsByShiftR) {
     const auto screen = open();
     screen->waitFor("The settings are damaged. Their last good version can be restored.");
     screen->waitFor("R restores it, Esc does not.");
-    EXPECT_EQ(readFile(documentPath), "no document");
+    EXPECT_EQ(readFile(documentPath), damagedDocument);
     screen->type("R");
     screen->waitUntilGone("damaged");
     screen->waitFor("Ann");
@@ -124,21 +128,21 @@ TEST_F(UndoInTerminal, LeavesDamagedSettingsAloneAfterEscape) {
     screen->type(escape);
     screen->waitUntilGone("damaged");
     screen->waitFor("‹ Settings");
-    EXPECT_EQ(readFile(documentPath), "no document");
+    EXPECT_EQ(readFile(documentPath), damagedDocument);
 }
 
-TEST_F(UndoInTerminal, HasCommandsInThePlainTerminal) {
-    writeAccounts({"Ann", "Tom"});
-    TerminalProcess terminal(command, {"settings", "--plain"});
+TEST_F(UndoInLineMode, HasCommandsForBothDirections) {
+    writeFile(documentPath, accountsDocument({"Ann", "Tom"}));
+    TerminalProcess terminal(command, words());
     terminal.waitFor(question);
     terminal.type("1\n");
     EXPECT_NE(terminal.waitFor(question).find("off"), std::string::npos);
     terminal.type("u\n");
     EXPECT_NE(terminal.waitFor(question).find("on"), std::string::npos);
-    EXPECT_TRUE(documentHolds("<key>kEnabled</key>\n\t<true/>"));
+    EXPECT_NE(readFile(documentPath).find("<key>kEnabled</key>\n\t<true/>"), std::string::npos);
     terminal.type("r\n");
     terminal.waitFor(question);
-    EXPECT_TRUE(documentHolds("<key>kEnabled</key>\n\t<false/>"));
+    EXPECT_NE(readFile(documentPath).find("<key>kEnabled</key>\n\t<false/>"), std::string::npos);
     terminal.type("Ann\n");
     terminal.waitFor(question);
     terminal.type("Delete Account\n");
@@ -149,14 +153,15 @@ TEST_F(UndoInTerminal, HasCommandsInThePlainTerminal) {
     terminal.waitFor(question);
     terminal.type("u\n");
     EXPECT_NE(terminal.waitFor(question).find("Ann"), std::string::npos);
-    EXPECT_TRUE(documentHolds("<string>Ann</string>"));
+    EXPECT_NE(readFile(documentPath).find("<string>Ann</string>"), std::string::npos);
 }
 
-TEST_F(UndoInTerminal, RestoresDamagedSettingsInThePlainTerminal) {
+TEST_F(UndoInLineMode, RestoresDamagedSettingsByR) {
     ASSERT_EQ(wardlockCommand({"account", "add", "Ann"}).exitCode, 0);
     const std::string good = readFile(documentPath);
-    damage();
-    TerminalProcess terminal(command, {"settings", "--plain"});
+    removeFile(documentPath);
+    writeFile(documentPath, damagedDocument);
+    TerminalProcess terminal(command, words());
     terminal.waitFor("The settings are damaged. Their last good version can be restored.");
     terminal.waitFor("R restores it.");
     terminal.waitFor(question);

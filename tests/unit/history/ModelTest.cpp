@@ -2,6 +2,7 @@
 // of documents, and accounts that have numbers of their own.
 
 #include "platform/plist/PropertyList.h"
+#include "tests/support/ParameterNames.h"
 #include "tests/unit/history/HistoryFixture.h"
 
 #include <map>
@@ -120,7 +121,7 @@ TEST_P(UndoModel, HasTheBytesOfAStackOfDocuments) {
         ASSERT_EQ(readFile(documentPath), done.back());
     }
 }
-INSTANTIATE_TEST_SUITE_P(Seeds, UndoModel, ::testing::Range(1u, 9u));
+INSTANTIATE_TEST_SUITE_P(Seeds, UndoModel, ::testing::Range(1U, 9U), seedName);
 
 /// The accounts of a document by their numbers, and the numbers in their order.
 struct NumberedAccounts {
@@ -218,7 +219,7 @@ TEST_P(TakingBackModel, TakesAnyChangeBackAndLeavesEverythingElse) {
     }
     EXPECT_GT(taken, 3u);
 }
-INSTANTIATE_TEST_SUITE_P(Seeds, TakingBackModel, ::testing::Range(1u, 33u));
+INSTANTIATE_TEST_SUITE_P(Seeds, TakingBackModel, ::testing::Range(1U, 33U), seedName);
 
 } // namespace
 } // namespace wardlock::test

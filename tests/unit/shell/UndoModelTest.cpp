@@ -1,5 +1,6 @@
 // Random changes of a user, random undo and redo, against the list of the documents that there were.
 
+#include "tests/support/ParameterNames.h"
 #include "tests/unit/shell/UndoFixture.h"
 
 #include <gtest/gtest.h>
@@ -128,7 +129,7 @@ TEST_P(UndoModel, ReturnsToEveryDocumentThatThereWas) {
     EXPECT_GT(madeAgain_, 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(OfSeveralSeeds, UndoModel, ::testing::Range(1U, 9U));
+INSTANTIATE_TEST_SUITE_P(OfSeveralSeeds, UndoModel, ::testing::Range(1U, 9U), seedName);
 
 } // namespace
 } // namespace wardlock::test

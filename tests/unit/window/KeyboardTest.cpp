@@ -238,6 +238,10 @@ TEST_P(FocusRingContrast, IsEnoughOnEveryGround) {
 
 INSTANTIATE_TEST_SUITE_P(Looks, FocusRingContrast,
                          ::testing::Values(Look{false, false}, Look{true, false}, Look{false, true},
-                                           Look{true, true}));
+                                           Look{true, true}),
+                         [](const auto& look) {
+                             return std::string(look.param.dark ? "Dark" : "Light") +
+                                    (look.param.highContrast ? "InHighContrast" : "");
+                         });
 
 } // namespace wardlock::test

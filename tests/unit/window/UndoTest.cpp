@@ -247,6 +247,7 @@ TEST_P(OfferLook, IsReadableInLightAndDark) {
     EXPECT_GE(bestContrast(action.adjusted(0, 8, 0, -8)), 4.5);
 }
 
-INSTANTIATE_TEST_SUITE_P(Looks, OfferLook, ::testing::Bool());
+INSTANTIATE_TEST_SUITE_P(Looks, OfferLook, ::testing::Bool(),
+                         [](const auto& look) { return look.param ? "Dark" : "Light"; });
 
 } // namespace wardlock::test

@@ -1,5 +1,6 @@
 #include "settings/Keys.h"
 #include "tests/support/BuildPaths.h"
+#include "tests/support/ParameterNames.h"
 #include "tests/support/Process.h"
 #include "tests/support/doubles/FaultyFileSystem.h"
 #include "tests/unit/window/WindowFixture.h"
@@ -88,7 +89,7 @@ TEST_P(WindowStopSignals, StoreTypedText) {
     EXPECT_TRUE(until([&] { return accountNames() == std::vector<std::string>{"DefaultX"}; }));
 }
 
-INSTANTIATE_TEST_SUITE_P(All, WindowStopSignals, ::testing::Values(SIGINT, SIGTERM, SIGHUP));
+INSTANTIATE_TEST_SUITE_P(All, WindowStopSignals, ::testing::Values(SIGINT, SIGTERM, SIGHUP), signalName);
 
 /// The program itself.
 class WindowProgramSignals : public BusFixture, public ::testing::WithParamInterface<int> {};
@@ -104,6 +105,6 @@ TEST_P(WindowProgramSignals, EndItAsClosingDoes) {
     EXPECT_EQ(result.exitCode, 0) << result.errors;
 }
 
-INSTANTIATE_TEST_SUITE_P(All, WindowProgramSignals, ::testing::Values(SIGINT, SIGTERM, SIGHUP));
+INSTANTIATE_TEST_SUITE_P(All, WindowProgramSignals, ::testing::Values(SIGINT, SIGTERM, SIGHUP), signalName);
 
 } // namespace wardlock::test
