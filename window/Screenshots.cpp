@@ -4,11 +4,13 @@
 #include "shell/screen/EscapedText.h"
 #include "window/WindowHost.h"
 #include "window/models/Text.h"
+#include "window/pictures/Pictures.h"
 
-#include <QDeadlineTimer>
 #include <QDir>
-#include <QGuiApplication>
+#include <QEventLoop>
+#include <QTimer>
 
+#include <chrono>
 #include <cstdio>
 
 namespace wardlock::window {
@@ -94,11 +96,24 @@ private:
         complete_ = false;
     }
 
-    /// Pictures are decoded and animations end while the loop runs.
+    /// The first frames start animations and the decoding of pictures.
     void settle() {
-        const QDeadlineTimer settled(settleMilliseconds);
-        while (!settled.hasExpired())
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+        waitUntilStill();
+        Pictures::shared().waitForFetched(longestWait);
+        waitUntilStill();
+    }
+
+    /// Returns once no frame has been drawn for a while.
+    void waitUntilStill() {
+        QEventLoop loop;
+        QTimer still;
+        still.setSingleShot(true);
+        QObject::connect(&still, &QTimer::timeout, &loop, &QEventLoop::quit);
+        QObject::connect(host_.window(), &QQuickWindow::frameSwapped, &still,
+                         [&] { still.start(stillness); });
+        QTimer::singleShot(longestWait, &loop, &QEventLoop::quit);
+        still.start(stillness);
+        loop.exec();
     }
 
     void take(const char* name) {
@@ -113,7 +128,8 @@ private:
     }
 
     static constexpr double fade = 0.5;
-    static constexpr int settleMilliseconds = 700;
+    static constexpr std::chrono::milliseconds stillness{120};
+    static constexpr std::chrono::milliseconds longestWait{2000};
     /// In a format without loss, the quality is the time spent on compression.
     static constexpr int smallestFile = 0;
 
