@@ -9,15 +9,9 @@ namespace platform::system {
 namespace {
 
 constexpr const char* settingsInterface = "org.freedesktop.portal.Settings";
-constexpr const char* appearance = "org.freedesktop.appearance";
 
 /// A desktop that is still starting takes its time over the first query, and no caller waits for the reply.
 constexpr std::uint64_t replyMicroseconds = 30'000'000;
-
-/// Only the numbers of the portal's own table: all others count as no preference.
-constexpr std::uint32_t dark = 1;
-constexpr std::uint32_t light = 2;
-constexpr std::uint32_t wanted = 1;
 
 } // namespace
 
@@ -33,11 +27,13 @@ AppearancePortal::AppearancePortal(std::function<void()> changed) : changed_(std
 
 bool AppearancePortal::listen() {
     const std::string portal = bus::desktopportal::service;
-    return listen("type='signal',sender='" + portal + "',path='" + bus::desktopportal::object +
-                      "',interface='" + settingsInterface + "',member='SettingChanged',arg0='" + appearance +
-                      "'",
-                  onChange, changes_) &&
-           listen("type='signal',sender='org.freedesktop.DBus',path='/org/freedesktop/DBus',"
+    for (std::size_t i = 0; i < changes_.size(); ++i)
+        if (!listen("type='signal',sender='" + portal + "',path='" + bus::desktopportal::object +
+                        "',interface='" + settingsInterface + "',member='SettingChanged',arg0='" +
+                        AppearanceSettings::namespaces[i] + "'",
+                    onChange, changes_[i]))
+            return false;
+    return listen("type='signal',sender='org.freedesktop.DBus',path='/org/freedesktop/DBus',"
                   "interface='org.freedesktop.DBus',member='NameOwnerChanged',arg0='" +
                       portal + "'",
                   onOwner, owners_);
@@ -59,7 +55,8 @@ bool AppearancePortal::query() {
         return false;
     const bus::BusMessage call(made);
     sd_bus_slot* slot = nullptr;
-    if (sd_bus_message_append(made, "as", 1, appearance) < 0 ||
+    const auto& [standard, gnome, gnomeAccessibility] = AppearanceSettings::namespaces;
+    if (sd_bus_message_append(made, "as", 3, standard, gnome, gnomeAccessibility) < 0 ||
         sd_bus_call_async(connection_->bus(), &slot, made, onReply, this, replyMicroseconds) < 0)
         return false;
     query_.reset(slot);
@@ -69,7 +66,7 @@ bool AppearancePortal::query() {
 void AppearancePortal::disconnect() {
     query_.reset();
     owners_.reset();
-    changes_.reset();
+    changes_ = {};
     connection_.reset();
     replied_ = true;
 }
@@ -117,10 +114,12 @@ int AppearancePortal::onReply(sd_bus_message* message, void* self, sd_bus_error*
 }
 
 int AppearancePortal::onChange(sd_bus_message* message, void* self, sd_bus_error*) {
+    auto& portal = *static_cast<AppearancePortal*>(self);
     const char* space = nullptr;
     const char* key = nullptr;
     if (sd_bus_message_read(message, "ss", &space, &key) > 0)
-        static_cast<AppearancePortal*>(self)->readValue(message, key);
+        portal.settings_.read(message, space, key);
+    portal.current_ = portal.settings_.appearance();
     return 0;
 }
 
@@ -135,49 +134,27 @@ int AppearancePortal::onOwner(sd_bus_message* message, void* self, sd_bus_error*
 
 /// The desktop has no preference for a setting that is missing in the reply.
 void AppearancePortal::readAll(sd_bus_message* reply) {
-    current_ = DesktopAppearance();
-    reportsContrast_ = false;
+    settings_ = AppearanceSettings();
     sd_bus_message_enter_container(reply, 'a', "{sa{sv}}");
     while (sd_bus_message_enter_container(reply, 'e', "sa{sv}") > 0) {
         const char* space = nullptr;
-        if (sd_bus_message_read(reply, "s", &space) > 0 && std::string_view(space) == appearance)
-            readValues(reply);
-        else
-            sd_bus_message_skip(reply, "a{sv}");
+        if (sd_bus_message_read(reply, "s", &space) > 0)
+            readSettings(reply, space);
         sd_bus_message_exit_container(reply);
     }
+    current_ = settings_.appearance();
+    reportsContrast_ = settings_.haveContrast();
 }
 
-void AppearancePortal::readValues(sd_bus_message* reply) {
+void AppearancePortal::readSettings(sd_bus_message* reply, const char* space) {
     sd_bus_message_enter_container(reply, 'a', "{sv}");
     while (sd_bus_message_enter_container(reply, 'e', "sv") > 0) {
         const char* key = nullptr;
         if (sd_bus_message_read(reply, "s", &key) > 0)
-            readValue(reply, key);
+            settings_.read(reply, space, key);
         sd_bus_message_exit_container(reply);
     }
     sd_bus_message_exit_container(reply);
-}
-
-void AppearancePortal::readValue(sd_bus_message* message, std::string_view key) {
-    const char* type = nullptr;
-    std::uint32_t value = 0;
-    if (sd_bus_message_peek_type(message, nullptr, &type) > 0 && type && std::string_view(type) == "u") {
-        if (sd_bus_message_read(message, "v", "u", &value) > 0)
-            store(key, value);
-    } else {
-        sd_bus_message_skip(message, "v");
-    }
-}
-
-void AppearancePortal::store(std::string_view key, std::uint32_t value) {
-    if (key == "color-scheme")
-        current_.dark = value == dark || value == light ? std::optional(value == dark) : std::nullopt;
-    else if (key == "contrast") {
-        current_.highContrast = value == wanted;
-        reportsContrast_ = true;
-    } else if (key == "reduced-motion")
-        current_.reducedMotion = value == wanted;
 }
 
 } // namespace platform::system

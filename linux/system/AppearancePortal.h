@@ -3,14 +3,15 @@
 #include "linux/bus/BusConnection.h"
 #include "linux/bus/BusPointers.h"
 #include "linux/posix/LoopSource.h"
+#include "linux/system/AppearanceSettings.h"
 #include "platform/base/Subscription.h"
 #include "platform/services/DesktopAppearance.h"
 
+#include <array>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <string>
-#include <string_view>
 
 namespace platform::system {
 
@@ -40,22 +41,21 @@ private:
     bool query();
     void disconnect();
     void readAll(sd_bus_message* reply);
-    void readValues(sd_bus_message* reply);
-    void readValue(sd_bus_message* message, std::string_view key);
-    void store(std::string_view key, std::uint32_t value);
+    void readSettings(sd_bus_message* reply, const char* space);
 
     static int onReply(sd_bus_message* message, void* self, sd_bus_error* error);
     static int onChange(sd_bus_message* message, void* self, sd_bus_error* error);
     static int onOwner(sd_bus_message* message, void* self, sd_bus_error* error);
 
     std::function<void()> changed_;
+    AppearanceSettings settings_;
     DesktopAppearance current_;
     /// The appearance of the last `changed_` call.
     DesktopAppearance reported_;
     bool replied_ = false;
     std::optional<bool> reportsContrast_;
     std::unique_ptr<bus::BusConnection> connection_;
-    bus::BusSlot changes_;
+    std::array<bus::BusSlot, AppearanceSettings::namespaces.size()> changes_;
     bus::BusSlot owners_;
     bus::BusSlot query_;
     Subscription turns_;

@@ -16,6 +16,8 @@ struct DesktopAppearance {
     std::optional<bool> dark;
     bool highContrast = false;
     bool reducedMotion = false;
+    /// The factor by which text is to be larger; empty as for `dark`.
+    std::optional<double> textScale;
 
     bool operator==(const DesktopAppearance&) const = default;
 };

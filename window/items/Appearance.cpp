@@ -38,11 +38,11 @@ bool Appearance::isDark() const {
 
 double Appearance::textScale() const {
     const auto* screen = QGuiApplication::primaryScreen();
-    const double scale = chosenTextScale_ ? *chosenTextScale_
-                         : textScale_     ? *textScale_
-                         : screen         ? screen->logicalDotsPerInch() / usualDotsPerInch
-                                          : 1;
-    return std::clamp(scale, smallestScale, largestScale);
+    const double ofScreen = screen ? screen->logicalDotsPerInch() / usualDotsPerInch : 1;
+    for (const auto& scale : {chosenTextScale_, textScale_, desktopAppearance().textScale})
+        if (scale)
+            return std::clamp(*scale, smallestScale, largestScale);
+    return std::clamp(ofScreen, smallestScale, largestScale);
 }
 
 void Appearance::force(std::optional<bool> dark) {

@@ -5,6 +5,7 @@
 //   end           ends while the user chooses the mail program
 //   look          the desktop's look is a text
 //   nonsense      the desktop's look is a dictionary of other kinds
+//   bounds        the desktop's text is larger than any text
 // "ready" says that it can be called.
 
 #include "tests/support/programs/ServedBus.h"
@@ -66,6 +67,9 @@ int readAll(sd_bus_message* call, void*, sd_bus_error*) {
         return sd_bus_reply_method_return(call, "a{sa{sv}}", 1, "org.freedesktop.appearance", 2,
                                           "color-scheme", "as", 2, "dark", "light", "contrast", "a{sv}", 1,
                                           "x", "d", 1.0);
+    if (lie == "bounds")
+        return sd_bus_reply_method_return(call, "a{sa{sv}}", 1, "org.gnome.desktop.interface", 2,
+                                          "text-scaling-factor", "d", 1e300, "enable-animations", "as", 0);
     return sd_bus_reply_method_return(call, "s", "dark");
 }
 

@@ -1,6 +1,7 @@
-// A desktop's settings portal, with the values of its arguments, "KEY=NUMBER" or "KEY=TEXT", in the namespace
-// of appearances. "ready" says that it can be asked. With "--set KEY=VALUE" as its arguments it has the
-// running one change a value and announce it, and ends.
+// A desktop's settings portal, with the values of its arguments, "KEY=VALUE" in the standard namespace of
+// appearances or "NAMESPACE/KEY=VALUE". A value is a whole number, a number with a point, "true" or "false",
+// or a text. "ready" says that it can be asked. With "--set" and one such value as its arguments it has the
+// running one change the value and announce it, and ends.
 
 #include "tests/support/programs/ServedBus.h"
 
@@ -18,19 +19,34 @@ constexpr const char* settings = "org.freedesktop.portal.Settings";
 constexpr const char* tests = "com.tavix.wardlock.Test";
 constexpr const char* appearance = "org.freedesktop.appearance";
 
-std::map<std::string, std::string> values;
+/// By namespace and key.
+std::map<std::string, std::map<std::string, std::string>> values;
 
-std::string keep(const std::string& argument) {
+struct Setting {
+    std::string space;
+    std::string key;
+    std::string value;
+};
+
+Setting keep(const std::string& argument) {
     const auto equals = argument.find('=');
-    values[argument.substr(0, equals)] = argument.substr(equals + 1);
-    return argument.substr(0, equals);
+    const auto slash = argument.rfind('/', equals);
+    const std::size_t begin = slash == std::string::npos ? 0 : slash + 1;
+    const Setting setting{begin == 0 ? appearance : argument.substr(0, slash),
+                          argument.substr(begin, equals - begin), argument.substr(equals + 1)};
+    values[setting.space][setting.key] = setting.value;
+    return setting;
 }
 
 void append(sd_bus_message* message, const std::string& value) {
     char* end = nullptr;
-    const auto number = static_cast<std::uint32_t>(std::strtoul(value.c_str(), &end, 10));
-    if (*end == '\0')
-        sd_bus_message_append(message, "v", "u", number);
+    const double number = std::strtod(value.c_str(), &end);
+    if (value == "true" || value == "false")
+        sd_bus_message_append(message, "v", "b", static_cast<int>(value == "true"));
+    else if (*end == '\0' && value.find_first_not_of("0123456789") == std::string::npos)
+        sd_bus_message_append(message, "v", "u", static_cast<std::uint32_t>(number));
+    else if (*end == '\0')
+        sd_bus_message_append(message, "v", "d", number);
     else
         sd_bus_message_append(message, "v", "s", value.c_str());
 }
@@ -40,29 +56,30 @@ void appendForeign(sd_bus_message* reply) {
     sd_bus_message_append(reply, "{sa{sv}}", "org.example.other", 1, "color-scheme", "u", std::uint32_t{1});
 }
 
+void appendSettings(sd_bus_message* reply, const std::string& space) {
+    sd_bus_message_open_container(reply, 'e', "sa{sv}");
+    sd_bus_message_append(reply, "s", space.c_str());
+    sd_bus_message_open_container(reply, 'a', "{sv}");
+    for (const auto& [key, value] : values[space]) {
+        sd_bus_message_open_container(reply, 'e', "sv");
+        sd_bus_message_append(reply, "s", key.c_str());
+        append(reply, value);
+        sd_bus_message_close_container(reply);
+    }
+    sd_bus_message_close_container(reply);
+    sd_bus_message_close_container(reply);
+}
+
 int readAll(sd_bus_message* call, void*, sd_bus_error*) {
-    bool asked = false;
-    const char* wanted = nullptr;
-    sd_bus_message_enter_container(call, 'a', "s");
-    while (sd_bus_message_read(call, "s", &wanted) > 0)
-        asked = asked || std::strcmp(wanted, appearance) == 0;
     sd_bus_message* reply = nullptr;
     sd_bus_message_new_method_return(call, &reply);
     sd_bus_message_open_container(reply, 'a', "{sa{sv}}");
     appendForeign(reply);
-    if (asked) {
-        sd_bus_message_open_container(reply, 'e', "sa{sv}");
-        sd_bus_message_append(reply, "s", appearance);
-        sd_bus_message_open_container(reply, 'a', "{sv}");
-        for (const auto& [key, value] : values) {
-            sd_bus_message_open_container(reply, 'e', "sv");
-            sd_bus_message_append(reply, "s", key.c_str());
-            append(reply, value);
-            sd_bus_message_close_container(reply);
-        }
-        sd_bus_message_close_container(reply);
-        sd_bus_message_close_container(reply);
-    }
+    const char* wanted = nullptr;
+    sd_bus_message_enter_container(call, 'a', "s");
+    while (sd_bus_message_read(call, "s", &wanted) > 0)
+        if (values.contains(wanted))
+            appendSettings(reply, wanted);
     sd_bus_message_close_container(reply);
     const int sent = sd_bus_send(nullptr, reply, nullptr);
     sd_bus_message_unref(reply);
@@ -72,11 +89,11 @@ int readAll(sd_bus_message* call, void*, sd_bus_error*) {
 int set(sd_bus_message* call, void*, sd_bus_error*) {
     const char* argument = nullptr;
     sd_bus_message_read(call, "s", &argument);
-    const std::string key = keep(argument);
+    const Setting changed = keep(argument);
     sd_bus_message* signal = nullptr;
     sd_bus_message_new_signal(sd_bus_message_get_bus(call), &signal, object, settings, "SettingChanged");
-    sd_bus_message_append(signal, "ss", appearance, key.c_str());
-    append(signal, values[key]);
+    sd_bus_message_append(signal, "ss", changed.space.c_str(), changed.key.c_str());
+    append(signal, changed.value);
     sd_bus_send(nullptr, signal, nullptr);
     sd_bus_message_unref(signal);
     return sd_bus_reply_method_return(call, "");

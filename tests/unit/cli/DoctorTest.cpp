@@ -321,7 +321,8 @@ TEST_F(Doctor, ReportsStorageThatIsMissing) {
 
 TEST_F(Doctor, ReportsAPortalWithoutContrast) {
     for (const auto& [value, contrast] :
-         {std::pair("contrast=1", true), std::pair("color-scheme=1", false)}) {
+         {std::pair("contrast=1", true), std::pair("color-scheme=1", false),
+          std::pair("org.gnome.desktop.a11y.interface/high-contrast=false", true)}) {
         Process portal(programFolder() + "/test-settings-portal", {value});
         ASSERT_EQ(portal.readLine(), "ready");
         const Json found = finding("portal", 0);

@@ -3,6 +3,7 @@
 
 #include <QGuiApplication>
 #include <QPalette>
+#include <QScreen>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -76,6 +77,26 @@ TEST_F(WindowDesktopAppearance, StaysForcedWhateverTheDesktopReports) {
     EXPECT_TRUE(becomesLight());
 }
 
+TEST_F(WindowDesktopAppearance, TakesTheSizeOfItsTextFromTheDesktopUnlessForced) {
+    startPortal({"org.gnome.desktop.interface/text-scaling-factor=1.5"});
+    open();
+    const auto textScaleBecomes = [&](double scale) {
+        return until([&] { return host().appearance().textScale() == scale; });
+    };
+    EXPECT_TRUE(textScaleBecomes(1));
+    host().appearance().forceTextScale(std::nullopt);
+    EXPECT_TRUE(textScaleBecomes(1.5));
+    setAppearance("org.gnome.desktop.interface/text-scaling-factor=3.0");
+    EXPECT_TRUE(textScaleBecomes(2.5)) << "the largest that the window shows";
+    setAppearance("org.gnome.desktop.interface/text-scaling-factor=1.0");
+    EXPECT_TRUE(textScaleBecomes(window().screen()->logicalDotsPerInch() / 96));
+    host().appearance().chooseTextScale(1.25);
+    setAppearance("org.gnome.desktop.interface/text-scaling-factor=2.0");
+    setAppearance("org.gnome.desktop.interface/enable-animations=false");
+    EXPECT_TRUE(becomesReduced());
+    EXPECT_TRUE(textScaleBecomes(1.25));
+}
+
 TEST_F(WindowDesktopAppearance, DrawsItsMarksStrongerForHighContrast) {
     openWardlock();
     const auto chevronLightness = [&] {
@@ -90,6 +111,10 @@ TEST_F(WindowDesktopAppearance, DrawsItsMarksStrongerForHighContrast) {
     };
     EXPECT_GT(chevronLightness(), 160);
     startPortal({"contrast=1"});
+    EXPECT_TRUE(until([&] { return chevronLightness() < 130; }));
+    setAppearance("contrast=0");
+    EXPECT_TRUE(until([&] { return chevronLightness() > 160; }));
+    startPortal({"org.gnome.desktop.a11y.interface/high-contrast=true"});
     EXPECT_TRUE(until([&] { return chevronLightness() < 130; }));
 }
 
