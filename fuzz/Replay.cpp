@@ -2,10 +2,10 @@
 // in every run. An input that ends the process is printed in hexadecimal first.
 // usage: fuzz-TARGET [--inputs N] [--seed N] [--dictionary FILE] FOLDER-OR-FILE...
 
-#include "fuzz/Dictionary.h"
 #include "fuzz/Mutator.h"
 
 #include <algorithm>
+#include <charconv>
 #include <csignal>
 #include <cstdint>
 #include <cstdio>
@@ -13,6 +13,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <unistd.h>
@@ -55,6 +56,40 @@ std::string contentsOf(const fs::path& path) {
         std::exit(2);
     }
     return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::string unescaped(const std::string& text) {
+    std::string word;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (text[at] != '\\' || at + 1 == text.size()) {
+            word += text[at];
+            continue;
+        }
+        unsigned code = 0;
+        const char* const digits = text.data() + at + 2;
+        if (text[at + 1] == 'x' && at + 3 < text.size() &&
+            std::from_chars(digits, digits + 2, code, 16).ptr == digits + 2) {
+            word += static_cast<char>(code);
+            at += 3;
+        } else {
+            word += text[++at];
+        }
+    }
+    return word;
+}
+
+/// Returns the words of a libFuzzer dictionary: a text in double quotes a line, with \\, \" and \xHH.
+/// Comments and lines of another form are skipped.
+std::vector<std::string> wordsOf(const std::string& dictionary) {
+    std::vector<std::string> words;
+    std::istringstream lines(dictionary);
+    for (std::string line; std::getline(lines, line);) {
+        const std::size_t first = line.find('"');
+        const std::size_t last = line.rfind('"');
+        if (!line.starts_with('#') && first < last && last != std::string::npos)
+            words.push_back(unescaped(line.substr(first + 1, last - first - 1)));
+    }
+    return words;
 }
 
 Options parse(int count, char** words) {
@@ -111,9 +146,8 @@ int main(int count, char** words) {
     for (const std::string& seed : seeds)
         run(seed);
     wardlock::fuzz::Mutator mutator(options.seed, seeds,
-                                    options.dictionary.empty()
-                                        ? std::vector<std::string>()
-                                        : wardlock::fuzz::wordsOf(contentsOf(options.dictionary)));
+                                    options.dictionary.empty() ? std::vector<std::string>()
+                                                               : wordsOf(contentsOf(options.dictionary)));
     for (std::size_t i = 0; i < options.inputs; ++i)
         run(mutator.next());
     std::printf("%zu known inputs and %zu made of them, seed %llu: no finding\n", seeds.size(),

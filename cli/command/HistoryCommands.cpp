@@ -1,21 +1,23 @@
 #include "cli/command/Commands.h"
 #include "cli/command/CommonOptions.h"
-#include "cli/command/HistoryText.h"
 #include "cli/command/VersionOperand.h"
 #include "cli/io/Json.h"
 #include "cli/io/Output.h"
 #include "cli/io/TextWidth.h"
+#include "cli/io/TimeText.h"
 #include "cli/io/TypedJson.h"
 #include "platform/plist/PropertyList.h"
 #include "settings/Document.h"
 #include "settings/Keys.h"
 #include "settings/history/ChangeText.h"
+#include "settings/history/History.h"
 #include "settings/history/KeptVersions.h"
 
 #include <array>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace wardlock::cli {
@@ -26,6 +28,32 @@ using platform::Dictionary;
 using platform::Version;
 
 constexpr std::size_t longestOrigin = 15;
+
+Time timeOf(const Version& version) {
+    return Time(std::chrono::milliseconds(version.time));
+}
+
+/// Returns who wrote a version.
+std::string_view originText(const platform::VersionOrigin& origin) {
+    if (origin.place == SettingsPlace)
+        return "Settings";
+    return origin.place == CommandPlace ? "command" : "another program";
+}
+
+/// Returns the word for an action in JSON.
+std::string_view actionWord(platform::VersionAction action) {
+    switch (action) {
+    case platform::VersionAction::Undo:
+        return "undo";
+    case platform::VersionAction::Redo:
+        return "redo";
+    case platform::VersionAction::Restore:
+        return "restore";
+    case platform::VersionAction::Change:
+        break;
+    }
+    return "change";
+}
 
 std::string joined(const std::vector<std::string>& texts) {
     std::string line;
@@ -47,7 +75,8 @@ std::vector<std::string> describe(const History& history, const Version& version
 void printVersion(const History& history, const Version& version) {
     std::string origin(originText(version.origin));
     origin.resize(longestOrigin, ' ');
-    std::string line = std::to_string(version.number) + "  " + localTime(version.time) + "  " + origin + "  ";
+    std::string line =
+        std::to_string(version.number) + "  " + localTime(timeOf(version)) + "  " + origin + "  ";
     if (version.origin.action != platform::VersionAction::Change)
         line +=
             std::string(actionWord(version.origin.action)) + ' ' + std::to_string(version.origin.of) + ": ";
@@ -57,7 +86,7 @@ void printVersion(const History& history, const Version& version) {
 void printJson(const History& history, const Version& version) {
     Json json = Json::object();
     json["number"] = version.number;
-    json["time"] = universalTime(version.time);
+    json["time"] = universalTimeWithMilliseconds(timeOf(version));
     json["origin"] = version.origin.place;
     json["action"] = actionWord(version.origin.action);
     if (version.origin.action != platform::VersionAction::Change)

@@ -1,12 +1,15 @@
 #include "cli/command/AccountSummary.h"
 #include "cli/command/Commands.h"
 #include "cli/command/CommonOptions.h"
-#include "cli/command/DocumentTime.h"
 #include "cli/command/InstalledApplications.h"
 #include "cli/io/Output.h"
 #include "cli/io/TextWidth.h"
+#include "cli/io/TimeText.h"
+#include "platform/files/DeviceRoot.h"
 #include "platform/services/ChangeListeners.h"
 #include "settings/Accounts.h"
+#include "settings/Constants.h"
+#include "settings/DocumentPath.h"
 #include "settings/EnabledAccount.h"
 #include "settings/Keys.h"
 #include "settings/Settings.h"
@@ -15,6 +18,7 @@
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
+#include <sys/stat.h>
 #include <vector>
 
 namespace wardlock::cli {
@@ -96,11 +100,19 @@ void printAccount(const std::optional<AccountStatus>& account) {
     Output::line("Restricted apps: " + printable(appsInWords(account->apps, installedApplications())));
 }
 
+/// Returns when the document was last changed; none when there is no document.
+std::optional<Time> timeOfDocument() {
+    struct stat status {};
+    if (stat(platform::pathOnDevice(documentPath(BundleIdentifier)).c_str(), &status) != 0)
+        return std::nullopt;
+    return std::chrono::sys_seconds(std::chrono::seconds(status.st_mtime));
+}
+
 ExitCode status(const Arguments& arguments) {
     const bool enabled = boolForKey(kEnabled);
     const bool tweakEnabled = TweakEnabled();
     const std::optional<AccountStatus> account = accountStatus();
-    const DocumentTime changed = timeOfDocument();
+    const std::optional<Time> changed = timeOfDocument();
     const Listeners listeners = platform::changeListeners();
     if (arguments.has(jsonOption.name)) {
         Json json = Json::object();
@@ -108,7 +120,7 @@ ExitCode status(const Arguments& arguments) {
         json["tweakEnabled"] = tweakEnabled;
         json["account"] = asJson(account);
         json["passcode"] = passcodeIsSet();
-        json["since"] = changed ? Json(utcText(*changed)) : Json();
+        json["since"] = changed ? Json(universalTime(*changed)) : Json();
         json["listeners"] = asJson(listeners);
         Output::foreignLine(jsonLine(json));
         return ExitCode::Done;
@@ -117,7 +129,7 @@ ExitCode status(const Arguments& arguments) {
     Output::line(tweakEnabled ? "In force: yes" : "In force: no");
     Output::line(passcodeIsSet() ? "Passcode: set" : "Passcode: not set");
     printAccount(account);
-    Output::line("Since: " + (changed ? localText(*changed) : "unknown"));
+    Output::line("Since: " + (changed ? localTime(*changed) : "unknown"));
     Output::line("Listening: " + inWords(listeners));
     return ExitCode::Done;
 }

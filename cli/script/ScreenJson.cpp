@@ -1,6 +1,5 @@
 #include "cli/script/ScreenJson.h"
 
-#include "cli/script/RowJson.h"
 #include "platform/ui/UIActivityIndicatorView.h"
 #include "platform/ui/UITextView.h"
 #include "platform/ui/UIWebView.h"
@@ -25,6 +24,61 @@ std::string_view buttonName(platform::UIBarButtonSystemItem item) {
         break;
     }
     return "Add";
+}
+
+void addField(Json& json, const shell::Row& row) {
+    json["text"] = row.text;
+    json["placeholder"] = row.placeholder;
+    if (row.numberPad)
+        json["numberPad"] = true;
+    if (row.editing)
+        json["editing"] = true;
+}
+
+void addSlider(Json& json, const shell::Row& row) {
+    json["value"] = row.position();
+    json["min"] = row.min;
+    json["max"] = row.max;
+    if (row.showsValue)
+        json["text"] = row.text;
+}
+
+Json rowJson(const shell::Row& row) {
+    Json json;
+    json["kind"] = shell::name(row.kind);
+    json["label"] = row.label;
+    if (!row.key.empty())
+        json["key"] = row.key;
+    if (row.kind == shell::RowKind::Switch)
+        json["on"] = row.isOn();
+    else if (row.kind == shell::RowKind::Slider)
+        addSlider(json, row);
+    else if (row.isTextField())
+        addField(json, row);
+    else if (row.kind == shell::RowKind::LinkList) {
+        json["text"] = row.text;
+        json["choices"] = row.choices;
+    }
+    if (row.marked)
+        json["marked"] = true;
+    if (row.icon && !row.icon->isEmpty())
+        json["icon"] = true;
+    if (!row.enabled)
+        json["enabled"] = false;
+    return json;
+}
+
+Json rowJson(const shell::TableRow& row) {
+    Json json;
+    json["label"] = row.title();
+    json["key"] = row.key();
+    if (!row.detail().empty())
+        json["detail"] = row.detail();
+    if (row.switchControl())
+        json["on"] = row.isOn();
+    if (row.icon() && !row.icon()->isEmpty())
+        json["icon"] = true;
+    return json;
 }
 
 Json listJson(shell::Page& page) {

@@ -2,7 +2,7 @@
 
 #include "platform/base/Diagnostics.h"
 #include "platform/files/FileSystem.h"
-#include "window/pictures/PictureBounds.h"
+#include "window/pictures/SvgComplexity.h"
 
 #include <QBuffer>
 #include <QCache>
@@ -22,6 +22,11 @@ constexpr int megabytesToDecode = 32;
 constexpr int picturesKept = 512;
 constexpr QSize unknownSize(58, 58);
 const QLatin1String addressStart("picture:");
+constexpr const char* jpegBeginning = "\xff\xd8\xff";
+/// How many bytes of an SVG file, declarations and comments, may precede its root element.
+constexpr qsizetype svgBeginning = 4096;
+/// Progressive pictures have about ten scans; each costs a pass over the whole picture.
+constexpr qsizetype mostScans = 64;
 
 /// Pictures that exist only as bytes, by the number in their address.
 class KeptPictures {
@@ -63,6 +68,20 @@ QByteArray bytesOfFile(const QString& path) {
     if (files.readFile(path.toStdString(), platform::UIImage::largestFile, bytes))
         return {};
     return QByteArray::fromStdString(bytes);
+}
+
+/// Returns the decoder for a picture of unknown origin: "png", "jpeg" or "svg", recognised from its bytes
+/// alone. Returns none for anything else, and for a picture that would cost more than a row's picture may.
+///
+/// Each of these decoders is bounded in memory, but not in time: a few lines of SVG can ask for a million
+/// million shapes or for other files, and a JPEG for a hundred thousand passes.
+QByteArray decoderFor(const QByteArray& picture) {
+    if (picture.startsWith("\x89PNG\r\n\x1a\n"))
+        return "png";
+    if (picture.startsWith(jpegBeginning))
+        return picture.count("\xff\xda") <= mostScans ? "jpeg" : "";
+    const bool isSvg = picture.left(svgBeginning).contains("<svg");
+    return isSvg && SvgComplexity(picture).isWithinBounds() ? "svg" : "";
 }
 
 /// Returns an empty image for a picture that is broken or out of bounds.

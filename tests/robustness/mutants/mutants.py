@@ -499,8 +499,8 @@ ALL = [
          "        {keys_.data() + frame.firstKey + loses, frame.keyCount - loses}, values + loses);"),
     ]),
     Mutant("binary-reader-loses-a-key", "a dictionary's last entry is lost in reading", ("fuzz.value",), [
-        ("platform/plist/BinaryPropertyListReader.cpp", "    ArenaValue* const values = values_.data() + first;\n",
-         "    ArenaValue* const values = values_.data() + first;\n    if (!sameKeys && keys.size() > 2)\n        keys.pop_back();\n"),
+        ("platform/plist/BinaryPropertyListReader.cpp", "std::span(keys_).subspan(firstKey);",
+         "std::span(keys_).subspan(firstKey, keys_.size() - firstKey - (!sameKeys && keys_.size() - firstKey > 2 ? 1 : 0));"),
     ]),
     Mutant("ampersand-not-escaped", "\"&\" is written as it is", ("fuzz.value", "fuzz.xml_reader"), [
         ("platform/plist/XmlEscape.cpp", 'text += "&amp;";', "text += '&';"),
