@@ -1,5 +1,6 @@
 #include "settings/Accounts.h"
 
+#include "platform/base/Translation.h"
 #include "platform/plist/UnsavedChange.h"
 #include "settings/Constants.h"
 #include "settings/DefaultSettings.h"
@@ -120,7 +121,7 @@ platform::Update updateAccounts(std::string_view documentPath, const std::functi
         return true;
     });
     if (!found && !update.error)
-        platform::reportUnsavedChange("there is no list of accounts");
+        platform::reportUnsavedChange(platform::translated("Notice", "there is no list of accounts"));
     return update;
 }
 

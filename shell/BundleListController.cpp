@@ -1,5 +1,6 @@
 #include "shell/BundleListController.h"
 
+#include "platform/base/Translation.h"
 #include "platform/ui/UIAlertController.h"
 #include "platform/ui/UINavigationController.h"
 
@@ -38,7 +39,8 @@ const platform::PSListController::Specifiers& BundleListController::specifiers()
     for (const auto& sentence : bundles_.leftOut())
         footer += (footer.empty() ? "" : "\n") + sentence;
     if (bundles_.entries().empty())
-        footer = "There are no settings bundles on this device." + (footer.empty() ? "" : "\n" + footer);
+        footer = platform::translated("Bundles", "There are no settings bundles on this device.") +
+                 (footer.empty() ? "" : "\n" + footer);
     if (!footer.empty())
         rows.front()->setProperty(platform::Value(footer), platform::PSKey::footerText);
     for (const auto& entry : bundles_.entries()) {
@@ -89,9 +91,10 @@ void BundleListController::open(const BundleEntry& entry) {
 
 void BundleListController::showFailure(const BundleEntry& entry, const std::string& reason) {
     const auto alert = platform::UIAlertController::alertControllerWithTitle(
-        "Cannot Open " + entry.name, reason, platform::UIAlertControllerStyle::Alert);
-    alert->addAction(
-        platform::UIAlertAction::actionWithTitle("OK", platform::UIAlertActionStyle::Cancel, {}));
+        platform::filledIn(platform::translated("Bundles", "Cannot Open %1"), {entry.name}), reason,
+        platform::UIAlertControllerStyle::Alert);
+    alert->addAction(platform::UIAlertAction::actionWithTitle(platform::translated("Bundles", "OK"),
+                                                              platform::UIAlertActionStyle::Cancel, {}));
     presentViewController(alert, true);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/base/Translation.h"
 #include "platform/preferences/PSListController.h"
 #include "shell/device/BundleList.h"
 
@@ -21,7 +22,7 @@ public:
     ~BundleListController() override;
 
     const Specifiers& specifiers() override;
-    std::string navigationTitle() const override { return "Settings"; }
+    std::string navigationTitle() const override { return platform::translated("Window", "Settings"); }
     /// Reads again which bundles exist.
     void viewWillAppear(bool animated) override;
     void tableViewDidSelectRowAtIndexPath(platform::NSIndexPath path) override;

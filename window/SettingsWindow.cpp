@@ -44,7 +44,7 @@ SettingsWindow::SettingsWindow(platform::AnimationClock& clock, double transitio
 SettingsWindow::~SettingsWindow() = default;
 
 QString SettingsWindow::title() const {
-    const QString application = tr("Settings");
+    const QString application = QCoreApplication::translate("Window", "Settings");
     const auto* page = pages_.top();
     return page && !page->backTitle().isEmpty() ? page->title() + QStringLiteral(" – ") + application
                                                 : application;

@@ -7,6 +7,7 @@
 #include "window/Graphics.h"
 #include "window/Options.h"
 #include "window/Screenshots.h"
+#include "window/Translation.h"
 #include "window/WindowClock.h"
 #include "window/WindowHost.h"
 
@@ -130,7 +131,8 @@ int main(int argc, char** argv) {
     QGuiApplication::setApplicationName(QStringLiteral("Settings"));
     QGuiApplication::setDesktopFileName(QStringLiteral("wardlock-settings"));
     QGuiApplication::setWindowIcon(window::programIcon());
-    // Qt itself would take the direction from a translation, and there is none.
+    const window::Translation translation;
+    // The translation has none, and most languages have no translation.
     QGuiApplication::setLayoutDirection(QLocale().textDirection());
 
     shell::installTerminationHook(nullptr);

@@ -1,6 +1,7 @@
 #include "linux/mail/LinuxMailService.h"
 
 #include "linux/posix/SignalMaskedThread.h"
+#include "platform/base/Translation.h"
 #include "platform/runtime/NSOperationQueue.h"
 
 #include <algorithm>
@@ -21,7 +22,7 @@ MailOutcome sendBy(const std::vector<std::shared_ptr<MailRoute>>& routes, const 
         if (route->isOpen())
             if (const auto outcome = route->send(message))
                 return *outcome;
-    return {MailOutcome::Kind::Failed, "No mail program could be reached."};
+    return {MailOutcome::Kind::Failed, translated("Mail", "No mail program could be reached.")};
 }
 
 using Completion = std::function<void(const MailOutcome&)>;
@@ -56,7 +57,8 @@ void LinuxMailService::send(const MailMessage& message, std::function<void(const
     if (sending.joinable())
         sending.detach();
     else
-        report({MailOutcome::Kind::Failed, "The system cannot create another thread."}, *handedOver);
+        report({MailOutcome::Kind::Failed, translated("Mail", "The system cannot create another thread.")},
+               *handedOver);
 }
 
 } // namespace platform::mail

@@ -3,6 +3,7 @@
 #include "linux/mail/MailFolder.h"
 #include "linux/mail/MimeMessage.h"
 #include "linux/posix/PrivateFolder.h"
+#include "platform/base/Translation.h"
 #include "platform/files/DeviceRoot.h"
 #include "platform/services/MailService.h"
 
@@ -28,8 +29,8 @@ std::string timeForName(std::time_t time) {
 }
 
 MailOutcome notSaved(const fs::path& folder, std::error_code error) {
-    return {MailOutcome::Kind::Failed,
-            "The mail could not be saved in " + folder.string() + ": " + error.message() + "."};
+    return {MailOutcome::Kind::Failed, filledIn(translated("Mail", "The mail could not be saved in %1: %2."),
+                                                {folder.string(), error.message()})};
 }
 
 } // namespace
@@ -61,7 +62,8 @@ std::optional<MailOutcome> MailOutbox::send(const MailMessage& message) {
             continue;
         }
         unlink(temporary.c_str());
-        return MailOutcome{MailOutcome::Kind::SavedToOutbox, "The mail was saved as " + path + "."};
+        return MailOutcome{MailOutcome::Kind::SavedToOutbox,
+                           filledIn(translated("Mail", "The mail was saved as %1."), {path})};
     }
     unlink(temporary.c_str());
     return notSaved(folder, error);

@@ -2,6 +2,7 @@
 
 #include "linux/mail/MailFolder.h"
 #include "linux/mail/MailPortalRequest.h"
+#include "platform/base/Translation.h"
 
 namespace platform::mail {
 
@@ -30,9 +31,11 @@ std::optional<MailOutcome> MailPortal::send(const MailMessage& message) {
     // The portal has the files open and needs their names no longer.
     folder.remove();
     if (response == PortalResponse::Done)
-        return MailOutcome{MailOutcome::Kind::HandedOver, "The mail was handed to your mail program."};
+        return MailOutcome{MailOutcome::Kind::HandedOver,
+                           translated("Mail", "The mail was handed to your mail program.")};
     if (response == PortalResponse::Cancelled)
-        return MailOutcome{MailOutcome::Kind::Failed, "The mail was not sent: no mail program was chosen."};
+        return MailOutcome{MailOutcome::Kind::Failed,
+                           translated("Mail", "The mail was not sent: no mail program was chosen.")};
     return std::nullopt;
 }
 

@@ -4,6 +4,7 @@
 #include "linux/mail/MailHeader.h"
 #include "linux/posix/Program.h"
 #include "linux/web/UrlHandlers.h"
+#include "platform/base/Translation.h"
 
 namespace platform::mail {
 
@@ -38,7 +39,8 @@ std::optional<MailOutcome> MailProgram::send(const MailMessage& message) {
             words.push_back(withoutControls(recipient));
     const auto code = posix::startProgram(words, timeout);
     if (code && *code == 0)
-        return MailOutcome{MailOutcome::Kind::HandedOver, "The mail was handed to your mail program."};
+        return MailOutcome{MailOutcome::Kind::HandedOver,
+                           translated("Mail", "The mail was handed to your mail program.")};
     folder.remove();
     return std::nullopt;
 }

@@ -1,6 +1,7 @@
 #include "linux/web/CurlWebEngine.h"
 
 #include "linux/web/PageEncoding.h"
+#include "platform/base/Translation.h"
 #include "platform/runtime/NSOperationQueue.h"
 
 #include <algorithm>
@@ -57,7 +58,8 @@ void CurlWebEngine::begin(Ticket ticket) {
         if (!page.error.empty())
             return hand(weak, ticket, {}, page.error);
         auto text = readable(page);
-        hand(weak, ticket, text ? std::move(*text) : PageText(), text ? "" : "The page is too complex");
+        hand(weak, ticket, text ? std::move(*text) : PageText(),
+             text ? "" : translated("Web", "The page is too complex"));
     };
     load->fetch = std::make_unique<PageFetch>(load->url, options_, view, std::move(completion));
 }

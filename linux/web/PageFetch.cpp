@@ -1,6 +1,7 @@
 #include "linux/web/PageFetch.h"
 
 #include "linux/posix/SignalMaskedThread.h"
+#include "platform/base/Translation.h"
 #include "platform/runtime/ExceptionBoundary.h"
 
 #include <curl/curl.h>
@@ -130,8 +131,10 @@ PageFetch::PageFetch(std::string url, TextWebEngineOptions options, std::weak_pt
       completion_(std::move(completion)), transfers_(makeTransfers()),
       thread_(posix::startSignalMaskedThread([this] { run(); })) {
     if (!thread_.joinable())
-        completion_(
-            {.error = "The system cannot create another thread", .bytes = {}, .contentType = {}, .url = {}});
+        completion_({.error = translated("Web", "The system cannot create another thread"),
+                     .bytes = {},
+                     .contentType = {},
+                     .url = {}});
 }
 
 PageFetch::~PageFetch() {
@@ -156,7 +159,7 @@ void PageFetch::run() {
     page.contentType = information(handle.get(), CURLINFO_CONTENT_TYPE);
     page.url = information(handle.get(), CURLINFO_EFFECTIVE_URL);
     if (body.tooLarge || result == CURLE_FILESIZE_EXCEEDED)
-        page.error = "The page is too large";
+        page.error = translated("Web", "The page is too large");
     else if (result == CURLE_OK)
         page.bytes = std::move(body.bytes);
     else

@@ -1,21 +1,26 @@
 #include "settings/history/KeptVersions.h"
 
+#include "platform/base/Translation.h"
+
 namespace wardlock {
+
+using platform::filledIn;
+using platform::translated;
 
 std::string reasonAgainst(const platform::VersionFolder& folder) {
     using State = platform::VersionFolder::State;
     const std::string& path = folder.path();
     switch (folder.state()) {
     case State::NotAFolder:
-        return path + " is a link or a file, not a folder";
+        return filledIn(translated("Undo", "%1 is a link or a file, not a folder"), {path});
     case State::OfAnotherUser:
-        return path + " belongs to another user";
+        return filledIn(translated("Undo", "%1 belongs to another user"), {path});
     case State::OpenToOthers:
-        return path + " is open to other users; chmod 700 closes it";
+        return filledIn(translated("Undo", "%1 is open to other users; chmod 700 closes it"), {path});
     case State::Unknown:
-        return path + " cannot be read";
+        return filledIn(translated("Undo", "%1 cannot be read"), {path});
     case State::Missing:
-        return "there is no " + path + " yet; the first change creates it";
+        return filledIn(translated("Undo", "there is no %1 yet; the first change creates it"), {path});
     case State::Usable:
         break;
     }

@@ -1,5 +1,6 @@
 #include "settings/history/TakingBack.h"
 
+#include "platform/base/Translation.h"
 #include "settings/Accounts.h"
 #include "settings/Keys.h"
 #include "settings/SettingLabels.h"
@@ -14,6 +15,7 @@ using platform::Array;
 using platform::Dictionary;
 using platform::MutableArray;
 using platform::MutableDictionary;
+using platform::translated;
 using platform::Value;
 using Positions = std::vector<std::optional<std::size_t>>;
 
@@ -98,7 +100,9 @@ private:
         if (equal(value, change.old))
             return;
         if (!equal(value, change.now) && later_ == LaterChanges::Keep)
-            return addConflict(change.key == kPasscode ? "the passcode" : change.key, "was changed again");
+            return change.key == kPasscode
+                       ? addConflict(translated("Undo", "the passcode was changed again"), {})
+                       : addConflict(translated("Undo", "%1 was changed again"), {change.key});
         setOrRemove(entries_, change.key, change.old);
     }
 
@@ -106,13 +110,13 @@ private:
         const auto position = fromAfter_[change.after];
         const Dictionary* record = position ? platform::dictionaryValue(&accounts_.at(*position)) : nullptr;
         if (!record)
-            return addConflict(change.account, "was deleted since");
+            return addConflict(translated("Undo", "%1 was deleted since"), {change.account});
         const Value* value = record->find(change.key);
         if (equal(value, change.old))
             return;
         if (!equal(value, change.now) && later_ == LaterChanges::Keep)
-            return addConflict(change.account + ": " + std::string(accountLabel(change.key)),
-                               "was changed again");
+            return addConflict(translated("Undo", "%1: %2 was changed again"),
+                               {change.account, accountLabel(change.key)});
         MutableDictionary changed(*record);
         setOrRemove(changed, change.key, change.old);
         accounts_.replace(*position, changed.copy());
@@ -139,7 +143,7 @@ private:
         if (!position)
             return;
         if (!(accounts_.at(*position) == *change.now) && later_ == LaterChanges::Keep)
-            return addConflict(change.account, "was changed since it was added");
+            return addConflict(translated("Undo", "%1 was changed since it was added"), {change.account});
         accounts_.remove(*position);
         accountsChanged_ = true;
         for (auto& other : fromAfter_)
@@ -148,8 +152,8 @@ private:
         fromAfter_[change.after].reset();
     }
 
-    void addConflict(const std::string& what, const char* happened) {
-        conflicts_.push_back(what + ' ' + happened);
+    void addConflict(std::string_view happened, std::initializer_list<std::string_view> names) {
+        conflicts_.push_back(platform::filledIn(happened, names));
     }
 
     MutableDictionary entries_;

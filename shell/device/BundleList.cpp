@@ -1,5 +1,6 @@
 #include "shell/device/BundleList.h"
 
+#include "platform/base/Translation.h"
 #include "platform/files/DeviceRoot.h"
 #include "platform/values/Value.h"
 
@@ -10,6 +11,8 @@
 namespace wardlock::shell {
 
 namespace fs = std::filesystem;
+
+using platform::translated;
 
 namespace {
 
@@ -68,24 +71,26 @@ void BundleList::summarise(std::size_t unreadFolders) {
     const std::size_t more = leftOut_.size() - std::min(leftOut_.size(), mostSentences) + unreadFolders;
     leftOut_.resize(std::min(leftOut_.size(), mostSentences));
     if (more > 0)
-        leftOut_.push_back(std::to_string(more) + " more are not shown.");
+        leftOut_.push_back(
+            platform::filledIn(translated("Bundles", "%1 more are not shown."), {std::to_string(more)}));
 }
 
 void BundleList::add(const std::string& folderName) {
     const auto leaveOut = [&](const std::string& reason) {
-        leftOut_.push_back("\u201c" + folderName + "\u201d is not shown: " + reason + ".");
+        leftOut_.push_back(
+            platform::filledIn(translated("Bundles", "“%1” is not shown: %2."), {folderName, reason}));
     };
     const auto bundle =
         platform::NSBundle::bundleWithPath(std::string(preferenceBundlesPath) + '/' + folderName);
     if (!bundle)
-        leaveOut("its Info.plist cannot be read");
+        leaveOut(translated("Bundles", "its Info.plist cannot be read"));
     else if (const std::string reason = bundle->reasonToDistrust(); !reason.empty())
         // Not even its name is shown: another user could have set it.
         leaveOut(reason);
     else if (text(*bundle, "CFBundleExecutable").empty())
-        leaveOut("its Info.plist names no module");
+        leaveOut(translated("Bundles", "its Info.plist names no module"));
     else if (text(*bundle, "NSPrincipalClass").empty())
-        leaveOut("its Info.plist names no principal class");
+        leaveOut(translated("Bundles", "its Info.plist names no principal class"));
     else
         entries_.push_back({bundle, nameOf(*bundle, folderName), iconOf(*bundle)});
 }

@@ -1,5 +1,6 @@
 #include "shell/device/Provision.h"
 
+#include "platform/base/Translation.h"
 #include "platform/files/AtomicWriter.h"
 #include "platform/files/DeviceRoot.h"
 #include "platform/files/FileSystem.h"
@@ -23,6 +24,9 @@
 namespace wardlock::shell {
 
 namespace fs = std::filesystem;
+
+using platform::filledIn;
+using platform::translated;
 
 namespace {
 
@@ -56,7 +60,7 @@ void Provision::makeWhatIsMissing(const std::function<void()>& furnish) {
     const bool complete = makeFolders();
     const std::string installed = installedFolder();
     if (installed.empty()) {
-        problems_.push_back("no settings bundle beside this program");
+        problems_.push_back(translated("Problem", "no settings bundle beside this program"));
     } else {
         link(std::string(preferenceBundlesPath) + '/' + settingsBundleName,
              installed + "/PreferenceBundles/" + settingsBundleName);
@@ -94,11 +98,11 @@ bool Provision::makeFolder(const std::string& path) {
     // Private from the first moment: before it is closed, another user could enter the folder and create one
     // of their own in it.
     if (const auto error = platform::makeFolders(platform::FileSystem::current(), path, privateMode)) {
-        reportFailure("cannot create folder " + path, error);
+        reportFailure(filledIn(translated("Problem", "cannot create folder %1"), {path}), error);
         return false;
     }
     if (const platform::FolderRisk risk = platform::riskOfFolder(path)) {
-        report("cannot use folder " + path + ": " + risk.reason);
+        report(filledIn(translated("Problem", "cannot use folder %1: %2"), {path, risk.reason}));
         return false;
     }
     return true;
@@ -117,7 +121,9 @@ void Provision::reportFailure(const std::string& what, std::error_code error) {
         return;
     const bool everywhere =
         error == std::errc::read_only_file_system || error == std::errc::no_space_on_device;
-    problems_.push_back((everywhere ? "cannot write to the device root " + platform::deviceRoot() : what) +
+    problems_.push_back((everywhere ? filledIn(translated("Problem", "cannot write to the device root %1"),
+                                               {platform::deviceRoot()})
+                                    : what) +
                         reason);
 }
 
@@ -139,7 +145,7 @@ void Provision::link(const std::string& devicePath, const std::string& target) {
     std::error_code ignored;
     fs::remove(temporary, ignored);
     if (error)
-        reportFailure("cannot create link " + path.string(), error);
+        reportFailure(filledIn(translated("Problem", "cannot create link %1"), {path.string()}), error);
 }
 
 void Provision::firstStart() {
@@ -162,14 +168,14 @@ void Provision::tryWriting() {
     const std::string trial = folder + "/.wardlock-trial";
     if (const auto error =
             platform::AtomicWriter(files).write(trial, std::string(block, '\n'), platform::Sync::None))
-        reportFailure("cannot write to folder " + folder, error);
+        reportFailure(filledIn(translated("Problem", "cannot write to folder %1"), {folder}), error);
     static_cast<void>(files.remove(trial));
 }
 
 void Provision::lookAtAppList() {
     const std::string reason = platform::reasonToDistrustModule(platform::appListLibraryPath);
     if (!reason.empty())
-        problems_.push_back("cannot list applications: " + reason);
+        problems_.push_back(filledIn(translated("Problem", "cannot list applications: %1"), {reason}));
 }
 
 } // namespace wardlock::shell

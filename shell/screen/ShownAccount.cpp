@@ -1,5 +1,6 @@
 #include "shell/screen/ShownAccount.h"
 
+#include "platform/base/Translation.h"
 #include "settings/Keys.h"
 #include "shell/screen/OneLine.h"
 
@@ -30,10 +31,15 @@ std::vector<std::string> labels(const platform::PSListSections::Section& section
 }
 
 std::string sentence(AccountFate fate, const std::string& name) {
-    const std::string account =
-        name.empty() ? "the account" : "the account \u201c" + oneLine(name) + "\u201d";
-    return fate == AccountFate::Moved ? "Another program moved " + account + " in the list of accounts."
-                                      : "Another program removed " + account + '.';
+    using platform::translated;
+    const bool moved = fate == AccountFate::Moved;
+    if (name.empty())
+        return moved ? translated("Notice", "Another program moved the account in the list of accounts.")
+                     : translated("Notice", "Another program removed the account.");
+    return platform::filledIn(
+        moved ? translated("Notice", "Another program moved the account “%1” in the list of accounts.")
+              : translated("Notice", "Another program removed the account “%1”."),
+        {oneLine(name)});
 }
 
 } // namespace
@@ -121,7 +127,9 @@ void ShownAccount::followName() {
 
 void ShownAccount::leave(const std::string& reason) {
     const bool typed = popToList();
-    screen_.addNotice(reason + (typed ? " What was being typed is not stored." : ""));
+    screen_.addNotice(reason);
+    if (typed)
+        screen_.addNotice(platform::translated("Notice", "What was being typed is not stored."));
     changes_.notice();
 }
 

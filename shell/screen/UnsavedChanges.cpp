@@ -1,5 +1,6 @@
 #include "shell/screen/UnsavedChanges.h"
 
+#include "platform/base/Translation.h"
 #include "platform/plist/UnsavedChange.h"
 
 #include <utility>
@@ -12,10 +13,11 @@ bool isUpper(char letter) {
     return letter >= 'A' && letter <= 'Z';
 }
 
-/// Returns the reason as the end of a sentence: the system's reasons begin with a capital letter.
+/// Returns the reason as the end of a sentence. The system's reasons begin with a capital letter, which in
+/// other languages may be that of a noun.
 std::string endOfSentence(std::string_view reason) {
     std::string text(reason);
-    if (text.size() > 1 && isUpper(text[0]) && !isUpper(text[1]))
+    if (platform::speaksEnglish() && text.size() > 1 && isUpper(text[0]) && !isUpper(text[1]))
         text[0] = static_cast<char>(text[0] - 'A' + 'a');
     return text;
 }
@@ -36,7 +38,8 @@ bool UnsavedChanges::notify() {
     const std::string reason = std::exchange(reason_, {});
     if (reason.empty())
         return false;
-    screen_.addNotice("Your change could not be saved: " + reason + '.');
+    screen_.addNotice(
+        platform::filledIn(platform::translated("Notice", "Your change could not be saved: %1."), {reason}));
     changes_.notice();
     return true;
 }

@@ -1,5 +1,6 @@
 #include "shell/undo/Recovery.h"
 
+#include "platform/base/Translation.h"
 #include "platform/files/DeviceRoot.h"
 #include "platform/files/FileSystem.h"
 #include "settings/Constants.h"
@@ -51,9 +52,12 @@ void Recovery::check() {
     if (!last)
         return;
     version_ = last->number;
-    setOffer(Offer{Offer::Kind::Restore,
-                   std::string(isMissing() ? "The settings have disappeared." : "The settings are damaged.") +
-                       " Their last good version can be restored"});
+    using platform::translated;
+    setOffer(Offer{
+        Offer::Kind::Restore,
+        isMissing()
+            ? translated("Notice", "The settings have disappeared. Their last good version can be restored")
+            : translated("Notice", "The settings are damaged. Their last good version can be restored")});
 }
 
 void Recovery::changeAnnounced(const Announcement& announcement) {

@@ -1,5 +1,6 @@
 #include "shell/undo/SettingsUndo.h"
 
+#include "platform/base/Translation.h"
 #include "platform/ui/AnimationClock.h"
 #include "settings/Keys.h"
 #include "settings/history/History.h"
@@ -68,7 +69,10 @@ InputResult SettingsUndo::finish(const UndoResult& result, Direction direction) 
     case Outcome::Failed:
         return InputResult::refused("the settings could not be saved");
     case Outcome::Refused:
-        screen_.addNotice("Cannot " + name + ": " + joined(result.reasons) + '.');
+        screen_.addNotice(platform::filledIn(direction == Direction::Back
+                                                 ? platform::translated("Notice", "Cannot undo: %1.")
+                                                 : platform::translated("Notice", "Cannot redo: %1."),
+                                             {joined(result.reasons)}));
         changes_.notice();
         return InputResult::refused("a later change would be lost: " + joined(result.reasons));
     case Outcome::Done:
@@ -88,7 +92,8 @@ void SettingsUndo::reportThatNothingIsKept() {
     const auto state = history.folder().state();
     if (state == platform::VersionFolder::State::Usable || state == platform::VersionFolder::State::Missing)
         return;
-    screen_.addNotice("Changes cannot be taken back: " + reasonAgainst(history.folder()) + '.');
+    screen_.addNotice(platform::filledIn(platform::translated("Notice", "Changes cannot be taken back: %1."),
+                                         {reasonAgainst(history.folder())}));
     changes_.notice();
 }
 
@@ -117,7 +122,10 @@ void SettingsUndo::offerToUndoDeletion() {
     if (deleted == step->changes.end())
         return;
     const std::string name = oneLine(deleted->account);
-    screen_.setOffer(Offer{Offer::Kind::Undo, (name.empty() ? "The account" : name) + " was deleted"});
+    screen_.setOffer(
+        Offer{Offer::Kind::Undo,
+              name.empty() ? platform::translated("Notice", "The account was deleted")
+                           : platform::filledIn(platform::translated("Notice", "%1 was deleted"), {name})});
     changes_.offer();
     platform::AnimationClock::current().after(platform::AnimationClock::time(offerSeconds),
                                               [this, offer = ++offers_] {

@@ -13,6 +13,7 @@ import elffiles
 import includes
 import sizes
 import testnames
+import translations
 
 
 class Tree(unittest.TestCase):

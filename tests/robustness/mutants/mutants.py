@@ -145,8 +145,8 @@ ALL = [
         (VERSIONS, "names[aged]), now))\n        --aged;\n    return aged;", "names[aged]), now)) {\n    }\n    return aged + 1;"),
     ]),
     Mutant("later-change-lost", "taking back overwrites a later change to the same key", ("tests.history/TakingBackChanges", "tests.history/Undo"), [
-        (TAKING_BACK, "        if (!equal(value, change.now) && later_ == LaterChanges::Keep)\n            return addConflict(change.key == kPasscode",
-         "        if (!equal(value, change.now) && entries_.empty())\n            return addConflict(change.key == kPasscode"),
+        (TAKING_BACK, "        if (!equal(value, change.now) && later_ == LaterChanges::Keep)\n            return change.key == kPasscode",
+         "        if (!equal(value, change.now) && entries_.empty())\n            return change.key == kPasscode"),
     ]),
     Mutant("account-back-at-the-end", "a deleted account returns at the list's end", ("tests.history/TakingBackChanges",), [
         (TAKING_BACK, "        accounts_.insert(position, *change.old);\n", "        position = accounts_.size();\n        accounts_.append(*change.old);\n"),
