@@ -51,6 +51,8 @@ CheckResult checkAppList();
 CheckResult checkWindow();
 CheckResult checkWebEngine();
 CheckResult checkFonts();
+CheckResult checkEmoji();
+CheckResult checkEastAsianLetters();
 CheckResult checkPortal();
 CheckResult checkMail();
 

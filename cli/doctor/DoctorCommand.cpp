@@ -11,9 +11,10 @@ namespace wardlock::cli {
 
 namespace {
 
-constexpr std::array checks{&checkDeviceRoot, &checkStorage, &checkDocument, &checkHistory, &checkLog,
-                            &checkBus,        &checkBundle,  &checkAppList,  &checkWindow,  &checkWebEngine,
-                            &checkFonts,      &checkPortal,  &checkMail};
+constexpr std::array checks{
+    &checkDeviceRoot, &checkStorage, &checkDocument,         &checkHistory, &checkLog,
+    &checkBus,        &checkBundle,  &checkAppList,          &checkWindow,  &checkWebEngine,
+    &checkFonts,      &checkEmoji,   &checkEastAsianLetters, &checkPortal,  &checkMail};
 
 bool isBroken(const CheckResult& result) {
     return !result.works && result.need == CheckResult::Need::Needed;
@@ -70,7 +71,7 @@ const Verb doctorVerb{
     "  - the device root, the storage of changes, the document, its earlier versions\n"
     "    and the log\n"
     "  - the bus, the settings bundle and the AppList module\n"
-    "  - the window, its web engine and font, the desktop's contrast, and the route\n"
+    "  - the window, its web engine and fonts, the desktop's contrast, and the route\n"
     "    of support mail\n"
     "\n"
     "The check of the storage creates a file beside the document and removes it.\n"

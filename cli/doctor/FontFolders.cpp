@@ -1,5 +1,8 @@
 #include "cli/doctor/FontFolders.h"
 
+#include "cli/doctor/FontCharacters.h"
+
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <filesystem>
@@ -17,13 +20,30 @@ bool isLetter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 }
 
+bool isFont(const fs::path& file) {
+    static constexpr std::array types{".otf", ".ttf", ".ttc"};
+    return std::ranges::find(types, file.extension().string()) != types.end();
+}
+
 /// Returns true for "Inter-Bold" and "Inter" of the family "Inter", and false for "Interstate".
 bool isOfFamily(const fs::path& file, std::string_view family) {
-    static constexpr std::array types{".otf", ".ttf", ".ttc"};
-    const std::string type = file.extension().string();
     const std::string stem = file.stem().string();
-    return (type == types[0] || type == types[1] || type == types[2]) && stem.starts_with(family) &&
-           (stem.size() == family.size() || !isLetter(stem[family.size()]));
+    return stem.starts_with(family) && (stem.size() == family.size() || !isLetter(stem[family.size()]));
+}
+
+/// Returns the first font file below the folders for which `wanted` returns true; empty when there is none.
+template <class Wanted>
+std::string findFont(const std::vector<std::string>& folders, Wanted wanted) {
+    int left = mostEntries;
+    for (const std::string& folder : folders) {
+        std::error_code error;
+        const auto options = fs::directory_options::skip_permission_denied;
+        fs::recursive_directory_iterator it(folder, options, error);
+        for (const fs::recursive_directory_iterator end; !error && it != end && left > 0; it.increment(error))
+            if (--left; isFont(it->path()) && wanted(it->path()))
+                return it->path().string();
+    }
+    return {};
 }
 
 void addBelow(const char* variable, const char* folder, std::vector<std::string>& folders) {
@@ -42,16 +62,11 @@ std::vector<std::string> fontFolders() {
 }
 
 std::string fontFile(std::string_view family, const std::vector<std::string>& folders) {
-    int left = mostEntries;
-    for (const std::string& folder : folders) {
-        std::error_code error;
-        const auto options = fs::directory_options::skip_permission_denied;
-        fs::recursive_directory_iterator it(folder, options, error);
-        for (const fs::recursive_directory_iterator end; !error && it != end && left > 0; it.increment(error))
-            if (--left; isOfFamily(it->path(), family))
-                return it->path().string();
-    }
-    return {};
+    return findFont(folders, [&](const fs::path& file) { return isOfFamily(file, family); });
+}
+
+std::string fontFileFor(char32_t character, const std::vector<std::string>& folders) {
+    return findFont(folders, [&](const fs::path& file) { return fontShows(file.string(), character); });
 }
 
 } // namespace wardlock::cli
