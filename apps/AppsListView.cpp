@@ -20,11 +20,11 @@ using platform::Array;
 using platform::Dictionary;
 using platform::Value;
 
-constexpr const char* CellIdentifier = "theCell";
-constexpr int IconSize = 29;
-constexpr double RowHeight = 35;
+constexpr const char* cellIdentifier = "theCell";
+constexpr int iconSize = 29;
+constexpr double rowHeight = 35;
 
-const std::string PreferencesPath = documentPath(BundleIdentifier);
+const std::string preferencesPath = documentPath(BundleIdentifier);
 
 /// The record of the account that the most recently opened picker edits.
 std::optional<Dictionary> SelectedAccount;
@@ -48,7 +48,7 @@ std::optional<Dictionary> selectedRecord(const std::optional<Dictionary>& docume
 
 std::shared_ptr<AppsListView> AppsListView::initWithFrame(const platform::CGRect& frame) {
     auto view = std::make_shared<AppsListView>(frame);
-    SelectedAccount = selectedRecord(platform::dictionaryWithContentsOfFile(PreferencesPath));
+    SelectedAccount = selectedRecord(platform::dictionaryWithContentsOfFile(preferencesPath));
     view->applist_ = platform::dlopen(platform::appListLibraryPath, platform::RTLD_Lazy);
     view->setupTableViewWithFrame(frame);
     return view;
@@ -74,7 +74,7 @@ void AppsListView::setupArrays() {
 void AppsListView::savePreferences() {
     const std::optional<Value> list = enabled_ ? std::optional<Value>(enabled_->copy()) : std::nullopt;
     const DocumentChange change =
-        setAccountValue(PreferencesPath, selectedAccount, kAppsRestricted, list ? &*list : nullptr);
+        setAccountValue(preferencesPath, selectedAccount, kAppsRestricted, list ? &*list : nullptr);
     if (change.update.changed)
         SelectedAccount = selectedRecord(change.update.dictionary);
     announce(change);
@@ -100,12 +100,12 @@ std::size_t AppsListView::tableViewNumberOfRowsInSection(platform::UITableView&,
 }
 
 double AppsListView::tableViewHeightForRowAtIndexPath(platform::UITableView&, platform::NSIndexPath) {
-    return RowHeight;
+    return rowHeight;
 }
 
 std::shared_ptr<platform::UITableViewCell>
 AppsListView::tableViewCellForRowAtIndexPath(platform::UITableView& table, platform::NSIndexPath path) {
-    std::shared_ptr<platform::UITableViewCell> cell = table.dequeueReusableCellWithIdentifier(CellIdentifier);
+    std::shared_ptr<platform::UITableViewCell> cell = table.dequeueReusableCellWithIdentifier(cellIdentifier);
     if (!cell)
         cell = makeCell();
     const std::string_view identifier = allApps_.at(path.row).string();
@@ -113,7 +113,7 @@ AppsListView::tableViewCellForRowAtIndexPath(platform::UITableView& table, platf
     appSwitch.setTag(static_cast<long>(path.row));
     appSwitch.setOn(enabled_ && enabled_->contains(identifier), false);
     platform::ALApplicationList* list = sharedApplicationList();
-    cell->setImage(list ? list->iconOfSize(IconSize, identifier) : nullptr);
+    cell->setImage(list ? list->iconOfSize(iconSize, identifier) : nullptr);
     cell->textLabel().setText(platform::stringValue(applications_.find(identifier)).value_or(""));
     cell->detailTextLabel().setText(identifier);
     cell->detailTextLabel().setHidden(true);
@@ -122,7 +122,7 @@ AppsListView::tableViewCellForRowAtIndexPath(platform::UITableView& table, platf
 
 std::shared_ptr<platform::UITableViewCell> AppsListView::makeCell() {
     auto cell =
-        platform::UITableViewCell::initWithStyle(platform::UITableViewCellStyle::Value1, CellIdentifier);
+        platform::UITableViewCell::initWithStyle(platform::UITableViewCellStyle::Value1, cellIdentifier);
     cell->setSelectionStyle(platform::UITableViewCellSelectionStyle::None);
     auto appSwitch = std::make_shared<platform::UISwitch>(platform::CGRectZero);
     appSwitch->addTarget(self(this),

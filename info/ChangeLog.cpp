@@ -7,7 +7,7 @@
 namespace wardlock {
 namespace {
 
-constexpr double FontSize = 15;
+constexpr double fontSize = 15;
 
 } // namespace
 
@@ -24,7 +24,7 @@ void ChangeLog::setupTextViewWithFrame(const platform::CGRect& frame) {
     const auto textView = std::make_shared<platform::UITextView>(frame);
     textView->setEditable(false);
     textView->setSelectable(false);
-    textView->setFont(platform::UIFont::systemFontOfSize(FontSize));
+    textView->setFont(platform::UIFont::systemFontOfSize(fontSize));
     textView->setText(path ? platform::stringWithContentsOfFile(*path).value_or("") : "");
     addSubview(textView);
 }

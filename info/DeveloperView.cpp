@@ -3,7 +3,7 @@
 namespace wardlock {
 namespace {
 
-constexpr const char* Listing = "http://" WARDLOCK_REPOSITORY_HOST "/packagesfordev.php?name=kitbay";
+constexpr const char* listing = "http://" WARDLOCK_REPOSITORY_HOST "/packagesfordev.php?name=kitbay";
 
 } // namespace
 
@@ -20,7 +20,7 @@ void DeveloperView::setupTextViewWithFrame(const platform::CGRect& frame) {
     const auto webView = std::make_shared<platform::UIWebView>(frame);
     activity_->setCenter(webView->center());
     webView->setDelegate(self(this));
-    webView->loadRequest({Listing});
+    webView->loadRequest({listing});
     addSubview(webView);
     addSubview(activity_);
 }

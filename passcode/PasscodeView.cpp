@@ -13,9 +13,9 @@ platform::FBWorkspace* workspace = nullptr;
 
 namespace {
 
-constexpr double FadeSeconds = 0.4;
-constexpr std::int32_t AllowedAttempts = 4;
-constexpr int SimpleFourDigitStyle = 0;
+constexpr double fadeSeconds = 0.4;
+constexpr std::int32_t allowedAttempts = 4;
+constexpr int simpleFourDigitStyle = 0;
 
 /// Returns the class methods of a class that is looked up by name; null where the system has no such class.
 template <class Protocol>
@@ -53,9 +53,9 @@ void PasscodeView::createBlurView() {
 void PasscodeView::createPasscode() {
     // Added first, so that it is beneath the keypad.
     createBlurView();
-    setMaxAttempts(AllowedAttempts);
+    setMaxAttempts(allowedAttempts);
     if (auto* factory = classNamed<platform::SBUIPasscodeLockViewFactory>("SBUIPasscodeLockViewFactory"))
-        setKeypad(factory->passcodeLockViewForStyle(SimpleFourDigitStyle));
+        setKeypad(factory->passcodeLockViewForStyle(simpleFourDigitStyle));
     if (keypad_) {
         keypad_->setAlpha(0);
         keypad_->setBackgroundAlpha(0);
@@ -99,7 +99,7 @@ void PasscodeView::setPasscodeHidden(bool hidden, Completion completion) {
         if (completion)
             completion();
     };
-    UIView::animateWithDuration(FadeSeconds, setAlphas, ended);
+    UIView::animateWithDuration(fadeSeconds, setAlphas, ended);
 }
 
 void PasscodeView::destroyPasscode() {

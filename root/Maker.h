@@ -6,8 +6,8 @@
 
 namespace wardlock {
 
-inline constexpr std::string_view SupportAddress = "support@tavix.example";
-inline constexpr std::string_view ProfileName = "@TavixCo";
-inline constexpr std::string_view ProfileURL = "twitter://user?screen_name=TavixCo";
+inline constexpr std::string_view supportAddress = "support@tavix.example";
+inline constexpr std::string_view profileName = "@TavixCo";
+inline constexpr std::string_view profileURL = "twitter://user?screen_name=TavixCo";
 
 } // namespace wardlock

@@ -14,9 +14,9 @@
 namespace wardlock {
 namespace {
 
-constexpr const char* EnterCurrentPasscode = "Enter Current Passcode";
-constexpr const char* EnterNewPasscode = "Enter New Passcode";
-constexpr std::int32_t ToleratedFailures = 3;
+constexpr const char* enterCurrentPasscode = "Enter Current Passcode";
+constexpr const char* enterNewPasscode = "Enter New Passcode";
+constexpr std::int32_t toleratedFailures = 3;
 
 /// Returns none, which no entry equals, when the document has no passcode; the empty passcode is a different
 /// value.
@@ -30,24 +30,24 @@ void SettingsListController::passcodePressed() {
     setPasscodeView(PasscodeView::initWithDefaultSize());
     passcodeView_->setDelegate(self(this));
     failedCount_ = 0;
-    passcodeView_->setStatus(currentPasscode() == "" ? EnterNewPasscode : EnterCurrentPasscode);
+    passcodeView_->setStatus(currentPasscode() == "" ? enterNewPasscode : enterCurrentPasscode);
     if (const auto& window = platform::UIApplication::sharedApplication().keyWindow())
         window->addSubview(passcodeView_);
 }
 
 void SettingsListController::passcodeViewEnteredPasscode(PasscodeView& view, const std::string& passcode) {
     const auto keypad = view.keypad();
-    if (!keypad || keypad->_statusText() != EnterCurrentPasscode) {
+    if (!keypad || keypad->_statusText() != enterCurrentPasscode) {
         savePasscode(passcode);
         view.destroyPasscodeWithCompletion({});
         return;
     }
     if (currentPasscode() == passcode) {
-        view.setStatus(EnterNewPasscode);
+        view.setStatus(enterNewPasscode);
         view.reset();
         return;
     }
-    if (++failedCount_ > ToleratedFailures) {
+    if (++failedCount_ > toleratedFailures) {
         failedCount_ = 0;
         cancelPasscodeView(view);
     } else {

@@ -65,10 +65,10 @@ platform::PSListController::Specifiers SettingsListController::buildSpecifiers()
         rows.end(),
         {
             prefs_->header("Contact", "Wardlock is made by Tavix."),
-            addIcon(prefs_->button(std::string(ProfileName), page,
+            addIcon(prefs_->button(std::string(profileName), page,
                                    ButtonAction::of<&SettingsListController::openTwitter>("openTwitter:")),
                     "twitter"),
-            addIcon(prefs_->button(std::string(SupportAddress), page,
+            addIcon(prefs_->button(std::string(supportAddress), page,
                                    ButtonAction::of<&SettingsListController::openEmail>("openEmail:")),
                     "mail"),
             prefs_->link("Change Log", &ChangeLogController::theClass()),

@@ -20,20 +20,20 @@ using platform::stringWithFormat;
 
 namespace {
 
-constexpr const char* ProductName = "Wardlock";
-constexpr const char* SubjectFormat = "Wardlock -- %@(%@)";
-constexpr const char* BodyFormat =
+constexpr const char* productName = "Wardlock";
+constexpr const char* subjectFormat = "Wardlock -- %@(%@)";
+constexpr const char* bodyFormat =
     "Application: %@\nDevice: %@\nFirmware: %@\n\nComments:\n%@\n\nReproduce:\n%@";
-constexpr const char* PackageListPath = "/tmp/dpkgl.log";
+constexpr const char* packageListPath = "/tmp/dpkgl.log";
 // Mail servers accept no more.
-constexpr std::size_t LargestAttachment = std::size_t{64} << 20;
+constexpr std::size_t largestAttachment = std::size_t{64} << 20;
 
 std::optional<std::string> contentsOfFile(std::string_view devicePath) {
     auto& files = platform::FileSystem::current();
     const auto path = platform::pathOnDevice(devicePath);
     std::string contents;
     const std::error_code error =
-        platform::uninterrupted([&] { return files.readFile(path, LargestAttachment, contents); });
+        platform::uninterrupted([&] { return files.readFile(path, largestAttachment, contents); });
     if (error == std::errc::file_too_large)
         platform::diagnose(path + " is not attached: it is too large for a mail.");
     return error ? std::nullopt : std::optional(std::move(contents));
@@ -47,7 +47,7 @@ void attach(MFMailComposeViewController& composer, std::string_view devicePath, 
 } // namespace
 
 void SettingsListController::openTwitter(platform::PSSpecifier& /*specifier*/) {
-    platform::UIApplication::sharedApplication().openURL(ProfileURL);
+    platform::UIApplication::sharedApplication().openURL(profileURL);
 }
 
 void SettingsListController::openEmail(platform::PSSpecifier& /*specifier*/) {
@@ -59,14 +59,14 @@ void SettingsListController::openEmail(platform::PSSpecifier& /*specifier*/) {
 
     const auto composer = std::make_shared<MFMailComposeViewController>();
     composer->setMailComposeDelegate(self(this));
-    composer->setToRecipients({std::string(SupportAddress)});
-    composer->setSubject(stringWithFormat(SubjectFormat, machine, version));
-    composer->setMessageBody(stringWithFormat(BodyFormat, ProductName, machine, version,
+    composer->setToRecipients({std::string(supportAddress)});
+    composer->setSubject(stringWithFormat(subjectFormat, machine, version));
+    composer->setMessageBody(stringWithFormat(bodyFormat, productName, machine, version,
                                               "Please describe in detail what's wrong",
                                               "How can I reproduce this issue?"),
                              false);
     attach(*composer, stringWithFormat(LogPathFormat, BundleIdentifier), "log");
-    attach(*composer, PackageListPath, "dpkgl.log");
+    attach(*composer, packageListPath, "dpkgl.log");
     presentViewController(composer, true);
 }
 

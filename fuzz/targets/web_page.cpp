@@ -16,7 +16,7 @@ void check(bool condition) {
         std::abort();
 }
 
-constexpr std::size_t ShortPage = 4096;
+constexpr std::size_t shortPage = 4096;
 
 void checkText(std::string_view text) {
     check(platform::isValidUtf8(text));
@@ -33,7 +33,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     checkText(platform::web::plainText(platform::web::decodedText(bytes, "text/plain")).text);
     const auto page = platform::web::htmlText(text, "http://host.example/folder/page?query");
     // Only a long page may be too complex.
-    check(page || size > ShortPage);
+    check(page || size > shortPage);
     if (!page)
         return 0;
     checkText(page->text);

@@ -13,11 +13,11 @@
 namespace platform::applist {
 namespace {
 
-constexpr double LargestScale = 8;
+constexpr double largestScale = 8;
 
 int pixelsOf(int points) {
     return static_cast<int>(
-        std::lround(points * std::clamp(DeviceInformation::current().screenScale(), 1.0, LargestScale)));
+        std::lround(points * std::clamp(DeviceInformation::current().screenScale(), 1.0, largestScale)));
 }
 
 /// Most icons are never shown: their files are searched for when they are.

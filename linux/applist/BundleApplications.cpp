@@ -15,12 +15,12 @@
 namespace platform::applist {
 namespace {
 
-constexpr std::string_view Suffix = ".app";
-constexpr std::size_t LargestInfo = 1u << 20;
-constexpr std::size_t LongestText = 1024;
-constexpr std::size_t MostIcons = 32;
+constexpr std::string_view suffix = ".app";
+constexpr std::size_t largestInfo = 1u << 20;
+constexpr std::size_t longestText = 1024;
+constexpr std::size_t mostIcons = 32;
 /// Folders that are searched, with an application in them or not. A device has a few hundred.
-constexpr std::size_t MostFolders = 10000;
+constexpr std::size_t mostFolders = 10000;
 
 /// Where .app folders are: directly, or one folder per application further down.
 struct Place {
@@ -28,7 +28,7 @@ struct Place {
     bool inContainers;
 };
 
-constexpr std::array Places{
+constexpr std::array places{
     Place{"/Applications", false},
     Place{"/var/mobile/Applications", true},
     Place{"/var/containers/Bundle/Application", true},
@@ -44,14 +44,14 @@ std::vector<std::string> sortedNames(const std::string& folder) {
 
 std::string_view text(const Dictionary& info, std::string_view key) {
     const std::string_view found = stringValue(info.find(key)).value_or("");
-    return found.size() <= LongestText ? found : std::string_view();
+    return found.size() <= longestText ? found : std::string_view();
 }
 
 void addIcons(const Value* files, std::vector<std::string>& icons) {
     const Array* names = arrayValue(files);
     for (const Value& name : names ? *names : Array()) {
         const auto icon = stringValue(&name);
-        if (icon && icon->size() <= LongestText && icons.size() < MostIcons &&
+        if (icon && icon->size() <= longestText && icons.size() < mostIcons &&
             std::find(icons.begin(), icons.end(), *icon) == icons.end())
             icons.emplace_back(*icon);
     }
@@ -75,7 +75,7 @@ std::optional<Application> applicationIn(const std::string& folder, std::string_
     FileSystem& files = FileSystem::current();
     std::string bytes;
     const std::string path = folder + "/Info.plist";
-    if (const std::error_code error = files.readFile(path, LargestInfo, bytes)) {
+    if (const std::error_code error = files.readFile(path, largestInfo, bytes)) {
         if (error != std::errc::no_such_file_or_directory)
             diagnose(path + " is left out: " + error.message() + '.');
         return std::nullopt;
@@ -107,11 +107,11 @@ public:
     /// Returns false when the search has reached its bound, and has reported that.
     bool search(const std::string& folder) {
         for (const std::string& name : sortedNames(folder)) {
-            if (name.size() <= Suffix.size() || !name.ends_with(Suffix))
+            if (name.size() <= suffix.size() || !name.ends_with(suffix))
                 continue;
             if (!countFolder(folder))
                 return false;
-            const auto folderName = std::string_view(name).substr(0, name.size() - Suffix.size());
+            const auto folderName = std::string_view(name).substr(0, name.size() - suffix.size());
             if (auto application = applicationIn(folder + "/" + name, folderName))
                 found_.push_back(std::move(*application));
         }
@@ -120,7 +120,7 @@ public:
 
     bool searchContainers(const std::string& folder) {
         for (const std::string& container : sortedNames(folder)) {
-            if (++containers_ > MostFolders)
+            if (++containers_ > mostFolders)
                 return reportTooMany(folder);
             if (!search(folder + "/" + container))
                 return false;
@@ -131,7 +131,7 @@ public:
     std::vector<Application> take() { return std::move(found_); }
 
 private:
-    bool countFolder(const std::string& folder) { return ++folders_ <= MostFolders || reportTooMany(folder); }
+    bool countFolder(const std::string& folder) { return ++folders_ <= mostFolders || reportTooMany(folder); }
     static bool reportTooMany(const std::string& folder) {
         diagnose("There are more applications in " + folder +
                  " than a list can show: the others are left out.");
@@ -147,7 +147,7 @@ private:
 
 std::vector<Application> bundleApplications() {
     Search search;
-    for (const Place& place : Places) {
+    for (const Place& place : places) {
         const std::string folder = pathOnDevice(place.devicePath);
         if (!(place.inContainers ? search.searchContainers(folder) : search.search(folder)))
             break;

@@ -15,11 +15,11 @@ namespace platform::applist {
 namespace {
 
 /// Names are without scale, idiom and often without extension.
-constexpr std::array<std::string_view, 3> Scales{"@3x", "@2x", ""};
-constexpr std::array<std::string_view, 3> Idioms{"", "~iphone", "~ipad"};
-constexpr std::array<std::string_view, 3> Extensions{".png", ".svg", ".jpg"};
+constexpr std::array<std::string_view, 3> scales{"@3x", "@2x", ""};
+constexpr std::array<std::string_view, 3> idioms{"", "~iphone", "~ipad"};
+constexpr std::array<std::string_view, 3> extensions{".png", ".svg", ".jpg"};
 /// The usual names where Info.plist gives none.
-constexpr std::array<std::string_view, 2> UsualNames{"Icon", "icon"};
+constexpr std::array<std::string_view, 2> usualNames{"Icon", "icon"};
 
 struct Choice {
     std::string path;
@@ -67,9 +67,9 @@ public:
     void considerForms(std::string_view base) {
         if (!formsMayExist(base))
             return;
-        for (const std::string_view scale : Scales)
-            for (const std::string_view idiom : Idioms)
-                for (const std::string_view extension : Extensions)
+        for (const std::string_view scale : scales)
+            for (const std::string_view idiom : idioms)
+                for (const std::string_view extension : extensions)
                     consider(std::string(base).append(scale).append(idiom).append(extension));
     }
 
@@ -98,7 +98,7 @@ private:
 };
 
 std::string_view withoutExtension(std::string_view name) {
-    for (const std::string_view extension : Extensions) {
+    for (const std::string_view extension : extensions) {
         if (name.ends_with(extension))
             name.remove_suffix(extension.size());
     }
@@ -113,7 +113,7 @@ std::string bundleIcon(const Application& application, int pixels) {
         search.consider(name);
         search.considerForms(withoutExtension(name));
     }
-    for (const std::string_view name : UsualNames) {
+    for (const std::string_view name : usualNames) {
         if (search.best().empty())
             search.considerForms(name);
     }

@@ -10,10 +10,10 @@
 namespace platform::applist {
 namespace {
 
-constexpr std::size_t LongestText = 1024;
+constexpr std::size_t longestText = 1024;
 
 bool isName(std::string_view text) {
-    return !text.empty() && text.size() <= LongestText && isValidUtf8(text);
+    return !text.empty() && text.size() <= longestText && isValidUtf8(text);
 }
 
 } // namespace

@@ -11,7 +11,7 @@
 namespace platform::applist {
 namespace {
 
-constexpr const char* Group = G_KEY_FILE_DESKTOP_GROUP;
+constexpr const char* group = G_KEY_FILE_DESKTOP_GROUP;
 
 std::string taken(char* text) {
     const TextPointer owned(text);
@@ -63,19 +63,19 @@ std::string DesktopEntry::icon() const {
 }
 
 std::string DesktopEntry::text(const char* key) const {
-    return file_ ? taken(g_key_file_get_string(file_.get(), Group, key, nullptr)) : "";
+    return file_ ? taken(g_key_file_get_string(file_.get(), group, key, nullptr)) : "";
 }
 
 std::string DesktopEntry::localizedText(const char* key) const {
-    return file_ ? taken(g_key_file_get_locale_string(file_.get(), Group, key, nullptr, nullptr)) : "";
+    return file_ ? taken(g_key_file_get_locale_string(file_.get(), group, key, nullptr, nullptr)) : "";
 }
 
 bool DesktopEntry::isTrue(const char* key) const {
-    return g_key_file_get_boolean(file_.get(), Group, key, nullptr);
+    return g_key_file_get_boolean(file_.get(), group, key, nullptr);
 }
 
 bool DesktopEntry::lists(const char* key, const std::string& desktop) const {
-    const TextsPointer names(g_key_file_get_string_list(file_.get(), Group, key, nullptr, nullptr));
+    const TextsPointer names(g_key_file_get_string_list(file_.get(), group, key, nullptr, nullptr));
     return names && g_strv_contains(names.get(), desktop.c_str());
 }
 
@@ -87,7 +87,7 @@ bool DesktopEntry::isForThisDesktop() const {
         if (lists(G_KEY_FILE_DESKTOP_KEY_NOT_SHOW_IN, *desktop))
             return false;
     }
-    return !g_key_file_has_key(file_.get(), Group, G_KEY_FILE_DESKTOP_KEY_ONLY_SHOW_IN, nullptr);
+    return !g_key_file_has_key(file_.get(), group, G_KEY_FILE_DESKTOP_KEY_ONLY_SHOW_IN, nullptr);
 }
 
 bool DesktopEntry::isInstalled() const {

@@ -14,10 +14,10 @@
 namespace platform::applist {
 namespace {
 
-constexpr std::string_view Suffix = ".desktop";
-constexpr int DeepestFolder = 8;
+constexpr std::string_view suffix = ".desktop";
+constexpr int deepestFolder = 8;
 /// Names of files and folders that are read. A large desktop has some hundred entries.
-constexpr std::size_t MostNames = 4000;
+constexpr std::size_t mostNames = 4000;
 
 class Search {
 public:
@@ -31,9 +31,9 @@ public:
         for (const std::string& name : names) {
             if (!countFolder(folder))
                 return;
-            if (name.size() > Suffix.size() && name.ends_with(Suffix))
-                add(prefix + name.substr(0, name.size() - Suffix.size()), folder + '/' + name);
-            else if (depth < DeepestFolder)
+            if (name.size() > suffix.size() && name.ends_with(suffix))
+                add(prefix + name.substr(0, name.size() - suffix.size()), folder + '/' + name);
+            else if (depth < deepestFolder)
                 others.push_back(name);
         }
         for (const std::string& name : others)
@@ -44,15 +44,15 @@ public:
 
 private:
     bool countFolder(const std::string& folder) {
-        if (++names_ == MostNames + 1)
+        if (++names_ == mostNames + 1)
             diagnose("There are more desktop entries in " + folder +
                      " than a list can show: the others are left out.");
-        return names_ <= MostNames;
+        return names_ <= mostNames;
     }
     /// Links may lead to a folder again.
     bool isNewFolder(const std::string& path) {
         FileStatus status;
-        return names_ < MostNames && !FileSystem::current().status(path, Links::Follow, status) &&
+        return names_ < mostNames && !FileSystem::current().status(path, Links::Follow, status) &&
                status.kind == FileKind::Folder && folders_.insert({status.device, status.inode}).second;
     }
     void add(std::string identifier, const std::string& path) {

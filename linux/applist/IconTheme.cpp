@@ -13,11 +13,11 @@
 namespace platform::applist {
 namespace {
 
-constexpr const char* LastTheme = "hicolor";
-constexpr std::size_t MostThemes = 16;
+constexpr const char* lastTheme = "hicolor";
+constexpr std::size_t mostThemes = 16;
 /// Per theme; large ones have hundreds.
-constexpr std::size_t MostFolders = 4096;
-constexpr std::array<std::string_view, 3> Extensions{".png", ".svg", ".jpg"};
+constexpr std::size_t mostFolders = 4096;
+constexpr std::array<std::string_view, 3> extensions{".png", ".svg", ".jpg"};
 
 /// Where settings files name the icon theme, below a configuration folder.
 struct Setting {
@@ -25,7 +25,7 @@ struct Setting {
     const char* group;
     const char* key;
 };
-constexpr std::array Settings{
+constexpr std::array settings{
     Setting{"gtk-4.0/settings.ini", "Settings", "gtk-icon-theme-name"},
     Setting{"gtk-3.0/settings.ini", "Settings", "gtk-icon-theme-name"},
     Setting{"kdeglobals", "Icons", "Theme"},
@@ -48,11 +48,11 @@ std::vector<std::string> listOf(GKeyFile& file, const char* group, const char* k
 }
 
 int numberOf(GKeyFile& file, const char* group, const char* key, int otherwise) {
-    constexpr int Largest = 4096;
+    constexpr int largest = 4096;
     GError* error = nullptr;
     const int number = g_key_file_get_integer(&file, group, key, &error);
     if (!error)
-        return std::clamp(number, 1, Largest);
+        return std::clamp(number, 1, largest);
     g_error_free(error);
     return otherwise;
 }
@@ -74,13 +74,13 @@ std::string chosenTheme() {
         folders.emplace_back(*folder);
     folders.emplace_back("/etc");
     for (const std::string& folder : folders) {
-        for (const Setting& setting : Settings) {
+        for (const Setting& setting : settings) {
             const KeyFilePointer file = readKeyFile(folder + "/" + setting.file);
             if (std::string name = file ? textOf(*file, setting.group, setting.key) : ""; isName(name))
                 return name;
         }
     }
-    return LastTheme;
+    return lastTheme;
 }
 
 std::vector<std::string> iconFolders() {
@@ -100,7 +100,7 @@ std::vector<std::string> plainFolders() {
 }
 
 std::string fileIn(const std::string& folder, const std::string& name) {
-    for (const std::string_view extension : Extensions) {
+    for (const std::string_view extension : extensions) {
         std::string path = folder + "/" + name;
         path.append(extension);
         FileStatus status;
@@ -119,19 +119,19 @@ IconTheme& IconTheme::current() {
 
 IconTheme::IconTheme() {
     addTheme(chosenTheme());
-    addTheme(LastTheme);
+    addTheme(lastTheme);
 }
 
 void IconTheme::addTheme(const std::string& name) {
     const bool isKnown = std::find(names_.begin(), names_.end(), name) != names_.end();
     // The last theme ends the search, so it waits until all others have been added.
-    if (isKnown || !isName(name) || names_.size() >= MostThemes)
+    if (isKnown || !isName(name) || names_.size() >= mostThemes)
         return;
     names_.push_back(name);
     std::vector<std::string> inherits;
     themes_.push_back(foldersOf(name, inherits));
     for (const std::string& parent : inherits) {
-        if (parent != LastTheme)
+        if (parent != lastTheme)
             addTheme(parent);
     }
 }
@@ -156,7 +156,7 @@ std::vector<IconTheme::Folder> IconTheme::foldersOf(const std::string& theme,
     std::vector<std::string> names = listOf(*index, "Icon Theme", "Directories");
     for (std::string& name : listOf(*index, "Icon Theme", "ScaledDirectories"))
         names.push_back(std::move(name));
-    names.resize(std::min(names.size(), MostFolders));
+    names.resize(std::min(names.size(), mostFolders));
     for (const std::string& name : names) {
         if (!staysInside(name))
             continue;
@@ -178,12 +178,12 @@ std::vector<IconTheme::Folder> IconTheme::foldersOf(const std::string& theme,
 /// Returns 0 where the folder's icons are meant for the size. Otherwise larger ones come before smaller ones,
 /// which would have to be enlarged.
 int IconTheme::distance(const Folder& folder, int pixels) {
-    constexpr int Smaller = 1 << 20;
+    constexpr int smaller = 1 << 20;
     if (pixels >= folder.least && pixels <= folder.most)
         return 0;
     if (folder.scalable)
         return 1;
-    return folder.pixels > pixels ? folder.pixels - pixels : Smaller - folder.pixels;
+    return folder.pixels > pixels ? folder.pixels - pixels : smaller - folder.pixels;
 }
 
 const std::vector<std::vector<IconTheme::Folder>>& IconTheme::orderedFor(int pixels) {

@@ -14,7 +14,7 @@ struct Encoding {
 
 // The encodings of the web and their labels, as the standard that browsers follow lists them. Where iconv's
 // encoding of the same name has fewer characters than the web's, the list names its larger relative.
-constexpr std::array Encodings{
+constexpr std::array encodings{
     Encoding{"UTF-8", " unicode-1-1-utf-8 unicode11utf8 unicode20utf8 utf-8 utf8 x-unicode20utf8 "},
     Encoding{"IBM866", " 866 cp866 csibm866 ibm866 "},
     Encoding{"ISO-8859-2",
@@ -80,8 +80,8 @@ const char* encodingOf(std::string_view label) {
     };
     if (label.empty() || label.find(' ') != label.npos)
         return nullptr;
-    const auto found = std::ranges::find_if(Encodings, has);
-    return found == Encodings.end() ? nullptr : found->name;
+    const auto found = std::ranges::find_if(encodings, has);
+    return found == encodings.end() ? nullptr : found->name;
 }
 
 } // namespace platform::web

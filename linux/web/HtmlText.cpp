@@ -10,20 +10,20 @@
 namespace platform::web {
 namespace {
 
-constexpr std::size_t MostLinks = 1000;
+constexpr std::size_t mostLinks = 1000;
 
 enum class Shown { Not, Inline, Line, Paragraph, Preformatted };
 
 // How a browser shows the elements of HTML without styles; all others are inline.
-constexpr std::array NotShown{GUMBO_TAG_SCRIPT,   GUMBO_TAG_STYLE,  GUMBO_TAG_TITLE,    GUMBO_TAG_TEMPLATE,
+constexpr std::array notShown{GUMBO_TAG_SCRIPT,   GUMBO_TAG_STYLE,  GUMBO_TAG_TITLE,    GUMBO_TAG_TEMPLATE,
                               GUMBO_TAG_NOSCRIPT, GUMBO_TAG_IFRAME, GUMBO_TAG_NOFRAMES, GUMBO_TAG_NOEMBED,
                               GUMBO_TAG_DATALIST, GUMBO_TAG_RP};
-constexpr std::array Paragraphs{GUMBO_TAG_P,     GUMBO_TAG_H1,        GUMBO_TAG_H2, GUMBO_TAG_H3,
+constexpr std::array paragraphs{GUMBO_TAG_P,     GUMBO_TAG_H1,        GUMBO_TAG_H2, GUMBO_TAG_H3,
                                 GUMBO_TAG_H4,    GUMBO_TAG_H5,        GUMBO_TAG_H6, GUMBO_TAG_UL,
                                 GUMBO_TAG_TABLE, GUMBO_TAG_BLOCKQUOTE};
-constexpr std::array Preformatted{GUMBO_TAG_PRE, GUMBO_TAG_LISTING, GUMBO_TAG_XMP, GUMBO_TAG_PLAINTEXT,
+constexpr std::array preformatted{GUMBO_TAG_PRE, GUMBO_TAG_LISTING, GUMBO_TAG_XMP, GUMBO_TAG_PLAINTEXT,
                                   GUMBO_TAG_TEXTAREA};
-constexpr std::array Lines{GUMBO_TAG_DIV,     GUMBO_TAG_SECTION, GUMBO_TAG_ARTICLE,    GUMBO_TAG_HEADER,
+constexpr std::array lines{GUMBO_TAG_DIV,     GUMBO_TAG_SECTION, GUMBO_TAG_ARTICLE,    GUMBO_TAG_HEADER,
                            GUMBO_TAG_HGROUP,  GUMBO_TAG_FOOTER,  GUMBO_TAG_NAV,        GUMBO_TAG_MAIN,
                            GUMBO_TAG_ASIDE,   GUMBO_TAG_FORM,    GUMBO_TAG_LI,         GUMBO_TAG_OL,
                            GUMBO_TAG_TR,      GUMBO_TAG_CAPTION, GUMBO_TAG_DL,         GUMBO_TAG_DT,
@@ -33,10 +33,10 @@ constexpr std::array Lines{GUMBO_TAG_DIV,     GUMBO_TAG_SECTION, GUMBO_TAG_ARTIC
 
 Shown shown(GumboTag tag) {
     const auto isOneOf = [tag](const auto& tags) { return std::ranges::find(tags, tag) != tags.end(); };
-    return isOneOf(NotShown)       ? Shown::Not
-           : isOneOf(Paragraphs)   ? Shown::Paragraph
-           : isOneOf(Preformatted) ? Shown::Preformatted
-           : isOneOf(Lines)        ? Shown::Line
+    return isOneOf(notShown)       ? Shown::Not
+           : isOneOf(paragraphs)   ? Shown::Paragraph
+           : isOneOf(preformatted) ? Shown::Preformatted
+           : isOneOf(lines)        ? Shown::Line
                                    : Shown::Inline;
 }
 
@@ -74,10 +74,10 @@ WebAddress baseOf(const GumboNode& document, const std::string& url) {
 
 /// Returns the rank of a heading; 0 for any other element.
 int headingRank(const GumboNode& node) {
-    constexpr std::array Headings{GUMBO_TAG_H1, GUMBO_TAG_H2, GUMBO_TAG_H3,
+    constexpr std::array headings{GUMBO_TAG_H1, GUMBO_TAG_H2, GUMBO_TAG_H3,
                                   GUMBO_TAG_H4, GUMBO_TAG_H5, GUMBO_TAG_H6};
-    for (std::size_t i = 0; i < Headings.size(); ++i)
-        if (isElement(node, Headings[i]))
+    for (std::size_t i = 0; i < headings.size(); ++i)
+        if (isElement(node, headings[i]))
             return static_cast<int>(i) + 1;
     return 0;
 }
@@ -194,7 +194,7 @@ private:
 
     void beginLink(std::string_view href) {
         endLink();
-        std::string url = page_.links.size() < MostLinks ? base_.of(href) : "";
+        std::string url = page_.links.size() < mostLinks ? base_.of(href) : "";
         if (url.empty())
             return;
         page_.links.push_back({{}, std::move(url)});

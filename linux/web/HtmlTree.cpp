@@ -7,10 +7,10 @@ namespace platform::web {
 namespace {
 
 /// A page of a megabyte whose text is mostly markup takes about half of it.
-constexpr std::size_t MostMemory = std::size_t(128) << 20;
-constexpr double MostSeconds = 1;
+constexpr std::size_t mostMemory = std::size_t(128) << 20;
+constexpr double mostSeconds = 1;
 /// Requests for memory between two readings of the clock.
-constexpr std::size_t RequestsPerLook = 64;
+constexpr std::size_t requestsPerLook = 64;
 
 /// Of this thread alone: a busy machine makes no page too complex.
 double processorSeconds() {
@@ -23,13 +23,13 @@ void keep(void*, void*) {}
 
 } // namespace
 
-HtmlTree::Budget::Budget() : deadline_(processorSeconds() + MostSeconds) {}
+HtmlTree::Budget::Budget() : deadline_(processorSeconds() + mostSeconds) {}
 
 void* HtmlTree::Budget::take(std::size_t size) noexcept {
-    if (size > MostMemory - bytes_)
+    if (size > mostMemory - bytes_)
         return nullptr;
     bytes_ += size;
-    if (++requests_ % RequestsPerLook == 0 && processorSeconds() > deadline_)
+    if (++requests_ % requestsPerLook == 0 && processorSeconds() > deadline_)
         return nullptr;
     try {
         return memory_.allocate(size);

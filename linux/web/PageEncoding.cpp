@@ -15,12 +15,12 @@ namespace {
 
 using namespace std::string_view_literals;
 
-constexpr std::string_view Utf8 = "UTF-8";
-constexpr const char* Western = "CP1252";
-constexpr std::string_view Replacement = "\xEF\xBF\xBD";
-constexpr std::string_view Blanks = " \t\n\f\r";
+constexpr std::string_view utf8Name = "UTF-8";
+constexpr const char* western = "CP1252";
+constexpr std::string_view replacement = "\xEF\xBF\xBD";
+constexpr std::string_view blanks = " \t\n\f\r";
 /// Bytes of a page that are searched for its <meta>.
-constexpr std::size_t MetaBeginning = 4096;
+constexpr std::size_t metaBeginning = 4096;
 
 std::string lowered(std::string_view text) {
     std::string lower(text);
@@ -29,8 +29,8 @@ std::string lowered(std::string_view text) {
 }
 
 std::string_view withoutBlanks(std::string_view text) {
-    text.remove_prefix(std::min(text.find_first_not_of(Blanks), text.size()));
-    return text.substr(0, text.find_last_not_of(Blanks) + 1);
+    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
+    return text.substr(0, text.find_last_not_of(blanks) + 1);
 }
 
 const char* encodingLabelled(std::string_view label) {
@@ -60,12 +60,12 @@ const char* declaredBy(const GumboNode& meta) {
     if (!encoding && lowered(attribute(meta, "http-equiv")) == "content-type")
         encoding = encodingIn(attribute(meta, "content"));
     // A page that could be read so far is not UTF-16.
-    return encoding && std::string_view(encoding).starts_with("UTF-16") ? Utf8.data() : encoding;
+    return encoding && std::string_view(encoding).starts_with("UTF-16") ? utf8Name.data() : encoding;
 }
 
 /// Returns the encoding of the first <meta> that names one; null for none.
 const char* declaredEncoding(std::string_view bytes) {
-    const HtmlTree tree(bytes.substr(0, MetaBeginning));
+    const HtmlTree tree(bytes.substr(0, metaBeginning));
     const char* encoding = nullptr;
     const auto look = [&encoding](const GumboNode& node) {
         if (!encoding && node.type == GUMBO_NODE_ELEMENT && node.v.element.tag == GUMBO_TAG_META)
@@ -95,7 +95,7 @@ std::string validated(std::string_view text) {
     for (std::size_t i = 0; i < text.size();) {
         const DecodedCharacter decoded = decodeUtf8(text, i);
         if (decoded.length == 0)
-            valid.append(Replacement);
+            valid.append(replacement);
         else
             valid.append(text.substr(i, decoded.length));
         i += std::max<std::size_t>(decoded.length, 1);
@@ -106,7 +106,8 @@ std::string validated(std::string_view text) {
 class Converter {
 public:
     explicit Converter(std::string_view encoding)
-        : handle_(iconv_open(Utf8.data(), encoding.data())), unit_(encoding.starts_with("UTF-16") ? 2 : 1) {}
+        : handle_(iconv_open(utf8Name.data(), encoding.data())),
+          unit_(encoding.starts_with("UTF-16") ? 2 : 1) {}
     ~Converter() {
         if (isOpen())
             iconv_close(handle_);
@@ -124,7 +125,7 @@ public:
         while (left > 0) {
             if (step(&input, &left, text) || errno == E2BIG)
                 continue;
-            text.append(Replacement);
+            text.append(replacement);
             const std::size_t skipped = std::min(unit_, left);
             input += skipped;
             left -= skipped;
@@ -151,11 +152,11 @@ private:
 
 std::string decoded(std::string_view bytes, const char* encoding) {
     if (!encoding)
-        encoding = isValidUtf8(bytes) ? Utf8.data() : Western;
-    if (encoding == Utf8)
+        encoding = isValidUtf8(bytes) ? utf8Name.data() : western;
+    if (encoding == utf8Name)
         return validated(bytes);
     Converter converter(encoding);
-    return converter.isOpen() ? validated(converter.convert(bytes)) : decoded(bytes, Utf8.data());
+    return converter.isOpen() ? validated(converter.convert(bytes)) : decoded(bytes, utf8Name.data());
 }
 
 } // namespace

@@ -13,14 +13,14 @@
 namespace platform::web {
 namespace {
 
-constexpr const char* Schemes = "http,https";
-constexpr long MostRedirections = 10;
+constexpr const char* schemes = "http,https";
+constexpr long mostRedirections = 10;
 /// For all responses of one fetch, redirections included.
-constexpr std::size_t LargestHeaders = std::size_t(256) * 1024;
+constexpr std::size_t largestHeaders = std::size_t(256) * 1024;
 /// For all that servers send, the lengths of chunks included, as a multiple of the largest page.
-constexpr std::size_t MostBytesPerByte = 8;
+constexpr std::size_t mostBytesPerByte = 8;
 /// The interval at which a fetch checks whether its reader is still there.
-constexpr int PollMilliseconds = 250;
+constexpr int pollMilliseconds = 250;
 
 struct EasyRelease {
     void operator()(CURL* handle) const { curl_easy_cleanup(handle); }
@@ -54,7 +54,7 @@ std::size_t append(char* data, std::size_t size, std::size_t count, void* target
 std::size_t countHeader(char*, std::size_t size, std::size_t count, void* target) {
     auto& body = *static_cast<Body*>(target);
     body.headers += size * count;
-    body.tooLarge = body.tooLarge || body.headers > LargestHeaders;
+    body.tooLarge = body.tooLarge || body.headers > largestHeaders;
     return body.tooLarge ? 0 : size * count;
 }
 
@@ -63,7 +63,7 @@ int countReceived(CURL*, curl_infotype type, char*, std::size_t size, void* targ
     auto& body = *static_cast<Body*>(target);
     if (type == CURLINFO_DATA_IN)
         body.received += size;
-    body.tooLarge = body.tooLarge || body.received / MostBytesPerByte > body.limit;
+    body.tooLarge = body.tooLarge || body.received / mostBytesPerByte > body.limit;
     return 0;
 }
 
@@ -75,10 +75,10 @@ CURLM* makeTransfers() {
 
 void configure(CURL* handle, const std::string& url, const TextWebEngineOptions& options, Body& body) {
     curl_easy_setopt(handle, CURLOPT_URL, url.c_str());
-    curl_easy_setopt(handle, CURLOPT_PROTOCOLS_STR, Schemes);
-    curl_easy_setopt(handle, CURLOPT_REDIR_PROTOCOLS_STR, Schemes);
+    curl_easy_setopt(handle, CURLOPT_PROTOCOLS_STR, schemes);
+    curl_easy_setopt(handle, CURLOPT_REDIR_PROTOCOLS_STR, schemes);
     curl_easy_setopt(handle, CURLOPT_FOLLOWLOCATION, 1L);
-    curl_easy_setopt(handle, CURLOPT_MAXREDIRS, MostRedirections);
+    curl_easy_setopt(handle, CURLOPT_MAXREDIRS, mostRedirections);
     curl_easy_setopt(handle, CURLOPT_TIMEOUT_MS, static_cast<long>(options.timeout.count()));
     curl_easy_setopt(handle, CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(options.largestPage));
     curl_easy_setopt(handle, CURLOPT_ACCEPT_ENCODING, "");
@@ -117,7 +117,7 @@ std::optional<CURLcode> transfer(CURLM* transfers, CURL* handle, Wanted isWanted
                 result = message->data.result;
         }
         if (!result)
-            curl_multi_poll(transfers, nullptr, 0, PollMilliseconds, nullptr);
+            curl_multi_poll(transfers, nullptr, 0, pollMilliseconds, nullptr);
     }
     curl_multi_remove_handle(transfers, handle);
     return result;

@@ -5,7 +5,7 @@
 namespace platform::web {
 namespace {
 
-constexpr std::size_t LongestAddress = 8000;
+constexpr std::size_t longestAddress = 8000;
 
 /// As browsers read an attribute: blanks around it and line ends within it do not count.
 std::string trimmed(std::string_view link) {
@@ -20,12 +20,12 @@ std::string trimmed(std::string_view link) {
 } // namespace
 
 WebAddress::WebAddress(const std::string& url) : base_(curl_url()) {
-    if (url.size() > LongestAddress || curl_url_set(base_.get(), CURLUPART_URL, url.c_str(), 0))
+    if (url.size() > longestAddress || curl_url_set(base_.get(), CURLUPART_URL, url.c_str(), 0))
         base_ = nullptr;
 }
 
 std::string WebAddress::of(std::string_view link) const {
-    if (!base_ || link.size() > LongestAddress)
+    if (!base_ || link.size() > longestAddress)
         return {};
     const std::string text = trimmed(link);
     const std::unique_ptr<CURLU, Release> url(curl_url_dup(base_.get()));
@@ -38,7 +38,7 @@ std::string WebAddress::of(std::string_view link) const {
     std::string address(whole);
     curl_free(whole);
     const bool isWeb = address.starts_with("http://") || address.starts_with("https://");
-    return isWeb && address.size() <= LongestAddress ? address : std::string();
+    return isWeb && address.size() <= longestAddress ? address : std::string();
 }
 
 } // namespace platform::web

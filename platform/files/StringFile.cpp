@@ -6,18 +6,18 @@
 namespace platform {
 namespace {
 
-constexpr std::size_t LargestText = 16u << 20;
-constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::size_t largestText = 16u << 20;
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 } // namespace
 
 std::optional<std::string> stringWithContentsOfFile(std::string_view path) {
     std::string text;
-    const std::error_code error = FileSystem::current().readFile(std::string(path), LargestText, text);
+    const std::error_code error = FileSystem::current().readFile(std::string(path), largestText, text);
     if (error || !isValidUtf8(text))
         return std::nullopt;
-    if (text.starts_with(ByteOrderMark))
-        text.erase(0, ByteOrderMark.size());
+    if (text.starts_with(byteOrderMark))
+        text.erase(0, byteOrderMark.size());
     return text;
 }
 

@@ -8,13 +8,13 @@
 namespace platform {
 namespace {
 
-constexpr std::size_t PrefixBytes = sizeof(std::uint64_t);
+constexpr std::size_t prefixBytes = sizeof(std::uint64_t);
 /// Bytes of a usual name's key; the buffer grows when a name needs more.
-constexpr std::size_t UsualKey = 24;
+constexpr std::size_t usualKey = 24;
 
 std::uint64_t prefixOf(std::string_view key) {
     std::uint64_t prefix = 0;
-    for (std::size_t i = 0; i < PrefixBytes; ++i)
+    for (std::size_t i = 0; i < prefixBytes; ++i)
         prefix = (prefix << 8) | (i < key.size() ? static_cast<unsigned char>(key[i]) : 0u);
     return prefix;
 }
@@ -22,7 +22,7 @@ std::uint64_t prefixOf(std::string_view key) {
 } // namespace
 
 NameCollator::NameCollator(Comparison comparison, std::size_t expected) : comparison_(comparison) {
-    keys_.reserve(expected * UsualKey);
+    keys_.reserve(expected * usualKey);
     ends_.reserve(expected);
     entries_.reserve(expected);
 }

@@ -22,7 +22,7 @@ WebEngine& noEngine() {
 }
 
 constinit CurrentService<WebEngine> currentEngine(noEngine);
-constexpr std::size_t MostEarlierPages = 100;
+constexpr std::size_t mostEarlierPages = 100;
 
 } // namespace
 
@@ -79,7 +79,7 @@ void UIWebView::remember() {
         earlierUrls_.pop_back();
     else if (!shownUrl_.empty() && shownUrl_ != url_)
         earlierUrls_.push_back(shownUrl_);
-    if (earlierUrls_.size() > MostEarlierPages)
+    if (earlierUrls_.size() > mostEarlierPages)
         earlierUrls_.erase(earlierUrls_.begin());
     goesBack_ = false;
     shownUrl_ = url_;

@@ -3,7 +3,7 @@
 namespace wardlock::shell {
 namespace {
 
-constexpr DemonstrationApplication Applications[] = {
+constexpr DemonstrationApplication applications[] = {
     // Those that every new account restricts.
     {"FaceTime", "com.apple.facetime", "FaceTime", Glyph::Video, 0x5BE37A, 0x1FB94A},
     {"Phone", "com.apple.mobilephone", "Phone", Glyph::Phone, 0x6FE88A, 0x22B04C},
@@ -59,7 +59,7 @@ constexpr DemonstrationApplication Applications[] = {
 } // namespace
 
 std::span<const DemonstrationApplication> demonstrationApplications() {
-    return Applications;
+    return applications;
 }
 
 } // namespace wardlock::shell

@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::string_view IconFile = "Icon.svg";
+constexpr std::string_view iconFile = "Icon.svg";
 
 constexpr unsigned privateMode = 0700;
 
@@ -34,8 +34,8 @@ bool install(const DemonstrationApplication& application, const fs::path& folder
     std::error_code error;
     if (fs::exists(fs::symlink_status(info, error)))
         return true;
-    return !makeFolder(folder) && writeFile(folder / IconFile, demonstrationIcon(application)) &&
-           writeFile(info, demonstrationInfo(application, IconFile));
+    return !makeFolder(folder) && writeFile(folder / iconFile, demonstrationIcon(application)) &&
+           writeFile(info, demonstrationInfo(application, iconFile));
 }
 
 } // namespace

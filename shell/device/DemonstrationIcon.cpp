@@ -13,7 +13,7 @@ struct Shape {
 };
 
 /// On a square of 24, drawn in lines of 2 without filling unless they say otherwise.
-constexpr Shape Shapes[] = {
+constexpr Shape shapes[] = {
     {Glyph::Bag, R"(<path d="M4 8h16l-1 13H5z"/><path d="M8 10V7a4 4 0 0 1 8 0v3"/>)"},
     {Glyph::Bell, R"(<path d="M5 17c2-2 2-4 2-7a5 5 0 0 1 10 0c0 3 0 5 2 7z"/><path d="M10 21h4"/>)"},
     {Glyph::Book,
@@ -69,9 +69,9 @@ constexpr Shape Shapes[] = {
 };
 
 std::string_view shapeOf(Glyph glyph) {
-    const auto* found = std::find_if(std::begin(Shapes), std::end(Shapes),
+    const auto* found = std::find_if(std::begin(shapes), std::end(shapes),
                                      [glyph](const Shape& shape) { return shape.glyph == glyph; });
-    return found == std::end(Shapes) ? std::string_view() : found->svg;
+    return found == std::end(shapes) ? std::string_view() : found->svg;
 }
 
 std::string colorText(unsigned color) {

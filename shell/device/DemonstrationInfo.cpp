@@ -20,9 +20,9 @@ void appendNumber(std::string& bytes, std::uint64_t number, int size) {
 
 /// Appends the marker of a kind of object with its count, which is a number object of its own from 15 on.
 void appendMarker(std::string& bytes, unsigned kind, std::size_t count) {
-    constexpr std::size_t Many = 15;
-    bytes.push_back(static_cast<char>(kind << 4 | (count < Many ? count : Many)));
-    if (count >= Many) {
+    constexpr std::size_t many = 15;
+    bytes.push_back(static_cast<char>(kind << 4 | (count < many ? count : many)));
+    if (count >= many) {
         bytes.push_back(0x10);
         appendNumber(bytes, count, 1);
     }
@@ -44,28 +44,28 @@ std::string utf16(std::string_view text) {
 }
 
 void appendString(std::string& bytes, std::string_view text) {
-    constexpr unsigned Ascii = 5;
-    constexpr unsigned Utf16 = 6;
+    constexpr unsigned asciiKind = 5;
+    constexpr unsigned utf16Kind = 6;
     const bool isAscii =
         std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
     if (isAscii) {
-        appendMarker(bytes, Ascii, text.size());
+        appendMarker(bytes, asciiKind, text.size());
         bytes.append(text);
         return;
     }
     const std::string units = utf16(text);
-    appendMarker(bytes, Utf16, units.size() / 2);
+    appendMarker(bytes, utf16Kind, units.size() / 2);
     bytes.append(units);
 }
 
 /// Returns the binary form of one dictionary of short strings: fewer than 128 objects, texts of fewer than
 /// 256 units.
 std::string binaryForm(const Entries& entries) {
-    constexpr unsigned DictionaryKind = 13;
-    constexpr int UnusedTrailer = 6;
+    constexpr unsigned dictionaryKind = 13;
+    constexpr int unusedTrailer = 6;
     std::string bytes = "bplist00";
     std::vector<std::size_t> offsets{bytes.size()};
-    appendMarker(bytes, DictionaryKind, entries.size());
+    appendMarker(bytes, dictionaryKind, entries.size());
     for (std::size_t i = 0; i < 2 * entries.size(); ++i)
         appendNumber(bytes, i + 1, 1);
     const auto append = [&](std::string_view text) {
@@ -79,7 +79,7 @@ std::string binaryForm(const Entries& entries) {
     const std::size_t table = bytes.size();
     for (const std::size_t offset : offsets)
         appendNumber(bytes, offset, 2);
-    bytes.append(UnusedTrailer, '\0');
+    bytes.append(unusedTrailer, '\0');
     appendNumber(bytes, 2, 1);
     appendNumber(bytes, 1, 1);
     appendNumber(bytes, offsets.size(), 8);

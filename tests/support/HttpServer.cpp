@@ -11,7 +11,7 @@
 namespace wardlock::test {
 namespace {
 
-constexpr int TurnMilliseconds = 20;
+constexpr int turnMilliseconds = 20;
 
 /// A socket of the loopback interface with a port of its own.
 int bindToLoopback(int& port) {
@@ -130,7 +130,7 @@ void HttpServer::run() {
         std::vector<pollfd> waits{{listener_, POLLIN, 0}};
         for (const auto& [connection, request] : asking_)
             waits.push_back({connection, POLLIN, 0});
-        poll(waits.data(), waits.size(), TurnMilliseconds);
+        poll(waits.data(), waits.size(), turnMilliseconds);
         if (waits.front().revents != 0)
             if (const int connection = accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC); connection >= 0)
                 asking_[connection];
@@ -186,7 +186,7 @@ void HttpServer::goOn(int connection, const std::string& path) {
         endless = found->second;
     }
     // The client sends no more: what arrives is the end.
-    while (!stopping_ && !isReadable(connection, endless.drips ? TurnMilliseconds : 0))
+    while (!stopping_ && !isReadable(connection, endless.drips ? turnMilliseconds : 0))
         if (!writeAll(connection, endless.then))
             return;
 }

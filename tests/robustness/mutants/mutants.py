@@ -169,8 +169,8 @@ ALL = [
          "    const Value left = changed.at(index);\n    changed.remove(index);\n    changed.append(left);\n"),
     ]),
     Mutant("wrong-account-restricted", "the picker writes into the first account", ("tests.apps/AppsListSaving",), [
-        (PICKER, "setAccountValue(PreferencesPath, selectedAccount,",
-         "setAccountValue(PreferencesPath, [](const Accounts&) { return std::size_t{0}; },"),
+        (PICKER, "setAccountValue(preferencesPath, selectedAccount,",
+         "setAccountValue(preferencesPath, [](const Accounts&) { return std::size_t{0}; },"),
     ]),
     Mutant("enabled-account-cached", "a change of the document leaves the enabled account as it was read first", ("tests.settings/SettingsUpdate",), [
         ("settings/Settings.cpp", "    EnabledAccount = EnabledAccountNew();", "    EnabledAccountFetchIfNecessary();"),
@@ -230,8 +230,8 @@ ALL = [
          "    if (const auto name = platform::stringValue(applications_.find(identifier)))\n        cell->textLabel().setText(*name);"),
     ]),
     Mutant("picker-formats-path-late", "the picker formats the document's path at each use", ("tests.bundle/Module",), [
-        (PICKER, "const std::string PreferencesPath = documentPath(BundleIdentifier);",
-         "#define PreferencesPath documentPath(BundleIdentifier)"),
+        (PICKER, "const std::string preferencesPath = documentPath(BundleIdentifier);",
+         "#define preferencesPath documentPath(BundleIdentifier)"),
     ]),
     # The first page, its mail and its rows.
     Mutant("root-formats-path-late", "the first page formats the document's path at each use", ("tests.bundle/Module",), [
@@ -362,7 +362,7 @@ ALL = [
         (OVERLAY, "        keypad_->setAlpha(0);\n", "        addSubview(keypad_);\n        keypad_->setAlpha(0);\n"),
     ]),
     Mutant("attempts-before-blur", "the overlay's attempts are set before its blur is created", ("tests.passcode/PasscodeOverlay",), [
-        (OVERLAY, "    createBlurView();\n    setMaxAttempts(AllowedAttempts);\n", "    setMaxAttempts(AllowedAttempts);\n    createBlurView();\n"),
+        (OVERLAY, "    createBlurView();\n    setMaxAttempts(allowedAttempts);\n", "    setMaxAttempts(allowedAttempts);\n    createBlurView();\n"),
     ]),
     Mutant("blur-released-first", "the overlay releases its blur before it is empty", ("tests.passcode/PasscodeOverlay",), [
         (OVERLAY, "    for (const auto& view : inside)\n", "    setBlurView(nullptr);\n    for (const auto& view : inside)\n"),
@@ -374,8 +374,8 @@ ALL = [
         ("info/ChangeLog.cpp", "    textView->setEditable(false);\n", "    addSubview(textView);\n    textView->setEditable(false);\n"),
     ]),
     Mutant("load-before-delegate", "the listing is requested before its start can be reported", ("tests.info/DeveloperPage",), [
-        ("info/DeveloperView.cpp", "    webView->setDelegate(self(this));\n    webView->loadRequest({Listing});\n",
-         "    webView->loadRequest({Listing});\n    webView->setDelegate(self(this));\n"),
+        ("info/DeveloperView.cpp", "    webView->setDelegate(self(this));\n    webView->loadRequest({listing});\n",
+         "    webView->loadRequest({listing});\n    webView->setDelegate(self(this));\n"),
     ]),
     Mutant("post-name-alone-clears", "a post name given alone clears the callback", ("tests.settings/SettingsUpdate",), [
         (SETTINGS, "    // Observed first:", "    if (post != PostName)\n        UpdateCallback = nullptr;\n    // Observed first:"),
@@ -406,7 +406,7 @@ ALL = [
         ("linux/bus/PrivateBus.cpp", "    if (!socket)\n        return Listener::Unknown;", "    if (!socket)\n        return Listener::None;"),
     ]),
     Mutant("applications-without-end", "any number of folders is looked at for applications", ("tests.hostile/HostileFiles",), [
-        ("linux/applist/BundleApplications.cpp", "return ++folders_ <= MostFolders || reportTooMany(folder);", "return ++folders_ != 0 || reportTooMany(folder);"),
+        ("linux/applist/BundleApplications.cpp", "return ++folders_ <= mostFolders || reportTooMany(folder);", "return ++folders_ != 0 || reportTooMany(folder);"),
     ]),
     Mutant("terminal-obeys-values", "a terminal gets the control characters of a value", ("tests.cli/Output",), [
         ("cli/io/Output.cpp", "Terminal::showsOutput() ? shell::escaped(", "Terminal::showsOutput() && text.empty() ? shell::escaped("),
@@ -539,7 +539,7 @@ ALL = [
          "return open('v', \"d\") && appendBasic('d', &seconds) && close();"),
     ]),
     Mutant("script-links-followed", "a web page's link may lead to a script", ("fuzz.web_page",), [
-        ("linux/web/WebAddress.cpp", "return isWeb && address.size() <= LongestAddress ? address : std::string();", "return address;"),
+        ("linux/web/WebAddress.cpp", "return isWeb && address.size() <= longestAddress ? address : std::string();", "return address;"),
     ]),
     Mutant("reply-without-id", "an error does not name its command", ("fuzz.script",), [
         ("cli/script/ScriptCommands.cpp", 'reply.erase("ok");', 'reply.erase("ok");\n        reply.erase("id");'),
@@ -607,7 +607,7 @@ ALL = [
          "        if (identifiers_.insert(identifier).second || !identifier.empty())\n"),
     ]),
     Mutant("entries-without-end", "any number of entries is looked at", ("tests.hostile/HostileDesktopFiles",), [
-        ("linux/applist/DesktopFiles.cpp", "        return names_ <= MostNames;", "        return names_ != 0;"),
+        ("linux/applist/DesktopFiles.cpp", "        return names_ <= mostNames;", "        return names_ != 0;"),
     ]),
     Mutant("scaled-folders-unread", "a theme's scaled folders are not looked into", ("tests.applist/AppListDesktop",), [
         ("linux/applist/IconTheme.cpp", '"ScaledDirectories"', '"Scaled"'),

@@ -12,7 +12,7 @@
 namespace wardlock::test {
 namespace {
 
-constexpr const char* Listing = "/packagesfordev.php?name=kitbay";
+constexpr const char* listing = "/packagesfordev.php?name=kitbay";
 
 /// The information pages of this build's bundle, used as a user does.
 class InformationInSettings : public SettingsApplicationFixture, protected LocalWeb {
@@ -43,7 +43,7 @@ TEST_F(InformationInSettings, ShowsThisProjectsOwnChangeLog) {
 
 TEST_F(InformationInSettings, ShowsTheListingAndFollowsItsLinks) {
     useFor(WARDLOCK_REPOSITORY_HOST, server.port());
-    server.reply(Listing, "<a href='/one'>One</a>");
+    server.reply(listing, "<a href='/one'>One</a>");
     server.reply("/one", "First package");
     open("More From Tavix");
     EXPECT_EQ(page().title(), "Other Tweaks");
@@ -57,7 +57,7 @@ TEST_F(InformationInSettings, ShowsTheListingAndFollowsItsLinks) {
 
 TEST_F(InformationInSettings, ReturnsFromAFollowedLinkAndLoadsAgain) {
     useFor(WARDLOCK_REPOSITORY_HOST, server.port());
-    server.reply(Listing, "<a href='/one'>One</a>");
+    server.reply(listing, "<a href='/one'>One</a>");
     server.reply("/one", "First package");
     open("More From Tavix");
     ASSERT_TRUE(waitForLoad());
@@ -67,7 +67,7 @@ TEST_F(InformationInSettings, ReturnsFromAFollowedLinkAndLoadsAgain) {
     ASSERT_TRUE(settings().page().goBackOnWebPage());
     ASSERT_TRUE(waitForLoad());
     EXPECT_EQ(web()->text(), "One [1]\n");
-    server.reply(Listing, "Listing");
+    server.reply(listing, "Listing");
     ASSERT_TRUE(settings().page().reloadWebPage());
     ASSERT_TRUE(waitForLoad());
     EXPECT_EQ(web()->text(), "Listing\n");
@@ -87,7 +87,7 @@ TEST_F(InformationInSettings, ShowsNoMessageWhenTheListingFails) {
 
 TEST_F(InformationInSettings, CancelsTheListingWhenItsPageIsLeft) {
     useFor(WARDLOCK_REPOSITORY_HOST, server.port());
-    server.hang(Listing);
+    server.hang(listing);
     open("More From Tavix");
     ASSERT_TRUE(waitUntil([this] { return server.requests().size() == 1; }));
     ASSERT_TRUE(settings().page().goBack());
@@ -97,13 +97,13 @@ TEST_F(InformationInSettings, CancelsTheListingWhenItsPageIsLeft) {
 
 TEST_F(InformationInSettings, LoadsTheListingAgainOnEachVisit) {
     useFor(WARDLOCK_REPOSITORY_HOST, server.port());
-    server.reply(Listing, "Listing");
+    server.reply(listing, "Listing");
     open("More From Tavix");
     ASSERT_TRUE(waitForLoad());
     ASSERT_TRUE(settings().page().goBack());
     tap("More From Tavix");
     ASSERT_TRUE(waitForLoad());
-    EXPECT_EQ(server.requests(), (std::vector<std::string>{Listing, Listing}));
+    EXPECT_EQ(server.requests(), (std::vector<std::string>{listing, listing}));
 }
 
 } // namespace

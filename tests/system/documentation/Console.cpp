@@ -14,36 +14,36 @@
 namespace wardlock::test {
 namespace {
 
-constexpr std::string_view Prompt = "$ ";
-constexpr std::string_view Anything = "...";
+constexpr std::string_view prompt = "$ ";
+constexpr std::string_view anything = "...";
 
 void readBlock(const Block& block, std::vector<Step>& steps) {
     const std::string terminal = block.word("terminal");
     bool goesOn = false;
-    if (!terminal.empty() && !block.lines.empty() && !block.lines.front().starts_with(Prompt))
+    if (!terminal.empty() && !block.lines.empty() && !block.lines.front().starts_with(prompt))
         steps.push_back({block.line + 1, terminal, "", {}});
     for (std::size_t at = 0; at < block.lines.size(); ++at) {
         const std::string& line = block.lines[at];
         if (goesOn)
             steps.back().command += '\n' + line;
-        else if (line.starts_with(Prompt))
-            steps.push_back({block.line + 1 + at, terminal, line.substr(Prompt.size()), {}});
+        else if (line.starts_with(prompt))
+            steps.push_back({block.line + 1 + at, terminal, line.substr(prompt.size()), {}});
         else if (at > 0 || !terminal.empty())
             steps.back().output.push_back(line);
         else
             ADD_FAILURE() << "the block at line " << block.line << " begins without a command";
-        goesOn = (goesOn || line.starts_with(Prompt)) && line.ends_with('\\');
+        goesOn = (goesOn || line.starts_with(prompt)) && line.ends_with('\\');
     }
 }
 
 /// Whether the line is the one shown, a part that "..." replaces aside.
 bool lineIsAsShown(std::string_view shown, std::string_view line) {
-    const auto gap = shown.find(Anything);
+    const auto gap = shown.find(anything);
     if (gap == std::string_view::npos)
         return shown == line;
     if (!line.starts_with(shown.substr(0, gap)))
         return false;
-    const std::string_view rest = shown.substr(gap + Anything.size());
+    const std::string_view rest = shown.substr(gap + anything.size());
     for (std::size_t at = gap; at <= line.size(); ++at)
         if (lineIsAsShown(rest, line.substr(at)))
             return true;
@@ -54,7 +54,7 @@ template <class Shown, class Line>
 bool linesAreAsShown(Shown shown, Shown shownEnd, Line line, Line end) {
     if (shown == shownEnd)
         return line == end;
-    if (*shown == Anything) {
+    if (*shown == anything) {
         for (Line next = line;; ++next) {
             if (linesAreAsShown(std::next(shown), shownEnd, next, end))
                 return true;

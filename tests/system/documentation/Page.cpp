@@ -15,7 +15,7 @@
 namespace wardlock::test {
 namespace {
 
-constexpr std::string_view Fence = "```";
+constexpr std::string_view fenceMark = "```";
 
 std::string trimmed(const std::string& text) {
     const auto first = text.find_first_not_of(' ');
@@ -69,11 +69,11 @@ Page::Page(const std::string& path, const std::string& source) : path_(path) {
     bool afterBlank = true;
     std::string line;
     for (std::size_t number = 1; std::getline(text, line); ++number) {
-        if (inBlock && line == Fence)
+        if (inBlock && line == fenceMark)
             inBlock = false;
         else if (inBlock)
             blocks_.back().lines.push_back(line);
-        else if (line.starts_with(Fence)) {
+        else if (line.starts_with(fenceMark)) {
             inBlock = true;
             readFence(line, number);
         } else {
@@ -87,7 +87,7 @@ Page::Page(const std::string& path, const std::string& source) : path_(path) {
 }
 
 void Page::readFence(const std::string& fence, std::size_t line) {
-    std::istringstream words(fence.substr(Fence.size()));
+    std::istringstream words(fence.substr(fenceMark.size()));
     Block block;
     block.line = line;
     words >> block.language;

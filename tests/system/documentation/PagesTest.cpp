@@ -111,7 +111,7 @@ TEST(UntestedCommands, AreShownSomewhereAndHaveAReason) {
         for (const Step& step : stepsOf(page))
             commands.push_back(step.command);
     for (const Untested& untested : untestedCommands()) {
-        SCOPED_TRACE(std::string(UntestedPage) + ':' + std::to_string(untested.line));
+        SCOPED_TRACE(std::string(untestedPage) + ':' + std::to_string(untested.line));
         EXPECT_NE(untested.reason, "");
         EXPECT_TRUE(
             std::ranges::any_of(commands, [&](const auto& command) { return untested.covers(command); }))

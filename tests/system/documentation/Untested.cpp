@@ -16,9 +16,9 @@ bool Untested::covers(const std::string& command) const {
 
 std::vector<Untested> untestedCommands() {
     std::vector<Untested> found;
-    for (const TableRow& row : Page(UntestedPage).tableBelow("Commands that no test runs")) {
+    for (const TableRow& row : Page(untestedPage).tableBelow("Commands that no test runs")) {
         if (row.cells.size() != 2) {
-            ADD_FAILURE() << UntestedPage << ':' << row.line << ": not a command and a reason";
+            ADD_FAILURE() << untestedPage << ':' << row.line << ": not a command and a reason";
             continue;
         }
         static const std::regex code("`([^`]+)`");

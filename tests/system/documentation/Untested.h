@@ -17,7 +17,7 @@ struct Untested {
     bool covers(const std::string& command) const;
 };
 
-inline constexpr const char* UntestedPage = "docs/contributing.md";
+inline constexpr const char* untestedPage = "docs/contributing.md";
 
 std::vector<Untested> untestedCommands();
 bool isUntested(const std::string& command);

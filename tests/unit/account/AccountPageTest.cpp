@@ -31,8 +31,7 @@ struct ExpectedRow {
 };
 
 TEST_F(AccountPage, ListsItsTwentySixRowsInOrder) {
-    constexpr auto Switch = PSCellType::Switch;
-    constexpr auto Group = PSCellType::Group;
+    using enum PSCellType;
     const ExpectedRow expected[] = {
         {Switch, "Enabled", "kAccountEnabled"},
         {PSCellType::EditText, "", "kAccountName"},

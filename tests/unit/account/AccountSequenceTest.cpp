@@ -184,12 +184,12 @@ private:
 };
 
 TEST_F(AccountSequence, LeavesDocumentAndPageAsAPlainModelDoes) {
-    constexpr unsigned Sequences = 12;
-    constexpr int Steps = 40;
-    for (unsigned seed = 0; seed < Sequences; ++seed) {
+    constexpr unsigned sequences = 12;
+    constexpr int steps = 40;
+    for (unsigned seed = 0; seed < sequences; ++seed) {
         SCOPED_TRACE("seed " + std::to_string(seed));
         begin(seed);
-        for (int i = 0; i < Steps && !HasFailure(); ++i) {
+        for (int i = 0; i < steps && !HasFailure(); ++i) {
             SCOPED_TRACE("step " + std::to_string(i));
             step();
             ASSERT_NO_FATAL_FAILURE(compare());

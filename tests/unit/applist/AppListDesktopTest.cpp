@@ -30,7 +30,7 @@ protected:
     }
 };
 
-constexpr const char* TwoSizes = "Directories=32x32/apps,64x64/apps\n"
+constexpr const char* twoSizes = "Directories=32x32/apps,64x64/apps\n"
                                  "[32x32/apps]\nSize=32\nType=Threshold\n"
                                  "[64x64/apps]\nSize=64\nType=Fixed\n";
 
@@ -204,9 +204,9 @@ TEST_F(AppListDesktop, YieldsToAFolderOfTheSameIdentifier) {
 
 TEST_F(AppListDesktop, FindsIconsInTheThemeThenInInheritedThemesThenInTheLast) {
     chooseTheme("Mine");
-    writeTheme("Mine", "Base", TwoSizes);
-    writeTheme("Base", "", TwoSizes);
-    writeTheme("hicolor", "", TwoSizes);
+    writeTheme("Mine", "Base", twoSizes);
+    writeTheme("Base", "", twoSizes);
+    writeTheme("hicolor", "", twoSizes);
     for (const char* name : {"one", "two", "three"})
         writeEntry(std::string(name) + ".desktop", "Name=x\nIcon=" + std::string(name) + "\n");
     writeDesktop("icons/Mine/64x64/apps/one.png", png(64));
@@ -276,7 +276,7 @@ TEST_F(AppListDesktop, TakesIconsByPathAndFromFoldersWithoutATheme) {
 
 TEST_F(AppListDesktop, SurvivesThemesThatInheritEachOtherOrAreBroken) {
     chooseTheme("Ring");
-    writeTheme("Ring", "Gnir,Ring,Missing,../../etc", TwoSizes);
+    writeTheme("Ring", "Gnir,Ring,Missing,../../etc", twoSizes);
     writeTheme("Gnir", "Ring", "Directories=64x64/apps,none\n[64x64/apps]\nSize=-5\nScale=99999999999\n");
     writeEntry("a.desktop", "Name=x\nIcon=a\n");
     writeDesktop("icons/Gnir/64x64/apps/a.png", png(64));

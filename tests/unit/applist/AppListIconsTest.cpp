@@ -8,7 +8,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* Svg = "<?xml version=\"1.0\"?><svg xmlns=\"http://www.w3.org/2000/svg\"/>";
+constexpr const char* svg = "<?xml version=\"1.0\"?><svg xmlns=\"http://www.w3.org/2000/svg\"/>";
 
 class AppListIcon : public AppListFixture {
 protected:
@@ -56,7 +56,7 @@ TEST_F(AppListIcon, IsNamedByAnyOfTheKeys) {
     install("/Applications/C.app", "org.c", "C");
     writeFile("/Applications/C.app/Icon@2x~iphone.png", png(114));
     install("/Applications/D.app", "org.d", "D", "<key>CFBundleIconFile</key><string>Drawn.svg</string>");
-    writeFile("/Applications/D.app/Drawn.svg", Svg);
+    writeFile("/Applications/D.app/Drawn.svg", svg);
     EXPECT_EQ(iconOf("org.a"), "Primary.png");
     EXPECT_EQ(iconOf("org.b"), "Files.jpg");
     EXPECT_EQ(iconOf("org.c"), "Icon@2x~iphone.png");

@@ -144,15 +144,15 @@ protected:
 /// The parameter: the first of the seeds. A process each, so that a slow machine has several minutes for all.
 class SeededAppsListSequence : public AppsListSequences, public ::testing::WithParamInterface<unsigned> {};
 
-constexpr unsigned Sequences = 25;
+constexpr unsigned sequences = 25;
 
 TEST_P(SeededAppsListSequence, LeavesDocumentAndScreenAsAPlainModelDoes) {
-    constexpr int Steps = 40;
-    for (unsigned seed = GetParam(); seed < GetParam() + Sequences; ++seed) {
+    constexpr int steps = 40;
+    for (unsigned seed = GetParam(); seed < GetParam() + sequences; ++seed) {
         SCOPED_TRACE("seed " + std::to_string(seed));
         begin(seed);
         ASSERT_NO_FATAL_FAILURE(compare());
-        for (int i = 0; i < Steps; ++i) {
+        for (int i = 0; i < steps; ++i) {
             SCOPED_TRACE("step " + std::to_string(i));
             step();
             ASSERT_NO_FATAL_FAILURE(compare());
@@ -160,7 +160,7 @@ TEST_P(SeededAppsListSequence, LeavesDocumentAndScreenAsAPlainModelDoes) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Seeds, SeededAppsListSequence, ::testing::Range(0U, 8 * Sequences, Sequences),
+INSTANTIATE_TEST_SUITE_P(Seeds, SeededAppsListSequence, ::testing::Range(0U, 8 * sequences, sequences),
                          seedName);
 
 } // namespace

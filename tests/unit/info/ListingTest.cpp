@@ -6,7 +6,7 @@
 namespace wardlock::test {
 namespace {
 
-constexpr const char* Listing = "/packagesfordev.php?name=kitbay";
+constexpr const char* listing = "/packagesfordev.php?name=kitbay";
 
 /// The page of other packages over a server that replaces the repository's host.
 class ListingPage : public PageFixture, protected LocalWeb {
@@ -26,7 +26,7 @@ protected:
 };
 
 TEST_F(ListingPage, ShowsTheListingUnderASpinnerThatStops) {
-    server.reply(Listing, "<h1>Other packages</h1>");
+    server.reply(listing, "<h1>Other packages</h1>");
     show();
     EXPECT_FALSE(isLoading());
     EXPECT_TRUE(waitForLoad());
@@ -34,7 +34,7 @@ TEST_F(ListingPage, ShowsTheListingUnderASpinnerThatStops) {
 }
 
 TEST_F(ListingPage, SpinsForAsLongAsTheServerTakes) {
-    server.hang(Listing);
+    server.hang(listing);
     show();
     EXPECT_TRUE(waitUntil([this] { return server.requests().size() == 1; }));
     EXPECT_TRUE(isLoading());
@@ -53,7 +53,7 @@ TEST_F(ListingPage, StaysBlankAndSilentWhenTheConnectionIsRefused) {
 }
 
 TEST_F(ListingPage, ShowsTheSpinnerAgainForALink) {
-    server.reply(Listing, "<a href='/package.php?id=7'>Seven</a>");
+    server.reply(listing, "<a href='/package.php?id=7'>Seven</a>");
     server.reply("/package.php?id=7", "Package seven");
     show();
     EXPECT_TRUE(waitForLoad());
@@ -61,11 +61,11 @@ TEST_F(ListingPage, ShowsTheSpinnerAgainForALink) {
     webView().loadRequest({webView().links()[0].url});
     EXPECT_TRUE(waitForLoad());
     EXPECT_EQ(webView().text(), "Package seven\n");
-    EXPECT_EQ(server.requests(), (std::vector<std::string>{Listing, "/package.php?id=7"}));
+    EXPECT_EQ(server.requests(), (std::vector<std::string>{listing, "/package.php?id=7"}));
 }
 
 TEST_F(ListingPage, CancelsALoadWhenThePageIsLeft) {
-    server.hang(Listing);
+    server.hang(listing);
     show();
     EXPECT_TRUE(waitUntil([this] { return server.requests().size() == 1; }));
     page = nullptr;
@@ -73,7 +73,7 @@ TEST_F(ListingPage, CancelsALoadWhenThePageIsLeft) {
 }
 
 TEST_F(ListingPage, LoadsFromTheStartWhenThePageIsShownAgain) {
-    server.reply(Listing, "<a href='/other'>Other</a>");
+    server.reply(listing, "<a href='/other'>Other</a>");
     server.reply("/other", "Other");
     show();
     EXPECT_TRUE(waitForLoad());
@@ -82,7 +82,7 @@ TEST_F(ListingPage, LoadsFromTheStartWhenThePageIsShownAgain) {
     show();
     EXPECT_TRUE(waitForLoad());
     EXPECT_EQ(webView().text(), "Other [1]\n");
-    EXPECT_EQ(server.requests().back(), Listing);
+    EXPECT_EQ(server.requests().back(), listing);
 }
 
 } // namespace

@@ -14,7 +14,7 @@ namespace {
 /// Another maker's Unicode data, for each character that Python knows. It is the full folding where that is
 /// one character, else the lower case where that is one character. The standard calls this the simple
 /// folding. The version comes first. Three pairs were made equal by 15.1 and so may be missing there.
-constexpr const char* Reference = R"(python3 -c '
+constexpr const char* foldingsOfPython = R"(python3 -c '
 import unicodedata
 def simple(c):
     for form in (c.casefold(), c.lower()):
@@ -28,7 +28,7 @@ for code in range(0x110000):
 
 std::map<char32_t, char32_t> referenceFoldings() {
     std::map<char32_t, char32_t> foldings;
-    std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(Reference, "r"), &pclose);
+    std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(foldingsOfPython, "r"), &pclose);
     unsigned code = 0;
     unsigned fold = 0;
     while (pipe && std::fscanf(pipe.get(), "%u %u", &code, &fold) == 2)
