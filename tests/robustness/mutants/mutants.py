@@ -23,6 +23,12 @@ SETTINGS = "settings/Settings.cpp"
 KEEPER = "platform/versions/VersionKeeper.cpp"
 VERSIONS = "platform/versions/VersionFolder.cpp"
 TAKING_BACK = "settings/history/TakingBack.cpp"
+HISTORY_UNDO = "settings/history/Undo.cpp"
+GUARD = "shell/guard/Guard.cpp"
+IDLE = "shell/guard/IdleTimer.cpp"
+REQUIRED = "settings/RequiredPasscode.cpp"
+UNDO = "shell/undo/SettingsUndo.cpp"
+RECOVERY = "shell/undo/Recovery.cpp"
 
 
 def both(fault):
@@ -156,6 +162,105 @@ ALL = [
     ]),
     Mutant("digits-shown", "a version is printed with its passcode", ("tests.cli/HistoryCommand",), [
         ("cli/command/HistoryCommands.cpp", "    masked.set(kPasscode, \"****\");\n", ""),
+    ]),
+    Mutant("oldest-version-stays", "one version more is kept than its bound", ("tests.versions/VersionBounds",), [
+        (VERSIONS, "std::min(names.size(), VersionFolder::mostVersions);", "std::min(names.size(), VersionFolder::mostVersions + 1);"),
+    ]),
+    Mutant("youngest-version-goes", "beyond the bound the youngest version is removed", ("tests.versions/VersionBounds",), [
+        (VERSIONS, "names.begin() + static_cast<std::ptrdiff_t>(unwanted));\n    return unwanted;",
+         "names.begin() + static_cast<std::ptrdiff_t>(unwanted), std::ranges::greater());\n    return unwanted;"),
+    ]),
+    Mutant("versions-of-every-document", "all documents of a folder have their versions in one place", ("tests.versions/KeptVersions",), [
+        (VERSIONS, "path_ = document_ + std::string(folderEnding);", "path_ = folderOf(document_) + '/' + std::string(folderEnding);"),
+    ]),
+    Mutant("damaged-version-read", "a version whose bytes were changed is read", ("tests.history/HistoryOfTheDocument",), [
+        (VERSIONS, "bytes); }) ||\n        versionDigest(bytes) != version.digest)", "bytes); }))"),
+    ]),
+    Mutant("redo-survives-a-change", "what was taken back can be made again after another change", ("tests.history/Undo",), [
+        (HISTORY_UNDO, "            redo.clear();\n", ""),
+    ]),
+    Mutant("change-of-anyone-taken-back", "a change of another process counts as one's own", ("tests.history/Undo",), [
+        (HISTORY_UNDO, "version.origin.process == own)", "version.origin.process == own || own != 0)"),
+    ]),
+    Mutant("conflict-unreported", "a change that cannot be taken back counts as none", ("tests.history/Undo",), [
+        (HISTORY_UNDO, "        result.outcome = Outcome::Refused;\n", ""),
+    ]),
+    Mutant("later-documents-ignored", "an account is followed from the change to now without what was between", ("tests.history/Undo",), [
+        (HISTORY_UNDO, "*before, *after, documentsSince(history, *stack[i])};", "*before, *after, {}};"),
+        (HISTORY_UNDO, "std::vector<Dictionary> documentsSince(", "[[maybe_unused]] std::vector<Dictionary> documentsSince("),
+    ]),
+    Mutant("restoring-unrecorded", "a version does not say that it restored another", ("tests.history/Restoring",), [
+        (HISTORY_UNDO, "{.action = VersionAction::Restore, .of = number}", "{}"),
+    ]),
+    Mutant("disabling-announced", "the disabling that an enabling brings is announced, too", ("tests.history/Undo",), [
+        ("settings/history/ChangeAnnouncement.cpp", "        if (enabling && isDisabling(change))\n            continue;\n",
+         "        static_cast<void>(&isDisabling);\n        static_cast<void>(enabling);\n"),
+    ]),
+    # The guard of Settings.
+    Mutant("guard-opens-first", "the page opens before the passcode is entered", ("tests.shell/SettingsGuard",), [
+        (GUARD, "    open_ = std::move(open);\n", "    open();\n    open_ = [] {};\n"),
+    ]),
+    Mutant("fifth-entry-taken", "the keypad stays after the fourth wrong passcode", ("tests.shell/SettingsGuard",), [
+        (GUARD, "toleratedFailures = 3;", "toleratedFailures = 4;"),
+    ]),
+    Mutant("failures-counted-on", "wrong passcodes of an earlier keypad count", ("tests.shell/SettingsGuard",), [
+        (GUARD, "    failures_ = 0;\n", ""),
+    ]),
+    Mutant("removed-passcode-asked-for", "an entry is refused when the passcode has been removed in silence", ("tests.shell/SettingsGuard",), [
+        (GUARD, "if (!required || required->matches(digits))", "if (required && required->matches(digits))"),
+    ]),
+    Mutant("cancelling-opens", "the page opens when the keypad is cancelled", ("tests.shell/SettingsGuard",), [
+        (GUARD, "    if (std::exchange(open_, {}))\n        keypad_->takeDown();", "    if (open_)\n        letIn();"),
+    ]),
+    Mutant("any-change-opens", "the page opens at any change of another process", ("tests.shell/SettingsGuard",), [
+        (GUARD, "if (open_ && !isNeeded())", "if (open_)"),
+    ]),
+    Mutant("idle-since-the-start", "what the user does does not put off the lock", ("tests.shell/SettingsGuard", "tests.shell/IdleTimer"), [
+        (IDLE, "    notifyIfIdle();\n    lastActivity_ = clock_.now();\n}", "    notifyIfIdle();\n}"),
+    ]),
+    Mutant("woken-unlocked", "the first activity after an hour's sleep is carried out before the lock", ("tests.shell/IdleTimer",), [
+        (IDLE, "    notifyIfIdle();\n    lastActivity_ = clock_.now();\n}", "    lastActivity_ = clock_.now();\n}"),
+    ]),
+    Mutant("odd-passcode-is-none", "a passcode that is not a string is not required", ("tests.settings/RequiredPasscode", "tests.shell/SettingsGuard"), [
+        (REQUIRED, "if (passcode == \"\")", "if (!passcode || passcode == \"\")"),
+    ]),
+    Mutant("unreadable-document-opens", "no passcode is required where the document cannot be read", ("tests.settings/RequiredPasscode", "tests.shell/SettingsGuard"), [
+        (REQUIRED, "return RequiredPasscode(std::nullopt);", "return std::nullopt;"),
+    ]),
+    Mutant("passcode-of-no-effect-asked", "the passcode is required while Wardlock is switched off", ("tests.settings/RequiredPasscode", "tests.shell/SettingsGuard"), [
+        (REQUIRED, "if (!platform::boolValue(valueOf(kEnabled)) || !accounts", "if (!accounts"),
+    ]),
+    Mutant("missing-key-opens", "a missing key has no default when the passcode is looked for", ("tests.settings/RequiredPasscode",), [
+        (REQUIRED, "return value ? value : defaults.find(key);", "static_cast<void>(defaults);\n        return value;"),
+    ]),
+    # Undo in Settings, and the offer to restore.
+    Mutant("undo-behind-the-guard", "undo is carried out though the passcode protects the settings", ("tests.shell/.*Undo.*",), [
+        (UNDO, "        if (host_.isLocked())\n            return InputResult::refused(lockedReason);\n        undoing_ = true;", "        undoing_ = true;"),
+    ]),
+    Mutant("restored-behind-the-guard", "a version is restored though the passcode protects the settings", ("tests.shell/LockedUndo",), [
+        (RECOVERY, "        if (host_.isLocked())\n            return InputResult::refused(lockedReason);\n", ""),
+    ]),
+    Mutant("undo-of-other-processes", "Settings takes a change of another process back", ("tests.shell/.*Undo.*",), [
+        (UNDO, "wardlock::undo(Whose::Own)", "wardlock::undo(Whose::Anyones)"),
+    ]),
+    Mutant("conflict-without-notice", "a refused undo shows no notice", ("tests.shell/.*Undo.*",), [
+        (UNDO, "        screen_.addNotice(platform::filledIn(direction == Direction::Back",
+         "        if (result.reasons.empty())\n            screen_.addNotice(platform::filledIn(direction == Direction::Back"),
+    ]),
+    Mutant("offer-of-an-earlier-deletion", "the time of an earlier offer ends a later one", ("tests.shell/UndoOffer",), [
+        (UNDO, "if (offer == offers_)", "if (offer <= offers_)"),
+    ]),
+    Mutant("offer-outlives-a-change", "the offer stays when undo would take another change back", ("tests.shell/UndoOffer",), [
+        (UNDO, "        return;\n    withdraw();\n", "        return;\n"),
+    ]),
+    Mutant("restored-without-asking", "damaged settings are restored without asking", ("tests.shell/Recovery",), [
+        (RECOVERY, "    version_ = last->number;\n", "    version_ = last->number;\n    restoreVersion(version_);\n"),
+    ]),
+    Mutant("refusal-forgotten", "the offer comes back after it was refused", ("tests.shell/Recovery",), [
+        (RECOVERY, "        refused_ = true;\n", ""),
+    ]),
+    Mutant("failing-disk-is-damage", "a disk that fails counts as damage of the settings", ("tests.shell/Recovery",), [
+        (RECOVERY, "if (isOffering() || refused_ || documentIsUnreadable(BundleIdentifier))", "if (isOffering() || refused_)"),
     ]),
     # The pages.
     Mutant("passcode-by-its-beginning", "a passcode that begins as the right one is taken for it", ("tests.root/PasscodeWorkflow",), [

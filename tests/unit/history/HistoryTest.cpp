@@ -1,5 +1,6 @@
 #include "settings/history/History.h"
 
+#include "platform/plist/PropertyList.h"
 #include "tests/unit/history/HistoryFixture.h"
 
 #include <filesystem>
@@ -94,6 +95,16 @@ TEST_F(HistoryOfTheDocument, PassesOverAVersionThatWasDamagedInPlace) {
     EXPECT_EQ(history.document(*history.lastReadable()), documentOf({account("Tom")}));
     EXPECT_EQ(restoreVersion(history.lastReadable()->number).outcome, UndoResult::Outcome::Done);
     EXPECT_EQ(readDocument(), documentOf({account("Tom")}));
+}
+
+TEST_F(HistoryOfTheDocument, HasNothingToReadOfAVersionThatWasChangedInPlace) {
+    setAccount(0, kRestrictSiri, true);
+    const std::uint64_t number = History().versions().back().number;
+    // A document again, though another one: the version is the same file.
+    writeFile(documentPath, platform::dataWithPropertyList(documentOf({account("Eve")})));
+    const History history;
+    ASSERT_TRUE(history.find(number));
+    EXPECT_FALSE(history.document(*history.find(number)));
 }
 
 } // namespace

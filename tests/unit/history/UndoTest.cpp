@@ -216,6 +216,15 @@ TEST_F(Restoring, CanBeTakenBack) {
     EXPECT_EQ(readFile(documentPath), before);
 }
 
+TEST_F(Restoring, RecordsWhatItRestored) {
+    const std::uint64_t number = History().versions().back().number;
+    deleteAccount(0);
+    restoreVersion(number);
+    const History history;
+    EXPECT_EQ(history.versions().back().origin.action, platform::VersionAction::Restore);
+    EXPECT_EQ(history.versions().back().origin.of, number);
+}
+
 TEST_F(Restoring, DoesNothingForAVersionThatIsNotThereOrIsTheDocument) {
     EXPECT_EQ(restoreVersion(99).outcome, Outcome::Nothing);
     EXPECT_EQ(restoreVersion(History().versions().back().number).outcome, Outcome::Nothing);

@@ -66,6 +66,16 @@ TEST_F(IdleTimer, CountsFromItsLastStart) {
     EXPECT_EQ(notified, 1);
 }
 
+TEST_F(IdleTimer, CountsFromTheLastActivity) {
+    timer.run(true);
+    clock.step(hour - 1);
+    timer.noteActivity();
+    clock.step(hour - 1);
+    EXPECT_EQ(notified, 0);
+    clock.step(1);
+    EXPECT_EQ(notified, 1);
+}
+
 TEST_F(IdleTimer, CountsTheTimeForWhichTheMachineWasAsleep) {
     timer.run(true);
     clock.step(30);

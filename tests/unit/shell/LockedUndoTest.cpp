@@ -1,5 +1,6 @@
 // Locked settings are not changed from the page outside of them.
 
+#include "settings/history/History.h"
 #include "tests/unit/shell/UndoFixture.h"
 
 #include <gtest/gtest.h>
@@ -14,14 +15,17 @@ protected:
     static constexpr const char* reason = "the passcode protects the settings";
 
     /// An enabled account and a passcode.
-    void startProtected() {
+    static platform::Dictionary protectedDocument() {
         platform::MutableDictionary document(documentOf({"Ann", "Tom"}));
         document.set(kPasscode, "1234");
         Accounts accounts = *Accounts::of(document.find(kAccounts));
         const platform::Value on(true);
         accounts.set(0, kAccountEnabled, &on);
         document.set(kAccounts, accounts.records());
-        writeDocument(document.copy());
+        return document.copy();
+    }
+    void startProtected() {
+        writeDocument(protectedDocument());
         start();
         observe();
         tap("Wardlock");
@@ -62,6 +66,21 @@ TEST_F(LockedUndo, IsRefusedAfterThePagesWereLeft) {
     tap("Enabled");
     back();
     EXPECT_EQ(settings().history().undo().reason(), reason);
+}
+
+TEST_F(LockedUndo, IncludesTheOfferToRestoreWhatIsProtectedAgain) {
+    writeDocument(documentOf({"Ann"}));
+    keepForeignVersion();
+    removeFile(documentPath);
+    writeFile(documentPath, "no document");
+    start();
+    observe();
+    EXPECT_NE(offer(), "");
+    // Another program repairs the settings without an announcement.
+    writeDocument(protectedDocument());
+    const std::string before = readFile(documentPath);
+    EXPECT_EQ(settings().recovery().restore().reason(), reason);
+    EXPECT_EQ(readFile(documentPath), before);
 }
 
 } // namespace

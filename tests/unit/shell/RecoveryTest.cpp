@@ -11,6 +11,17 @@ namespace {
 
 constexpr const char* damagedOffer = "The settings are damaged. Their last good version can be restored";
 
+/// Its versions can be read, the document cannot.
+class UnreadableDocument : public FaultyFileSystem {
+public:
+    using FaultyFileSystem::FaultyFileSystem;
+
+    std::error_code readFile(const std::string& path, std::size_t maximum, std::string& bytes) override {
+        return path.ends_with("com.tavix.wardlock.plist") ? std::make_error_code(std::errc::io_error)
+                                                          : FaultyFileSystem::readFile(path, maximum, bytes);
+    }
+};
+
 class Recovery : public UndoFixture {
 protected:
     void damage() {
@@ -116,6 +127,17 @@ TEST_F(Recovery, IsNotOfferedWhereTheDiskFails) {
     platform::FileSystem::setCurrent(&files);
     files.failEvery("readFile", std::errc::io_error);
     tap("Wardlock");
+    EXPECT_EQ(offer(), "");
+    quit();
+    platform::FileSystem::setCurrent(nullptr);
+}
+
+TEST_F(Recovery, IsNotOfferedWhereOnlyTheDocumentCannotBeRead) {
+    startWith({"Ann"});
+    UnreadableDocument files(platform::FileSystem::current());
+    platform::FileSystem::setCurrent(&files);
+    tap("Wardlock");
+    ASSERT_TRUE(History().lastReadable());
     EXPECT_EQ(offer(), "");
     quit();
     platform::FileSystem::setCurrent(nullptr);
