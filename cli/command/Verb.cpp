@@ -39,7 +39,8 @@ constexpr std::array allVariables{
     Variable{"NO_COLOR", "if set to anything, Settings in the terminal has no colours"},
     Variable{"COLORTERM", "\"truecolor\" if the terminal shows 24-bit colours"},
     Variable{"COLORFGBG", "the numbers of the terminal's text and background colours, for\n"
-                          "example \"15;0\"; the last one shows whether the terminal is dark"},
+                          "example \"15;0\"; the last one shows whether the terminal is dark,\n"
+                          "where the terminal itself does not reply to that question"},
 };
 
 constexpr std::array allExitCodes{

@@ -1,9 +1,12 @@
 #include "cli/fullscreen/CursesKeys.h"
 
+#include "cli/fullscreen/GroundReply.h"
 #include "cli/fullscreen/MouseReport.h"
 #include "platform/base/Utf8.h"
 
 #include <array>
+#include <poll.h>
+#include <unistd.h>
 #include <utility>
 // Last: it defines macros.
 #define NCURSES_NOMACROS 1
@@ -113,7 +116,69 @@ std::optional<Key> KeyReader::next() {
     return std::nullopt;
 }
 
+std::vector<Key> KeyReader::awaitReplies(std::chrono::milliseconds longest) {
+    using Clock = std::chrono::steady_clock;
+    awaitsReply_ = true;
+    std::vector<Key> keys;
+    const auto end = Clock::now() + longest;
+    while (awaitsReply_) {
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now());
+        pollfd input{STDIN_FILENO, POLLIN, 0};
+        if (left.count() <= 0 || poll(&input, 1, static_cast<int>(left.count())) <= 0 ||
+            (input.revents & POLLIN) == 0)
+            break;
+        while (auto key = next())
+            keys.push_back(std::move(*key));
+    }
+    return keys;
+}
+
+std::optional<Key> KeyReader::takeReply(int code) {
+    for (; code >= 0 && code < 256; code = nextOfSequence()) {
+        reply_ += static_cast<char>(code);
+        const Reply reply = replyOf(reply_);
+        if (reply == Reply::Begun)
+            continue;
+        if (reply == Reply::None)
+            return keyOfNoReply();
+        if (const Ground ground = groundOfReply(reply_);
+            reply == Reply::Background && ground != Ground::Unknown)
+            ground_ = ground;
+        if (reply == Reply::Kind)
+            awaitsReply_ = false;
+        else
+            isKindDue_ = true;
+        const bool isNextBegun = reply == Reply::Broken && reply_[reply_.size() - 2] == escapeByte;
+        reply_.clear();
+        escaped_ = false;
+        // The byte that broke a reply is not a part of it.
+        if (reply == Reply::Broken)
+            ungetch(code);
+        return isNextBegun ? takeReply(escapeByte) : std::nullopt;
+    }
+    if (code != ERR) {
+        ungetch(code);
+        return keyOfNoReply();
+    }
+    // The rest comes later. It may never come of Escape alone, which is a key.
+    if (reply_.size() > 1 || isKindDue_ || std::exchange(escaped_, true))
+        return std::nullopt;
+    return Key{.kind = KeyKind::Escape};
+}
+
+/// The bytes are read again, as those of keys.
+std::optional<Key> KeyReader::keyOfNoReply() {
+    while (reply_.size() > 1) {
+        ungetch(static_cast<unsigned char>(reply_.back()));
+        reply_.pop_back();
+    }
+    reply_.clear();
+    return std::exchange(escaped_, false) ? std::nullopt : afterEscape();
+}
+
 std::optional<Key> KeyReader::keyOf(int code) {
+    if (awaitsReply_ && !pasting_ && (code == escapeByte || !reply_.empty()))
+        return takeReply(code);
     if (code == PasteBegin) {
         pasting_ = true;
         return std::nullopt;

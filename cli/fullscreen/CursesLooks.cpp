@@ -17,6 +17,8 @@ struct Attributes {
 };
 
 std::array<Attributes, roleCount> attributes;
+/// Of the terminal that was taken.
+ColourDepth depth = ColourDepth::None;
 
 ColourDepth depthOfTerminal(ColourDepth wanted) {
     if (wanted == ColourDepth::None || !has_colors() || start_color() == ERR || COLORS < 8)
@@ -26,17 +28,17 @@ ColourDepth depthOfTerminal(ColourDepth wanted) {
 }
 
 /// Returns the number of a colour of the terminal.
-short numberOf(Rgb colour, short direct, ColourDepth depth) {
+short numberOf(Rgb colour, short direct) {
     if (colour == ownColour)
         return -1;
     return depth == ColourDepth::Full ? direct : paletteColour(colour);
 }
 
-Attributes withColours(const Look& look, std::size_t role, ColourDepth depth) {
+Attributes withColours(const Look& look, std::size_t role, Ground ground) {
     const auto pair = static_cast<short>(role + 1);
     const bool few = depth == ColourDepth::Sixteen;
-    init_pair(pair, few ? look.foreground8 : numberOf(look.foreground, directForeground(role), depth),
-              few ? look.background8 : numberOf(look.background, directBackground(role), depth));
+    init_pair(pair, few ? look.foreground8 : numberOf(look.foreground, directForeground(ground, role)),
+              few ? look.background8 : numberOf(look.background, directBackground(ground, role)));
     // Few colours have no grey: half bright text replaces it.
     return {(look.bold ? A_BOLD : A_NORMAL) | (few && look.dim ? A_DIM : A_NORMAL), pair};
 }
@@ -50,12 +52,17 @@ Attributes withoutColours(const Look& look) {
 
 } // namespace
 
-void setLooks(const TerminalTraits& traits) {
-    const ColourDepth depth = depthOfTerminal(traits.depth);
-    const auto looks = looksOn(traits.ground);
+bool setLooks(const TerminalTraits& traits) {
+    depth = depthOfTerminal(traits.depth);
+    setGround(traits.ground);
+    return depth != ColourDepth::None;
+}
+
+void setGround(Ground ground) {
+    const auto looks = looksOn(ground);
     for (std::size_t role = 0; role < looks.size(); ++role)
         attributes[role] =
-            depth == ColourDepth::None ? withoutColours(looks[role]) : withColours(looks[role], role, depth);
+            depth == ColourDepth::None ? withoutColours(looks[role]) : withColours(looks[role], role, ground);
 }
 
 void useLook(Role role) {

@@ -5,8 +5,11 @@
 
 namespace wardlock::cli {
 
-/// Prepares the colours of the terminal that was taken. Precondition: a CursesTerminal exists.
-void setLooks(const TerminalTraits& traits);
+/// Prepares the colours of the terminal that was taken. Returns whether there are any. Precondition: a
+/// CursesTerminal exists.
+bool setLooks(const TerminalTraits& traits);
+/// Replaces the colours by those for that ground.
+void setGround(Ground ground);
 /// Selects the look of what is written next.
 void useLook(Role role);
 

@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <poll.h>
 #include <string>
+#include <string_view>
 #include <sys/ioctl.h>
 #include <termios.h>
 #include <unistd.h>
@@ -24,6 +25,8 @@ namespace {
 
 SCREEN* taken = nullptr;
 volatile std::sig_atomic_t shown = 0;
+/// Whether replies of the terminal may still come.
+volatile std::sig_atomic_t replying = 0;
 /// The locale of characters before the terminal was taken.
 std::string localeBefore;
 
@@ -83,7 +86,7 @@ std::unique_ptr<CursesTerminal> CursesTerminal::open(const TerminalTraits& trait
     use_env(false);
     TerminalTraits found = traits;
     if (traits.depth == ColourDepth::Full) {
-        const DirectColours colours(looksOn(traits.ground));
+        const DirectColours colours;
         taken = newterm(nullptr, stdout, stdin);
         found.depth = colours.areFound() ? ColourDepth::Full : ColourDepth::Palette;
     } else {
@@ -95,7 +98,7 @@ std::unique_ptr<CursesTerminal> CursesTerminal::open(const TerminalTraits& trait
     }
     std::unique_ptr<CursesTerminal> terminal(new CursesTerminal);
     terminal->enter();
-    setLooks(found);
+    terminal->coloured_ = setLooks(found);
     return terminal;
 }
 
@@ -120,6 +123,8 @@ void CursesTerminal::restore() noexcept {
     put("BD");
     curs_set(1);
     endwin();
+    if (replying)
+        tcflush(STDIN_FILENO, TCIFLUSH);
 }
 
 void CursesTerminal::suspend() {
@@ -137,6 +142,18 @@ void CursesTerminal::resume() {
 void CursesTerminal::forgetScreen() {
     reset_prog_mode();
     clearok(curscr, true);
+}
+
+bool CursesTerminal::askForGround() {
+    constexpr std::string_view questions = "\033]11;?\007\033[c";
+    if (!coloured_ || write(STDOUT_FILENO, questions.data(), questions.size()) < 0)
+        return false;
+    replying = 1;
+    return true;
+}
+
+void CursesTerminal::noteReplies() {
+    replying = 0;
 }
 
 bool CursesTerminal::followSize() {

@@ -24,6 +24,13 @@ public:
     /// Draws everything again the next time: another program has used the terminal.
     void forgetScreen();
 
+    /// Asks the terminal for its background, and then for its kind: more terminals reply to that. Returns
+    /// false where there are no colours that could fit it.
+    bool askForGround();
+    /// To be called when the last reply has come. Until then, what comes is discarded when the terminal is
+    /// given back, so that no other program takes it for typed text.
+    void noteReplies();
+
     /// Takes on the size of the terminal. Returns whether it has changed.
     bool followSize();
     /// Whether the terminal is gone.
@@ -32,6 +39,9 @@ public:
 private:
     CursesTerminal() = default;
     void enter();
+
+    /// Whether there are colours.
+    bool coloured_ = false;
 };
 
 } // namespace wardlock::cli

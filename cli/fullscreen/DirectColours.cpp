@@ -79,8 +79,7 @@ std::string choice(short slot, const char* kind, Rgb colour) {
 
 } // namespace
 
-std::optional<std::string> withDirectColours(std::string_view description,
-                                             const std::array<Look, roleCount>& looks) {
+std::optional<std::string> withDirectColours(std::string_view description) {
     const auto parts = partsOf(description);
     if (!parts || parts->colours < 256)
         return std::nullopt;
@@ -90,11 +89,14 @@ std::optional<std::string> withDirectColours(std::string_view description,
         return std::nullopt;
     std::string foregrounds = "%?";
     std::string backgrounds = "%?";
-    for (std::size_t role = 0; role < looks.size(); ++role) {
-        if (looks[role].foreground != ownColour)
-            foregrounds += choice(directForeground(role), "38", looks[role].foreground);
-        if (looks[role].background != ownColour)
-            backgrounds += choice(directBackground(role), "48", looks[role].background);
+    for (const Ground ground : {Ground::Unknown, Ground::Dark, Ground::Light}) {
+        const auto looks = looksOn(ground);
+        for (std::size_t role = 0; role < looks.size(); ++role) {
+            if (looks[role].foreground != ownColour)
+                foregrounds += choice(directForeground(ground, role), "38", looks[role].foreground);
+            if (looks[role].background != ownColour)
+                backgrounds += choice(directBackground(ground, role), "48", looks[role].background);
+        }
     }
     std::string result(description.substr(0, parts->end));
     setShort(result, parts->offsets + 2 * setForeground, result.size() - parts->strings);
@@ -158,10 +160,10 @@ std::string hexadecimal(std::string_view bytes) {
 
 } // namespace
 
-DirectColours::DirectColours(const std::array<Look, roleCount>& looks) {
+DirectColours::DirectColours() {
     if (const char* value = std::getenv("TERMINFO"))
         before_ = value;
-    const auto description = withDirectColours(descriptionOf(variable("TERM")), looks);
+    const auto description = withDirectColours(descriptionOf(variable("TERM")));
     // The library takes a description as the value itself.
     found_ = description && setenv("TERMINFO", ("hex:" + hexadecimal(*description)).c_str(), 1) == 0;
 }

@@ -2,7 +2,6 @@
 
 #include "cli/fullscreen/Palette.h"
 
-#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -10,25 +9,24 @@
 namespace wardlock::cli {
 
 /// 24-bit colours for a terminal whose description has 256: the library sends colours by number only, so a
-/// few numbers of the description get sequences that name the roles' own colours.
+/// few numbers of the description get sequences that name the roles' own colours on each ground.
 
 /// Returns the number that stands for a role's colour of text, or of what is behind it.
-constexpr short directForeground(std::size_t role) {
-    return static_cast<short>(16 + 2 * role);
+constexpr short directForeground(Ground ground, std::size_t role) {
+    return static_cast<short>(16 + 2 * (static_cast<std::size_t>(ground) * roleCount + role));
 }
-constexpr short directBackground(std::size_t role) {
-    return static_cast<short>(17 + 2 * role);
+constexpr short directBackground(Ground ground, std::size_t role) {
+    return static_cast<short>(directForeground(ground, role) + 1);
 }
 
 /// Returns a compiled description with these numbers; none where it is of no known form, or has fewer than
 /// 256 colours.
-std::optional<std::string> withDirectColours(std::string_view description,
-                                             const std::array<Look, roleCount>& looks);
+std::optional<std::string> withDirectColours(std::string_view description);
 
 /// While this exists, the library finds such a description of the terminal, if there is one.
 class DirectColours {
 public:
-    explicit DirectColours(const std::array<Look, roleCount>& looks);
+    DirectColours();
     ~DirectColours();
     DirectColours(const DirectColours&) = delete;
     DirectColours& operator=(const DirectColours&) = delete;

@@ -1,6 +1,7 @@
 #include "cli/fullscreen/FullScreenView.h"
 
 #include "cli/fullscreen/AlertSheet.h"
+#include "cli/fullscreen/CursesLooks.h"
 #include "cli/fullscreen/HelpSheet.h"
 #include "cli/fullscreen/KeypadSheet.h"
 #include "cli/fullscreen/MailSheet.h"
@@ -8,6 +9,7 @@
 #include "cli/io/TextWidth.h"
 
 #include <algorithm>
+#include <chrono>
 #include <unistd.h>
 
 namespace wardlock::cli {
@@ -15,6 +17,8 @@ namespace wardlock::cli {
 namespace {
 
 constexpr std::size_t mostNoticeLines = 4;
+/// For the replies of the terminal.
+constexpr std::chrono::milliseconds longestWait{100};
 constexpr char32_t restoringKey = 'R';
 
 std::string offerText(const shell::Offer& offer) {
@@ -37,15 +41,40 @@ void FullScreenView::followStop() {
 }
 
 bool FullScreenView::run() {
+    const std::vector<Key> typed = askForGround();
+    turn();
+    for (const Key& key : typed)
+        if (!over_)
+            handle(key);
     turn();
     while (!over_ && loop_.waitForInput(STDIN_FILENO)) {
         while (const auto key = over_ ? std::nullopt : keys_.next())
             handle(*key);
+        followGround();
         if (terminal_.isLost())
             return false;
         turn();
     }
     return true;
+}
+
+/// The wait spares the user a screen that changes its colours. Returns what was typed meanwhile.
+std::vector<Key> FullScreenView::askForGround() {
+    if (!terminal_.askForGround())
+        return {};
+    auto typed = keys_.awaitReplies(longestWait);
+    followGround();
+    return typed;
+}
+
+void FullScreenView::followGround() {
+    if (!keys_.awaitsReply())
+        terminal_.noteReplies();
+    if (keys_.ground() == ground_)
+        return;
+    ground_ = keys_.ground();
+    setGround(ground_);
+    stale_ = true;
 }
 
 void FullScreenView::pageChanged() {

@@ -10,6 +10,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace wardlock::cli {
 
@@ -41,6 +42,8 @@ private:
     void offerChanged() override { stale_ = true; }
 
     void pageChanged();
+    std::vector<Key> askForGround();
+    void followGround();
     void turn();
     void followStop();
     void handle(const Key& key);
@@ -58,6 +61,8 @@ private:
     CursesTerminal& terminal_;
     Canvas canvas_;
     KeyReader keys_;
+    /// What the terminal has replied.
+    Ground ground_ = Ground::Unknown;
     PageView page_;
     std::unique_ptr<Sheet> sheet_;
     /// What sheet_ shows; null for the help.

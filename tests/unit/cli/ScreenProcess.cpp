@@ -32,9 +32,16 @@ ScreenProcess::ScreenProcess(const std::string& program, const std::vector<std::
         return ours;
     }();
     vterm_set_utf8(terminal_.get(), 1);
+    vterm_output_set_callback(terminal_.get(), &ScreenProcess::reply, this);
     vterm_screen_set_callbacks(screen_, &callbacks, this);
     vterm_screen_enable_altscreen(screen_, 1);
     vterm_screen_reset(screen_, 1);
+}
+
+void ScreenProcess::reply(const char* bytes, std::size_t count, void* self) {
+    auto& process = *static_cast<ScreenProcess*>(self);
+    if (!process.silent_)
+        process.type({bytes, count});
 }
 
 int ScreenProcess::property(VTermProp property, VTermValue* value, void* self) {
@@ -124,6 +131,7 @@ void ScreenProcess::resize(Size size) {
 }
 
 int ScreenProcess::wait() {
+    keepSilent();
     const int code = process_.wait();
     feed(process_.output());
     return code;

@@ -29,6 +29,9 @@ public:
 
     ScreenProcess(const std::string& program, const std::vector<std::string>& arguments, Size size = {});
 
+    /// The emulator replies to no question from now on. Usually it does, as far as it knows the question.
+    void keepSilent() { silent_ = true; }
+
     /// Waits until a line of the screen contains the text, and returns the first such line.
     std::string waitFor(const std::string& text);
     /// Waits until no line contains it.
@@ -76,6 +79,7 @@ private:
     };
 
     void feed(const std::string& bytes);
+    static void reply(const char* bytes, std::size_t count, void* self);
     static int property(VTermProp property, VTermValue* value, void* self);
     static int moved(VTermPos now, VTermPos before, int visible, void* self);
 
@@ -83,6 +87,7 @@ private:
     std::unique_ptr<VTerm, Free> terminal_;
     VTermScreen* screen_;
     VTermPos caret_{};
+    bool silent_ = false;
     bool secondScreen_ = false;
     bool caretShown_ = true;
     std::string output_;
