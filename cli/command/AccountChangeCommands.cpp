@@ -1,11 +1,15 @@
 #include "cli/command/AccountNames.h"
 #include "cli/command/Commands.h"
+#include "cli/command/Confirmation.h"
 #include "cli/command/PropertyListCommand.h"
 #include "cli/command/SettingsChange.h"
 #include "cli/io/Output.h"
+#include "cli/io/Terminal.h"
 #include "settings/DocumentPath.h"
 #include "settings/Keys.h"
 
+#include <array>
+#include <optional>
 #include <string>
 
 namespace wardlock::cli {
@@ -47,11 +51,36 @@ ExitCode disable(const Arguments& arguments) {
     return store(arguments.operand(0), kAccountEnabled, false);
 }
 
+constexpr Option yesOption{"--yes", "", "do not ask whether to delete it"};
+constexpr Option shortYesOption{"-y", "", "the same as --yes"};
+
+/// Asks whether to delete the account, and ends the verb where the user does not confirm it. Returns its
+/// name.
+std::string confirmDeletion(std::string_view named) {
+    const Accounts accounts = loadedAccounts();
+    const std::size_t position = accountNamed(accounts, named);
+    if (!confirms("Delete account " + numberAndName(accounts, position) + '?'))
+        throw CommandError(ExitCode::Failed, "the account was not deleted");
+    return accounts.name(position);
+}
+
 ExitCode remove(const Arguments& arguments) {
+    const std::string_view named = arguments.operand(0);
     loadToChange();
-    finish(deleteAccount(documentPath(BundleIdentifier), choiceOfNamed(arguments.operand(0))));
+    std::optional<std::string> confirmed;
+    if (!arguments.has(yesOption.name) && !arguments.has(shortYesOption.name) && Terminal::readsInput())
+        confirmed = confirmDeletion(named);
+    finish(deleteAccount(documentPath(BundleIdentifier), [&](const Accounts& accounts) {
+        const std::size_t position = accountNamed(accounts, named);
+        // Another process may have changed the list while the question was shown.
+        if (confirmed && accounts.name(position) != *confirmed)
+            throw CommandError(ExitCode::Failed, "the accounts were changed meanwhile");
+        return position;
+    }));
     return ExitCode::Done;
 }
+
+constexpr std::array deleteOptions{yesOption, shortYesOption};
 
 } // namespace
 
@@ -112,14 +141,16 @@ const Verb accountDeleteVerb{
     "account delete",
     "NAME",
     "delete an account",
-    "Deletes the account and its settings, without asking for confirmation. If it was\n"
-    "the only account, the default account replaces it. NAME is its name, or its\n"
-    "number in `wardlock accounts`.\n",
-    {},
+    "Deletes the account and its settings. If it was the only account, the default\n"
+    "account replaces it. NAME is its name, or its number in `wardlock accounts`.\n"
+    "\n"
+    "In a terminal, the command asks first; only \"y\" or \"yes\" deletes the account.\n"
+    "It does not ask with --yes, or where standard input is not a terminal.\n",
+    deleteOptions,
     1,
     1,
     remove,
-    "wardlock account delete Kim\n",
+    "wardlock account delete Kim\nwardlock account delete --yes 2\n",
 };
 
 } // namespace wardlock::cli
