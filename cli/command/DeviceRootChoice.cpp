@@ -11,6 +11,12 @@ namespace wardlock::cli {
 
 namespace fs = std::filesystem;
 
+namespace {
+
+bool chosen = false;
+
+} // namespace
+
 void useDeviceRoot(std::string_view folder) {
     std::error_code error;
     const fs::path root = fs::absolute(fs::path(folder), error).lexically_normal();
@@ -18,6 +24,11 @@ void useDeviceRoot(std::string_view folder) {
         throw CommandError(ExitCode::WrongUsage, "'" + std::string(folder) + "' is not a folder name");
     // NOLINTNEXTLINE(concurrency-mt-unsafe): no other thread runs yet
     setenv("WARDLOCK_DEVICE_ROOT", root.c_str(), 1);
+    chosen = true;
+}
+
+std::string_view nameOfDeviceRootChoice() {
+    return chosen ? "--device-root" : "WARDLOCK_DEVICE_ROOT";
 }
 
 } // namespace wardlock::cli

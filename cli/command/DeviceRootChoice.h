@@ -9,4 +9,7 @@ namespace wardlock::cli {
 /// thread runs.
 void useDeviceRoot(std::string_view folder);
 
+/// Returns what has named the device root: "--device-root", or the environment's "WARDLOCK_DEVICE_ROOT".
+std::string_view nameOfDeviceRootChoice();
+
 } // namespace wardlock::cli

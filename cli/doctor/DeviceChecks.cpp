@@ -1,5 +1,6 @@
 // The checks of the device root: the root itself, the document, the log.
 
+#include "cli/command/DeviceRootChoice.h"
 #include "cli/doctor/CheckResult.h"
 #include "cli/io/ShellWord.h"
 #include "cli/io/TextWidth.h"
@@ -55,7 +56,7 @@ std::string counted(std::uint64_t count, std::string_view what) {
 
 std::string whyThisRoot() {
     if (platform::deviceRootIsFromEnvironment())
-        return "from WARDLOCK_DEVICE_ROOT";
+        return "from " + std::string(nameOfDeviceRootChoice());
     return platform::deviceRoot() == "/" ? "this machine is the device, since it has /var/mobile"
                                          : "your default, since WARDLOCK_DEVICE_ROOT is not set";
 }
@@ -150,7 +151,8 @@ CheckResult checkDeviceRoot() {
     if (!status)
         return result.fails(result.text + " does not exist", howToCreateRoot());
     if (status->kind != FileKind::Folder)
-        return result.fails(result.text + " is not a folder", "Set WARDLOCK_DEVICE_ROOT to a folder.");
+        return result.fails(result.text + " is not a folder",
+                            "Set " + std::string(nameOfDeviceRootChoice()) + " to a folder.");
     if (!statusOf(folder))
         return result.fails(result.text + " lacks the folder " + folder, howToCreateRoot());
     if (!platform::mayWrite(folder))

@@ -105,6 +105,14 @@ TEST_F(Doctor, ReportsTheDeviceRootAndItsSource) {
     EXPECT_EQ(finding("deviceRoot", 0)["text"], root() + " (from WARDLOCK_DEVICE_ROOT)");
 }
 
+TEST_F(Doctor, ReportsTheOptionThatNamesTheDeviceRoot) {
+    environment.set("WARDLOCK_DEVICE_ROOT", "/nowhere");
+    const std::string expected = root() + " (from --device-root)";
+    for (const std::vector<std::string>& words :
+         {std::vector<std::string>{"doctor", "--device-root", root()}, {"--device-root=" + root(), "doctor"}})
+        EXPECT_NE(wardlockCommand(words).output.find(expected), std::string::npos);
+}
+
 TEST_F(Doctor, ReportsAMissingDeviceRoot) {
     fs::remove_all(root());
     expectBroken("deviceRoot", "does not exist");
