@@ -11,6 +11,11 @@ namespace wardlock::cli {
 
 namespace {
 
+/// Most bytes, which are passed over quickly.
+bool isPlain(char byte) {
+    return byte >= ' ' && byte <= '~';
+}
+
 void appendEscape(std::string& text, char32_t character) {
     constexpr std::string_view digits = "0123456789abcdef";
     text += "\\u";
@@ -24,15 +29,22 @@ std::string jsonLine(const Json& value) {
     const std::string text = value.dump(-1, ' ', false, Json::error_handler_t::replace);
     // JSON itself escapes only those up to U+001F. All of them are inside strings.
     std::string line;
+    line.reserve(text.size());
+    std::size_t copied = 0;
     for (std::size_t position = 0; position < text.size();) {
+        if (isPlain(text[position])) {
+            ++position;
+            continue;
+        }
         const auto decoded = platform::decodeUtf8(text, position);
-        if (shell::isControl(decoded.character))
+        if (shell::isControl(decoded.character)) {
+            line.append(text, copied, position - copied);
             appendEscape(line, decoded.character);
-        else
-            line.append(text, position, decoded.length);
+            copied = position + decoded.length;
+        }
         position += decoded.length;
     }
-    return line;
+    return line.append(text, copied);
 }
 
 std::optional<Json> parseJson(std::string_view text) {
