@@ -5,16 +5,33 @@
 #include "settings/Keys.h"
 #include "settings/Settings.h"
 
+#include <charconv>
+#include <optional>
+
 namespace wardlock::cli {
 
+namespace {
+
+/// Returns the position that "#2" names, also where an account is called so; none for another text.
+std::optional<std::size_t> positionOf(std::string_view text, std::size_t count) {
+    std::size_t number = 0;
+    const char* const end = text.data() + text.size();
+    if (!text.starts_with('#') || std::from_chars(text.data() + 1, end, number).ptr != end || number == 0 ||
+        number > count)
+        return std::nullopt;
+    return number - 1;
+}
+
+} // namespace
+
 std::size_t accountNamed(const Accounts& accounts, std::string_view name) {
+    if (const auto position = positionOf(name, accounts.size()))
+        return *position;
     std::vector<Named> things;
-    for (std::size_t position = 0; position < accounts.size(); ++position) {
-        const std::string number = std::to_string(position + 1);
+    for (std::size_t position = 0; position < accounts.size(); ++position)
         things.push_back(
-            {{accounts.name(position), number, '#' + number}, numberAndName(accounts, position)});
-    }
-    return indexOfNamed(name, things, {"account", "accounts"});
+            {{accounts.name(position), std::to_string(position + 1)}, numberAndName(accounts, position)});
+    return indexOfNamed(name, things, {"account", "accounts"}, Spelling::Exact);
 }
 
 std::size_t accountOf(const Arguments& arguments, const Accounts& accounts) {

@@ -84,7 +84,8 @@ std::vector<std::string> identifiersOf(const Arguments& arguments, const std::ve
     }
     std::vector<std::string> identifiers;
     for (const std::string_view name : arguments.operands())
-        identifiers.push_back(apps[indexOfNamed(name, things, {"app", "apps"})].identifier);
+        identifiers.push_back(
+            apps[indexOfNamed(name, things, {"app", "apps"}, Spelling::Similar)].identifier);
     return identifiers;
 }
 

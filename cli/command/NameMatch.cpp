@@ -27,37 +27,47 @@ std::vector<std::size_t> matches(const std::vector<Named>& things, Fits fits) {
     return found;
 }
 
-std::vector<std::size_t> fitting(std::string_view name, const std::vector<Named>& things) {
-    auto found = matches(things, [name](const std::string& other) { return other == name; });
-    if (found.empty())
-        found = matches(things, [wanted = simplified(name)](const std::string& other) {
-            return simplified(other) == wanted;
-        });
-    return found;
+std::vector<std::size_t> exact(std::string_view name, const std::vector<Named>& things) {
+    return matches(things, [name](const std::string& other) { return other == name; });
+}
+
+std::vector<std::size_t> similar(std::string_view name, const std::vector<Named>& things) {
+    return matches(things, [wanted = simplified(name)](const std::string& other) {
+        return simplified(other) == wanted;
+    });
+}
+
+std::string listOf(const std::vector<std::size_t>& indexes, const std::vector<Named>& things) {
+    std::string list;
+    for (const std::size_t index : indexes)
+        list += (list.empty() ? "" : ", ") + things[index].shown;
+    return list;
 }
 
 [[noreturn]] void refuseUnknown(std::string_view name, const std::vector<Named>& things, Kind kind) {
+    const std::string unknown = "no " + std::string(kind.one) + " '" + std::string(name) + '\'';
+    if (const auto near = similar(name, things); !near.empty())
+        throw CommandError(ExitCode::Failed, unknown + "; did you mean " + listOf(near, things) + '?');
     std::vector<std::string_view> known;
     for (const Named& thing : things)
         known.insert(known.end(), thing.names.begin(), thing.names.end());
-    throw CommandError(ExitCode::Failed, "no " + std::string(kind.one) + " '" + std::string(name) + '\'' +
-                                             didYouMean(name, known));
+    throw CommandError(ExitCode::Failed, unknown + didYouMean(name, known));
 }
 
 } // namespace
 
-std::size_t indexOfNamed(std::string_view name, const std::vector<Named>& things, Kind kind) {
-    const auto found = fitting(name, things);
+std::size_t indexOfNamed(std::string_view name, const std::vector<Named>& things, Kind kind,
+                         Spelling spelling) {
+    auto found = exact(name, things);
+    if (found.empty() && spelling == Spelling::Similar)
+        found = similar(name, things);
     if (found.empty())
         refuseUnknown(name, things, kind);
     if (found.size() == 1)
         return found.front();
-    std::string list;
-    for (const std::size_t index : found)
-        list += (list.empty() ? "" : ", ") + things[index].shown;
     throw CommandError(ExitCode::Failed, '\'' + std::string(name) + "' matches " +
                                              std::to_string(found.size()) + ' ' + std::string(kind.several) +
-                                             ": " + list);
+                                             ": " + listOf(found, things));
 }
 
 } // namespace wardlock::cli

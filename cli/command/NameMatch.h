@@ -20,9 +20,15 @@ struct Kind {
     std::string_view several;
 };
 
-/// Returns the index of the thing that has the name. Without an exact match, case is ignored, and a dash or
-/// an underscore stands for a blank. Throws CommandError (Failed) when the name fits none or several; the
-/// error lists those.
-std::size_t indexOfNamed(std::string_view name, const std::vector<Named>& things, Kind kind);
+enum class Spelling {
+    Exact,
+    /// Without an exact match, case is ignored, and a dash or an underscore stands for a blank.
+    Similar,
+};
+
+/// Returns the index of the thing that has the name. Throws CommandError (Failed) when the name fits none or
+/// several; the error lists those, or the things with a similar name.
+std::size_t indexOfNamed(std::string_view name, const std::vector<Named>& things, Kind kind,
+                         Spelling spelling);
 
 } // namespace wardlock::cli

@@ -124,7 +124,7 @@ Value valueFromText(std::string_view type, std::string_view text) {
 
 void requireText(std::string_view text) {
     if (!platform::isValidUtf8(text))
-        throw CommandError(ExitCode::WrongUsage, "KEY and VALUE must be valid UTF-8");
+        throw CommandError(ExitCode::WrongUsage, "names and values must be valid UTF-8");
 }
 
 } // namespace wardlock::cli

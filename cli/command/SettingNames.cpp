@@ -33,7 +33,7 @@ NamedSetting settingNamed(std::string_view name, SettingScope scope) {
     for (const NamedSetting& setting : settings)
         things.push_back({{setting.key, setting.label},
                           setting.key + (setting.ofAccount ? " (of an account)" : " (of all accounts)")});
-    return settings[indexOfNamed(name, things, {"setting", "settings"})];
+    return settings[indexOfNamed(name, things, {"setting", "settings"}, Spelling::Similar)];
 }
 
 } // namespace wardlock::cli

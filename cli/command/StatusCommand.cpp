@@ -145,7 +145,7 @@ const Verb statusVerb{
     "Prints the master switch, and whether restrictions are in force: the switch is\n"
     "on and an account is enabled. Then prints whether a passcode is set, the enabled\n"
     "account and what it restricts. The last lines are the time of the last change,\n"
-    "and the processes on the bus that listen for changes.\n"
+    "and the processes on the bus that listen for changes, on this device or another.\n"
     "\n"
     "Like every process that reads the settings, this verb first writes the defaults\n"
     "if the document or a top-level key is missing.\n"

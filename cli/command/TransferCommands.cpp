@@ -1,6 +1,7 @@
 #include "cli/command/Commands.h"
 #include "cli/command/PropertyListCommand.h"
 #include "cli/command/SettingsChange.h"
+#include "cli/io/Output.h"
 #include "platform/plist/PropertyListBounds.h"
 #include "settings/Accounts.h"
 #include "settings/ChangeNotification.h"
@@ -35,11 +36,17 @@ std::string nameOf(Kind kind) {
     }
 }
 
-/// Returns why a value of the record is not of the kind that it has by default.
+/// Numbers and texts are read as booleans, and other programs write them so.
+bool isUsable(const Value& value, Kind kind) {
+    return value.is(kind) || (kind == Kind::Boolean &&
+                              (value.is(Kind::Integer) || value.is(Kind::Real) || value.is(Kind::String)));
+}
+
+/// Returns why a value of the record cannot be used where it has another kind by default.
 std::string whyOtherKinds(const Dictionary& record, const Dictionary& defaults) {
     for (const auto& [key, value] : record) {
         const Value* usual = defaults.find(key);
-        if (usual && !value.is(usual->kind()))
+        if (usual && !isUsable(value, usual->kind()))
             return std::string(key) + " is not " + nameOf(usual->kind());
     }
     return "";
@@ -83,8 +90,10 @@ std::string whyNotADocument(const Value& value) {
 }
 
 ExitCode exportDocument(const Arguments& arguments) {
-    storePropertyList(SettingsCreateIfNecessary().copy(), std::string(arguments.operand(0)),
-                      platform::Sync::Full);
+    const Dictionary document = SettingsCreateIfNecessary().copy();
+    storePropertyList(document, std::string(arguments.operand(0)), platform::Sync::Full);
+    if (const std::string why = whyNotADocument(document); !why.empty())
+        Output::error("wardlock export: warning: `wardlock import` will refuse this file: " + why);
     return ExitCode::Done;
 }
 
@@ -131,7 +140,7 @@ const Verb exportVerb{
     "Writes the preferences document to FILE, as a property list in XML: every\n"
     "account, and the passcode. FILE is replaced in one step; a new file is readable\n"
     "only by you. \"-\" is standard output. FILE is a path of this machine, not of the\n"
-    "device.\n"
+    "device. Prints a warning if `wardlock import` will refuse the file.\n"
     "\n"
     "Like every process that reads the settings, this verb first writes the defaults\n"
     "if the document or a top-level key is missing.\n",

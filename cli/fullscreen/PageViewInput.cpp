@@ -1,6 +1,7 @@
 #include "cli/fullscreen/LinkSpans.h"
 #include "cli/fullscreen/PageView.h"
 #include "cli/fullscreen/RowPainter.h"
+#include "cli/io/Refusal.h"
 #include "cli/io/TextWidth.h"
 
 #include <algorithm>
@@ -16,6 +17,11 @@ namespace {
 /// As in the window: a twentieth of the slider's range.
 constexpr double sliderStep = 0.05;
 constexpr std::ptrdiff_t wheelLines = 3;
+
+/// A letter typed by mistake can take a change back, so that is always reported.
+std::string undoText(const shell::InputResult& result, const char* done) {
+    return result ? done : refusalText(result);
+}
 
 } // namespace
 
@@ -108,9 +114,9 @@ bool PageView::handleCommand(const Key& key) {
     else if (key.is('/') || key.isControl('f'))
         beginFinding({});
     else if (key.is('u'))
-        report(settings_.history().undo());
+        message_ = undoText(settings_.history().undo(), "Your last change was taken back.");
     else if (key.isControl('r'))
-        report(settings_.history().redo());
+        message_ = undoText(settings_.history().redo(), "The change was made again.");
     else if (key.is('q') || key.is('?'))
         return false;
     else if (key.isText())

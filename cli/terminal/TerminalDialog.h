@@ -36,7 +36,7 @@ public:
 
     bool isOver() const { return over_; }
     void end() { over_ = true; }
-    /// Returns the prompt that waits for an result; empty when none does.
+    /// Returns the prompt that waits for a reply; empty when none does.
     const std::string& prompt() const { return prompt_; }
     const TextStyle& style() const { return style_; }
 

@@ -6,9 +6,11 @@
 #include "linux/notifications/NotificationFormat.h"
 
 #include <chrono>
+#include <filesystem>
 #include <fstream>
 #include <memory>
 #include <string_view>
+#include <system_error>
 #include <unistd.h>
 
 namespace platform {
@@ -83,11 +85,16 @@ int processOf(bus::BusConnection& connection, const std::string& name) {
     return reply && sd_bus_message_read_basic(reply.get(), 'u', &process) > 0 ? static_cast<int>(process) : 0;
 }
 
+/// Returns the program's name as `ps` shows it. The system cuts it, and the program's file has the whole one.
 std::string programOf(int process) {
-    std::ifstream file("/proc/" + std::to_string(process) + "/comm");
+    constexpr std::size_t longestName = 15;
+    const std::string folder = "/proc/" + std::to_string(process);
+    std::ifstream file(folder + "/comm");
     std::string name;
     std::getline(file, name);
-    return name;
+    std::error_code failure;
+    const std::string whole = std::filesystem::read_symlink(folder + "/exe", failure).filename();
+    return name.size() == longestName && whole.starts_with(name) ? whole : name;
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdint>
+#include <initializer_list>
 #include <sys/eventfd.h>
 #include <unistd.h>
 

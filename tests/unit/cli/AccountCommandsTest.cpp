@@ -85,7 +85,7 @@ TEST_F(AccountCommand, RenamesAnAccountAndCallAnEmptyNameBlank) {
 }
 
 TEST_F(AccountCommand, EnablesOneAccountInPlaceOfAnother) {
-    expectAnnounces({"account", "enable", "cleo"}, {R"({"key":"kAccountEnabled","value":true,)"});
+    expectAnnounces({"account", "enable", "Cleo"}, {R"({"key":"kAccountEnabled","value":true,)"});
     EXPECT_EQ(stored(1, kAccountEnabled), Value(false));
     EXPECT_EQ(stored(2, kAccountEnabled), Value(true));
 }
@@ -116,12 +116,30 @@ TEST_F(AccountCommand, ListsTheAccountsThatANameFits) {
     expectRefuses({"account", "enable", "Kim"}, 1,
                   "account enable: 'Kim' matches 2 accounts: 1 (Kim), 4 (Kim)");
     expectRefuses({"account", "enable", "KIM"}, 1,
-                  "account enable: 'KIM' matches 3 accounts: 1 (Kim), 2 (kim), 4 (Kim)");
+                  "account enable: no account 'KIM'; did you mean 1 (Kim), 2 (kim), 4 (Kim)?");
     expectRefuses({"account", "enable", "1"}, 1, "account enable: '1' matches 2 accounts: 1 (Kim), 3 (1)");
     expectPrints({"account", "enable", "#1"}, "");
     expectPrints({"account", "rename", "kim", "Ida"}, "");
     EXPECT_EQ(names(), (Names{"Kim", "Ida", "1", "Kim"}));
     EXPECT_EQ(stored(0, kAccountEnabled), Value(true));
+}
+
+TEST_F(AccountCommand, ChangesNoAccountWithASimilarName) {
+    expectPrints({"account", "add", "ada"}, "4\n");
+    expectPrints({"account", "delete", "ada"}, "");
+    expectRefuses({"account", "delete", "ada"}, 1, "account delete: no account 'ada'; did you mean 1 (Ada)?");
+    EXPECT_EQ(names(), (Names{"Ada", "Ben", "Cleo"}));
+}
+
+TEST_F(AccountCommand, TakesANumberSignForAPositionAlsoWhereAnAccountHasThatName) {
+    write({{kEnabled, true},
+           {kPasscode, ""},
+           {kAccounts, Array{account("2", false), account("2", false), account("#2", false)}}});
+    expectPrints({"account", "rename", "#2", "Ida"}, "");
+    expectPrints({"account", "rename", "#3", "Tom"}, "");
+    EXPECT_EQ(names(), (Names{"2", "Ida", "Tom"}));
+    expectRefuses({"account", "enable", "#4"}, 1, "account enable: no account '#4'");
+    expectRefuses({"account", "enable", "#0"}, 1, "account enable: no account '#0'");
 }
 
 TEST_F(AccountCommand, RefusesAnAccountThatDoesNotExist) {
@@ -136,9 +154,10 @@ TEST_F(AccountCommand, RefusesNamesThatNoDocumentCanStore) {
     expectRefuses({"account", "add", ""}, 2,
                   "account add: the name of an account must not be empty (see wardlock account add --help)");
     expectRefuses({"account", "add", "a\xFF"}, 2,
-                  "account add: KEY and VALUE must be valid UTF-8 (see wardlock account add --help)");
-    expectRefuses({"account", "rename", "Ada", "a\xFF"}, 2,
-                  "account rename: KEY and VALUE must be valid UTF-8 (see wardlock account rename --help)");
+                  "account add: names and values must be valid UTF-8 (see wardlock account add --help)");
+    expectRefuses(
+        {"account", "rename", "Ada", "a\xFF"}, 2,
+        "account rename: names and values must be valid UTF-8 (see wardlock account rename --help)");
 }
 
 TEST_F(AccountCommand, RefusesADocumentWithoutAccounts) {

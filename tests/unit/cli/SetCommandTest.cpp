@@ -61,7 +61,7 @@ TEST_F(SetCommand, RefusesWhatItCannotSet) {
     expectRefuses({"set", "kAccounts", "on"}, 2, "set: use `wardlock account` to change kAccounts" + help);
     expectRefuses({"set", "restricted apps", "on"}, 2,
                   "set: use `wardlock restrict` to change kAppsRestricted" + help);
-    expectRefuses({"set", "account name", "\xFF"}, 2, "set: KEY and VALUE must be valid UTF-8" + help);
+    expectRefuses({"set", "account name", "\xFF"}, 2, "set: names and values must be valid UTF-8" + help);
     expectRefuses({"set", "Sirj", "on"}, 1, "set: no setting 'Sirj'; did you mean 'Siri'?");
     expectRefuses({"set", "--account", "Ben", "kEnabled", "on"}, 1,
                   "set: kEnabled is a setting of all accounts; leave out --account");

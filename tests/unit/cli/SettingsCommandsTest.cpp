@@ -197,6 +197,17 @@ TEST_F(SettingsCommand, PrintsForStatusTheProcessesThatListen) {
                                       "\n"));
 }
 
+TEST_F(SettingsCommand, PrintsForStatusTheWholeNameOfAListener) {
+    const std::string name = "a-listener-with-a-long-name";
+    std::filesystem::copy_file(command, folder() / name);
+    ProcessSetup setup;
+    setup.environment["LD_LIBRARY_PATH"] = std::filesystem::path(command).parent_path().parent_path() / "lib";
+    Process watch(folder() / name, {"watch"}, setup);
+    ASSERT_TRUE(watch.waitForError("Watching"));
+    const std::string output = wardlockCommand({"status"}).output;
+    EXPECT_NE(output.find("\nListening: " + name + " (process"), std::string::npos) << output;
+}
+
 TEST_F(SettingsCommand, PrintsForStatusNoListenersWithoutABus) {
     ProcessSetup setup;
     setup.environment["DBUS_SESSION_BUS_ADDRESS"] = "unix:path=" + (folder() / "nothing-here");

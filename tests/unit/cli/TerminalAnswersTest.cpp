@@ -20,9 +20,20 @@ TEST_F(TerminalAnswers, TapTheRowOfAName) {
     terminal.waitFor(question);
     terminal.type("bEN\n");
     EXPECT_NE(terminal.waitFor(question).find("‹ Wardlock   Ben"), std::string::npos);
-    terminal.type("si\n");
+    terminal.type("sIRI\n");
     EXPECT_NE(terminal.waitFor(question).find("Ben"), std::string::npos);
-    EXPECT_NE(readFile(documentPath).find("<key>kRestrictSiri</key>"), std::string::npos);
+    EXPECT_NE(readFile(documentPath).find("<key>kRestrictSiri</key>\n\t\t\t<true/>"), std::string::npos);
+}
+
+TEST_F(TerminalAnswers, FlipNoSwitchByTheBeginningOfItsName) {
+    writeAccounts({"Ann"});
+    TerminalProcess terminal(command, words());
+    terminal.waitFor(question);
+    const std::string before = readFile(documentPath);
+    terminal.type("enable\n");
+    terminal.waitFor("Unknown command 'enable'; ? lists all commands.");
+    terminal.waitFor(question);
+    EXPECT_EQ(readFile(documentPath), before);
 }
 
 TEST_F(TerminalAnswers, ListTheRowsThatANameFits) {

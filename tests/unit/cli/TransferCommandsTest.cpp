@@ -65,17 +65,42 @@ TEST_F(TransferCommand, ReadsStandardInput) {
 
 TEST_F(TransferCommand, RefusesWhatIsNotADocument) {
     expectRefusesImport(Array{}, "its top-level value is not a dictionary");
-    expectRefusesImport(Dictionary{{kEnabled, "yes"}}, "kEnabled is not a boolean");
+    expectRefusesImport(Dictionary{{kEnabled, Array{}}}, "kEnabled is not a boolean");
     expectRefusesImport(Dictionary{{kPasscode, 1234}}, "kPasscode is not a string");
     expectRefusesImport(Dictionary{{kPasscode, "12a4"}}, "kPasscode does not have four digits");
     expectRefusesImport(Dictionary{{kAccounts, Dictionary{}}}, "kAccounts is not a list");
     expectRefusesImport(Dictionary{{kAccounts, Array{}}}, "kAccounts is empty");
     expectRefusesImport(Dictionary{{kAccounts, Array{account("A", false), 7}}},
                         "account 2: is not a dictionary");
-    expectRefusesImport(Dictionary{{kAccounts, Array{Dictionary{{kRestrictSiri, 1}}}}},
+    expectRefusesImport(Dictionary{{kAccounts, Array{Dictionary{{kRestrictSiri, Array{}}}}}},
                         "account 1: kRestrictSiri is not a boolean");
     expectRefusesImport(Dictionary{{kAccounts, Array{Dictionary{{kAppsRestricted, Array{7}}}}}},
                         "account 1: kAppsRestricted has a value that is not a string");
+}
+
+TEST_F(TransferCommand, TakesForABooleanWhatIsReadAsOne) {
+    platform::MutableDictionary written(document());
+    written.set(kEnabled, 1);
+    write(written.copy());
+    expectPrints({"export", file}, "");
+    write({{kEnabled, false}});
+    expectPrints({"import", file}, "");
+    EXPECT_EQ(*stored().find(kEnabled), Value(1));
+    give(Dictionary{{kEnabled, "no"}});
+    expectPrints({"import", given()}, "");
+    EXPECT_EQ(*stored().find(kEnabled), Value("no"));
+}
+
+TEST_F(TransferCommand, WarnsOfACopyThatCannotBeImported) {
+    platform::MutableDictionary written(document());
+    written.set(kPasscode, "12345");
+    write(written.copy());
+    const auto result = run({"export", file});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.errors,
+              "wardlock export: warning: `wardlock import` will refuse this file: kPasscode does "
+              "not have four digits\n");
+    EXPECT_EQ(run({"import", file}).exitCode, 1);
 }
 
 TEST_F(TransferCommand, RefusesFilesThatCannotBeRead) {

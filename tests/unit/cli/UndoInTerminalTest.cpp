@@ -34,9 +34,11 @@ TEST_F(UndoInTerminal, TakesATapBackByUAndMakesItAgainByCtrlR) {
     screen->waitFor("off ○──");
     screen->type("u");
     screen->waitFor("on ━━●");
+    screen->waitFor("Your last change was taken back.");
     EXPECT_TRUE(documentHolds("<key>kEnabled</key>\n\t<true/>"));
     screen->type("\x12");
     screen->waitFor("off ○──");
+    screen->waitFor("The change was made again.");
     EXPECT_TRUE(documentHolds("<key>kEnabled</key>\n\t<false/>"));
 }
 
