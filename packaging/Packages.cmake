@@ -63,8 +63,8 @@ set(CPACK_DEBIAN_WARDLOCK_PACKAGE_RECOMMENDS
 get_target_property(soname wardlock-settings-library SOVERSION)
 set(CPACK_DEBIAN_LIBWARDLOCK_PACKAGE_NAME libwardlock${soname})
 set(CPACK_DEBIAN_LIBWARDLOCK_PACKAGE_SECTION libs)
-# Started where no bus is running, so that other processes are notified of changes.
-set(CPACK_DEBIAN_LIBWARDLOCK_PACKAGE_DEPENDS dbus-daemon)
+# Started where no bus is running, so that other processes are notified of changes; opened with the first web page.
+set(CPACK_DEBIAN_LIBWARDLOCK_PACKAGE_DEPENDS "dbus-daemon, libcurl4 (>= 7.85)")
 # What programs that link the libraries depend on, and the trigger that updates the linker's cache.
 file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/debian/shlibs" CONTENT
 "libwardlock-platform ${soname} libwardlock${soname} (>= ${PROJECT_VERSION})

@@ -1,13 +1,11 @@
 #include "linux/web/PageFetch.h"
 
 #include "linux/posix/SignalMaskedThread.h"
+#include "linux/web/CurlLibrary.h"
 #include "platform/base/Translation.h"
 #include "platform/runtime/ExceptionBoundary.h"
 
-#include <curl/curl.h>
-
 #include <memory>
-#include <mutex>
 #include <optional>
 
 namespace platform::web {
@@ -23,10 +21,10 @@ constexpr std::size_t mostBytesPerByte = 8;
 constexpr int pollMilliseconds = 250;
 
 struct EasyRelease {
-    void operator()(CURL* handle) const { curl_easy_cleanup(handle); }
+    void operator()(CURL* handle) const { curl().easyCleanup(handle); }
 };
 struct ListRelease {
-    void operator()(curl_slist* list) const { curl_slist_free_all(list); }
+    void operator()(curl_slist* list) const { curl().slistFreeAll(list); }
 };
 using EasyHandle = std::unique_ptr<CURL, EasyRelease>;
 
@@ -67,59 +65,53 @@ int countReceived(CURL*, curl_infotype type, char*, std::size_t size, void* targ
     return 0;
 }
 
-CURLM* makeTransfers() {
-    static std::once_flag once;
-    std::call_once(once, [] { curl_global_init(CURL_GLOBAL_DEFAULT); });
-    return curl_multi_init();
-}
-
 void configure(CURL* handle, const std::string& url, const TextWebEngineOptions& options, Body& body) {
-    curl_easy_setopt(handle, CURLOPT_URL, url.c_str());
-    curl_easy_setopt(handle, CURLOPT_PROTOCOLS_STR, schemes);
-    curl_easy_setopt(handle, CURLOPT_REDIR_PROTOCOLS_STR, schemes);
-    curl_easy_setopt(handle, CURLOPT_FOLLOWLOCATION, 1L);
-    curl_easy_setopt(handle, CURLOPT_MAXREDIRS, mostRedirections);
-    curl_easy_setopt(handle, CURLOPT_TIMEOUT_MS, static_cast<long>(options.timeout.count()));
-    curl_easy_setopt(handle, CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(options.largestPage));
-    curl_easy_setopt(handle, CURLOPT_ACCEPT_ENCODING, "");
-    curl_easy_setopt(handle, CURLOPT_USERAGENT, "Wardlock");
-    curl_easy_setopt(handle, CURLOPT_NOSIGNAL, 1L);
+    curl().easySetopt(handle, CURLOPT_URL, url.c_str());
+    curl().easySetopt(handle, CURLOPT_PROTOCOLS_STR, schemes);
+    curl().easySetopt(handle, CURLOPT_REDIR_PROTOCOLS_STR, schemes);
+    curl().easySetopt(handle, CURLOPT_FOLLOWLOCATION, 1L);
+    curl().easySetopt(handle, CURLOPT_MAXREDIRS, mostRedirections);
+    curl().easySetopt(handle, CURLOPT_TIMEOUT_MS, static_cast<long>(options.timeout.count()));
+    curl().easySetopt(handle, CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(options.largestPage));
+    curl().easySetopt(handle, CURLOPT_ACCEPT_ENCODING, "");
+    curl().easySetopt(handle, CURLOPT_USERAGENT, "Wardlock");
+    curl().easySetopt(handle, CURLOPT_NOSIGNAL, 1L);
     // A name that does not resolve must not delay the cancelling of the fetch.
-    curl_easy_setopt(handle, CURLOPT_QUICK_EXIT, 1L);
-    curl_easy_setopt(handle, CURLOPT_WRITEFUNCTION, &append);
-    curl_easy_setopt(handle, CURLOPT_WRITEDATA, &body);
-    curl_easy_setopt(handle, CURLOPT_HEADERFUNCTION, &countHeader);
-    curl_easy_setopt(handle, CURLOPT_HEADERDATA, &body);
-    curl_easy_setopt(handle, CURLOPT_DEBUGFUNCTION, &countReceived);
-    curl_easy_setopt(handle, CURLOPT_DEBUGDATA, &body);
-    curl_easy_setopt(handle, CURLOPT_VERBOSE, 1L);
+    curl().easySetopt(handle, CURLOPT_QUICK_EXIT, 1L);
+    curl().easySetopt(handle, CURLOPT_WRITEFUNCTION, &append);
+    curl().easySetopt(handle, CURLOPT_WRITEDATA, &body);
+    curl().easySetopt(handle, CURLOPT_HEADERFUNCTION, &countHeader);
+    curl().easySetopt(handle, CURLOPT_HEADERDATA, &body);
+    curl().easySetopt(handle, CURLOPT_DEBUGFUNCTION, &countReceived);
+    curl().easySetopt(handle, CURLOPT_DEBUGDATA, &body);
+    curl().easySetopt(handle, CURLOPT_VERBOSE, 1L);
 }
 
 std::string information(CURL* handle, CURLINFO what) {
     const char* text = nullptr;
-    curl_easy_getinfo(handle, what, &text);
+    curl().easyGetinfo(handle, what, &text);
     return text ? text : "";
 }
 
 /// Runs the transfer until it ends, or until `isWanted` returns false: then there is no result.
 template <class Wanted>
 std::optional<CURLcode> transfer(CURLM* transfers, CURL* handle, Wanted isWanted) {
-    if (curl_multi_add_handle(transfers, handle) != CURLM_OK)
+    if (curl().multiAddHandle(transfers, handle) != CURLM_OK)
         return CURLE_FAILED_INIT;
     std::optional<CURLcode> result;
     int running = 1;
     while (!result && isWanted()) {
-        if (curl_multi_perform(transfers, &running) != CURLM_OK)
+        if (curl().multiPerform(transfers, &running) != CURLM_OK)
             result = CURLE_RECV_ERROR;
         int waiting = 0;
-        while (const CURLMsg* message = curl_multi_info_read(transfers, &waiting)) {
+        while (const CURLMsg* message = curl().multiInfoRead(transfers, &waiting)) {
             if (message->msg == CURLMSG_DONE)
                 result = message->data.result;
         }
         if (!result)
-            curl_multi_poll(transfers, nullptr, 0, pollMilliseconds, nullptr);
+            curl().multiPoll(transfers, nullptr, 0, pollMilliseconds, nullptr);
     }
-    curl_multi_remove_handle(transfers, handle);
+    curl().multiRemoveHandle(transfers, handle);
     return result;
 }
 
@@ -128,30 +120,38 @@ std::optional<CURLcode> transfer(CURLM* transfers, CURL* handle, Wanted isWanted
 PageFetch::PageFetch(std::string url, TextWebEngineOptions options, std::weak_ptr<const void> reader,
                      Completion completion)
     : url_(std::move(url)), options_(std::move(options)), reader_(std::move(reader)),
-      completion_(std::move(completion)), transfers_(makeTransfers()),
-      thread_(posix::startSignalMaskedThread([this] { run(); })) {
+      completion_(std::move(completion)) {
+    if (!curl().error.empty()) {
+        fail(curl().error);
+        return;
+    }
+    transfers_ = curl().multiInit();
+    thread_ = posix::startSignalMaskedThread([this] { run(); });
     if (!thread_.joinable())
-        completion_({.error = translated("Web", "The system cannot create another thread"),
-                     .bytes = {},
-                     .contentType = {},
-                     .url = {}});
+        fail(translated("Web", "The system cannot create another thread"));
 }
 
 PageFetch::~PageFetch() {
+    if (!curl().error.empty())
+        return;
     givenUp_ = true;
-    curl_multi_wakeup(transfers_);
+    curl().multiWakeup(transfers_);
     if (thread_.joinable())
         thread_.join();
-    curl_multi_cleanup(transfers_);
+    curl().multiCleanup(transfers_);
+}
+
+void PageFetch::fail(const std::string& error) const {
+    completion_({.error = error, .bytes = {}, .contentType = {}, .url = {}});
 }
 
 void PageFetch::run() {
-    const EasyHandle handle(curl_easy_init());
+    const EasyHandle handle(curl().easyInit());
     const std::unique_ptr<curl_slist, ListRelease> connectTo(
-        options_.connectTo.empty() ? nullptr : curl_slist_append(nullptr, options_.connectTo.c_str()));
+        options_.connectTo.empty() ? nullptr : curl().slistAppend(nullptr, options_.connectTo.c_str()));
     Body body{{}, options_.largestPage, 0};
     configure(handle.get(), url_, options_, body);
-    curl_easy_setopt(handle.get(), CURLOPT_CONNECT_TO, connectTo.get());
+    curl().easySetopt(handle.get(), CURLOPT_CONNECT_TO, connectTo.get());
     const auto result = transfer(transfers_, handle.get(), [&] { return isWanted() && !body.tooLarge; });
     if (givenUp_)
         return;
@@ -163,7 +163,7 @@ void PageFetch::run() {
     else if (result == CURLE_OK)
         page.bytes = std::move(body.bytes);
     else
-        page.error = curl_easy_strerror(result.value_or(CURLE_ABORTED_BY_CALLBACK));
+        page.error = curl().easyStrerror(result.value_or(CURLE_ABORTED_BY_CALLBACK));
     completion_(std::move(page));
 }
 

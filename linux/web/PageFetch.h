@@ -26,7 +26,7 @@ struct FetchedPage {
 class PageFetch {
 public:
     /// Runs in the fetch's thread, at its end, whether or not the reader is gone; not when the fetch itself
-    /// is destroyed. Without a thread it runs at once.
+    /// is destroyed. Without a thread or the library it runs at once.
     using Completion = std::function<void(FetchedPage)>;
 
     /// Ends with an error as soon as `reader` is gone.
@@ -38,6 +38,7 @@ public:
 
 private:
     void run();
+    void fail(const std::string& error) const;
     bool isWanted() const { return !givenUp_ && !reader_.expired(); }
 
     const std::string url_;
@@ -45,8 +46,9 @@ private:
     const std::weak_ptr<const void> reader_;
     const Completion completion_;
     std::atomic<bool> givenUp_ = false;
-    /// The CURLM of the thread; created before it starts, so that it can be woken at any time.
-    void* const transfers_;
+    /// The CURLM of the thread; created before it starts, so that it can be woken at any time. Null without
+    /// the library.
+    void* transfers_ = nullptr;
     std::thread thread_;
 };
 

@@ -19,8 +19,11 @@ std::string trimmed(std::string_view link) {
 
 } // namespace
 
-WebAddress::WebAddress(const std::string& url) : base_(curl_url()) {
-    if (url.size() > longestAddress || curl_url_set(base_.get(), CURLUPART_URL, url.c_str(), 0))
+WebAddress::WebAddress(const std::string& url) {
+    if (!curl().error.empty() || url.size() > longestAddress)
+        return;
+    base_.reset(curl().url());
+    if (curl().urlSet(base_.get(), CURLUPART_URL, url.c_str(), 0))
         base_ = nullptr;
 }
 
@@ -28,15 +31,15 @@ std::string WebAddress::of(std::string_view link) const {
     if (!base_ || link.size() > longestAddress)
         return {};
     const std::string text = trimmed(link);
-    const std::unique_ptr<CURLU, Release> url(curl_url_dup(base_.get()));
+    const std::unique_ptr<CURLU, Release> url(curl().urlDup(base_.get()));
     if (text.empty() || text.starts_with('#') ||
-        curl_url_set(url.get(), CURLUPART_URL, text.c_str(), CURLU_URLENCODE))
+        curl().urlSet(url.get(), CURLUPART_URL, text.c_str(), CURLU_URLENCODE))
         return {};
     char* whole = nullptr;
-    if (curl_url_get(url.get(), CURLUPART_URL, &whole, 0))
+    if (curl().urlGet(url.get(), CURLUPART_URL, &whole, 0))
         return {};
     std::string address(whole);
-    curl_free(whole);
+    curl().free(whole);
     const bool isWeb = address.starts_with("http://") || address.starts_with("https://");
     return isWeb && address.size() <= longestAddress ? address : std::string();
 }

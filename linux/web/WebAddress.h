@@ -1,6 +1,6 @@
 #pragma once
 
-#include <curl/curl.h>
+#include "linux/web/CurlLibrary.h"
 
 #include <memory>
 #include <string>
@@ -20,7 +20,7 @@ public:
 
 private:
     struct Release {
-        void operator()(CURLU* url) const { curl_url_cleanup(url); }
+        void operator()(CURLU* url) const { curl().urlCleanup(url); }
     };
     std::unique_ptr<CURLU, Release> base_;
 };
