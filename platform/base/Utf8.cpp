@@ -2,6 +2,7 @@
 
 #include "platform/base/ByteVector.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstdint>
 
@@ -76,7 +77,15 @@ bool isValidUtf8(std::string_view text) {
 }
 
 bool isAscii(std::string_view text) {
-    return skipAscii(text, 0) == text.size();
+    constexpr std::size_t size = ByteVector::size;
+    const std::size_t length = text.size();
+    if (length < size)
+        return std::ranges::none_of(text, [](unsigned char c) { return c >= 0x80; });
+    for (std::size_t at = 0; at + size < length; at += size)
+        if (ByteVector(text.data() + at).notAscii() != 0)
+            return false;
+    // The last ones overlap those before.
+    return ByteVector(text.data() + length - size).notAscii() == 0;
 }
 
 void appendUtf8(char32_t character, std::string& text) {

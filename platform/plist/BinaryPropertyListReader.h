@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/plist/BinaryNumber.h"
+#include "platform/plist/BinaryObjectTable.h"
 #include "platform/plist/DictionaryBuilder.h"
 #include "platform/plist/DocumentShape.h"
 #include "platform/plist/ScratchMemory.h"
@@ -20,11 +20,11 @@ namespace platform {
 /// once written out is bounded as well.
 class BinaryPropertyListReader {
 public:
-    static constexpr std::string_view magic = "bplist00";
+    static constexpr std::string_view magic = BinaryObjectTable::magic;
 
     /// `bytes` must outlive the reader.
     explicit BinaryPropertyListReader(std::string_view bytes)
-        : bytes_(bytes), arena_(Arena::create(2 * bytes.size())),
+        : table_(bytes), arena_(Arena::create(2 * bytes.size())),
           dictionaries_(*arena_, Duplicates::KeepFirst, *shape_) {}
 
     /// Returns nothing unless the bytes are a property list. Call it once.
@@ -41,12 +41,8 @@ private:
         std::uint64_t weight = 0;
         ArenaValue value;
     };
-    /// The bytes of an object after its marker and length.
-    struct Content {
-        std::uint8_t kind;
-        std::uint64_t length;
-        std::size_t start;
-    };
+    using enum BinaryObjectTable::Kind;
+    using Content = BinaryObjectTable::Content;
     /// The keys of the last dictionary of a depth, whose references, byte for byte, name them again.
     struct LastKeys {
         std::string_view references;
@@ -54,11 +50,9 @@ private:
         std::uint64_t weight = 0;
     };
 
-    bool readTrailer();
     const Object* object(std::uint64_t index, std::size_t depth);
     bool readObject(std::uint64_t index, std::size_t depth);
     bool readContent(const Content& content, std::size_t depth, Object& object);
-    std::optional<Content> contentAt(std::size_t offset) const;
     std::optional<Value> singleByte(std::uint8_t marker) const;
     std::optional<Value> number(const Content& content) const;
     bool readUid(const Content& content, Object& object);
@@ -66,23 +60,14 @@ private:
     bool readWideString(const Content& content, Object& object);
     bool readArray(const Content& content, std::size_t depth, Object& object);
     bool readDictionary(const Content& content, std::size_t depth, Object& object);
-    bool readKeys(std::string_view references, std::size_t depth, Object& object);
+    bool readKeys(const Content& content, std::size_t depth, Object& object);
+    std::optional<std::string_view> keyAt(std::uint64_t index, std::size_t depth);
     LastKeys& lastKeys(std::size_t depth);
     bool readReferences(std::size_t start, std::uint64_t count, std::size_t depth, Object& object);
 
-    std::uint64_t numberAt(std::size_t at, std::size_t length) const {
-        return bigEndian({bytes_.data() + at, length});
-    }
-    bool fits(std::size_t at, std::uint64_t count, std::uint64_t size) const;
-
     ScratchMemory scratch_;
     std::shared_ptr<const DocumentShape> shape_ = DocumentShape::latest();
-    std::string_view bytes_;
-    std::size_t offsetSize_ = 0;
-    std::size_t referenceSize_ = 0;
-    std::uint64_t objectCount_ = 0;
-    std::uint64_t topObject_ = 0;
-    std::size_t table_ = 0;
+    BinaryObjectTable table_;
     IntrusivePointer<Arena> arena_;
     DictionaryBuilder dictionaries_;
     std::pmr::vector<Object> objects_{scratch_.get()};

@@ -1,5 +1,7 @@
 #include "platform/plist/DictionaryBuilder.h"
 
+#include "platform/values/ShortString.h"
+
 #include <algorithm>
 
 namespace platform {
@@ -10,7 +12,7 @@ bool hasKeys(const KeySet& set, std::span<const std::string_view> keys) {
     if (set.size() != keys.size())
         return false;
     for (std::size_t i = 0; i < keys.size(); ++i)
-        if (set[i] != keys[i])
+        if (!equalShortStrings(set[i], keys[i]))
             return false;
     return true;
 }

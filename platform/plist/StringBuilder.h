@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/values/ShortString.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
@@ -13,7 +15,7 @@ namespace platform {
 class StringBuilder {
 public:
     /// Reserves `expected` bytes.
-    explicit StringBuilder(std::size_t expected) : text_(expected, '\0') { continueAt(0); }
+    explicit StringBuilder(std::size_t expected) : text_(expected + spare, '\0') { continueAt(0); }
     StringBuilder(const StringBuilder&) = delete;
     StringBuilder& operator=(const StringBuilder&) = delete;
 
@@ -22,10 +24,20 @@ public:
         std::memcpy(room(Size - 1), literal, Size - 1);
     }
     void put(std::string_view piece) {
-        // Not memcpy: a piece may be empty, and then without an address.
-        piece.copy(room(piece.size()), piece.size());
+        char* const to = room(piece.size());
+        if (piece.size() <= longestShort)
+            copyShortString(to, piece);
+        else
+            std::memcpy(to, piece.data(), piece.size());
     }
-    void putTabs(std::size_t count) { std::fill_n(room(count), count, '\t'); }
+    void putTabs(std::size_t count) {
+        char* const to = room(count);
+        // Few tabs take one step: more than that are written, and overwritten by what follows.
+        if (count <= spare)
+            std::memset(to, '\t', spare);
+        else
+            std::memset(to, '\t', count);
+    }
     /// Puts a part of the text again.
     void repeat(std::size_t start, std::size_t length) {
         char* const to = room(length);
@@ -47,13 +59,17 @@ private:
     /// Apart, so that room() is short enough to be inlined.
     [[gnu::noinline]] void grow(std::size_t more) {
         const std::size_t used = size();
-        text_.resize(std::max(text_.size() * 2, used + more));
+        text_.resize(std::max(text_.size() * 2, used + more + spare));
         continueAt(used);
     }
     void continueAt(std::size_t used) {
         next_ = text_.data() + used;
-        end_ = text_.data() + text_.size();
+        end_ = text_.data() + text_.size() - spare;
     }
+
+    static constexpr std::size_t longestShort = 64;
+    /// Bytes behind those that are asked for.
+    static constexpr std::size_t spare = 16;
 
     std::string text_;
     char* next_ = nullptr;

@@ -67,17 +67,19 @@ void XmlPropertyListWriter::open(const Value& container) {
         if (array.empty())
             return text_.put("<array/>\n");
         text_.put("<array>\n");
-        frames_.push_back({array.begin(), array.end(), nullptr, 0, hasFollower});
+        frames_.push_back({array.begin(), array.end(), nullptr, 0, false, hasFollower});
     } else {
         const Dictionary& dictionary = container.dictionary();
         if (dictionary.empty())
             return text_.put("<dict/>\n");
         text_.put("<dict>\n");
-        const Value* first = &(*dictionary.begin()).value;
-        frames_.push_back({first, first + dictionary.size(), dictionary.keys().get(), 0, hasFollower});
+        const Value* const first = &(*dictionary.begin()).value;
+        const KeySet* const keys = dictionary.keys().get();
+        const bool plain = needsNoEscape(keys->text());
+        frames_.push_back({first, first + dictionary.size(), keys, 0, plain, hasFollower});
     }
     if (last_.size() < frames_.size())
-        last_.resize(frames_.size());
+        last_.push_back({nullptr, std::pmr::vector<Piece>(scratch_.get())});
 }
 
 void XmlPropertyListWriter::close() {
@@ -105,7 +107,11 @@ void XmlPropertyListWriter::writeLeadIn(const Frame& frame) {
     const std::size_t start = text_.size();
     indent();
     text_.put("<key>");
-    putText((*frame.keys)[frame.place]);
+    const std::string_view key = (*frame.keys)[frame.place];
+    if (frame.hasPlainKeys)
+        text_.put(key);
+    else
+        putText(key);
     text_.put("</key>\n");
     indent();
     if (frame.hasFollower)

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "platform/plist/ScratchMemory.h"
 #include "platform/plist/StringBuilder.h"
 #include "platform/values/KeySet.h"
 #include "platform/values/Value.h"
 
 #include <cstddef>
 #include <limits>
+#include <memory_resource>
 #include <string>
 #include <system_error>
 #include <vector>
@@ -38,6 +40,8 @@ private:
         /// Null in an array.
         const KeySet* keys;
         std::size_t place;
+        /// Whether no key needs an escape.
+        bool hasPlainKeys;
         /// Whether a value follows outside, which may repeat the keys of this container.
         bool hasFollower;
     };
@@ -49,9 +53,9 @@ private:
     /// The last dictionary of a depth. Records of one kind share their keys; what precedes their values is
     /// copied from one to the next.
     struct LastDictionary {
-        const KeySet* keys = nullptr;
+        const KeySet* keys;
         /// Each key with its indentation and that of its value.
-        std::vector<Piece> leadIns;
+        std::pmr::vector<Piece> leadIns;
     };
 
     void writeNext();
@@ -68,9 +72,10 @@ private:
     const Value& root_;
     Bounds bounds_;
     StringBuilder text_;
-    std::vector<Frame> frames_;
+    ScratchMemory scratch_;
+    std::pmr::vector<Frame> frames_{scratch_.get()};
     /// Indexed by depth.
-    std::vector<LastDictionary> last_;
+    std::pmr::vector<LastDictionary> last_{scratch_.get()};
     bool tooDeep_ = false;
 };
 

@@ -36,6 +36,21 @@ inline std::size_t hashShortString(std::string_view text) {
     return static_cast<std::size_t>(mixed >> 32 ^ mixed >> 56);
 }
 
+/// Copies the text to an address with room for it, without the call that a copy of any length costs.
+inline void copyShortString(char* to, std::string_view text) {
+    const char* const from = text.data();
+    const std::size_t length = text.size();
+    if (length >= 8) {
+        for (std::size_t at = 0; at + 8 < length; at += 8)
+            std::memcpy(to + at, from + at, 8);
+        // The last ones overlap those before.
+        std::memcpy(to + length - 8, from + length - 8, 8);
+        return;
+    }
+    for (std::size_t i = 0; i < length; ++i)
+        to[i] = from[i];
+}
+
 /// Returns whether the first and the last bytes of two texts of one length are equal, a word of each.
 template <class Word>
 bool sameEnds(std::string_view a, std::string_view b) {

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "platform/plist/BinaryNumber.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace platform {
+
+/// The objects of a property list in the binary form, by their numbers: where each of them is, and what its
+/// marker says. Every length is checked against the bytes that are there.
+class BinaryObjectTable {
+public:
+    static constexpr std::string_view magic = "bplist00";
+
+    enum Kind : std::uint8_t {
+        Single = 0x0,
+        Integer = 0x1,
+        Real = 0x2,
+        Date = 0x3,
+        Data = 0x4,
+        AsciiString = 0x5,
+        Utf16String = 0x6,
+        Uid = 0x8,
+        ArrayKind = 0xA,
+        DictionaryKind = 0xD
+    };
+
+    /// The bytes of an object after its marker and length.
+    struct Content {
+        std::uint8_t kind;
+        std::uint64_t length;
+        std::size_t start;
+    };
+
+    /// `bytes` must outlive the table.
+    explicit BinaryObjectTable(std::string_view bytes) : bytes_(bytes) {}
+
+    /// Returns whether the bytes end with a description of a table that they have room for. Call it first.
+    bool readTrailer();
+
+    std::uint64_t objectCount() const { return objectCount_; }
+    std::uint64_t topObject() const { return topObject_; }
+    std::size_t referenceSize() const { return referenceSize_; }
+
+    /// Returns the content of the object of that number, which must be below the count.
+    std::optional<Content> contentOf(std::uint64_t object) const;
+    /// Returns whether `count` items of `size` bytes fit between `at` and the offset table.
+    bool fits(std::size_t at, std::uint64_t count, std::uint64_t size) const {
+        return at <= table_ && count <= (table_ - at) / size;
+    }
+    std::string_view bytes(std::size_t at, std::uint64_t length) const {
+        return bytes_.substr(at, static_cast<std::size_t>(length));
+    }
+    /// Returns the reference at a position, or another number of that length.
+    std::uint64_t numberAt(std::size_t at, std::size_t length) const {
+        // The offsets and references of a short document.
+        if (length == 1)
+            return static_cast<unsigned char>(bytes_[at]);
+        return bigEndian({bytes_.data() + at, length});
+    }
+
+private:
+    std::optional<Content> contentAt(std::size_t offset) const;
+
+    std::string_view bytes_;
+    std::size_t offsetSize_ = 0;
+    std::size_t referenceSize_ = 0;
+    std::uint64_t objectCount_ = 0;
+    std::uint64_t topObject_ = 0;
+    /// The position of the offset table.
+    std::size_t table_ = 0;
+};
+
+} // namespace platform
