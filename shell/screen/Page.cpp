@@ -1,6 +1,5 @@
 #include "shell/screen/Page.h"
 
-#include "platform/preferences/PSListItemsController.h"
 #include "platform/ui/UIActivityIndicatorView.h"
 #include "platform/ui/UITextView.h"
 #include "platform/ui/UIWebView.h"
@@ -36,7 +35,7 @@ void collectContent(const std::shared_ptr<UIView>& view, std::vector<std::shared
 
 Page::Page(std::shared_ptr<platform::UIViewController> controller, PageBoundary& boundary)
     : controller_(std::move(controller)), list_(dynamic_cast<platform::PSListController*>(controller_.get())),
-      boundary_(boundary) {}
+      items_(dynamic_cast<platform::PSListItemsController*>(controller_.get())), boundary_(boundary) {}
 
 Page::~Page() = default;
 
@@ -96,15 +95,20 @@ Page::Shown Page::read(const std::shared_ptr<PSSpecifier>& specifier, NSIndexPat
     Shown shown;
     if (specifier->getAction())
         shown.value = specifier->performGetter();
-    if (auto* items = dynamic_cast<platform::PSListItemsController*>(list_))
-        shown.marked = items->isChosen(path);
+    if (items_)
+        shown.marked = items_->isChosen(path);
     return shown;
 }
 
 const Page::Shown& Page::shown(const std::shared_ptr<PSSpecifier>& specifier, NSIndexPath path) {
+    // What most rows of a long list show.
+    static const Shown nothing;
     const auto known = shown_.find(specifier);
-    return known == shown_.end() ? shown_.emplace(specifier, read(specifier, path)).first->second
-                                 : known->second;
+    if (known != shown_.end())
+        return known->second;
+    if (!items_ && !specifier->getAction())
+        return nothing;
+    return shown_.emplace(specifier, read(specifier, path)).first->second;
 }
 
 std::vector<std::shared_ptr<UIView>> Page::content() {

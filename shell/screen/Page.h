@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/preferences/PSListController.h"
+#include "platform/preferences/PSListItemsController.h"
 #include "platform/ui/UIBarButtonItem.h"
 #include "shell/screen/PageBoundary.h"
 #include "shell/screen/Row.h"
@@ -102,7 +102,7 @@ public:
     void rebuild();
 
 private:
-    /// What a row last showed.
+    /// What a row last showed. Only rows that have something to read are remembered.
     struct Shown {
         std::optional<platform::Value> value;
         bool marked = false;
@@ -118,6 +118,8 @@ private:
 
     std::shared_ptr<platform::UIViewController> controller_;
     platform::PSListController* list_;
+    /// The same, where the page lists the values of a row; else null.
+    platform::PSListItemsController* items_;
     PageBoundary& boundary_;
     std::map<std::shared_ptr<platform::PSSpecifier>, Shown> shown_;
     bool read_ = false;
