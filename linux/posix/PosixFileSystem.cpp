@@ -1,6 +1,7 @@
 #include "linux/posix/PosixFileSystem.h"
 
 #include "linux/posix/FileDescriptor.h"
+#include "linux/posix/FileReading.h"
 #include "linux/posix/LastError.h"
 #include "linux/posix/TrustedSymlink.h"
 
@@ -90,30 +91,8 @@ std::error_code openRegular(const std::string& path, int flags, Links links, Fil
     return {};
 }
 
-/// Reads to the end. A call that finds the reported size, and has room for more, has found the end.
-std::error_code readToEnd(int file, std::size_t expected, std::size_t maximum, std::string& bytes) {
-    std::string read(expected + 1, '\0');
-    std::size_t length = 0;
-    while (true) {
-        const std::size_t room = read.size() - length;
-        const ssize_t count = ::read(file, read.data() + length, room);
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count < 0)
-            return lastError();
-        if (count == 0)
-            break;
-        length += static_cast<std::size_t>(count);
-        if (length > maximum)
-            return std::make_error_code(std::errc::file_too_large);
-        if (length == expected && static_cast<std::size_t>(count) < room)
-            break;
-        if (length == read.size())
-            read.resize(read.size() * 2);
-    }
-    read.resize(length);
-    bytes = std::move(read);
-    return {};
+std::error_code openToRead(const std::string& path, FileHandle& file, FileStatus& status) {
+    return uninterrupted([&] { return openRegular(path, O_RDONLY, Links::Follow, file, status); });
 }
 
 } // namespace
@@ -159,13 +138,24 @@ std::error_code PosixFileSystem::resolve(const std::string& path, std::string& r
 std::error_code PosixFileSystem::readFile(const std::string& path, std::size_t maximum, std::string& bytes) {
     FileHandle file = noFile;
     FileStatus status;
-    if (std::error_code error =
-            uninterrupted([&] { return openRegular(path, O_RDONLY, Links::Follow, file, status); }))
+    if (std::error_code error = openToRead(path, file, status))
         return error;
     const FileDescriptor opened(file);
     if (status.size > maximum)
         return std::make_error_code(std::errc::file_too_large);
     return readToEnd(file, status.size, maximum, bytes);
+}
+
+std::error_code PosixFileSystem::compareFile(const std::string& path, std::string_view bytes, bool& same) {
+    FileHandle file = noFile;
+    FileStatus status;
+    if (std::error_code error = openToRead(path, file, status))
+        return error;
+    const FileDescriptor opened(file);
+    if (status.size == bytes.size())
+        return compareToEnd(file, bytes, same);
+    same = false;
+    return {};
 }
 
 std::error_code PosixFileSystem::list(const std::string& folder, std::vector<std::string>& names) {

@@ -17,6 +17,7 @@ public:
     std::error_code readLink(const std::string& path, std::string& target) override;
     std::error_code resolve(const std::string& path, std::string& resolved) override;
     std::error_code readFile(const std::string& path, std::size_t maximum, std::string& bytes) override;
+    std::error_code compareFile(const std::string& path, std::string_view bytes, bool& same) override;
     std::error_code list(const std::string& folder, std::vector<std::string>& names) override;
     std::error_code create(const std::string& path, unsigned mode, FileHandle& file) override;
     std::error_code open(const std::string& path, FileHandle& file) override;

@@ -20,6 +20,15 @@ void FileSystem::setCurrent(FileSystem* files) {
     currentFiles.set(files);
 }
 
+std::error_code FileSystem::compareFile(const std::string& path, std::string_view bytes, bool& same) {
+    std::string read;
+    const std::error_code error = readFile(path, bytes.size(), read);
+    if (error && error != std::errc::file_too_large)
+        return error;
+    same = !error && read == bytes;
+    return {};
+}
+
 std::error_code makeFolders(FileSystem& files, const std::string& path, unsigned mode) {
     std::error_code error = uninterrupted([&] { return files.makeFolder(path, mode); });
     if (error == std::errc::no_such_file_or_directory && folderOf(path) != path) {

@@ -62,6 +62,9 @@ public:
     virtual std::error_code resolve(const std::string& path, std::string& resolved) = 0;
     /// Reads all bytes of a regular file; std::errc::file_too_large beyond `maximum` bytes.
     virtual std::error_code readFile(const std::string& path, std::size_t maximum, std::string& bytes) = 0;
+    /// Finds whether `bytes` are all that a regular file contains. By default reads the file; a file system
+    /// may save the memory for that.
+    virtual std::error_code compareFile(const std::string& path, std::string_view bytes, bool& same);
     /// Lists the names in a folder, without "." and "..", in no order.
     virtual std::error_code list(const std::string& folder, std::vector<std::string>& names) = 0;
 

@@ -27,6 +27,12 @@ std::string damagedName(const std::string& path, int number) {
 
 DocumentFile::DocumentFile(FileSystem& files, std::string path, RecentDocument* recent)
     : files_(files), path_(std::move(path)) {
+    if (const auto known = recent ? recent->unchanged(files_, path_) : std::nullopt) {
+        bytes_ = known->bytes;
+        dictionary_ = known->dictionary;
+        state_ = State::Document;
+        return;
+    }
     std::string bytes;
     const auto read = [&] {
         return uninterrupted([&] { return files_.readFile(path_, largestDocument, bytes); });
@@ -42,8 +48,10 @@ DocumentFile::DocumentFile(FileSystem& files, std::string path, RecentDocument* 
         return;
     }
     bytes_ = std::make_shared<const std::string>(std::move(bytes));
-    dictionary_ = recent ? recent->dictionaryOf(path_, bytes_) : dictionaryWithData(*bytes_);
+    dictionary_ = dictionaryWithData(*bytes_);
     state_ = dictionary_ ? State::Document : State::Damaged;
+    if (recent && dictionary_)
+        recent->remember({path_, bytes_, *dictionary_});
 }
 
 DocumentFile::State DocumentFile::stateAfter(std::error_code error) {

@@ -16,20 +16,17 @@ RecentDocument& RecentDocument::shared() {
     return recent;
 }
 
-std::optional<Dictionary> RecentDocument::dictionaryOf(const std::string& path,
-                                                       const std::shared_ptr<const std::string>& bytes) {
-    if (auto dictionary = known(path, *bytes))
-        return dictionary;
-    auto dictionary = dictionaryWithData(*bytes);
-    if (dictionary)
-        remember({path, bytes, *dictionary});
-    return dictionary;
-}
-
-std::optional<Dictionary> RecentDocument::known(const std::string& path, const std::string& bytes) {
-    const std::lock_guard lock(mutex_);
-    const bool same = file_.bytes && file_.path == path && *file_.bytes == bytes;
-    return same ? std::optional(file_.dictionary) : std::nullopt;
+std::optional<RecentDocument::File> RecentDocument::unchanged(FileSystem& files, const std::string& path) {
+    File last;
+    {
+        const std::lock_guard lock(mutex_);
+        if (!file_.bytes || file_.path != path)
+            return std::nullopt;
+        last = file_;
+    }
+    bool same = false;
+    const std::error_code error = uninterrupted([&] { return files.compareFile(path, *last.bytes, same); });
+    return !error && same ? std::optional(std::move(last)) : std::nullopt;
 }
 
 void RecentDocument::remember(File file) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/files/FileSystem.h"
 #include "platform/values/Value.h"
 
 #include <memory>
@@ -20,21 +21,18 @@ public:
     /// Returns the process's own.
     static RecentDocument& shared();
 
-    /// Returns the same as dictionaryWithData() for the bytes of the file at `path`, which it shares until
-    /// the next file is read.
-    std::optional<Dictionary> dictionaryOf(const std::string& path,
-                                           const std::shared_ptr<const std::string>& bytes);
-
-private:
     struct File {
         std::string path;
         std::shared_ptr<const std::string> bytes;
         Dictionary dictionary;
     };
 
-    std::optional<Dictionary> known(const std::string& path, const std::string& bytes);
+    /// Returns the file at `path` where it was remembered last and still has the same bytes.
+    std::optional<File> unchanged(FileSystem& files, const std::string& path);
+    /// Remembers the file in place of the last one.
     void remember(File file);
 
+private:
     std::mutex mutex_;
     /// Without bytes at first.
     File file_;

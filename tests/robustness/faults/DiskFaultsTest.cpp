@@ -17,6 +17,7 @@
 #include "cli/command/CommandLine.h"
 #include "cli/script/ScriptCommands.h"
 #include "platform/plist/PropertyList.h"
+#include "platform/plist/PropertyListFile.h"
 #include "settings/Constants.h"
 #include "settings/Document.h"
 #include "tests/robustness/faults/WriterCase.h"
@@ -125,6 +126,7 @@ protected:
         stage->disk.addFile(onDisk(applicationInfoPath), applicationInfo());
         if (!writer().earlier.empty())
             makeEarlierChange(*stage);
+        readAnotherDocument();
         arrange(stage->files);
         center.onPost = [&stage = *stage] {
             if (!stage.files.isKilled())
@@ -140,6 +142,14 @@ protected:
         FileSystem::setCurrent(nullptr);
         center.onPost = nullptr;
         return stage;
+    }
+
+    /// The document that was read last takes fewer calls to read again: it must not be that of an earlier
+    /// act.
+    void readAnotherDocument() const {
+        constexpr const char* other = "/var/mobile/other.plist";
+        writeFile(other, "<plist><dict/></plist>");
+        EXPECT_TRUE(platform::dictionaryWithContentsOfFile(other));
     }
 
     std::size_t callsOfTheAct() {

@@ -120,7 +120,7 @@ ALL = [
         (WRITER, "!uninterrupted([&] { return files_.lock(file); }) &&", "(uninterrupted([&] { return files_.lock(file); }), true) &&"),
     ]),
     Mutant("short-read-is-enough", "what a short read has left is not read", ("processes.interrupted",), [
-        (REAL_FILES, "        if (length == read.size())\n            read.resize(read.size() * 2);", "        break;"),
+        ("linux/posix/FileReading.cpp", "        if (length == read.size())\n            read.resize(read.size() * 2);", "        break;"),
     ]),
     Mutant("reason-of-a-failure-lost", "plist set does not say why it could not store", ("tests.faults/WriteErrorMessage",), [
         ("cli/command/PropertyListSetCommand.cpp", " + error.message());", ");"),
@@ -611,8 +611,7 @@ ALL = [
         ("platform/plist/XmlEscape.cpp", 'text += "&amp;";', "text += '&';"),
     ]),
     Mutant("keys-not-escaped", "keys are written as they are", ("fuzz.value", "fuzz.xml_reader"), [
-        ("platform/plist/XmlPropertyListWriter.cpp", "    putText((*frame.keys)[frame.place]);",
-         "    text_.put(std::string_view((*frame.keys)[frame.place]));"),
+        ("platform/plist/XmlPropertyListWriter.cpp", "    if (frame.hasPlainKeys)\n", "    if (frame.keys)\n"),
     ]),
     Mutant("reals-rounded", "the last bits of a real are lost in writing", ("fuzz.value", "fuzz.xml_reader", "fuzz.binary_reader"), [
         ("platform/plist/XmlPropertyListWriter.cpp", "appendReal(element, value.real());", "appendReal(element, static_cast<float>(value.real()));"),

@@ -298,18 +298,34 @@ std::error_code MemoryFileSystem::resolve(const std::string& path, std::string& 
     return error;
 }
 
-std::error_code MemoryFileSystem::readFile(const std::string& path, std::size_t maximum, std::string& bytes) {
+std::error_code MemoryFileSystem::findReadable(const std::string& path, std::shared_ptr<Node>& node) const {
     std::error_code error;
-    const auto node = find(path, Links::Follow, error);
-    if (!node)
+    const auto found = find(path, Links::Follow, error);
+    if (!found)
         return error;
-    if (node->status.kind != FileKind::Regular)
+    if (found->status.kind != FileKind::Regular)
         return failure(std::errc::is_a_directory);
-    if (user_ != 0 && !(node->status.mode & (user_ == node->status.owner ? 0400 : 0004)))
+    if (user_ != 0 && !(found->status.mode & (user_ == found->status.owner ? 0400 : 0004)))
         return failure(std::errc::permission_denied);
+    node = found;
+    return {};
+}
+
+std::error_code MemoryFileSystem::readFile(const std::string& path, std::size_t maximum, std::string& bytes) {
+    std::shared_ptr<Node> node;
+    if (std::error_code error = findReadable(path, node))
+        return error;
     if (node->text.size() > maximum)
         return failure(std::errc::file_too_large);
     bytes = node->text;
+    return {};
+}
+
+std::error_code MemoryFileSystem::compareFile(const std::string& path, std::string_view bytes, bool& same) {
+    std::shared_ptr<Node> node;
+    if (std::error_code error = findReadable(path, node))
+        return error;
+    same = node->text == bytes;
     return {};
 }
 

@@ -63,6 +63,7 @@ public:
     std::error_code readLink(const std::string& path, std::string& target) override;
     std::error_code resolve(const std::string& path, std::string& resolved) override;
     std::error_code readFile(const std::string& path, std::size_t maximum, std::string& bytes) override;
+    std::error_code compareFile(const std::string& path, std::string_view bytes, bool& same) override;
     std::error_code list(const std::string& folder, std::vector<std::string>& names) override;
     std::error_code create(const std::string& path, unsigned mode, platform::FileHandle& file) override;
     std::error_code open(const std::string& path, platform::FileHandle& file) override;
@@ -95,6 +96,8 @@ private:
     void record(const std::string& call);
     std::string pathOf(platform::FileHandle file) const;
     std::shared_ptr<Node> find(std::string path, platform::Links links, std::error_code& error) const;
+    /// Fails where the file is missing, not regular, or not readable.
+    std::error_code findReadable(const std::string& path, std::shared_ptr<Node>& node) const;
     std::shared_ptr<Node> makeNode(platform::FileKind kind, unsigned mode);
     std::error_code mayChange(const std::string& path) const;
     std::error_code add(const std::string& path, const std::shared_ptr<Node>& node);

@@ -45,6 +45,18 @@ TEST_F(RecentDocument, IsReadAgainAfterAChangeThatKeepsSizeAndTimes) {
     EXPECT_EQ(dictionaryWithContentsOfFile(file), with(2));
 }
 
+TEST_F(RecentDocument, IsReadAgainAfterAChangeFarFromItsBeginning) {
+    const std::string before = "<plist><dict><key>a</key><string>" + std::string(100'000, 'a');
+    const std::string after = "</string></dict></plist>";
+    writeFile(file, before + 'b' + after);
+    const auto first = dictionaryWithContentsOfFile(file);
+    writeFile(file, before + 'c' + after);
+    const auto second = dictionaryWithContentsOfFile(file);
+    ASSERT_TRUE(first && second);
+    EXPECT_EQ(first->find("a")->string().back(), 'b');
+    EXPECT_EQ(second->find("a")->string().back(), 'c');
+}
+
 TEST_F(RecentDocument, IsNotReturnedForAnotherFile) {
     writeFile(file, document(1));
     writeFile(otherFile, document(2));
