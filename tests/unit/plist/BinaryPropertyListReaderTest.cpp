@@ -205,6 +205,21 @@ TEST(BinaryReader, RefusesKeysThatAreNotStrings) {
     EXPECT_EQ(reading(BinaryPropertyList{{"\xD1\x01\x01", "\x10\x05"}}.bytes()), "no document");
 }
 
+TEST(BinaryReader, RefusesKeysThatAreDamagedStrings) {
+    const std::string notAscii = "\x51\xE4";
+    const std::string beyondTheBytes = "\x5F\x10\x7F";
+    for (const std::string& key : {notAscii, beyondTheBytes})
+        EXPECT_EQ(reading(BinaryPropertyList{{"\xD1\x01\x02", key, "\x09"}}.bytes()), "no document");
+}
+
+TEST(BinaryReader, ReadsAStringThatIsAKeyAndAValue) {
+    EXPECT_EQ(reading(BinaryPropertyList{
+                  {"\xD1\x01\x01",
+                   "\x51"
+                   "a"}}.bytes()),
+              "{\"a\": \"a\"}");
+}
+
 TEST(BinaryReader, ReadsAnObjectNamedSeveralTimes) {
     EXPECT_EQ(reading(BinaryPropertyList{{"\xA3\x01\x02\x01",
                                           "\x51"
