@@ -48,18 +48,20 @@ std::error_code readTrustedSymlink(const std::string& path, std::string& target)
     return {};
 }
 
-std::error_code openThroughTrustedSymlinks(std::string path, int flags, int& descriptor) {
+std::error_code openThroughTrustedSymlinks(const std::string& path, int flags, int& descriptor) {
+    std::string destination;
     for (int links = 0; links <= longestLinkChain; ++links) {
-        descriptor = ::open(path.c_str(), flags | O_NOFOLLOW);
+        const std::string& file = links == 0 ? path : destination;
+        descriptor = ::open(file.c_str(), flags | O_NOFOLLOW);
         if (descriptor >= 0)
             return {};
         // The error of open(2) for a link in the last component.
         if (errno != ELOOP)
             return lastError();
         std::string text;
-        if (std::error_code error = readTrustedSymlink(path, text))
+        if (std::error_code error = readTrustedSymlink(file, text))
             return error;
-        path = linkDestination(path, text);
+        destination = linkDestination(file, text);
     }
     return std::make_error_code(std::errc::too_many_symbolic_link_levels);
 }

@@ -15,6 +15,6 @@ namespace platform::posix {
 std::error_code readTrustedSymlink(const std::string& path, std::string& target);
 
 /// Opens an existing file as open(2) does. On success the caller owns the descriptor.
-std::error_code openThroughTrustedSymlinks(std::string path, int flags, int& descriptor);
+std::error_code openThroughTrustedSymlinks(const std::string& path, int flags, int& descriptor);
 
 } // namespace platform::posix

@@ -5,12 +5,14 @@
 #include "platform/plist/RecentDocument.h"
 #include "platform/plist/UnsavedChange.h"
 
+#include <utility>
+
 namespace platform {
 
 namespace {
 
-DocumentFile fileOfMachine(const std::string& path) {
-    return DocumentFile(FileSystem::current(), path, &RecentDocument::shared());
+DocumentFile fileOfMachine(std::string path) {
+    return DocumentFile(FileSystem::current(), std::move(path), &RecentDocument::shared());
 }
 
 DocumentFile fileOnDevice(std::string_view devicePath) {

@@ -91,8 +91,13 @@ private:
         Chunk* before;
     };
 
-    Arena(char* free, char* end) : first_{this, nullptr}, newest_(&first_), free_(free), end_(end) {}
+    Arena(char* free, char* end) : first_{this, nullptr}, newest_(&first_), free_(free), end_(end) {
+        keySets_.reserve(typicalKeySets);
+    }
     ~Arena() = default;
+
+    /// Those of an ordinary document; room for them is made at once.
+    static constexpr std::size_t typicalKeySets = 4;
 
     ContainerBlock* container(const ArenaValue* values, std::size_t count, KeySet* keys);
     char* take(std::size_t size);
