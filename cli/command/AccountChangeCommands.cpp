@@ -2,6 +2,7 @@
 #include "cli/command/Commands.h"
 #include "cli/command/Confirmation.h"
 #include "cli/command/PropertyListCommand.h"
+#include "cli/command/ReadableSettings.h"
 #include "cli/command/SettingsChange.h"
 #include "cli/io/Output.h"
 #include "cli/io/Terminal.h"
@@ -93,7 +94,7 @@ const Verb accountAddVerb{
     {},
     1,
     1,
-    add,
+    onReadableSettings<add>,
     "wardlock account add Kim\n",
 };
 
@@ -106,7 +107,7 @@ const Verb accountRenameVerb{
     {},
     2,
     2,
-    rename,
+    onReadableSettings<rename>,
     "wardlock account rename Default Kim\n",
 };
 
@@ -120,7 +121,7 @@ const Verb accountEnableVerb{
     {},
     1,
     1,
-    enable,
+    onReadableSettings<enable>,
     "wardlock account enable Kim\n",
 };
 
@@ -133,7 +134,7 @@ const Verb accountDisableVerb{
     {},
     1,
     1,
-    disable,
+    onReadableSettings<disable>,
     "wardlock account disable Kim\n",
 };
 
@@ -149,7 +150,7 @@ const Verb accountDeleteVerb{
     deleteOptions,
     1,
     1,
-    remove,
+    onReadableSettings<remove>,
     "wardlock account delete Kim\nwardlock account delete --yes 2\n",
 };
 

@@ -1,6 +1,7 @@
 #include "cli/command/AccountSummary.h"
 #include "cli/command/Commands.h"
 #include "cli/command/CommonOptions.h"
+#include "cli/command/ReadableSettings.h"
 #include "cli/io/Output.h"
 #include "cli/io/TextWidth.h"
 #include "settings/Accounts.h"
@@ -83,7 +84,7 @@ const Verb accountsVerb{
     listOptions,
     0,
     0,
-    listAccounts,
+    onReadableSettings<listAccounts>,
     "wardlock accounts\n",
 };
 

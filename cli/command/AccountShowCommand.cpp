@@ -3,6 +3,7 @@
 #include "cli/command/Commands.h"
 #include "cli/command/CommonOptions.h"
 #include "cli/command/InstalledApplications.h"
+#include "cli/command/ReadableSettings.h"
 #include "cli/command/SettingNames.h"
 #include "cli/io/Output.h"
 #include "cli/io/TextWidth.h"
@@ -84,7 +85,7 @@ const Verb accountShowVerb{
     showOptions,
     1,
     1,
-    show,
+    onReadableSettings<show>,
     "wardlock account show Default\nwardlock account show 1 --json\n",
 };
 

@@ -1,4 +1,5 @@
 #include "cli/command/Commands.h"
+#include "cli/command/ReadableSettings.h"
 #include "settings/ChangeNotification.h"
 #include "settings/Constants.h"
 #include "settings/EnabledAccount.h"
@@ -38,7 +39,7 @@ const Verb announceVerb{
     {},
     1,
     1,
-    announce,
+    onReadableSettings<announce>,
     "wardlock announce kEnabled\n",
 };
 

@@ -4,6 +4,7 @@
 #include "cli/command/CommonOptions.h"
 #include "cli/command/InstalledApplications.h"
 #include "cli/command/NameMatch.h"
+#include "cli/command/ReadableSettings.h"
 #include "cli/command/SettingsChange.h"
 #include "cli/io/Output.h"
 #include "cli/io/TextWidth.h"
@@ -128,7 +129,7 @@ const Verb appsVerb{
     listOptions,
     0,
     0,
-    listApps,
+    onReadableSettings<listApps>,
     "wardlock apps\nwardlock apps --account Kim --json\n",
 };
 
@@ -142,7 +143,7 @@ const Verb restrictVerb{
     changeOptions,
     1,
     std::numeric_limits<std::size_t>::max(),
-    restrictApps,
+    onReadableSettings<restrictApps>,
     "wardlock restrict FaceTime Mail\nwardlock restrict --account Kim com.apple.facetime\n",
 };
 
@@ -156,7 +157,7 @@ const Verb allowVerb{
     changeOptions,
     1,
     std::numeric_limits<std::size_t>::max(),
-    allowApps,
+    onReadableSettings<allowApps>,
     "wardlock allow FaceTime\n",
 };
 

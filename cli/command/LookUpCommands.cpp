@@ -1,6 +1,7 @@
 #include "cli/command/AccountNames.h"
 #include "cli/command/Commands.h"
 #include "cli/command/CommonOptions.h"
+#include "cli/command/ReadableSettings.h"
 #include "cli/command/SettingNames.h"
 #include "cli/io/Json.h"
 #include "cli/io/Output.h"
@@ -79,7 +80,7 @@ const Verb getVerb{
     getOptions,
     1,
     1,
-    get,
+    onReadableSettings<get>,
     "wardlock get kEnabled\nwardlock get --account Kim siri\n",
 };
 
@@ -96,7 +97,7 @@ const Verb accountVerb{
     accountOptions,
     1,
     1,
-    account,
+    onReadableSettings<account>,
     "wardlock account kRestrictSiri\n",
 };
 

@@ -1,5 +1,6 @@
 #include "cli/command/Commands.h"
 #include "cli/command/PasscodeEntry.h"
+#include "cli/command/ReadableSettings.h"
 #include "cli/command/SettingsChange.h"
 #include "settings/Keys.h"
 #include "settings/Settings.h"
@@ -85,7 +86,7 @@ const Verb passcodeSetVerb{
     {},
     0,
     anyNumber,
-    set,
+    onReadableSettings<set>,
     "wardlock passcode set\nprintf '%s\\n' 1234 5678 | wardlock passcode set\n",
 };
 
@@ -98,7 +99,7 @@ const Verb passcodeClearVerb{
     {},
     0,
     anyNumber,
-    clear,
+    onReadableSettings<clear>,
     "wardlock passcode clear\n",
 };
 
@@ -112,7 +113,7 @@ const Verb passcodeCheckVerb{
     {},
     0,
     anyNumber,
-    check,
+    onReadableSettings<check>,
     "wardlock passcode check && echo right\n",
 };
 

@@ -1,6 +1,7 @@
 #include "cli/command/AccountNames.h"
 #include "cli/command/Commands.h"
 #include "cli/command/PropertyListCommand.h"
+#include "cli/command/ReadableSettings.h"
 #include "cli/command/SettingNames.h"
 #include "cli/command/SettingsChange.h"
 #include "platform/text/CaseFolding.h"
@@ -79,7 +80,7 @@ const Verb setVerb{
     setOptions,
     2,
     2,
-    set,
+    onReadableSettings<set>,
     "wardlock set kEnabled off\nwardlock set --account Kim \"Control Center\" on\n"
     "wardlock set siri on\n",
 };

@@ -2,6 +2,7 @@
 #include "cli/command/Commands.h"
 #include "cli/command/CommonOptions.h"
 #include "cli/command/InstalledApplications.h"
+#include "cli/command/ReadableSettings.h"
 #include "cli/io/Output.h"
 #include "cli/io/TextWidth.h"
 #include "cli/io/TimeText.h"
@@ -157,7 +158,7 @@ const Verb statusVerb{
     statusOptions,
     0,
     0,
-    status,
+    onReadableSettings<status>,
     "wardlock status\nwardlock status --json\n",
 };
 

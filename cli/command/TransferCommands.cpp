@@ -1,5 +1,6 @@
 #include "cli/command/Commands.h"
 #include "cli/command/PropertyListCommand.h"
+#include "cli/command/ReadableSettings.h"
 #include "cli/command/SettingsChange.h"
 #include "cli/io/Output.h"
 #include "platform/plist/PropertyListBounds.h"
@@ -147,7 +148,7 @@ const Verb exportVerb{
     {},
     1,
     1,
-    exportDocument,
+    onReadableSettings<exportDocument>,
     "wardlock export settings.plist\n",
 };
 

@@ -1,6 +1,7 @@
 #include "cli/command/ChangeProgram.h"
 #include "cli/command/Commands.h"
 #include "cli/command/CommonOptions.h"
+#include "cli/command/ReadableSettings.h"
 #include "cli/io/Json.h"
 #include "cli/io/Output.h"
 #include "cli/io/PlainJson.h"
@@ -133,7 +134,7 @@ const Verb watchVerb{
     watchOptions,
     0,
     0,
-    watch,
+    onReadableSettings<watch>,
     "wardlock watch\nwardlock watch --exec 'logger \"changed: $WARDLOCK_KEY\"'\n",
 };
 

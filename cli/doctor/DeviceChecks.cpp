@@ -101,8 +101,8 @@ bool describeAccounts(const platform::Dictionary& document, CheckResult& result)
 }
 
 std::string howToRestore(const std::string& path) {
-    return "Replace it by the last good version: wardlock restore. Otherwise, the next change keeps this "
-           "file as " +
+    return "Replace it by the last good version: wardlock restore. Otherwise, the next change in "
+           "Settings keeps this file as " +
            path + ".damaged and writes a new document.";
 }
 

@@ -40,20 +40,19 @@ struct Row {
     std::vector<Words> before = {};
 };
 
-/// A row for a verb that loads the document, which creates a missing one and replaces a damaged one.
+/// A row for a verb that loads the document, which creates a missing one. It refuses a damaged one.
 Row loading(const std::string& verb, const Words& words, bool writes, const std::string& input = "") {
     return {.verb = verb,
             .words = words,
             .input = input,
             .writes = writes,
-            .damaged = Document::IsReplaced,
+            .codeOfDamaged = 1,
             .missing = Document::IsCreated};
 }
 
 /// The same for one that is given the account Ben, who is not in the default document.
 Row ofAccount(const std::string& verb, const Words& words, bool writes) {
     Row row = loading(verb, words, writes);
-    row.codeOfDamaged = 1;
     row.codeOfMissing = 1;
     row.namesAccount = true;
     return row;
@@ -77,11 +76,14 @@ protected:
         const std::string file = onDisk(documentPath);
         const std::string other = onDisk("/other.plist");
         Row check = loading("passcode check", {}, false, "1234\n");
-        check.codeOfDamaged = check.codeOfMissing = 1;
+        check.codeOfMissing = 1;
         Row clear = loading("passcode clear", {}, true, "1234\n");
         check.passcode = clear.passcode = "1234";
         Row account = loading("account", {"kAccountName"}, false);
-        account.codeOfDamaged = account.codeOfMissing = 1;
+        account.codeOfMissing = 1;
+        Row taken = loading("import", {onDisk("/import.plist")}, true);
+        taken.codeOfDamaged = 0;
+        taken.damaged = Document::IsReplaced;
         Row redo = ofHistory("redo", {}, 1, true);
         redo.before.push_back({"undo"});
         Row restore = ofHistory("restore", {"1"}, 0, true);
@@ -107,7 +109,7 @@ protected:
             clear,
             check,
             loading("export", {other}, true),
-            loading("import", {onDisk("/import.plist")}, true),
+            taken,
             loading("watch", {}, false),
             loading("announce", {kEnabled.data()}, false),
             ofHistory("history show", {"1"}, 0),
@@ -155,9 +157,9 @@ protected:
         return all;
     }
     /// Runs the verb to its end, which for a verb that waits for changes is a signal.
-    static ProcessResult execute(const Row& row) {
+    ProcessResult execute(const Row& row) const {
         const Words words = wordsOf(row.verb, row.words);
-        if (row.verb != "watch")
+        if (row.verb != "watch" || (exists(documentPath) && readFile(documentPath) == damage))
             return run(words, row.input);
         Process watch(command, words);
         EXPECT_TRUE(watch.waitForError("Watching"));
@@ -309,6 +311,26 @@ TEST_F(EveryVerb, LosesNoByteOfADamagedDocument) {
         if (replaced) {
             EXPECT_EQ(readFile(kept), damage);
         }
+    }
+}
+
+TEST_F(EveryVerb, InventsNoSettingsWhereTheDocumentCannotBeRead) {
+    for (const Row& row : rows()) {
+        // Of the verbs that need the settings.
+        if (row.codeOfDamaged != 1 || row.damaged != Document::Stays || checksMore(row) ||
+            !row.before.empty())
+            continue;
+        SCOPED_TRACE(row.verb);
+        prepare(row);
+        removeFile(documentPath);
+        std::filesystem::create_directory(onDisk(documentPath));
+        const ProcessResult result = run(wordsOf(row.verb, row.words), row.input);
+        EXPECT_EQ(result.exitCode, 1);
+        expectOneLine(result, row.verb);
+        EXPECT_NE(result.errors.find("cannot read " + onDisk(documentPath)), std::string::npos)
+            << result.errors;
+        EXPECT_TRUE(std::filesystem::is_directory(onDisk(documentPath)));
+        EXPECT_FALSE(exists("/other.plist"));
     }
 }
 

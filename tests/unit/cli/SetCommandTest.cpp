@@ -83,12 +83,12 @@ TEST_F(SetCommand, GetsWhatItHasSet) {
     expectPrints({"get", "passcode"}, "\n");
 }
 
-TEST_F(SetCommand, KeepsADamagedDocumentBesideTheNewOne) {
+TEST_F(SetCommand, RefusesADamagedDocumentWithAWayOut) {
     writeFile(documentPath, "<plist><dict>");
-    expectPrints({"set", "kEnabled", "off"}, "");
-    EXPECT_EQ(readFile(std::string(documentPath) + ".damaged"), "<plist><dict>");
-    EXPECT_EQ(*stored().find(kEnabled), Value(false));
-    EXPECT_EQ(names(), std::vector<std::string>{"Default"});
+    expectRefuses({"set", "kEnabled", "off"}, 1,
+                  "set: the settings are damaged: " + onDisk(documentPath) +
+                      " is not a property list with keys (see wardlock doctor)");
+    EXPECT_EQ(readFile(documentPath), "<plist><dict>");
 }
 
 } // namespace
