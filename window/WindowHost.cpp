@@ -10,6 +10,7 @@
 #include "window/items/RowIcon.h"
 #include "window/items/TableCell.h"
 #include "window/items/Theme.h"
+#include "window/models/TextParts.h"
 #include "window/pictures/Pictures.h"
 
 #include <QGuiApplication>
@@ -37,6 +38,7 @@ WindowHost::WindowHost(platform::AnimationClock& clock, double transitionSeconds
     qmlRegisterType<RowIcon>("Wardlock.Native", 1, 0, "RowIcon");
     qmlRegisterType<TableCell>("Wardlock.Native", 1, 0, "TableCell");
     qmlRegisterType<Toggle>("Wardlock.Native", 1, 0, "Toggle");
+    qmlRegisterType<TextParts>("Wardlock.Native", 1, 0, "TextParts");
     Theme::install();
     installAccessibility();
     engine_.rootContext()->setContextProperty(QStringLiteral("settings"), &settings_);

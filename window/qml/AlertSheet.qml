@@ -53,25 +53,22 @@ Item {
             width: parent.width
             topPadding: 20
 
-            Label {
+            WholeWords {
+                objectName: "alert:title"
                 x: 16
                 width: parent.width - 32
-                text: sheet.alert.title
+                words: sheet.alert.title
                 font.weight: Font.DemiBold
                 horizontalAlignment: Text.AlignHCenter
-                wrapMode: Text.Wrap
-                elide: Text.ElideNone
             }
-            Label {
+            WholeWords {
                 x: 16
                 width: parent.width - 32
                 visible: sheet.alert.message !== ""
                 topPadding: 4
-                text: sheet.alert.message
+                words: sheet.alert.message
                 font.pixelSize: Theme.small
                 horizontalAlignment: Text.AlignHCenter
-                wrapMode: Text.Wrap
-                elide: Text.ElideNone
             }
             Repeater {
                 id: fields

@@ -29,7 +29,7 @@ Item {
         anchors.rightMargin: Theme.inset
         anchors.verticalCenter: parent.verticalCenter
         horizontalAlignment: TextInput.AlignLeft
-        color: Theme.label
+        color: beginning.active ? "transparent" : Theme.label
         selectionColor: Theme.tint
         font.family: Theme.family
         font.pixelSize: Theme.body
@@ -42,6 +42,10 @@ Item {
         Component.onCompleted: text = field.value
         onTextEdited: field.edited(text)
         TextMenuOpener {}
+        ElidedText {
+            id: beginning
+            target: input
+        }
     }
     FocusRing { target: input }
     Hairline {

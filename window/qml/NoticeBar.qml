@@ -25,18 +25,21 @@ Rectangle {
     Accessible.role: Accessible.AlertMessage
     Accessible.name: text
 
-    Label {
+    WholeWords {
         id: words
+        objectName: bar.objectName + ":words"
         anchors.left: parent.left
         anchors.leftMargin: 16
         anchors.right: bar.refusal === "" ? ok.left : parent.right
         anchors.rightMargin: bar.refusal === "" ? 12 : 16
         y: bar.refusal === "" ? (parent.height - height) / 2 : 14
-        text: bar.text
+        //: "LTR", or "RTL" for a language that is read from right to left.
+        readonly property bool fromRight: qsTr("LTR") === "RTL"
+        // The sentence is read in the direction of its language, though it may begin with a name from another one.
+        words: (fromRight ? "\u200f" : "\u200e") + bar.text
+        horizontalAlignment: undefined
         color: "white"
         font.pixelSize: Math.round(15 * Theme.textScale)
-        wrapMode: Text.Wrap
-        elide: Text.ElideNone
         Accessible.ignored: true
     }
     PlainButton {

@@ -11,7 +11,7 @@ UndoField {
     readonly property bool secure: entry.kind === "secureEditText"
 
     /// Whether the end of the text is hidden, and replaced by "…".
-    readonly property bool elided: !activeFocus && !secure && contentWidth > width
+    readonly property alias elided: beginning.active
     readonly property color letters: entry.enabled ? Theme.label : Theme.placeholder
     color: elided ? "transparent" : letters
     selectionColor: Theme.tint
@@ -57,15 +57,10 @@ UndoField {
     onAccepted: focus = false
     TextMenuOpener {}
 
-    Loader {
-        anchors.fill: parent
-        active: field.elided
-        sourceComponent: Label {
-            verticalAlignment: Text.AlignVCenter
-            text: field.text
-            color: field.letters
-            Accessible.ignored: true
-        }
+    ElidedText {
+        id: beginning
+        target: field
+        letters: field.letters
     }
     Label {
         anchors.fill: parent

@@ -26,19 +26,30 @@ Flickable {
         event.accepted = true;
     }
 
-    Label {
+    TextParts {
+        id: directions
+        text: textPage.page.text
+    }
+    Column {
         id: words
-        objectName: "words"
         x: Theme.sideMargin(textPage.width)
         y: 16
         width: textPage.width - 2 * x
-        text: textPage.page.text
-        font.pixelSize: Math.round(textPage.page.textSize * Theme.textScale)
-        wrapMode: Text.Wrap
-        // As the text itself is read, whatever the direction of the window.
-        horizontalAlignment: undefined
-        elide: Text.ElideNone
-        lineHeight: 1.2
-        Accessible.ignored: true
+        Repeater {
+            model: directions.parts
+            Label {
+                required property string modelData
+                objectName: "words"
+                width: words.width
+                text: modelData
+                font.pixelSize: Math.round(textPage.page.textSize * Theme.textScale)
+                wrapMode: Text.Wrap
+                // As the text itself is read, whatever the direction of the window.
+                horizontalAlignment: undefined
+                elide: Text.ElideNone
+                lineHeight: 1.2
+                Accessible.ignored: true
+            }
+        }
     }
 }

@@ -251,6 +251,14 @@
     </message>
 </context>
 <context>
+    <name>NoticeBar</name>
+    <message>
+        <source>LTR</source>
+        <extracomment>&quot;LTR&quot;, or &quot;RTL&quot; for a language that is read from right to left.</extracomment>
+        <translation>LTR</translation>
+    </message>
+</context>
+<context>
     <name>Notices</name>
     <message>
         <source>Restore</source>
