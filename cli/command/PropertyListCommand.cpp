@@ -3,9 +3,9 @@
 #include "cli/io/CommandError.h"
 #include "cli/io/Output.h"
 #include "platform/base/Utf8.h"
-#include "platform/files/AtomicWriter.h"
 #include "platform/files/FileSystem.h"
 #include "platform/plist/PropertyList.h"
+#include "platform/plist/PropertyListFile.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -98,7 +98,7 @@ void storePropertyList(const Value& value, const std::string& path, platform::Sy
     if (!error && isStandardStream(path))
         return Output::text(document);
     if (!error)
-        error = platform::AtomicWriter().write(path, document, sync);
+        error = platform::replaceFileOfMachine(path, document, sync);
     if (error)
         throw CommandError(ExitCode::Failed, "cannot write " + path + ": " + error.message());
 }

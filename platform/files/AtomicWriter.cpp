@@ -66,6 +66,14 @@ bool isTemporaryName(std::string_view name) {
     return name.find_first_not_of("0123456789abcdef", name.size() - numberDigits) == std::string_view::npos;
 }
 
+/// Returns whether a temporary is that of a file, both by their paths.
+bool isTemporaryOf(std::string_view temporary, const std::string& path) {
+    temporary.remove_prefix(temporary.rfind('/') + 1);
+    const std::string name = "." + path.substr(path.rfind('/') + 1, longestNamePart) + ".";
+    return temporary.starts_with(name) &&
+           temporary.size() == name.size() + numberDigits + temporaryEnding.size();
+}
+
 std::string inFolder(const std::string& folder, const std::string& name) {
     return folder.ends_with('/') ? folder + name : folder + '/' + name;
 }
@@ -129,14 +137,27 @@ void AtomicWriter::removeIfStale(const std::string& path, const Target& target) 
     if (uninterrupted([&] { return files_.open(path, file); }))
         return;
     FileStatus leftover;
-    const bool known = observer_ && !uninterrupted([&] { return files_.status(file, leftover); });
-    // Removed by this call, it can no longer get the file's name.
-    const bool removed = !uninterrupted([&] { return files_.lock(file); }) &&
-                         !uninterrupted([&] { return files_.remove(path); });
-    // The open handle keeps the file's number from being given to another file.
-    if (removed && known)
-        observer_->removedLeftover(target.path, leftover);
+    if (!uninterrupted([&] { return files_.lock(file); }) &&
+        !uninterrupted([&] { return files_.status(file, leftover); })) {
+        if (leftover.links > 1)
+            removeNamed(path, target, leftover);
+        else
+            uninterrupted([&] { return files_.remove(path); });
+    }
     files_.close(file);
+}
+
+/// Removes a temporary that has a second name, unless it is another file's.
+void AtomicWriter::removeNamed(const std::string& path, const Target& target, const FileStatus& leftover) {
+    if (!observer_ || !isTemporaryOf(path, target.path))
+        return;
+    // Under a new name it can no longer get the file's, and a kill before the end leaves a leftover again.
+    const std::string taken = inFolder(folderOf(target.path), temporaryName(target.path));
+    if (uninterrupted([&] { return files_.rename(path, taken); }))
+        return;
+    // The open handle keeps the file's number from being given to another file.
+    observer_->willRemoveLeftover(target.path, leftover);
+    uninterrupted([&] { return files_.remove(taken); });
 }
 
 std::error_code AtomicWriter::createTemporary(const Target& target, std::string& path, FileHandle& file) {

@@ -31,9 +31,9 @@ public:
     virtual void didNotReplace() = 0;
     /// The file is in place, and on the disk as far as that was asked for.
     virtual void didReplace(const std::string& path) = 0;
-    /// A temporary of a process that is gone was removed. It never had a file's name. `path` is the file that
-    /// is written now.
-    virtual void removedLeftover(const std::string& path, const FileStatus& leftover) = 0;
+    /// A temporary of a process that is gone is being removed: it never gets the name of the file at `path`,
+    /// and has another one. Until this returns, the next write would find the temporary as well.
+    virtual void willRemoveLeftover(const std::string& path, const FileStatus& leftover) = 0;
 };
 
 /// Replaces a file's bytes in one step: a reader sees the old bytes or the new, after a kill or a power cut
@@ -42,7 +42,8 @@ public:
 /// The bytes go to a temporary file in the same folder, which is then renamed over the old one. While it is
 /// written, its writer holds an advisory lock on it. A temporary without a lock was left by a process that is
 /// gone; every write removes those of its folder. A process number would not do: numbers are reused, and mean
-/// nothing in another container that shares the folder.
+/// nothing in another container that shares the folder. A temporary with a second name is left to the writes
+/// of its own file that have an observer, which knows what the name is for.
 ///
 /// - A symbolic link stays, and the file it leads to is replaced. A link of another user (root aside) is
 ///   refused.
@@ -73,6 +74,7 @@ private:
     std::error_code find(const std::string& path, Target& target);
     void removeStale(const Target& target);
     void removeIfStale(const std::string& path, const Target& target);
+    void removeNamed(const std::string& path, const Target& target, const FileStatus& leftover);
     std::error_code createTemporary(const Target& target, std::string& path, FileHandle& file);
     std::error_code attempt(const Target& target, std::string_view bytes, Sync sync);
     std::error_code rename(const std::string& temporary, const Target& target);

@@ -77,6 +77,11 @@ std::error_code DocumentFile::replace(const Dictionary& dictionary, Sync sync, c
     return AtomicWriter(files_, &keeper).write(path_, bytes, sync, attributes);
 }
 
+std::error_code DocumentFile::replaceBytes(std::string_view bytes, Sync sync, const Versions& versions) {
+    VersionKeeper keeper(files_, versions, document(), bytes);
+    return AtomicWriter(files_, &keeper).write(path_, bytes, sync);
+}
+
 std::optional<std::string_view> DocumentFile::document() const {
     return state_ == State::Document ? std::optional<std::string_view>(*bytes_) : std::nullopt;
 }

@@ -42,6 +42,9 @@ public:
     /// same.
     std::error_code replace(const Dictionary& dictionary, Sync sync, const Versions& versions = {});
 
+    /// Replaces whatever the file contains by the bytes of a property list. A document is kept as a version.
+    std::error_code replaceBytes(std::string_view bytes, Sync sync, const Versions& versions);
+
     /// Keeps the document as a version, unless it is the youngest one anyway: another program wrote it.
     void keepVersion();
 

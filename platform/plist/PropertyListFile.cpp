@@ -51,6 +51,10 @@ Update updateFileOfMachine(const std::string& path, const std::function<bool(Mut
     return update;
 }
 
+std::error_code replaceFileOfMachine(const std::string& path, std::string_view bytes, Sync sync) {
+    return fileOfMachine(path).replaceBytes(bytes, sync, {KeepVersions::WhereFolderExists});
+}
+
 void keepVersionOfFile(std::string_view devicePath) {
     fileOnDevice(devicePath).keepVersion();
 }

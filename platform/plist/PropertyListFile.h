@@ -50,6 +50,11 @@ WARDLOCK_API Update updateFileOfMachine(const std::string& path,
                                         Sync sync = Sync::Full,
                                         const Versions& versions = {KeepVersions::WhereFolderExists});
 
+/// Replaces a file at a path of this machine by these bytes of a property list, atomically, whatever it
+/// contains. A document that has a folder of versions is kept there.
+WARDLOCK_API std::error_code replaceFileOfMachine(const std::string& path, std::string_view bytes,
+                                                  Sync sync = Sync::Full);
+
 /// Keeps the document at a device path as a version where another program wrote it: it differs from the
 /// youngest version. Called whenever a program meets the document, so that the next program to replace it
 /// does not destroy it.

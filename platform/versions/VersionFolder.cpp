@@ -15,29 +15,66 @@ constexpr unsigned rightsOfOthers = 0077;
 /// How many versions are compared with a file: writers that raced with each other are few.
 constexpr std::size_t mostCompared = 8;
 
-bool isAged(std::string_view time, std::int64_t now) {
-    std::int64_t replaced = 0;
-    std::from_chars(time.data(), time.data() + time.size(), replaced);
-    return now - replaced > VersionFolder::longestAge;
+constexpr std::int64_t day = std::int64_t{24} * 60 * 60 * 1000;
+/// The clock of a machine that has lost the time starts at 1970, or when the machine was built. Versions are
+/// kept since September 2020.
+constexpr std::int64_t firstTime = 1'600'000'000'000;
+/// How much of a pause counts before a version of another day confirms it.
+constexpr std::int64_t longestPause = 30 * day;
+
+std::int64_t timeOf(const std::string& name) {
+    const std::string_view digits = Version::timeOfName(name);
+    std::int64_t time = 0;
+    std::from_chars(digits.data(), digits.data() + digits.size(), time);
+    return time;
+}
+
+/// Returns whether a version can have been written at a time.
+bool isPossible(std::int64_t time, std::int64_t now) {
+    return time >= firstTime && time <= now;
+}
+
+/// Returns the time that counts as now: a clock that is ahead for a day cannot make everything aged.
+std::int64_t confirmedNow(const std::vector<std::string>& names, std::int64_t now) {
+    std::int64_t confirmed = 0;
+    for (const std::string& name : names)
+        if (const std::int64_t time = timeOf(name); isPossible(time, now - day))
+            confirmed = std::max(confirmed, time);
+    return std::min(now, confirmed + longestPause);
+}
+
+/// Returns when the versions were written, from the oldest to the youngest. The clock may have been wrong:
+/// - An impossible time becomes the next possible one, or now.
+/// - A time before that of an earlier version becomes that one.
+/// So no version gets an earlier time than it has, as long as one version before it has a right one.
+std::vector<std::int64_t> likelyTimes(const std::vector<std::string>& names, std::int64_t now) {
+    std::vector<std::int64_t> times;
+    for (const std::string& name : names)
+        times.push_back(timeOf(name));
+    std::int64_t next = now;
+    for (std::size_t i = times.size(); i-- > 0; next = times[i])
+        if (!isPossible(times[i], now))
+            times[i] = next;
+    for (std::size_t i = 1; i < times.size(); ++i)
+        times[i] = std::max(times[i], times[i - 1]);
+    return times;
 }
 
 /// Returns how many of the oldest versions were replaced too long ago, that is, when the next one was
-/// written. A clock that was wrong for a while has dated some too late: a version is not younger than those
-/// after it. Orders the names where there are any.
+/// written. Orders the names where there may be any.
 std::size_t countOfAged(std::vector<std::string>& names, std::int64_t now) {
-    if (names.size() < 2)
-        return 0;
-    std::iter_swap(names.begin(), std::ranges::min_element(names));
-    const auto earliest =
-        std::min_element(names.begin() + 1, names.end(), [](const auto& one, const auto& other) {
-            return Version::timeOfName(one) < Version::timeOfName(other);
-        });
-    if (!isAged(Version::timeOfName(*earliest), now))
+    const std::int64_t earliest = confirmedNow(names, now) - VersionFolder::longestAge;
+    const auto isEarly = [&](const std::string& name) {
+        const std::int64_t time = timeOf(name);
+        return time < earliest && isPossible(time, now);
+    };
+    if (std::ranges::none_of(names, isEarly))
         return 0;
     std::ranges::sort(names);
-    std::size_t aged = names.size() - 1;
-    while (!isAged(Version::timeOfName(names[aged]), now))
-        --aged;
+    const std::vector<std::int64_t> times = likelyTimes(names, now);
+    std::size_t aged = 0;
+    while (aged + 1 < times.size() && times[aged + 1] < earliest)
+        ++aged;
     return aged;
 }
 

@@ -23,7 +23,8 @@ namespace platform {
 /// between threads; several processes may use one folder at a time, without a lock.
 class WARDLOCK_API VersionFolder {
 public:
-    /// At most this many versions are kept, and none that was replaced longer ago.
+    /// At most this many versions are kept, and none that was replaced longer ago. The dates are those of
+    /// versions that confirm each other: where the clock was wrong, a version is kept for longer.
     static constexpr std::size_t mostVersions = 200;
     static constexpr std::int64_t longestAge = std::int64_t{90} * 24 * 60 * 60 * 1000;
     /// One pruning removes no more, so that a write's time is bounded whatever is in the folder.

@@ -56,15 +56,14 @@ bool VersionKeeper::add(VersionFolder& folder, const std::string& file, const Ve
 void VersionKeeper::addOld(VersionFolder& folder, const FileStatus& old) {
     if (!old_ || (youngest_ && youngest_->digest == *old_))
         return;
-    // Writers that raced with each other, or one that was killed: the document is an earlier version again.
+    // Writers that raced with each other: the document is an earlier version again. Its process made one
+    // change, the earlier version; taking this one back would bring the loser's document.
     std::vector<Version> versions;
     folder.list(versions);
     const std::optional<Version> earlier = folder.find(old, versions);
     const bool known = earlier && earlier->digest == *old_;
-    const VersionOrigin origin =
-        known ? VersionOrigin{.place = earlier->origin.place, .process = earlier->origin.process}
-              : VersionOrigin{.place = std::string(unknownPlace)};
-    add(folder, folder.document(), origin, *old_);
+    add(folder, folder.document(), {.place = known ? earlier->origin.place : std::string(unknownPlace)},
+        *old_);
 }
 
 void VersionKeeper::willReplace(const Replacement& replacement) {
@@ -78,7 +77,8 @@ void VersionKeeper::willReplace(const Replacement& replacement) {
     if (replacement.old)
         addOld(folder, *replacement.old);
     folder_.emplace(folder);
-    if (youngest_ && youngest_->digest == content_)
+    // Equal bytes over a document are no change. Over damage, or where the document was missing, they are.
+    if (old_ == content_ && youngest_ && youngest_->digest == content_)
         return;
     if (add(folder, replacement.temporary, ownVersionOrigin(versions_), content_))
         added_ = youngest_;
@@ -98,9 +98,7 @@ void VersionKeeper::didReplace(const std::string&) {
         folder_->prune(names_, versionTime());
 }
 
-void VersionKeeper::removedLeftover(const std::string& path, const FileStatus& leftover) {
-    if (versions_.keep == KeepVersions::Never || leftover.links < 2)
-        return;
+void VersionKeeper::willRemoveLeftover(const std::string& path, const FileStatus& leftover) {
     VersionFolder folder(files_, path);
     std::vector<Version> versions;
     if (folder.state() != VersionFolder::State::Usable || folder.list(versions))

@@ -29,7 +29,7 @@ public:
     void willReplace(const Replacement& replacement) override;
     void didNotReplace() override;
     void didReplace(const std::string& path) override;
-    void removedLeftover(const std::string& path, const FileStatus& leftover) override;
+    void willRemoveLeftover(const std::string& path, const FileStatus& leftover) override;
 
     /// Keeps the version that is the document now, unless it is the youngest one anyway. Its content is `old`
     /// of the constructor.

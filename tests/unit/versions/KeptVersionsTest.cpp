@@ -1,6 +1,7 @@
 // Which versions are kept, of writes of this library and of other programs, in one process over a disk in
 // memory.
 
+#include "platform/versions/VersionKeeper.h"
 #include "tests/unit/versions/VersionFixture.h"
 
 namespace wardlock::test {
@@ -192,7 +193,45 @@ TEST_F(KeptVersions, ContainADocumentThatIsAnEarlierVersionAgain) {
     ASSERT_FALSE(memory.link(std::string(history) + '/' + kept[0].name(), document));
     write(3);
     EXPECT_EQ(values(), (Values{1, 2, 1, 3}));
-    EXPECT_EQ(versions()[2].origin.place, "settings");
+    EXPECT_EQ(versions()[2].origin, platform::VersionOrigin{"settings"})
+        << "its process changed nothing more";
+}
+
+TEST_F(KeptVersions, IncludeTheRestoringOfAMissingOrDamagedDocument) {
+    write(1);
+    ASSERT_FALSE(memory.remove(document));
+    write(1, {KeepVersions::Always, platform::VersionAction::Restore, 1});
+    EXPECT_EQ(values(), (Values{1, 1}));
+    replaceAsAnotherProgram("damage");
+    write(1, {KeepVersions::Always, platform::VersionAction::Restore, 1});
+    EXPECT_EQ(values(), (Values{1, 1, 1}));
+    EXPECT_EQ(versions()[2].origin.action, platform::VersionAction::Restore);
+}
+
+TEST_F(KeptVersions, IncludeADocumentThatIsReplacedByAWholeFile) {
+    write(1);
+    ASSERT_FALSE(platform::replaceFileOfMachine(document, bytesOf(2)));
+    EXPECT_EQ(values(), (Values{1, 2}));
+    EXPECT_EQ(memory.contents(document), bytesOf(2));
+    ASSERT_FALSE(platform::replaceFileOfMachine("/d/b.plist", bytesOf(2)));
+    EXPECT_FALSE(memory.statusOf("/d/b.plist.history"));
+}
+
+/// A process that removes leftovers may have found the withdrawn name, and be about to remove it.
+TEST_F(KeptVersions, GetAnotherNameAtTheSecondAttempt) {
+    const std::string temporary = "/d/.a.plist.0123456789abcdef.wardlock-new";
+    memory.addFile(temporary, bytesOf(1), 0600, parent, parent);
+    platform::VersionKeeper keeper(memory, {}, std::nullopt, bytesOf(1));
+    keeper.willReplace({document, std::nullopt, temporary});
+    const auto first = versions();
+    ASSERT_EQ(first.size(), 1u);
+    keeper.didNotReplace();
+    EXPECT_TRUE(versions().empty());
+    keeper.willReplace({document, std::nullopt, temporary});
+    const auto second = versions();
+    ASSERT_EQ(second.size(), 1u);
+    EXPECT_EQ(second[0].number, first[0].number);
+    EXPECT_NE(second[0].name(), first[0].name());
 }
 
 } // namespace

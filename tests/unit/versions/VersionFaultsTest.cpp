@@ -1,6 +1,7 @@
 // Every call to the file system of one write, with every fault there: the document is written as without
 // versions, and what was kept stays.
 
+#include "platform/files/AtomicWriter.h"
 #include "tests/unit/versions/VersionFixture.h"
 
 #include <algorithm>
@@ -15,17 +16,21 @@ using Values = std::vector<int>;
 
 class VersionFaults : public VersionFixture {
 protected:
-    /// A disk with the versions 1 and 2, and a document that another program wrote: a write of 4 then keeps
-    /// two versions, and removes one that is too old.
+    static constexpr std::int64_t day = 86'400'000;
+
+    /// A disk with the versions 0, 1 and 2, and a document that another program wrote: a write of 4 then
+    /// keeps two versions, and removes one that is too old.
     std::unique_ptr<MemoryFileSystem> disk() {
         auto made = std::make_unique<MemoryFileSystem>();
         made->actAs(parent, parent);
         made->addFolder("/d");
         platform::FileSystem::setCurrent(made.get());
         now = 1'700'000'000'000;
+        write(0);
         write(1);
+        now += 100 * day;
         write(2);
-        now += 100 * std::int64_t{86'400'000};
+        now += 2 * day;
         made->addFile(document, bytesOf(3), 0600, parent, parent);
         made->addFile("/d/.a.plist.0123456789abcdef.wardlock-new", "left", 0600, parent, parent);
         platform::FileSystem::setCurrent(nullptr);
@@ -41,6 +46,12 @@ protected:
         FaultyFileSystem faulty(over);
         writeOver(faulty);
         return faulty.functions();
+    }
+    /// The number of the call that gives the new document its name among the versions.
+    std::size_t callsUpToLastLink() {
+        const auto calls = callsOfAWrite(*disk());
+        const auto last = std::find(calls.rbegin(), calls.rend(), "link");
+        return static_cast<std::size_t>(calls.rend() - last);
     }
     static Values valuesOn(MemoryFileSystem& over) {
         platform::VersionFolder kept(over, document);
@@ -61,6 +72,12 @@ protected:
         ASSERT_TRUE(bytes);
         EXPECT_TRUE(bytes == bytesOf(3) || bytes == bytesOf(4)) << *bytes;
         EXPECT_EQ(over.openHandles(), 0u);
+    }
+    /// A version that never became the document would be there between the one before it and its return.
+    static void expectNoneRepeated(MemoryFileSystem& over) {
+        const Values values = valuesOn(over);
+        for (const int value : values)
+            EXPECT_EQ(std::ranges::count(values, value), 1) << value;
     }
     /// Another process meets the document and writes: the history has these versions, and the document since.
     static void expectHistoryGoesOn(MemoryFileSystem& over, const Values& kept) {
@@ -84,7 +101,7 @@ TEST_F(VersionFaults, MeetEveryCallThatKeepsVersions) {
     const auto calls = callsOfAWrite(*disk());
     EXPECT_EQ(std::ranges::count(calls, "link"), 2);
     EXPECT_GE(std::ranges::count(calls, "remove"), 2);
-    EXPECT_EQ(valuesOn(*disk()), (Values{1, 2}));
+    EXPECT_EQ(valuesOn(*disk()), (Values{0, 1, 2}));
 }
 
 TEST_F(VersionFaults, LeaveTheDocumentAndItsVersionsWholeAfterAKill) {
@@ -98,6 +115,43 @@ TEST_F(VersionFaults, LeaveTheDocumentAndItsVersionsWholeAfterAKill) {
         over->endProcess();
         expectWhole(*over);
         expectHistoryGoesOn(*over, {2, 3});
+        expectNoneRepeated(*over);
+    }
+}
+
+/// Other files of the folder are written by the same class, without versions.
+TEST_F(VersionFaults, LeaveNoVersionOfAKilledWriteAfterTheWriteOfAnotherFile) {
+    const std::size_t count = callsOfAWrite(*disk()).size();
+    for (std::size_t number = 1; number <= count + 1; ++number) {
+        SCOPED_TRACE("killed at call " + std::to_string(number));
+        const auto over = disk();
+        FaultyFileSystem faulty(*over);
+        faulty.killFrom(number);
+        writeOver(faulty);
+        over->endProcess();
+        ASSERT_FALSE(platform::AtomicWriter(*over).write("/d/trial", "trial", platform::Sync::None));
+        platform::FileSystem::setCurrent(over.get());
+        ASSERT_FALSE(platform::replaceFileOfMachine("/d/b.plist", bytesOf(1)));
+        platform::FileSystem::setCurrent(nullptr);
+        expectHistoryGoesOn(*over, {2, 3});
+        expectNoneRepeated(*over);
+    }
+}
+
+TEST_F(VersionFaults, LeaveNoVersionOfAKilledWriteWhenTheNextIsKilledToo) {
+    const std::size_t link = callsUpToLastLink();
+    for (std::size_t number = 1; number <= callsOfAWrite(*disk()).size() + 4; ++number) {
+        SCOPED_TRACE("killed at call " + std::to_string(number));
+        const auto over = disk();
+        for (const std::size_t killed : {link + 1, number}) {
+            FaultyFileSystem faulty(*over);
+            faulty.killFrom(killed);
+            writeOver(faulty);
+            over->endProcess();
+        }
+        expectWhole(*over);
+        expectHistoryGoesOn(*over, {2, 3});
+        expectNoneRepeated(*over);
     }
 }
 
@@ -164,7 +218,7 @@ TEST_F(VersionFaults, ChangeNothingByInterruptions) {
     FaultyFileSystem faulty(*over);
     faulty.interruptCalls();
     EXPECT_TRUE(writeOver(faulty).written);
-    EXPECT_EQ(valuesOn(*over), (Values{2, 3, 4}));
+    EXPECT_EQ(valuesOn(*over), (Values{1, 2, 3, 4}));
 }
 
 } // namespace
