@@ -64,9 +64,12 @@ std::string joined(const std::vector<std::string>& texts) {
 
 /// Returns what a version changed, or why that is not known.
 std::vector<std::string> describe(const History& history, const Version& version) {
-    if (const auto changes = history.changes(version))
-        return changes->empty() ? std::vector<std::string>{"the same settings in another form"}
-                                : changeTexts(*changes);
+    if (const auto changes = history.changes(version)) {
+        if (!changes->empty())
+            return changeTexts(*changes);
+        const bool restored = version.origin.action == platform::VersionAction::Restore;
+        return {restored ? "the settings were damaged or missing" : "the same settings in another form"};
+    }
     if (!history.document(version))
         return {"damaged: another program wrote into it"};
     return {"the first version that was kept"};
@@ -159,7 +162,7 @@ const Verb historyVerb{
     "version's number, when it was written, what wrote it (Settings, a command or\n"
     "another program), and what it changed. A passcode's digits are never printed.\n"
     "\n"
-    "At most 200 versions are kept, each for at most 90 days after it was replaced.\n"
+    "At most 200 versions are kept, each for 90 days after it was replaced.\n"
     "If no version can be kept, prints the reason, and the exit code is 1.\n"
     "\n"
     "With --json, prints one object per line: \"number\", \"time\", \"origin\" (\"settings\",\n"

@@ -71,7 +71,7 @@ ExitCode restoreLastGood() {
     const platform::Version* last = history.lastReadable();
     if (!last)
         throw CommandError(ExitCode::Failed, nothingTo("restore"));
-    return report(restoreVersion(last->number), [] { return nothingTo("restore"); });
+    return report(restoreVersion(*last), [] { return nothingTo("restore"); });
 }
 
 ExitCode restore(const Arguments& arguments) {

@@ -91,10 +91,25 @@ private:
     std::vector<unsigned> costs_;
 };
 
-/// Returns whether the last account was deleted, so that the default ones replaced it.
+/// Returns whether the last account was deleted, so that the default ones replaced it. One value of the
+/// default account that becomes the default is a change of that value: an account of that name that differed
+/// in no more leaves the same document when it is deleted.
 bool isDeletionOfTheLast(const Array& before, const Array& after) {
-    return before.size() == 1 && after == Accounts::defaults().records() &&
-           Accounts(before).name(0) != Accounts(after).name(0);
+    if (before.size() != 1 || !(after == Accounts::defaults().records()))
+        return false;
+    if (Accounts(before).name(0) != Accounts(after).name(0))
+        return true;
+    const Dictionary* record = Accounts(before).record(0);
+    if (!record)
+        return true;
+    std::size_t differing = 0;
+    for (const auto& [key, value] : *Accounts(after).record(0)) {
+        const platform::Value* old = record->find(key);
+        differing += !old || !(*old == value);
+    }
+    for (const auto& [key, value] : *record)
+        differing += !Accounts(after).record(0)->find(key);
+    return differing > 1;
 }
 
 } // namespace

@@ -52,10 +52,22 @@ void addAccountValues(const Accounts& before, std::size_t old, const Accounts& a
                         });
 }
 
-void addAccounts(const Array& before, const Array& after, std::vector<Change>& changes) {
+using Matches = std::vector<std::optional<std::size_t>>;
+using Matching = Matches (*)(const Array& before, const Array& after);
+
+Matches matchAccountsBackwards(const Array& before, const Array& after) {
+    Matches matches(before.size());
+    const Matches backwards = matchAccounts(after, before);
+    for (std::size_t i = 0; i < backwards.size(); ++i)
+        if (backwards[i])
+            matches[*backwards[i]] = i;
+    return matches;
+}
+
+void addAccounts(const Array& before, const Array& after, Matching match, std::vector<Change>& changes) {
     const Accounts older(before);
     const Accounts newer(after);
-    const auto matches = matchAccounts(before, after);
+    const Matches matches = match(before, after);
     std::vector<bool> known(after.size());
     for (std::size_t i = 0; i < before.size(); ++i) {
         if (!matches[i]) {
@@ -76,19 +88,27 @@ void addAccounts(const Array& before, const Array& after, std::vector<Change>& c
                                .now = after.at(i)});
 }
 
-} // namespace
-
-std::vector<Change> difference(const Dictionary& before, const Dictionary& after) {
+std::vector<Change> differenceBy(Matching match, const Dictionary& before, const Dictionary& after) {
     std::vector<Change> changes;
     forEachDifferentKey(before, after, [&](std::string_view key, const Value* from, const Value* to) {
         const Array* older = platform::arrayValue(from);
         const Array* newer = platform::arrayValue(to);
         if (key == kAccounts && older && newer)
-            addAccounts(*older, *newer, changes);
+            addAccounts(*older, *newer, match, changes);
         else
             changes.push_back({.key = std::string(key), .old = copyOf(from), .now = copyOf(to)});
     });
     return changes;
+}
+
+} // namespace
+
+std::vector<Change> difference(const Dictionary& before, const Dictionary& after) {
+    return differenceBy(&matchAccounts, before, after);
+}
+
+std::vector<Change> differenceOfUndo(const Dictionary& before, const Dictionary& after) {
+    return differenceBy(&matchAccountsBackwards, before, after);
 }
 
 } // namespace wardlock

@@ -40,6 +40,11 @@ struct Change {
 WARDLOCK_API std::vector<Change> difference(const platform::Dictionary& before,
                                             const platform::Dictionary& after);
 
+/// The same for a step that took another back: accounts are recognised as in the other, from `after` to
+/// `before`.
+WARDLOCK_API std::vector<Change> differenceOfUndo(const platform::Dictionary& before,
+                                                  const platform::Dictionary& after);
+
 /// For each position of `before`, where the same account is in `after`; none where it is not. Accounts have
 /// no identity of their own: those are the same that agree best, in their order.
 WARDLOCK_API std::vector<std::optional<std::size_t>> matchAccounts(const platform::Array& before,

@@ -55,7 +55,8 @@ std::optional<std::vector<Change>> History::changes(const Version& version) cons
     const auto newer = document(version);
     if (!older || !newer)
         return std::nullopt;
-    return difference(*older, *newer);
+    return version.origin.action == platform::VersionAction::Undo ? differenceOfUndo(*older, *newer)
+                                                                  : difference(*older, *newer);
 }
 
 void keepForeignVersion(std::string_view identifier) {

@@ -29,6 +29,11 @@ bool equal(const Value* one, const std::optional<Value>& other) {
     return one && other ? *one == *other : !one && !other;
 }
 
+bool isEnabled(const Value& account) {
+    const Dictionary* record = platform::dictionaryValue(&account);
+    return record && platform::boolValue(record->find(kAccountEnabled));
+}
+
 /// Returns where the accounts of `after` are `now`.
 Positions followAccounts(const Dictionary& after, const std::vector<Dictionary>& since,
                          const Dictionary& now) {
@@ -60,7 +65,7 @@ class Work {
 public:
     Work(const Dictionary& before, const Dictionary& after, const std::vector<Dictionary>& since,
          const Dictionary& now, LaterChanges later)
-        : entries_(now), accounts_(accountsOf(now)), later_(later),
+        : before_(accountsOf(before)), entries_(now), accounts_(accountsOf(now)), later_(later),
           fromBefore_(matchAccounts(accountsOf(before), accountsOf(after))),
           fromAfter_(followAccounts(after, since, now)) {
         // Positions of `before` become positions of the document on its way.
@@ -81,6 +86,8 @@ public:
         for (const Change& change : changes)
             if (change.kind == Change::Kind::AccountAdded)
                 remove(change);
+        if (enabling_)
+            disableLaterEnabled();
     }
 
     TakingBack result() const {
@@ -121,6 +128,7 @@ private:
         setOrRemove(changed, change.key, change.old);
         accounts_.replace(*position, changed.copy());
         accountsChanged_ = true;
+        enabling_ = enabling_ || (change.key == kAccountEnabled && isEnabled(accounts_.at(*position)));
     }
 
     /// The account returns behind the one that was before it then.
@@ -131,6 +139,7 @@ private:
                 position = *fromBefore_[i] + 1;
         accounts_.insert(position, *change.old);
         accountsChanged_ = true;
+        enabling_ = enabling_ || isEnabled(*change.old);
         for (Positions* positions : {&fromBefore_, &fromAfter_})
             for (auto& other : *positions)
                 if (other && *other >= position)
@@ -146,16 +155,40 @@ private:
             return addConflict(translated("Undo", "%1 was changed since it was added"), {change.account});
         accounts_.remove(*position);
         accountsChanged_ = true;
-        for (auto& other : fromAfter_)
-            if (other && *other > *position)
-                --*other;
+        const std::size_t removed = *position;
+        for (Positions* positions : {&fromBefore_, &fromAfter_})
+            for (auto& other : *positions)
+                if (other && *other > removed)
+                    --*other;
         fromAfter_[change.after].reset();
+    }
+
+    /// An account is enabled again, and only one may be: another one that was enabled since is disabled in
+    /// the same step, or is a reason against it.
+    void disableLaterEnabled() {
+        std::vector<bool> before(accounts_.size());
+        for (std::size_t i = 0; i < fromBefore_.size(); ++i)
+            if (fromBefore_[i] && isEnabled(before_.at(i)))
+                before[*fromBefore_[i]] = true;
+        for (std::size_t i = 0; i < accounts_.size(); ++i) {
+            if (before[i] || !isEnabled(accounts_.at(i)))
+                continue;
+            const Array one{accounts_.at(i)};
+            if (later_ == LaterChanges::Keep) {
+                addConflict(translated("Undo", "%1 was enabled since"), {Accounts(one).name(0)});
+                continue;
+            }
+            MutableDictionary disabled(accounts_.at(i).dictionary());
+            disabled.set(kAccountEnabled, false);
+            accounts_.replace(i, disabled.copy());
+        }
     }
 
     void addConflict(std::string_view happened, std::initializer_list<std::string_view> names) {
         conflicts_.push_back(platform::filledIn(happened, names));
     }
 
+    const Array& before_;
     MutableDictionary entries_;
     MutableArray accounts_;
     LaterChanges later_;
@@ -163,6 +196,8 @@ private:
     Positions fromAfter_;
     std::vector<std::string> conflicts_;
     bool accountsChanged_ = false;
+    /// Whether an account becomes enabled.
+    bool enabling_ = false;
 };
 
 } // namespace

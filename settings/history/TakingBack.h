@@ -31,8 +31,9 @@ struct TakingBack {
 /// account: from one document to the next it can be recognised, over many changes it may look like another.
 ///
 /// A key that has the value of `before` again needs nothing. One that has a third value is a conflict. So is
-/// an account that was added and then changed. A change in an account that is gone cannot be taken back,
-/// whatever is asked for.
+/// an account that was added and then changed, and one that was enabled since where another becomes enabled
+/// again: overwriting disables it in the same step, as the account page does. A change in an account that is
+/// gone cannot be taken back, whatever is asked for.
 WARDLOCK_API TakingBack takeBack(const platform::Dictionary& before, const platform::Dictionary& after,
                                  const std::vector<platform::Dictionary>& since,
                                  const platform::Dictionary& now, LaterChanges later);

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <iterator>
 #include <utility>
 
 namespace wardlock {
@@ -31,14 +32,26 @@ struct Stacks {
     }
 
 private:
+    /// Removes the version that `by` took back. Of several with its number that is the one of the same
+    /// process, else the last.
+    static void remove(std::vector<const Version*>& stack, const Version& by) {
+        const auto isTaken = [&](const Version* other) { return other->number == by.origin.of; };
+        const auto isOwn = [&](const Version* other) {
+            return isTaken(other) && other->origin.process == by.origin.process;
+        };
+        auto taken = std::find_if(stack.rbegin(), stack.rend(), isOwn);
+        if (taken == stack.rend())
+            taken = std::find_if(stack.rbegin(), stack.rend(), isTaken);
+        if (taken != stack.rend())
+            stack.erase(std::next(taken).base());
+    }
     void add(const Version& version) {
-        const auto isTaken = [&](const Version* other) { return other->number == version.origin.of; };
         switch (version.origin.action) {
         case VersionAction::Undo:
-            std::erase_if(undo, isTaken);
+            remove(undo, version);
             return redo.push_back(&version);
         case VersionAction::Redo:
-            std::erase_if(redo, isTaken);
+            remove(redo, version);
             return undo.push_back(&version);
         case VersionAction::Change:
         case VersionAction::Restore:
@@ -81,6 +94,10 @@ std::optional<Target> lastChange(const History& history, const std::vector<const
         const auto after = history.document(*stack[i]);
         if (!before || !after)
             continue;
+        // Damaged settings, or none, were replaced by this version. There is nothing to return to, and the
+        // change before it is not the last one.
+        if (stack[i]->origin.action == VersionAction::Restore && *before == *after)
+            return std::nullopt;
         Target target = {stack[i], *before, *after, documentsSince(history, *stack[i])};
         if (!isGone(target))
             return target;
@@ -98,7 +115,8 @@ UndoResult change(std::string_view identifier, const platform::Versions& version
         const auto document = next(now);
         if (!document || *document == now)
             return false;
-        result.changes = difference(now, *document);
+        result.changes = versions.action == VersionAction::Undo ? differenceOfUndo(now, *document)
+                                                                : difference(now, *document);
         entries = platform::MutableDictionary(*document);
         return true;
     };
@@ -163,14 +181,18 @@ UndoResult redo(Whose whose, LaterChanges later, std::string_view identifier) {
     return takeBackChange(target, VersionAction::Redo, later, identifier);
 }
 
+UndoResult restoreVersion(const Version& version, std::string_view identifier) {
+    const auto document = History(identifier).document(version);
+    if (!document)
+        return {};
+    return change(identifier, {.action = VersionAction::Restore, .of = version.number},
+                  [&](const Dictionary&) { return document; });
+}
+
 UndoResult restoreVersion(std::uint64_t number, std::string_view identifier) {
     const History history(identifier);
     const Version* version = history.find(number);
-    const auto document = version ? history.document(*version) : std::nullopt;
-    if (!document)
-        return {};
-    return change(identifier, {.action = VersionAction::Restore, .of = number},
-                  [&](const Dictionary&) { return document; });
+    return version ? restoreVersion(*version, identifier) : UndoResult{};
 }
 
 } // namespace wardlock

@@ -5,6 +5,7 @@
 /// only.
 
 #include "platform/base/Export.h"
+#include "platform/versions/Version.h"
 #include "settings/Constants.h"
 #include "settings/history/Difference.h"
 #include "settings/history/TakingBack.h"
@@ -58,14 +59,18 @@ struct UndoResult {
 WARDLOCK_API std::optional<UndoStep> undoStep(Whose whose, std::string_view identifier = BundleIdentifier);
 WARDLOCK_API std::optional<UndoStep> redoStep(Whose whose, std::string_view identifier = BundleIdentifier);
 
-/// Takes back the last change that has not been taken back yet.
+/// Takes back the last change that has not been taken back yet. A restoring of damaged or missing settings
+/// cannot be taken back, nor any change before it.
 WARDLOCK_API UndoResult undo(Whose whose, LaterChanges later = LaterChanges::Keep,
                              std::string_view identifier = BundleIdentifier);
 /// Applies the last undone change again, unless other changes were made since.
 WARDLOCK_API UndoResult redo(Whose whose, LaterChanges later = LaterChanges::Keep,
                              std::string_view identifier = BundleIdentifier);
 
-/// Replaces the document by a version. Nothing is refused: every later change is meant to go.
+/// Replaces the document by a version. Nothing is refused: every later change is meant to go. Of several
+/// versions with one number, the number means the youngest.
+WARDLOCK_API UndoResult restoreVersion(const platform::Version& version,
+                                       std::string_view identifier = BundleIdentifier);
 WARDLOCK_API UndoResult restoreVersion(std::uint64_t number, std::string_view identifier = BundleIdentifier);
 
 } // namespace wardlock

@@ -422,8 +422,16 @@
         <translation>%1 wurde erneut geändert</translation>
     </message>
     <message>
+        <source>%1 was enabled since</source>
+        <translation>%1 wurde inzwischen aktiviert</translation>
+    </message>
+    <message>
         <source>%1 was deleted since</source>
         <translation>%1 wurde inzwischen gelöscht</translation>
+    </message>
+    <message>
+        <source>the passcode is changed on its own row</source>
+        <translation>der Code wird in seiner eigenen Zeile geändert</translation>
     </message>
     <message>
         <source>%1: %2 was changed again</source>

@@ -153,6 +153,30 @@ TEST_F(HistoryCommand, RestoresTheLastVersionOfAMissingDocument) {
     EXPECT_EQ(readFile(documentPath), good);
 }
 
+TEST_F(HistoryCommand, ListsARestoringAndTakesNoEarlierChangeBackInstead) {
+    set("kEnabled", "bool", "false");
+    const std::string good = readFile(documentPath);
+    damage();
+    EXPECT_EQ(run({"restore"}).exitCode, 0);
+    EXPECT_EQ(listed().front(), "restore2");
+    EXPECT_NE(run({"history"}).output.find("restore 2: the settings were damaged or missing\n2  "),
+              std::string::npos);
+    const ProcessResult undone = run({"undo"});
+    EXPECT_EQ(undone.exitCode, 1);
+    EXPECT_EQ(undone.errors, "wardlock undo: nothing to undo\n");
+    EXPECT_EQ(readFile(documentPath), good);
+}
+
+TEST_F(HistoryCommand, ListsADocumentThatWasReplacedByAWholeFile) {
+    const std::string backup = onDisk("/backup.plist");
+    ASSERT_EQ(run({"export", backup}).exitCode, 0);
+    EXPECT_FALSE(fs::exists(backup + ".history"));
+    set("kEnabled", "bool", "false");
+    ASSERT_EQ(run({"plist", "convert", backup, "-o", onDisk(documentPath)}).exitCode, 0);
+    EXPECT_EQ(listed(), (std::vector<std::string>{"change Wardlock on", "change Wardlock off", "change"}));
+    EXPECT_NE(run({"history"}).output.find("  command          Wardlock on\n"), std::string::npos);
+}
+
 TEST_F(HistoryCommand, LeavesSettingsThatAreNotDamaged) {
     const ProcessResult result = run({"restore"});
     EXPECT_EQ(result.exitCode, 1);

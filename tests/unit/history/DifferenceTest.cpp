@@ -61,6 +61,17 @@ TEST_F(Difference, IsTheDeletionOfTheLastAccountWhereTheDefaultOneReplacesIt) {
               (Texts{"Ann deleted", "Default added"}));
 }
 
+TEST_F(Difference, IsADeletionWhereTheLastAccountWasADefaultOneOfTheSameName) {
+    platform::MutableDictionary changed(account("Default"));
+    changed.set(kRestrictSiri, true);
+    const Dictionary one = documentOf({changed.copy()});
+    changed.set(kRestrictCamera, true);
+    const Dictionary two = documentOf({changed.copy()});
+    const Dictionary defaults = documentOf({account("Default")});
+    EXPECT_EQ(texts(two, defaults), (Texts{"Default deleted", "Default added"}));
+    EXPECT_EQ(texts(one, defaults), Texts{"Default: Siri off"}) << "or a deletion, with the same document";
+}
+
 TEST_F(Difference, NeverContainsTheDigitsOfThePasscode) {
     EXPECT_EQ(texts(two, with(two, kPasscode, "1234")), Texts{"passcode set"});
     EXPECT_EQ(texts(with(two, kPasscode, "1234"), with(two, kPasscode, "5678")), Texts{"passcode changed"});

@@ -1,5 +1,6 @@
 #include "settings/history/Undo.h"
 
+#include "platform/plist/PropertyList.h"
 #include "tests/unit/history/HistoryFixture.h"
 
 #include <filesystem>
@@ -191,7 +192,65 @@ TEST_F(Undo, HasNothingToTakeBackWithoutADocument) {
     EXPECT_FALSE(exists(documentPath));
 }
 
+TEST_F(Undo, PrintsTheDeletionOfTheLastAccountBackwards) {
+    deleteAccount(0);
+    deleteAccount(0);
+    EXPECT_EQ(changeTexts(undoStep(Whose::Anyones)->changes), (Texts{"Ann deleted", "Default added"}));
+    EXPECT_EQ(changeTexts(undo(Whose::Anyones).changes), (Texts{"Default deleted", "Ann added"}));
+    const History history;
+    EXPECT_EQ(changeTexts(*history.changes(history.versions().back())),
+              (Texts{"Default deleted", "Ann added"}));
+    EXPECT_EQ(changeTexts(redo(Whose::Anyones).changes), (Texts{"Ann deleted", "Default added"}));
+}
+
+TEST_F(Undo, PrintsTheRenamingOfTheDefaultAccountBackwards) {
+    changeAccounts([](Accounts& accounts) { accounts = Accounts::defaults(); });
+    setAccount(0, kAccountName, "Ann");
+    EXPECT_EQ(changeTexts(undo(Whose::Anyones).changes), Texts{"Ann renamed to Default"});
+}
+
+TEST_F(Undo, TakesTheVersionOfItsOwnProcessWhereAnotherHasItsNumber) {
+    setAccount(0, kRestrictSiri, true);
+    // A writer that raced with this one: its version has the same number.
+    const platform::Version own = History().versions().back();
+    platform::MutableDictionary other(readDocument());
+    other.set("kOther", 1);
+    const std::string bytes = platform::dataWithPropertyList(other.copy());
+    platform::Version raced = own;
+    raced.time += 1;
+    raced.origin.process = own.origin.process + 1;
+    raced.digest = platform::versionDigest(bytes);
+    writeFile(std::string(documentPath) + ".history/" + raced.name(), bytes);
+    setAccount(1, kRestrictCamera, true);
+
+    EXPECT_EQ(changeTexts(undoStep(Whose::Own)->changes).back(), "Ann: Camera on");
+    EXPECT_EQ(undo(Whose::Own).outcome, Outcome::Done);
+    EXPECT_EQ(undo(Whose::Own).number, own.number);
+    EXPECT_FALSE(platform::boolValue(record(0).find(kRestrictSiri)));
+    const auto next = undoStep(Whose::Anyones);
+    ASSERT_TRUE(next);
+    EXPECT_NE(changeTexts(next->changes), Texts{"Tom: Siri on"});
+    announced();
+    EXPECT_EQ(restoreVersion(raced).outcome, Outcome::Done);
+    EXPECT_EQ(readFile(documentPath), bytes);
+}
+
 class Restoring : public Undo {};
+
+TEST_F(Restoring, IsAChangeWhereTheSettingsWereMissing) {
+    const platform::Version last = History().versions().back();
+    const std::string wanted = readFile(documentPath);
+    removeFile(documentPath);
+    EXPECT_EQ(restoreVersion(last).outcome, Outcome::Done);
+    EXPECT_EQ(readFile(documentPath), wanted);
+    EXPECT_EQ(History().versions().back().origin.action, platform::VersionAction::Restore);
+    EXPECT_EQ(History().versions().back().number, last.number + 1);
+    EXPECT_EQ(undo(Whose::Anyones).outcome, Outcome::Nothing) << "there were none to return to";
+    EXPECT_EQ(readFile(documentPath), wanted);
+    setAccount(0, kRestrictSiri, true);
+    EXPECT_EQ(undo(Whose::Anyones).outcome, Outcome::Done);
+    EXPECT_EQ(readFile(documentPath), wanted);
+}
 
 TEST_F(Restoring, ReplacesTheDocumentByAVersionByteForByte) {
     setTopLevel(kPasscode, "1234");
