@@ -62,13 +62,15 @@ void SettingsApplication::resignActive() {
 
 void SettingsApplication::lock() {
     guard_.cancel();
+    if (!guard_.isNeeded())
+        return;
+    undo_.lock();
     const auto& pages = screen_.navigation().viewControllers();
-    if (pages.size() < 2 || !guard_.isNeeded())
+    if (pages.size() < 2)
         return;
     pageInput_.endEditing();
     dismissSheets();
     search_.forget();
-    undo_.withdraw();
     screen_.navigation().popToViewController(*pages.front(), false);
 }
 

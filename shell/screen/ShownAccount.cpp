@@ -53,8 +53,11 @@ void ShownAccount::follow() {
         build_ = list->builds();
     }
     list_ = list;
-    if (opened_.lock() != opened)
-        position_ = opened ? positionShownBy(*opened, *list) : std::nullopt;
+    // The page that was opened may be gone already; then both are null.
+    if (!opened)
+        position_.reset();
+    else if (opened_.lock() != opened)
+        position_ = positionShownBy(*opened, *list);
     opened_ = opened;
 }
 

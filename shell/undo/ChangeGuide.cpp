@@ -89,11 +89,12 @@ void ChangeGuide::proceed() {
         return;
     // Taken first: leaving the boundary comes here again.
     const Way way = *std::exchange(way_, std::nullopt);
-    if (screen_.obstacle() || way.steps == mostSteps)
+    const bool isOutside = screen_.pages().size() <= listPlace;
+    if (screen_.obstacle() || way.steps == mostSteps || (isOutside && way.hasOpened))
         return;
     boundary_.enter([&] {
         if (takeStep(way.place) == Step::Another)
-            way_ = Way{way.place, way.steps + 1};
+            way_ = Way{way.place, way.steps + 1, way.hasOpened || isOutside};
     });
 }
 

@@ -37,6 +37,8 @@ public:
 
     /// Begins to go there, page by page; pages that show the place already stay.
     void lead(ChangedPlace place) { way_ = Way{std::move(place), 0}; }
+    /// Ends the way: the pages are locked.
+    void forget() { way_.reset(); }
     /// Takes the next step once a page is in its place. To be called when the pages have settled.
     void proceed();
 
@@ -45,6 +47,8 @@ private:
     struct Way {
         ChangedPlace place;
         std::size_t steps = 0;
+        /// Whether the bundle's entry was tapped: the user who does not enter the passcode stays outside.
+        bool hasOpened = false;
     };
     /// Whether the way goes on after a step.
     enum class Step { Last, Another };

@@ -3,12 +3,15 @@
 #include "platform/base/Translation.h"
 #include "platform/files/DeviceRoot.h"
 #include "platform/files/FileSystem.h"
+#include "settings/Accounts.h"
 #include "settings/Constants.h"
 #include "settings/Document.h"
 #include "settings/DocumentPath.h"
 #include "settings/history/History.h"
 #include "settings/history/Undo.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <utility>
 
 namespace wardlock::shell {
@@ -34,6 +37,19 @@ bool Recovery::isOffering() const {
     return screen_.offer() && screen_.offer()->kind == Offer::Kind::Restore;
 }
 
+/// Returns whether another program has replaced the damaged settings since the offer. A page leaves its own
+/// key of them, and a process that fills in the defaults has the default accounts: that repairs nothing.
+bool Recovery::isRepaired() const {
+    const Accounts accounts = Accounts::onDisk();
+    if (accounts.empty() || accounts.records() == Accounts::defaults().records())
+        return false;
+    const History history;
+    const std::uint32_t own = platform::ownVersionOrigin().process;
+    return std::ranges::any_of(history.versions(), [&](const platform::Version& version) {
+        return platform::isOlder(*version_, version) && version.origin.process != own;
+    });
+}
+
 void Recovery::setOffer(std::optional<Offer> offer) {
     screen_.setOffer(std::move(offer));
     changes_.offer();
@@ -42,6 +58,8 @@ void Recovery::setOffer(std::optional<Offer> offer) {
 void Recovery::check() {
     if (document(BundleIdentifier)) {
         refused_ = false;
+        if (isOffering() && isRepaired())
+            setOffer(std::nullopt);
         return;
     }
     // A failing disk says nothing about the settings.
@@ -51,7 +69,7 @@ void Recovery::check() {
     const platform::Version* last = history.lastReadable();
     if (!last)
         return;
-    version_ = last->number;
+    version_ = *last;
     using platform::translated;
     setOffer(Offer{
         Offer::Kind::Restore,
@@ -77,13 +95,17 @@ InputResult Recovery::restore() {
             return InputResult::refused(*reason);
         if (host_.isLocked())
             return InputResult::refused(lockedReason);
-        const UndoResult result = restoreVersion(version_);
+        const UndoResult result = isRepaired() ? UndoResult{} : restoreVersion(*version_);
         if (result.outcome == Outcome::Failed)
             return InputResult::refused("the settings could not be saved");
         setOffer(std::nullopt);
         account_.leaveForList();
         host_.refresh();
-        return InputResult::done();
+        if (result.outcome == Outcome::Done)
+            return InputResult::done();
+        // The version may have been removed; an earlier one may be left.
+        check();
+        return InputResult::refused("there is nothing to restore");
     });
 }
 

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "platform/versions/Version.h"
 #include "shell/input/InputResult.h"
 #include "shell/screen/Screen.h"
 #include "shell/screen/ScreenChanges.h"
 #include "shell/screen/ShownAccount.h"
 #include "shell/undo/UndoHost.h"
 
-#include <cstdint>
 #include <optional>
 
 namespace wardlock::shell {
@@ -22,7 +22,8 @@ public:
     /// Makes the offer where it is due. To be called at the start, and whenever other pages are shown.
     void check();
 
-    /// Replaces the settings by the offered version; a change like any other.
+    /// Replaces the settings by the offered version; a change like any other. Refused, and the offer
+    /// withdrawn, where another program has repaired the settings, announced or not.
     InputResult restore();
     /// Withdraws the offer.
     void dismiss();
@@ -30,6 +31,7 @@ public:
 private:
     void changeAnnounced(const Announcement& announcement) override;
     bool isOffering() const;
+    bool isRepaired() const;
     void setOffer(std::optional<Offer> offer);
 
     Screen& screen_;
@@ -37,8 +39,8 @@ private:
     ShownAccount& account_;
     UndoHost host_;
     PageBoundary& boundary_;
-    /// The number of the offered version.
-    std::uint64_t version_ = 0;
+    /// The offered version.
+    std::optional<platform::Version> version_;
     /// Whether the user has refused the offer; the settings have to be good again before the next one.
     bool refused_ = false;
     platform::Subscription subscription_;

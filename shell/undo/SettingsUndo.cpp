@@ -2,6 +2,7 @@
 
 #include "platform/base/Translation.h"
 #include "platform/ui/AnimationClock.h"
+#include "settings/Document.h"
 #include "settings/Keys.h"
 #include "settings/history/History.h"
 #include "settings/history/KeptVersions.h"
@@ -18,6 +19,18 @@ using Outcome = UndoResult::Outcome;
 
 bool isOfWholeAccount(const Change& change) {
     return change.kind == Change::Kind::AccountAdded || change.kind == Change::Kind::AccountDeleted;
+}
+
+/// Returns whether taking a step would change a passcode, which its row does only for a user who knows it.
+bool changesSetPasscode(const std::optional<UndoStep>& step) {
+    const auto isOfPasscode = [](const Change& change) {
+        return change.kind == Change::Kind::TopLevelValue && change.key == kPasscode;
+    };
+    if (!step || std::ranges::none_of(step->changes, isOfPasscode))
+        return false;
+    const auto now = document(BundleIdentifier);
+    const platform::Value* passcode = now ? now->find(kPasscode) : nullptr;
+    return passcode && platform::stringValue(passcode) != "";
 }
 
 std::string joined(const std::vector<std::string>& reasons) {
@@ -52,6 +65,10 @@ InputResult SettingsUndo::run(Direction direction) {
             return InputResult::refused(*reason);
         if (host_.isLocked())
             return InputResult::refused(lockedReason);
+        if (changesSetPasscode(direction == Direction::Back ? undoStep(Whose::Own) : redoStep(Whose::Own))) {
+            addRefusal(direction, platform::translated("Undo", "the passcode is changed on its own row"));
+            return InputResult::refused("the passcode is changed on its own row");
+        }
         undoing_ = true;
         const UndoResult result =
             direction == Direction::Back ? wardlock::undo(Whose::Own) : wardlock::redo(Whose::Own);
@@ -69,11 +86,7 @@ InputResult SettingsUndo::finish(const UndoResult& result, Direction direction) 
     case Outcome::Failed:
         return InputResult::refused("the settings could not be saved");
     case Outcome::Refused:
-        screen_.addNotice(platform::filledIn(direction == Direction::Back
-                                                 ? platform::translated("Notice", "Cannot undo: %1.")
-                                                 : platform::translated("Notice", "Cannot redo: %1."),
-                                             {joined(result.reasons)}));
-        changes_.notice();
+        addRefusal(direction, joined(result.reasons));
         return InputResult::refused("a later change would be lost: " + joined(result.reasons));
     case Outcome::Done:
         break;
@@ -84,6 +97,14 @@ InputResult SettingsUndo::finish(const UndoResult& result, Direction direction) 
     host_.refresh();
     guide_.lead(ChangedPlace::of(result.changes, direction));
     return InputResult::done();
+}
+
+void SettingsUndo::addRefusal(Direction direction, const std::string& reason) {
+    screen_.addNotice(platform::filledIn(direction == Direction::Back
+                                             ? platform::translated("Notice", "Cannot undo: %1.")
+                                             : platform::translated("Notice", "Cannot redo: %1."),
+                                         {reason}));
+    changes_.notice();
 }
 
 /// A user who has just changed something expects that it can be taken back.
@@ -132,6 +153,11 @@ void SettingsUndo::offerToUndoDeletion() {
                                                   if (offer == offers_)
                                                       withdraw();
                                               });
+}
+
+void SettingsUndo::lock() {
+    withdraw();
+    guide_.forget();
 }
 
 void SettingsUndo::withdraw() {

@@ -15,7 +15,8 @@ namespace wardlock::shell {
 /// change like any other: stored in one step and announced. The user is led to the page of the change.
 ///
 /// Each call returns the reason when it is refused. Where later changes would be lost, a notice gives the
-/// reason too. Main thread only.
+/// reason too. So it does for a change of a passcode that is set: the page asks for the current one before it
+/// changes it. Main thread only.
 class SettingsUndo : private ScreenObserver {
 public:
     /// For how long a deletion can be taken back by the offer.
@@ -30,8 +31,8 @@ public:
     /// Makes the change again that undo() took back last, unless another one was made since.
     InputResult redo();
 
-    /// Ends the offer. To be called when the pages are locked.
-    void withdraw();
+    /// Ends the offer and the way to a change. To be called when the pages are locked.
+    void lock();
     /// To be called when the pages have settled: offers to take back a deletion, and leads on to a change.
     void proceed();
 
@@ -40,6 +41,8 @@ private:
 
     void changeAnnounced(const Announcement& announcement) override;
     InputResult run(Direction direction);
+    void addRefusal(Direction direction, const std::string& reason);
+    void withdraw();
     InputResult finish(const UndoResult& result, Direction direction);
     void reportThatNothingIsKept();
     void offerToUndoDeletion();

@@ -117,7 +117,7 @@ ALL = [
         (FILE, "return copyAside(sync);", "return copyAside(sync == Sync::Full ? Sync::None : sync);"),
     ]),
     Mutant("live-temporary-removed", "a temporary that is being written counts as a leftover", ("tests.files/AtomicWriter",), [
-        (WRITER, "!uninterrupted([&] { return files_.lock(file); }) &&", "(uninterrupted([&] { return files_.lock(file); }), true) &&"),
+        (WRITER, "if (!uninterrupted([&] { return files_.lock(file); }) &&", "if ((uninterrupted([&] { return files_.lock(file); }), true) &&"),
     ]),
     Mutant("short-read-is-enough", "what a short read has left is not read", ("processes.interrupted",), [
         ("linux/posix/FileReading.cpp", "        if (length == read.size())\n            read.resize(read.size() * 2);", "        break;"),
@@ -146,9 +146,36 @@ ALL = [
         (VERSIONS, "constexpr unsigned rightsOfOthers = 0077;", "constexpr unsigned rightsOfOthers = 0007;"),
     ]),
     Mutant("age-of-its-writing", "a version is as old as its writing, not as its replacing", ("tests.versions/VersionBounds",), [
-        (VERSIONS, "std::min_element(names.begin() + 1, names.end()", "std::min_element(names.begin(), names.end()"),
-        (VERSIONS, "    std::size_t aged = names.size() - 1;\n    while (", "    std::size_t aged = names.size();\n    while (--aged < names.size() && "),
-        (VERSIONS, "names[aged]), now))\n        --aged;\n    return aged;", "names[aged]), now)) {\n    }\n    return aged + 1;"),
+        (VERSIONS, "times[aged + 1] < earliest", "times[aged] < earliest"),
+    ]),
+    Mutant("early-date-believed", "a date before that of an earlier version counts", ("tests.versions/WrongClock",), [
+        (VERSIONS, "times[i] = std::max(times[i], times[i - 1]);", "times[i] = times[i];"),
+    ]),
+    Mutant("impossible-date-believed", "a date of a clock without the time counts", ("tests.versions/WrongClock",), [
+        (VERSIONS, "        if (!isPossible(times[i], now))\n            times[i] = next;", "        static_cast<void>(next);"),
+        (VERSIONS, "return time >= firstTime && time <= now;", "return firstTime != 0 && time <= now;"),
+    ]),
+    Mutant("clock-ahead-believed", "the clock alone makes versions aged", ("tests.versions/WrongClock",), [
+        (VERSIONS, "return std::min(now, confirmed + longestPause);", "return std::max(now, confirmed + longestPause);"),
+    ]),
+    Mutant("killed-version-stays", "any writer removes a temporary and leaves its version", ("tests.versions/VersionFaults",), [
+        (WRITER, "if (leftover.links > 1)\n", "if (leftover.links > 1 && observer_)\n"),
+    ]),
+    Mutant("killed-cleaner-leaves-a-version", "a temporary goes before its version", ("tests.versions/VersionFaults",), [
+        (WRITER, "    observer_->willRemoveLeftover(target.path, leftover);\n    uninterrupted([&] { return files_.remove(taken); });",
+         "    uninterrupted([&] { return files_.remove(taken); });\n    observer_->willRemoveLeftover(target.path, leftover);"),
+    ]),
+    Mutant("winner-changed-twice", "the winner of a race made the change that brings its document back", ("tests.versions/KeptVersions",), [
+        (KEEPER, "{.place = known ? earlier->origin.place : std::string(unknownPlace)}", "known ? earlier->origin : VersionOrigin{.place = std::string(unknownPlace)}"),
+    ]),
+    Mutant("withdrawn-name-again", "the second attempt has the name of the first", ("tests.versions/KeptVersions",), [
+        (KEEPER, "        ++version.time;\n", "        version.time += 0;\n"),
+    ]),
+    Mutant("restoring-not-kept", "restoring damaged settings is no version", ("tests.versions/KeptVersions",), [
+        (KEEPER, "if (old_ == content_ && youngest_", "if (youngest_"),
+    ]),
+    Mutant("two-enabled-by-undo", "taking back enables a second account", ("tests.history/OneEnabledAccount",), [
+        (TAKING_BACK, "        if (enabling_)\n            disableLaterEnabled();\n", ""),
     ]),
     Mutant("later-change-lost", "taking back overwrites a later change to the same key", ("tests.history/TakingBackChanges", "tests.history/Undo"), [
         (TAKING_BACK, "        if (!equal(value, change.now) && later_ == LaterChanges::Keep)\n            return change.key == kPasscode",
@@ -190,7 +217,7 @@ ALL = [
         (HISTORY_UNDO, "std::vector<Dictionary> documentsSince(", "[[maybe_unused]] std::vector<Dictionary> documentsSince("),
     ]),
     Mutant("restoring-unrecorded", "a version does not say that it restored another", ("tests.history/Restoring",), [
-        (HISTORY_UNDO, "{.action = VersionAction::Restore, .of = number}", "{}"),
+        (HISTORY_UNDO, "{.action = VersionAction::Restore, .of = version.number}", "{}"),
     ]),
     Mutant("disabling-announced", "the disabling that an enabling brings is announced, too", ("tests.history/Undo",), [
         ("settings/history/ChangeAnnouncement.cpp", "        if (enabling && isDisabling(change))\n            continue;\n",
@@ -235,7 +262,22 @@ ALL = [
     ]),
     # Undo in Settings, and the offer to restore.
     Mutant("undo-behind-the-guard", "undo is carried out though the passcode protects the settings", ("tests.shell/.*Undo.*",), [
-        (UNDO, "        if (host_.isLocked())\n            return InputResult::refused(lockedReason);\n        undoing_ = true;", "        undoing_ = true;"),
+        (UNDO, "        if (host_.isLocked())\n            return InputResult::refused(lockedReason);\n", ""),
+    ]),
+    Mutant("passcode-undone", "undo changes a passcode that is set", ("tests.shell/SettingsUndo",), [
+        (UNDO, "return passcode && platform::stringValue(passcode) != \"\";", "return !passcode;"),
+    ]),
+    Mutant("asked-again-after-cancel", "the way to a change opens the keypad again", ("tests.shell/LockedUndo",), [
+        ("shell/undo/ChangeGuide.cpp", " || (isOutside && way.hasOpened))", ")"),
+    ]),
+    Mutant("way-survives-the-lock", "the way to a change goes on when Settings has locked", ("tests.shell/LockedUndo",), [
+        (UNDO, "    guide_.forget();\n", ""),
+    ]),
+    Mutant("search-survives-the-lock", "the search remembers rows when Settings has locked", ("tests.shell/LockedUndo",), [
+        ("shell/SettingsApplication.cpp", "    search_.forget();\n", ""),
+    ]),
+    Mutant("repaired-settings-replaced", "a restore overwrites settings that were repaired", ("tests.shell/Recovery",), [
+        (RECOVERY, "isRepaired() ? UndoResult{} : restoreVersion", "restoreVersion"),
     ]),
     Mutant("restored-behind-the-guard", "a version is restored though the passcode protects the settings", ("tests.shell/LockedUndo",), [
         (RECOVERY, "        if (host_.isLocked())\n            return InputResult::refused(lockedReason);\n", ""),
@@ -244,8 +286,7 @@ ALL = [
         (UNDO, "wardlock::undo(Whose::Own)", "wardlock::undo(Whose::Anyones)"),
     ]),
     Mutant("conflict-without-notice", "a refused undo shows no notice", ("tests.shell/.*Undo.*",), [
-        (UNDO, "        screen_.addNotice(platform::filledIn(direction == Direction::Back",
-         "        if (result.reasons.empty())\n            screen_.addNotice(platform::filledIn(direction == Direction::Back"),
+        (UNDO, "        addRefusal(direction, joined(result.reasons));\n", ""),
     ]),
     Mutant("offer-of-an-earlier-deletion", "the time of an earlier offer ends a later one", ("tests.shell/UndoOffer",), [
         (UNDO, "if (offer == offers_)", "if (offer <= offers_)"),
@@ -254,7 +295,7 @@ ALL = [
         (UNDO, "        return;\n    withdraw();\n", "        return;\n"),
     ]),
     Mutant("restored-without-asking", "damaged settings are restored without asking", ("tests.shell/Recovery",), [
-        (RECOVERY, "    version_ = last->number;\n", "    version_ = last->number;\n    restoreVersion(version_);\n"),
+        (RECOVERY, "    version_ = *last;\n", "    version_ = *last;\n    restoreVersion(*version_);\n"),
     ]),
     Mutant("refusal-forgotten", "the offer comes back after it was refused", ("tests.shell/Recovery",), [
         (RECOVERY, "        refused_ = true;\n", ""),

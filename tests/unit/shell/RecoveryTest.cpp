@@ -1,10 +1,13 @@
 // Damaged settings: the last good version is offered, and never restored without the user.
 
+#include "settings/DefaultSettings.h"
 #include "settings/history/History.h"
 #include "tests/support/doubles/FaultyFileSystem.h"
 #include "tests/unit/shell/UndoFixture.h"
 
 #include <gtest/gtest.h>
+
+#include <filesystem>
 
 namespace wardlock::test {
 namespace {
@@ -36,6 +39,11 @@ protected:
         damage();
         start();
         observe();
+    }
+    /// Another program replaces the settings and announces nothing.
+    void repair(const platform::Dictionary& document) {
+        removeFile(documentPath);
+        writeFile(documentPath, platform::dataWithPropertyList(document));
     }
     void restore() {
         const auto result = settings().recovery().restore();
@@ -91,6 +99,67 @@ TEST_F(Recovery, IsNotOfferedOnceAnotherProgramHasRepairedTheSettings) {
     replaceElsewhere(documentOf({"Eva"}));
     EXPECT_EQ(offer(), "");
     EXPECT_EQ(settings().recovery().restore().reason(), "there is nothing to restore");
+}
+
+TEST_F(Recovery, DoesNotReplaceSettingsThatWereRepairedWithoutAnAnnouncement) {
+    startDamaged();
+    tap("Wardlock");
+    repair(documentOf({"Eva"}));
+    const std::string repaired = readFile(documentPath);
+    EXPECT_EQ(settings().recovery().restore().reason(), "there is nothing to restore");
+    EXPECT_EQ(readFile(documentPath), repaired);
+    EXPECT_EQ(offer(), "");
+    EXPECT_TRUE(hasRow("Eva"));
+}
+
+TEST_F(Recovery, IsWithdrawnWhenAnotherPageMeetsRepairedSettings) {
+    startDamaged();
+    repair(documentOf({"Eva"}));
+    tap("Wardlock");
+    EXPECT_EQ(offer(), "");
+}
+
+TEST_F(Recovery, IsStillOfferedWhereAnotherProcessFilledInTheDefaults) {
+    startDamaged();
+    repair(DefaultSettings());
+    tap("Wardlock");
+    EXPECT_EQ(offer(), damagedOffer);
+    restore();
+    EXPECT_EQ(readFile(documentPath), good());
+}
+
+TEST_F(Recovery, ReportsThatNothingWasRestoredWhereTheVersionIsGone) {
+    startDamaged();
+    std::filesystem::remove_all(onDisk(documentPath) + ".history");
+    EXPECT_EQ(settings().recovery().restore().reason(), "there is nothing to restore");
+    EXPECT_EQ(offer(), "");
+    EXPECT_EQ(readFile(documentPath), "no document");
+}
+
+TEST_F(Recovery, IsTheLastChangeAndLeavesTheOneBeforeAlone) {
+    startWith({"Ann", "Tom"});
+    openAccount("Tom");
+    tap("Siri");
+    back();
+    const std::string good = readFile(documentPath);
+    damage();
+    back();
+    restore();
+    EXPECT_EQ(readFile(documentPath), good);
+    EXPECT_EQ(History().versions().back().origin.action, platform::VersionAction::Restore);
+    EXPECT_EQ(settings().history().undo().reason(), "there is nothing to undo");
+    EXPECT_TRUE(isOn(1, kRestrictSiri));
+}
+
+TEST_F(Recovery, IsOfferedOnTheFirstPageAfterAnAccountWasShown) {
+    startWith({"Ann"});
+    openAccount("Ann");
+    back();
+    damage();
+    back();
+    EXPECT_EQ(pages(), Names{"Settings"});
+    EXPECT_EQ(offer(), damagedOffer);
+    EXPECT_EQ(notice(), "");
 }
 
 TEST_F(Recovery, IsNotOfferedAgainAfterTheUserRefusedIt) {

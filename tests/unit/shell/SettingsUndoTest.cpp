@@ -1,4 +1,5 @@
 #include "platform/files/DeviceRoot.h"
+#include "settings/history/Undo.h"
 #include "tests/support/doubles/FaultyFileSystem.h"
 #include "tests/unit/shell/UndoFixture.h"
 
@@ -144,15 +145,59 @@ TEST_F(SettingsUndo, GivesTheReasonWhereNoVersionsAreKept) {
     EXPECT_TRUE(isOn(0, kRestrictSiri));
 }
 
-TEST_F(SettingsUndo, TakesAPasscodeBackThatThePageKnew) {
+TEST_F(SettingsUndo, IsRefusedForASetPasscode) {
     startWith({"Ann"});
     tap("Wardlock");
     tap("Passcode");
     press("1234");
     clock.step(1);
-    undo();
+    const std::string before = readFile(documentPath);
+    EXPECT_EQ(settings().history().undo().reason(), "the passcode is changed on its own row");
+    EXPECT_EQ(notice(), "Cannot undo: the passcode is changed on its own row.");
+    EXPECT_EQ(readFile(documentPath), before);
     tap("Passcode");
-    EXPECT_EQ(settings().screen().overlay()->keypad->shownText(), "Enter New Passcode");
+    EXPECT_EQ(settings().screen().overlay()->keypad->shownText(), "Enter Current Passcode");
+}
+
+TEST_F(SettingsUndo, IsRefusedForASetPasscodeThatWasTakenBackElsewhere) {
+    startWith({"Ann"});
+    tap("Wardlock");
+    tap("Passcode");
+    press("1234");
+    clock.step(1);
+    // The command takes changes of all processes back; here it is this one.
+    ASSERT_EQ(wardlock::undo(Whose::Anyones).outcome, UndoResult::Outcome::Done);
+    platform::MutableDictionary other(document());
+    other.set(kPasscode, "5678");
+    replaceElsewhere(other.copy());
+    const std::string before = readFile(documentPath);
+    EXPECT_EQ(settings().history().redo().reason(), "the passcode is changed on its own row");
+    EXPECT_EQ(notice(), "Cannot redo: the passcode is changed on its own row.");
+    EXPECT_EQ(readFile(documentPath), before);
+}
+
+TEST_F(SettingsUndo, MakesAPasscodeAgainWhileNoneIsSet) {
+    startWith({"Ann"});
+    tap("Wardlock");
+    tap("Passcode");
+    press("1234");
+    clock.step(1);
+    ASSERT_EQ(wardlock::undo(Whose::Anyones).outcome, UndoResult::Outcome::Done);
+    redo();
+    EXPECT_EQ(document().find(kPasscode)->string(), "1234");
+}
+
+TEST_F(SettingsUndo, IsRefusedWhereAnotherAccountWasEnabledLater) {
+    writeDocument(documentOf({"Ann", "Tom"}));
+    writeDocument(withAccountValue(0, kAccountEnabled, true));
+    start();
+    observe();
+    openAccount("Ann");
+    tap("Enabled");
+    replaceElsewhere(withAccountValue(1, kAccountEnabled, true));
+    EXPECT_EQ(settings().history().undo().reason(), "a later change would be lost: Tom was enabled since");
+    EXPECT_FALSE(isOn(0, kAccountEnabled));
+    EXPECT_TRUE(isOn(1, kAccountEnabled));
 }
 
 TEST_F(SettingsUndo, ReturnsADeletedAccountToItsPlace) {
