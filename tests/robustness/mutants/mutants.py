@@ -273,9 +273,6 @@ ALL = [
     Mutant("way-survives-the-lock", "the way to a change goes on when Settings has locked", ("tests.shell/LockedUndo",), [
         (UNDO, "    guide_.forget();\n", ""),
     ]),
-    Mutant("search-survives-the-lock", "the search remembers rows when Settings has locked", ("tests.shell/LockedUndo",), [
-        ("shell/SettingsApplication.cpp", "    search_.forget();\n", ""),
-    ]),
     Mutant("repaired-settings-replaced", "a restore overwrites settings that were repaired", ("tests.shell/Recovery",), [
         (RECOVERY, "isRepaired() ? UndoResult{} : restoreVersion", "restoreVersion"),
     ]),

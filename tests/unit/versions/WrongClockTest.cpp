@@ -55,6 +55,15 @@ TEST_F(WrongClock, RemovesNothingWhenItWasAHundredDaysSlow) {
     EXPECT_EQ(values(), upTo(9));
 }
 
+TEST_F(WrongClock, RemovesNothingWhenItWasSlowForTheSecondVersion) {
+    write(1);
+    writeAt(now - 100 * day, 2, 2);
+    writeMany(3, 4);
+    now += 3 * day;
+    writeMany(5, 6);
+    EXPECT_EQ(values(), upTo(6));
+}
+
 TEST_F(WrongClock, RemovesNothingWhileItIsSlow) {
     writeMany(1, 2);
     now += 80 * day;
