@@ -3,10 +3,11 @@
 #include "platform/services/HostDevice.h"
 #include "platform/services/StopSignals.h"
 #include "window/accessibility/AccessibleItem.h"
+#include "window/items/Announcement.h"
 #include "window/items/BlurredBackdrop.h"
 #include "window/items/Chevron.h"
-#include "window/items/Layer.h"
 #include "window/items/Magnifier.h"
+#include "window/items/Modal.h"
 #include "window/items/RowIcon.h"
 #include "window/items/TableCell.h"
 #include "window/items/Theme.h"
@@ -31,10 +32,12 @@ constexpr std::chrono::milliseconds firstPictures{300};
 
 WindowHost::WindowHost(platform::AnimationClock& clock, double transitionSeconds)
     : settings_(clock, transitionSeconds) {
+    qmlRegisterType<Announcement>("Wardlock.Native", 1, 0, "Announcement");
     qmlRegisterType<BlurredBackdrop>("Wardlock.Native", 1, 0, "BlurredBackdrop");
     qmlRegisterType<Chevron>("Wardlock.Native", 1, 0, "Chevron");
     qmlRegisterType<Layer>("Wardlock.Native", 1, 0, "Layer");
     qmlRegisterType<Magnifier>("Wardlock.Native", 1, 0, "Magnifier");
+    qmlRegisterType<Modal>("Wardlock.Native", 1, 0, "Modal");
     qmlRegisterType<RowIcon>("Wardlock.Native", 1, 0, "RowIcon");
     qmlRegisterType<TableCell>("Wardlock.Native", 1, 0, "TableCell");
     qmlRegisterType<Toggle>("Wardlock.Native", 1, 0, "Toggle");

@@ -33,11 +33,10 @@ void Guard::enter(const std::string& digits) {
     // As it is now: another process may have changed or removed it since the keypad was shown.
     const auto required = RequiredPasscode::onDisk();
     if (!required || required->matches(digits))
-        letIn();
-    else if (++failures_ > toleratedFailures)
+        return letIn();
+    keypad_->reject();
+    if (++failures_ > toleratedFailures)
         cancel();
-    else
-        keypad_->reject();
 }
 
 void Guard::letIn() {

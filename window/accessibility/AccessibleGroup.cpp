@@ -1,6 +1,8 @@
 #include "window/accessibility/AccessibleGroup.h"
 
-#include "window/items/Layer.h"
+#include "window/items/Modal.h"
+
+#include <QQuickWindow>
 
 #include <algorithm>
 
@@ -8,10 +10,17 @@ namespace wardlock::window {
 
 namespace {
 
+bool isCoveredLayer(const QQuickItem& item) {
+    const auto* layer = qobject_cast<const Layer*>(&item);
+    return layer && layer->isCovered();
+}
+
 /// Finds the nearest items below that assistive technology can see.
 void collect(const QQuickItem& item, QList<QQuickItem*>& found) {
     for (auto* child : item.childItems())
-        if (interfaceOf(child))
+        if (!child->isVisible() || isCoveredLayer(*child))
+            continue;
+        else if (interfaceOf(child))
             found.append(child);
         else
             collect(*child, found);
@@ -20,8 +29,7 @@ void collect(const QQuickItem& item, QList<QQuickItem*>& found) {
 } // namespace
 
 bool AccessibleGroup::isCovered() const {
-    const auto* layer = qobject_cast<Layer*>(&item());
-    return layer && layer->isCovered();
+    return isCoveredLayer(item());
 }
 
 QList<QQuickItem*> AccessibleGroup::children() const {
@@ -29,7 +37,7 @@ QList<QQuickItem*> AccessibleGroup::children() const {
     if (isCovered())
         return found;
     collect(item(), found);
-    if (role_ == QAccessible::List)
+    if (role() == QAccessible::List)
         std::ranges::stable_sort(found, {},
                                  [](const QQuickItem* child) { return child->mapToScene({}).y(); });
     return found;
@@ -63,8 +71,9 @@ QAccessibleInterface* AccessibleGroup::childAt(int x, int y) const {
 QAccessible::State AccessibleGroup::state() const {
     auto state = AccessibleItem::state();
     state.invisible |= isCovered();
-    // An item inside has the keyboard focus.
-    state.focused = false;
+    state.modal = qobject_cast<Modal*>(&item()) != nullptr;
+    // Else an item inside has the keyboard focus.
+    state.focused = state.modal && item().window() && item().window()->activeFocusItem() == &item();
     return state;
 }
 

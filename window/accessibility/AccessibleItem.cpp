@@ -3,7 +3,8 @@
 #include "window/accessibility/AccessibleGroup.h"
 #include "window/accessibility/AccessibleSecret.h"
 #include "window/accessibility/AccessibleToggle.h"
-#include "window/items/Layer.h"
+#include "window/items/Announcement.h"
+#include "window/items/Modal.h"
 
 #include <QQuickWindow>
 
@@ -11,25 +12,23 @@ namespace wardlock::window {
 
 namespace {
 
-QAccessibleInterface* make(const QString&, QObject* object) {
-    auto* item = qobject_cast<QQuickItem*>(object);
-    if (!item)
-        return nullptr;
-    if (qobject_cast<Layer*>(item))
-        return new AccessibleGroup(*item, QAccessible::Grouping);
-    if (item->inherits("QQuickListView"))
-        return new AccessibleGroup(*item, QAccessible::List);
-    if (auto* toggle = qobject_cast<Toggle*>(item))
-        return new AccessibleToggle(*toggle);
-    return AccessibleSecret::makeIfSecret(*item);
-}
-
 /// Returns the item's Accessible attached object of QML; null where it has none.
 const QObject* attached(const QQuickItem& item) {
     for (const auto* child : item.children())
         if (child->inherits("QQuickAccessibleAttached"))
             return child;
     return nullptr;
+}
+
+QAccessibleInterface* make(const QString&, QObject* object) {
+    auto* item = qobject_cast<QQuickItem*>(object);
+    if (!item)
+        return nullptr;
+    if (qobject_cast<Layer*>(item) || qobject_cast<Announcement*>(item) || item->inherits("QQuickListView"))
+        return new AccessibleGroup(*item);
+    if (auto* toggle = qobject_cast<Toggle*>(item))
+        return new AccessibleToggle(*toggle);
+    return AccessibleSecret::makeIfSecret(*item);
 }
 
 } // namespace
@@ -58,7 +57,14 @@ QAccessibleInterface* AccessibleItem::parent() const {
 
 QString AccessibleItem::text(QAccessible::Text kind) const {
     const auto* words = attached(item_);
-    return words && kind == QAccessible::Name ? words->property("name").toString() : QString();
+    if (!words || (kind != QAccessible::Name && kind != QAccessible::Description))
+        return {};
+    return words->property(kind == QAccessible::Name ? "name" : "description").toString();
+}
+
+QAccessible::Role AccessibleItem::role() const {
+    const auto* words = attached(item_);
+    return words ? static_cast<QAccessible::Role>(words->property("role").toInt()) : QAccessible::NoRole;
 }
 
 QRect AccessibleItem::rect() const {

@@ -15,7 +15,9 @@ public:
     int childCount() const override { return 0; }
     QAccessibleInterface* child(int) const override { return nullptr; }
     int indexOfChild(const QAccessibleInterface*) const override { return -1; }
+    /// Name, description and role are those that QML sets.
     QString text(QAccessible::Text kind) const override;
+    QAccessible::Role role() const override;
     QRect rect() const override;
     QAccessible::State state() const override;
 

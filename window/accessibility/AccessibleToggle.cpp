@@ -1,15 +1,21 @@
 #include "window/accessibility/AccessibleToggle.h"
 
-#include <QCoreApplication>
+#include "window/items/PlaceInList.h"
 
 namespace wardlock::window {
 
 QString AccessibleToggle::text(QAccessible::Text kind) const {
     if (kind == QAccessible::Name)
         return toggle_.label();
-    if (kind == QAccessible::Description && !toggle_.isAvailable())
-        return QCoreApplication::translate("Toggle", "Not available");
-    return {};
+    if (kind != QAccessible::Description)
+        return {};
+    QStringList words;
+    if (!toggle_.isAvailable())
+        words.append(QCoreApplication::translate("Toggle", "Not available"));
+    if (const QString place = placeInList(toggle_.placeInList().x(), toggle_.placeInList().y());
+        !place.isEmpty())
+        words.append(place);
+    return words.join(QStringLiteral(", "));
 }
 
 QAccessible::State AccessibleToggle::state() const {

@@ -21,8 +21,17 @@ void RowIcon::setSource(const QString& source) {
 
 void RowIcon::componentComplete() {
     PaintedItem::componentComplete();
-    if (const auto* theme = Theme::of(*this))
-        setImplicitSize(theme->icon, theme->icon);
+    if (const auto* theme = Theme::of(*this)) {
+        setImplicitSize(theme->icon(), theme->icon());
+        connect(theme, &Theme::changed, this, [this, theme] { resize(theme->icon()); });
+    }
+    showSource();
+}
+
+void RowIcon::resize(int side) {
+    if (side == implicitWidth())
+        return;
+    setImplicitSize(side, side);
     showSource();
 }
 

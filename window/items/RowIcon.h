@@ -27,6 +27,7 @@ protected:
 
 private:
     void showSource();
+    void resize(int side);
 
     QString source_;
     AsyncImage picture_{*this, [this] { update(); }};

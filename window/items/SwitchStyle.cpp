@@ -11,13 +11,14 @@ namespace wardlock::window {
 
 namespace {
 
-constexpr double knob = 27;
-constexpr double rim = 2;
+constexpr double usualRim = 2;
 constexpr std::size_t picturesKept = 8;
 const QColor knobEdge(0, 0, 0, 40);
 
 void draw(QPainter& painter, const SwitchStyle& style) {
-    const QRectF all({}, SwitchStyle::size);
+    const QRectF all({}, style.size());
+    const double rim = usualRim * style.growth;
+    const double knob = all.height() - 2 * rim;
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(style.track);
@@ -53,7 +54,7 @@ const QImage& pictureOf(const SwitchStyle& style, double scale) {
         std::rotate(known.begin(), same, same + 1);
         return known.front().image;
     }
-    QImage image((SwitchStyle::size * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
+    QImage image((style.size() * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
     painter.scale(scale, scale);

@@ -20,8 +20,8 @@ void TableCell::componentComplete() {
     PaintedItem::componentComplete();
     theme_ = Theme::of(*this);
     connect(theme_, &Theme::changed, this, &TableCell::layOut);
+    showIcon();
     layOut();
-    icon_.show(entry_.icon, theme_->icon);
 }
 
 void TableCell::setEntry(const TableEntry& entry) {
@@ -35,12 +35,17 @@ void TableCell::setEntry(const TableEntry& entry) {
                    (entry_.title != before.title && theme_->textScale() > 1)))
         layOut();
     if (theme_ && entry_.icon != before.icon)
-        icon_.show(entry_.icon, theme_->icon);
+        showIcon();
     auto onlySwitched = before;
     onlySwitched.on = entry_.on;
     if (onlySwitched != entry_)
         update();
     emit entryChanged();
+}
+
+void TableCell::showIcon() {
+    iconSide_ = theme_->icon();
+    icon_.show(entry_.icon, iconSide_);
 }
 
 RowText TableCell::laidOut() const {
@@ -49,6 +54,8 @@ RowText TableCell::laidOut() const {
 }
 
 void TableCell::layOut() {
+    if (iconSide_ != theme_->icon())
+        showIcon();
     double height = std::max<double>(entry_.height, qRound(entry_.height * theme_->textScale()));
     // Where one line is the limit, the layout would change nothing.
     if (theme_->textScale() > 1 && width() > 0)
@@ -66,12 +73,16 @@ void TableCell::showSwitch(bool sameRow) {
     if (!toggle_) {
         toggle_ = new Toggle(this);
         toggle_->leavePaintingToParent();
-        toggle_->setSize({toggle_->implicitWidth(), toggle_->implicitHeight()});
+        connect(toggle_, &QQuickItem::implicitWidthChanged, this, [this] {
+            if (theme_)
+                layOut();
+        });
         connect(toggle_, &Toggle::asked, this, [this] { emit flipped(entry_.row); });
         placeSwitch();
     }
     toggle_->setObjectName(QStringLiteral("switch:") + entry_.key);
     toggle_->setLabel(entry_.title);
+    toggle_->setPlaceInList({entry_.row + 1, entry_.count});
     if (sameRow)
         toggle_->setOn(entry_.on);
     else

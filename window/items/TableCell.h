@@ -43,8 +43,11 @@ private:
     void layOut();
     void showSwitch(bool sameRow);
     void placeSwitch();
+    void showIcon();
 
     TableEntry entry_;
+    /// The side of the icon, in points.
+    int iconSide_ = 0;
     QPointer<Theme> theme_;
     Toggle* toggle_ = nullptr;
     AsyncImage icon_{*this, [this] { update(); }};

@@ -23,8 +23,9 @@ public:
     double height = 0;
     bool hasSwitch = false;
     bool on = false;
-    /// Its index among the rows shown.
+    /// Its index among the rows shown, and how many these are.
     int row = 0;
+    int count = 0;
     PlaceInCard place;
 
     bool operator==(const TableEntry&) const = default;

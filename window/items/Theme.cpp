@@ -13,6 +13,9 @@ namespace wardlock::window {
 namespace {
 
 constexpr double largestBarScale = 1.3;
+constexpr double largestSignScale = 1.5;
+constexpr double largestSignScaleInNarrowWindow = 1.15;
+constexpr double narrow = 340;
 
 QObject* make(QQmlEngine* engine, QJSEngine*) {
     const auto appearance = engine->rootContext()->contextProperty(QStringLiteral("appearance"));
@@ -49,6 +52,18 @@ Theme* Theme::of(const QQuickItem& item) {
         if (auto* engine = qmlEngine(made))
             return engine->singletonInstance<Theme*>(typeNumber());
     return nullptr;
+}
+
+double Theme::signScale() const {
+    return std::clamp(textScale(), 1.0,
+                      windowWidth_ < narrow ? largestSignScaleInNarrowWindow : largestSignScale);
+}
+
+void Theme::setWindowWidth(double width) {
+    const double before = signScale();
+    windowWidth_ = width;
+    if (signScale() != before)
+        emit changed();
 }
 
 double Theme::barScale() const {

@@ -17,6 +17,9 @@ class Theme : public QObject {
     Q_PROPERTY(bool dark READ isDark NOTIFY changed)
     Q_PROPERTY(bool reducedMotion READ reducedMotion NOTIFY changed)
     Q_PROPERTY(double textScale READ textScale NOTIFY changed)
+    Q_PROPERTY(double signScale READ signScale NOTIFY changed)
+    Q_PROPERTY(double barScale READ barScale NOTIFY changed)
+    Q_PROPERTY(double windowWidth READ windowWidth WRITE setWindowWidth NOTIFY changed)
     Q_PROPERTY(QString family READ family CONSTANT)
     Q_PROPERTY(int body READ body NOTIFY changed)
     Q_PROPERTY(int barText READ barText NOTIFY changed)
@@ -48,7 +51,7 @@ class Theme : public QObject {
     Q_PROPERTY(int margin MEMBER margin CONSTANT)
     Q_PROPERTY(int inset MEMBER inset CONSTANT)
     Q_PROPERTY(int corner MEMBER corner CONSTANT)
-    Q_PROPERTY(int icon MEMBER icon CONSTANT)
+    Q_PROPERTY(int icon READ icon NOTIFY changed)
     Q_PROPERTY(int widest MEMBER widest CONSTANT)
 
 public:
@@ -63,6 +66,11 @@ public:
     /// Animations only fade: nothing slides, grows or shakes.
     bool reducedMotion() const { return appearance_.reducedMotion(); }
     double textScale() const { return textScale_; }
+    /// Of icons, switches, arrows and other signs. They grow with the text, less in a narrow window, whose
+    /// rows need the room for words. They never shrink: they have to be hit.
+    double signScale() const;
+    double windowWidth() const { return windowWidth_; }
+    void setWindowWidth(double width);
     QString family() const { return QStringLiteral("Inter"); }
     int body() const { return scaled(17); }
     /// A bar has three texts beside each other, so they grow less.
@@ -101,10 +109,10 @@ public:
     const int margin = 16;
     const int inset = 16;
     const int corner = 10;
-    const int icon = 29;
     const int widest = 720;
+    int icon() const { return qRound(29 * signScale()); }
     /// The start of a label beside an icon.
-    int besideIcon() const { return inset + icon + 15; }
+    int besideIcon() const { return inset + icon() + 15; }
 
     /// The margin that keeps a column readable on a wide window.
     Q_INVOKABLE double sideMargin(double width) const;
@@ -125,6 +133,7 @@ private:
     /// High contrast.
     bool strong_ = false;
     double textScale_ = 1;
+    double windowWidth_ = widest;
 };
 
 } // namespace wardlock::window

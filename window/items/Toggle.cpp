@@ -20,7 +20,7 @@ QColor between(const QColor& from, const QColor& to, double part) {
 } // namespace
 
 Toggle::Toggle(QQuickItem* parent) : PaintedItem(parent) {
-    setImplicitSize(SwitchStyle::size.width(), SwitchStyle::size.height());
+    setImplicitSize(SwitchStyle::usualSize.width(), SwitchStyle::usualSize.height());
     setAcceptedMouseButtons(Qt::LeftButton);
 }
 
@@ -84,9 +84,17 @@ void Toggle::ask() {
 }
 
 const Theme* Toggle::theme() {
-    if (!theme_ && (theme_ = Theme::of(*this)))
-        connect(theme_, &Theme::changed, this, [this] { repaint(); });
+    if (!theme_ && (theme_ = Theme::of(*this))) {
+        connect(theme_, &Theme::changed, this, &Toggle::followTheme);
+        followTheme();
+    }
     return theme_;
+}
+
+void Toggle::followTheme() {
+    const QSizeF size = SwitchStyle::sizeAt(theme_->signScale());
+    setImplicitSize(size.width(), size.height());
+    repaint();
 }
 
 void Toggle::componentComplete() {
@@ -117,6 +125,7 @@ void Toggle::paint(QPainter& painter) {
     if (!theme_)
         return;
     SwitchStyle style;
+    style.growth = theme_->signScale();
     style.track = between(theme_->off(), theme_->on(), position_);
     style.position = position_;
     style.mirrored = QGuiApplication::layoutDirection() == Qt::RightToLeft;

@@ -3,6 +3,7 @@
 #include "window/items/PaintedItem.h"
 #include "window/items/Theme.h"
 
+#include <QPoint>
 #include <QPointer>
 #include <QVariantAnimation>
 
@@ -17,6 +18,8 @@ class Toggle : public PaintedItem {
     /// Whether it can be flipped at all; a covered switch looks as usual.
     Q_PROPERTY(bool available READ isAvailable WRITE setAvailable NOTIFY changed)
     Q_PROPERTY(QString label READ label WRITE setLabel NOTIFY changed)
+    /// Of its row, for assistive technology: the place, from 1, and the number of rows.
+    Q_PROPERTY(QPoint placeInList READ placeInList WRITE setPlaceInList NOTIFY changed)
 
 public:
     explicit Toggle(QQuickItem* parent = nullptr);
@@ -30,6 +33,8 @@ public:
     void setAvailable(bool available);
     const QString& label() const { return label_; }
     void setLabel(const QString& label);
+    QPoint placeInList() const { return placeInList_; }
+    void setPlaceInList(QPoint place) { placeInList_ = place; }
     /// Does what a tap does.
     void ask();
 
@@ -52,6 +57,7 @@ protected:
 
 private:
     const Theme* theme();
+    void followTheme();
     void repaint();
     void slide();
     void notifyAccessibility() const;
@@ -59,6 +65,7 @@ private:
     QPointer<Theme> theme_;
     std::unique_ptr<QVariantAnimation> animation_;
     QString label_;
+    QPoint placeInList_;
     /// The knob's position: 0 off, 1 on.
     double position_ = 0;
     bool on_ = false;

@@ -20,6 +20,10 @@ class KeypadModel : public QObject {
     Q_PROPERTY(double blurOpacity READ blurOpacity NOTIFY changed)
     /// Whether a fade is running: tick() is then to be called at every frame.
     Q_PROPERTY(bool fading READ isFading NOTIFY changed)
+    /// Whether the keypad fades out, or has done so.
+    Q_PROPERTY(bool leaving READ isLeaving NOTIFY changed)
+    /// Whether a page asks, in words of its own, and not the guard of Settings.
+    Q_PROPERTY(bool ofPage READ isOfPage NOTIFY changed)
 
 public:
     KeypadModel(shell::Overlay overlay, shell::SheetInput& input)
@@ -33,6 +37,8 @@ public:
     double opacity() const;
     double blurOpacity() const;
     bool isFading() const;
+    bool isLeaving() const { return !overlay_.keypad->takesInput(); }
+    bool isOfPage() const { return overlay_.keypad->_statusText() != overlay_.keypad->_defaultStatusText(); }
     bool shows(const shell::Overlay& overlay) const { return overlay_.keypad == overlay.keypad; }
 
     Q_INVOKABLE void tick() { emit changed(); }

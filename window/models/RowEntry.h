@@ -1,5 +1,7 @@
 #pragma once
 
+#include "window/items/PlaceInList.h"
+
 #include <QObject>
 #include <QString>
 
@@ -29,6 +31,10 @@ struct RowEntry {
     Q_PROPERTY(double max MEMBER max)
     Q_PROPERTY(double position MEMBER position)
     Q_PROPERTY(bool showsValue MEMBER showsValue)
+    Q_PROPERTY(int number MEMBER number)
+    Q_PROPERTY(int count MEMBER count)
+    /// Number and count for a screen reader.
+    Q_PROPERTY(QString place READ place)
     Q_PROPERTY(bool first MEMBER first)
     Q_PROPERTY(bool last MEMBER last)
 
@@ -61,9 +67,14 @@ public:
     double max = 1;
     double position = 0;
     bool showsValue = false;
+    /// The row's place among the rows of the page, from 1, and how many these are; 0 for a header or footer.
+    int number = 0;
+    int count = 0;
     /// Whether it is the first or last row of its card.
     bool first = false;
     bool last = false;
+
+    QString place() const { return placeInList(number, count); }
 
     bool operator==(const RowEntry&) const = default;
 };

@@ -88,6 +88,10 @@ std::vector<RowsModel::Line> RowsModel::readLines() const {
     for (std::size_t section = 0; section < sections; ++section)
         readSection(section, lines);
     addFound(lines);
+    int rows = 0;
+    for (Line& line : lines)
+        if (line.kind == Line::Kind::Row || line.kind == Line::Kind::Found)
+            line.number = ++rows;
     return lines;
 }
 
@@ -166,6 +170,12 @@ RowEntry RowsModel::entryForFound(const Line& line) const {
     return entry;
 }
 
+int RowsModel::rowsShown() const {
+    const auto last =
+        std::find_if(lines_.rbegin(), lines_.rend(), [](const Line& line) { return line.number > 0; });
+    return last == lines_.rend() ? 0 : last->number;
+}
+
 RowEntry RowsModel::entry(const Line& line) const {
     RowEntry entry;
     if (line.kind == Line::Kind::Found) {
@@ -179,6 +189,8 @@ RowEntry RowsModel::entry(const Line& line) const {
         entry.entry = line.kind == Line::Kind::Header ? QStringLiteral("header") : QStringLiteral("footer");
         entry.text = shownText(line.name);
     }
+    entry.number = line.number;
+    entry.count = line.number > 0 ? rowsShown() : 0;
     entry.section = static_cast<int>(line.path.section);
     entry.row = static_cast<int>(line.path.row);
     entry.first = line.first;

@@ -48,6 +48,8 @@ private:
         bool last = false;
         /// The line's identity across rebuilds of the list.
         std::string name;
+        /// A row's place among the rows, from 1; 0 for a header or footer.
+        int number = 0;
 
         bool isSame(const Line& other) const { return kind == other.kind && name == other.name; }
     };
@@ -58,6 +60,7 @@ private:
     RowEntry entryForFound(const Line& line) const;
     void replace(std::vector<Line> lines);
     RowEntry entry(const Line& line) const;
+    int rowsShown() const;
 
     std::shared_ptr<shell::Page> page_;
     platform::SearchWords words_{{}};

@@ -61,7 +61,8 @@ TableEntry TableModel::entry(int row) const {
     TableEntry entry;
     entry.height = table_->rowHeight(path);
     entry.row = row;
-    entry.place = {row == 0, row + 1 == rowCount()};
+    entry.count = rowCount();
+    entry.place = {row == 0, row + 1 == entry.count};
     const auto shownRow = shown(path);
     if (!shownRow)
         return entry;

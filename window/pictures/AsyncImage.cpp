@@ -16,22 +16,23 @@ void AsyncImage::show(const QString& address, int side) {
     image_ = {};
     if (!address.isEmpty()) {
         const double scale = item_.window() ? item_.window()->effectiveDevicePixelRatio() : 1;
-        const int pixels = qRound(side * scale);
+        pixels_ = qRound(side * scale);
         auto& pictures = Pictures::shared();
-        if (const auto known = pictures.find(address, pixels)) {
+        if (const auto known = pictures.find(address, pixels_)) {
             image_ = *known;
         } else {
-            awaited_ = QObject::connect(
-                &pictures, &Pictures::arrived, &item_,
-                [this](const QString& arrived, const QImage& picture) { take(arrived, picture); });
-            pictures.fetch(address, pixels);
+            awaited_ = QObject::connect(&pictures, &Pictures::arrived, &item_,
+                                        [this](const QString& arrived, int pixels, const QImage& picture) {
+                                            take(arrived, pixels, picture);
+                                        });
+            pictures.fetch(address, pixels_);
         }
     }
     shown_();
 }
 
-void AsyncImage::take(const QString& address, const QImage& picture) {
-    if (address != address_)
+void AsyncImage::take(const QString& address, int pixels, const QImage& picture) {
+    if (address != address_ || pixels != pixels_)
         return;
     QObject::disconnect(awaited_);
     image_ = picture;

@@ -21,11 +21,13 @@ public:
     const QImage& image() const { return image_; }
 
 private:
-    void take(const QString& address, const QImage& picture);
+    void take(const QString& address, int pixels, const QImage& picture);
 
     QQuickItem& item_;
     std::function<void()> shown_;
     QString address_;
+    /// The side of the square.
+    int pixels_ = 0;
     QImage image_;
     QMetaObject::Connection awaited_;
 };

@@ -48,7 +48,7 @@ void Pictures::decode(const Key& key) {
 void Pictures::keep(const Key& key, const QImage& picture) {
     awaited_.remove(key);
     decoded_.insert(key, new QImage(picture));
-    emit arrived(key.first, picture);
+    emit arrived(key.first, key.second, picture);
 }
 
 } // namespace wardlock::window

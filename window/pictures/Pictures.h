@@ -29,7 +29,7 @@ public:
     void waitForFetched(std::chrono::milliseconds most);
 
 signals:
-    void arrived(const QString& address, const QImage& picture);
+    void arrived(const QString& address, int side, const QImage& picture);
 
 private:
     using Key = QPair<QString, int>;

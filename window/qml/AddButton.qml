@@ -4,7 +4,7 @@ import Wardlock.Native
 // The page's button, at the end of its navigation bar.
 Item {
     objectName: "add"
-    implicitWidth: 52
+    implicitWidth: Math.round(52 * Math.max(1, Theme.barScale))
     Accessible.role: Accessible.Button
     Accessible.name: qsTr("Add")
     Accessible.focusable: true
@@ -13,8 +13,10 @@ Item {
     Keys.onReturnPressed: settings.tapBarButton()
     opacity: tap.pressed ? 0.4 : hover.hovered ? 0.7 : 1
 
-    Rectangle { anchors.centerIn: parent; width: 20; height: 2; radius: 1; color: Theme.tint }
-    Rectangle { anchors.centerIn: parent; width: 2; height: 20; radius: 1; color: Theme.tint }
+    // Even numbers, so that the bars are in the middle of each other.
+    readonly property int arm: 2 * Math.round(10 * Theme.barScale)
+    Rectangle { anchors.centerIn: parent; width: parent.arm; height: 2; radius: 1; color: Theme.tint }
+    Rectangle { anchors.centerIn: parent; width: 2; height: parent.arm; radius: 1; color: Theme.tint }
     FocusRing {}
     Hover { id: hover }
     TapHandler {

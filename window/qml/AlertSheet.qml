@@ -2,7 +2,7 @@ import QtQuick
 import Wardlock.Native
 
 // An alert over the page.
-Item {
+Modal {
     id: sheet
     required property var alert
 

@@ -10,7 +10,7 @@ Item {
     signal removed()
 
     width: parent ? parent.width : 0
-    height: 52
+    height: Math.max(52, Math.round(52 * Theme.textScale))
     objectName: "mail:attachment:" + name
     activeFocusOnTab: true
     Accessible.role: Accessible.Button

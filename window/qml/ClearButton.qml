@@ -6,7 +6,7 @@ Item {
     id: button
     signal pressed()
 
-    width: 32
+    width: Math.round(32 * Theme.signScale)
     Accessible.role: Accessible.Button
     Accessible.name: qsTr("Clear")
     Accessible.focusable: true
@@ -20,6 +20,7 @@ Item {
         width: 18
         height: 18
         radius: 9
+        scale: Theme.signScale
         color: Theme.value
         Repeater {
             model: [45, -45]

@@ -7,6 +7,7 @@ PaperSheet {
     required property var composer
 
     paper.objectName: "composer"
+    beneath: shown.active || discard.active
     Keys.onEscapePressed: cancel()
     Accessible.name: qsTr("New Message")
 
@@ -153,7 +154,7 @@ PaperSheet {
         anchors.fill: parent
         active: false
         focus: active
-        onActiveChanged: if (!active) sheet.forceActiveFocus()
+        onActiveChanged: if (!active) sheet.takeFocusBack()
         sourceComponent: TextSheet {
             title: shown.name
             text: sheet.composer.attachmentText(shown.index)
@@ -167,7 +168,7 @@ PaperSheet {
         anchors.fill: parent
         active: false
         focus: active
-        onActiveChanged: if (!active) sheet.forceActiveFocus()
+        onActiveChanged: if (!active) sheet.takeFocusBack()
         sourceComponent: AlertSheet {
             alert: QtObject {
                 readonly property string title: qsTr("Discard this message?")

@@ -2,7 +2,7 @@ import QtQuick
 import Wardlock.Native
 
 // The four-digit keypad over a dark blur of what is beneath it.
-FocusScope {
+Modal {
     id: sheet
     required property var keypad
     required property Item backdrop
@@ -133,12 +133,28 @@ FocusScope {
         }
     }
 
+    /// A passcode was wrong; the words are for those who do not see the keypad shake or close.
+    signal refused(string words)
+
     readonly property int failures: keypad.failures
     property int failuresShown: 0
+    /// Those since the keypad asks this question.
+    property int failuresInRow: 0
+    readonly property string question: keypad.statusText
+    onQuestionChanged: failuresInRow = 0
     onFailuresChanged: {
-        if (failures > failuresShown)
+        if (failures > failuresShown) {
             (Theme.reducedMotion ? blink : shake).restart();
+            ++failuresInRow;
+            Qt.callLater(reportRefusal);
+        }
         failuresShown = failures;
+    }
+    // A page closes its keypad at the last failure without showing it; after the right entry it asks another question.
+    readonly property bool closedByFailure: keypad.leaving && keypad.ofPage && keypad.digitCount === 4 && failuresInRow > 0
+    onClosedByFailureChanged: if (closedByFailure) Qt.callLater(reportRefusal)
+    function reportRefusal() {
+        refused(keypad.leaving ? qsTr("Wrong passcode. The keypad is closed.") : qsTr("Wrong passcode"));
     }
     SequentialAnimation {
         id: shake

@@ -11,6 +11,8 @@ Window {
     minimumHeight: 360
     color: Theme.ground
 
+    onWidthChanged: Theme.windowWidth = width
+
     onClosing: (closing) => closing.accepted = (composer.item === null || composer.item.mayClose()) && settings.close()
 
     // When what covered the pages disappears, they take the keyboard focus back where it was.
@@ -20,72 +22,102 @@ Window {
 
     readonly property alias textMenu: textMenu
 
+    /// Has a screen reader say the words, wherever the user is.
+    function announce(words) {
+        if (!settings.isAssisted())
+            return;
+        announcement.active = true;
+        announcement.item.say(words);
+    }
+
+    // All that a screen reader finds in the window.
     Layer {
-        id: root
+        id: screen
         anchors.fill: parent
         focus: true
-        covered: settings.keypad !== null
         Accessible.role: Accessible.Grouping
-        LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
-        LayoutMirroring.childrenInherit: true
 
         Layer {
-            id: pages
+            id: root
             anchors.fill: parent
             focus: true
-            covered: settings.alert !== null || settings.composer !== null || guide.active
+            covered: settings.keypad !== null
             Accessible.role: Accessible.Grouping
-            Keys.onEscapePressed: stack.goBack()
-            Keys.onBackPressed: stack.goBack()
-            PageStack {
-                id: stack
+            Accessible.ignored: true
+            LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
+            LayoutMirroring.childrenInherit: true
+
+            Layer {
+                id: pages
                 anchors.fill: parent
-                notices: notices
+                focus: true
+                covered: settings.alert !== null || settings.composer !== null || guide.active
+                Accessible.role: Accessible.Grouping
+                Keys.onEscapePressed: stack.goBack()
+                Keys.onBackPressed: stack.goBack()
+                PageStack {
+                    id: stack
+                    anchors.fill: parent
+                    notices: notices
+                    onPageShown: (title) => window.announce(title)
+                }
+            }
+            Loader {
+                id: composer
+                anchors.fill: parent
+                active: settings.composer !== null
+                focus: active
+                sourceComponent: ComposerSheet {
+                    composer: settings.composer
+                    covered: settings.alert !== null
+                }
+            }
+            Loader {
+                anchors.fill: parent
+                active: settings.alert !== null
+                focus: active
+                sourceComponent: AlertSheet { alert: settings.alert }
+            }
+            Loader {
+                id: guide
+                anchors.fill: parent
+                active: false
+                focus: active
+                sourceComponent: GuideSheet { onClosed: guide.active = false }
+            }
+            Keys.onMenuPressed: textMenu.openAtCursor(window.activeFocusItem)
+            Notices {
+                id: notices
+                width: Math.min(parent.width - 2 * Theme.margin, 520)
+                anchors.horizontalCenter: parent.horizontalCenter
+                anchors.bottom: parent.bottom
+                anchors.bottomMargin: 24
+                onTabbed: (event, forward) => {
+                    const top = window.covered ? null : stack.topView();
+                    event.accepted = top !== null && top.moveFocus(forward);
+                }
             }
         }
         Loader {
-            id: composer
             anchors.fill: parent
-            active: settings.composer !== null
+            active: settings.keypad !== null
             focus: active
-            sourceComponent: ComposerSheet { composer: settings.composer }
+            sourceComponent: KeypadSheet {
+                keypad: settings.keypad
+                backdrop: root
+                onRefused: (words) => window.announce(words)
+            }
+        }
+        TextMenu {
+            id: textMenu
+            LayoutMirroring.enabled: root.LayoutMirroring.enabled
+            LayoutMirroring.childrenInherit: true
         }
         Loader {
-            anchors.fill: parent
-            active: settings.alert !== null
-            focus: active
-            sourceComponent: AlertSheet { alert: settings.alert }
-        }
-        Loader {
-            id: guide
-            anchors.fill: parent
+            id: announcement
             active: false
-            focus: active
-            sourceComponent: GuideSheet { onClosed: guide.active = false }
+            sourceComponent: SpokenText {}
         }
-        Keys.onMenuPressed: textMenu.openAtCursor(window.activeFocusItem)
-        Notices {
-            id: notices
-            width: Math.min(parent.width - 2 * Theme.margin, 520)
-            anchors.horizontalCenter: parent.horizontalCenter
-            anchors.bottom: parent.bottom
-            anchors.bottomMargin: 24
-            onTabbed: (event, forward) => {
-                const top = window.covered ? null : stack.topView();
-                event.accepted = top !== null && top.moveFocus(forward);
-            }
-        }
-    }
-    Loader {
-        anchors.fill: parent
-        active: settings.keypad !== null
-        focus: active
-        sourceComponent: KeypadSheet { keypad: settings.keypad; backdrop: root }
-    }
-    TextMenu {
-        id: textMenu
-        LayoutMirroring.enabled: root.LayoutMirroring.enabled
-        LayoutMirroring.childrenInherit: true
     }
     DesktopKeys {
         covered: window.covered

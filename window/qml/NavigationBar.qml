@@ -27,7 +27,9 @@ Rectangle {
         objectName: "back"
         visible: bar.page.backTitle !== ""
         height: parent.height
-        width: 34 + backLabel.implicitWidth
+        width: around + backLabel.implicitWidth
+        /// The width of the arrow and of the space around it and the text.
+        readonly property real around: 22 + arrow.width
         anchors.left: parent.left
         activeFocusOnTab: bar.inWindowOrder
         Accessible.role: Accessible.Button
@@ -43,8 +45,9 @@ Rectangle {
             back: true
             color: Theme.tint
             thickness: 2.5
-            width: 12
-            height: 20
+            growth: Theme.barScale
+            width: Math.round(12 * growth)
+            height: Math.round(20 * growth)
             anchors.left: parent.left
             anchors.leftMargin: 10
             anchors.verticalCenter: parent.verticalCenter
@@ -54,7 +57,7 @@ Rectangle {
             anchors.left: arrow.right
             anchors.leftMargin: 6
             anchors.verticalCenter: parent.verticalCenter
-            text: fullBack.width + 34 <= bar.width * 0.35 ? bar.page.backTitle : qsTr("Back")
+            text: fullBack.width + back.around <= bar.width * 0.35 ? bar.page.backTitle : qsTr("Back")
             color: Theme.tint
             font.pixelSize: Theme.barText
             Accessible.ignored: true

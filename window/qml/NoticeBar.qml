@@ -2,9 +2,8 @@ import QtQuick
 import Wardlock.Native
 
 // A sentence of the application itself, and a button beside it; two buttons are below it.
-Rectangle {
+Announcement {
     id: bar
-    property string text
     property string button
     /// Refuses what the button does; empty for none.
     property string refusal
@@ -20,11 +19,14 @@ Rectangle {
 
     visible: text !== ""
     height: refusal === "" ? Math.max(words.implicitHeight + 28, 60) : words.implicitHeight + ok.height + 24
-    radius: 14
-    color: Theme.dark ? "#3a3a3c" : "#3a3a3c"
-    Accessible.role: Accessible.AlertMessage
+    Accessible.role: Accessible.Notification
     Accessible.name: text
 
+    Rectangle {
+        anchors.fill: parent
+        radius: 14
+        color: "#3a3a3c"
+    }
     WholeWords {
         id: words
         objectName: bar.objectName + ":words"
@@ -40,7 +42,8 @@ Rectangle {
         horizontalAlignment: undefined
         color: "white"
         font.pixelSize: Math.round(15 * Theme.textScale)
-        Accessible.ignored: true
+        Accessible.role: Accessible.StaticText
+        Accessible.name: bar.text
     }
     PlainButton {
         id: no

@@ -10,6 +10,16 @@ Item {
     readonly property int duration: Math.round(settings.transitionSeconds * 1000)
     /// Counts pages that enter or leave: bindings on the repeater's items depend on it.
     property int changes: 0
+    /// Another page is shown than before.
+    signal pageShown(string title)
+
+    readonly property Item shownPage: changes >= 0 ? topView() : null
+    property Item pageBefore: null
+    onShownPageChanged: {
+        if (shownPage !== null && pageBefore !== null)
+            pageShown(shownPage.page.title);
+        pageBefore = shownPage;
+    }
 
     function topView() {
         for (let i = pages.count - 1; i >= 0; --i)

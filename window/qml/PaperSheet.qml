@@ -2,10 +2,17 @@ import QtQuick
 import Wardlock.Native
 
 // A sheet that rises over the pages and covers them.
-FocusScope {
+Modal {
     id: sheet
     default property alias content: paper.data
     property alias paper: paper
+    /// Whether another sheet is over this one.
+    property alias beneath: ground.covered
+
+    /// Has the keyboard focus return to where it was when the other sheet has gone.
+    function takeFocusBack() {
+        ground.forceActiveFocus();
+    }
 
     anchors.fill: parent
     focus: true
@@ -15,20 +22,28 @@ FocusScope {
     }
     Accessible.role: Accessible.Dialog
 
-    Rectangle {
+    Layer {
+        id: ground
         anchors.fill: parent
-        color: Theme.scrim
-        MouseArea { anchors.fill: parent; hoverEnabled: true; onWheel: (wheel) => wheel.accepted = true }
-    }
-    Rectangle {
-        id: paper
-        width: Math.min(parent.width, Theme.widest)
-        // Its lower corners are below the window.
-        height: parent.height - 24 + radius
-        anchors.horizontalCenter: parent.horizontalCenter
-        y: 24
-        radius: 12
-        color: Theme.card
+        focus: true
+        Accessible.role: Accessible.Grouping
+        Accessible.ignored: true
+
+        Rectangle {
+            anchors.fill: parent
+            color: Theme.scrim
+            MouseArea { anchors.fill: parent; hoverEnabled: true; onWheel: (wheel) => wheel.accepted = true }
+        }
+        Rectangle {
+            id: paper
+            width: Math.min(parent.width, Theme.widest)
+            // Its lower corners are below the window.
+            height: parent.height - 24 + radius
+            anchors.horizontalCenter: parent.horizontalCenter
+            y: 24
+            radius: 12
+            color: Theme.card
+        }
     }
     NumberAnimation {
         id: rise

@@ -29,6 +29,7 @@ UndoField {
     Accessible.role: Accessible.EditableText
     readonly property string spokenName: entry.label !== "" ? entry.label : entry.placeholder
     Accessible.name: spokenName
+    Accessible.description: entry.place
     Accessible.passwordEdit: secure
 
     Component.onCompleted: text = entry.value

@@ -22,7 +22,7 @@ Item {
         anchors.right: cancel.left
         anchors.rightMargin: 12
         y: 8
-        height: 36
+        height: Math.max(36, Math.round(36 * Theme.textScale))
         radius: 10
         color: Theme.search
 
@@ -30,8 +30,9 @@ Item {
             anchors.left: parent.left
             anchors.leftMargin: 10
             anchors.verticalCenter: parent.verticalCenter
-            width: 15
-            height: 15
+            growth: Theme.signScale
+            width: Math.round(15 * growth)
+            height: Math.round(15 * growth)
             thickness: 1.5
             color: Theme.value
         }
@@ -39,7 +40,7 @@ Item {
             id: input
             objectName: "search"
             anchors.left: parent.left
-            anchors.leftMargin: 32
+            anchors.leftMargin: 17 + Math.round(15 * Theme.signScale)
             anchors.right: clear.left
             anchors.top: parent.top
             anchors.bottom: parent.bottom
@@ -81,7 +82,7 @@ Item {
         objectName: "search:cancel"
         anchors.right: parent.right
         anchors.rightMargin: Theme.sideMargin(box.width)
-        y: 4
+        y: Math.round((box.height - height) / 2)
         activeFocusOnTab: false
         text: qsTr("Cancel")
         onPressed: box.cancelled()

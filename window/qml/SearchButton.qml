@@ -7,7 +7,7 @@ Item {
     signal pressed()
 
     objectName: "search:open"
-    implicitWidth: 44
+    implicitWidth: Math.round(44 * Math.max(1, Theme.barScale))
     Accessible.role: Accessible.Button
     Accessible.name: qsTr("Search")
     Accessible.focusable: true
@@ -19,6 +19,7 @@ Item {
     Magnifier {
         anchors.centerIn: parent
         color: Theme.tint
+        growth: Theme.barScale
     }
     FocusRing {}
     Hover { id: hover }

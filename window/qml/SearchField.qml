@@ -9,7 +9,8 @@ Item {
     signal closed()
     signal accepted()
 
-    implicitHeight: shown ? 52 : 0
+    implicitHeight: shown ? openHeight : 0
+    readonly property real openHeight: 16 + Math.max(36, Math.round(36 * Theme.textScale))
     visible: implicitHeight > 0
     clip: true
     Behavior on implicitHeight { enabled: !Theme.reducedMotion; NumberAnimation { duration: 180; easing.type: Easing.OutCubic } }

@@ -8,8 +8,9 @@ Item {
     property bool isHeader: false
     property bool isFirst: false
 
-    readonly property int above: isHeader ? (isFirst ? 20 : 24) : 7
-    readonly property int below: isHeader ? 7 : 0
+    readonly property int gap: Math.round(7 * Theme.signScale)
+    readonly property int above: isHeader ? (isFirst ? 20 : 24) : gap
+    readonly property int below: isHeader ? gap : 0
 
     implicitHeight: text === "" ? (isHeader ? (isFirst ? 20 : 28) : 0) : above + Math.ceil(words.implicitHeight) + below
 

@@ -30,7 +30,7 @@ Item {
     Accessible.role: leadsOn ? Accessible.Link : kind === "button" ? Accessible.Button
         : entry.choice ? Accessible.RadioButton : Accessible.StaticText
     Accessible.name: entry.label
-    Accessible.description: entry.value
+    Accessible.description: [entry.value, entry.place].filter((words) => words !== "").join(", ")
     Accessible.focusable: takesKeys
     Accessible.ignored: !selects
     Accessible.checkable: entry.choice
@@ -98,7 +98,10 @@ Item {
             active: row.leadsOn
             visible: active
             anchors.verticalCenter: parent.verticalCenter
-            sourceComponent: Chevron { color: Theme.chevron }
+            sourceComponent: Chevron {
+                color: Theme.chevron
+                growth: Theme.signScale
+            }
         }
         Loader {
             active: row.entry.marked
@@ -113,6 +116,7 @@ Item {
             sourceComponent: Toggle {
                 objectName: "switch:" + row.entry.label
                 label: row.entry.label
+                placeInList: Qt.point(row.entry.number, row.entry.count)
                 available: row.entry.enabled
                 on: row.entry.on
                 onAsked: (on) => row.page.setSwitch(row.entry.section, row.entry.row, on)

@@ -6,6 +6,8 @@ Item {
     id: slider
     property real position: 0
     property string label
+    /// Of its row in the list, for assistive technology.
+    property string place
     /// For assistive technology: the values of the two ends, and the present value as text.
     property real minimumValue: 0
     property real maximumValue: 1
@@ -15,11 +17,13 @@ Item {
 
     readonly property real shown: drag.active ? held : position
     property real held: 0
-    readonly property real track: width - 28
+    readonly property real knob: Math.round(28 * Theme.signScale)
+    readonly property real track: width - knob
 
-    implicitHeight: 31
+    implicitHeight: knob + 3
     Accessible.role: Accessible.Slider
     Accessible.name: label
+    Accessible.description: place
     Accessible.focusable: true
     Accessible.onIncreaseAction: step(0.1)
     Accessible.onDecreaseAction: step(-0.1)
@@ -30,13 +34,13 @@ Item {
         movedTo(Math.max(0, Math.min(1, position + by)));
     }
     function at(x) {
-        const along = Math.max(0, Math.min(1, (x - 14) / track));
+        const along = Math.max(0, Math.min(1, (x - knob / 2) / track));
         return LayoutMirroring.enabled ? 1 - along : along;
     }
 
     Rectangle {
         anchors.verticalCenter: parent.verticalCenter
-        x: 14
+        x: slider.knob / 2
         width: slider.track
         height: 4
         radius: 2
@@ -50,9 +54,9 @@ Item {
         }
     }
     Rectangle {
-        width: 28
-        height: 28
-        radius: 14
+        width: slider.knob
+        height: slider.knob
+        radius: width / 2
         anchors.verticalCenter: parent.verticalCenter
         x: slider.track * (slider.LayoutMirroring.enabled ? 1 - slider.shown : slider.shown)
         color: "white"

@@ -15,6 +15,7 @@ Item {
         id: slider
         objectName: "slider:" + sliderRow.entry.label
         label: sliderRow.entry.label !== "" ? sliderRow.entry.label : sliderRow.entry.key
+        place: sliderRow.entry.place
         minimumValue: sliderRow.entry.min
         maximumValue: sliderRow.entry.max
         position: (sliderRow.entry.position - sliderRow.entry.min) / (sliderRow.entry.max - sliderRow.entry.min)

@@ -39,8 +39,9 @@ Rectangle {
         Chevron {
             back: true
             anchors.centerIn: parent
-            width: 12
-            height: 20
+            growth: Theme.barScale
+            width: Math.round(12 * growth)
+            height: Math.round(20 * growth)
             thickness: 2.5
             color: back.enabled ? Theme.tint : Theme.placeholder
         }

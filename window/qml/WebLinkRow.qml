@@ -48,6 +48,7 @@ Item {
         anchors.rightMargin: Theme.inset
         anchors.verticalCenter: parent.verticalCenter
         color: Theme.chevron
+        growth: Theme.signScale
     }
     FocusRing {}
     TapHandler {

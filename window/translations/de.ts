@@ -152,6 +152,14 @@
         <source>Cancel</source>
         <translation>Abbrechen</translation>
     </message>
+    <message>
+        <source>Wrong passcode. The keypad is closed.</source>
+        <translation>Falscher Code. Die Eingabe ist geschlossen.</translation>
+    </message>
+    <message>
+        <source>Wrong passcode</source>
+        <translation>Falscher Code</translation>
+    </message>
 </context>
 <context>
     <name>Mail</name>
@@ -275,6 +283,13 @@
     <message>
         <source>OK</source>
         <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>PlaceInList</name>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
     </message>
 </context>
 <context>

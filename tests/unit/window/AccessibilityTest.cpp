@@ -47,17 +47,17 @@ Grouping:
     Button: Add
     List: Wardlock
       Heading: General
-      CheckBox: Enabled on
-      Button: Passcode
+      CheckBox: Enabled on (1 of 7)
+      Button: Passcode (2 of 7)
       StaticText: To set a passcode, simply tap on "Passcode" above. This will protect the settings app while a restricted account is enabled. Without a passcode, restricted users can easily access settings and disable all restrictions!
       Heading: Accounts
-      Link: Default
+      Link: Default (3 of 7)
       StaticText: Use the '+' button at the top right of the screen to create a new account.
       Heading: Contact
-      Button: @TavixCo
-      Button: support@tavix.example
-      Link: Change Log
-      Link: More From Tavix
+      Button: @TavixCo (4 of 7)
+      Button: support@tavix.example (5 of 7)
+      Link: Change Log (6 of 7)
+      Link: More From Tavix (7 of 7)
       StaticText: Wardlock is made by Tavix.
 )");
 }
@@ -71,22 +71,22 @@ Grouping:
     Heading: Default
     Button: Search
     List: Default
-      CheckBox: Enabled off
-      EditableText: Account Name
+      CheckBox: Enabled off (1 of 20)
+      EditableText: Account Name (2 of 20)
       Heading: Restricted Apps
-      Link: Apps
+      Link: Apps (3 of 20)
       Heading: Restrictions
-      CheckBox: Disable Lockscreen Passcode on
+      CheckBox: Disable Lockscreen Passcode on (4 of 20)
       StaticText: Will disable the lockscreen passcode during restricted use only. The settings application will remain locked with the passcode you set for wardlock
       Heading: Icons
-      CheckBox: Hide Icons off
-      CheckBox: Editing on
-      CheckBox: Dragging on
-      CheckBox: Uninstall on
+      CheckBox: Hide Icons off (5 of 20)
+      CheckBox: Editing on (6 of 20)
+      CheckBox: Dragging on (7 of 20)
+      CheckBox: Uninstall on (8 of 20)
       StaticText: "Hide Icons" will fully hide the icons for restricted applications, but will keep a blank spot to retain the grid map.
       Heading: System
-      CheckBox: Power Down off
-      CheckBox: Siri off
+      CheckBox: Power Down off (9 of 20)
+      CheckBox: Siri off (10 of 20)
 )");
 }
 
@@ -105,8 +105,8 @@ Grouping:
     Heading: Apps
     Button: Search
     List: Apps
-      CheckBox: FaceTime on
-      CheckBox: Berry off
+      CheckBox: FaceTime on (1 of 2)
+      CheckBox: Berry off (2 of 2)
 )");
 }
 
@@ -130,19 +130,20 @@ TEST_F(WindowAccessibility, DescribesTheKeypadAndNotThePageBeneathIt) {
     scene().item("keypad:status");
     scene().type("12");
     expectTree(R"(
-Dialog: Enter New Passcode focused
-  StaticText: 2 of 4 digits entered
-  Button: 1
-  Button: 2
-  Button: 3
-  Button: 4
-  Button: 5
-  Button: 6
-  Button: 7
-  Button: 8
-  Button: 9
-  Button: 0
-  Button: Delete
+Grouping: 
+  Dialog: Enter New Passcode focused
+    StaticText: 2 of 4 digits entered
+    Button: 1
+    Button: 2
+    Button: 3
+    Button: 4
+    Button: 5
+    Button: 6
+    Button: 7
+    Button: 8
+    Button: 9
+    Button: 0
+    Button: Delete
 )");
 }
 
@@ -161,7 +162,7 @@ TEST_F(WindowAccessibility, DescribesTheMailAndTheChangeLog) {
 TEST_F(WindowAccessibility, DescribesEveryKindOfRow) {
     openFixtureBundle();
     expectDescriptions({"CheckBox: On off", "Link: Flavour", "EditableText: Nickname", "EditableText: PIN",
-                        "CheckBox: Locked disabled off (Not available)", "Button: Starred",
+                        "CheckBox: Locked disabled off (Not available, 7 of 12)", "Button: Starred",
                         "StaticText: Version 1"});
 }
 

@@ -59,7 +59,9 @@ std::string states(const QAccessible::State& state) {
 }
 
 void describe(QAccessibleInterface* element, int depth, std::string& text) {
-    if (!element || element->state().invisible)
+    // What was said last can be found for a while only.
+    if (!element || element->state().invisible ||
+        (element->object() && element->object()->objectName() == QLatin1String("spoken")))
         return;
     const auto role = element->role();
     const std::string name = element->text(QAccessible::Name).toStdString();

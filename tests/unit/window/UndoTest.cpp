@@ -213,9 +213,9 @@ TEST_F(WindowUndo, ReachesTheOfferByTabAndTakesReturn) {
     EXPECT_EQ(accountNames(), Names{"Tom"});
 }
 
-TEST_F(WindowUndo, DescribesTheOfferAsAnAlertToAssistiveTechnology) {
+TEST_F(WindowUndo, DescribesTheOfferAsANotificationToAssistiveTechnology) {
     deleteAnn();
-    EXPECT_EQ(scene().accessible("offer")->role(), QAccessible::AlertMessage);
+    EXPECT_EQ(scene().accessible("offer")->role(), QAccessible::Notification);
     EXPECT_EQ(scene().accessible("offer")->text(QAccessible::Name), QStringLiteral("Ann was deleted"));
     EXPECT_EQ(scene().accessible("offer:ok")->text(QAccessible::Name), QStringLiteral("Undo"));
     EXPECT_EQ(scene().accessible("offer:ok")->role(), QAccessible::Button);
