@@ -27,15 +27,19 @@ std::string contents(const fs::path& path) {
 
 } // namespace
 
-std::vector<int> busDaemonsOf(const std::string& folder) {
+std::vector<int> processesNaming(const std::string& text) {
     std::vector<int> found;
     for (const auto& entry : fs::directory_iterator("/proc")) {
         const std::string name = entry.path().filename();
         if (name.find_first_not_of("0123456789") == std::string::npos &&
-            contents(entry.path() / "cmdline").find("=" + folder + "/bus.conf") != std::string::npos)
+            contents(entry.path() / "cmdline").find(text) != std::string::npos)
             found.push_back(std::stoi(name));
     }
     return found;
+}
+
+std::vector<int> busDaemonsOf(const std::string& folder) {
+    return processesNaming("=" + folder + "/bus.conf");
 }
 
 void endBusDaemon(int process) {

@@ -5,6 +5,9 @@
 
 namespace wardlock::test {
 
+/// The processes with the text in a word of their command line.
+std::vector<int> processesNaming(const std::string& text);
+
 /// The processes that serve the own bus of a folder. The product starts them to outlive their starter,
 /// so a test ends them itself.
 std::vector<int> busDaemonsOf(const std::string& folder);

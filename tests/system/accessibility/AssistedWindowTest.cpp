@@ -4,6 +4,7 @@
 #include "settings/DefaultSettings.h"
 #include "settings/Keys.h"
 #include "tests/support/BuildPaths.h"
+#include "tests/support/BusDaemons.h"
 #include "tests/support/BusFixture.h"
 #include "tests/support/TestTimeout.h"
 #include "tests/system/accessibility/ScreenReader.h"
@@ -41,6 +42,10 @@ protected:
         window_.reset();
         reader.reset();
         atspi_exit();
+        registry_.reset();
+        // The launcher has started it, and it outlives the launcher.
+        for (const int daemon : processesNaming("=unix:path=" + folder() / "run/at-spi/bus"))
+            endBusDaemon(daemon);
     }
 
     /// Opens the window, and in it the pages of these titles.
