@@ -101,8 +101,18 @@ class Side(Listener):
     def shows_account(self):
         return user.shows_account(self.picture)
 
+    def open_web(self):
+        """Visits a page of the web: for the first one, the process loads a library that it keeps."""
+        self.process.ask({"do": "tap", "row": "More From Tavix"}, {"do": "wait", "for": "load"})
+        self.look()
+        require("web" in self.picture["page"], f"{self.name} does not open a page of the web: {json.dumps(self.picture)}")
+        self.process.ask({"do": "back"})
+        self.look()
+
     def rest(self):
         """Takes note of what the process uses while nothing happens."""
+        if not self.rests:
+            self.open_web()
         self.rests.append(self.process.takes())
 
     def ended(self):
