@@ -30,7 +30,7 @@ QTextOption option(bool wraps) {
 
 } // namespace
 
-RowText::RowText(const QString& text, const Theme& theme, double width)
+RowText::RowText(const QString& text, const Theme& theme, double width, Qt::TextElideMode loses)
     : room_(width), lines_(theme.textScale() > 1 ? linesOfLargeText : 1),
       mirrored_(QGuiApplication::layoutDirection() == Qt::RightToLeft), layout_(text, fontOf(theme)) {
     layout_.setTextOption(option(lines_ > 1));
@@ -41,7 +41,7 @@ RowText::RowText(const QString& text, const Theme& theme, double width)
         const QFontMetricsF metrics(layout_.font());
         // Letters measured this way are a little narrower: "…" must not go into a line that is not shown.
         const double room = lines_ > 1 ? room_ - roomForDots : room_;
-        layout_.setText(text.left(start) + metrics.elidedText(text.mid(start), Qt::ElideRight, room));
+        layout_.setText(text.left(start) + metrics.elidedText(text.mid(start), loses, room));
         layOut();
     }
 }

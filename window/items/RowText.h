@@ -8,10 +8,11 @@ namespace wardlock::window {
 class Theme;
 
 /// The text of a row, laid out in the available width: one line of body text. Large letters take more lines
-/// rather than lose the end. Text that is still too long ends in "…".
+/// rather than lose the end. Text that is still too long loses its end for "…", or its beginning where the
+/// end makes the difference, as in identifiers.
 class RowText {
 public:
-    RowText(const QString& text, const Theme& theme, double width);
+    RowText(const QString& text, const Theme& theme, double width, Qt::TextElideMode loses = Qt::ElideRight);
 
     double width() const { return room_; }
     double height() const { return height_; }

@@ -50,7 +50,8 @@ void TableCell::showIcon() {
 
 RowText TableCell::laidOut() const {
     const double taken = entry_.hasSwitch ? toggle_->width() + theme_->inset + besideSwitch : theme_->inset;
-    return {entry_.title, *theme_, width() - taken - theme_->besideIcon()};
+    return {entry_.title, *theme_, width() - taken - theme_->besideIcon(),
+            entry_.nameless ? Qt::ElideLeft : Qt::ElideRight};
 }
 
 void TableCell::layOut() {

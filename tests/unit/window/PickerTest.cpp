@@ -47,6 +47,22 @@ TEST_F(WindowPicker, ListsTheRestrictedFirstThenTheOthersByName) {
     EXPECT_TRUE(scene().showsText("Apple Tree"));
 }
 
+TEST_F(WindowPicker, ShowsTheEndOfAnIdentifierThatIsTooLong) {
+    setAccounts({"Anna"});
+    setInAccount(
+        0, kAppsRestricted,
+        platform::Array{"com.example.a", "com.example.messages", "com.example.pictures", "com.example.z"});
+    openPicker();
+    const double height = scene().item("cell:com.example.a")->height();
+    host().appearance().chooseTextScale(2);
+    ASSERT_TRUE(until([&] { return scene().item("cell:com.example.a")->height() > height; }));
+    const auto pictureOf = [&](const char* cell) {
+        const auto* item = scene().item(cell);
+        return window().grabWindow().copy(item->mapRectToScene(item->boundingRect()).toRect());
+    };
+    EXPECT_NE(pictureOf("cell:com.example.messages"), pictureOf("cell:com.example.pictures"));
+}
+
 TEST_F(WindowPicker, SavesASwitchAtOnceAndMovesNoRow) {
     install();
     openPicker();
