@@ -53,7 +53,7 @@ std::optional<Parts> partsOf(std::string_view bytes) {
     parts.numbers = headerSize + shortAt(bytes, 2) + shortAt(bytes, 4);
     parts.numbers += parts.numbers % 2;
     parts.offsets = parts.numbers + width * shortAt(bytes, 6);
-    parts.strings = parts.offsets + 2 * shortAt(bytes, 8);
+    parts.strings = parts.offsets + std::size_t{2} * shortAt(bytes, 8);
     parts.end = parts.strings + shortAt(bytes, 10);
     if (parts.end > bytes.size())
         return std::nullopt;

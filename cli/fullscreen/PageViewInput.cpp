@@ -9,7 +9,6 @@
 
 namespace wardlock::cli {
 
-using shell::Row;
 using shell::RowKind;
 
 namespace {

@@ -64,7 +64,9 @@ bool readListener(sd_bus_message* message, std::string& name, bool& listens) {
     name = connection;
     while (sd_bus_message_read_basic(message, 's', &rule) > 0)
         listens = listens || isForNotifications(rule);
-    return sd_bus_message_exit_container(message) >= 0 && sd_bus_message_exit_container(message) >= 0;
+    // The list of rules, then the entry.
+    const bool listEnded = sd_bus_message_exit_container(message) >= 0;
+    return listEnded && sd_bus_message_exit_container(message) >= 0;
 }
 
 std::vector<std::string> listeningConnections(sd_bus_message* message) {

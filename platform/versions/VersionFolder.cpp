@@ -49,6 +49,7 @@ std::int64_t confirmedNow(const std::vector<std::string>& names, std::int64_t no
 /// So no version gets an earlier time than it has, as long as one version before it has a right one.
 std::vector<std::int64_t> likelyTimes(const std::vector<std::string>& names, std::int64_t now) {
     std::vector<std::int64_t> times;
+    times.reserve(names.size());
     for (const std::string& name : names)
         times.push_back(timeOf(name));
     std::int64_t next = now;

@@ -182,7 +182,7 @@ UndoResult redo(Whose whose, LaterChanges later, std::string_view identifier) {
 }
 
 UndoResult restoreVersion(const Version& version, std::string_view identifier) {
-    const auto document = History(identifier).document(version);
+    auto document = History(identifier).document(version);
     if (!document)
         return {};
     return change(identifier, {.action = VersionAction::Restore, .of = version.number},
