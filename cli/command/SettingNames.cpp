@@ -30,6 +30,7 @@ NamedSetting settingNamed(std::string_view name, SettingScope scope) {
                            std::string(name) + " is a setting of all accounts; leave out --account");
     const std::vector<NamedSetting> settings = settingsIn(scope);
     std::vector<Named> things;
+    things.reserve(settings.size());
     for (const NamedSetting& setting : settings)
         things.push_back({{setting.key, setting.label},
                           setting.key + (setting.ofAccount ? " (of an account)" : " (of all accounts)")});

@@ -57,7 +57,7 @@ std::string whyNotAnAccount(const Value& account) {
     if (!account.is(Kind::Dictionary))
         return "is not a dictionary";
     const Accounts defaults = Accounts::defaults();
-    if (const auto why = whyOtherKinds(account.dictionary(), *defaults.record(0)); !why.empty())
+    if (auto why = whyOtherKinds(account.dictionary(), *defaults.record(0)); !why.empty())
         return why;
     const platform::Array* apps = platform::arrayValue(account.dictionary().find(kAppsRestricted));
     for (const Value& app : apps ? *apps : platform::Array())
@@ -77,7 +77,7 @@ std::string whyNotADocument(const Value& value) {
     if (!value.is(Kind::Dictionary))
         return "its top-level value is not a dictionary";
     const Dictionary& document = value.dictionary();
-    if (const auto why = whyOtherKinds(document, DefaultSettings()); !why.empty())
+    if (auto why = whyOtherKinds(document, DefaultSettings()); !why.empty())
         return why;
     if (!isPasscode(platform::stringValue(document.find(kPasscode)).value_or("")))
         return "kPasscode does not have four digits";

@@ -88,7 +88,7 @@ bool isInSegments(const FontData& table, std::size_t at, char32_t character) {
         if (character < first)
             return false;
         return offset == 0 ? ((character + added) & 0xffff) != 0
-                           : table.number16(place + offset + 2 * (character - first)) != 0;
+                           : table.number16(place + offset + std::size_t{2} * (character - first)) != 0;
     }
     return false;
 }

@@ -116,9 +116,7 @@ bool PageView::handleCommand(const Key& key) {
         message_ = undoText(settings_.history().undo(), "Your last change was taken back.");
     else if (key.isControl('r'))
         message_ = undoText(settings_.history().redo(), "The change was made again.");
-    else if (key.is('q') || key.is('?'))
-        return false;
-    else if (key.isText())
+    else if (key.isText() && !key.is('q') && !key.is('?'))
         beginFinding(key.text);
     else
         return false;
