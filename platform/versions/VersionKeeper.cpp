@@ -77,7 +77,7 @@ void VersionKeeper::willReplace(const Replacement& replacement) {
     if (replacement.old)
         addOld(folder, *replacement.old);
     folder_.emplace(folder);
-    // Equal bytes over a document are no change. Over damage, or where the document was missing, they are.
+    // Equal bytes over a document change nothing. Over damage, or where the document was missing, they do.
     if (old_ == content_ && youngest_ && youngest_->digest == content_)
         return;
     if (add(folder, replacement.temporary, ownVersionOrigin(versions_), content_))

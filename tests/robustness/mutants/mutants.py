@@ -171,7 +171,7 @@ ALL = [
     Mutant("withdrawn-name-again", "the second attempt has the name of the first", ("tests.versions/KeptVersions",), [
         (KEEPER, "        ++version.time;\n", "        version.time += 0;\n"),
     ]),
-    Mutant("restoring-not-kept", "restoring damaged settings is no version", ("tests.versions/KeptVersions",), [
+    Mutant("restoring-not-kept", "restoring damaged settings adds no version", ("tests.versions/KeptVersions",), [
         (KEEPER, "if (old_ == content_ && youngest_", "if (youngest_"),
     ]),
     Mutant("two-enabled-by-undo", "taking back enables a second account", ("tests.history/OneEnabledAccount",), [

@@ -19,6 +19,14 @@ protected:
         ASSERT_TRUE(taken.document) << taken.conflicts.at(0);
         EXPECT_EQ(*taken.document, expected);
     }
+    /// Expects that the change can be taken back, and a later one of another key stays.
+    static void expectTakenBesideAnotherChange(const Dictionary& before, const Dictionary& after) {
+        MutableDictionary now(after);
+        now.set("kOther", 1);
+        MutableDictionary expected(before);
+        expected.set("kOther", 1);
+        expectTaken(takeBack(before, after, {}, now.copy(), LaterChanges::Keep), expected.copy());
+    }
 };
 
 TEST_F(OneEnabledAccount, IsReplacedByNoneThatIsEnabledAgain) {
@@ -49,31 +57,19 @@ TEST_F(OneEnabledAccount, MayBeALaterAddition) {
 TEST_F(OneEnabledAccount, IsDisabledWhereItWasEnabledByTheChangeItself) {
     const Dictionary before = documentOf({enabled("Ann"), account("Tom")});
     const Dictionary after = documentOf({account("Ann"), enabled("Tom")});
-    MutableDictionary now(after);
-    now.set("kOther", 1);
-    MutableDictionary expected(before);
-    expected.set("kOther", 1);
-    expectTaken(takeBack(before, after, {}, now.copy(), LaterChanges::Keep), expected.copy());
+    expectTakenBesideAnotherChange(before, after);
 }
 
 TEST_F(OneEnabledAccount, IsRemovedWithItsAddition) {
     const Dictionary before = documentOf({enabled("Ann"), account("Tom")});
     const Dictionary after = documentOf({enabled("Eve"), account("Ann"), account("Tom")});
-    MutableDictionary now(after);
-    now.set("kOther", 1);
-    MutableDictionary expected(before);
-    expected.set("kOther", 1);
-    expectTaken(takeBack(before, after, {}, now.copy(), LaterChanges::Keep), expected.copy());
+    expectTakenBesideAnotherChange(before, after);
 }
 
 TEST_F(OneEnabledAccount, IsNotAskedForWhereTwoWereEnabledAtOnce) {
     const Dictionary before = documentOf({enabled("Ann"), enabled("Tom")});
     const Dictionary after = documentOf({account("Ann"), enabled("Tom")});
-    MutableDictionary now(after);
-    now.set("kOther", 1);
-    MutableDictionary expected(before);
-    expected.set("kOther", 1);
-    expectTaken(takeBack(before, after, {}, now.copy(), LaterChanges::Keep), expected.copy());
+    expectTakenBesideAnotherChange(before, after);
 }
 
 TEST_F(OneEnabledAccount, StaysWhereTheChangeEnablesNone) {

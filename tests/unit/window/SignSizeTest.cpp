@@ -53,6 +53,14 @@ protected:
             bottom = place.bottom();
         }
     }
+    void openPickerAtScale() {
+        openAtScale();
+        scene().reveal("row:Default");
+        scene().tap("row:Default");
+        scene().reveal("row:Apps");
+        scene().tap("row:Apps");
+        scene().item("page:Apps");
+    }
 };
 
 TEST_P(WindowSigns, GrowInTheRowsOfAPage) {
@@ -64,12 +72,7 @@ TEST_P(WindowSigns, GrowInTheRowsOfAPage) {
 }
 
 TEST_P(WindowSigns, GrowInTheRowsOfThePicker) {
-    openAtScale();
-    scene().reveal("row:Default");
-    scene().tap("row:Default");
-    scene().reveal("row:Apps");
-    scene().tap("row:Apps");
-    scene().item("page:Apps");
+    openPickerAtScale();
     expectGrown("switch:com.apple.facetime", {51, 31});
     const auto* toggle = scene().item("switch:com.apple.facetime");
     expectBeside(toggle, toggle->parentItem());
@@ -80,12 +83,7 @@ TEST_P(WindowSigns, GrowInTheRowsOfThePicker) {
 }
 
 TEST_P(WindowSigns, FollowAChangeOfTheTextWhileTheyAreShown) {
-    openAtScale();
-    scene().reveal("row:Default");
-    scene().tap("row:Default");
-    scene().reveal("row:Apps");
-    scene().tap("row:Apps");
-    scene().item("page:Apps");
+    openPickerAtScale();
     host().appearance().forceTextScale(1);
     const auto* toggle = scene().item("switch:org.berry");
     EXPECT_EQ(toggle->size(), QSizeF(51, 31));
