@@ -135,6 +135,10 @@ QPointF Scene::middleOf(const QString& name) const {
 }
 
 QPoint Scene::point(const QString& name) const {
+    // A sheet rises from below the window.
+    const QRect inside({}, window_.size());
+    EXPECT_TRUE(until([&] { return inside.contains(middleOf(name).toPoint()); }))
+        << '"' << name.toStdString() << "\" is outside the window";
     return middleOf(name).toPoint();
 }
 

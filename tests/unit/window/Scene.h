@@ -57,6 +57,7 @@ public:
     std::string accessibilityTree() const;
 
 private:
+    /// The middle of the item, once it lies in the window.
     QPoint point(const QString& name) const;
 
     QQuickWindow& window_;
