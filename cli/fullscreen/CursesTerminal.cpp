@@ -5,11 +5,9 @@
 #include "cli/fullscreen/DirectColours.h"
 
 #include <array>
-#include <clocale>
 #include <csignal>
 #include <cstdio>
 #include <poll.h>
-#include <string>
 #include <string_view>
 #include <sys/ioctl.h>
 #include <termios.h>
@@ -27,8 +25,6 @@ SCREEN* taken = nullptr;
 volatile std::sig_atomic_t shown = 0;
 /// Whether replies of the terminal may still come.
 volatile std::sig_atomic_t replying = 0;
-/// The locale of characters before the terminal was taken.
-std::string localeBefore;
 
 /// The library installs handlers for signals. They would never run: the loop takes these signals.
 class KeptHandlers {
@@ -52,7 +48,7 @@ private:
 /// Returns a string of the terminal's description; null where it has none of that name.
 const char* capability(const char* name) {
     const char* text = tigetstr(name);
-    // The library reports a name of another kind as -1.
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): how the library reports a name of another kind
     return text == reinterpret_cast<const char*>(-1) ? nullptr : text;
 }
 
@@ -79,9 +75,7 @@ void changeModes() {
 } // namespace
 
 std::unique_ptr<CursesTerminal> CursesTerminal::open(const TerminalTraits& traits) {
-    // The library writes characters in the encoding of the locale; numbers stay as they are.
-    localeBefore = std::setlocale(LC_CTYPE, nullptr);
-    std::setlocale(LC_CTYPE, traits.utf8 ? "C.UTF-8" : "C");
+    std::unique_ptr<CursesTerminal> terminal(new CursesTerminal(traits.utf8));
     const KeptHandlers handlers;
     use_env(false);
     TerminalTraits found = traits;
@@ -92,11 +86,8 @@ std::unique_ptr<CursesTerminal> CursesTerminal::open(const TerminalTraits& trait
     } else {
         taken = newterm(nullptr, stdout, stdin);
     }
-    if (!taken) {
-        std::setlocale(LC_CTYPE, localeBefore.c_str());
+    if (!taken)
         return nullptr;
-    }
-    std::unique_ptr<CursesTerminal> terminal(new CursesTerminal);
     terminal->enter();
     terminal->coloured_ = setLooks(found);
     return terminal;
@@ -104,9 +95,9 @@ std::unique_ptr<CursesTerminal> CursesTerminal::open(const TerminalTraits& trait
 
 CursesTerminal::~CursesTerminal() {
     restore();
-    delscreen(taken);
+    if (taken)
+        delscreen(taken);
     taken = nullptr;
-    std::setlocale(LC_CTYPE, localeBefore.c_str());
 }
 
 void CursesTerminal::enter() {

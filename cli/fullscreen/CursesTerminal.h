@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cli/fullscreen/CharacterLocale.h"
 #include "cli/fullscreen/TerminalTraits.h"
 
 #include <memory>
@@ -37,9 +38,10 @@ public:
     bool isLost() const;
 
 private:
-    CursesTerminal() = default;
+    explicit CursesTerminal(bool utf8) : characters_(utf8) {}
     void enter();
 
+    CharacterLocale characters_;
     /// Whether there are colours.
     bool coloured_ = false;
 };

@@ -164,15 +164,16 @@ DirectColours::DirectColours() {
     if (const char* value = std::getenv("TERMINFO"))
         before_ = value;
     const auto description = withDirectColours(descriptionOf(variable("TERM")));
-    // The library takes a description as the value itself.
+    // The library takes a description as the value itself. No other thread reads the environment: the
+    // terminal is opened before the first page. NOLINTNEXTLINE(concurrency-mt-unsafe)
     found_ = description && setenv("TERMINFO", ("hex:" + hexadecimal(*description)).c_str(), 1) == 0;
 }
 
 DirectColours::~DirectColours() {
     if (before_)
-        setenv("TERMINFO", before_->c_str(), 1);
+        setenv("TERMINFO", before_->c_str(), 1); // NOLINT(concurrency-mt-unsafe)
     else
-        unsetenv("TERMINFO");
+        unsetenv("TERMINFO"); // NOLINT(concurrency-mt-unsafe)
 }
 
 } // namespace wardlock::cli

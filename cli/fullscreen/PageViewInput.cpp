@@ -28,9 +28,10 @@ bool PageView::handleMove(const Key& key) {
     ListCursor& cursor = state_.cursor;
     const PageLines& lines = state_.lines;
     const bool letters = !find_ && !editor_;
-    if (key.kind == KeyKind::Up || (letters && key.is('k')))
+    const bool rows = lines.hasRows();
+    if (key.kind == KeyKind::Up || (letters && key.is('k')) || (rows && key.kind == KeyKind::BackTab))
         cursor.up(lines);
-    else if (key.kind == KeyKind::Down || (letters && key.is('j')))
+    else if (key.kind == KeyKind::Down || (letters && key.is('j')) || (rows && key.kind == KeyKind::Tab))
         cursor.down(lines);
     else if (key.kind == KeyKind::PageUp)
         cursor.pageUp(lines);
@@ -40,10 +41,6 @@ bool PageView::handleMove(const Key& key) {
         cursor.home(lines);
     else if (key.kind == KeyKind::End || (letters && key.is('G')))
         cursor.end(lines);
-    else if (lines.hasRows() && key.kind == KeyKind::Tab)
-        cursor.down(lines);
-    else if (lines.hasRows() && key.kind == KeyKind::BackTab)
-        cursor.up(lines);
     else
         return false;
     return true;
