@@ -20,12 +20,12 @@ install(FILES "${CMAKE_BINARY_DIR}/WardlockConfig.cmake" "${CMAKE_BINARY_DIR}/Wa
   DESTINATION "${package_folder}" COMPONENT libwardlock-dev)
 
 install(DIRECTORY examples DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/libwardlock-dev" COMPONENT libwardlock-dev
-  USE_SOURCE_PERMISSIONS)
+  USE_SOURCE_PERMISSIONS PATTERN build EXCLUDE)
 wardlock_install_pages(libwardlock-dev FOLDERS examples
   PAGES index.md embedding.md notification.md document-format.md dependencies.md performance.md)
 install(DIRECTORY docs/images DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/wardlock" COMPONENT wardlock)
 wardlock_install_pages(wardlock FOLDERS images
-  PAGES index.md user-guide.md recovery.md automation.md document-format.md security.md)
+  PAGES index.md user-guide.md administration.md recovery.md automation.md document-format.md security.md)
 
 file(RELATIVE_PATH include_from_lib "/${CMAKE_INSTALL_LIBDIR}" "/${CMAKE_INSTALL_INCLUDEDIR}")
 configure_file(cmake/wardlock-settings.pc.in "${CMAKE_BINARY_DIR}/wardlock-settings.pc" @ONLY)

@@ -1,5 +1,7 @@
 #include "window/Options.h"
 
+#include "window/items/TextScale.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -8,12 +10,13 @@ namespace wardlock::window {
 
 namespace {
 
-std::optional<double> number(const std::string& text) {
-    double value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc() || end != text.data() + text.size())
+/// Returns the scale that the text gives; none if it is not a number or out of range.
+std::optional<double> textScaleOf(const std::string& text) {
+    double scale = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), scale);
+    if (error != std::errc() || end != text.data() + text.size() || !isTextScale(scale))
         return std::nullopt;
-    return value;
+    return scale;
 }
 
 constexpr OptionText darkText{"--dark", "", "use the dark appearance instead of the system's"};
@@ -43,6 +46,12 @@ bool takesValue(const std::string& name) {
     return found != allTexts.end() && !found->value.empty();
 }
 
+void takeTextScale(Options& options, const std::string& text) {
+    options.textScale = textScaleOf(text);
+    if (!options.textScale)
+        options.error = "option '--text-scale' needs a number from 0.8 to 2.5";
+}
+
 } // namespace
 
 Options Options::parse(const std::vector<std::string>& arguments) {
@@ -70,8 +79,8 @@ Options Options::parse(const std::vector<std::string>& arguments) {
             options.deviceRoot = arguments[++i];
         else if (name == screenshotsText.name)
             options.screenshots = arguments[++i];
-        else if (name == textScaleText.name && !(options.textScale = number(arguments[++i])))
-            options.error = "option '--text-scale' needs a number, for example 1.5";
+        else if (name == textScaleText.name)
+            takeTextScale(options, arguments[++i]);
         else if (!hasValue)
             options.error =
                 (name.starts_with('-') ? "unknown option '" : "unexpected argument '") + name + '\'';

@@ -9,7 +9,7 @@ import subprocess
 import sys
 import unittest
 
-# Folders at the top that do not belong to the repository.
+# Folders that do not belong to the repository.
 NOT_OURS = {".git", "build"}
 # What a script may take that misunderstands its arguments and begins its work.
 LONGEST = 120
@@ -21,7 +21,7 @@ WRONG = {
     "fuzz/make-plans": [["value"]],
     "packaging/build": [["wardlock"]],
     "packaging/try": [["--keep"], ["folder"]],
-    "run": [["--device-root"], ["--terminal", "--dark"], ["--plain", "--light"], ["folder"]],
+    "run": [["--device-root"], ["--screenshots", "--dark"], ["--terminal", "--dark"], ["--plain", "--light"], ["folder"]],
     "test": [["--preset"], ["--preset", "nonsense"], ["--preset", "package"], ["--preset", "--help"],
              ["--sanitize", "--coverage"], ["--coverage", "--preset", "dev"], ["--sanitize", "--sanitize"],
              ["one", "another"], ["-x"]],
@@ -35,6 +35,7 @@ WRONG = {
     "tools/benchmark": [["--only", "nonsense"], ["--rounds", "0"], ["--seconds", "soon"], ["--seconds", "nan"],
                         ["--events", "-1"]],
     "tools/check-memory": [["--jobs", "0"], ["nonsense"]],
+    "tools/configure": [[], ["--fresh"]],
     "tools/coverage": [["settings"]],
     "tools/draw-icons": [["folder"]],
     "tools/draw-pictures": [["one", "another"]],
@@ -59,8 +60,7 @@ def scripts():
     """All that can be started of the repository's own files, by path below its folder."""
     found = []
     for folder, below, names in os.walk(TOP):
-        if folder == TOP:
-            below[:] = [name for name in below if name not in NOT_OURS]
+        below[:] = [name for name in below if name not in NOT_OURS]
         for name in names:
             path = os.path.join(folder, name)
             if not os.path.islink(path) and os.access(path, os.X_OK):
@@ -98,6 +98,12 @@ class Scripts(unittest.TestCase):
                     self.assertEqual((code, text), (2, ""))
                     self.assertNotEqual(errors, "")
                     self.assertNotIn("Traceback", errors)
+
+    def test_unknown_rooms_are_refused_with_the_names_of_the_known_ones(self):
+        errors = self.run_with("tools/check-memory", "nonsense")[2]
+        rooms = errors.strip().rpartition(" the rooms are ")[2].split(", ")
+        self.assertLessEqual({"settings", "values", "plist"}, set(rooms))
+        self.assertNotIn("rules", rooms)
 
     def test_scripts_with_their_own_arguments_exist(self):
         self.assertEqual((WRONG.keys() | OPTIONS.keys()) - set(scripts()), set())

@@ -1,5 +1,7 @@
 #include "window/items/Appearance.h"
 
+#include "window/items/TextScale.h"
+
 #include <QEvent>
 #include <QGuiApplication>
 #include <QPalette>
@@ -13,9 +15,7 @@ namespace wardlock::window {
 namespace {
 
 constexpr double usualDotsPerInch = 96;
-constexpr double smallestScale = 0.8;
-constexpr double largestScale = 2.5;
-constexpr std::array scalesToChoose{smallestScale, 0.9, 1.0, 1.1, 1.25, 1.5, 1.75, 2.0, largestScale};
+constexpr std::array scalesToChoose{smallestTextScale, 0.9, 1.0, 1.1, 1.25, 1.5, 1.75, 2.0, largestTextScale};
 /// A scale computed from dots per inch is seldom one of those above to the last bit.
 constexpr double sameScale = 0.01;
 /// A desktop that takes longer is followed when it replies; the window does not wait for it.
@@ -41,8 +41,8 @@ double Appearance::textScale() const {
     const double ofScreen = screen ? screen->logicalDotsPerInch() / usualDotsPerInch : 1;
     for (const auto& scale : {chosenTextScale_, textScale_, desktopAppearance().textScale})
         if (scale)
-            return std::clamp(*scale, smallestScale, largestScale);
-    return std::clamp(ofScreen, smallestScale, largestScale);
+            return std::clamp(*scale, smallestTextScale, largestTextScale);
+    return std::clamp(ofScreen, smallestTextScale, largestTextScale);
 }
 
 void Appearance::force(std::optional<bool> dark) {

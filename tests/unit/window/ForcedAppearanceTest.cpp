@@ -19,6 +19,16 @@ TEST_F(WindowForcedAppearance, IsAskedForByOptions) {
     EXPECT_TRUE(both.reducedMotion);
 }
 
+TEST_F(WindowForcedAppearance, TakesAScaleOfTextsWithinItsLimits) {
+    for (const char* scale : {"0.8", "1", "1.5", "2.5"}) {
+        const auto options = window::Options::parse({"--text-scale", scale});
+        EXPECT_EQ(options.error, "");
+        EXPECT_EQ(options.textScale, std::stod(scale));
+    }
+    for (const char* scale : {"nan", "inf", "0.7", "2.6", "-1", "1.5x", "big", ""})
+        EXPECT_NE(window::Options::parse({"--text-scale", scale}).error, "") << scale;
+}
+
 TEST_F(WindowForcedAppearance, StrengthensTheColours) {
     open();
     const auto* theme = window::Theme::of(*scene().item("row:Wardlock"));

@@ -24,7 +24,8 @@ protected:
         fs::create_directories(place_ / "tools");
         fs::create_directories(place_ / "commands");
         fs::copy_file(sourceFolder() + "/run", place_ / "run");
-        fs::copy_file(sourceFolder() + "/tools/progress", place_ / "tools/progress");
+        for (const char* tool : {"tools/configure", "tools/progress"})
+            fs::copy_file(sourceFolder() + '/' + tool, place_ / tool);
         fs::create_symlink(programFolder(), place_ / "build/release/bin");
         writeCommandThatDoesNothing(place_ / "tools/install-packages");
         writeCommandThatDoesNothing(place_ / "commands/cmake");
