@@ -43,6 +43,8 @@ WindowHost::WindowHost(platform::AnimationClock& clock, double transitionSeconds
     qmlRegisterType<Toggle>("Wardlock.Native", 1, 0, "Toggle");
     qmlRegisterType<TextParts>("Wardlock.Native", 1, 0, "TextParts");
     Theme::install();
+    // Each text of Qt Quick compares its font with the application's, and loads both for that.
+    QGuiApplication::setFont(Theme::usualFont());
     installAccessibility();
     engine_.rootContext()->setContextProperty(QStringLiteral("settings"), &settings_);
     engine_.rootContext()->setContextProperty(QStringLiteral("appearance"), &appearance_);

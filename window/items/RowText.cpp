@@ -15,7 +15,7 @@ constexpr int linesOfLargeText = 3;
 constexpr double roomForDots = 3;
 
 QFont fontOf(const Theme& theme) {
-    QFont font(theme.family());
+    QFont font = Theme::usualFont();
     font.setPixelSize(theme.body());
     return font;
 }

@@ -47,6 +47,12 @@ void Theme::install() {
     typeNumber();
 }
 
+QFont Theme::usualFont() {
+    QFont font(family());
+    font.setPixelSize(usualBody);
+    return font;
+}
+
 Theme* Theme::of(const QQuickItem& item) {
     for (const auto* made = &item; made; made = made->parentItem())
         if (auto* engine = qmlEngine(made))

@@ -3,6 +3,7 @@
 #include "window/items/Appearance.h"
 
 #include <QColor>
+#include <QFont>
 #include <QObject>
 #include <QString>
 
@@ -59,6 +60,8 @@ public:
 
     /// Registers the type in QML's module Wardlock.Native. Repeated calls in a process do no harm.
     static void install();
+    /// Returns the font of texts at the usual scale.
+    static QFont usualFont();
     /// Returns the theme of the item's window, through the nearest ancestor that QML created; null for none.
     static Theme* of(const QQuickItem& item);
 
@@ -71,11 +74,11 @@ public:
     double signScale() const;
     double windowWidth() const { return windowWidth_; }
     void setWindowWidth(double width);
-    QString family() const { return QStringLiteral("Inter"); }
-    int body() const { return scaled(17); }
+    static QString family() { return QStringLiteral("Inter"); }
+    int body() const { return scaled(usualBody); }
     /// A bar has three texts beside each other, so they grow less.
     double barScale() const;
-    int barText() const { return qRound(17 * barScale()); }
+    int barText() const { return qRound(usualBody * barScale()); }
     int smallText() const { return scaled(13); }
 
     QColor ground() const { return isDark() ? 0x000000 : 0xf2f2f7; }
@@ -121,6 +124,8 @@ signals:
     void changed();
 
 private:
+    static constexpr int usualBody = 17;
+
     int scaled(int points) const { return qRound(points * textScale()); }
 
     QColor shade(QRgb day, QRgb night, QRgb strongDay, QRgb strongNight) const {
