@@ -17,10 +17,14 @@ Window {
 
     // When what covered the pages disappears, they take the keyboard focus back where it was.
     readonly property bool covered: settings.alert !== null || settings.composer !== null || settings.keypad !== null
-                                    || guide.active
+                                    || guide.needed
     onCoveredChanged: if (!covered) pages.forceActiveFocus()
 
-    readonly property alias textMenu: textMenu
+    /// Returns the menu of the text fields, which is created at its first use.
+    function textMenu() {
+        textMenuLoader.active = true;
+        return textMenuLoader.item;
+    }
 
     /// Has a screen reader say the words, wherever the user is.
     function announce(words) {
@@ -51,7 +55,7 @@ Window {
                 id: pages
                 anchors.fill: parent
                 focus: true
-                covered: settings.alert !== null || settings.composer !== null || guide.active
+                covered: settings.alert !== null || settings.composer !== null || guide.needed
                 Accessible.role: Accessible.Grouping
                 Keys.onEscapePressed: stack.goBack()
                 Keys.onBackPressed: stack.goBack()
@@ -62,30 +66,32 @@ Window {
                     onPageShown: (title) => window.announce(title)
                 }
             }
-            Loader {
+            OnDemand {
                 id: composer
                 anchors.fill: parent
-                active: settings.composer !== null
-                focus: active
-                sourceComponent: ComposerSheet {
-                    composer: settings.composer
-                    covered: settings.alert !== null
-                }
+                needed: settings.composer !== null
+                focus: needed
+                file: "ComposerSheet.qml"
+                properties: ({
+                    composer: Qt.binding(() => settings.composer),
+                    covered: Qt.binding(() => settings.alert !== null)
+                })
             }
-            Loader {
+            OnDemand {
                 anchors.fill: parent
-                active: settings.alert !== null
-                focus: active
-                sourceComponent: AlertSheet { alert: settings.alert }
+                needed: settings.alert !== null
+                focus: needed
+                file: "AlertSheet.qml"
+                properties: ({ alert: Qt.binding(() => settings.alert) })
             }
-            Loader {
+            OnDemand {
                 id: guide
                 anchors.fill: parent
-                active: false
-                focus: active
-                sourceComponent: GuideSheet { onClosed: guide.active = false }
+                focus: needed
+                file: "GuideSheet.qml"
+                onLoaded: item.closed.connect(() => guide.needed = false)
             }
-            Keys.onMenuPressed: textMenu.openAtCursor(window.activeFocusItem)
+            Keys.onMenuPressed: window.textMenu().openAtCursor(window.activeFocusItem)
             Notices {
                 id: notices
                 width: Math.min(parent.width - 2 * Theme.margin, 520)
@@ -98,30 +104,31 @@ Window {
                 }
             }
         }
-        Loader {
+        OnDemand {
             anchors.fill: parent
-            active: settings.keypad !== null
-            focus: active
-            sourceComponent: KeypadSheet {
-                keypad: settings.keypad
-                backdrop: root
-                onRefused: (words) => window.announce(words)
-            }
+            needed: settings.keypad !== null
+            focus: needed
+            file: "KeypadSheet.qml"
+            properties: ({ keypad: Qt.binding(() => settings.keypad), backdrop: root })
+            onLoaded: item.refused.connect(window.announce)
         }
-        TextMenu {
-            id: textMenu
+        Loader {
+            id: textMenuLoader
+            anchors.fill: parent
+            active: false
+            source: "TextMenu.qml"
             LayoutMirroring.enabled: root.LayoutMirroring.enabled
             LayoutMirroring.childrenInherit: true
         }
         Loader {
             id: announcement
             active: false
-            sourceComponent: SpokenText {}
+            source: "SpokenText.qml"
         }
     }
     DesktopKeys {
         covered: window.covered
-        onGuideAsked: guide.active = true
+        onGuideAsked: guide.needed = true
         onCloseAsked: window.close()
     }
     Shortcut {

@@ -34,9 +34,10 @@ Item {
         id: content
         anchors.fill: parent
         active: false
-        sourceComponent: SearchBox {
-            onCancelled: search.end()
-            onAccepted: search.accepted()
+        source: "SearchBox.qml"
+        onLoaded: {
+            item.cancelled.connect(search.end);
+            item.accepted.connect(search.accepted);
         }
     }
 }

@@ -107,7 +107,7 @@ Item {
             active: row.entry.marked
             visible: active
             anchors.verticalCenter: parent.verticalCenter
-            sourceComponent: CheckMark {}
+            source: "CheckMark.qml"
         }
         Loader {
             id: toggle

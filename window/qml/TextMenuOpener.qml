@@ -10,10 +10,10 @@ Item {
     TapHandler {
         acceptedButtons: Qt.RightButton
         gesturePolicy: TapHandler.ReleaseWithinBounds
-        onTapped: (point) => opener.Window.window.textMenu.open(opener.field, point.position)
+        onTapped: (point) => opener.Window.window.textMenu().open(opener.field, point.position)
     }
     TapHandler {
         acceptedDevices: PointerDevice.TouchScreen
-        onLongPressed: opener.Window.window.textMenu.open(opener.field, point.position)
+        onLongPressed: opener.Window.window.textMenu().open(opener.field, point.position)
     }
 }

@@ -36,6 +36,17 @@
     </message>
 </context>
 <context>
+    <name>BackButton</name>
+    <message>
+        <source>Back to %1</source>
+        <translation>Zurück zu %1</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+</context>
+<context>
     <name>Bundles</name>
     <message>
         <source>There are no settings bundles on this device.</source>
@@ -189,17 +200,6 @@
     </message>
 </context>
 <context>
-    <name>NavigationBar</name>
-    <message>
-        <source>Back to %1</source>
-        <translation>Zurück zu %1</translation>
-    </message>
-    <message>
-        <source>Back</source>
-        <translation>Zurück</translation>
-    </message>
-</context>
-<context>
     <name>Notice</name>
     <message>
         <source>Another program moved the account in the list of accounts.</source>
@@ -259,7 +259,7 @@
     </message>
 </context>
 <context>
-    <name>NoticeBar</name>
+    <name>NoticeContent</name>
     <message>
         <source>LTR</source>
         <extracomment>&quot;LTR&quot;, or &quot;RTL&quot; for a language that is read from right to left.</extracomment>
