@@ -1,6 +1,7 @@
 // A plain Qt Quick window without Wardlock: the comparison for the window.
 //
 //   bench-bare-window            an empty window, until it is ended
+//   bench-bare-window text       a window with one text, until it is ended
 //   bench-bare-window list       10,000 texts, from the making of the list until it is painted
 //   bench-bare-window scroll     frames of that list while it scrolls
 
@@ -50,26 +51,28 @@ int main(int count, char** words) {
     const std::string_view verb = count > 1 ? words[1] : "";
     QStringListModel names;
     QQmlApplicationEngine engine;
-    if (!verb.empty()) {
+    const bool showsList = verb == "list" || verb == "scroll";
+    if (!showsList && !verb.empty() && verb != "text")
+        return notOffered;
+    if (showsList) {
         QStringList texts;
         for (const std::string& name : sampleNames(pickerRows))
             texts.append(QString::fromStdString(name));
         names.setStringList(texts);
         engine.rootContext()->setContextProperty(QStringLiteral("names"), &names);
     }
-    engine.load(verb.empty() ? QStringLiteral("qrc:/Bare/BareWindow.qml")
-                             : QStringLiteral("qrc:/Bare/BareList.qml"));
+    engine.load(showsList      ? QStringLiteral("qrc:/Bare/BareList.qml")
+                : verb.empty() ? QStringLiteral("qrc:/Bare/BareWindow.qml")
+                               : QStringLiteral("qrc:/Bare/BareText.qml"));
     auto* window =
         engine.rootObjects().isEmpty() ? nullptr : qobject_cast<QQuickWindow*>(engine.rootObjects().front());
     if (!window)
         return 1;
-    if (verb.empty())
+    if (!showsList)
         return QGuiApplication::exec();
     if (verb == "list")
         measureList(*window);
-    else if (verb == "scroll")
-        measureScroll(*window);
     else
-        return notOffered;
+        measureScroll(*window);
     return 0;
 }
