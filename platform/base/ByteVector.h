@@ -28,8 +28,11 @@ public:
     }
 
     /// Each function returns a bit per byte; the lowest bit is the first byte's.
-    std::uint32_t equal(char byte) const {
-        return bits([&](std::size_t i) { return bytes_[i] == byte; });
+
+    /// The bytes that are one of these.
+    template <class... Chars>
+    std::uint32_t equal(Chars... bytes) const {
+        return bits([&](std::size_t i) { return ((bytes_[i] == bytes) || ...); });
     }
     std::uint32_t equal(const PlainByteVector& other) const {
         return bits([&](std::size_t i) { return bytes_[i] == other.bytes_[i]; });
@@ -37,10 +40,12 @@ public:
     std::uint32_t notAscii() const {
         return bits([&](std::size_t i) { return static_cast<unsigned char>(bytes_[i]) >= 0x80; });
     }
-    /// The bytes that are not ASCII, or below `bound`, which is.
-    std::uint32_t notAsciiOrBelow(char bound) const {
+    /// The bytes that are not ASCII, below `bound`, which is, or one of the others.
+    template <class... Chars>
+    std::uint32_t notAsciiBelowOr(char bound, Chars... others) const {
         return bits([&](std::size_t i) {
-            return static_cast<signed char>(bytes_[i]) < static_cast<signed char>(bound);
+            return static_cast<signed char>(bytes_[i]) < static_cast<signed char>(bound) ||
+                   ((bytes_[i] == others) || ...);
         });
     }
 
@@ -71,16 +76,26 @@ public:
         return a;
     }
 
-    std::uint32_t equal(char byte) const { return bits(_mm_cmpeq_epi8(bytes_, _mm_set1_epi8(byte))); }
+    template <class... Chars>
+    std::uint32_t equal(Chars... bytes) const {
+        return bits(foundOr(_mm_setzero_si128(), bytes...));
+    }
     std::uint32_t equal(const SseByteVector& other) const {
         return bits(_mm_cmpeq_epi8(bytes_, other.bytes_));
     }
     std::uint32_t notAscii() const { return bits(bytes_); }
-    std::uint32_t notAsciiOrBelow(char bound) const {
-        return bits(_mm_cmplt_epi8(bytes_, _mm_set1_epi8(bound)));
+    template <class... Chars>
+    std::uint32_t notAsciiBelowOr(char bound, Chars... others) const {
+        return bits(foundOr(_mm_cmplt_epi8(bytes_, _mm_set1_epi8(bound)), others...));
     }
 
 private:
+    /// Adds the bytes that are one of these to those that were found.
+    template <class... Chars>
+    __m128i foundOr(__m128i found, Chars... bytes) const {
+        ((found = _mm_or_si128(found, _mm_cmpeq_epi8(bytes_, _mm_set1_epi8(bytes)))), ...);
+        return found;
+    }
     static std::uint32_t bits(__m128i bytes) { return static_cast<std::uint32_t>(_mm_movemask_epi8(bytes)); }
 
     __m128i bytes_;

@@ -172,7 +172,7 @@ bool BinaryPropertyListReader::readDictionary(const Content& content, std::size_
     const Dictionary& dictionary = object.value.value().dictionary();
     // Where a key came twice, the references are not those of the dictionary's keys.
     if (!sameKeys && !keys.empty() && dictionary.size() == keys.size())
-        lastKeys(depth) = {references, dictionary.keys().get(), keysWeight};
+        lastKeys(depth) = {references, dictionary.keys(), keysWeight};
     keys_.resize(firstKey);
     values_.resize(first);
     return true;

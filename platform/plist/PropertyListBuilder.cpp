@@ -66,7 +66,7 @@ ArenaValue PropertyListBuilder::closedDictionary(Frame& frame) {
     const Dictionary& dictionary = closed.value().dictionary();
     // Where a key came twice, the lead-ins are not those of the dictionary's keys.
     if (frame.keyCount > 0)
-        last().keys = dictionary.size() == frame.keyCount ? dictionary.keys().get() : nullptr;
+        last().keys = dictionary.size() == frame.keyCount ? dictionary.keys() : nullptr;
     return closed;
 }
 
@@ -120,10 +120,8 @@ void PropertyListBuilder::rememberShape() const {
     for (const LastDictionary& last : last_) {
         if (levels.size() == DocumentShape::mostLevels)
             break;
-        if (last.keys)
-            last.keys->retain();
         levels.push_back(
-            {IntrusivePointer<KeySet>::adopt(last.keys), {last.leadIns.begin(), last.leadIns.end()}});
+            {IntrusivePointer<KeySet>::share(last.keys), {last.leadIns.begin(), last.leadIns.end()}});
     }
     DocumentShape::remember(std::make_shared<DocumentShape>(levels));
 }

@@ -64,8 +64,7 @@ public:
             return;
         while (rest().size() >= ByteVector::size) {
             const ByteVector bytes(at_);
-            const std::uint32_t space =
-                bytes.equal('\t') | bytes.equal('\n') | bytes.equal(' ') | bytes.equal('\r');
+            const std::uint32_t space = bytes.equal('\t', '\n', ' ', '\r');
             at_ += std::countr_one(space);
             if (space != allBytes)
                 return;
@@ -89,7 +88,7 @@ public:
         const char* stop = at_;
         for (; static_cast<std::size_t>(end_ - stop) >= ByteVector::size; stop += ByteVector::size) {
             const ByteVector bytes(stop);
-            if (const std::uint32_t found = bytes.equal('<') | bytes.equal('&')) {
+            if (const std::uint32_t found = bytes.equal('<', '&')) {
                 stop += std::countr_zero(found);
                 break;
             }

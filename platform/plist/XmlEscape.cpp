@@ -32,13 +32,14 @@ constexpr bool hasSpecial(std::uint64_t word) {
 
 /// The same for as many bytes as a vector has.
 bool hasSpecial(const ByteVector& bytes) {
-    return (bytes.notAsciiOrBelow(0x20) | bytes.equal('&') | bytes.equal('<') | bytes.equal('>')) != 0;
+    return bytes.notAsciiBelowOr(0x20, '&', '<', '>') != 0;
 }
 
-bool isSpecial(char c) {
+/// A function object: the searches below call it for each character, and it is inlined there.
+constexpr auto isSpecial = [](char c) {
     return static_cast<unsigned char>(c) < 0x20 || static_cast<unsigned char>(c) >= 0x80 || c == '&' ||
            c == '<' || c == '>';
-}
+};
 
 void appendAscii(std::string& text, char c) {
     switch (c) {

@@ -19,6 +19,9 @@ constexpr char epilog[] = "</plist>\n";
 /// Levels that room is made for at first.
 constexpr std::size_t typicalLevels = 4;
 
+/// A text is estimated when it has become longer than this.
+constexpr std::size_t longestShortText = 4096;
+
 /// A little more than the estimate, for what it leaves out.
 std::size_t expectedLength(const Value& root, std::size_t most) {
     const std::size_t estimate = xmlSizeEstimate(root, most);
@@ -28,21 +31,29 @@ std::size_t expectedLength(const Value& root, std::size_t most) {
 } // namespace
 
 XmlPropertyListWriter::XmlPropertyListWriter(const Value& root, Bounds bounds)
-    : root_(root), bounds_(bounds), text_(expectedLength(root, bounds.bytes)) {
+    : root_(root), bounds_(bounds) {
     frames_.reserve(typicalLevels);
     last_.reserve(typicalLevels);
 }
 
 std::error_code XmlPropertyListWriter::write() {
     text_.put(xmlProlog);
-    writeElement(root_);
+    writeElement(root_, {0});
+    writeUntil(longestShortText);
+    if (!frames_.empty())
+        text_.expect(expectedLength(root_, bounds_.bytes));
     // A document that is too large is not written to its end: it may be larger than the memory.
-    while (!frames_.empty() && !tooDeep_ && text_.size() <= bounds_.bytes)
-        writeNext();
+    writeUntil(bounds_.bytes);
     text_.put(epilog);
     if (tooDeep_)
         return PropertyListError::TooDeep;
     return text_.size() > bounds_.bytes ? make_error_code(PropertyListError::TooLarge) : std::error_code();
+}
+
+/// Writes elements to the last one, or until the text is longer than `length`.
+void XmlPropertyListWriter::writeUntil(std::size_t length) {
+    while (!frames_.empty() && !tooDeep_ && text_.size() <= length)
+        writeNext();
 }
 
 /// Writes the next element of the innermost container, or its end.
@@ -52,10 +63,8 @@ void XmlPropertyListWriter::writeNext() {
         return close();
     if (frame.keys)
         writeLeadIn(frame);
-    else
-        indent();
     ++frame.place;
-    writeElement(*frame.next++);
+    writeElement(*frame.next++, frame.keys ? StringBuilder::Tabs{0} : indentation());
 }
 
 void XmlPropertyListWriter::open(const Value& container) {
@@ -73,8 +82,8 @@ void XmlPropertyListWriter::open(const Value& container) {
         if (dictionary.empty())
             return text_.put("<dict/>\n");
         text_.put("<dict>\n");
-        const Value* const first = &(*dictionary.begin()).value;
-        const KeySet* const keys = dictionary.keys().get();
+        const Value* const first = dictionary.values();
+        const KeySet* const keys = dictionary.keys();
         const bool plain = needsNoEscape(keys->text());
         frames_.push_back({first, first + dictionary.size(), keys, 0, plain, hasFollower});
     }
@@ -85,11 +94,10 @@ void XmlPropertyListWriter::open(const Value& container) {
 void XmlPropertyListWriter::close() {
     const bool dictionary = frames_.back().keys;
     frames_.pop_back();
-    indent();
     if (dictionary)
-        text_.put("</dict>\n");
+        text_.put(indentation(), "</dict>\n");
     else
-        text_.put("</array>\n");
+        text_.put(indentation(), "</array>\n");
 }
 
 /// Writes a key, and the indentation of its value.
@@ -105,28 +113,33 @@ void XmlPropertyListWriter::writeLeadIn(const Frame& frame) {
         last.leadIns.reserve(frame.hasFollower ? frame.keys->size() : 0);
     }
     const std::size_t start = text_.size();
-    indent();
-    text_.put("<key>");
     const std::string_view key = (*frame.keys)[frame.place];
-    if (frame.hasPlainKeys)
-        text_.put(key);
+    const StringBuilder::Tabs tabs = indentation();
+    if (frame.hasPlainKeys || needsNoEscape(key))
+        text_.put(tabs, "<key>", key, "</key>\n", tabs);
     else
-        putText(key);
-    text_.put("</key>\n");
-    indent();
+        text_.put(tabs, "<key>", std::string_view(escaped(key)), "</key>\n", tabs);
     if (frame.hasFollower)
         last.leadIns.push_back({start, text_.size() - start});
 }
 
-/// Writes an element after its indentation.
-void XmlPropertyListWriter::writeElement(const Value& value) {
+/// Writes an element after the indentation `before`, which a lead-in has already.
+void XmlPropertyListWriter::writeElement(const Value& value, StringBuilder::Tabs before) {
     switch (value.kind()) {
     case Value::Kind::Boolean:
         if (value.boolean())
-            return text_.put("<true/>\n");
-        return text_.put("<false/>\n");
+            return text_.put(before, "<true/>\n");
+        return text_.put(before, "<false/>\n");
     case Value::Kind::String:
-        return writeString(value.string());
+        return writeString(value.string(), before);
+    default:
+        text_.put(before);
+        return writeOther(value);
+    }
+}
+
+void XmlPropertyListWriter::writeOther(const Value& value) {
+    switch (value.kind()) {
     case Value::Kind::Data:
         return writeData(value.data());
     case Value::Kind::Array:
@@ -137,17 +150,11 @@ void XmlPropertyListWriter::writeElement(const Value& value) {
     }
 }
 
-void XmlPropertyListWriter::writeString(std::string_view text) {
-    text_.put("<string>");
-    putText(text);
-    text_.put("</string>\n");
-}
-
-void XmlPropertyListWriter::putText(std::string_view text) {
+void XmlPropertyListWriter::writeString(std::string_view text, StringBuilder::Tabs before) {
     if (needsNoEscape(text))
-        text_.put(text);
+        text_.put(before, "<string>", text, "</string>\n");
     else
-        text_.put(std::string_view(escaped(text)));
+        text_.put(before, "<string>", std::string_view(escaped(text)), "</string>\n");
 }
 
 /// Writes dates too, which are numbers of seconds.
@@ -184,8 +191,7 @@ void XmlPropertyListWriter::writeData(std::string_view bytes) {
         line += '\n';
         text_.put(std::string_view(line));
     }
-    indent();
-    text_.put("</data>\n");
+    text_.put(indentation(), "</data>\n");
 }
 
 } // namespace platform

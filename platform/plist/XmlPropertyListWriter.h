@@ -58,16 +58,17 @@ private:
         std::pmr::vector<Piece> leadIns;
     };
 
+    void writeUntil(std::size_t length);
     void writeNext();
     void open(const Value& container);
     void close();
     void writeLeadIn(const Frame& frame);
-    void writeElement(const Value& value);
-    void putText(std::string_view text);
+    void writeElement(const Value& value, StringBuilder::Tabs before);
+    void writeOther(const Value& value);
     void writeNumber(const Value& value);
-    void writeString(std::string_view text);
+    void writeString(std::string_view text, StringBuilder::Tabs before);
     void writeData(std::string_view bytes);
-    void indent() { text_.putTabs(frames_.size()); }
+    StringBuilder::Tabs indentation() const { return {frames_.size()}; }
 
     const Value& root_;
     Bounds bounds_;

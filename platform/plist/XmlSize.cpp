@@ -36,8 +36,8 @@ std::size_t containerSize(const Value& value, std::size_t depth, PendingRuns& pe
     const Dictionary& dictionary = value.dictionary();
     if (dictionary.empty())
         return containerTags;
-    const auto keys = dictionary.keys();
-    pending.push_back({&(*dictionary.begin()).value, dictionary.size(), depth + 1});
+    const KeySet* const keys = dictionary.keys();
+    pending.push_back({dictionary.values(), dictionary.size(), depth + 1});
     return containerTags + depth + keys->text().size() + keys->size() * (keyTags + depth + 1);
 }
 

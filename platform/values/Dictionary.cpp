@@ -31,13 +31,6 @@ DictionaryIterator Dictionary::end() const {
     return {nullptr, nullptr, size()};
 }
 
-IntrusivePointer<KeySet> Dictionary::keys() const {
-    if (!block_)
-        return {};
-    block_->keys()->retain();
-    return IntrusivePointer<KeySet>::adopt(block_->keys());
-}
-
 bool Dictionary::operator==(const Dictionary& other) const {
     return Value(*this) == Value(other);
 }

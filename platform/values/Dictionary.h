@@ -64,8 +64,10 @@ public:
     const Value* find(std::string_view key) const noexcept;
     DictionaryIterator begin() const;
     DictionaryIterator end() const;
-    /// Returns the keys, which dictionaries may share; null when there are none.
-    IntrusivePointer<KeySet> keys() const;
+    /// Returns the keys, which dictionaries may share, valid as long as this one; null when there are none.
+    KeySet* keys() const { return block_ ? block_->keys() : nullptr; }
+    /// Returns the values, in the order of the keys.
+    const Value* values() const { return block_ ? block_->values() : nullptr; }
 
     /// Returns whether both are handles on the very same entries. All empty dictionaries are the same object.
     bool isSameObject(const Dictionary& other) const { return block_ == other.block_; }
@@ -73,7 +75,6 @@ public:
     bool operator==(const Dictionary& other) const;
 
 private:
-    friend class MutableDictionary;
     friend class Value;
 
     IntrusivePointer<ContainerBlock> block_;

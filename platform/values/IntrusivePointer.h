@@ -16,10 +16,13 @@ public:
         reference.block_ = block;
         return reference;
     }
-    IntrusivePointer(const IntrusivePointer& other) : block_(other.block_) {
-        if (block_)
-            block_->retain();
+    /// Takes a reference of its own.
+    static IntrusivePointer share(T* block) {
+        if (block)
+            block->retain();
+        return adopt(block);
     }
+    IntrusivePointer(const IntrusivePointer& other) : block_(share(other.block_).detach()) {}
     IntrusivePointer(IntrusivePointer&& other) noexcept : block_(std::exchange(other.block_, nullptr)) {}
     IntrusivePointer& operator=(IntrusivePointer other) noexcept {
         std::swap(block_, other.block_);

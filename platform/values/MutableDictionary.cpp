@@ -13,9 +13,8 @@ MutableDictionary::MutableDictionary() = default;
 MutableDictionary::MutableDictionary(const Dictionary& dictionary) {
     if (dictionary.empty())
         return;
-    keys_ = dictionary.keys();
-    const Value* values = dictionary.block_->values();
-    values_.assign(values, values + dictionary.size());
+    keys_ = IntrusivePointer<KeySet>::share(dictionary.keys());
+    values_.assign(dictionary.values(), dictionary.values() + dictionary.size());
 }
 
 MutableDictionary::MutableDictionary(const MutableDictionary& other) = default;

@@ -30,6 +30,11 @@ TYPED_TEST(ByteVectors, FindsAByteAtEachPosition) {
             EXPECT_EQ(TypeParam(lettersWith(byte, i).data()).equal(byte), 1u << i) << i;
 }
 
+TYPED_TEST(ByteVectors, FindsEachOfSeveralBytes) {
+    EXPECT_EQ(TypeParam("<bc&efghijklmn<p").equal('<', '&'), 0x4009u);
+    EXPECT_EQ(TypeParam("<bc&ef\nhij\x80lmn>p").notAsciiBelowOr(0x20, '&', '>'), 0x4448u);
+}
+
 TYPED_TEST(ByteVectors, FindsNothingThatIsNotThere) {
     const TypeParam letters("abcdefghijklmnop");
     EXPECT_EQ(letters.equal('<'), 0u);
@@ -51,9 +56,9 @@ TYPED_TEST(ByteVectors, ComparesByteByByte) {
 TYPED_TEST(ByteVectors, FindsWhatIsNotAsciiOrBelowABound) {
     for (std::size_t i = 0; i < TypeParam::size; ++i) {
         for (const char byte : {'\0', '\n', '\x1F', '\x80', '\xC3', '\xFF'})
-            EXPECT_EQ(TypeParam(lettersWith(byte, i).data()).notAsciiOrBelow(0x20), 1u << i) << i;
+            EXPECT_EQ(TypeParam(lettersWith(byte, i).data()).notAsciiBelowOr(0x20), 1u << i) << i;
         for (const char byte : {' ', '&', '~', '\x7F'})
-            EXPECT_EQ(TypeParam(lettersWith(byte, i).data()).notAsciiOrBelow(0x20), 0u) << i;
+            EXPECT_EQ(TypeParam(lettersWith(byte, i).data()).notAsciiBelowOr(0x20), 0u) << i;
     }
 }
 
