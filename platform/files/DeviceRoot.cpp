@@ -91,6 +91,10 @@ std::string pathOnDevice(std::string_view devicePath) {
     std::string path = deviceRoot();
     const std::size_t rootLength = path == "/" ? 0 : path.size();
     path.resize(rootLength);
+    if (isPlain(devicePath)) {
+        path.append(devicePath);
+        return path;
+    }
     while (!devicePath.empty()) {
         const std::string_view component = devicePath.substr(0, devicePath.find('/'));
         devicePath.remove_prefix(std::min(component.size() + 1, devicePath.size()));

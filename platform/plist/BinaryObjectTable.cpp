@@ -35,14 +35,6 @@ bool BinaryObjectTable::readTrailer() {
     return objectCount_ <= std::min<std::uint64_t>(room, (trailer - table_) / offsetSize_);
 }
 
-std::optional<BinaryObjectTable::Content> BinaryObjectTable::contentOf(std::uint64_t object) const {
-    const std::uint64_t offset =
-        numberAt(table_ + static_cast<std::size_t>(object) * offsetSize_, offsetSize_);
-    if (offset < magic.size() || offset >= table_)
-        return std::nullopt;
-    return contentAt(static_cast<std::size_t>(offset));
-}
-
 /// Reads the marker's low half: the length, or the sign that an integer object with the length follows.
 std::optional<BinaryObjectTable::Content> BinaryObjectTable::contentAt(std::size_t offset) const {
     const auto marker = static_cast<std::uint8_t>(bytes_[offset]);

@@ -45,8 +45,20 @@ public:
     std::uint64_t topObject() const { return topObject_; }
     std::size_t referenceSize() const { return referenceSize_; }
 
+    /// Returns the position of the object of that number, which must be below the count. It may be outside
+    /// the objects.
+    std::uint64_t offsetOf(std::uint64_t object) const { return numberAt(entryOf(object), offsetSize_); }
+    /// Returns whether an object may be at that position.
+    bool contains(std::uint64_t offset) const { return offset >= magic.size() && offset < table_; }
+    /// Returns the bytes of the table for `count` objects from `first` on, all below the count.
+    std::string_view offsets(std::uint64_t first, std::size_t count) const {
+        return bytes_.substr(entryOf(first), count * offsetSize_);
+    }
     /// Returns the content of the object of that number, which must be below the count.
-    std::optional<Content> contentOf(std::uint64_t object) const;
+    std::optional<Content> contentOf(std::uint64_t object) const {
+        const std::uint64_t offset = offsetOf(object);
+        return contains(offset) ? contentAt(static_cast<std::size_t>(offset)) : std::nullopt;
+    }
     /// Returns whether `count` items of `size` bytes fit between `at` and the offset table.
     bool fits(std::size_t at, std::uint64_t count, std::uint64_t size) const {
         return at <= table_ && count <= (table_ - at) / size;
@@ -63,6 +75,9 @@ public:
     }
 
 private:
+    std::size_t entryOf(std::uint64_t object) const {
+        return table_ + static_cast<std::size_t>(object) * offsetSize_;
+    }
     std::optional<Content> contentAt(std::size_t offset) const;
 
     std::string_view bytes_;

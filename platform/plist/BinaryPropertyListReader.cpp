@@ -5,7 +5,6 @@
 #include "platform/plist/TextDecoding.h"
 
 #include <algorithm>
-#include <array>
 #include <span>
 
 namespace platform {
@@ -30,11 +29,27 @@ std::optional<Value> BinaryPropertyListReader::read() {
     const Object* top = object(table_.topObject(), 1);
     if (!top)
         return std::nullopt;
-    std::array<KeySet*, DocumentShape::mostLevels> keys{};
-    for (std::size_t i = 0; i < keys.size() && i + 1 < lastKeys_.size(); ++i)
-        keys[i] = lastKeys_[i + 1].keys;
-    shape_->rememberOther(keys);
+    rememberShape();
     return top->value.value();
+}
+
+/// The next reader expects the last dictionary of each depth.
+void BinaryPropertyListReader::rememberShape() const {
+    const auto isExpected = [](const LastKeys& last) { return last.expected || !last.keys; };
+    if (std::ranges::all_of(lastKeys_, isExpected))
+        return;
+    std::vector<DocumentShape::Level> levels;
+    for (std::size_t depth = 1; depth < lastKeys_.size() && depth <= DocumentShape::mostLevels; ++depth) {
+        const LastKeys& last = lastKeys_[depth];
+        levels.push_back({IntrusivePointer<KeySet>::share(last.keys), {}, {}});
+        if (last.keys)
+            levels.back().run = BinaryKeyRun::of(table_, last.references);
+    }
+    const auto isSame = [](const DocumentShape::Level& a, const DocumentShape::Level& b) {
+        return a.keys == b.keys && a.run == b.run;
+    };
+    if (!std::ranges::equal(levels, shape_->levels(), isSame))
+        DocumentShape::remember(std::make_shared<DocumentShape>(levels));
 }
 
 /// Returns null when the object is invalid, contains itself, or is nested too deeply.
@@ -155,8 +170,8 @@ bool BinaryPropertyListReader::readDictionary(const Content& content, std::size_
         return false;
     const std::size_t size = content.length * table_.referenceSize();
     const std::string_view references = table_.bytes(content.start, size);
+    const bool sameKeys = repeatsKeys(content, depth, references);
     const LastKeys last = lastKeys(depth);
-    const bool sameKeys = last.keys && last.references == references;
     const std::size_t firstKey = keys_.size();
     if (sameKeys)
         object.weight += last.weight;
@@ -172,9 +187,24 @@ bool BinaryPropertyListReader::readDictionary(const Content& content, std::size_
     const Dictionary& dictionary = object.value.value().dictionary();
     // Where a key came twice, the references are not those of the dictionary's keys.
     if (!sameKeys && !keys.empty() && dictionary.size() == keys.size())
-        lastKeys(depth) = {references, dictionary.keys(), keysWeight};
+        lastKeys(depth) = {references, dictionary.keys(), keysWeight, false};
     keys_.resize(firstKey);
     values_.resize(first);
+    return true;
+}
+
+/// Returns whether the keys are those of the last dictionary of this depth, or in the last document.
+inline bool BinaryPropertyListReader::repeatsKeys(const Content& content, std::size_t depth,
+                                                  std::string_view references) {
+    LastKeys& last = lastKeys(depth);
+    if (last.keys && last.references == references)
+        return true;
+    if (depth > shape_->levels().size())
+        return false;
+    const auto& [keys, leadIns, run] = shape_->levels()[depth - 1];
+    if (!keys || keys->size() != content.length || !run.isIn(table_, references))
+        return false;
+    last = {references, keys.get(), keys->size() * valueWeight + keys->text().size(), true};
     return true;
 }
 

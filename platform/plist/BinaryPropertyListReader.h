@@ -48,6 +48,8 @@ private:
         std::string_view references;
         KeySet* keys = nullptr;
         std::uint64_t weight = 0;
+        /// They were in the last document, too.
+        bool expected = false;
     };
 
     const Object* object(std::uint64_t index, std::size_t depth);
@@ -63,6 +65,8 @@ private:
     bool readKeys(const Content& content, std::size_t depth, Object& object);
     std::optional<std::string_view> keyAt(std::uint64_t index, std::size_t depth);
     LastKeys& lastKeys(std::size_t depth);
+    bool repeatsKeys(const Content& content, std::size_t depth, std::string_view references);
+    void rememberShape() const;
     bool readReferences(std::size_t start, std::uint64_t count, std::size_t depth, Object& object);
 
     ScratchMemory scratch_;

@@ -4,7 +4,6 @@
 #include "platform/files/AtomicWriter.h"
 #include "platform/plist/PropertyList.h"
 #include "platform/plist/PropertyListBounds.h"
-#include "platform/plist/RecentDocument.h"
 #include "platform/versions/VersionKeeper.h"
 
 #include <charconv>
@@ -26,16 +25,17 @@ std::string damagedName(const std::string& path, int number) {
 } // namespace
 
 DocumentFile::DocumentFile(FileSystem& files, std::string path, RecentDocument* recent)
-    : files_(files), path_(std::move(path)) {
-    if (const auto known = recent ? recent->unchanged(files_, path_) : std::nullopt) {
-        bytes_ = known->bytes;
-        dictionary_ = known->dictionary;
+    : files_(files), file_(recent ? recent->unchanged(files, path) : nullptr) {
+    if (file_) {
+        dictionary_ = file_->dictionary;
         state_ = State::Document;
         return;
     }
-    std::string bytes;
+    const auto file = std::make_shared<RecentDocument::File>();
+    file->path = std::move(path);
+    file_ = file;
     const auto read = [&] {
-        return uninterrupted([&] { return files_.readFile(path_, largestDocument, bytes); });
+        return uninterrupted([&] { return files_.readFile(file->path, largestDocument, file->bytes); });
     };
     std::error_code error = read();
     // A disk or a remote folder may fail once and not again. Taking the document for unreadable would replace
@@ -47,11 +47,12 @@ DocumentFile::DocumentFile(FileSystem& files, std::string path, RecentDocument* 
         readError_ = error;
         return;
     }
-    bytes_ = std::make_shared<const std::string>(std::move(bytes));
-    dictionary_ = dictionaryWithData(*bytes_);
+    dictionary_ = dictionaryWithData(file->bytes);
     state_ = dictionary_ ? State::Document : State::Damaged;
-    if (recent && dictionary_)
-        recent->remember({path_, bytes_, *dictionary_});
+    if (!recent || !dictionary_)
+        return;
+    file->dictionary = *dictionary_;
+    recent->remember(file);
 }
 
 DocumentFile::State DocumentFile::stateAfter(std::error_code error) {
@@ -74,30 +75,30 @@ std::error_code DocumentFile::replace(const Dictionary& dictionary, Sync sync, c
     // The mode that made the old file unreadable would make the new one unreadable too.
     const Attributes attributes = state_ == State::Unreadable ? Attributes::Private : Attributes::OfOldFile;
     VersionKeeper keeper(files_, versions, document(), bytes);
-    return AtomicWriter(files_, &keeper).write(path_, bytes, sync, attributes);
+    return AtomicWriter(files_, &keeper).write(path(), bytes, sync, attributes);
 }
 
 std::error_code DocumentFile::replaceBytes(std::string_view bytes, Sync sync, const Versions& versions) {
     VersionKeeper keeper(files_, versions, document(), bytes);
-    return AtomicWriter(files_, &keeper).write(path_, bytes, sync);
+    return AtomicWriter(files_, &keeper).write(path(), bytes, sync);
 }
 
 std::optional<std::string_view> DocumentFile::document() const {
-    return state_ == State::Document ? std::optional<std::string_view>(*bytes_) : std::nullopt;
+    return state_ == State::Document ? std::optional<std::string_view>(file_->bytes) : std::nullopt;
 }
 
 void DocumentFile::keepVersion() {
     if (state_ != State::Document)
         return;
-    VersionKeeper keeper(files_, {}, document(), *bytes_);
-    AtomicWriter(files_, &keeper).removeLeftovers(path_);
-    keeper.keepCurrent(path_);
+    VersionKeeper keeper(files_, {}, document(), file_->bytes);
+    AtomicWriter(files_, &keeper).removeLeftovers(path());
+    keeper.keepCurrent(path());
 }
 
 std::error_code DocumentFile::encode(const Dictionary& dictionary, std::string& bytes) const {
     const std::error_code error = documentWithPropertyList(dictionary, bytes);
     if (error)
-        diagnose(path_ + " is left as it is: " + error.message());
+        diagnose(path() + " is left as it is: " + error.message());
     return error;
 }
 
@@ -110,19 +111,19 @@ std::error_code DocumentFile::keepOldContent(Sync sync) {
 std::error_code DocumentFile::copyAside(Sync sync) {
     for (int number = 1; number <= mostDamaged; ++number) {
         std::string kept;
-        const std::string name = damagedName(path_, number);
+        const std::string name = damagedName(path(), number);
         const std::error_code error =
             uninterrupted([&] { return files_.readFile(name, largestDocument, kept); });
-        if (!error && kept == *bytes_)
+        if (!error && kept == file_->bytes)
             return {};
         if (error == std::errc::no_such_file_or_directory || number == mostDamaged)
-            return AtomicWriter(files_).write(name, *bytes_, sync, Attributes::Private);
+            return AtomicWriter(files_).write(name, file_->bytes, sync, Attributes::Private);
     }
     return {};
 }
 
 std::error_code DocumentFile::linkAside() {
-    std::string file = path_;
+    std::string file = path();
     FileStatus status;
     if (std::error_code error = followLinks(files_, file, status))
         return error;
@@ -131,7 +132,7 @@ std::error_code DocumentFile::linkAside() {
         return std::make_error_code(std::errc::not_supported);
     std::error_code error = std::make_error_code(std::errc::file_exists);
     for (int number = 1; error == std::errc::file_exists && number <= mostDamaged; ++number)
-        error = uninterrupted([&] { return files_.link(file, damagedName(path_, number)); });
+        error = uninterrupted([&] { return files_.link(file, damagedName(path(), number)); });
     return error;
 }
 

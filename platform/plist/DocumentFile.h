@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/files/FileSystem.h"
+#include "platform/plist/RecentDocument.h"
 #include "platform/values/Dictionary.h"
 #include "platform/versions/Versions.h"
 
@@ -10,8 +11,6 @@
 #include <string_view>
 
 namespace platform {
-
-class RecentDocument;
 
 /// A property-list dictionary in a file, by its path on this machine: its content at construction, and its
 /// replacement.
@@ -58,14 +57,15 @@ private:
     std::error_code copyAside(Sync sync);
     std::error_code linkAside();
 
+    const std::string& path() const { return file_->path; }
+
     FileSystem& files_;
-    std::string path_;
     State state_ = State::Missing;
     /// The error of reading the file.
     std::error_code readError_;
     std::optional<Dictionary> dictionary_;
-    /// What was read: of a document or of damage. Null where nothing was.
-    std::shared_ptr<const std::string> bytes_;
+    /// The path, and what was read: the bytes of a document or of damage.
+    std::shared_ptr<const RecentDocument::File> file_;
 };
 
 } // namespace platform

@@ -20,7 +20,7 @@ Memory& memory() {
 }
 
 bool isShort(const DocumentShape::Level& level) {
-    std::size_t text = 0;
+    std::size_t text = level.run.objects.size();
     for (const std::string_view leadIn : level.leadIns)
         text += leadIn.size();
     return level.keys && level.keys->size() <= DocumentShape::mostKeys && text <= DocumentShape::mostText;
@@ -40,7 +40,7 @@ DocumentShape::Level DocumentShape::copied(const Level& level) {
     std::string& text = texts_.emplace_back();
     for (const std::string_view leadIn : level.leadIns)
         text += leadIn;
-    Level copy{level.keys, {}};
+    Level copy{level.keys, {}, level.run};
     copy.leadIns.resize(level.keys->size());
     std::size_t at = 0;
     for (std::size_t i = 0; i < std::min(copy.leadIns.size(), level.leadIns.size()); ++i) {
@@ -59,23 +59,6 @@ void DocumentShape::remember(std::shared_ptr<const DocumentShape> shape) {
     const std::lock_guard lock(memory().mutex);
     // The old shape is freed with the parameter, after the lock.
     memory().latest.swap(shape);
-}
-
-void DocumentShape::rememberOther(std::span<KeySet* const> keys) const {
-    bool differs = false;
-    for (std::size_t i = 0; i < keys.size(); ++i) {
-        KeySet* const known = i < levels_.size() ? levels_[i].keys.get() : nullptr;
-        differs = differs || (keys[i] && keys[i] != known);
-    }
-    if (!differs)
-        return;
-    std::vector<Level> levels;
-    for (KeySet* const each : keys) {
-        if (each)
-            each->retain();
-        levels.push_back({IntrusivePointer<KeySet>::adopt(each), {}});
-    }
-    remember(std::make_shared<DocumentShape>(levels));
 }
 
 } // namespace platform

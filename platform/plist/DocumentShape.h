@@ -1,10 +1,10 @@
 #pragma once
 
+#include "platform/plist/BinaryKeyRun.h"
 #include "platform/values/IntrusivePointer.h"
 #include "platform/values/KeySet.h"
 
 #include <memory>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,8 +12,9 @@
 namespace platform {
 
 /// What documents of one kind have in common: the keys of the last dictionary of each depth, and the text in
-/// front of each of its values. A process reads the same document again and again. A reader that expects the
-/// shape of the last one takes half the time for a short document. What is read does not depend on it.
+/// front of each of its values, or its keys' place in the binary form. A process reads the same document
+/// again and again. A reader that expects the shape of the last one takes half the time for a short document.
+/// What is read does not depend on it.
 ///
 /// Immutable; any thread.
 class DocumentShape {
@@ -23,6 +24,8 @@ public:
         IntrusivePointer<KeySet> keys;
         /// As many as keys; empty where they are not known.
         std::vector<std::string_view> leadIns;
+        /// Without references where the keys were not read from the binary form.
+        BinaryKeyRun run;
     };
 
     /// Copies the texts. Only what is worth remembering is kept: the outer levels, and short ones.
@@ -35,9 +38,6 @@ public:
     /// Returns the process's latest shape; at first one without levels.
     static std::shared_ptr<const DocumentShape> latest();
     static void remember(std::shared_ptr<const DocumentShape> shape);
-    /// Remembers keys, one set for each depth, or null, unless they are those of this shape.
-    void rememberOther(std::span<KeySet* const> keys) const;
-
     /// The most levels, keys of a level and bytes of its texts that are remembered.
     static constexpr std::size_t mostLevels = 4;
     static constexpr std::size_t mostKeys = 64;

@@ -3,6 +3,8 @@
 #include "platform/plist/PropertyListBounds.h"
 #include "platform/values/ShortString.h"
 
+#include <algorithm>
+
 namespace platform {
 
 namespace {
@@ -10,6 +12,9 @@ namespace {
 /// Room that is made at first: enough for a record.
 constexpr std::size_t typicalKeys = 32;
 constexpr std::size_t typicalDepth = 4;
+/// The bytes of a document in which one more element may wait for the end of its container. Growing leaves
+/// the smaller pieces in the scratch memory; memory that is never used costs nothing.
+constexpr std::size_t bytesPerWaiting = 64;
 
 } // namespace
 
@@ -18,9 +23,9 @@ PropertyListBuilder::PropertyListBuilder(std::size_t documentSize)
       strings_(*arena_, documentSize, scratch_.get()) {
     frames_.reserve(typicalDepth);
     last_.reserve(typicalDepth);
-    values_.reserve(typicalKeys);
+    values_.reserve(std::max(typicalKeys, documentSize / bytesPerWaiting));
     keys_.reserve(typicalKeys);
-    for (const auto& [keys, leadIns] : shape_->levels())
+    for (const auto& [keys, leadIns, run] : shape_->levels())
         last_.push_back({keys.get(), {leadIns.begin(), leadIns.end(), scratch_.get()}});
 }
 
@@ -121,7 +126,7 @@ void PropertyListBuilder::rememberShape() const {
         if (levels.size() == DocumentShape::mostLevels)
             break;
         levels.push_back(
-            {IntrusivePointer<KeySet>::share(last.keys), {last.leadIns.begin(), last.leadIns.end()}});
+            {IntrusivePointer<KeySet>::share(last.keys), {last.leadIns.begin(), last.leadIns.end()}, {}});
     }
     DocumentShape::remember(std::make_shared<DocumentShape>(levels));
 }

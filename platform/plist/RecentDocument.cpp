@@ -2,8 +2,6 @@
 
 #include "platform/plist/PropertyList.h"
 
-#include <utility>
-
 namespace platform {
 
 std::optional<Dictionary> dictionaryWithData(std::string_view bytes) {
@@ -16,23 +14,24 @@ RecentDocument& RecentDocument::shared() {
     return recent;
 }
 
-std::optional<RecentDocument::File> RecentDocument::unchanged(FileSystem& files, const std::string& path) {
-    File last;
+std::shared_ptr<const RecentDocument::File> RecentDocument::unchanged(FileSystem& files,
+                                                                      const std::string& path) {
+    std::shared_ptr<const File> last;
     {
         const std::lock_guard lock(mutex_);
-        if (!file_.bytes || file_.path != path)
-            return std::nullopt;
+        if (!file_ || file_->path != path)
+            return nullptr;
         last = file_;
     }
     bool same = false;
-    const std::error_code error = uninterrupted([&] { return files.compareFile(path, *last.bytes, same); });
-    return !error && same ? std::optional(std::move(last)) : std::nullopt;
+    const std::error_code error = uninterrupted([&] { return files.compareFile(path, last->bytes, same); });
+    return !error && same ? last : nullptr;
 }
 
-void RecentDocument::remember(File file) {
+void RecentDocument::remember(std::shared_ptr<const File> file) {
     const std::lock_guard lock(mutex_);
     // What was remembered is freed with the parameter, after the lock.
-    std::swap(file_, file);
+    file_.swap(file);
 }
 
 } // namespace platform

@@ -23,19 +23,19 @@ public:
 
     struct File {
         std::string path;
-        std::shared_ptr<const std::string> bytes;
+        std::string bytes;
         Dictionary dictionary;
     };
 
-    /// Returns the file at `path` where it was remembered last and still has the same bytes.
-    std::optional<File> unchanged(FileSystem& files, const std::string& path);
+    /// Returns the file at `path` where it was remembered last and still has the same bytes; else null.
+    std::shared_ptr<const File> unchanged(FileSystem& files, const std::string& path);
     /// Remembers the file in place of the last one.
-    void remember(File file);
+    void remember(std::shared_ptr<const File> file);
 
 private:
     std::mutex mutex_;
-    /// Without bytes at first.
-    File file_;
+    /// Null at first.
+    std::shared_ptr<const File> file_;
 };
 
 } // namespace platform

@@ -23,10 +23,13 @@ StringPool::StringPool(Arena& arena, std::size_t documentSize, std::pmr::memory_
 ArenaValue StringPool::string(std::string_view text) {
     if (text.empty() || text.size() > longestShared)
         return {Value::Kind::String, arena_.bytes(text)};
-    ByteBlock*& slot = slots_[hashShortString(text) & (slots_.size() - 1)];
-    if (!slot || !equalShortStrings(slot->bytes(), text))
-        slot = arena_.bytes(text);
-    return {Value::Kind::String, slot};
+    ByteBlock** const pair = &slots_[hashShortString(text) & (slots_.size() - 2)];
+    for (ByteBlock* const known : {pair[0], pair[1]})
+        if (known && equalShortStrings(known->bytes(), text))
+            return {Value::Kind::String, known};
+    pair[1] = pair[0];
+    pair[0] = arena_.bytes(text);
+    return {Value::Kind::String, pair[0]};
 }
 
 } // namespace platform

@@ -20,7 +20,7 @@ public:
 
 private:
     Arena& arena_;
-    /// One remembered string per slot, the latest.
+    /// Pairs of slots. Two strings for one pair, which take turns in a document, are both remembered.
     std::pmr::vector<ByteBlock*> slots_;
 };
 

@@ -5,6 +5,7 @@
 #include "platform/values/Storage.h"
 #include "platform/values/Value.h"
 
+#include <array>
 #include <atomic>
 #include <bit>
 #include <cstddef>
@@ -73,7 +74,12 @@ public:
         return {Value::Kind::Dictionary, container(values, keys.size(), &keys)};
     }
     /// Owns the keys from now on.
-    void keep(IntrusivePointer<KeySet> keys) { keySets_.push_back(std::move(keys)); }
+    void keep(IntrusivePointer<KeySet> keys) {
+        if (firstKeySetCount_ < firstKeySets_.size())
+            firstKeySets_[firstKeySetCount_++] = std::move(keys);
+        else
+            moreKeySets_.push_back(std::move(keys));
+    }
 
     void retain() { references_.fetch_add(1, std::memory_order_relaxed); }
     void release() {
@@ -91,13 +97,8 @@ private:
         Chunk* before;
     };
 
-    Arena(char* free, char* end) : first_{this, nullptr}, newest_(&first_), free_(free), end_(end) {
-        keySets_.reserve(typicalKeySets);
-    }
+    Arena(char* free, char* end) : first_{this, nullptr}, newest_(&first_), free_(free), end_(end) {}
     ~Arena() = default;
-
-    /// Those of an ordinary document; room for them is made at once.
-    static constexpr std::size_t typicalKeySets = 4;
 
     ContainerBlock* container(const ArenaValue* values, std::size_t count, KeySet* keys);
     char* take(std::size_t size);
@@ -111,7 +112,10 @@ private:
     char* free_;
     char* end_;
     std::atomic<std::uint32_t> references_{1};
-    std::vector<IntrusivePointer<KeySet>> keySets_;
+    /// Those of an ordinary document need no memory of their own.
+    std::array<IntrusivePointer<KeySet>, 4> firstKeySets_;
+    std::size_t firstKeySetCount_ = 0;
+    std::vector<IntrusivePointer<KeySet>> moreKeySets_;
 };
 
 } // namespace platform

@@ -33,7 +33,7 @@ inline std::size_t hashShortString(std::string_view text) {
         tail = static_cast<unsigned char>(begin[length - 1]);
     }
     const std::uint64_t mixed = (head ^ std::rotl(tail, 23) ^ length) * 0x9E3779B97F4A7C15u;
-    return static_cast<std::size_t>(mixed >> 32 ^ mixed >> 56);
+    return static_cast<std::size_t>(mixed >> 32 ^ mixed >> 48);
 }
 
 /// Copies the text to an address with room for it, without the call that a copy of any length costs.

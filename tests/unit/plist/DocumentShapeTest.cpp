@@ -63,6 +63,11 @@ std::string binary(const char* dictionary, std::size_t length) {
         .bytes();
 }
 
+/// A binary document of a dictionary with these objects as its keys.
+std::string binaryWith(const std::string& key, const std::string& other) {
+    return BinaryPropertyList{{key, other, "\x09", std::string("\xD2\x00\x01\x02\x02", 5)}, 3}.bytes();
+}
+
 std::vector<Sample> samples() {
     const std::string a = "\n\t<key>a</key>\n\t";
     const std::string b = "\n\t<key>b</key>\n\t";
@@ -96,6 +101,16 @@ std::vector<Sample> samples() {
         {"the binary form", binary("\xD2\x00\x01\x02\x02", 5), "{\"a\": true, \"b\": true}"},
         {"the binary form with a key twice", binary("\xD2\x00\x00\x03\x02", 5), "{\"a\": false}"},
         {"the binary form with fewer keys", binary("\xD1\x00\x02", 3), "{\"a\": true}"},
+        {"the binary form with keys in another order", binary("\xD2\x01\x00\x02\x03", 5),
+         "{\"b\": true, \"a\": false}"},
+        {"the binary form with other keys of the same length", binaryWith("\x51x", "\x51y"),
+         "{\"x\": true, \"y\": true}"},
+        {"the binary form with longer keys", binaryWith("\x52xx", "\x51y"), "{\"xx\": true, \"y\": true}"},
+        {"the binary form with a key outside ASCII", binaryWith("\x51\xE9", "\x51y"), "no document"},
+        {"the binary form with data as a key", binaryWith("\x41x", "\x51y"), "no document"},
+        {"the binary form with objects before the keys",
+         BinaryPropertyList{{"\x09", "\x51x", "\x51y", std::string("\xD2\x01\x02\x00\x00", 5)}, 3}.bytes(),
+         "{\"x\": true, \"y\": true}"},
     };
 }
 
@@ -111,6 +126,31 @@ TEST(DocumentShape, ChangesNothingOfTheNextDocument) {
             EXPECT_EQ(read(before.document), before.text);
             EXPECT_EQ(read(sample.document), sample.text);
             EXPECT_EQ(read(sample.document), sample.text);
+        }
+}
+
+/// Keys in a row at two depths, and one that is a value too.
+std::string nestedBinary() {
+    const std::string root("\xD3\x00\x01\x02\x02\x08\x04", 7);
+    return BinaryPropertyList{{"\x54name", "\x55list ", "\x54mode", root, "\x09", "\x54last", "\x51z",
+                               "\xD2\x05\x06\x04\x04", "\xA1\x07"},
+                              3}
+        .bytes();
+}
+
+TEST(DocumentShape, ChangesNothingOfADamagedDocument) {
+    const std::string whole = nestedBinary();
+    const std::string other = binary("\xD1\x00\x02", 3);
+    ASSERT_EQ(read(whole),
+              "{\"name\": \"mode\", \"list \": [{\"last\": true, \"z\": true}], \"mode\": true}");
+    for (std::size_t place = 8; place < whole.size(); ++place)
+        for (int change = 1; change < 256; ++change) {
+            std::string damaged = whole;
+            damaged[place] = static_cast<char>(damaged[place] ^ change);
+            EXPECT_EQ(read(other), "{\"a\": true}");
+            const std::string expected = read(damaged);
+            read(whole);
+            EXPECT_EQ(read(damaged), expected) << place << " ^ " << change;
         }
 }
 
