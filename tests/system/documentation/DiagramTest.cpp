@@ -1,12 +1,12 @@
 #include "tests/support/BuildPaths.h"
 #include "tests/system/documentation/Page.h"
+#include "tests/system/documentation/Pattern.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <filesystem>
 #include <map>
-#include <regex>
 #include <sstream>
 
 // The picture in docs/architecture.md is compared with what the sources include.
@@ -52,18 +52,14 @@ protected:
 
 private:
     void read(const std::string& line) {
-        static const std::regex node("\\s*(\\w+)\\[\"([^\"]*)\"\\]");
-        static const std::regex arrow("\\s*(\\w+) (?:-- \"[^\"]*\" )?--> (\\w+)");
-        static const std::regex folder("[a-z/]+/(?=[ <])");
-        std::smatch match;
-        if (std::regex_match(line, match, arrow))
-            arrows_.emplace(match[1], match[2]);
-        if (!std::regex_match(line, match, node))
-            return;
-        const std::string name = match[1];
-        const std::string label = match[2];
-        for (std::sregex_iterator at(label.begin(), label.end(), folder), end; at != end; ++at)
-            nodes_.emplace(at->str(), name);
+        static const Pattern node(R"rx( *([A-Za-z]+)\["([^"]*)"\])rx");
+        static const Pattern arrow(R"rx( *([A-Za-z]+) (-- "[^"]*" )?--> ([A-Za-z]+))rx");
+        static const Pattern folder("([a-z/]+/)[ <]");
+        if (const auto match = arrow.matchOf(line))
+            arrows_.emplace((*match)[1], (*match)[3]);
+        if (const auto match = node.matchOf(line))
+            for (const Pattern::Match& found : folder.matchesIn((*match)[2]))
+                nodes_.emplace(found[1], (*match)[1]);
     }
 
     /// The one with the longest folder that the path lies in; empty when none has it.
@@ -79,12 +75,11 @@ private:
     }
 
     void addIncludes(const std::string& path, std::set<Arrow>& found) const {
-        static const std::regex include("#include \"([^\"]+)\"");
+        static const Pattern include("#include \"([^\"]+)\"");
         std::istringstream lines(sourceText(path));
-        std::smatch match;
         for (std::string line; std::getline(lines, line);)
-            if (std::regex_match(line, match, include))
-                if (const std::string other = nodeOf(match[1]); !other.empty() && other != nodeOf(path))
+            if (const auto match = include.matchOf(line))
+                if (const std::string other = nodeOf((*match)[1]); !other.empty() && other != nodeOf(path))
                     found.emplace(nodeOf(path), other);
     }
 

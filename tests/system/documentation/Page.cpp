@@ -1,15 +1,16 @@
 #include "tests/system/documentation/Page.h"
 
 #include "tests/support/BuildPaths.h"
+#include "tests/system/documentation/Pattern.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cctype>
 #include <filesystem>
+#include <fnmatch.h>
 #include <fstream>
 #include <iterator>
-#include <regex>
 #include <sstream>
 
 namespace wardlock::test {
@@ -101,17 +102,17 @@ void Page::readText(const std::string& text, std::size_t line) {
         readHeading(text, line);
     if (text.starts_with('|'))
         rows_.push_back({line, cellsOf(text)});
-    static const std::regex code("`([^`]+)`");
-    for (std::sregex_iterator match(text.begin(), text.end(), code), end; match != end; ++match)
-        spans_.push_back({line, (*match)[1]});
+    for (std::string& code : codeIn(text))
+        spans_.push_back({line, std::move(code)});
     // Brackets within code are not links.
-    const std::string prose = std::regex_replace(text, code, "code");
-    static const std::regex markdown(R"(\]\(([^)\s]+)\))");
-    for (std::sregex_iterator match(prose.begin(), prose.end(), markdown), end; match != end; ++match)
-        links_.push_back({line, (*match)[1]});
-    static const std::regex html(R"rx((?:src|srcset|href)="([^"]+)")rx");
-    for (std::sregex_iterator match(prose.begin(), prose.end(), html), end; match != end; ++match)
-        links_.push_back({line, (*match)[1]});
+    static const Pattern code("`[^`]+`");
+    const std::string prose = code.replacedIn(text, "code");
+    static const Pattern markdown(R"(\]\(([^)[:space:]]+)\))");
+    for (Pattern::Match& match : markdown.matchesIn(prose))
+        links_.push_back({line, std::move(match[1])});
+    static const Pattern html(R"rx((src|srcset|href)="([^"]+)")rx");
+    for (Pattern::Match& match : html.matchesIn(prose))
+        links_.push_back({line, std::move(match[2])});
 }
 
 void Page::readHeading(const std::string& text, std::size_t line) {
@@ -195,11 +196,10 @@ bool existsInSource(const std::string& path) {
         return std::filesystem::exists(sourceFolder() + '/' + path);
     const auto slash = path.rfind('/');
     const std::filesystem::path above = sourceFolder() + '/' + path.substr(0, slash);
-    std::string name = std::regex_replace(path.substr(slash + 1), std::regex("[.]"), "[.]");
-    const std::regex pattern(std::regex_replace(name, std::regex("[*]"), ".*"));
+    const std::string pattern = path.substr(slash + 1);
     return std::filesystem::is_directory(above) &&
            std::ranges::any_of(std::filesystem::directory_iterator(above), [&](const auto& entry) {
-               return std::regex_match(entry.path().filename().string(), pattern);
+               return fnmatch(pattern.c_str(), entry.path().filename().c_str(), 0) == 0;
            });
 }
 

@@ -1,6 +1,7 @@
 #include "tests/support/BuildPaths.h"
 #include "tests/system/documentation/Console.h"
 #include "tests/system/documentation/Page.h"
+#include "tests/system/documentation/Pattern.h"
 #include "tests/system/documentation/Untested.h"
 
 #include <gtest/gtest.h>
@@ -8,7 +9,6 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
-#include <regex>
 
 namespace wardlock::test {
 namespace {
@@ -20,8 +20,8 @@ std::vector<Page> pages(const std::vector<std::string>& paths = pagesOfTheDocume
 }
 
 void expectTarget(const Page& page, const std::string& target) {
-    static const std::regex elsewhere("[a-z]+:.*");
-    if (std::regex_match(target, elsewhere))
+    static const Pattern elsewhere("[a-z]+:.*");
+    if (elsewhere.matchOf(target))
         return;
     const auto hash = target.find('#');
     const fs::path beside = fs::path(page.path()).parent_path() / target.substr(0, hash);
@@ -42,11 +42,10 @@ TEST(DocumentationPages, LinkToExistingTargets) {
 
 /// Whether the text reads as a path below one of the source's folders.
 bool namesAFile(const std::string& text) {
-    static const std::regex path("(?:[.]/)?([A-Za-z][A-Za-z0-9_-]*)/[A-Za-z0-9_./*-]*");
-    std::smatch match;
+    static const Pattern path("([.]/)?([A-Za-z][A-Za-z0-9_-]*)/[A-Za-z0-9_./*-]*");
+    const auto match = path.matchOf(text);
     // What lies in build/ comes with building.
-    return std::regex_match(text, match, path) && match[1] != "build" &&
-           fs::is_directory(sourceFolder() + '/' + match[1].str());
+    return match && (*match)[2] != "build" && fs::is_directory(sourceFolder() + '/' + (*match)[2]);
 }
 
 TEST(DocumentationPages, NameExistingFiles) {

@@ -4,10 +4,10 @@
 #include "tests/support/BuildPaths.h"
 #include "tests/support/BusFixture.h"
 #include "tests/system/documentation/Page.h"
+#include "tests/system/documentation/Pattern.h"
 
 #include <algorithm>
 #include <nlohmann/json.hpp>
-#include <regex>
 
 // The tables of what the program shows and stores are compared with what it does show and store.
 
@@ -62,12 +62,10 @@ TEST(DocumentFormat, DocumentsEveryKeyOfAnAccountInItsOrder) {
 TEST(Architecture, NamesExistingFilesForEachChange) {
     const Page page("docs/architecture.md");
     for (const TableRow& row : page.tableBelow("Where would I change X?")) {
-        static const std::regex code("`([^`]+)`");
-        const std::string& where = row.cells.at(1);
-        std::sregex_iterator path(where.begin(), where.end(), code);
-        EXPECT_NE(path, std::sregex_iterator()) << page.place(row.line) << ": no file";
-        for (; path != std::sregex_iterator(); ++path)
-            EXPECT_TRUE(existsInSource((*path)[1])) << page.place(row.line) << ": " << (*path)[1];
+        const auto paths = codeIn(row.cells.at(1));
+        EXPECT_FALSE(paths.empty()) << page.place(row.line) << ": no file";
+        for (const std::string& path : paths)
+            EXPECT_TRUE(existsInSource(path)) << page.place(row.line) << ": " << path;
     }
 }
 

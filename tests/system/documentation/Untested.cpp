@@ -1,11 +1,11 @@
 #include "tests/system/documentation/Untested.h"
 
 #include "tests/system/documentation/Page.h"
+#include "tests/system/documentation/Pattern.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <regex>
 
 namespace wardlock::test {
 
@@ -21,17 +21,16 @@ std::vector<Untested> untestedCommands() {
             ADD_FAILURE() << untestedPage << ':' << row.line << ": not a command and a reason";
             continue;
         }
-        static const std::regex code("`([^`]+)`");
-        const std::string& commands = row.cells[0];
-        for (std::sregex_iterator match(commands.begin(), commands.end(), code), end; match != end; ++match)
-            found.push_back({row.line, (*match)[1], row.cells[1]});
+        for (const std::string& command : codeIn(row.cells[0]))
+            found.push_back({row.line, command, row.cells[1]});
     }
     return found;
 }
 
 bool isUntested(const std::string& command) {
-    return std::ranges::any_of(untestedCommands(),
-                               [&](const Untested& untested) { return untested.covers(command); });
+    // The page is read once, not for each command.
+    static const std::vector<Untested> known = untestedCommands();
+    return std::ranges::any_of(known, [&](const Untested& untested) { return untested.covers(command); });
 }
 
 } // namespace wardlock::test
