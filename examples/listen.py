@@ -51,69 +51,100 @@ def bus_address():
     return f"unix:path={Gio.dbus_address_escape_value(own)}"
 
 
-def plain(value):
+class Malformed(Exception):
+    """The signal is not of the documented form."""
+
+
+def plain(variant):
     """Returns the value inside a variant of the signal; its signature gives the kind."""
+    value = variant.get_variant()
     kind = value.get_type_string()
-    if kind == "v":
-        return plain(value.get_variant())
     if kind == "a{sv}":
         return {pair.get_child_value(0).get_string(): plain(pair.get_child_value(1)) for pair in children(value)}
     if kind == "av":
         return [plain(item) for item in children(value)]
     if kind == "(av)":
-        return flattened(plain_or_start(item.get_variant()) for item in children(value.get_child_value(0)))
+        return flattened(children(value.get_child_value(0)))
     if kind == "(ay)":
         return bytes(value.unpack()[0]).decode("utf-8", "replace")
     if kind == "ay":
         return bytes(value.unpack())
     if kind == "(d)":
-        return EPOCH + datetime.timedelta(seconds=value.unpack()[0])
-    return value.unpack()  # b, x, t, d, s
+        return date(value.unpack()[0])
+    if kind in {"b", "y", "n", "q", "i", "u", "x", "t", "d", "s"}:
+        return value.unpack()
+    raise Malformed(f"unknown kind {kind}")
 
 
 def children(container):
     return (container.get_child_value(i) for i in range(container.n_children()))
 
 
-def plain_or_start(value):
-    """Returns the start of a container as a pair of its kind and size, everything else as a value."""
-    return value.unpack() if value.get_type_string() == "(su)" else plain(value)
+def date(seconds):
+    """Returns the seconds themselves for a date outside Python's years."""
+    try:
+        return EPOCH + datetime.timedelta(seconds=seconds)
+    except (OverflowError, ValueError):
+        return seconds
+
+
+def dictionary(parts):
+    if not all(isinstance(key, str) for key in parts[::2]):
+        raise Malformed("a key is not a text")
+    return dict(zip(parts[::2], parts[1::2]))
 
 
 def flattened(items):
     """Returns a container that is nested deeper than a bus allows: it arrives as the list of its values."""
     containers = []  # the incomplete ones: kind, size, the values so far
-    while True:
-        item = next(items)
-        if isinstance(item, tuple):
-            kind, size = item
-            if len(containers) == DEEPEST:
-                raise RecursionError("deeper than a document")
+    for item in items:
+        signature = item.get_variant().get_type_string()
+        if signature == "(su)":
+            kind, size = item.get_variant().unpack()
+            if kind not in {"array", "dictionary"} or len(containers) == DEEPEST:
+                raise Malformed("no container of a document")
             containers.append((kind, size if kind == "array" else 2 * size, []))
+        elif signature in {"av", "a{sv}", "(av)"} or not containers:
+            raise Malformed("a container that is not flattened")
         else:
-            if not containers:
-                return item
-            containers[-1][2].append(item)
+            containers[-1][2].append(plain(item))
         while len(containers[-1][2]) == containers[-1][1]:
             kind, _, parts = containers.pop()
-            item = parts if kind == "array" else dict(zip(parts[::2], parts[1::2]))
-            if not containers:
-                return item
-            containers[-1][2].append(item)
+            value = parts if kind == "array" else dictionary(parts)
+            if containers:
+                containers[-1][2].append(value)
+            elif next(items, None) is None:
+                return value
+            else:
+                raise Malformed("more values than the container has")
+    raise Malformed("fewer values than the container has")
+
+
+def user_info(arguments):
+    """Returns the dictionary that the signal carries; nothing when there is none."""
+    objects, infos = arguments.get_child_value(2), arguments.get_child_value(3)
+    if objects.n_children() > 1 or infos.n_children() > 1:
+        raise Malformed("more than one object or user info")
+    if infos.n_children() == 0:
+        return None
+    info = plain(infos.get_child_value(0))
+    if not isinstance(info, dict):
+        raise Malformed("the user info is not a dictionary")
+    return info
 
 
 def received(_bus, _sender, _path, _interface, _member, arguments):
     if arguments.get_type_string() != "(ssasav)" or arguments.get_child_value(1).get_string() != NAME:
         return
     try:
-        user_info = [plain(item) for item in children(arguments.get_child_value(3))]
-    except RecursionError:
-        return  # Not sent by Wardlock, which announces a value this deep without its content.
-    if user_info:
-        print(f"changed: {user_info[0].get('key')} = {user_info[0].get('object')!r}", flush=True)
-    else:
+        info = user_info(arguments)
+    except Malformed:
+        return  # Not sent by Wardlock.
+    if info is None:
         # Something may have changed: a program that keeps settings in memory reads them again.
         print("changed", flush=True)
+    else:
+        print(f"changed: {info.get('key')} = {info.get('object')!r}", flush=True)
 
 
 def main():

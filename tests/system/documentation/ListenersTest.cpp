@@ -60,6 +60,36 @@ TEST_F(Listener, IgnoresAMessageNestedDeeperThanADocumentInPython) {
     EXPECT_EQ(listener.wait().errors, "");
 }
 
+TEST_F(Listener, IgnoresWhatIsNotOfTheDocumentedFormInPython) {
+    Process listener(sourceFolder() + "/examples/listen.py", {root()});
+    ASSERT_EQ(listener.readLine(), "ready") << listener.wait().errors;
+    const auto emit = [](const std::string& userInfo, const std::string& objects = "@as []") {
+        SCOPED_TRACE(userInfo);
+        std::string command = documentedCommand("gdbus emit");
+        command.replace(command.find("\"@as []\""), std::string::npos, "\"$1\" \"$2\"");
+        const auto sent = runProcess("/bin/sh", {"-c", command, "sh", objects, userInfo});
+        EXPECT_EQ(sent.exitCode, 0) << sent.errors;
+    };
+    emit("[<{'key': <(1e300,)>}>, <{'key': <true>}>]");
+    emit("@av []", "['one', 'two']");
+    emit("[<'a text'>]");
+    emit("[<{'key': <['texts']>}>]");
+    emit("[<{'key': <<'a variant in a variant'>>}>]");
+    for (const char* items :
+         {"", "<'text'>", "<('set', uint32 0)>", "<('array', uint32 0)>", "<('dictionary', uint32 1)>",
+          "<('dictionary', uint32 1)>, <'key'>", "<('dictionary', uint32 1)>, <true>, <true>",
+          "<('dictionary', uint32 1)>, <('array', uint32 0)>, <true>", "<('dictionary', uint32 0)>, <true>",
+          "<('dictionary', uint32 1)>, <'key'>, <@av []>"})
+        emit("[<(@av [" + std::string(items) + "],)>]");
+    // Dates that Python's calendar does not have.
+    emit("[<{'key': <'far'>, 'object': <(1e300,)>}>]");
+    EXPECT_EQ(listener.readLine(), "changed: far = 1e+300");
+    emit("[<{'key': <'none'>, 'object': <(nan,)>}>]");
+    EXPECT_EQ(listener.readLine(), "changed: none = nan");
+    listener.send(SIGTERM);
+    EXPECT_EQ(listener.wait().errors, "");
+}
+
 TEST_F(Listener, ReportsAMissingBusInPython) {
     const auto result = runProcess(sourceFolder() + "/examples/listen.py", {root()},
                                    with("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere"));
