@@ -90,6 +90,42 @@ std::string valued(const Program& program) {
     return pattern;
 }
 
+/// Returns the function that offers names. A name can contain what the shell would run.
+std::string namesHelper(const std::string& function) {
+    return "# Offers what the program lists, escaped for the quotes that are open.\n"
+           "# The shell replaces what was typed after the opening quote.\n" +
+           function + R"names(_names() {
+    local name c rest=$current typed='' before='' quote=''
+    while [[ $rest ]]; do
+        c=${rest:0:1} rest=${rest:1}
+        case $quote$c in
+        \"\" | \'\') quote= ;;
+        \" | \') quote=$c before=$typed ;;
+        \\) typed+=${rest:0:1} rest=${rest:1} ;;
+        \"\\)
+            [[ ${rest:0:1} == [\\\"\$\`] ]] || typed+=$c
+            typed+=${rest:0:1} rest=${rest:1}
+            ;;
+        *) typed+=$c ;;
+        esac
+    done
+    while IFS= read -r name; do
+        [[ $name == "$typed"* ]] || continue
+        case $quote in
+        '') printf -v name %q "$name" ;;
+        \') name=${name#"$before"} name=${name//\'/\'\\\'\'} ;;
+        \")
+            name=${name#"$before"} name=${name//\\/\\\\} name=${name//\"/\\\"}
+            name=${name//\$/\\\$} name=${name//\`/\\\`} name=${name//!/\"\'!\'\"}
+            ;;
+        esac
+        COMPREPLY+=("$name")
+    done < <("${COMP_WORDS[0]}" complete "$1" 2>/dev/null)
+}
+
+)names";
+}
+
 std::string helpers(const Program& program, const std::string& function) {
     return function +
            "_words() {\n"
@@ -97,17 +133,8 @@ std::string helpers(const Program& program, const std::string& function) {
            function +
            "_paths() {\n"
            "    # The shell itself completes paths, since a file name may contain a line end.\n"
-           "    compopt -o \"$1\"\n}\n\n"
-           "# Offers what the program lists. Inside quotes a name stands as it is.\n" +
-           function +
-           "_names() {\n"
-           "    local name typed=${current//\\\\/}\n"
-           "    typed=${typed#[\\\"\\']}\n"
-           "    while IFS= read -r name; do\n"
-           "        [[ $name == \"$typed\"* ]] || continue\n"
-           "        [[ $current == [\\\"\\']* ]] || printf -v name %q \"$name\"\n"
-           "        COMPREPLY+=(\"$name\")\n"
-           "    done < <(\"${COMP_WORDS[0]}\" complete \"$1\" 2>/dev/null)\n}\n\n"
+           "    compopt -o \"$1\"\n}\n\n" +
+           namesHelper(function) +
            "# Prints the number of the operand being typed, from 1, when the operands begin at word $1.\n" +
            function +
            "_operand() {\n"

@@ -131,6 +131,33 @@ TEST_F(BashCompletion, OffersANameWithoutEscapesInsideQuotes) {
     EXPECT_EQ(offered({program, "set", "\"Control C"}), (Words{"Control Center"}));
 }
 
+TEST_F(BashCompletion, CompletesANameToItselfInAllQuotes) {
+    environment.set("TERM", "dumb");
+    writeFile("/names", "x$(touch f)\ny`touch f`\nKim O'Neil\nsay \"hi\" \\ $HOME!now\n");
+    TerminalProcess shell("/bin/bash", {"--norc", "--noprofile", "-i"});
+    // In two parts, so that what is typed is not taken for what comes of it.
+    shell.type("cd '" + root() + "'; source '" + bashFile("wardlock") +
+               "'; wardlock() { [[ $1 == complete ]] && cat names || printf 'gi''ven <%s>\\n' \"$3\"; }; "
+               "PS1='ready''> '\n");
+    shell.waitFor("ready> ");
+    const auto gives = [&](const std::string& typed, const std::string& given) {
+        SCOPED_TRACE(typed);
+        shell.type("wardlock get --account " + typed + "\t\n");
+        shell.waitFor("given <" + given + ">");
+    };
+    for (const std::string quote : {"", "'", "\""}) {
+        gives(quote + "x", "x$(touch f)");
+        gives(quote + "y", "y`touch f`");
+        gives(quote + "Kim", "Kim O'Neil");
+        gives(quote + "say", "say \"hi\" \\ $HOME!now");
+    }
+    gives("'Kim O'\\''N", "Kim O'Neil");
+    gives("\"Kim \"O", "Kim O'Neil");
+    gives("Kim\\ O\\'N", "Kim O'Neil");
+    gives("\"say \\\"h", "say \"hi\" \\ $HOME!now");
+    EXPECT_FALSE(exists("/f"));
+}
+
 TEST_F(BashCompletion, CreatesNoDocument) {
     EXPECT_EQ(offered({buildFolder() + "/bin/wardlock", "account", "show", ""}), Words{});
     EXPECT_FALSE(exists(documentPath));
