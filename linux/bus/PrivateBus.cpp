@@ -92,11 +92,19 @@ PrivateBus::Start PrivateBus::start() const {
         return listener == Listener::Some ? Start::Running : Start::Failed;
     unlink(socketPath().c_str());
     // The daemon goes into the background once it listens.
-    if (!writeConfiguration() || !posix::startDaemon({"dbus-daemon", "--config-file=" + configurationPath(),
-                                                      "--fork", "--nopidfile", "--nosyslog"},
-                                                     startTime))
+    if (!writeConfiguration())
         return Start::Failed;
-    return Start::Running;
+    switch (posix::startDaemon(
+        {"dbus-daemon", "--config-file=" + configurationPath(), "--fork", "--nopidfile", "--nosyslog"},
+        startTime)) {
+    case posix::DaemonStart::Succeeded:
+        return Start::Running;
+    case posix::DaemonStart::TimedOut:
+        return Start::TimedOut;
+    case posix::DaemonStart::Failed:
+        break;
+    }
+    return Start::Failed;
 }
 
 bool PrivateBus::writeConfiguration() const {

@@ -12,6 +12,7 @@ public:
         Running,        ///< A process listens at the folder's socket.
         StartedByOther, ///< Another process is about to start it: try again in a moment.
         Failed,         ///< No dbus-daemon, or the folder cannot be trusted.
+        TimedOut,       ///< The dbus-daemon did not listen in time, and was ended.
     };
 
     explicit PrivateBus(std::string folder) : folder_(std::move(folder)) {}

@@ -20,6 +20,8 @@ constexpr auto longestBackOff = 4000ms;
 /// Without a bus, posts look for one themselves, but not each of a burst.
 constexpr auto pauseAfterFailure = 20ms;
 constexpr auto pauseWhileOtherStarts = 5ms;
+/// A bus that hangs when it starts delays its starter by seconds. Meanwhile another process may start it.
+constexpr auto pauseAfterSlowStart = 60s;
 /// Generous, for a busy machine: only a bus that accepts a connection and then stalls takes as long.
 constexpr auto handshakeTime = 2000ms;
 constexpr auto subscriptionTime = 3000ms;
@@ -105,9 +107,11 @@ void NotificationBus::connectToPrivateBus(const bus::BusAddress& address) {
     if (!bus.folderIsPrivate())
         return;
     connection_ = bus::BusConnection::open(address.text, bus::BusConnection::Peer::OwnUser);
-    if (connection_)
+    if (connection_ || Clock::now() < nextStart_)
         return;
     const auto start = bus.start();
+    if (start == bus::PrivateBus::Start::TimedOut)
+        nextStart_ = Clock::now() + pauseAfterSlowStart;
     startingElsewhere_ = start == bus::PrivateBus::Start::StartedByOther;
     if (start == bus::PrivateBus::Start::Running)
         connection_ = bus::BusConnection::open(address.text, bus::BusConnection::Peer::OwnUser);

@@ -16,7 +16,8 @@ namespace platform::notifications {
 
 /// Carries notifications to and from the other processes of this user. It looks for the bus, connects,
 /// subscribes, and starts again after a loss. Main thread only. Every wait is bounded: two seconds for a bus
-/// that stalls, three for a subscription; none where no process listens.
+/// that stalls, three for a subscription, three for the start of a private bus; none where no process
+/// listens.
 class NotificationBus : public posix::LoopSource {
 public:
     struct Events {
@@ -73,6 +74,8 @@ private:
     Clock::time_point nextAttempt_{};
     Clock::duration backOff_{};
     Clock::time_point lastFailure_{};
+    /// When the private bus may be started: later, after a start that took too long.
+    Clock::time_point nextStart_{};
     /// Another process is about to start the private bus.
     bool startingElsewhere_ = false;
     /// The connection was accepted, or not in time: no post waits for it again.

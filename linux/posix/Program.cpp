@@ -193,14 +193,14 @@ std::optional<int> startProgram(const std::vector<std::string>& words, std::chro
     return 0;
 }
 
-bool startDaemon(const std::vector<std::string>& words, std::chrono::milliseconds timeout) {
+DaemonStart startDaemon(const std::vector<std::string>& words, std::chrono::milliseconds timeout) {
     const auto process = SpawnSetup(-1).start(words, Environment::Empty);
     if (!process)
-        return false;
-    const auto code = waitFor(*process, Clock::now() + timeout);
-    if (!code)
-        endSession(*process);
-    return code == 0;
+        return DaemonStart::Failed;
+    if (const auto code = waitFor(*process, Clock::now() + timeout))
+        return *code == 0 ? DaemonStart::Succeeded : DaemonStart::Failed;
+    endSession(*process);
+    return DaemonStart::TimedOut;
 }
 
 } // namespace platform::posix

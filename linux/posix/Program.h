@@ -31,8 +31,10 @@ std::optional<ProgramResult> runProgram(const std::vector<std::string>& words,
 /// within `timeout`, 0 when it is still running then, and nothing when it cannot be started.
 std::optional<int> startProgram(const std::vector<std::string>& words, std::chrono::milliseconds timeout);
 
+enum class DaemonStart { Succeeded, Failed, TimedOut };
+
 /// Starts a program that puts itself into the background, without this process's environment, and waits until
-/// the started process has ended. Returns true when it succeeded within `timeout`; a slower one is ended.
-bool startDaemon(const std::vector<std::string>& words, std::chrono::milliseconds timeout);
+/// the started process has ended. One that has not within `timeout` is ended.
+DaemonStart startDaemon(const std::vector<std::string>& words, std::chrono::milliseconds timeout);
 
 } // namespace platform::posix

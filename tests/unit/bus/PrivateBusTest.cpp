@@ -1,3 +1,4 @@
+#include "platform/runtime/CFNotificationCenter.h"
 #include "tests/support/BuildPaths.h"
 #include "tests/support/BusDaemons.h"
 #include "tests/support/BusFixture.h"
@@ -5,8 +6,11 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <fcntl.h>
 #include <filesystem>
+#include <fstream>
+#include <sstream>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -137,6 +141,27 @@ TEST_F(PrivateBus, IsAbsentWithoutADaemon) {
     const auto observer = observe({"N"}, withoutDaemon);
     post({"N"}, withoutDaemon);
     EXPECT_TRUE(daemons().empty());
+}
+
+TEST_F(PrivateBus, IsNotStartedForEachPostWhereItsStartHangs) {
+    const TemporaryFolder programs;
+    const std::string starts = programs / "starts";
+    std::ofstream(programs / "dbus-daemon")
+        << "#!/bin/sh\necho start >>'" << starts << "'\nexec /bin/sleep 1000\n";
+    fs::permissions(programs / "dbus-daemon", fs::perms::owner_all);
+    environment.set("PATH", programs.path());
+    const auto postHere = [] {
+        CFNotificationCenterPostNotification(platform::CFNotificationCenterGetDistributedCenter(), "N",
+                                             nullptr, nullptr, true);
+    };
+    postHere();
+    // Longer than the pause between the attempts of two posts.
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(100);
+    while (std::chrono::steady_clock::now() < end)
+        postHere();
+    std::ostringstream text;
+    text << std::ifstream(starts).rdbuf();
+    EXPECT_EQ(text.str(), "start\n");
 }
 
 TEST_F(PrivateBus, IsFoundInAFolderWhoseNameNeedsEscaping) {
