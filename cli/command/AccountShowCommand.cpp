@@ -42,7 +42,7 @@ std::string inWords(const NamedSetting& setting, const Dictionary& record) {
     if (setting.key == kAccountName)
         return printable(platform::stringValue(value).value_or(""));
     if (setting.key == kAppsRestricted)
-        return printable(appsInWords(restrictedApps(record), installedApplications()));
+        return printable(appsInWords(restrictedApps(record), installedApplications().names));
     return platform::boolValue(value) ? "on" : "off";
 }
 

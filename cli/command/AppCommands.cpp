@@ -31,8 +31,7 @@ struct App {
     bool restricted;
 };
 
-std::vector<App> appsOf(const Accounts& accounts, std::size_t position) {
-    const platform::Dictionary names = installedApplications();
+std::vector<App> appsOf(const Accounts& accounts, std::size_t position, const platform::Dictionary& names) {
     const platform::Dictionary* record = accounts.record(position);
     const platform::Array* stored = platform::arrayValue(record ? record->find(kAppsRestricted) : nullptr);
     const platform::Array restricted = stored ? *stored : platform::Array();
@@ -50,6 +49,10 @@ std::vector<App> appsOf(const Accounts& accounts, std::size_t position) {
     return apps;
 }
 
+std::string noListReason(const InstalledApplications& installed) {
+    return "cannot list applications: " + installed.problem;
+}
+
 void printJson(const App& app) {
     Json json = Json::object();
     json["identifier"] = app.identifier;
@@ -61,7 +64,11 @@ void printJson(const App& app) {
 
 ExitCode listApps(const Arguments& arguments) {
     const Accounts accounts = loadedAccounts();
-    const std::vector<App> apps = appsOf(accounts, accountOf(arguments, accounts));
+    const std::size_t position = accountOf(arguments, accounts);
+    const InstalledApplications installed = installedApplications();
+    if (!installed.problem.empty())
+        throw CommandError(ExitCode::Failed, noListReason(installed));
+    const std::vector<App> apps = appsOf(accounts, position, installed.names);
     std::size_t width = 0;
     for (const App& app : apps)
         width = std::max(width, columnsOf(printable(app.name)));
@@ -98,7 +105,12 @@ ExitCode change(const Arguments& arguments, Restriction restriction) {
     if (!platform::arrayValue(record ? record->find(kAppsRestricted) : nullptr))
         throw CommandError(ExitCode::Failed, "account " + numberAndName(accounts, position) +
                                                  " has no list of restricted apps");
-    const auto identifiers = identifiersOf(arguments, appsOf(accounts, position));
+    // What is restricted already can be named all the same.
+    const InstalledApplications installed = installedApplications();
+    if (!installed.problem.empty())
+        Output::error(std::string("wardlock ") + (restriction == Restriction::On ? "restrict" : "allow") +
+                      ": " + noListReason(installed));
+    const auto identifiers = identifiersOf(arguments, appsOf(accounts, position, installed.names));
     finish(setRestricted(documentPath(BundleIdentifier), choiceOf(arguments), identifiers, restriction));
     return ExitCode::Done;
 }

@@ -36,7 +36,7 @@ Names settingNames() {
 
 Names appNames() {
     Names names;
-    const platform::Dictionary installed = installedApplications();
+    const platform::Dictionary installed = installedApplications().names;
     for (const platform::Value& row : offeredApplications(installed, {}).copy())
         names.emplace_back(platform::stringValue(installed.find(row.string())).value_or(row.string()));
     return names;

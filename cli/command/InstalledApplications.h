@@ -2,10 +2,21 @@
 
 #include "platform/values/Value.h"
 
+#include <string>
+
 namespace wardlock::cli {
 
-/// Returns the display names of the installed applications by identifier, as the picker of restricted apps
-/// gets them: from the AppList library of the device. Empty where that cannot be loaded.
-platform::Dictionary installedApplications();
+/// The installed applications as the picker of restricted apps gets them.
+struct InstalledApplications {
+    /// Their display names by identifier.
+    platform::Dictionary names;
+    /// Why they cannot be listed; empty when they can.
+    std::string problem;
+};
+
+/// Lists them by the AppList library of the device. A device root gets its link to that library when Settings
+/// is opened for the first time; until then, the library of this installation lists the same. Creates
+/// nothing.
+InstalledApplications installedApplications();
 
 } // namespace wardlock::cli

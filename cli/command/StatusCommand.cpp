@@ -98,7 +98,7 @@ void printAccount(const std::optional<AccountStatus>& account) {
     Output::line("Enabled account: " + printable(account->name.value_or("unnamed")) + " (account " +
                  std::to_string(account->index + 1) + " of " + std::to_string(account->count) + ")");
     Output::line("Restrictions: " + restrictionsInWords(account->restrictions));
-    Output::line("Restricted apps: " + printable(appsInWords(account->apps, installedApplications())));
+    Output::line("Restricted apps: " + printable(appsInWords(account->apps, installedApplications().names)));
 }
 
 /// Returns when the document was last changed; none when there is no document.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/base/Export.h"
 #include "platform/runtime/Class.h"
 
 #include <string>
@@ -11,7 +12,7 @@ namespace platform {
 ///
 /// A module runs with all the user's rights, so a file that another user could have put there or changed is
 /// refused.
-void* openModule(const std::string& path, int mode, std::string& reason);
+WARDLOCK_API void* openModule(const std::string& path, int mode, std::string& reason);
 
 /// Returns why the file at an absolute path must not be used, as code or as a description of code. The reason
 /// is a user whom the process does not trust otherwise and who could have put it there or changed it. Empty

@@ -25,6 +25,11 @@ std::string installedFolder() {
     return folder.empty() ? folderWith("PreferenceBundles", WARDLOCK_LIBRARY_FOLDER "/wardlock") : folder;
 }
 
+std::string installedAppList() {
+    const std::string folder = installedFolder();
+    return folder.empty() ? folder : folder + "/DynamicLibraries/AppList.dylib";
+}
+
 std::string installedPages() {
     return folderWith("index.md", WARDLOCK_PAGES_FOLDER);
 }

@@ -11,6 +11,9 @@ namespace wardlock::shell {
 /// none.
 std::string installedFolder();
 
+/// Returns the application-list module of this installation; empty when there is none.
+std::string installedAppList();
+
 /// Returns the folder of this installation with the pages of the documentation. Empty when there is none, as
 /// in a build tree, where they are in the sources.
 std::string installedPages();

@@ -36,7 +36,6 @@ constexpr std::array folders{
 };
 
 constexpr unsigned privateMode = 0700;
-constexpr const char* appListModule = "AppList.dylib";
 
 /// Returns whether another user could neither have put files there nor can do so now.
 bool isFolderOfOurs(const std::string& path) {
@@ -64,7 +63,7 @@ void Provision::makeWhatIsMissing(const std::function<void()>& furnish) {
     } else {
         link(std::string(preferenceBundlesPath) + '/' + settingsBundleName,
              installed + "/PreferenceBundles/" + settingsBundleName);
-        link(platform::appListLibraryPath, installed + "/DynamicLibraries/" + appListModule);
+        link(platform::appListLibraryPath, installedAppList());
     }
     if (furnish && complete)
         furnish();

@@ -1,5 +1,7 @@
 #include "tests/unit/cli/VerbsFixture.h"
 
+#include <filesystem>
+
 namespace wardlock::test {
 namespace {
 
@@ -83,6 +85,58 @@ TEST_F(AppCommand, RefusesAnAccountWithoutAList) {
     const ProcessResult result = run({"restrict", "Mail"});
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_EQ(result.errors, "wardlock restrict: account 1 (Ben) has no list of restricted apps\n");
+}
+
+/// Over a device root for which Settings was not opened yet.
+class AppCommandOnNewRoot : public VerbsFixture {
+protected:
+    static constexpr const char* modulePath = "/Library/MobileSubstrate/DynamicLibraries/AppList.dylib";
+
+    AppCommandOnNewRoot() {
+        writeFile("/Applications/One.app/Info.plist",
+                  platform::dataWithPropertyList(platform::Dictionary{
+                      {"CFBundleIdentifier", "org.example.one"}, {"CFBundleDisplayName", "One"}}));
+    }
+};
+
+TEST_F(AppCommandOnNewRoot, ListsTheInstalledAppsAndCreatesNoLink) {
+    expectPrints({"apps"}, "restricted       org.example.stored  (not installed)\n"
+                           "allowed     One  org.example.one\n");
+    expectPrints({"complete", "apps"}, "One\n");
+    EXPECT_FALSE(exists(modulePath));
+}
+
+TEST_F(AppCommandOnNewRoot, RestrictsAndAllowsAppsByName) {
+    expectPrints({"restrict", "one"}, "");
+    EXPECT_EQ(stored(1, kAppsRestricted), Value(Array{"org.example.stored", "org.example.one"}));
+    expectPrints({"allow", "One"}, "");
+    EXPECT_EQ(stored(1, kAppsRestricted), Value(Array{"org.example.stored"}));
+}
+
+TEST_F(AppCommandOnNewRoot, ListsTheAppsInPlaceOfALinkThatLeadsNowhere) {
+    std::filesystem::create_symlink("/nowhere/AppList.dylib", onDisk(modulePath));
+    EXPECT_NE(run({"apps"}).output.find("org.example.one"), std::string::npos);
+}
+
+TEST_F(AppCommandOnNewRoot, ListsNothingWhereTheListCannotBeLoaded) {
+    writeFile(modulePath, "not a module");
+    const ProcessResult result = run({"apps"});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.output, "");
+    EXPECT_TRUE(result.errors.starts_with("wardlock apps: cannot list applications: " + onDisk(modulePath)))
+        << result.errors;
+}
+
+TEST_F(AppCommandOnNewRoot, ChangesRestrictedAppsWhereTheListCannotBeLoaded) {
+    writeFile(modulePath, "not a module");
+    ProcessResult result = run({"allow", "org.example.stored"});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_TRUE(result.errors.starts_with("wardlock allow: cannot list applications: ")) << result.errors;
+    EXPECT_EQ(stored(1, kAppsRestricted), Value(Array{}));
+    result = run({"restrict", "One"});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_TRUE(result.errors.starts_with("wardlock restrict: cannot list applications: ")) << result.errors;
+    EXPECT_TRUE(result.errors.ends_with("wardlock restrict: no app 'One'\n")) << result.errors;
 }
 
 } // namespace
