@@ -3,13 +3,41 @@
 #include "linux/posix/Program.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstdlib>
+#include <map>
+#include <mutex>
 
 namespace platform::web {
 
 namespace {
 
 constexpr std::chrono::seconds timeout{3};
+constexpr std::chrono::seconds remembered{30};
+
+/// The schemes for which a program was found, and when.
+class FoundHandlers {
+public:
+    bool has(const std::string& scheme) {
+        const std::lock_guard lock(guard_);
+        const auto found = times_.find(scheme);
+        return found != times_.end() && std::chrono::steady_clock::now() - found->second < remembered;
+    }
+    void add(const std::string& scheme) {
+        const std::lock_guard lock(guard_);
+        times_[scheme] = std::chrono::steady_clock::now();
+    }
+
+private:
+    std::mutex guard_;
+    std::map<std::string, std::chrono::steady_clock::time_point> times_;
+};
+
+/// Never destroyed: a query may end late.
+FoundHandlers& foundHandlers() {
+    static auto* const handlers = new FoundHandlers;
+    return *handlers;
+}
 
 bool isLetter(char byte) {
     return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z');
@@ -39,10 +67,16 @@ std::string schemeOf(std::string_view url) {
     return scheme;
 }
 
-bool schemeHasHandler(std::string_view scheme) {
-    const std::string type = "x-scheme-handler/" + std::string(scheme);
-    const auto result = posix::runProgram({"xdg-mime", "query", "default", type}, timeout);
-    return result && result->exitCode == 0 && result->output.find(".desktop") != std::string::npos;
+bool schemeHasHandler(const std::string& scheme) {
+    if (foundHandlers().has(scheme))
+        return true;
+    const auto result =
+        posix::runProgram({"xdg-mime", "query", "default", "x-scheme-handler/" + scheme}, timeout);
+    const bool found =
+        result && result->exitCode == 0 && result->output.find(".desktop") != std::string::npos;
+    if (found)
+        foundHandlers().add(scheme);
+    return found;
 }
 
 bool hasDisplay() {

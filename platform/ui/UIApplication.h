@@ -23,7 +23,7 @@ public:
     const std::shared_ptr<UIWindow>& keyWindow() const { return keyWindow_; }
     void setKeyWindow(std::shared_ptr<UIWindow> window);
 
-    /// Returns whether a handler for the URL's scheme was there and accepted it.
+    /// Returns whether the URL is being opened. That no program can open it may turn out later.
     bool openURL(std::string_view url);
 
     /// Posts UIApplicationWillResignActiveNotification.
