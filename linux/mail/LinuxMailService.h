@@ -7,9 +7,9 @@
 
 namespace platform::mail {
 
-/// Returns whether the route is open. The query runs beside the calling thread; a route without a reply
-/// within seconds counts as closed.
-bool opensInTime(const std::shared_ptr<MailRoute>& route);
+/// Returns whether one of the routes is open, as soon as that is known. All are queried at once, beside the
+/// calling thread; a route without a reply within seconds counts as closed.
+bool oneOpensInTime(const std::vector<std::shared_ptr<MailRoute>>& routes);
 
 /// Sends by the first of its routes that takes the mail. Routes wait for other programs, so they are tried
 /// beside the main thread; a desktop that hangs blocks no caller.

@@ -2,9 +2,12 @@
 
 #include "linux/mail/MailHeader.h"
 #include "linux/posix/FileDescriptor.h"
+#include "linux/posix/LastError.h"
 #include "linux/posix/PosixFileSystem.h"
 #include "linux/posix/PrivateFolder.h"
+#include "platform/base/Translation.h"
 #include "platform/base/Utf8.h"
+#include "platform/files/HomeFolder.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -30,7 +33,7 @@ fs::path parentFolder() {
         return fs::path(cache) / "wardlock";
     if (const char* home = std::getenv("HOME"); home && *home == '/')
         return fs::path(home) / ".cache/wardlock";
-    return {};
+    return fs::path(homeFolderOfUser().value_or("/nonexistent")) / ".cache/wardlock";
 }
 
 void removeOldFolders(const fs::path& parent) {
@@ -67,7 +70,7 @@ std::error_code writeNewFile(const std::string& path, std::string_view bytes) {
     const posix::FileDescriptor file(
         open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0600));
     if (!file)
-        return {errno, std::generic_category()};
+        return posix::lastError();
     posix::PosixFileSystem files;
     std::error_code error = writeAll(files, file.get(), bytes);
     if (!error)
@@ -78,25 +81,33 @@ std::error_code writeNewFile(const std::string& path, std::string_view bytes) {
 }
 
 MailFolder::MailFolder(const std::vector<MailAttachment>& attachments) {
-    const fs::path parent = parentFolder();
-    if (parent.empty() || !posix::prepareUserFolder(parent.string()))
+    if (attachments.empty())
         return;
+    const std::string parent = parentFolder().string();
+    if (const std::error_code error = copy(attachments, parent))
+        problem_ = filledIn(translated("Mail", "The attachments could not be copied to %1: %2."),
+                            {parent, error.message()});
+}
+
+std::error_code MailFolder::copy(const std::vector<MailAttachment>& attachments, const std::string& parent) {
+    if (const std::error_code error = posix::prepareUserFolder(parent))
+        return error;
     removeOldFolders(parent);
-    path_ = (parent / (std::string(folderName) + "XXXXXX")).string();
+    path_ = parent + '/' + std::string(folderName) + "XXXXXX";
     if (!mkdtemp(path_.data())) {
         path_.clear();
-        return;
+        return posix::lastError();
     }
     for (const auto& attachment : attachments) {
         // Two attachments of one name are in folders of their own, since their names must stay.
         const fs::path folder = fs::path(path_) / std::to_string(files_.size() + 1);
         if (mkdir(folder.c_str(), 0700) != 0)
-            return;
+            return posix::lastError();
         files_.push_back((folder / safeFileName(attachment.fileName)).string());
-        if (writeNewFile(files_.back(), attachment.data))
-            return;
+        if (const std::error_code error = writeNewFile(files_.back(), attachment.data))
+            return error;
     }
-    complete_ = true;
+    return {};
 }
 
 void MailFolder::remove() const {

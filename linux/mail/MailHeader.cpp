@@ -77,16 +77,42 @@ std::string folded(const std::string& name, std::string text) {
     return text;
 }
 
+/// Returns the text of a name, which may be quoted as a whole or in parts.
+std::string unquoted(std::string_view name) {
+    std::string text;
+    for (std::size_t i = 0; i < name.size(); ++i) {
+        if (name[i] == '\\' && i + 1 < name.size())
+            text += name[++i];
+        else if (name[i] != '"')
+            text += name[i];
+    }
+    const std::size_t begin = std::min(text.find_first_not_of(' '), text.size());
+    return text.substr(begin, text.find_last_not_of(' ') + 1 - begin);
+}
+
+/// Returns the ASCII name as it stands before an address: quoted where it has characters with a meaning
+/// there.
+std::string quotedIfNeeded(const std::string& name) {
+    if (name.find_first_of("()<>[]:;@\\,.\"") == std::string::npos)
+        return name;
+    std::string text = "\"";
+    for (const char byte : name) {
+        if (byte == '"' || byte == '\\')
+            text += '\\';
+        text += byte;
+    }
+    return text + '"';
+}
+
 std::string encodedAddress(std::string_view address) {
-    const std::size_t angle = address.find('<');
-    if (isAscii(address) || angle == std::string_view::npos)
+    const std::size_t angle = address.rfind('<');
+    if (angle == std::string_view::npos)
         return std::string(address);
-    std::string_view name = address.substr(0, angle);
-    while (!name.empty() && (name.back() == ' ' || name.back() == '"'))
-        name.remove_suffix(1);
-    while (!name.empty() && (name.front() == ' ' || name.front() == '"'))
-        name.remove_prefix(1);
-    return encodedWords(name, longestLine / 2) + ' ' + std::string(address.substr(angle));
+    const std::string name = unquoted(address.substr(0, angle));
+    const std::string place(address.substr(angle));
+    if (name.empty())
+        return place;
+    return (isAscii(name) ? quotedIfNeeded(name) : encodedWords(name, longestLine / 2)) + ' ' + place;
 }
 
 bool needsEscape(char byte) {
@@ -123,18 +149,12 @@ std::string mailHeader(std::string_view name, std::string_view text) {
     return folded(std::string(name), isAscii(clean) ? clean : encodedWords(clean, name.size() + 2)) + "\r\n";
 }
 
-std::string mailAddressHeader(std::string_view name, std::string_view addresses) {
-    const std::string clean = withoutControls(addresses);
+std::string mailAddressHeader(std::string_view name, const std::vector<std::string>& addresses) {
     std::string list;
-    std::string_view rest = clean;
-    while (!rest.empty()) {
-        const std::size_t comma = std::min(rest.find(','), rest.size());
-        std::string_view address = rest.substr(0, comma);
-        while (!address.empty() && address.front() == ' ')
-            address.remove_prefix(1);
-        if (!address.empty())
-            list += (list.empty() ? "" : ", ") + encodedAddress(address);
-        rest.remove_prefix(std::min(comma + 1, rest.size()));
+    for (const std::string& address : addresses) {
+        const std::string text = encodedAddress(withoutControls(address));
+        if (!text.empty())
+            list += (list.empty() ? "" : ", ") + text;
     }
     return folded(std::string(name), list) + "\r\n";
 }

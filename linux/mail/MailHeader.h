@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace platform::mail {
 
@@ -10,8 +11,9 @@ namespace platform::mail {
 /// header.
 std::string mailHeader(std::string_view name, std::string_view text);
 
-/// The same for a list of addresses: the name before a "<...>" is encoded, the address itself never.
-std::string mailAddressHeader(std::string_view name, std::string_view addresses);
+/// The same for a list of addresses: the name before a "<...>" is encoded or quoted as a whole, the address
+/// itself never.
+std::string mailAddressHeader(std::string_view name, const std::vector<std::string>& addresses);
 
 /// Returns `; filename="..."`, or the extended form where the name is not ASCII.
 std::string mailFileNameParameter(std::string_view parameter, std::string_view fileName);

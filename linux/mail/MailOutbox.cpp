@@ -40,7 +40,7 @@ bool MailOutbox::isOpen() {
     return posix::isFolderOfOwnUser(folder) && access(folder.c_str(), W_OK | X_OK) == 0;
 }
 
-std::optional<MailOutcome> MailOutbox::send(const MailMessage& message) {
+std::optional<MailOutcome> MailOutbox::send(const MailMessage& message, std::string& /*reason*/) {
     const MailOrigin origin = mailOriginOfProcess();
     const std::string bytes = mimeMessage(message, origin);
     const fs::path folder = pathOnDevice(mailOutboxPath);

@@ -8,7 +8,7 @@ namespace platform::mail {
 class MailOutbox : public MailRoute {
 public:
     bool isOpen() override;
-    std::optional<MailOutcome> send(const MailMessage& message) override;
+    std::optional<MailOutcome> send(const MailMessage& message, std::string& reason) override;
 };
 
 } // namespace platform::mail

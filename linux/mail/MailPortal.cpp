@@ -19,14 +19,16 @@ bool MailPortal::isOpen() {
     return bus && emailPortalVersion(*bus, replyTimeout);
 }
 
-std::optional<MailOutcome> MailPortal::send(const MailMessage& message) {
+std::optional<MailOutcome> MailPortal::send(const MailMessage& message, std::string& reason) {
     const PortalBus bus = openPortalBus();
     const auto version = bus ? emailPortalVersion(*bus, replyTimeout) : std::nullopt;
     if (!version)
         return std::nullopt;
     const MailFolder folder(message.attachments);
     std::optional<PortalResponse> response;
-    if (folder.complete())
+    if (!folder.complete())
+        reason = folder.problem();
+    else
         response = composeEmail(*bus, *version, message, folder.files(), userTimeout);
     // The portal has the files open and needs their names no longer.
     folder.remove();

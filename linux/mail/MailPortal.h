@@ -10,7 +10,7 @@ namespace platform::mail {
 class MailPortal : public MailRoute {
 public:
     bool isOpen() override;
-    std::optional<MailOutcome> send(const MailMessage& message) override;
+    std::optional<MailOutcome> send(const MailMessage& message, std::string& reason) override;
 };
 
 } // namespace platform::mail

@@ -24,9 +24,10 @@ bool MailProgram::isOpen() {
     return web::hasDisplay() && posix::findProgram("xdg-email") && web::schemeHasHandler("mailto");
 }
 
-std::optional<MailOutcome> MailProgram::send(const MailMessage& message) {
+std::optional<MailOutcome> MailProgram::send(const MailMessage& message, std::string& reason) {
     const MailFolder folder(message.attachments);
     if (!folder.complete()) {
+        reason = folder.problem();
         folder.remove();
         return std::nullopt;
     }

@@ -9,7 +9,7 @@ namespace platform::mail {
 class MailProgram : public MailRoute {
 public:
     bool isOpen() override;
-    std::optional<MailOutcome> send(const MailMessage& message) override;
+    std::optional<MailOutcome> send(const MailMessage& message, std::string& reason) override;
 };
 
 } // namespace platform::mail

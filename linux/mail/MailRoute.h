@@ -3,6 +3,7 @@
 #include "platform/services/MailService.h"
 
 #include <optional>
+#include <string>
 
 namespace platform::mail {
 
@@ -12,8 +13,9 @@ public:
     virtual ~MailRoute() = default;
 
     virtual bool isOpen() = 0;
-    /// Returns the result; nothing when this route turned out to be closed, so that the next is tried.
-    virtual std::optional<MailOutcome> send(const MailMessage& message) = 0;
+    /// Returns the result; nothing when this route turned out to be closed, so that the next is tried. Then
+    /// `reason` may become a sentence for the person.
+    virtual std::optional<MailOutcome> send(const MailMessage& message, std::string& reason) = 0;
 };
 
 } // namespace platform::mail

@@ -68,10 +68,11 @@ std::string withMailLineEnds(std::string_view text) {
 /// Returns whether a message can contain the text as it is: ASCII, printable, in lines that are not too long.
 bool canStandPlain(std::string_view text) {
     std::size_t column = 0;
-    for (const char byte : text) {
+    for (const char character : text) {
+        const auto byte = static_cast<unsigned char>(character);
         column = byte == '\n' ? 0 : column + 1;
         if (column > base64Line || (byte < ' ' && byte != '\n' && byte != '\r' && byte != '\t') ||
-            byte == 0x7F)
+            byte >= 0x7F)
             return false;
     }
     return true;
@@ -109,13 +110,6 @@ std::string nameOfUser() {
     return found ? found->pw_name : "wardlock";
 }
 
-std::string joined(const std::vector<std::string>& recipients) {
-    std::string text;
-    for (const auto& recipient : recipients)
-        text += (text.empty() ? "" : ", ") + recipient;
-    return text;
-}
-
 } // namespace
 
 MailOrigin mailOriginOfProcess() {
@@ -127,9 +121,9 @@ MailOrigin mailOriginOfProcess() {
 
 std::string mimeMessage(const MailMessage& message, const MailOrigin& origin) {
     std::string text = "Date: " + mailDate(origin.time) + lineEnd;
-    text += mailAddressHeader("From", origin.sender);
+    text += mailAddressHeader("From", {origin.sender});
     if (!message.recipients.empty())
-        text += mailAddressHeader("To", joined(message.recipients));
+        text += mailAddressHeader("To", message.recipients);
     text += mailHeader("Subject", message.subject);
     text += "Message-ID: <" + withoutControls(origin.messageId) + ">\r\n";
     // Mail programs open a message with this header for editing and sending.

@@ -1,6 +1,7 @@
 #include "linux/posix/PrivateFolder.h"
 
 #include "linux/posix/FileDescriptor.h"
+#include "linux/posix/LastError.h"
 #include "linux/posix/PosixFileSystem.h"
 
 #include <fcntl.h>
@@ -21,14 +22,16 @@ bool preparePrivateFolder(const std::string& path) {
     return made || (status.st_mode & ALLPERMS) == S_IRWXU;
 }
 
-bool prepareUserFolder(const std::string& path) {
+std::error_code prepareUserFolder(const std::string& path) {
     PosixFileSystem files;
-    if (makeFolders(files, path, S_IRWXU))
-        return false;
+    if (const std::error_code error = makeFolders(files, path, S_IRWXU))
+        return error;
     const FileDescriptor folder(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
     struct stat status {};
-    return folder && fstat(folder.get(), &status) == 0 && status.st_uid == geteuid() &&
-           (status.st_mode & (S_IWGRP | S_IWOTH)) == 0;
+    if (!folder || fstat(folder.get(), &status) != 0)
+        return lastError();
+    const bool isOurs = status.st_uid == geteuid() && (status.st_mode & (S_IWGRP | S_IWOTH)) == 0;
+    return isOurs ? std::error_code() : std::make_error_code(std::errc::operation_not_permitted);
 }
 
 bool isFolderOfOwnUser(const std::string& path) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <system_error>
 
 namespace platform::posix {
 
@@ -9,8 +10,8 @@ namespace platform::posix {
 bool preparePrivateFolder(const std::string& path);
 
 /// Creates the folder and those above it that are missing, for the user alone whatever the creation mask.
-/// Returns true when it belongs to this user and no other user may change what is in it.
-bool prepareUserFolder(const std::string& path);
+/// Fails unless it belongs to this user and no other user may change what is in it.
+std::error_code prepareUserFolder(const std::string& path);
 
 /// Returns whether the path is a folder of this user or root, maybe behind a link of one of these two.
 bool isFolderOfOwnUser(const std::string& path);

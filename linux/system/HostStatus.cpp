@@ -62,12 +62,12 @@ BusState busState() {
 }
 
 MailRouteKind firstMailRoute() {
-    if (mail::opensInTime(std::make_shared<mail::MailPortal>()))
+    if (mail::oneOpensInTime({std::make_shared<mail::MailPortal>()}))
         return MailRouteKind::Portal;
-    if (mail::opensInTime(std::make_shared<mail::MailProgram>()))
+    if (mail::oneOpensInTime({std::make_shared<mail::MailProgram>()}))
         return MailRouteKind::Program;
-    return mail::opensInTime(std::make_shared<mail::MailOutbox>()) ? MailRouteKind::Outbox
-                                                                   : MailRouteKind::None;
+    return mail::oneOpensInTime({std::make_shared<mail::MailOutbox>()}) ? MailRouteKind::Outbox
+                                                                        : MailRouteKind::None;
 }
 
 std::optional<bool> portalReportsContrast() {

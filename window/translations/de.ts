@@ -183,6 +183,10 @@
         <translation>Das System kann keinen weiteren Thread starten.</translation>
     </message>
     <message>
+        <source>The attachments could not be copied to %1: %2.</source>
+        <translation>Die Anhänge konnten nicht nach %1 kopiert werden: %2.</translation>
+    </message>
+    <message>
         <source>The mail could not be saved in %1: %2.</source>
         <translation>Die E-Mail konnte nicht in %1 gespeichert werden: %2.</translation>
     </message>

@@ -1,14 +1,21 @@
+#include "linux/mail/LinuxMailService.h"
+#include "linux/mail/MailFolder.h"
+#include "platform/files/HomeFolder.h"
 #include "platform/runtime/MainLoop.h"
 #include "platform/services/MailService.h"
 #include "tests/support/BlockedSignal.h"
 #include "tests/support/BuildPaths.h"
 #include "tests/support/BusFixture.h"
 #include "tests/support/NoMoreThreads.h"
+#include "tests/support/OtherUser.h"
 #include "tests/support/TestTimeout.h"
 
 #include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <functional>
+#include <future>
+#include <memory>
 #include <optional>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -37,6 +44,14 @@ public:
 
 private:
     rlimit before_{};
+};
+
+class FakeRoute : public platform::mail::MailRoute {
+public:
+    bool isOpen() override { return query(); }
+    std::optional<MailOutcome> send(const MailMessage&, std::string&) override { return std::nullopt; }
+
+    std::function<bool()> query;
 };
 
 /// A machine on which nothing of a desktop is to be found but what the test puts there.
@@ -154,6 +169,16 @@ TEST_F(SystemMailService, EncodesWhatIsNotAscii) {
     }
 }
 
+TEST_F(SystemMailService, KeepsANameWithACommaWhole) {
+    makeFolder(outbox);
+    message().recipients = {"\"Groß, Jürgen\" <j@example.org>", "Doe, Jane <d@example.org>",
+                            R"("Kim \"K\" <3" <k@example.org>)", "b@example.org"};
+    EXPECT_EQ(send().kind, MailOutcome::Kind::SavedToOutbox);
+    EXPECT_EQ(readByPython("[(a.display_name, a.addr_spec) for a in m['To'].addresses]"),
+              "[('Groß, Jürgen', 'j@example.org'), ('Doe, Jane', 'd@example.org'), "
+              "('Kim \"K\" <3', 'k@example.org'), ('', 'b@example.org')]");
+}
+
 TEST_F(SystemMailService, DoesNotLetTextAddAHeader) {
     makeFolder(outbox);
     message().subject = "a\r\nBcc: eve@example.org";
@@ -205,6 +230,36 @@ TEST_F(SystemMailService, PassesTheMailToTheMailProgramOfADisplay) {
     EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), "a log\n");
     EXPECT_EQ(fs::status(attached).permissions(), fs::perms::owner_read | fs::perms::owner_write);
     EXPECT_TRUE(savedMails().empty());
+}
+
+TEST_F(SystemMailService, NeedsNoFolderForAMailWithoutAttachments) {
+    installMailProgram();
+    environment.set("XDG_CACHE_HOME", "/dev/null");
+    environment.unset("HOME");
+    message().attachments.clear();
+    ASSERT_EQ(send().kind, MailOutcome::Kind::HandedOver);
+    EXPECT_EQ(arguments().back(), "help@example.org");
+}
+
+TEST_F(SystemMailService, ReportsWhyTheAttachmentsCouldNotBeCopied) {
+    installMailProgram();
+    environment.set("XDG_CACHE_HOME", "/dev/null");
+    const MailOutcome outcome = send();
+    EXPECT_EQ(outcome.kind, MailOutcome::Kind::Failed);
+    EXPECT_EQ(outcome.message, "The attachments could not be copied to /dev/null/wardlock: Not a directory.");
+}
+
+TEST_F(SystemMailService, CopiesAttachmentsBelowTheHomeFolderOfTheUserDatabaseWhereNoneIsNamed) {
+    SKIP_WITHOUT_OTHER_USER();
+    environment.unset("XDG_CACHE_HOME");
+    environment.unset("HOME");
+    // A user without a home folder.
+    EXPECT_EQ(OtherUser::does([this] {
+                  const platform::mail::MailFolder copies(message().attachments);
+                  const std::string home = platform::homeFolderOfUser().value_or("none");
+                  return copies.problem().find(" " + home + "/.cache/wardlock: ") == std::string::npos;
+              }),
+              0);
 }
 
 TEST_F(SystemMailService, UsesTheOutboxWhenTheMailProgramFails) {
@@ -300,6 +355,20 @@ TEST_F(SystemMailService, AsksNoPortalInARuntimeFolderThatOthersCanChange) {
         fs::permissions(runtime, static_cast<fs::perms>(mode));
         EXPECT_FALSE(platform::MailService::native().canSendMail()) << std::oct << mode;
     }
+}
+
+TEST_F(SystemMailService, QueriesAllRoutesAtOnce) {
+    const auto lastIsQueried = std::make_shared<std::promise<void>>();
+    auto waiting = std::make_shared<FakeRoute>();
+    waiting->query = [queried = lastIsQueried->get_future().share()] {
+        return queried.wait_for(testTimeout) == std::future_status::ready;
+    };
+    auto last = std::make_shared<FakeRoute>();
+    last->query = [lastIsQueried] {
+        lastIsQueried->set_value();
+        return false;
+    };
+    EXPECT_TRUE(platform::mail::LinuxMailService({waiting, last}).canSendMail());
 }
 
 TEST_F(SystemMailService, DoesNotWaitForAStoppedBus) {
