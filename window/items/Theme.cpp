@@ -60,6 +60,10 @@ Theme* Theme::of(const QQuickItem& item) {
     return nullptr;
 }
 
+bool Theme::isMirrored() const {
+    return QGuiApplication::layoutDirection() == Qt::RightToLeft;
+}
+
 double Theme::signScale() const {
     return std::clamp(textScale(), 1.0,
                       windowWidth_ < narrow ? largestSignScaleInNarrowWindow : largestSignScale);

@@ -17,6 +17,7 @@ class Theme : public QObject {
     Q_OBJECT
     Q_PROPERTY(bool dark READ isDark NOTIFY changed)
     Q_PROPERTY(bool reducedMotion READ reducedMotion NOTIFY changed)
+    Q_PROPERTY(bool mirrored READ isMirrored NOTIFY changed)
     Q_PROPERTY(double textScale READ textScale NOTIFY changed)
     Q_PROPERTY(double signScale READ signScale NOTIFY changed)
     Q_PROPERTY(double barScale READ barScale NOTIFY changed)
@@ -68,6 +69,8 @@ public:
     bool isDark() const { return dark_; }
     /// Animations only fade: nothing slides, grows or shakes.
     bool reducedMotion() const { return appearance_.reducedMotion(); }
+    /// Reading begins on the right.
+    bool isMirrored() const;
     double textScale() const { return textScale_; }
     /// Of icons, switches, arrows and other signs. They grow with the text, less in a narrow window, whose
     /// rows need the room for words. They never shrink: they have to be hit.

@@ -48,7 +48,8 @@ Window {
             covered: settings.keypad !== null
             Accessible.role: Accessible.Grouping
             Accessible.ignored: true
-            LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
+            // Not by an enumerator of `Qt`: the first one has the engine register them all.
+            LayoutMirroring.enabled: Theme.mirrored
             LayoutMirroring.childrenInherit: true
 
             Layer {
