@@ -30,9 +30,10 @@ void UINavigationController::pushViewController(const std::shared_ptr<UIViewCont
 }
 
 std::shared_ptr<UIViewController> UINavigationController::popViewControllerAnimated(bool animated) {
+    // A page that appears may pop itself, or another one.
+    finishTransition();
     if (stack_.size() < 2)
         return nullptr;
-    finishTransition();
     auto from = stack_.back();
     stack_.pop_back();
     from->navigationController_.reset();

@@ -53,9 +53,11 @@ void UIView::setHidden(bool hidden) {
 }
 
 void UIView::addSubview(const std::shared_ptr<UIView>& view) {
-    view->removeFromSuperview();
-    subviews_.push_back(view);
-    view->superview_ = self(this);
+    // The argument may be an element of the list that changes.
+    const std::shared_ptr<UIView> added = view;
+    added->removeFromSuperview();
+    subviews_.push_back(added);
+    added->superview_ = self(this);
     changed();
 }
 

@@ -84,7 +84,8 @@ public:
     /// Whether there is an earlier page. While a page is requested, and after it failed, the one that is
     /// still shown is the earlier one.
     bool canGoBack() const;
-    /// Requests the earlier page; nothing while there is none.
+    /// Requests the earlier page; nothing while there is none. A way back that is open or has failed is
+    /// requested again.
     void goBack();
 
     /// The address of the last request; empty before the first.

@@ -81,6 +81,23 @@ TEST_F(Navigation, NeverPopsItsRoot) {
     EXPECT_EQ(stack->topViewController(), root);
 }
 
+/// Goes back as soon as it has appeared.
+class PassingPage : public UIViewController {
+public:
+    void viewDidAppear(bool) override {
+        if (const auto stack = navigationController())
+            stack->popViewControllerAnimated(false);
+    }
+};
+
+TEST_F(Navigation, NeverPopsItsRootWhereTheLastPushEndsInAPop) {
+    stack->setTransitionSeconds(0.35);
+    stack->pushViewController(std::make_shared<PassingPage>(), true);
+    EXPECT_EQ(stack->popViewControllerAnimated(true), nullptr);
+    EXPECT_EQ(stack->topViewController(), root);
+    EXPECT_EQ(stack->viewControllers().size(), 1U);
+}
+
 TEST_F(Navigation, EndsARunningTransitionBeforeTheNextOne) {
     stack->setTransitionSeconds(0.35);
     stack->pushViewController(page("next"), true);

@@ -18,6 +18,17 @@ TEST(UIView, AddsASubviewOnTopAndSetsItsSuperview) {
     EXPECT_EQ(above->superview(), parent);
 }
 
+TEST(UIView, ComesToTheTopWhenItIsAddedAgainFromTheListOfSubviews) {
+    const auto parent = std::make_shared<UIView>();
+    const auto first = std::make_shared<UIView>();
+    const auto second = std::make_shared<UIView>();
+    parent->addSubview(first);
+    parent->addSubview(second);
+    parent->addSubview(parent->subviews().front());
+    EXPECT_EQ(parent->subviews(), (std::vector{second, first}));
+    EXPECT_EQ(first->superview(), parent);
+}
+
 TEST(UIView, LeavesItsOldSuperviewWhenAddedToAnother) {
     const auto first = std::make_shared<UIView>();
     const auto second = std::make_shared<UIView>();

@@ -85,6 +85,21 @@ TEST_F(UIWebViewHistory, TriesTheWayBackAgainAfterItFailed) {
     EXPECT_FALSE(view->canGoBack());
 }
 
+TEST_F(UIWebViewHistory, RequestsAWayBackThatFailedOrIsOpenAgain) {
+    show("one");
+    show("two");
+    show("three");
+    view->goBack();
+    view->goBack();
+    view->didFailLoad("gone");
+    EXPECT_TRUE(view->canGoBack());
+    view->goBack();
+    EXPECT_EQ(engine.loads, (std::vector<std::string>{"one", "two", "three", "two", "two", "two"}));
+    view->didFinishLoad("two");
+    view->goBack();
+    EXPECT_EQ(view->url(), "one");
+}
+
 TEST_F(UIWebViewHistory, CountsTheLoadsThatDidNotFail) {
     show("one");
     view->loadRequest({"two"});
