@@ -15,10 +15,6 @@ using namespace std::chrono;
 
 using Seconds = sys_seconds;
 
-constexpr Seconds reference = sys_days(year(2001) / January / 1);
-constexpr Seconds first = sys_days(year::min() / January / 1);
-constexpr Seconds last = sys_days(year::max() / December / 31) + days(1) - seconds(1);
-
 /// Takes `fewest` to `most` digits and then the character `after`; returns nothing for any other text.
 std::optional<int> takeNumber(std::string_view& text, std::size_t fewest, std::size_t most, char after) {
     const std::size_t length = std::min(text.find_first_not_of("0123456789"), text.size());
@@ -49,15 +45,15 @@ std::optional<double> secondsFromDateText(std::string_view text) {
     if (!date.ok())
         return std::nullopt;
     const Seconds time = sys_days(date) + hours(*hour) + minutes(*minute) + seconds(*second);
-    return static_cast<double>((time - reference).count());
+    return static_cast<double>((time - dateReference).count());
 }
 
 void appendDateText(std::string& text, double secondsSince2001) {
-    const double earliest = static_cast<double>((first - reference).count());
-    const double latest = static_cast<double>((last - reference).count());
+    const double earliest = static_cast<double>((firstCalendarSecond - dateReference).count());
+    const double latest = static_cast<double>((lastCalendarSecond - dateReference).count());
     const double whole =
         std::isnan(secondsSince2001) ? 0 : std::floor(std::clamp(secondsSince2001, earliest, latest));
-    const Seconds time = reference + seconds(static_cast<std::int64_t>(whole));
+    const Seconds time = dateReference + seconds(static_cast<std::int64_t>(whole));
     appendCalendarTime(text, time, 'T', "Z");
 }
 

@@ -27,11 +27,12 @@ std::string text(Number number) {
 /// Returns "2001-01-01 00:00:00 +0000", whole seconds.
 std::string dateText(double secondsSince2001) {
     using namespace std::chrono;
-    constexpr double farthest = 1e12;
-    if (!(std::abs(secondsSince2001) <= farthest))
+    constexpr auto earliest = static_cast<double>((firstCalendarSecond - dateReference).count());
+    constexpr auto latest = static_cast<double>((lastCalendarSecond - dateReference).count());
+    const double whole = std::floor(secondsSince2001);
+    if (!(whole >= earliest && whole <= latest))
         return text(secondsSince2001);
-    const sys_seconds time =
-        sys_days(year(2001) / January / 1) + seconds(static_cast<long long>(std::floor(secondsSince2001)));
+    const sys_seconds time = dateReference + seconds(static_cast<long long>(whole));
     std::string date;
     appendCalendarTime(date, time, ' ', " +0000");
     return date;

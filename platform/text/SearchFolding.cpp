@@ -57,11 +57,11 @@ char32_t withoutAccents(char32_t letter) {
 void appendFolded(char32_t character, std::string& folded) {
     if (isAccent(character))
         return;
-    const char32_t letter = simpleCaseFolding(character);
+    const char32_t letter = withoutAccents(simpleCaseFolding(character));
     if (const std::string_view typed = typedFor(letter); !typed.empty())
         folded += typed;
     else
-        appendUtf8(withoutAccents(letter), folded);
+        appendUtf8(letter, folded);
 }
 
 } // namespace

@@ -35,7 +35,14 @@ TEST(Description, WritesDatesInUtc) {
     EXPECT_EQ(description(Value::date(60.9)), "2001-01-01 00:01:00 +0000");
 }
 
+TEST(Description, WritesTheFirstAndTheLastDateOfTheCalendar) {
+    EXPECT_EQ(description(Value::date(-1097172086400.0)), "-32767-01-01 00:00:00 +0000");
+    EXPECT_EQ(description(Value::date(970912655999.0)), "32767-12-31 23:59:59 +0000");
+}
+
 TEST(Description, WritesADateBeyondTheCalendarAsItsNumber) {
+    EXPECT_EQ(description(Value::date(970912656000.0)), "970912656000");
+    EXPECT_EQ(description(Value::date(-1097172086401.0)), "-1097172086401");
     EXPECT_EQ(description(Value::date(1e300)), "1e+300");
     EXPECT_EQ(description(Value::date(std::numeric_limits<double>::infinity())), "inf");
 }

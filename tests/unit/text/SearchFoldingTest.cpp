@@ -30,6 +30,11 @@ TEST(SearchFolding, WritesALetterThatIsTypedAsTwoWithBoth) {
     EXPECT_EQ(searchFolded("\u0141\u00f3d\u017a"), "lodz");
 }
 
+TEST(SearchFolding, FoldsSuchALetterWithAnAccentAsThatLetterAndTheAccent) {
+    EXPECT_EQ(searchFolded("\u01ff \u01fd \u01e3 \u01fe"), "o ae ae o");
+    EXPECT_EQ(searchFolded("\u00f8\u0301 \u00e6\u0301 \u00e6\u0304 \u00d8\u0301"), "o ae ae o");
+}
+
 TEST(SearchFolding, KeepsTheSignsOfOtherScripts) {
     EXPECT_EQ(searchFolded("\u304c"), "\u304c");
     EXPECT_EQ(searchFolded("\u0939\u093f\u0928\u094d\u0926\u0940"), "\u0939\u093f\u0928\u094d\u0926\u0940");
