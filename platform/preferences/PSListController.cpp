@@ -59,8 +59,9 @@ void PSListController::tableViewDidSelectRowAtIndexPath(NSIndexPath path) {
     const auto row = sections().at(path);
     if (!row)
         return;
+    // The action may change the rows: another row may then be at this path.
     if (row->cellType() == PSCellType::Button)
-        row->performButtonAction();
+        return row->performButtonAction();
     const auto stack = navigationController();
     if (!stack)
         return;

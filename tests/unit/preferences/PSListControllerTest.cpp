@@ -42,12 +42,17 @@ public:
         list->setValues({Value(1), Value(2)}, {"One", "Two"}, {"One", "Two"});
         return list;
     }
-    void pressed(PSSpecifier&) { ++presses; }
+    void pressed(PSSpecifier&) {
+        ++presses;
+        if (!rowsAfterPress.empty())
+            setSpecifiers(rowsAfterPress);
+    }
     void choose(const Value* value, PSSpecifier&) { choice = *value; }
     std::optional<Value> chosen(PSSpecifier&) { return choice; }
 
     int built = 0;
     int presses = 0;
+    Specifiers rowsAfterPress;
     Value choice = Value(1);
 };
 
@@ -94,6 +99,15 @@ TEST_F(List, PushesTheDetailPageOfALinkUnderItsLabel) {
 TEST_F(List, PerformsTheActionOfAButton) {
     page->tableViewDidSelectRowAtIndexPath({1, 1});
     EXPECT_EQ(page->presses, 1);
+    EXPECT_EQ(stack->topViewController(), page);
+}
+
+TEST_F(List, PushesNoPageOfTheRowThatTakesTheButtonsPlace) {
+    page->rowsAfterPress = {page->row("Group", PSCellType::Group), page->row("Other", PSCellType::Group),
+                            page->row("Text", PSCellType::StaticText),
+                            page->row("Link", PSCellType::Link, &DetailPage::theClass())};
+    page->tableViewDidSelectRowAtIndexPath({1, 1});
+    ASSERT_EQ(page->sections().at({1, 1})->name(), "Link");
     EXPECT_EQ(stack->topViewController(), page);
 }
 
