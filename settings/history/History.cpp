@@ -29,6 +29,8 @@ const Version* History::find(std::uint64_t number) const {
 
 const Version* History::previous(const Version& version) const {
     const auto place = std::ranges::find(versions_, version);
+    if (place == versions_.end())
+        return nullptr;
     for (auto before = place; before != versions_.begin();)
         if (document(*--before))
             return &*before;

@@ -31,7 +31,7 @@ public:
 
     /// Returns the version of a number, the youngest where two have it.
     const platform::Version* find(std::uint64_t number) const;
-    /// Returns the readable version before this one; null for the oldest.
+    /// Returns the readable version before this one; null for the oldest, and for one that is not kept.
     const platform::Version* previous(const platform::Version& version) const;
     /// Reads a version; nothing where it is gone, damaged or was changed in place.
     std::optional<platform::Dictionary> document(const platform::Version& version) const;

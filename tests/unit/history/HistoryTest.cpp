@@ -32,6 +32,17 @@ TEST_F(HistoryOfTheDocument, BeginsWithTheDocumentThatIsThere) {
     EXPECT_EQ(allChanges(history), std::vector<Texts>{{"unknown"}});
 }
 
+TEST_F(HistoryOfTheDocument, HasNothingBeforeAVersionThatIsNotKept) {
+    setAccount(0, kRestrictSiri, true);
+    const History history;
+    ASSERT_EQ(history.versions().size(), 2u);
+    EXPECT_EQ(history.previous(history.versions()[1]), &history.versions()[0]);
+    platform::Version gone = history.versions()[1];
+    gone.number = 99;
+    EXPECT_EQ(history.previous(gone), nullptr);
+    EXPECT_EQ(history.changes(gone), std::nullopt);
+}
+
 TEST_F(HistoryOfTheDocument, HasEachChange) {
     setAccount(0, kRestrictSiri, true);
     setTopLevel(kPasscode, "1234");
