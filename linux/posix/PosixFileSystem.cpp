@@ -1,5 +1,6 @@
 #include "linux/posix/PosixFileSystem.h"
 
+#include "linux/posix/AccessList.h"
 #include "linux/posix/FileDescriptor.h"
 #include "linux/posix/FileReading.h"
 #include "linux/posix/LastError.h"
@@ -224,6 +225,10 @@ std::error_code PosixFileSystem::setGroup(FileHandle file, std::uint32_t group) 
     return outcome(::fchown(file, static_cast<uid_t>(-1), group));
 }
 
+std::error_code PosixFileSystem::copyAccessList(const std::string& path, FileHandle file) {
+    return hasNul(path) ? invalidName() : posix::copyAccessList(path, file);
+}
+
 std::error_code PosixFileSystem::sync(FileHandle file, Sync sync) {
     if (sync == Sync::None)
         return {};
@@ -253,7 +258,7 @@ std::error_code PosixFileSystem::syncFolder(const std::string& folder) {
         return invalidName();
     const FileDescriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!opened)
-        return lastError();
+        return errno == EACCES ? std::error_code() : lastError();
     return ::fsync(opened.get()) == 0 || errno == EINVAL ? std::error_code() : lastError();
 }
 

@@ -27,12 +27,14 @@ public:
     std::error_code setMode(FileHandle file, unsigned mode) override;
     std::error_code setOwner(FileHandle file, std::uint32_t owner, std::uint32_t group) override;
     std::error_code setGroup(FileHandle file, std::uint32_t group) override;
+    std::error_code copyAccessList(const std::string& path, FileHandle file) override;
     std::error_code sync(FileHandle file, Sync sync) override;
     std::error_code close(FileHandle file) override;
     std::error_code rename(const std::string& from, const std::string& to) override;
     std::error_code link(const std::string& file, const std::string& name) override;
     std::error_code makeSymbolicLink(const std::string& target, const std::string& path) override;
-    /// Returns no error where the folder's file system does not support it: nothing more can be done there.
+    /// Returns no error where the folder's file system does not support it, or where the folder may be
+    /// changed and not read: nothing more can be done there.
     std::error_code syncFolder(const std::string& folder) override;
     std::error_code remove(const std::string& path) override;
     std::error_code makeFolder(const std::string& path, unsigned mode) override;

@@ -37,6 +37,13 @@ bool isRefusal(std::error_code error) {
            error == std::errc::invalid_argument || error == std::errc::value_too_large;
 }
 
+constexpr unsigned groupRights = 0070;
+
+/// Returns the mode with no rights of the group but those of all others.
+unsigned withoutGroup(unsigned mode) {
+    return (mode & ~groupRights) | (mode & (mode & 0007) << 3);
+}
+
 std::uint64_t randomNumber() {
     std::random_device source;
     return std::uint64_t(source()) << 32 | source();
@@ -83,6 +90,7 @@ std::string inFolder(const std::string& folder, const std::string& name) {
 std::error_code AtomicWriter::write(const std::string& path, std::string_view bytes, Sync sync,
                                     Attributes attributes) {
     Target target;
+    inPlace_ = false;
     if (std::error_code error = find(path, target))
         return error;
     if (attributes == Attributes::Private)
@@ -93,6 +101,7 @@ std::error_code AtomicWriter::write(const std::string& path, std::string_view by
         error = attempt(target, bytes, sync);
     if (error)
         return error;
+    inPlace_ = true;
     if (sync == Sync::Full)
         error = uninterrupted([&] { return files_.syncFolder(folderOf(target.path)); });
     if (observer_)
@@ -219,9 +228,13 @@ std::error_code AtomicWriter::keepAttributes(FileHandle file, const FileStatus& 
                                              const Target& target) {
     // Set for a new file too: the creation mask may have removed more than it should.
     unsigned mode = privateMode;
-    if (target.old)
+    if (target.old) {
         if (std::error_code error = keepOwner(file, created, *target.old, mode))
             return error;
+        // Before the mode: the file is private until all its rights are those of the old one.
+        if (std::error_code error = keepAccessList(file, target, mode))
+            return error;
+    }
     if (mode == created.mode)
         return {};
     const std::error_code error = uninterrupted([&] { return files_.setMode(file, mode); });
@@ -243,7 +256,20 @@ std::error_code AtomicWriter::keepOwner(FileHandle file, const FileStatus& creat
     error = uninterrupted([&] { return files_.setGroup(file, old.group); });
     if (!isRefusal(error))
         return error;
-    mode = (mode & 0707) | (mode & (mode & 0007) << 3);
+    mode = withoutGroup(mode);
+    return {};
+}
+
+std::error_code AtomicWriter::keepAccessList(FileHandle file, const Target& target, unsigned& mode) {
+    // Of a file with a list, the group's bits of the mode are what the list can give at most. The list is not
+    // kept where they are none, or where the file gets another group.
+    const unsigned most = mode & groupRights;
+    if (most == 0 || most != (target.old->mode & groupRights))
+        return {};
+    const std::error_code error = uninterrupted([&] { return files_.copyAccessList(target.path, file); });
+    if (!isRefusal(error))
+        return error;
+    mode = withoutGroup(mode);
     return {};
 }
 

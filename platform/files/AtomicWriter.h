@@ -29,7 +29,7 @@ public:
     virtual void willReplace(const Replacement& replacement) = 0;
     /// The temporary did not get the name, and is removed.
     virtual void didNotReplace() = 0;
-    /// The file is in place, and on the disk as far as that was asked for.
+    /// The file is in place, and on the disk as far as that was asked for and possible.
     virtual void didReplace(const std::string& path) = 0;
     /// A temporary of a process that is gone is being removed: it never gets the name of the file at `path`,
     /// and has another one. Until this returns, the next write would find the temporary as well.
@@ -49,7 +49,8 @@ public:
 ///   refused.
 /// - Where the owner cannot be kept (only root may give files away), the write goes on as the user's own
 ///   file. The old group's rights are not given to another group.
-/// - Extended attributes are not kept.
+/// - The access list is kept. Where it cannot be, the group gets no rights but those of all others.
+/// - Other extended attributes are not kept.
 /// - A missing folder is not created.
 class WARDLOCK_API AtomicWriter {
 public:
@@ -58,9 +59,12 @@ public:
         : files_(files), observer_(observer) {}
 
     /// Returns an error when the old file stays and no temporary is left. The exception is a folder that
-    /// could not be synced (the last step of Sync::Full): then the new file is in place.
+    /// could not be synced (the last step of Sync::Full): then the new file is in place, and a power cut may
+    /// bring the old one back.
     std::error_code write(const std::string& path, std::string_view bytes, Sync sync,
                           Attributes attributes = Attributes::OfOldFile);
+    /// Returns whether the last write() put the new file in place, whatever it returned.
+    bool isInPlace() const { return inPlace_; }
 
     /// Removes the temporaries that were left beside the file, as every write of it does.
     void removeLeftovers(const std::string& path);
@@ -82,9 +86,11 @@ private:
     std::error_code keepAttributes(FileHandle file, const FileStatus& created, const Target& target);
     std::error_code keepOwner(FileHandle file, const FileStatus& created, const FileStatus& old,
                               unsigned& mode);
+    std::error_code keepAccessList(FileHandle file, const Target& target, unsigned& mode);
 
     FileSystem& files_;
     ReplacementObserver* observer_;
+    bool inPlace_ = false;
 };
 
 } // namespace platform

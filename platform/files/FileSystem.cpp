@@ -29,6 +29,10 @@ std::error_code FileSystem::compareFile(const std::string& path, std::string_vie
     return {};
 }
 
+std::error_code FileSystem::copyAccessList(const std::string&, FileHandle) {
+    return {};
+}
+
 std::error_code makeFolders(FileSystem& files, const std::string& path, unsigned mode) {
     std::error_code error = uninterrupted([&] { return files.makeFolder(path, mode); });
     if (error == std::errc::no_such_file_or_directory && folderOf(path) != path) {

@@ -83,6 +83,9 @@ public:
     virtual std::error_code setOwner(FileHandle file, std::uint32_t owner, std::uint32_t group) = 0;
     /// Changes the group alone.
     virtual std::error_code setGroup(FileHandle file, std::uint32_t group) = 0;
+    /// Gives the open file the access list of the one at `path`; none where that has none. Such a list gives
+    /// rights to single users and groups beyond the permission bits. By default there are no such lists.
+    virtual std::error_code copyAccessList(const std::string& path, FileHandle file);
     /// Waits until the file is on the disk: its data, or everything with Sync::Full.
     virtual std::error_code sync(FileHandle file, Sync sync) = 0;
     /// Releases the handle, also when an error is returned.

@@ -96,6 +96,10 @@ std::error_code FaultyFileSystem::setGroup(platform::FileHandle file, std::uint3
     return run("setGroup", [&] { return files_.setGroup(file, group); });
 }
 
+std::error_code FaultyFileSystem::copyAccessList(const std::string& path, platform::FileHandle file) {
+    return run("copyAccessList", [&] { return files_.copyAccessList(path, file); });
+}
+
 std::error_code FaultyFileSystem::sync(platform::FileHandle file, platform::Sync sync) {
     return run("sync", [&] { return files_.sync(file, sync); });
 }

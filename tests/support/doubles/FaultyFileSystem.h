@@ -63,6 +63,7 @@ public:
     std::error_code setMode(platform::FileHandle file, unsigned mode) override;
     std::error_code setOwner(platform::FileHandle file, std::uint32_t owner, std::uint32_t group) override;
     std::error_code setGroup(platform::FileHandle file, std::uint32_t group) override;
+    std::error_code copyAccessList(const std::string& path, platform::FileHandle file) override;
     std::error_code sync(platform::FileHandle file, platform::Sync sync) override;
     std::error_code close(platform::FileHandle file) override;
     std::error_code rename(const std::string& from, const std::string& to) override;

@@ -182,6 +182,30 @@ TEST_F(AtomicWriter, GivesTheOldGroupsRightsToNoOtherGroup) {
     EXPECT_EQ(memory.statusOf("/shared/a")->group, parent);
 }
 
+TEST_F(AtomicWriter, GivesTheGroupTheRightsOfAllOthersWhereTheAccessListCannotBeKept) {
+    memory.addFile("/d/a", "old", 0664, parent, other);
+    files.failEvery("copyAccessList", std::errc::operation_not_permitted);
+    ASSERT_FALSE(write("new"));
+    EXPECT_EQ(memory.statusOf("/d/a")->mode, 0644u);
+}
+
+TEST_F(AtomicWriter, LeavesTheOldFileWhereADiskErrorKeepsTheAccessListFromBeingSet) {
+    memory.addFile("/d/a", "old", 0660);
+    files.failEvery("copyAccessList", std::errc::io_error);
+    EXPECT_EQ(write("new"), std::errc::io_error);
+    EXPECT_EQ(memory.contents("/d/a"), "old");
+}
+
+TEST_F(AtomicWriter, ReportsAFileThatIsInPlaceAndMayBeLost) {
+    platform::AtomicWriter writer(files);
+    files.failEvery("syncFolder", std::errc::io_error);
+    EXPECT_EQ(writer.write("/d/a", "new", Sync::Full), std::errc::io_error);
+    EXPECT_TRUE(writer.isInPlace());
+    EXPECT_EQ(memory.contents("/d/a"), "new");
+    EXPECT_EQ(writer.write("/none/a", "new", Sync::Full), std::errc::no_such_file_or_directory);
+    EXPECT_FALSE(writer.isInPlace());
+}
+
 TEST_F(AtomicWriter, LeavesTheOldFileWhereADiskErrorKeepsTheOwnerFromBeingSet) {
     memory.addFile("/d/a", "old", 0640, parent, parent);
     files.failEvery("setOwner", std::errc::io_error);

@@ -265,6 +265,14 @@ TEST_F(PosixFileSystem, ReportsAFolderAnOrdinaryUserMayNotWrite) {
     EXPECT_EQ(names(), std::vector<std::string>{"a"});
 }
 
+TEST_F(PosixFileSystem, ReplacesAFileInAFolderThatMayBeChangedAndNotListed) {
+    SKIP_WITHOUT_OTHER_USER();
+    put(path(), "old");
+    ASSERT_EQ(::chmod(folder.path().c_str(), 0733), 0);
+    EXPECT_EQ(asNobody([&] { return AtomicWriter(files).write(path(), "new", Sync::Full); }), 0);
+    EXPECT_EQ(contents(path()), "new");
+}
+
 TEST_F(PosixFileSystem, ReplacesAForeignFileInASharedFolderAsTheUsersOwn) {
     SKIP_WITHOUT_OTHER_USER();
     put(path(), "old");
