@@ -43,8 +43,9 @@ Accounts Accounts::onDisk() {
 }
 
 std::optional<Accounts> Accounts::onDiskIfReadable() {
-    const auto entries = document(BundleIdentifier);
-    if (!entries && documentIsUnreadable(BundleIdentifier))
+    bool isUnreadable = false;
+    const auto entries = document(BundleIdentifier, isUnreadable);
+    if (isUnreadable)
         return std::nullopt;
     return of(entries ? entries->find(kAccounts) : nullptr).value_or(Accounts());
 }

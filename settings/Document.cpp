@@ -3,7 +3,6 @@
 #include "platform/files/DeviceRoot.h"
 #include "platform/files/FileSystem.h"
 #include "platform/files/FolderTrust.h"
-#include "platform/plist/PropertyListBounds.h"
 #include "settings/DocumentPath.h"
 
 #include <system_error>
@@ -35,14 +34,11 @@ std::optional<platform::Dictionary> document(std::string_view identifier) {
     return platform::dictionaryWithContentsOfFile(documentPath(identifier));
 }
 
-bool documentIsUnreadable(std::string_view identifier) {
-    const std::string path = platform::pathOnDevice(documentPath(identifier));
-    std::string bytes;
-    const auto read = [&] {
-        return platform::FileSystem::current().readFile(path, platform::largestDocument, bytes);
-    };
-    const std::error_code error = platform::uninterrupted(read);
-    return error && error != std::errc::no_such_file_or_directory && error != std::errc::not_a_directory;
+std::optional<platform::Dictionary> document(std::string_view identifier, bool& isUnreadable) {
+    std::error_code error;
+    auto dictionary = platform::dictionaryWithContentsOfFile(documentPath(identifier), error);
+    isUnreadable = error && error != std::errc::not_a_directory;
+    return dictionary;
 }
 
 platform::Update updateDocument(std::string_view identifier,

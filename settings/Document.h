@@ -14,9 +14,9 @@ namespace wardlock {
 /// a document. Never creates it.
 WARDLOCK_API std::optional<platform::Dictionary> document(std::string_view identifier);
 
-/// Returns whether the document's bytes cannot be read although it may exist, for example on a failing disk:
-/// that says nothing about its entries.
-WARDLOCK_API bool documentIsUnreadable(std::string_view identifier);
+/// The same. Sets `isUnreadable` to whether the bytes cannot be read although the document may exist, for
+/// example on a failing disk: that says nothing about its entries.
+WARDLOCK_API std::optional<platform::Dictionary> document(std::string_view identifier, bool& isUnreadable);
 
 /// Changes the document on disk, as platform::updateFile does: `change` receives all its entries as they are
 /// now and returns whether to write.

@@ -12,8 +12,9 @@ using platform::Dictionary;
 using platform::Value;
 
 std::optional<RequiredPasscode> RequiredPasscode::onDisk() {
-    const auto entries = document(BundleIdentifier);
-    if (!entries && documentIsUnreadable(BundleIdentifier))
+    bool isUnreadable = false;
+    const auto entries = document(BundleIdentifier, isUnreadable);
+    if (isUnreadable)
         return RequiredPasscode(std::nullopt);
     const Dictionary defaults = DefaultSettings();
     const auto valueOf = [&](std::string_view key) {

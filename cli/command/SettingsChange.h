@@ -10,11 +10,11 @@ namespace wardlock::cli {
 /// is missing. Throws CommandError (Failed) when they cannot be written: no change could be either.
 void loadToChange();
 
-/// Announces a change that was stored. Throws CommandError (Failed) when it was not, or when there was no
-/// account to change.
+/// Announces a change that is in place. Throws CommandError (Failed) when it was not written, when a power
+/// cut may take it back, or when there was no account to change.
 void finish(const DocumentChange& change);
 
-/// Throws CommandError (Failed) when a change could not be stored.
+/// Throws CommandError (Failed) when a change could not be written, or a power cut may take it back.
 void requireStored(const platform::Update& update);
 
 } // namespace wardlock::cli

@@ -126,9 +126,10 @@ ExitCode importDocument(const Arguments& arguments) {
         });
     if (!update.changed)
         return ExitCode::Done;
+    if (update.written)
+        for (const std::string& key : keys)
+            postChange(BundleIdentifier, PostName, key, *update.dictionary.find(key));
     requireStored(update);
-    for (const std::string& key : keys)
-        postChange(BundleIdentifier, PostName, key, *update.dictionary.find(key));
     return ExitCode::Done;
 }
 

@@ -1,4 +1,5 @@
 #include "cli/command/Commands.h"
+#include "cli/command/ReadableSettings.h"
 #include "cli/command/VersionOperand.h"
 #include "cli/io/Output.h"
 #include "cli/io/TextWidth.h"
@@ -23,11 +24,11 @@ LaterChanges laterChanges(const Arguments& arguments) {
     return arguments.has(forceOption.name) ? LaterChanges::Overwrite : LaterChanges::Keep;
 }
 
-std::string refusal(const UndoResult& result) {
+std::string joinedReasons(const UndoResult& result) {
     std::string text;
     for (const std::string& reason : result.reasons)
         text += (text.empty() ? "" : "; ") + reason;
-    return "later changes would be lost: " + text;
+    return text;
 }
 
 /// Prints what was changed, or throws the reason why nothing was; `nothing` returns it where there is nothing
@@ -36,7 +37,9 @@ template <class Reason>
 ExitCode report(const UndoResult& result, Reason nothing) {
     switch (result.outcome) {
     case Outcome::Refused:
-        throw CommandError(ExitCode::Failed, refusal(result));
+        throw CommandError(ExitCode::Failed, "later changes would be lost: " + joinedReasons(result));
+    case Outcome::NoDocument:
+        throw CommandError(ExitCode::Failed, joinedReasons(result) + " (see wardlock restore)");
     case Outcome::Failed:
         throw CommandError(ExitCode::Failed, "cannot write the settings: " + result.error.message());
     case Outcome::Nothing:
@@ -46,6 +49,9 @@ ExitCode report(const UndoResult& result, Reason nothing) {
     }
     for (const std::string& text : changeTexts(result.changes))
         Output::line(printable(text));
+    if (result.error)
+        throw CommandError(ExitCode::Failed, "the change is in place, but a power cut may take it back: " +
+                                                 result.error.message());
     return ExitCode::Done;
 }
 
@@ -97,11 +103,12 @@ const Verb undoVerb{
     "history`.\n"
     "\n"
     "Later changes stay. If one of them is of the same key, nothing is taken back and\n"
-    "the exit code is 1, unless --force is given.\n",
+    "the exit code is 1, unless --force is given. Settings that are damaged or\n"
+    "missing are left as they are, see `wardlock restore`.\n",
     forceOptions,
     0,
     0,
-    runUndo,
+    onReadableSettings<runUndo>,
     "wardlock undo\nwardlock undo --force\n",
 };
 
@@ -115,7 +122,7 @@ const Verb redoVerb{
     forceOptions,
     0,
     0,
-    runRedo,
+    onReadableSettings<runRedo>,
     "wardlock redo\n",
 };
 

@@ -64,23 +64,28 @@ DocumentFile::State DocumentFile::stateAfter(std::error_code error) {
     return shortOfMeans ? State::Unknown : State::Unreadable;
 }
 
-std::error_code DocumentFile::replace(const Dictionary& dictionary, Sync sync, const Versions& versions) {
+WriteResult DocumentFile::replace(const Dictionary& dictionary, Sync sync, const Versions& versions) {
     if (state_ == State::Unknown)
-        return readError_;
+        return {readError_};
     std::string bytes;
     if (std::error_code error = encode(dictionary, bytes))
-        return error;
+        return {error};
     if (std::error_code error = keepOldContent(sync))
-        return error;
+        return {error};
+    return write(bytes, sync, versions);
+}
+
+WriteResult DocumentFile::replaceBytes(std::string_view bytes, Sync sync, const Versions& versions) {
+    return state_ == State::Unknown ? WriteResult{readError_} : write(bytes, sync, versions);
+}
+
+WriteResult DocumentFile::write(std::string_view bytes, Sync sync, const Versions& versions) {
     // The mode that made the old file unreadable would make the new one unreadable too.
     const Attributes attributes = state_ == State::Unreadable ? Attributes::Private : Attributes::OfOldFile;
     VersionKeeper keeper(files_, versions, document(), bytes);
-    return AtomicWriter(files_, &keeper).write(path(), bytes, sync, attributes);
-}
-
-std::error_code DocumentFile::replaceBytes(std::string_view bytes, Sync sync, const Versions& versions) {
-    VersionKeeper keeper(files_, versions, document(), bytes);
-    return AtomicWriter(files_, &keeper).write(path(), bytes, sync);
+    AtomicWriter writer(files_, &keeper);
+    const std::error_code error = writer.write(path(), bytes, sync, attributes);
+    return {error, writer.isInPlace()};
 }
 
 std::optional<std::string_view> DocumentFile::document() const {
@@ -132,7 +137,27 @@ std::error_code DocumentFile::linkAside() {
         return std::make_error_code(std::errc::not_supported);
     std::error_code error = std::make_error_code(std::errc::file_exists);
     for (int number = 1; error == std::errc::file_exists && number <= mostDamaged; ++number)
-        error = uninterrupted([&] { return files_.link(file, damagedName(path(), number)); });
+        error = linkAs(damagedName(path(), number), file, status);
+    if (error != std::errc::file_exists)
+        return error;
+    const std::string last = damagedName(path(), mostDamaged);
+    FileStatus occupant;
+    if (!uninterrupted([&] { return files_.status(last, Links::NoFollow, occupant); }) &&
+        occupant.kind == FileKind::Folder)
+        return std::make_error_code(std::errc::is_a_directory);
+    error = uninterrupted([&] { return files_.remove(last); });
+    return error ? error : linkAs(last, file, status);
+}
+
+/// Gives the file another name. It may have that already: what followed failed the last time.
+std::error_code DocumentFile::linkAs(const std::string& name, const std::string& file,
+                                     const FileStatus& status) {
+    const std::error_code error = uninterrupted([&] { return files_.link(file, name); });
+    FileStatus named;
+    if (error == std::errc::file_exists &&
+        !uninterrupted([&] { return files_.status(name, Links::NoFollow, named); }) &&
+        named.device == status.device && named.inode == status.inode)
+        return {};
     return error;
 }
 

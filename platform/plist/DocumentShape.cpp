@@ -15,7 +15,8 @@ struct Memory {
 };
 
 Memory& memory() {
-    static Memory only;
+    // Never destroyed: documents may still be read while the process ends.
+    static Memory& only = *new Memory;
     return only;
 }
 

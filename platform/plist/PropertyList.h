@@ -10,8 +10,9 @@
 
 namespace platform {
 
-/// Reads a property list, XML or binary, distinguished by its first bytes, in one pass. Nesting and the
-/// number of values are bounded (PropertyListBounds.h). Returns nothing for anything else; never throws.
+/// Reads a property list, XML or binary, distinguished by its first bytes, in one pass. Nesting is bounded
+/// (PropertyListBounds.h), and so is what shared objects of the binary form would take as XML. The caller
+/// bounds the bytes. Returns nothing for anything else; never throws.
 WARDLOCK_API std::optional<Value> propertyListWithData(std::string_view bytes);
 
 /// Returns the XML form: declaration, DOCTYPE, <plist version="1.0">, tabs, one element a line, final

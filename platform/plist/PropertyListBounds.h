@@ -4,14 +4,16 @@
 
 namespace platform {
 
-/// The bounds of a property list. A reader refuses more, so a writer whose result has to be read again does
-/// too.
+/// The bounds of a property list that is to be read again.
 
-/// Containers inside each other, the outermost one included.
+/// Containers inside each other, the outermost one included. propertyListWithData() reads no more, and
+/// documentWithPropertyList() writes no more.
 inline constexpr std::size_t deepestPropertyList = 512;
 
-/// Bytes. A document has a few kilobytes; the bound keeps a log or an image in its place out of the memory.
-/// It bounds the number of values as well: each takes some bytes of XML.
+/// Bytes of a file. A document has a few kilobytes; the bound keeps a log or an image in its place out of the
+/// memory. Callers of propertyListWithData() read no larger file, and documentWithPropertyList() writes none.
+/// That bounds the number of values as well: each takes some bytes of XML. The binary form can name a value
+/// many times; its reader bounds what the value would take as XML.
 inline constexpr std::size_t largestDocument = std::size_t(16) << 20;
 
 } // namespace platform

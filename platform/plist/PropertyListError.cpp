@@ -23,7 +23,8 @@ public:
 } // namespace
 
 std::error_code make_error_code(PropertyListError error) {
-    static const Category category;
+    // Never destroyed: its errors may be printed until the process has ended.
+    static const Category& category = *new Category;
     return {static_cast<int>(error), category};
 }
 

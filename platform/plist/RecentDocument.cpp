@@ -10,7 +10,8 @@ std::optional<Dictionary> dictionaryWithData(std::string_view bytes) {
 }
 
 RecentDocument& RecentDocument::shared() {
-    static RecentDocument recent;
+    // Never destroyed: documents may still be read while the process ends.
+    static RecentDocument& recent = *new RecentDocument;
     return recent;
 }
 

@@ -9,7 +9,8 @@ namespace platform {
 namespace {
 
 Subscribers<UnsavedChangeObserver>& observers() {
-    static Subscribers<UnsavedChangeObserver> all;
+    // Never destroyed: a change may still fail while the process ends.
+    static auto& all = *new Subscribers<UnsavedChangeObserver>;
     return all;
 }
 

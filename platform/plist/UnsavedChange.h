@@ -8,7 +8,8 @@
 
 namespace platform {
 
-/// Receives the reason why a change could not be stored: the system's text, without a full stop.
+/// Receives the reason why a change could not be stored, or may not last: the system's text, without a full
+/// stop.
 using UnsavedChangeObserver = std::function<void(std::string_view reason)>;
 
 /// Calls `observer` for each change of a document on the device that could not be stored, until the

@@ -103,7 +103,8 @@ inline bool XmlPropertyListReader::readPlainKey(XmlCursor& cursor, LeadIns& expe
     if (!builder_.addKey(key, cursor.textUntil(ahead)))
         return false;
     cursor = ahead;
-    expected = builder_.expectedLeadIns();
+    // The dictionary has left the expected course; what follows is compared key by key.
+    expected = {};
     return true;
 }
 

@@ -1,5 +1,6 @@
 #include "settings/history/Undo.h"
 
+#include "platform/base/Translation.h"
 #include "platform/plist/PropertyListFile.h"
 #include "settings/DocumentPath.h"
 #include "settings/history/ChangeAnnouncement.h"
@@ -105,6 +106,13 @@ std::optional<Target> lastChange(const History& history, const std::vector<const
     return std::nullopt;
 }
 
+std::string reasonAgainstReading(std::error_code error) {
+    using platform::translated;
+    return error
+               ? platform::filledIn(translated("Undo", "the settings cannot be read: %1"), {error.message()})
+               : translated("Undo", "the settings are missing or damaged");
+}
+
 /// Replaces the document by what `next` makes of it, and announces what that changed.
 UndoResult change(std::string_view identifier, const platform::Versions& versions,
                   const std::function<std::optional<Dictionary>(const Dictionary& now)>& next) {
@@ -120,9 +128,17 @@ UndoResult change(std::string_view identifier, const platform::Versions& version
         entries = platform::MutableDictionary(*document);
         return true;
     };
-    const platform::Update update =
-        platform::updateFile(documentPath(identifier), replace, platform::Sync::Full, versions);
+    // Only a whole version replaces settings that are not there: one change alone would be a document without
+    // passcode and accounts.
+    const bool restores = versions.action == VersionAction::Restore;
+    const platform::Update update = (restores ? platform::updateFile : platform::updateExistingFile)(
+        documentPath(identifier), replace, platform::Sync::Full, versions);
     result.error = update.error;
+    if (!restores && !update.read) {
+        result.outcome = Outcome::NoDocument;
+        result.reasons.push_back(reasonAgainstReading(update.error));
+        return result;
+    }
     if (!update.changed) {
         result.outcome = update.error ? Outcome::Failed : Outcome::Nothing;
         return result;

@@ -43,7 +43,10 @@ struct UndoResult {
         Nothing,
         /// It would lose later changes, which `reasons` names.
         Refused,
-        /// The document could not be written: `error`.
+        /// The settings are missing or damaged, or cannot be read, as `reasons` says. They stay as they are.
+        NoDocument,
+        /// The document could not be written: `error`. An error after Done means that the change is in place,
+        /// and that a power cut may take it back.
         Failed
     };
 
@@ -60,7 +63,8 @@ WARDLOCK_API std::optional<UndoStep> undoStep(Whose whose, std::string_view iden
 WARDLOCK_API std::optional<UndoStep> redoStep(Whose whose, std::string_view identifier = BundleIdentifier);
 
 /// Takes back the last change that has not been taken back yet. A restoring of damaged or missing settings
-/// cannot be taken back, nor any change before it.
+/// cannot be taken back, nor any change before it. Without a document there is nothing to take it back in;
+/// restoreVersion() replaces damaged or missing settings.
 WARDLOCK_API UndoResult undo(Whose whose, LaterChanges later = LaterChanges::Keep,
                              std::string_view identifier = BundleIdentifier);
 /// Applies the last undone change again, unless other changes were made since.

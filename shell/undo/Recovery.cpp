@@ -56,14 +56,15 @@ void Recovery::setOffer(std::optional<Offer> offer) {
 }
 
 void Recovery::check() {
-    if (document(BundleIdentifier)) {
+    bool isUnreadable = false;
+    if (document(BundleIdentifier, isUnreadable)) {
         refused_ = false;
         if (isOffering() && isRepaired())
             setOffer(std::nullopt);
         return;
     }
     // A failing disk says nothing about the settings.
-    if (isOffering() || refused_ || documentIsUnreadable(BundleIdentifier))
+    if (isOffering() || refused_ || isUnreadable)
         return;
     const History history;
     const platform::Version* last = history.lastReadable();

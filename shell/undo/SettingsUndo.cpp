@@ -88,6 +88,9 @@ InputResult SettingsUndo::finish(const UndoResult& result, Direction direction) 
     case Outcome::Refused:
         addRefusal(direction, joined(result.reasons));
         return InputResult::refused("a later change would be lost: " + joined(result.reasons));
+    case Outcome::NoDocument:
+        addRefusal(direction, joined(result.reasons));
+        return InputResult::refused(joined(result.reasons));
     case Outcome::Done:
         break;
     }

@@ -433,6 +433,14 @@
         <translation>%1 gibt es noch nicht; die erste Änderung erstellt den Ordner</translation>
     </message>
     <message>
+        <source>the settings cannot be read: %1</source>
+        <translation>Die Einstellungen können nicht gelesen werden: %1</translation>
+    </message>
+    <message>
+        <source>the settings are missing or damaged</source>
+        <translation>Die Einstellungen fehlen oder sind beschädigt</translation>
+    </message>
+    <message>
         <source>the passcode was changed again</source>
         <translation>Der Code wurde erneut geändert</translation>
     </message>

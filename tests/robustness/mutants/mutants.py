@@ -298,7 +298,7 @@ ALL = [
         (RECOVERY, "        refused_ = true;\n", ""),
     ]),
     Mutant("failing-disk-is-damage", "a disk that fails counts as damage of the settings", ("tests.shell/Recovery",), [
-        (RECOVERY, "if (isOffering() || refused_ || documentIsUnreadable(BundleIdentifier))", "if (isOffering() || refused_)"),
+        (RECOVERY, "if (isOffering() || refused_ || isUnreadable)", "if (isOffering() || refused_)"),
     ]),
     # The pages.
     Mutant("passcode-by-its-beginning", "a passcode that begins as the right one is taken for it", ("tests.root/PasscodeWorkflow",), [

@@ -191,6 +191,27 @@ TEST_F(HistoryCommand, LeavesADamagedDocumentToTheUser) {
     EXPECT_EQ(readFile(documentPath), "damage");
 }
 
+TEST_F(HistoryCommand, TakesNothingBackInSettingsThatAreMissingOrDamaged) {
+    set("kPasscode", "string", "4711");
+    set("kEnabled", "bool", "false");
+    removeFile(documentPath);
+    for (const std::vector<std::string>& words : {std::vector<std::string>{"undo"}, {"undo", "--force"}}) {
+        EXPECT_EQ(run(words).errors,
+                  "wardlock undo: the settings are missing or damaged (see wardlock restore)\n");
+        EXPECT_FALSE(exists(documentPath));
+    }
+    writeFile(documentPath, "damage");
+    for (const std::vector<std::string>& words :
+         {std::vector<std::string>{"undo"}, {"undo", "--force"}, {"redo"}, {"redo", "--force"}}) {
+        const ProcessResult result = run(words);
+        EXPECT_EQ(result.exitCode, 1);
+        EXPECT_EQ(result.errors, "wardlock " + words[0] +
+                                     ": the settings are damaged: " + onDisk(documentPath) +
+                                     " is not a property list with keys (see wardlock doctor)\n");
+        EXPECT_EQ(readFile(documentPath), "damage");
+    }
+}
+
 TEST_F(HistoryCommand, RefusesNumbersThatNameNoVersion) {
     EXPECT_EQ(run({"history", "show", "9"}).errors, "wardlock history show: no version 9 is kept\n");
     EXPECT_EQ(run({"restore", "9"}).exitCode, 1);

@@ -1,9 +1,11 @@
 #include "settings/RequiredPasscode.h"
 
+#include "settings/Accounts.h"
 #include "settings/EnabledAccount.h"
 #include "settings/Keys.h"
 #include "settings/Settings.h"
 #include "tests/support/SettingsFixture.h"
+#include "tests/support/doubles/FaultyFileSystem.h"
 
 #include <gtest/gtest.h>
 
@@ -96,6 +98,36 @@ TEST_F(RequiredPasscode, MatchesNoEntryWhereTheDocumentCannotBeRead) {
     EXPECT_TRUE(isRequired());
     EXPECT_FALSE(matches("1234"));
     EXPECT_FALSE(matches(""));
+}
+
+namespace {
+
+/// The document cannot be read for a while, and then again.
+class DiskThatRecovers : public FaultyFileSystem {
+public:
+    using FaultyFileSystem::FaultyFileSystem;
+    std::error_code readFile(const std::string& path, std::size_t maximum, std::string& bytes) override {
+        return failuresLeft-- > 0 ? std::make_error_code(std::errc::io_error)
+                                  : FaultyFileSystem::readFile(path, maximum, bytes);
+    }
+
+    int failuresLeft = 0;
+};
+
+} // namespace
+
+TEST_F(RequiredPasscode, IsJudgedByOneReadingOnADiskThatRecovers) {
+    DiskThatRecovers disk(platform::FileSystem::current());
+    platform::FileSystem::setCurrent(&disk);
+    for (int failures = 1; failures <= 4; ++failures) {
+        writeDocument(documentWithAccounts({false, true}));
+        disk.failuresLeft = failures;
+        EXPECT_TRUE(isRequired()) << failures;
+        disk.failuresLeft = failures;
+        const auto accounts = Accounts::onDiskIfReadable();
+        EXPECT_TRUE(!accounts || accounts->size() == 2) << failures;
+    }
+    platform::FileSystem::setCurrent(nullptr);
 }
 
 TEST_F(RequiredPasscode, IsWhatTheEnforcingProcessFindsInForce) {

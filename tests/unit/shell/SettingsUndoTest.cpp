@@ -114,6 +114,16 @@ TEST_F(SettingsUndo, IsForgottenByTheNextChange) {
     EXPECT_EQ(settings().history().redo().reason(), "there is nothing to redo");
 }
 
+TEST_F(SettingsUndo, IsRefusedWhereTheSettingsHaveDisappeared) {
+    startWith({"Ann"});
+    tap("Wardlock");
+    tap("Enabled");
+    removeFile(documentPath);
+    EXPECT_EQ(settings().history().undo().reason(), "the settings are missing or damaged");
+    EXPECT_EQ(notice(), "Cannot undo: the settings are missing or damaged.");
+    EXPECT_FALSE(exists(documentPath));
+}
+
 TEST_F(SettingsUndo, ReportsThatItCouldNotBeStored) {
     FaultyFileSystem files(platform::FileSystem::current());
     platform::FileSystem::setCurrent(&files);
