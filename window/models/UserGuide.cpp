@@ -30,8 +30,12 @@ QString userGuideText() {
         return {};
     static const QRegularExpression picture(QStringLiteral("!\\[[^\\]]*\\]\\([^)]*\\)"));
     static const QRegularExpression link(QStringLiteral("\\[([^\\]]*)\\]\\([^)]*\\)"));
-    const QString text =
-        QString::fromUtf8(file.readAll()).remove(picture).replace(link, QStringLiteral("\\1"));
+    // The window draws code in letters of one size, however large the others are.
+    static const QRegularExpression code(QStringLiteral("`([^`]*)`"));
+    const QString text = QString::fromUtf8(file.readAll())
+                             .remove(picture)
+                             .replace(link, QStringLiteral("\\1"))
+                             .replace(code, QStringLiteral("*\\1*"));
     const QStringList lines = text.split(QLatin1Char('\n'));
     QStringList shown;
     for (qsizetype i = 0; i < lines.size(); ++i)

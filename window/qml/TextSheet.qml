@@ -31,6 +31,9 @@ PaperSheet {
             width: Math.min(implicitWidth, parent.width - 2 * (done.width + Theme.inset + 8))
             text: sheet.title
             font.pixelSize: Theme.barText
+            fontSizeMode: Text.HorizontalFit
+            minimumPixelSize: 13
+            verticalAlignment: Text.AlignVCenter
             font.weight: Font.DemiBold
             Accessible.role: Accessible.Heading
             Accessible.name: text
@@ -67,6 +70,7 @@ PaperSheet {
             width: flick.width - 2 * Theme.inset
             text: sheet.text
             textFormat: sheet.format
+            linkColor: Theme.tint
             wrapMode: Text.Wrap
             // As the text itself is read, whatever the direction of the window.
             horizontalAlignment: undefined

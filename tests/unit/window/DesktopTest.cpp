@@ -80,6 +80,8 @@ TEST_F(WindowOnDesktop, ShowsTheUserGuideUntilItIsLeft) {
     EXPECT_NE(scene().text("sheet:words").find("- **F1**: shows this guide\n"), std::string::npos);
     EXPECT_EQ(scene().text("sheet:words").find('|'), std::string::npos);
     EXPECT_EQ(scene().text("sheet:words").find("]("), std::string::npos);
+    EXPECT_EQ(scene().text("sheet:words").find('`'), std::string::npos) << "code has letters of one size";
+    EXPECT_NE(scene().text("sheet:words").find("use *wardlock settings --plain*."), std::string::npos);
     scene().press(Qt::Key_End);
     EXPECT_GT(scene().item("sheet:scroll")->property("contentY").toDouble(), 1000);
     scene().press(Qt::Key_Escape);
