@@ -44,7 +44,8 @@ Item {
     Label {
         id: bullet
         visible: block.isItem
-        x: words.mirrored ? block.width - words.start + 8 : words.start - 18
+        objectName: "web:bullet"
+        x: words.fromRight ? block.width - words.start + 8 : words.start - 18
         y: Math.round(words.y + (words.cursorRectangle.height - height) / 2)
         text: "•"
         color: Theme.secondary
@@ -52,11 +53,13 @@ Item {
     }
     TextEdit {
         id: words
-        readonly property bool mirrored: LayoutMirroring.enabled
+        objectName: "web:words"
+        // As the text itself is read, whatever the direction of the window.
+        readonly property bool fromRight: effectiveHorizontalAlignment === TextEdit.AlignRight
         /// The indent at the side where lines begin.
         readonly property real start: block.isCode ? block.padding
             : Theme.inset + 22 * Math.min(4, block.entry.lists)
-        x: mirrored ? (block.isCode ? block.padding : Theme.inset) : start
+        x: fromRight ? (block.isCode ? block.padding : Theme.inset) : start
         y: block.padding
         width: block.width - start - (block.isCode ? block.padding : Theme.inset)
         text: block.html
@@ -66,8 +69,10 @@ Item {
         wrapMode: block.isCode ? TextEdit.WrapAtWordBoundaryOrAnywhere : TextEdit.Wrap
         color: Theme.label
         font.family: block.isCode ? "monospace" : Theme.family
-        font.pixelSize: Math.round(Theme.textScale * (block.isHeading ? [28, 22, 20, 17, 17, 17][block.entry.rank - 1]
-                                                      : block.isCode ? 14 : 17))
+        readonly property int points: block.isHeading ? [28, 22, 20, 17, 17, 17][block.entry.rank - 1] : block.isCode ? 14 : 17
+        // A narrow window has no room for words of a heading that is larger than large text.
+        font.pixelSize: block.isHeading && block.width < 340 ? Math.max(Theme.body, Math.round(Theme.barScale * points))
+                                                             : Math.round(Theme.textScale * points)
         font.weight: block.isHeading ? Font.Bold : Font.Normal
         Accessible.ignored: true
         onLinkActivated: (link) => block.followed(Number(link))

@@ -3,6 +3,7 @@
 #include "tests/support/HttpServer.h"
 #include "tests/unit/window/WindowFixture.h"
 
+#include <QGuiApplication>
 #include <QLibraryInfo>
 #include <QQmlEngine>
 #include <gtest/gtest.h>
@@ -88,6 +89,31 @@ TEST_F(WindowWebText, ShowsHeadingsParagraphsListsAndCode) {
     scene().expectGone("spinner");
     EXPECT_FALSE(scene().shows("web:failure"));
     EXPECT_EQ(timesAsked(listing), 1);
+}
+
+TEST_F(WindowWebText, HasTheMarkOfAnItemWhereItsTextBegins) {
+    QGuiApplication::setLayoutDirection(Qt::RightToLeft);
+    openListing("<ul><li>One");
+    ASSERT_TRUE(describes("ListItem: One\n"));
+    const auto isOnTheLeft = [&] { return scene().middleOf("web:bullet").x() < window().width() / 2.0; };
+    EXPECT_TRUE(until(isOnTheLeft));
+    server.reply(listing, "<ul><li>\u05e9\u05dc\u05d5\u05dd");
+    scene().tap("back");
+    scene().item("row:Passcode");
+    scene().reveal("row:More From Tavix");
+    scene().tap("row:More From Tavix");
+    ASSERT_TRUE(describes("ListItem: \u05e9\u05dc\u05d5\u05dd\n"));
+    EXPECT_TRUE(until([&] { return !isOnTheLeft(); }));
+}
+
+TEST_F(WindowWebText, BreaksNoWordOfAHeadingInANarrowWindow) {
+    openListing("<h1>Packages</h1>");
+    ASSERT_TRUE(describes("Heading: Packages\n"));
+    window().resize(280, 600);
+    host().appearance().forceTextScale(2);
+    const auto* words = scene().item("web:words");
+    const auto size = [&] { return words->property("font").value<QFont>().pixelSize(); };
+    EXPECT_TRUE(until([&] { return size() >= 34 && words->property("lineCount").toInt() == 1; })) << size();
 }
 
 TEST_F(WindowWebText, IsQuietOnStandardError) {
