@@ -40,7 +40,7 @@ void RowPainter::separator(double start) const {
 void RowPainter::icon(const QImage& picture) const {
     const int side = theme_.icon();
     const double top = std::ceil((row_.height() - side) / 2);
-    drawPicture(painter_, picture, QRectF(left(theme_.inset, side), top, side, side));
+    drawPicture(painter_, picture, QRectF(left(theme_.inset(), side), top, side, side));
 }
 
 void RowPainter::text(const RowText& text, double start, QColor color) const {

@@ -4,7 +4,9 @@
 
 #include <QFontMetricsF>
 #include <QGuiApplication>
+#include <QTextBoundaryFinder>
 
+#include <algorithm>
 #include <cmath>
 
 namespace wardlock::window {
@@ -14,10 +16,14 @@ namespace {
 constexpr int linesOfLargeText = 3;
 constexpr double roomForDots = 3;
 
-QFont fontOf(const Theme& theme) {
-    QFont font = Theme::usualFont();
-    font.setPixelSize(theme.body());
-    return font;
+/// Returns the text with places where a line may end: after the "@" of an address, and the dots of an
+/// identifier.
+QString withLineEnds(QString text, const Theme& theme, Qt::TextElideMode loses) {
+    if (!theme.wrapsRows())
+        return text;
+    if (loses == Qt::ElideLeft)
+        text.replace(u'.', QStringLiteral(".\u200b"));
+    return text.replace(u'@', QStringLiteral("@\u200b"));
 }
 
 QTextOption option(bool wraps) {
@@ -28,20 +34,50 @@ QTextOption option(bool wraps) {
     return option;
 }
 
+/// Returns the width of the widest piece of the text that cannot be broken into lines.
+double widestWord(const QString& text, const QFont& font) {
+    QTextBoundaryFinder ends(QTextBoundaryFinder::Line, text);
+    double widest = 0;
+    for (qsizetype start = 0, end = 0; (end = ends.toNextBoundary()) >= 0; start = end) {
+        QTextLayout word(text.mid(start, end - start).trimmed(), font);
+        word.setTextOption(option(false));
+        word.beginLayout();
+        const QTextLine line = word.createLine();
+        word.endLayout();
+        widest = std::max(widest, line.isValid() ? line.naturalTextWidth() : 0);
+    }
+    return widest;
+}
+
+QFont fontOf(const QString& text, const Theme& theme, double room) {
+    QFont font = Theme::usualFont();
+    font.setPixelSize(theme.body());
+    if (theme.body() <= Theme::usualBody || room <= 0)
+        return font;
+    const int fitting = static_cast<int>(theme.body() * room / std::max(room, widestWord(text, font)));
+    // A word that has to be elided in any case may as well be as large as the others.
+    if (fitting >= Theme::usualBody)
+        font.setPixelSize(fitting);
+    return font;
+}
+
 } // namespace
 
 RowText::RowText(const QString& text, const Theme& theme, double width, Qt::TextElideMode loses)
-    : room_(width), lines_(theme.textScale() > 1 ? linesOfLargeText : 1),
-      mirrored_(QGuiApplication::layoutDirection() == Qt::RightToLeft), layout_(text, fontOf(theme)) {
+    : room_(width), lines_(theme.wrapsRows() ? linesOfLargeText : 1),
+      mirrored_(QGuiApplication::layoutDirection() == Qt::RightToLeft),
+      layout_(withLineEnds(text, theme, loses)) {
+    layout_.setFont(fontOf(layout_.text(), theme, width - roomForDots));
     layout_.setTextOption(option(lines_ > 1));
     // Results of the font's measurement are cached until the text is drawn.
     layout_.setCacheEnabled(true);
-    if (const int shown = layOut(); shown < text.size()) {
+    if (const int shown = layOut(); shown < layout_.text().size()) {
         const int start = layout_.lineAt(layout_.lineCount() - 1).textStart();
         const QFontMetricsF metrics(layout_.font());
         // Letters measured this way are a little narrower: "…" must not go into a line that is not shown.
         const double room = lines_ > 1 ? room_ - roomForDots : room_;
-        layout_.setText(text.left(start) + metrics.elidedText(text.mid(start), loses, room));
+        const QString all = layout_.text();
+        layout_.setText(all.left(start) + metrics.elidedText(all.mid(start), loses, room));
         layOut();
     }
 }

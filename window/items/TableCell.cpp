@@ -32,7 +32,7 @@ void TableCell::setEntry(const TableEntry& entry) {
         setObjectName(QStringLiteral("cell:") + entry_.key);
     showSwitch(entry_.key == before.key);
     if (theme_ && (entry_.height != before.height || entry_.hasSwitch != before.hasSwitch ||
-                   (entry_.title != before.title && theme_->textScale() > 1)))
+                   (entry_.title != before.title && theme_->wrapsRows())))
         layOut();
     if (theme_ && entry_.icon != before.icon)
         showIcon();
@@ -49,7 +49,8 @@ void TableCell::showIcon() {
 }
 
 RowText TableCell::laidOut() const {
-    const double taken = entry_.hasSwitch ? toggle_->width() + theme_->inset + besideSwitch : theme_->inset;
+    const double taken =
+        entry_.hasSwitch ? toggle_->width() + theme_->inset() + besideSwitch : theme_->inset();
     return {entry_.title, *theme_, width() - taken - theme_->besideIcon(),
             entry_.nameless ? Qt::ElideLeft : Qt::ElideRight};
 }
@@ -59,7 +60,7 @@ void TableCell::layOut() {
         showIcon();
     double height = std::max<double>(entry_.height, qRound(entry_.height * theme_->textScale()));
     // Where one line is the limit, the layout would change nothing.
-    if (theme_->textScale() > 1 && width() > 0)
+    if (theme_->wrapsRows() && width() > 0)
         height = std::max(height, laidOut().height() + aroundLines);
     setHeight(height);
     placeSwitch();
@@ -94,7 +95,7 @@ void TableCell::placeSwitch() {
     if (!toggle_ || !theme_)
         return;
     const bool mirrored = QGuiApplication::layoutDirection() == Qt::RightToLeft;
-    toggle_->setPosition({mirrored ? theme_->inset : width() - toggle_->width() - theme_->inset,
+    toggle_->setPosition({mirrored ? theme_->inset() : width() - toggle_->width() - theme_->inset(),
                           std::round((height() - toggle_->height()) / 2)});
 }
 

@@ -1,5 +1,8 @@
 #include "window/items/Theme.h"
 
+#include "window/items/RowText.h"
+
+#include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QQmlContext>
 #include <QQmlEngine>
@@ -13,6 +16,7 @@ namespace wardlock::window {
 namespace {
 
 constexpr double largestBarScale = 1.3;
+constexpr double largestBarScaleInNarrowWindow = 1.15;
 constexpr double largestSignScale = 1.5;
 constexpr double largestSignScaleInNarrowWindow = 1.15;
 constexpr double narrow = 340;
@@ -65,19 +69,22 @@ bool Theme::isMirrored() const {
 }
 
 double Theme::signScale() const {
-    return std::clamp(textScale(), 1.0,
-                      windowWidth_ < narrow ? largestSignScaleInNarrowWindow : largestSignScale);
+    return std::clamp(textScale(), 1.0, isNarrow() ? largestSignScaleInNarrowWindow : largestSignScale);
 }
 
 void Theme::setWindowWidth(double width) {
-    const double before = signScale();
+    const bool before = isNarrow();
     windowWidth_ = width;
-    if (signScale() != before)
+    if (isNarrow() != before)
         emit changed();
 }
 
+bool Theme::isNarrow() const {
+    return windowWidth_ < narrow;
+}
+
 double Theme::barScale() const {
-    return std::min(textScale(), largestBarScale);
+    return std::min(textScale(), isNarrow() ? largestBarScaleInNarrowWindow : largestBarScale);
 }
 
 int Theme::barHeight() const {
@@ -85,7 +92,18 @@ int Theme::barHeight() const {
 }
 
 double Theme::sideMargin(double width) const {
-    return std::max<double>(margin, std::round((width - widest) / 2));
+    return std::max<double>(margin(), std::round((width - widest) / 2));
+}
+
+double Theme::widthOf(const QString& text) const {
+    QFont font = usualFont();
+    font.setPixelSize(body());
+    return QFontMetricsF(font).horizontalAdvance(text);
+}
+
+QVariantMap Theme::fitted(const QString& text, double room) const {
+    const RowText row(text, *this, room);
+    return {{QStringLiteral("text"), row.text()}, {QStringLiteral("size"), row.size()}};
 }
 
 } // namespace wardlock::window

@@ -6,6 +6,7 @@
 #include <QFont>
 #include <QObject>
 #include <QString>
+#include <QVariantMap>
 
 class QQuickItem;
 
@@ -48,17 +49,18 @@ class Theme : public QObject {
     Q_PROPERTY(QColor focus READ focus NOTIFY changed)
     Q_PROPERTY(QColor focusOnDark READ focusOnDark CONSTANT)
     Q_PROPERTY(int focusWidth READ focusWidth NOTIFY changed)
+    Q_PROPERTY(bool wrapsRows READ wrapsRows NOTIFY changed)
     Q_PROPERTY(int rowHeight READ rowHeight NOTIFY changed)
     Q_PROPERTY(int barHeight READ barHeight NOTIFY changed)
-    Q_PROPERTY(int margin MEMBER margin CONSTANT)
-    Q_PROPERTY(int inset MEMBER inset CONSTANT)
+    Q_PROPERTY(int margin READ margin NOTIFY changed)
+    Q_PROPERTY(int inset READ inset NOTIFY changed)
     Q_PROPERTY(int corner MEMBER corner CONSTANT)
     Q_PROPERTY(int icon READ icon NOTIFY changed)
+    Q_PROPERTY(int besideIcon READ besideIcon NOTIFY changed)
     Q_PROPERTY(int widest MEMBER widest CONSTANT)
 
 public:
     explicit Theme(const Appearance& appearance);
-
     /// Registers the type in QML's module Wardlock.Native. Repeated calls in a process do no harm.
     static void install();
     /// Returns the font of texts at the usual scale.
@@ -72,18 +74,17 @@ public:
     /// Reading begins on the right.
     bool isMirrored() const;
     double textScale() const { return textScale_; }
-    /// Of icons, switches, arrows and other signs. They grow with the text, less in a narrow window, whose
-    /// rows need the room for words. They never shrink: they have to be hit.
+    /// Of icons, switches and other signs. They grow less in a narrow window, and never shrink: they are hit.
     double signScale() const;
     double windowWidth() const { return windowWidth_; }
     void setWindowWidth(double width);
     static QString family() { return QStringLiteral("Inter"); }
+    static constexpr int usualBody = 17;
     int body() const { return scaled(usualBody); }
-    /// A bar has three texts beside each other, so they grow less.
+    /// A bar has three texts beside each other, so they grow less, in a narrow window least.
     double barScale() const;
     int barText() const { return qRound(usualBody * barScale()); }
     int smallText() const { return scaled(13); }
-
     QColor ground() const { return isDark() ? 0x000000 : 0xf2f2f7; }
     QColor card() const { return isDark() ? 0x1c1c1e : 0xffffff; }
     QColor pressed() const { return isDark() ? 0x2c2c2e : 0xd9d9de; }
@@ -103,39 +104,41 @@ public:
     QColor field() const { return isDark() ? 0x1c1c1e : 0xffffff; }
     QColor search() const { return isDark() ? 0x1c1c1e : 0xe3e3e8; }
     QColor scrim() const { return QColor::fromRgba(0x66000000); }
-    /// The ring around the item that has the keyboard focus: a contrast of 3:1 at least on every colour
-    /// above.
+    /// The ring around the item in keyboard focus: a contrast of 3:1 at least on every colour above.
     QColor focus() const { return shade(0x0060df, 0x409cff, 0x000000, 0xffffff); }
     /// The same on a notice and on the keypad, which are always dark.
     QColor focusOnDark() const { return 0xffffff; }
     int focusWidth() const { return strong_ ? 4 : 3; }
-
+    bool wrapsRows() const { return textScale_ > 1 || isNarrow(); }
     int rowHeight() const { return qMax(44, scaled(44)); }
     int barHeight() const;
-    const int margin = 16;
-    const int inset = 16;
+    /// Beside the cards of a page, and within them.
+    int margin() const { return isCrowded() ? 8 : 16; }
+    int inset() const { return isCrowded() ? 12 : 16; }
     const int corner = 10;
     const int widest = 720;
     int icon() const { return qRound(29 * signScale()); }
     /// The start of a label beside an icon.
-    int besideIcon() const { return inset + icon() + 15; }
-
+    int besideIcon() const { return inset() + icon() + (isCrowded() ? 10 : 15); }
     /// The margin that keeps a column readable on a wide window.
     Q_INVOKABLE double sideMargin(double width) const;
+    /// Returns the width of the text in body size, in one line.
+    Q_INVOKABLE double widthOf(const QString& text) const;
+    /// Returns what is shown of a row's text where it may take several lines, as `text`, and their `size`.
+    Q_INVOKABLE QVariantMap fitted(const QString& text, double room) const;
 
 signals:
     void changed();
 
 private:
-    static constexpr int usualBody = 17;
-
     int scaled(int points) const { return qRound(points * textScale()); }
-
+    /// Large letters in a narrow window.
+    bool isCrowded() const { return textScale_ > 1 && isNarrow(); }
+    bool isNarrow() const;
     QColor shade(QRgb day, QRgb night, QRgb strongDay, QRgb strongNight) const {
         return dark_ ? (strong_ ? strongNight : night) : (strong_ ? strongDay : day);
     }
     void follow();
-
     const Appearance& appearance_;
     bool dark_ = false;
     /// High contrast.

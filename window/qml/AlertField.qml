@@ -25,6 +25,7 @@ Item {
             anchors.fill: parent
             anchors.leftMargin: 8
             anchors.rightMargin: 8
+            horizontalAlignment: TextInput.AlignLeft
             verticalAlignment: TextInput.AlignVCenter
             color: Theme.label
             selectionColor: Theme.tint
@@ -45,6 +46,8 @@ Item {
                 visible: input.text === "" && input.preeditText === ""
                 text: field.placeholder
                 font.pixelSize: input.font.pixelSize
+                fontSizeMode: Text.HorizontalFit
+                minimumPixelSize: 13
                 color: Theme.placeholder
                 Accessible.ignored: true
             }

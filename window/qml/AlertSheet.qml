@@ -13,6 +13,13 @@ Modal {
     Accessible.description: alert.message
 
     readonly property bool sideBySide: alert.actions.length === 2
+        && alert.actions.every((action) => metrics.advanceWidth(action.title) + 20 <= box.width / 2)
+    FontMetrics {
+        id: metrics
+        font.family: Theme.family
+        font.pixelSize: Theme.body
+        font.weight: Font.DemiBold
+    }
 
     function chooseStyle(style) {
         for (let i = 0; i < alert.actions.length; ++i)

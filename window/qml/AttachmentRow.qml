@@ -10,7 +10,7 @@ Item {
     signal removed()
 
     width: parent ? parent.width : 0
-    height: Math.max(52, Math.round(52 * Theme.textScale))
+    height: Math.max(52, Math.round(52 * Theme.textScale), label.implicitHeight + 28)
     objectName: "mail:attachment:" + name
     activeFocusOnTab: true
     Accessible.role: Accessible.Button
@@ -44,12 +44,20 @@ Item {
             onTapped: row.opened()
         }
         Label {
+            id: label
             anchors.left: parent.left
             anchors.leftMargin: 12
             anchors.verticalCenter: parent.verticalCenter
             width: parent.width - remove.width - 36
-            text: row.name + " · " + row.readable(row.size)
+            text: oneLine.width <= width ? oneLine.text : row.name + "\n" + row.readable(row.size)
             font.pixelSize: Math.round(15 * Theme.textScale)
+            fontSizeMode: Text.HorizontalFit
+            minimumPixelSize: 15
+            TextMetrics {
+                id: oneLine
+                font: label.font
+                text: row.name + " · " + row.readable(row.size)
+            }
             Accessible.ignored: true
         }
         PlainButton {
@@ -58,7 +66,7 @@ Item {
             anchors.right: parent.right
             anchors.rightMargin: 12
             height: parent.height
-            size: Math.round(15 * Theme.textScale)
+            size: Math.round(15 * Theme.barScale)
             text: qsTr("Remove")
             Accessible.name: qsTr("Remove %1").arg(row.name)
             onPressed: row.removed()

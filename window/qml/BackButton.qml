@@ -5,8 +5,10 @@ import Wardlock.Native
 Item {
     id: button
     required property string title
-    /// The width up to which the title is shown; else the button says "Back".
-    required property real most
+    required property real barWidth
+    /// The title of the page that is shown, and the room for it and this button.
+    required property string pageTitle
+    required property real titleRoom
 
     /// The width of the arrow and of the space around it and the text.
     readonly property real around: 22 + arrow.width
@@ -39,12 +41,31 @@ Item {
         font: label.font
         text: button.title
     }
+    TextMetrics {
+        id: brief
+        font: label.font
+        text: qsTr("Back")
+    }
+    TextMetrics {
+        id: beside
+        font.family: Theme.family
+        font.pixelSize: Theme.barText
+        font.weight: Font.DemiBold
+        text: button.pageTitle
+    }
+    /// Returns the title where it is short; else "Back", and nothing where that would leave the page's own title too little.
+    function words() {
+        if (full.once + around <= barWidth * 0.35)
+            return title;
+        const left = titleRoom - around - brief.width;
+        return beside.advanceWidth + 2 > left && left < barWidth * 0.45 ? "" : brief.text;
+    }
     Label {
         id: label
         anchors.left: arrow.right
         anchors.leftMargin: 6
         anchors.verticalCenter: parent.verticalCenter
-        text: full.once + button.around <= button.most ? button.title : qsTr("Back")
+        text: button.words()
         color: Theme.tint
         font.pixelSize: Theme.barText
         Accessible.ignored: true

@@ -18,6 +18,7 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         text: field.name
         color: Theme.secondary
+        font.pixelSize: Theme.barText
         Accessible.ignored: true
     }
     TextInput {
@@ -32,7 +33,7 @@ Item {
         color: beginning.active ? "transparent" : Theme.label
         selectionColor: Theme.tint
         font.family: Theme.family
-        font.pixelSize: Theme.body
+        font.pixelSize: Theme.barText
         clip: true
         autoScroll: activeFocus
         selectByMouse: true

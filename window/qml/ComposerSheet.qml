@@ -6,6 +6,9 @@ PaperSheet {
     id: sheet
     required property var composer
 
+    /// How much of the lower end is covered by notices.
+    property real hidden: 0
+
     paper.objectName: "composer"
     beneath: shown.active || discard.active
     Keys.onEscapePressed: cancel()
@@ -46,6 +49,8 @@ PaperSheet {
             anchors.centerIn: parent
             readonly property real beside: Math.max(cancelButton.width, send.width) + Theme.inset + 8
             width: Math.min(implicitWidth, parent.width - 2 * beside)
+            // Smaller letters than these would say less than none.
+            visible: width >= implicitWidth * 0.75
             text: qsTr("New Message")
             font.pixelSize: Theme.barText
             fontSizeMode: Text.HorizontalFit
@@ -76,11 +81,12 @@ PaperSheet {
         width: parent.width
         clip: true
         contentHeight: column.height
+        bottomMargin: sheet.hidden
 
         /// Scrolls no further than needed until the rectangle of the text is in sight.
         function follow(caret) {
             const top = body.y + caret.y - 8;
-            const bottom = body.y + caret.y + caret.height + 8;
+            const bottom = body.y + caret.y + caret.height + 8 + sheet.hidden;
             if (top < contentY)
                 contentY = Math.max(0, top);
             else if (bottom > contentY + height)
@@ -107,7 +113,7 @@ PaperSheet {
                 objectName: "mail:body"
                 width: parent.width
                 // A click below the last line is in the text, too.
-                height: Math.max(implicitHeight, flick.height - y - attachments.height)
+                height: Math.max(implicitHeight, flick.height - sheet.hidden - y - attachments.height)
                 padding: Theme.inset
                 color: Theme.label
                 selectionColor: Theme.tint
@@ -121,6 +127,9 @@ PaperSheet {
                 Accessible.name: qsTr("Message")
                 Component.onCompleted: text = sheet.composer.body
                 onTextChanged: if (activeFocus) sheet.composer.setBody(text)
+                // The keys lead on from here, too.
+                Keys.onTabPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
+                Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
                 onCursorRectangleChanged: if (activeFocus) flick.follow(cursorRectangle)
                 TextMenuOpener {}
             }

@@ -6,11 +6,15 @@ Loader {
     id: ring
     property Item target: parent
     property bool onDark: false
-    /// Keeps the ring away from the edge of what the target is on.
+    /// Keeps the ring away from the edge of what the target is on; `insetAcross` does so above and below.
     property real inset: 0
+    property real insetAcross: inset
 
     anchors.fill: parent
-    anchors.margins: inset
+    anchors.leftMargin: inset
+    anchors.rightMargin: inset
+    anchors.topMargin: insetAcross
+    anchors.bottomMargin: insetAcross
     active: keyboard.inUse && target !== null && target.activeFocus
     sourceComponent: Rectangle {
         objectName: "ring"

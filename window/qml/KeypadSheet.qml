@@ -13,7 +13,11 @@ Modal {
     Accessible.role: Accessible.Dialog
     Accessible.name: keypad.statusText
 
-    readonly property real unit: Math.min(75, Math.floor(Math.min(width / 5.2, height / 10.5)))
+    // The diameter of a key. In a low window the keys are beside the question rather than small below it.
+    readonly property real unitBelow: Math.min(width / 5.2, height / 10.5)
+    readonly property real unitBeside: Math.min(width / 9, height / 5.6)
+    readonly property bool isBeside: unitBelow < 60 && unitBeside > unitBelow
+    readonly property real unit: Math.min(75, Math.floor(isBeside ? unitBeside : unitBelow))
     readonly property real gap: Math.round(unit * 0.3)
 
     Keys.onPressed: (event) => {
@@ -45,47 +49,53 @@ Modal {
         opacity: sheet.keypad.blurOpacity
     }
 
-    Column {
+    Grid {
         id: pad
         objectName: "keypad"
         opacity: sheet.keypad.opacity
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.horizontalCenterOffset: shakeOffset
         y: Math.max(12, Math.round((parent.height - height) / 2))
-        spacing: 0
+        columns: sheet.isBeside ? 2 : 1
+        layoutDirection: Qt.application.layoutDirection
+        columnSpacing: sheet.unit
+        rowSpacing: Math.round(sheet.unit * 0.55)
+        horizontalItemAlignment: Grid.AlignHCenter
+        verticalItemAlignment: Grid.AlignVCenter
         property real shakeOffset: 0
 
-        Label {
-            objectName: "keypad:status"
-            anchors.horizontalCenter: parent.horizontalCenter
-            width: Math.min(implicitWidth, sheet.width - 32)
-            text: sheet.keypad.statusText
-            color: "white"
-            font.pixelSize: Math.round(20 * Math.min(Theme.textScale, 1.4))
-            fontSizeMode: Text.HorizontalFit
-            minimumPixelSize: 8
-            horizontalAlignment: Text.AlignHCenter
-            verticalAlignment: Text.AlignVCenter
+        Column {
+            spacing: 0
+            Label {
+                objectName: "keypad:status"
+                anchors.horizontalCenter: parent.horizontalCenter
+                width: Math.min(implicitWidth, sheet.width - 32 - (sheet.isBeside ? grid.width + pad.columnSpacing : 0))
+                text: sheet.keypad.statusText
+                color: "white"
+                font.pixelSize: Math.round(20 * Math.min(Theme.textScale, 1.4))
+                fontSizeMode: Text.HorizontalFit
+                minimumPixelSize: 8
+                horizontalAlignment: Text.AlignHCenter
+                verticalAlignment: Text.AlignVCenter
+            }
+            Label {
+                anchors.horizontalCenter: parent.horizontalCenter
+                visible: sheet.keypad.subtitle !== ""
+                text: sheet.keypad.subtitle
+                color: "#ccffffff"
+                font.pixelSize: Theme.small
+            }
+            Item { width: 1; height: sheet.gap }
+            KeypadDots {
+                id: dots
+                objectName: "keypad:dots"
+                anchors.horizontalCenter: parent.horizontalCenter
+                spacing: Math.round(sheet.unit * 0.32)
+                count: sheet.keypad.digitCount
+            }
         }
-        Label {
-            anchors.horizontalCenter: parent.horizontalCenter
-            visible: sheet.keypad.subtitle !== ""
-            text: sheet.keypad.subtitle
-            color: "#ccffffff"
-            font.pixelSize: Theme.small
-        }
-        Item { width: 1; height: sheet.gap }
-        KeypadDots {
-            id: dots
-            objectName: "keypad:dots"
-            anchors.horizontalCenter: parent.horizontalCenter
-            spacing: Math.round(sheet.unit * 0.32)
-            count: sheet.keypad.digitCount
-        }
-        Item { width: 1; height: Math.round(sheet.unit * 0.55) }
         Grid {
             id: grid
-            anchors.horizontalCenter: parent.horizontalCenter
             columns: 3
             spacing: sheet.gap
             LayoutMirroring.enabled: false
@@ -109,6 +119,9 @@ Modal {
                 text: qsTr("Emergency")
                 size: Theme.small
                 shrinks: true
+                overhang: sheet.gap * 0.9
+                ringInset: -sheet.gap * 0.6
+                ringInsetAcross: sheet.gap * 0.3
                 color: "white"
                 onDark: true
                 onPressed: sheet.keypad.pressEmergency()
@@ -126,6 +139,9 @@ Modal {
                 text: sheet.keypad.digitCount > 0 ? qsTr("Delete") : qsTr("Cancel")
                 size: Math.round(15 * Math.min(Theme.textScale, 1.2))
                 shrinks: true
+                overhang: sheet.gap * 0.9
+                ringInset: -sheet.gap * 0.6
+                ringInsetAcross: sheet.gap * 0.3
                 color: "white"
                 onDark: true
                 onPressed: sheet.keypad.digitCount > 0 ? sheet.keypad.pressDelete() : sheet.keypad.pressCancel()

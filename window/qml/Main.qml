@@ -75,7 +75,8 @@ Window {
                 file: "ComposerSheet.qml"
                 properties: ({
                     composer: Qt.binding(() => settings.composer),
-                    covered: Qt.binding(() => settings.alert !== null)
+                    covered: Qt.binding(() => settings.alert !== null),
+                    hidden: Qt.binding(() => notices.covered)
                 })
             }
             OnDemand {
@@ -98,7 +99,8 @@ Window {
                 width: Math.min(parent.width - 2 * Theme.margin, 520)
                 anchors.horizontalCenter: parent.horizontalCenter
                 anchors.bottom: parent.bottom
-                anchors.bottomMargin: 24
+                readonly property Item page: stack.shownPage !== null ? stack.shownPage.content : null
+                anchors.bottomMargin: 24 + (page !== null && page.barBelow !== undefined ? page.barBelow : 0)
                 onTabbed: (event, forward) => {
                     const top = window.covered ? null : stack.topView();
                     event.accepted = top !== null && top.moveFocus(forward);

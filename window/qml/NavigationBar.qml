@@ -30,7 +30,9 @@ Rectangle {
         sourceComponent: BackButton {
             activeFocusOnTab: bar.inWindowOrder
             title: bar.page.backTitle
-            most: bar.width * 0.35
+            barWidth: bar.width
+            titleRoom: bar.width - 12 - bar.after
+            pageTitle: bar.page.title
         }
     }
     Label {

@@ -1,7 +1,8 @@
 import QtQuick
 import Wardlock.Native
 
-// A sentence of the application itself, and a button beside it; two buttons are below it.
+// A sentence of the application itself, and a button beside it. Two buttons are below it, and so is one that would leave it
+// little room.
 Announcement {
     id: bar
     property string button
@@ -14,10 +15,13 @@ Announcement {
 
     /// What takes the keyboard focus.
     function stops() {
-        return content.item ? content.item.stops() : [];
+        return visible && content.item ? content.item.stops() : [];
     }
 
-    visible: text !== ""
+    /// Whether there is room for it in the window.
+    property bool fits: true
+
+    visible: text !== "" && fits
     height: content.item ? content.item.implicitHeight : 0
     Accessible.role: Accessible.Notification
     Accessible.name: text

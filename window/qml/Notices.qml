@@ -7,6 +7,11 @@ Item {
     /// The key that moves the keyboard focus on was pressed in a notice.
     signal tabbed(var event, bool forward)
 
+    /// How much of the window's lower end is covered: what is beneath can be scrolled out of there.
+    readonly property real covered: !offer.visible && !notice.visible ? 0
+        : anchors.bottomMargin + (notice.visible ? notice.height : 0) + (offer.visible ? offer.height : 0)
+          + (notice.visible && offer.visible ? 8 : 0)
+
     /// What takes the keyboard focus.
     function stops() {
         return offer.stops().concat(notice.stops());
@@ -20,6 +25,8 @@ Item {
         anchors.bottom: parent.bottom
         anchors.bottomMargin: notice.visible ? notice.height + 8 : 0
         text: settings.offer
+        // It returns when the notice has been read.
+        fits: !notice.visible || notice.height + 8 + height <= notices.y + notices.height - 8
         readonly property bool restores: settings.offeredAction === "restore"
         button: restores ? qsTr("Restore") : qsTr("Undo")
         refusal: restores ? qsTr("Not Now") : ""

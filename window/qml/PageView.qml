@@ -77,6 +77,11 @@ FocusScope {
         readonly property string kind: view.page.kind
         onKindChanged: if (made) show()
     }
+    Binding {
+        target: content.item
+        property: "covered"
+        value: view.notices.covered
+    }
     Connections {
         target: content.item && content.item.tabbedOut ? content.item : null
         function onTabbedOut(forward) { view.moveFocus(forward); }

@@ -15,6 +15,9 @@ Item {
     /// Whether it is on something dark in every appearance.
     property bool onDark: false
     property real ringInset: 0
+    property real ringInsetAcross: ringInset
+    /// How far the text may reach over each end.
+    property real overhang: 0
     signal pressed()
 
     implicitWidth: label.implicitWidth
@@ -34,6 +37,8 @@ Item {
     Label {
         id: label
         anchors.fill: parent
+        anchors.leftMargin: -button.overhang
+        anchors.rightMargin: -button.overhang
         text: button.text
         color: button.available ? button.color : Theme.placeholder
         opacity: tap.pressed ? 0.4 : hover.hovered ? 0.7 : 1
@@ -48,6 +53,7 @@ Item {
     FocusRing {
         onDark: button.onDark
         inset: button.ringInset
+        insetAcross: button.ringInsetAcross
     }
     Hover { id: hover }
     TapHandler {

@@ -8,6 +8,8 @@ Item {
     property alias list: list
     property alias model: list.model
     property alias delegate: list.delegate
+    /// How much of the lower end is covered by notices.
+    property real covered: 0
     /// Shown where there are no rows; empty for nothing.
     property string emptyText
 
@@ -20,8 +22,9 @@ Item {
             const row = list.itemAtIndex(i);
             if (row && row.focusTarget) {
                 // The view bounds its position by an assumed height of the rows that it has not created.
-                if (row.y + row.height > list.contentY + list.height)
-                    list.contentY = row.y + row.height - list.height;
+                const shown = list.height - covered;
+                if (row.y + row.height > list.contentY + shown)
+                    list.contentY = row.y + row.height - shown;
                 row.focusTarget.forceActiveFocus(step > 0 ? Qt.TabFocusReason : Qt.BacktabFocusReason);
                 return true;
             }
@@ -181,7 +184,7 @@ Item {
         maximumFlickVelocity: 6000
         // Rows out of sight cost nothing until the keyboard or a screen reader moves there.
         cacheBuffer: indicator.active || settings.isAssisted() ? 200 : 0
-        bottomMargin: 28
+        bottomMargin: 28 + pullList.covered
         Accessible.role: Accessible.List
         Accessible.name: pullList.page.title
 

@@ -22,7 +22,7 @@ Item {
         anchors.right: cancel.left
         anchors.rightMargin: 12
         y: 8
-        height: Math.max(36, Math.round(36 * Theme.textScale))
+        height: box.height - 16
         radius: 10
         color: Theme.search
 
@@ -44,11 +44,12 @@ Item {
             anchors.right: clear.left
             anchors.top: parent.top
             anchors.bottom: parent.bottom
+            horizontalAlignment: TextInput.AlignLeft
             verticalAlignment: TextInput.AlignVCenter
             color: Theme.label
             selectionColor: Theme.tint
             font.family: Theme.family
-            font.pixelSize: Theme.body
+            font.pixelSize: Theme.barText
             clip: true
             Accessible.role: Accessible.EditableText
             Accessible.name: qsTr("Search")
@@ -60,6 +61,7 @@ Item {
                 verticalAlignment: Text.AlignVCenter
                 visible: input.text === "" && input.preeditText === ""
                 text: qsTr("Search")
+                font.pixelSize: Theme.barText
                 color: Theme.value
                 Accessible.ignored: true
             }
@@ -85,6 +87,7 @@ Item {
         y: Math.round((box.height - height) / 2)
         activeFocusOnTab: false
         text: qsTr("Cancel")
+        size: Theme.barText
         onPressed: box.cancelled()
     }
 }

@@ -10,7 +10,7 @@ Item {
     signal accepted()
 
     implicitHeight: shown ? openHeight : 0
-    readonly property real openHeight: 16 + Math.max(36, Math.round(36 * Theme.textScale))
+    readonly property real openHeight: 16 + Math.max(36, Math.round(36 * Theme.barScale))
     visible: implicitHeight > 0
     clip: true
     Behavior on implicitHeight { enabled: !Theme.reducedMotion; NumberAnimation { duration: 180; easing.type: Easing.OutCubic } }

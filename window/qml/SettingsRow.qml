@@ -63,18 +63,16 @@ Item {
         id: label
         visible: row.entry.label !== ""
         anchors.left: parent.left
-        anchors.leftMargin: icon.visible ? Theme.inset + Theme.icon + 15 : Theme.inset
+        anchors.leftMargin: icon.visible ? Theme.besideIcon : Theme.inset
         anchors.verticalCenter: parent.verticalCenter
-        width: Math.min(implicitWidth, row.width - anchors.leftMargin - rightSide.width - Theme.inset - 12)
-        text: row.entry.label
-        // Large letters take another line rather than lose the end. A word that is longer than the line is elided,
-        // which only a text in one line can be.
-        property bool tooNarrow: false
-        onTextChanged: tooNarrow = false
-        onWidthChanged: if (contentWidth <= width) tooNarrow = false
-        onContentWidthChanged: if (contentWidth > Math.ceil(width)) tooNarrow = true
-        wrapMode: Theme.textScale > 1 && !tooNarrow ? Text.WordWrap : Text.NoWrap
-        maximumLineCount: Theme.textScale > 1 ? 3 : 1
+        readonly property real room: row.width - anchors.leftMargin - rightSide.width - Theme.inset - 12
+        // Large letters take another line, or become smaller, rather than lose the end.
+        readonly property var fitted: Theme.wrapsRows ? Theme.fitted(row.entry.label, room) : null
+        width: Math.min(implicitWidth, room)
+        text: fitted !== null ? fitted.text : row.entry.label
+        font.pixelSize: fitted !== null ? fitted.size : Theme.body
+        wrapMode: fitted !== null ? Text.WordWrap : Text.NoWrap
+        maximumLineCount: fitted !== null ? 3 : 1
         color: !row.entry.enabled ? Theme.placeholder : row.kind === "button" ? Theme.tint : Theme.label
         Accessible.ignored: true
     }
@@ -87,14 +85,24 @@ Item {
         spacing: 8
 
         Label {
-            visible: row.leadsOn && row.entry.value !== ""
+            readonly property bool used: row.leadsOn && row.entry.value !== ""
+            visible: used
             text: row.entry.value
             color: Theme.value
-            width: Math.min(implicitWidth, row.width * 0.5)
+            // The end may be what makes the difference, as in the way to a setting that was found.
+            elide: Text.ElideMiddle
+            fontSizeMode: Text.HorizontalFit
+            minimumPixelSize: 17
+            // At least half of the row, and all that the label leaves.
+            readonly property real room: used ? Math.max(row.width / 2, row.width - label.anchors.leftMargin
+                - Math.ceil(Theme.widthOf(row.entry.label)) - chevron.width - Theme.inset - 24) : 0
+            // Its implicit width depends on the letters, which are fitted to the width.
+            width: used ? Math.min(Math.ceil(Theme.widthOf(row.entry.value)) + 1, room) : 0
             anchors.verticalCenter: parent.verticalCenter
             Accessible.ignored: true
         }
         Loader {
+            id: chevron
             active: row.leadsOn
             visible: active
             anchors.verticalCenter: parent.verticalCenter

@@ -6,8 +6,11 @@ Flickable {
     id: textPage
     required property var page
 
+    /// How much of the lower end is covered by notices.
+    property real covered: 0
+
     objectName: "text"
-    contentHeight: words.implicitHeight + 32
+    contentHeight: words.implicitHeight + 32 + covered
     clip: true
     focus: true
     boundsBehavior: Flickable.DragAndOvershootBounds

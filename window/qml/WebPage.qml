@@ -10,6 +10,10 @@ FocusScope {
     readonly property bool canGoBack: engine.item ? engine.item.canGoBack : web !== null && web.canGoBack
     readonly property Item view: engine.item ? engine.item : reader.item
 
+    /// How much of the lower end is covered by notices, and the height of the bar that they leave free.
+    property real covered: 0
+    readonly property real barBelow: bar.height
+
     focus: true
 
     /// The keyboard focus leaves the page at its end or its beginning.
@@ -89,7 +93,10 @@ FocusScope {
             anchors.fill: parent
             active: webPage.showsText
             focus: active
-            sourceComponent: WebText { web: webPage.web }
+            sourceComponent: WebText {
+                web: webPage.web
+                covered: Math.max(0, webPage.covered - bar.height)
+            }
         }
         Connections {
             target: reader.item

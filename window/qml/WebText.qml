@@ -18,6 +18,9 @@ ListView {
     property int leftAt: -1
     property bool goesBack: false
 
+    /// How much of the lower end is covered by notices.
+    property real covered: 0
+
     objectName: "web"
     model: web.text
     clip: true
@@ -26,7 +29,7 @@ ListView {
     highlightFollowsCurrentItem: false
     keyNavigationEnabled: false
     boundsBehavior: Flickable.DragAndOvershootBounds
-    bottomMargin: 28
+    bottomMargin: 28 + covered
     cacheBuffer: 400
     Accessible.role: Accessible.List
     Accessible.name: qsTr("Web page")

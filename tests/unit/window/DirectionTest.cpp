@@ -78,6 +78,17 @@ TEST_F(WindowDirection, IsThatOfTheLanguageInANoticeOfAMirroredWindow) {
     EXPECT_EQ(sideOfOfferAfterDeleting("Ann"), Qt::AlignLeft);
 }
 
+TEST_F(WindowDirection, IsThatOfTheWindowInAnEmptyField) {
+    QGuiApplication::setLayoutDirection(Qt::RightToLeft);
+    openWardlock();
+    scene().tap("search:open");
+    EXPECT_EQ(sideOf(scene().item("search")), Qt::AlignRight);
+    scene().press(Qt::Key_Escape);
+    scene().tap("add");
+    EXPECT_EQ(sideOf(scene().item("alert:field")->childItems().constFirst()->childItems().constFirst()),
+              Qt::AlignRight);
+}
+
 TEST(PartsByDirection, AreTheWholeTextInOneDirection) {
     EXPECT_EQ(window::partsByDirection(""), Parts{""});
     EXPECT_EQ(window::partsByDirection("one\ntwo\n"), Parts{"one\ntwo\n"});

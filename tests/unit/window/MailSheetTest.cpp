@@ -87,6 +87,32 @@ TEST_F(WindowMailSheet, FollowsTheCaretInALongText) {
     EXPECT_TRUE(until([&] { return caretIsInSight(); }));
 }
 
+TEST_F(WindowMailSheet, LetsTheTabKeyLeadOnFromItsText) {
+    openSheet();
+    const std::string text = scene().text("mail:body");
+    scene().item("mail:body")->forceActiveFocus();
+    scene().press(Qt::Key_Tab);
+    EXPECT_TRUE(scene().item("mail:attachment:dpkgl.log")->hasActiveFocus());
+    scene().press(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_TRUE(scene().item("mail:body")->hasActiveFocus());
+    scene().press(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_TRUE(scene().item("mail:Subject:")->hasActiveFocus());
+    EXPECT_EQ(scene().text("mail:body"), text);
+}
+
+TEST_F(WindowMailSheet, ScrollsItsAttachmentsOutFromBeneathANotice) {
+    openSheet({390, 420});
+    scene().tap("mail:send");
+    finish({platform::MailOutcome::Kind::Failed, "The mail program could not be started."});
+    const auto* notice = scene().item("notice");
+    auto* scroll = scene().item("mail:scroll");
+    const auto* row = scene().item("mail:attachment:dpkgl.log");
+    const double end = scroll->property("contentHeight").toDouble() +
+                       scroll->property("bottomMargin").toDouble() - scroll->height();
+    scroll->setProperty("contentY", end);
+    EXPECT_LE(row->mapToScene({0, row->height()}).y(), notice->mapToScene({0, 0}).y());
+}
+
 TEST_F(WindowMailSheet, StaysOpenWhenTheMailCouldNotBeSent) {
     openSheet();
     write("!");

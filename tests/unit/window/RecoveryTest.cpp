@@ -91,4 +91,16 @@ TEST_F(WindowRecovery, HasRoomForBothButtonsInTheNarrowestWindow) {
     EXPECT_LE(place("offer:ok").bottom(), place("offer").bottom());
 }
 
+TEST_F(WindowRecovery, WaitsUntilANoticeIsReadWhereThereIsNoRoomForBoth) {
+    openDamaged();
+    window().resize(280, 360);
+    host().appearance().forceTextScale(2);
+    host().settings().showProblems({"cannot write to the device root /home/parent/.local/share/wardlock"});
+    scene().expectGone("offer");
+    EXPECT_GE(scene().item("notice")->mapToScene({0, 0}).y(), 0);
+    scene().tap("notice:ok");
+    scene().item("offer");
+    EXPECT_GE(scene().item("offer")->mapToScene({0, 0}).y(), 0);
+}
+
 } // namespace wardlock::test
