@@ -1,15 +1,12 @@
 #include "cli/command/DeviceRootChoice.h"
 
 #include "cli/io/CommandError.h"
+#include "platform/files/DeviceRoot.h"
 
 #include <cstdlib>
-#include <filesystem>
 #include <string>
-#include <system_error>
 
 namespace wardlock::cli {
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -18,12 +15,16 @@ bool chosen = false;
 } // namespace
 
 void useDeviceRoot(std::string_view folder) {
-    std::error_code error;
-    const fs::path root = fs::absolute(fs::path(folder), error).lexically_normal();
-    if (folder.empty() || error)
+    const auto use = [](const std::string& root) {
+        // NOLINTNEXTLINE(concurrency-mt-unsafe): no other thread runs yet
+        setenv("WARDLOCK_DEVICE_ROOT", root.c_str(), 1);
+    };
+    use(std::string(folder));
+    const std::string root = platform::deviceRoot();
+    if (folder.empty() || !root.starts_with('/'))
         throw CommandError(ExitCode::WrongUsage, "'" + std::string(folder) + "' is not a folder name");
-    // NOLINTNEXTLINE(concurrency-mt-unsafe): no other thread runs yet
-    setenv("WARDLOCK_DEVICE_ROOT", root.c_str(), 1);
+    // A child process may have another working folder.
+    use(root);
     chosen = true;
 }
 

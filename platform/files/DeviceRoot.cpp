@@ -29,14 +29,36 @@ bool isPlain(std::string_view path) {
            path.find("//") == std::string_view::npos && path.find("/.") == std::string_view::npos;
 }
 
+/// Returns the folder above, as the kernel finds it: a symbolic link is left from where it leads to.
+std::string folderAbove(const std::string& folder) {
+    const std::string above = folder + "/..";
+    std::string resolved;
+    FileSystem& files = FileSystem::current();
+    const std::error_code error = files.resolve(above, resolved);
+    FileStatus status;
+    const bool isMissing =
+        files.status(folder, Links::NoFollow, status) == std::errc::no_such_file_or_directory;
+    // What cannot be resolved stays for the kernel to refuse, but a missing folder can still be created.
+    return !error ? resolved : isMissing ? folderOf(folder) : above;
+}
+
 /// A relative root would name another folder, and another device, after each change of the working folder.
 std::string absolute(const std::string& path) {
     // The usual root, at a tenth of the time: each access to a file asks for it.
     if (path == "/" || isPlain(path))
         return path;
     std::error_code failed;
-    const std::filesystem::path whole = std::filesystem::absolute(path, failed).lexically_normal();
-    return withoutTrailingSlashes(failed ? path : whole.string());
+    const std::filesystem::path whole = std::filesystem::absolute(path, failed);
+    if (failed)
+        return withoutTrailingSlashes(path);
+    std::string plain = "/";
+    for (const auto& component : whole.relative_path()) {
+        if (component == "..")
+            plain = folderAbove(plain);
+        else if (!component.empty() && component != ".")
+            plain += (plain == "/" ? "" : "/") + component.string();
+    }
+    return plain;
 }
 
 bool machineIsDevice() {

@@ -68,6 +68,14 @@ TEST_F(DeviceCommand, AcceptsARelativeFolder) {
               fs::weakly_canonical(device));
 }
 
+TEST_F(DeviceCommand, FollowsALinkBeforeDots) {
+    fs::create_directories(folder() / "elsewhere/below");
+    fs::create_directory_symlink(folder() / "elsewhere/below", folder() / "link");
+    const ProcessResult result = init({folder() / "link/../made"});
+    EXPECT_EQ(result.output, (folder() / "elsewhere/made") + "\n") << result.errors;
+    EXPECT_TRUE(fs::exists(folder() / "elsewhere/made/var/mobile"));
+}
+
 TEST_F(DeviceCommand, RefusesTheMachinesRootAndAMissingName) {
     for (const char* name : {"/", "", "/..", "/tmp/.."}) {
         const ProcessResult result = init({name});

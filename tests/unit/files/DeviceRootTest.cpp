@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 
 namespace wardlock::test {
 namespace {
@@ -62,6 +63,31 @@ TEST_F(DeviceRoot, LosesTrailingSlashes) {
 TEST_F(DeviceRoot, IsInTheWorkingFolderWhenItsPathIsRelative) {
     environment.set("WARDLOCK_DEVICE_ROOT", "demo/");
     EXPECT_EQ(deviceRoot(), (fs::current_path() / "demo").string());
+}
+
+TEST_F(DeviceRoot, IsBesideTheFolderWhereALinkBeforeDotsLeads) {
+    fs::create_directories(folder() / "elsewhere/below");
+    fs::create_directory_symlink(folder() / "elsewhere/below", folder() / "link");
+    environment.set("WARDLOCK_DEVICE_ROOT", folder() / "link/.././device/");
+    EXPECT_EQ(deviceRoot(), folder() / "elsewhere/device");
+    environment.set("WARDLOCK_DEVICE_ROOT", folder() / "link/device");
+    EXPECT_EQ(deviceRoot(), folder() / "link/device");
+}
+
+TEST_F(DeviceRoot, IsBesideAFolderBeforeDotsThatDoesNotExistYet) {
+    environment.set("WARDLOCK_DEVICE_ROOT", folder() / "new/inner/../../device");
+    EXPECT_EQ(deviceRoot(), folder() / "device");
+    environment.set("WARDLOCK_DEVICE_ROOT", "/../..");
+    EXPECT_EQ(deviceRoot(), "/");
+}
+
+TEST_F(DeviceRoot, KeepsDotsAfterWhatIsNotAFolder) {
+    std::ofstream(folder() / "file") << "no folder";
+    fs::create_symlink("nowhere", folder() / "dangling");
+    for (const std::string& path : {folder() / "file/../device", folder() / "dangling/../device"}) {
+        environment.set("WARDLOCK_DEVICE_ROOT", path);
+        EXPECT_EQ(deviceRoot(), path);
+    }
 }
 
 TEST_F(DeviceRoot, IsTheMachineItselfOnADevice) {
