@@ -2,13 +2,12 @@
 
 #include "cli/io/CommandError.h"
 #include "cli/io/Output.h"
+#include "cli/io/Stream.h"
 #include "platform/base/Utf8.h"
 #include "platform/files/FileSystem.h"
 #include "platform/plist/PropertyList.h"
 #include "platform/plist/PropertyListFile.h"
 
-#include <algorithm>
-#include <cerrno>
 #include <charconv>
 #include <cstdint>
 #include <nlohmann/json.hpp>
@@ -21,22 +20,6 @@ namespace wardlock::cli {
 namespace {
 
 using platform::Value;
-
-/// Reads to the end, but not more than `largest` bytes.
-std::error_code readStandardInput(std::size_t largest, std::string& bytes) {
-    constexpr std::size_t atOnce = std::size_t{64} << 10;
-    while (bytes.size() <= largest) {
-        const std::size_t before = bytes.size();
-        bytes.resize(before + atOnce);
-        const ssize_t count = read(STDIN_FILENO, bytes.data() + before, atOnce);
-        bytes.resize(before + static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
-        if (count == 0)
-            return {};
-        if (count < 0)
-            return {errno, std::generic_category()};
-    }
-    return std::make_error_code(std::errc::file_too_large);
-}
 
 [[noreturn]] void refuse(std::string_view text, std::string_view why) {
     throw CommandError(ExitCode::WrongUsage, "'" + std::string(text) + "' " + std::string(why));
@@ -67,19 +50,19 @@ bool isMissing(const std::string& path) {
     return platform::uninterrupted(ask) == std::errc::no_such_file_or_directory;
 }
 
-bool isStandardStream(std::string_view path) {
-    return path == "-";
-}
-
 std::string fileBytes(const std::string& path, std::size_t largest) {
     std::string bytes;
+    const auto stream = streamToRead(path);
     const auto read = [&] {
-        return isStandardStream(path) ? readStandardInput(largest, bytes)
-                                      : platform::FileSystem::current().readFile(path, largest, bytes);
+        return stream ? readToEnd(*stream, largest, bytes)
+                      : platform::FileSystem::current().readFile(path, largest, bytes);
     };
     const std::error_code error = platform::uninterrupted(read);
     if (error == std::errc::file_too_large)
         throw ReadError(ExitCode::Failed, path, "larger than " + std::to_string(largest >> 20) + " MiB");
+    // A pipe may have no other end, and a device no end at all.
+    if (!stream && error == std::errc::not_supported)
+        throw ReadError(ExitCode::Failed, path, "not a regular file; \"-\" reads standard input");
     if (error)
         throw ReadError(ExitCode::Failed, path, error.message());
     return bytes;
@@ -95,10 +78,13 @@ Value propertyListInFile(const std::string& path, std::size_t largest) {
 void storePropertyList(const Value& value, const std::string& path, platform::Sync sync) {
     std::string document;
     std::error_code error = platform::documentWithPropertyList(value, document);
-    if (!error && isStandardStream(path))
+    const auto stream = streamToWrite(path);
+    if (!error && stream == STDOUT_FILENO)
         return Output::text(document);
     if (!error)
-        error = platform::replaceFileOfMachine(path, document, sync);
+        error = stream ? writeAll(*stream, document) : platform::replaceFileOfMachine(path, document, sync);
+    if (!stream && error == std::errc::not_supported)
+        throw CommandError(ExitCode::Failed, "cannot write " + path + ": not a regular file; \"-\" prints");
     if (error)
         throw CommandError(ExitCode::Failed, "cannot write " + path + ": " + error.message());
 }

@@ -28,19 +28,16 @@ bool isMissing(const std::string& path);
 /// Far more than a property list of settings has, and less than the memory of any machine.
 inline constexpr std::size_t largestFile = std::size_t{256} << 20;
 
-/// Returns whether the path is "-", which means standard input, or standard output where a file is written.
-bool isStandardStream(std::string_view path);
-
-/// Returns the bytes of a file at a path of this machine, `largest` at most. Throws ReadError (Failed).
+/// Returns the bytes of a file at a path of this machine, or of an open descriptor that it names ("-",
+/// "/dev/stdin"), `largest` at most. Throws ReadError (Failed).
 std::string fileBytes(const std::string& path, std::size_t largest);
 
 /// Returns the property list in the file. Throws ReadError: Failed when the file cannot be read,
 /// NotAPropertyList when it contains none.
 platform::Value propertyListInFile(const std::string& path, std::size_t largest = largestFile);
 
-/// Replaces the file by the value's XML form in one step; prints it where the path is "-". Throws
-/// CommandError (Failed) when the form is not stored, for example because it exceeds the bounds of a
-/// document.
+/// Replaces the file by the value's XML form in one step; writes it to a descriptor. Throws CommandError
+/// (Failed) when the form is not stored, for example because it exceeds the bounds of a document.
 void storePropertyList(const platform::Value& value, const std::string& path, platform::Sync sync);
 
 /// Returns the value that `text` represents as `type`: bool, int, real or string. Throws CommandError

@@ -1,11 +1,13 @@
 #include "cli/command/Commands.h"
 #include "cli/command/PropertyListCommand.h"
+#include "cli/io/Stream.h"
 #include "platform/plist/PropertyListBounds.h"
 #include "platform/plist/PropertyListFile.h"
 
 #include <array>
 #include <optional>
 #include <string>
+#include <unistd.h>
 
 namespace wardlock::cli {
 
@@ -59,8 +61,11 @@ ExitCode set(const Arguments& arguments) {
     requireText(key);
     const platform::Value value = valueFromText(arguments.operand(2), arguments.operand(3));
     const Sync sync = syncNamed(arguments.value(syncOption.name).value_or("full"));
-    if (isStandardStream(path))
+    const auto stream = streamToRead(path);
+    if (stream == STDIN_FILENO)
         return setInStream(key, value);
+    if (stream)
+        throw CommandError(ExitCode::Failed, "cannot change " + path + ": not a file that can be replaced");
     requireDictionary(path);
     const auto change = [&](platform::MutableDictionary& dictionary) {
         dictionary.set(key, value);

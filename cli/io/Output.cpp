@@ -1,11 +1,10 @@
 #include "cli/io/Output.h"
 
 #include "cli/io/CommandError.h"
+#include "cli/io/Stream.h"
 #include "cli/io/Terminal.h"
 #include "shell/screen/EscapedText.h"
 
-#include <cerrno>
-#include <poll.h>
 #include <string>
 #include <system_error>
 #include <unistd.h>
@@ -19,23 +18,6 @@ namespace {
 constexpr std::size_t mostUnwritten = std::size_t{64} * 1024;
 
 std::string unwritten;
-
-/// Writes the whole text; returns 0 or the error of the system. Another process that shares the pipe or
-/// terminal may have made it non-blocking: then this waits until it can be written.
-int writeAll(int descriptor, std::string_view text) {
-    while (!text.empty()) {
-        const ssize_t count = write(descriptor, text.data(), text.size());
-        if (count >= 0) {
-            text.remove_prefix(static_cast<std::size_t>(count));
-        } else if (errno == EAGAIN) {
-            pollfd watched{descriptor, POLLOUT, 0};
-            poll(&watched, 1, -1);
-        } else if (errno != EINTR) {
-            return errno;
-        }
-    }
-    return 0;
-}
 
 } // namespace
 
@@ -55,12 +37,11 @@ void Output::foreignLine(std::string_view text) {
 }
 
 void Output::flush() {
-    const int error = writeAll(STDOUT_FILENO, std::exchange(unwritten, {}));
-    if (error == EPIPE)
+    const std::error_code error = writeAll(STDOUT_FILENO, std::exchange(unwritten, {}));
+    if (error == std::errc::broken_pipe)
         throw ReaderGone();
-    if (error != 0)
-        throw CommandError(ExitCode::Failed,
-                           "cannot write the output: " + std::generic_category().message(error));
+    if (error)
+        throw CommandError(ExitCode::Failed, "cannot write the output: " + error.message());
 }
 
 void Output::flushLast() noexcept {
