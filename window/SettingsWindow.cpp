@@ -35,7 +35,8 @@ bool follow(std::unique_ptr<Model>& model, const Shown& shown, bool present, she
 
 SettingsWindow::SettingsWindow(platform::AnimationClock& clock, double transitionSeconds)
     : transitionSeconds_(transitionSeconds), application_(clock, transitionSeconds),
-      pages_(application_, engine_), loop_(platform::MainLoop::shared().descriptor(), QSocketNotifier::Read) {
+      actions_(application_.screen()), pages_(application_, actions_, engine_),
+      loop_(platform::MainLoop::shared().descriptor(), QSocketNotifier::Read) {
     subscription_ = application_.observe(*this);
     connect(&loop_, &QSocketNotifier::activated, this, [this] { application_.process(); });
     pages_.follow(false);
@@ -76,11 +77,11 @@ void SettingsWindow::showProblems(const std::vector<std::string>& problems) {
 }
 
 void SettingsWindow::goBack() {
-    ignoreResult(application_.page().goBack());
+    actions_.perform(*this, [this] { ignoreResult(application_.page().goBack()); });
 }
 
 void SettingsWindow::tapBarButton() {
-    ignoreResult(application_.page().tapBarButton());
+    actions_.perform(*this, [this] { ignoreResult(application_.page().tapBarButton()); });
 }
 
 void SettingsWindow::endEditing() {
@@ -125,6 +126,9 @@ void SettingsWindow::pagesChanged(bool animated) {
 
 void SettingsWindow::transitionEnded() {
     pages_.transitionEnded();
+    // The items follow the models first.
+    QMetaObject::invokeMethod(
+        this, [this] { actions_.deliver(); }, Qt::QueuedConnection);
     emit pagesRested();
 }
 

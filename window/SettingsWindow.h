@@ -4,6 +4,7 @@
 #include "shell/screen/ScreenObserver.h"
 #include "window/models/AlertModel.h"
 #include "window/models/ComposerModel.h"
+#include "window/models/KeptActions.h"
 #include "window/models/KeypadModel.h"
 #include "window/models/PagesModel.h"
 #include "window/models/WindowWebEngine.h"
@@ -97,6 +98,7 @@ private:
     const double transitionSeconds_;
     WindowWebEngine engine_;
     shell::SettingsApplication application_;
+    KeptActions actions_;
     PagesModel pages_;
     std::unique_ptr<AlertModel> alert_;
     std::unique_ptr<ComposerModel> composer_;

@@ -32,11 +32,10 @@ void* AccessibleToggle::interface_cast(QAccessible::InterfaceType type) {
 }
 
 void AccessibleToggle::doAction(const QString& name) {
-    if (!toggle_.isEnabled())
-        return;
-    if (name == setFocusAction())
+    if (name == setFocusAction() && toggle_.isEnabled())
         toggle_.forceActiveFocus();
-    else if (name == toggleAction() || name == pressAction())
+    // A page that moves is not enabled either, but keeps what is asked of it.
+    else if (toggle_.isAvailable() && (name == toggleAction() || name == pressAction()))
         toggle_.ask();
 }
 

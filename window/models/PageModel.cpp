@@ -25,8 +25,9 @@ void retire(std::unique_ptr<Model>& model) {
 } // namespace
 
 PageModel::PageModel(std::shared_ptr<shell::Page> page, QString backTitle,
-                     shell::SettingsApplication& application, WindowWebEngine& engine)
-    : page_(std::move(page)), backTitle_(std::move(backTitle)), application_(application), engine_(engine) {
+                     shell::SettingsApplication& application, KeptActions& actions, WindowWebEngine& engine)
+    : page_(std::move(page)), backTitle_(std::move(backTitle)), application_(application), actions_(actions),
+      engine_(engine) {
     readContent();
 }
 
@@ -82,17 +83,26 @@ void PageModel::applyFilter() {
         table_->setFilter(platform::SearchWords(filter_.toStdString()));
 }
 
+void PageModel::perform(std::function<void()> action) {
+    actions_.perform(*this, [this, action = std::move(action)] {
+        if (application_.screen().page() == page_)
+            action();
+    });
+}
+
 void PageModel::tapRow(int section, int row) {
-    if (const auto* found = rows_ ? rows_->found(at(section, row)) : nullptr) {
-        // The model's own may be replaced on the way.
-        const shell::FoundRow target = *found;
-        return ignoreResult(application_.search().open(target));
-    }
-    ignoreResult(application_.page().tapRow(at(section, row)));
+    perform([this, section, row] {
+        if (const auto* found = rows_ ? rows_->found(at(section, row)) : nullptr) {
+            // The model's own may be replaced on the way.
+            const shell::FoundRow target = *found;
+            return ignoreResult(application_.search().open(target));
+        }
+        ignoreResult(application_.page().tapRow(at(section, row)));
+    });
 }
 
 void PageModel::setSwitch(int section, int row, bool on) {
-    ignoreResult(application_.page().setSwitch(at(section, row), on));
+    perform([this, section, row, on] { ignoreResult(application_.page().setSwitch(at(section, row), on)); });
 }
 
 void PageModel::moveSlider(int section, int row, double value) {
@@ -112,8 +122,10 @@ void PageModel::endEditing() {
 }
 
 void PageModel::flipTableSwitch(int row) {
-    if (table_ && row >= 0 && row < table_->rowCount())
-        ignoreResult(application_.page().flipTableSwitch(table_->pathOf(row)));
+    perform([this, row] {
+        if (table_ && row >= 0 && row < table_->rowCount())
+            ignoreResult(application_.page().flipTableSwitch(table_->pathOf(row)));
+    });
 }
 
 void PageModel::dragList() {

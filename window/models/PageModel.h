@@ -3,6 +3,7 @@
 #include "platform/ui/UITextView.h"
 #include "shell/SettingsApplication.h"
 #include "shell/screen/Page.h"
+#include "window/models/KeptActions.h"
 #include "window/models/RowsModel.h"
 #include "window/models/TableModel.h"
 #include "window/models/WebModel.h"
@@ -10,6 +11,7 @@
 #include <QObject>
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 namespace wardlock::window {
@@ -34,7 +36,7 @@ class PageModel : public QObject {
 
 public:
     PageModel(std::shared_ptr<shell::Page> page, QString backTitle, shell::SettingsApplication& application,
-              WindowWebEngine& engine);
+              KeptActions& actions, WindowWebEngine& engine);
 
     QString title() const;
     const QString& backTitle() const { return backTitle_; }
@@ -77,6 +79,8 @@ signals:
     void rowFound(int place);
 
 private:
+    /// What is asked of a page is done to it, and not to the page that covers it.
+    void perform(std::function<void()> action);
     void applyFilter();
     void readContent();
     void readViews();
@@ -84,6 +88,7 @@ private:
     std::shared_ptr<shell::Page> page_;
     QString backTitle_;
     shell::SettingsApplication& application_;
+    KeptActions& actions_;
     WindowWebEngine& engine_;
     QString filter_;
     std::unique_ptr<RowsModel> rows_;

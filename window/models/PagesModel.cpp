@@ -94,7 +94,7 @@ void PagesModel::push(const std::shared_ptr<shell::Page>& page, bool animated) {
     beginInsertRows({}, static_cast<int>(place), static_cast<int>(place));
     const QString backTitle = place > 0 ? entries_.back().model->title() : QString();
     entries_.push_back(
-        {std::make_unique<PageModel>(page, backTitle, application_, engine_), animated, false});
+        {std::make_unique<PageModel>(page, backTitle, application_, actions_, engine_), animated, false});
     endInsertRows();
 }
 

@@ -18,8 +18,8 @@ public:
     /// Role "page" is the PageModel, role "place" one of "below", "top", "entering" and "leaving".
     enum Role { PageRole = Qt::UserRole, PlaceRole };
 
-    PagesModel(shell::SettingsApplication& application, WindowWebEngine& engine)
-        : application_(application), engine_(engine) {}
+    PagesModel(shell::SettingsApplication& application, KeptActions& actions, WindowWebEngine& engine)
+        : application_(application), actions_(actions), engine_(engine) {}
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
@@ -45,6 +45,7 @@ private:
     void push(const std::shared_ptr<shell::Page>& page, bool animated);
 
     shell::SettingsApplication& application_;
+    KeptActions& actions_;
     WindowWebEngine& engine_;
     std::vector<Entry> entries_;
 };

@@ -16,6 +16,7 @@ Item {
                                     || kind === "staticText"
     readonly property bool takesKeys: selects && (kind !== "staticText" || entry.choice)
     readonly property bool leadsOn: kind === "link" || kind === "linkList"
+    readonly property string spokenDetails: [entry.value, entry.place].filter((words) => words !== "").join(", ")
 
     /// The item that takes the keyboard focus of this row; null for none.
     readonly property Item focusTarget: !entry.enabled ? null
@@ -27,15 +28,15 @@ Item {
     implicitHeight: Math.max(Theme.rowHeight, label.visible ? label.height + 20 : 0)
     enabled: entry.enabled
 
-    Accessible.role: leadsOn ? Accessible.Link : kind === "button" ? Accessible.Button
-        : entry.choice ? Accessible.RadioButton : Accessible.StaticText
+    // A row that can be pressed. A text alone is its label: a row would offer to be pressed, too.
+    Accessible.role: leadsOn ? Accessible.Link : entry.choice ? Accessible.RadioButton : Accessible.Button
     Accessible.name: entry.label
-    Accessible.description: [entry.value, entry.place].filter((words) => words !== "").join(", ")
-    Accessible.focusable: takesKeys
-    Accessible.ignored: !selects
+    Accessible.description: spokenDetails
+    Accessible.focusable: true
+    Accessible.ignored: !takesKeys
     Accessible.checkable: entry.choice
     Accessible.checked: entry.marked
-    Accessible.onPressAction: if (selects) tap()
+    Accessible.onPressAction: tap()
     Keys.onSpacePressed: if (takesKeys) tap()
     Keys.onReturnPressed: if (takesKeys) tap()
     Keys.onEnterPressed: if (takesKeys) tap()
@@ -74,7 +75,10 @@ Item {
         wrapMode: fitted !== null ? Text.WordWrap : Text.NoWrap
         maximumLineCount: fitted !== null ? 3 : 1
         color: !row.entry.enabled ? Theme.placeholder : row.kind === "button" ? Theme.tint : Theme.label
-        Accessible.ignored: true
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
+        Accessible.description: row.spokenDetails
+        Accessible.ignored: !row.selects || row.takesKeys
     }
 
     Row {
