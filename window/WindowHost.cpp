@@ -49,6 +49,7 @@ WindowHost::WindowHost(platform::AnimationClock& clock, double transitionSeconds
     engine_.rootContext()->setContextProperty(QStringLiteral("settings"), &settings_);
     engine_.rootContext()->setContextProperty(QStringLiteral("appearance"), &appearance_);
     engine_.rootContext()->setContextProperty(QStringLiteral("keyboard"), &keyboard_);
+    engine_.rootContext()->setContextProperty(QStringLiteral("fullText"), &fullText_);
     engine_.addImportPath(QStringLiteral("qrc:/"));
     engine_.load(QUrl(QStringLiteral("qrc:/Wardlock/Main.qml")));
     // Where the display activates a window at once, the first change is missed.
@@ -58,6 +59,7 @@ WindowHost::WindowHost(platform::AnimationClock& clock, double transitionSeconds
         return;
     window()->installEventFilter(&keyboard_);
     window()->installEventFilter(this);
+    fullText_.watch(*window());
     for (const auto changed : {&QWindow::widthChanged, &QWindow::heightChanged})
         connect(window(), changed, this, &WindowHost::updateScreen);
     connect(window(), &QWindow::screenChanged, this, &WindowHost::updateScreen);

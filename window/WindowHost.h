@@ -1,5 +1,6 @@
 #pragma once
 
+#include "window/FullText.h"
 #include "window/KeptInput.h"
 #include "window/KeyboardUse.h"
 #include "window/SettingsWindow.h"
@@ -51,6 +52,7 @@ private:
     SettingsWindow settings_;
     Appearance appearance_;
     KeyboardUse keyboard_;
+    FullText fullText_{keyboard_};
     QQmlApplicationEngine engine_;
     std::unique_ptr<KeptInput> keptInput_;
     std::unique_ptr<WindowMemory> memory_;

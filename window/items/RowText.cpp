@@ -71,7 +71,8 @@ RowText::RowText(const QString& text, const Theme& theme, double width, Qt::Text
     layout_.setTextOption(option(lines_ > 1));
     // Results of the font's measurement are cached until the text is drawn.
     layout_.setCacheEnabled(true);
-    if (const int shown = layOut(); shown < layout_.text().size()) {
+    elided_ = layOut() < layout_.text().size();
+    if (elided_) {
         const int start = layout_.lineAt(layout_.lineCount() - 1).textStart();
         const QFontMetricsF metrics(layout_.font());
         // Letters measured this way are a little narrower: "…" must not go into a line that is not shown.

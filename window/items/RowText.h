@@ -20,6 +20,7 @@ public:
     /// What is shown of the text, and how large its letters are.
     QString text() const { return layout_.text(); }
     int size() const { return layout_.font().pixelSize(); }
+    bool isElided() const { return elided_; }
     /// The lines begin at the left edge, or, mirrored, at the right one.
     void draw(QPainter& painter, QPointF topLeft, QColor color) const;
 
@@ -31,6 +32,7 @@ private:
     const int lines_;
     const bool mirrored_;
     double height_ = 0;
+    bool elided_ = false;
     QTextLayout layout_;
 };
 

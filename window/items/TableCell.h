@@ -25,6 +25,8 @@ public:
     const TableEntry& entry() const { return entry_; }
     void setEntry(const TableEntry& entry);
     const QString& text() const { return entry_.title; }
+    /// Returns whether the row shows a part of the text only.
+    bool isElided() const { return theme_ && laidOut().isElided(); }
     QQuickItem* focusTarget() const { return entry_.hasSwitch ? toggle_ : nullptr; }
 
     void paint(QPainter& painter) override;

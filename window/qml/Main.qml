@@ -123,6 +123,12 @@ Window {
             LayoutMirroring.enabled: root.LayoutMirroring.enabled
             LayoutMirroring.childrenInherit: true
         }
+        // Its file is read when the first text is to be shown.
+        Loader {
+            anchors.fill: parent
+            active: fullText.text !== ""
+            source: "FullTextTip.qml"
+        }
         Loader {
             id: announcement
             active: false

@@ -75,8 +75,10 @@ Item {
         wrapMode: fitted !== null ? Text.WordWrap : Text.NoWrap
         maximumLineCount: fitted !== null ? 3 : 1
         color: !row.entry.enabled ? Theme.placeholder : row.kind === "button" ? Theme.tint : Theme.label
+        /// The text before it was fitted, which may have elided it.
+        readonly property string wholeText: row.entry.label
         Accessible.role: Accessible.StaticText
-        Accessible.name: text
+        Accessible.name: wholeText
         Accessible.description: row.spokenDetails
         Accessible.ignored: !row.selects || row.takesKeys
     }
