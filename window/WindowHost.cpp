@@ -28,6 +28,14 @@ namespace {
 /// Pictures that take longer come when they are decoded; the window does not wait for them.
 constexpr std::chrono::milliseconds firstPictures{300};
 
+/// Creates the rows that are in sight, which lists do before a frame otherwise.
+void fillLists(QQuickItem& item) {
+    if (item.inherits("QQuickListView"))
+        item.ensurePolished();
+    for (auto* child : item.childItems())
+        fillLists(*child);
+}
+
 } // namespace
 
 WindowHost::WindowHost(platform::AnimationClock& clock, double transitionSeconds)
@@ -93,6 +101,10 @@ void WindowHost::rememberPlace() {
 }
 
 void WindowHost::show() {
+    // The items get the window's size when it appears, and the lists their rows then. That is too late for
+    // the pictures in the rows.
+    window()->contentItem()->setSize(window()->size());
+    fillLists(*window()->contentItem());
     Pictures::shared().waitForFetched(firstPictures);
     // Between its appearance and its first frame, a window of X11 has no content, which is shown as black.
     const bool hides = QGuiApplication::platformName() == QLatin1String("xcb");

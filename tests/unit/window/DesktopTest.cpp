@@ -4,8 +4,10 @@
 #include "tests/unit/window/WindowFixture.h"
 #include "window/Graphics.h"
 #include "window/WindowMemory.h"
+#include "window/items/RowIcon.h"
 
 #include <QGuiApplication>
+#include <QPainter>
 #include <QScreen>
 #include <QSignalSpy>
 #include <gtest/gtest.h>
@@ -185,15 +187,35 @@ TEST_F(WindowOnDesktop, FitsTheScreenAtItsFirstStart) {
     EXPECT_EQ(window().width(), 390);
 }
 
+TEST_F(WindowOnDesktop, HasThePicturesOfItsFirstPageBeforeItAppears) {
+    const shell::Provision provision;
+    window::WindowHost first(clock, 0);
+    first.show();
+    // Without another turn of the loop, in which the first frame may be drawn.
+    const auto* row = Scene(*first.window()).find("row:Wardlock");
+    ASSERT_TRUE(row);
+    auto* icon = row->findChild<window::RowIcon*>();
+    ASSERT_TRUE(icon);
+    QImage drawn(icon->size().toSize(), QImage::Format_ARGB32_Premultiplied);
+    drawn.fill(Qt::transparent);
+    QPainter painter(&drawn);
+    icon->paint(painter);
+    EXPECT_NE(drawn.pixelColor(drawn.rect().center()), QColor(Qt::transparent));
+}
+
 TEST_F(WindowOnDesktop, IsCompleteInItsFirstFrame) {
     const shell::Provision provision;
     window::WindowHost first(clock, 0);
     first.appearance().force(false);
     QImage frame;
-    QObject::connect(first.window(), &QQuickWindow::frameSwapped, first.window(), [&] {
-        if (frame.isNull())
-            frame = first.window()->grabWindow();
-    });
+    // Within the frame itself there is nothing to grab.
+    QObject::connect(
+        first.window(), &QQuickWindow::frameSwapped, first.window(),
+        [&] {
+            if (frame.isNull())
+                frame = first.window()->grabWindow();
+        },
+        Qt::QueuedConnection);
     first.show();
     ASSERT_TRUE(until([&] { return !frame.isNull(); }));
     Scene(*first.window()).settle();
@@ -206,10 +228,11 @@ TEST_F(WindowOnDesktop, IsCompleteInItsFirstFrame) {
 TEST_F(WindowOnDesktop, ComesToTheFrontWithALaterStart) {
     open();
     std::string token;
-    const auto start = platform::startProgram("Settings", "", [&](const std::string& later) {
-        token = later;
-        host().raise(later);
-    });
+    const auto start =
+        platform::startProgram("Settings", platform::StartedBy::User, "", [&](const std::string& later) {
+            token = later;
+            host().raise(later);
+        });
     ASSERT_TRUE(start.running);
     window().showMinimized();
     ProcessSetup setup;
