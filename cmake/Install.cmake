@@ -40,19 +40,29 @@ foreach(program IN ITEMS wardlock-command wardlock-window-program)
   endif()
 endforeach()
 
-# The desktop entry of the window.
+# The desktop entry of the window, and what goes by its name: the name on the message bus, the icon and the metadata.
 if(TARGET wardlock-window-program)
-  configure_file(packaging/desktop/com.tavix.wardlock.metainfo.xml.in
-    "${CMAKE_BINARY_DIR}/com.tavix.wardlock.metainfo.xml" @ONLY)
-  install(FILES "${CMAKE_BINARY_DIR}/com.tavix.wardlock.metainfo.xml"
+  set(entry com.tavix.wardlock.Settings)
+  configure_file(packaging/desktop/${entry}.metainfo.xml.in "${CMAKE_BINARY_DIR}/${entry}.metainfo.xml" @ONLY)
+  install(FILES "${CMAKE_BINARY_DIR}/${entry}.metainfo.xml"
     DESTINATION "${CMAKE_INSTALL_DATADIR}/metainfo" COMPONENT wardlock)
-  install(FILES packaging/desktop/wardlock-settings.desktop
+  install(FILES packaging/desktop/${entry}.desktop
     DESTINATION "${CMAKE_INSTALL_DATADIR}/applications" COMPONENT wardlock)
+  # The bus starts only a program whose whole path it knows, and that depends on the prefix of the installation.
+  install(CODE "
+    set(program \"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}/wardlock-settings\")
+    string(MD5 folder \"\${program}\")
+    set(service \"${CMAKE_BINARY_DIR}/services/\${folder}/${entry}.service\")
+    configure_file(\"${PROJECT_SOURCE_DIR}/packaging/desktop/${entry}.service.in\" \"\${service}\" @ONLY)
+    file(INSTALL DESTINATION \"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_DATADIR}/dbus-1/services\" TYPE FILE
+      FILES \"\${service}\")
+    file(REMOVE_RECURSE \"${CMAKE_BINARY_DIR}/services/\${folder}\")"
+    COMPONENT wardlock)
   set(icons "${CMAKE_INSTALL_DATADIR}/icons/hicolor")
-  install(FILES resources/icon.svg RENAME wardlock-settings.svg
+  install(FILES resources/icon.svg RENAME ${entry}.svg
     DESTINATION "${icons}/scalable/apps" COMPONENT wardlock)
   foreach(size IN ITEMS 48 128)
-    install(FILES packaging/desktop/wardlock-settings-${size}.png RENAME wardlock-settings.png
+    install(FILES packaging/desktop/wardlock-settings-${size}.png RENAME ${entry}.png
       DESTINATION "${icons}/${size}x${size}/apps" COMPONENT wardlock)
   endforeach()
 endif()

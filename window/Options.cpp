@@ -35,11 +35,13 @@ constexpr OptionText screenshotsText{"--screenshots", "DIR",
                                      "no display"};
 constexpr OptionText orTerminalText{"--or-terminal", "",
                                     "open Settings in the terminal if no window can be\nopened"};
+constexpr OptionText activatedText{"--activated", "",
+                                   "for the message bus, which starts Settings by its\nname there"};
 constexpr OptionText helpText{"--help", "", "print this help"};
 constexpr OptionText versionText{"--version", "", "print the version"};
 constexpr std::array allTexts{darkText,          lightText,      textScaleText,   highContrastText,
                               reducedMotionText, deviceRootText, screenshotsText, orTerminalText,
-                              helpText,          versionText};
+                              activatedText,     helpText,       versionText};
 
 bool takesValue(const std::string& name) {
     const auto found = std::ranges::find(allTexts, name, &OptionText::name);
@@ -69,6 +71,8 @@ Options Options::parse(const std::vector<std::string>& arguments) {
             options.version = true;
         else if (name == orTerminalText.name)
             options.orTerminal = true;
+        else if (name == activatedText.name)
+            options.activated = true;
         else if (name == highContrastText.name)
             options.highContrast = true;
         else if (name == reducedMotionText.name)

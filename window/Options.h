@@ -23,6 +23,8 @@ struct Options {
     bool version = false;
     /// Where a window cannot be opened, runs Settings in the terminal.
     bool orTerminal = false;
+    /// The message bus has started this process.
+    bool activated = false;
     /// None: as on the desktop.
     std::optional<bool> dark;
     std::optional<double> textScale;

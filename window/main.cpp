@@ -32,6 +32,7 @@ int usageError(const std::string& error) {
 /// The messages of Qt until the application object exists, or until Qt ends the process without a display.
 struct DisplaySearch {
     bool orTerminal = false;
+    bool activated = false;
     QStringList said;
 };
 DisplaySearch displaySearch;
@@ -44,7 +45,11 @@ DisplaySearch displaySearch;
                  shell::escaped(reason.trimmed().toStdString()).c_str());
     if (displaySearch.orTerminal)
         platform::becomeProgramBeside("wardlock", {"settings", "--terminal"});
-    std::fputs("To use the terminal instead: wardlock settings --terminal\n", stderr);
+    std::fputs(displaySearch.activated
+                   ? "The message bus started it without a display. To pass the session's: "
+                     "dbus-update-activation-environment --systemd DISPLAY WAYLAND_DISPLAY XAUTHORITY\n"
+                   : "To use the terminal instead: wardlock settings --terminal\n",
+               stderr);
     std::_Exit(1);
 }
 
@@ -79,7 +84,8 @@ std::string activationToken() {
 int openWindow(const window::Options& options, const std::vector<std::string>& problems,
                const std::string& token) {
     window::WindowHost* opened = nullptr;
-    const auto start = platform::startProgram("Settings", token, [&opened](const std::string& later) {
+    const auto by = options.activated ? platform::StartedBy::Bus : platform::StartedBy::User;
+    const auto start = platform::startProgram("Settings", by, token, [&opened](const std::string& later) {
         if (opened)
             opened->raise(later);
     });
@@ -122,6 +128,7 @@ int main(int argc, char** argv) {
     window::chooseGraphics(options.screenshots.empty() ? window::DrawnOn::Display : window::DrawnOn::Memory);
     const std::string token = activationToken();
     displaySearch.orTerminal = options.orTerminal;
+    displaySearch.activated = options.activated;
     qInstallMessageHandler(collectDisplayMessage);
     QGuiApplication application(argc, argv);
     qInstallMessageHandler(nullptr);
@@ -129,7 +136,7 @@ int main(int argc, char** argv) {
     for (const QString& text : displaySearch.said)
         std::fprintf(stderr, "%s\n", qPrintable(text));
     QGuiApplication::setApplicationName(QStringLiteral("Settings"));
-    QGuiApplication::setDesktopFileName(QStringLiteral("wardlock-settings"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("com.tavix.wardlock.Settings"));
     QGuiApplication::setWindowIcon(window::programIcon());
     const window::Translation translation;
     // The translation has none, and most languages have no translation.

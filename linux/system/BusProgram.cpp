@@ -4,6 +4,7 @@
 #include "linux/bus/PrivateBus.h"
 #include "linux/notifications/DeviceRootIdentity.h"
 #include "linux/posix/LoopSources.h"
+#include "platform/files/DeviceRoot.h"
 
 #include <chrono>
 #include <cstdint>
@@ -18,7 +19,6 @@ namespace {
 
 using bus::BusConnection;
 
-constexpr const char* objectPath = "/com/tavix/wardlock";
 constexpr const char* applicationInterface = "org.freedesktop.Application";
 constexpr const char* tokenKey = "activation-token";
 /// Generous, for a busy machine: only a bus or a program that hangs takes as long.
@@ -43,10 +43,21 @@ std::string busNamePart(std::string_view text) {
     return part;
 }
 
-std::string busName(const std::string& kind) {
+/// Where a program of the kind is found on the bus.
+struct Place {
+    /// The name by which the desktop starts one.
+    std::string program;
+    /// The name of the one for the device root.
+    std::string ofRoot;
+    std::string object;
+};
+
+Place placeOf(const std::string& kind) {
     constexpr std::size_t longest = 255;
-    return ("com.tavix.wardlock." + kind + ".root_" + busNamePart(notifications::deviceRootIdentity()))
-        .substr(0, longest);
+    const std::string program = "com.tavix.wardlock." + kind;
+    return {program,
+            (program + ".root_" + busNamePart(notifications::deviceRootIdentity())).substr(0, longest),
+            "/com/tavix/wardlock/" + kind};
 }
 
 std::unique_ptr<BusConnection> connect() {
@@ -87,9 +98,9 @@ std::uint32_t requestName(BusConnection& connection, const std::string& name) {
 }
 
 /// Returns whether the running program has come to the front.
-bool activate(BusConnection& connection, const std::string& name, const std::string& token) {
+bool activate(BusConnection& connection, const Place& place, const std::string& token) {
     sd_bus_message* made = nullptr;
-    if (sd_bus_message_new_method_call(connection.bus(), &made, name.c_str(), objectPath,
+    if (sd_bus_message_new_method_call(connection.bus(), &made, place.ofRoot.c_str(), place.object.c_str(),
                                        applicationInterface, "Activate") < 0)
         return false;
     const bus::BusMessage request(made);
@@ -97,6 +108,24 @@ bool activate(BusConnection& connection, const std::string& name, const std::str
                              ? sd_bus_message_append(made, "a{sv}", 0)
                              : sd_bus_message_append(made, "a{sv}", 1, tokenKey, "s", token.c_str());
     return appended >= 0 && call(connection, made) != nullptr;
+}
+
+/// For a process that the bus has started while another is the running program: passes the call for which it
+/// was started on to that one, with its token. Returns whether that has come to the front.
+bool passOn(BusProgram& program, const Place& place) {
+    BusConnection& connection = program.connection();
+    bool isCalled = false;
+    bool isRaised = false;
+    program.setRaise([&](const std::string& token) {
+        isCalled = true;
+        isRaised = activate(connection, place, token);
+    });
+    const auto deadline = BusConnection::Clock::now() + connectionTime;
+    if (requestName(connection, place.program) == isOwner)
+        for (program.process(); !isCalled && !connection.isLost() && connection.wait(deadline);)
+            program.process();
+    // A caller may have asked the bus for the start alone.
+    return isCalled ? isRaised : activate(connection, place, "");
 }
 
 std::string readToken(sd_bus_message* call) {
@@ -120,7 +149,8 @@ std::string readToken(sd_bus_message* call) {
 
 } // namespace
 
-std::unique_ptr<BusProgram> BusProgram::offer(std::unique_ptr<BusConnection> connection, Raise raise) {
+std::unique_ptr<BusProgram> BusProgram::offer(std::unique_ptr<BusConnection> connection,
+                                              const std::string& objectPath, Raise raise) {
     static const sd_bus_vtable methods[] = {
         SD_BUS_VTABLE_START(0),
         SD_BUS_METHOD("Activate", "a{sv}", "", onActivate, SD_BUS_VTABLE_UNPRIVILEGED),
@@ -128,7 +158,7 @@ std::unique_ptr<BusProgram> BusProgram::offer(std::unique_ptr<BusConnection> con
     };
     std::unique_ptr<BusProgram> program(new BusProgram(std::move(connection), std::move(raise)));
     sd_bus_slot* slot = nullptr;
-    if (sd_bus_add_object_vtable(program->connection_->bus(), &slot, objectPath, applicationInterface,
+    if (sd_bus_add_object_vtable(program->connection_->bus(), &slot, objectPath.c_str(), applicationInterface,
                                  methods, program.get()) < 0)
         return nullptr;
     program->object_.reset(slot);
@@ -160,21 +190,29 @@ int BusProgram::onActivate(sd_bus_message* call, void* self, sd_bus_error*) {
 
 } // namespace system
 
-ProgramStart startProgram(const std::string& kind, const std::string& activationToken,
+ProgramStart startProgram(const std::string& kind, StartedBy by, const std::string& activationToken,
                           std::function<void(const std::string& activationToken)> raise) {
     auto connection = system::connect();
     if (!connection)
         return {};
     // The object before the name: a later start that finds the name finds the object, too.
     auto& bus = *connection;
-    auto program = system::BusProgram::offer(std::move(connection), std::move(raise));
+    const system::Place place = system::placeOf(kind);
+    auto program = system::BusProgram::offer(std::move(connection), place.object, raise);
     if (!program)
         return {};
-    const std::string name = system::busName(kind);
-    const std::uint32_t said = system::requestName(bus, name);
-    if (said == system::isOwner)
-        return {false, std::move(program)};
-    return {said == system::belongsToOther && system::activate(bus, name, activationToken), nullptr};
+    const std::uint32_t said = system::requestName(bus, place.ofRoot);
+    const bool isByBus = by == StartedBy::Bus;
+    if (said == system::belongsToOther &&
+        (isByBus ? system::passOn(*program, place) : system::activate(bus, place, activationToken)))
+        return {true, nullptr};
+    if (said != system::isOwner && !isByBus)
+        return {};
+    program->setRaise(std::move(raise));
+    // Another may have it, for the device root that the bus's own environment names.
+    if (isByBus || deviceRootIsDefault())
+        system::requestName(bus, place.program);
+    return {false, std::move(program)};
 }
 
 } // namespace platform

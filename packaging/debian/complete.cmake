@@ -11,6 +11,17 @@ foreach(component IN LISTS CPACK_COMPONENTS_ALL)
   set(share "${CPACK_TEMPORARY_DIRECTORY}/${component}${CPACK_PACKAGING_INSTALL_PREFIX}/share")
   set(documents "${share}/doc/${package}")
 
+  # It is installed below a temporary folder, which is in the path of the program.
+  file(GLOB services "${share}/dbus-1/services/*.service")
+  foreach(service IN LISTS services)
+    file(READ "${service}" text)
+    string(REPLACE "Exec=${CPACK_TEMPORARY_DIRECTORY}/${component}/" "Exec=/" text "${text}")
+    if(NOT text MATCHES "\nExec=${CPACK_PACKAGING_INSTALL_PREFIX}/")
+      message(FATAL_ERROR "${service} starts a program outside the package")
+    endif()
+    file(WRITE "${service}" "${text}")
+  endforeach()
+
   file(COPY "${CPACK_WARDLOCK_DEBIAN_FOLDER}/copyright" DESTINATION "${documents}"
     FILE_PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
   file(COPY_FILE "${CPACK_WARDLOCK_DEBIAN_FOLDER}/changelog" "${documents}/changelog.Debian")

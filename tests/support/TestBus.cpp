@@ -4,6 +4,7 @@
 
 #include <csignal>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
@@ -37,12 +38,32 @@ std::string programPath(const std::string& name) {
 }
 
 TestBus::TestBus(Begin begin) : address_("unix:path=" + folder_ / "bus") {
-    std::ofstream(folder_ / "bus.conf") << "<busconfig>\n  <listen>" << address_ << "</listen>" << rules;
+    std::ofstream(folder_ / "bus.conf")
+        << "<busconfig>\n  <listen>" << address_ << "</listen>\n  <servicedir>" << folder_ / "services"
+        << "</servicedir>" << rules;
+    std::filesystem::create_directory(folder_ / "services");
     if (begin == Begin::Running)
         start();
 }
 
 TestBus::~TestBus() = default;
+
+void TestBus::offer(const std::string& name, const std::string& program,
+                    const std::vector<std::string>& arguments,
+                    const std::map<std::string, std::string>& variables) const {
+    std::ofstream service(folder_ / "services/" + name + ".service");
+    service << "[D-BUS Service]\nName=" << name << "\nExec=" << program;
+    for (const std::string& argument : arguments)
+        service << ' ' << argument;
+    std::string assignments;
+    for (const auto& [variable, value] : variables)
+        assignments += (assignments.empty() ? "'" : ", '") + variable + "': '" + value + "'";
+    const auto result = runProcess(
+        programPath("gdbus"), {"call", "--address", address_, "--dest", "org.freedesktop.DBus",
+                               "--object-path", "/org/freedesktop/DBus", "--method",
+                               "org.freedesktop.DBus.UpdateActivationEnvironment", "{" + assignments + "}"});
+    EXPECT_EQ(result.exitCode, 0) << result.errors;
+}
 
 void TestBus::start() {
     daemon_ = std::make_unique<Process>(

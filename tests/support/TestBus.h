@@ -3,8 +3,10 @@
 #include "tests/support/Process.h"
 #include "tests/support/TemporaryFolder.h"
 
+#include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace wardlock::test {
 
@@ -18,6 +20,10 @@ public:
     ~TestBus();
 
     const std::string& address() const { return address_; }
+    /// Has the bus start the program for the first caller of the name. It gets the bus's environment, and the
+    /// variables.
+    void offer(const std::string& name, const std::string& program, const std::vector<std::string>& arguments,
+               const std::map<std::string, std::string>& variables = {}) const;
     /// Starts the absent bus.
     void start();
     /// Ends the bus at once; its connections break.
