@@ -17,9 +17,16 @@ constexpr std::size_t mostKept = 8;
 
 } // namespace
 
-KeptInput::KeptInput(QQuickWindow& window, std::function<bool()> isMoving)
-    : window_(window), isMoving_(std::move(isMoving)) {
-    window_.installEventFilter(this);
+void KeptInput::watch(QQuickWindow& window) {
+    window_ = &window;
+    window.installEventFilter(this);
+}
+
+void KeptInput::callAtRest(const QJSValue& function) {
+    if (keeps())
+        add([function] { function.call(); });
+    else
+        function.call();
 }
 
 void KeptInput::deliver() {
@@ -34,8 +41,7 @@ void KeptInput::deliver() {
 
 bool KeptInput::eventFilter(QObject* window, QEvent* event) {
     // What comes before the kept input is delivered stays behind it.
-    const bool keeps = !delivering_ && (pressed_ || !kept_.empty() || isMoving_());
-    if (!keeps || !keep(event))
+    if (!keeps() || !keep(event))
         return QObject::eventFilter(window, event);
     event->accept();
     return true;
@@ -96,7 +102,7 @@ bool KeptInput::keepKey(const QKeyEvent& event) {
     // A key that is held down means the page on which it went down.
     if (!event.isAutoRepeat())
         add([this, copy = std::shared_ptr<QKeyEvent>(event.clone())] {
-            QCoreApplication::sendEvent(&window_, copy.get());
+            QCoreApplication::sendEvent(window_, copy.get());
         });
     return true;
 }
@@ -128,13 +134,13 @@ void KeptInput::add(std::function<void()> input) {
 }
 
 void KeptInput::tap(QPointF place) {
-    const QPointF onScreen = window_.mapToGlobal(place);
+    const QPointF onScreen = window_->mapToGlobal(place);
     QMouseEvent down(QEvent::MouseButtonPress, place, place, onScreen, Qt::LeftButton, Qt::LeftButton,
                      Qt::NoModifier);
-    QCoreApplication::sendEvent(&window_, &down);
+    QCoreApplication::sendEvent(window_, &down);
     QMouseEvent up(QEvent::MouseButtonRelease, place, place, onScreen, Qt::LeftButton, Qt::NoButton,
                    Qt::NoModifier);
-    QCoreApplication::sendEvent(&window_, &up);
+    QCoreApplication::sendEvent(window_, &up);
 }
 
 } // namespace wardlock::window

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QJSValue>
 #include <QObject>
 #include <QPointF>
 #include <QQuickWindow>
@@ -18,14 +19,22 @@ namespace wardlock::window {
 /// deliver() passes them on. Dragging is not kept, nor is the second half of a double click: it meant the
 /// page before.
 class KeptInput : public QObject {
+    Q_OBJECT
+
 public:
-    /// `isMoving` returns whether a page enters or leaves now. The window outlives this object.
-    KeptInput(QQuickWindow& window, std::function<bool()> isMoving);
+    /// `isMoving` returns whether a page enters or leaves now.
+    explicit KeptInput(std::function<bool()> isMoving) : isMoving_(std::move(isMoving)) {}
+    /// From now on keeps the input to the window, which outlives this object.
+    void watch(QQuickWindow& window);
+
+    /// Calls the function when no page moves: what a shortcut does, which is no key to the window.
+    Q_INVOKABLE void callAtRest(const QJSValue& function);
 
     /// Passes on what was kept, up to the next page that moves. To be called when a movement has ended.
     void deliver();
 
 private:
+    bool keeps() const { return !delivering_ && (pressed_ || !kept_.empty() || isMoving_()); }
     bool eventFilter(QObject* window, QEvent* event) override;
     bool keep(QEvent* event);
     bool keepMouse(QSinglePointEvent& event);
@@ -37,7 +46,7 @@ private:
     void add(std::function<void()> input);
     void tap(QPointF place);
 
-    QQuickWindow& window_;
+    QQuickWindow* window_ = nullptr;
     std::function<bool()> isMoving_;
     std::vector<std::function<void()>> kept_;
     bool delivering_ = false;

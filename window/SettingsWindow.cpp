@@ -1,6 +1,7 @@
 #include "window/SettingsWindow.h"
 
 #include "platform/runtime/MainLoop.h"
+#include "window/models/ComposedText.h"
 #include "window/models/IgnoredResult.h"
 #include "window/models/Text.h"
 #include "window/models/UserGuide.h"
@@ -77,10 +78,12 @@ void SettingsWindow::showProblems(const std::vector<std::string>& problems) {
 }
 
 void SettingsWindow::goBack() {
+    commitComposedText();
     actions_.perform(*this, [this] { ignoreResult(application_.page().goBack()); });
 }
 
 void SettingsWindow::tapBarButton() {
+    commitComposedText();
     actions_.perform(*this, [this] { ignoreResult(application_.page().tapBarButton()); });
 }
 
@@ -101,10 +104,12 @@ QString SettingsWindow::userGuide() const {
 }
 
 void SettingsWindow::undo() {
+    commitComposedText();
     ignoreResult(application_.history().undo());
 }
 
 void SettingsWindow::redo() {
+    commitComposedText();
     ignoreResult(application_.history().redo());
 }
 
@@ -112,8 +117,18 @@ void SettingsWindow::restore() {
     ignoreResult(application_.recovery().restore());
 }
 
+void SettingsWindow::resignActive() {
+    commitComposedText();
+    application_.resignActive();
+}
+
+bool SettingsWindow::storeTypedText() {
+    commitComposedText();
+    return application_.storeTypedText();
+}
+
 bool SettingsWindow::close() {
-    if (!application_.storeTypedText())
+    if (!storeTypedText())
         return false;
     application_.close();
     return true;

@@ -65,7 +65,9 @@ public:
     Q_INVOKABLE void dismissOffer() { application_.recovery().dismiss(); }
     /// Returns whether assistive technology is in use.
     Q_INVOKABLE bool isAssisted() const { return QAccessible::isActive(); }
-    void resignActive() { application_.resignActive(); }
+    void resignActive();
+    /// Returns false when what was being typed could not be stored: the notice gives the reason.
+    bool storeTypedText();
     /// To be called when the window is about to close. Returns false when what was being typed could not be
     /// stored: the notice gives the reason, and the window stays.
     Q_INVOKABLE bool close();

@@ -39,7 +39,8 @@ void fillLists(QQuickItem& item) {
 } // namespace
 
 WindowHost::WindowHost(platform::AnimationClock& clock, double transitionSeconds)
-    : settings_(clock, transitionSeconds) {
+    : settings_(clock, transitionSeconds),
+      keptInput_([this] { return settings_.application().screen().isInTransition(); }) {
     qmlRegisterType<Announcement>("Wardlock.Native", 1, 0, "Announcement");
     qmlRegisterType<BlurredBackdrop>("Wardlock.Native", 1, 0, "BlurredBackdrop");
     qmlRegisterType<Chevron>("Wardlock.Native", 1, 0, "Chevron");
@@ -58,6 +59,7 @@ WindowHost::WindowHost(platform::AnimationClock& clock, double transitionSeconds
     engine_.rootContext()->setContextProperty(QStringLiteral("appearance"), &appearance_);
     engine_.rootContext()->setContextProperty(QStringLiteral("keyboard"), &keyboard_);
     engine_.rootContext()->setContextProperty(QStringLiteral("fullText"), &fullText_);
+    engine_.rootContext()->setContextProperty(QStringLiteral("keptInput"), &keptInput_);
     engine_.addImportPath(QStringLiteral("qrc:/"));
     engine_.load(QUrl(QStringLiteral("qrc:/Wardlock/Main.qml")));
     // Where the display activates a window at once, the first change is missed.
@@ -66,6 +68,7 @@ WindowHost::WindowHost(platform::AnimationClock& clock, double transitionSeconds
     if (!window())
         return;
     window()->installEventFilter(&keyboard_);
+    window()->installEventFilter(&heldKeys_);
     window()->installEventFilter(this);
     fullText_.watch(*window());
     for (const auto changed : {&QWindow::widthChanged, &QWindow::heightChanged})
@@ -77,7 +80,6 @@ WindowHost::WindowHost(platform::AnimationClock& clock, double transitionSeconds
 
 WindowHost::~WindowHost() {
     memory_.reset();
-    keptInput_.reset();
     // The views are destroyed before the models they show.
     delete window();
 }
@@ -88,11 +90,10 @@ QQuickWindow* WindowHost::window() const {
 }
 
 void WindowHost::keepInput() {
-    const auto& screen = settings_.application().screen();
-    keptInput_ = std::make_unique<KeptInput>(*window(), [&screen] { return screen.isInTransition(); });
+    keptInput_.watch(*window());
     // The items follow the models first.
     connect(
-        &settings_, &SettingsWindow::pagesRested, keptInput_.get(), [this] { keptInput_->deliver(); },
+        &settings_, &SettingsWindow::pagesRested, &keptInput_, [this] { keptInput_.deliver(); },
         Qt::QueuedConnection);
 }
 
@@ -114,7 +115,11 @@ void WindowHost::show() {
             window(), &QQuickWindow::frameSwapped, this, [this] { window()->setOpacity(1); },
             static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
     }
-    window()->show();
+    // Showing a window gives it its usual state.
+    if ((window()->windowStates() & Qt::WindowMaximized) != 0)
+        window()->showMaximized();
+    else
+        window()->show();
 }
 
 void WindowHost::raise(const std::string& activationToken) {
@@ -155,7 +160,7 @@ bool WindowHost::eventFilter(QObject* window, QEvent* event) {
 
 void WindowHost::end() {
     stop_->setEnabled(false);
-    const bool stored = settings_.application().storeTypedText();
+    const bool stored = settings_.storeTypedText();
     if (!stored)
         std::fprintf(stderr, "wardlock-settings: %s\n", qPrintable(settings_.notice()));
     QCoreApplication::exit(stored ? EXIT_SUCCESS : EXIT_FAILURE);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "window/FullText.h"
+#include "window/HeldKeys.h"
 #include "window/KeptInput.h"
 #include "window/KeyboardUse.h"
 #include "window/SettingsWindow.h"
@@ -53,8 +54,9 @@ private:
     Appearance appearance_;
     KeyboardUse keyboard_;
     FullText fullText_{keyboard_};
+    HeldKeys heldKeys_;
+    KeptInput keptInput_;
     QQmlApplicationEngine engine_;
-    std::unique_ptr<KeptInput> keptInput_;
     std::unique_ptr<WindowMemory> memory_;
     std::unique_ptr<QSocketNotifier> stop_;
     bool active_ = false;

@@ -144,10 +144,10 @@ void Toggle::mouseReleaseEvent(QMouseEvent* event) {
 
 void Toggle::keyPressEvent(QKeyEvent* event) {
     const int key = event->key();
-    if (key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter)
-        ask();
-    else
+    if (key != Qt::Key_Space && key != Qt::Key_Return && key != Qt::Key_Enter)
         event->ignore();
+    else if (!event->isAutoRepeat())
+        ask();
 }
 
 void Toggle::focusInEvent(QFocusEvent*) {

@@ -1,5 +1,6 @@
 #include "window/models/AlertModel.h"
 
+#include "window/models/ComposedText.h"
 #include "window/models/IgnoredResult.h"
 #include "window/models/Text.h"
 
@@ -51,6 +52,7 @@ void AlertModel::type(int field, const QString& text) {
 }
 
 void AlertModel::choose(int action) {
+    commitComposedText();
     ignoreResult(input_.chooseAlertAction(static_cast<std::size_t>(action)));
 }
 

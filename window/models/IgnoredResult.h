@@ -4,8 +4,8 @@
 
 namespace wardlock::window {
 
-/// Input that comes too late, on something that has just been covered or removed, does nothing: the user sees
-/// the reason.
+/// Input that is refused does nothing. What cannot be done for long is shown as not available. What has just
+/// been covered, moved or removed is seen to be so, and where that is not enough a notice gives the reason.
 inline void ignoreResult(const shell::InputResult&) {}
 
 } // namespace wardlock::window

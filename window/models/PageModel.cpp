@@ -2,6 +2,7 @@
 
 #include "platform/ui/UIActivityIndicatorView.h"
 #include "platform/ui/UITextView.h"
+#include "window/models/ComposedText.h"
 #include "window/models/IgnoredResult.h"
 #include "window/models/Text.h"
 
@@ -91,6 +92,7 @@ void PageModel::perform(std::function<void()> action) {
 }
 
 void PageModel::tapRow(int section, int row) {
+    commitComposedText();
     perform([this, section, row] {
         if (const auto* found = rows_ ? rows_->found(at(section, row)) : nullptr) {
             // The model's own may be replaced on the way.
@@ -102,10 +104,12 @@ void PageModel::tapRow(int section, int row) {
 }
 
 void PageModel::setSwitch(int section, int row, bool on) {
+    commitComposedText();
     perform([this, section, row, on] { ignoreResult(application_.page().setSwitch(at(section, row), on)); });
 }
 
 void PageModel::moveSlider(int section, int row, double value) {
+    commitComposedText();
     ignoreResult(application_.page().moveSlider(at(section, row), value));
 }
 
@@ -129,6 +133,7 @@ void PageModel::flipTableSwitch(int row) {
 }
 
 void PageModel::dragList() {
+    commitComposedText();
     ignoreResult(application_.page().dragList());
 }
 

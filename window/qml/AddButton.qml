@@ -2,15 +2,15 @@ import QtQuick
 import Wardlock.Native
 
 // The page's button, at the end of its navigation bar.
-Item {
+Pressable {
+    id: button
     objectName: "add"
     implicitWidth: Math.round(52 * Math.max(1, Theme.barScale))
     Accessible.role: Accessible.Button
     Accessible.name: qsTr("Add")
     Accessible.focusable: true
-    Accessible.onPressAction: settings.tapBarButton()
-    Keys.onSpacePressed: settings.tapBarButton()
-    Keys.onReturnPressed: settings.tapBarButton()
+    Accessible.onPressAction: pressed()
+    onPressed: settings.tapBarButton()
     opacity: tap.pressed ? 0.4 : hover.hovered ? 0.7 : 1
 
     // Even numbers, so that the bars are in the middle of each other.
@@ -22,6 +22,6 @@ Item {
     TapHandler {
         id: tap
         gesturePolicy: TapHandler.ReleaseWithinBounds
-        onTapped: settings.tapBarButton()
+        onTapped: button.pressed()
     }
 }

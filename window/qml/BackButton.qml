@@ -2,7 +2,7 @@ import QtQuick
 import Wardlock.Native
 
 // The way back to the page below, at the beginning of its navigation bar.
-Item {
+Pressable {
     id: button
     required property string title
     required property real barWidth
@@ -17,9 +17,8 @@ Item {
     Accessible.role: Accessible.Button
     Accessible.name: qsTr("Back to %1").arg(title)
     Accessible.focusable: true
-    Accessible.onPressAction: settings.goBack()
-    Keys.onSpacePressed: settings.goBack()
-    Keys.onReturnPressed: settings.goBack()
+    Accessible.onPressAction: pressed()
+    onPressed: settings.goBack()
     opacity: tap.pressed ? 0.4 : hover.hovered ? 0.7 : 1
 
     Chevron {
@@ -75,6 +74,6 @@ Item {
     TapHandler {
         id: tap
         gesturePolicy: TapHandler.ReleaseWithinBounds
-        onTapped: settings.goBack()
+        onTapped: button.pressed()
     }
 }

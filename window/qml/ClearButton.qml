@@ -2,17 +2,14 @@ import QtQuick
 import Wardlock.Native
 
 // Empties a text field, at the end of which it stands.
-Item {
+Pressable {
     id: button
-    signal pressed()
 
     width: Math.round(32 * Theme.signScale)
     Accessible.role: Accessible.Button
     Accessible.name: qsTr("Clear")
     Accessible.focusable: true
     Accessible.onPressAction: pressed()
-    Keys.onSpacePressed: pressed()
-    Keys.onReturnPressed: pressed()
     opacity: tap.pressed ? 0.4 : hover.hovered ? 0.7 : 1
 
     Rectangle {

@@ -96,6 +96,7 @@ Window {
             Keys.onMenuPressed: window.textMenu().openAtCursor(window.activeFocusItem)
             Notices {
                 id: notices
+                underSheet: window.covered
                 width: Math.min(parent.width - 2 * Theme.margin, 520)
                 anchors.horizontalCenter: parent.horizontalCenter
                 anchors.bottom: parent.bottom
@@ -152,17 +153,17 @@ Window {
     Shortcut {
         sequences: [StandardKey.Undo]
         enabled: !window.covered
-        onActivated: settings.undo()
+        onActivated: keptInput.callAtRest(() => settings.undo())
     }
     Shortcut {
         sequences: [StandardKey.Redo]
         enabled: !window.covered
-        onActivated: settings.redo()
+        onActivated: keptInput.callAtRest(() => settings.redo())
     }
     Shortcut {
         // Not the platform's sequences for it: Backspace is one of them.
         sequences: ["Alt+Left"]
         enabled: !window.covered
-        onActivated: stack.goBack()
+        onActivated: keptInput.callAtRest(() => stack.goBack())
     }
 }

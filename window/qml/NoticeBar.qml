@@ -8,6 +8,8 @@ Announcement {
     property string button
     /// Refuses what the button does; empty for none.
     property string refusal
+    /// Whether the buttons can be pressed.
+    property bool available: true
     signal pressed()
     signal refused()
     /// The key that moves the keyboard focus on was pressed in the notice.
@@ -15,7 +17,7 @@ Announcement {
 
     /// What takes the keyboard focus.
     function stops() {
-        return visible && content.item ? content.item.stops() : [];
+        return visible && available && content.item ? content.item.stops() : [];
     }
 
     /// Whether there is room for it in the window.

@@ -50,6 +50,7 @@ Item {
         visible: content.bar.refusal !== ""
         text: content.bar.refusal
         size: content.letters
+        available: content.bar.available
         color: "#6cb6ff"
         onDark: true
         ringInset: -8
@@ -66,6 +67,7 @@ Item {
         y: content.below ? parent.height - height - 4 : (parent.height - height) / 2
         text: content.bar.button
         size: content.letters
+        available: content.bar.available
         color: "#6cb6ff"
         strong: true
         onDark: true

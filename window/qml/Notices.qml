@@ -4,6 +4,8 @@ import Wardlock.Native
 // What the application itself offers and reports, over the pages.
 Item {
     id: notices
+    /// Whether something covers the pages, which an offer is about.
+    property bool underSheet: false
     /// The key that moves the keyboard focus on was pressed in a notice.
     signal tabbed(var event, bool forward)
 
@@ -27,6 +29,7 @@ Item {
         text: settings.offer
         // It returns when the notice has been read.
         fits: !notice.visible || notice.height + 8 + height <= notices.y + notices.height - 8
+        available: !notices.underSheet
         readonly property bool restores: settings.offeredAction === "restore"
         button: restores ? qsTr("Restore") : qsTr("Undo")
         refusal: restores ? qsTr("Not Now") : ""

@@ -2,7 +2,7 @@ import QtQuick
 import Wardlock.Native
 
 // A text that can be pressed.
-Item {
+Pressable {
     id: button
     property string text
     property color color: Theme.tint
@@ -18,7 +18,6 @@ Item {
     property real ringInsetAcross: ringInset
     /// How far the text may reach over each end.
     property real overhang: 0
-    signal pressed()
 
     implicitWidth: label.implicitWidth
     implicitHeight: Math.max(label.implicitHeight, 44)
@@ -30,9 +29,6 @@ Item {
     Accessible.description: available ? "" : qsTr("Not available")
     Accessible.focusable: available
     Accessible.onPressAction: if (available) pressed()
-    Keys.onSpacePressed: pressed()
-    Keys.onReturnPressed: pressed()
-    Keys.onEnterPressed: pressed()
 
     Label {
         id: label
@@ -40,7 +36,7 @@ Item {
         anchors.leftMargin: -button.overhang
         anchors.rightMargin: -button.overhang
         text: button.text
-        color: button.available ? button.color : Theme.placeholder
+        color: button.available ? button.color : button.onDark ? "#98989f" : Theme.placeholder
         opacity: tap.pressed ? 0.4 : hover.hovered ? 0.7 : 1
         font.weight: button.strong ? Font.DemiBold : Font.Normal
         font.pixelSize: button.size

@@ -2,9 +2,8 @@ import QtQuick
 import Wardlock.Native
 
 // Opens the search of the page.
-Item {
+Pressable {
     id: button
-    signal pressed()
 
     objectName: "search:open"
     implicitWidth: Math.round(44 * Math.max(1, Theme.barScale))
@@ -12,8 +11,6 @@ Item {
     Accessible.name: qsTr("Search")
     Accessible.focusable: true
     Accessible.onPressAction: pressed()
-    Keys.onSpacePressed: pressed()
-    Keys.onReturnPressed: pressed()
     opacity: tap.pressed ? 0.4 : hover.hovered ? 0.7 : 1
 
     Magnifier {

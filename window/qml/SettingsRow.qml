@@ -2,7 +2,7 @@ import QtQuick
 import Wardlock.Native
 
 // One row of a list page, of any kind.
-Item {
+Pressable {
     id: row
     required property var page
     required property var entry
@@ -14,7 +14,7 @@ Item {
     readonly property bool isField: kind === "editText" || kind === "secureEditText"
     readonly property bool selects: kind === "link" || kind === "linkList" || kind === "button"
                                     || kind === "staticText"
-    readonly property bool takesKeys: selects && (kind !== "staticText" || entry.choice)
+    takesKeys: selects && (kind !== "staticText" || entry.choice)
     readonly property bool leadsOn: kind === "link" || kind === "linkList"
     readonly property string spokenDetails: [entry.value, entry.place].filter((words) => words !== "").join(", ")
 
@@ -36,14 +36,8 @@ Item {
     Accessible.ignored: !takesKeys
     Accessible.checkable: entry.choice
     Accessible.checked: entry.marked
-    Accessible.onPressAction: tap()
-    Keys.onSpacePressed: if (takesKeys) tap()
-    Keys.onReturnPressed: if (takesKeys) tap()
-    Keys.onEnterPressed: if (takesKeys) tap()
-
-    function tap() {
-        page.tapRow(entry.section, entry.row);
-    }
+    Accessible.onPressAction: pressed()
+    onPressed: page.tapRow(entry.section, entry.row)
 
     Card {
         anchors.fill: parent
@@ -167,6 +161,6 @@ Item {
         id: press
         enabled: row.selects
         gesturePolicy: TapHandler.ReleaseWithinBounds
-        onTapped: row.tap()
+        onTapped: row.pressed()
     }
 }

@@ -14,7 +14,7 @@ TextInput {
         event.accepted = true;
         if (back ? !canUndo : !canRedo)
             return back ? settings.undo() : settings.redo();
+        // Each of them reports the text as edited.
         back ? undo() : redo();
-        changed(text);
     }
 }

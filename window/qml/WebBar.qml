@@ -16,7 +16,7 @@ Rectangle {
     height: Theme.barHeight
     color: Theme.bar
 
-    Item {
+    Pressable {
         id: back
         objectName: "web:back"
         anchors.left: parent.left
@@ -27,10 +27,8 @@ Rectangle {
         Accessible.role: Accessible.Button
         Accessible.name: qsTr("Previous web page")
         Accessible.focusable: enabled
-        Accessible.onPressAction: bar.backPressed()
-        Keys.onSpacePressed: bar.backPressed()
-        Keys.onReturnPressed: bar.backPressed()
-        Keys.onEnterPressed: bar.backPressed()
+        Accessible.onPressAction: pressed()
+        onPressed: bar.backPressed()
         Keys.onTabPressed: bar.tabbed(back, true)
         Keys.onBacktabPressed: bar.tabbed(back, false)
         // The keys go on to the next button, not nowhere.
@@ -50,7 +48,7 @@ Rectangle {
         TapHandler {
             id: tap
             gesturePolicy: TapHandler.ReleaseWithinBounds
-            onTapped: bar.backPressed()
+            onTapped: back.pressed()
         }
     }
     PlainButton {

@@ -260,4 +260,23 @@ TEST(WindowPlace, ReturnsFromBeyondTheScreen) {
     EXPECT_EQ(window::heldWithin({1366, 0, 1366, 768}, {100, -50, 390, 600}), QRect(1366, 0, 390, 600));
 }
 
+TEST_F(WindowOnDesktop, ReturnsMaximised) {
+    const shell::Provision provision;
+    const auto isMaximised = [](const window::WindowHost& host) {
+        return (host.window()->windowStates() & Qt::WindowMaximized) != 0;
+    };
+    {
+        window::WindowHost first(clock, 0);
+        first.rememberPlace();
+        first.show();
+        first.window()->setWindowStates(Qt::WindowMaximized);
+        ASSERT_TRUE(until([&] { return first.window()->isExposed() && isMaximised(first); }));
+    }
+    window::WindowHost second(clock, 0);
+    second.rememberPlace();
+    second.show();
+    ASSERT_TRUE(until([&] { return second.window()->isExposed(); }));
+    EXPECT_TRUE(isMaximised(second));
+}
+
 } // namespace wardlock::test

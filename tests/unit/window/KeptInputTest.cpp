@@ -86,4 +86,25 @@ TEST_F(WindowKeptInput, IsNoDrag) {
     EXPECT_EQ(isEnabled(), !before);
 }
 
+TEST_F(WindowKeptInput, IsAShortcutThatCountsWhenThePageIsInItsPlace) {
+    openMoving();
+    rest();
+    const bool before = isEnabled();
+    scene().tap("switch:Enabled");
+    ASSERT_NE(isEnabled(), before);
+    scene().tap("row:Ann");
+    ASSERT_TRUE(isMoving());
+    scene().press(Qt::Key_Left, Qt::AltModifier);
+    scene().press(Qt::Key_Z, Qt::ControlModifier);
+    rest();
+    EXPECT_EQ(title(), "Wardlock – Settings");
+    rest();
+    EXPECT_EQ(isEnabled(), before);
+    scene().tap("row:Ann");
+    scene().press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    for (int step = 0; step < 3; ++step)
+        rest();
+    EXPECT_NE(isEnabled(), before);
+}
+
 } // namespace wardlock::test

@@ -6,6 +6,7 @@
 
 #include <QAccessible>
 #include <QImage>
+#include <QSignalSpy>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -249,5 +250,31 @@ TEST_P(OfferLook, IsReadableInLightAndDark) {
 
 INSTANTIATE_TEST_SUITE_P(Looks, OfferLook, ::testing::Bool(),
                          [](const auto& look) { return look.param ? "Dark" : "Light"; });
+
+TEST_F(WindowUndo, IsNotAvailableInTheOfferUnderAnAlert) {
+    deleteAnn();
+    scene().tap("add");
+    scene().item("alert");
+    EXPECT_FALSE(scene().item("offer:ok")->isEnabled());
+    EXPECT_EQ(scene().accessible("offer:ok")->text(QAccessible::Description),
+              QStringLiteral("Not available"));
+    scene().press(Qt::Key_Escape);
+    scene().expectGone("alert");
+    EXPECT_TRUE(scene().item("offer:ok")->isEnabled());
+    scene().tap("offer:ok");
+    EXPECT_EQ(accountNames(), (Names{"Ann", "Tom"}));
+}
+
+TEST_F(WindowUndo, ReportsTypingThatIsTakenBackOnce) {
+    openTwoAccounts();
+    scene().press(Qt::Key_F, Qt::ControlModifier);
+    const QSignalSpy reports(scene().item("search"), SIGNAL(changed(QString)));
+    scene().type("p");
+    EXPECT_EQ(reports.count(), 1);
+    pressUndo();
+    EXPECT_EQ(reports.count(), 2);
+    pressRedo();
+    EXPECT_EQ(reports.count(), 3);
+}
 
 } // namespace wardlock::test
