@@ -70,7 +70,9 @@ BundleList::BundleList() {
 void BundleList::summarise(std::size_t unreadFolders) {
     const std::size_t more = leftOut_.size() - std::min(leftOut_.size(), mostSentences) + unreadFolders;
     leftOut_.resize(std::min(leftOut_.size(), mostSentences));
-    if (more > 0)
+    if (more == 1)
+        leftOut_.push_back(translated("Bundles", "1 more is not shown."));
+    else if (more > 1)
         leftOut_.push_back(
             platform::filledIn(translated("Bundles", "%1 more are not shown."), {std::to_string(more)}));
 }

@@ -1,5 +1,6 @@
 #include "window/models/ComposerModel.h"
 
+#include "window/models/ComposedText.h"
 #include "window/models/IgnoredResult.h"
 #include "window/models/Text.h"
 
@@ -60,7 +61,12 @@ QString ComposerModel::attachmentText(int index) const {
     return place < all.size() ? shownText(all[place].data, longestPage) : QString();
 }
 
+void ComposerModel::finishTyping() {
+    commitComposedText();
+}
+
 void ComposerModel::send() {
+    commitComposedText();
     ignoreResult(input_.sendMail());
 }
 

@@ -44,6 +44,8 @@ public:
     Q_INVOKABLE void removeAttachment(int index);
     /// Returns the attachment as text, of a long one the beginning.
     Q_INVOKABLE QString attachmentText(int index) const;
+    /// To be called before `edited` decides what is lost.
+    Q_INVOKABLE void finishTyping();
     Q_INVOKABLE void send();
     Q_INVOKABLE void cancel();
 

@@ -2,11 +2,11 @@ import QtQuick
 import Wardlock.Native
 
 // An attachment of a mail.
-Item {
+Pressable {
     id: row
     property string name
     property real size: 0
-    signal opened()
+    property bool removable: true
     signal removed()
 
     width: parent ? parent.width : 0
@@ -17,15 +17,13 @@ Item {
     Accessible.name: name + ", " + readable(size)
     Accessible.description: qsTr("Shows the attachment")
     Accessible.focusable: true
-    Accessible.onPressAction: opened()
-    Keys.onSpacePressed: opened()
-    Keys.onReturnPressed: opened()
-    Keys.onEnterPressed: opened()
+    Accessible.onPressAction: pressed()
 
     function readable(bytes) {
-        return bytes < 1024 ? qsTr("%1 bytes").arg(bytes)
+        return bytes === 1 ? qsTr("1 byte")
+             : bytes < 1024 ? qsTr("%1 bytes").arg(bytes)
              : bytes < 1048576 ? qsTr("%1 KB").arg(Math.round(bytes / 1024))
-             : qsTr("%1 MB").arg((bytes / 1048576).toFixed(1));
+             : qsTr("%1 MB").arg((bytes / 1048576).toLocaleString(Qt.locale(), "f", 1));
     }
 
     Rectangle {
@@ -41,7 +39,7 @@ Item {
         TapHandler {
             id: tap
             gesturePolicy: TapHandler.ReleaseWithinBounds
-            onTapped: row.opened()
+            onTapped: row.pressed()
         }
         Label {
             id: label
@@ -68,6 +66,7 @@ Item {
             height: parent.height
             size: Math.round(15 * Theme.barScale)
             text: qsTr("Remove")
+            available: row.removable
             Accessible.name: qsTr("Remove %1").arg(row.name)
             onPressed: row.removed()
         }

@@ -6,6 +6,7 @@ Item {
     id: field
     property string name
     property string value
+    property bool readOnly: false
     signal edited(string text)
 
     width: parent ? parent.width : 0
@@ -36,10 +37,12 @@ Item {
         font.pixelSize: Theme.barText
         clip: true
         autoScroll: activeFocus
+        readOnly: field.readOnly
         selectByMouse: true
         activeFocusOnTab: true
         Accessible.role: Accessible.EditableText
         Accessible.name: field.name
+        Accessible.readOnly: readOnly
         Component.onCompleted: text = field.value
         onTextEdited: field.edited(text)
         TextMenuOpener {}

@@ -14,18 +14,22 @@ PaperSheet {
     Keys.onEscapePressed: cancel()
     Accessible.name: qsTr("New Message")
 
-    /// Asks before it discards what was written.
+    /// Asks before it discards what was written. A mail on its way cannot be cancelled.
     function cancel() {
+        if (composer.sending)
+            return;
+        composer.finishTyping();
         if (composer.edited)
             discard.active = true;
         else
             composer.cancel();
     }
-    /// Returns whether the window may close; asks first where something was written.
+    /// Returns whether the window may close; asks first where something was written. A mail on its way would be lost.
     function mayClose() {
-        if (!composer.edited)
+        composer.finishTyping();
+        if (!composer.edited && !composer.sending)
             return true;
-        discard.active = true;
+        cancel();
         return false;
     }
 
@@ -83,14 +87,26 @@ PaperSheet {
         contentHeight: column.height
         bottomMargin: sheet.hidden
 
-        /// Scrolls no further than needed until the rectangle of the text is in sight.
-        function follow(caret) {
-            const top = body.y + caret.y - 8;
-            const bottom = body.y + caret.y + caret.height + 8 + sheet.hidden;
+        /// Scrolls no further than needed until that part of the content is in sight.
+        function show(top, bottom) {
             if (top < contentY)
                 contentY = Math.max(0, top);
-            else if (bottom > contentY + height)
-                contentY = bottom - height;
+            else if (bottom + sheet.hidden > contentY + height)
+                contentY = bottom + sheet.hidden - height;
+        }
+        function follow(caret) {
+            show(body.y + caret.y - 8, body.y + caret.y + caret.height + 8);
+        }
+        // The text of the mail has its own caret.
+        readonly property Item focused: Window.activeFocusItem
+        onFocusedChanged: {
+            let outer = focused === body ? null : focused;
+            while (outer && outer !== column)
+                outer = outer.parent;
+            if (outer === null)
+                return;
+            const top = focused.mapToItem(column, 0, 0).y;
+            show(top, top + focused.height);
         }
         // Where the window becomes lower, too.
         onHeightChanged: if (body.activeFocus) follow(body.cursorRectangle)
@@ -101,11 +117,13 @@ PaperSheet {
             ComposerField {
                 name: qsTr("To:")
                 value: sheet.composer.recipients
+                readOnly: sheet.composer.sending
                 onEdited: (text) => sheet.composer.setRecipients(text)
             }
             ComposerField {
                 name: qsTr("Subject:")
                 value: sheet.composer.subject
+                readOnly: sheet.composer.sending
                 onEdited: (text) => sheet.composer.setSubject(text)
             }
             TextEdit {
@@ -120,11 +138,13 @@ PaperSheet {
                 font.family: Theme.family
                 font.pixelSize: Theme.body
                 wrapMode: TextEdit.Wrap
+                readOnly: sheet.composer.sending
                 selectByMouse: true
                 activeFocusOnTab: true
                 textFormat: TextEdit.PlainText
                 Accessible.role: Accessible.EditableText
                 Accessible.name: qsTr("Message")
+                Accessible.readOnly: readOnly
                 Component.onCompleted: text = sheet.composer.body
                 onTextChanged: if (activeFocus) sheet.composer.setBody(text)
                 // The keys lead on from here, too.
@@ -144,7 +164,8 @@ PaperSheet {
                         required property var modelData
                         name: modelData.name
                         size: modelData.size
-                        onOpened: {
+                        removable: !sheet.composer.sending
+                        onPressed: {
                             shown.index = index;
                             shown.name = modelData.name;
                             shown.active = true;

@@ -31,7 +31,7 @@ Item {
         visible: sliderRow.entry.showsValue
         anchors.right: parent.right
         anchors.verticalCenter: parent.verticalCenter
-        text: (sliderRow.entry.min + slider.shown * (sliderRow.entry.max - sliderRow.entry.min)).toFixed(2)
+        text: (sliderRow.entry.min + slider.shown * (sliderRow.entry.max - sliderRow.entry.min)).toLocaleString(Qt.locale(), "f", 2)
         color: Theme.value
         Accessible.ignored: true
     }

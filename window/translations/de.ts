@@ -15,6 +15,10 @@
         <translation>Zeigt den Anhang</translation>
     </message>
     <message>
+        <source>1 byte</source>
+        <translation>1 Byte</translation>
+    </message>
+    <message>
         <source>%1 bytes</source>
         <translation>%1 Byte</translation>
     </message>
@@ -59,6 +63,10 @@
     <message>
         <source>OK</source>
         <translation>OK</translation>
+    </message>
+    <message>
+        <source>1 more is not shown.</source>
+        <translation>1 weiteres wird nicht angezeigt.</translation>
     </message>
     <message>
         <source>%1 more are not shown.</source>
@@ -422,7 +430,7 @@
     </message>
     <message>
         <source>%1 is open to other users; chmod 700 closes it</source>
-        <translation>%1 ist für andere Benutzer offen; chmod 700 schließt den Zugriff</translation>
+        <translation>%1 ist für andere Benutzer offen; chmod 700 sperrt den Zugriff</translation>
     </message>
     <message>
         <source>%1 cannot be read</source>
@@ -458,7 +466,7 @@
     </message>
     <message>
         <source>the passcode is changed on its own row</source>
-        <translation>der Code wird in seiner eigenen Zeile geändert</translation>
+        <translation>Der Code wird in seiner eigenen Zeile geändert</translation>
     </message>
     <message>
         <source>%1: %2 was changed again</source>

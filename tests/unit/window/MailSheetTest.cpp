@@ -9,7 +9,7 @@ namespace wardlock::test {
 class WindowMailSheet : public WindowFixture {
 protected:
     void openSheet(QSize size = {390, 844}) {
-        writeFile("/tmp/dpkgl.log", "package one\npackage two");
+        writeFile("/tmp/dpkgl.log", attached);
         open(0, size);
         scene().tap("row:Wardlock");
         scene().reveal("row:support@tavix.example");
@@ -24,6 +24,7 @@ protected:
     void finish(const platform::MailOutcome& outcome) {
         host().settings().application().run([&] { mail.finish(outcome); });
     }
+    std::string attached = "package one\npackage two";
     double scrolled() { return scene().item("mail:scroll")->property("contentY").toDouble(); }
     bool caretIsInSight() {
         const auto* body = scene().item("mail:body");
@@ -152,6 +153,36 @@ TEST_F(WindowMailSheet, ShowsAnAttachmentBeforeItIsSent) {
     const auto* row = scene().item("mail:attachment:dpkgl.log");
     scene().tapAt(row->mapToScene({40, row->height() / 2}));
     scene().item("attachment");
+}
+
+TEST_F(WindowMailSheet, ShowsWhatTheKeyboardReaches) {
+    openSheet({390, 420});
+    write({});
+    for (int i = 0; i < 30; ++i)
+        scene().press(Qt::Key_Return);
+    const auto isInSight = [this](const char* name) {
+        const auto* item = scene().item(name);
+        const auto* scroll = scene().item("mail:scroll");
+        const QRectF place = item->mapRectToItem(scroll, item->boundingRect());
+        return place.top() >= 0 && place.bottom() <= scroll->height();
+    };
+    scene().press(Qt::Key_Tab);
+    EXPECT_TRUE(until([&] { return isInSight("mail:attachment:dpkgl.log"); }));
+    scene().item("mail:To:")->forceActiveFocus(Qt::TabFocusReason);
+    EXPECT_TRUE(until([&] { return isInSight("mail:To:"); }));
+}
+
+TEST_F(WindowMailSheet, WritesTheSizeOfAnAttachmentAsTheLanguageDoes) {
+    QLocale::setDefault(QLocale(QLocale::German));
+    attached = std::string(3 << 19, 'a');
+    openSheet();
+    EXPECT_TRUE(scene().showsText("dpkgl.log · 1,5 MB"));
+    scene().tap("mail:cancel");
+    scene().expectGone("composer");
+    writeFile("/tmp/dpkgl.log", "a");
+    scene().tap("row:support@tavix.example");
+    EXPECT_TRUE(until([&] { return scene().showsText("dpkgl.log · 1 byte"); }));
+    QLocale::setDefault(QLocale::c());
 }
 
 } // namespace wardlock::test

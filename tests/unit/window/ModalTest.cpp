@@ -71,6 +71,19 @@ TEST_F(WindowModals, ConfineTheTabKey) {
     expectTabbed({"sheet:done"});
 }
 
+TEST_F(WindowModals, ConfineTheTabKeyToTheMailSheet) {
+    writeFile("/tmp/dpkgl.log", "package one");
+    openMail();
+    scene().item("mail:To:")->forceActiveFocus();
+    const std::string body = scene().text("mail:body");
+    expectTabbed({"mail:cancel", "mail:send", "mail:To:", "mail:Subject:", "mail:body",
+                  "mail:attachment:dpkgl.log", "mail:remove:dpkgl.log"});
+    EXPECT_EQ(scene().text("mail:body"), body);
+    scene().item("mail:body")->forceActiveFocus();
+    scene().press(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(window().activeFocusItem()->objectName(), QStringLiteral("mail:Subject:"));
+}
+
 TEST_F(WindowModals, CoverTheSheetBeneathThem) {
     openMail();
     scene().tap("mail:body");
