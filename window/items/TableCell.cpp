@@ -24,6 +24,12 @@ void TableCell::componentComplete() {
     layOut();
 }
 
+void TableCell::itemChange(ItemChange change, const ItemChangeData& data) {
+    PaintedItem::itemChange(change, data);
+    if (change == ItemDevicePixelRatioHasChanged && theme_)
+        showIcon();
+}
+
 void TableCell::setEntry(const TableEntry& entry) {
     if (entry == entry_)
         return;

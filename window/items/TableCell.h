@@ -38,6 +38,7 @@ signals:
 
 protected:
     void componentComplete() override;
+    void itemChange(ItemChange change, const ItemChangeData& data) override;
     void geometryChange(const QRectF& now, const QRectF& before) override;
 
 private:

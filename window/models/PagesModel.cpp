@@ -35,10 +35,13 @@ void PagesModel::follow(bool animated) {
     while (same < pages.size() && same < entries_.size() && entries_[same].model->page() == pages[same] &&
            !entries_[same].leaving)
         ++same;
-    if (animated && same == pages.size() && entries_.size() == same + 1)
-        entries_[same].leaving = true;
-    else
-        removeFrom(same);
+    if (animated && same == pages.size() && same < entries_.size() && !entries_.back().leaving) {
+        // Of several pages, only the topmost was seen.
+        remove(same, entries_.size() - 1);
+        entries_.back().leaving = true;
+    } else {
+        remove(same, entries_.size());
+    }
     for (std::size_t place = same; place < pages.size(); ++place)
         push(pages[place], animated && place + 1 == pages.size());
     if (!entries_.empty())
@@ -48,7 +51,7 @@ void PagesModel::follow(bool animated) {
 void PagesModel::transitionEnded() {
     const auto leaving =
         std::find_if(entries_.begin(), entries_.end(), [](const Entry& entry) { return entry.leaving; });
-    removeFrom(static_cast<std::size_t>(leaving - entries_.begin()));
+    remove(static_cast<std::size_t>(leaving - entries_.begin()), entries_.size());
     for (Entry& entry : entries_)
         entry.entering = false;
     if (!entries_.empty())
@@ -79,13 +82,14 @@ PageModel* PagesModel::top() const {
     return nullptr;
 }
 
-void PagesModel::removeFrom(std::size_t place) {
-    if (place >= entries_.size())
+void PagesModel::remove(std::size_t first, std::size_t end) {
+    if (first >= end)
         return;
-    beginRemoveRows({}, static_cast<int>(place), rowCount() - 1);
-    for (std::size_t i = place; i < entries_.size(); ++i)
-        entries_[i].model.release()->deleteLater();
-    entries_.resize(place);
+    beginRemoveRows({}, static_cast<int>(first), static_cast<int>(end) - 1);
+    for (std::size_t place = first; place < end; ++place)
+        entries_[place].model.release()->deleteLater();
+    entries_.erase(entries_.begin() + static_cast<std::ptrdiff_t>(first),
+                   entries_.begin() + static_cast<std::ptrdiff_t>(end));
     endRemoveRows();
 }
 

@@ -41,7 +41,7 @@ private:
         bool leaving = false;
     };
 
-    void removeFrom(std::size_t place);
+    void remove(std::size_t first, std::size_t end);
     void push(const std::shared_ptr<shell::Page>& page, bool animated);
 
     shell::SettingsApplication& application_;

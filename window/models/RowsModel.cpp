@@ -158,8 +158,11 @@ void RowsModel::replace(std::vector<Line> lines) {
 }
 
 RowEntry RowsModel::entryForFound(const Line& line) const {
-    const shell::FoundRow& found = found_[line.path.row];
     RowEntry entry;
+    // While the lines are replaced, a view may still read one of the search before.
+    if (line.path.row >= found_.size())
+        return entry;
+    const shell::FoundRow& found = found_[line.path.row];
     entry.entry = QStringLiteral("row");
     entry.kind = toQt(shell::name(shell::RowKind::Link));
     entry.label = shownName(found.label);

@@ -111,20 +111,21 @@ Item {
                 width: 24
                 height: parent.height
                 anchors.left: parent.left
-                DragHandler {
+                SwipeHandler {
                     id: edge
-                    target: null
-                    yAxis.enabled: false
                     enabled: slot.place === "top" && slot.page.backTitle !== ""
                              && !(slot.content && slot.content.canGoBack === true)
                     grabPermissions: PointerHandler.CanTakeOverFromAnything
                     onTranslationChanged: if (active)
                         slot.out = Math.max(0, Math.min(1, slot.direction * translation.x / slot.width))
-                    onActiveChanged: {
-                        if (active)
-                            return slide.stop();
+                    onBegan: slide.stop()
+                    onReleased: {
                         if (slot.out > 0.4)
                             settings.goBack();
+                        stay();
+                    }
+                    onAbandoned: stay()
+                    function stay() {
                         if (slot.place === "top")
                             slot.slideTo(0);
                     }

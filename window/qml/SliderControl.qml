@@ -15,7 +15,7 @@ Item {
     readonly property real stepSize: 0.05 * (maximumValue - minimumValue)
     signal movedTo(real position)
 
-    readonly property real shown: drag.active ? held : position
+    readonly property real shown: drag.held ? held : position
     property real held: 0
     readonly property real knob: Math.round(28 * Theme.signScale)
     readonly property real track: width - knob
@@ -62,18 +62,12 @@ Item {
         color: "white"
         border.color: "#24000000"
     }
-    DragHandler {
+    SwipeHandler {
         id: drag
-        target: null
-        yAxis.enabled: false
         dragThreshold: 2
         onCentroidChanged: if (active) slider.held = slider.at(centroid.position.x)
-        onActiveChanged: {
-            if (active)
-                slider.held = slider.position;
-            else
-                slider.movedTo(slider.held);
-        }
+        onBegan: slider.held = slider.position
+        onReleased: slider.movedTo(slider.held)
     }
     TapHandler {
         gesturePolicy: TapHandler.ReleaseWithinBounds

@@ -64,6 +64,14 @@ TEST_F(ListedBundles, LeavesBrokenBundlesOutWithTheReason) {
                                   "“C.bundle” is not shown: its Info.plist names no principal class."}));
 }
 
+TEST_F(ListedBundles, CountsTheBrokenBundlesBeyondTwenty) {
+    for (int number = 100; number < 121; ++number)
+        makeFolder("/Library/PreferenceBundles/" + std::to_string(number) + ".bundle");
+    EXPECT_EQ(BundleList().leftOut().back(), "1 more is not shown.");
+    makeFolder("/Library/PreferenceBundles/121.bundle");
+    EXPECT_EQ(BundleList().leftOut().back(), "2 more are not shown.");
+}
+
 TEST_F(ListedBundles, FindsTheIcon) {
     putBundle("Icon.bundle", named("Icon") + "<key>CFBundleIconFile</key><string>face.png</string>");
     writeFile("/Library/PreferenceBundles/Icon.bundle/face.png", "png");
