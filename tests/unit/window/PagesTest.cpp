@@ -3,6 +3,8 @@
 #include <QFont>
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 namespace wardlock::test {
 
 using WindowChangeLog = WindowFixture;

@@ -7,6 +7,8 @@
 #include <QWindow>
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 namespace wardlock::test {
 
 class WindowPasscode : public WindowFixture {
