@@ -90,8 +90,8 @@ ALL = [
         (WRITER, "if (created.owner == old.owner && created.group == old.group)\n        return {};", "if (created.links != 0 && old.links != 0)\n        return {};"),
     ]),
     Mutant("mode-before-owner", "for a moment the old mode lets in the wrong group", ("memory.killed",), [
-        (WRITER, "    unsigned mode = privateMode;\n    if (target.old)\n",
-         "    unsigned mode = privateMode;\n    if (target.old)\n        files_.setMode(file, target.old->mode);\n    if (target.old)\n"),
+        (WRITER, "    unsigned mode = privateMode;\n    if (target.old) {\n",
+         "    unsigned mode = privateMode;\n    if (target.old) {\n        files_.setMode(file, target.old->mode);\n"),
     ]),
     Mutant("link-replaced", "the symbolic link is replaced, and not the file", both("killed"), [
         (WRITER, "followLinks(files_, target.path, status);", "files_.status(target.path, Links::Follow, status);"),
@@ -111,7 +111,7 @@ ALL = [
         (FILE, "if (error && error != std::errc::no_such_file_or_directory)\n        error = read();", "static_cast<void>(read);"),
     ]),
     Mutant("damaged-not-kept", "the bytes of a damaged document are not kept", both("killed"), [
-        (FILE, "    if (std::error_code error = keepOldContent(sync))\n        return error;\n", ""),
+        (FILE, "    if (std::error_code error = keepOldContent(sync))\n        return {error};\n", ""),
     ]),
     Mutant("damaged-not-synced", "the kept bytes are not on the disk when the document is replaced", both("power-cut"), [
         (FILE, "return copyAside(sync);", "return copyAside(sync == Sync::Full ? Sync::None : sync);"),
@@ -283,7 +283,7 @@ ALL = [
         (UNDO, "wardlock::undo(Whose::Own)", "wardlock::undo(Whose::Anyones)"),
     ]),
     Mutant("conflict-without-notice", "a refused undo shows no notice", ("tests.shell/.*Undo.*",), [
-        (UNDO, "        addRefusal(direction, joined(result.reasons));\n", ""),
+        (UNDO, "    case Outcome::Refused:\n        addRefusal(direction, joined(result.reasons));\n", "    case Outcome::Refused:\n"),
     ]),
     Mutant("offer-of-an-earlier-deletion", "the time of an earlier offer ends a later one", ("tests.shell/UndoOffer",), [
         (UNDO, "if (offer == offers_)", "if (offer <= offers_)"),
@@ -649,7 +649,7 @@ ALL = [
         ("platform/plist/XmlEscape.cpp", 'text += "&amp;";', "text += '&';"),
     ]),
     Mutant("keys-not-escaped", "keys are written as they are", ("fuzz.value", "fuzz.xml_reader"), [
-        ("platform/plist/XmlPropertyListWriter.cpp", "    if (frame.hasPlainKeys)\n", "    if (frame.keys)\n"),
+        ("platform/plist/XmlPropertyListWriter.cpp", "if (frame.hasPlainKeys || needsNoEscape(key))", "if (frame.keys || needsNoEscape(key))"),
     ]),
     Mutant("reals-rounded", "the last bits of a real are lost in writing", ("fuzz.value", "fuzz.xml_reader", "fuzz.binary_reader"), [
         ("platform/plist/XmlPropertyListWriter.cpp", "appendReal(element, value.real());", "appendReal(element, static_cast<float>(value.real()));"),
