@@ -42,8 +42,10 @@ public:
     }
     /// Puts a part of the text again.
     void repeat(std::size_t start, std::size_t length) {
-        // A part that is in the block only in part becomes whole.
-        if (start < text_.size() && start + length > text_.size())
+        // A part that is in the block only in part becomes whole. And put() must not flush: that moves the
+        // text.
+        const bool hasRoom = length <= static_cast<std::size_t>(end() - next_);
+        if (!hasRoom || (start < text_.size() && start + length > text_.size()))
             flush();
         const char* const from =
             start < text_.size() ? text_.data() + start : block_.data() + (start - text_.size());
